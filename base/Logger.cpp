@@ -1,0 +1,80 @@
+#include "base/Logger.h"
+
+#include <atomic>
+#include <cstdio>
+#include <cstring>
+#include <utility>
+
+namespace vantro {
+
+namespace {
+
+constexpr char subsystem[] = "com.vantro.app";
+
+std::atomic<FILE*> printStream{stdout};
+
+const char* levelName(QtMsgType type)
+{
+    switch (type) {
+    case QtDebugMsg:
+        return "debug";
+    case QtInfoMsg:
+        return "info";
+    case QtWarningMsg:
+        return "warning";
+    default:
+        return "error";
+    }
+}
+
+void writeToStandardError(QtMsgType type, const QMessageLogContext& context, const QString& text)
+{
+    const char* category = context.category != nullptr ? context.category : "";
+    if (std::strncmp(category, subsystem, sizeof subsystem - 1) == 0 && category[sizeof subsystem - 1] == '.')
+        category += sizeof subsystem;
+    std::fprintf(stderr, "vantro[%s] %s: %s\n", category, levelName(type), qUtf8Printable(text));
+}
+
+} // namespace
+
+Logger::Logger(const char* typeName)
+    : name_(std::string(subsystem) + '.' + typeName)
+    , category_(name_.c_str(), QtDebugMsg)
+{
+}
+
+void Logger::debug(const QString& line) const
+{
+    qCDebug(category_).noquote() << line;
+}
+
+void Logger::info(const QString& line) const
+{
+    qCInfo(category_).noquote() << line;
+}
+
+void Logger::error(const QString& line) const
+{
+    qCCritical(category_).noquote() << line;
+}
+
+void installLogOutput(bool verbose)
+{
+    if (!verbose)
+        QLoggingCategory::setFilterRules(QStringLiteral("*.debug=false\ncom.vantro.app.*.debug=false"));
+    qInstallMessageHandler(writeToStandardError);
+}
+
+void printLine(const QString& line)
+{
+    FILE* stream = printStream.load();
+    std::fprintf(stream, "%s\n", qUtf8Printable(line));
+    std::fflush(stream);
+}
+
+void printToStandardError()
+{
+    printStream.store(stderr);
+}
+
+} // namespace vantro

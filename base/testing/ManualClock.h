@@ -1,0 +1,41 @@
+#pragma once
+
+#include "base/Clock.h"
+
+#include <QPointer>
+
+#include <memory>
+#include <vector>
+
+namespace vantro::doubles {
+
+/// A clock that stands still until the test moves it.
+class ManualClock final : public Clock
+{
+public:
+    [[nodiscard]] Instant now() const override { return now_; }
+    [[nodiscard]] QDateTime wallClock() const override { return wallClock_; }
+    [[nodiscard]] QCoro::Task<> sleepFor(std::chrono::milliseconds duration) override;
+    void callAfter(std::chrono::milliseconds delay, QObject* context, std::function<void()> action) override;
+
+    /// Moves time forward and runs what falls due, in order of time; actions set up meanwhile run too when due.
+    void advance(std::chrono::milliseconds duration);
+    void setWallClock(const QDateTime& time) { wallClock_ = time; }
+    /// How many sleepers and actions are waiting.
+    [[nodiscard]] std::size_t pending() const { return waiting_.size(); }
+
+private:
+    struct Waiting
+    {
+        Instant due;
+        QPointer<QObject> context;
+        std::function<void()> action;
+    };
+
+    Instant now_{std::chrono::hours(1)};
+    QDateTime wallClock_{QDate(2024, 6, 1), QTime(12, 0), Qt::UTC};
+    std::vector<Waiting> waiting_;
+    QObject self_;
+};
+
+} // namespace vantro::doubles

@@ -1,0 +1,37 @@
+# One CMake target per folder; what a target links is what its folder may include.
+
+# Compiler settings of our own code; other people's headers come in as SYSTEM.
+add_library(vantro_settings INTERFACE)
+target_compile_options(vantro_settings INTERFACE -Wall -Wextra -Wpedantic -Werror)
+target_compile_definitions(vantro_settings INTERFACE
+  QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS QT_NO_NARROWING_CONVERSIONS_IN_CONNECT
+  VANTRO_VERSION="${PROJECT_VERSION}")
+if(VANTRO_ASSERTIONS)
+  target_compile_options(vantro_settings INTERFACE -UNDEBUG)
+endif()
+
+# vantro_room(NAME SOURCES ... LINK ... [PRIVATE_LINK ...]): a static library for one folder of the tree.
+# LINK is what the room's public headers need; PRIVATE_LINK what only its sources need.
+function(vantro_room name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINK;PRIVATE_LINK" ${ARGN})
+  add_library(${name} STATIC ${ARG_SOURCES})
+  set_target_properties(${name} PROPERTIES AUTOMOC ON)
+  target_include_directories(${name} PUBLIC "${CMAKE_SOURCE_DIR}")
+  target_link_libraries(${name} PUBLIC ${ARG_LINK} PRIVATE vantro_settings ${ARG_PRIVATE_LINK})
+endfunction()
+
+# vantro_test(NAME SOURCES ... LINK ... [ENV NAME=VALUE ...] [LABELS ...] [TIMEOUT seconds] [WRAPPER command ...]):
+# a GoogleTest program registered with ctest under NAME. WRAPPER runs it, for tests that need a display or a server.
+function(vantro_test name)
+  cmake_parse_arguments(ARG "" "TIMEOUT" "SOURCES;LINK;ENV;LABELS;WRAPPER" ${ARGN})
+  if(NOT ARG_TIMEOUT)
+    set(ARG_TIMEOUT 120)
+  endif()
+  add_executable(${name} ${ARG_SOURCES})
+  set_target_properties(${name} PROPERTIES AUTOMOC ON RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/tests")
+  target_include_directories(${name} PRIVATE "${CMAKE_SOURCE_DIR}")
+  target_link_libraries(${name} PRIVATE vantro_settings ${ARG_LINK} GTest::gmock)
+  add_test(NAME ${name} COMMAND ${ARG_WRAPPER} $<TARGET_FILE:${name}>)
+  set_tests_properties(${name} PROPERTIES TIMEOUT ${ARG_TIMEOUT} LABELS "${ARG_LABELS}"
+    ENVIRONMENT "VANTRO_SOURCE_DIR=${CMAKE_SOURCE_DIR};${ARG_ENV}")
+endfunction()

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "base/Error.h"
+
+#include <QObject>
+
+#include <cstdint>
+
+namespace vantro {
+
+class HotKeyError : public Error
+{
+public:
+    using Error::Error;
+};
+
+/// System-wide hot keys. Main thread only.
+class HotKeyManager : public QObject
+{
+    Q_OBJECT
+public:
+    /// Takes the key combination for itself under @p id. Num Lock and Caps Lock do not matter. Throws HotKeyError with
+    /// the reason when another program holds it, no key of the keyboard carries @p keyCode, or there is no display.
+    virtual void registerHotKey(std::uint32_t id, std::uint32_t keyCode, std::uint32_t modifiers) = 0;
+    virtual void unregisterHotKey(std::uint32_t id) = 0;
+
+Q_SIGNALS:
+    /// Once per physical press: auto-repeat is filtered out.
+    void hotKeyPressed(std::uint32_t id);
+    void hotKeyReleased(std::uint32_t id);
+};
+
+} // namespace vantro

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "base/Error.h"
+
+#include <cstdint>
+
+namespace vantro {
+
+class KeyEventError : public Error
+{
+public:
+    using Error::Error;
+};
+
+/// Keystrokes into whatever window has the focus. Main thread only.
+class KeyEventPoster
+{
+public:
+    /// The chords that make programs paste.
+    enum class PasteChord { ControlV, ControlShiftV, ShiftInsert };
+
+    virtual ~KeyEventPoster() = default;
+
+    /// Presses and releases @p chord, whatever the keyboard layout and whatever modifiers the user holds. Nothing stays
+    /// pressed, also when it throws KeyEventError.
+    virtual void postPaste(PasteChord chord) = 0;
+};
+
+} // namespace vantro

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "platform/AudioEngine.h"
+#include "platform/AudioHardware.h"
+#include "platform/HotKeyManager.h"
+#include "platform/KeyEventPoster.h"
+#include "platform/Pasteboard.h"
+#include "platform/Permissions.h"
+#include "platform/Workspace.h"
+
+#include <memory>
+
+namespace vantro {
+
+/// What the operating system gives, handed out as one bundle. Main owns it and outlives everything that uses it.
+struct Platform
+{
+    std::unique_ptr<AudioHardware> audioHardware;
+    AudioEngineFactory makeAudioEngine;
+    std::unique_ptr<HotKeyManager> hotKeys;
+    std::unique_ptr<KeyEventPoster> keyEvents;
+    std::unique_ptr<Pasteboard> pasteboard;
+    std::unique_ptr<Permissions> permissions;
+    std::unique_ptr<Workspace> workspace;
+};
+
+} // namespace vantro

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+#include <QStringList>
+
+#include <cstdint>
+#include <optional>
+
+namespace vantro {
+
+using WindowID = std::uint64_t;
+
+/// The other programs' windows, as far as delivery needs them. Main thread only.
+class Workspace : public QObject
+{
+    Q_OBJECT
+public:
+    /// The window that has the keyboard; nothing when none has. Own windows count too.
+    [[nodiscard]] virtual std::optional<WindowID> frontWindow() const = 0;
+    [[nodiscard]] virtual bool windowExists(WindowID window) const = 0;
+    /// Whether the window system itself sends key presses to @p window or one of its children right now. frontWindow()
+    /// is the window manager's word, which can run ahead of it.
+    [[nodiscard]] virtual bool hasInputFocus(WindowID window) const = 0;
+    /// Asks the window manager to give @p window the keyboard; frontWindowChanged() tells when it has.
+    virtual void activateWindow(WindowID window) = 0;
+    /// The window's class and instance names, most specific last ("XTerm", "xterm"); empty when it tells none.
+    [[nodiscard]] virtual QStringList windowClass(WindowID window) const = 0;
+    virtual void openUrl(const QString& url) = 0;
+
+Q_SIGNALS:
+    void frontWindowChanged();
+};
+
+} // namespace vantro

@@ -1,0 +1,11 @@
+// Runs a GoogleTest program inside a Qt application object, so that timers, futures and coroutines work.
+#include <QCoreApplication>
+
+#include <gtest/gtest.h>
+
+int main(int argc, char** argv)
+{
+    ::testing::InitGoogleTest(&argc, argv);
+    const QCoreApplication application(argc, argv);
+    return RUN_ALL_TESTS();
+}
