@@ -1,0 +1,45 @@
+#pragma once
+
+#include "vantro/ai/ProcessingMode.h"
+
+#include <QString>
+#include <qcoro/qcorotask.h>
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace vantro {
+
+/// How one dictation ended. With an error message the text is the raw transcript, or empty when there is none.
+struct DictationResult
+{
+    QString text;
+    std::optional<QString> errorMessage;
+};
+
+/// One stopped recording on its way to a text; mode, configuration and format service were fixed when it was made.
+class DictationJob
+{
+public:
+    virtual ~DictationJob() = default;
+
+    /// @p samples: 16 kHz mono, nominally -1..1. Reports every failure in the result; throws nothing. Main thread.
+    virtual QCoro::Task<DictationResult> run(QString recordingID, std::vector<float> samples) = 0;
+};
+
+/// What the recorder needs of the rest of the program. Main thread only.
+class RecordingProcessing
+{
+public:
+    virtual ~RecordingProcessing() = default;
+
+    /// A recording has begun: what the stop will need (the speech model) can be made ready meanwhile.
+    virtual void recordingStarted() = 0;
+    /// The recording was cancelled or failed: nothing will come of it.
+    virtual void recordingDiscarded() = 0;
+    /// Fixes everything that counts at the moment of stopping.
+    virtual std::unique_ptr<DictationJob> prepare(ProcessingMode mode) = 0;
+};
+
+} // namespace vantro
