@@ -36,7 +36,7 @@ class AudioServer:
         script.write_text(_SCRIPT.format(socket=self._socket))
         self._program = self._desktop.start_service(
             "pulseaudio", "--daemonize=no", "--exit-idle-time=-1", "--realtime=no", "--high-priority=no",
-            "--log-target=stderr", "--log-level=notice", "-n", "-F", script)
+            "--log-target=stderr", "--log-level=error", "-n", "-F", script)
         self._desktop.wait_until(lambda: self._default_source() == MICROPHONE, 10, "the sound server")
 
     def kill(self):

@@ -30,12 +30,17 @@ _KEYRING_PASSWORD = b"vantro"
 
 
 class Editor:
-    """Another program that text is delivered to."""
+    """Another program that text is delivered to.
 
-    def __init__(self, window, program, read):
+    text()      all that it holds
+    changed()   whether something arrived since text() was read last; quick enough for measuring
+    """
+
+    def __init__(self, window, program, text, changed):
         self.window = window
         self.program = program
-        self.text = read
+        self.text = text
+        self.changed = changed
 
 
 class VirtualDesktop:
@@ -105,8 +110,12 @@ class VirtualDesktop:
         return value
 
     def failure(self, text):
-        """An error that carries the ends of all logs."""
-        return DesktopError(text + "".join(program.log_tail() for program in self._services + self._programs))
+        """An error that tells what stands on the screen and carries the ends of all logs."""
+        for window in self.display.windows() if self.display else []:
+            mark = "*" if window.id == self.display.active_window() else " "
+            text += f"\n  window{mark} {window.wm_class}: {window.title}"
+        return DesktopError(text + "".join([service.log_tail(lines=3) for service in self._services] +
+                                           [program.log_tail() for program in self._programs]))
 
     def call_bus(self, service, path, method, *arguments):
         """Calls a method over the session bus. Arguments and the answer are in GVariant's text format."""
@@ -145,7 +154,7 @@ class VirtualDesktop:
         self.wait_until(lambda: self.display.active_window() == window.id, timeout_s, f"{window.title} to be active")
 
     def open_editor(self):
-        """Opens an empty document in a text editor. text() is what the document holds, read beside the clipboard."""
+        """Opens an empty document in a text editor. text() is what the document holds."""
         document = self.home / "document.txt"
         document.write_text("")
         program = self.start("mousepad", document)
@@ -155,16 +164,19 @@ class VirtualDesktop:
         def unsaved():
             return self.display.title(window.id).startswith("*")
 
-        def read():
+        def saved():
             if unsaved():
                 # Over the bus, as its own menu does it: no key is pressed and no window needs the focus.
                 service, menu = (self.display.text(window.id, name) for name in
                                  ("_GTK_UNIQUE_BUS_NAME", "_GTK_WINDOW_OBJECT_PATH"))
                 self.call_bus(service, menu, "org.gtk.Actions.Activate", "file.save", "[]", "{}")
-                self.wait_until(lambda: not unsaved(), 5, "the editor to save")
+            return not unsaved()
+
+        def read():
+            self.wait_until(saved, 5, "the editor to save")
             return document.read_text()
 
-        return Editor(window, program, read)
+        return Editor(window, program, read, unsaved)
 
     def open_xterm(self):
         """Opens a terminal that keeps what is typed or pasted into it; text() is all of it."""
@@ -173,7 +185,15 @@ class VirtualDesktop:
         window = self.wait_for_window("xterm")
         self.activate(window)
         self.wait_until(typed.exists, 5, "the terminal's shell")
-        return Editor(window, program, typed.read_text)
+        seen_bytes = 0
+
+        def read():
+            nonlocal seen_bytes
+            contents = typed.read_bytes()
+            seen_bytes = len(contents)
+            return contents.decode()
+
+        return Editor(window, program, read, lambda: typed.stat().st_size > seen_bytes)
 
     def clipboard(self, selection="clipboard"):
         """The clipboard's text as another program sees it; None when nobody owns it."""

@@ -96,8 +96,8 @@ class Program:
         return self.stop(signal.SIGKILL)
 
     def log_tail(self, lines=15):
-        text = tail(self.log, lines)
-        return "".join(f"\n    {self.name}| {line}" for line in text)
+        state = "" if self.running else f"\n  {self.name} ended with {self.exit_code}"
+        return state + "".join(f"\n  {self.name}| {line}" for line in tail(self.log, lines))
 
     def _signal_group(self, sig):
         try:
