@@ -18,6 +18,23 @@ fail() { # TEXT
 
 fail_with_log() { # TEXT LOG
   printf '%s: %s. The end of %s:\n' "${0##*/}" "$1" "$2" >&2
-  tail -n 20 "$2" >&2
+  tail -n 40 "$2" >&2
   exit 1
+}
+
+# Runs a command with its output in a log, which is shown only when it fails.
+quietly() { # LOG COMMAND...
+  local log=$1
+  shift
+  mkdir -p "$(dirname "$log")"
+  "$@" >"$log" 2>&1 || fail_with_log "$(printf '"%s" failed' "$*")" "$log"
+}
+
+build_preset() { # PRESET
+  phase "Building ($1)"
+  # The compiler's output is kept from one build to the next, also across build folders.
+  export CMAKE_C_COMPILER_LAUNCHER=ccache CMAKE_CXX_COMPILER_LAUNCHER=ccache
+  quietly "build/logs/$1-configure.log" cmake --preset "$1" -DCMAKE_EXPORT_COMPILE_COMMANDS=ON
+  quietly "build/logs/$1-build.log" cmake --build --preset "$1" --parallel "$(nproc)"
+  phase_done
 }

@@ -1,0 +1,102 @@
+"""A private PulseAudio server: a loudspeaker nobody hears, and a microphone that hears what is played to it."""
+
+import subprocess
+
+MICROPHONE = "microphone"
+LOUDSPEAKER = "loudspeaker"
+# What is played into this sink is what the microphone hears.
+VOICE = "voice"
+RATE_HZ = 48000
+
+# Without norewinds the first frames of a recording that is played can get lost. The remapped source is there
+# because programs tell microphones from the monitors of loudspeakers.
+_SCRIPT = f"""
+load-module module-native-protocol-unix auth-anonymous=1 socket={{socket}}
+load-module module-null-sink sink_name={LOUDSPEAKER} rate={RATE_HZ} sink_properties=device.description=Loudspeaker
+load-module module-null-sink sink_name={VOICE} rate={RATE_HZ} norewinds=1 sink_properties=device.description=Voice
+load-module module-remap-source master={VOICE}.monitor source_name={MICROPHONE} source_properties=device.description=Microphone
+set-default-sink {LOUDSPEAKER}
+set-default-source {MICROPHONE}
+"""
+
+
+class AudioServer:
+    """The desktop starts it; tests take devices away from it, add some, or kill it."""
+
+    def __init__(self, desktop):
+        self._desktop = desktop
+        self._socket = desktop.runtime_folder / "pulse" / "native"
+        self._program = None
+        desktop.env["PULSE_SERVER"] = f"unix:{self._socket}"
+
+    def start(self):
+        self._socket.parent.mkdir(mode=0o700, exist_ok=True)
+        self._socket.unlink(missing_ok=True)
+        script = self._desktop.folder / "pulse.pa"
+        script.write_text(_SCRIPT.format(socket=self._socket))
+        self._program = self._desktop.start_service(
+            "pulseaudio", "--daemonize=no", "--exit-idle-time=-1", "--realtime=no", "--high-priority=no",
+            "--log-target=stderr", "--log-level=error", "-n", "-F", script)
+        self._desktop.wait_until(lambda: self._default_source() == MICROPHONE, 10, "the sound server")
+
+    def kill(self):
+        """Ends the server the way a crash does. start() brings a new one."""
+        self._desktop.end_service(self._program)
+
+    def load_module(self, name, **arguments):
+        """Loads a module of PulseAudio and returns its index."""
+        return int(self._pactl("load-module", name, *(f"{key}={value}" for key, value in arguments.items())))
+
+    def unload_module(self, index):
+        self._pactl("unload-module", str(index))
+
+    def add_microphone(self, name):
+        """Adds a silent microphone. Returns the indices of its modules, for unload_module()."""
+        sink = self.load_module("module-null-sink", sink_name=f"{name}-voice", rate=RATE_HZ, norewinds=1)
+        source = self.load_module("module-remap-source", master=f"{name}-voice.monitor", source_name=name,
+                                  source_properties=f"device.description={name}")
+        return [source, sink]
+
+    def remove_source(self, name=MICROPHONE):
+        """Unplugs a microphone."""
+        for line in self._pactl("list", "short", "modules").splitlines():
+            index, module, arguments = (line.split("\t") + ["", ""])[:3]
+            if module == "module-remap-source" and f"source_name={name}" in arguments.split():
+                self.unload_module(index)
+                return
+        raise LookupError(f"there is no source {name}")
+
+    def restore_microphone(self):
+        """Plugs the microphone in again after remove_source() and makes it the default."""
+        self.load_module("module-remap-source", master=f"{VOICE}.monitor", source_name=MICROPHONE,
+                         source_properties="device.description=Microphone")
+        self.set_default_source(MICROPHONE)
+
+    def sources(self):
+        """The names of all sources, monitors included."""
+        return [line.split("\t")[1] for line in self._pactl("list", "short", "sources").splitlines()]
+
+    def recording_sources(self):
+        """The names of the sources that somebody records from, once for each stream."""
+        names = dict(line.split("\t")[:2] for line in self._pactl("list", "short", "sources").splitlines())
+        return [names.get(line.split("\t")[1]) for line in
+                self._pactl("list", "short", "source-outputs").splitlines()
+                if "module-remap-source" not in line]
+
+    def set_default_source(self, name):
+        self._pactl("set-default-source", name)
+
+    def start_playing(self, recording):
+        """Speaks a recording (WAV, FLAC, OGG, MP3) into the microphone. Returns the program that plays it."""
+        return self._desktop.start("paplay", f"--device={VOICE}", "--latency-msec=20", recording)
+
+    def play(self, recording, timeout_s=120):
+        """The same, until the last frame was heard."""
+        self.start_playing(recording).expect_exit(0, timeout_s)
+
+    def _default_source(self):
+        answer = subprocess.run(["pactl", "get-default-source"], env=self._desktop.env, capture_output=True, text=True)
+        return answer.stdout.strip()
+
+    def _pactl(self, *arguments):
+        return self._desktop.run("pactl", *arguments)
