@@ -1,0 +1,105 @@
+#include "vantro/models/ModelCatalogue.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace vantro {
+
+namespace {
+
+struct WhisperEntry
+{
+    const char* name;
+    const char* size;
+    double speed;
+    double accuracy;
+    double ramUsage;
+    const char* description;
+    SupportedLanguages languages;
+    const char* file;
+    const char* sha1;
+};
+
+constexpr WhisperEntry whisperEntries[] = {
+    {"small - default", "453 MiB", 0.7, 0.85, 1.0, "Whisper small model, good balance between speed and accuracy",
+     SupportedLanguages::multilingual, "ggml-small.bin", "55356645c2b361a969dfd0ef2c5a50d530afd8d5"},
+    {"large-v3-turbo-q5_0", "547 MiB", 0.7, 0.96, 1.0,
+     "Whisper quantized version of Large v3 Turbo, faster with slightly lower accuracy",
+     SupportedLanguages::multilingual, "ggml-large-v3-turbo-q5_0.bin", "e050f7970618a659205450ad97eb95a18d69c9ee"},
+    {"tiny", "75 MiB", 0.95, 0.6, 0.3, "Whisper tiny model, fastest, least accurate", SupportedLanguages::multilingual,
+     "ggml-tiny.bin", "bd577a113a864445d4c299885e0cb97d4ba92b5f"},
+    {"tiny.en", "75 MiB", 0.95, 0.65, 0.3, "Whisper tiny model optimized for English, fastest, least accurate",
+     SupportedLanguages::english, "ggml-tiny.en.bin", "c78c86eb1a8faa21b369bcd33207cc90d64ae9df"},
+    {"base.en", "142 MiB", 0.8, 0.75, 0.5,
+     "Whisper base model optimized for English, good balance between speed and accuracy", SupportedLanguages::english,
+     "ggml-base.en.bin", "137c40403d78fd54d454da0f9bd998f78703390c"},
+    {"large-v2", "2.9 GiB", 0.5, 0.96, 3.8, "Whisper large model v2, slower than Medium but more accurate",
+     SupportedLanguages::multilingual, "ggml-large-v2.bin", "0f4c8e30f21cf1769f637135f521436792c48186"},
+    {"large-v3", "2.9 GiB", 0.5, 0.98, 3.9, "Whisper large model v3, very slow but most accurate",
+     SupportedLanguages::multilingual, "ggml-large-v3.bin", "ad82bf6a9043ceed055076d0fd39f5f186ff8062"},
+    {"large-v3-turbo", "1.5 GiB", 0.7, 0.97, 1.8, "Whisper large model v3 Turbo, faster than v3 with similar accuracy",
+     SupportedLanguages::multilingual, "ggml-large-v3-turbo.bin", "4af2b29d7ec73d781377bfd1758ca957a807e941"},
+};
+
+TranscriptionModel fluidEntry(const QString& name, const QString& size, double accuracy, const QString& description,
+                              const FluidModel& fluidModel)
+{
+    TranscriptionModel model;
+    model.id = QUuid::createUuid();
+    model.name = name;
+    model.size = size;
+    model.speed = 0.99;
+    model.accuracy = accuracy;
+    model.ramUsage = 0.7;
+    model.description = description;
+    model.supportedLanguages =
+        fluidModel.isMultilingual ? SupportedLanguages::multilingual : SupportedLanguages::english;
+    model.engine = TranscriptionEngine::fluid;
+    model.fluidModel = fluidModel;
+    return model;
+}
+
+TranscriptionModel whisperEntry(const WhisperEntry& entry, const QString& modelHost)
+{
+    TranscriptionModel model;
+    model.id = QUuid::createUuid();
+    model.name = QLatin1String(entry.name);
+    model.size = QLatin1String(entry.size);
+    model.speed = entry.speed;
+    model.accuracy = entry.accuracy;
+    model.ramUsage = entry.ramUsage;
+    model.description = QLatin1String(entry.description);
+    model.supportedLanguages = entry.languages;
+    model.hash = QLatin1String(entry.sha1);
+    model.url = modelHost + QLatin1String("/resolve/main/") + QLatin1String(entry.file);
+    return model;
+}
+
+} // namespace
+
+QString ModelCatalogue::defaultModelHost()
+{
+    return QStringLiteral("https://huggingface.co/ggerganov/whisper.cpp");
+}
+
+ModelCatalogue::ModelCatalogue(const QString& modelHost)
+{
+    models_.push_back(
+        fluidEntry(QStringLiteral("Parakeet v3 (Fluid)"), QStringLiteral("461 MiB"), 0.95,
+                   QStringLiteral("Fluid model on the Apple Neural Engine. Fastest option, 25 European languages."),
+                   {QStringLiteral("parakeet-tdt-0.6b-v3"), true}));
+    models_.push_back(
+        fluidEntry(QStringLiteral("Parakeet v2 (Fluid, English)"), QStringLiteral("443 MiB"), 0.97,
+                   QStringLiteral("Fluid model on the Apple Neural Engine. English only, highest accuracy."),
+                   {QStringLiteral("parakeet-tdt-0.6b-v2-en"), false}));
+    for (const WhisperEntry& entry : whisperEntries)
+        models_.push_back(whisperEntry(entry, modelHost));
+}
+
+const TranscriptionModel* ModelCatalogue::find(const QString& name) const
+{
+    const auto entry = std::ranges::find(models_, name, &TranscriptionModel::name);
+    return entry != models_.end() ? std::to_address(entry) : nullptr;
+}
+
+} // namespace vantro

@@ -1,0 +1,70 @@
+#include "vantro/models/ModelSelection.h"
+
+#include "base/Logger.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace vantro {
+
+namespace {
+
+constexpr QLatin1String selectedModelName("selectedModelName");
+constexpr QLatin1String adoptedFromCache("selectedModelAdoptedFromCache");
+constexpr QLatin1String defaultedOnce("selectedModelDefaultedOnce");
+constexpr QLatin1String defaultModel("small - default");
+
+} // namespace
+
+ModelSelection::ModelSelection(const ModelCatalogue& catalogue, UserDefaults& defaults, IsReady isReady)
+    : catalogue_(catalogue)
+    , defaults_(defaults)
+    , isReady_(std::move(isReady))
+{
+}
+
+const TranscriptionModel* ModelSelection::stored() const
+{
+    const auto name = defaults_.string(selectedModelName);
+    return name ? catalogue_.find(*name) : nullptr;
+}
+
+const TranscriptionModel& ModelSelection::selectedModel()
+{
+    if (const auto* model = stored())
+        return *model;
+    if (!defaults_.boolean(adoptedFromCache, false)) {
+        defaults_.setBoolean(adoptedFromCache, true);
+        if (!defaults_.contains(selectedModelName))
+            adoptReadyModel(QStringLiteral("Adopted cached model as selection: "));
+    }
+    if (!defaults_.boolean(defaultedOnce, false)) {
+        defaults_.setBoolean(defaultedOnce, true);
+        if (!defaults_.contains(selectedModelName) &&
+            !adoptReadyModel(QStringLiteral("Adopted cached model as default selection: "))) {
+            defaults_.setString(selectedModelName, defaultModel);
+            printLine(QStringLiteral("Defaulted new installation to whisper small"));
+        }
+    }
+    // A stored name that the catalogue no longer has stays stored; meanwhile the default model serves.
+    const auto* model = stored();
+    return model != nullptr ? *model : *catalogue_.find(defaultModel);
+}
+
+void ModelSelection::select(const TranscriptionModel& model)
+{
+    defaults_.setString(selectedModelName, model.name);
+}
+
+bool ModelSelection::adoptReadyModel(const QString& announcement)
+{
+    const auto& models = catalogue_.models();
+    const auto ready = std::ranges::find_if(models, isReady_);
+    if (ready == models.end())
+        return false;
+    select(*ready);
+    printLine(announcement + ready->name);
+    return true;
+}
+
+} // namespace vantro

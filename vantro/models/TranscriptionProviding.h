@@ -1,0 +1,41 @@
+#pragma once
+
+#include "vantro/models/TranscriptionModel.h"
+
+#include <QString>
+#include <qcoro/qcorotask.h>
+
+#include <functional>
+#include <optional>
+#include <vector>
+
+namespace vantro {
+
+struct TranscriptionRequest
+{
+    QString recordingID;
+    std::vector<float> samples; ///< 16 kHz mono, nominally -1..1
+    TranscriptionModel model;
+    /// A language code or "auto"; the user's setting when absent.
+    std::optional<QString> language;
+    /// Called on the engine's thread with 0..1.
+    std::function<void(float)> onProgress;
+};
+
+/// One speech engine as the facade sees it. Main thread; the heavy work is done on the engine's own.
+class TranscriptionProviding
+{
+public:
+    virtual ~TranscriptionProviding() = default;
+
+    /// A recording has begun that @p model will transcribe: what can be done before the stop is begun now.
+    virtual void prepare(const TranscriptionModel& model) = 0;
+    /// The final text, with the user's replacements applied. Throws an Error.
+    virtual QCoro::Task<QString> transcribe(TranscriptionRequest request) = 0;
+    /// Ends a transcription that nobody waits for any more as soon as the engine can.
+    virtual void cancel() = 0;
+    /// The dictation is over, delivered or not: what was held for it may go.
+    virtual void dictationEnded() = 0;
+};
+
+} // namespace vantro

@@ -1,0 +1,232 @@
+#include "vantro/whisper/WhisperInProcessEngine.h"
+
+#include <QElapsedTimer>
+#include <QFileInfo>
+#include <QMutex>
+#include <QMutexLocker>
+
+#include <whisper.h>
+
+#include <cstdlib>
+#include <utility>
+
+namespace vantro {
+
+namespace {
+
+constexpr int sampleRateHz = 16'000;
+
+/// Frees a model that is still loaded when the process ends without tearing the engine down: GPU back ends complain, or
+/// crash, when their memory outlives them.
+class ResidentContextTracker
+{
+public:
+    static ResidentContextTracker& shared()
+    {
+        static auto* tracker = new ResidentContextTracker; // never destroyed: the exit handler needs it to the end
+        return *tracker;
+    }
+
+    void set(whisper_context* context)
+    {
+        const QMutexLocker locker(&lock_);
+        context_ = context;
+    }
+
+private:
+    ResidentContextTracker()
+    {
+        std::atexit([] { shared().freeContext(); });
+    }
+
+    void freeContext()
+    {
+        const QMutexLocker locker(&lock_);
+        if (auto* context = std::exchange(context_, nullptr))
+            whisper_free(context);
+    }
+
+    QMutex lock_;
+    whisper_context* context_ = nullptr;
+};
+
+void logWhisperLine(ggml_log_level level, const char* text, void* /*userData*/)
+{
+    static const Logger logger("whisper.cpp");
+    if (text == nullptr)
+        return;
+    const QString line = QString::fromUtf8(text).trimmed();
+    if (!line.isEmpty())
+        logger.debug(QStringLiteral("whisper[%1]: %2").arg(static_cast<int>(level)).arg(line));
+}
+
+bool isSet(void* flag)
+{
+    return static_cast<std::atomic<bool>*>(flag)->load(std::memory_order_relaxed);
+}
+
+QString elapsedText(const QElapsedTimer& timer)
+{
+    return QStringLiteral("%1 ms").arg(timer.elapsed());
+}
+
+whisper_full_params quietParameters()
+{
+    whisper_full_params parameters = whisper_full_default_params(WHISPER_SAMPLING_GREEDY);
+    parameters.no_context = true;
+    parameters.print_progress = false;
+    parameters.print_realtime = false;
+    parameters.print_timestamps = false;
+    parameters.initial_prompt = nullptr;
+    parameters.language = nullptr;
+    parameters.suppress_nst = true;
+    return parameters;
+}
+
+} // namespace
+
+WhisperInProcessError WhisperInProcessError::modelLoadFailed(const QString& path)
+{
+    return {Kind::modelLoadFailed, QStringLiteral("Could not load the whisper model at ") + path};
+}
+
+WhisperInProcessError WhisperInProcessError::transcriptionFailed(std::int32_t code)
+{
+    return {Kind::transcriptionFailed, QStringLiteral("whisper transcription failed (code %1)").arg(code)};
+}
+
+WhisperInProcessError WhisperInProcessError::modelNotLoaded()
+{
+    return {Kind::modelNotLoaded, QStringLiteral("The whisper model is not loaded.")};
+}
+
+WhisperInProcessEngine::WhisperInProcessEngine() : executor_(QStringLiteral("whisper"))
+{
+    whisper_log_set(logWhisperLine, nullptr);
+}
+
+WhisperInProcessEngine::~WhisperInProcessEngine()
+{
+    abortWarmUp_ = true;
+    abortTranscription_ = true;
+    executor_.run([this] { unloadNow(); }).waitForFinished();
+}
+
+QFuture<void> WhisperInProcessEngine::load(const QString& modelPath)
+{
+    return executor_.run([this, modelPath] { loadNow(modelPath); });
+}
+
+QFuture<void> WhisperInProcessEngine::warmUp()
+{
+    abortWarmUp_ = false;
+    return executor_.run([this] { warmUpNow(); });
+}
+
+QFuture<QString> WhisperInProcessEngine::transcribe(Request request)
+{
+    abortWarmUp_ = true;
+    abortTranscription_ = false;
+    return executor_.run([this, request = std::move(request)] { return transcribeNow(request); });
+}
+
+QFuture<void> WhisperInProcessEngine::unload()
+{
+    return executor_.run([this] { unloadNow(); });
+}
+
+void WhisperInProcessEngine::abortTranscription()
+{
+    abortTranscription_ = true;
+}
+
+void WhisperInProcessEngine::loadNow(const QString& modelPath)
+{
+    if (resident_ && resident_->modelPath == modelPath)
+        return;
+    QElapsedTimer timer;
+    timer.start();
+    const whisper_context_params parameters = whisper_context_default_params();
+    whisper_context* context = whisper_init_from_file_with_params(modelPath.toUtf8().constData(), parameters);
+    if (context == nullptr)
+        throw WhisperInProcessError::modelLoadFailed(modelPath);
+    whisper_context* previous = resident_ ? resident_->context : nullptr;
+    resident_ = ResidentModel{context, modelPath};
+    ResidentContextTracker::shared().set(context);
+    whisper_free(previous);
+    logger_.info(
+        QStringLiteral("whisper model loaded in %1 (%2)").arg(elapsedText(timer), QFileInfo(modelPath).fileName()));
+}
+
+void WhisperInProcessEngine::warmUpNow()
+{
+    if (!resident_ || abortWarmUp_)
+        return;
+    QElapsedTimer timer;
+    timer.start();
+    const std::vector<float> silence(sampleRateHz, 0.0F);
+    whisper_full_params parameters = quietParameters();
+    parameters.abort_callback = isSet;
+    parameters.abort_callback_user_data = &abortWarmUp_;
+    const int code = whisper_full(resident_->context, parameters, silence.data(), sampleRateHz);
+    if (abortWarmUp_)
+        logger_.debug(QStringLiteral("whisper warmup gave way after %1").arg(elapsedText(timer)));
+    else if (code != 0)
+        logger_.error(QStringLiteral("whisper warmup inference failed (code %1)").arg(code));
+    else
+        logger_.info(QStringLiteral("whisper warmup finished in %1").arg(elapsedText(timer)));
+}
+
+QString WhisperInProcessEngine::transcribeNow(const Request& request)
+{
+    if (!resident_)
+        throw WhisperInProcessError::modelNotLoaded();
+    QElapsedTimer timer;
+    timer.start();
+    const QByteArray language = request.language.toUtf8();
+    const QByteArray prompt = request.prompt.toUtf8();
+
+    whisper_full_params parameters = quietParameters();
+    parameters.translate = false;
+    parameters.single_segment = false;
+    if (!prompt.isEmpty())
+        parameters.initial_prompt = prompt.constData();
+    if (language != "auto")
+        parameters.language = language.constData();
+    parameters.suppress_blank = true;
+    parameters.temperature = 0.0F;
+    parameters.temperature_inc = 0.0F; // no fall-back to a higher temperature
+    parameters.abort_callback = isSet;
+    parameters.abort_callback_user_data = &abortTranscription_;
+    if (request.onProgress) {
+        parameters.progress_callback = [](whisper_context*, whisper_state*, int percent, void* sink) {
+            (*static_cast<const std::function<void(float)>*>(sink))(static_cast<float>(percent) / 100.0F);
+        };
+        parameters.progress_callback_user_data = const_cast<std::function<void(float)>*>(&request.onProgress);
+    }
+
+    const auto count = static_cast<int>(request.samples.size());
+    const int code = whisper_full(resident_->context, parameters, request.samples.data(), count);
+    if (code != 0)
+        throw WhisperInProcessError::transcriptionFailed(code);
+    QByteArray text;
+    for (int i = 0; i < whisper_full_n_segments(resident_->context); ++i) {
+        if (const char* segment = whisper_full_get_segment_text(resident_->context, i))
+            text += segment;
+    }
+    logger_.info(QStringLiteral("whisper transcribed %1s in %2")
+                     .arg(static_cast<double>(count) / sampleRateHz, 0, 'f', 1)
+                     .arg(elapsedText(timer)));
+    return QString::fromUtf8(text).trimmed();
+}
+
+void WhisperInProcessEngine::unloadNow()
+{
+    if (!resident_)
+        return;
+    ResidentContextTracker::shared().set(nullptr);
+    whisper_free(resident_->context);
+    resident_.reset();
+}
+
+} // namespace vantro

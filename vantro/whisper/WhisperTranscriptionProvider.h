@@ -1,0 +1,30 @@
+#pragma once
+
+#include "base/UserDefaults.h"
+#include "vantro/models/ModelStore.h"
+#include "vantro/models/TranscriptionProviding.h"
+#include "vantro/whisper/WhisperInProcessEngine.h"
+
+namespace vantro {
+
+/// The whisper side of the facade: which file, which language, when the model is in memory.
+///
+/// The model begins to load when a recording starts, so that the stop never waits for it, and leaves memory after the
+/// dictation unless "whisperKeepModelInMemory" is set.
+class WhisperTranscriptionProvider final : public TranscriptionProviding
+{
+public:
+    WhisperTranscriptionProvider(WhisperInProcessEngine& engine, const ModelStore& store, UserDefaults& defaults);
+
+    void prepare(const TranscriptionModel& model) override;
+    QCoro::Task<QString> transcribe(TranscriptionRequest request) override;
+    void cancel() override;
+    void dictationEnded() override;
+
+private:
+    WhisperInProcessEngine& engine_;
+    const ModelStore& store_;
+    UserDefaults& defaults_;
+};
+
+} // namespace vantro
