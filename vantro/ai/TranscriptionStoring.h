@@ -1,0 +1,23 @@
+#pragma once
+
+#include "vantro/ai/ProcessingMode.h"
+
+#include <QString>
+#include <QUuid>
+
+namespace vantro {
+
+/// Where dictations are kept, as the mode handlers see it. Main thread. Every operation has stored durably when it
+/// returns, or throws an Error.
+class TranscriptionStoring {
+public:
+    virtual ~TranscriptionStoring() = default;
+
+    virtual void saveTranscription(const QString& transcription, const QString& formatted, ProcessingMode mode) = 0;
+    /// Without a formatted text yet; the identity is for updateFormatted().
+    virtual QUuid saveTranscription(const QString& transcription, ProcessingMode mode) = 0;
+    /// Does nothing when there is no such row any more.
+    virtual void updateFormatted(const QUuid& id, const QString& formatted) = 0;
+};
+
+} // namespace vantro

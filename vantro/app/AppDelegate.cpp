@@ -1,0 +1,181 @@
+#include "vantro/app/AppDelegate.h"
+
+#include "platform/Wording.h"
+
+#include <QTimer>
+
+#include <utility>
+
+namespace vantro {
+
+AppDelegate::AppDelegate(Parts parts) : parts_(std::move(parts))
+{
+}
+
+AppDelegate::~AppDelegate()
+{
+    closeWindow();
+}
+
+void AppDelegate::applicationDidFinishLaunching()
+{
+    observeNotifications();
+    const bool allGranted = parts_.permissions.microphoneAuthorized() && parts_.permissions.trustedForAccessibility() &&
+                            parts_.shortcuts.shortcut(KeyboardShortcuts::Name::openModal());
+    if (allGranted) {
+        printLine(QStringLiteral("All permissions granted"));
+        printLine(QStringLiteral("setupInitialState"));
+    } else {
+        printLine(QStringLiteral("Missing permissions, showing onboarding"));
+    }
+    // Attached in either case: a sound server or a shortcut that comes later works without a restart.
+    openModalAction_ =
+        parts_.shortcuts.onKeyUp(KeyboardShortcuts::Name::openModal(), [this] { showLauncherAndRecord(); });
+    checkModel();
+}
+
+void AppDelegate::observeNotifications()
+{
+    auto& center = parts_.notifications;
+    observations_.push_back(center.observe(QStringLiteral("recorder:process:start"), [this](const auto&) {
+        timings_.stopped = parts_.clock.now();
+        if (parts_.audioRecorder.processingMode() == ProcessingMode::Notes)
+            closeWindow();
+    }));
+    observations_.push_back(center.observe(QStringLiteral("recorder:finish"),
+                                           [this](const auto& userInfo) { recordingFinished(userInfo); }));
+    connect(&parts_.audioRecorder, &AudioRecorder::captureLost, this, &AppDelegate::captureLost);
+}
+
+void AppDelegate::checkModel()
+{
+    const TranscriptionModel& model = parts_.models.selectedModel();
+    printLine(QStringLiteral("Checking model: ") + model.name);
+    if (parts_.modelIsReady(model))
+        printLine(QStringLiteral("Model %1 is downloaded").arg(model.name));
+    else
+        printLine(QStringLiteral("Need to download model: ") + model.name);
+}
+
+void AppDelegate::showLauncherAndRecord()
+{
+    AudioRecorder& recorder = parts_.audioRecorder;
+    if (recorder.isBusy())
+        return;
+    timings_ = {};
+    timings_.shortcut = parts_.clock.now();
+    hasErrorOccurred_ = false;
+    parts_.delivery.rememberTarget();
+    if (window_ && !window_->isVisible())
+        window_.reset();
+    if (!window_) {
+        if (recorder.isRecording())
+            recorder.cancelRecording();
+        window_ = parts_.surfaces.makeLauncher(defaultMode());
+    }
+    if (!recorder.isRecording())
+        recorder.startRecording();
+    if (!recorder.isRecording()) {
+        explainRefusedRecording();
+        return;
+    }
+    window_->makeKeyAndOrderFront();
+}
+
+void AppDelegate::explainRefusedRecording()
+{
+    // A capture that could not start has reported itself as a finished recording with an error.
+    closeWindow();
+    if (!parts_.permissions.microphoneAuthorized())
+        showAlertSoon(wording::noSoundServer());
+}
+
+void AppDelegate::stopRecording()
+{
+    parts_.audioRecorder.stopRecording();
+}
+
+void AppDelegate::cancelDictation()
+{
+    parts_.audioRecorder.cancelDictation();
+    closeWindow();
+}
+
+void AppDelegate::recordingFinished(const NotificationCenter::UserInfo& userInfo)
+{
+    timings_.textReady = parts_.clock.now();
+    timings_.firstSample = parts_.audioRecorder.firstSampleAt();
+    const QString finalText = userInfo.value(QStringLiteral("finalText")).toString();
+    const QVariant message = userInfo.value(QStringLiteral("errorMessage"));
+    const auto mode = processingModeFromRawValue(userInfo.value(QStringLiteral("processingMode")).toString());
+    if (userInfo.value(QStringLiteral("hasError"), false).toBool() && message.isValid()) {
+        showAlertSoon(message.toString());
+        hasErrorOccurred_ = true;
+    }
+    handleFinish(finalText, mode.value_or(parts_.audioRecorder.processingMode()));
+}
+
+QCoro::Task<> AppDelegate::handleFinish(QString finalText, ProcessingMode mode)
+{
+    logger_.debug(QStringLiteral("handleFinish"));
+    if (mode == ProcessingMode::Notes) {
+        logger_.debug(QStringLiteral("Note processed"));
+        co_return;
+    }
+    logger_.debug(QStringLiteral("final closing"));
+    if (std::exchange(hasErrorOccurred_, false)) {
+        closeWindow();
+        co_return;
+    }
+    const std::optional<QRect> frame = window_ ? std::optional(window_->frame()) : std::nullopt;
+    const QString text = finalText.trimmed();
+    if (text.isEmpty()) {
+        closeWindow();
+        co_return;
+    }
+    co_await deliver(text, frame);
+}
+
+QCoro::Task<> AppDelegate::deliver(QString text, std::optional<QRect> frame)
+{
+    if (!parts_.defaults.boolean(QStringLiteral("autoPasteEnabled"), true)) {
+        parts_.delivery.copy(text);
+        parts_.surfaces.showPasteHUD(frame);
+        closeWindow();
+        co_return;
+    }
+    closeWindow();
+    const auto outcome = co_await parts_.delivery.deliverByPaste(text);
+    timings_.pasted = parts_.clock.now();
+    if (!outcome.pasted()) {
+        // The text stands on the clipboard; the user pastes it where it belongs.
+        logger_.info(outcome.message);
+        parts_.surfaces.showPasteHUD(frame);
+    }
+}
+
+void AppDelegate::captureLost(const QString& message)
+{
+    showAlertSoon(message);
+}
+
+void AppDelegate::closeWindow()
+{
+    // Closing posts "launcher:closed", whose observers may ask for the window again.
+    if (const auto window = std::move(window_))
+        window->closePanel();
+}
+
+void AppDelegate::showAlertSoon(const QString& text)
+{
+    QTimer::singleShot(0, this,
+                       [this, text] { parts_.surfaces.showAlert(tr("Transcription Error"), text); });
+}
+
+ProcessingMode AppDelegate::defaultMode() const
+{
+    const auto stored = parts_.defaults.string(QStringLiteral("defaultProcessingMode"));
+    return stored ? processingModeFromRawValue(*stored).value_or(ProcessingMode::Normal) : ProcessingMode::Normal;
+}
+
+} // namespace vantro

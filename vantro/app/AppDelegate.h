@@ -1,0 +1,87 @@
+#pragma once
+
+#include "KeyboardShortcuts/KeyboardShortcuts.h"
+#include "base/Clock.h"
+#include "base/Logger.h"
+#include "base/NotificationCenter.h"
+#include "base/UserDefaults.h"
+#include "platform/Permissions.h"
+#include "vantro/ai/ProcessingMode.h"
+#include "vantro/app/DictationTimings.h"
+#include "vantro/app/LauncherPanel.h"
+#include "vantro/app/PasteDelivery.h"
+#include "vantro/audio/AudioRecorder.h"
+#include "vantro/models/ModelSelection.h"
+
+#include <QObject>
+
+#include <qcoro/qcorotask.h>
+
+#include <functional>
+#include <memory>
+#include <optional>
+
+namespace vantro {
+
+/// What the delegate has shown: windows are made above it.
+struct Surfaces {
+    /// A panel for @p defaultMode, not yet shown.
+    std::function<std::unique_ptr<LauncherPanel>(ProcessingMode defaultMode)> makeLauncher;
+    std::function<void(std::optional<QRect> anchor)> showPasteHUD;
+    std::function<void(const QString& title, const QString& text)> showAlert;
+};
+
+/// Brings one dictation from the shortcut to the delivered text: opens the launcher, starts the recorder, and delivers
+/// what the recorder announces. Main thread.
+class AppDelegate final : public QObject {
+    Q_OBJECT
+public:
+    struct Parts {
+        UserDefaults& defaults;
+        NotificationCenter& notifications;
+        Clock& clock;
+        const Permissions& permissions;
+        AudioRecorder& audioRecorder;
+        KeyboardShortcuts& shortcuts;
+        PasteDelivery& delivery;
+        ModelSelection& models;
+        ModelSelection::IsReady modelIsReady;
+        Surfaces surfaces;
+    };
+
+    explicit AppDelegate(Parts parts);
+    ~AppDelegate() override;
+
+    /// The launch handler: observes, attaches the shortcut and checks the model.
+    void applicationDidFinishLaunching();
+
+    /// The shortcut's action: opens the launcher and records, unless a dictation is under way.
+    void showLauncherAndRecord();
+    /// What Space does in the launcher.
+    void stopRecording();
+    /// What Escape does in the launcher, also while the recording is being processed.
+    void cancelDictation();
+    [[nodiscard]] const DictationTimings& timings() const { return timings_; }
+
+private:
+    void observeNotifications();
+    void checkModel();
+    void explainRefusedRecording();
+    void recordingFinished(const NotificationCenter::UserInfo& userInfo);
+    QCoro::Task<> handleFinish(QString finalText, ProcessingMode mode);
+    QCoro::Task<> deliver(QString text, std::optional<QRect> frame);
+    void captureLost(const QString& message);
+    void closeWindow();
+    void showAlertSoon(const QString& text);
+    [[nodiscard]] ProcessingMode defaultMode() const;
+
+    Logger logger_{"AppDelegate"};
+    Parts parts_;
+    std::unique_ptr<LauncherPanel> window_;
+    std::optional<KeyboardShortcuts::Registration> openModalAction_;
+    std::vector<NotificationCenter::Observation> observations_;
+    DictationTimings timings_;
+    bool hasErrorOccurred_ = false;
+};
+
+} // namespace vantro

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QDBusAbstractAdaptor>
+#include <QDBusMessage>
+#include <QJsonObject>
+#include <QString>
+
+#include <functional>
+
+namespace vantro {
+
+class AppDelegate;
+class AudioRecorder;
+
+/// The running program on the session bus: what "vantro toggle" and its like call, and what a second start hands over to.
+/// Owning the bus name is what makes an instance the running one. Main thread.
+class ControlService final : public QDBusAbstractAdaptor {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "com.vantro.Control")
+public:
+    static QString busName() { return QStringLiteral("com.vantro.app"); }
+    static QString objectPath() { return QStringLiteral("/com/vantro/app"); }
+    static QString interfaceName() { return QStringLiteral("com.vantro.Control"); }
+
+    /// @p details: what Status adds to the recorder's state (model, shortcut, version).
+    /// @p handOver: called with the arguments of a program that was started a second time.
+    ControlService(AppDelegate& delegate, AudioRecorder& recorder, std::function<QJsonObject()> details,
+                   std::function<void(const QStringList&)> handOver);
+
+    /// Takes the name. False when there is no bus or another instance has it.
+    bool publish();
+
+public Q_SLOTS:
+    void Toggle(const QDBusMessage& message);
+    void Start(const QDBusMessage& message);
+    void Stop(const QDBusMessage& message);
+    void Cancel();
+    [[nodiscard]] QString Status() const;
+    void HandOver(const QStringList& arguments);
+
+private:
+    void refuse(const QDBusMessage& message, const QString& why);
+
+    AppDelegate& delegate_;
+    AudioRecorder& recorder_;
+    std::function<QJsonObject()> details_;
+    std::function<void(const QStringList&)> handOver_;
+};
+
+} // namespace vantro

@@ -1,0 +1,97 @@
+#include "vantro/app/DictationPipeline.h"
+
+#include <QMetaObject>
+#include <QPointer>
+#include <QScopeGuard>
+
+#include <utility>
+
+namespace vantro {
+
+/// Holds what was fixed when the recording stopped.
+class DictationPipeline::Job final : public DictationJob {
+public:
+    Job(DictationPipeline& pipeline, ModeHandler& handler) : pipeline_(pipeline), facade_(pipeline.facade_), handler_(handler)
+    {
+    }
+    /// Also reached by a recording that was too short to be run.
+    ~Job() override { facade_.dictationEnded(); }
+    Job(const Job&) = delete;
+    Job& operator=(const Job&) = delete;
+
+    QCoro::Task<DictationResult> run(QString recordingID, std::vector<float> samples) override
+    {
+        QString transcript;
+        try {
+            transcript = co_await pipeline_.transcribe(std::move(recordingID), std::move(samples));
+        } catch (const std::exception& error) {
+            const QString description = localizedDescription(error);
+            pipeline_.logger_.error(QStringLiteral("Transcription failed: ") + description);
+            co_return DictationResult{QString(), QStringLiteral("Failed to transcribe audio: ") + description};
+        }
+        if (transcript.isEmpty())
+            co_return DictationResult{};
+
+        pipeline_.logger_.info(QStringLiteral("Processing transcription"));
+        try {
+            co_return DictationResult{co_await handler_.process(transcript, nullptr), std::nullopt};
+        } catch (const std::exception& error) {
+            const QString description = localizedDescription(error);
+            pipeline_.logger_.error(QStringLiteral("Processing error: ") + description);
+            co_return DictationResult{transcript, QStringLiteral("Error processing transcription: ") + description};
+        }
+    }
+
+private:
+    DictationPipeline& pipeline_;
+    TranscriptionFacade& facade_;
+    ModeHandler& handler_;
+};
+
+DictationPipeline::DictationPipeline(TranscriptionFacade& facade, Handlers handlers)
+    : facade_(facade), handlers_(std::move(handlers))
+{
+}
+
+void DictationPipeline::recordingStarted()
+{
+    facade_.prepare();
+}
+
+void DictationPipeline::recordingDiscarded()
+{
+    facade_.cancel();
+    facade_.dictationEnded();
+}
+
+std::unique_ptr<DictationJob> DictationPipeline::prepare(ProcessingMode mode)
+{
+    const auto handler = handlers_.contains(mode) ? handlers_.find(mode) : handlers_.find(ProcessingMode::Normal);
+    return std::make_unique<Job>(*this, *handler->second);
+}
+
+std::vector<ProcessingMode> DictationPipeline::modes() const
+{
+    std::vector<ProcessingMode> modes;
+    for (const auto& [mode, handler] : handlers_)
+        modes.push_back(mode);
+    return modes;
+}
+
+QCoro::Task<QString> DictationPipeline::transcribe(QString recordingID, std::vector<float> samples)
+{
+    TranscriptionFacade::Options options;
+    options.onProgress = [self = QPointer(this)](float fraction) {
+        if (self != nullptr) {
+            QMetaObject::invokeMethod(
+                self, [self, fraction] { Q_EMIT self->transcriptionProgress(fraction); }, Qt::QueuedConnection);
+        }
+    };
+    const auto begun = std::chrono::steady_clock::now();
+    const auto timed = qScopeGuard([this, begun] {
+        lastEngineTime_ = std::chrono::duration_cast<std::chrono::microseconds>(std::chrono::steady_clock::now() - begun);
+    });
+    co_return co_await facade_.transcribe(std::move(recordingID), std::move(samples), std::move(options));
+}
+
+} // namespace vantro

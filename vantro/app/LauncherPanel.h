@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QRect>
+
+namespace vantro {
+
+/// The recording panel as the application delegate sees it. Main thread.
+class LauncherPanel {
+public:
+    virtual ~LauncherPanel() = default;
+
+    [[nodiscard]] virtual bool isVisible() const = 0;
+    [[nodiscard]] virtual QRect frame() const = 0;
+    virtual void makeKeyAndOrderFront() = 0;
+    /// Closes for good, cancels a recording that still runs, and posts "launcher:closed". Does nothing the second time.
+    virtual void closePanel() = 0;
+};
+
+} // namespace vantro

@@ -1,0 +1,221 @@
+#include "vantro/app/Program.h"
+
+#include "platform/KeyCode.h"
+#include "platform/Wording.h"
+#include "platform/linux/LinuxPlatform.h"
+#include "vantro/ai/NormalModeHandler.h"
+#include "vantro/app/AppDelegate.h"
+#include "vantro/app/ControlService.h"
+#include "vantro/app/DictationPipeline.h"
+#include "vantro/audio/AudioDeviceManager.h"
+#include "vantro/cli/ExitCode.h"
+#include "vantro/store/HistoryFile.h"
+#include "vantro/ui/alert/AlertWindow.h"
+#include "vantro/ui/hud/PasteHUDWindow.h"
+#include "vantro/ui/launcher/Launcher.h"
+#include "vantro/ui/style/UiEngine.h"
+#include "vantro/whisper/WhisperTranscriptionProvider.h"
+
+#include <QDBusConnection>
+#include <QDBusConnectionInterface>
+#include <QDBusMessage>
+#include <QGuiApplication>
+#include <QTimer>
+
+#include <csignal>
+#include <ranges>
+
+namespace vantro {
+
+namespace {
+
+/// Everything the desktop program consists of, in the order in which it is built; torn down in reverse.
+class Program {
+public:
+    explicit Program(const ProgramOptions& options);
+
+    /// False when another instance runs already; it then knows @p arguments.
+    [[nodiscard]] bool becomeTheRunningInstance(const QStringList& arguments);
+    void launch();
+
+private:
+    void settleShortcut(const QString& wanted);
+    void useShortcut(const QString& text);
+    void handOver(const QStringList& arguments);
+    [[nodiscard]] Surfaces surfaces();
+    [[nodiscard]] std::unique_ptr<LauncherPanel> makeLauncher(ProcessingMode defaultMode);
+    void showAlert(const QString& title, const QString& text);
+    [[nodiscard]] QString microphoneName() const;
+    [[nodiscard]] QString shortcutName() const;
+    [[nodiscard]] QJsonObject statusDetails();
+    [[nodiscard]] static DictationPipeline::Handlers handlers(TranscriptionStoring& store);
+
+    ProgramOptions options_;
+    SystemClock clock_;
+    UserDefaults defaults_{UserDefaults::standardPath()};
+    NotificationCenter notifications_;
+    Platform platform_;
+    UiEngine ui_{defaults_};
+    PasteHUDWindow hud_{ui_.engine(), clock_};
+
+    ModelCatalogue catalogue_;
+    ModelStore modelStore_ = ModelStore::standard();
+    ModelSelection models_{catalogue_, defaults_, [this](const auto& model) { return modelStore_.isReady(model); }};
+    WhisperInProcessEngine whisperEngine_;
+    WhisperTranscriptionProvider whisper_{whisperEngine_, modelStore_, defaults_};
+    TranscriptionFacade facade_{models_, whisper_};
+
+    HistoryFile store_{HistoryFile::standardPath(), clock_};
+    DictationPipeline pipeline_{facade_, handlers(store_)};
+    AudioDeviceManager devices_{*platform_.audioHardware, defaults_};
+    AudioRecorder recorder_{platform_.makeAudioEngine, devices_, *platform_.permissions, notifications_, clock_, pipeline_};
+    KeyboardShortcuts shortcuts_{*platform_.hotKeys, defaults_, notifications_};
+    PasteDelivery delivery_;
+    AppDelegate delegate_;
+    ControlService control_;
+};
+
+Program::Program(const ProgramOptions& options)
+    : options_(options), platform_(makeLinuxPlatform()),
+      delivery_(*platform_.pasteboard, *platform_.keyEvents, *platform_.workspace, defaults_, clock_),
+      delegate_({defaults_, notifications_, clock_, *platform_.permissions, recorder_, shortcuts_, delivery_, models_,
+                 [this](const auto& model) { return modelStore_.isReady(model); }, surfaces()}),
+      control_(delegate_, recorder_, [this] { return statusDetails(); },
+               [this](const QStringList& arguments) { handOver(arguments); })
+{
+}
+
+DictationPipeline::Handlers Program::handlers(TranscriptionStoring& store)
+{
+    DictationPipeline::Handlers handlers;
+    handlers[ProcessingMode::Normal] = std::make_unique<NormalModeHandler>(store);
+    return handlers;
+}
+
+bool Program::becomeTheRunningInstance(const QStringList& arguments)
+{
+    if (control_.publish())
+        return true;
+    const QDBusConnection bus = QDBusConnection::sessionBus();
+    if (!bus.isConnected()) {
+        Logger("Program").error(QStringLiteral("There is no session bus: vantro's commands cannot reach this program"));
+        return true;
+    }
+    QDBusMessage call = QDBusMessage::createMethodCall(ControlService::busName(), ControlService::objectPath(),
+                                                       ControlService::interfaceName(), QStringLiteral("HandOver"));
+    call << arguments;
+    const QDBusMessage reply = bus.call(call);
+    if (reply.type() == QDBusMessage::ErrorMessage)
+        Logger("Program").error(QStringLiteral("The running vantro did not answer: ") + reply.errorMessage());
+    return false;
+}
+
+void Program::launch()
+{
+    settleShortcut(options_.shortcut);
+    delegate_.applicationDidFinishLaunching();
+}
+
+void Program::settleShortcut(const QString& wanted)
+{
+    const auto name = KeyboardShortcuts::Name::openModal();
+    if (!wanted.isEmpty()) {
+        useShortcut(wanted);
+    } else if (!shortcuts_.shortcut(name)) {
+        if (const auto proposed = shortcuts_.proposeShortcut()) {
+            shortcuts_.setShortcut(name, *proposed);
+            printLine(QStringLiteral("Press %1 to dictate").arg(shortcutName()));
+        }
+    }
+}
+
+void Program::useShortcut(const QString& text)
+{
+    const auto parsed = parseShortcut(text);
+    if (!parsed)
+        return;
+    const auto name = KeyboardShortcuts::Name::openModal();
+    shortcuts_.setShortcut(name, KeyboardShortcuts::Shortcut{parsed->keyCode, parsed->modifiers});
+}
+
+void Program::handOver(const QStringList& arguments)
+{
+    if (!arguments.isEmpty())
+        useShortcut(arguments.first());
+    showAlert(QGuiApplication::tr("vantro is running"),
+              QGuiApplication::tr("Press %1 to dictate into the window you are working in.").arg(shortcutName()));
+}
+
+Surfaces Program::surfaces()
+{
+    return {[this](ProcessingMode mode) { return makeLauncher(mode); },
+            [this](std::optional<QRect> anchor) { hud_.showHUD(anchor); },
+            [this](const QString& title, const QString& text) { showAlert(title, text); }};
+}
+
+std::unique_ptr<LauncherPanel> Program::makeLauncher(ProcessingMode defaultMode)
+{
+    std::vector<LauncherModel::Mode> modes;
+    for (const ProcessingMode mode : pipeline_.modes())
+        modes.push_back({mode, rawValue(mode)});
+    auto launcher = std::make_unique<Launcher>(Launcher::Context{ui_.engine(), recorder_, shortcuts_,
+                                                                 *platform_.workspace, notifications_, clock_, modes,
+                                                                 defaultMode, microphoneName()});
+    QObject::connect(&pipeline_, &DictationPipeline::transcriptionProgress, &launcher->model(),
+                     &LauncherModel::setProgress);
+    return launcher;
+}
+
+void Program::showAlert(const QString& title, const QString& text)
+{
+    // Deletes itself when it is closed.
+    (new AlertWindow(ui_.engine(), title, text))->present();
+}
+
+QString Program::microphoneName() const
+{
+    const auto id = devices_.effectiveDeviceID() ? devices_.effectiveDeviceID() : platform_.audioHardware->defaultInputDevice();
+    const auto& devices = devices_.availableDevices();
+    const auto device = std::ranges::find_if(devices, [&](const auto& d) { return id == std::optional(d.id); });
+    return device != devices.end() ? device->name : QGuiApplication::tr("the microphone");
+}
+
+QString Program::shortcutName() const
+{
+    const auto shortcut = shortcuts_.shortcut(KeyboardShortcuts::Name::openModal());
+    return shortcut ? shortcutText(shortcut->carbonKeyCode, shortcut->carbonModifiers) : QString();
+}
+
+QJsonObject Program::statusDetails()
+{
+    DictationTimings timings = delegate_.timings();
+    timings.engine = pipeline_.lastEngineTime();
+    return {{QStringLiteral("model"), models_.selectedModel().name},
+            {QStringLiteral("shortcut"), shortcutName()},
+            {QStringLiteral("version"), QStringLiteral(VANTRO_VERSION)},
+            {QStringLiteral("last"), timings.toJson()}};
+}
+
+/// Ends the event loop when the session or a user ends the process, so that destructors release what is held.
+void quitOnSignals()
+{
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP})
+        std::signal(signal, [](int) { QCoreApplication::quit(); });
+}
+
+} // namespace
+
+int runProgram(const ProgramOptions& options)
+{
+    Program program(options);
+    const QStringList arguments = options.shortcut.isEmpty() ? QStringList() : QStringList{options.shortcut};
+    if (!program.becomeTheRunningInstance(arguments)) {
+        printLine(QStringLiteral("vantro is running already"));
+        return ExitCode::done;
+    }
+    quitOnSignals();
+    program.launch();
+    return QGuiApplication::exec();
+}
+
+} // namespace vantro

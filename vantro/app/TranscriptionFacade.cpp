@@ -1,0 +1,56 @@
+#include "vantro/app/TranscriptionFacade.h"
+
+#include <utility>
+
+namespace vantro {
+
+TranscriptionEngineError TranscriptionEngineError::misconfiguredFluidModel(const QString& modelName)
+{
+    return TranscriptionEngineError(QStringLiteral("Model \"%1\" is missing its Fluid configuration.").arg(modelName));
+}
+
+TranscriptionFacade::TranscriptionFacade(ModelSelection& selection, TranscriptionProviding& whisper)
+    : selection_(selection), whisper_(whisper)
+{
+}
+
+TranscriptionProviding& TranscriptionFacade::provider(const TranscriptionModel& model)
+{
+    switch (model.engine) {
+    case TranscriptionEngine::whisper:
+        return whisper_;
+    case TranscriptionEngine::fluid:
+        throw TranscriptionEngineError::misconfiguredFluidModel(model.name);
+    }
+    Q_UNREACHABLE();
+}
+
+void TranscriptionFacade::prepare()
+{
+    const TranscriptionModel& model = selection_.selectedModel();
+    if (model.engine == TranscriptionEngine::whisper)
+        whisper_.prepare(model);
+}
+
+QCoro::Task<QString> TranscriptionFacade::transcribe(QString recordingID, std::vector<float> samples, Options options)
+{
+    const TranscriptionModel model = options.model != nullptr ? *options.model : selection_.selectedModel();
+    const bool isWhisper = model.engine == TranscriptionEngine::whisper;
+    logger_.info(QStringLiteral("Transcribing with %1 (%2)")
+                     .arg(isWhisper ? QStringLiteral("whisper.cpp") : QStringLiteral("Fluid"), model.name));
+    TranscriptionRequest request{std::move(recordingID), std::move(samples), model, std::move(options.language),
+                                 std::move(options.onProgress)};
+    co_return co_await provider(model).transcribe(std::move(request));
+}
+
+void TranscriptionFacade::cancel()
+{
+    whisper_.cancel();
+}
+
+void TranscriptionFacade::dictationEnded()
+{
+    whisper_.dictationEnded();
+}
+
+} // namespace vantro

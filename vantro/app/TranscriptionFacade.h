@@ -1,0 +1,45 @@
+#pragma once
+
+#include "base/Logger.h"
+#include "vantro/models/ModelSelection.h"
+#include "vantro/models/TranscriptionProviding.h"
+
+namespace vantro {
+
+/// The one operation that turns a finished recording into text, whichever engine the selected model belongs to.
+/// Main thread.
+class TranscriptionFacade {
+public:
+    struct Options {
+        const TranscriptionModel* model = nullptr; ///< the user's selection when null
+        std::optional<QString> language;           ///< the user's setting when absent
+        std::function<void(float)> onProgress;     ///< 0..1, on the engine's thread
+    };
+
+    TranscriptionFacade(ModelSelection& selection, TranscriptionProviding& whisper);
+
+    /// A recording has begun: the selected model can be made ready meanwhile.
+    void prepare();
+    /// @p samples: 16 kHz mono. Errors of the engine pass through unchanged.
+    QCoro::Task<QString> transcribe(QString recordingID, std::vector<float> samples, Options options);
+    void cancel();
+    void dictationEnded();
+
+private:
+    [[nodiscard]] TranscriptionProviding& provider(const TranscriptionModel& model);
+
+    Logger logger_{"TranscriptionEngine"};
+    ModelSelection& selection_;
+    TranscriptionProviding& whisper_;
+};
+
+/// The selected model cannot be run by the engine it claims.
+class TranscriptionEngineError : public Error {
+public:
+    static TranscriptionEngineError misconfiguredFluidModel(const QString& modelName);
+
+private:
+    using Error::Error;
+};
+
+} // namespace vantro

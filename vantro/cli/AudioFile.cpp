@@ -1,0 +1,154 @@
+#include "vantro/cli/AudioFile.h"
+
+#include <QByteArray>
+#include <QFile>
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <cstring>
+#include <memory>
+#include <numeric>
+#include <sndfile.h>
+#include <soxr.h>
+
+namespace vantro {
+
+namespace {
+
+constexpr double targetRateHz = 16'000;
+constexpr std::size_t blockFrames = 16'384;
+
+struct CloseSoundFile {
+    void operator()(SNDFILE* file) const { sf_close(file); }
+};
+using SoundFile = std::unique_ptr<SNDFILE, CloseSoundFile>;
+
+struct DeleteResampler {
+    void operator()(soxr* resampler) const { soxr_delete(resampler); }
+};
+
+/// Standard input cannot seek, which the containers need: it is read into memory first.
+struct MemoryFile {
+    QByteArray bytes;
+    sf_count_t position = 0;
+
+    static MemoryFile& of(void* user) { return *static_cast<MemoryFile*>(user); }
+
+    static constexpr SF_VIRTUAL_IO functions{
+        [](void* user) -> sf_count_t { return of(user).bytes.size(); },
+        [](sf_count_t offset, int whence, void* user) -> sf_count_t {
+            MemoryFile& file = of(user);
+            const sf_count_t base = whence == SEEK_SET ? 0 : whence == SEEK_CUR ? file.position : file.bytes.size();
+            file.position = std::clamp<sf_count_t>(base + offset, 0, file.bytes.size());
+            return file.position;
+        },
+        [](void* target, sf_count_t count, void* user) -> sf_count_t {
+            MemoryFile& file = of(user);
+            const sf_count_t taken = std::min(count, file.bytes.size() - file.position);
+            std::memcpy(target, file.bytes.constData() + file.position, static_cast<std::size_t>(taken));
+            file.position += taken;
+            return taken;
+        },
+        nullptr,
+        [](void* user) -> sf_count_t { return of(user).position; },
+    };
+};
+
+/// Resamples a stream of mono blocks and gathers the result.
+class MonoResampler {
+public:
+    explicit MonoResampler(double inputRateHz)
+    {
+        const soxr_quality_spec_t quality = soxr_quality_spec(SOXR_HQ, 0);
+        soxr_error_t error = nullptr;
+        resampler_.reset(soxr_create(inputRateHz, targetRateHz, 1, &error, nullptr, &quality, nullptr));
+        if (error != nullptr)
+            throw AudioFileError(QStringLiteral("its sample rate of %1 Hz cannot be converted").arg(inputRateHz));
+        output_.resize(static_cast<std::size_t>(blockFrames * targetRateHz / inputRateHz) + blockFrames);
+    }
+
+    void add(const float* block, std::size_t frames, std::vector<float>& result) { process(block, frames, result); }
+
+    /// What the filter still holds.
+    void finish(std::vector<float>& result)
+    {
+        while (process(nullptr, 0, result) > 0) {
+        }
+    }
+
+private:
+    std::size_t process(const float* block, std::size_t frames, std::vector<float>& result)
+    {
+        std::size_t consumed = 0;
+        std::size_t produced = 0;
+        const float* input = block;
+        do {
+            soxr_process(resampler_.get(), input, frames, &consumed, output_.data(), output_.size(), &produced);
+            result.insert(result.end(), output_.begin(), output_.begin() + static_cast<std::ptrdiff_t>(produced));
+            if (input != nullptr)
+                input += consumed;
+            frames -= consumed;
+        } while (frames > 0 && consumed > 0);
+        return produced;
+    }
+
+    std::unique_ptr<soxr, DeleteResampler> resampler_;
+    std::vector<float> output_;
+};
+
+std::vector<float> readMono16k(SNDFILE* file, const SF_INFO& info)
+{
+    std::vector<float> samples;
+    const auto channels = static_cast<std::size_t>(info.channels);
+    std::vector<float> block(blockFrames * channels);
+    std::vector<float> mono(blockFrames);
+    MonoResampler resampler(info.samplerate);
+    sf_count_t frames = 0;
+    while ((frames = sf_readf_float(file, block.data(), blockFrames)) > 0) {
+        for (std::size_t i = 0; i < static_cast<std::size_t>(frames); ++i) {
+            const auto* frame = block.data() + i * channels;
+            mono[i] = std::accumulate(frame, frame + channels, 0.0F) / static_cast<float>(channels);
+        }
+        resampler.add(mono.data(), static_cast<std::size_t>(frames), samples);
+    }
+    if (sf_error(file) != SF_ERR_NO_ERROR)
+        throw AudioFileError(QString::fromUtf8(sf_strerror(file)));
+    resampler.finish(samples);
+    return samples;
+}
+
+QByteArray readStandardInput()
+{
+    QFile input;
+    if (!input.open(stdin, QIODevice::ReadOnly))
+        throw AudioFileError(input.errorString());
+    return input.readAll();
+}
+
+} // namespace
+
+AudioFile AudioFile::read(const QString& path)
+{
+    try {
+        SF_INFO info{};
+        MemoryFile memory;
+        SoundFile file;
+        if (path == QLatin1String("-")) {
+            memory.bytes = readStandardInput();
+            SF_VIRTUAL_IO functions = MemoryFile::functions;
+            file.reset(sf_open_virtual(&functions, SFM_READ, &info, &memory));
+        } else {
+            file.reset(sf_open(QFile::encodeName(path).constData(), SFM_READ, &info));
+        }
+        if (file == nullptr)
+            throw AudioFileError(QString::fromUtf8(sf_strerror(nullptr)));
+        return {readMono16k(file.get(), info)};
+    } catch (const AudioFileError& error) {
+        throw AudioFileError(QStringLiteral("%1 cannot be read as audio: %2")
+                                 .arg(path == QLatin1String("-") ? QStringLiteral("standard input") : path,
+                                      error.localizedDescription().trimmed()));
+    }
+}
+
+} // namespace vantro

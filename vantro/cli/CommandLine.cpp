@@ -1,0 +1,104 @@
+#include "vantro/cli/CommandLine.h"
+
+#include "platform/KeyCode.h"
+#include "vantro/cli/ControlCommands.h"
+#include "vantro/cli/ExitCode.h"
+#include "vantro/cli/Terminal.h"
+#include "vantro/cli/TranscribeCommand.h"
+
+namespace vantro {
+
+namespace {
+
+const char helpText[] =
+    R"(Usage: vantro [--shortcut KEYS] [--verbose]
+       vantro COMMAND [OPTION...]
+
+Without a command vantro starts and waits for its shortcut: press it, speak, press
+Space, and the text stands in the window you were working in. Escape cancels.
+
+Options:
+  --shortcut KEYS  Use this shortcut from now on, for example Ctrl+Alt+D.
+  --verbose        Log what happens, in detail, to standard error.
+  --help           Show this text; after a command, the command's own.
+  --version        Show the version.
+
+Commands:
+  transcribe FILE...  Write the text of recordings to standard output.
+  toggle              Start a dictation, or end and transcribe the running one.
+  start, stop         Open the launcher and record; end the recording.
+  cancel              Discard the dictation.
+  status              Tell what the running program is doing.
+
+Exit status: 0 done, 1 failed, 2 wrong usage, 3 not found, 4 no service (sound,
+model, network, keys).)";
+
+bool isControlCommand(const QString& command)
+{
+    static const QStringList commands{QStringLiteral("toggle"), QStringLiteral("start"), QStringLiteral("stop"),
+                                      QStringLiteral("cancel"), QStringLiteral("status")};
+    return commands.contains(command);
+}
+
+} // namespace
+
+CommandLine::CommandLine(int argc, char** argv)
+{
+    for (int i = 1; i < argc; ++i)
+        arguments_ << QString::fromLocal8Bit(argv[i]);
+    isVerbose_ = arguments_.removeAll(QStringLiteral("--verbose")) > 0;
+    if (!arguments_.isEmpty() && !arguments_.first().startsWith(QLatin1Char('-')))
+        command_ = arguments_.takeFirst();
+    else
+        takeProgramOptions();
+}
+
+void CommandLine::takeProgramOptions()
+{
+    while (!arguments_.isEmpty()) {
+        QString option = arguments_.takeFirst();
+        QString value;
+        if (const auto equals = option.indexOf(QLatin1Char('=')); equals > 0) {
+            value = option.mid(equals + 1);
+            option.truncate(equals);
+        }
+        if (option == QLatin1String("--shortcut")) {
+            if (value.isEmpty() && !arguments_.isEmpty())
+                value = arguments_.takeFirst();
+            options_.shortcut = value;
+            if (!parseShortcut(value)) {
+                command_ = option;
+                usageError_ = QStringLiteral("\"%1\" is no shortcut: name modifiers and a key, for example Ctrl+Alt+D").arg(value);
+                return;
+            }
+        } else {
+            command_ = option;
+            return;
+        }
+    }
+}
+
+int CommandLine::run() const
+{
+    if (!usageError_.isEmpty()) {
+        terminal::writeError(usageError_);
+        return ExitCode::usage;
+    }
+    if (command_ == QLatin1String("--help") || command_ == QLatin1String("-h") || command_ == QLatin1String("help")) {
+        terminal::writeLine(QLatin1String(helpText));
+        return ExitCode::done;
+    }
+    if (command_ == QLatin1String("--version")) {
+        terminal::writeLine(QStringLiteral("vantro " VANTRO_VERSION));
+        return ExitCode::done;
+    }
+    if (command_ == QLatin1String("transcribe"))
+        return runTranscribe(arguments_);
+    if (isControlCommand(command_))
+        return runControl(command_, arguments_);
+    terminal::writeError(QStringLiteral("unknown %1 \"%2\" (see vantro --help)")
+                             .arg(command_.startsWith(QLatin1Char('-')) ? QStringLiteral("option") : QStringLiteral("command"), command_));
+    return ExitCode::usage;
+}
+
+} // namespace vantro

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QStringList>
+
+namespace vantro {
+
+/// What the desktop program was started with.
+struct ProgramOptions {
+    QString shortcut; ///< the shortcut to set, as "Ctrl+Alt+D"; empty keeps the stored one
+};
+
+/// The arguments of the process, taken apart before any application object exists: which kind is needed depends on them.
+class CommandLine {
+public:
+    CommandLine(int argc, char** argv);
+
+    /// True for the desktop program itself, false for a command (also --help, and wrong usage).
+    [[nodiscard]] bool startsProgram() const { return command_.isEmpty(); }
+    [[nodiscard]] bool isVerbose() const { return isVerbose_; }
+    [[nodiscard]] const ProgramOptions& programOptions() const { return options_; }
+    /// Carries out the command and answers the exit code. Needs an application object.
+    [[nodiscard]] int run() const;
+
+private:
+    void takeProgramOptions();
+
+    QStringList arguments_;
+    QString command_;
+    QString usageError_;
+    ProgramOptions options_;
+    bool isVerbose_ = false;
+};
+
+} // namespace vantro

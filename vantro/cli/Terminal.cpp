@@ -1,0 +1,38 @@
+#include "vantro/cli/Terminal.h"
+
+#include <cstdio>
+#include <unistd.h>
+
+namespace vantro {
+
+bool terminal::outputIsTerminal()
+{
+    return isatty(STDOUT_FILENO) != 0;
+}
+
+bool terminal::errorIsTerminal()
+{
+    return isatty(STDERR_FILENO) != 0;
+}
+
+void terminal::writeLine(const QString& line)
+{
+    std::fprintf(stdout, "%s\n", qUtf8Printable(line));
+    std::fflush(stdout);
+}
+
+void terminal::writeError(const QString& text)
+{
+    showProgress({});
+    std::fprintf(stderr, "vantro: %s\n", qUtf8Printable(text));
+}
+
+void terminal::showProgress(const QString& text)
+{
+    if (!errorIsTerminal())
+        return;
+    std::fprintf(stderr, "\r\033[K%s", qUtf8Printable(text));
+    std::fflush(stderr);
+}
+
+} // namespace vantro

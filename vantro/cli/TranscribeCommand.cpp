@@ -1,0 +1,190 @@
+#include "vantro/cli/TranscribeCommand.h"
+
+#include "vantro/app/TranscriptionFacade.h"
+#include "vantro/cli/AudioFile.h"
+#include "vantro/cli/ExitCode.h"
+#include "vantro/cli/Terminal.h"
+#include "vantro/whisper/WhisperTranscriptionProvider.h"
+
+#include <QCommandLineParser>
+#include <QElapsedTimer>
+#include <QFileInfo>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QUrl>
+
+#include <qcoro/qcorotask.h>
+
+#include <algorithm>
+
+namespace vantro {
+
+namespace {
+
+constexpr double samplesPerSecond = 16'000;
+constexpr std::size_t minimumSamples = 4'800;
+
+struct Options {
+    QStringList files;
+    QString model;
+    std::optional<QString> language;
+    bool json = false;
+};
+
+struct Transcript {
+    QString file;
+    QString text;
+    double seconds = 0;
+    qint64 readMs = 0;
+    qint64 transcribeMs = 0;
+};
+
+/// Everything a transcription without windows needs.
+class Session {
+public:
+    Session() : selection_(catalogue_, defaults_, [this](const auto& model) { return store_.isReady(model); }) {}
+
+    /// The model the user named, by its catalogue name or as a file; the selected one for an empty text. Throws Error
+    /// when it is not there.
+    [[nodiscard]] TranscriptionModel model(const QString& nameOrPath);
+    [[nodiscard]] Transcript transcribe(const QString& file, const TranscriptionModel& model, const Options& options);
+
+private:
+    UserDefaults defaults_{UserDefaults::standardPath()};
+    ModelCatalogue catalogue_;
+    ModelStore store_ = ModelStore::standard();
+    ModelSelection selection_;
+    WhisperInProcessEngine engine_;
+    WhisperTranscriptionProvider provider_{engine_, store_, defaults_};
+    TranscriptionFacade facade_{selection_, provider_};
+};
+
+TranscriptionModel Session::model(const QString& nameOrPath)
+{
+    if (nameOrPath.contains(QLatin1Char('/')) || nameOrPath.endsWith(QLatin1String(".bin"))) {
+        const QFileInfo file(nameOrPath);
+        if (!file.isFile())
+            throw Error(QStringLiteral("There is no model file %1").arg(nameOrPath));
+        TranscriptionModel model;
+        model.name = file.fileName();
+        model.url = QUrl::fromLocalFile(file.absoluteFilePath()).toString();
+        return model;
+    }
+    const auto* entry = nameOrPath.isEmpty() ? &selection_.selectedModel() : catalogue_.find(nameOrPath);
+    if (entry == nullptr) {
+        QStringList names;
+        for (const TranscriptionModel& known : catalogue_.models())
+            names << QStringLiteral("\"%1\"").arg(known.name);
+        throw Error(QStringLiteral("There is no model \"%1\". The catalogue has %2; a file's path works too")
+                        .arg(nameOrPath, names.join(QStringLiteral(", "))));
+    }
+    if (entry->engine == TranscriptionEngine::whisper && !store_.isReady(*entry)) {
+        throw Error(QStringLiteral("The model \"%1\" is not downloaded: put %2 into %3")
+                        .arg(entry->name, entry->fileName(), store_.userFolder()));
+    }
+    return *entry;
+}
+
+Transcript Session::transcribe(const QString& file, const TranscriptionModel& model, const Options& options)
+{
+    Transcript result{.file = file, .text = {}};
+    QElapsedTimer timer;
+    timer.start();
+    AudioFile audio = AudioFile::read(file);
+    result.readMs = timer.restart();
+    result.seconds = static_cast<double>(audio.samples.size()) / samplesPerSecond;
+    if (audio.samples.size() < minimumSamples)
+        return result;
+    const auto showProgress = [&file](float fraction) {
+        terminal::showProgress(QStringLiteral("%1: %2 %").arg(file).arg(static_cast<int>(fraction * 100)));
+    };
+    result.text = QCoro::waitFor(
+        facade_.transcribe(file, std::move(audio.samples), {&model, options.language, showProgress}));
+    terminal::showProgress({});
+    result.transcribeMs = timer.elapsed();
+    return result;
+}
+
+void print(const Transcript& transcript, const TranscriptionModel& model, bool json)
+{
+    if (!json) {
+        terminal::writeLine(transcript.text);
+        return;
+    }
+    const QJsonObject object{
+        {QStringLiteral("file"), transcript.file},
+        {QStringLiteral("model"), model.name},
+        {QStringLiteral("text"), transcript.text},
+        {QStringLiteral("duration_s"), transcript.seconds},
+        {QStringLiteral("timings"), QJsonObject{{QStringLiteral("read_ms"), transcript.readMs},
+                                                {QStringLiteral("transcribe_ms"), transcript.transcribeMs}}},
+    };
+    terminal::writeLine(QString::fromUtf8(QJsonDocument(object).toJson(QJsonDocument::Compact)));
+}
+
+int transcribeAll(const Options& options)
+{
+    Session session;
+    TranscriptionModel model;
+    try {
+        model = session.model(options.model);
+    } catch (const Error& error) {
+        terminal::writeError(QStringLiteral("no model: ") + error.localizedDescription());
+        return ExitCode::noService;
+    }
+    int exitCode = ExitCode::done;
+    for (const QString& file : options.files) {
+        int outcome = ExitCode::done;
+        try {
+            print(session.transcribe(file, model, options), model, options.json);
+        } catch (const AudioFileError& error) {
+            terminal::writeError(error.localizedDescription());
+            outcome = ExitCode::notFound;
+        } catch (const WhisperInProcessError& error) {
+            terminal::writeError(QStringLiteral("%1: %2").arg(file, error.localizedDescription()));
+            outcome = error.kind() == WhisperInProcessError::Kind::modelLoadFailed ? ExitCode::noService : ExitCode::failed;
+        } catch (const std::exception& error) {
+            terminal::writeError(QStringLiteral("%1: %2").arg(file, localizedDescription(error)));
+            outcome = ExitCode::failed;
+        }
+        // The first failure decides; the other files are transcribed all the same.
+        if (exitCode == ExitCode::done)
+            exitCode = outcome;
+    }
+    return exitCode;
+}
+
+} // namespace
+
+int runTranscribe(const QStringList& arguments)
+{
+    QCommandLineParser parser;
+    parser.setApplicationDescription(
+        QStringLiteral("Writes the text of recordings (WAV, FLAC, OGG, MP3) to standard output.\n\n"
+                       "Exit status: 0 done, 1 recognition failed, 2 wrong usage, 3 a recording could not be read, "
+                       "4 the model is missing or cannot be loaded."));
+    parser.addHelpOption();
+    parser.addOption({QStringLiteral("model"), QStringLiteral("Catalogue name or path of a model file."), QStringLiteral("NAME")});
+    parser.addOption({QStringLiteral("language"), QStringLiteral("Language code, or \"auto\"."), QStringLiteral("CODE")});
+    parser.addOption({QStringLiteral("json"), QStringLiteral("One JSON object a line, with duration and timings.")});
+    parser.addPositionalArgument(QStringLiteral("FILE"), QStringLiteral("Recordings; - is standard input."), QStringLiteral("FILE..."));
+    if (!parser.parse(QStringList{QStringLiteral("vantro transcribe")} + arguments)) {
+        terminal::writeError(parser.errorText() + QStringLiteral(" (see vantro transcribe --help)"));
+        return ExitCode::usage;
+    }
+    if (parser.isSet(QStringLiteral("help"))) {
+        terminal::writeLine(parser.helpText().trimmed());
+        return ExitCode::done;
+    }
+    Options options{.files = parser.positionalArguments(), .model = parser.value(QStringLiteral("model"))};
+    if (parser.isSet(QStringLiteral("language")))
+        options.language = parser.value(QStringLiteral("language"));
+    options.json = parser.isSet(QStringLiteral("json"));
+    if (options.files.isEmpty()) {
+        terminal::writeError(QStringLiteral("no recording given (see vantro transcribe --help)"));
+        return ExitCode::usage;
+    }
+    return transcribeAll(options);
+}
+
+} // namespace vantro

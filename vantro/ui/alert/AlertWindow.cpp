@@ -1,0 +1,44 @@
+#include "vantro/ui/alert/AlertWindow.h"
+
+#include <QGuiApplication>
+#include <QQuickItem>
+#include <QScreen>
+
+namespace vantro {
+
+AlertWindow::AlertWindow(QQmlEngine& engine, const QString& title, const QString& text) : QQuickView(&engine, nullptr)
+{
+    setFlags(Qt::Dialog | Qt::WindowStaysOnTopHint | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
+             Qt::WindowCloseButtonHint);
+    setModality(Qt::ApplicationModal);
+    setTitle(title);
+    setInitialProperties({{QStringLiteral("title"), title}, {QStringLiteral("text"), text}});
+    setSource(QUrl(QStringLiteral("qrc:/qt/qml/Vantro/Alert/Alert.qml")));
+    connect(rootObject(), SIGNAL(accepted()), this, SLOT(accept()));
+    connect(this, &QWindow::visibleChanged, this, [this](bool visible) {
+        if (!visible)
+            deleteLater();
+    });
+}
+
+void AlertWindow::present()
+{
+    const QSize size(static_cast<int>(rootObject()->implicitWidth()), static_cast<int>(rootObject()->implicitHeight()));
+    setMinimumSize(size);
+    setMaximumSize(size);
+    if (const QScreen* screen = QGuiApplication::primaryScreen()) {
+        QRect rect(QPoint(), size);
+        rect.moveCenter(screen->availableGeometry().center());
+        setGeometry(rect);
+    }
+    show();
+    raise();
+    requestActivate();
+}
+
+void AlertWindow::accept()
+{
+    close();
+}
+
+} // namespace vantro

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QObject>
+#include <QSizeF>
+
+#include <QtQml/qqmlregistration.h>
+
+namespace vantro {
+
+/// How far the paste HUD has come: it grows from where the launcher was into its resting size.
+class PasteHUDModel : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("made with its window")
+    Q_PROPERTY(QSizeF startSize MEMBER startSize NOTIFY changed)
+    Q_PROPERTY(bool isSettled MEMBER isSettled NOTIFY changed)
+    Q_PROPERTY(QString shortcut MEMBER shortcut NOTIFY changed)
+public:
+    QSizeF startSize;
+    bool isSettled = false;
+    QString shortcut;
+
+Q_SIGNALS:
+    void changed();
+};
+
+} // namespace vantro

@@ -1,0 +1,66 @@
+#include "vantro/ui/hud/PasteHUDWindow.h"
+
+#include "platform/Wording.h"
+
+#include <QGuiApplication>
+#include <QScreen>
+#include <QTimer>
+
+using namespace std::chrono_literals;
+
+namespace vantro {
+
+namespace {
+
+constexpr QSize restingSize(260, 130);
+constexpr int outset = 40;
+constexpr auto animationTime = 320ms;
+constexpr auto visibleTime = 1500ms;
+constexpr QRect frameWithoutScreen(0, 0, 1440, 900);
+
+QRect centredOnMainScreen()
+{
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    QRect rect(QPoint(), restingSize);
+    rect.moveCenter((screen != nullptr ? screen->availableGeometry() : frameWithoutScreen).center());
+    return rect;
+}
+
+} // namespace
+
+PasteHUDWindow::PasteHUDWindow(QQmlEngine& engine, Clock& clock) : QQuickView(&engine, nullptr), clock_(clock)
+{
+    setFlags(Qt::ToolTip | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint | Qt::WindowTransparentForInput |
+             Qt::WindowDoesNotAcceptFocus);
+    setTitle(QStringLiteral("paste-hud"));
+    setColor(Qt::transparent);
+    setResizeMode(SizeRootObjectToView);
+    model_.shortcut = wording::pasteShortcut();
+    setInitialProperties({{QStringLiteral("model"), QVariant::fromValue(&model_)}});
+    setSource(QUrl(QStringLiteral("qrc:/qt/qml/Vantro/Hud/PasteHud.qml")));
+}
+
+void PasteHUDWindow::showHUD(std::optional<QRect> anchor)
+{
+    dismissWorkItem_ = std::make_unique<QObject>();
+    const QRect content = anchor.value_or(centredOnMainScreen());
+    setGeometry(content.adjusted(-outset, -outset, outset, outset));
+    model_.startSize = content.size();
+    model_.isSettled = false;
+    Q_EMIT model_.changed();
+    show();
+    QTimer::singleShot(0, dismissWorkItem_.get(), [this] {
+        model_.isSettled = true;
+        Q_EMIT model_.changed();
+    });
+    clock_.callAfter(animationTime + visibleTime, dismissWorkItem_.get(), [this] { dismiss(); });
+}
+
+void PasteHUDWindow::dismiss()
+{
+    model_.isSettled = false;
+    Q_EMIT model_.changed();
+    clock_.callAfter(animationTime, dismissWorkItem_.get(), [this] { hide(); });
+}
+
+} // namespace vantro

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "base/Clock.h"
+#include "vantro/ui/hud/PasteHUDModel.h"
+
+#include <QQuickView>
+
+#include <optional>
+
+namespace vantro {
+
+/// "Ctrl+V to paste", for a moment, where the launcher was. Never takes the keyboard or a click. Made once and shown again;
+/// the latest show decides when it goes. Main thread.
+class PasteHUDWindow final : public QQuickView {
+    Q_OBJECT
+public:
+    PasteHUDWindow(QQmlEngine& engine, Clock& clock);
+
+    /// @p anchor: the launcher's frame, in screen coordinates; the middle of the main screen when there is none.
+    void showHUD(std::optional<QRect> anchor);
+
+private:
+    void dismiss();
+
+    Clock& clock_;
+    PasteHUDModel model_;
+    std::unique_ptr<QObject> dismissWorkItem_; ///< its destruction cancels what is scheduled
+};
+
+} // namespace vantro

@@ -1,0 +1,128 @@
+#include "vantro/ui/launcher/Launcher.h"
+
+#include "vantro/audio/AudioRecorder.h"
+
+#include <QCloseEvent>
+#include <QCursor>
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QScreen>
+
+namespace vantro {
+
+namespace {
+
+constexpr QSize panelSize(500, 200);
+
+} // namespace
+
+Launcher::Launcher(const Context& context)
+    : QQuickView(&context.engine, nullptr), audioRecorder_(context.audioRecorder), shortcuts_(context.shortcuts),
+      workspace_(context.workspace), notifications_(context.notifications),
+      model_(context.audioRecorder, context.notifications, context.clock, context.modes, context.microphone)
+{
+    setFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
+    setTitle(QStringLiteral("vantro"));
+    setResizeMode(SizeRootObjectToView);
+    setInitialProperties({{QStringLiteral("model"), QVariant::fromValue(&model_)}});
+    setSource(QUrl(QStringLiteral("qrc:/qt/qml/Vantro/Launcher/Launcher.qml")));
+    placeOnScreen();
+
+    // The press acts when Space is released, so that the release does not end up in the window the text goes to.
+    inFocusActionObserver_ = shortcuts_.onKeyUp(KeyboardShortcuts::Name::stopRecordingAndCloseModal(),
+                                                [this] { audioRecorder_.stopRecording(); });
+    // The window system's focus events also come when a hot key merely fires; the front window does not lie.
+    connect(&workspace_, &Workspace::frontWindowChanged, this, &Launcher::followKeyboard);
+    logger_.debug(QStringLiteral("I appeared"));
+    audioRecorder_.setProcessingMode(context.defaultMode);
+}
+
+Launcher::~Launcher()
+{
+    closePanel();
+}
+
+void Launcher::placeOnScreen()
+{
+    const QScreen* screen = QGuiApplication::screenAt(QCursor::pos());
+    if (screen == nullptr)
+        screen = QGuiApplication::primaryScreen();
+    const QRect area = screen->availableGeometry();
+    const int top = area.top() + area.height() * 2 / 3;
+    const int lowest = area.bottom() - panelSize.height();
+    setGeometry(QRect(QPoint(area.center().x() - panelSize.width() / 2, std::min(top, lowest)), panelSize));
+}
+
+void Launcher::makeKeyAndOrderFront()
+{
+    show();
+    raise();
+    requestActivate();
+    workspace_.activateWindow(winId());
+    followKeyboard();
+}
+
+void Launcher::followKeyboard()
+{
+    if (isClosed_)
+        return;
+    const bool hasKeyboard = workspace_.frontWindow() == std::optional<WindowID>(winId());
+    if (hasKeyboard && !isKey_)
+        becomeKey();
+    else if (!hasKeyboard && isKey_)
+        closePanel();
+}
+
+void Launcher::becomeKey()
+{
+    logger_.debug(QStringLiteral("Showing main window"));
+    isKey_ = true;
+    shortcuts_.enable({KeyboardShortcuts::Name::stopRecordingAndCloseModal()});
+}
+
+void Launcher::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Escape)
+        cancelOperation();
+    else if (!handleDigit(event->text()))
+        QQuickView::keyPressEvent(event);
+}
+
+bool Launcher::handleDigit(const QString& characters)
+{
+    bool isNumber = false;
+    const int number = characters.toInt(&isNumber);
+    if (!isNumber || number < 1 || number > 5)
+        return false;
+    model_.chooseMode(number - 1);
+    return true;
+}
+
+void Launcher::cancelOperation()
+{
+    audioRecorder_.cancelDictation();
+    closePanel();
+}
+
+void Launcher::closeEvent(QCloseEvent* event)
+{
+    closePanel();
+    QQuickView::closeEvent(event);
+}
+
+void Launcher::closePanel()
+{
+    if (isClosed_)
+        return;
+    isClosed_ = true;
+    logger_.debug(QStringLiteral("closing window"));
+    shortcuts_.disable({KeyboardShortcuts::Name::stopRecordingAndCloseModal()});
+    audioRecorder_.cancelRecording();
+    inFocusActionObserver_.reset();
+    setSource(QUrl());
+    notifications_.post(QStringLiteral("launcher:closed"));
+    // The window manager gives the keyboard back to the window that had it before.
+    hide();
+}
+
+} // namespace vantro

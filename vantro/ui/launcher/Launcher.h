@@ -1,0 +1,66 @@
+#pragma once
+
+#include "KeyboardShortcuts/KeyboardShortcuts.h"
+#include "base/Logger.h"
+#include "platform/Workspace.h"
+#include "vantro/app/LauncherPanel.h"
+#include "vantro/ui/launcher/LauncherModel.h"
+
+#include <QQuickView>
+
+#include <memory>
+#include <optional>
+
+namespace vantro {
+
+/// The small panel of one dictation. It takes the keyboard: Space (a global hot key while the panel is key) ends the
+/// recording, the digits choose a mode, Escape cancels. It closes itself, and so cancels a recording that still runs, when
+/// another window gets the keyboard. Main thread.
+class Launcher final : public QQuickView, public LauncherPanel {
+    Q_OBJECT
+public:
+    struct Context {
+        QQmlEngine& engine;
+        AudioRecorder& audioRecorder;
+        KeyboardShortcuts& shortcuts;
+        Workspace& workspace;
+        NotificationCenter& notifications;
+        Clock& clock;
+        std::vector<LauncherModel::Mode> modes;
+        ProcessingMode defaultMode = ProcessingMode::Normal;
+        QString microphone;
+    };
+
+    explicit Launcher(const Context& context);
+    ~Launcher() override;
+
+    [[nodiscard]] LauncherModel& model() { return model_; }
+
+    [[nodiscard]] bool isVisible() const override { return QQuickView::isVisible(); }
+    [[nodiscard]] QRect frame() const override { return geometry(); }
+    void makeKeyAndOrderFront() override;
+    void closePanel() override;
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void placeOnScreen();
+    void followKeyboard();
+    void becomeKey();
+    void cancelOperation();
+    [[nodiscard]] bool handleDigit(const QString& characters);
+
+    Logger logger_{"Launcher"};
+    AudioRecorder& audioRecorder_;
+    KeyboardShortcuts& shortcuts_;
+    Workspace& workspace_;
+    NotificationCenter& notifications_;
+    LauncherModel model_;
+    std::optional<KeyboardShortcuts::Registration> inFocusActionObserver_;
+    bool isKey_ = false;
+    bool isClosed_ = false;
+};
+
+} // namespace vantro

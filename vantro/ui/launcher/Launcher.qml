@@ -1,0 +1,89 @@
+import QtQuick
+import Vantro.Style
+import Vantro.Launcher
+
+// The recording panel: am I heard, what will happen, how do I end.
+Rectangle {
+    id: launcher
+
+    required property LauncherModel model
+
+    color: Theme.surfaceRaised
+    border.width: Theme.hairline
+    border.color: Theme.outline
+
+    Accessible.role: Accessible.Dialog
+    Accessible.name: model.processing ? qsTr("vantro, transcribing") : qsTr("vantro, recording")
+    Accessible.description: hint.text
+
+    Item {
+        id: heard
+        anchors { left: parent.left; right: parent.right; top: parent.top; margins: Theme.space24 }
+        height: Theme.space32 * 2
+
+        WaveformItem {
+            anchors { left: parent.left; right: time.left; rightMargin: Theme.space16; top: parent.top; bottom: parent.bottom }
+            color: launcher.model.processing ? Theme.accent : Theme.recording
+            idleColor: Theme.textSecondary
+            levels: launcher.model.levels
+            processing: launcher.model.processing
+            progress: launcher.model.progress
+        }
+        Text {
+            id: time
+            anchors { right: parent.right; verticalCenter: parent.verticalCenter }
+            text: launcher.model.timeText
+            color: launcher.model.timeRunsOut ? Theme.warning : Theme.text
+            font.pixelSize: Theme.sizeBody
+            Accessible.role: Accessible.StaticText
+            Accessible.name: qsTr("Time %1").arg(text)
+        }
+    }
+    Text {
+        anchors { left: heard.left; right: heard.right; top: heard.bottom }
+        text: launcher.model.notice
+        visible: text !== ""
+        color: Theme.warning
+        font.pixelSize: Theme.sizeSecondary
+        elide: Text.ElideRight
+        Accessible.role: Accessible.AlertMessage
+        Accessible.name: text
+    }
+
+    Row {
+        id: pills
+        anchors { left: heard.left; bottom: hints.top; bottomMargin: Theme.space16 }
+        spacing: Theme.space8
+        opacity: launcher.model.processing ? 0.5 : 1
+        enabled: !launcher.model.processing
+
+        Repeater {
+            model: launcher.model.modes
+            ModePill {
+                required property int index
+                required property string modelData
+                number: index + 1
+                name: modelData
+                chosen: index === launcher.model.chosenMode
+                onPicked: launcher.model.chooseMode(index)
+            }
+        }
+    }
+
+    Item {
+        id: hints
+        anchors { left: heard.left; right: heard.right; bottom: parent.bottom; bottomMargin: Theme.space16 }
+        height: hint.implicitHeight
+
+        KeyHint {
+            id: hint
+            anchors.left: parent.left
+            text: launcher.model.processing ? launcher.model.processingText : qsTr("<Space> Start transcription")
+            textFormat: Text.PlainText
+        }
+        KeyHint {
+            anchors.right: parent.right
+            text: qsTr("Esc Cancel")
+        }
+    }
+}

@@ -1,0 +1,123 @@
+#include "vantro/ui/launcher/LauncherModel.h"
+
+#include "vantro/audio/AudioRecorder.h"
+#include "vantro/ui/launcher/WaveformItem.h"
+
+#include <algorithm>
+#include <utility>
+
+using namespace std::chrono_literals;
+
+namespace vantro {
+
+namespace {
+
+constexpr auto barDuration = 5000ms / WaveformItem::barCount;
+constexpr auto silenceBeforeNotice = 3s;
+constexpr auto recordingCap = 600s;
+constexpr auto countdownFrom = 540s;
+
+} // namespace
+
+LauncherModel::LauncherModel(AudioRecorder& recorder, NotificationCenter& notifications, Clock& clock,
+                             std::vector<Mode> modes, QString microphone)
+    : recorder_(recorder), clock_(clock), modes_(std::move(modes)), microphone_(std::move(microphone)),
+      openedAt_(clock.now()), lastHeardAt_(openedAt_), stoppedAt_(openedAt_)
+{
+    connect(&recorder, &AudioRecorder::currentAmplitudeChanged, this,
+            [this] { loudestSinceTick_ = std::max(loudestSinceTick_, recorder_.currentAmplitude()); });
+    connect(&recorder, &AudioRecorder::processingModeChanged, this, &LauncherModel::chosenModeChanged);
+    observations_.push_back(
+        notifications.observe(QStringLiteral("recorder:process:start"), [this](const auto&) { processingStarted(); }));
+    connect(&ticker_, &QTimer::timeout, this, &LauncherModel::tick);
+    ticker_.start(barDuration);
+}
+
+QString LauncherModel::processingText() const
+{
+    return tr("Transcribing...");
+}
+
+QList<qreal> LauncherModel::levels() const
+{
+    return {levels_.begin(), levels_.end()};
+}
+
+std::chrono::seconds LauncherModel::elapsed() const
+{
+    const auto until = processing_ ? stoppedAt_ : clock_.now();
+    return std::chrono::duration_cast<std::chrono::seconds>(until - openedAt_);
+}
+
+QString LauncherModel::timeText() const
+{
+    const auto seconds = timeRunsOut() ? std::max(recordingCap - elapsed(), 0s) : elapsed();
+    return QStringLiteral("%1:%2").arg(seconds / 60s).arg((seconds % 60s).count(), 2, 10, QLatin1Char('0'));
+}
+
+bool LauncherModel::timeRunsOut() const
+{
+    return elapsed() >= countdownFrom;
+}
+
+QStringList LauncherModel::modeNames() const
+{
+    QStringList names;
+    for (const Mode& mode : modes_)
+        names << mode.name;
+    return names;
+}
+
+int LauncherModel::chosenMode() const
+{
+    const auto chosen = std::ranges::find(modes_, recorder_.processingMode(), &Mode::mode);
+    return chosen != modes_.end() ? static_cast<int>(chosen - modes_.begin()) : -1;
+}
+
+void LauncherModel::chooseMode(int index)
+{
+    if (!processing_ && index >= 0 && index < static_cast<int>(modes_.size()))
+        recorder_.setProcessingMode(modes_[static_cast<std::size_t>(index)].mode);
+}
+
+void LauncherModel::setProgress(float fraction)
+{
+    if (static_cast<qreal>(fraction) <= progress_)
+        return;
+    progress_ = static_cast<qreal>(fraction);
+    Q_EMIT progressChanged();
+}
+
+void LauncherModel::processingStarted()
+{
+    stoppedAt_ = clock_.now();
+    processing_ = true;
+    ticker_.stop();
+    setNotice({});
+    Q_EMIT processingChanged();
+}
+
+void LauncherModel::tick()
+{
+    const float level = std::exchange(loudestSinceTick_, 0.0F);
+    const bool timeMoved = elapsed() != std::chrono::duration_cast<std::chrono::seconds>(clock_.now() - barDuration - openedAt_);
+    levels_.push_back(static_cast<qreal>(level));
+    if (levels_.size() > WaveformItem::barCount)
+        levels_.pop_front();
+    if (level > 0)
+        lastHeardAt_ = clock_.now();
+    setNotice(clock_.now() - lastHeardAt_ >= silenceBeforeNotice ? tr("No sound from %1").arg(microphone_) : QString());
+    Q_EMIT levelsChanged();
+    if (timeMoved)
+        Q_EMIT timeChanged();
+}
+
+void LauncherModel::setNotice(const QString& notice)
+{
+    if (notice_ == notice)
+        return;
+    notice_ = notice;
+    Q_EMIT noticeChanged();
+}
+
+} // namespace vantro

@@ -1,0 +1,88 @@
+#pragma once
+
+#include "base/Clock.h"
+#include "base/NotificationCenter.h"
+#include "vantro/ai/ProcessingMode.h"
+
+#include <QObject>
+#include <QStringList>
+#include <QTimer>
+
+#include <QtQml/qqmlregistration.h>
+
+#include <deque>
+#include <vector>
+
+namespace vantro {
+
+class AudioRecorder;
+
+/// What the recording panel shows: level, time, modes and how far the engine is. Main thread; lives as long as the panel.
+class LauncherModel : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("made with its panel")
+    Q_PROPERTY(bool processing READ isProcessing NOTIFY processingChanged)
+    Q_PROPERTY(qreal progress READ progress NOTIFY progressChanged)
+    Q_PROPERTY(QString processingText READ processingText NOTIFY processingChanged)
+    Q_PROPERTY(QList<qreal> levels READ levels NOTIFY levelsChanged)
+    Q_PROPERTY(QString timeText READ timeText NOTIFY timeChanged)
+    Q_PROPERTY(bool timeRunsOut READ timeRunsOut NOTIFY timeChanged)
+    Q_PROPERTY(QString notice READ notice NOTIFY noticeChanged)
+    Q_PROPERTY(QStringList modes READ modeNames CONSTANT)
+    Q_PROPERTY(int chosenMode READ chosenMode NOTIFY chosenModeChanged)
+public:
+    struct Mode {
+        ProcessingMode mode;
+        QString name;
+    };
+
+    /// @p modes: the visible ones in display order. @p microphone: its name, for the notice that it stays silent.
+    LauncherModel(AudioRecorder& recorder, NotificationCenter& notifications, Clock& clock, std::vector<Mode> modes,
+                  QString microphone);
+
+    [[nodiscard]] bool isProcessing() const { return processing_; }
+    [[nodiscard]] qreal progress() const { return progress_; }
+    [[nodiscard]] QString processingText() const;
+    [[nodiscard]] QList<qreal> levels() const;
+    [[nodiscard]] QString timeText() const;
+    [[nodiscard]] bool timeRunsOut() const;
+    [[nodiscard]] QString notice() const { return notice_; }
+    [[nodiscard]] QStringList modeNames() const;
+    [[nodiscard]] int chosenMode() const;
+
+    Q_INVOKABLE void chooseMode(int index);
+    /// The engine's own figure, 0..1. Never moves the bar back.
+    void setProgress(float fraction);
+
+Q_SIGNALS:
+    void processingChanged();
+    void progressChanged();
+    void levelsChanged();
+    void timeChanged();
+    void noticeChanged();
+    void chosenModeChanged();
+
+private:
+    void processingStarted();
+    void tick();
+    void setNotice(const QString& notice);
+    [[nodiscard]] std::chrono::seconds elapsed() const;
+
+    AudioRecorder& recorder_;
+    Clock& clock_;
+    std::vector<Mode> modes_;
+    QString microphone_;
+    Clock::Instant openedAt_;
+    Clock::Instant lastHeardAt_;
+    Clock::Instant stoppedAt_;
+    QTimer ticker_; ///< one waveform bar
+    float loudestSinceTick_ = 0;
+    std::deque<qreal> levels_;
+    bool processing_ = false;
+    qreal progress_ = 0;
+    QString notice_;
+    std::vector<NotificationCenter::Observation> observations_;
+};
+
+} // namespace vantro

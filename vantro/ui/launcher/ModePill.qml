@@ -1,0 +1,42 @@
+import QtQuick
+import Vantro.Style
+
+// One mode: its digit key and its name; the chosen one is filled.
+Rectangle {
+    id: pill
+
+    property int number
+    property string name
+    property bool chosen
+    signal picked
+
+    implicitWidth: label.implicitWidth + 2 * Theme.space12
+    implicitHeight: label.implicitHeight + 2 * Theme.space8
+    radius: height / 2
+    color: chosen ? Theme.accent : "transparent"
+    border.width: activeFocus ? Theme.focusRing : Theme.hairline
+    border.color: activeFocus ? Theme.text : chosen ? Theme.accent : Theme.outline
+    activeFocusOnTab: true
+
+    Behavior on color {
+        ColorAnimation { duration: Theme.stateMs }
+    }
+
+    Accessible.role: Accessible.RadioButton
+    Accessible.name: name
+    Accessible.checked: chosen
+    Accessible.onPressAction: picked()
+    Keys.onReturnPressed: picked()
+
+    Text {
+        id: label
+        anchors.centerIn: parent
+        text: pill.number + "  " + pill.name
+        color: pill.chosen ? Theme.onAccent : Theme.text
+        font.pixelSize: Theme.sizeBody
+        font.weight: pill.chosen ? Font.DemiBold : Font.Normal
+    }
+    TapHandler {
+        onTapped: pill.picked()
+    }
+}

@@ -1,0 +1,41 @@
+pragma Singleton
+import QtQuick
+
+// Every colour and size of the program. Nothing else in QML names one.
+QtObject {
+    property bool dark: false
+    property bool reducedMotion: false
+
+    readonly property color surface: dark ? "#1C1D20" : "#FBFBFC"
+    readonly property color surfaceRaised: dark ? "#26272B" : "#FFFFFF"
+    readonly property color outline: dark ? "#1FFFFFFF" : "#14000000"
+    readonly property color text: dark ? "#F2F3F5" : "#1B1C1F"
+    readonly property color textSecondary: dark ? "#A6A9B2" : "#5B5E66"
+    readonly property color accent: dark ? "#8FA6FF" : "#3B5BDB"
+    readonly property color onAccent: dark ? "#10142B" : "#FFFFFF"
+    readonly property color recording: dark ? "#FF7EA8" : "#D6336C"
+    readonly property color warning: dark ? "#FFB057" : "#B35C00"
+    readonly property color error: dark ? "#FF8787" : "#C92A2A"
+    readonly property color success: dark ? "#69DB7C" : "#2B8A3E"
+
+    readonly property int space4: 4
+    readonly property int space8: 8
+    readonly property int space12: 12
+    readonly property int space16: 16
+    readonly property int space24: 24
+    readonly property int space32: 32
+
+    readonly property int radiusSmall: 9
+    readonly property int radiusLarge: 14
+
+    readonly property int sizeDisplay: 32
+    readonly property int sizeTitle: 20
+    readonly property int sizeBody: 14
+    readonly property int sizeSecondary: 12
+
+    readonly property int hairline: 1
+    readonly property int focusRing: 2
+
+    readonly property int stateMs: reducedMotion ? 0 : 120
+    readonly property int hudMs: reducedMotion ? 0 : 320
+}

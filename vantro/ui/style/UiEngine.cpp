@@ -1,0 +1,34 @@
+#include "vantro/ui/style/UiEngine.h"
+
+#include <QGuiApplication>
+#include <QPalette>
+
+namespace vantro {
+
+namespace {
+
+bool desktopIsDark()
+{
+    const QPalette palette = QGuiApplication::palette();
+    return palette.color(QPalette::WindowText).lightness() > palette.color(QPalette::Window).lightness();
+}
+
+} // namespace
+
+UiEngine::UiEngine(const UserDefaults& defaults) : defaults_(defaults)
+{
+    applyTheme();
+    connect(qGuiApp, &QGuiApplication::paletteChanged, this, &UiEngine::applyTheme);
+}
+
+void UiEngine::applyTheme()
+{
+    const QString appearance = defaults_.string(QStringLiteral("appearance")).value_or(QString());
+    const bool dark =
+        appearance == QLatin1String("dark") || (appearance != QLatin1String("light") && desktopIsDark());
+    const int id = qmlTypeId("Vantro.Style", 1, 0, "Theme");
+    if (auto* theme = engine_.singletonInstance<QObject*>(id))
+        theme->setProperty("dark", dark);
+}
+
+} // namespace vantro

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "base/UserDefaults.h"
+
+#include <QObject>
+#include <QQmlEngine>
+
+namespace vantro {
+
+/// The one QML engine behind every window, and the look they share. The look follows the desktop's light or dark palette
+/// unless "appearance" is "light" or "dark". Main thread.
+class UiEngine : public QObject {
+    Q_OBJECT
+public:
+    explicit UiEngine(const UserDefaults& defaults);
+
+    [[nodiscard]] QQmlEngine& engine() { return engine_; }
+    /// Applies the look again, after the setting or the desktop's palette has changed.
+    void applyTheme();
+
+private:
+    const UserDefaults& defaults_;
+    QQmlEngine engine_;
+};
+
+} // namespace vantro
