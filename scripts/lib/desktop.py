@@ -19,8 +19,7 @@ import tempfile
 from pathlib import Path
 
 from audioserver import AudioServer
-from program import (DesktopError, Program, adopt_orphans, dismiss_guard, end_strays, poll_until,
-                     start_guard)
+from program import DesktopError, Program, adopt_orphans, dismiss_guard, end_strays, poll_until, start_guard
 from xdisplay import XDisplay
 
 _SESSION_VARIABLES = ("DBUS_", "DISPLAY", "GNOME_", "GTK_", "LANG", "LC_", "PULSE_", "QT_", "SSH_", "WAYLAND_", "XAUTH",
@@ -272,8 +271,12 @@ class VirtualDesktop:
                         "the Secret Service")
 
     def _default_keyring_is_open(self):
-        answer = self.call_bus("org.freedesktop.secrets", "/org/freedesktop/secrets/aliases/default",
-                               "org.freedesktop.DBus.Properties.Get", "org.freedesktop.Secret.Collection", "Locked")
+        try:
+            answer = self.call_bus("org.freedesktop.secrets", "/org/freedesktop/secrets/aliases/default",
+                                   "org.freedesktop.DBus.Properties.Get", "org.freedesktop.Secret.Collection",
+                                   "Locked")
+        except DesktopError:  # the service is there before its keyring is
+            return False
         return "false" in answer
 
     def _launch(self, group, command, env, stdin, pass_fds=()):

@@ -1,7 +1,6 @@
 """A small X client: looks at windows and presses keys through XTest, within a fraction of a millisecond."""
 
 import ctypes
-import ctypes.util
 from ctypes import POINTER, byref, c_char_p, c_int, c_long, c_uint, c_ulong, c_void_p
 from dataclasses import dataclass
 
@@ -34,8 +33,8 @@ _ignore_exit = _ExitHandler(lambda display, data: None)
 
 
 def _load():
-    x11 = ctypes.CDLL(ctypes.util.find_library("X11") or "libX11.so.6")
-    xtst = ctypes.CDLL(ctypes.util.find_library("Xtst") or "libXtst.so.6")
+    x11 = ctypes.CDLL("libX11.so.6")
+    xtst = ctypes.CDLL("libXtst.so.6")
     window, atom = c_ulong, c_ulong
     signatures = {
         "XOpenDisplay": (c_void_p, [c_char_p]),
