@@ -68,7 +68,8 @@ public:
 
     /// The selected device's own stream format; nothing when none is selected or it cannot be read.
     [[nodiscard]] virtual std::optional<AudioFormat> deviceFormat() const = 0;
-    /// The format the input node delivers when left alone; not usable when there is no microphone at all.
+    /// The format the input node delivers when left alone. Without any microphone a usual one, so that start() is
+    /// reached and can say why there is no sound; not usable when the format cannot be told.
     [[nodiscard]] virtual AudioFormat inputFormat() const = 0;
 
     virtual void installTap(std::size_t blockFrames, AudioFormat format, Tap tap) = 0;
@@ -84,7 +85,7 @@ public:
 
 Q_SIGNALS:
     /// The device was lost, moved, suspended or changed, the default input changed under an engine that follows it, or
-    /// the echo of selectInputDevice(). Emitted on the main thread.
+    /// the echo of selectInputDevice(). Emitted on the main thread; a slot may destroy the engine.
     void configurationChanged();
 };
 

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "platform/AudioHardware.h"
+
+namespace vantro {
+
+class PulseConnection;
+
+/// The sound server's microphones: id = the number of the source (kept while the program runs), uid = the source's
+/// name, name = its description.
+class PulseAudioHardware final : public AudioHardware
+{
+    Q_OBJECT
+public:
+    explicit PulseAudioHardware(PulseConnection& connection);
+
+    [[nodiscard]] std::vector<AudioInputDevice> inputDevices() const override { return devices_; }
+    [[nodiscard]] std::optional<AudioDeviceID> defaultInputDevice() const override { return default_; }
+
+private:
+    void update();
+
+    PulseConnection& connection_;
+    std::vector<AudioInputDevice> devices_;
+    std::optional<AudioDeviceID> default_;
+};
+
+} // namespace vantro

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "platform/AudioEngine.h"
+
+#include <chrono>
+#include <functional>
+#include <mutex>
+
+namespace vantro {
+
+/// The input level for the waveform, 0..1, measured on the raw blocks of the microphone and published about thirty
+/// times a second, at once when it changes by a hundredth. Audio thread; takes its own lock.
+class AmplitudeSmoother
+{
+public:
+    using TimePoint = std::chrono::steady_clock::time_point;
+    using Now = std::function<TimePoint()>;
+
+    static constexpr std::chrono::duration<double> publishInterval{1.0 / 30.0};
+    static constexpr float publishDelta = 0.01F;
+
+    /// @p onPublish is called on the audio thread, outside the lock.
+    explicit AmplitudeSmoother(std::function<void(float)> onPublish, Now now = std::chrono::steady_clock::now);
+
+    void measure(const AudioTapBuffer& buffer);
+
+private:
+    std::function<void(float)> onPublish_;
+    Now now_;
+    std::mutex lock_;
+    TimePoint lastPublished_ = TimePoint{};
+    float lastValue_ = -1.0F;
+};
+
+} // namespace vantro

@@ -1,0 +1,57 @@
+#include "vantro/audio/EngineSession.h"
+
+#include <utility>
+
+namespace vantro {
+
+EngineSession::EngineSession(std::unique_ptr<AudioEngine> engine, std::unique_ptr<TapConverter> converter,
+                             bool awaitingOwnConfigChange, std::function<void(float)> publishLevel)
+    : converter_(std::move(converter))
+    , smoother_(std::move(publishLevel))
+    , engine_(std::move(engine))
+    , awaitingOwnConfigChange_(awaitingOwnConfigChange)
+{
+}
+
+EngineSession::~EngineSession()
+{
+    tearDown(nullptr);
+}
+
+void EngineSession::observeConfiguration(QObject* context, std::function<void()> changed)
+{
+    configurationObserver_ =
+        QObject::connect(engine_.get(), &AudioEngine::configurationChanged, context, std::move(changed));
+}
+
+void EngineSession::stopObserving()
+{
+    QObject::disconnect(configurationObserver_);
+}
+
+void EngineSession::start(AudioFormat format, std::shared_ptr<SampleCollector> collector)
+{
+    engine_->installTap(tapFrames, format, [this, collector = std::move(collector)](const AudioTapBuffer& buffer) {
+        smoother_.measure(buffer);
+        converter_->convert(buffer, *collector);
+    });
+    engine_->start();
+}
+
+void EngineSession::tearDown(SampleCollector* drainInto)
+{
+    if (std::exchange(isTornDown_, true))
+        return;
+    engine_->stop();
+    engine_->removeTap();
+    stopObserving();
+    if (drainInto != nullptr)
+        converter_->drain(*drainInto);
+}
+
+bool EngineSession::takeOwnConfigChange()
+{
+    return std::exchange(awaitingOwnConfigChange_, false);
+}
+
+} // namespace vantro

@@ -1,0 +1,48 @@
+#include "vantro/audio/SampleCollector.h"
+
+#include <utility>
+
+namespace vantro {
+
+SampleCollector::SampleCollector()
+{
+    samples_.reserve(reserveSampleCount);
+}
+
+void SampleCollector::append(std::span<const float> samples)
+{
+    if (samples.empty())
+        return;
+    const std::lock_guard guard(lock_);
+    if (samples_.size() < capSampleCount)
+        samples_.insert(samples_.end(), samples.begin(), samples.end());
+    else
+        overflowed_ = true;
+}
+
+std::vector<float> SampleCollector::takeSamples()
+{
+    const std::lock_guard guard(lock_);
+    return std::exchange(samples_, {});
+}
+
+void SampleCollector::clear()
+{
+    const std::lock_guard guard(lock_);
+    samples_.clear();
+    overflowed_ = false;
+}
+
+std::size_t SampleCollector::sampleCount() const
+{
+    const std::lock_guard guard(lock_);
+    return samples_.size();
+}
+
+bool SampleCollector::overflowed() const
+{
+    const std::lock_guard guard(lock_);
+    return overflowed_;
+}
+
+} // namespace vantro
