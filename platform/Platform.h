@@ -15,6 +15,8 @@ namespace vantro {
 /// What the operating system gives, handed out as one bundle. Main owns it and outlives everything that uses it.
 struct Platform
 {
+    /// The connections that the adapters share; goes last.
+    std::shared_ptr<void> connections;
     std::unique_ptr<AudioHardware> audioHardware;
     AudioEngineFactory makeAudioEngine;
     std::unique_ptr<HotKeyManager> hotKeys;

@@ -1,13 +1,13 @@
 #pragma once
 
 #include <QString>
-
 #include <qcoro/qcorotask.h>
 
 namespace vantro {
 
 /// A language model that rewrites a text by an instruction. One object serves one dictation. Main thread.
-class FormatRequestServicing {
+class FormatRequestServicing
+{
 public:
     virtual ~FormatRequestServicing() = default;
 

@@ -2,9 +2,7 @@
 
 namespace vantro {
 
-NormalModeHandler::NormalModeHandler(TranscriptionStoring& store) : store_(store)
-{
-}
+NormalModeHandler::NormalModeHandler(TranscriptionStoring& store) : store_(store) {}
 
 QCoro::Task<QString> NormalModeHandler::process(QString transcript, std::shared_ptr<FormatRequestServicing> /*service*/)
 {

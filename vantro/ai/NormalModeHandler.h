@@ -6,7 +6,8 @@
 namespace vantro {
 
 /// Keeps the transcript as it is.
-class NormalModeHandler final : public ModeHandler {
+class NormalModeHandler final : public ModeHandler
+{
 public:
     explicit NormalModeHandler(TranscriptionStoring& store);
 

@@ -9,7 +9,8 @@ namespace vantro {
 
 /// Where dictations are kept, as the mode handlers see it. Main thread. Every operation has stored durably when it
 /// returns, or throws an Error.
-class TranscriptionStoring {
+class TranscriptionStoring
+{
 public:
     virtual ~TranscriptionStoring() = default;
 

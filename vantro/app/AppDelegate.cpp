@@ -8,9 +8,7 @@
 
 namespace vantro {
 
-AppDelegate::AppDelegate(Parts parts) : parts_(std::move(parts))
-{
-}
+AppDelegate::AppDelegate(Parts parts) : parts_(std::move(parts)) {}
 
 AppDelegate::~AppDelegate()
 {
@@ -21,7 +19,7 @@ void AppDelegate::applicationDidFinishLaunching()
 {
     observeNotifications();
     const bool allGranted = parts_.permissions.microphoneAuthorized() && parts_.permissions.trustedForAccessibility() &&
-                            parts_.shortcuts.shortcut(KeyboardShortcuts::Name::openModal());
+                            parts_.shortcuts.shortcut(KeyboardShortcuts::Name::openModal);
     if (allGranted) {
         printLine(QStringLiteral("All permissions granted"));
         printLine(QStringLiteral("setupInitialState"));
@@ -30,7 +28,7 @@ void AppDelegate::applicationDidFinishLaunching()
     }
     // Attached in either case: a sound server or a shortcut that comes later works without a restart.
     openModalAction_ =
-        parts_.shortcuts.onKeyUp(KeyboardShortcuts::Name::openModal(), [this] { showLauncherAndRecord(); });
+        parts_.shortcuts.onKeyUp(KeyboardShortcuts::Name::openModal, *this, [this] { showLauncherAndRecord(); });
     checkModel();
 }
 
@@ -145,13 +143,14 @@ QCoro::Task<> AppDelegate::deliver(QString text, std::optional<QRect> frame)
         co_return;
     }
     closeWindow();
-    const auto outcome = co_await parts_.delivery.deliverByPaste(text);
-    timings_.pasted = parts_.clock.now();
-    if (!outcome.pasted()) {
-        // The text stands on the clipboard; the user pastes it where it belongs.
-        logger_.info(outcome.message);
-        parts_.surfaces.showPasteHUD(frame);
+    const auto outcome = co_await parts_.delivery.deliver(text);
+    if (outcome == PasteDelivery::Outcome::Pasted) {
+        timings_.pasted = parts_.clock.now();
+        co_return;
     }
+    // The text stands on the clipboard; the user pastes it where it belongs.
+    logger_.info(parts_.delivery.explanation(outcome));
+    parts_.surfaces.showPasteHUD(frame);
 }
 
 void AppDelegate::captureLost(const QString& message)
@@ -168,8 +167,7 @@ void AppDelegate::closeWindow()
 
 void AppDelegate::showAlertSoon(const QString& text)
 {
-    QTimer::singleShot(0, this,
-                       [this, text] { parts_.surfaces.showAlert(tr("Transcription Error"), text); });
+    QTimer::singleShot(0, this, [this, text] { parts_.surfaces.showAlert(tr("Transcription Error"), text); });
 }
 
 ProcessingMode AppDelegate::defaultMode() const

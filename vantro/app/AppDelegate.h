@@ -14,7 +14,6 @@
 #include "vantro/models/ModelSelection.h"
 
 #include <QObject>
-
 #include <qcoro/qcorotask.h>
 
 #include <functional>
@@ -24,7 +23,8 @@
 namespace vantro {
 
 /// What the delegate has shown: windows are made above it.
-struct Surfaces {
+struct Surfaces
+{
     /// A panel for @p defaultMode, not yet shown.
     std::function<std::unique_ptr<LauncherPanel>(ProcessingMode defaultMode)> makeLauncher;
     std::function<void(std::optional<QRect> anchor)> showPasteHUD;
@@ -33,10 +33,12 @@ struct Surfaces {
 
 /// Brings one dictation from the shortcut to the delivered text: opens the launcher, starts the recorder, and delivers
 /// what the recorder announces. Main thread.
-class AppDelegate final : public QObject {
+class AppDelegate final : public QObject
+{
     Q_OBJECT
 public:
-    struct Parts {
+    struct Parts
+    {
         UserDefaults& defaults;
         NotificationCenter& notifications;
         Clock& clock;
@@ -78,7 +80,7 @@ private:
     Logger logger_{"AppDelegate"};
     Parts parts_;
     std::unique_ptr<LauncherPanel> window_;
-    std::optional<KeyboardShortcuts::Registration> openModalAction_;
+    KeyboardShortcuts::Registration openModalAction_;
     std::vector<NotificationCenter::Observation> observations_;
     DictationTimings timings_;
     bool hasErrorOccurred_ = false;

@@ -12,8 +12,11 @@ namespace vantro {
 
 ControlService::ControlService(AppDelegate& delegate, AudioRecorder& recorder, std::function<QJsonObject()> details,
                                std::function<void(const QStringList&)> handOver)
-    : QDBusAbstractAdaptor(&delegate), delegate_(delegate), recorder_(recorder), details_(std::move(details)),
-      handOver_(std::move(handOver))
+    : QDBusAbstractAdaptor(&delegate)
+    , delegate_(delegate)
+    , recorder_(recorder)
+    , details_(std::move(details))
+    , handOver_(std::move(handOver))
 {
 }
 

@@ -12,9 +12,10 @@ namespace vantro {
 class AppDelegate;
 class AudioRecorder;
 
-/// The running program on the session bus: what "vantro toggle" and its like call, and what a second start hands over to.
-/// Owning the bus name is what makes an instance the running one. Main thread.
-class ControlService final : public QDBusAbstractAdaptor {
+/// The running program on the session bus: what "vantro toggle" and its like call, and what a second start hands over
+/// to. Owning the bus name is what makes an instance the running one. Main thread.
+class ControlService final : public QDBusAbstractAdaptor
+{
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "com.vantro.Control")
 public:

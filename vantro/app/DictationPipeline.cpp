@@ -9,9 +9,13 @@
 namespace vantro {
 
 /// Holds what was fixed when the recording stopped.
-class DictationPipeline::Job final : public DictationJob {
+class DictationPipeline::Job final : public DictationJob
+{
 public:
-    Job(DictationPipeline& pipeline, ModeHandler& handler) : pipeline_(pipeline), facade_(pipeline.facade_), handler_(handler)
+    Job(DictationPipeline& pipeline, ModeHandler& handler)
+        : pipeline_(pipeline)
+        , facade_(pipeline.facade_)
+        , handler_(handler)
     {
     }
     /// Also reached by a recording that was too short to be run.
@@ -49,7 +53,8 @@ private:
 };
 
 DictationPipeline::DictationPipeline(TranscriptionFacade& facade, Handlers handlers)
-    : facade_(facade), handlers_(std::move(handlers))
+    : facade_(facade)
+    , handlers_(std::move(handlers))
 {
 }
 
@@ -89,7 +94,8 @@ QCoro::Task<QString> DictationPipeline::transcribe(QString recordingID, std::vec
     };
     const auto begun = std::chrono::steady_clock::now();
     const auto timed = qScopeGuard([this, begun] {
-        lastEngineTime_ = std::chrono::duration_cast<std::chrono::microseconds>(std::chrono::steady_clock::now() - begun);
+        lastEngineTime_ =
+            std::chrono::duration_cast<std::chrono::microseconds>(std::chrono::steady_clock::now() - begun);
     });
     co_return co_await facade_.transcribe(std::move(recordingID), std::move(samples), std::move(options));
 }

@@ -15,7 +15,8 @@ namespace vantro {
 
 /// What becomes of a recording: transcribed by the selected engine, then handled by the mode that was in force when it
 /// was stopped. Main thread.
-class DictationPipeline final : public QObject, public RecordingProcessing {
+class DictationPipeline final : public QObject, public RecordingProcessing
+{
     Q_OBJECT
 public:
     using Handlers = std::map<ProcessingMode, std::unique_ptr<ModeHandler>>;

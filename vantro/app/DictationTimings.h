@@ -9,7 +9,8 @@
 namespace vantro {
 
 /// When the steps of the latest dictation happened, on the monotonic clock. What did not happen is absent.
-struct DictationTimings {
+struct DictationTimings
+{
     std::optional<Clock::Instant> shortcut;
     std::optional<Clock::Instant> firstSample;
     std::optional<Clock::Instant> stopped;

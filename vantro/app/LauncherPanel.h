@@ -5,7 +5,8 @@
 namespace vantro {
 
 /// The recording panel as the application delegate sees it. Main thread.
-class LauncherPanel {
+class LauncherPanel
+{
 public:
     virtual ~LauncherPanel() = default;
 

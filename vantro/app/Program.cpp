@@ -30,7 +30,8 @@ namespace vantro {
 namespace {
 
 /// Everything the desktop program consists of, in the order in which it is built; torn down in reverse.
-class Program {
+class Program
+{
 public:
     explicit Program(const ProgramOptions& options);
 
@@ -60,7 +61,9 @@ private:
 
     ModelCatalogue catalogue_;
     ModelStore modelStore_ = ModelStore::standard();
-    ModelSelection models_{catalogue_, defaults_, [this](const auto& model) { return modelStore_.isReady(model); }};
+    ModelSelection models_{catalogue_, defaults_, [this](const auto& model) {
+                               return modelStore_.isReady(model);
+                           }};
     WhisperInProcessEngine whisperEngine_;
     WhisperTranscriptionProvider whisper_{whisperEngine_, modelStore_, defaults_};
     TranscriptionFacade facade_{models_, whisper_};
@@ -68,7 +71,8 @@ private:
     HistoryFile store_{HistoryFile::standardPath(), clock_};
     DictationPipeline pipeline_{facade_, handlers(store_)};
     AudioDeviceManager devices_{*platform_.audioHardware, defaults_};
-    AudioRecorder recorder_{platform_.makeAudioEngine, devices_, *platform_.permissions, notifications_, clock_, pipeline_};
+    AudioRecorder recorder_{
+        platform_.makeAudioEngine, devices_, *platform_.permissions, notifications_, clock_, pipeline_};
     KeyboardShortcuts shortcuts_{*platform_.hotKeys, defaults_, notifications_};
     PasteDelivery delivery_;
     AppDelegate delegate_;
@@ -76,12 +80,14 @@ private:
 };
 
 Program::Program(const ProgramOptions& options)
-    : options_(options), platform_(makeLinuxPlatform()),
-      delivery_(*platform_.pasteboard, *platform_.keyEvents, *platform_.workspace, defaults_, clock_),
-      delegate_({defaults_, notifications_, clock_, *platform_.permissions, recorder_, shortcuts_, delivery_, models_,
-                 [this](const auto& model) { return modelStore_.isReady(model); }, surfaces()}),
-      control_(delegate_, recorder_, [this] { return statusDetails(); },
-               [this](const QStringList& arguments) { handOver(arguments); })
+    : options_(options)
+    , platform_(makeLinuxPlatform())
+    , delivery_(*platform_.pasteboard, *platform_.keyEvents, *platform_.workspace, defaults_, clock_)
+    , delegate_({defaults_, notifications_, clock_, *platform_.permissions, recorder_, shortcuts_, delivery_, models_,
+                 [this](const auto& model) { return modelStore_.isReady(model); }, surfaces()})
+    , control_(
+          delegate_, recorder_, [this] { return statusDetails(); },
+          [this](const QStringList& arguments) { handOver(arguments); })
 {
 }
 
@@ -118,14 +124,12 @@ void Program::launch()
 
 void Program::settleShortcut(const QString& wanted)
 {
-    const auto name = KeyboardShortcuts::Name::openModal();
+    const auto name = KeyboardShortcuts::Name::openModal;
     if (!wanted.isEmpty()) {
         useShortcut(wanted);
     } else if (!shortcuts_.shortcut(name)) {
-        if (const auto proposed = shortcuts_.proposeShortcut()) {
-            shortcuts_.setShortcut(name, *proposed);
-            printLine(QStringLiteral("Press %1 to dictate").arg(shortcutName()));
-        }
+        if (const auto proposed = shortcuts_.proposeShortcut(name))
+            printLine(QStringLiteral("Press %1 to dictate").arg(proposed->displayText()));
     }
 }
 
@@ -134,8 +138,8 @@ void Program::useShortcut(const QString& text)
     const auto parsed = parseShortcut(text);
     if (!parsed)
         return;
-    const auto name = KeyboardShortcuts::Name::openModal();
-    shortcuts_.setShortcut(name, KeyboardShortcuts::Shortcut{parsed->keyCode, parsed->modifiers});
+    const auto name = KeyboardShortcuts::Name::openModal;
+    shortcuts_.setShortcut(name, KeyboardShortcuts::Shortcut({parsed->keyCode}, parsed->modifiers));
 }
 
 void Program::handOver(const QStringList& arguments)
@@ -150,7 +154,9 @@ Surfaces Program::surfaces()
 {
     return {[this](ProcessingMode mode) { return makeLauncher(mode); },
             [this](std::optional<QRect> anchor) { hud_.showHUD(anchor); },
-            [this](const QString& title, const QString& text) { showAlert(title, text); }};
+            [this](const QString& title, const QString& text) {
+                showAlert(title, text);
+            }};
 }
 
 std::unique_ptr<LauncherPanel> Program::makeLauncher(ProcessingMode defaultMode)
@@ -158,9 +164,9 @@ std::unique_ptr<LauncherPanel> Program::makeLauncher(ProcessingMode defaultMode)
     std::vector<LauncherModel::Mode> modes;
     for (const ProcessingMode mode : pipeline_.modes())
         modes.push_back({mode, rawValue(mode)});
-    auto launcher = std::make_unique<Launcher>(Launcher::Context{ui_.engine(), recorder_, shortcuts_,
-                                                                 *platform_.workspace, notifications_, clock_, modes,
-                                                                 defaultMode, microphoneName()});
+    auto launcher =
+        std::make_unique<Launcher>(Launcher::Context{ui_.engine(), recorder_, shortcuts_, *platform_.workspace,
+                                                     notifications_, clock_, modes, defaultMode, microphoneName()});
     QObject::connect(&pipeline_, &DictationPipeline::transcriptionProgress, &launcher->model(),
                      &LauncherModel::setProgress);
     return launcher;
@@ -174,7 +180,8 @@ void Program::showAlert(const QString& title, const QString& text)
 
 QString Program::microphoneName() const
 {
-    const auto id = devices_.effectiveDeviceID() ? devices_.effectiveDeviceID() : platform_.audioHardware->defaultInputDevice();
+    const auto id =
+        devices_.effectiveDeviceID() ? devices_.effectiveDeviceID() : platform_.audioHardware->defaultInputDevice();
     const auto& devices = devices_.availableDevices();
     const auto device = std::ranges::find_if(devices, [&](const auto& d) { return id == std::optional(d.id); });
     return device != devices.end() ? device->name : QGuiApplication::tr("the microphone");
@@ -182,8 +189,8 @@ QString Program::microphoneName() const
 
 QString Program::shortcutName() const
 {
-    const auto shortcut = shortcuts_.shortcut(KeyboardShortcuts::Name::openModal());
-    return shortcut ? shortcutText(shortcut->carbonKeyCode, shortcut->carbonModifiers) : QString();
+    const auto shortcut = shortcuts_.shortcut(KeyboardShortcuts::Name::openModal);
+    return shortcut ? shortcut->displayText() : QString();
 }
 
 QJsonObject Program::statusDetails()

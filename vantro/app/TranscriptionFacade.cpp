@@ -10,7 +10,8 @@ TranscriptionEngineError TranscriptionEngineError::misconfiguredFluidModel(const
 }
 
 TranscriptionFacade::TranscriptionFacade(ModelSelection& selection, TranscriptionProviding& whisper)
-    : selection_(selection), whisper_(whisper)
+    : selection_(selection)
+    , whisper_(whisper)
 {
 }
 

@@ -8,9 +8,11 @@ namespace vantro {
 
 /// The one operation that turns a finished recording into text, whichever engine the selected model belongs to.
 /// Main thread.
-class TranscriptionFacade {
+class TranscriptionFacade
+{
 public:
-    struct Options {
+    struct Options
+    {
         const TranscriptionModel* model = nullptr; ///< the user's selection when null
         std::optional<QString> language;           ///< the user's setting when absent
         std::function<void(float)> onProgress;     ///< 0..1, on the engine's thread
@@ -34,7 +36,8 @@ private:
 };
 
 /// The selected model cannot be run by the engine it claims.
-class TranscriptionEngineError : public Error {
+class TranscriptionEngineError : public Error
+{
 public:
     static TranscriptionEngineError misconfiguredFluidModel(const QString& modelName);
 

@@ -3,14 +3,15 @@
 #include <QByteArray>
 #include <QFile>
 
+#include <sndfile.h>
+#include <soxr.h>
+
 #include <algorithm>
 #include <array>
 #include <cstdio>
 #include <cstring>
 #include <memory>
 #include <numeric>
-#include <sndfile.h>
-#include <soxr.h>
 
 namespace vantro {
 
@@ -19,17 +20,20 @@ namespace {
 constexpr double targetRateHz = 16'000;
 constexpr std::size_t blockFrames = 16'384;
 
-struct CloseSoundFile {
+struct CloseSoundFile
+{
     void operator()(SNDFILE* file) const { sf_close(file); }
 };
 using SoundFile = std::unique_ptr<SNDFILE, CloseSoundFile>;
 
-struct DeleteResampler {
+struct DeleteResampler
+{
     void operator()(soxr* resampler) const { soxr_delete(resampler); }
 };
 
 /// Standard input cannot seek, which the containers need: it is read into memory first.
-struct MemoryFile {
+struct MemoryFile
+{
     QByteArray bytes;
     sf_count_t position = 0;
 
@@ -56,7 +60,8 @@ struct MemoryFile {
 };
 
 /// Resamples a stream of mono blocks and gathers the result.
-class MonoResampler {
+class MonoResampler
+{
 public:
     explicit MonoResampler(double inputRateHz)
     {

@@ -8,13 +8,15 @@
 
 namespace vantro {
 
-class AudioFileError : public Error {
+class AudioFileError : public Error
+{
 public:
     using Error::Error;
 };
 
 /// A recording read from a file.
-struct AudioFile {
+struct AudioFile
+{
     /// Mono, 16,000 samples a second, nominally -1..1.
     std::vector<float> samples;
 

@@ -68,7 +68,8 @@ void CommandLine::takeProgramOptions()
             options_.shortcut = value;
             if (!parseShortcut(value)) {
                 command_ = option;
-                usageError_ = QStringLiteral("\"%1\" is no shortcut: name modifiers and a key, for example Ctrl+Alt+D").arg(value);
+                usageError_ = QStringLiteral("\"%1\" is no shortcut: name modifiers and a key, for example Ctrl+Alt+D")
+                                  .arg(value);
                 return;
             }
         } else {
@@ -96,8 +97,10 @@ int CommandLine::run() const
         return runTranscribe(arguments_);
     if (isControlCommand(command_))
         return runControl(command_, arguments_);
-    terminal::writeError(QStringLiteral("unknown %1 \"%2\" (see vantro --help)")
-                             .arg(command_.startsWith(QLatin1Char('-')) ? QStringLiteral("option") : QStringLiteral("command"), command_));
+    terminal::writeError(
+        QStringLiteral("unknown %1 \"%2\" (see vantro --help)")
+            .arg(command_.startsWith(QLatin1Char('-')) ? QStringLiteral("option") : QStringLiteral("command"),
+                 command_));
     return ExitCode::usage;
 }
 

@@ -5,12 +5,15 @@
 namespace vantro {
 
 /// What the desktop program was started with.
-struct ProgramOptions {
+struct ProgramOptions
+{
     QString shortcut; ///< the shortcut to set, as "Ctrl+Alt+D"; empty keeps the stored one
 };
 
-/// The arguments of the process, taken apart before any application object exists: which kind is needed depends on them.
-class CommandLine {
+/// The arguments of the process, taken apart before any application object exists: which kind is needed depends on
+/// them.
+class CommandLine
+{
 public:
     CommandLine(int argc, char** argv);
 

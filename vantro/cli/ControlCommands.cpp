@@ -48,7 +48,8 @@ int runControl(const QString& command, const QStringList& arguments)
     QCommandLineParser parser;
     parser.setApplicationDescription(
         describe(command) +
-        QStringLiteral("\n\nExit status: 0 done, 1 refused, 2 wrong usage, 3 vantro is not running, 4 no session bus."));
+        QStringLiteral(
+            "\n\nExit status: 0 done, 1 refused, 2 wrong usage, 3 vantro is not running, 4 no session bus."));
     parser.addHelpOption();
     const bool isStatus = command == QLatin1String("status");
     if (isStatus)
@@ -65,7 +66,8 @@ int runControl(const QString& command, const QStringList& arguments)
 
     const QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected()) {
-        terminal::writeError(QStringLiteral("%1: there is no session bus: run it inside the desktop session").arg(command));
+        terminal::writeError(
+            QStringLiteral("%1: there is no session bus: run it inside the desktop session").arg(command));
         return ExitCode::noService;
     }
     if (!bus.interface()->isServiceRegistered(ControlService::busName())) {

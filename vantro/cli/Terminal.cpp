@@ -1,7 +1,8 @@
 #include "vantro/cli/Terminal.h"
 
-#include <cstdio>
 #include <unistd.h>
+
+#include <cstdio>
 
 namespace vantro {
 

@@ -12,7 +12,6 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QUrl>
-
 #include <qcoro/qcorotask.h>
 
 #include <algorithm>
@@ -24,14 +23,16 @@ namespace {
 constexpr double samplesPerSecond = 16'000;
 constexpr std::size_t minimumSamples = 4'800;
 
-struct Options {
+struct Options
+{
     QStringList files;
     QString model;
     std::optional<QString> language;
     bool json = false;
 };
 
-struct Transcript {
+struct Transcript
+{
     QString file;
     QString text;
     double seconds = 0;
@@ -40,7 +41,8 @@ struct Transcript {
 };
 
 /// Everything a transcription without windows needs.
-class Session {
+class Session
+{
 public:
     Session() : selection_(catalogue_, defaults_, [this](const auto& model) { return store_.isReady(model); }) {}
 
@@ -98,8 +100,8 @@ Transcript Session::transcribe(const QString& file, const TranscriptionModel& mo
     const auto showProgress = [&file](float fraction) {
         terminal::showProgress(QStringLiteral("%1: %2 %").arg(file).arg(static_cast<int>(fraction * 100)));
     };
-    result.text = QCoro::waitFor(
-        facade_.transcribe(file, std::move(audio.samples), {&model, options.language, showProgress}));
+    result.text =
+        QCoro::waitFor(facade_.transcribe(file, std::move(audio.samples), {&model, options.language, showProgress}));
     terminal::showProgress({});
     result.transcribeMs = timer.elapsed();
     return result;
@@ -142,7 +144,8 @@ int transcribeAll(const Options& options)
             outcome = ExitCode::notFound;
         } catch (const WhisperInProcessError& error) {
             terminal::writeError(QStringLiteral("%1: %2").arg(file, error.localizedDescription()));
-            outcome = error.kind() == WhisperInProcessError::Kind::modelLoadFailed ? ExitCode::noService : ExitCode::failed;
+            outcome =
+                error.kind() == WhisperInProcessError::Kind::modelLoadFailed ? ExitCode::noService : ExitCode::failed;
         } catch (const std::exception& error) {
             terminal::writeError(QStringLiteral("%1: %2").arg(file, localizedDescription(error)));
             outcome = ExitCode::failed;
@@ -164,10 +167,13 @@ int runTranscribe(const QStringList& arguments)
                        "Exit status: 0 done, 1 recognition failed, 2 wrong usage, 3 a recording could not be read, "
                        "4 the model is missing or cannot be loaded."));
     parser.addHelpOption();
-    parser.addOption({QStringLiteral("model"), QStringLiteral("Catalogue name or path of a model file."), QStringLiteral("NAME")});
-    parser.addOption({QStringLiteral("language"), QStringLiteral("Language code, or \"auto\"."), QStringLiteral("CODE")});
+    parser.addOption(
+        {QStringLiteral("model"), QStringLiteral("Catalogue name or path of a model file."), QStringLiteral("NAME")});
+    parser.addOption(
+        {QStringLiteral("language"), QStringLiteral("Language code, or \"auto\"."), QStringLiteral("CODE")});
     parser.addOption({QStringLiteral("json"), QStringLiteral("One JSON object a line, with duration and timings.")});
-    parser.addPositionalArgument(QStringLiteral("FILE"), QStringLiteral("Recordings; - is standard input."), QStringLiteral("FILE..."));
+    parser.addPositionalArgument(QStringLiteral("FILE"), QStringLiteral("Recordings; - is standard input."),
+                                 QStringLiteral("FILE..."));
     if (!parser.parse(QStringList{QStringLiteral("vantro transcribe")} + arguments)) {
         terminal::writeError(parser.errorText() + QStringLiteral(" (see vantro transcribe --help)"));
         return ExitCode::usage;

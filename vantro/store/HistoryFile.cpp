@@ -10,13 +10,12 @@
 #include <QStandardPaths>
 
 #include <unistd.h>
+
 #include <utility>
 
 namespace vantro {
 
-HistoryFile::HistoryFile(QString path, Clock& clock) : path_(std::move(path)), clock_(clock)
-{
-}
+HistoryFile::HistoryFile(QString path, Clock& clock) : path_(std::move(path)), clock_(clock) {}
 
 QString HistoryFile::standardPath()
 {

@@ -10,7 +10,8 @@ namespace vantro {
 
 /// The history as one file of JSON lines: a line per saved dictation and a line per later change of one. Only ever
 /// appended to, and synced to disk with every line, so that a crash costs nothing that was acknowledged.
-class HistoryFile final : public TranscriptionStoring {
+class HistoryFile final : public TranscriptionStoring
+{
 public:
     HistoryFile(QString path, Clock& clock);
 

@@ -2,13 +2,13 @@
 
 #include <QObject>
 #include <QSizeF>
-
 #include <QtQml/qqmlregistration.h>
 
 namespace vantro {
 
 /// How far the paste HUD has come: it grows from where the launcher was into its resting size.
-class PasteHUDModel : public QObject {
+class PasteHUDModel : public QObject
+{
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("made with its window")

@@ -9,9 +9,10 @@
 
 namespace vantro {
 
-/// "Ctrl+V to paste", for a moment, where the launcher was. Never takes the keyboard or a click. Made once and shown again;
-/// the latest show decides when it goes. Main thread.
-class PasteHUDWindow final : public QQuickView {
+/// "Ctrl+V to paste", for a moment, where the launcher was. Never takes the keyboard or a click. Made once and shown
+/// again; the latest show decides when it goes. Main thread.
+class PasteHUDWindow final : public QQuickView
+{
     Q_OBJECT
 public:
     PasteHUDWindow(QQmlEngine& engine, Clock& clock);

@@ -17,9 +17,12 @@ constexpr QSize panelSize(500, 200);
 } // namespace
 
 Launcher::Launcher(const Context& context)
-    : QQuickView(&context.engine, nullptr), audioRecorder_(context.audioRecorder), shortcuts_(context.shortcuts),
-      workspace_(context.workspace), notifications_(context.notifications),
-      model_(context.audioRecorder, context.notifications, context.clock, context.modes, context.microphone)
+    : QQuickView(&context.engine, nullptr)
+    , audioRecorder_(context.audioRecorder)
+    , shortcuts_(context.shortcuts)
+    , workspace_(context.workspace)
+    , notifications_(context.notifications)
+    , model_(context.audioRecorder, context.notifications, context.clock, context.modes, context.microphone)
 {
     setFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
     setTitle(QStringLiteral("vantro"));
@@ -29,7 +32,7 @@ Launcher::Launcher(const Context& context)
     placeOnScreen();
 
     // The press acts when Space is released, so that the release does not end up in the window the text goes to.
-    inFocusActionObserver_ = shortcuts_.onKeyUp(KeyboardShortcuts::Name::stopRecordingAndCloseModal(),
+    inFocusActionObserver_ = shortcuts_.onKeyUp(KeyboardShortcuts::Name::stopRecordingAndCloseModal, *this,
                                                 [this] { audioRecorder_.stopRecording(); });
     // The window system's focus events also come when a hot key merely fires; the front window does not lie.
     connect(&workspace_, &Workspace::frontWindowChanged, this, &Launcher::followKeyboard);
@@ -77,7 +80,7 @@ void Launcher::becomeKey()
 {
     logger_.debug(QStringLiteral("Showing main window"));
     isKey_ = true;
-    shortcuts_.enable({KeyboardShortcuts::Name::stopRecordingAndCloseModal()});
+    shortcuts_.enable({KeyboardShortcuts::Name::stopRecordingAndCloseModal});
 }
 
 void Launcher::keyPressEvent(QKeyEvent* event)
@@ -116,7 +119,7 @@ void Launcher::closePanel()
         return;
     isClosed_ = true;
     logger_.debug(QStringLiteral("closing window"));
-    shortcuts_.disable({KeyboardShortcuts::Name::stopRecordingAndCloseModal()});
+    shortcuts_.disable({KeyboardShortcuts::Name::stopRecordingAndCloseModal});
     audioRecorder_.cancelRecording();
     inFocusActionObserver_.reset();
     setSource(QUrl());

@@ -9,17 +9,18 @@
 #include <QQuickView>
 
 #include <memory>
-#include <optional>
 
 namespace vantro {
 
 /// The small panel of one dictation. It takes the keyboard: Space (a global hot key while the panel is key) ends the
-/// recording, the digits choose a mode, Escape cancels. It closes itself, and so cancels a recording that still runs, when
-/// another window gets the keyboard. Main thread.
-class Launcher final : public QQuickView, public LauncherPanel {
+/// recording, the digits choose a mode, Escape cancels. It closes itself, and so cancels a recording that still runs,
+/// when another window gets the keyboard. Main thread.
+class Launcher final : public QQuickView, public LauncherPanel
+{
     Q_OBJECT
 public:
-    struct Context {
+    struct Context
+    {
         QQmlEngine& engine;
         AudioRecorder& audioRecorder;
         KeyboardShortcuts& shortcuts;
@@ -58,7 +59,7 @@ private:
     Workspace& workspace_;
     NotificationCenter& notifications_;
     LauncherModel model_;
-    std::optional<KeyboardShortcuts::Registration> inFocusActionObserver_;
+    KeyboardShortcuts::Registration inFocusActionObserver_;
     bool isKey_ = false;
     bool isClosed_ = false;
 };

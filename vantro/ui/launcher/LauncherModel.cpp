@@ -21,8 +21,13 @@ constexpr auto countdownFrom = 540s;
 
 LauncherModel::LauncherModel(AudioRecorder& recorder, NotificationCenter& notifications, Clock& clock,
                              std::vector<Mode> modes, QString microphone)
-    : recorder_(recorder), clock_(clock), modes_(std::move(modes)), microphone_(std::move(microphone)),
-      openedAt_(clock.now()), lastHeardAt_(openedAt_), stoppedAt_(openedAt_)
+    : recorder_(recorder)
+    , clock_(clock)
+    , modes_(std::move(modes))
+    , microphone_(std::move(microphone))
+    , openedAt_(clock.now())
+    , lastHeardAt_(openedAt_)
+    , stoppedAt_(openedAt_)
 {
     connect(&recorder, &AudioRecorder::currentAmplitudeChanged, this,
             [this] { loudestSinceTick_ = std::max(loudestSinceTick_, recorder_.currentAmplitude()); });
@@ -100,7 +105,8 @@ void LauncherModel::processingStarted()
 void LauncherModel::tick()
 {
     const float level = std::exchange(loudestSinceTick_, 0.0F);
-    const bool timeMoved = elapsed() != std::chrono::duration_cast<std::chrono::seconds>(clock_.now() - barDuration - openedAt_);
+    const bool timeMoved =
+        elapsed() != std::chrono::duration_cast<std::chrono::seconds>(clock_.now() - barDuration - openedAt_);
     levels_.push_back(static_cast<qreal>(level));
     if (levels_.size() > WaveformItem::barCount)
         levels_.pop_front();

@@ -7,7 +7,6 @@
 #include <QObject>
 #include <QStringList>
 #include <QTimer>
-
 #include <QtQml/qqmlregistration.h>
 
 #include <deque>
@@ -17,8 +16,10 @@ namespace vantro {
 
 class AudioRecorder;
 
-/// What the recording panel shows: level, time, modes and how far the engine is. Main thread; lives as long as the panel.
-class LauncherModel : public QObject {
+/// What the recording panel shows: level, time, modes and how far the engine is. Main thread; lives as long as the
+/// panel.
+class LauncherModel : public QObject
+{
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("made with its panel")
@@ -32,7 +33,8 @@ class LauncherModel : public QObject {
     Q_PROPERTY(QStringList modes READ modeNames CONSTANT)
     Q_PROPERTY(int chosenMode READ chosenMode NOTIFY chosenModeChanged)
 public:
-    struct Mode {
+    struct Mode
+    {
         ProcessingMode mode;
         QString name;
     };

@@ -2,7 +2,6 @@
 
 #include <QColor>
 #include <QQuickPaintedItem>
-
 #include <QtQml/qqmlregistration.h>
 
 #include <vector>
@@ -11,7 +10,8 @@ namespace vantro {
 
 /// The level of the last five seconds as bars, the newest at the right; silent bars are dots. While the recording is
 /// being processed it is a thin line that fills from left to right instead.
-class WaveformItem : public QQuickPaintedItem {
+class WaveformItem : public QQuickPaintedItem
+{
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(QColor color MEMBER color_ NOTIFY lookChanged)

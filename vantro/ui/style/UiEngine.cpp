@@ -24,8 +24,7 @@ UiEngine::UiEngine(const UserDefaults& defaults) : defaults_(defaults)
 void UiEngine::applyTheme()
 {
     const QString appearance = defaults_.string(QStringLiteral("appearance")).value_or(QString());
-    const bool dark =
-        appearance == QLatin1String("dark") || (appearance != QLatin1String("light") && desktopIsDark());
+    const bool dark = appearance == QLatin1String("dark") || (appearance != QLatin1String("light") && desktopIsDark());
     const int id = qmlTypeId("Vantro.Style", 1, 0, "Theme");
     if (auto* theme = engine_.singletonInstance<QObject*>(id))
         theme->setProperty("dark", dark);

@@ -7,9 +7,10 @@
 
 namespace vantro {
 
-/// The one QML engine behind every window, and the look they share. The look follows the desktop's light or dark palette
-/// unless "appearance" is "light" or "dark". Main thread.
-class UiEngine : public QObject {
+/// The one QML engine behind every window, and the look they share. The look follows the desktop's light or dark
+/// palette unless "appearance" is "light" or "dark". Main thread.
+class UiEngine : public QObject
+{
     Q_OBJECT
 public:
     explicit UiEngine(const UserDefaults& defaults);

@@ -1,0 +1,45 @@
+#include "platform/linux/LinuxPlatform.h"
+
+#include "platform/linux/pulse/PulseAudioEngine.h"
+#include "platform/linux/pulse/PulseAudioHardware.h"
+#include "platform/linux/pulse/PulseConnection.h"
+#include "platform/linux/x11/X11Connection.h"
+#include "platform/linux/x11/X11HotKeyManager.h"
+#include "platform/linux/x11/X11KeyEventPoster.h"
+#include "platform/linux/x11/X11Pasteboard.h"
+#include "platform/linux/x11/X11Permissions.h"
+#include "platform/linux/x11/X11Workspace.h"
+
+namespace vantro {
+
+namespace {
+
+struct Connections
+{
+    PulseConnection pulse;
+    X11Connection x11;
+};
+
+} // namespace
+
+Platform makeLinuxPlatform()
+{
+    auto connections = std::make_shared<Connections>();
+    PulseConnection& pulse = connections->pulse;
+    X11Connection& x11 = connections->x11;
+
+    Platform platform;
+    platform.connections = connections;
+    platform.audioHardware = std::make_unique<PulseAudioHardware>(pulse);
+    platform.makeAudioEngine = [&pulse] {
+        return std::make_unique<PulseAudioEngine>(pulse);
+    };
+    platform.hotKeys = std::make_unique<X11HotKeyManager>(x11);
+    platform.keyEvents = std::make_unique<X11KeyEventPoster>(x11);
+    platform.pasteboard = std::make_unique<X11Pasteboard>();
+    platform.permissions = std::make_unique<X11Permissions>(x11, [&pulse] { return pulse.serverAnswers(); });
+    platform.workspace = std::make_unique<X11Workspace>(x11);
+    return platform;
+}
+
+} // namespace vantro

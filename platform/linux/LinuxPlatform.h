@@ -1,0 +1,11 @@
+#pragma once
+
+#include "platform/Platform.h"
+
+namespace vantro {
+
+/// The adapters for Linux: PulseAudio or PipeWire, and X11. Parts that are missing on this desktop answer with clear
+/// errors when they are used. Needs a QGuiApplication.
+Platform makeLinuxPlatform();
+
+} // namespace vantro
