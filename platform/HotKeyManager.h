@@ -3,6 +3,7 @@
 #include "base/Error.h"
 
 #include <QObject>
+#include <QString>
 
 #include <cstdint>
 
@@ -28,6 +29,9 @@ Q_SIGNALS:
     /// Once per physical press: auto-repeat is filtered out.
     void hotKeyPressed(std::uint32_t id);
     void hotKeyReleased(std::uint32_t id);
+    /// A registered hot key has stopped working, for the sentence in @p reason: after a layout change its keys belong
+    /// to another program or do not exist, or the display is gone. A key that is held is released first.
+    void hotKeyLost(std::uint32_t id, const QString& reason);
 };
 
 } // namespace vantro

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/WindowID.h"
+
 #include <QString>
 
 #include <optional>
@@ -22,6 +24,9 @@ public:
     virtual void clear(Selection selection) = 0;
     /// Whether some program has fetched the text of the last setString() since it was set.
     [[nodiscard]] virtual bool wasFetched(Selection selection) const = 0;
+    /// The same for the program that owns @p window: clipboard managers fetch every text as soon as it is set, which
+    /// says nothing about the program that is to paste it. Systems that do not tell who fetches answer wasFetched().
+    [[nodiscard]] virtual bool wasFetchedBy(Selection selection, WindowID window) const = 0;
 };
 
 } // namespace vantro

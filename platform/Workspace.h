@@ -1,15 +1,14 @@
 #pragma once
 
+#include "platform/WindowID.h"
+
 #include <QObject>
 #include <QString>
 #include <QStringList>
 
-#include <cstdint>
 #include <optional>
 
 namespace vantro {
-
-using WindowID = std::uint64_t;
 
 /// The other programs' windows, as far as delivery needs them. Main thread only.
 class Workspace : public QObject

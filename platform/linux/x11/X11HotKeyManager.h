@@ -1,0 +1,74 @@
+#pragma once
+
+#include "platform/HotKeyManager.h"
+
+#include <QString>
+
+#include <compare>
+#include <cstdint>
+#include <optional>
+#include <set>
+#include <vector>
+
+union _XEvent;
+
+namespace vantro {
+
+class X11Connection;
+class X11Keymap;
+
+/// Hot keys as grabs on the root window. A combination is bound to the keys that carry its symbol in the layout in
+/// force, or else in another of the user's layouts, or else (a letter, when no layout has Latin letters) to the key in
+/// its place; it is bound anew when the layout changes.
+class X11HotKeyManager final : public HotKeyManager
+{
+    Q_OBJECT
+public:
+    /// @p connection must outlive the manager.
+    explicit X11HotKeyManager(X11Connection& connection);
+    ~X11HotKeyManager() override;
+
+    void registerHotKey(std::uint32_t id, std::uint32_t keyCode, std::uint32_t modifiers) override;
+    void unregisterHotKey(std::uint32_t id) override;
+
+private:
+    struct Grab
+    {
+        unsigned key = 0;
+        unsigned modifiers = 0;
+        friend auto operator<=>(const Grab&, const Grab&) = default;
+    };
+    struct HotKey
+    {
+        std::uint32_t id = 0;
+        std::uint32_t keyCode = 0;
+        std::uint32_t modifiers = 0;
+        std::vector<Grab> grabs;
+    };
+    struct Held
+    {
+        unsigned key = 0;
+        std::uint32_t id = 0;
+    };
+
+    void handleEvent(_XEvent& event);
+    void keyPressed(unsigned key, unsigned state);
+    void keyReleased(unsigned key);
+    void keyboardChanged();
+    void connectionLost();
+
+    [[nodiscard]] std::vector<Grab> resolve(const X11Keymap& keymap, const HotKey& hotKey) const;
+    void grab(const std::vector<Grab>& wanted);
+    void release(const std::vector<Grab>& unwanted);
+    [[nodiscard]] bool isWanted(const Grab& grab) const;
+    /// A sentence for the user when the other programs or the keyboard leave @p hotKey without effect.
+    [[nodiscard]] std::optional<QString> whyNotBound(const HotKey& hotKey) const;
+
+    X11Connection& connection_;
+    std::vector<HotKey> hotKeys_;
+    std::set<Grab> grabs_;
+    std::vector<Held> held_;
+    bool rebindPending_ = false;
+};
+
+} // namespace vantro

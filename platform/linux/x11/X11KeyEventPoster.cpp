@@ -1,0 +1,207 @@
+#include "platform/linux/x11/X11KeyEventPoster.h"
+
+#include "platform/linux/x11/X11Connection.h"
+#include "platform/linux/x11/X11ErrorTrap.h"
+#include "platform/linux/x11/X11Keymap.h"
+
+#include <QCoreApplication>
+
+#include <X11/XKBlib.h>
+#include <X11/extensions/XTest.h>
+#include <X11/keysym.h>
+
+#include <algorithm>
+#include <array>
+#include <chrono>
+#include <thread>
+
+using namespace std::chrono_literals;
+
+namespace vantro {
+
+namespace {
+
+constexpr auto ordinaryKeyWait = 1000ms;
+constexpr auto ordinaryKeyPoll = 2ms;
+/// A program reads the keyboard's description when it gets to the key press, however late that is.
+constexpr auto borrowedKeyTime = 3000ms;
+
+QString tr(const char* text)
+{
+    return QCoreApplication::translate("X11KeyEventPoster", text);
+}
+
+void fakeKey(Display* display, unsigned key, bool down)
+{
+    XTestFakeKeyEvent(display, key, down ? True : False, CurrentTime);
+}
+
+} // namespace
+
+/// Keys in the order of pressing, and the layout group in which the last one means what it should.
+struct X11KeyEventPoster::Stroke
+{
+    std::vector<unsigned> keys;
+    unsigned group = 0;
+};
+
+bool hasXTest(X11Connection& connection)
+{
+    int eventBase = 0;
+    int errorBase = 0;
+    int major = 0;
+    int minor = 0;
+    return connection.isOpen() &&
+           XTestQueryExtension(connection.display(), &eventBase, &errorBase, &major, &minor) != 0;
+}
+
+X11KeyEventPoster::X11KeyEventPoster(X11Connection& connection)
+    : connection_(connection)
+    , hasXTest_(hasXTest(connection))
+{
+    returnTimer_.setSingleShot(true);
+    returnTimer_.setInterval(borrowedKeyTime);
+    QObject::connect(&returnTimer_, &QTimer::timeout, &returnTimer_, [this] { returnBorrowedKey(); });
+}
+
+X11KeyEventPoster::~X11KeyEventPoster()
+{
+    returnBorrowedKey();
+}
+
+void X11KeyEventPoster::postPaste(PasteChord chord)
+{
+    if (!connection_.isOpen())
+        throw KeyEventError(X11Connection::unavailableReason());
+    if (!hasXTest_)
+        throw KeyEventError(tr("The X server does not let programs type (its XTEST extension is missing)."));
+    Display* const display = connection_.display();
+    X11ErrorTrap trap(connection_);
+    const Stroke stroke = strokeFor(chord);
+
+    XkbStateRec state{};
+    XkbGetState(display, XkbUseCoreKbd, &state);
+    const bool capsLock = (state.locked_mods & LockMask) != 0;
+    // From here to the last release all goes to the server in one piece: either it comes whole or not at all.
+    if (capsLock)
+        XkbLockModifiers(display, XkbUseCoreKbd, LockMask, 0);
+    if (state.group != stroke.group)
+        XkbLockGroup(display, XkbUseCoreKbd, stroke.group);
+    std::ranges::for_each(stroke.keys, [&](unsigned key) { fakeKey(display, key, true); });
+    std::for_each(stroke.keys.rbegin(), stroke.keys.rend(), [&](unsigned key) { fakeKey(display, key, false); });
+    if (state.group != stroke.group)
+        XkbLockGroup(display, XkbUseCoreKbd, state.locked_group);
+    if (capsLock)
+        XkbLockModifiers(display, XkbUseCoreKbd, LockMask, LockMask);
+    if (trap.sync())
+        throw KeyEventError(tr("The X server refused the paste keystroke."));
+}
+
+X11KeyEventPoster::Stroke X11KeyEventPoster::strokeFor(PasteChord chord)
+{
+    const X11Keymap keymap(connection_);
+    if (!keymap.isValid())
+        throw KeyEventError(tr("The X server does not tell what the keyboard's keys are."));
+    waitForOrdinaryKeys(keymap);
+    freeModifiers(keymap);
+
+    Stroke stroke{{}, keymap.activeGroup()};
+    const auto addModifier = [&](unsigned mask, const std::vector<X11Keymap::Keysym>& keysyms) {
+        const auto key = keymap.modifierKey(mask, keysyms);
+        if (!key)
+            throw KeyEventError(tr("The keyboard layout has no Control or no Shift key, so nothing can be pasted."));
+        stroke.keys.push_back(*key);
+    };
+    if (chord != PasteChord::ShiftInsert)
+        addModifier(ControlMask, {XK_Control_L, XK_Control_R});
+    if (chord != PasteChord::ControlV)
+        addModifier(ShiftMask, {XK_Shift_L, XK_Shift_R});
+
+    const X11Keymap::Keysym keysym = chord == PasteChord::ShiftInsert ? XK_Insert : XK_v;
+    std::vector<X11Keymap::KeyCode> keys = keymap.keysWith(keysym, stroke.group);
+    for (unsigned group = 0; keys.empty() && group < keymap.groupCount(); ++group) {
+        keys = keymap.keysWith(keysym, group);
+        if (!keys.empty())
+            stroke.group = group;
+    }
+    stroke.keys.push_back(keys.empty() ? borrowKey(keymap, keysym) : keys.front());
+    if (returnTimer_.isActive())
+        returnTimer_.start();
+    return stroke;
+}
+
+void X11KeyEventPoster::waitForOrdinaryKeys(const X11Keymap& keymap)
+{
+    const auto anyDown = [&] {
+        return std::ranges::any_of(keysDown(), [&](unsigned key) { return keymap.modifiersOf(key) == 0; });
+    };
+    const auto deadline = std::chrono::steady_clock::now() + ordinaryKeyWait;
+    while (anyDown()) {
+        if (std::chrono::steady_clock::now() >= deadline) {
+            // A jammed key must not stand in the way of every paste; if it is a hot key of ours, let go of it.
+            XUngrabKeyboard(connection_.display(), CurrentTime);
+            return;
+        }
+        std::this_thread::sleep_for(ordinaryKeyPoll);
+    }
+}
+
+void X11KeyEventPoster::freeModifiers(const X11Keymap& keymap)
+{
+    Display* const display = connection_.display();
+    for (const unsigned key : keysDown()) {
+        if ((keymap.modifiersOf(key) & ~keymap.lockMask()) != 0)
+            fakeKey(display, key, false);
+    }
+    // Sticky keys hold a modifier without a key being down.
+    XkbStateRec state{};
+    XkbGetState(display, XkbUseCoreKbd, &state);
+    if ((state.latched_mods & ~keymap.lockMask()) != 0)
+        XkbLatchModifiers(display, XkbUseCoreKbd, state.latched_mods & ~keymap.lockMask(), 0);
+    if ((state.locked_mods & ~keymap.lockMask()) != 0)
+        XkbLockModifiers(display, XkbUseCoreKbd, state.locked_mods & ~keymap.lockMask(), 0);
+}
+
+unsigned X11KeyEventPoster::borrowKey(const X11Keymap& keymap, unsigned long keysym)
+{
+    const auto key = keymap.emptyKey();
+    if (!key)
+        throw KeyEventError(
+            tr("The keyboard layout has no key for the paste keystroke and no unused one to put it on."));
+    std::array<KeySym, 2> keysyms{keysym, keysym == XK_v ? XK_V : keysym};
+    XChangeKeyboardMapping(connection_.display(), static_cast<int>(*key), keysyms.size(), keysyms.data(), 1);
+    connection_.setBorrowedKeyCode(*key);
+    borrowedKeysym_ = keysym;
+    returnTimer_.start();
+    return *key;
+}
+
+void X11KeyEventPoster::returnBorrowedKey()
+{
+    returnTimer_.stop();
+    const unsigned key = connection_.borrowedKeyCode();
+    if (key == 0 || !connection_.isOpen())
+        return;
+    const X11ErrorTrap trap(connection_);
+    // The user may have loaded another layout meanwhile, in which the key has a meaning of its own.
+    const auto carriers = X11Keymap(connection_).keysWith(borrowedKeysym_, 0);
+    if (std::ranges::find(carriers, key) != carriers.end()) {
+        std::array<KeySym, 2> nothing{NoSymbol, NoSymbol};
+        XChangeKeyboardMapping(connection_.display(), static_cast<int>(key), nothing.size(), nothing.data(), 1);
+    }
+    connection_.setBorrowedKeyCode(0);
+}
+
+std::vector<unsigned> X11KeyEventPoster::keysDown() const
+{
+    std::array<char, 32> bits{};
+    XQueryKeymap(connection_.display(), bits.data());
+    std::vector<unsigned> result;
+    for (unsigned key = 0; key < bits.size() * 8; ++key) {
+        if ((static_cast<unsigned char>(bits[key / 8]) >> (key % 8) & 1) != 0)
+            result.push_back(key);
+    }
+    return result;
+}
+
+} // namespace vantro

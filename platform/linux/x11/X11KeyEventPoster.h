@@ -1,0 +1,48 @@
+#pragma once
+
+#include "platform/KeyEventPoster.h"
+
+#include <QTimer>
+
+#include <vector>
+
+namespace vantro {
+
+class X11Connection;
+class X11Keymap;
+
+/// Keystrokes through the XTest extension, which reaches every X11 program as a real keyboard would.
+///
+/// What the user holds is taken into account: modifiers are released first and not pressed again (the user does not
+/// expect to type with them still down, and a key pressed for him could stay down); an ordinary key is waited for, up
+/// to one second, because a hot key that is held swallows every other key. A layout without a Latin `v` gets one on an
+/// unused key for a few seconds.
+class X11KeyEventPoster final : public KeyEventPoster
+{
+public:
+    /// @p connection must outlive the poster.
+    explicit X11KeyEventPoster(X11Connection& connection);
+    ~X11KeyEventPoster() override;
+
+    void postPaste(PasteChord chord) override;
+
+private:
+    struct Stroke;
+
+    void waitForOrdinaryKeys(const X11Keymap& keymap);
+    void freeModifiers(const X11Keymap& keymap);
+    [[nodiscard]] Stroke strokeFor(PasteChord chord);
+    [[nodiscard]] unsigned borrowKey(const X11Keymap& keymap, unsigned long keysym);
+    void returnBorrowedKey();
+    [[nodiscard]] std::vector<unsigned> keysDown() const;
+
+    X11Connection& connection_;
+    bool hasXTest_ = false;
+    unsigned long borrowedKeysym_ = 0;
+    QTimer returnTimer_;
+};
+
+/// Whether the server behind @p connection lets programs synthesise keys.
+bool hasXTest(X11Connection& connection);
+
+} // namespace vantro

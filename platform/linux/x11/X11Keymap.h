@@ -1,0 +1,67 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace vantro {
+
+class X11Connection;
+
+/// The keyboard as the server describes it at this moment: which key carries which symbol in which layout group, and
+/// which keys are modifiers. A snapshot; take a new one after every change. Key codes are the X server's (8 to 255).
+class X11Keymap
+{
+public:
+    using KeyCode = unsigned;
+    using Keysym = unsigned long;
+
+    explicit X11Keymap(X11Connection& connection);
+    ~X11Keymap();
+    X11Keymap(const X11Keymap&) = delete;
+    X11Keymap& operator=(const X11Keymap&) = delete;
+
+    /// False when the server would not tell; every question below then has an empty answer.
+    [[nodiscard]] bool isValid() const { return description_ != nullptr; }
+
+    /// The layout group in force (0 to 3) and the one that is locked.
+    [[nodiscard]] unsigned activeGroup() const { return activeGroup_; }
+    [[nodiscard]] unsigned lockedGroup() const { return lockedGroup_; }
+    [[nodiscard]] unsigned groupCount() const { return groupCount_; }
+
+    /// The keys that give @p keysym in @p group without any modifier.
+    [[nodiscard]] std::vector<KeyCode> keysWith(Keysym keysym, unsigned group) const;
+    /// The key in the place where a US keyboard has the Latin letter @p keysym.
+    [[nodiscard]] std::optional<KeyCode> keyInPlaceOf(Keysym keysym) const;
+    /// A key that carries nothing in any group.
+    [[nodiscard]] std::optional<KeyCode> emptyKey() const;
+
+    /// The modifier bits that keys with one of @p keysyms set.
+    [[nodiscard]] unsigned modifierMask(const std::vector<Keysym>& keysyms) const;
+    /// A key with one of @p keysyms that sets one of the bits of @p mask.
+    [[nodiscard]] std::optional<KeyCode> modifierKey(unsigned mask, const std::vector<Keysym>& keysyms) const;
+    /// The modifier bits @p key sets; 0 for ordinary keys.
+    [[nodiscard]] unsigned modifiersOf(KeyCode key) const { return keyModifiers_[key]; }
+    /// Caps Lock, Num Lock and Scroll Lock: states that must not matter to a shortcut.
+    [[nodiscard]] unsigned lockMask() const { return lockMask_; }
+
+private:
+    struct Free
+    {
+        void operator()(void* description) const;
+    };
+
+    [[nodiscard]] std::optional<Keysym> keysym(KeyCode key, unsigned group) const;
+    [[nodiscard]] bool carries(KeyCode key, const std::vector<Keysym>& keysyms) const;
+    void readModifiers(X11Connection& connection);
+
+    std::unique_ptr<void, Free> description_;
+    std::vector<unsigned> keyModifiers_ = std::vector<unsigned>(256, 0);
+    unsigned activeGroup_ = 0;
+    unsigned lockedGroup_ = 0;
+    unsigned groupCount_ = 0;
+    unsigned lockMask_ = 0;
+};
+
+} // namespace vantro

@@ -1,0 +1,359 @@
+#include "platform/linux/x11/X11SelectionService.h"
+
+#include "base/Logger.h"
+
+#include <poll.h>
+#include <sys/eventfd.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <cstring>
+#include <utility>
+
+using namespace std::chrono_literals;
+
+namespace vantro {
+
+namespace {
+
+constexpr auto silenceLimit = 500ms;
+constexpr auto readLimit = 2000ms;
+constexpr std::size_t maxPropertyBytes = 1024 * 1024;
+
+struct Freed
+{
+    void operator()(void* data) const { std::free(data); }
+};
+template <typename Reply>
+using Owner = std::unique_ptr<Reply, Freed>;
+
+template <typename Reply>
+Owner<Reply> owner(Reply* reply)
+{
+    return Owner<Reply>(reply);
+}
+
+bool isEarlier(xcb_timestamp_t left, xcb_timestamp_t right)
+{
+    return static_cast<std::int32_t>(left - right) < 0;
+}
+
+template <typename Event>
+const Event& as(const xcb_generic_event_t& event)
+{
+    return reinterpret_cast<const Event&>(event);
+}
+
+} // namespace
+
+X11SelectionService::X11SelectionService(const QByteArray& displayName)
+{
+    int screenNumber = 0;
+    connection_.reset(xcb_connect(displayName.isEmpty() ? nullptr : displayName.constData(), &screenNumber));
+    wakeFd_ = eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
+    if (xcb_connection_has_error(connection_.get()) != 0 || wakeFd_ < 0) {
+        closed_ = true;
+        return;
+    }
+    xcb_screen_iterator_t screen = xcb_setup_roots_iterator(xcb_get_setup(connection_.get()));
+    for (; screenNumber > 0; --screenNumber)
+        xcb_screen_next(&screen);
+    window_ = xcb_generate_id(connection_.get());
+    const std::uint32_t events = XCB_EVENT_MASK_PROPERTY_CHANGE;
+    xcb_create_window(connection_.get(), XCB_COPY_FROM_PARENT, window_, screen.data->root, -1, -1, 1, 1, 0,
+                      XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT, XCB_CW_EVENT_MASK, &events);
+    internAtoms();
+    maxPropertyBytes_ = std::min<std::size_t>(maxPropertyBytes,
+                                              4 * std::size_t{xcb_get_maximum_request_length(connection_.get())} - 64);
+    thread_ = std::thread([this] { run(); });
+}
+
+X11SelectionService::~X11SelectionService()
+{
+    onThread([this] {
+        leaveToManager();
+        ending_ = true;
+    });
+    if (thread_.joinable())
+        thread_.join();
+    ::close(wakeFd_);
+}
+
+void X11SelectionService::internAtoms()
+{
+    constexpr std::array<const char*, AtomCount> names{"CLIPBOARD",
+                                                       "CLIPBOARD_MANAGER",
+                                                       "INCR",
+                                                       "MULTIPLE",
+                                                       "PRIMARY",
+                                                       "SAVE_TARGETS",
+                                                       "VANTRO_SELECTION",
+                                                       "TARGETS",
+                                                       "TEXT",
+                                                       "text/plain",
+                                                       "text/plain;charset=utf-8",
+                                                       "TIMESTAMP",
+                                                       "UTF8_STRING"};
+    std::array<xcb_intern_atom_cookie_t, AtomCount> cookies{};
+    std::ranges::transform(names, cookies.begin(), [this](const char* name) {
+        return xcb_intern_atom(connection_.get(), 0, static_cast<std::uint16_t>(std::strlen(name)), name);
+    });
+    std::ranges::transform(cookies, atoms_.begin(), [this](xcb_intern_atom_cookie_t cookie) {
+        const auto reply = owner(xcb_intern_atom_reply(connection_.get(), cookie, nullptr));
+        return reply ? reply->atom : XCB_NONE;
+    });
+}
+
+bool X11SelectionService::onThread(std::function<void()> action)
+{
+    Work work{std::move(action), {}};
+    std::future<bool> done = work.done.get_future();
+    {
+        const std::scoped_lock lock(mutex_);
+        if (closed_)
+            return false;
+        work_.push_back(std::move(work));
+    }
+    const std::uint64_t one = 1;
+    std::ignore = ::write(wakeFd_, &one, sizeof one);
+    return done.get();
+}
+
+void X11SelectionService::run()
+{
+    pumpUntil(
+        [this] {
+            runWork();
+            return ending_;
+        },
+        std::nullopt);
+    const std::scoped_lock lock(mutex_);
+    closed_ = true;
+    for (Work& work : work_)
+        work.done.set_value(false);
+    work_.clear();
+}
+
+void X11SelectionService::runWork()
+{
+    std::vector<Work> current;
+    {
+        const std::scoped_lock lock(mutex_);
+        current.swap(work_);
+    }
+    for (Work& work : current) {
+        work.action();
+        work.done.set_value(true);
+    }
+}
+
+bool X11SelectionService::pumpUntil(const std::function<bool()>& done, std::optional<Clock::time_point> deadline)
+{
+    while (true) {
+        while (const auto event = owner(xcb_poll_for_event(connection_.get())))
+            handle(*event);
+        if (done())
+            return true;
+        if (xcb_connection_has_error(connection_.get()) != 0)
+            return false;
+        xcb_flush(connection_.get());
+        int timeoutMs = -1;
+        if (deadline) {
+            const auto left = std::chrono::ceil<std::chrono::milliseconds>(*deadline - Clock::now());
+            if (left <= 0ms)
+                return false;
+            timeoutMs = static_cast<int>(left.count());
+        }
+        // What done() asked the server may have brought events in beside the answers.
+        if (const auto event = owner(xcb_poll_for_queued_event(connection_.get()))) {
+            handle(*event);
+            continue;
+        }
+        std::array<pollfd, 2> sources{pollfd{xcb_get_file_descriptor(connection_.get()), POLLIN, 0},
+                                      pollfd{wakeFd_, POLLIN, 0}};
+        // While something is awaited new work waits, so its wake-up must not be taken away here.
+        poll(sources.data(), deadline ? 1 : 2, timeoutMs);
+        std::uint64_t count = 0;
+        if (!deadline)
+            std::ignore = ::read(wakeFd_, &count, sizeof count);
+    }
+}
+
+void X11SelectionService::handle(const xcb_generic_event_t& event)
+{
+    switch (event.response_type & 0x7f) {
+    case XCB_SELECTION_REQUEST:
+        answer(as<xcb_selection_request_event_t>(event));
+        break;
+    case XCB_SELECTION_CLEAR: {
+        const auto& cleared = as<xcb_selection_clear_event_t>(event);
+        if (auto* const mine = owned(cleared.selection);
+            mine != nullptr && *mine && !isEarlier(cleared.time, (*mine)->since))
+            mine->reset();
+        break;
+    }
+    case XCB_SELECTION_NOTIFY:
+        notify_ = as<xcb_selection_notify_event_t>(event);
+        break;
+    case XCB_PROPERTY_NOTIFY: {
+        const auto& changed = as<xcb_property_notify_event_t>(event);
+        if (changed.window != window_)
+            continueTransfer(changed);
+        else if (changed.atom == atoms_[Timestamp])
+            time_ = changed.time;
+        else if (changed.atom == atoms_[Scratch] && changed.state == XCB_PROPERTY_NEW_VALUE)
+            propertyArrived_ = true;
+        break;
+    }
+    default:
+        // Errors among them: the window of a program that has ended meanwhile.
+        break;
+    }
+}
+
+std::optional<QByteArray> X11SelectionService::read(Selection selection)
+{
+    std::optional<QByteArray> result;
+    onThread([&] {
+        if (owned(selection)) {
+            result = owned(selection)->utf8;
+            return;
+        }
+        const auto giveUp = Clock::now() + readLimit;
+        result = fetch(atomOf(selection), atoms_[Utf8String], giveUp);
+        if (!result) {
+            if (const auto latin1 = fetch(atomOf(selection), XCB_ATOM_STRING, giveUp))
+                result = QString::fromLatin1(*latin1).toUtf8();
+        }
+    });
+    return result;
+}
+
+void X11SelectionService::own(Selection selection, const QByteArray& utf8)
+{
+    onThread([&] {
+        owned(selection) = Owned{utf8, serverTime(), {}};
+        xcb_set_selection_owner(connection_.get(), window_, atomOf(selection), owned(selection)->since);
+        const auto reply = owner(xcb_get_selection_owner_reply(
+            connection_.get(), xcb_get_selection_owner(connection_.get(), atomOf(selection)), nullptr));
+        if (!reply || reply->owner != window_) {
+            owned(selection).reset();
+            Logger("X11Pasteboard").error(QStringLiteral("The X server did not give the clipboard away"));
+        }
+    });
+}
+
+void X11SelectionService::disown(Selection selection)
+{
+    onThread([&] {
+        owned(selection).reset();
+        xcb_set_selection_owner(connection_.get(), XCB_NONE, atomOf(selection), serverTime());
+        // Whoever asks next, over whatever connection, finds no owner.
+        std::ignore = owner(xcb_get_selection_owner_reply(
+            connection_.get(), xcb_get_selection_owner(connection_.get(), atomOf(selection)), nullptr));
+    });
+}
+
+bool X11SelectionService::owns(Selection selection)
+{
+    bool result = false;
+    onThread([&] { result = owned(selection).has_value(); });
+    return result;
+}
+
+bool X11SelectionService::wasFetchedBy(Selection selection, std::optional<WindowID> window)
+{
+    bool result = false;
+    onThread([&] {
+        if (!owned(selection))
+            return;
+        // All windows of one program share the upper bits of their numbers.
+        const std::uint32_t program = ~xcb_get_setup(connection_.get())->resource_id_mask;
+        result = std::ranges::any_of(owned(selection)->fetchedBy, [&](xcb_window_t requestor) {
+            return !window || (requestor & program) == (*window & program);
+        });
+    });
+    return result;
+}
+
+std::optional<QByteArray> X11SelectionService::fetch(xcb_atom_t selection, xcb_atom_t target, Clock::time_point giveUp)
+{
+    const auto limit = [&] {
+        return std::min(giveUp, Clock::now() + silenceLimit);
+    };
+    const xcb_timestamp_t time = serverTime();
+    notify_.reset();
+    xcb_delete_property(connection_.get(), window_, atoms_[Scratch]);
+    xcb_convert_selection(connection_.get(), window_, selection, target, atoms_[Scratch], time);
+    const bool answered = pumpUntil(
+        [&] {
+            return notify_ && notify_->selection == selection && notify_->target == target && notify_->time == time;
+        },
+        limit());
+    if (!answered || notify_->property == XCB_NONE)
+        return std::nullopt;
+
+    xcb_atom_t type = XCB_NONE;
+    propertyArrived_ = false;
+    auto whole = takeProperty(type);
+    if (type != atoms_[Incr])
+        return whole;
+    whole = QByteArray();
+    while (true) {
+        if (!pumpUntil([this] { return std::exchange(propertyArrived_, false); }, limit()))
+            return std::nullopt;
+        const auto piece = takeProperty(type);
+        if (!piece)
+            return std::nullopt;
+        if (piece->isEmpty())
+            return whole;
+        whole->append(*piece);
+    }
+}
+
+/// Removing the property is what tells a sender of pieces to go on.
+std::optional<QByteArray> X11SelectionService::takeProperty(xcb_atom_t& type)
+{
+    constexpr std::uint32_t everything = 0x1fffffff;
+    const auto reply = owner(xcb_get_property_reply(
+        connection_.get(),
+        xcb_get_property(connection_.get(), 1, window_, atoms_[Scratch], XCB_GET_PROPERTY_TYPE_ANY, 0, everything),
+        nullptr));
+    if (!reply || reply->type == XCB_NONE)
+        return std::nullopt;
+    type = reply->type;
+    return QByteArray(static_cast<const char*>(xcb_get_property_value(reply.get())),
+                      xcb_get_property_value_length(reply.get()));
+}
+
+/// The time of a property change is the only way to learn the server's clock.
+xcb_timestamp_t X11SelectionService::serverTime()
+{
+    time_.reset();
+    xcb_change_property(connection_.get(), XCB_PROP_MODE_APPEND, window_, atoms_[Timestamp], XCB_ATOM_INTEGER, 32, 0,
+                        nullptr);
+    pumpUntil([this] { return time_.has_value(); }, Clock::now() + silenceLimit);
+    return time_.value_or(XCB_CURRENT_TIME);
+}
+
+xcb_atom_t X11SelectionService::atomOf(Selection selection) const
+{
+    return atoms_[selection == Selection::Clipboard ? Clipboard : Primary];
+}
+
+std::optional<X11SelectionService::Owned>& X11SelectionService::owned(Selection selection)
+{
+    return owned_[selection == Selection::Clipboard ? 0 : 1];
+}
+
+std::optional<X11SelectionService::Owned>* X11SelectionService::owned(xcb_atom_t selection)
+{
+    if (selection == atoms_[Clipboard])
+        return &owned(Selection::Clipboard);
+    if (selection == atoms_[Primary])
+        return &owned(Selection::Primary);
+    return nullptr;
+}
+
+} // namespace vantro

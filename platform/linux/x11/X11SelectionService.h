@@ -1,0 +1,130 @@
+#pragma once
+
+#include "platform/Pasteboard.h"
+
+#include <QByteArray>
+
+#include <xcb/xcb.h>
+
+#include <array>
+#include <chrono>
+#include <functional>
+#include <future>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <thread>
+#include <vector>
+
+namespace vantro {
+
+/// Owns and reads X selections on a thread of its own (the exchange is described in the Inter-Client Communication
+/// Conventions Manual, section 2). The public functions may be called from any other thread; they wait for the thread's
+/// answer, which a foreign program can delay by half a second of silence, and by two seconds altogether.
+class X11SelectionService
+{
+public:
+    using Selection = Pasteboard::Selection;
+
+    explicit X11SelectionService(const QByteArray& displayName);
+    ~X11SelectionService();
+    X11SelectionService(const X11SelectionService&) = delete;
+    X11SelectionService& operator=(const X11SelectionService&) = delete;
+
+    /// UTF-8; nothing when the selection has no owner, its owner has no text, or does not answer.
+    [[nodiscard]] std::optional<QByteArray> read(Selection selection);
+    void own(Selection selection, const QByteArray& utf8);
+    void disown(Selection selection);
+    [[nodiscard]] bool owns(Selection selection);
+    /// Whether a program has fetched the owned text: any, or the one that owns @p window.
+    [[nodiscard]] bool wasFetchedBy(Selection selection, std::optional<WindowID> window);
+
+private:
+    using Clock = std::chrono::steady_clock;
+
+    struct Connection
+    {
+        void operator()(xcb_connection_t* connection) const { xcb_disconnect(connection); }
+    };
+    struct Owned
+    {
+        QByteArray utf8;
+        xcb_timestamp_t since = XCB_CURRENT_TIME;
+        std::vector<xcb_window_t> fetchedBy;
+    };
+    /// A text too long for one property, handed over piece by piece as the other program takes the pieces away.
+    struct Transfer
+    {
+        xcb_window_t requestor = XCB_NONE;
+        xcb_atom_t property = XCB_NONE;
+        xcb_atom_t type = XCB_NONE;
+        QByteArray rest;
+        Clock::time_point lastMoved;
+    };
+    struct Work
+    {
+        std::function<void()> action;
+        std::promise<bool> done;
+    };
+    enum Atom {
+        Clipboard,
+        ClipboardManager,
+        Incr,
+        Multiple,
+        Primary,
+        SaveTargets,
+        Scratch,
+        Targets,
+        Text,
+        TextPlain,
+        TextPlainUtf8,
+        Timestamp,
+        Utf8String,
+        AtomCount
+    };
+
+    /// Runs @p action on the thread and waits for it. False when there is no server (any more).
+    bool onThread(std::function<void()> action);
+    void run();
+    void runWork();
+    void internAtoms();
+    /// Handles events until @p done or @p deadline; whether it was @p done.
+    bool pumpUntil(const std::function<bool()>& done, std::optional<Clock::time_point> deadline);
+    void handle(const xcb_generic_event_t& event);
+
+    void answer(const xcb_selection_request_event_t& request);
+    bool give(Owned& mine, xcb_window_t requestor, xcb_atom_t target, xcb_atom_t property);
+    bool giveMultiple(Owned& mine, xcb_window_t requestor, xcb_atom_t property);
+    void put(xcb_window_t requestor, xcb_atom_t property, xcb_atom_t type, const QByteArray& bytes);
+    void continueTransfer(const xcb_property_notify_event_t& event);
+    [[nodiscard]] std::optional<QByteArray> fetch(xcb_atom_t selection, xcb_atom_t target, Clock::time_point giveUp);
+    [[nodiscard]] std::optional<QByteArray> takeProperty(xcb_atom_t& type);
+    [[nodiscard]] xcb_timestamp_t serverTime();
+    void leaveToManager();
+
+    [[nodiscard]] xcb_atom_t atomOf(Selection selection) const;
+    [[nodiscard]] std::optional<Owned>& owned(Selection selection);
+    [[nodiscard]] std::optional<Owned>* owned(xcb_atom_t selection);
+    [[nodiscard]] std::vector<xcb_atom_t> textTargets() const;
+
+    std::unique_ptr<xcb_connection_t, Connection> connection_;
+    xcb_window_t window_ = XCB_NONE;
+    std::size_t maxPropertyBytes_ = 0;
+    std::array<xcb_atom_t, AtomCount> atoms_{};
+
+    // Only the thread touches these once it runs.
+    std::array<std::optional<Owned>, 2> owned_;
+    std::vector<Transfer> transfers_;
+    std::optional<xcb_selection_notify_event_t> notify_;
+    bool propertyArrived_ = false;
+    std::optional<xcb_timestamp_t> time_;
+    bool ending_ = false;
+
+    std::mutex mutex_;
+    std::vector<Work> work_;
+    bool closed_ = false;
+    int wakeFd_ = -1;
+    std::thread thread_;
+};
+
+} // namespace vantro

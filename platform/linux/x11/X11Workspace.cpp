@@ -1,0 +1,184 @@
+#include "platform/linux/x11/X11Workspace.h"
+
+#include "base/Logger.h"
+#include "platform/linux/x11/X11Connection.h"
+#include "platform/linux/x11/X11ErrorTrap.h"
+
+#include <QDesktopServices>
+#include <QUrl>
+
+#include <X11/Xatom.h>
+#include <X11/Xlib.h>
+#include <X11/Xutil.h>
+
+#include <algorithm>
+#include <memory>
+
+namespace vantro {
+
+namespace {
+
+struct XFreeDeleter
+{
+    void operator()(void* data) const { XFree(data); }
+};
+
+/// What a window manager trusts: a request made for the user, not by a program that wants to be in front.
+constexpr long sourceIsUser = 2;
+constexpr long maxPropertyLongs = 4096;
+
+} // namespace
+
+X11Workspace::X11Workspace(X11Connection& connection) : connection_(connection)
+{
+    if (!connection_.isOpen())
+        return;
+    activeWindowAtom_ = XInternAtom(connection_.display(), "_NET_ACTIVE_WINDOW", False);
+    supportedAtom_ = XInternAtom(connection_.display(), "_NET_SUPPORTED", False);
+    connection_.selectRootEvents(PropertyChangeMask);
+    connection_.addListener(this, [this](XEvent& event) {
+        if (event.type == PropertyNotify && event.xproperty.window == connection_.rootWindow() &&
+            event.xproperty.atom == activeWindowAtom_)
+            Q_EMIT frontWindowChanged();
+    });
+}
+
+std::optional<WindowID> X11Workspace::frontWindow() const
+{
+    if (!connection_.isOpen())
+        return std::nullopt;
+    const X11ErrorTrap trap(connection_);
+    if (managerSupports(activeWindowAtom_)) {
+        const auto active = rootProperty(activeWindowAtom_, XA_WINDOW);
+        return !active.empty() && active.front() != None ? std::optional<WindowID>(active.front()) : std::nullopt;
+    }
+    // Without a manager the top-level windows are the root's children.
+    std::optional<unsigned long> window = focusedWindow();
+    for (auto parent = window; parent && *parent != connection_.rootWindow(); parent = parentOf(*parent))
+        window = parent;
+    return window;
+}
+
+bool X11Workspace::windowExists(WindowID window) const
+{
+    if (!connection_.isOpen())
+        return false;
+    const X11ErrorTrap trap(connection_);
+    XWindowAttributes attributes{};
+    return XGetWindowAttributes(connection_.display(), window, &attributes) != 0;
+}
+
+bool X11Workspace::hasInputFocus(WindowID window) const
+{
+    if (!connection_.isOpen())
+        return false;
+    const X11ErrorTrap trap(connection_);
+    for (auto ancestor = focusedWindow(); ancestor; ancestor = parentOf(*ancestor)) {
+        if (*ancestor == window)
+            return true;
+    }
+    return false;
+}
+
+void X11Workspace::activateWindow(WindowID window)
+{
+    if (!connection_.isOpen())
+        return;
+    const X11ErrorTrap trap(connection_);
+    Display* const display = connection_.display();
+    if (!managerSupports(activeWindowAtom_)) {
+        XRaiseWindow(display, window);
+        XSetInputFocus(display, window, RevertToParent, CurrentTime);
+        return;
+    }
+    XEvent event{};
+    event.xclient.type = ClientMessage;
+    event.xclient.window = window;
+    event.xclient.message_type = activeWindowAtom_;
+    event.xclient.format = 32;
+    event.xclient.data.l[0] = sourceIsUser;
+    event.xclient.data.l[1] = CurrentTime;
+    XSendEvent(display, connection_.rootWindow(), False, SubstructureRedirectMask | SubstructureNotifyMask, &event);
+}
+
+QStringList X11Workspace::windowClass(WindowID window) const
+{
+    if (!connection_.isOpen())
+        return {};
+    const X11ErrorTrap trap(connection_);
+    XClassHint hint{};
+    if (XGetClassHint(connection_.display(), window, &hint) == 0)
+        return {};
+    const std::unique_ptr<char, XFreeDeleter> className(hint.res_class);
+    const std::unique_ptr<char, XFreeDeleter> instanceName(hint.res_name);
+    return {QString::fromLocal8Bit(className.get()), QString::fromLocal8Bit(instanceName.get())};
+}
+
+void X11Workspace::openUrl(const QString& url)
+{
+    if (!QDesktopServices::openUrl(QUrl(url)))
+        Logger("X11Workspace").error(QStringLiteral("No program could be started to open %1").arg(url));
+}
+
+bool X11Workspace::managerSupports(unsigned long atom) const
+{
+    const auto supported = rootProperty(supportedAtom_, XA_ATOM);
+    return std::ranges::find(supported, atom) != supported.end();
+}
+
+std::vector<unsigned long> X11Workspace::rootProperty(unsigned long atom, unsigned long type) const
+{
+    Atom actualType = None;
+    int format = 0;
+    unsigned long count = 0;
+    unsigned long left = 0;
+    unsigned char* data = nullptr;
+    if (XGetWindowProperty(connection_.display(), connection_.rootWindow(), atom, 0, maxPropertyLongs, False, type,
+                           &actualType, &format, &count, &left, &data) != Success)
+        return {};
+    const std::unique_ptr<unsigned char, XFreeDeleter> owner(data);
+    if (data == nullptr || format != 32 || actualType != type)
+        return {};
+    const auto* const values = reinterpret_cast<const unsigned long*>(data);
+    return {values, values + count};
+}
+
+/// The window that key presses are sent to; with the focus at PointerRoot, the innermost one below the pointer.
+std::optional<unsigned long> X11Workspace::focusedWindow() const
+{
+    Display* const display = connection_.display();
+    Window focus = None;
+    int revertTo = 0;
+    if (XGetInputFocus(display, &focus, &revertTo) == 0 || focus == None)
+        return std::nullopt;
+    if (focus != PointerRoot)
+        return focus;
+    std::optional<unsigned long> innermost;
+    Window child = connection_.rootWindow();
+    while (child != None) {
+        innermost = child;
+        Window root = None;
+        int rootX = 0;
+        int rootY = 0;
+        int x = 0;
+        int y = 0;
+        unsigned mask = 0;
+        if (XQueryPointer(display, *innermost, &root, &child, &rootX, &rootY, &x, &y, &mask) == 0)
+            break;
+    }
+    return innermost;
+}
+
+std::optional<unsigned long> X11Workspace::parentOf(unsigned long window) const
+{
+    Window root = None;
+    Window parent = None;
+    Window* children = nullptr;
+    unsigned count = 0;
+    if (XQueryTree(connection_.display(), window, &root, &parent, &children, &count) == 0)
+        return std::nullopt;
+    const std::unique_ptr<Window, XFreeDeleter> owner(children);
+    return parent != None ? std::optional(parent) : std::nullopt;
+}
+
+} // namespace vantro

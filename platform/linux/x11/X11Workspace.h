@@ -1,0 +1,39 @@
+#pragma once
+
+#include "platform/Workspace.h"
+
+#include <optional>
+#include <vector>
+
+namespace vantro {
+
+class X11Connection;
+
+/// Windows through EWMH, the window managers' common protocol; where the manager does not speak it (or there is none),
+/// through the input focus itself.
+class X11Workspace final : public Workspace
+{
+    Q_OBJECT
+public:
+    /// @p connection must outlive the workspace.
+    explicit X11Workspace(X11Connection& connection);
+
+    [[nodiscard]] std::optional<WindowID> frontWindow() const override;
+    [[nodiscard]] bool windowExists(WindowID window) const override;
+    [[nodiscard]] bool hasInputFocus(WindowID window) const override;
+    void activateWindow(WindowID window) override;
+    [[nodiscard]] QStringList windowClass(WindowID window) const override;
+    void openUrl(const QString& url) override;
+
+private:
+    [[nodiscard]] bool managerSupports(unsigned long atom) const;
+    [[nodiscard]] std::vector<unsigned long> rootProperty(unsigned long atom, unsigned long type) const;
+    [[nodiscard]] std::optional<unsigned long> focusedWindow() const;
+    [[nodiscard]] std::optional<unsigned long> parentOf(unsigned long window) const;
+
+    X11Connection& connection_;
+    unsigned long activeWindowAtom_ = 0;
+    unsigned long supportedAtom_ = 0;
+};
+
+} // namespace vantro
