@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/Error.h"
 #include "base/Logger.h"
 #include "vantro/models/ModelSelection.h"
 #include "vantro/models/TranscriptionProviding.h"

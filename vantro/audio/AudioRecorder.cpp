@@ -18,6 +18,11 @@ namespace {
 
 constexpr double samplesPerSecond = 16'000.0;
 
+Clock::Instant::rep steadyNow()
+{
+    return std::chrono::steady_clock::now().time_since_epoch().count();
+}
+
 QString seconds(double value)
 {
     return QString::number(value, 'f', 2);
@@ -51,6 +56,12 @@ AudioRecorder::~AudioRecorder()
         currentSession_->tearDown(nullptr);
 }
 
+std::optional<Clock::Instant> AudioRecorder::firstSampleAt() const
+{
+    const Clock::Instant::rep ticks = firstTap_.load();
+    return ticks != 0 ? std::optional(Clock::Instant(Clock::Instant::duration(ticks))) : std::nullopt;
+}
+
 void AudioRecorder::startRecording()
 {
     if (isRecording_ || isBusy_)
@@ -64,6 +75,7 @@ void AudioRecorder::startRecording()
     collector_ = std::make_shared<SampleCollector>();
     activeRecordingID_ = QStringLiteral("audio-") + QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper();
     recordingStartedAt_ = clock_.now();
+    firstTap_ = 0;
     beginGeneration();
     if (const auto failure = startEngineSession()) {
         fail(failure->message);

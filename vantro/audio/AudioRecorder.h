@@ -55,6 +55,8 @@ public:
     [[nodiscard]] bool isBusy() const { return isBusy_; }
     /// 0..1, for the waveform.
     [[nodiscard]] float currentAmplitude() const { return currentAmplitude_; }
+    /// When the first sound of the latest recording arrived; nothing before it has.
+    [[nodiscard]] std::optional<Clock::Instant> firstSampleAt() const;
     /// The one in force when the recording is stopped counts.
     [[nodiscard]] ProcessingMode processingMode() const { return processingMode_; }
     void setProcessingMode(ProcessingMode mode);
@@ -142,6 +144,7 @@ private:
     std::uint64_t lossCount_ = 0;
 
     std::atomic<float> tapLevel_{0};
+    std::atomic<Clock::Instant::rep> firstTap_{0}; ///< 0 until the first block of a recording
     ThreadWaker levelWaker_;
 };
 

@@ -1,5 +1,6 @@
 #include "vantro/ui/style/UiEngine.h"
 
+#include <QEvent>
 #include <QGuiApplication>
 #include <QPalette>
 
@@ -18,7 +19,14 @@ bool desktopIsDark()
 UiEngine::UiEngine(const UserDefaults& defaults) : defaults_(defaults)
 {
     applyTheme();
-    connect(qGuiApp, &QGuiApplication::paletteChanged, this, &UiEngine::applyTheme);
+    qGuiApp->installEventFilter(this);
+}
+
+bool UiEngine::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == qGuiApp && event->type() == QEvent::ApplicationPaletteChange)
+        applyTheme();
+    return QObject::eventFilter(watched, event);
 }
 
 void UiEngine::applyTheme()

@@ -19,6 +19,8 @@ public:
     /// Applies the look again, after the setting or the desktop's palette has changed.
     void applyTheme();
 
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     const UserDefaults& defaults_;
     QQmlEngine engine_;
