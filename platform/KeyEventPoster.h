@@ -21,6 +21,10 @@ public:
 
     virtual ~KeyEventPoster() = default;
 
+    /// Whether the user holds a key down that is not a modifier. If that key is a hot key, of this program or another,
+    /// it swallows every keystroke until it is released: wait a while before posting.
+    [[nodiscard]] virtual bool isOrdinaryKeyDown() const = 0;
+
     /// Presses and releases @p chord, whatever the keyboard layout and whatever modifiers the user holds. Nothing stays
     /// pressed, also when it throws KeyEventError.
     virtual void postPaste(PasteChord chord) = 0;

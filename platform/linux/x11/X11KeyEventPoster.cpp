@@ -13,7 +13,6 @@
 #include <algorithm>
 #include <array>
 #include <chrono>
-#include <thread>
 
 using namespace std::chrono_literals;
 
@@ -21,8 +20,6 @@ namespace vantro {
 
 namespace {
 
-constexpr auto ordinaryKeyWait = 1000ms;
-constexpr auto ordinaryKeyPoll = 2ms;
 /// A program reads the keyboard's description when it gets to the key press, however late that is.
 constexpr auto borrowedKeyTime = 3000ms;
 
@@ -34,6 +31,11 @@ QString tr(const char* text)
 void fakeKey(Display* display, unsigned key, bool down)
 {
     XTestFakeKeyEvent(display, key, down ? True : False, CurrentTime);
+}
+
+bool anyOrdinary(const std::vector<unsigned>& keys, const X11Keymap& keymap)
+{
+    return std::ranges::any_of(keys, [&](unsigned key) { return keymap.modifiersOf(key) == 0; });
 }
 
 } // namespace
@@ -102,7 +104,9 @@ X11KeyEventPoster::Stroke X11KeyEventPoster::strokeFor(PasteChord chord)
     const X11Keymap keymap(connection_);
     if (!keymap.isValid())
         throw KeyEventError(tr("The X server does not tell what the keyboard's keys are."));
-    waitForOrdinaryKeys(keymap);
+    // A hot key of ours that is held would swallow the keystroke.
+    if (anyOrdinary(keysDown(), keymap))
+        XUngrabKeyboard(connection_.display(), CurrentTime);
     freeModifiers(keymap);
 
     Stroke stroke{{}, keymap.activeGroup()};
@@ -130,20 +134,12 @@ X11KeyEventPoster::Stroke X11KeyEventPoster::strokeFor(PasteChord chord)
     return stroke;
 }
 
-void X11KeyEventPoster::waitForOrdinaryKeys(const X11Keymap& keymap)
+bool X11KeyEventPoster::isOrdinaryKeyDown() const
 {
-    const auto anyDown = [&] {
-        return std::ranges::any_of(keysDown(), [&](unsigned key) { return keymap.modifiersOf(key) == 0; });
-    };
-    const auto deadline = std::chrono::steady_clock::now() + ordinaryKeyWait;
-    while (anyDown()) {
-        if (std::chrono::steady_clock::now() >= deadline) {
-            // A jammed key must not stand in the way of every paste; if it is a hot key of ours, let go of it.
-            XUngrabKeyboard(connection_.display(), CurrentTime);
-            return;
-        }
-        std::this_thread::sleep_for(ordinaryKeyPoll);
-    }
+    if (!connection_.isOpen())
+        return false;
+    const std::vector<unsigned> down = keysDown();
+    return !down.empty() && anyOrdinary(down, X11Keymap(connection_));
 }
 
 void X11KeyEventPoster::freeModifiers(const X11Keymap& keymap)

@@ -13,10 +13,9 @@ class X11Keymap;
 
 /// Keystrokes through the XTest extension, which reaches every X11 program as a real keyboard would.
 ///
-/// What the user holds is taken into account: modifiers are released first and not pressed again (the user does not
-/// expect to type with them still down, and a key pressed for him could stay down); an ordinary key is waited for, up
-/// to one second, because a hot key that is held swallows every other key. A layout without a Latin `v` gets one on an
-/// unused key for a few seconds.
+/// Modifiers that the user holds are released first and not pressed again: the user does not expect to type with them
+/// after the paste, and a key pressed in his place could stay down. A layout without a Latin `v` gets one on an unused
+/// key for a few seconds.
 class X11KeyEventPoster final : public KeyEventPoster
 {
 public:
@@ -24,12 +23,12 @@ public:
     explicit X11KeyEventPoster(X11Connection& connection);
     ~X11KeyEventPoster() override;
 
+    [[nodiscard]] bool isOrdinaryKeyDown() const override;
     void postPaste(PasteChord chord) override;
 
 private:
     struct Stroke;
 
-    void waitForOrdinaryKeys(const X11Keymap& keymap);
     void freeModifiers(const X11Keymap& keymap);
     [[nodiscard]] Stroke strokeFor(PasteChord chord);
     [[nodiscard]] unsigned borrowKey(const X11Keymap& keymap, unsigned long keysym);

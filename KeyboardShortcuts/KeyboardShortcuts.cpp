@@ -1,0 +1,298 @@
+#include "KeyboardShortcuts/KeyboardShortcuts.h"
+
+#include "base/Logger.h"
+#include "platform/KeyCode.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+#include <array>
+#include <iterator>
+#include <limits>
+#include <utility>
+
+namespace vantro {
+
+namespace {
+
+const Logger& logger()
+{
+    static const Logger instance("KeyboardShortcuts");
+    return instance;
+}
+
+QString storageKey(const QString& name)
+{
+    return QStringLiteral("KeyboardShortcuts_") + name;
+}
+
+/// Never the same twice while the program runs, so that a late event of a former hot key cannot reach a new one.
+std::uint32_t nextHotKeyId()
+{
+    static std::uint32_t last = 0;
+    if (last == std::numeric_limits<std::uint32_t>::max())
+        qFatal("The hot key identifiers are used up");
+    return ++last;
+}
+
+bool fits32Bits(qint64 value)
+{
+    return value >= 0 && value <= std::numeric_limits<std::uint32_t>::max();
+}
+
+} // namespace
+
+const QString KeyboardShortcuts::shortcutByNameDidChange = QStringLiteral("KeyboardShortcuts_shortcutByNameDidChange");
+
+KeyboardShortcuts::Registration::Registration(Registration&& other) noexcept
+    : shortcuts_(std::exchange(other.shortcuts_, nullptr))
+    , token_(other.token_)
+{
+}
+
+KeyboardShortcuts::Registration& KeyboardShortcuts::Registration::operator=(Registration&& other) noexcept
+{
+    if (this != &other) {
+        reset();
+        shortcuts_ = std::exchange(other.shortcuts_, nullptr);
+        token_ = other.token_;
+    }
+    return *this;
+}
+
+void KeyboardShortcuts::Registration::reset()
+{
+    if (KeyboardShortcuts* const shortcuts = std::exchange(shortcuts_, nullptr))
+        shortcuts->remove(token_);
+}
+
+KeyboardShortcuts::SystemHotKey::SystemHotKey(HotKeyManager& hotKeys, std::uint32_t id, const Shortcut& shortcut)
+    : hotKeys_(hotKeys)
+    , id_(id)
+{
+    if (!fits32Bits(shortcut.carbonKeyCode) || !fits32Bits(shortcut.carbonModifiers))
+        throw HotKeyError(
+            QCoreApplication::translate("KeyboardShortcuts", "The stored shortcut is damaged. Record it anew."));
+    hotKeys_.registerHotKey(id_, static_cast<std::uint32_t>(shortcut.carbonKeyCode),
+                            static_cast<std::uint32_t>(shortcut.carbonModifiers));
+}
+
+KeyboardShortcuts::KeyboardShortcuts(HotKeyManager& hotKeys, UserDefaults& defaults, NotificationCenter& notifications)
+    : hotKeys_(hotKeys)
+    , defaults_(defaults)
+    , notifications_(notifications)
+    , disabled_{Name::stopRecordingAndCloseModal.rawValue}
+{
+    connect(&hotKeys_, &HotKeyManager::hotKeyPressed, this, [this](std::uint32_t id) { dispatch(id, Phase::Down); });
+    connect(&hotKeys_, &HotKeyManager::hotKeyReleased, this, [this](std::uint32_t id) { dispatch(id, Phase::Up); });
+    connect(&hotKeys_, &HotKeyManager::hotKeyLost, this, &KeyboardShortcuts::hotKeyLost);
+}
+
+KeyboardShortcuts::~KeyboardShortcuts() = default;
+
+KeyboardShortcuts::Registration KeyboardShortcuts::onKeyDown(const Name& name, QObject& owner, Action action)
+{
+    return add(name, Phase::Down, owner, std::move(action));
+}
+
+KeyboardShortcuts::Registration KeyboardShortcuts::onKeyUp(const Name& name, QObject& owner, Action action)
+{
+    return add(name, Phase::Up, owner, std::move(action));
+}
+
+KeyboardShortcuts::Registration KeyboardShortcuts::add(const Name& name, Phase phase, QObject& owner, Action action)
+{
+    const std::uint64_t token = ++lastToken_;
+    Handlers& handlers = handlers_[name.rawValue];
+    (phase == Phase::Down ? handlers.keyDown : handlers.keyUp).push_back({token, &owner, std::move(action)});
+    defaultShortcuts_[name.rawValue] = name.defaultShortcut;
+    update(name.rawValue);
+    return {*this, token};
+}
+
+void KeyboardShortcuts::remove(std::uint64_t token)
+{
+    const auto isIt = [token](const Handler& handler) {
+        return handler.token == token;
+    };
+    for (auto& [name, handlers] : handlers_) {
+        if (std::erase_if(handlers.keyDown, isIt) + std::erase_if(handlers.keyUp, isIt) > 0) {
+            update(name);
+            return;
+        }
+    }
+}
+
+void KeyboardShortcuts::enable(const std::vector<Name>& names)
+{
+    for (const Name& name : names) {
+        disabled_.erase(name.rawValue);
+        update(name.rawValue);
+    }
+}
+
+void KeyboardShortcuts::disable(const std::vector<Name>& names)
+{
+    for (const Name& name : names) {
+        disabled_.insert(name.rawValue);
+        update(name.rawValue);
+    }
+}
+
+bool KeyboardShortcuts::isEnabled(const Name& name) const
+{
+    return !disabled_.contains(name.rawValue);
+}
+
+std::optional<KeyboardShortcuts::Shortcut> KeyboardShortcuts::shortcut(const Name& name) const
+{
+    const auto text = defaults_.string(storageKey(name.rawValue));
+    if (!text)
+        return name.defaultShortcut;
+    const auto stored = Shortcut::fromJson(*text);
+    if (!stored)
+        logger().error(QStringLiteral("The stored shortcut of %1 cannot be read: %2").arg(name.rawValue, *text));
+    return stored ? stored : name.defaultShortcut;
+}
+
+void KeyboardShortcuts::setShortcut(const Name& name, const std::optional<Shortcut>& shortcut)
+{
+    if (shortcut)
+        defaults_.setString(storageKey(name.rawValue), shortcut->toJson());
+    else
+        defaults_.remove(storageKey(name.rawValue));
+    update(name.rawValue);
+    notifications_.post(shortcutByNameDidChange, {{QStringLiteral("name"), name.rawValue}});
+}
+
+std::optional<QString> KeyboardShortcuts::failure(const Name& name) const
+{
+    const auto found = failures_.find(name.rawValue);
+    return found != failures_.end() ? std::optional(found->second) : std::nullopt;
+}
+
+std::optional<QString> KeyboardShortcuts::whyUnavailable(const Shortcut& shortcut)
+{
+    try {
+        const SystemHotKey trial(hotKeys_, nextHotKeyId(), shortcut);
+        return std::nullopt;
+    } catch (const HotKeyError& error) {
+        return error.localizedDescription();
+    }
+}
+
+std::optional<KeyboardShortcuts::Shortcut> KeyboardShortcuts::proposeShortcut(const Name& name)
+{
+    if (const auto present = shortcut(name))
+        return present;
+    constexpr std::array candidates{"Ctrl+Alt+D", "Ctrl+Alt+Space", "Super+Alt+D", "Ctrl+Super+D", "Ctrl+Shift+F9"};
+    for (const char* const text : candidates) {
+        const auto parsed = parseShortcut(QString::fromLatin1(text));
+        if (!parsed)
+            continue;
+        const Shortcut candidate(Key{parsed->keyCode}, parsed->modifiers);
+        if (whyUnavailable(candidate))
+            continue;
+        setShortcut(name, candidate);
+        return candidate;
+    }
+    return std::nullopt;
+}
+
+void KeyboardShortcuts::suspend()
+{
+    ++suspensions_;
+    updateAll();
+}
+
+void KeyboardShortcuts::resume()
+{
+    suspensions_ = std::max(0, suspensions_ - 1);
+    updateAll();
+}
+
+void KeyboardShortcuts::updateAll()
+{
+    for (const auto& entry : handlers_)
+        update(entry.first);
+}
+
+std::optional<KeyboardShortcuts::Shortcut> KeyboardShortcuts::wanted(const QString& name) const
+{
+    const auto handlers = handlers_.find(name);
+    if (suspensions_ > 0 || disabled_.contains(name) || handlers == handlers_.end() || handlers->second.isEmpty())
+        return std::nullopt;
+    return shortcut({name, defaultShortcuts_.at(name)});
+}
+
+void KeyboardShortcuts::update(const QString& name)
+{
+    const auto shortcut = wanted(name);
+    const auto present = registered_.find(name);
+    if (present != registered_.end() && shortcut == present->second.shortcut)
+        return;
+    if (present != registered_.end())
+        registered_.erase(present);
+    failures_.erase(name);
+    if (shortcut)
+        registerHotKey(name, *shortcut);
+}
+
+void KeyboardShortcuts::registerHotKey(const QString& name, const Shortcut& shortcut)
+{
+    const std::uint32_t id = nextHotKeyId();
+    try {
+        auto reference = std::make_unique<SystemHotKey>(hotKeys_, id, shortcut);
+        registered_.emplace(name, HotKey{shortcut, id, std::move(reference), [this, name] { run(name, Phase::Down); },
+                                         [this, name] {
+                                             run(name, Phase::Up);
+                                         }});
+    } catch (const HotKeyError& error) {
+        fail(name, error.localizedDescription());
+    }
+}
+
+void KeyboardShortcuts::fail(const QString& name, const QString& reason)
+{
+    logger().error(QStringLiteral("Error registering hotkey %1: %2").arg(name, reason));
+    failures_[name] = reason;
+    Q_EMIT shortcutFailed(name, reason);
+}
+
+void KeyboardShortcuts::dispatch(std::uint32_t id, Phase phase)
+{
+    const auto found =
+        std::ranges::find_if(registered_, [id](const auto& entry) { return entry.second.carbonHotKeyId == id; });
+    if (found == registered_.end())
+        return;
+    // A copy: the action may well end its own registration.
+    const Action action = phase == Phase::Down ? found->second.onKeyDown : found->second.onKeyUp;
+    action();
+}
+
+void KeyboardShortcuts::run(const QString& name, Phase phase)
+{
+    const auto handlers = [&]() -> std::vector<Handler>& {
+        return phase == Phase::Down ? handlers_[name].keyDown : handlers_[name].keyUp;
+    };
+    std::vector<std::uint64_t> tokens;
+    std::ranges::transform(handlers(), std::back_inserter(tokens), &Handler::token);
+    // An action may end any registration or make new ones.
+    for (const auto token : tokens) {
+        const auto handler = std::ranges::find(handlers(), token, &Handler::token);
+        if (handler == handlers().end() || handler->owner == nullptr)
+            continue;
+        const Action action = handler->action;
+        action();
+    }
+}
+
+void KeyboardShortcuts::hotKeyLost(std::uint32_t id, const QString& reason)
+{
+    const auto found =
+        std::ranges::find_if(registered_, [id](const auto& entry) { return entry.second.carbonHotKeyId == id; });
+    if (found != registered_.end())
+        fail(found->first, reason);
+}
+
+} // namespace vantro
