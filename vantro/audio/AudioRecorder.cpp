@@ -104,6 +104,8 @@ std::optional<AudioRecorder::CaptureFailure> AudioRecorder::startEngineSession()
     }
     currentSession_ =
         std::make_shared<EngineSession>(std::move(engine), std::move(converter), isSelected, [this](float level) {
+            if (firstTap_.load() == 0)
+                firstTap_.store(steadyNow());
             tapLevel_.store(level);
             levelWaker_.wake();
         });

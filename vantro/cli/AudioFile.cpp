@@ -49,7 +49,7 @@ struct MemoryFile
         },
         [](void* target, sf_count_t count, void* user) -> sf_count_t {
             MemoryFile& file = of(user);
-            const sf_count_t taken = std::min(count, file.bytes.size() - file.position);
+            const sf_count_t taken = std::min<sf_count_t>(count, file.bytes.size() - file.position);
             std::memcpy(target, file.bytes.constData() + file.position, static_cast<std::size_t>(taken));
             file.position += taken;
             return taken;

@@ -182,7 +182,9 @@ int runTranscribe(const QStringList& arguments)
         terminal::writeLine(parser.helpText().trimmed());
         return ExitCode::done;
     }
-    Options options{.files = parser.positionalArguments(), .model = parser.value(QStringLiteral("model"))};
+    Options options;
+    options.files = parser.positionalArguments();
+    options.model = parser.value(QStringLiteral("model"));
     if (parser.isSet(QStringLiteral("language")))
         options.language = parser.value(QStringLiteral("language"));
     options.json = parser.isSet(QStringLiteral("json"));
