@@ -1,10 +1,13 @@
 #include "vantro/whisper/WhisperInProcessEngine.h"
 
+#include <QCoreApplication>
 #include <QElapsedTimer>
+#include <QFile>
 #include <QFileInfo>
 #include <QMutex>
 #include <QMutexLocker>
 
+#include <ggml-backend.h>
 #include <whisper.h>
 
 #include <cstdlib>
@@ -58,6 +61,24 @@ void logWhisperLine(ggml_log_level level, const char* text, void* /*userData*/)
     const QString line = QString::fromUtf8(text).trimmed();
     if (!line.isEmpty())
         logger.debug(QStringLiteral("whisper[%1]: %2").arg(static_cast<int>(level)).arg(line));
+}
+
+bool hasProcessorBackend()
+{
+    return ggml_backend_dev_by_type(GGML_BACKEND_DEVICE_TYPE_CPU) != nullptr;
+}
+
+/// Finds the module for this processor beside the program, or where an installed program keeps its own. The library's
+/// own search would also look into the current folder, which anybody can write to.
+bool loadProcessorBackend()
+{
+    for (const char* folder : {"", "/../lib/vantro"}) {
+        if (hasProcessorBackend())
+            break;
+        const QString path = QCoreApplication::applicationDirPath() + QLatin1String(folder);
+        ggml_backend_load_all_from_path(QFile::encodeName(path).constData());
+    }
+    return hasProcessorBackend();
 }
 
 bool isSet(void* flag)
@@ -146,6 +167,10 @@ void WhisperInProcessEngine::loadNow(const QString& modelPath)
         return;
     QElapsedTimer timer;
     timer.start();
+    if (!loadProcessorBackend()) {
+        logger_.error(QStringLiteral("No ggml module for this processor was found beside the program"));
+        throw WhisperInProcessError::modelLoadFailed(modelPath);
+    }
     const whisper_context_params parameters = whisper_context_default_params();
     whisper_context* context = whisper_init_from_file_with_params(modelPath.toUtf8().constData(), parameters);
     if (context == nullptr)
