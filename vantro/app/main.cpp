@@ -6,6 +6,12 @@
 #include <QGuiApplication>
 #include <QQuickWindow>
 
+#include <unistd.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <system_error>
+
 namespace {
 
 void nameApplication()
@@ -15,11 +21,29 @@ void nameApplication()
     QGuiApplication::setDesktopFileName(QStringLiteral("com.vantro.app"));
 }
 
+/// The OpenMP runtime's threads spin while they wait for each other, by default for so long that a transcription takes
+/// ten times as long when another program keeps a core busy. A short spin, then sleep costs a few per cent on an idle
+/// machine (docs/performance.md). The runtime reads its settings from the environment when it is loaded, which is
+/// before main: so the program starts itself once more. What the user has set wins.
+void limitOpenMpSpin(char** argv)
+{
+    if (std::getenv("GOMP_SPINCOUNT") != nullptr || std::getenv("OMP_WAIT_POLICY") != nullptr)
+        return;
+    setenv("GOMP_SPINCOUNT", "300", 1);
+    std::error_code error;
+    const auto program = std::filesystem::read_symlink("/proc/self/exe", error);
+    if (!error)
+        execv(program.c_str(), argv);
+    // Without the restart everything works, only slower on a busy machine.
+}
+
 } // namespace
 
 int main(int argc, char** argv)
 {
     const vantro::CommandLine commandLine(argc, argv);
+    if (commandLine.recognisesSpeech())
+        limitOpenMpSpin(argv);
     vantro::installLogOutput(commandLine.isVerbose());
     nameApplication();
     if (!commandLine.startsProgram()) {

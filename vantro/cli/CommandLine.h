@@ -19,6 +19,8 @@ public:
 
     /// True for the desktop program itself, false for a command (also --help, and wrong usage).
     [[nodiscard]] bool startsProgram() const { return command_.isEmpty(); }
+    /// Whether a speech engine will run in this process.
+    [[nodiscard]] bool recognisesSpeech() const { return startsProgram() || command_ == QLatin1String("transcribe"); }
     [[nodiscard]] bool isVerbose() const { return isVerbose_; }
     [[nodiscard]] const ProgramOptions& programOptions() const { return options_; }
     /// Carries out the command and answers the exit code. Needs an application object.

@@ -1,13 +1,18 @@
 #include "vantro/ui/alert/AlertWindow.h"
 
+#include "vantro/ui/style/UiEngine.h"
+
 #include <QGuiApplication>
 #include <QQuickItem>
 #include <QScreen>
+
+void qml_register_types_Vantro_Alert();
 
 namespace vantro {
 
 AlertWindow::AlertWindow(QQmlEngine& engine, const QString& title, const QString& text) : QQuickView(&engine, nullptr)
 {
+    keepModule(qml_register_types_Vantro_Alert);
     setFlags(Qt::Dialog | Qt::WindowStaysOnTopHint | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
              Qt::WindowCloseButtonHint);
     setModality(Qt::ApplicationModal);

@@ -1,12 +1,15 @@
 #include "vantro/ui/hud/PasteHUDWindow.h"
 
 #include "platform/Wording.h"
+#include "vantro/ui/style/UiEngine.h"
 
 #include <QGuiApplication>
 #include <QScreen>
 #include <QTimer>
 
 using namespace std::chrono_literals;
+
+void qml_register_types_Vantro_Hud();
 
 namespace vantro {
 
@@ -30,6 +33,7 @@ QRect centredOnMainScreen()
 
 PasteHUDWindow::PasteHUDWindow(QQmlEngine& engine, Clock& clock) : QQuickView(&engine, nullptr), clock_(clock)
 {
+    keepModule(qml_register_types_Vantro_Hud);
     setFlags(Qt::ToolTip | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint | Qt::WindowTransparentForInput |
              Qt::WindowDoesNotAcceptFocus);
     setTitle(QStringLiteral("paste-hud"));

@@ -1,12 +1,15 @@
 #include "vantro/ui/launcher/Launcher.h"
 
 #include "vantro/audio/AudioRecorder.h"
+#include "vantro/ui/style/UiEngine.h"
 
 #include <QCloseEvent>
 #include <QCursor>
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QScreen>
+
+void qml_register_types_Vantro_Launcher();
 
 namespace vantro {
 
@@ -24,6 +27,7 @@ Launcher::Launcher(const Context& context)
     , notifications_(context.notifications)
     , model_(context.audioRecorder, context.notifications, context.clock, context.modes, context.microphone)
 {
+    keepModule(qml_register_types_Vantro_Launcher);
     setFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
     setTitle(QStringLiteral("vantro"));
     setResizeMode(SizeRootObjectToView);

@@ -4,6 +4,8 @@
 #include <QGuiApplication>
 #include <QPalette>
 
+void qml_register_types_Vantro_Style();
+
 namespace vantro {
 
 namespace {
@@ -18,6 +20,8 @@ bool desktopIsDark()
 
 UiEngine::UiEngine(const UserDefaults& defaults) : defaults_(defaults)
 {
+    engine_.addImportPath(QStringLiteral("qrc:/qt/qml"));
+    keepModule(qml_register_types_Vantro_Style);
     applyTheme();
     qGuiApp->installEventFilter(this);
 }

@@ -7,6 +7,12 @@
 
 namespace vantro {
 
+/// A QML module that lies in a static library is dropped by the linker unless something names its registration.
+inline void keepModule(void (*registration)())
+{
+    [[maybe_unused]] volatile auto kept = registration;
+}
+
 /// The one QML engine behind every window, and the look they share. The look follows the desktop's light or dark
 /// palette unless "appearance" is "light" or "dark". Main thread.
 class UiEngine : public QObject
