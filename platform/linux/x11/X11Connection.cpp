@@ -151,12 +151,12 @@ QString X11Connection::unavailableReason()
 
 Display* X11Connection::display() const
 {
-    return isOpen() ? state_->display : nullptr;
+    return state_->display;
 }
 
 unsigned long X11Connection::rootWindow() const
 {
-    return isOpen() ? DefaultRootWindow(state_->display) : 0;
+    return state_->display != nullptr ? DefaultRootWindow(state_->display) : 0;
 }
 
 void X11Connection::addListener(QObject* context, Listener listener)

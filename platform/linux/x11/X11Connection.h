@@ -32,7 +32,8 @@ public:
     [[nodiscard]] bool isOpen() const;
     /// A sentence for the user that says why isOpen() is false.
     [[nodiscard]] static QString unavailableReason();
-    /// Null when not open.
+    /// To be used while isOpen(). A connection that is lost in the middle of a function stays valid for Xlib, whose
+    /// calls then do nothing; without a server it is null.
     [[nodiscard]] _XDisplay* display() const;
     [[nodiscard]] unsigned long rootWindow() const;
     /// The event type of keyboard extension events; negative when the server lacks the extension.

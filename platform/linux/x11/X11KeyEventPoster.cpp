@@ -35,7 +35,7 @@ void fakeKey(Display* display, unsigned key, bool down)
 
 bool anyOrdinary(const std::vector<unsigned>& keys, const X11Keymap& keymap)
 {
-    return std::ranges::any_of(keys, [&](unsigned key) { return keymap.modifiersOf(key) == 0; });
+    return std::ranges::any_of(keys, [&](unsigned key) { return !keymap.isModifier(key); });
 }
 
 } // namespace
@@ -146,7 +146,7 @@ void X11KeyEventPoster::freeModifiers(const X11Keymap& keymap)
 {
     Display* const display = connection_.display();
     for (const unsigned key : keysDown()) {
-        if ((keymap.modifiersOf(key) & ~keymap.lockMask()) != 0)
+        if (keymap.isModifier(key) && !keymap.isLock(key))
             fakeKey(display, key, false);
     }
     // Sticky keys hold a modifier without a key being down.
@@ -193,7 +193,8 @@ std::vector<unsigned> X11KeyEventPoster::keysDown() const
     std::array<char, 32> bits{};
     XQueryKeymap(connection_.display(), bits.data());
     std::vector<unsigned> result;
-    for (unsigned key = 0; key < bits.size() * 8; ++key) {
+    // A connection lost meanwhile leaves anything in the bits.
+    for (unsigned key = 0; connection_.isOpen() && key < bits.size() * 8; ++key) {
         if ((static_cast<unsigned char>(bits[key / 8]) >> (key % 8) & 1) != 0)
             result.push_back(key);
     }

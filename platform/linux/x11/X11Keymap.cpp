@@ -3,6 +3,7 @@
 #include "platform/linux/x11/X11Connection.h"
 
 #include <X11/XKBlib.h>
+#include <X11/Xutil.h>
 #include <X11/keysym.h>
 
 #include <algorithm>
@@ -90,6 +91,8 @@ void X11Keymap::readModifiers(X11Connection& connection)
 std::optional<X11Keymap::Keysym> X11Keymap::keysym(KeyCode key, unsigned group) const
 {
     XkbDescPtr const description = asDescription(description_);
+    if (key < description->min_key_code || key > description->max_key_code)
+        return std::nullopt;
     const unsigned groups = XkbKeyNumGroups(description, key);
     if (groups == 0)
         return std::nullopt;
@@ -155,6 +158,18 @@ bool X11Keymap::carries(KeyCode key, const std::vector<Keysym>& keysyms) const
 {
     const auto own = keysym(key, 0);
     return own && std::ranges::find(keysyms, *own) != keysyms.end();
+}
+
+bool X11Keymap::isModifier(KeyCode key) const
+{
+    // Modern layouts give AltGr its effect without listing it among the core protocol's modifiers.
+    const auto own = isValid() ? keysym(key, activeGroup_) : std::nullopt;
+    return keyModifiers_[key] != 0 || (own && (IsModifierKey(*own) || *own == XK_Scroll_Lock));
+}
+
+bool X11Keymap::isLock(KeyCode key) const
+{
+    return isValid() && carries(key, {XK_Caps_Lock, XK_Shift_Lock, XK_Num_Lock, XK_Scroll_Lock});
 }
 
 unsigned X11Keymap::modifierMask(const std::vector<Keysym>& keysyms) const

@@ -41,8 +41,10 @@ public:
     [[nodiscard]] unsigned modifierMask(const std::vector<Keysym>& keysyms) const;
     /// A key with one of @p keysyms that sets one of the bits of @p mask.
     [[nodiscard]] std::optional<KeyCode> modifierKey(unsigned mask, const std::vector<Keysym>& keysyms) const;
-    /// The modifier bits @p key sets; 0 for ordinary keys.
-    [[nodiscard]] unsigned modifiersOf(KeyCode key) const { return keyModifiers_[key]; }
+    /// Keys that change what others mean (AltGr and the locks among them) rather than do something themselves.
+    [[nodiscard]] bool isModifier(KeyCode key) const;
+    /// A modifier that is switched on and off rather than held.
+    [[nodiscard]] bool isLock(KeyCode key) const;
     /// Caps Lock, Num Lock and Scroll Lock: states that must not matter to a shortcut.
     [[nodiscard]] unsigned lockMask() const { return lockMask_; }
 

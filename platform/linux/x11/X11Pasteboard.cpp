@@ -9,17 +9,16 @@ namespace vantro {
 
 namespace {
 
-/// This program's own clipboard owner, Qt, answers on the main thread, which would be waiting for it.
-std::optional<QClipboard::Mode> ownedByQt(Pasteboard::Selection selection)
+/// Qt, the owner when a field of this program was copied from, answers on the main thread, which would be waiting for
+/// it.
+bool isQts(WindowID window)
 {
-    if (qobject_cast<QGuiApplication*>(QCoreApplication::instance()) == nullptr)
-        return std::nullopt;
-    const QClipboard* const clipboard = QGuiApplication::clipboard();
-    if (selection == Pasteboard::Selection::Clipboard && clipboard->ownsClipboard())
-        return QClipboard::Clipboard;
-    if (selection == Pasteboard::Selection::Primary && clipboard->ownsSelection())
-        return QClipboard::Selection;
-    return std::nullopt;
+    const auto* const application = qobject_cast<QGuiApplication*>(QCoreApplication::instance());
+    if (application == nullptr)
+        return false;
+    const auto* const x11 = application->nativeInterface<QNativeInterface::QX11Application>();
+    return x11 != nullptr && sameClient(x11->connection(), static_cast<std::uint32_t>(window),
+                                        xcb_get_setup(x11->connection())->resource_id_base);
 }
 
 } // namespace
@@ -33,8 +32,9 @@ X11Pasteboard::~X11Pasteboard() = default;
 
 std::optional<QString> X11Pasteboard::string(Selection selection) const
 {
-    if (const auto mode = ownedByQt(selection); mode && !service_->owns(selection)) {
-        const QString text = QGuiApplication::clipboard()->text(*mode);
+    if (const auto owner = service_->ownerOf(selection); owner && isQts(*owner)) {
+        const QString text = QGuiApplication::clipboard()->text(
+            selection == Selection::Clipboard ? QClipboard::Clipboard : QClipboard::Selection);
         return text.isNull() ? std::nullopt : std::optional(text);
     }
     const auto text = service_->read(selection);

@@ -47,6 +47,12 @@ const Event& as(const xcb_generic_event_t& event)
 
 } // namespace
 
+bool sameClient(xcb_connection_t* connection, std::uint32_t left, std::uint32_t right)
+{
+    const std::uint32_t client = ~xcb_get_setup(connection)->resource_id_mask;
+    return (left & client) == (right & client);
+}
+
 X11SelectionService::X11SelectionService(const QByteArray& displayName)
 {
     int screenNumber = 0;
@@ -255,10 +261,15 @@ void X11SelectionService::disown(Selection selection)
     });
 }
 
-bool X11SelectionService::owns(Selection selection)
+std::optional<WindowID> X11SelectionService::ownerOf(Selection selection)
 {
-    bool result = false;
-    onThread([&] { result = owned(selection).has_value(); });
+    std::optional<WindowID> result;
+    onThread([&] {
+        const auto reply = owner(xcb_get_selection_owner_reply(
+            connection_.get(), xcb_get_selection_owner(connection_.get(), atomOf(selection)), nullptr));
+        if (reply && reply->owner != XCB_NONE)
+            result = reply->owner;
+    });
     return result;
 }
 
@@ -268,10 +279,8 @@ bool X11SelectionService::wasFetchedBy(Selection selection, std::optional<Window
     onThread([&] {
         if (!owned(selection))
             return;
-        // All windows of one program share the upper bits of their numbers.
-        const std::uint32_t program = ~xcb_get_setup(connection_.get())->resource_id_mask;
         result = std::ranges::any_of(owned(selection)->fetchedBy, [&](xcb_window_t requestor) {
-            return !window || (requestor & program) == (*window & program);
+            return !window || sameClient(connection_.get(), requestor, static_cast<xcb_window_t>(*window));
         });
     });
     return result;
@@ -298,13 +307,15 @@ std::optional<QByteArray> X11SelectionService::fetch(xcb_atom_t selection, xcb_a
     propertyArrived_ = false;
     auto whole = takeProperty(type);
     if (type != atoms_[Incr])
-        return whole;
+        return type == target ? whole : std::nullopt;
     whole = QByteArray();
     while (true) {
         if (!pumpUntil([this] { return std::exchange(propertyArrived_, false); }, limit()))
             return std::nullopt;
         const auto piece = takeProperty(type);
         if (!piece)
+            return std::nullopt;
+        if (type != target)
             return std::nullopt;
         if (piece->isEmpty())
             return whole;

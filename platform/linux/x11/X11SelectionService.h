@@ -18,6 +18,9 @@
 
 namespace vantro {
 
+/// Whether two windows (or other resources) were made over the same connection: their numbers begin alike.
+bool sameClient(xcb_connection_t* connection, std::uint32_t left, std::uint32_t right);
+
 /// Owns and reads X selections on a thread of its own (the exchange is described in the Inter-Client Communication
 /// Conventions Manual, section 2). The public functions may be called from any other thread; they wait for the thread's
 /// answer, which a foreign program can delay by half a second of silence, and by two seconds altogether.
@@ -35,7 +38,8 @@ public:
     [[nodiscard]] std::optional<QByteArray> read(Selection selection);
     void own(Selection selection, const QByteArray& utf8);
     void disown(Selection selection);
-    [[nodiscard]] bool owns(Selection selection);
+    /// The window in whose name the selection is held, of whichever program.
+    [[nodiscard]] std::optional<WindowID> ownerOf(Selection selection);
     /// Whether a program has fetched the owned text: any, or the one that owns @p window.
     [[nodiscard]] bool wasFetchedBy(Selection selection, std::optional<WindowID> window);
 

@@ -50,7 +50,8 @@ std::optional<WindowID> X11Workspace::frontWindow() const
     const X11ErrorTrap trap(connection_);
     if (managerSupports(activeWindowAtom_)) {
         const auto active = rootProperty(activeWindowAtom_, XA_WINDOW);
-        return !active.empty() && active.front() != None ? std::optional<WindowID>(active.front()) : std::nullopt;
+        // Some managers leave the name of a closed window in place when nothing comes after it.
+        return !active.empty() && windowExists(active.front()) ? std::optional<WindowID>(active.front()) : std::nullopt;
     }
     // Without a manager the top-level windows are the root's children.
     std::optional<unsigned long> window = focusedWindow();
@@ -149,7 +150,7 @@ std::optional<unsigned long> X11Workspace::focusedWindow() const
     Display* const display = connection_.display();
     Window focus = None;
     int revertTo = 0;
-    if (XGetInputFocus(display, &focus, &revertTo) == 0 || focus == None)
+    if (XGetInputFocus(display, &focus, &revertTo) == 0 || !connection_.isOpen() || focus == None)
         return std::nullopt;
     if (focus != PointerRoot)
         return focus;

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "platform/HotKeyManager.h"
+
+#include <QString>
+
+#include <map>
+#include <vector>
+
+namespace vantro::doubles {
+
+/// Hot keys that a test presses; combinations can be taken by "another program".
+class FakeHotKeyManager final : public HotKeyManager
+{
+    Q_OBJECT
+public:
+    struct Combination
+    {
+        std::uint32_t keyCode = 0;
+        std::uint32_t modifiers = 0;
+        friend auto operator<=>(const Combination&, const Combination&) = default;
+    };
+
+    void registerHotKey(std::uint32_t id, std::uint32_t keyCode, std::uint32_t modifiers) override;
+    void unregisterHotKey(std::uint32_t id) override;
+
+    /// From now on registering @p combination throws HotKeyError with @p reason.
+    void refuse(Combination combination, const QString& reason) { refused_[combination] = reason; }
+    void allow(Combination combination) { refused_.erase(combination); }
+
+    /// What the keyboard does; nothing happens for a combination that nobody registered. A release reaches the hot keys
+    /// that had the press and are still registered.
+    void press(Combination combination);
+    void release(Combination combination);
+    /// A press and a release.
+    void strike(Combination combination);
+    /// Another program takes @p combination away, as after a layout change.
+    void lose(Combination combination, const QString& reason);
+
+    [[nodiscard]] bool isRegistered(Combination combination) const;
+    [[nodiscard]] std::size_t count() const { return registered_.size(); }
+    [[nodiscard]] const std::vector<std::uint32_t>& idsEverUsed() const { return idsEverUsed_; }
+
+private:
+    std::map<std::uint32_t, Combination> registered_;
+    std::map<Combination, QString> refused_;
+    std::vector<std::uint32_t> held_;
+    std::vector<std::uint32_t> idsEverUsed_;
+};
+
+} // namespace vantro::doubles

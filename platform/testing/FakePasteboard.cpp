@@ -1,0 +1,25 @@
+#include "platform/testing/FakePasteboard.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace vantro::doubles {
+
+bool FakePasteboard::wasFetchedBy(Selection selection, WindowID window) const
+{
+    return std::ranges::find(of(selection).fetchedBy, window) != of(selection).fetchedBy.end();
+}
+
+void FakePasteboard::setByOther(Selection selection, std::optional<QString> text)
+{
+    of(selection) = {std::move(text), {}, false, of(selection).changes};
+}
+
+std::optional<QString> FakePasteboard::fetch(Selection selection, WindowID window)
+{
+    if (of(selection).own)
+        of(selection).fetchedBy.push_back(window);
+    return of(selection).text;
+}
+
+} // namespace vantro::doubles

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "platform/Pasteboard.h"
+
+#include <array>
+#include <vector>
+
+namespace vantro::doubles {
+
+/// A clipboard that a test fills, reads and fetches from as other programs would.
+class FakePasteboard final : public Pasteboard
+{
+public:
+    [[nodiscard]] std::optional<QString> string(Selection selection) const override { return of(selection).text; }
+    void setString(Selection selection, const QString& text) override
+    {
+        of(selection) = {text, {}, true, 1 + of(selection).changes};
+    }
+    void clear(Selection selection) override { of(selection) = {std::nullopt, {}, false, 1 + of(selection).changes}; }
+    [[nodiscard]] bool wasFetched(Selection selection) const override { return !of(selection).fetchedBy.empty(); }
+    [[nodiscard]] bool wasFetchedBy(Selection selection, WindowID window) const override;
+
+    /// Another program copies @p text (or, for nothing, something that is no text).
+    void setByOther(Selection selection, std::optional<QString> text);
+    /// The program that owns @p window pastes.
+    std::optional<QString> fetch(Selection selection, WindowID window);
+    /// How often setString() or clear() was called.
+    [[nodiscard]] int changes(Selection selection) const { return of(selection).changes; }
+
+private:
+    struct Content
+    {
+        std::optional<QString> text;
+        std::vector<WindowID> fetchedBy;
+        bool own = false;
+        int changes = 0;
+    };
+
+    [[nodiscard]] Content& of(Selection selection) { return contents_[selection == Selection::Clipboard ? 0 : 1]; }
+    [[nodiscard]] const Content& of(Selection selection) const
+    {
+        return contents_[selection == Selection::Clipboard ? 0 : 1];
+    }
+
+    std::array<Content, 2> contents_;
+};
+
+} // namespace vantro::doubles

@@ -1,0 +1,7 @@
+vantro_room(vantro_platform_testing_desktop
+  SOURCES
+    FakeHotKeyManager.cpp FakeHotKeyManager.h
+    FakeKeyEventPoster.h
+    FakePasteboard.cpp FakePasteboard.h
+    FakeWorkspace.cpp FakeWorkspace.h
+  LINK vantro_platform Qt6::Core)

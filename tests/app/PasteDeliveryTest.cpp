@@ -1,0 +1,284 @@
+#include "vantro/app/PasteDelivery.h"
+
+#include "base/testing/ManualClock.h"
+#include "platform/testing/FakeKeyEventPoster.h"
+#include "platform/testing/FakePasteboard.h"
+#include "platform/testing/FakeWorkspace.h"
+#include "vantro/app/PasteChords.h"
+
+#include <QTemporaryDir>
+
+#include <gmock/gmock.h>
+
+#include <memory>
+#include <optional>
+
+using namespace std::chrono_literals;
+using namespace vantro;
+using namespace vantro::doubles;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+namespace {
+
+using Chord = KeyEventPoster::PasteChord;
+using Outcome = PasteDelivery::Outcome;
+using Selection = Pasteboard::Selection;
+
+constexpr WindowID editor = 1;
+constexpr WindowID launcher = 2;
+constexpr WindowID other = 3;
+
+const QString former = QStringLiteral("former");
+const QString words = QStringLiteral("spoken words");
+
+/// The desktop at the moment a dictation's text is ready: the launcher has just closed, the keyboard is back.
+class PasteDeliveryTest : public ::testing::Test
+{
+protected:
+    PasteDeliveryTest()
+    {
+        workspace_.openWindow(editor, {QStringLiteral("Editor"), QStringLiteral("editor")});
+        workspace_.openWindow(launcher);
+        workspace_.openWindow(other);
+        workspace_.focus(editor);
+        pasteboard_.setByOther(Selection::Clipboard, former);
+        keys_.setTarget([this](Chord chord) {
+            const auto selection = chord == Chord::ShiftInsert ? Selection::Primary : Selection::Clipboard;
+            if (targetReads_)
+                received_ = pasteboard_.fetch(selection, editor);
+        });
+        delivery_->rememberTarget();
+    }
+
+    void deliver(const QString& text = words)
+    {
+        outcome_.reset();
+        [](PasteDeliveryTest& self, QString text) -> QCoro::Task<> {
+            self.outcome_ = co_await self.delivery_->deliver(text);
+        }(*this, text);
+    }
+
+    std::optional<QString> clipboard() const { return pasteboard_.string(Selection::Clipboard); }
+
+    QTemporaryDir folder_;
+    UserDefaults defaults_{folder_.filePath(QStringLiteral("vantro.ini"))};
+    ManualClock clock_;
+    FakePasteboard pasteboard_;
+    FakeKeyEventPoster keys_;
+    FakeWorkspace workspace_;
+    std::unique_ptr<PasteDelivery> delivery_ =
+        std::make_unique<PasteDelivery>(pasteboard_, keys_, workspace_, defaults_, clock_);
+    bool targetReads_ = true;
+    std::optional<QString> received_;
+    std::optional<Outcome> outcome_;
+};
+
+} // namespace
+
+TEST_F(PasteDeliveryTest, PastesAtOnceAndPutsTheFormerTextBackAfterThreeTenthsOfASecond)
+{
+    deliver(QStringLiteral("\n  spoken words \t"));
+    EXPECT_EQ(outcome_, Outcome::Pasted) << "no time may pass when the keyboard is there already";
+    EXPECT_EQ(received_, words);
+    clock_.advance(299ms);
+    EXPECT_EQ(clipboard(), words);
+    clock_.advance(1ms);
+    EXPECT_EQ(clipboard(), former);
+}
+
+TEST_F(PasteDeliveryTest, AClipboardWithoutTextIsLeftWithoutOwner)
+{
+    pasteboard_.setByOther(Selection::Clipboard, std::nullopt);
+    deliver();
+    clock_.advance(300ms);
+    EXPECT_EQ(clipboard(), std::nullopt);
+}
+
+TEST_F(PasteDeliveryTest, BlankTextTouchesNothing)
+{
+    deliver(QStringLiteral(" \n\t "));
+    EXPECT_EQ(outcome_, Outcome::Nothing);
+    EXPECT_FALSE(delivery_->copy(QString()));
+    EXPECT_EQ(pasteboard_.changes(Selection::Clipboard), 0);
+    EXPECT_THAT(keys_.posted(), IsEmpty());
+}
+
+TEST_F(PasteDeliveryTest, TheTextStaysOnTheClipboardWhenTheUserWantsIt)
+{
+    defaults_.setBoolean(QStringLiteral("copyToClipboardEnabled"), true);
+    deliver();
+    clock_.advance(10s);
+    EXPECT_EQ(received_, words);
+    EXPECT_EQ(clipboard(), words);
+}
+
+TEST_F(PasteDeliveryTest, ASlowTargetGetsTwoSecondsToFetchTheText)
+{
+    targetReads_ = false;
+    deliver();
+    // A clipboard manager's interest says nothing about the target.
+    pasteboard_.fetch(Selection::Clipboard, other);
+    clock_.advance(1500ms);
+    EXPECT_EQ(clipboard(), words);
+    EXPECT_EQ(pasteboard_.fetch(Selection::Clipboard, editor), words);
+    clock_.advance(50ms);
+    EXPECT_EQ(clipboard(), former);
+
+    deliver();
+    clock_.advance(1999ms);
+    EXPECT_EQ(clipboard(), words);
+    clock_.advance(50ms);
+    EXPECT_EQ(clipboard(), former) << "a target that never fetches must not keep the clipboard";
+}
+
+TEST_F(PasteDeliveryTest, WhatTheUserCopiesMeanwhileIsKept)
+{
+    deliver();
+    pasteboard_.setByOther(Selection::Clipboard, QStringLiteral("copied since"));
+    clock_.advance(5s);
+    EXPECT_EQ(clipboard(), QStringLiteral("copied since"));
+}
+
+TEST_F(PasteDeliveryTest, TwoDeliveriesInARowRestoreWhatWasThereBeforeTheFirst)
+{
+    deliver(QStringLiteral("one"));
+    clock_.advance(200ms);
+    deliver(QStringLiteral("two"));
+    EXPECT_EQ(received_, QStringLiteral("two"));
+    clock_.advance(200ms);
+    EXPECT_EQ(clipboard(), QStringLiteral("two")) << "the first restore must not take the second text away";
+    clock_.advance(100ms);
+    EXPECT_EQ(clipboard(), former);
+}
+
+TEST_F(PasteDeliveryTest, WaitsUntilTheWindowItselfHasTheKeyboard)
+{
+    workspace_.focus(launcher);
+    deliver();
+    EXPECT_FALSE(outcome_);
+    workspace_.setFrontWindow(editor);
+    clock_.advance(10ms);
+    EXPECT_THAT(keys_.posted(), IsEmpty()) << "the window manager's word runs ahead of the keyboard";
+    workspace_.setInputFocus(editor);
+    clock_.advance(2ms);
+    EXPECT_EQ(outcome_, Outcome::Pasted);
+    EXPECT_THAT(workspace_.activations(), IsEmpty());
+}
+
+TEST_F(PasteDeliveryTest, AsksOnceForTheKeyboardWhenItDoesNotComeBackByItself)
+{
+    workspace_.focus(launcher);
+    deliver();
+    clock_.advance(120ms);
+    EXPECT_EQ(outcome_, Outcome::Pasted);
+    EXPECT_THAT(workspace_.activations(), ElementsAre(editor));
+}
+
+TEST_F(PasteDeliveryTest, NothingIsPastedElsewhereAndTheTextStaysOnTheClipboard)
+{
+    // Another window keeps the keyboard.
+    workspace_.setActivationPolicy([](WindowID) {});
+    workspace_.focus(other);
+    deliver();
+    clock_.advance(600ms);
+    EXPECT_EQ(outcome_, Outcome::FocusNotReturned);
+    EXPECT_EQ(workspace_.activations().size(), 1U);
+
+    // The window is closed while its turn is awaited.
+    deliver();
+    workspace_.closeWindow(editor);
+    clock_.advance(2ms);
+    EXPECT_EQ(outcome_, Outcome::TargetGone);
+
+    // There was no window to begin with.
+    workspace_.setFrontWindow(std::nullopt);
+    delivery_->rememberTarget();
+    deliver();
+    EXPECT_EQ(outcome_, Outcome::NoTarget);
+
+    clock_.advance(10s);
+    EXPECT_THAT(keys_.posted(), IsEmpty());
+    EXPECT_EQ(clipboard(), words);
+    for (const auto outcome : {Outcome::FocusNotReturned, Outcome::TargetGone, Outcome::NoTarget})
+        EXPECT_TRUE(delivery_->explanation(outcome).contains(QStringLiteral("Ctrl+V")));
+}
+
+TEST_F(PasteDeliveryTest, ARefusedKeystrokeLeavesTheTextAndItsReason)
+{
+    keys_.refuse(QStringLiteral("No keyboard."));
+    deliver();
+    EXPECT_EQ(outcome_, Outcome::KeystrokeFailed);
+    clock_.advance(10s);
+    EXPECT_EQ(clipboard(), words);
+    EXPECT_TRUE(delivery_->explanation(Outcome::KeystrokeFailed).startsWith(QStringLiteral("No keyboard. ")));
+}
+
+TEST_F(PasteDeliveryTest, WaitsForAHeldKeyThenLooksAtTheFocusAgain)
+{
+    keys_.setOrdinaryKeyDown(true);
+    deliver();
+    clock_.advance(100ms);
+    EXPECT_THAT(keys_.posted(), IsEmpty());
+    workspace_.setActivationPolicy([](WindowID) {});
+    workspace_.focus(other);
+    keys_.setOrdinaryKeyDown(false);
+    clock_.advance(700ms);
+    EXPECT_EQ(outcome_, Outcome::FocusNotReturned);
+
+    // A jammed key does not stand in the way for ever.
+    workspace_.focus(editor);
+    keys_.setOrdinaryKeyDown(true);
+    deliver();
+    clock_.advance(1100ms);
+    EXPECT_EQ(outcome_, Outcome::Pasted);
+}
+
+TEST_F(PasteDeliveryTest, XtermPastesThePrimarySelectionWhichIsPutBackToo)
+{
+    workspace_.openWindow(editor, {QStringLiteral("XTerm"), QStringLiteral("xterm")});
+    pasteboard_.setByOther(Selection::Primary, QStringLiteral("highlighted"));
+    deliver();
+    EXPECT_THAT(keys_.posted(), ElementsAre(Chord::ShiftInsert));
+    EXPECT_EQ(received_, words);
+    clock_.advance(300ms);
+    EXPECT_EQ(clipboard(), former);
+    EXPECT_EQ(pasteboard_.string(Selection::Primary), QStringLiteral("highlighted"));
+}
+
+TEST_F(PasteDeliveryTest, NothingIsTouchedAfterTheDeliveryIsGone)
+{
+    workspace_.focus(launcher);
+    deliver();
+    delivery_.reset();
+    workspace_.focus(editor);
+    clock_.advance(5s);
+    EXPECT_THAT(keys_.posted(), IsEmpty());
+}
+
+TEST_F(PasteDeliveryTest, TheChordComesFromTheWindowClassAndTheUsersTable)
+{
+    const auto chord = [&](const QStringList& windowClass) {
+        return pasteChordFor(windowClass, defaults_);
+    };
+    const auto names = [](const char* className, const char* instance) {
+        return QStringList{QString::fromLatin1(className), QString::fromLatin1(instance)};
+    };
+    EXPECT_EQ(chord({}), Chord::ControlV);
+    EXPECT_EQ(chord(names("Mousepad", "mousepad")), Chord::ControlV);
+    EXPECT_EQ(chord(names("Gnome-terminal", "gnome-terminal-server")), Chord::ControlShiftV);
+    EXPECT_EQ(chord(names("kitty", "kitty")), Chord::ControlShiftV);
+    EXPECT_EQ(chord(names("XTerm", "uxterm")), Chord::ShiftInsert);
+    EXPECT_EQ(chord(names("XTerm", "a title of its own")), Chord::ShiftInsert);
+
+    defaults_.setData(QStringLiteral("pasteChords"),
+                      R"({"Mousepad":"shift + insert","xterm":"Ctrl+Shift+V","kitty":"Ctrl+P"})");
+    ::testing::internal::CaptureStderr();
+    EXPECT_EQ(chord(names("kitty", "kitty")), Chord::ControlShiftV) << "an unknown keystroke changes nothing";
+    EXPECT_THAT(::testing::internal::GetCapturedStderr(), ::testing::HasSubstr("kitty"));
+    EXPECT_EQ(chord(names("Mousepad", "mousepad")), Chord::ShiftInsert);
+    EXPECT_EQ(chord(names("XTerm", "xterm")), Chord::ControlShiftV);
+
+    defaults_.setData(QStringLiteral("pasteChords"), "no json");
+    EXPECT_EQ(chord(names("XTerm", "xterm")), Chord::ShiftInsert);
+}

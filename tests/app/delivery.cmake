@@ -1,0 +1,2 @@
+vantro_test(paste_delivery_test SOURCES PasteDeliveryTest.cpp
+  LINK vantro_delivery vantro_platform_testing_desktop vantro_test_main)
