@@ -298,14 +298,14 @@ void AudioRecorder::discardProcessing()
         processing_.recordingDiscarded();
 }
 
-void AudioRecorder::fail(const QString& message)
+void AudioRecorder::fail(QString message)
 {
     endReconfiguring();
     collector_.reset();
     setRecording(false);
     setBusy(false);
     discardProcessing();
-    postFinish({.text = {}, .errorMessage = message}, processingMode_);
+    postFinish({.text = {}, .errorMessage = std::move(message)}, processingMode_);
 }
 
 void AudioRecorder::finish(const DictationResult& result, ProcessingMode mode)

@@ -112,7 +112,7 @@ private:
     [[nodiscard]] std::vector<float> takeSamples(const Stopped& stopped);
     void beginGeneration();
     void discardProcessing();
-    void fail(const QString& message);
+    void fail(QString message);
     void finish(const DictationResult& result, ProcessingMode mode);
     void postFinish(const DictationResult& result, ProcessingMode mode);
     void setRecording(bool recording);

@@ -40,11 +40,13 @@ void EngineSession::start(AudioFormat format, std::shared_ptr<SampleCollector> c
 
 void EngineSession::tearDown(SampleCollector* drainInto)
 {
-    if (std::exchange(isTornDown_, true))
+    if (!engine_)
         return;
     engine_->stop();
     engine_->removeTap();
     stopObserving();
+    // Whoever still holds the session may outlive what the engine runs on.
+    engine_.reset();
     if (drainInto != nullptr)
         converter_->drain(*drainInto);
 }

@@ -32,9 +32,9 @@ public:
 
     /// Captures in @p format into @p collector. Throws AudioEngineError.
     void start(AudioFormat format, std::shared_ptr<SampleCollector> collector);
-    [[nodiscard]] bool isRunning() const { return engine_->isRunning(); }
-    /// Ends the capture; what the converter still holds goes into @p drainInto unless that is null. Afterwards nothing
-    /// is left to do, so a second call does nothing.
+    [[nodiscard]] bool isRunning() const { return engine_ && engine_->isRunning(); }
+    /// Ends the capture and the engine; what the converter still holds goes into @p drainInto unless that is null. A
+    /// second call does nothing.
     void tearDown(SampleCollector* drainInto);
 
     /// Whether the next configuration change is the echo of the device selection that this session made; asking for it
@@ -47,7 +47,6 @@ private:
     std::unique_ptr<AudioEngine> engine_;
     QMetaObject::Connection configurationObserver_;
     bool awaitingOwnConfigChange_;
-    bool isTornDown_ = false;
 };
 
 } // namespace vantro

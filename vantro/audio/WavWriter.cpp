@@ -1,6 +1,7 @@
 #include "vantro/audio/WavWriter.h"
 
 #include <QFile>
+#include <QFileInfo>
 
 #include <sndfile.h>
 
@@ -60,7 +61,8 @@ void writeWav(std::span<const float> samples, const QString& path)
     const QString reason = QString::fromLocal8Bit(sf_strerror(file.get()));
     // The header's sizes are written on closing.
     if (sf_close(file.release()) != 0 || !written) {
-        QFile::remove(path);
+        if (QFileInfo(path).isFile())
+            QFile::remove(path);
         throw WavWriterError(Code::CannotWrite, reason);
     }
 }

@@ -104,7 +104,7 @@ void LauncherModel::processingStarted()
 
 void LauncherModel::tick()
 {
-    const float level = std::exchange(loudestSinceTick_, 0.0F);
+    const float level = std::max(std::exchange(loudestSinceTick_, 0.0F), recorder_.currentAmplitude());
     const bool timeMoved =
         elapsed() != std::chrono::duration_cast<std::chrono::seconds>(clock_.now() - barDuration - openedAt_);
     levels_.push_back(static_cast<qreal>(level));

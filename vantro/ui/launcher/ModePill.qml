@@ -32,7 +32,7 @@ Rectangle {
         id: label
         anchors.centerIn: parent
         text: pill.number + "  " + pill.name
-        color: pill.chosen ? Theme.onAccent : Theme.text
+        color: pill.chosen ? Theme.accentText : Theme.text
         font.pixelSize: Theme.sizeBody
         font.weight: pill.chosen ? Font.DemiBold : Font.Normal
     }

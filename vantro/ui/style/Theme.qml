@@ -12,7 +12,7 @@ QtObject {
     readonly property color text: dark ? "#F2F3F5" : "#1B1C1F"
     readonly property color textSecondary: dark ? "#A6A9B2" : "#5B5E66"
     readonly property color accent: dark ? "#8FA6FF" : "#3B5BDB"
-    readonly property color onAccent: dark ? "#10142B" : "#FFFFFF"
+    readonly property color accentText: dark ? "#10142B" : "#FFFFFF"
     readonly property color recording: dark ? "#FF7EA8" : "#D6336C"
     readonly property color warning: dark ? "#FFB057" : "#B35C00"
     readonly property color error: dark ? "#FF8787" : "#C92A2A"

@@ -27,7 +27,7 @@ Rectangle {
         id: label
         anchors.centerIn: parent
         text: button.text
-        color: Theme.onAccent
+        color: Theme.accentText
         font.pixelSize: Theme.sizeBody
     }
     TapHandler {

@@ -1,0 +1,74 @@
+#include "platform/testing/FakeAudioEngine.h"
+
+namespace vantro::doubles {
+
+void FakeAudioEngine::selectInputDevice(AudioDeviceID device)
+{
+    if (settings_.selectionError)
+        throw AudioEngineError(*settings_.selectionError);
+    selectedDevice_ = device;
+}
+
+std::optional<AudioFormat> FakeAudioEngine::deviceFormat() const
+{
+    return selectedDevice_ ? settings_.deviceFormat : std::nullopt;
+}
+
+void FakeAudioEngine::installTap(std::size_t blockFrames, AudioFormat format, Tap tap)
+{
+    blockFrames_ = blockFrames;
+    tapFormat_ = format;
+    tap_ = std::move(tap);
+}
+
+void FakeAudioEngine::start()
+{
+    if (settings_.startError)
+        throw AudioEngineError(*settings_.startError);
+    isRunning_ = true;
+}
+
+void FakeAudioEngine::stop()
+{
+    if (isRunning_)
+        deliver(pending_.size());
+    isRunning_ = false;
+}
+
+void FakeAudioEngine::hear(std::span<const float> samples)
+{
+    if (!isRunning_)
+        return;
+    pending_.insert(pending_.end(), samples.begin(), samples.end());
+    while (pending_.size() >= blockFrames_)
+        deliver(blockFrames_);
+}
+
+void FakeAudioEngine::hear(std::size_t frames, float value)
+{
+    hear(std::vector<float>(frames, value));
+}
+
+void FakeAudioEngine::deliver(std::size_t frames)
+{
+    const std::vector<const float*> channels(tapFormat_.channelCount, pending_.data());
+    if (tap_ && frames > 0)
+        tap_(AudioTapBuffer(channels, frames));
+    pending_.erase(pending_.begin(), pending_.begin() + static_cast<std::ptrdiff_t>(frames));
+}
+
+AudioEngineFactory FakeAudioEngines::factory()
+{
+    return [this] {
+        auto engine = std::make_unique<FakeAudioEngine>(settings);
+        current_ = engine.get();
+        ++madeCount_;
+        QObject::connect(engine.get(), &QObject::destroyed, [this](const QObject* gone) {
+            if (current_ == gone)
+                current_ = nullptr;
+        });
+        return engine;
+    };
+}
+
+} // namespace vantro::doubles
