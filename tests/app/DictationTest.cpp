@@ -1,0 +1,388 @@
+// One dictation from the shortcut to the delivered text: everything of the program but the adapters, the windows and
+// the speech engine is the real thing.
+#include "base/testing/ManualClock.h"
+#include "platform/KeyCode.h"
+#include "platform/Wording.h"
+#include "platform/testing/FakeAudioEngine.h"
+#include "platform/testing/FakeAudioHardware.h"
+#include "platform/testing/FakeHotKeyManager.h"
+#include "platform/testing/FakeKeyEventPoster.h"
+#include "platform/testing/FakePasteboard.h"
+#include "platform/testing/FakePermissions.h"
+#include "platform/testing/FakeWorkspace.h"
+#include "vantro/ai/NormalModeHandler.h"
+#include "vantro/app/AppDelegate.h"
+#include "vantro/app/DictationPipeline.h"
+#include "vantro/audio/AudioDeviceManager.h"
+
+#include <QCoreApplication>
+#include <QPromise>
+#include <QTemporaryDir>
+#include <qcoro/qcorofuture.h>
+
+#include <gtest/gtest.h>
+
+using namespace std::chrono_literals;
+using namespace vantro;
+
+namespace {
+
+constexpr WindowID editor = 77;
+constexpr WindowID otherWindow = 78;
+const auto clipboard = Pasteboard::Selection::Clipboard;
+
+/// A speech engine that answers when the test says so.
+class SlowProvider final : public TranscriptionProviding
+{
+public:
+    void prepare(const TranscriptionModel&) override { ++prepared; }
+    QCoro::Task<QString> transcribe(TranscriptionRequest request) override
+    {
+        sampleCount = request.samples.size();
+        answer_ = std::make_shared<QPromise<QString>>();
+        answer_->start();
+        co_return co_await answer_->future();
+    }
+    void cancel() override { ++cancelled; }
+    void dictationEnded() override { ++ended; }
+
+    [[nodiscard]] bool isAsked() const { return answer_ != nullptr; }
+    void answer(const QString& text)
+    {
+        const auto answer = std::exchange(answer_, nullptr);
+        answer->addResult(text);
+        answer->finish();
+    }
+    void fail(const QString& why)
+    {
+        const auto answer = std::exchange(answer_, nullptr);
+        answer->setException(std::make_exception_ptr(Error(why)));
+        answer->finish();
+    }
+
+    int prepared = 0;
+    int cancelled = 0;
+    int ended = 0;
+    std::size_t sampleCount = 0;
+
+private:
+    std::shared_ptr<QPromise<QString>> answer_;
+};
+
+class MemoryStore final : public TranscriptionStoring
+{
+public:
+    void saveTranscription(const QString& transcription, const QString&, ProcessingMode) override
+    {
+        if (full)
+            throw Error(QStringLiteral("The disk is full."));
+        rows << transcription;
+    }
+    QUuid saveTranscription(const QString& transcription, ProcessingMode) override
+    {
+        rows << transcription;
+        return QUuid::createUuid();
+    }
+    void updateFormatted(const QUuid&, const QString&) override {}
+
+    bool full = false;
+    QStringList rows;
+};
+
+/// A panel without a window: takes the keyboard from the window in front and gives it back.
+class PanelDouble final : public LauncherPanel
+{
+public:
+    PanelDouble(AudioRecorder& recorder, doubles::FakeWorkspace& workspace, int& open)
+        : recorder_(recorder)
+        , workspace_(workspace)
+        , open_(open)
+    {
+    }
+    ~PanelDouble() override { PanelDouble::closePanel(); }
+
+    [[nodiscard]] bool isVisible() const override { return isOpen_; }
+    [[nodiscard]] QRect frame() const override { return {1, 2, 500, 200}; }
+    void makeKeyAndOrderFront() override
+    {
+        isOpen_ = true;
+        ++open_;
+        former_ = workspace_.frontWindow();
+        workspace_.setFrontWindow(1000);
+        workspace_.setInputFocus(1000);
+    }
+    void closePanel() override
+    {
+        if (!std::exchange(isOpen_, false))
+            return;
+        --open_;
+        recorder_.cancelRecording();
+        if (former_ && workspace_.windowExists(*former_))
+            workspace_.focus(*former_);
+        else
+            workspace_.focus(otherWindow);
+    }
+
+private:
+    AudioRecorder& recorder_;
+    doubles::FakeWorkspace& workspace_;
+    int& open_;
+    bool isOpen_ = false;
+    std::optional<WindowID> former_;
+};
+
+class Dictation : public ::testing::Test
+{
+protected:
+    Dictation()
+    {
+        workspace.openWindow(editor);
+        workspace.openWindow(otherWindow);
+        workspace.focus(editor);
+        keyEvents.setTarget([this](auto) { delivered = pasteboard.fetch(clipboard, *workspace.frontWindow()); });
+        shortcuts.setShortcut(KeyboardShortcuts::Name::openModal, shortcut);
+        delegate.applicationDidFinishLaunching();
+    }
+
+    static DictationPipeline::Handlers handlers(TranscriptionStoring& store)
+    {
+        DictationPipeline::Handlers handlers;
+        handlers[ProcessingMode::Normal] = std::make_unique<NormalModeHandler>(store);
+        return handlers;
+    }
+
+    void pressShortcut()
+    {
+        hotKeys.strike({2, Modifier::command | Modifier::option});
+        pump();
+    }
+    void speak(std::size_t samples) { engines.current()->hear(samples, 0.1F); }
+    void stopAndDrain()
+    {
+        delegate.stopRecording();
+        clock.advance(150ms);
+        pump();
+    }
+    /// Lets everything that is due happen.
+    static void pump()
+    {
+        for (int i = 0; i < 20; ++i) {
+            QCoreApplication::sendPostedEvents();
+            QCoreApplication::processEvents();
+        }
+    }
+    void dictate(const QString& text)
+    {
+        pressShortcut();
+        speak(16'000);
+        stopAndDrain();
+        ASSERT_TRUE(provider.isAsked());
+        provider.answer(text);
+        pump();
+        // A focus that returned by itself needs no waiting, a missing one ends in a bounded wait.
+        clock.advance(600ms);
+        pump();
+    }
+
+    const KeyboardShortcuts::Shortcut shortcut{{2}, Modifier::command | Modifier::option};
+    QTemporaryDir folder;
+    UserDefaults defaults{folder.filePath(QStringLiteral("vantro.ini"))};
+    NotificationCenter notifications;
+    doubles::ManualClock clock;
+    doubles::FakeAudioEngines engines;
+    doubles::FakeAudioHardware hardware;
+    doubles::FakePermissions permissions;
+    doubles::FakeHotKeyManager hotKeys;
+    doubles::FakeKeyEventPoster keyEvents;
+    doubles::FakePasteboard pasteboard;
+    doubles::FakeWorkspace workspace;
+    ModelCatalogue catalogue;
+    ModelSelection models{catalogue, defaults, [](const auto& model) {
+                              return model.name == QLatin1String("tiny.en");
+                          }};
+    SlowProvider provider;
+    MemoryStore store;
+    TranscriptionFacade facade{models, provider};
+    DictationPipeline pipeline{facade, handlers(store)};
+    AudioDeviceManager devices{hardware, defaults};
+    AudioRecorder recorder{engines.factory(), devices, permissions, notifications, clock, pipeline};
+    KeyboardShortcuts shortcuts{hotKeys, defaults, notifications};
+    PasteDelivery delivery{pasteboard, keyEvents, workspace, defaults, clock};
+    int openPanels = 0;
+    QStringList alerts;
+    std::vector<std::optional<QRect>> huds;
+    std::optional<QString> delivered;
+    AppDelegate delegate{
+        {defaults,
+         notifications,
+         clock,
+         permissions,
+         recorder,
+         shortcuts,
+         delivery,
+         models,
+         [](const auto&) { return true; },
+         {[this](ProcessingMode) { return std::make_unique<PanelDouble>(recorder, workspace, openPanels); },
+          [this](std::optional<QRect> anchor) { huds.push_back(anchor); },
+          [this](const QString&, const QString& text) {
+              alerts << text;
+          }}}};
+};
+
+} // namespace
+
+TEST_F(Dictation, EndsInTheWindowThatTheUserWasWorkingIn)
+{
+    pasteboard.setByOther(clipboard, QStringLiteral("former"));
+    pressShortcut();
+    EXPECT_EQ(openPanels, 1);
+    EXPECT_EQ(provider.prepared, 1) << "the model loads while the user speaks";
+    speak(16'000);
+    stopAndDrain();
+    EXPECT_EQ(openPanels, 1) << "the panel stays while the text is made";
+    EXPECT_EQ(provider.sampleCount, 16'000U);
+    provider.answer(QStringLiteral(" Hello there.\n"));
+    pump();
+    EXPECT_EQ(openPanels, 0);
+    EXPECT_EQ(delivered, QStringLiteral("Hello there."));
+    EXPECT_EQ(workspace.frontWindow(), editor);
+    EXPECT_EQ(store.rows, QStringList{QStringLiteral(" Hello there.\n")});
+    EXPECT_FALSE(recorder.isBusy());
+    clock.advance(300ms);
+    pump();
+    EXPECT_EQ(pasteboard.string(clipboard), QStringLiteral("former"));
+    EXPECT_EQ(provider.ended, 1);
+}
+
+TEST_F(Dictation, WithoutAutoPasteLeavesTheTextOnTheClipboardAndSaysSo)
+{
+    defaults.setBoolean(QStringLiteral("autoPasteEnabled"), false);
+    dictate(QStringLiteral("Keep me."));
+    EXPECT_FALSE(delivered);
+    EXPECT_EQ(pasteboard.string(clipboard), QStringLiteral("Keep me."));
+    ASSERT_EQ(huds.size(), 1U);
+    EXPECT_EQ(huds.front(), QRect(1, 2, 500, 200)) << "the HUD starts where the launcher was";
+    EXPECT_EQ(openPanels, 0);
+}
+
+TEST_F(Dictation, NeverPastesIntoAnotherWindow)
+{
+    pressShortcut();
+    speak(16'000);
+    workspace.closeWindow(editor);
+    stopAndDrain();
+    provider.answer(QStringLiteral("For the editor only."));
+    pump();
+    clock.advance(600ms);
+    pump();
+    EXPECT_FALSE(delivered);
+    EXPECT_TRUE(keyEvents.posted().empty());
+    EXPECT_EQ(pasteboard.string(clipboard), QStringLiteral("For the editor only."));
+    EXPECT_EQ(huds.size(), 1U);
+}
+
+TEST_F(Dictation, WithNothingSaidClosesWithoutATrace)
+{
+    pasteboard.setByOther(clipboard, QStringLiteral("former"));
+    pressShortcut();
+    speak(4'799);
+    stopAndDrain();
+    EXPECT_FALSE(provider.isAsked()) << "under 0.3 s nothing is transcribed";
+    EXPECT_EQ(openPanels, 0);
+
+    dictate(QStringLiteral(" \n "));
+    EXPECT_EQ(openPanels, 0);
+    EXPECT_TRUE(alerts.isEmpty());
+    EXPECT_TRUE(huds.empty());
+    EXPECT_EQ(pasteboard.changes(clipboard), 0);
+    EXPECT_GE(provider.ended, 2) << "the model is released after either";
+}
+
+TEST_F(Dictation, IgnoresTheShortcutWhileOneIsUnderWay)
+{
+    for (int i = 0; i < 10; ++i)
+        pressShortcut();
+    EXPECT_EQ(openPanels, 1);
+    EXPECT_EQ(engines.madeCount(), 1);
+    speak(16'000);
+    stopAndDrain();
+    pressShortcut();
+    EXPECT_EQ(engines.madeCount(), 1);
+    provider.answer(QStringLiteral("Once."));
+    pump();
+    EXPECT_EQ(delivered, QStringLiteral("Once."));
+    dictate(QStringLiteral("Again."));
+    EXPECT_EQ(delivered, QStringLiteral("Again."));
+}
+
+TEST_F(Dictation, CancelledAtAnyMomentDeliversNothingAndLeavesTheNextOneFree)
+{
+    pressShortcut();
+    speak(16'000);
+    delegate.cancelDictation(); // while recording
+    pump();
+    EXPECT_EQ(openPanels, 0);
+    EXPECT_FALSE(recorder.isBusy());
+
+    pressShortcut();
+    speak(16'000);
+    delegate.stopRecording();
+    delegate.cancelDictation(); // while draining
+    clock.advance(150ms);
+    pump();
+    EXPECT_FALSE(provider.isAsked());
+
+    pressShortcut();
+    speak(16'000);
+    stopAndDrain();
+    ASSERT_TRUE(provider.isAsked());
+    delegate.cancelDictation(); // while transcribing
+    EXPECT_FALSE(recorder.isBusy());
+    provider.answer(QStringLiteral("Nobody wants this."));
+    pump();
+
+    EXPECT_FALSE(delivered);
+    EXPECT_TRUE(alerts.isEmpty());
+    dictate(QStringLiteral("Wanted."));
+    EXPECT_EQ(delivered, QStringLiteral("Wanted."));
+}
+
+TEST_F(Dictation, TellsWhyAFailedOneDeliversNothing)
+{
+    pressShortcut();
+    speak(16'000);
+    stopAndDrain();
+    provider.fail(QStringLiteral("Could not load the whisper model at /models/x.bin"));
+    pump();
+    EXPECT_EQ(alerts.takeLast(),
+              QStringLiteral("Failed to transcribe audio: Could not load the whisper model at /models/x.bin"));
+    EXPECT_EQ(openPanels, 0);
+
+    store.full = true;
+    dictate(QStringLiteral("Not stored."));
+    EXPECT_EQ(alerts.takeLast(), QStringLiteral("Error processing transcription: The disk is full."));
+    EXPECT_FALSE(delivered) << "nothing is delivered after an error";
+    store.full = false;
+    dictate(QStringLiteral("Stored."));
+    EXPECT_EQ(delivered, QStringLiteral("Stored."));
+}
+
+TEST_F(Dictation, TellsWhyARecordingCannotStart)
+{
+    permissions.microphone = false;
+    pressShortcut();
+    EXPECT_EQ(openPanels, 0);
+    EXPECT_EQ(alerts, QStringList{wording::noSoundServer()});
+    permissions.microphone = true;
+
+    engines.settings.startError = wording::noMicrophone();
+    pressShortcut();
+    EXPECT_EQ(openPanels, 0);
+    EXPECT_EQ(alerts.last(), QStringLiteral("Could not start the microphone: ") + wording::noMicrophone());
+    EXPECT_FALSE(recorder.isBusy());
+    engines.settings.startError.reset();
+
+    dictate(QStringLiteral("Works again."));
+    EXPECT_EQ(delivered, QStringLiteral("Works again."));
+    EXPECT_EQ(alerts.size(), 2);
+}

@@ -1,0 +1,142 @@
+// The engine with a real model (scripts/get-model puts it where the program looks) and people's recordings.
+#include "vantro/cli/AudioFile.h"
+#include "vantro/models/ModelCatalogue.h"
+#include "vantro/whisper/WhisperTranscriptionProvider.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+#include <qcoro/qcorofuture.h>
+
+#include <gtest/gtest.h>
+
+using namespace vantro;
+
+namespace {
+
+QString recording(const char* name)
+{
+    return QString::fromLocal8Bit(qgetenv("VANTRO_SOURCE_DIR")) + QStringLiteral("/tests/data/") + QLatin1String(name);
+}
+
+class Whisper : public ::testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        const ModelCatalogue catalogue;
+        tiny = *catalogue.find(QStringLiteral("tiny.en"));
+        if (!store.isReady(tiny))
+            GTEST_SKIP() << "tiny.en is not there: run scripts/get-model";
+        tinyFile = store.modelFile(tiny);
+    }
+
+    [[nodiscard]] static WhisperInProcessEngine::Request request(const QString& file)
+    {
+        WhisperInProcessEngine::Request request;
+        request.samples = AudioFile::read(file).samples;
+        request.language = QStringLiteral("auto");
+        return request;
+    }
+    template <typename Result>
+    static Result get(QFuture<Result> future)
+    {
+        future.waitForFinished();
+        if constexpr (!std::is_void_v<Result>)
+            return future.result();
+    }
+
+    TranscriptionModel tiny;
+    QString tinyFile;
+    ModelStore store = ModelStore::standard();
+    WhisperInProcessEngine engine;
+};
+
+} // namespace
+
+TEST_F(Whisper, WritesWhatPeopleSayInOneGoAndAcrossTheThirtySecondWindow)
+{
+    get(engine.load(tinyFile));
+    std::vector<float> progress;
+    auto short1 = request(recording("en-harvard-spk1-snt1.flac"));
+    short1.onProgress = [&](float fraction) {
+        progress.push_back(fraction);
+    };
+    EXPECT_EQ(get(engine.transcribe(short1)), QStringLiteral("The child almost hurt the small dog."));
+    EXPECT_TRUE(std::ranges::is_sorted(progress));
+
+    // What follows a pause near the end of a window must not be lost.
+    auto samples = request(recording("en-harvard-spk1-snt1.flac")).samples;
+    samples.resize(28 * 16'000, 0.0F);
+    const auto second = request(recording("en-arctic-a0009.flac")).samples;
+    samples.insert(samples.end(), second.begin(), second.end());
+    auto both = request(recording("en-harvard-spk1-snt1.flac"));
+    both.samples = samples;
+    const QString text = get(engine.transcribe(both));
+    EXPECT_TRUE(text.startsWith(QLatin1String("The child almost hurt the small dog."))) << text.toStdString();
+    EXPECT_TRUE(text.contains(QLatin1String("across the table"))) << text.toStdString();
+}
+
+TEST_F(Whisper, KeepsTheLoadedModelWhenAnotherFileIsNoModel)
+{
+    const QTemporaryDir folder;
+    const QString foreign = folder.filePath(QStringLiteral("foreign.bin"));
+    const QString truncated = folder.filePath(QStringLiteral("truncated.bin"));
+    QFile whole(tinyFile);
+    ASSERT_TRUE(whole.open(QIODevice::ReadOnly));
+    for (const auto& [path, bytes] :
+         {std::pair(foreign, QByteArray(4096, 'x')), std::pair(truncated, whole.read(20'000'000))}) {
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(bytes);
+    }
+    get(engine.load(tinyFile));
+    for (const QString& path : {folder.filePath(QStringLiteral("missing.bin")), foreign, truncated}) {
+        try {
+            get(engine.load(path));
+            ADD_FAILURE() << path.toStdString() << " was loaded";
+        } catch (const WhisperInProcessError& error) {
+            EXPECT_EQ(error.kind(), WhisperInProcessError::Kind::modelLoadFailed);
+            EXPECT_EQ(error.localizedDescription(), QStringLiteral("Could not load the whisper model at ") + path);
+        }
+    }
+    EXPECT_FALSE(get(engine.transcribe(request(recording("en-harvard-spk1-snt1.flac")))).isEmpty());
+    get(engine.unload());
+    EXPECT_THROW(get(engine.transcribe(request(recording("en-harvard-spk1-snt1.flac")))), WhisperInProcessError);
+}
+
+TEST_F(Whisper, GivesWayAtOnceWhenNobodyWaitsAnyMore)
+{
+    get(engine.load(tinyFile));
+    auto work = request(recording("en-harvard-spk1-snt1.flac"));
+    work.samples.resize(10 * 60 * 16'000, 0.01F); // would take many seconds
+    const auto abandoned = engine.transcribe(work);
+    engine.abortTranscription();
+    EXPECT_THROW(get(abandoned), WhisperInProcessError);
+    EXPECT_EQ(get(engine.transcribe(request(recording("en-harvard-spk1-snt1.flac")))),
+              QStringLiteral("The child almost hurt the small dog."));
+}
+
+TEST_F(Whisper, TheProviderLoadsWhileTheUserSpeaksAndUnloadsAfterwardsUnlessToldOtherwise)
+{
+    const QTemporaryDir folder;
+    UserDefaults defaults(folder.filePath(QStringLiteral("vantro.ini")));
+    WhisperTranscriptionProvider provider(engine, store, defaults);
+    const auto isLoaded = [this] {
+        try {
+            WhisperInProcessEngine::Request silence;
+            silence.samples.assign(16'000, 0.0F);
+            get(engine.transcribe(silence));
+            return true;
+        } catch (const WhisperInProcessError&) {
+            return false;
+        }
+    };
+    provider.prepare(tiny);
+    EXPECT_TRUE(isLoaded());
+    provider.dictationEnded();
+    EXPECT_FALSE(isLoaded());
+    defaults.setBoolean(QStringLiteral("whisperKeepModelInMemory"), true);
+    provider.prepare(tiny);
+    provider.dictationEnded();
+    EXPECT_TRUE(isLoaded());
+}
