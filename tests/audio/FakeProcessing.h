@@ -1,6 +1,6 @@
 #pragma once
 
-#include "base/testing/ManualClock.h"
+#include "base/Clock.h"
 #include "vantro/audio/RecordingProcessing.h"
 
 #include <string>
@@ -8,12 +8,12 @@
 
 namespace vantro::testing {
 
-/// Stands for everything behind the recorder. Notes what it is asked in `events`; a job takes `duration` of the test's
+/// Stands for everything behind the recorder. Notes what it is asked in `events`; a job takes `duration` of the
 /// clock and ends in `result`.
 class FakeProcessing final : public RecordingProcessing
 {
 public:
-    explicit FakeProcessing(doubles::ManualClock& clock) : clock_(clock) {}
+    explicit FakeProcessing(Clock& clock) : clock_(clock) {}
 
     std::chrono::milliseconds duration{700};
     DictationResult result{.text = QStringLiteral("spoken words"), .errorMessage = {}};
@@ -50,7 +50,7 @@ private:
         FakeProcessing& processing_;
     };
 
-    doubles::ManualClock& clock_;
+    Clock& clock_;
 };
 
 } // namespace vantro::testing

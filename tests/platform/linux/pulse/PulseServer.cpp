@@ -17,11 +17,6 @@ namespace {
 
 constexpr int patienceMs = 10'000;
 
-QString sinkOf(const QString& microphone)
-{
-    return microphone + QStringLiteral("_sink");
-}
-
 } // namespace
 
 PulseServer::PulseServer()
@@ -63,10 +58,11 @@ void PulseServer::start()
                        folder_.filePath(QStringLiteral("pulse/native"))});
     if (!daemon_.waitForStarted(patienceMs))
         throw std::runtime_error("pulseaudio does not start");
+    // A crashed server's socket lies there still, so only an answer tells.
     const QDeadlineTimer deadline(patienceMs);
-    while (!QFile::exists(folder_.filePath(QStringLiteral("pulse/native"))) && !deadline.hasExpired())
+    while (!tryControl({QStringLiteral("info")}) && !deadline.hasExpired())
         daemon_.waitForFinished(10);
-    if (!isRunning())
+    if (!isRunning() || deadline.hasExpired())
         throw std::runtime_error(daemon_.readAllStandardError().toStdString());
 }
 
@@ -95,18 +91,28 @@ void PulseServer::thaw()
 
 void PulseServer::addMicrophone(const QString& name, const QString& format)
 {
-    addLoudspeaker(sinkOf(name) + QLatin1Char(' ') + format);
+    addLoudspeaker(name + QStringLiteral("_sink"), format);
+    addSource(name, name + QStringLiteral("_sink"));
+}
+
+void PulseServer::addTwin(const QString& name, const QString& microphone)
+{
+    addSource(name, microphone + QStringLiteral("_sink"));
+}
+
+void PulseServer::addSource(const QString& name, const QString& sink)
+{
     control({QStringLiteral("load-module"), QStringLiteral("module-remap-source"),
-             QStringLiteral("master=%1.monitor").arg(sinkOf(name)), QStringLiteral("source_name=") + name,
+             QStringLiteral("master=%1.monitor").arg(sink), QStringLiteral("source_name=") + name,
              QStringLiteral("source_properties=device.description=\"The-%1\"").arg(name)});
 }
 
-void PulseServer::addLoudspeaker(const QString& name)
+void PulseServer::addLoudspeaker(const QString& name, const QString& format)
 {
-    QStringList arguments{QStringLiteral("load-module"), QStringLiteral("module-null-sink"),
-                          QStringLiteral("norewinds=1"), QStringLiteral("format=float32le")};
-    arguments << (QStringLiteral("sink_name=") + name).split(QLatin1Char(' '));
-    control(arguments);
+    control(QStringList{QStringLiteral("load-module"), QStringLiteral("module-null-sink"),
+                        QStringLiteral("norewinds=1"), QStringLiteral("format=float32le"),
+                        QStringLiteral("sink_name=") + name} +
+            format.split(QLatin1Char(' ')));
 }
 
 void PulseServer::removeMicrophone(const QString& name)
@@ -130,12 +136,20 @@ void PulseServer::suspendMicrophone(const QString& name, bool suspended)
     control({QStringLiteral("suspend-source"), name, suspended ? QStringLiteral("1") : QStringLiteral("0")});
 }
 
-std::unique_ptr<QProcess> PulseServer::play(const QString& path, const QString& microphone)
+std::unique_ptr<QProcess> PulseServer::play(const std::vector<float>& samples, int rateHz, int channelCount,
+                                            const QString& microphone)
 {
+    QFile file(folder_.filePath(QStringLiteral("sound%1.raw").arg(++playCount_)));
+    if (!file.open(QFile::WriteOnly))
+        throw std::runtime_error("no file for the sound to play");
+    file.write(reinterpret_cast<const char*>(samples.data()), static_cast<qint64>(samples.size() * sizeof(float)));
+    file.close();
     auto player = std::make_unique<QProcess>();
     player->setProcessEnvironment(daemon_.processEnvironment());
     player->start(QStringLiteral("paplay"),
-                  {QStringLiteral("--latency-msec=20"), QStringLiteral("--device=") + sinkOf(microphone), path});
+                  {QStringLiteral("--raw"), QStringLiteral("--format=float32le"), QStringLiteral("--latency-msec=200"),
+                   QStringLiteral("--rate=%1").arg(rateHz), QStringLiteral("--channels=%1").arg(channelCount),
+                   QStringLiteral("--device=%1_sink").arg(microphone), file.fileName()});
     if (!player->waitForStarted(patienceMs))
         throw std::runtime_error("paplay does not start");
     return player;
@@ -143,12 +157,19 @@ std::unique_ptr<QProcess> PulseServer::play(const QString& path, const QString& 
 
 QString PulseServer::control(const QStringList& arguments)
 {
+    const auto output = tryControl(arguments);
+    if (!output)
+        throw std::runtime_error("pactl " + arguments.join(QLatin1Char(' ')).toStdString() + " failed");
+    return *output;
+}
+
+std::optional<QString> PulseServer::tryControl(const QStringList& arguments)
+{
     QProcess pactl;
     pactl.setProcessEnvironment(daemon_.processEnvironment());
     pactl.start(QStringLiteral("pactl"), arguments);
     if (!pactl.waitForFinished(patienceMs) || pactl.exitCode() != 0)
-        throw std::runtime_error("pactl " + arguments.join(QLatin1Char(' ')).toStdString() + ": " +
-                                 pactl.readAllStandardError().toStdString());
+        return std::nullopt;
     return QString::fromUtf8(pactl.readAllStandardOutput());
 }
 

@@ -5,8 +5,9 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
-#include <chrono>
 #include <memory>
+#include <optional>
+#include <vector>
 
 namespace vantro::testing {
 
@@ -33,18 +34,27 @@ public:
     /// @p format: "rate=48000 channels=2", say.
     void addMicrophone(const QString& name, const QString& format = QStringLiteral("rate=48000 channels=1"));
     void removeMicrophone(const QString& name);
-    void addLoudspeaker(const QString& name);
+    /// Makes a sink with a monitor and no microphone.
+    void addLoudspeaker(const QString& name, const QString& format = QStringLiteral("rate=48000 channels=1"));
     void setDefaultMicrophone(const QString& name);
     /// Whether @p name may deliver sound.
     void suspendMicrophone(const QString& name, bool suspended);
-    /// Starts to play a WAV file into the microphone and returns at once.
-    [[nodiscard]] std::unique_ptr<QProcess> play(const QString& path, const QString& microphone);
+    /// A second source that hears exactly what @p microphone hears.
+    void addTwin(const QString& name, const QString& microphone);
+    /// Starts to play into what @p microphone hears and returns at once. @p samples:
+    /// interleaved.
+    [[nodiscard]] std::unique_ptr<QProcess> play(const std::vector<float>& samples, int rateHz, int channelCount,
+                                                 const QString& microphone);
 
     /// Runs pactl against this server; its standard output.
     QString control(const QStringList& arguments);
 
 private:
+    void addSource(const QString& name, const QString& sink);
+    std::optional<QString> tryControl(const QStringList& arguments);
+
     QTemporaryDir folder_;
+    int playCount_ = 0;
     QProcess daemon_;
 };
 

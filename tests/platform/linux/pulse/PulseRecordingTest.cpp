@@ -1,0 +1,386 @@
+#include "base/UserDefaults.h"
+#include "platform/Permissions.h"
+#include "platform/Wording.h"
+#include "platform/linux/pulse/PulseAudioEngine.h"
+#include "platform/linux/pulse/PulseAudioHardware.h"
+#include "platform/linux/pulse/PulseConnection.h"
+#include "tests/audio/FakeProcessing.h"
+#include "tests/platform/linux/pulse/PulseServer.h"
+#include "tests/platform/linux/pulse/Signal.h"
+#include "vantro/audio/AudioDeviceManager.h"
+#include "vantro/audio/AudioRecorder.h"
+#include "vantro/audio/SampleCollector.h"
+#include "vantro/audio/TapConverter.h"
+
+#include <QElapsedTimer>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <memory>
+#include <optional>
+
+using namespace std::chrono_literals;
+using namespace vantro;
+using namespace vantro::testing;
+using ::testing::HasSubstr;
+
+namespace {
+
+const QString alpha = QStringLiteral("alpha");
+const QString beta = QStringLiteral("beta");
+const QString speech = QStringLiteral("rate=16000 channels=1");
+constexpr int patienceMs = 10'000;
+constexpr int speechRateHz = 16'000;
+
+std::vector<float> toSixteenKilohertz(const std::vector<float>& mono)
+{
+    const auto converter = TapConverter::create({.sampleRateHz = 48'000, .channelCount = 1});
+    SampleCollector collector;
+    const std::array<const float*, 1> channels{mono.data()};
+    converter->convert(AudioTapBuffer(channels, mono.size()), collector);
+    converter->drain(collector);
+    return collector.takeSamples();
+}
+
+class ServerPermissions final : public Permissions
+{
+public:
+    explicit ServerPermissions(PulseConnection& connection) : connection_(connection) {}
+    [[nodiscard]] bool microphoneAuthorized() const override { return connection_.serverAnswers(); }
+    [[nodiscard]] bool trustedForAccessibility() const override { return true; }
+
+private:
+    PulseConnection& connection_;
+};
+
+/// The program's capture side, on a server of the test's own.
+struct Rig
+{
+    explicit Rig(const QString& address) : connection(address)
+    {
+        processing.duration = 0ms;
+        QObject::connect(&recorder, &AudioRecorder::captureLost, &recorder,
+                         [this](const QString& message) { lost.push_back(message.toStdString()); });
+        QObject::connect(&recorder, &AudioRecorder::currentAmplitudeChanged, &recorder, [this] { ++levelCount; });
+    }
+
+    /// Waits for about @p levelChanges thirtieths of a second of sound that is not silence.
+    [[nodiscard]] bool hears(int levelChanges)
+    {
+        return QTest::qWaitFor([&, target = levelCount + levelChanges] { return levelCount >= target; }, patienceMs);
+    }
+    [[nodiscard]] bool hasFinished(std::size_t count)
+    {
+        return QTest::qWaitFor([&] { return finished.size() >= count; }, patienceMs);
+    }
+    /// Ends the recording; what went into processing.
+    [[nodiscard]] std::vector<float> stop()
+    {
+        const std::size_t before = finished.size();
+        recorder.stopRecording();
+        EXPECT_TRUE(hasFinished(before + 1));
+        return processing.samples;
+    }
+    [[nodiscard]] std::string errorMessage() const
+    {
+        return finished.empty() ? "" : finished.back()[QStringLiteral("errorMessage")].toString().toStdString();
+    }
+
+    PulseConnection connection;
+    PulseAudioHardware hardware{connection};
+    QTemporaryDir folder;
+    UserDefaults defaults{folder.filePath(QStringLiteral("vantro.ini"))};
+    AudioDeviceManager devices{hardware, defaults};
+    ServerPermissions permissions{connection};
+    NotificationCenter notifications;
+    SystemClock clock;
+    FakeProcessing processing{clock};
+    std::vector<NotificationCenter::UserInfo> finished;
+    std::vector<std::string> lost;
+    int levelCount = 0;
+    NotificationCenter::Observation observation = notifications.observe(
+        QStringLiteral("recorder:finish"), [this](const auto& info) { finished.push_back(info); });
+    AudioRecorder recorder{[this] { return std::make_unique<PulseAudioEngine>(connection); },
+                           devices,
+                           permissions,
+                           notifications,
+                           clock,
+                           processing};
+};
+
+class PulseRecording : public ::testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        if (PulseServer::reasonToSkip() != nullptr)
+            GTEST_SKIP() << PulseServer::reasonToSkip();
+        server.start();
+        server.addMicrophone(alpha, speech);
+        server.setDefaultMicrophone(alpha);
+    }
+
+    void TearDown() override
+    {
+        for (auto* const process : {player.get(), music.get()}) {
+            if (process != nullptr) {
+                process->kill();
+                process->waitForFinished(patienceMs);
+            }
+        }
+    }
+
+    /// Makes the program and lets it record what is being played into alpha, while a loudspeaker plays something else.
+    void recordWhilePlaying(std::chrono::seconds length)
+    {
+        server.addMicrophone(QStringLiteral("speaker"), speech);
+        server.removeMicrophone(QStringLiteral("speaker")); // its sink and monitor stay
+        rig.emplace(server.address());
+        rig->recorder.startRecording();
+        ASSERT_TRUE(rig->recorder.isRecording()) << rig->errorMessage();
+        played = noise(static_cast<std::size_t>(length.count()) * speechRateHz, 1);
+        music = server.play(noise(played.size() * 4, 2), speechRateHz, 1, QStringLiteral("speaker"));
+        player = server.play(played, speechRateHz, 1, alpha);
+        ASSERT_TRUE(rig->hears(10));
+    }
+
+    [[nodiscard]] static bool hasEnded(const QProcess& process)
+    {
+        return QTest::qWaitFor([&] { return process.state() == QProcess::NotRunning; }, patienceMs);
+    }
+
+    /// How many played samples a recording lacks that has lost some in one place at most, and not at its ends.
+    static std::size_t holeIn(const std::vector<float>& recorded, const std::vector<float>& played)
+    {
+        const Comparison comparison = compare(recorded, played);
+        EXPECT_EQ(comparison.foreignCount, 0U) << "something else was recorded";
+        if (comparison.stretches.empty() || comparison.stretches.size() > 2) {
+            ADD_FAILURE() << comparison.stretches.size() << " stretches";
+            return played.size();
+        }
+        EXPECT_EQ(comparison.stretches.front().playedBegin, 0U);
+        EXPECT_EQ(comparison.stretches.back().playedEnd(), played.size());
+        return played.size() - comparison.recordedCount();
+    }
+
+    PulseServer server;
+    std::optional<Rig> rig;
+    std::vector<float> played;
+    std::unique_ptr<QProcess> player;
+    std::unique_ptr<QProcess> music;
+};
+
+constexpr std::size_t tolerableHole = speechRateHz * 60 / 1000;
+
+} // namespace
+
+TEST_F(PulseRecording, EverySampleIsRecordedBitForBit)
+{
+    recordWhilePlaying(2s);
+    ASSERT_TRUE(hasEnded(*player));
+    const Comparison comparison = compare(rig->stop(), played);
+    ASSERT_EQ(comparison.stretches.size(), 1U);
+    EXPECT_EQ(comparison.stretches[0].playedBegin, 0U);
+    EXPECT_EQ(comparison.stretches[0].length, played.size());
+    EXPECT_EQ(comparison.foreignCount, 0U);
+    EXPECT_TRUE(rig->lost.empty());
+}
+
+TEST_F(PulseRecording, AStereoDeviceAtItsOwnRateIsMixedAndConverted)
+{
+    server.addMicrophone(beta, QStringLiteral("rate=48000 channels=2"));
+    rig.emplace(server.address());
+    rig->devices.setPrioritizedDevices({{.id = beta, .name = beta, .priority = 1}});
+    rig->devices.setInputMode(AudioInputMode::prioritized);
+    rig->recorder.startRecording();
+    const std::vector<float> sound = noise(48'000, 3);
+    std::vector<float> interleaved;
+    for (const float sample : sound)
+        interleaved.insert(interleaved.end(), {sample, 0.0F});
+    player = server.play(interleaved, 48'000, 2, beta);
+    ASSERT_TRUE(hasEnded(*player));
+    const std::vector<float> recorded = rig->stop();
+
+    // The sound may have begun at any of the three input frames that make one output sample.
+    float worst = 1;
+    for (std::size_t phase = 0; phase < 3; ++phase) {
+        std::vector<float> mean(phase, 0.0F);
+        std::ranges::transform(sound, std::back_inserter(mean), [](float sample) { return sample / 2; });
+        mean.resize(mean.size() + 4'800, 0.0F);
+        worst = std::min(worst, worstDifference(recorded, toSixteenKilohertz(mean)));
+    }
+    EXPECT_LT(worst, 1e-5F);
+}
+
+TEST_F(PulseRecording, GoesOnWithAnotherMicrophoneWhenItsOwnIsUnplugged)
+{
+    server.addTwin(beta, alpha);
+    recordWhilePlaying(3s);
+    server.removeMicrophone(alpha);
+    ASSERT_TRUE(rig->hears(10));
+    EXPECT_TRUE(rig->recorder.isRecording());
+    ASSERT_TRUE(hasEnded(*player));
+    const std::size_t hole = holeIn(rig->stop(), played);
+    RecordProperty("hole_ms", std::to_string(hole * 1000 / speechRateHz));
+    EXPECT_LE(hole, tolerableHole);
+    EXPECT_TRUE(rig->lost.empty());
+}
+
+TEST_F(PulseRecording, FollowsTheDefaultMicrophone)
+{
+    server.addTwin(beta, alpha);
+    recordWhilePlaying(3s);
+    server.setDefaultMicrophone(beta);
+    ASSERT_TRUE(rig->hears(10));
+    server.removeMicrophone(alpha); // would cost a second hole if it were still recorded from
+    ASSERT_TRUE(hasEnded(*player));
+    const std::size_t hole = holeIn(rig->stop(), played);
+    RecordProperty("hole_ms", std::to_string(hole * 1000 / speechRateHz));
+    EXPECT_LE(hole, tolerableHole);
+}
+
+TEST_F(PulseRecording, TwentyChangesInASecondCostNoMoreThanOne)
+{
+    server.addTwin(beta, alpha);
+    recordWhilePlaying(4s);
+    for (int i = 0; i < 10; ++i) {
+        server.setDefaultMicrophone(beta);
+        ASSERT_TRUE(rig->hears(1));
+        server.setDefaultMicrophone(alpha);
+        ASSERT_TRUE(rig->hears(1));
+    }
+    server.setDefaultMicrophone(beta);
+    ASSERT_TRUE(hasEnded(*player));
+    const Comparison comparison = compare(rig->stop(), played);
+    EXPECT_EQ(comparison.foreignCount, 0U);
+    EXPECT_GE(comparison.recordedCount(), played.size() - 2 * tolerableHole);
+}
+
+TEST_F(PulseRecording, EndsWithWhatWasSaidWhenOnlyLoudspeakersAreLeft)
+{
+    recordWhilePlaying(2s);
+    ASSERT_TRUE(hasEnded(*player));
+    server.removeMicrophone(alpha);
+    ASSERT_TRUE(rig->hasFinished(1));
+    ASSERT_EQ(rig->lost.size(), 1U);
+    EXPECT_THAT(rig->lost[0], HasSubstr(wording::noMicrophone().toStdString()));
+    const Comparison comparison = compare(rig->processing.samples, played);
+    ASSERT_EQ(comparison.stretches.size(), 1U);
+    EXPECT_EQ(comparison.stretches[0].length, played.size());
+    EXPECT_EQ(comparison.foreignCount, 0U) << "a loudspeaker was dictated";
+    EXPECT_EQ(rig->errorMessage(), "");
+
+    rig->recorder.startRecording();
+    EXPECT_FALSE(rig->recorder.isBusy());
+    EXPECT_EQ(rig->errorMessage(), "Could not start the microphone: " + wording::noMicrophone().toStdString());
+    server.addTwin(beta, alpha);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !rig->devices.availableDevices().empty(); }, patienceMs));
+    rig->recorder.startRecording();
+    EXPECT_TRUE(rig->recorder.isRecording());
+}
+
+TEST_F(PulseRecording, KeepsWhatWasSaidWhenTheServerDiesAndWorksAgainAfterwards)
+{
+    recordWhilePlaying(2s);
+    ASSERT_TRUE(rig->hears(20));
+    server.kill();
+    ASSERT_TRUE(rig->hasFinished(1));
+    ASSERT_EQ(rig->lost.size(), 1U);
+    EXPECT_THAT(rig->lost[0], HasSubstr(wording::noSoundServer().toStdString()));
+    const Comparison comparison = compare(rig->processing.samples, played);
+    ASSERT_EQ(comparison.stretches.size(), 1U);
+    EXPECT_GE(comparison.stretches[0].length, AudioRecorder::minimumSampleCount);
+    rig->recorder.startRecording();
+    EXPECT_FALSE(rig->recorder.isBusy());
+
+    server.start();
+    server.addMicrophone(alpha, speech);
+    rig->recorder.startRecording();
+    ASSERT_TRUE(rig->recorder.isRecording()) << "asked before the program had noticed by itself";
+    player = server.play(played, speechRateHz, 1, alpha);
+    ASSERT_TRUE(hasEnded(*player));
+    EXPECT_EQ(compare(rig->stop(), played).stretches.front().length, played.size());
+}
+
+TEST_F(PulseRecording, GoesOnWhenTheServerRestartsAtOnce)
+{
+    recordWhilePlaying(2s);
+    server.kill();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return rig->recorder.currentAmplitude() == 0; }, patienceMs));
+    server.start();
+    server.addMicrophone(alpha, speech);
+    const std::vector<float> second = noise(speechRateHz, 5);
+    player = server.play(second, speechRateHz, 1, alpha);
+    ASSERT_TRUE(rig->hears(10));
+    ASSERT_TRUE(hasEnded(*player));
+    const std::vector<float> recorded = rig->stop();
+    EXPECT_GE(compare(recorded, played).stretches.front().length, AudioRecorder::minimumSampleCount);
+    EXPECT_GE(compare(recorded, second).stretches.back().length, second.size() / 2);
+    EXPECT_TRUE(rig->lost.empty());
+}
+
+TEST_F(PulseRecording, LeavesASuspendedMicrophoneForOneThatHears)
+{
+    server.addTwin(beta, alpha);
+    recordWhilePlaying(3s);
+    server.suspendMicrophone(alpha, true);
+    ASSERT_TRUE(rig->hears(10));
+    ASSERT_TRUE(hasEnded(*player));
+    static_cast<void>(holeIn(rig->stop(), played));
+
+    server.removeMicrophone(beta);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return rig->devices.availableDevices().size() == 1; }, patienceMs));
+    rig->recorder.startRecording();
+    EXPECT_FALSE(rig->recorder.isBusy());
+    EXPECT_THAT(rig->errorMessage(), HasSubstr("\"The-alpha\" is switched off"));
+    server.suspendMicrophone(alpha, false);
+    rig->recorder.startRecording();
+    EXPECT_TRUE(rig->recorder.isRecording());
+}
+
+TEST_F(PulseRecording, WakesAMicrophoneThatFellAsleepUnused)
+{
+    server.control(
+        {QStringLiteral("load-module"), QStringLiteral("module-suspend-on-idle"), QStringLiteral("timeout=0")});
+    ASSERT_TRUE(QTest::qWaitFor(
+        [&] {
+            return server.control({QStringLiteral("list"), QStringLiteral("short"), QStringLiteral("sources")})
+                       .count(QStringLiteral("SUSPENDED")) == 2;
+        },
+        patienceMs));
+    recordWhilePlaying(1s);
+    ASSERT_TRUE(hasEnded(*player));
+    EXPECT_EQ(compare(rig->stop(), played).stretches.front().length, played.size());
+}
+
+TEST_F(PulseRecording, AServerThatHangsNeverHoldsTheProgramForLong)
+{
+    recordWhilePlaying(3s);
+    ASSERT_TRUE(rig->hears(10));
+    server.freeze();
+    QElapsedTimer time;
+    time.start();
+    const std::vector<float> recorded = rig->stop();
+    EXPECT_LT(time.elapsed(), 500);
+    EXPECT_GE(compare(recorded, played).stretches.front().length, AudioRecorder::minimumSampleCount);
+
+    time.restart();
+    rig->recorder.startRecording();
+    EXPECT_LT(time.elapsed(), 2'500);
+    EXPECT_FALSE(rig->recorder.isBusy());
+    EXPECT_EQ(rig->errorMessage(), "Could not start the microphone: " + wording::noSoundServer().toStdString());
+
+    server.thaw();
+    rig->recorder.startRecording();
+    EXPECT_TRUE(rig->recorder.isRecording());
+    server.freeze();
+    time.restart();
+    rig->recorder.cancelRecording();
+    EXPECT_LT(time.elapsed(), 100);
+    server.thaw();
+}
