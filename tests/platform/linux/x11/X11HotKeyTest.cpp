@@ -1,6 +1,6 @@
 #include "platform/KeyCode.h"
 #include "platform/linux/x11/X11HotKeyManager.h"
-#include "tests/platform/linux/x11/X11Session.h"
+#include "tests/desktop/X11Session.h"
 
 #include <QElapsedTimer>
 

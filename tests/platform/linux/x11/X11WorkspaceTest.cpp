@@ -3,7 +3,7 @@
 #include "platform/linux/x11/X11KeyEventPoster.h"
 #include "platform/linux/x11/X11Pasteboard.h"
 #include "platform/linux/x11/X11Permissions.h"
-#include "tests/platform/linux/x11/X11Session.h"
+#include "tests/desktop/X11Session.h"
 
 #include <QGuiApplication>
 #include <QWindow>
