@@ -31,7 +31,8 @@ void FakeAudioEngine::start()
 void FakeAudioEngine::stop()
 {
     if (isRunning_)
-        deliver(pending_.size());
+        deliver(pending_);
+    pending_.clear();
     isRunning_ = false;
 }
 
@@ -40,8 +41,10 @@ void FakeAudioEngine::hear(std::span<const float> samples)
     if (!isRunning_)
         return;
     pending_.insert(pending_.end(), samples.begin(), samples.end());
-    while (pending_.size() >= blockFrames_)
-        deliver(blockFrames_);
+    std::span<const float> waiting(pending_);
+    for (; waiting.size() >= blockFrames_; waiting = waiting.subspan(blockFrames_))
+        deliver(waiting.first(blockFrames_));
+    pending_ = std::vector<float>(waiting.begin(), waiting.end());
 }
 
 void FakeAudioEngine::hear(std::size_t frames, float value)
@@ -49,12 +52,11 @@ void FakeAudioEngine::hear(std::size_t frames, float value)
     hear(std::vector<float>(frames, value));
 }
 
-void FakeAudioEngine::deliver(std::size_t frames)
+void FakeAudioEngine::deliver(std::span<const float> block)
 {
-    const std::vector<const float*> channels(tapFormat_.channelCount, pending_.data());
-    if (tap_ && frames > 0)
-        tap_(AudioTapBuffer(channels, frames));
-    pending_.erase(pending_.begin(), pending_.begin() + static_cast<std::ptrdiff_t>(frames));
+    const std::vector<const float*> channels(tapFormat_.channelCount, block.data());
+    if (tap_ && !block.empty())
+        tap_(AudioTapBuffer(channels, block.size()));
 }
 
 AudioEngineFactory FakeAudioEngines::factory()

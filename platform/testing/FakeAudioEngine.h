@@ -46,7 +46,7 @@ public:
     [[nodiscard]] AudioFormat tapFormat() const { return tapFormat_; }
 
 private:
-    void deliver(std::size_t frames);
+    void deliver(std::span<const float> block);
 
     const FakeAudioSettings& settings_;
     std::optional<AudioDeviceID> selectedDevice_;

@@ -1,6 +1,7 @@
 #include "vantro/audio/AudioRecorder.h"
 
 #include "base/UserDefaults.h"
+#include "base/testing/ManualClock.h"
 #include "platform/testing/FakeAudioEngine.h"
 #include "platform/testing/FakeAudioHardware.h"
 #include "platform/testing/FakePermissions.h"

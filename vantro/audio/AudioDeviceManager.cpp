@@ -23,6 +23,13 @@ std::optional<AudioDeviceID> storedDevice(const UserDefaults& defaults)
     return static_cast<AudioDeviceID>(*number);
 }
 
+template <typename Member, typename Value>
+const AudioInputDevice* deviceWith(Member member, const Value& value, const std::vector<AudioInputDevice>& devices)
+{
+    const auto found = std::ranges::find(devices, value, member);
+    return found != devices.end() ? &*found : nullptr;
+}
+
 } // namespace
 
 AudioDeviceManager::AudioDeviceManager(AudioHardware& hardware, UserDefaults& defaults)
@@ -39,48 +46,35 @@ AudioDeviceManager::AudioDeviceManager(AudioHardware& hardware, UserDefaults& de
     connect(&hardware_, &AudioHardware::devicesChanged, this, &AudioDeviceManager::refreshAvailableDevices);
 }
 
+// Asks the hardware itself: the list that is shown may be an announcement behind.
 std::optional<AudioDeviceID> AudioDeviceManager::effectiveDeviceID() const
 {
-    switch (inputMode_) {
-    case AudioInputMode::systemDefault:
+    if (inputMode_ == AudioInputMode::systemDefault)
         return std::nullopt;
-    case AudioInputMode::custom:
-        if (const auto device = customDeviceID())
-            return device;
-        break;
-    case AudioInputMode::prioritized:
-        if (const auto device = firstPrioritizedDeviceID())
-            return device;
-        break;
-    }
-    return hardware_.defaultInputDevice();
+    const std::vector<AudioInputDevice> present = hardware_.inputDevices();
+    const AudioInputDevice* const device =
+        inputMode_ == AudioInputMode::custom ? customDevice(present) : firstPrioritizedDevice(present);
+    return device != nullptr ? std::optional(device->id) : hardware_.defaultInputDevice();
 }
 
-std::optional<AudioDeviceID> AudioDeviceManager::customDeviceID() const
+const AudioInputDevice* AudioDeviceManager::customDevice(const std::vector<AudioInputDevice>& present) const
 {
     if (!selectedDeviceID_)
-        return std::nullopt;
-    const auto found = std::ranges::find(availableDevices_, *selectedDeviceID_, &AudioInputDevice::id);
+        return nullptr;
     // Without a stored identifier the number is all there is to go by.
-    const bool isTheOne = found != availableDevices_.end() && (selectedUid_.isEmpty() || found->uid == selectedUid_);
-    return isTheOne ? selectedDeviceID_ : std::nullopt;
+    return selectedUid_.isEmpty() ? deviceWith(&AudioInputDevice::id, *selectedDeviceID_, present)
+                                  : deviceWith(&AudioInputDevice::uid, selectedUid_, present);
 }
 
-std::optional<AudioDeviceID> AudioDeviceManager::firstPrioritizedDeviceID() const
+const AudioInputDevice* AudioDeviceManager::firstPrioritizedDevice(const std::vector<AudioInputDevice>& present) const
 {
     std::vector<PrioritizedDevice> order = prioritizedDevices_;
     std::ranges::stable_sort(order, {}, &PrioritizedDevice::priority);
     for (const PrioritizedDevice& wanted : order) {
-        if (const AudioInputDevice* const device = availableDevice(wanted.id))
-            return device->id;
+        if (const AudioInputDevice* const device = deviceWith(&AudioInputDevice::uid, wanted.id, present))
+            return device;
     }
-    return std::nullopt;
-}
-
-const AudioInputDevice* AudioDeviceManager::availableDevice(const QString& uid) const
-{
-    const auto found = std::ranges::find(availableDevices_, uid, &AudioInputDevice::uid);
-    return found != availableDevices_.end() ? &*found : nullptr;
+    return nullptr;
 }
 
 void AudioDeviceManager::refreshAvailableDevices()
@@ -95,8 +89,8 @@ void AudioDeviceManager::refreshAvailableDevices()
 
 void AudioDeviceManager::followSelectedDevice()
 {
-    const AudioInputDevice* const device = selectedUid_.isEmpty() ? nullptr : availableDevice(selectedUid_);
-    if (device != nullptr && selectedDeviceID_ && device->id != *selectedDeviceID_)
+    const AudioInputDevice* const device = customDevice(availableDevices_);
+    if (device != nullptr && device->id != selectedDeviceID_)
         setSelectedDeviceID(device->id);
 }
 
@@ -111,9 +105,9 @@ void AudioDeviceManager::setInputMode(AudioInputMode mode)
 
 void AudioDeviceManager::setSelectedDeviceID(std::optional<AudioDeviceID> device)
 {
-    const auto found =
-        device ? std::ranges::find(availableDevices_, *device, &AudioInputDevice::id) : availableDevices_.end();
-    const QString uid = found != availableDevices_.end() ? found->uid : QString();
+    const AudioInputDevice* const known =
+        device ? deviceWith(&AudioInputDevice::id, *device, availableDevices_) : nullptr;
+    const QString uid = known != nullptr ? known->uid : QString();
     if (device == selectedDeviceID_ && uid == selectedUid_)
         return;
     selectedDeviceID_ = device;

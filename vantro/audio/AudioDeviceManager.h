@@ -44,10 +44,8 @@ Q_SIGNALS:
     void prioritizedDevicesChanged();
 
 private:
-    [[nodiscard]] const AudioInputDevice* availableDevice(const QString& uid) const;
-    [[nodiscard]] std::optional<AudioDeviceID> customDeviceID() const;
-    [[nodiscard]] std::optional<AudioDeviceID> firstPrioritizedDeviceID() const;
-
+    [[nodiscard]] const AudioInputDevice* customDevice(const std::vector<AudioInputDevice>& present) const;
+    [[nodiscard]] const AudioInputDevice* firstPrioritizedDevice(const std::vector<AudioInputDevice>& present) const;
     void followSelectedDevice();
 
     AudioHardware& hardware_;

@@ -28,7 +28,8 @@ public:
     virtual QCoro::Task<DictationResult> run(QString recordingID, std::vector<float> samples) = 0;
 };
 
-/// What the recorder needs of the rest of the program. Main thread only.
+/// What the recorder needs of the rest of the program. Every recordingStarted() is followed by exactly one of
+/// DictationJob::run() and recordingDiscarded(). Main thread only.
 class RecordingProcessing
 {
 public:
@@ -36,7 +37,7 @@ public:
 
     /// A recording has begun: what the stop will need (the speech model) can be made ready meanwhile.
     virtual void recordingStarted() = 0;
-    /// The recording was cancelled or failed: nothing will come of it.
+    /// The recording was cancelled, failed or was too short: nothing will come of it, nor of a job prepared for it.
     virtual void recordingDiscarded() = 0;
     /// Fixes everything that counts at the moment of stopping.
     virtual std::unique_ptr<DictationJob> prepare(ProcessingMode mode) = 0;

@@ -6,24 +6,36 @@
 
 namespace vantro {
 
-PulseAudioHardware::PulseAudioHardware(PulseConnection& connection) : connection_(connection)
+PulseAudioHardware::PulseAudioHardware(PulseConnection& connection)
+    : connection_(connection)
+    , announcedDevices_(inputDevices())
+    , announcedDefault_(defaultInputDevice())
 {
-    connect(&connection_, &PulseConnection::updated, this, &PulseAudioHardware::update);
-    update();
+    connect(&connection_, &PulseConnection::updated, this, &PulseAudioHardware::announceChange);
 }
 
-void PulseAudioHardware::update()
+std::vector<AudioInputDevice> PulseAudioHardware::inputDevices() const
 {
-    const PulseSnapshot& snapshot = connection_.snapshot();
     std::vector<AudioInputDevice> devices;
-    for (const PulseSource* source : snapshot.microphones())
+    for (const PulseSource* source : connection_.snapshot().microphones())
         devices.push_back({.id = source->id, .uid = source->name, .name = source->description});
-    const PulseSource* const standard = snapshot.defaultMicrophone();
-    const auto standardId = standard != nullptr ? std::optional(standard->id) : std::nullopt;
-    if (devices == devices_ && standardId == default_)
+    return devices;
+}
+
+std::optional<AudioDeviceID> PulseAudioHardware::defaultInputDevice() const
+{
+    const PulseSource* const source = connection_.snapshot().defaultMicrophone();
+    return source != nullptr ? std::optional(source->id) : std::nullopt;
+}
+
+void PulseAudioHardware::announceChange()
+{
+    std::vector<AudioInputDevice> devices = inputDevices();
+    const auto standard = defaultInputDevice();
+    if (devices == announcedDevices_ && standard == announcedDefault_)
         return;
-    devices_ = std::move(devices);
-    default_ = standardId;
+    announcedDevices_ = std::move(devices);
+    announcedDefault_ = standard;
     Q_EMIT devicesChanged();
 }
 

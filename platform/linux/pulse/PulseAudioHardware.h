@@ -14,15 +14,15 @@ class PulseAudioHardware final : public AudioHardware
 public:
     explicit PulseAudioHardware(PulseConnection& connection);
 
-    [[nodiscard]] std::vector<AudioInputDevice> inputDevices() const override { return devices_; }
-    [[nodiscard]] std::optional<AudioDeviceID> defaultInputDevice() const override { return default_; }
+    [[nodiscard]] std::vector<AudioInputDevice> inputDevices() const override;
+    [[nodiscard]] std::optional<AudioDeviceID> defaultInputDevice() const override;
 
 private:
-    void update();
+    void announceChange();
 
     PulseConnection& connection_;
-    std::vector<AudioInputDevice> devices_;
-    std::optional<AudioDeviceID> default_;
+    std::vector<AudioInputDevice> announcedDevices_;
+    std::optional<AudioDeviceID> announcedDefault_;
 };
 
 } // namespace vantro

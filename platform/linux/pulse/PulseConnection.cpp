@@ -22,7 +22,10 @@ constexpr std::array retryDelays{10ms, 30ms, 100ms, 300ms, 1000ms, 3000ms};
 PulseConnection::PulseConnection(std::optional<QString> server)
     : server_(server.value_or(qEnvironmentVariable("PULSE_SERVER")))
     , watch_(server_)
-    , waker_([this] { takeUpdates(); })
+    , waker_([this] {
+        takeSnapshot();
+        Q_EMIT updated();
+    })
     , loop_(std::make_unique<PulseLoop>([this] { waker_.wake(); }))
 {
     retry_.setSingleShot(true);
@@ -58,15 +61,15 @@ void PulseConnection::attemptLater()
 bool PulseConnection::serverAnswers()
 {
     using Phase = PulseSnapshot::Phase;
-    takeUpdates();
+    takeSnapshot();
     if (snapshot_.phase == Phase::Failed)
         attempt();
     if (snapshot_.phase != Phase::Ready && loop_->waitForAnswer(attemptBegan_ + answerPatience))
-        takeUpdates();
+        takeSnapshot();
     return snapshot_.phase == Phase::Ready;
 }
 
-void PulseConnection::takeUpdates()
+void PulseConnection::takeSnapshot()
 {
     using Phase = PulseSnapshot::Phase;
     PulseSnapshot next = loop_->latest();
@@ -83,7 +86,6 @@ void PulseConnection::takeUpdates()
         watch_.start();
         attemptLater();
     }
-    Q_EMIT updated();
 }
 
 // The server's numbers begin anew after its restart, and a device that is plugged in again gets another one.

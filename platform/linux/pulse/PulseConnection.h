@@ -30,7 +30,8 @@ public:
     ~PulseConnection() override;
 
     /// Whether there is a server that answers. Right after the program's start, and when the server had gone, waits for
-    /// the answer to the running attempt, at most one second after that began.
+    /// the answer to the running attempt, at most one second after that began. The snapshot is new when this returns;
+    /// updated() follows from the event loop.
     [[nodiscard]] bool serverAnswers();
 
     [[nodiscard]] const PulseSnapshot& snapshot() const { return snapshot_; }
@@ -45,7 +46,7 @@ Q_SIGNALS:
 private:
     void attempt();
     void attemptLater();
-    void takeUpdates();
+    void takeSnapshot();
     void assignIds(PulseSnapshot& snapshot);
 
     Logger logger_{"PulseConnection"};

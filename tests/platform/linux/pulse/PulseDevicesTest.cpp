@@ -82,7 +82,7 @@ TEST_F(PulseDevices, MicrophonesComeAndGoWithoutTheLoudspeakers)
     EXPECT_TRUE(QTest::qWaitFor([&] { return names().size() == 2; }, patienceMs));
     server.setDefaultMicrophone(beta);
     EXPECT_TRUE(defaultBecomes(beta));
-    server.setDefaultMicrophone(QStringLiteral("speaker.monitor"));
+    server.setDefaultMicrophone(QStringLiteral("speaker_sink.monitor"));
     EXPECT_TRUE(defaultBecomes(alpha)) << "a monitor never stands for a microphone";
 
     server.removeMicrophone(alpha);

@@ -125,21 +125,10 @@ protected:
         server.setDefaultMicrophone(alpha);
     }
 
-    void TearDown() override
-    {
-        for (auto* const process : {player.get(), music.get()}) {
-            if (process != nullptr) {
-                process->kill();
-                process->waitForFinished(patienceMs);
-            }
-        }
-    }
-
     /// Makes the program and lets it record what is being played into alpha, while a loudspeaker plays something else.
     void recordWhilePlaying(std::chrono::seconds length)
     {
-        server.addMicrophone(QStringLiteral("speaker"), speech);
-        server.removeMicrophone(QStringLiteral("speaker")); // its sink and monitor stay
+        server.addLoudspeaker(QStringLiteral("speaker"), speech);
         rig.emplace(server.address());
         rig->recorder.startRecording();
         ASSERT_TRUE(rig->recorder.isRecording()) << rig->errorMessage();
@@ -149,9 +138,9 @@ protected:
         ASSERT_TRUE(rig->hears(10));
     }
 
-    [[nodiscard]] static bool hasEnded(const QProcess& process)
+    [[nodiscard]] static bool hasEnded(ChildProcess& process)
     {
-        return QTest::qWaitFor([&] { return process.state() == QProcess::NotRunning; }, patienceMs);
+        return QTest::qWaitFor([&] { return process.hasEnded(); }, patienceMs);
     }
 
     /// How many played samples a recording lacks that has lost some in one place at most, and not at its ends.
@@ -171,8 +160,8 @@ protected:
     PulseServer server;
     std::optional<Rig> rig;
     std::vector<float> played;
-    std::unique_ptr<QProcess> player;
-    std::unique_ptr<QProcess> music;
+    std::unique_ptr<ChildProcess> player;
+    std::unique_ptr<ChildProcess> music;
 };
 
 constexpr std::size_t tolerableHole = speechRateHz * 60 / 1000;

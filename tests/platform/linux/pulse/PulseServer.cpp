@@ -3,36 +3,26 @@
 #include <QDeadlineTimer>
 #include <QDir>
 #include <QFile>
-#include <QProcessEnvironment>
 #include <QStandardPaths>
-
-#include <sys/types.h>
 
 #include <csignal>
 #include <stdexcept>
+
+using namespace std::chrono_literals;
 
 namespace vantro::testing {
 
 namespace {
 
-constexpr int patienceMs = 10'000;
+constexpr auto patience = 10s;
+
+// A microphone's sink and a loudspeaker have the same kind of name, so both can be played into.
+QString sinkOf(const QString& name)
+{
+    return name + QStringLiteral("_sink");
+}
 
 } // namespace
-
-PulseServer::PulseServer()
-{
-    // Nothing of the user's own server or settings.
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    for (const char* name : {"HOME", "XDG_RUNTIME_DIR", "XDG_CONFIG_HOME", "PULSE_RUNTIME_PATH", "PULSE_STATE_PATH"})
-        environment.insert(QString::fromLatin1(name), folder_.path());
-    environment.insert(QStringLiteral("PULSE_SERVER"), address());
-    daemon_.setProcessEnvironment(environment);
-}
-
-PulseServer::~PulseServer()
-{
-    kill();
-}
 
 const char* PulseServer::reasonToSkip()
 {
@@ -48,56 +38,51 @@ QString PulseServer::address() const
     return QStringLiteral("unix:") + folder_.filePath(QStringLiteral("pulse/native"));
 }
 
+// Nothing of the user's own server or settings.
+QStringList PulseServer::environment() const
+{
+    QStringList variables{QStringLiteral("PULSE_SERVER=") + address()};
+    for (const char* name : {"HOME", "XDG_RUNTIME_DIR", "XDG_CONFIG_HOME", "PULSE_RUNTIME_PATH", "PULSE_STATE_PATH"})
+        variables << QString::fromLatin1(name) + QLatin1Char('=') + folder_.path();
+    return variables;
+}
+
 void PulseServer::start()
 {
+    const QString socket = folder_.filePath(QStringLiteral("pulse/native"));
     QDir(folder_.path()).mkpath(QStringLiteral("pulse"));
-    daemon_.start(QStringLiteral("pulseaudio"),
-                  {QStringLiteral("--daemonize=no"), QStringLiteral("--exit-idle-time=-1"), QStringLiteral("-n"),
-                   QStringLiteral("-L"),
-                   QStringLiteral("module-native-protocol-unix auth-anonymous=1 socket=") +
-                       folder_.filePath(QStringLiteral("pulse/native"))});
-    if (!daemon_.waitForStarted(patienceMs))
-        throw std::runtime_error("pulseaudio does not start");
+    daemon_ = std::make_unique<ChildProcess>(
+        QStringList{QStringLiteral("pulseaudio"), QStringLiteral("--daemonize=no"),
+                    QStringLiteral("--exit-idle-time=-1"), QStringLiteral("-n"), QStringLiteral("-L"),
+                    QStringLiteral("module-native-protocol-unix auth-anonymous=1 socket=") + socket},
+        environment());
     // A crashed server's socket lies there still, so only an answer tells.
-    const QDeadlineTimer deadline(patienceMs);
-    while (!tryControl({QStringLiteral("info")}) && !deadline.hasExpired())
-        daemon_.waitForFinished(10);
-    if (!isRunning() || deadline.hasExpired())
-        throw std::runtime_error(daemon_.readAllStandardError().toStdString());
-}
-
-bool PulseServer::isRunning() const
-{
-    return daemon_.state() == QProcess::Running;
-}
-
-void PulseServer::kill()
-{
-    if (!isRunning())
-        return;
-    daemon_.kill();
-    daemon_.waitForFinished(patienceMs);
+    const QDeadlineTimer deadline(patience);
+    while (!tryControl({QStringLiteral("info")})) {
+        if (daemon_->waitForEnd(10ms) || deadline.hasExpired())
+            throw std::runtime_error("pulseaudio does not start");
+    }
 }
 
 void PulseServer::freeze()
 {
-    ::kill(static_cast<pid_t>(daemon_.processId()), SIGSTOP);
+    daemon_->signal(SIGSTOP);
 }
 
 void PulseServer::thaw()
 {
-    ::kill(static_cast<pid_t>(daemon_.processId()), SIGCONT);
+    daemon_->signal(SIGCONT);
 }
 
 void PulseServer::addMicrophone(const QString& name, const QString& format)
 {
-    addLoudspeaker(name + QStringLiteral("_sink"), format);
-    addSource(name, name + QStringLiteral("_sink"));
+    addLoudspeaker(name, format);
+    addSource(name, sinkOf(name));
 }
 
 void PulseServer::addTwin(const QString& name, const QString& microphone)
 {
-    addSource(name, microphone + QStringLiteral("_sink"));
+    addSource(name, sinkOf(microphone));
 }
 
 void PulseServer::addSource(const QString& name, const QString& sink)
@@ -111,7 +96,7 @@ void PulseServer::addLoudspeaker(const QString& name, const QString& format)
 {
     control(QStringList{QStringLiteral("load-module"), QStringLiteral("module-null-sink"),
                         QStringLiteral("norewinds=1"), QStringLiteral("format=float32le"),
-                        QStringLiteral("sink_name=") + name} +
+                        QStringLiteral("sink_name=") + sinkOf(name)} +
             format.split(QLatin1Char(' ')));
 }
 
@@ -136,23 +121,20 @@ void PulseServer::suspendMicrophone(const QString& name, bool suspended)
     control({QStringLiteral("suspend-source"), name, suspended ? QStringLiteral("1") : QStringLiteral("0")});
 }
 
-std::unique_ptr<QProcess> PulseServer::play(const std::vector<float>& samples, int rateHz, int channelCount,
-                                            const QString& microphone)
+std::unique_ptr<ChildProcess> PulseServer::play(const std::vector<float>& samples, int rateHz, int channelCount,
+                                                const QString& name)
 {
     QFile file(folder_.filePath(QStringLiteral("sound%1.raw").arg(++playCount_)));
     if (!file.open(QFile::WriteOnly))
         throw std::runtime_error("no file for the sound to play");
     file.write(reinterpret_cast<const char*>(samples.data()), static_cast<qint64>(samples.size() * sizeof(float)));
     file.close();
-    auto player = std::make_unique<QProcess>();
-    player->setProcessEnvironment(daemon_.processEnvironment());
-    player->start(QStringLiteral("paplay"),
-                  {QStringLiteral("--raw"), QStringLiteral("--format=float32le"), QStringLiteral("--latency-msec=200"),
-                   QStringLiteral("--rate=%1").arg(rateHz), QStringLiteral("--channels=%1").arg(channelCount),
-                   QStringLiteral("--device=%1_sink").arg(microphone), file.fileName()});
-    if (!player->waitForStarted(patienceMs))
-        throw std::runtime_error("paplay does not start");
-    return player;
+    return std::make_unique<ChildProcess>(
+        QStringList{QStringLiteral("paplay"), QStringLiteral("--raw"), QStringLiteral("--format=float32le"),
+                    QStringLiteral("--latency-msec=200"), QStringLiteral("--rate=%1").arg(rateHz),
+                    QStringLiteral("--channels=%1").arg(channelCount), QStringLiteral("--device=") + sinkOf(name),
+                    file.fileName()},
+        environment());
 }
 
 QString PulseServer::control(const QStringList& arguments)
@@ -165,12 +147,11 @@ QString PulseServer::control(const QStringList& arguments)
 
 std::optional<QString> PulseServer::tryControl(const QStringList& arguments)
 {
-    QProcess pactl;
-    pactl.setProcessEnvironment(daemon_.processEnvironment());
-    pactl.start(QStringLiteral("pactl"), arguments);
-    if (!pactl.waitForFinished(patienceMs) || pactl.exitCode() != 0)
+    QFile output(folder_.filePath(QStringLiteral("pactl.txt")));
+    ChildProcess pactl(QStringList{QStringLiteral("pactl")} + arguments, environment(), output.fileName());
+    if (!pactl.waitForEnd(patience) || pactl.exitCode() != 0 || !output.open(QFile::ReadOnly))
         return std::nullopt;
-    return QString::fromUtf8(pactl.readAllStandardOutput());
+    return QString::fromUtf8(output.readAll());
 }
 
 } // namespace vantro::testing
