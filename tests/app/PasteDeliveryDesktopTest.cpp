@@ -50,7 +50,9 @@ protected:
         launcher_->show();
         ASSERT_TRUE(eventually([&] { return workspace_->windowExists(launcher_->winId()); }));
         workspace_->activateWindow(launcher_->winId());
-        ASSERT_TRUE(eventually([&] { return workspace_->hasInputFocus(launcher_->winId()); }));
+        ASSERT_TRUE(eventually([&] {
+            return workspace_->hasInputFocus(launcher_->winId()) && workspace_->frontWindow() == launcher_->winId();
+        }));
     }
 
     void deliver()

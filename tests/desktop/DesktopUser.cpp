@@ -115,6 +115,12 @@ void DesktopUser::chord(const std::vector<unsigned>& places)
     std::ranges::for_each(std::views::reverse(places), [this](unsigned place) { release(place); });
 }
 
+void DesktopUser::movePointer(int x, int y)
+{
+    XTestFakeMotionEvent(state_->display, -1, x, y, CurrentTime);
+    XSync(state_->display, False);
+}
+
 void DesktopUser::setLayout(const QString& layouts, unsigned group)
 {
     if (layouts != state_->layouts && QProcess::execute(QStringLiteral("setxkbmap"), {layouts}) != 0)

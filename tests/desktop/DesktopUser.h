@@ -45,6 +45,8 @@ public:
     /// The keys in this order, released in the opposite one.
     void chord(const std::vector<unsigned>& places);
 
+    void movePointer(int x, int y);
+
     /// Loads keyboard layouts ("us", "us,ru") and makes the one numbered @p group the active one.
     void setLayout(const QString& layouts, unsigned group = 0);
     /// Makes a sticky Shift, as the accessibility feature does.

@@ -34,6 +34,7 @@ X11Workspace::X11Workspace(X11Connection& connection) : connection_(connection)
     if (!connection_.isOpen())
         return;
     activeWindowAtom_ = XInternAtom(connection_.display(), "_NET_ACTIVE_WINDOW", False);
+    stateAtom_ = XInternAtom(connection_.display(), "WM_STATE", False);
     supportedAtom_ = XInternAtom(connection_.display(), "_NET_SUPPORTED", False);
     connection_.selectRootEvents(PropertyChangeMask);
     connection_.addListener(this, [this](XEvent& event) {
@@ -48,16 +49,13 @@ std::optional<WindowID> X11Workspace::frontWindow() const
     if (!connection_.isOpen())
         return std::nullopt;
     const X11ErrorTrap trap(connection_);
-    if (managerSupports(activeWindowAtom_)) {
-        const auto active = rootProperty(activeWindowAtom_, XA_WINDOW);
-        // Some managers leave the name of a closed window in place when nothing comes after it.
-        return !active.empty() && windowExists(active.front()) ? std::optional<WindowID>(active.front()) : std::nullopt;
-    }
-    // Without a manager the top-level windows are the root's children.
-    std::optional<unsigned long> window = focusedWindow();
-    for (auto parent = window; parent && *parent != connection_.rootWindow(); parent = parentOf(*parent))
-        window = parent;
-    return window;
+    if (!managerSupports(activeWindowAtom_))
+        return focusedTopLevel(TopLevel::Any);
+    // Managers are late, and some leave the name of a closed window in place when nothing comes after it.
+    const auto active = windowProperty(connection_.rootWindow(), activeWindowAtom_, XA_WINDOW);
+    if (!active.empty() && windowExists(active.front()))
+        return active.front();
+    return focusedTopLevel(TopLevel::Managed);
 }
 
 bool X11Workspace::windowExists(WindowID window) const
@@ -123,25 +121,39 @@ void X11Workspace::openUrl(const QString& url)
 
 bool X11Workspace::managerSupports(unsigned long atom) const
 {
-    const auto supported = rootProperty(supportedAtom_, XA_ATOM);
+    const auto supported = windowProperty(connection_.rootWindow(), supportedAtom_, XA_ATOM);
     return std::ranges::find(supported, atom) != supported.end();
 }
 
-std::vector<unsigned long> X11Workspace::rootProperty(unsigned long atom, unsigned long type) const
+std::vector<unsigned long> X11Workspace::windowProperty(unsigned long window, unsigned long atom,
+                                                        unsigned long type) const
 {
     Atom actualType = None;
     int format = 0;
     unsigned long count = 0;
     unsigned long left = 0;
     unsigned char* data = nullptr;
-    if (XGetWindowProperty(connection_.display(), connection_.rootWindow(), atom, 0, maxPropertyLongs, False, type,
-                           &actualType, &format, &count, &left, &data) != Success)
+    if (XGetWindowProperty(connection_.display(), window, atom, 0, maxPropertyLongs, False, type, &actualType, &format,
+                           &count, &left, &data) != Success)
         return {};
     const std::unique_ptr<unsigned char, XFreeDeleter> owner(data);
     if (data == nullptr || format != 32 || actualType != type)
         return {};
     const auto* const values = reinterpret_cast<const unsigned long*>(data);
     return {values, values + count};
+}
+
+/// The program's window around the one with the focus. A manager marks it with its state, and may put a frame around
+/// it; windows without that mark are the manager's own.
+std::optional<WindowID> X11Workspace::focusedTopLevel(TopLevel kind) const
+{
+    std::optional<WindowID> outermost;
+    for (auto window = focusedWindow(); window && *window != connection_.rootWindow(); window = parentOf(*window)) {
+        if (!windowProperty(*window, stateAtom_, stateAtom_).empty())
+            return window;
+        outermost = window;
+    }
+    return kind == TopLevel::Any ? outermost : std::nullopt;
 }
 
 /// The window that key presses are sent to; with the focus at PointerRoot, the innermost one below the pointer.

@@ -26,13 +26,18 @@ public:
     void openUrl(const QString& url) override;
 
 private:
+    enum class TopLevel { Managed, Any };
+
     [[nodiscard]] bool managerSupports(unsigned long atom) const;
-    [[nodiscard]] std::vector<unsigned long> rootProperty(unsigned long atom, unsigned long type) const;
+    [[nodiscard]] std::vector<unsigned long> windowProperty(unsigned long window, unsigned long atom,
+                                                            unsigned long type) const;
+    [[nodiscard]] std::optional<WindowID> focusedTopLevel(TopLevel kind) const;
     [[nodiscard]] std::optional<unsigned long> focusedWindow() const;
     [[nodiscard]] std::optional<unsigned long> parentOf(unsigned long window) const;
 
     X11Connection& connection_;
     unsigned long activeWindowAtom_ = 0;
+    unsigned long stateAtom_ = 0;
     unsigned long supportedAtom_ = 0;
 };
 

@@ -10,6 +10,7 @@
 
 #include <X11/Xlib.h>
 
+#include <cstdlib>
 #include <vector>
 
 using namespace vantro;
@@ -27,6 +28,8 @@ using X11WorkspaceTest = X11Session;
 
 TEST_F(X11WorkspaceTest, KnowsWhichWindowHasTheKeyboardAndBringsAnotherToTheFront)
 {
+    EXPECT_TRUE(eventually([&] { return workspace_->frontWindow() == std::nullopt; }))
+        << "the manager's own window is no program's";
     int changes = 0;
     QObject::connect(&*workspace_, &Workspace::frontWindowChanged, &*workspace_, [&] { ++changes; });
     const auto terminal = TargetProgram::xterm(*workspace_);
@@ -104,6 +107,26 @@ TEST_F(X11WorkspaceTest, AConnectionThatIsCutDuringACallFailsThatCall)
     user_->killClient(window);
     EXPECT_EQ(workspace_->frontWindow(), std::nullopt);
     EXPECT_FALSE(connection_->isOpen());
+}
+
+TEST_F(X11WorkspaceTest, WithoutAWindowManagerTheInputFocusDecides)
+{
+    const char* const manager = std::getenv("VANTRO_WINDOW_MANAGER");
+    if (manager == nullptr || *manager != '\0')
+        GTEST_SKIP() << "a window manager runs; the session without one is a run of its own";
+    // The focus follows the pointer.
+    user_->movePointer(100, 100);
+    const auto terminal = TargetProgram::xterm(*workspace_);
+    X11Pasteboard pasteboard;
+    pasteboard.setString(Pasteboard::Selection::Primary, QStringLiteral("text"));
+    X11KeyEventPoster(*connection_).postPaste(KeyEventPoster::PasteChord::ShiftInsert);
+    EXPECT_TRUE(eventually([&] { return terminal->text() == QStringLiteral("text"); }));
+
+    user_->movePointer(1200, 700);
+    EXPECT_FALSE(workspace_->hasInputFocus(terminal->window()));
+    workspace_->activateWindow(terminal->window());
+    EXPECT_TRUE(workspace_->hasInputFocus(terminal->window()));
+    EXPECT_EQ(workspace_->frontWindow(), terminal->window());
 }
 
 TEST(X11WithoutServer, EverythingExistsAndFailsWithASentence)
