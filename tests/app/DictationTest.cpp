@@ -386,3 +386,18 @@ TEST_F(Dictation, TellsWhyARecordingCannotStart)
     EXPECT_EQ(delivered, QStringLiteral("Works again."));
     EXPECT_EQ(alerts.size(), 2);
 }
+
+TEST_F(Dictation, ASecondProgramsHotKeyIsToldToTheUser)
+{
+    const doubles::FakeHotKeyManager::Combination taken{3, Modifier::command | Modifier::option};
+    hotKeys.refuse(taken, QStringLiteral("That one is taken."));
+    shortcuts.setShortcut(KeyboardShortcuts::Name::openModal, KeyboardShortcuts::Shortcut{{3}, taken.modifiers});
+    pump();
+    ASSERT_EQ(alerts.size(), 1);
+    EXPECT_TRUE(alerts.front().startsWith(QStringLiteral("That one is taken.")));
+
+    shortcuts.setShortcut(KeyboardShortcuts::Name::openModal, shortcut);
+    pressShortcut();
+    EXPECT_EQ(openPanels, 1);
+    EXPECT_EQ(alerts.size(), 1);
+}

@@ -146,6 +146,9 @@ void Program::handOver(const QStringList& arguments)
 {
     if (!arguments.isEmpty())
         useShortcut(arguments.first());
+    // A shortcut that does not work has its own alert.
+    if (shortcuts_.failure(KeyboardShortcuts::Name::openModal))
+        return;
     showAlert(QGuiApplication::tr("vantro is running"),
               QGuiApplication::tr("Press %1 to dictate into the window you are working in.").arg(shortcutName()));
 }
@@ -197,10 +200,13 @@ QJsonObject Program::statusDetails()
 {
     DictationTimings timings = delegate_.timings();
     timings.engine = pipeline_.lastEngineTime();
-    return {{QStringLiteral("model"), models_.selectedModel().name},
-            {QStringLiteral("shortcut"), shortcutName()},
-            {QStringLiteral("version"), QStringLiteral(VANTRO_VERSION)},
-            {QStringLiteral("last"), timings.toJson()}};
+    QJsonObject details{{QStringLiteral("model"), models_.selectedModel().name},
+                        {QStringLiteral("shortcut"), shortcutName()},
+                        {QStringLiteral("version"), QStringLiteral(VANTRO_VERSION)},
+                        {QStringLiteral("last"), timings.toJson()}};
+    if (const auto failure = shortcuts_.failure(KeyboardShortcuts::Name::openModal))
+        details.insert(QStringLiteral("shortcut_failure"), *failure);
+    return details;
 }
 
 /// Ends the event loop when the session or a user ends the process, so that destructors release what is held.
