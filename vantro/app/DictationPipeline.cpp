@@ -38,7 +38,9 @@ public:
 
         pipeline_.logger_.info(QStringLiteral("Processing transcription"));
         try {
-            co_return DictationResult{co_await handler_.process(transcript, nullptr), std::nullopt};
+            // Awaited on its own: inside braces GCC 12 destroys the awaited text once too often.
+            QString text = co_await handler_.process(transcript, nullptr);
+            co_return DictationResult{std::move(text), std::nullopt};
         } catch (const std::exception& error) {
             const QString description = localizedDescription(error);
             pipeline_.logger_.error(QStringLiteral("Processing error: ") + description);
