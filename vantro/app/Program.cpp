@@ -177,6 +177,7 @@ std::unique_ptr<LauncherPanel> Program::makeLauncher(ProcessingMode defaultMode)
 
 void Program::showAlert(const QString& title, const QString& text)
 {
+    Logger("Alert").info(QStringLiteral("%1: %2").arg(title, text.simplified()));
     // Deletes itself when it is closed.
     (new AlertWindow(ui_.engine(), title, text))->present();
 }
