@@ -35,9 +35,10 @@ void printStatus(const QByteArray& json, bool asJson)
         return;
     }
     const QJsonObject status = QJsonDocument::fromJson(json).object();
-    for (const char* key : {"state", "mode", "model", "shortcut", "version"}) {
+    for (const char* key : {"state", "mode", "model", "shortcut", "shortcut_failure", "version"}) {
         const QString name = QLatin1String(key);
-        terminal::writeLine(name + QLatin1Char('\t') + status.value(name).toString());
+        if (status.contains(name))
+            terminal::writeLine(name + QLatin1Char('\t') + status.value(name).toString());
     }
 }
 
