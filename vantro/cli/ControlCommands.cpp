@@ -51,7 +51,7 @@ int runControl(const QString& command, const QStringList& arguments)
         describe(command) +
         QStringLiteral(
             "\n\nExit status: 0 done, 1 refused, 2 wrong usage, 3 vantro is not running, 4 no session bus."));
-    parser.addHelpOption();
+    terminal::addHelpOption(parser);
     const bool isStatus = command == QLatin1String("status");
     if (isStatus)
         parser.addOption({QStringLiteral("json"), QStringLiteral("One JSON object.")});
@@ -61,7 +61,7 @@ int runControl(const QString& command, const QStringList& arguments)
         return ExitCode::usage;
     }
     if (parser.isSet(QStringLiteral("help"))) {
-        terminal::writeLine(parser.helpText().trimmed());
+        terminal::writeLine(terminal::helpText(parser, command));
         return ExitCode::done;
     }
 

@@ -186,7 +186,7 @@ int runTranscribe(const QStringList& arguments)
         QStringLiteral("Writes the text of recordings (WAV, FLAC, OGG, MP3) to standard output.\n\n"
                        "Exit status: 0 done, 1 recognition failed, 2 wrong usage, 3 a recording could not be read, "
                        "4 the model is missing or cannot be loaded."));
-    parser.addHelpOption();
+    terminal::addHelpOption(parser);
     parser.addOption(
         {QStringLiteral("model"), QStringLiteral("Catalogue name or path of a model file."), QStringLiteral("NAME")});
     parser.addOption(
@@ -199,7 +199,7 @@ int runTranscribe(const QStringList& arguments)
         return ExitCode::usage;
     }
     if (parser.isSet(QStringLiteral("help"))) {
-        terminal::writeLine(parser.helpText().trimmed());
+        terminal::writeLine(terminal::helpText(parser, QStringLiteral("transcribe")));
         return ExitCode::done;
     }
     Options options;
