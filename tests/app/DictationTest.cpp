@@ -9,6 +9,7 @@
 #include "platform/testing/FakeKeyEventPoster.h"
 #include "platform/testing/FakePasteboard.h"
 #include "platform/testing/FakePermissions.h"
+#include "platform/testing/FakeSystemSounds.h"
 #include "platform/testing/FakeWorkspace.h"
 #include "vantro/ai/NormalModeHandler.h"
 #include "vantro/app/AppDelegate.h"
@@ -197,6 +198,7 @@ protected:
     doubles::FakeKeyEventPoster keyEvents;
     doubles::FakePasteboard pasteboard;
     doubles::FakeWorkspace workspace;
+    doubles::FakeSystemSounds sounds;
     ModelCatalogue catalogue;
     ModelSelection models{catalogue, defaults, [](const auto& model) {
                               return model.name == QLatin1String("tiny.en");
@@ -218,6 +220,7 @@ protected:
          notifications,
          clock,
          permissions,
+         sounds,
          recorder,
          shortcuts,
          delivery,
@@ -264,6 +267,17 @@ TEST_F(Dictation, WithoutAutoPasteLeavesTheTextOnTheClipboardAndSaysSo)
     ASSERT_EQ(huds.size(), 1U);
     EXPECT_EQ(huds.front(), QRect(1, 2, 500, 200)) << "the HUD starts where the launcher was";
     EXPECT_EQ(openPanels, 0);
+}
+
+TEST_F(Dictation, SoundsOnlyWhenTheUserWantsItAndTextWasDelivered)
+{
+    dictate(QStringLiteral("In silence."));
+    EXPECT_EQ(sounds.completed, 0);
+    defaults.setBoolean(QStringLiteral("playSoundOnComplete"), true);
+    dictate(QStringLiteral(" "));
+    EXPECT_EQ(sounds.completed, 0);
+    dictate(QStringLiteral("And now?"));
+    EXPECT_EQ(sounds.completed, 1);
 }
 
 TEST_F(Dictation, NeverPastesIntoAnotherWindow)
