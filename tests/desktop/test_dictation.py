@@ -4,8 +4,8 @@
 import re
 import unittest
 
-from dictationcase import (CANCEL_KEY, CARDS, CHILD, CHILD_WORDS, FORMER, HUD_TITLE, SHORTCUT_KEYS, STOP_KEY, DictationCase,
-                           main, words)
+from dictationcase import (CANCEL_KEY, CARDS, CHILD, CHILD_WORDS, FORMER, HUD_TITLE, SHORTCUT_KEYS, STOP_KEY,
+                           DictationCase, main, words)
 
 from vantro import BUS_NAME
 
