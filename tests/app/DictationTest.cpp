@@ -310,7 +310,7 @@ TEST_F(Dictation, WithNothingSaidClosesWithoutATrace)
     EXPECT_TRUE(alerts.isEmpty());
     EXPECT_TRUE(huds.empty());
     EXPECT_EQ(pasteboard.changes(clipboard), 0);
-    EXPECT_GE(provider.ended, 2) << "the model is released after either";
+    EXPECT_EQ(provider.ended, 2) << "the model is released after either";
 }
 
 TEST_F(Dictation, IgnoresTheShortcutWhileOneIsUnderWay)
@@ -351,10 +351,19 @@ TEST_F(Dictation, CancelledAtAnyMomentDeliversNothingAndLeavesTheNextOneFree)
     speak(16'000);
     stopAndDrain();
     ASSERT_TRUE(provider.isAsked());
+    const int endedBefore = provider.ended;
+    const int cancelledBefore = provider.cancelled;
     delegate.cancelDictation(); // while transcribing
     EXPECT_FALSE(recorder.isBusy());
+    EXPECT_EQ(provider.cancelled, cancelledBefore + 1) << "the engine need not finish what nobody wants";
+
+    pressShortcut(); // before the engine has noticed
     provider.answer(QStringLiteral("Nobody wants this."));
     pump();
+    EXPECT_EQ(provider.ended, endedBefore) << "the model stays for the dictation that is being recorded";
+    delegate.cancelDictation();
+    pump();
+    EXPECT_EQ(provider.ended, endedBefore + 1);
 
     EXPECT_FALSE(delivered);
     EXPECT_TRUE(alerts.isEmpty());

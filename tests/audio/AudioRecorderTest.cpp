@@ -241,7 +241,7 @@ TEST_F(AudioRecorderTest, AStaleResultDoesNotTouchTheNextDictation)
     recorder->stopRecording();
     advance(AudioRecorder::drainDelay);
     recorder->cancelDictation();
-    EXPECT_EQ(processing.events.back(), "run") << "the job that runs is the processing side's to end";
+    EXPECT_EQ(processing.events.back(), "abandoned") << "the job that runs is the processing side's to end";
 
     recorder->setProcessingMode(ProcessingMode::Notes);
     recorder->startRecording();

@@ -24,6 +24,7 @@ public:
 
     void recordingStarted() override { events.emplace_back("started"); }
     void recordingDiscarded() override { events.emplace_back("discarded"); }
+    void runAbandoned() override { events.emplace_back("abandoned"); }
     std::unique_ptr<DictationJob> prepare(ProcessingMode mode) override
     {
         events.push_back("prepared " + rawValue(mode).toStdString());

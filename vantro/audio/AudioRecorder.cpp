@@ -276,7 +276,10 @@ void AudioRecorder::cancelDictation()
     if (collector_)
         std::exchange(collector_, nullptr)->clear();
     tearDown(currentSession_.get(), nullptr);
-    discardProcessing();
+    if (isAwaitedByProcessing_)
+        discardProcessing();
+    else
+        processing_.runAbandoned();
 }
 
 void AudioRecorder::beginGeneration()
