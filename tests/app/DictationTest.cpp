@@ -9,6 +9,7 @@
 #include "platform/testing/FakeKeyEventPoster.h"
 #include "platform/testing/FakePasteboard.h"
 #include "platform/testing/FakePermissions.h"
+#include "platform/testing/FakeSystemSounds.h"
 #include "platform/testing/FakeWorkspace.h"
 #include "vantro/ai/NormalModeHandler.h"
 #include "vantro/app/AppDelegate.h"
@@ -196,6 +197,7 @@ protected:
     doubles::FakeKeyEventPoster keyEvents;
     doubles::FakePasteboard pasteboard;
     doubles::FakeWorkspace workspace;
+    doubles::FakeSystemSounds sounds;
     ModelCatalogue catalogue;
     ModelSelection models{catalogue, defaults, [](const auto& model) {
                               return model.name == QLatin1String("tiny.en");
@@ -217,6 +219,7 @@ protected:
          notifications,
          clock,
          permissions,
+         sounds,
          recorder,
          shortcuts,
          delivery,
@@ -263,6 +266,17 @@ TEST_F(Dictation, WithoutAutoPasteLeavesTheTextOnTheClipboardAndSaysSo)
     ASSERT_EQ(huds.size(), 1U);
     EXPECT_EQ(huds.front(), QRect(1, 2, 500, 200)) << "the HUD starts where the launcher was";
     EXPECT_EQ(openPanels, 0);
+}
+
+TEST_F(Dictation, SoundsOnlyWhenTheUserWantsItAndTextWasDelivered)
+{
+    dictate(QStringLiteral("In silence."));
+    EXPECT_EQ(sounds.completed, 0);
+    defaults.setBoolean(QStringLiteral("playSoundOnComplete"), true);
+    dictate(QStringLiteral(" "));
+    EXPECT_EQ(sounds.completed, 0);
+    dictate(QStringLiteral("And now?"));
+    EXPECT_EQ(sounds.completed, 1);
 }
 
 TEST_F(Dictation, NeverPastesIntoAnotherWindow)

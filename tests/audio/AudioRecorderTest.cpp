@@ -152,7 +152,7 @@ TEST_F(AudioRecorderTest, ADictationGoesFromTheMicrophoneToItsResultInTheModeOfT
 
 TEST_F(AudioRecorderTest, AFailedJobIsToldWithTheRawTranscript)
 {
-    processing.result = {.text = QStringLiteral("raw"), .errorMessage = QStringLiteral("AI processing failed.")};
+    processing.result = DictationResult(QStringLiteral("raw"), QStringLiteral("AI processing failed."));
     recorder->startRecording();
     engine().hear(16'000, 0.1F);
     recorder->stopRecording();

@@ -16,7 +16,7 @@ public:
     explicit FakeProcessing(Clock& clock) : clock_(clock) {}
 
     std::chrono::milliseconds duration{700};
-    DictationResult result{.text = QStringLiteral("spoken words"), .errorMessage = {}};
+    DictationResult result{QStringLiteral("spoken words")};
 
     std::vector<std::string> events;
     QString recordingID;

@@ -66,7 +66,7 @@ TEST_F(Whisper, WritesWhatPeopleSayInOneGoAndAcrossTheThirtySecondWindow)
 
     // What follows a pause near the end of a window must not be lost.
     auto samples = request(recording("en-harvard-spk1-snt1.flac")).samples;
-    samples.resize(28 * 16'000, 0.0F);
+    samples.resize(28U * 16'000, 0.0F);
     const auto second = request(recording("en-arctic-a0009.flac")).samples;
     samples.insert(samples.end(), second.begin(), second.end());
     auto both = request(recording("en-harvard-spk1-snt1.flac"));
@@ -108,7 +108,7 @@ TEST_F(Whisper, GivesWayAtOnceWhenNobodyWaitsAnyMore)
 {
     get(engine.load(tinyFile));
     auto work = request(recording("en-harvard-spk1-snt1.flac"));
-    work.samples.resize(10 * 60 * 16'000, 0.01F); // would take many seconds
+    work.samples.resize(10U * 60 * 16'000, 0.01F); // would take many seconds
     const auto abandoned = engine.transcribe(work);
     engine.abortTranscription();
     EXPECT_THROW(get(abandoned), WhisperInProcessError);

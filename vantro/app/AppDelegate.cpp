@@ -132,6 +132,8 @@ QCoro::Task<> AppDelegate::handleFinish(QString finalText, ProcessingMode mode)
         co_return;
     }
     co_await deliver(text, frame);
+    if (parts_.defaults.boolean(QStringLiteral("playSoundOnComplete"), false))
+        parts_.sounds.playCompleted();
 }
 
 QCoro::Task<> AppDelegate::deliver(QString text, std::optional<QRect> frame)

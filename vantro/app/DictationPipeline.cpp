@@ -31,18 +31,19 @@ public:
         } catch (const std::exception& error) {
             const QString description = localizedDescription(error);
             pipeline_.logger_.error(QStringLiteral("Transcription failed: ") + description);
-            co_return DictationResult{QString(), QStringLiteral("Failed to transcribe audio: ") + description};
+            co_return DictationResult({}, QStringLiteral("Failed to transcribe audio: ") + description);
         }
         if (transcript.isEmpty())
-            co_return DictationResult{};
+            co_return DictationResult();
 
         pipeline_.logger_.info(QStringLiteral("Processing transcription"));
         try {
-            co_return DictationResult{co_await handler_.process(transcript, nullptr), std::nullopt};
+            QString text = co_await handler_.process(transcript, nullptr);
+            co_return DictationResult(std::move(text));
         } catch (const std::exception& error) {
             const QString description = localizedDescription(error);
             pipeline_.logger_.error(QStringLiteral("Processing error: ") + description);
-            co_return DictationResult{transcript, QStringLiteral("Error processing transcription: ") + description};
+            co_return DictationResult(transcript, QStringLiteral("Error processing transcription: ") + description);
         }
     }
 

@@ -57,7 +57,7 @@ private:
     NotificationCenter notifications_;
     Platform platform_;
     UiEngine ui_{defaults_};
-    PasteHUDWindow hud_{ui_.engine(), clock_};
+    PasteHUDWindow hud_{ui_.engine(), *platform_.workspace, clock_};
 
     ModelCatalogue catalogue_;
     ModelStore modelStore_ = ModelStore::standard();
@@ -83,8 +83,8 @@ Program::Program(const ProgramOptions& options)
     : options_(options)
     , platform_(makeLinuxPlatform())
     , delivery_(*platform_.pasteboard, *platform_.keyEvents, *platform_.workspace, defaults_, clock_)
-    , delegate_({defaults_, notifications_, clock_, *platform_.permissions, recorder_, shortcuts_, delivery_, models_,
-                 [this](const auto& model) { return modelStore_.isReady(model); }, surfaces()})
+    , delegate_({defaults_, notifications_, clock_, *platform_.permissions, *platform_.sounds, recorder_, shortcuts_,
+                 delivery_, models_, [this](const auto& model) { return modelStore_.isReady(model); }, surfaces()})
     , control_(
           delegate_, recorder_, [this] { return statusDetails(); },
           [this](const QStringList& arguments) { handOver(arguments); })

@@ -236,7 +236,7 @@ QCoro::Task<> AudioRecorder::process(Stopped stopped)
     std::vector<float> samples = takeSamples(stopped);
     if (samples.size() < minimumSampleCount) {
         discardProcessing();
-        finish({}, stopped.mode);
+        finish(DictationResult(), stopped.mode);
         co_return;
     }
     logger_.info(QStringLiteral("Extracting transcription"));
@@ -305,7 +305,7 @@ void AudioRecorder::fail(QString message)
     setRecording(false);
     setBusy(false);
     discardProcessing();
-    postFinish({.text = {}, .errorMessage = std::move(message)}, processingMode_);
+    postFinish(DictationResult({}, std::move(message)), processingMode_);
 }
 
 void AudioRecorder::finish(const DictationResult& result, ProcessingMode mode)

@@ -7,6 +7,7 @@
 
 #include <memory>
 #include <optional>
+#include <utility>
 #include <vector>
 
 namespace vantro {
@@ -14,6 +15,13 @@ namespace vantro {
 /// How one dictation ended. With an error message the text is the raw transcript, or empty when there is none.
 struct DictationResult
 {
+    // With its members listed in braces GCC 12 destroys an aggregate twice in a coroutine (docs/development.md).
+    explicit DictationResult(QString text = {}, std::optional<QString> errorMessage = std::nullopt)
+        : text(std::move(text))
+        , errorMessage(std::move(errorMessage))
+    {
+    }
+
     QString text;
     std::optional<QString> errorMessage;
 };
