@@ -12,6 +12,7 @@
 #include <qcoro/qcorotask.h>
 
 #include <optional>
+#include <utility>
 
 namespace vantro {
 
@@ -79,6 +80,9 @@ QString ProgressDisplay::line(const DownloadProgress& progress) const
 
 struct Failure
 {
+    // See ModelCheck for why it has a constructor.
+    Failure(QString description, int exitCode) : description(std::move(description)), exitCode(exitCode) {}
+
     QString description;
     int exitCode;
 };
@@ -99,9 +103,9 @@ QCoro::Task<std::optional<Failure>> fetch(WhisperModelFiles& files, Transcriptio
             throw ModelDownloadError::wrongContent(check.problem);
     } catch (const ModelDownloadError& error) {
         const bool isHosts = error.isHostsFault();
-        co_return Failure{error.localizedDescription(), isHosts ? ExitCode::noService : ExitCode::failed};
+        co_return Failure(error.localizedDescription(), isHosts ? ExitCode::noService : ExitCode::failed);
     } catch (const std::exception& error) {
-        co_return Failure{localizedDescription(error), ExitCode::failed};
+        co_return Failure(localizedDescription(error), ExitCode::failed);
     }
     co_return std::nullopt;
 }

@@ -62,8 +62,10 @@ QCoro::Task<FileLock> FileTransfer::takeLock()
     for (;;) {
         if (auto lock = part_.tryLock())
             co_return std::move(*lock);
-        if (const auto note = part_.note())
-            progress_ = {part_.bytes(), note->totalBytes, {}};
+        if (const auto note = part_.note()) {
+            progress_.receivedBytes = part_.bytes();
+            progress_.totalBytes = note->totalBytes;
+        }
         co_await pause(lockPollInterval, tr("Waiting for another vantro that downloads the same file"));
     }
 }

@@ -22,7 +22,7 @@ WhisperModelFiles::WhisperModelFiles(FileDownloader& downloader, const ModelStor
 QCoro::Task<ModelCheck> WhisperModelFiles::check(TranscriptionModel model)
 {
     if (store_.isVerified(model))
-        co_return ModelCheck{true, {}};
+        co_return ModelCheck(true, QString());
     const QFuture<ModelCheck> answer = checks_.run([this, model] { return store_.check(model); });
     co_return co_await answer;
 }
