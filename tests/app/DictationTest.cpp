@@ -51,7 +51,8 @@ public:
     void answer(const QString& text)
     {
         const auto answer = std::exchange(answer_, nullptr);
-        answer->addResult(text);
+        // A text of its own in memory, as engines make them, so that memory checkers see what becomes of it.
+        answer->addResult(QString(text.constData(), text.size()));
         answer->finish();
     }
     void fail(const QString& why)
@@ -423,4 +424,19 @@ TEST_F(Dictation, TellsWhyARecordingCannotStart)
     dictate(QStringLiteral("Works again."));
     EXPECT_EQ(delivered, QStringLiteral("Works again."));
     EXPECT_EQ(alerts.size(), 2);
+}
+
+TEST_F(Dictation, ASecondProgramsHotKeyIsToldToTheUser)
+{
+    const doubles::FakeHotKeyManager::Combination taken{3, Modifier::command | Modifier::option};
+    hotKeys.refuse(taken, QStringLiteral("That one is taken."));
+    shortcuts.setShortcut(KeyboardShortcuts::Name::openModal, KeyboardShortcuts::Shortcut{{3}, taken.modifiers});
+    pump();
+    ASSERT_EQ(alerts.size(), 1);
+    EXPECT_TRUE(alerts.front().startsWith(QStringLiteral("That one is taken.")));
+
+    shortcuts.setShortcut(KeyboardShortcuts::Name::openModal, shortcut);
+    pressShortcut();
+    EXPECT_EQ(openPanels, 1);
+    EXPECT_EQ(alerts.size(), 1);
 }

@@ -81,16 +81,20 @@ TEST_F(Whisper, KeepsTheLoadedModelWhenAnotherFileIsNoModel)
     const QTemporaryDir folder;
     const QString foreign = folder.filePath(QStringLiteral("foreign.bin"));
     const QString truncated = folder.filePath(QStringLiteral("truncated.bin"));
+    const QString cutInTheLastTensor = folder.filePath(QStringLiteral("cut.bin"));
     QFile whole(tinyFile);
     ASSERT_TRUE(whole.open(QIODevice::ReadOnly));
+    const QByteArray model = whole.readAll();
     for (const auto& [path, bytes] :
-         {std::pair(foreign, QByteArray(4096, 'x')), std::pair(truncated, whole.read(20'000'000))}) {
+         {std::pair(foreign, QByteArray(4096, 'x')), std::pair(truncated, model.first(20'000'000)),
+          std::pair(cutInTheLastTensor, model.chopped(4))}) {
         QFile file(path);
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
         file.write(bytes);
     }
     get(engine.load(tinyFile));
-    for (const QString& path : {folder.filePath(QStringLiteral("missing.bin")), foreign, truncated}) {
+    for (const QString& path :
+         {folder.filePath(QStringLiteral("missing.bin")), foreign, truncated, cutInTheLastTensor}) {
         try {
             get(engine.load(path));
             ADD_FAILURE() << path.toStdString() << " was loaded";

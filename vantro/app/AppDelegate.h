@@ -83,6 +83,7 @@ private:
     QCoro::Task<> handleFinish(QString finalText, ProcessingMode mode);
     QCoro::Task<> deliver(QString text, std::optional<QRect> frame);
     void captureLost(const QString& message);
+    void shortcutFailed(const QString& name, const QString& reason);
     void closeWindow();
     void showAlertSoon(const QString& text);
     [[nodiscard]] ProcessingMode defaultMode() const;

@@ -161,6 +161,9 @@ void Program::handOver(const QStringList& arguments)
 {
     if (!arguments.isEmpty())
         useShortcut(arguments.first());
+    // A shortcut that does not work has its own alert.
+    if (shortcuts_.failure(KeyboardShortcuts::Name::openModal))
+        return;
     showAlert(QGuiApplication::tr("vantro is running"),
               QGuiApplication::tr("Press %1 to dictate into the window you are working in.").arg(shortcutName()));
 }
@@ -215,6 +218,7 @@ std::unique_ptr<LauncherPanel> Program::makeLauncher(ProcessingMode defaultMode)
 
 void Program::showAlert(const QString& title, const QString& text)
 {
+    Logger("Alert").info(QStringLiteral("%1: %2").arg(title, text.simplified()));
     // Deletes itself when it is closed.
     (new AlertWindow(ui_.engine(), title, text))->present();
 }
@@ -239,10 +243,13 @@ QJsonObject Program::statusDetails()
     DictationTimings timings = delegate_.timings();
     timings.engine = pipeline_.lastEngineTime();
     const auto* model = models_.stored();
-    return {{QStringLiteral("model"), model != nullptr ? model->name : QString()},
-            {QStringLiteral("shortcut"), shortcutName()},
-            {QStringLiteral("version"), QStringLiteral(VANTRO_VERSION)},
-            {QStringLiteral("last"), timings.toJson()}};
+    QJsonObject details{{QStringLiteral("model"), model != nullptr ? model->name : QString()},
+                        {QStringLiteral("shortcut"), shortcutName()},
+                        {QStringLiteral("version"), QStringLiteral(VANTRO_VERSION)},
+                        {QStringLiteral("last"), timings.toJson()}};
+    if (const auto failure = shortcuts_.failure(KeyboardShortcuts::Name::openModal))
+        details.insert(QStringLiteral("shortcut_failure"), *failure);
+    return details;
 }
 
 /// Ends the event loop when the session or a user ends the process, so that destructors release what is held.

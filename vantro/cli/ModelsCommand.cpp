@@ -215,7 +215,7 @@ int runModels(const QStringList& arguments, const QString& modelHost)
 {
     QCommandLineParser parser;
     parser.setApplicationDescription(QLatin1String(description));
-    parser.addHelpOption();
+    terminal::addHelpOption(parser);
     parser.addOption({QStringLiteral("json"), QStringLiteral("JSON instead of text.")});
     parser.addOption({QStringLiteral("force"), QStringLiteral("Remove the selected model too.")});
     parser.addOption({QStringLiteral("model-host"),
@@ -225,7 +225,7 @@ int runModels(const QStringList& arguments, const QString& modelHost)
     if (!parser.parse(QStringList{QStringLiteral("vantro models")} + arguments))
         return wrongUsage(parser.errorText());
     if (parser.isSet(QStringLiteral("help"))) {
-        terminal::writeLine(parser.helpText().trimmed());
+        terminal::writeLine(terminal::helpText(parser, QStringLiteral("models")));
         return ExitCode::done;
     }
     const QStringList words = parser.positionalArguments();
