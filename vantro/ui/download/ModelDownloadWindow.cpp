@@ -28,6 +28,11 @@ ModelDownloadWindow::ModelDownloadWindow(QQmlEngine& engine, ModelDownloader& do
             [&notifications] { notifications.post(QStringLiteral("download:model:success")); });
 }
 
+ModelDownloadWindow::~ModelDownloadWindow()
+{
+    setSource(QUrl()); // what it shows is bound to the model, which goes first
+}
+
 void ModelDownloadWindow::present(const TranscriptionModel& model, const QString& reason)
 {
     if (!model_.isRunning()) {

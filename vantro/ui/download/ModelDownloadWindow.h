@@ -15,6 +15,7 @@ class ModelDownloadWindow final : public QQuickView
     Q_OBJECT
 public:
     ModelDownloadWindow(QQmlEngine& engine, ModelDownloader& downloader, NotificationCenter& notifications);
+    ~ModelDownloadWindow() override;
 
     /// Begins the download, or goes on with it, and comes forward. @p reason: why a model that was there is fetched
     /// again, empty else.
