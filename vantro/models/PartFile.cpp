@@ -118,7 +118,12 @@ void PartFile::openAt(QIODevice::OpenMode mode)
 
 void PartFile::append(const char* data, qint64 count)
 {
-    if (data_.write(data, count) == count)
+    // A disk that is nearly full takes the beginning; why it does not take the rest is only told when asked again.
+    qint64 written = 0;
+    qint64 step = 0;
+    while (written < count && (step = data_.write(data + written, count - written)) > 0)
+        written += step;
+    if (written == count)
         return;
     if (data_.error() == QFileDevice::ResourceError)
         throw ModelDownloadError::diskFull(folder_);
