@@ -6,12 +6,15 @@
         server.requests   # what was asked: (path, Range, If-Range)
 
 It serves every file of the folder under /resolve/main/, with ranges, entity tags and conditional ranges as the public
-host does. Run as a program it serves a folder until it is ended: modelserver.py FOLDER [--port-file FILE].
+host does. Run as a program it serves a folder until it is ended:
+
+    modelserver.py FOLDER [--port-file FILE] [--requests FILE] [--fault JSON]
 """
 
 import argparse
 import email.utils
 import hashlib
+import json
 import os
 import re
 import socket
@@ -160,6 +163,7 @@ class ModelServer:
         self.folder = Path(folder)
         self.fault = Fault()
         self.requests = []
+        self.request_log = None
         self.paused, self.resume, self.ending = threading.Event(), threading.Event(), threading.Event()
         self._lock = threading.Lock()
         self._http = _Server(("127.0.0.1", port), _Handler)
@@ -200,6 +204,9 @@ class ModelServer:
     def note(self, path, headers):
         with self._lock:
             self.requests.append((path, headers.get("Range"), headers.get("If-Range")))
+            if self.request_log:
+                with self.request_log.open("a") as log:
+                    log.write(f"{path} {headers.get('Range', '-')}\n")
 
     def take_fault(self):
         with self._lock:
@@ -260,8 +267,12 @@ def main():
     parser = argparse.ArgumentParser(description="Serves a folder of model files.")
     parser.add_argument("folder", type=Path)
     parser.add_argument("--port-file", type=Path, help="where to write the port once connections are accepted")
+    parser.add_argument("--requests", type=Path, help="where to write a line for each request")
+    parser.add_argument("--fault", type=json.loads, default={}, help="the fields of a Fault")
     options = parser.parse_args()
     server = ModelServer(options.folder)
+    server.request_log = options.requests
+    server.fault = Fault(**options.fault)
     if options.port_file:
         part = options.port_file.with_suffix(".part")
         part.write_text(str(server.port))

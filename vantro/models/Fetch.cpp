@@ -29,11 +29,6 @@ QSslConfiguration trustedCertificates()
     return configuration;
 }
 
-qint64 bytesFreeIn(const QString& folder)
-{
-    return QStorageInfo(folder).bytesAvailable();
-}
-
 } // namespace
 
 Fetch::Fetch(QNetworkAccessManager& manager, PartFile& part, const TransferRequest& request,
@@ -182,7 +177,7 @@ void Fetch::checkSpace() const
 {
     const QString folder = QFileInfo(request_.destination).absolutePath();
     const qint64 needed = totalBytes_ - receivedBytes_;
-    const qint64 available = options_.bytesFree ? options_.bytesFree(folder) : bytesFreeIn(folder);
+    const qint64 available = QStorageInfo(folder).bytesAvailable(); // negative where it cannot be told
     if (totalBytes_ > 0 && available >= 0 && available < needed)
         throw ModelDownloadError::notEnoughSpace(folder, needed, available);
 }

@@ -40,8 +40,6 @@ struct TransferOptions
     /// A connection that breaks after it has brought something is made again, at most so often.
     int reconnections = 4;
     std::chrono::milliseconds reconnectionPause = std::chrono::seconds(1);
-    /// Free bytes in a folder; the file system's answer when not set.
-    std::function<qint64(const QString& folder)> bytesFree;
 };
 
 struct TransferRequest
