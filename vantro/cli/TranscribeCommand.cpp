@@ -102,8 +102,8 @@ TranscriptionModel Session::model(const QString& nameOrPath)
                         .arg(nameOrPath, names.join(QStringLiteral(", "))));
     }
     if (entry->engine == TranscriptionEngine::whisper && !store_.isReady(*entry)) {
-        throw Error(QStringLiteral("The model \"%1\" is not downloaded: put %2 into %3")
-                        .arg(entry->name, entry->fileName(), store_.userFolder()));
+        throw Error(
+            QStringLiteral("The model \"%1\" is not downloaded: run vantro models download \"%1\"").arg(entry->name));
     }
     return *entry;
 }
