@@ -12,11 +12,13 @@ namespace vantro {
 
 namespace {
 
-constexpr qint64 chunkBytes = 1'048'576;
+constexpr qint64 mebibyte = 1'048'576;
+/// Small enough to be still in the processor's cache when it is written: a mebibyte costs a third more time.
+constexpr qint64 chunkBytes = mebibyte / 16;
 /// What may wait in memory while the disk is busy.
-constexpr qint64 readAheadBytes = 4 * chunkBytes;
+constexpr qint64 readAheadBytes = 4 * mebibyte;
 /// So much is written before other events get their turn.
-constexpr qint64 turnBytes = 8 * chunkBytes;
+constexpr qint64 turnBytes = 8 * mebibyte;
 constexpr int mostRedirects = 10;
 constexpr int stallChecks = 4;
 
