@@ -35,9 +35,10 @@ EncoderFrames Encoder::encode(const Preprocessor::Features& features, GraphRunne
     Graph graph(nodesAround + layers_.size() * nodesPerLayer);
     ggml_tensor* mel = graph.input(bands, melFrames);
     ggml_tensor* positions = graph.input(stateSize_, 2 * frames - 1);
+    Activations place(graph.context(), positions);
     ggml_tensor* x = subsampling_.build(graph.context(), mel);
     for (const EncoderLayer& layer : layers_)
-        x = layer.build(graph.context(), x, positions);
+        x = layer.build(graph.context(), x, place);
     graph.output(x);
     runner.allocate(graph);
     setTensor(mel, features.values);

@@ -104,7 +104,7 @@ EncoderLayer::EncoderLayer(ModelFile& file, Weights& weights, std::int32_t layer
     normOut_ = readNorm(file, weights, prefix + "norm_out");
 }
 
-ggml_tensor* EncoderLayer::build(ggml_context* context, ggml_tensor* x, ggml_tensor* positions) const
+ggml_tensor* EncoderLayer::build(ggml_context* context, ggml_tensor* x, Activations& positions) const
 {
     x = feedForward(context, feedForward1_, x);
     x = ggml_add(context, x, attention(context, normAttention_.apply(context, x), positions));
@@ -120,17 +120,18 @@ ggml_tensor* EncoderLayer::feedForward(ggml_context* context, const FeedForward&
     return ggml_add(context, x, ggml_scale_inplace(context, outer, 0.5F));
 }
 
-ggml_tensor* EncoderLayer::attention(ggml_context* context, ggml_tensor* x, ggml_tensor* positions) const
+ggml_tensor* EncoderLayer::attention(ggml_context* context, ggml_tensor* x, Activations& positions) const
 {
     const std::int64_t frames = x->ne[1];
     const std::int64_t headSize = x->ne[0] / heads_;
-    ggml_tensor* query = ggml_reshape_3d(context, query_.apply(context, x), headSize, heads_, frames);
+    Activations heard(context, x);
+    ggml_tensor* query = ggml_reshape_3d(context, query_.apply(heard), headSize, heads_, frames);
     const auto biased = [&](ggml_tensor* bias) {
         return ggml_cont(context, ggml_permute(context, ggml_add(context, query, bias), 0, 2, 1, 3));
     };
-    ggml_tensor* key = byHead(context, key_.apply(context, x), heads_);
-    ggml_tensor* value = value_.apply(context, x);
-    ggml_tensor* place = byHead(context, position_.apply(context, positions), heads_);
+    ggml_tensor* key = byHead(context, key_.apply(heard), heads_);
+    ggml_tensor* value = value_.apply(heard);
+    ggml_tensor* place = byHead(context, position_.apply(positions), heads_);
 
     ggml_tensor* content = ggml_mul_mat(context, key, biased(contentBias_));
     ggml_tensor* distance = ggml_mul_mat(context, place, biased(positionBias_));

@@ -29,7 +29,7 @@ public:
     EncoderLayer(ModelFile& file, Weights& weights, std::int32_t layer);
 
     /// @p x: [state size, frames]; @p positions: relativePositions() of as many frames. Gives the shape of @p x.
-    ggml_tensor* build(ggml_context* context, ggml_tensor* x, ggml_tensor* positions) const;
+    ggml_tensor* build(ggml_context* context, ggml_tensor* x, Activations& positions) const;
 
     /// Taps with the batch normalisation folded in.
     struct Depthwise
@@ -50,7 +50,7 @@ private:
     [[nodiscard]] static FeedForward readFeedForward(ModelFile& file, Weights& weights, const std::string& prefix,
                                                      const std::string& name);
     static ggml_tensor* feedForward(ggml_context* context, const FeedForward& module, ggml_tensor* x);
-    ggml_tensor* attention(ggml_context* context, ggml_tensor* x, ggml_tensor* positions) const;
+    ggml_tensor* attention(ggml_context* context, ggml_tensor* x, Activations& positions) const;
     ggml_tensor* convolution(ggml_context* context, ggml_tensor* x) const;
 
     FeedForward feedForward1_;

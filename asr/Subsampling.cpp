@@ -78,8 +78,8 @@ Subsampling::Subsampling(ModelFile& file, Weights& weights) : channels_(file.hyp
     front_->second = readDepthwise(file, 2);
     *third_ = readDepthwise(file, 5);
     const auto readPointwise = [&](int index) {
-        return Linear{weights.values(file.readFloats(convolution(index) + ".weight"), channels_, channels_),
-                      weights.values(file.readFloats(convolution(index) + ".bias"), channels_)};
+        return Linear{.weight = weights.values(file.readFloats(convolution(index) + ".weight"), channels_, channels_),
+                      .bias = weights.values(file.readFloats(convolution(index) + ".bias"), channels_)};
     };
     pointwise1_ = readPointwise(3);
     pointwise2_ = readPointwise(6);

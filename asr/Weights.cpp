@@ -8,6 +8,23 @@
 
 namespace vantro::asr {
 
+namespace {
+
+using kernels::MatrixFormat;
+
+/// The format that this processor multiplies a matrix of that type fastest in.
+MatrixFormat formatFor(const ModelFile::Tensor& entry)
+{
+    constexpr std::int64_t inputsMultiple = 32;
+    const MatrixFormat format = entry.type == GGML_TYPE_F16    ? MatrixFormat::bfloat16
+                                : entry.type == GGML_TYPE_Q8_0 ? MatrixFormat::int8
+                                                               : MatrixFormat::none;
+    return entry.shape[0] % inputsMultiple == 0 && kernels::matrixKernels(format) != nullptr ? format
+                                                                                             : MatrixFormat::none;
+}
+
+} // namespace
+
 Weights::Weights(std::size_t maximumTensors)
 {
     context_.reset(ggml_init({maximumTensors * ggml_tensor_overhead(), nullptr, true}));
@@ -20,13 +37,25 @@ ggml_tensor* Weights::tensor(ModelFile& file, const std::string& name)
     const ModelFile::Tensor& entry = file.tensor(name);
     ggml_tensor* tensor =
         ggml_new_tensor_4d(context_.get(), entry.type, entry.shape[0], entry.shape[1], entry.shape[2], entry.shape[3]);
-    fromFile_.push_back({tensor, name});
+    fromFile_.push_back({tensor, name, MatrixFormat::none});
     return tensor;
 }
 
 Linear Weights::linear(ModelFile& file, const std::string& weight, const std::string& bias)
 {
-    return {tensor(file, weight), bias.empty() ? nullptr : tensor(file, bias)};
+    const ModelFile::Tensor& entry = file.tensor(weight);
+    Linear linear{nullptr, bias.empty() ? nullptr : tensor(file, bias), formatFor(entry), entry.shape[0],
+                  entry.shape[1]};
+    if (linear.format == MatrixFormat::none) {
+        linear.weight = tensor(file, weight);
+        return linear;
+    }
+    const std::size_t bytes =
+        kernels::matrixKernels(linear.format)
+            ->matrixBytes(static_cast<std::size_t>(linear.inputs), static_cast<std::size_t>(linear.outputs));
+    linear.weight = ggml_new_tensor_1d(context_.get(), GGML_TYPE_I8, static_cast<std::int64_t>(bytes));
+    fromFile_.push_back({linear.weight, weight, linear.format});
+    return linear;
 }
 
 ggml_tensor* Weights::values(std::vector<float> values, std::int64_t columns, std::int64_t rows)
@@ -44,12 +73,26 @@ void Weights::load(ModelFile& file)
     buffer_.reset(ggml_backend_alloc_ctx_tensors_from_buft(context_.get(), ggml_backend_dev_buffer_type(processor)));
     if (buffer_ == nullptr)
         throw ASRError(ASRError::Kind::modelLoadFailed, "out of memory");
-    for (const auto& [tensor, name] : fromFile_)
-        file.read(file.tensor(name), std::span(static_cast<std::byte*>(tensor->data), ggml_nbytes(tensor)));
+    for (const FileTensor& target : fromFile_)
+        read(file, target);
     for (const auto& [tensor, values] : computed_)
         setTensor(tensor, values);
     fromFile_.clear();
     computed_.clear();
+}
+
+void Weights::read(ModelFile& file, const FileTensor& target)
+{
+    const ModelFile::Tensor& entry = file.tensor(target.name);
+    if (target.format == MatrixFormat::none) {
+        file.read(entry, std::span(static_cast<std::byte*>(target.tensor->data), entry.bytes));
+        return;
+    }
+    std::vector<std::byte> stored(entry.bytes);
+    file.read(entry, stored);
+    kernels::matrixKernels(target.format)
+        ->packMatrix(stored.data(), static_cast<std::size_t>(entry.shape[0]), static_cast<std::size_t>(entry.shape[1]),
+                     target.tensor->data);
 }
 
 } // namespace vantro::asr

@@ -37,12 +37,15 @@ private:
     {
         ggml_tensor* tensor;
         std::string name;
+        kernels::MatrixFormat format;
     };
     struct ComputedTensor
     {
         ggml_tensor* tensor;
         std::vector<float> values;
     };
+
+    static void read(ModelFile& file, const FileTensor& target);
 
     GgmlPointer<ggml_context> context_;
     GgmlPointer<ggml_backend_buffer> buffer_;

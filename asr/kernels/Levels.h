@@ -1,6 +1,7 @@
 #pragma once
 
 #include "asr/kernels/Kernels.h"
+#include "asr/kernels/Matrix.h"
 
 namespace vantro::asr::kernels {
 
@@ -8,5 +9,8 @@ namespace vantro::asr::kernels {
 Kernels baselineKernels();
 Kernels avx2Kernels();
 Kernels avx512Kernels();
+
+const MatrixKernels& bfloat16Matrices(); ///< needs AVX-512 with BF16
+const MatrixKernels& int8Matrices();     ///< needs AVX-512 with VNNI
 
 } // namespace vantro::asr::kernels

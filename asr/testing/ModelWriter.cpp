@@ -122,6 +122,17 @@ void writeTensor(Writer& writer, const TensorLayout& tensor, std::span<const flo
     writer.values<std::byte>(packed);
 }
 
+/// The counter of training batches that the converter writes behind every running variance.
+void writeBatchCounter(Writer& writer, const std::string& variance)
+{
+    const std::string name = variance.substr(0, variance.rfind('.')) + ".num_batches_tracked";
+    writer.integer(0);
+    writer.integer(static_cast<std::int32_t>(name.size()));
+    writer.integer(GGML_TYPE_F32);
+    writer.text(name);
+    writer.values<float>(std::vector<float>{1.0F});
+}
+
 } // namespace
 
 Hyperparameters publishedShape(std::int32_t vocabularySize)
@@ -152,8 +163,11 @@ void writeRandomModel(const std::filesystem::path& path, const Hyperparameters& 
     writeHeader(writer, parameters, matrixType);
     writeFilters(writer, parameters);
     writePieces(writer, parameters);
-    for (const TensorLayout& tensor : modelLayout(parameters, 4 * parameters.stateSize, parameters.predictionSize))
+    for (const TensorLayout& tensor : modelLayout(parameters, 4 * parameters.stateSize, parameters.predictionSize)) {
         writeTensor(writer, tensor, randomValues(tensor, parameters, random), matrixType);
+        if (tensor.name.ends_with(".running_var"))
+            writeBatchCounter(writer, tensor.name);
+    }
 }
 
 } // namespace vantro::asr::testing
