@@ -6,6 +6,7 @@ set(VANTRO_WHISPER_SOURCE "${CMAKE_SOURCE_DIR}/third_party/node_modules/nodejs-w
 
 # A function, so that what is set for the library stays with the library.
 function(vantro_add_whisper_source)
+  set(CMAKE_POLICY_DEFAULT_CMP0077 NEW) # what is set here goes before the defaults of its options
   set(CMAKE_BUILD_TYPE Release) # an unoptimised recogniser is of no use in a development build either
   string(APPEND CMAKE_C_FLAGS " -w") # its warnings are its authors' business
   string(APPEND CMAKE_CXX_FLAGS " -w")

@@ -6,6 +6,7 @@
 #include "platform/KeyEventPoster.h"
 #include "platform/Pasteboard.h"
 #include "platform/Permissions.h"
+#include "platform/SystemSounds.h"
 #include "platform/Workspace.h"
 
 #include <memory>
@@ -23,6 +24,7 @@ struct Platform
     std::unique_ptr<KeyEventPoster> keyEvents;
     std::unique_ptr<Pasteboard> pasteboard;
     std::unique_ptr<Permissions> permissions;
+    std::unique_ptr<SystemSounds> sounds;
     std::unique_ptr<Workspace> workspace;
 };
 

@@ -24,4 +24,9 @@ inline QString noSoundServer()
                                        "(for example: systemctl --user start pipewire-pulse) and try again.");
 }
 
+inline QString howToChooseShortcut()
+{
+    return QCoreApplication::translate("wording", "In a terminal: vantro --shortcut Ctrl+Alt+Space");
+}
+
 } // namespace vantro::wording

@@ -1,5 +1,6 @@
 #include "platform/linux/LinuxPlatform.h"
 
+#include "platform/linux/canberra/CanberraSounds.h"
 #include "platform/linux/pulse/PulseAudioEngine.h"
 #include "platform/linux/pulse/PulseAudioHardware.h"
 #include "platform/linux/pulse/PulseConnection.h"
@@ -38,6 +39,7 @@ Platform makeLinuxPlatform()
     platform.keyEvents = std::make_unique<X11KeyEventPoster>(x11);
     platform.pasteboard = std::make_unique<X11Pasteboard>();
     platform.permissions = std::make_unique<X11Permissions>(x11, [&pulse] { return pulse.serverAnswers(); });
+    platform.sounds = std::make_unique<CanberraSounds>();
     platform.workspace = std::make_unique<X11Workspace>(x11);
     return platform;
 }

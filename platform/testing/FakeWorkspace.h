@@ -20,6 +20,7 @@ public:
     void activateWindow(WindowID window) override;
     [[nodiscard]] QStringList windowClass(WindowID window) const override;
     void openUrl(const QString& url) override { opened_ << url; }
+    [[nodiscard]] bool isCompositing() const override { return true; }
 
     void openWindow(WindowID window, const QStringList& windowClass = {}) { windows_[window] = windowClass; }
     /// Closes @p window; the keyboard goes nowhere if it was there.

@@ -88,11 +88,17 @@ class AudioServer:
 
     def start_playing(self, recording):
         """Speaks a recording (WAV, FLAC, OGG, MP3) into the microphone. Returns the program that plays it."""
-        return self._desktop.start("paplay", f"--device={VOICE}", "--latency-msec=20", recording)
+        return self.start_playing_into(VOICE, recording)
+
+    def start_playing_into(self, sink, recording):
+        return self._desktop.start("paplay", f"--device={sink}", "--latency-msec=20", recording)
 
     def play(self, recording, timeout_s=120):
         """The same, until the last frame was heard."""
-        self.start_playing(recording).expect_exit(0, timeout_s)
+        self.play_into(VOICE, recording, timeout_s)
+
+    def play_into(self, sink, recording, timeout_s=120):
+        self.start_playing_into(sink, recording).expect_exit(0, timeout_s)
 
     def _default_source(self):
         answer = subprocess.run(["pactl", "get-default-source"], env=self._desktop.env, capture_output=True, text=True)

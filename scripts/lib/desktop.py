@@ -196,9 +196,14 @@ class VirtualDesktop:
 
     def clipboard(self, selection="clipboard"):
         """The clipboard's text as another program sees it; None when nobody owns it."""
-        if not self.display.selection_owner(selection.upper()):
-            return None
-        return self.run("xclip", "-selection", selection, "-out")
+        while self.display.selection_owner(selection.upper()):
+            try:
+                return self.run("xclip", "-selection", selection, "-out")
+            except DesktopError:
+                # An owner that gave it up meanwhile is none; one that has no text is a fault.
+                if self.display.selection_owner(selection.upper()):
+                    raise
+        return None
 
     def set_clipboard(self, text, selection="clipboard"):
         """Copies text in another program."""

@@ -1,6 +1,7 @@
 """A small X client: looks at windows and presses keys through XTest, within a fraction of a millisecond."""
 
 import ctypes
+from contextlib import contextmanager
 from ctypes import POINTER, byref, c_char_p, c_int, c_long, c_uint, c_ulong, c_void_p
 from dataclasses import dataclass
 
@@ -8,6 +9,8 @@ _ANY_PROPERTY_TYPE = 0
 _IS_VIEWABLE = 2
 _MAPPING_NOTIFY = 34
 _PROPERTY_LIMIT_WORDS = 65536
+_GRAB_MODE_ASYNC = 1
+_MODIFIER_MASKS = {"shift": 1, "ctrl": 4, "alt": 8, "super": 64}
 _MODIFIERS = {"ctrl": "Control_L", "alt": "Alt_L", "shift": "Shift_L", "super": "Super_L", "meta": "Meta_L"}
 
 
@@ -56,6 +59,8 @@ def _load():
         "XStringToKeysym": (c_ulong, [c_char_p]),
         "XKeysymToKeycode": (ctypes.c_ubyte, [c_void_p, c_ulong]),
         "XQueryKeymap": (c_int, [c_void_p, ctypes.c_char * 32]),
+        "XGrabKey": (c_int, [c_void_p, c_int, c_uint, window, c_int, c_int, c_int]),
+        "XUngrabKey": (c_int, [c_void_p, c_int, c_uint, window]),
         "XSync": (c_int, [c_void_p, c_int]),
         "XSetErrorHandler": (c_void_p, [_ErrorHandler]),
         "XSetIOErrorExitHandler": (None, [c_void_p, _ExitHandler, c_void_p]),
@@ -172,6 +177,18 @@ class XDisplay:
         return self._atoms[name]
 
     # --- keys
+
+    @contextmanager
+    def grabbed(self, chord):
+        """Owns a chord as its hot key while the context lasts, as another program would."""
+        *modifiers, key = chord.split("+")
+        keycode = self._x11.XKeysymToKeycode(self._display, self._x11.XStringToKeysym(key.encode()))
+        mask = sum(_MODIFIER_MASKS[name] for name in modifiers)
+        self._x11.XGrabKey(self._display, keycode, mask, self.root, True, _GRAB_MODE_ASYNC, _GRAB_MODE_ASYNC)
+        self._x11.XSync(self._display, False)
+        yield
+        self._x11.XUngrabKey(self._display, keycode, mask, self.root)
+        self._x11.XSync(self._display, False)
 
     def key(self, name, down):
         """Presses or releases one key, given by its keysym's name or as ctrl, alt, shift, super."""

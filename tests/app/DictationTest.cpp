@@ -9,6 +9,7 @@
 #include "platform/testing/FakeKeyEventPoster.h"
 #include "platform/testing/FakePasteboard.h"
 #include "platform/testing/FakePermissions.h"
+#include "platform/testing/FakeSystemSounds.h"
 #include "platform/testing/FakeWorkspace.h"
 #include "vantro/ai/NormalModeHandler.h"
 #include "vantro/app/AppDelegate.h"
@@ -50,7 +51,8 @@ public:
     void answer(const QString& text)
     {
         const auto answer = std::exchange(answer_, nullptr);
-        answer->addResult(text);
+        // A text of its own in memory, as engines make them, so that memory checkers see what becomes of it.
+        answer->addResult(QString(text.constData(), text.size()));
         answer->finish();
     }
     void fail(const QString& why)
@@ -196,6 +198,7 @@ protected:
     doubles::FakeKeyEventPoster keyEvents;
     doubles::FakePasteboard pasteboard;
     doubles::FakeWorkspace workspace;
+    doubles::FakeSystemSounds sounds;
     ModelCatalogue catalogue;
     ModelSelection models{catalogue, defaults, [](const auto& model) {
                               return model.name == QLatin1String("tiny.en");
@@ -217,6 +220,7 @@ protected:
          notifications,
          clock,
          permissions,
+         sounds,
          recorder,
          shortcuts,
          delivery,
@@ -265,6 +269,17 @@ TEST_F(Dictation, WithoutAutoPasteLeavesTheTextOnTheClipboardAndSaysSo)
     EXPECT_EQ(openPanels, 0);
 }
 
+TEST_F(Dictation, SoundsOnlyWhenTheUserWantsItAndTextWasDelivered)
+{
+    dictate(QStringLiteral("In silence."));
+    EXPECT_EQ(sounds.completed, 0);
+    defaults.setBoolean(QStringLiteral("playSoundOnComplete"), true);
+    dictate(QStringLiteral(" "));
+    EXPECT_EQ(sounds.completed, 0);
+    dictate(QStringLiteral("And now?"));
+    EXPECT_EQ(sounds.completed, 1);
+}
+
 TEST_F(Dictation, NeverPastesIntoAnotherWindow)
 {
     pressShortcut();
@@ -295,7 +310,7 @@ TEST_F(Dictation, WithNothingSaidClosesWithoutATrace)
     EXPECT_TRUE(alerts.isEmpty());
     EXPECT_TRUE(huds.empty());
     EXPECT_EQ(pasteboard.changes(clipboard), 0);
-    EXPECT_GE(provider.ended, 2) << "the model is released after either";
+    EXPECT_EQ(provider.ended, 2) << "the model is released after either";
 }
 
 TEST_F(Dictation, IgnoresTheShortcutWhileOneIsUnderWay)
@@ -336,10 +351,19 @@ TEST_F(Dictation, CancelledAtAnyMomentDeliversNothingAndLeavesTheNextOneFree)
     speak(16'000);
     stopAndDrain();
     ASSERT_TRUE(provider.isAsked());
+    const int endedBefore = provider.ended;
+    const int cancelledBefore = provider.cancelled;
     delegate.cancelDictation(); // while transcribing
     EXPECT_FALSE(recorder.isBusy());
+    EXPECT_EQ(provider.cancelled, cancelledBefore + 1) << "the engine need not finish what nobody wants";
+
+    pressShortcut(); // before the engine has noticed
     provider.answer(QStringLiteral("Nobody wants this."));
     pump();
+    EXPECT_EQ(provider.ended, endedBefore) << "the model stays for the dictation that is being recorded";
+    delegate.cancelDictation();
+    pump();
+    EXPECT_EQ(provider.ended, endedBefore + 1);
 
     EXPECT_FALSE(delivered);
     EXPECT_TRUE(alerts.isEmpty());
@@ -385,4 +409,19 @@ TEST_F(Dictation, TellsWhyARecordingCannotStart)
     dictate(QStringLiteral("Works again."));
     EXPECT_EQ(delivered, QStringLiteral("Works again."));
     EXPECT_EQ(alerts.size(), 2);
+}
+
+TEST_F(Dictation, ASecondProgramsHotKeyIsToldToTheUser)
+{
+    const doubles::FakeHotKeyManager::Combination taken{3, Modifier::command | Modifier::option};
+    hotKeys.refuse(taken, QStringLiteral("That one is taken."));
+    shortcuts.setShortcut(KeyboardShortcuts::Name::openModal, KeyboardShortcuts::Shortcut{{3}, taken.modifiers});
+    pump();
+    ASSERT_EQ(alerts.size(), 1);
+    EXPECT_TRUE(alerts.front().startsWith(QStringLiteral("That one is taken.")));
+
+    shortcuts.setShortcut(KeyboardShortcuts::Name::openModal, shortcut);
+    pressShortcut();
+    EXPECT_EQ(openPanels, 1);
+    EXPECT_EQ(alerts.size(), 1);
 }

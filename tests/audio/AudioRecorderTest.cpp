@@ -152,7 +152,7 @@ TEST_F(AudioRecorderTest, ADictationGoesFromTheMicrophoneToItsResultInTheModeOfT
 
 TEST_F(AudioRecorderTest, AFailedJobIsToldWithTheRawTranscript)
 {
-    processing.result = {.text = QStringLiteral("raw"), .errorMessage = QStringLiteral("AI processing failed.")};
+    processing.result = DictationResult(QStringLiteral("raw"), QStringLiteral("AI processing failed."));
     recorder->startRecording();
     engine().hear(16'000, 0.1F);
     recorder->stopRecording();
@@ -241,7 +241,7 @@ TEST_F(AudioRecorderTest, AStaleResultDoesNotTouchTheNextDictation)
     recorder->stopRecording();
     advance(AudioRecorder::drainDelay);
     recorder->cancelDictation();
-    EXPECT_EQ(processing.events.back(), "run") << "the job that runs is the processing side's to end";
+    EXPECT_EQ(processing.events.back(), "abandoned") << "the job that runs is the processing side's to end";
 
     recorder->setProcessingMode(ProcessingMode::Notes);
     recorder->startRecording();

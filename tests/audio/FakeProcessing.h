@@ -16,7 +16,7 @@ public:
     explicit FakeProcessing(Clock& clock) : clock_(clock) {}
 
     std::chrono::milliseconds duration{700};
-    DictationResult result{.text = QStringLiteral("spoken words"), .errorMessage = {}};
+    DictationResult result{QStringLiteral("spoken words")};
 
     std::vector<std::string> events;
     QString recordingID;
@@ -24,6 +24,7 @@ public:
 
     void recordingStarted() override { events.emplace_back("started"); }
     void recordingDiscarded() override { events.emplace_back("discarded"); }
+    void runAbandoned() override { events.emplace_back("abandoned"); }
     std::unique_ptr<DictationJob> prepare(ProcessingMode mode) override
     {
         events.push_back("prepared " + rawValue(mode).toStdString());

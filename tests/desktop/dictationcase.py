@@ -17,7 +17,7 @@ sys.path.insert(0, str(ROOT / "scripts" / "lib"))
 
 from desktop import VirtualDesktop  # noqa: E402
 from program import DesktopError  # noqa: E402
-from vantro import CANCEL_KEY, SHORTCUT_KEYS, STOP_KEY, Vantro  # noqa: E402, F401
+from vantro import CANCEL_KEY, HUD_TITLE, SHORTCUT_KEYS, STOP_KEY, Vantro  # noqa: E402, F401
 
 # What is said in it, as words; the first and the last are spoken at the very edges of the first recording.
 CHILD = ROOT / "tests/data/en-harvard-spk1-snt1.flac"
@@ -25,6 +25,8 @@ CHILD_WORDS = "the child almost hurt the small dog".split()
 CARDS = ROOT / "tests/data/en-cards-005.flac"
 TABLE = ROOT / "tests/data/en-arctic-a0009.flac"
 TABLE_WORDS = "he turned sharply and faced gregson across the table".split()
+
+FORMER = "what was copied before"
 
 SKIPPED = 77
 _NEEDED = ("Xvfb", "openbox", "xcompmgr", "dbus-daemon", "gdbus", "gnome-keyring-daemon", "pulseaudio", "pactl",
@@ -64,6 +66,7 @@ class DictationCase(unittest.TestCase):
 
     def setUp(self):
         self.desktop.activate(self.editor.window)
+        self.desktop.set_clipboard(FORMER)
         self._before = self.editor.text()
         self._log_before = len(self.vantro.log())
 
@@ -132,13 +135,21 @@ class DictationCase(unittest.TestCase):
         self.wait(lambda: words(self.editor.text()[len(before):]) == CHILD_WORDS, 60, "the next dictation's text")
         self.wait_until_over()
 
-    def wait_for_alert(self, *texts):
-        """An alert of the program. Its text is also in the log, where the test can read it."""
-        alert = self.wait(lambda: next(iter(self.vantro.alerts()), None), 20, "an alert")
+    def wait_for_alert_saying(self, text):
+        """An alert on the screen; what it says is also in the log, where a test can read it."""
+        alert = self.wait(lambda: next(iter(self.vantro.alerts()), None), 20, f"an alert saying {text}")
+        said = [line for line in self.news().splitlines() if line.startswith("vantro[Alert]")]
+        self.assertIn(text, said[-1])
         return alert
 
-    def dismiss_alert(self, alert):
+    def dismiss_alert_saying(self, text):
+        """An alert that has the keyboard is closed by it."""
+        alert = self.wait_for_alert_saying(text)
         self.wait(lambda: self.desktop.display.active_window() == alert.id, 5, "the alert to have the keyboard")
+        self.close_alert(alert)
+
+    def close_alert(self, alert):
+        self.desktop.activate(alert)
         self.desktop.press("Escape")
         self.wait(lambda: not self.vantro.alerts(), 5, "the alert to close")
 

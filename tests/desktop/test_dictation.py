@@ -1,18 +1,20 @@
 #!/usr/bin/python3
-"""Dictations that go well: by the hot key, from the command line, into an editor and a terminal."""
+"""Dictations by the hot key and from the command line, into an editor and a terminal, and what users do to them."""
 
 import re
 import unittest
 
-from dictationcase import CHILD, CHILD_WORDS, STOP_KEY, SHORTCUT_KEYS, DictationCase, main, words
+from dictationcase import (CANCEL_KEY, CARDS, CHILD, CHILD_WORDS, FORMER, HUD_TITLE, SHORTCUT_KEYS, STOP_KEY,
+                           DictationCase, main, words)
+
+from vantro import BUS_NAME
 
 # Between what the clock says and what was recorded: until the first sample is there, and the end of the last block.
 LOST_AT_THE_EDGES_S = 0.15
 
 
-class DictationTest(DictationCase):
+class GoodDictationTest(DictationCase):
     def test_words_spoken_right_after_the_shortcut_and_right_before_space_are_kept(self):
-        self.desktop.set_clipboard("what was copied before")
         self.desktop.press(SHORTCUT_KEYS)
         self.speak(CHILD)
         self.desktop.press(STOP_KEY)
@@ -20,7 +22,7 @@ class DictationTest(DictationCase):
 
         clock_s, captured_s = map(float, re.search(r"wall clock ([\d.]+)s, captured ([\d.]+)s", self.news()).groups())
         self.assertLess(clock_s - captured_s, LOST_AT_THE_EDGES_S)
-        self.wait(lambda: self.desktop.clipboard() == "what was copied before", 5, "the former clipboard")
+        self.wait(lambda: self.desktop.clipboard() == FORMER, 5, "the former clipboard")
 
     def test_text_arrives_in_a_terminal_and_both_selections_come_back(self):
         terminal = self.desktop.open_xterm()
@@ -40,10 +42,97 @@ class DictationTest(DictationCase):
         self.assertEqual(self.vantro.run("start").returncode, 1)
         self.speak(CHILD)
         self.assertEqual(self.vantro.run("stop").returncode, 0)
-        self.assertEqual(self.vantro.status()["state"], "processing")
-        self.assertEqual(self.vantro.run("start").returncode, 1)
-        self.assertEqual(self.vantro.run("stop").returncode, 1)
+        refused = self.vantro.run("stop")
+        self.assertEqual(refused.returncode, 1)
+        self.assertIn("nothing is being recorded", refused.stderr)
         self.assertEqual(words(self.wait_for_text()), CHILD_WORDS)
+
+        for state in ("recording", "idle"):
+            self.assertEqual(self.vantro.run("toggle").returncode, 0)
+            self.vantro.wait_for_state(state)
+
+    def test_a_second_start_hands_over_to_the_first(self):
+        second = self.vantro.run("--shortcut", "Ctrl+Alt+K")
+        self.assertEqual(second.returncode, 0, second.stderr)
+        self.assertTrue(self.vantro.process.running)
+        self.dismiss_alert_saying("Press Ctrl+Alt+K")
+        self.assertEqual(self.vantro.status()["shortcut"], "Ctrl+Alt+K")
+        self.desktop.press(SHORTCUT_KEYS)
+        self.desktop.press("ctrl+alt+k")
+        self.vantro.wait_for_launcher()
+        self.desktop.press(CANCEL_KEY)
+        self.wait_until_over()
+        self.assertEqual(self.vantro.run("--shortcut", "Ctrl+Alt+D").returncode, 0)
+        self.dismiss_alert_saying("Press Ctrl+Alt+D")
+
+
+class InterruptedDictationTest(DictationCase):
+    def test_a_cancelled_recording_leaves_no_trace(self):
+        with self.delivers_nothing():
+            self.vantro.open_launcher()
+            self.speak(CARDS)
+            self.desktop.press(CANCEL_KEY)
+            self.wait_until_over()
+            self.assertEqual(self.desktop.audio.recording_sources(), [])
+        self.check_next_dictation()
+
+    def test_a_cancel_right_after_the_stop_comes_before_the_transcription(self):
+        with self.delivers_nothing():
+            self.vantro.open_launcher()
+            self.speak(CARDS)
+            self.desktop.press(STOP_KEY)
+            self.desktop.press(CANCEL_KEY)
+            self.wait_until_over()
+        self.assertNotIn("Extracting transcription", self.news())
+        self.check_next_dictation()
+
+    def test_a_cancel_during_the_transcription_discards_it(self):
+        with self.delivers_nothing():
+            self.vantro.open_launcher()
+            self.speak(CARDS)
+            self.desktop.press(STOP_KEY)
+            self.wait(lambda: "Transcribing with" in self.news(), 10, "the transcription")
+            self.desktop.press(CANCEL_KEY)
+            self.wait_until_over()
+        self.assertNotIn("Copied to clipboard", self.news())
+        self.check_next_dictation()
+
+    def test_a_stop_within_a_third_of_a_second_is_no_dictation(self):
+        with self.delivers_nothing():
+            self.desktop.press(SHORTCUT_KEYS)
+            self.wait(self.vantro.launcher, 5, "the launcher")
+            # Over the bus itself: starting a command takes too long.
+            self.desktop.call_bus(BUS_NAME, "/com/vantro/app", "com.vantro.Control.Stop")
+            self.wait_until_over()
+        self.assertNotIn("Transcribing with", self.news())
+        self.check_next_dictation()
+
+    def test_ten_presses_within_a_second_start_one_dictation(self):
+        for _ in range(10):
+            self.desktop.press(SHORTCUT_KEYS)
+        self.vantro.wait_for_launcher()
+        self.assertEqual(len(self.desktop.audio.recording_sources()), 1)
+        self.speak(CHILD)
+        self.desktop.press(STOP_KEY)
+        self.assertEqual(words(self.wait_for_text()), CHILD_WORDS)
+        self.wait_until_over()
+        self.assertEqual(self.news().count("Starting recording"), 1)
+
+    def test_text_for_a_window_that_was_closed_stays_on_the_clipboard(self):
+        terminal = self.desktop.open_xterm()
+        self.vantro.open_launcher()
+        self.speak(CHILD)
+        terminal.program.stop()
+        self.vantro.end_dictation()
+        self.wait(lambda: words(self.desktop.clipboard() or "") == CHILD_WORDS, 60, "the text on the clipboard")
+        self.wait(lambda: self.vantro.window(HUD_TITLE), 5, "the notice that there is text to be pasted")
+        self.wait_until_over()
+        self.assertEqual(self.arrived(), "", "the text came into another window")
+        self.wait(lambda: not self.vantro.window(HUD_TITLE), 10, "the notice to go")
+        # Nor is it taken away again later, when a paste would have been over.
+        self.assertEqual(words(self.desktop.clipboard()), CHILD_WORDS)
+        self.desktop.activate(self.editor.window)
+        self.check_next_dictation()
 
 
 if __name__ == "__main__":

@@ -66,7 +66,7 @@ TEST_F(Whisper, WritesWhatPeopleSayInOneGoAndAcrossTheThirtySecondWindow)
 
     // What follows a pause near the end of a window must not be lost.
     auto samples = request(recording("en-harvard-spk1-snt1.flac")).samples;
-    samples.resize(28 * 16'000, 0.0F);
+    samples.resize(28U * 16'000, 0.0F);
     const auto second = request(recording("en-arctic-a0009.flac")).samples;
     samples.insert(samples.end(), second.begin(), second.end());
     auto both = request(recording("en-harvard-spk1-snt1.flac"));
@@ -81,16 +81,20 @@ TEST_F(Whisper, KeepsTheLoadedModelWhenAnotherFileIsNoModel)
     const QTemporaryDir folder;
     const QString foreign = folder.filePath(QStringLiteral("foreign.bin"));
     const QString truncated = folder.filePath(QStringLiteral("truncated.bin"));
+    const QString cutInTheLastTensor = folder.filePath(QStringLiteral("cut.bin"));
     QFile whole(tinyFile);
     ASSERT_TRUE(whole.open(QIODevice::ReadOnly));
+    const QByteArray model = whole.readAll();
     for (const auto& [path, bytes] :
-         {std::pair(foreign, QByteArray(4096, 'x')), std::pair(truncated, whole.read(20'000'000))}) {
+         {std::pair(foreign, QByteArray(4096, 'x')), std::pair(truncated, model.first(20'000'000)),
+          std::pair(cutInTheLastTensor, model.chopped(4))}) {
         QFile file(path);
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
         file.write(bytes);
     }
     get(engine.load(tinyFile));
-    for (const QString& path : {folder.filePath(QStringLiteral("missing.bin")), foreign, truncated}) {
+    for (const QString& path :
+         {folder.filePath(QStringLiteral("missing.bin")), foreign, truncated, cutInTheLastTensor}) {
         try {
             get(engine.load(path));
             ADD_FAILURE() << path.toStdString() << " was loaded";
@@ -108,7 +112,7 @@ TEST_F(Whisper, GivesWayAtOnceWhenNobodyWaitsAnyMore)
 {
     get(engine.load(tinyFile));
     auto work = request(recording("en-harvard-spk1-snt1.flac"));
-    work.samples.resize(10 * 60 * 16'000, 0.01F); // would take many seconds
+    work.samples.resize(10U * 60 * 16'000, 0.01F); // would take many seconds
     const auto abandoned = engine.transcribe(work);
     engine.abortTranscription();
     EXPECT_THROW(get(abandoned), WhisperInProcessError);

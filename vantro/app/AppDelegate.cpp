@@ -43,6 +43,7 @@ void AppDelegate::observeNotifications()
     observations_.push_back(center.observe(QStringLiteral("recorder:finish"),
                                            [this](const auto& userInfo) { recordingFinished(userInfo); }));
     connect(&parts_.audioRecorder, &AudioRecorder::captureLost, this, &AppDelegate::captureLost);
+    connect(&parts_.shortcuts, &KeyboardShortcuts::shortcutFailed, this, &AppDelegate::shortcutFailed);
 }
 
 void AppDelegate::checkModel()
@@ -132,6 +133,8 @@ QCoro::Task<> AppDelegate::handleFinish(QString finalText, ProcessingMode mode)
         co_return;
     }
     co_await deliver(text, frame);
+    if (parts_.defaults.boolean(QStringLiteral("playSoundOnComplete"), false))
+        parts_.sounds.playCompleted();
 }
 
 QCoro::Task<> AppDelegate::deliver(QString text, std::optional<QRect> frame)
@@ -156,6 +159,14 @@ QCoro::Task<> AppDelegate::deliver(QString text, std::optional<QRect> frame)
 void AppDelegate::captureLost(const QString& message)
 {
     showAlertSoon(message);
+}
+
+void AppDelegate::shortcutFailed(const QString& name, const QString& reason)
+{
+    if (name != KeyboardShortcuts::Name::openModal.rawValue)
+        return;
+    const QString text = reason + QStringLiteral("\n\n") + wording::howToChooseShortcut();
+    QTimer::singleShot(0, this, [this, text] { parts_.surfaces.showAlert(tr("Shortcut Not Available"), text); });
 }
 
 void AppDelegate::closeWindow()

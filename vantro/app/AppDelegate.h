@@ -6,6 +6,7 @@
 #include "base/NotificationCenter.h"
 #include "base/UserDefaults.h"
 #include "platform/Permissions.h"
+#include "platform/SystemSounds.h"
 #include "vantro/ai/ProcessingMode.h"
 #include "vantro/app/DictationTimings.h"
 #include "vantro/app/LauncherPanel.h"
@@ -43,6 +44,7 @@ public:
         NotificationCenter& notifications;
         Clock& clock;
         const Permissions& permissions;
+        SystemSounds& sounds;
         AudioRecorder& audioRecorder;
         KeyboardShortcuts& shortcuts;
         PasteDelivery& delivery;
@@ -73,6 +75,7 @@ private:
     QCoro::Task<> handleFinish(QString finalText, ProcessingMode mode);
     QCoro::Task<> deliver(QString text, std::optional<QRect> frame);
     void captureLost(const QString& message);
+    void shortcutFailed(const QString& name, const QString& reason);
     void closeWindow();
     void showAlertSoon(const QString& text);
     [[nodiscard]] ProcessingMode defaultMode() const;

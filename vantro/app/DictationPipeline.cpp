@@ -12,16 +12,12 @@ namespace vantro {
 class DictationPipeline::Job final : public DictationJob
 {
 public:
-    Job(DictationPipeline& pipeline, ModeHandler& handler)
+    Job(DictationPipeline& pipeline, ModeHandler& handler, TranscriptionFacade::EngineUse engineUse)
         : pipeline_(pipeline)
-        , facade_(pipeline.facade_)
         , handler_(handler)
+        , engineUse_(std::move(engineUse))
     {
     }
-    /// Also reached by a recording that was too short to be run.
-    ~Job() override { facade_.dictationEnded(); }
-    Job(const Job&) = delete;
-    Job& operator=(const Job&) = delete;
 
     QCoro::Task<DictationResult> run(QString recordingID, std::vector<float> samples) override
     {
@@ -31,25 +27,26 @@ public:
         } catch (const std::exception& error) {
             const QString description = localizedDescription(error);
             pipeline_.logger_.error(QStringLiteral("Transcription failed: ") + description);
-            co_return DictationResult{QString(), QStringLiteral("Failed to transcribe audio: ") + description};
+            co_return DictationResult({}, QStringLiteral("Failed to transcribe audio: ") + description);
         }
         if (transcript.isEmpty())
-            co_return DictationResult{};
+            co_return DictationResult();
 
         pipeline_.logger_.info(QStringLiteral("Processing transcription"));
         try {
-            co_return DictationResult{co_await handler_.process(transcript, nullptr), std::nullopt};
+            QString text = co_await handler_.process(transcript, nullptr);
+            co_return DictationResult(std::move(text));
         } catch (const std::exception& error) {
             const QString description = localizedDescription(error);
             pipeline_.logger_.error(QStringLiteral("Processing error: ") + description);
-            co_return DictationResult{transcript, QStringLiteral("Error processing transcription: ") + description};
+            co_return DictationResult(transcript, QStringLiteral("Error processing transcription: ") + description);
         }
     }
 
 private:
     DictationPipeline& pipeline_;
-    TranscriptionFacade& facade_;
     ModeHandler& handler_;
+    TranscriptionFacade::EngineUse engineUse_;
 };
 
 DictationPipeline::DictationPipeline(TranscriptionFacade& facade, Handlers handlers)
@@ -60,19 +57,24 @@ DictationPipeline::DictationPipeline(TranscriptionFacade& facade, Handlers handl
 
 void DictationPipeline::recordingStarted()
 {
-    facade_.prepare();
+    recordingUse_ = facade_.prepare();
 }
 
 void DictationPipeline::recordingDiscarded()
 {
     facade_.cancel();
-    facade_.dictationEnded();
+    recordingUse_.reset();
+}
+
+void DictationPipeline::runAbandoned()
+{
+    facade_.cancel();
 }
 
 std::unique_ptr<DictationJob> DictationPipeline::prepare(ProcessingMode mode)
 {
     const auto handler = handlers_.contains(mode) ? handlers_.find(mode) : handlers_.find(ProcessingMode::Normal);
-    return std::make_unique<Job>(*this, *handler->second);
+    return std::make_unique<Job>(*this, *handler->second, std::move(recordingUse_));
 }
 
 std::vector<ProcessingMode> DictationPipeline::modes() const

@@ -26,6 +26,7 @@ public:
 
     void recordingStarted() override;
     void recordingDiscarded() override;
+    void runAbandoned() override;
     std::unique_ptr<DictationJob> prepare(ProcessingMode mode) override;
 
     /// The modes a user can choose, in their order.
@@ -45,6 +46,7 @@ private:
     Logger logger_{"AudioRecorder"};
     TranscriptionFacade& facade_;
     Handlers handlers_;
+    TranscriptionFacade::EngineUse recordingUse_; ///< until a job takes it over
     std::chrono::microseconds lastEngineTime_{0};
 };
 

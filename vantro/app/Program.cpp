@@ -57,7 +57,7 @@ private:
     NotificationCenter notifications_;
     Platform platform_;
     UiEngine ui_{defaults_};
-    PasteHUDWindow hud_{ui_.engine(), clock_};
+    PasteHUDWindow hud_{ui_.engine(), *platform_.workspace, clock_};
 
     ModelCatalogue catalogue_;
     ModelStore modelStore_ = ModelStore::standard();
@@ -83,8 +83,8 @@ Program::Program(const ProgramOptions& options)
     : options_(options)
     , platform_(makeLinuxPlatform())
     , delivery_(*platform_.pasteboard, *platform_.keyEvents, *platform_.workspace, defaults_, clock_)
-    , delegate_({defaults_, notifications_, clock_, *platform_.permissions, recorder_, shortcuts_, delivery_, models_,
-                 [this](const auto& model) { return modelStore_.isReady(model); }, surfaces()})
+    , delegate_({defaults_, notifications_, clock_, *platform_.permissions, *platform_.sounds, recorder_, shortcuts_,
+                 delivery_, models_, [this](const auto& model) { return modelStore_.isReady(model); }, surfaces()})
     , control_(
           delegate_, recorder_, [this] { return statusDetails(); },
           [this](const QStringList& arguments) { handOver(arguments); })
@@ -146,6 +146,9 @@ void Program::handOver(const QStringList& arguments)
 {
     if (!arguments.isEmpty())
         useShortcut(arguments.first());
+    // A shortcut that does not work has its own alert.
+    if (shortcuts_.failure(KeyboardShortcuts::Name::openModal))
+        return;
     showAlert(QGuiApplication::tr("vantro is running"),
               QGuiApplication::tr("Press %1 to dictate into the window you are working in.").arg(shortcutName()));
 }
@@ -174,6 +177,7 @@ std::unique_ptr<LauncherPanel> Program::makeLauncher(ProcessingMode defaultMode)
 
 void Program::showAlert(const QString& title, const QString& text)
 {
+    Logger("Alert").info(QStringLiteral("%1: %2").arg(title, text.simplified()));
     // Deletes itself when it is closed.
     (new AlertWindow(ui_.engine(), title, text))->present();
 }
@@ -197,10 +201,13 @@ QJsonObject Program::statusDetails()
 {
     DictationTimings timings = delegate_.timings();
     timings.engine = pipeline_.lastEngineTime();
-    return {{QStringLiteral("model"), models_.selectedModel().name},
-            {QStringLiteral("shortcut"), shortcutName()},
-            {QStringLiteral("version"), QStringLiteral(VANTRO_VERSION)},
-            {QStringLiteral("last"), timings.toJson()}};
+    QJsonObject details{{QStringLiteral("model"), models_.selectedModel().name},
+                        {QStringLiteral("shortcut"), shortcutName()},
+                        {QStringLiteral("version"), QStringLiteral(VANTRO_VERSION)},
+                        {QStringLiteral("last"), timings.toJson()}};
+    if (const auto failure = shortcuts_.failure(KeyboardShortcuts::Name::openModal))
+        details.insert(QStringLiteral("shortcut_failure"), *failure);
+    return details;
 }
 
 /// Ends the event loop when the session or a user ends the process, so that destructors release what is held.

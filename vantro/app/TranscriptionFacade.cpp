@@ -26,11 +26,17 @@ TranscriptionProviding& TranscriptionFacade::provider(const TranscriptionModel& 
     Q_UNREACHABLE();
 }
 
-void TranscriptionFacade::prepare()
+TranscriptionFacade::EngineUse TranscriptionFacade::prepare()
 {
+    EngineUse use = use_.lock();
+    if (!use) {
+        use = EngineUse(this, [this](void*) { whisper_.dictationEnded(); });
+        use_ = use;
+    }
     const TranscriptionModel& model = selection_.selectedModel();
     if (model.engine == TranscriptionEngine::whisper)
         whisper_.prepare(model);
+    return use;
 }
 
 QCoro::Task<QString> TranscriptionFacade::transcribe(QString recordingID, std::vector<float> samples, Options options)
@@ -47,11 +53,6 @@ QCoro::Task<QString> TranscriptionFacade::transcribe(QString recordingID, std::v
 void TranscriptionFacade::cancel()
 {
     whisper_.cancel();
-}
-
-void TranscriptionFacade::dictationEnded()
-{
-    whisper_.dictationEnded();
 }
 
 } // namespace vantro

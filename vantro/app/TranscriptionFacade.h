@@ -5,6 +5,8 @@
 #include "vantro/models/ModelSelection.h"
 #include "vantro/models/TranscriptionProviding.h"
 
+#include <memory>
+
 namespace vantro {
 
 /// The one operation that turns a finished recording into text, whichever engine the selected model belongs to.
@@ -21,12 +23,15 @@ public:
 
     TranscriptionFacade(ModelSelection& selection, TranscriptionProviding& whisper);
 
-    /// A recording has begun: the selected model can be made ready meanwhile.
-    void prepare();
+    /// Held by a dictation from its recording's start to its end. When the last one is released the engine may let go
+    /// of its model: a cancelled dictation that is still being wound up takes nothing from the next one.
+    using EngineUse = std::shared_ptr<void>;
+
+    /// A recording has begun: the selected model is made ready meanwhile. The use must not outlive the facade.
+    [[nodiscard]] EngineUse prepare();
     /// @p samples: 16 kHz mono. Errors of the engine pass through unchanged.
     QCoro::Task<QString> transcribe(QString recordingID, std::vector<float> samples, Options options);
     void cancel();
-    void dictationEnded();
 
 private:
     [[nodiscard]] TranscriptionProviding& provider(const TranscriptionModel& model);
@@ -34,6 +39,7 @@ private:
     Logger logger_{"TranscriptionEngine"};
     ModelSelection& selection_;
     TranscriptionProviding& whisper_;
+    std::weak_ptr<void> use_;
 };
 
 /// The selected model cannot be run by the engine it claims.

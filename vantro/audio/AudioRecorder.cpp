@@ -236,7 +236,7 @@ QCoro::Task<> AudioRecorder::process(Stopped stopped)
     std::vector<float> samples = takeSamples(stopped);
     if (samples.size() < minimumSampleCount) {
         discardProcessing();
-        finish({}, stopped.mode);
+        finish(DictationResult(), stopped.mode);
         co_return;
     }
     logger_.info(QStringLiteral("Extracting transcription"));
@@ -276,7 +276,10 @@ void AudioRecorder::cancelDictation()
     if (collector_)
         std::exchange(collector_, nullptr)->clear();
     tearDown(currentSession_.get(), nullptr);
-    discardProcessing();
+    if (isAwaitedByProcessing_)
+        discardProcessing();
+    else
+        processing_.runAbandoned();
 }
 
 void AudioRecorder::beginGeneration()
@@ -305,7 +308,7 @@ void AudioRecorder::fail(QString message)
     setRecording(false);
     setBusy(false);
     discardProcessing();
-    postFinish({.text = {}, .errorMessage = std::move(message)}, processingMode_);
+    postFinish(DictationResult({}, std::move(message)), processingMode_);
 }
 
 void AudioRecorder::finish(const DictationResult& result, ProcessingMode mode)

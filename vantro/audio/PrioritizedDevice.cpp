@@ -26,7 +26,7 @@ std::vector<PrioritizedDevice> decodePrioritizedDevices(const QByteArray& data)
 {
     const QJsonArray list = QJsonDocument::fromJson(data).array();
     std::vector<PrioritizedDevice> devices;
-    for (const QJsonValue& value : list) {
+    for (const auto& value : list) {
         const QJsonObject record = value.toObject();
         if (!record[idKey].isString() || !record[nameKey].isString() || !record[priorityKey].isDouble())
             return {};

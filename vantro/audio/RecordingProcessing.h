@@ -7,6 +7,7 @@
 
 #include <memory>
 #include <optional>
+#include <utility>
 #include <vector>
 
 namespace vantro {
@@ -14,6 +15,13 @@ namespace vantro {
 /// How one dictation ended. With an error message the text is the raw transcript, or empty when there is none.
 struct DictationResult
 {
+    // With its members listed in braces GCC 12 destroys an aggregate twice in a coroutine (docs/development.md).
+    explicit DictationResult(QString text = {}, std::optional<QString> errorMessage = std::nullopt)
+        : text(std::move(text))
+        , errorMessage(std::move(errorMessage))
+    {
+    }
+
     QString text;
     std::optional<QString> errorMessage;
 };
@@ -29,7 +37,7 @@ public:
 };
 
 /// What the recorder needs of the rest of the program. Every recordingStarted() is followed by exactly one of
-/// DictationJob::run() and recordingDiscarded(). Main thread only.
+/// DictationJob::run(), which runAbandoned() may follow, and recordingDiscarded(). Main thread only.
 class RecordingProcessing
 {
 public:
@@ -39,6 +47,8 @@ public:
     virtual void recordingStarted() = 0;
     /// The recording was cancelled, failed or was too short: nothing will come of it, nor of a job prepared for it.
     virtual void recordingDiscarded() = 0;
+    /// Nobody waits any more for the job that runs: it may end as soon as it can.
+    virtual void runAbandoned() = 0;
     /// Fixes everything that counts at the moment of stopping.
     virtual std::unique_ptr<DictationJob> prepare(ProcessingMode mode) = 0;
 };

@@ -36,27 +36,36 @@ struct MemoryFile
 {
     QByteArray bytes;
     sf_count_t position = 0;
+};
 
-    static MemoryFile& of(void* user) { return *static_cast<MemoryFile*>(user); }
+MemoryFile& memoryFile(void* user)
+{
+    return *static_cast<MemoryFile*>(user);
+}
 
-    static constexpr SF_VIRTUAL_IO functions{
-        [](void* user) -> sf_count_t { return of(user).bytes.size(); },
-        [](sf_count_t offset, int whence, void* user) -> sf_count_t {
-            MemoryFile& file = of(user);
-            const sf_count_t base = whence == SEEK_SET ? 0 : whence == SEEK_CUR ? file.position : file.bytes.size();
-            file.position = std::clamp<sf_count_t>(base + offset, 0, file.bytes.size());
-            return file.position;
-        },
-        [](void* target, sf_count_t count, void* user) -> sf_count_t {
-            MemoryFile& file = of(user);
-            const sf_count_t taken = std::min<sf_count_t>(count, file.bytes.size() - file.position);
-            std::memcpy(target, file.bytes.constData() + file.position, static_cast<std::size_t>(taken));
-            file.position += taken;
-            return taken;
-        },
-        nullptr,
-        [](void* user) -> sf_count_t { return of(user).position; },
-    };
+sf_count_t seekInMemory(sf_count_t offset, int whence, void* user)
+{
+    MemoryFile& file = memoryFile(user);
+    const sf_count_t base = whence == SEEK_SET ? 0 : whence == SEEK_CUR ? file.position : file.bytes.size();
+    file.position = std::clamp<sf_count_t>(base + offset, 0, file.bytes.size());
+    return file.position;
+}
+
+sf_count_t readFromMemory(void* target, sf_count_t count, void* user)
+{
+    MemoryFile& file = memoryFile(user);
+    const sf_count_t taken = std::min<sf_count_t>(count, file.bytes.size() - file.position);
+    std::memcpy(target, file.bytes.constData() + file.position, static_cast<std::size_t>(taken));
+    file.position += taken;
+    return taken;
+}
+
+constexpr SF_VIRTUAL_IO memoryFileAccess{
+    .get_filelen = [](void* user) -> sf_count_t { return memoryFile(user).bytes.size(); },
+    .seek = seekInMemory,
+    .read = readFromMemory,
+    .write = nullptr,
+    .tell = [](void* user) -> sf_count_t { return memoryFile(user).position; },
 };
 
 /// Resamples a stream of mono blocks and gathers the result.
@@ -141,7 +150,7 @@ AudioFile AudioFile::read(const QString& path)
         SoundFile file;
         if (path == QLatin1String("-")) {
             memory.bytes = readStandardInput();
-            SF_VIRTUAL_IO functions = MemoryFile::functions;
+            SF_VIRTUAL_IO functions = memoryFileAccess;
             file.reset(sf_open_virtual(&functions, SFM_READ, &info, &memory));
         } else {
             file.reset(sf_open(QFile::encodeName(path).constData(), SFM_READ, &info));

@@ -35,9 +35,10 @@ void printStatus(const QByteArray& json, bool asJson)
         return;
     }
     const QJsonObject status = QJsonDocument::fromJson(json).object();
-    for (const char* key : {"state", "mode", "model", "shortcut", "version"}) {
+    for (const char* key : {"state", "mode", "model", "shortcut", "shortcut_failure", "version"}) {
         const QString name = QLatin1String(key);
-        terminal::writeLine(name + QLatin1Char('\t') + status.value(name).toString());
+        if (status.contains(name))
+            terminal::writeLine(name + QLatin1Char('\t') + status.value(name).toString());
     }
 }
 
@@ -50,7 +51,7 @@ int runControl(const QString& command, const QStringList& arguments)
         describe(command) +
         QStringLiteral(
             "\n\nExit status: 0 done, 1 refused, 2 wrong usage, 3 vantro is not running, 4 no session bus."));
-    parser.addHelpOption();
+    terminal::addHelpOption(parser);
     const bool isStatus = command == QLatin1String("status");
     if (isStatus)
         parser.addOption({QStringLiteral("json"), QStringLiteral("One JSON object.")});
@@ -60,7 +61,7 @@ int runControl(const QString& command, const QStringList& arguments)
         return ExitCode::usage;
     }
     if (parser.isSet(QStringLiteral("help"))) {
-        terminal::writeLine(parser.helpText().trimmed());
+        terminal::writeLine(terminal::helpText(parser, command));
         return ExitCode::done;
     }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCommandLineParser>
 #include <QString>
 
 namespace vantro::terminal {
@@ -14,5 +15,10 @@ void writeLine(const QString& line);
 void writeError(const QString& text);
 /// Replaces the current line of standard error when a person reads it; an empty text clears it. Otherwise nothing.
 void showProgress(const QString& text);
+
+/// Gives @p parser the option --help, without the ones for Qt's own options.
+void addHelpOption(QCommandLineParser& parser);
+/// What --help prints for @p command ("transcribe"), which the parser does not know by its name.
+QString helpText(const QCommandLineParser& parser, const QString& command);
 
 } // namespace vantro::terminal

@@ -14,7 +14,8 @@
 #include <QUrl>
 #include <qcoro/qcorotask.h>
 
-#include <algorithm>
+#include <exception>
+#include <utility>
 
 namespace vantro {
 
@@ -39,6 +40,26 @@ struct Transcript
     qint64 readMs = 0;
     qint64 transcribeMs = 0;
 };
+
+QCoro::Task<> settle(QCoro::Task<QString> task, QString& text, std::exception_ptr& error)
+{
+    try {
+        text = co_await task;
+    } catch (...) {
+        error = std::current_exception();
+    }
+}
+
+/// What the task answers or throws; QCoro's own waiting never ends when it throws.
+QString waitFor(QCoro::Task<QString> task)
+{
+    QString text;
+    std::exception_ptr error;
+    QCoro::waitFor(settle(std::move(task), text, error));
+    if (error)
+        std::rethrow_exception(error);
+    return text;
+}
 
 /// Everything a transcription without windows needs.
 class Session
@@ -100,8 +121,7 @@ Transcript Session::transcribe(const QString& file, const TranscriptionModel& mo
     const auto showProgress = [&file](float fraction) {
         terminal::showProgress(QStringLiteral("%1: %2 %").arg(file).arg(static_cast<int>(fraction * 100)));
     };
-    result.text =
-        QCoro::waitFor(facade_.transcribe(file, std::move(audio.samples), {&model, options.language, showProgress}));
+    result.text = waitFor(facade_.transcribe(file, std::move(audio.samples), {&model, options.language, showProgress}));
     terminal::showProgress({});
     result.transcribeMs = timer.elapsed();
     return result;
@@ -166,7 +186,7 @@ int runTranscribe(const QStringList& arguments)
         QStringLiteral("Writes the text of recordings (WAV, FLAC, OGG, MP3) to standard output.\n\n"
                        "Exit status: 0 done, 1 recognition failed, 2 wrong usage, 3 a recording could not be read, "
                        "4 the model is missing or cannot be loaded."));
-    parser.addHelpOption();
+    terminal::addHelpOption(parser);
     parser.addOption(
         {QStringLiteral("model"), QStringLiteral("Catalogue name or path of a model file."), QStringLiteral("NAME")});
     parser.addOption(
@@ -179,7 +199,7 @@ int runTranscribe(const QStringList& arguments)
         return ExitCode::usage;
     }
     if (parser.isSet(QStringLiteral("help"))) {
-        terminal::writeLine(parser.helpText().trimmed());
+        terminal::writeLine(terminal::helpText(parser, QStringLiteral("transcribe")));
         return ExitCode::done;
     }
     Options options;

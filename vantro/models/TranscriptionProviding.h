@@ -34,7 +34,7 @@ public:
     virtual QCoro::Task<QString> transcribe(TranscriptionRequest request) = 0;
     /// Ends a transcription that nobody waits for any more as soon as the engine can.
     virtual void cancel() = 0;
-    /// The dictation is over, delivered or not: what was held for it may go.
+    /// No dictation is under way any more, delivered or not: what was held for them may go.
     virtual void dictationEnded() = 0;
 };
 

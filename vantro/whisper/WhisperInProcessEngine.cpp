@@ -10,7 +10,9 @@
 #include <ggml-backend.h>
 #include <whisper.h>
 
+#include <algorithm>
 #include <cstdlib>
+#include <cstring>
 #include <utility>
 
 namespace vantro {
@@ -80,6 +82,50 @@ bool loadProcessorBackend()
     }
     return hasProcessorBackend();
 }
+
+/// Reads a model file for the library, whose own reader takes a file that ends inside its last tensor for whole.
+class ModelFile
+{
+public:
+    explicit ModelFile(const QString& path) : file_(path), isOpen_(file_.open(QIODevice::ReadOnly)) {}
+
+    /// Null when it cannot be read, is no model or is incomplete.
+    [[nodiscard]] whisper_context* load()
+    {
+        if (!isOpen_)
+            return nullptr;
+        whisper_model_loader loader{
+            this, [](void* self, void* output, std::size_t bytes) { return of(self).read(output, bytes); },
+            [](void* self) { return of(self).hasEnded_; },
+            [](void*) {
+            }};
+        whisper_context* context = whisper_init_with_params(&loader, whisper_context_default_params());
+        if (context != nullptr && isTruncated_)
+            whisper_free(std::exchange(context, nullptr));
+        return context;
+    }
+
+private:
+    static ModelFile& of(void* self) { return *static_cast<ModelFile*>(self); }
+
+    std::size_t read(void* output, std::size_t bytes)
+    {
+        const auto count = static_cast<std::size_t>(
+            std::max<qint64>(0, file_.read(static_cast<char*>(output), static_cast<qint64>(bytes))));
+        if (count < bytes) {
+            std::memset(static_cast<char*>(output) + count, 0, bytes - count);
+            hasEnded_ = true;
+            // The library learns of the end by asking in vain for one more tensor, beginning with one number.
+            isTruncated_ = isTruncated_ || count > 0 || bytes > sizeof(std::int32_t);
+        }
+        return count;
+    }
+
+    QFile file_;
+    bool isOpen_;
+    bool hasEnded_ = false;
+    bool isTruncated_ = false;
+};
 
 bool isSet(void* flag)
 {
@@ -171,8 +217,7 @@ void WhisperInProcessEngine::loadNow(const QString& modelPath)
         logger_.error(QStringLiteral("No ggml module for this processor was found beside the program"));
         throw WhisperInProcessError::modelLoadFailed(modelPath);
     }
-    const whisper_context_params parameters = whisper_context_default_params();
-    whisper_context* context = whisper_init_from_file_with_params(modelPath.toUtf8().constData(), parameters);
+    whisper_context* context = ModelFile(modelPath).load();
     if (context == nullptr)
         throw WhisperInProcessError::modelLoadFailed(modelPath);
     whisper_context* previous = resident_ ? resident_->context : nullptr;

@@ -9,8 +9,9 @@
 #include <vector>
 
 class QSocketNotifier;
-struct _XDisplay;
-union _XEvent;
+// The X library's own names.
+struct _XDisplay; // NOLINT(bugprone-reserved-identifier)
+union _XEvent;    // NOLINT(bugprone-reserved-identifier)
 
 namespace vantro {
 

@@ -10,7 +10,7 @@
 #include <set>
 #include <vector>
 
-union _XEvent;
+union _XEvent; // NOLINT(bugprone-reserved-identifier)
 
 namespace vantro {
 

@@ -17,7 +17,8 @@ namespace {
 
 constexpr unsigned modifierCount = 8;
 
-XkbDescPtr asDescription(const std::unique_ptr<void, auto>& pointer)
+template <typename Deleter>
+XkbDescPtr asDescription(const std::unique_ptr<void, Deleter>& pointer)
 {
     return static_cast<XkbDescPtr>(pointer.get());
 }

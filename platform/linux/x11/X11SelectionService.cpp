@@ -19,7 +19,7 @@ namespace {
 
 constexpr auto silenceLimit = 500ms;
 constexpr auto readLimit = 2000ms;
-constexpr std::size_t maxPropertyBytes = 1024 * 1024;
+constexpr std::size_t maxPropertyBytes = std::size_t{1024} * 1024;
 
 struct Freed
 {

@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <string>
 
 namespace vantro {
 
@@ -36,6 +37,8 @@ X11Workspace::X11Workspace(X11Connection& connection) : connection_(connection)
     activeWindowAtom_ = XInternAtom(connection_.display(), "_NET_ACTIVE_WINDOW", False);
     stateAtom_ = XInternAtom(connection_.display(), "WM_STATE", False);
     supportedAtom_ = XInternAtom(connection_.display(), "_NET_SUPPORTED", False);
+    const std::string compositor = "_NET_WM_CM_S" + std::to_string(DefaultScreen(connection_.display()));
+    compositorAtom_ = XInternAtom(connection_.display(), compositor.c_str(), False);
     connection_.selectRootEvents(PropertyChangeMask);
     connection_.addListener(this, [this](XEvent& event) {
         if (event.type == PropertyNotify && event.xproperty.window == connection_.rootWindow() &&
@@ -192,6 +195,11 @@ std::optional<unsigned long> X11Workspace::parentOf(unsigned long window) const
         return std::nullopt;
     const std::unique_ptr<Window, XFreeDeleter> owner(children);
     return parent != None ? std::optional(parent) : std::nullopt;
+}
+
+bool X11Workspace::isCompositing() const
+{
+    return connection_.isOpen() && XGetSelectionOwner(connection_.display(), compositorAtom_) != None;
 }
 
 } // namespace vantro

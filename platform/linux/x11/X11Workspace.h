@@ -24,6 +24,7 @@ public:
     void activateWindow(WindowID window) override;
     [[nodiscard]] QStringList windowClass(WindowID window) const override;
     void openUrl(const QString& url) override;
+    [[nodiscard]] bool isCompositing() const override;
 
 private:
     enum class TopLevel { Managed, Any };
@@ -39,6 +40,7 @@ private:
     unsigned long activeWindowAtom_ = 0;
     unsigned long stateAtom_ = 0;
     unsigned long supportedAtom_ = 0;
+    unsigned long compositorAtom_ = 0;
 };
 
 } // namespace vantro

@@ -15,7 +15,7 @@ AlertWindow::AlertWindow(QQmlEngine& engine, const QString& title, const QString
     keepModule(qml_register_types_Vantro_Alert);
     setFlags(Qt::Dialog | Qt::WindowStaysOnTopHint | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
              Qt::WindowCloseButtonHint);
-    setModality(Qt::ApplicationModal);
+    // Not modal: the launcher of the next dictation gets the keyboard although an alert is still open.
     setTitle(title);
     setInitialProperties({{QStringLiteral("title"), title}, {QStringLiteral("text"), text}});
     setSource(QUrl(QStringLiteral("qrc:/qt/qml/Vantro/Alert/Alert.qml")));

@@ -14,10 +14,12 @@ class PasteHUDModel : public QObject
     QML_UNCREATABLE("made with its window")
     Q_PROPERTY(QSizeF startSize MEMBER startSize NOTIFY changed)
     Q_PROPERTY(bool isSettled MEMBER isSettled NOTIFY changed)
+    Q_PROPERTY(bool isAnimated MEMBER isAnimated NOTIFY changed)
     Q_PROPERTY(QString shortcut MEMBER shortcut NOTIFY changed)
 public:
     QSizeF startSize;
     bool isSettled = false;
+    bool isAnimated = true;
     QString shortcut;
 
 Q_SIGNALS:

@@ -1,6 +1,7 @@
 #include "vantro/ui/hud/PasteHUDWindow.h"
 
 #include "platform/Wording.h"
+#include "vantro/ui/style/PanelShape.h"
 #include "vantro/ui/style/UiEngine.h"
 
 #include <QGuiApplication>
@@ -17,6 +18,7 @@ namespace {
 
 constexpr QSize restingSize(260, 130);
 constexpr int outset = 40;
+constexpr int cornerRadius = 9;
 constexpr auto animationTime = 320ms;
 constexpr auto visibleTime = 1500ms;
 constexpr QRect frameWithoutScreen(0, 0, 1440, 900);
@@ -31,13 +33,15 @@ QRect centredOnMainScreen()
 
 } // namespace
 
-PasteHUDWindow::PasteHUDWindow(QQmlEngine& engine, Clock& clock) : QQuickView(&engine, nullptr), clock_(clock)
+PasteHUDWindow::PasteHUDWindow(QQmlEngine& engine, const Workspace& workspace, Clock& clock)
+    : QQuickView(&engine, nullptr)
+    , workspace_(workspace)
+    , clock_(clock)
 {
     keepModule(qml_register_types_Vantro_Hud);
     setFlags(Qt::ToolTip | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint | Qt::WindowTransparentForInput |
              Qt::WindowDoesNotAcceptFocus);
     setTitle(QStringLiteral("paste-hud"));
-    setColor(Qt::transparent);
     setResizeMode(SizeRootObjectToView);
     model_.shortcut = wording::pasteShortcut();
     setInitialProperties({{QStringLiteral("model"), QVariant::fromValue(&model_)}});
@@ -48,8 +52,15 @@ void PasteHUDWindow::showHUD(std::optional<QRect> anchor)
 {
     dismissWorkItem_ = std::make_unique<QObject>();
     const QRect content = anchor.value_or(centredOnMainScreen());
-    setGeometry(content.adjusted(-outset, -outset, outset, outset));
-    model_.startSize = content.size();
+    // Growing and fading needs a window that is larger than what it shows, and so a compositor.
+    model_.isAnimated = workspace_.isCompositing();
+    QRect frame(QPoint(), restingSize);
+    frame.moveCenter(content.center());
+    if (model_.isAnimated)
+        frame = content.adjusted(-outset, -outset, outset, outset);
+    setGeometry(frame);
+    roundCorners(*this, cornerRadius, model_.isAnimated);
+    model_.startSize = model_.isAnimated ? content.size() : restingSize;
     model_.isSettled = false;
     Q_EMIT model_.changed();
     show();

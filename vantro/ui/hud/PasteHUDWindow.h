@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/Clock.h"
+#include "platform/Workspace.h"
 #include "vantro/ui/hud/PasteHUDModel.h"
 
 #include <QQuickView>
@@ -15,7 +16,7 @@ class PasteHUDWindow final : public QQuickView
 {
     Q_OBJECT
 public:
-    PasteHUDWindow(QQmlEngine& engine, Clock& clock);
+    PasteHUDWindow(QQmlEngine& engine, const Workspace& workspace, Clock& clock);
 
     /// @p anchor: the launcher's frame, in screen coordinates; the middle of the main screen when there is none.
     void showHUD(std::optional<QRect> anchor);
@@ -23,6 +24,7 @@ public:
 private:
     void dismiss();
 
+    const Workspace& workspace_;
     Clock& clock_;
     PasteHUDModel model_;
     std::unique_ptr<QObject> dismissWorkItem_; ///< its destruction cancels what is scheduled

@@ -21,9 +21,18 @@ Item {
         border.width: Theme.hairline
         border.color: Theme.outline
 
-        Behavior on width { NumberAnimation { duration: Theme.hudMs; easing.type: Easing.OutQuad } }
-        Behavior on height { NumberAnimation { duration: Theme.hudMs; easing.type: Easing.OutQuad } }
-        Behavior on opacity { NumberAnimation { duration: Theme.hudMs; easing.type: Easing.OutQuad } }
+        Behavior on width {
+            enabled: hud.model.isAnimated
+            NumberAnimation { duration: Theme.hudMs; easing.type: Easing.OutQuad }
+        }
+        Behavior on height {
+            enabled: hud.model.isAnimated
+            NumberAnimation { duration: Theme.hudMs; easing.type: Easing.OutQuad }
+        }
+        Behavior on opacity {
+            enabled: hud.model.isAnimated
+            NumberAnimation { duration: Theme.hudMs; easing.type: Easing.OutQuad }
+        }
 
         Column {
             anchors.centerIn: parent

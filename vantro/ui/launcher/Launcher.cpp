@@ -1,6 +1,7 @@
 #include "vantro/ui/launcher/Launcher.h"
 
 #include "vantro/audio/AudioRecorder.h"
+#include "vantro/ui/style/PanelShape.h"
 #include "vantro/ui/style/UiEngine.h"
 
 #include <QCloseEvent>
@@ -16,6 +17,7 @@ namespace vantro {
 namespace {
 
 constexpr QSize panelSize(500, 200);
+constexpr int cornerRadius = 14;
 
 } // namespace
 
@@ -34,6 +36,7 @@ Launcher::Launcher(const Context& context)
     setInitialProperties({{QStringLiteral("model"), QVariant::fromValue(&model_)}});
     setSource(QUrl(QStringLiteral("qrc:/qt/qml/Vantro/Launcher/Launcher.qml")));
     placeOnScreen();
+    roundCorners(*this, cornerRadius, workspace_.isCompositing());
 
     // The press acts when Space is released, so that the release does not end up in the window the text goes to.
     inFocusActionObserver_ = shortcuts_.onKeyUp(KeyboardShortcuts::Name::stopRecordingAndCloseModal, *this,

@@ -9,6 +9,7 @@ Rectangle {
     required property LauncherModel model
 
     color: Theme.surfaceRaised
+    radius: Theme.radiusLarge
     border.width: Theme.hairline
     border.color: Theme.outline
 

@@ -3,6 +3,9 @@
 #include <QEvent>
 #include <QGuiApplication>
 #include <QPalette>
+#include <QQmlComponent>
+
+#include <memory>
 
 void qml_register_types_Vantro_Style();
 
@@ -16,12 +19,25 @@ bool desktopIsDark()
     return palette.color(QPalette::WindowText).lightness() > palette.color(QPalette::Window).lightness();
 }
 
+/// The engine knows a QML singleton by its name only after some QML has imported the module.
+QObject* makeTheme(QQmlEngine& engine)
+{
+    QQmlComponent component(&engine);
+    component.setData("import QtQml\nimport Vantro.Style\nQtObject { readonly property QtObject theme: Theme }",
+                      QUrl());
+    const std::unique_ptr<QObject> holder(component.create());
+    if (!holder)
+        qFatal("The look of the windows cannot be loaded: %s", qUtf8Printable(component.errorString()));
+    return holder->property("theme").value<QObject*>();
+}
+
 } // namespace
 
 UiEngine::UiEngine(const UserDefaults& defaults) : defaults_(defaults)
 {
     engine_.addImportPath(QStringLiteral("qrc:/qt/qml"));
     keepModule(qml_register_types_Vantro_Style);
+    theme_ = makeTheme(engine_);
     applyTheme();
     qGuiApp->installEventFilter(this);
 }
@@ -37,9 +53,7 @@ void UiEngine::applyTheme()
 {
     const QString appearance = defaults_.string(QStringLiteral("appearance")).value_or(QString());
     const bool dark = appearance == QLatin1String("dark") || (appearance != QLatin1String("light") && desktopIsDark());
-    const int id = qmlTypeId("Vantro.Style", 1, 0, "Theme");
-    if (auto* theme = engine_.singletonInstance<QObject*>(id))
-        theme->setProperty("dark", dark);
+    theme_->setProperty("dark", dark);
 }
 
 } // namespace vantro

@@ -30,6 +30,7 @@ public:
 private:
     const UserDefaults& defaults_;
     QQmlEngine engine_;
+    QObject* theme_ = nullptr; ///< the engine's
 };
 
 } // namespace vantro

@@ -15,7 +15,6 @@
 
 using namespace vantro;
 using ::testing::ElementsAre;
-using ::testing::UnorderedElementsAre;
 using vantro::testing::PulseServer;
 
 namespace {
@@ -208,12 +207,12 @@ TEST_F(PulseDevices, ASelectedDeviceIsEchoedExactlyOnceAndOthersAreRefused)
     });
     engine.start();
     EXPECT_EQ(changes, 0) << "the echo comes once the engine runs";
-    EXPECT_TRUE(QTest::qWaitFor([&] { return frames >= 20 * 1024; }, patienceMs));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return frames >= 20U * 1024; }, patienceMs));
     EXPECT_EQ(changes, 1);
     server.setDefaultMicrophone(beta);
     server.setDefaultMicrophone(alpha);
     const std::size_t heard = frames;
-    EXPECT_TRUE(QTest::qWaitFor([&] { return frames >= heard + 20 * 1024; }, patienceMs));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return frames >= heard + 20U * 1024; }, patienceMs));
     EXPECT_EQ(changes, 1) << "an engine with a device of its own does not follow the default";
     engine.removeTap();
     engine.stop();

@@ -6,6 +6,7 @@
 #include <QStandardPaths>
 
 #include <csignal>
+#include <span>
 #include <stdexcept>
 
 using namespace std::chrono_literals;
@@ -127,7 +128,8 @@ std::unique_ptr<ChildProcess> PulseServer::play(const std::vector<float>& sample
     QFile file(folder_.filePath(QStringLiteral("sound%1.raw").arg(++playCount_)));
     if (!file.open(QFile::WriteOnly))
         throw std::runtime_error("no file for the sound to play");
-    file.write(reinterpret_cast<const char*>(samples.data()), static_cast<qint64>(samples.size() * sizeof(float)));
+    const auto bytes = std::as_bytes(std::span(samples));
+    file.write(reinterpret_cast<const char*>(bytes.data()), std::ssize(bytes));
     file.close();
     return std::make_unique<ChildProcess>(
         QStringList{QStringLiteral("paplay"), QStringLiteral("--raw"), QStringLiteral("--format=float32le"),

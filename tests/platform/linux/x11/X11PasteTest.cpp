@@ -10,9 +10,7 @@
 
 using namespace vantro;
 using namespace vantro::desktop;
-using ::testing::Contains;
 using ::testing::IsEmpty;
-using ::testing::Not;
 
 namespace {
 
