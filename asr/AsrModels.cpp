@@ -24,9 +24,13 @@ std::shared_ptr<const AsrModels> AsrModels::load(const std::filesystem::path& fi
     }
 }
 
-bool isParakeetModel(const std::filesystem::path& file)
+std::optional<AsrModelVersion> parakeetVersionOf(const std::filesystem::path& file)
 {
-    return ModelFile::hasPlausibleHeader(file);
+    constexpr std::int32_t multilingualVocabulary = 8'192;
+    const auto parameters = ModelFile::headerOf(file);
+    if (!parameters)
+        return std::nullopt;
+    return parameters->vocabularySize >= multilingualVocabulary ? AsrModelVersion::v3 : AsrModelVersion::v2;
 }
 
 } // namespace vantro::asr

@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -43,7 +44,8 @@ struct AsrModels
     std::vector<std::string> vocabulary; ///< text piece by token id; U+2581 marks the start of a word
 };
 
-/// Whether @p file begins like a Parakeet model. Reads the header only; false when it cannot be read.
-bool isParakeetModel(const std::filesystem::path& file);
+/// Which published model @p file has the vocabulary of, by its header alone; nothing when it is no Parakeet model or
+/// cannot be read.
+std::optional<AsrModelVersion> parakeetVersionOf(const std::filesystem::path& file);
 
 } // namespace vantro::asr

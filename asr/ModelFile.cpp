@@ -43,15 +43,15 @@ ModelFile::ModelFile(const std::filesystem::path& path)
     checkLayout();
 }
 
-bool ModelFile::hasPlausibleHeader(const std::filesystem::path& path)
+std::optional<Hyperparameters> ModelFile::headerOf(const std::filesystem::path& path)
 {
     try {
         ModelFile file;
         file.open(path);
         file.readHeader();
-        return true;
+        return file.parameters_;
     } catch (const ASRError&) {
-        return false;
+        return std::nullopt;
     }
 }
 

@@ -9,6 +9,7 @@
 #include <filesystem>
 #include <fstream>
 #include <map>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -33,8 +34,8 @@ public:
 
     explicit ModelFile(const std::filesystem::path& path);
 
-    /// Whether the file begins like one of these containers. False when it cannot be read.
-    static bool hasPlausibleHeader(const std::filesystem::path& path);
+    /// The header of a file that begins like one of these containers; nothing when it is another or cannot be read.
+    static std::optional<Hyperparameters> headerOf(const std::filesystem::path& path);
 
     [[nodiscard]] const Hyperparameters& hyperparameters() const { return parameters_; }
     [[nodiscard]] const std::vector<float>& filterBank() const { return filterBank_; } ///< [mel band][frequency bin]

@@ -205,7 +205,7 @@ protected:
                           }};
     SlowProvider provider;
     MemoryStore store;
-    TranscriptionFacade facade{models, provider};
+    TranscriptionFacade facade{models, provider, provider};
     DictationPipeline pipeline{facade, handlers(store)};
     AudioDeviceManager devices{hardware, defaults};
     AudioRecorder recorder{engines.factory(), devices, permissions, notifications, clock, pipeline};

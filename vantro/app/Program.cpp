@@ -9,6 +9,7 @@
 #include "vantro/app/DictationPipeline.h"
 #include "vantro/audio/AudioDeviceManager.h"
 #include "vantro/cli/ExitCode.h"
+#include "vantro/fluid/FluidTranscriptionProvider.h"
 #include "vantro/store/HistoryFile.h"
 #include "vantro/ui/alert/AlertWindow.h"
 #include "vantro/ui/hud/PasteHUDWindow.h"
@@ -40,6 +41,7 @@ public:
     void launch();
 
 private:
+    [[nodiscard]] bool isReady(const TranscriptionModel& model);
     void settleShortcut(const QString& wanted);
     void useShortcut(const QString& text);
     void handOver(const QStringList& arguments);
@@ -62,11 +64,14 @@ private:
     ModelCatalogue catalogue_;
     ModelStore modelStore_ = ModelStore::standard();
     ModelSelection models_{catalogue_, defaults_, [this](const auto& model) {
-                               return modelStore_.isReady(model);
+                               return isReady(model);
                            }};
     WhisperInProcessEngine whisperEngine_;
     WhisperTranscriptionProvider whisper_{whisperEngine_, modelStore_, defaults_};
-    TranscriptionFacade facade_{models_, whisper_};
+    FluidAsrEngine fluidEngine_{processorModuleFolders()};
+    FluidModelFiles fluidFiles_{{modelStore_.userFolder()}};
+    FluidTranscriptionProvider fluid_{fluidEngine_, fluidFiles_, defaults_};
+    TranscriptionFacade facade_{models_, whisper_, fluid_};
 
     HistoryFile store_{HistoryFile::standardPath(), clock_};
     DictationPipeline pipeline_{facade_, handlers(store_)};
@@ -84,7 +89,7 @@ Program::Program(const ProgramOptions& options)
     , platform_(makeLinuxPlatform())
     , delivery_(*platform_.pasteboard, *platform_.keyEvents, *platform_.workspace, defaults_, clock_)
     , delegate_({defaults_, notifications_, clock_, *platform_.permissions, *platform_.sounds, recorder_, shortcuts_,
-                 delivery_, models_, [this](const auto& model) { return modelStore_.isReady(model); }, surfaces()})
+                 delivery_, models_, [this](const auto& model) { return isReady(model); }, surfaces()})
     , control_(
           delegate_, recorder_, [this] { return statusDetails(); },
           [this](const QStringList& arguments) { handOver(arguments); })
@@ -120,6 +125,11 @@ void Program::launch()
 {
     settleShortcut(options_.shortcut);
     delegate_.applicationDidFinishLaunching();
+}
+
+bool Program::isReady(const TranscriptionModel& model)
+{
+    return model.engine == TranscriptionEngine::fluid ? !fluidFiles_.find(model).isEmpty() : modelStore_.isReady(model);
 }
 
 void Program::settleShortcut(const QString& wanted)
