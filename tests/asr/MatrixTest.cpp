@@ -2,7 +2,6 @@
 #include "asr/kernels/Matrix.h"
 
 #include <ggml.h>
-
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -52,9 +51,13 @@ protected:
 
 TEST_P(Matrices, GiveWhatPlainArithmeticGivesForEveryShape)
 {
-    for (const auto& [inputs, outputs, columns] :
-         {std::tuple<std::size_t, std::size_t, std::size_t>{32, 1, 1}, {64, 32, 5}, {128, 198, 13}, {640, 1'030, 1},
-          {96, 33, 6}, {1'024, 64, 25}, {256, 31, 12}}) {
+    for (const auto& [inputs, outputs, columns] : {std::tuple<std::size_t, std::size_t, std::size_t>{32, 1, 1},
+                                                   {64, 32, 5},
+                                                   {128, 198, 13},
+                                                   {640, 1'030, 1},
+                                                   {96, 33, 6},
+                                                   {1'024, 64, 25},
+                                                   {256, 31, 12}}) {
         const std::vector<float> weights = random(inputs * outputs);
         const std::vector<float> values = random(inputs * columns);
         const std::vector<float> bias = random(outputs);

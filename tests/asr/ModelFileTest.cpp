@@ -1,15 +1,15 @@
 // Model files that are damaged, foreign or made to do harm; and the shapes of the published models.
 #include "asr/ModelFile.h"
+
 #include "asr/testing/ModelWriter.h"
 #include "tests/asr/AsrTestSupport.h"
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <cstring>
 #include <fstream>
 #include <random>
-
-#include <unistd.h>
 
 using namespace vantro::asr;
 using namespace vantro::asr::testing;
@@ -76,8 +76,8 @@ TEST_F(ModelFiles, HeadersThatPromiseTooMuchAreRefusedBeforeAnythingIsAllocated)
     const std::string whole = smallModel();
     constexpr std::size_t headerIntegers = 16;
     for (std::size_t i = 0; i < headerIntegers; ++i) {
-        for (const std::int32_t value : {-1, 0, std::numeric_limits<std::int32_t>::max(),
-                                         std::numeric_limits<std::int32_t>::min()}) {
+        for (const std::int32_t value :
+             {-1, 0, std::numeric_limits<std::int32_t>::max(), std::numeric_limits<std::int32_t>::min()}) {
             const bool mayBeAnything = i == 7 || i == 2; // file type; audio context, of which only the range matters
             const auto outcome = load(withInteger(whole, i * sizeof value, value));
             EXPECT_TRUE(mayBeAnything || outcome == ASRError::Kind::modelLoadFailed)
@@ -142,8 +142,7 @@ TEST_F(ModelFiles, ThePublishedShapesRunInEveryPrecision)
 {
     const std::vector<float> samples = recording("sentence-02.flac");
     for (const std::int32_t vocabulary : {1'024, 8'192}) {
-        for (const ggml_type type :
-             {GGML_TYPE_F16, GGML_TYPE_Q8_0, GGML_TYPE_Q5_0, GGML_TYPE_Q4_1}) {
+        for (const ggml_type type : {GGML_TYPE_F16, GGML_TYPE_Q8_0, GGML_TYPE_Q5_0, GGML_TYPE_Q4_1}) {
             Hyperparameters shape = publishedShape(vocabulary);
             shape.layerCount = 1; // the other 23 have the same shapes
             writeRandomModel(path, shape, type);

@@ -137,7 +137,9 @@ TEST(Recognising, StopsInTheMiddleAndIsReadyForTheNextRecording)
 {
     Recogniser recogniser(loadMicro());
     AsrManager::Options options;
-    options.onProgress = [&](float) { recogniser.manager.stop(); };
+    options.onProgress = [&](float) {
+        recogniser.manager.stop();
+    };
     const std::vector<float> minutes(windowSamples * 20, 0.01F);
     EXPECT_EQ(errorOf([&] { recogniser.text(minutes, options); }), ASRError::Kind::processingFailed);
     EXPECT_EQ(recogniser.text(recording("sentence-02.flac")), "Good morning, Peter.");
@@ -151,9 +153,7 @@ TEST(Recognising, OneModelServesSeveralManagersAtOnce)
     {
         std::vector<std::jthread> threads;
         for (std::string& text : texts)
-            threads.emplace_back([&] {
-                text = Recogniser(models).text(samples);
-            });
+            threads.emplace_back([&] { text = Recogniser(models).text(samples); });
     }
     for (const std::string& text : texts)
         EXPECT_EQ(text, "The invoice is very cheap and the lesson is late.");
@@ -162,7 +162,9 @@ TEST(Recognising, OneModelServesSeveralManagersAtOnce)
 TEST(Recognising, ALanguageHintLeavesOutOtherScriptsWithVersionThreeOnly)
 {
     std::string logged;
-    const auto log = [&](const std::string& line) { logged += line + "\n"; };
+    const auto log = [&](const std::string& line) {
+        logged += line + "\n";
+    };
     AsrManager::Options options;
     options.language = languageFromCode("ru");
     Recogniser multilingual(loadMicro("parakeet-micro-tdt.bin", AsrModelVersion::v3), log);
@@ -176,8 +178,9 @@ TEST(Recognising, ALanguageHintLeavesOutOtherScriptsWithVersionThreeOnly)
     options.language = languageFromCode("ru");
     Recogniser english(loadMicro(), log);
     EXPECT_EQ(english.text(recording("sentence-01.flac"), options), "Can you show me the plan?");
-    EXPECT_NE(logged.find("Ignoring `language` hint: script filtering requires the v3 joint decoder; loaded model is v2"),
-              std::string::npos);
+    EXPECT_NE(
+        logged.find("Ignoring `language` hint: script filtering requires the v3 joint decoder; loaded model is v2"),
+        std::string::npos);
 
     const std::vector<std::string> vocabulary = {"\u2581Haus", "\u2581дом", "\u2581σπίτι", "\u2581é", "7", "."};
     const TokenFilter latin(vocabulary, Script::latin);

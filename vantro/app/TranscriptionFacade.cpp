@@ -34,8 +34,10 @@ TranscriptionFacade::EngineUse TranscriptionFacade::prepare()
 {
     EngineUse use = use_.lock();
     if (!use) {
-        use = EngineUse(this, [this](void*) { whisper_.dictationEnded();
-    fluid_.dictationEnded(); });
+        use = EngineUse(this, [this](void*) {
+            whisper_.dictationEnded();
+            fluid_.dictationEnded();
+        });
         use_ = use;
     }
     const TranscriptionModel& model = selection_.selectedModel();
@@ -51,8 +53,9 @@ QCoro::Task<QString> TranscriptionFacade::transcribe(QString recordingID, std::v
     const bool isWhisper = model.engine == TranscriptionEngine::whisper;
     logger_.info(QStringLiteral("Transcribing with %1 (%2)")
                      .arg(isWhisper ? QStringLiteral("whisper.cpp") : QStringLiteral("Fluid"), model.name));
-    TranscriptionRequest request{std::move(recordingID), std::move(samples), model, std::move(options.language),
-                                 std::move(options.onProgress), std::move(options.onTokens)};
+    TranscriptionRequest request{
+        std::move(recordingID),        std::move(samples),         model, std::move(options.language),
+        std::move(options.onProgress), std::move(options.onTokens)};
     co_return co_await provider(model).transcribe(std::move(request));
 }
 

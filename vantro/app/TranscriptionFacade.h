@@ -16,9 +16,9 @@ class TranscriptionFacade
 public:
     struct Options
     {
-        const TranscriptionModel* model = nullptr; ///< the user's selection when null
-        std::optional<QString> language;           ///< the user's setting when absent
-        std::function<void(float)> onProgress;     ///< 0..1, on the engine's thread
+        const TranscriptionModel* model = nullptr;                               ///< the user's selection when null
+        std::optional<QString> language;                                         ///< the user's setting when absent
+        std::function<void(float)> onProgress;                                   ///< 0..1, on the engine's thread
         std::function<void(const std::vector<TranscribedToken>&)> onTokens = {}; ///< main thread
     };
 

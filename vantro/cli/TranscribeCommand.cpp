@@ -118,8 +118,8 @@ TranscriptionModel Session::model(const QString& nameOrPath)
                         .arg(nameOrPath, names.join(QStringLiteral(", "))));
     }
     if (!isReady(*entry)) {
-        const QString file = entry->fluidModel ? entry->fluidModel->repository + QStringLiteral("-q8_0.bin")
-                                               : entry->fileName();
+        const QString file =
+            entry->fluidModel ? entry->fluidModel->repository + QStringLiteral("-q8_0.bin") : entry->fileName();
         throw Error(QStringLiteral("The model \"%1\" is not downloaded: put %2 into %3")
                         .arg(entry->name, file, store_.userFolder()));
     }

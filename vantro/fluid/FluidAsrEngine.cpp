@@ -47,11 +47,11 @@ QFuture<FluidAsrEngine::Manager> FluidAsrEngine::startLoad(const FluidModelSourc
 {
     logger_.info(QStringLiteral("Loading Fluid model %1 (first use downloads ~0.6 GB)").arg(model.id));
     return loader_.run([this, model] {
-        auto models =
-            asr::AsrModels::load(QFile::encodeName(model.file).toStdString(), model.version, moduleFolders_);
-        auto manager = std::make_shared<asr::AsrManager>(asr::ASRConfig(), [logger = &logger_](const std::string& line) {
-            logger->info(QString::fromStdString(line));
-        });
+        auto models = asr::AsrModels::load(QFile::encodeName(model.file).toStdString(), model.version, moduleFolders_);
+        auto manager =
+            std::make_shared<asr::AsrManager>(asr::ASRConfig(), [logger = &logger_](const std::string& line) {
+                logger->info(QString::fromStdString(line));
+            });
         manager->initialize(std::move(models));
         return manager;
     });
@@ -101,23 +101,36 @@ QCoro::Task<asr::ASRResult> FluidAsrEngine::transcribe(Request request)
     timer.start();
     const QString label = request.label;
     const std::size_t sampleCount = request.samples.size();
-    asr::ASRResult result = co_await executor_.run([manager, work = std::move(request)] {
+    const QFuture<asr::ASRResult> running = start(manager, std::move(request));
+    asr::ASRResult result = co_await running;
+    report(label, sampleCount, result);
+    logger_.info(QStringLiteral("Transcription finished in %1 s (%2, vocabulary off)")
+                     .arg(static_cast<double>(timer.elapsed()) / 1'000, 0, 'f', 3)
+                     .arg(label));
+    co_return result;
+}
+
+// Not inside the coroutine: GCC 12 destroys a lambda's captures twice when it is a temporary of a co_await expression.
+QFuture<asr::ASRResult> FluidAsrEngine::start(Manager manager, Request request)
+{
+    return executor_.run([manager = std::move(manager), work = std::move(request)] {
         asr::TdtDecoderState state;
         asr::AsrManager::Options options;
         options.language = work.language;
         options.onProgress = work.onProgress;
         return manager->transcribe(work.samples, state, options);
     });
+}
+
+void FluidAsrEngine::report(const QString& label, std::size_t sampleCount, const asr::ASRResult& result) const
+{
     const bool hasText = !QString::fromStdString(result.text).trimmed().isEmpty();
     const TailCoverage coverage = TailCoverage::of(sampleCount, result);
+    const QString message = coverage.message(label, hasText);
     if (coverage.isSuspicious() && hasText)
-        logger_.error(coverage.message(label, hasText));
+        logger_.error(message);
     else
-        logger_.info(coverage.message(label, hasText));
-    logger_.info(QStringLiteral("Transcription finished in %1 s (%2, vocabulary off)")
-                     .arg(static_cast<double>(timer.elapsed()) / 1'000, 0, 'f', 3)
-                     .arg(label));
-    co_return result;
+        logger_.info(message);
 }
 
 void FluidAsrEngine::unload()

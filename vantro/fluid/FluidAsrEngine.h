@@ -61,6 +61,8 @@ public:
 
 private:
     [[nodiscard]] QFuture<Manager> startLoad(const FluidModelSource& model);
+    [[nodiscard]] QFuture<asr::ASRResult> start(Manager manager, Request request);
+    void report(const QString& label, std::size_t sampleCount, const asr::ASRResult& result) const;
 
     Logger logger_{"FluidAsrEngine"};
     std::vector<std::filesystem::path> moduleFolders_;
