@@ -70,9 +70,10 @@ class ModelsTest(DictationCase):
         self.assertGreaterEqual(int(second[1].removeprefix("bytes=").removesuffix("-")), FORTY_PERCENT - READ_AHEAD)
         self.assertIsNotNone(second[2], "the rest is asked for on condition that the file is the same")
 
-    def check_adopted_and_dictate(self):
-        self.assertEqual(sha1(self.file), SHA1)
+    def check_adopted_and_dictate(self, on_start=lambda: None):
         self.vantro.start()
+        on_start()
+        self.assertEqual(sha1(self.file), SHA1)
         self.wait(lambda: f"Model {MODEL} is downloaded" in self.vantro.log(), 20, "the model's check")
         self.assertIn(f"Adopted cached model as selection: {MODEL}", self.vantro.log())
         self.assertEqual(self.vantro.status()["model"], MODEL)
@@ -123,6 +124,14 @@ class ModelsTest(DictationCase):
         self.assertEqual(sha1(self.file), SHA1)
         self.check_that_only_the_rest_was_fetched()
         self.dictate_once()
+
+    def test_a_file_of_the_librarys_own_script_is_taken_over_and_adopted(self):
+        legacy = self.desktop.home / "whisper.cpp/models" / FILE
+        legacy.parent.mkdir(parents=True, exist_ok=True)
+        shutil.copy(self.server.folder / FILE, legacy)
+        self.check_adopted_and_dictate(on_start=lambda: self.wait(self.file.exists, 20, "the file to be moved"))
+        self.assertIn(f"Migrated legacy model file {FILE}", self.vantro.log())
+        self.assertFalse(legacy.exists())
 
     def test_the_window_says_what_is_wrong_and_tries_again_on_return(self):
         self.assertEqual(self.vantro.run("models", "select", MODEL).returncode, 0)

@@ -22,6 +22,7 @@ import ssl
 import subprocess
 import sys
 import threading
+import time
 from dataclasses import dataclass, field
 from http.server import BaseHTTPRequestHandler, ThreadingHTTPServer
 from pathlib import Path
@@ -45,6 +46,7 @@ class Fault:
     no_validators: bool = False    # neither ETag nor Last-Modified
     wrong_range: bool = False      # another range than was asked for
     pause_at: int | None = None    # waits there until `resume` is set
+    bytes_per_s: int = 0           # no quicker than that
     once: bool = False             # only the first answer
     served: int = field(default=0, compare=False)
 
@@ -112,7 +114,7 @@ class _Handler(BaseHTTPRequestHandler):
         stops = [at for at in (fault.cut_after, fault.stall_after, fault.pause_at) if at is not None]
         at = start
         with file.open("rb") as source:
-            if not stops and fault.flip_byte is None:
+            if not stops and fault.flip_byte is None and not fault.bytes_per_s:
                 self.wfile.flush()
                 if isinstance(self.connection, ssl.SSLSocket):
                     source.seek(start)
@@ -129,6 +131,8 @@ class _Handler(BaseHTTPRequestHandler):
                     chunk[fault.flip_byte - at] ^= 0xFF
                 self.wfile.write(chunk)
                 at += len(chunk)
+                if fault.bytes_per_s:
+                    time.sleep(len(chunk) / fault.bytes_per_s)
                 if at == fault.cut_after:
                     self.wfile.flush()
                     self.connection.shutdown(socket.SHUT_RDWR)

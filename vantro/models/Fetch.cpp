@@ -20,13 +20,12 @@ constexpr qint64 turnBytes = 8 * chunkBytes;
 constexpr int mostRedirects = 10;
 constexpr int stallChecks = 4;
 
-/// The system's certificates, and those of a company's own authority.
-QSslConfiguration trustedCertificates()
+/// Besides the system's certificates those of a company's own authority.
+void trustAlso(QNetworkRequest& request, const QString& certificateFile)
 {
     QSslConfiguration configuration = QSslConfiguration::defaultConfiguration();
-    if (const QString file = qEnvironmentVariable("SSL_CERT_FILE"); !file.isEmpty())
-        configuration.addCaCertificates(file);
-    return configuration;
+    configuration.addCaCertificates(certificateFile);
+    request.setSslConfiguration(configuration);
 }
 
 } // namespace
@@ -73,7 +72,10 @@ QNetworkRequest Fetch::networkRequest() const
     request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::NoLessSafeRedirectPolicy);
     request.setMaximumRedirectsAllowed(mostRedirects);
     request.setAttribute(QNetworkRequest::Http2AllowedAttribute, false); // one long stream gains nothing from it
-    request.setSslConfiguration(trustedCertificates());
+    // Reading the system's certificates takes longer than many a request; left alone they are read when they are
+    // needed.
+    if (const QString file = qEnvironmentVariable("SSL_CERT_FILE"); !file.isEmpty())
+        trustAlso(request, file);
     if (const qint64 have = part_.bytes(); have > 0 && !request_.url.isLocalFile()) {
         request.setRawHeader("Range", QByteArray("bytes=") + QByteArray::number(have) + '-');
         if (const QString validator = part_.note()->validator(); !validator.isEmpty())
