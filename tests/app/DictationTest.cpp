@@ -136,7 +136,7 @@ private:
 class Dictation : public ::testing::Test
 {
 protected:
-    Dictation()
+    explicit Dictation(bool isModelReady = true) : isModelReady(isModelReady)
     {
         workspace.openWindow(editor);
         workspace.openWindow(otherWindow);
@@ -214,6 +214,8 @@ protected:
     PasteDelivery delivery{pasteboard, keyEvents, workspace, defaults, clock};
     int openPanels = 0;
     QStringList alerts;
+    bool isModelReady;
+    QStringList downloads; ///< models whose download is shown
     std::vector<std::optional<QRect>> huds;
     std::optional<QString> delivered;
     AppDelegate delegate{
@@ -226,15 +228,37 @@ protected:
          shortcuts,
          delivery,
          models,
-         [](const auto&) { return true; },
+         []() -> QCoro::Task<> { co_return; },
+         [this](const auto&) -> QCoro::Task<bool> { co_return isModelReady; },
          {[this](ProcessingMode) { return std::make_unique<PanelDouble>(recorder, workspace, openPanels); },
           [this](std::optional<QRect> anchor) { huds.push_back(anchor); },
-          [this](const QString&, const QString& text) {
-              alerts << text;
+          [this](const QString&, const QString& text) { alerts << text; },
+          [this](const auto& model) { downloads << model.name; },
+          [this] {
+              downloads.clear();
           }}}};
 };
 
+class DictationWithoutModel : public Dictation
+{
+protected:
+    DictationWithoutModel() : Dictation(false) {}
+};
+
 } // namespace
+
+TEST_F(DictationWithoutModel, ShowsTheDownloadInsteadOfTheLauncherUntilTheModelIsThere)
+{
+    EXPECT_EQ(downloads, QStringList{QStringLiteral("tiny.en")}) << "at the start";
+    pressShortcut();
+    EXPECT_EQ(openPanels, 0) << "nobody should speak in vain";
+    EXPECT_EQ(downloads.size(), 2) << "the window is brought back";
+
+    notifications.post(QStringLiteral("download:model:success"));
+    EXPECT_TRUE(downloads.isEmpty()) << "the window closes by itself";
+    dictate(QStringLiteral("Now it works."));
+    EXPECT_EQ(delivered, QStringLiteral("Now it works."));
+}
 
 TEST_F(Dictation, EndsInTheWindowThatTheUserWasWorkingIn)
 {

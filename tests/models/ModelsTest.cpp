@@ -1,3 +1,4 @@
+#include "vantro/models/ModelPreparation.h"
 #include "vantro/models/ModelSelection.h"
 #include "vantro/models/ModelStore.h"
 
@@ -5,6 +6,7 @@
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
+#include <qcoro/qcorotask.h>
 
 #include <gtest/gtest.h>
 
@@ -93,4 +95,71 @@ TEST_F(Models, ANewInstallationAdoptsWhatIsThereElseTheDefaultAndNeverChangesIts
     selection.select(*catalogue.find(QStringLiteral("base.en")));
     EXPECT_EQ(selection.selectedModel().name, QStringLiteral("base.en"));
     EXPECT_EQ(fresh.string(QStringLiteral("selectedModelName")), QStringLiteral("base.en"));
+}
+
+TEST_F(Models, AFileThatCannotBeReadIsNotReadyAndStays)
+{
+    const auto model = modelWithContent("model");
+    QDir().mkpath(store.ownFile(model)); // opens for nobody, not even for root
+    const ModelCheck check = store.check(model);
+    EXPECT_FALSE(check.isReady);
+    EXPECT_TRUE(check.problem.contains(QStringLiteral("could not be read")));
+    EXPECT_TRUE(QFile::exists(store.ownFile(model)));
+}
+
+TEST_F(Models, AWrongOwnCopyGivesWayToTheSystemsRightOne)
+{
+    const QByteArray content("model");
+    const auto model = modelWithContent(content);
+    const QString shared = system + QStringLiteral("/ggml-test.bin");
+    write(shared, content);
+    write(store.ownFile(model), "wrong");
+    EXPECT_TRUE(store.isReady(model));
+    EXPECT_EQ(store.modelFile(model), shared);
+    EXPECT_TRUE(store.isVerified(model)) << "remembered in the user's folder";
+    EXPECT_EQ(QDir(system).entryList(QDir::Files), QStringList{QStringLiteral("ggml-test.bin")});
+    write(shared, "other");
+    EXPECT_FALSE(store.isVerified(model)) << "it is not the file that was verified";
+    EXPECT_FALSE(store.isReady(model));
+    EXPECT_TRUE(QFile::exists(shared));
+}
+
+TEST_F(Models, FilesOfTheLibrarysOwnScriptAreTakenOverOnce)
+{
+    // The test cannot have a file with a published content, so every file of the real catalogue is a wrong one.
+    const ModelCatalogue catalogue;
+    const QString legacy = folder.filePath(QStringLiteral("whisper.cpp/models"));
+    QDir().mkpath(legacy);
+    write(legacy + QStringLiteral("/ggml-tiny.bin"), "half a model");
+    write(legacy + QStringLiteral("/notes.txt"), "mine");
+    write(folder.filePath(QStringLiteral("elsewhere.bin")), "mine");
+    QFile::link(folder.filePath(QStringLiteral("elsewhere.bin")), legacy + QStringLiteral("/ggml-base.en.bin"));
+    UserDefaults defaults(folder.filePath(QStringLiteral("vantro.ini")));
+    ModelPreparation preparation(catalogue, store, defaults, legacy);
+    QCoro::waitFor(preparation.run());
+    EXPECT_FALSE(QFile::exists(legacy + QStringLiteral("/ggml-tiny.bin")));
+    EXPECT_TRUE(QFile::exists(legacy + QStringLiteral("/notes.txt")));
+    EXPECT_TRUE(QFile::exists(legacy + QStringLiteral("/ggml-base.en.bin"))) << "a link is the user's own arrangement";
+    EXPECT_TRUE(QDir(user).entryList(QDir::Files).isEmpty());
+
+    write(legacy + QStringLiteral("/ggml-tiny.bin"), "half a model");
+    QCoro::waitFor(preparation.run());
+    EXPECT_TRUE(QFile::exists(legacy + QStringLiteral("/ggml-tiny.bin"))) << "once means once";
+}
+
+TEST(ModelHost, TheNearestWordCounts)
+{
+    const QTemporaryDir folder;
+    UserDefaults defaults(folder.filePath(QStringLiteral("vantro.ini")));
+    qunsetenv("VANTRO_MODEL_HOST");
+    EXPECT_EQ(ModelHost::address(defaults, {}), ModelHost::publicAddress());
+    defaults.setString(QStringLiteral("modelHostBaseURL"), QStringLiteral("https://setting.example/models/"));
+    EXPECT_EQ(ModelHost::address(defaults, {}), QStringLiteral("https://setting.example/models"));
+    qputenv("VANTRO_MODEL_HOST", "https://environment.example");
+    EXPECT_EQ(ModelHost::address(defaults, {}), QStringLiteral("https://environment.example"));
+    EXPECT_EQ(ModelHost::address(defaults, QStringLiteral("file:///mnt/models")), QStringLiteral("file:///mnt/models"));
+    qunsetenv("VANTRO_MODEL_HOST");
+    const ModelCatalogue catalogue(ModelHost::address(defaults, {}));
+    EXPECT_EQ(catalogue.find(QStringLiteral("small - default"))->url,
+              QStringLiteral("https://setting.example/models/resolve/main/ggml-small.bin"));
 }

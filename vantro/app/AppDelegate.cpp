@@ -46,14 +46,32 @@ void AppDelegate::observeNotifications()
     connect(&parts_.shortcuts, &KeyboardShortcuts::shortcutFailed, this, &AppDelegate::shortcutFailed);
 }
 
-void AppDelegate::checkModel()
+QCoro::Task<> AppDelegate::checkModel()
 {
-    const TranscriptionModel& model = parts_.models.selectedModel();
+    co_await parts_.prepareModels();
+    const TranscriptionModel model = parts_.models.selectedModel();
     printLine(QStringLiteral("Checking model: ") + model.name);
-    if (parts_.modelIsReady(model))
-        printLine(QStringLiteral("Model %1 is downloaded").arg(model.name));
+    if (co_await parts_.modelIsReady(model))
+        modelBecameReady(model);
     else
-        printLine(QStringLiteral("Need to download model: ") + model.name);
+        downloadModel(model);
+}
+
+void AppDelegate::modelBecameReady(const TranscriptionModel& model)
+{
+    isModelMissing_ = false;
+    printLine(QStringLiteral("Model %1 is downloaded").arg(model.name));
+}
+
+void AppDelegate::downloadModel(const TranscriptionModel& model)
+{
+    isModelMissing_ = true;
+    printLine(QStringLiteral("Need to download model: ") + model.name);
+    observations_.push_back(parts_.notifications.observe(QStringLiteral("download:model:success"), [this](const auto&) {
+        parts_.surfaces.closeModelDownload();
+        modelBecameReady(parts_.models.selectedModel());
+    }));
+    parts_.surfaces.showModelDownload(model);
 }
 
 void AppDelegate::showLauncherAndRecord()
@@ -61,6 +79,10 @@ void AppDelegate::showLauncherAndRecord()
     AudioRecorder& recorder = parts_.audioRecorder;
     if (recorder.isBusy())
         return;
+    if (isModelMissing_) {
+        parts_.surfaces.showModelDownload(parts_.models.selectedModel());
+        return;
+    }
     timings_ = {};
     timings_.shortcut = parts_.clock.now();
     hasErrorOccurred_ = false;

@@ -30,6 +30,10 @@ struct Surfaces
     std::function<std::unique_ptr<LauncherPanel>(ProcessingMode defaultMode)> makeLauncher;
     std::function<void(std::optional<QRect> anchor)> showPasteHUD;
     std::function<void(const QString& title, const QString& text)> showAlert;
+    /// Begins to download @p model and shows how far it is; brings the window forward when it is there already. Its end
+    /// is announced as "download:model:success".
+    std::function<void(const TranscriptionModel& model)> showModelDownload;
+    std::function<void()> closeModelDownload;
 };
 
 /// Brings one dictation from the shortcut to the delivered text: opens the launcher, starts the recorder, and delivers
@@ -49,7 +53,9 @@ public:
         KeyboardShortcuts& shortcuts;
         PasteDelivery& delivery;
         ModelSelection& models;
-        ModelSelection::IsReady modelIsReady;
+        /// Makes models that lie on this machine usable; before the selection is settled.
+        std::function<QCoro::Task<>()> prepareModels;
+        std::function<QCoro::Task<bool>(TranscriptionModel)> modelIsReady;
         Surfaces surfaces;
     };
 
@@ -69,7 +75,9 @@ public:
 
 private:
     void observeNotifications();
-    void checkModel();
+    QCoro::Task<> checkModel();
+    void downloadModel(const TranscriptionModel& model);
+    void modelBecameReady(const TranscriptionModel& model);
     void explainRefusedRecording();
     void recordingFinished(const NotificationCenter::UserInfo& userInfo);
     QCoro::Task<> handleFinish(QString finalText, ProcessingMode mode);
@@ -87,6 +95,7 @@ private:
     std::vector<NotificationCenter::Observation> observations_;
     DictationTimings timings_;
     bool hasErrorOccurred_ = false;
+    bool isModelMissing_ = false;
 };
 
 } // namespace vantro

@@ -10,8 +10,11 @@
 #include "vantro/audio/AudioDeviceManager.h"
 #include "vantro/cli/ExitCode.h"
 #include "vantro/fluid/FluidTranscriptionProvider.h"
+#include "vantro/models/ModelPreparation.h"
+#include "vantro/models/WhisperModelFiles.h"
 #include "vantro/store/HistoryFile.h"
 #include "vantro/ui/alert/AlertWindow.h"
+#include "vantro/ui/download/ModelDownloadWindow.h"
 #include "vantro/ui/hud/PasteHUDWindow.h"
 #include "vantro/ui/launcher/Launcher.h"
 #include "vantro/ui/style/UiEngine.h"
@@ -48,6 +51,9 @@ private:
     [[nodiscard]] Surfaces surfaces();
     [[nodiscard]] std::unique_ptr<LauncherPanel> makeLauncher(ProcessingMode defaultMode);
     void showAlert(const QString& title, const QString& text);
+    [[nodiscard]] QCoro::Task<bool> modelIsReady(TranscriptionModel model);
+    void showModelDownload(const TranscriptionModel& model);
+    void closeModelDownload();
     [[nodiscard]] QString microphoneName() const;
     [[nodiscard]] QString shortcutName() const;
     [[nodiscard]] QJsonObject statusDetails();
@@ -61,11 +67,19 @@ private:
     UiEngine ui_{defaults_};
     PasteHUDWindow hud_{ui_.engine(), *platform_.workspace, clock_};
 
-    ModelCatalogue catalogue_;
+    ModelCatalogue catalogue_{ModelHost::address(defaults_, options_.modelHost)};
     ModelStore modelStore_ = ModelStore::standard();
     ModelSelection models_{catalogue_, defaults_, [this](const auto& model) {
                                return isReady(model);
                            }};
+    ModelPreparation modelPreparation_{catalogue_, modelStore_, defaults_};
+    FileDownloader fileDownloader_;
+    WhisperModelFiles whisperFiles_{fileDownloader_, modelStore_};
+    ModelDownloader modelDownloader_{[this](const TranscriptionModel& model) -> ModelProviding* {
+        return model.engine == TranscriptionEngine::whisper ? &whisperFiles_ : nullptr;
+    }};
+    QString modelProblem_; ///< why a model that was there has to be fetched again
+    std::unique_ptr<ModelDownloadWindow> downloadWindow_;
     WhisperInProcessEngine whisperEngine_;
     WhisperTranscriptionProvider whisper_{whisperEngine_, modelStore_, defaults_};
     FluidAsrEngine fluidEngine_{processorModuleFolders()};
@@ -89,7 +103,8 @@ Program::Program(const ProgramOptions& options)
     , platform_(makeLinuxPlatform())
     , delivery_(*platform_.pasteboard, *platform_.keyEvents, *platform_.workspace, defaults_, clock_)
     , delegate_({defaults_, notifications_, clock_, *platform_.permissions, *platform_.sounds, recorder_, shortcuts_,
-                 delivery_, models_, [this](const auto& model) { return isReady(model); }, surfaces()})
+                 delivery_, models_, [this] { return modelPreparation_.run(); },
+                 [this](TranscriptionModel model) { return modelIsReady(std::move(model)); }, surfaces()})
     , control_(
           delegate_, recorder_, [this] { return statusDetails(); },
           [this](const QStringList& arguments) { handOver(arguments); })
@@ -167,9 +182,37 @@ Surfaces Program::surfaces()
 {
     return {[this](ProcessingMode mode) { return makeLauncher(mode); },
             [this](std::optional<QRect> anchor) { hud_.showHUD(anchor); },
-            [this](const QString& title, const QString& text) {
-                showAlert(title, text);
+            [this](const QString& title, const QString& text) { showAlert(title, text); },
+            [this](const TranscriptionModel& model) { showModelDownload(model); },
+            [this] {
+                closeModelDownload();
             }};
+}
+
+QCoro::Task<bool> Program::modelIsReady(TranscriptionModel model)
+{
+    if (model.engine == TranscriptionEngine::fluid)
+        co_return isReady(model);
+    const auto checked = whisperFiles_.check(model);
+    const ModelCheck check = co_await checked;
+    modelProblem_ = check.problem;
+    co_return check.isReady;
+}
+
+void Program::showModelDownload(const TranscriptionModel& model)
+{
+    if (!downloadWindow_)
+        downloadWindow_ = std::make_unique<ModelDownloadWindow>(ui_.engine(), modelDownloader_, notifications_);
+    downloadWindow_->present(model, modelProblem_);
+}
+
+void Program::closeModelDownload()
+{
+    if (!downloadWindow_)
+        return;
+    // It is what announced the end.
+    downloadWindow_->close();
+    downloadWindow_.release()->deleteLater();
 }
 
 std::unique_ptr<LauncherPanel> Program::makeLauncher(ProcessingMode defaultMode)
@@ -211,7 +254,8 @@ QJsonObject Program::statusDetails()
 {
     DictationTimings timings = delegate_.timings();
     timings.engine = pipeline_.lastEngineTime();
-    QJsonObject details{{QStringLiteral("model"), models_.selectedModel().name},
+    const auto* model = models_.stored();
+    QJsonObject details{{QStringLiteral("model"), model != nullptr ? model->name : QString()},
                         {QStringLiteral("shortcut"), shortcutName()},
                         {QStringLiteral("version"), QStringLiteral(VANTRO_VERSION)},
                         {QStringLiteral("last"), timings.toJson()}};

@@ -3,15 +3,17 @@
 #include "platform/KeyCode.h"
 #include "vantro/cli/ControlCommands.h"
 #include "vantro/cli/ExitCode.h"
+#include "vantro/cli/ModelsCommand.h"
 #include "vantro/cli/Terminal.h"
 #include "vantro/cli/TranscribeCommand.h"
+#include "vantro/models/ModelHost.h"
 
 namespace vantro {
 
 namespace {
 
 const char helpText[] =
-    R"(Usage: vantro [--shortcut KEYS] [--verbose]
+    R"(Usage: vantro [--shortcut KEYS] [--model-host URL] [--verbose]
        vantro COMMAND [OPTION...]
 
 Without a command vantro starts and waits for its shortcut: press it, speak, press
@@ -19,12 +21,15 @@ Space, and the text stands in the window you were working in. Escape cancels.
 
 Options:
   --shortcut KEYS  Use this shortcut from now on, for example Ctrl+Alt+D.
+  --model-host URL Fetch speech models from there (http, https or file) instead of the
+                   public repository. VANTRO_MODEL_HOST does the same.
   --verbose        Log what happens, in detail, to standard error.
   --help           Show this text; after a command, the command's own.
   --version        Show the version.
 
 Commands:
   transcribe FILE...  Write the text of recordings to standard output.
+  models [ACTION]     List, download, select, verify or remove speech models.
   toggle              Start a dictation, or end and transcribe the running one.
   start, stop         Open the launcher and record; end the recording.
   cancel              Discard the dictation.
@@ -47,10 +52,40 @@ CommandLine::CommandLine(int argc, char** argv)
     for (int i = 1; i < argc; ++i)
         arguments_ << QString::fromLocal8Bit(argv[i]);
     isVerbose_ = arguments_.removeAll(QStringLiteral("--verbose")) > 0;
+    takeModelHost();
+    if (!usageError_.isEmpty())
+        return;
     if (!arguments_.isEmpty() && !arguments_.first().startsWith(QLatin1Char('-')))
         command_ = arguments_.takeFirst();
     else
         takeProgramOptions();
+}
+
+void CommandLine::refuse(const QString& option, const QString& reason)
+{
+    command_ = option;
+    usageError_ = reason;
+}
+
+/// Stands anywhere, before or after a command.
+void CommandLine::takeModelHost()
+{
+    const QString option = QStringLiteral("--model-host");
+    for (qsizetype i = 0; i < arguments_.size(); ++i) {
+        const bool isJoined = arguments_[i].startsWith(option + QLatin1Char('='));
+        if (!isJoined && arguments_[i] != option)
+            continue;
+        const QString argument = arguments_.takeAt(i);
+        if (isJoined)
+            options_.modelHost = argument.mid(option.size() + 1);
+        else
+            options_.modelHost = i < arguments_.size() ? arguments_.takeAt(i) : QString();
+        if (!ModelHost::usable(options_.modelHost))
+            refuse(option, QStringLiteral("\"%1\" is no model host: give an address that begins with http:, https: or "
+                                          "file:")
+                               .arg(options_.modelHost));
+        return;
+    }
 }
 
 void CommandLine::takeProgramOptions()
@@ -67,9 +102,8 @@ void CommandLine::takeProgramOptions()
                 value = arguments_.takeFirst();
             options_.shortcut = value;
             if (!parseShortcut(value)) {
-                command_ = option;
-                usageError_ = QStringLiteral("\"%1\" is no shortcut: name modifiers and a key, for example Ctrl+Alt+D")
-                                  .arg(value);
+                refuse(option, QStringLiteral("\"%1\" is no shortcut: name modifiers and a key, for example Ctrl+Alt+D")
+                                   .arg(value));
                 return;
             }
         } else {
@@ -95,6 +129,8 @@ int CommandLine::run() const
     }
     if (command_ == QLatin1String("transcribe"))
         return runTranscribe(arguments_);
+    if (command_ == QLatin1String("models"))
+        return runModels(arguments_, options_.modelHost);
     if (isControlCommand(command_))
         return runControl(command_, arguments_);
     terminal::writeError(

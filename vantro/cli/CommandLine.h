@@ -7,7 +7,8 @@ namespace vantro {
 /// What the desktop program was started with.
 struct ProgramOptions
 {
-    QString shortcut; ///< the shortcut to set, as "Ctrl+Alt+D"; empty keeps the stored one
+    QString shortcut;  ///< the shortcut to set, as "Ctrl+Alt+D"; empty keeps the stored one
+    QString modelHost; ///< where models come from in this run; empty leaves it to the settings
 };
 
 /// The arguments of the process, taken apart before any application object exists: which kind is needed depends on
@@ -27,7 +28,9 @@ public:
     [[nodiscard]] int run() const;
 
 private:
+    void takeModelHost();
     void takeProgramOptions();
+    void refuse(const QString& option, const QString& reason);
 
     QStringList arguments_;
     QString command_;

@@ -1,8 +1,10 @@
 #include "vantro/cli/Terminal.h"
 
+#include <langinfo.h>
 #include <unistd.h>
 
 #include <cstdio>
+#include <string_view>
 
 namespace vantro {
 
@@ -26,6 +28,19 @@ void terminal::writeError(const QString& text)
 {
     showProgress({});
     std::fprintf(stderr, "vantro: %s\n", qUtf8Printable(text));
+}
+
+void terminal::writeMessage(const QString& line)
+{
+    std::fprintf(stderr, "%s\n", qUtf8Printable(line));
+}
+
+QString terminal::bar(int filled, int cells)
+{
+    static const bool isUtf8 = std::string_view(nl_langinfo(CODESET)) == "UTF-8";
+    const QChar full = isUtf8 ? QChar(0x2588) : QLatin1Char('#');
+    const QChar empty = isUtf8 ? QChar(0x2591) : QLatin1Char('.');
+    return QString(filled, full) + QString(cells - filled, empty);
 }
 
 void terminal::showProgress(const QString& text)

@@ -13,6 +13,10 @@ bool errorIsTerminal();
 void writeLine(const QString& line);
 /// "vantro: " and the text, on standard error.
 void writeError(const QString& text);
+/// One line on standard error, as it is.
+void writeMessage(const QString& line);
+/// A bar of @p cells, the first @p filled of them filled; in plain letters where the locale knows no others.
+QString bar(int filled, int cells);
 /// Replaces the current line of standard error when a person reads it; an empty text clears it. Otherwise nothing.
 void showProgress(const QString& text);
 

@@ -77,11 +77,6 @@ TranscriptionModel whisperEntry(const WhisperEntry& entry, const QString& modelH
 
 } // namespace
 
-QString ModelCatalogue::defaultModelHost()
-{
-    return QStringLiteral("https://huggingface.co/ggerganov/whisper.cpp");
-}
-
 ModelCatalogue::ModelCatalogue(const QString& modelHost)
 {
     models_.push_back(

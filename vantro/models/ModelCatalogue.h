@@ -1,5 +1,6 @@
 #pragma once
 
+#include "vantro/models/ModelHost.h"
 #include "vantro/models/TranscriptionModel.h"
 
 #include <QString>
@@ -12,11 +13,8 @@ namespace vantro {
 class ModelCatalogue
 {
 public:
-    /// The public repository of the whisper.cpp model files.
-    static QString defaultModelHost();
-
-    /// @p modelHost: base URL that serves the files under "/resolve/main/".
-    explicit ModelCatalogue(const QString& modelHost = defaultModelHost());
+    /// @p modelHost: base address that serves the files under "/resolve/main/", as ModelHost finds it.
+    explicit ModelCatalogue(const QString& modelHost = ModelHost::publicAddress());
 
     [[nodiscard]] const std::vector<TranscriptionModel>& models() const { return models_; }
     /// Exact comparison; null when the catalogue has no such entry.

@@ -31,6 +31,7 @@ const TranscriptionModel* ModelSelection::stored() const
 
 const TranscriptionModel& ModelSelection::selectedModel()
 {
+    defaults_.reload(); // a command may have selected another one meanwhile
     if (const auto* model = stored())
         return *model;
     if (!defaults_.boolean(adoptedFromCache, false)) {

@@ -19,10 +19,11 @@ public:
     /// The selected entry. A new installation first adopts a model that is already there, else gets the default; both
     /// happen at most once, so that a later choice is never overwritten.
     [[nodiscard]] const TranscriptionModel& selectedModel();
+    /// The entry that has been selected so far, without settling anything; null when there is none.
+    [[nodiscard]] const TranscriptionModel* stored() const;
     void select(const TranscriptionModel& model);
 
 private:
-    [[nodiscard]] const TranscriptionModel* stored() const;
     bool adoptReadyModel(const QString& announcement);
 
     const ModelCatalogue& catalogue_;

@@ -1,12 +1,16 @@
 #include "vantro/models/ModelStore.h"
 
 #include "base/Logger.h"
+#include "vantro/models/PartFile.h"
+#include "vantro/models/Sha1.h"
 
-#include <QCryptographicHash>
-#include <QFile>
+#include <QDateTime>
+#include <QDir>
 #include <QFileInfo>
 #include <QStandardPaths>
 #include <QUrl>
+
+#include <sys/stat.h>
 
 #include <utility>
 
@@ -14,29 +18,38 @@ namespace vantro {
 
 namespace {
 
-constexpr qint64 chunkBytes = 1'048'576;
+constexpr QLatin1String subfolder("/vantro/models");
 
 QString markerFor(const QString& path)
 {
     return path + QStringLiteral(".verified");
 }
 
-} // namespace
-
-QString sha1OfFile(const QString& path)
+bool isPlainFile(const TranscriptionModel& model)
 {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        throw Error(QStringLiteral("Could not read %1: %2").arg(path, file.errorString()));
-    QCryptographicHash hash(QCryptographicHash::Sha1);
-    QByteArray chunk(chunkBytes, Qt::Uninitialized);
-    qint64 count = 0;
-    while ((count = file.read(chunk.data(), chunkBytes)) > 0)
-        hash.addData(QByteArrayView(chunk.constData(), count));
-    if (count < 0)
-        throw Error(QStringLiteral("Could not read %1: %2").arg(path, file.errorString()));
-    return QString::fromLatin1(hash.result().toHex());
+    return model.hash.isEmpty() && QUrl(model.url).isLocalFile();
 }
+
+/// Identifies a file whose content was seen without reading it again.
+QByteArray fingerprint(const QString& path)
+{
+    const QFileInfo file(path);
+    return QStringLiteral("%1\n%2\n%3\n")
+        .arg(path)
+        .arg(file.size())
+        .arg(file.lastModified().toMSecsSinceEpoch())
+        .toUtf8();
+}
+
+bool isStillThere(const QString& path, const QFile& opened)
+{
+    struct stat byName = {};
+    struct stat byHandle = {};
+    return ::stat(QFile::encodeName(path).constData(), &byName) == 0 && ::fstat(opened.handle(), &byHandle) == 0 &&
+           byName.st_dev == byHandle.st_dev && byName.st_ino == byHandle.st_ino;
+}
+
+} // namespace
 
 ModelStore::ModelStore(QString userFolder, QStringList systemFolders)
     : userFolder_(std::move(userFolder))
@@ -46,64 +59,217 @@ ModelStore::ModelStore(QString userFolder, QStringList systemFolders)
 
 ModelStore ModelStore::standard()
 {
-    const QString sub = QStringLiteral("/vantro/models");
     const QString user = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
     QStringList system;
     for (const QString& folder : QStandardPaths::standardLocations(QStandardPaths::GenericDataLocation)) {
         if (folder != user)
-            system << folder + sub;
+            system << folder + subfolder;
     }
-    return {user + sub, system};
+    system << QStringLiteral("/usr/share") + subfolder;
+    system.removeDuplicates();
+    return {user + subfolder, system};
+}
+
+QString ModelStore::ownFile(const TranscriptionModel& model) const
+{
+    return userFolder_ + QLatin1Char('/') + model.fileName();
+}
+
+QStringList ModelStore::candidates(const TranscriptionModel& model) const
+{
+    QStringList paths{ownFile(model)};
+    for (const QString& folder : systemFolders_)
+        paths << folder + QLatin1Char('/') + model.fileName();
+    return paths;
 }
 
 QString ModelStore::modelFile(const TranscriptionModel& model) const
 {
-    if (model.hash.isEmpty() && QUrl(model.url).isLocalFile())
+    if (isPlainFile(model))
         return QUrl(model.url).toLocalFile();
-    QString own = userFolder_ + QLatin1Char('/') + model.fileName();
-    if (QFileInfo::exists(own))
-        return own;
-    for (const QString& folder : systemFolders_) {
-        QString shared = folder + QLatin1Char('/') + model.fileName();
-        if (QFileInfo::exists(shared))
-            return shared;
+    QString existing;
+    for (const QString& path : candidates(model)) {
+        if (!QFileInfo::exists(path))
+            continue;
+        // A wrong copy of the user's own is not passed over but removed by the check.
+        if (isOwn(path) || isTrusted(path))
+            return path;
+        if (existing.isEmpty())
+            existing = path;
     }
-    return own;
+    return existing.isEmpty() ? ownFile(model) : existing;
 }
 
-bool ModelStore::isReady(const TranscriptionModel& model)
+ModelStatus ModelStore::status(const TranscriptionModel& model) const
 {
     if (model.engine != TranscriptionEngine::whisper)
-        return false;
+        return {};
     const QString path = modelFile(model);
-    if (model.hash.isEmpty())
-        return QFileInfo::exists(path);
-    const QString marker = markerFor(path);
-    if (!QFileInfo::exists(path)) {
-        QFile::remove(marker);
-        return false;
+    if (const QFileInfo file(path); file.exists()) {
+        const bool ready = model.hash.isEmpty() || isTrusted(path);
+        return {ready ? ModelStatus::State::ready : ModelStatus::State::unchecked, path, !isOwn(path), file.size(), -1};
     }
-    return QFileInfo::exists(marker) || verifyUserFile(path, marker, model.hash);
+    const PartFile part(ownFile(model));
+    const auto note = part.note();
+    if (!note || part.bytes() == 0)
+        return {};
+    return {ModelStatus::State::partial, {}, false, part.bytes(), note->totalBytes};
 }
 
-bool ModelStore::verifyUserFile(const QString& path, const QString& marker, const QString& hash)
+bool ModelStore::isVerified(const TranscriptionModel& model) const
 {
-    try {
-        if (sha1OfFile(path) == hash) {
-            QFile file(marker);
-            // A system folder cannot be written to: the file is then hashed again next time, which is slow but right.
-            std::ignore = file.open(QIODevice::WriteOnly);
-            return true;
+    return status(model).state == ModelStatus::State::ready;
+}
+
+ModelCheck ModelStore::check(const TranscriptionModel& model, Trust trust) const
+{
+    if (model.engine != TranscriptionEngine::whisper)
+        return {};
+    if (isPlainFile(model))
+        return {QFileInfo::exists(modelFile(model)), {}};
+    ModelCheck result;
+    for (const QString& path : candidates(model)) {
+        if (!QFileInfo::exists(path)) {
+            if (isOwn(path))
+                QFile::remove(markerFor(path));
+            continue;
         }
+        if (trust == Trust::markers && isTrusted(path))
+            return {true, {}};
+        const ModelCheck answer = checkContent(path, model);
+        if (answer.isReady)
+            return answer;
+        if (result.problem.isEmpty())
+            result.problem = answer.problem;
+    }
+    return result;
+}
+
+ModelCheck ModelStore::checkContent(const QString& path, const TranscriptionModel& model) const
+{
+    QFile file(path);
+    QString found;
+    try {
+        if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
+            throw Error(QStringLiteral("%1 could not be read: %2").arg(path, file.errorString()));
+        found = sha1OfFile(file);
     } catch (const Error& error) {
         printLine(QStringLiteral("Error: ") + error.localizedDescription());
-        return false;
+        return {false, error.localizedDescription()};
     }
+    if (found == model.hash) {
+        remember(path);
+        return {true, {}};
+    }
+    const QString wrong = QStringLiteral("%1 is not the published file (its SHA-1 is %2 instead of %3)")
+                              .arg(QFileInfo(path).fileName(), found, model.hash);
+    if (!isOwn(path)) {
+        printLine(QStringLiteral("Error: Invalid model file detected in a system folder: ") + path);
+        return {false, wrong + QStringLiteral(" and belongs to the system, so it is left alone and not used.")};
+    }
+    try {
+        if (!removeWrongFile(path, file))
+            return {false, wrong + QStringLiteral(" and is just being replaced.")};
+    } catch (const Error& error) {
+        return {false, wrong + QStringLiteral(" and cannot be removed. ") + error.localizedDescription()};
+    }
+    return {false, wrong + QStringLiteral(". It has been removed and will be fetched again.")};
+}
+
+bool ModelStore::removeWrongFile(const QString& path, const QFile& hashed) const
+{
+    // A download that has ended meanwhile may have put the right file in its place.
+    const auto lock = PartFile(path).tryLock();
+    if (!lock || !isStillThere(path, hashed))
+        return false;
     printLine(QStringLiteral("Error: Invalid model file detected - removing corrupted file: ") +
               QFileInfo(path).fileName());
-    QFile::remove(path);
-    QFile::remove(marker);
-    return false;
+    QFile file(path);
+    if (!file.remove())
+        throw Error(file.errorString());
+    QFile::remove(markerFor(path));
+    return true;
+}
+
+void ModelStore::markIfRight(const TranscriptionModel& model) const
+{
+    const QString path = ownFile(model);
+    if (sha1OfFile(path) == model.hash)
+        remember(path);
+}
+
+bool ModelStore::isOwn(const QString& path) const
+{
+    return path.startsWith(userFolder_ + QLatin1Char('/'));
+}
+
+QString ModelStore::memoryOf(const QString& systemPath) const
+{
+    return userFolder_ + QStringLiteral("/.work/") + QFileInfo(systemPath).fileName() + QStringLiteral(".system");
+}
+
+bool ModelStore::isTrusted(const QString& path) const
+{
+    if (QFileInfo::exists(markerFor(path)))
+        return true;
+    if (isOwn(path))
+        return false;
+    QFile memory(memoryOf(path));
+    return memory.open(QIODevice::ReadOnly) && memory.readAll() == fingerprint(path);
+}
+
+void ModelStore::remember(const QString& path) const
+{
+    const bool own = isOwn(path);
+    if (!own)
+        QDir().mkpath(userFolder_ + QStringLiteral("/.work"));
+    QFile file(own ? markerFor(path) : memoryOf(path));
+    // Where nothing can be written the file is hashed again next time, which is slow but right.
+    if (file.open(QIODevice::WriteOnly | QIODevice::Truncate) && !own)
+        file.write(fingerprint(path));
+}
+
+qint64 ModelStore::remove(const TranscriptionModel& model) const
+{
+    const QString path = ownFile(model);
+    PartFile part(path);
+    if (!QFileInfo::exists(path) && part.bytes() == 0)
+        return 0;
+    const auto lock = part.tryLock();
+    if (!lock)
+        throw Error(QStringLiteral("%1 is being downloaded. Stop the download first.").arg(model.fileName()));
+    const qint64 bytes = QFileInfo(path).size() + part.bytes();
+    part.discard();
+    QFile::remove(markerFor(path));
+    QFile file(path);
+    if (file.exists() && !file.remove())
+        throw Error(QStringLiteral("%1 could not be removed: %2").arg(path, file.errorString()));
+    return bytes;
+}
+
+qint64 ModelStore::removeAllExcept(const ModelCatalogue& catalogue, const TranscriptionModel* keep) const
+{
+    qint64 freed = 0;
+    for (const TranscriptionModel& model : catalogue.models()) {
+        if (model.engine != TranscriptionEngine::whisper || (keep != nullptr && model.name == keep->name))
+            continue;
+        try {
+            freed += remove(model);
+        } catch (const Error& error) {
+            printLine(QStringLiteral("Error: ") + error.localizedDescription());
+        }
+    }
+    return freed;
+}
+
+qint64 ModelStore::bytesUsed(const ModelCatalogue& catalogue) const
+{
+    qint64 bytes = 0;
+    for (const TranscriptionModel& model : catalogue.models()) {
+        if (model.engine == TranscriptionEngine::whisper)
+            bytes += QFileInfo(ownFile(model)).size() + PartFile(ownFile(model)).bytes();
+    }
+    return bytes;
 }
 
 } // namespace vantro

@@ -16,14 +16,35 @@ WhisperTranscriptionProvider::WhisperTranscriptionProvider(WhisperInProcessEngin
 
 void WhisperTranscriptionProvider::prepare(const TranscriptionModel& model)
 {
-    // A file that cannot be loaded is reported by transcribe(), where somebody waits for the answer.
-    std::ignore = engine_.load(store_.modelFile(model));
+    loadAndWarmUp(model);
+}
+
+QCoro::Task<> WhisperTranscriptionProvider::loadAndWarmUp(TranscriptionModel model)
+{
+    try {
+        co_await load(model);
+    } catch (const std::exception&) {
+        // Reported by transcribe(), where somebody waits for the answer.
+        co_return;
+    }
     engine_.warmUp();
+}
+
+QCoro::Task<> WhisperTranscriptionProvider::load(TranscriptionModel model)
+{
+    // A file that nobody has verified may be anything: it is read to its end before the engine sees it.
+    if (!store_.isVerified(model)) {
+        const QFuture<bool> answer = checks_.run([this, model] { return store_.isReady(model); });
+        if (!co_await answer)
+            throw WhisperInProcessError::modelLoadFailed(store_.modelFile(model));
+    }
+    const QFuture<void> loaded = engine_.load(store_.modelFile(model));
+    co_await loaded;
 }
 
 QCoro::Task<QString> WhisperTranscriptionProvider::transcribe(TranscriptionRequest request)
 {
-    co_await engine_.load(store_.modelFile(request.model));
+    co_await load(request.model);
     const QString language = request.language.value_or(
         defaults_.string(QStringLiteral("SelectedLanguage")).value_or(QStringLiteral("auto")));
     WhisperInProcessEngine::Request work;

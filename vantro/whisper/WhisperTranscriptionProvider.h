@@ -22,9 +22,13 @@ public:
     void dictationEnded() override;
 
 private:
+    QCoro::Task<> load(TranscriptionModel model);
+    QCoro::Task<> loadAndWarmUp(TranscriptionModel model);
+
     WhisperInProcessEngine& engine_;
     const ModelStore& store_;
     UserDefaults& defaults_;
+    SerialExecutor checks_{QStringLiteral("model check")};
 };
 
 } // namespace vantro

@@ -5,15 +5,16 @@ Rectangle {
     id: button
 
     property string text
+    property bool secondary: false
     signal clicked
 
     implicitWidth: label.implicitWidth + 2 * Theme.space16
     implicitHeight: label.implicitHeight + 2 * Theme.space8
     radius: Theme.radiusSmall
-    color: Theme.accent
+    color: secondary ? Theme.surfaceRaised : Theme.accent
     activeFocusOnTab: true
-    border.width: activeFocus ? Theme.focusRing : 0
-    border.color: Theme.text
+    border.width: activeFocus ? Theme.focusRing : secondary ? Theme.hairline : 0
+    border.color: activeFocus ? Theme.text : Theme.outline
 
     Accessible.role: Accessible.Button
     Accessible.name: text
@@ -27,7 +28,7 @@ Rectangle {
         id: label
         anchors.centerIn: parent
         text: button.text
-        color: Theme.accentText
+        color: button.secondary ? Theme.text : Theme.accentText
         font.pixelSize: Theme.sizeBody
     }
     TapHandler {

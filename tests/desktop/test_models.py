@@ -1,0 +1,142 @@
+#!/usr/bin/python3
+"""Fresh profiles: the real model comes from a local mirror by the real downloader, is adopted, and is dictated with."""
+
+import os
+import shutil
+import signal
+import subprocess
+import sys
+import tempfile
+from pathlib import Path
+
+from dictationcase import CHILD, CHILD_WORDS, ROOT, DictationCase, main, words
+
+sys.path.insert(0, str(ROOT / "tests" / "models"))
+from modelserver import Fault, ModelServer, sha1  # noqa: E402
+
+MODEL = "tiny.en"
+FILE = "ggml-tiny.en.bin"
+SHA1 = "c78c86eb1a8faa21b369bcd33207cc90d64ae9df"
+SIZE = 77_704_715
+FORTY_PERCENT = SIZE * 4 // 10
+READ_AHEAD = 8 * 1024 * 1024  # what may be under way when a connection ends
+WINDOW_TITLE = "Speech model"
+INTERRUPTED = 130
+
+
+class ModelsTest(DictationCase):
+    @classmethod
+    def setUpClass(cls):
+        mirror = Path(cls.enterClassContext(tempfile.TemporaryDirectory(prefix="vantro-mirror-")))
+        subprocess.run([ROOT / "scripts" / "get-model", "--dir", mirror], check=True, stdout=subprocess.DEVNULL)
+        cls.server = cls.enterClassContext(ModelServer(mirror))
+        super().setUpClass()
+
+    def setUp(self):
+        super().setUp()
+        self.vantro.quit()
+        for folder in (self.vantro.models_folder, self.desktop.config_home / "vantro"):
+            shutil.rmtree(folder, ignore_errors=True)
+        self.server.fault = Fault()
+        self.server.requests.clear()
+        self.server.paused.clear()
+        self.server.resume.clear()
+        self._log_before = 0
+
+    # --- steps
+
+    @property
+    def file(self):
+        return self.vantro.models_folder / FILE
+
+    @property
+    def part(self):
+        return self.vantro.models_folder / ".work" / (FILE + ".part")
+
+    def download(self):
+        return self.vantro.run("models", "download", MODEL, "--model-host", self.server.url)
+
+    def pause_at_forty_percent(self):
+        self.server.fault = Fault(pause_at=FORTY_PERCENT, once=True)
+
+    def wait_for_forty_percent(self):
+        self.wait(self.server.paused.is_set, 30, "40 % to be sent")
+        self.wait(lambda: self.part.exists() and self.part.stat().st_size == FORTY_PERCENT, 30, "40 % to be stored")
+        self.assertFalse(self.file.exists(), "a part must not look like a model")
+
+    def check_that_only_the_rest_was_fetched(self):
+        first, second = self.server.requests
+        self.assertIsNone(first[1])
+        self.assertGreaterEqual(int(second[1].removeprefix("bytes=").removesuffix("-")), FORTY_PERCENT - READ_AHEAD)
+        self.assertIsNotNone(second[2], "the rest is asked for on condition that the file is the same")
+
+    def check_adopted_and_dictate(self):
+        self.assertEqual(sha1(self.file), SHA1)
+        self.vantro.start()
+        self.wait(lambda: f"Model {MODEL} is downloaded" in self.vantro.log(), 20, "the model's check")
+        self.assertIn(f"Adopted cached model as selection: {MODEL}", self.vantro.log())
+        self.assertEqual(self.vantro.status()["model"], MODEL)
+        self.assertIsNone(self.vantro.window(WINDOW_TITLE))
+        self.dictate_once()
+
+    def dictate_once(self):
+        self.desktop.activate(self.editor.window)
+        self.dictate(CHILD)
+        self.assertEqual(words(self.wait_for_text()), CHILD_WORDS)
+
+    # --- tests
+
+    def test_a_model_fetched_by_command_is_adopted_and_dictated_with(self):
+        result = self.download()
+        self.assertEqual(result.returncode, 0, result.stderr)
+        self.assertEqual(result.stdout.strip(), str(self.file))
+        self.check_adopted_and_dictate()
+
+    def test_so_is_one_whose_download_was_interrupted_at_forty_percent(self):
+        self.pause_at_forty_percent()
+        download = self.desktop.start(self.vantro.program, "models", "download", MODEL, "--model-host",
+                                      self.server.url)
+        self.wait_for_forty_percent()
+        os.kill(download.pid, signal.SIGINT)
+        download.expect_exit(INTERRUPTED)
+        self.server.resume.set()
+        self.assertEqual(self.part.stat().st_size, FORTY_PERCENT)
+        result = self.download()
+        self.assertEqual(result.returncode, 0, result.stderr)
+        self.check_that_only_the_rest_was_fetched()
+        self.check_adopted_and_dictate()
+
+    def test_the_window_at_the_start_goes_on_where_a_killed_program_was(self):
+        self.assertEqual(self.vantro.run("models", "select", MODEL).returncode, 0)
+        self.pause_at_forty_percent()
+        host = ("--model-host", self.server.url, "--shortcut", "Ctrl+Alt+D")
+        self.vantro.start(*host)
+        self.wait(lambda: self.vantro.window(WINDOW_TITLE), 20, "the download window")
+        self.wait_for_forty_percent()
+        self.vantro.process.kill()
+        self.server.resume.set()
+        self.assertEqual(self.part.stat().st_size, FORTY_PERCENT)
+
+        self.vantro.start(*host)
+        self.wait(lambda: f"Model {MODEL} is downloaded" in self.vantro.log(), 60, "the end of the download")
+        self.wait(lambda: not self.vantro.window(WINDOW_TITLE), 5, "the download window to close")
+        self.assertEqual(sha1(self.file), SHA1)
+        self.check_that_only_the_rest_was_fetched()
+        self.dictate_once()
+
+    def test_the_window_says_what_is_wrong_and_tries_again_on_return(self):
+        self.assertEqual(self.vantro.run("models", "select", MODEL).returncode, 0)
+        self.server.fault = Fault(status=404)
+        self.vantro.start("--model-host", self.server.url, "--shortcut", "Ctrl+Alt+D")
+        self.wait(lambda: "Model download failed: 127.0.0.1 has no file " + FILE in self.vantro.log(), 20,
+                  "the failure")
+        window = self.wait(lambda: self.vantro.window(WINDOW_TITLE), 5, "the download window")
+        self.wait(lambda: self.desktop.display.active_window() == window.id, 5, "the window to have the keyboard")
+        self.server.fault = Fault()
+        self.desktop.press("Return")
+        self.wait(lambda: not self.vantro.window(WINDOW_TITLE), 60, "the download window to close")
+        self.dictate_once()
+
+
+if __name__ == "__main__":
+    main()

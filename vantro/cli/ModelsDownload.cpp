@@ -1,0 +1,153 @@
+#include "vantro/cli/ExitCode.h"
+#include "vantro/cli/Interruption.h"
+#include "vantro/cli/ModelsSession.h"
+#include "vantro/cli/Terminal.h"
+#include "vantro/models/TransferRate.h"
+#include "vantro/models/WhisperModelFiles.h"
+
+#include <QElapsedTimer>
+#include <QFileInfo>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <qcoro/qcorotask.h>
+
+#include <optional>
+#include <utility>
+
+namespace vantro {
+
+namespace {
+
+constexpr int barCells = 24;
+constexpr qint64 redrawIntervalMs = 100;
+constexpr int percentPerLogLine = 10;
+
+/// Shows a download to whoever reads standard error: a line that is drawn anew for a person, now and then a whole line
+/// for a log. Used by the network's thread only, until the download has ended.
+class ProgressDisplay
+{
+public:
+    explicit ProgressDisplay(QString name) : name_(std::move(name)) {}
+
+    void show(const DownloadProgress& progress);
+
+private:
+    [[nodiscard]] QString line(const DownloadProgress& progress) const;
+
+    QString name_;
+    TransferRate rate_;
+    QElapsedTimer sinceDrawn_;
+    std::optional<QString> lastStatus_;
+    int lastLoggedPercent_ = 0;
+};
+
+void ProgressDisplay::show(const DownloadProgress& progress)
+{
+    rate_.note(std::chrono::steady_clock::now(), progress.receivedBytes);
+    const bool isNews = progress.statusText != lastStatus_;
+    lastStatus_ = progress.statusText;
+    if (terminal::errorIsTerminal()) {
+        if (sinceDrawn_.isValid() && sinceDrawn_.elapsed() < redrawIntervalMs && !isNews)
+            return;
+        sinceDrawn_.start();
+        terminal::showProgress(line(progress));
+        return;
+    }
+    const int percent = static_cast<int>(progress.fraction() * 100);
+    if (!(isNews && progress.statusText) && percent / percentPerLogLine == lastLoggedPercent_ / percentPerLogLine)
+        return;
+    lastLoggedPercent_ = percent;
+    terminal::writeMessage(line(progress));
+}
+
+QString ProgressDisplay::line(const DownloadProgress& progress) const
+{
+    QString text = name_ + QStringLiteral("  ");
+    if (progress.totalBytes > 0) {
+        if (terminal::errorIsTerminal())
+            text += terminal::bar(static_cast<int>(progress.fraction() * barCells), barCells) + QLatin1Char(' ');
+        text += QStringLiteral("%1 %  %2 of %3")
+                    .arg(static_cast<int>(progress.fraction() * 100), 3)
+                    .arg(sizeText(progress.receivedBytes), sizeText(progress.totalBytes));
+    } else {
+        text += sizeText(progress.receivedBytes);
+    }
+    if (progress.statusText)
+        return text + QStringLiteral("  ") + *progress.statusText;
+    const QString rate = rate_.text(progress.totalBytes < 0 ? -1 : progress.totalBytes - progress.receivedBytes);
+    return rate.isEmpty() ? text : text + QStringLiteral("  ") + rate;
+}
+
+struct Failure
+{
+    // See ModelCheck for why it has a constructor.
+    Failure(QString description, int exitCode) : description(std::move(description)), exitCode(exitCode) {}
+
+    QString description;
+    int exitCode;
+};
+
+/// Answers what went wrong: a task that throws cannot be waited for.
+QCoro::Task<std::optional<Failure>> fetch(WhisperModelFiles& files, TranscriptionModel model, ProgressDisplay& display,
+                                          std::stop_token stop)
+{
+    try {
+        const FileDownloader::OnProgress onProgress = [&display](const auto& progress) {
+            display.show(progress);
+        };
+        const auto stored = files.downloadModel(model, onProgress, stop);
+        co_await stored;
+        const auto checked = files.check(model);
+        const ModelCheck check = co_await checked;
+        if (!check.isReady)
+            throw ModelDownloadError::wrongContent(check.problem);
+    } catch (const ModelDownloadError& error) {
+        const bool isHosts = error.isHostsFault();
+        co_return Failure(error.localizedDescription(), isHosts ? ExitCode::noService : ExitCode::failed);
+    } catch (const std::exception& error) {
+        co_return Failure(localizedDescription(error), ExitCode::failed);
+    }
+    co_return std::nullopt;
+}
+
+void report(const ModelsSession& session, const TranscriptionModel& model, qint64 elapsedMs, bool json)
+{
+    const QString file = session.store.modelFile(model);
+    if (!json) {
+        terminal::writeLine(terminal::outputIsTerminal() ? QStringLiteral("%1 is ready: %2").arg(model.name, file)
+                                                         : file);
+        return;
+    }
+    const QJsonObject object{{QStringLiteral("model"), model.name},
+                             {QStringLiteral("file"), file},
+                             {QStringLiteral("bytes"), QFileInfo(file).size()},
+                             {QStringLiteral("elapsed_ms"), elapsedMs}};
+    terminal::writeLine(QString::fromUtf8(QJsonDocument(object).toJson(QJsonDocument::Compact)));
+}
+
+} // namespace
+
+int downloadModel(ModelsSession& session, const TranscriptionModel& model, bool json)
+{
+    QElapsedTimer timer;
+    timer.start();
+    const ModelCheck before = session.store.check(model);
+    if (!before.isReady) {
+        if (!before.problem.isEmpty())
+            terminal::writeError(before.problem);
+        const Interruption interruption;
+        ProgressDisplay display(model.name);
+        FileDownloader downloader;
+        WhisperModelFiles files(downloader, session.store);
+        const auto failure = QCoro::waitFor(fetch(files, model, display, interruption.token()));
+        terminal::showProgress({});
+        if (failure) {
+            terminal::writeError(QStringLiteral("download of %1: %2").arg(model.name, failure->description));
+            return interruption.wasRequested() ? ExitCode::interrupted : failure->exitCode;
+        }
+    }
+    report(session, model, timer.elapsed(), json);
+    return ExitCode::done;
+}
+
+} // namespace vantro

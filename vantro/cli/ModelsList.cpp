@@ -1,0 +1,160 @@
+#include "vantro/cli/ExitCode.h"
+#include "vantro/cli/ModelsSession.h"
+#include "vantro/cli/Terminal.h"
+#include "vantro/models/ModelDownloadError.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <vector>
+
+namespace vantro {
+
+namespace {
+
+constexpr int barCells = 8;
+
+QString stateName(const ModelStatus& status)
+{
+    switch (status.state) {
+    case ModelStatus::State::missing:
+        return QStringLiteral("missing");
+    case ModelStatus::State::partial:
+        return QStringLiteral("partial");
+    case ModelStatus::State::unchecked:
+        return QStringLiteral("unchecked");
+    case ModelStatus::State::ready:
+        return QStringLiteral("ready");
+    }
+    Q_UNREACHABLE();
+}
+
+QString partText(const ModelStatus& status)
+{
+    if (status.totalBytes < 1)
+        return QStringLiteral("%1 downloaded").arg(sizeText(status.bytes));
+    return QStringLiteral("%1 % downloaded").arg(status.bytes * 100 / status.totalBytes);
+}
+
+QString stateText(const ModelsSession& session, const TranscriptionModel& model)
+{
+    if (!ModelsSession::hasEngine(model))
+        return QStringLiteral("no engine here");
+    const ModelStatus status = session.store.status(model);
+    QStringList words;
+    if (session.isSelected(model))
+        words << QStringLiteral("selected");
+    if (status.state == ModelStatus::State::partial)
+        words << partText(status);
+    else if (status.state != ModelStatus::State::missing)
+        words << (status.isSystemCopy ? QStringLiteral("installed for all") : QStringLiteral("downloaded"));
+    else
+        words << QStringLiteral("not downloaded");
+    if (status.state == ModelStatus::State::unchecked)
+        words << QStringLiteral("not checked yet");
+    return words.join(QStringLiteral(", "));
+}
+
+QString languages(const TranscriptionModel& model)
+{
+    return model.supportedLanguages == SupportedLanguages::english ? QStringLiteral("English")
+                                                                   : QStringLiteral("multilingual");
+}
+
+QString bar(double value)
+{
+    const int filled = static_cast<int>(std::lround(value * barCells));
+    return terminal::bar(filled, barCells);
+}
+
+using Row = std::array<QString, 7>;
+
+void printTable(const ModelsSession& session)
+{
+    std::vector<Row> rows{{QStringLiteral("NAME"), QStringLiteral("SIZE"), QStringLiteral("LANGUAGES"),
+                           QStringLiteral("SPEED"), QStringLiteral("ACCURACY"), QStringLiteral("MEMORY"),
+                           QStringLiteral("STATE")}};
+    for (const TranscriptionModel& model : session.catalogue.models())
+        rows.push_back({model.name, model.size, languages(model), bar(model.speed), bar(model.accuracy),
+                        QStringLiteral("%1 GB").arg(model.ramUsage, 0, 'f', 1), stateText(session, model)});
+    std::array<qsizetype, std::tuple_size_v<Row>> widths{};
+    for (const Row& row : rows) {
+        for (std::size_t i = 0; i < row.size(); ++i)
+            widths[i] = std::max(widths[i], row[i].size());
+    }
+    for (const Row& row : rows) {
+        QString line;
+        for (std::size_t i = 0; i < row.size(); ++i)
+            line += row[i].leftJustified(widths[i] + 2);
+        terminal::writeLine(line.trimmed());
+    }
+    terminal::writeLine(QStringLiteral("\nDownloaded models use %1 of disk space.")
+                            .arg(sizeText(session.store.bytesUsed(session.catalogue))));
+}
+
+void printPlain(const ModelsSession& session)
+{
+    for (const TranscriptionModel& model : session.catalogue.models()) {
+        const ModelStatus status = session.store.status(model);
+        const QString state = ModelsSession::hasEngine(model) ? stateName(status) : QStringLiteral("unsupported");
+        const QStringList fields{model.name,
+                                 model.size,
+                                 languages(model),
+                                 QString::number(model.speed),
+                                 QString::number(model.accuracy),
+                                 QString::number(model.ramUsage),
+                                 state,
+                                 session.isSelected(model) ? QStringLiteral("selected") : QStringLiteral("-"),
+                                 status.file};
+        terminal::writeLine(fields.join(QLatin1Char('\t')));
+    }
+}
+
+QJsonObject toJson(const ModelsSession& session, const TranscriptionModel& model)
+{
+    const ModelStatus status = session.store.status(model);
+    QJsonObject object{
+        {QStringLiteral("name"), model.name},
+        {QStringLiteral("size"), model.size},
+        {QStringLiteral("description"), model.description},
+        {QStringLiteral("languages"), languages(model)},
+        {QStringLiteral("speed"), model.speed},
+        {QStringLiteral("accuracy"), model.accuracy},
+        {QStringLiteral("memory_gb"), model.ramUsage},
+        {QStringLiteral("supported"), ModelsSession::hasEngine(model)},
+        {QStringLiteral("state"), stateName(status)},
+        {QStringLiteral("selected"), session.isSelected(model)},
+        {QStringLiteral("system"), status.isSystemCopy},
+        {QStringLiteral("bytes"), status.bytes},
+    };
+    if (!status.file.isEmpty())
+        object.insert(QStringLiteral("file"), status.file);
+    if (!model.url.isEmpty())
+        object.insert(QStringLiteral("url"), model.url);
+    if (!model.hash.isEmpty())
+        object.insert(QStringLiteral("sha1"), model.hash);
+    return object;
+}
+
+} // namespace
+
+int listModels(const ModelsSession& session, bool json)
+{
+    if (json) {
+        QJsonArray array;
+        for (const TranscriptionModel& model : session.catalogue.models())
+            array.append(toJson(session, model));
+        terminal::writeLine(QString::fromUtf8(QJsonDocument(array).toJson(QJsonDocument::Compact)));
+    } else if (terminal::outputIsTerminal()) {
+        printTable(session);
+    } else {
+        printPlain(session);
+    }
+    return ExitCode::done;
+}
+
+} // namespace vantro

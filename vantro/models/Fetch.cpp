@@ -1,0 +1,267 @@
+#include "vantro/models/Fetch.h"
+
+#include <QFileInfo>
+#include <QRegularExpression>
+#include <QSslConfiguration>
+#include <QSslError>
+#include <QStorageInfo>
+
+#include <utility>
+
+namespace vantro {
+
+namespace {
+
+constexpr qint64 chunkBytes = 1'048'576;
+/// What may wait in memory while the disk is busy.
+constexpr qint64 readAheadBytes = 4 * chunkBytes;
+/// So much is written before other events get their turn.
+constexpr qint64 turnBytes = 8 * chunkBytes;
+constexpr int mostRedirects = 10;
+constexpr int stallChecks = 4;
+
+/// The system's certificates, and those of a company's own authority.
+QSslConfiguration trustedCertificates()
+{
+    QSslConfiguration configuration = QSslConfiguration::defaultConfiguration();
+    if (const QString file = qEnvironmentVariable("SSL_CERT_FILE"); !file.isEmpty())
+        configuration.addCaCertificates(file);
+    return configuration;
+}
+
+} // namespace
+
+Fetch::Fetch(QNetworkAccessManager& manager, PartFile& part, const TransferRequest& request,
+             const TransferOptions& options, OnBytes onBytes)
+    : manager_(manager)
+    , part_(part)
+    , request_(request)
+    , options_(options)
+    , onBytes_(std::move(onBytes))
+    , buffer_(chunkBytes)
+{
+    promise_.start();
+}
+
+Fetch::~Fetch()
+{
+    delete reply_;
+}
+
+QFuture<void> Fetch::start()
+{
+    reply_ = manager_.get(networkRequest());
+    reply_->setReadBufferSize(readAheadBytes);
+    lastHeard_.start();
+    connect(reply_, &QNetworkReply::metaDataChanged, this, [this] { guarded([this] { readHead(); }); });
+    connect(reply_, &QNetworkReply::readyRead, this, [this] { guarded([this] { pump(); }); });
+    connect(reply_, &QNetworkReply::finished, this, [this] { guarded([this] { replyFinished(); }); });
+    connect(reply_, &QNetworkReply::sslErrors, this, [this](const QList<QSslError>& errors) {
+        if (!errors.isEmpty())
+            certificateProblem_ = errors.first().errorString();
+    });
+    connect(&stallTimer_, &QTimer::timeout, this, [this] { guarded([this] { checkStall(); }); });
+    stallTimer_.start(options_.stallTimeout / stallChecks);
+    return promise_.future();
+}
+
+QNetworkRequest Fetch::networkRequest() const
+{
+    QNetworkRequest request(request_.url);
+    request.setHeader(QNetworkRequest::UserAgentHeader, QStringLiteral("vantro/" VANTRO_VERSION));
+    request.setRawHeader("Accept-Encoding", "identity"); // sizes and positions are those of the file
+    request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::NoLessSafeRedirectPolicy);
+    request.setMaximumRedirectsAllowed(mostRedirects);
+    request.setAttribute(QNetworkRequest::Http2AllowedAttribute, false); // one long stream gains nothing from it
+    request.setSslConfiguration(trustedCertificates());
+    if (const qint64 have = part_.bytes(); have > 0 && !request_.url.isLocalFile()) {
+        request.setRawHeader("Range", QByteArray("bytes=") + QByteArray::number(have) + '-');
+        if (const QString validator = part_.note()->validator(); !validator.isEmpty())
+            request.setRawHeader("If-Range", validator.toUtf8());
+    }
+    return request;
+}
+
+void Fetch::stop()
+{
+    end(std::make_exception_ptr(ModelDownloadError::cancelled()));
+}
+
+void Fetch::guarded(const std::function<void()>& step)
+{
+    try {
+        step();
+    } catch (...) {
+        end(std::current_exception());
+    }
+}
+
+void Fetch::end(std::exception_ptr failure)
+{
+    if (reply_ == nullptr)
+        return;
+    stallTimer_.stop();
+    QNetworkReply* reply = std::exchange(reply_, nullptr);
+    reply->disconnect(this);
+    reply->abort();
+    reply->deleteLater();
+    if (failure)
+        promise_.setException(std::move(failure));
+    promise_.finish();
+}
+
+int Fetch::status() const
+{
+    return reply_->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
+}
+
+QString Fetch::host() const
+{
+    const QUrl url = reply_ != nullptr ? reply_->url() : request_.url;
+    return url.isLocalFile() ? url.adjusted(QUrl::RemoveFilename).toLocalFile() : url.host();
+}
+
+void Fetch::readHead()
+{
+    lastHeard_.restart();
+    if (isAccepted_)
+        return;
+    if (reply_->url().isLocalFile() || status() == 200)
+        acceptWhole();
+    else if (status() == 206)
+        acceptRest();
+    else if (status() == 416)
+        mustStartAnew_ = true;
+    if (mustStartAnew_)
+        end(nullptr);
+}
+
+PartNote Fetch::noteFromHead() const
+{
+    const QString etag = QString::fromUtf8(reply_->rawHeader("ETag"));
+    return {request_.sha1, etag.startsWith(QLatin1String("W/")) ? QString() : etag,
+            QString::fromUtf8(reply_->rawHeader("Last-Modified")), totalBytes_};
+}
+
+void Fetch::acceptWhole()
+{
+    bool isKnown = false;
+    const qint64 length = reply_->header(QNetworkRequest::ContentLengthHeader).toLongLong(&isKnown);
+    totalBytes_ = isKnown ? length : -1;
+    receivedBytes_ = 0;
+    // The space of a part that is given up now comes free.
+    part_.begin(noteFromHead());
+    isAccepted_ = true;
+    checkSpace();
+}
+
+void Fetch::acceptRest()
+{
+    static const QRegularExpression form(QStringLiteral("^bytes (\\d+)-(\\d+)/(\\d+)$"));
+    const auto range = form.match(QString::fromUtf8(reply_->rawHeader("Content-Range")).trimmed());
+    const qint64 have = part_.bytes();
+    const qint64 known = part_.note()->totalBytes;
+    const qint64 total = range.captured(3).toLongLong();
+    if (!range.hasMatch() || range.captured(1).toLongLong() != have || (known >= 0 && known != total)) {
+        mustStartAnew_ = true;
+        return;
+    }
+    totalBytes_ = total;
+    receivedBytes_ = have;
+    part_.resume();
+    isAccepted_ = true;
+    checkSpace();
+}
+
+void Fetch::checkSpace() const
+{
+    const QString folder = QFileInfo(request_.destination).absolutePath();
+    const qint64 needed = totalBytes_ - receivedBytes_;
+    const qint64 available = QStorageInfo(folder).bytesAvailable(); // negative where it cannot be told
+    if (totalBytes_ > 0 && available >= 0 && available < needed)
+        throw ModelDownloadError::notEnoughSpace(folder, needed, available);
+}
+
+void Fetch::pump()
+{
+    // The body of a refusal or a redirect is not read; the error tells enough.
+    if (!isAccepted_)
+        return;
+    const qint64 before = receivedBytes_;
+    while (receivedBytes_ - before < turnBytes && writeSome() > 0) {
+    }
+    if (receivedBytes_ == before)
+        return;
+    lastHeard_.restart();
+    onBytes_(receivedBytes_, totalBytes_);
+    if (reply_ != nullptr && reply_->bytesAvailable() > 0)
+        QMetaObject::invokeMethod(
+            this, [this] { guarded([this] { isFinished_ ? replyFinished() : pump(); }); }, Qt::QueuedConnection);
+}
+
+qint64 Fetch::writeSome()
+{
+    const qint64 count = reply_->read(buffer_.data(), chunkBytes);
+    if (count <= 0)
+        return count;
+    if (totalBytes_ >= 0 && receivedBytes_ + count > totalBytes_)
+        throw ModelDownloadError::refusedByServer(host(), status(), request_.url.fileName());
+    part_.append(buffer_.data(), count);
+    receivedBytes_ += count;
+    return count;
+}
+
+void Fetch::replyFinished()
+{
+    if (reply_ == nullptr)
+        return;
+    isFinished_ = true;
+    pump();
+    if (isAccepted_ && reply_->bytesAvailable() > 0)
+        return; // pump() comes back here
+    if (reply_->error() != QNetworkReply::NoError)
+        throw replyError();
+    if (!isAccepted_)
+        throw ModelDownloadError::refusedByServer(host(), status(), request_.url.fileName());
+    if (receivedBytes_ < totalBytes_)
+        throw brokenOff();
+    end(nullptr);
+}
+
+ModelDownloadError Fetch::brokenOff() const
+{
+    return ModelDownloadError::connectionBroken(
+        host(), tr("it ended after %1 of %2").arg(sizeText(receivedBytes_), sizeText(totalBytes_)));
+}
+
+void Fetch::checkStall()
+{
+    if (std::chrono::milliseconds(lastHeard_.elapsed()) < options_.stallTimeout)
+        return;
+    const QString reason =
+        tr("nothing has come for %1 s").arg(static_cast<double>(options_.stallTimeout.count()) / 1000);
+    throw isAccepted_ ? ModelDownloadError::connectionBroken(host(), reason)
+                      : ModelDownloadError::hostUnreachable(host(), reason);
+}
+
+ModelDownloadError Fetch::replyError() const
+{
+    if (status() >= 400)
+        return ModelDownloadError::refusedByServer(host(), status(), request_.url.fileName());
+    if (reply_->url().isLocalFile())
+        return ModelDownloadError::refusedByServer(host(), 0, request_.url.fileName());
+    if (isAccepted_)
+        return totalBytes_ < 0 ? ModelDownloadError::connectionBroken(host(), reply_->errorString()) : brokenOff();
+    switch (reply_->error()) {
+    case QNetworkReply::SslHandshakeFailedError:
+        return ModelDownloadError::notTrusted(host(), certificateProblem_.isEmpty() ? reply_->errorString()
+                                                                                    : certificateProblem_);
+    case QNetworkReply::TooManyRedirectsError:
+    case QNetworkReply::InsecureRedirectError:
+        return ModelDownloadError::redirectedInLoop(request_.url.host(), reply_->errorString());
+    default:
+        return ModelDownloadError::hostUnreachable(host(), reply_->errorString());
+    }
+}
+
+} // namespace vantro

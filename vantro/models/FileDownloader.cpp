@@ -1,0 +1,193 @@
+#include "vantro/models/FileDownloader.h"
+
+#include <QMutexLocker>
+#include <QNetworkProxyFactory>
+#include <QPromise>
+
+#include <algorithm>
+#include <optional>
+#include <utility>
+#include <vector>
+
+namespace vantro {
+
+namespace {
+
+class SystemProxies final : public QNetworkProxyFactory
+{
+public:
+    QList<QNetworkProxy> queryProxy(const QNetworkProxyQuery& query) override { return systemProxyForQuery(query); }
+};
+
+} // namespace
+
+/// One who waits. Destroyed without the lock: its stop callback may be running and wanting it.
+struct FileDownloader::Listener
+{
+    OnProgress onProgress;
+    QPromise<void> promise;
+    std::optional<std::stop_callback<std::function<void()>>> stopCallback;
+
+    void end(const std::exception_ptr& failure)
+    {
+        if (failure)
+            promise.setException(failure);
+        promise.finish();
+    }
+};
+
+/// A file that is being fetched, and all who wait for it.
+struct FileDownloader::PendingDownload
+{
+    TransferRequest request;
+    std::vector<std::shared_ptr<Listener>> listeners; ///< under pendingLock_
+    FileTransfer* transfer = nullptr;                 ///< network thread
+    bool isStopped = false;                           ///< network thread
+};
+
+/// The network's side: one access manager, made on its own thread.
+class FileDownloader::Network : public QObject
+{
+public:
+    explicit Network(FileDownloader& owner) : owner_(owner) {}
+
+    void carryOut(const PendingPointer& download)
+    {
+        if (!manager_) {
+            manager_ = std::make_unique<QNetworkAccessManager>();
+            manager_->setProxyFactory(new SystemProxies); // owned by the manager
+        }
+        transfer(download);
+    }
+
+    static void stop(PendingDownload& download)
+    {
+        download.isStopped = true;
+        if (download.transfer != nullptr)
+            download.transfer->stop();
+    }
+
+    void close() { manager_.reset(); }
+
+private:
+    QCoro::Task<> transfer(PendingPointer download)
+    {
+        std::exception_ptr failure;
+        try {
+            FileTransfer transfer(*manager_, owner_.files_, owner_.options_, download->request,
+                                  [this, download](const auto& progress) { owner_.publish(*download, progress); });
+            download->transfer = &transfer;
+            if (download->isStopped)
+                transfer.stop();
+            co_await transfer.run();
+        } catch (...) {
+            failure = std::current_exception();
+        }
+        download->transfer = nullptr;
+        owner_.finish(download, failure);
+    }
+
+    FileDownloader& owner_;
+    std::unique_ptr<QNetworkAccessManager> manager_;
+};
+
+FileDownloader::FileDownloader(TransferOptions options)
+    : options_(std::move(options))
+    , network_(std::make_unique<Network>(*this))
+{
+    thread_.setObjectName(QStringLiteral("model downloads"));
+    network_->moveToThread(&thread_);
+    thread_.start();
+}
+
+FileDownloader::~FileDownloader()
+{
+    {
+        QMutexLocker locker(&pendingLock_);
+        for (const auto& entry : pending_)
+            QMetaObject::invokeMethod(network_.get(), [download = entry.second] { Network::stop(*download); });
+        while (running_ > 0)
+            allEnded_.wait(&pendingLock_);
+    }
+    QMetaObject::invokeMethod(
+        network_.get(), [this] { network_->close(); }, Qt::BlockingQueuedConnection);
+    thread_.quit();
+    thread_.wait();
+}
+
+QFuture<void> FileDownloader::download(TransferRequest request, OnProgress onProgress, std::stop_token stop)
+{
+    const auto listener = std::make_shared<Listener>();
+    listener->onProgress = std::move(onProgress);
+    listener->promise.start();
+    QFuture<void> future = listener->promise.future();
+
+    QMutexLocker locker(&pendingLock_);
+    PendingPointer& entry = pending_[request.destination];
+    const bool isNew = !entry;
+    if (isNew) {
+        entry = std::make_shared<PendingDownload>();
+        entry->request = std::move(request);
+        ++running_;
+    }
+    const PendingPointer download = entry;
+    download->listeners.push_back(listener);
+    locker.unlock();
+
+    if (isNew)
+        QMetaObject::invokeMethod(network_.get(), [this, download] { network_->carryOut(download); });
+    // Calls at once when the stop has been requested already.
+    listener->stopCallback.emplace(std::move(stop),
+                                   [this, download, waiting = listener.get()] { leave(download, waiting); });
+    return future;
+}
+
+void FileDownloader::leave(const PendingPointer& download, const Listener* listener)
+{
+    std::shared_ptr<Listener> leaving;
+    {
+        const QMutexLocker locker(&pendingLock_);
+        const auto position = std::ranges::find(download->listeners, listener, &std::shared_ptr<Listener>::get);
+        if (position == download->listeners.end())
+            return;
+        leaving = std::move(*position);
+        download->listeners.erase(position);
+        if (download->listeners.empty()) {
+            // Who asks from now on begins a download of its own, which waits until this one has let go of the file.
+            if (const auto entry = pending_.find(download->request.destination);
+                entry != pending_.end() && entry->second == download)
+                pending_.erase(entry);
+            QMetaObject::invokeMethod(network_.get(), [download] { Network::stop(*download); });
+        }
+    }
+    leaving->end(std::make_exception_ptr(ModelDownloadError::cancelled()));
+}
+
+void FileDownloader::publish(const PendingDownload& download, const DownloadProgress& progress)
+{
+    const QMutexLocker locker(&pendingLock_);
+    for (const auto& listener : download.listeners) {
+        if (listener->onProgress)
+            listener->onProgress(progress);
+    }
+}
+
+void FileDownloader::finish(const PendingPointer& download, const std::exception_ptr& failure)
+{
+    std::vector<std::shared_ptr<Listener>> listeners;
+    {
+        const QMutexLocker locker(&pendingLock_);
+        listeners.swap(download->listeners);
+        if (const auto entry = pending_.find(download->request.destination);
+            entry != pending_.end() && entry->second == download)
+            pending_.erase(entry);
+    }
+    for (const auto& listener : listeners)
+        listener->end(failure);
+    listeners.clear();
+    const QMutexLocker locker(&pendingLock_);
+    --running_;
+    allEnded_.wakeAll();
+}
+
+} // namespace vantro

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "base/SerialExecutor.h"
+#include "vantro/models/FileTransfer.h"
+
+#include <QFuture>
+#include <QMutex>
+#include <QThread>
+#include <QWaitCondition>
+
+#include <map>
+#include <memory>
+#include <stop_token>
+
+namespace vantro {
+
+/// Fetches large files over HTTP, HTTPS or from a local folder, on a thread of its own.
+///
+/// A file is first collected in a part (PartFile) that survives breaks, and continued by a range request as long as the
+/// server still has the same file. However many ask for a file, here or in another process, it is fetched once. System
+/// proxies are used; certificates are checked against the system's and those in the file that SSL_CERT_FILE names.
+class FileDownloader
+{
+public:
+    /// Called on the network's thread, and not any more once a stop has been requested. Must not request one itself.
+    using OnProgress = std::function<void(const DownloadProgress&)>;
+
+    explicit FileDownloader(TransferOptions options = {});
+    /// Stops what is running; the parts stay.
+    ~FileDownloader();
+    FileDownloader(const FileDownloader&) = delete;
+    FileDownloader& operator=(const FileDownloader&) = delete;
+
+    /// The future ends when the file stands under its name, or throws ModelDownloadError or what the request's own
+    /// functions threw. Asking for a destination that is being fetched joins that download; it ends early only when
+    /// all who asked have stopped. Any thread.
+    [[nodiscard]] QFuture<void> download(TransferRequest request, OnProgress onProgress, std::stop_token stop = {});
+
+private:
+    struct Listener;
+    struct PendingDownload;
+    class Network;
+    using PendingPointer = std::shared_ptr<PendingDownload>;
+
+    void leave(const PendingPointer& download, const Listener* listener);
+    void publish(const PendingDownload& download, const DownloadProgress& progress);
+    void finish(const PendingPointer& download, const std::exception_ptr& failure);
+
+    TransferOptions options_;
+    SerialExecutor files_{QStringLiteral("model files")}; ///< hashing and syncing, which take seconds
+    QMutex pendingLock_;
+    QWaitCondition allEnded_;
+    std::map<QString, PendingPointer> pending_; ///< by destination; what nobody waits for has left
+    int running_ = 0;
+    QThread thread_;
+    std::unique_ptr<Network> network_; ///< lives on the thread
+};
+
+} // namespace vantro

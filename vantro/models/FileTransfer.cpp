@@ -1,0 +1,144 @@
+#include "vantro/models/FileTransfer.h"
+
+#include "vantro/models/Fetch.h"
+
+#include <QTimer>
+#include <qcoro/qcorofuture.h>
+#include <qcoro/qcorotimer.h>
+
+#include <utility>
+
+using namespace std::chrono_literals;
+
+namespace vantro {
+
+namespace {
+
+constexpr auto lockPollInterval = 200ms;
+
+} // namespace
+
+FileTransfer::FileTransfer(QNetworkAccessManager& manager, SerialExecutor& files, const TransferOptions& options,
+                           TransferRequest request, OnProgress onProgress)
+    : manager_(manager)
+    , files_(files)
+    , options_(options)
+    , request_(std::move(request))
+    , onProgress_(std::move(onProgress))
+    , part_(request_.destination)
+{
+}
+
+FileTransfer::~FileTransfer() = default;
+
+void FileTransfer::stop()
+{
+    isStopped_ = true;
+    if (fetch_)
+        fetch_->stop();
+}
+
+QCoro::Task<> FileTransfer::run()
+{
+    const FileLock lock = co_await takeLock();
+    if (request_.isThere) {
+        const QFuture<bool> isThere = files_.run(request_.isThere);
+        if (co_await isThere)
+            co_return;
+    }
+    if (!isPartUsable())
+        part_.discard();
+    co_await fetchAll();
+    publish(tr("Checking the file"));
+    co_await files_.run([this] {
+        part_.settle();
+        if (request_.onStored)
+            request_.onStored();
+    });
+}
+
+QCoro::Task<FileLock> FileTransfer::takeLock()
+{
+    for (;;) {
+        if (auto lock = part_.tryLock())
+            co_return std::move(*lock);
+        if (const auto note = part_.note()) {
+            progress_.receivedBytes = part_.bytes();
+            progress_.totalBytes = note->totalBytes;
+        }
+        co_await pause(lockPollInterval, tr("Waiting for another vantro that downloads the same file"));
+    }
+}
+
+bool FileTransfer::isPartUsable() const
+{
+    const auto note = part_.note();
+    return note && note->wanted == request_.sha1 && (note->totalBytes < 0 || part_.bytes() <= note->totalBytes);
+}
+
+bool FileTransfer::isPartComplete() const
+{
+    const auto note = part_.note();
+    return note && note->totalBytes > 0 && part_.bytes() == note->totalBytes;
+}
+
+QCoro::Task<> FileTransfer::fetchAll()
+{
+    // A process that was killed between the last byte and the file's name left a complete part.
+    int reconnections = 0;
+    bool hasStartedAnew = false;
+    while (!isPartComplete()) {
+        const qint64 before = part_.bytes();
+        std::optional<ModelDownloadError> broken;
+        try {
+            if (co_await fetchOnce())
+                co_return;
+            part_.discard();
+            if (std::exchange(hasStartedAnew, true))
+                throw ModelDownloadError::connectionBroken(request_.url.host(), tr("the file changes all the time"));
+        } catch (const ModelDownloadError& error) {
+            const bool isWorthwhile = error.kind() == ModelDownloadError::Kind::connectionBroken &&
+                                      part_.bytes() > before && reconnections < options_.reconnections;
+            if (!isWorthwhile)
+                throw;
+            broken = error;
+        }
+        if (broken) {
+            ++reconnections;
+            co_await pause(options_.reconnectionPause, tr("The connection was lost, trying again"));
+        }
+    }
+}
+
+QCoro::Task<bool> FileTransfer::fetchOnce()
+{
+    if (isStopped_)
+        throw ModelDownloadError::cancelled();
+    Fetch fetch(manager_, part_, request_, options_, [this](qint64 received, qint64 total) {
+        progress_.receivedBytes = received;
+        progress_.totalBytes = total;
+        publish();
+    });
+    fetch_ = &fetch;
+    co_await fetch.start();
+    co_return !fetch.mustStartAnew();
+}
+
+QCoro::Task<> FileTransfer::pause(std::chrono::milliseconds duration, const QString& reason)
+{
+    publish(reason);
+    QTimer timer;
+    timer.setSingleShot(true);
+    timer.start(duration);
+    co_await timer;
+    if (isStopped_)
+        throw ModelDownloadError::cancelled();
+}
+
+void FileTransfer::publish(const std::optional<QString>& statusText)
+{
+    progress_.statusText = statusText;
+    onProgress_(progress_);
+}
+
+} // namespace vantro

@@ -1,0 +1,110 @@
+#include "vantro/models/ModelDownloadError.h"
+
+#include <QLocale>
+
+namespace vantro {
+
+namespace {
+
+QString withoutFullStop(QString sentence)
+{
+    while (sentence.endsWith(QLatin1Char('.')))
+        sentence.chop(1);
+    return sentence;
+}
+
+} // namespace
+
+QString sizeText(qint64 bytes)
+{
+    return QLocale().formattedDataSize(bytes, 1, QLocale::DataSizeIecFormat);
+}
+
+ModelDownloadError ModelDownloadError::hostUnreachable(const QString& host, const QString& reason)
+{
+    return {Kind::hostUnreachable,
+            tr("%1 cannot be reached (%2). Check the network connection, the proxy and the model host's address.")
+                .arg(host, withoutFullStop(reason))};
+}
+
+ModelDownloadError ModelDownloadError::refusedByServer(const QString& host, int status, const QString& file)
+{
+    QString text;
+    if (status == 0)
+        text = tr("%1 has no readable file %2. Check the model host's address.").arg(host, file);
+    else if (status == 404 || status == 410)
+        text = tr("%1 has no file %2 (error %3). Check the model host's address.").arg(host, file).arg(status);
+    else if (status == 401 || status == 403 || status == 407)
+        text = tr("%1 does not hand out %2 (error %3). Check the model host's address and whether it asks for a login.")
+                   .arg(host, file)
+                   .arg(status);
+    else
+        text = tr("%1 cannot deliver %2 at the moment (error %3). Try again later.").arg(host, file).arg(status);
+    return {Kind::refusedByServer, text};
+}
+
+ModelDownloadError ModelDownloadError::connectionBroken(const QString& host, const QString& reason)
+{
+    return {Kind::connectionBroken,
+            tr("The connection to %1 was lost (%2). What was fetched is kept: try again to continue there.")
+                .arg(host, withoutFullStop(reason))};
+}
+
+ModelDownloadError ModelDownloadError::redirectedInLoop(const QString& host, const QString& reason)
+{
+    return {Kind::redirectedInLoop,
+            tr("%1 sends the download on to a place where it cannot end (%2). Check the model host's address.")
+                .arg(host, withoutFullStop(reason))};
+}
+
+ModelDownloadError ModelDownloadError::notTrusted(const QString& host, const QString& reason)
+{
+    return {Kind::notTrusted, tr("The encrypted connection to %1 cannot be trusted (%2). Check this computer's clock, "
+                                 "or install the certificate of your company's model host.")
+                                  .arg(host, withoutFullStop(reason))};
+}
+
+ModelDownloadError ModelDownloadError::wrongContent(const QString& description)
+{
+    return {Kind::wrongContent, description};
+}
+
+ModelDownloadError ModelDownloadError::notEnoughSpace(const QString& folder, qint64 neededBytes, qint64 freeBytes)
+{
+    return {Kind::notEnoughSpace, tr("There is not enough space in %1: %2 more are needed, %3 are free. Make room, or "
+                                     "choose a smaller model.")
+                                      .arg(folder, sizeText(neededBytes), sizeText(freeBytes))};
+}
+
+ModelDownloadError ModelDownloadError::diskFull(const QString& folder)
+{
+    return {Kind::notEnoughSpace,
+            tr("The disk of %1 is full. What was fetched is kept: make room, then try again to continue there.")
+                .arg(folder)};
+}
+
+ModelDownloadError ModelDownloadError::folderNotWritable(const QString& folder, const QString& reason)
+{
+    return {
+        Kind::folderNotWritable,
+        tr("The folder %1 cannot be written to (%2). Change its permissions.").arg(folder, withoutFullStop(reason))};
+}
+
+ModelDownloadError ModelDownloadError::notWritten(const QString& file, const QString& reason)
+{
+    return {Kind::folderNotWritable,
+            tr("%1 could not be written (%2). Check the disk.").arg(file, withoutFullStop(reason))};
+}
+
+ModelDownloadError ModelDownloadError::cancelled()
+{
+    return {Kind::cancelled, tr("The download was stopped. What was fetched is kept.")};
+}
+
+bool ModelDownloadError::isHostsFault() const
+{
+    return kind_ == Kind::hostUnreachable || kind_ == Kind::refusedByServer || kind_ == Kind::connectionBroken ||
+           kind_ == Kind::redirectedInLoop || kind_ == Kind::notTrusted;
+}
+
+} // namespace vantro

@@ -1,0 +1,34 @@
+#include "vantro/models/ModelHost.h"
+
+namespace vantro {
+
+QString ModelHost::publicAddress()
+{
+    return QStringLiteral("https://huggingface.co/ggerganov/whisper.cpp");
+}
+
+QString ModelHost::address(const UserDefaults& defaults, const QString& option)
+{
+    QString address = option;
+    if (address.isEmpty())
+        address = qEnvironmentVariable("VANTRO_MODEL_HOST");
+    if (address.isEmpty())
+        address = defaults.string(QStringLiteral("modelHostBaseURL")).value_or(QString());
+    if (address.isEmpty())
+        address = publicAddress();
+    while (address.endsWith(QLatin1Char('/')))
+        address.chop(1);
+    return address;
+}
+
+std::optional<QUrl> ModelHost::usable(const QString& text)
+{
+    const QUrl url(text, QUrl::StrictMode);
+    const QString scheme = url.scheme();
+    const bool isWeb = scheme == QLatin1String("http") || scheme == QLatin1String("https");
+    if (!url.isValid() || !(isWeb ? !url.host().isEmpty() : url.isLocalFile()))
+        return std::nullopt;
+    return url;
+}
+
+} // namespace vantro

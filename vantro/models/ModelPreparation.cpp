@@ -1,0 +1,113 @@
+#include "vantro/models/ModelPreparation.h"
+
+#include "base/Logger.h"
+#include "vantro/models/PartFile.h"
+#include "vantro/models/Sha1.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <qcoro/qcorofuture.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <utility>
+#include <vector>
+
+namespace vantro {
+
+namespace {
+
+constexpr QLatin1String migratedKey("whisperLegacyCacheMigrated");
+constexpr qint64 chunkBytes = 1'048'576;
+
+/// For a legacy folder on another disk: the file arrives whole or not at all.
+void copyAndSettle(QFile& source, PartFile& part, const QString& sha1)
+{
+    source.seek(0);
+    part.begin({sha1, {}, {}, source.size()});
+    std::vector<char> chunk(chunkBytes);
+    qint64 count = 0;
+    while ((count = source.read(chunk.data(), chunkBytes)) > 0)
+        part.append(chunk.data(), count);
+    if (count < 0)
+        throw Error(source.errorString());
+    part.settle();
+}
+
+} // namespace
+
+ModelPreparation::ModelPreparation(const ModelCatalogue& catalogue, const ModelStore& store, UserDefaults& defaults,
+                                   QString legacyFolder)
+    : catalogue_(catalogue)
+    , store_(store)
+    , defaults_(defaults)
+    , legacyFolder_(std::move(legacyFolder))
+{
+}
+
+QString ModelPreparation::standardLegacyFolder()
+{
+    return QDir::homePath() + QStringLiteral("/whisper.cpp/models");
+}
+
+QCoro::Task<> ModelPreparation::run()
+{
+    if (!defaults_.boolean(migratedKey, false)) {
+        co_await files_.run([this] { migrateLegacyFiles(); });
+        defaults_.setBoolean(migratedKey, true);
+    }
+    co_await files_.run([this] { verifyUncheckedFiles(); });
+}
+
+void ModelPreparation::migrateLegacyFiles() const
+{
+    for (const TranscriptionModel& model : catalogue_.models()) {
+        if (model.engine != TranscriptionEngine::whisper)
+            continue;
+        const QString file = legacyFolder_ + QLatin1Char('/') + model.fileName();
+        // A link belongs to an arrangement of the user's own.
+        if (const QFileInfo info(file); !info.isFile() || info.isSymLink())
+            continue;
+        try {
+            migrate(model, file);
+        } catch (const std::exception& error) {
+            printLine(QStringLiteral("Error migrating legacy model file: ") + localizedDescription(error));
+        }
+    }
+}
+
+void ModelPreparation::migrate(const TranscriptionModel& model, const QString& legacyFile) const
+{
+    QFile source(legacyFile);
+    if (!source.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
+        throw Error(QStringLiteral("%1 could not be read: %2").arg(legacyFile, source.errorString()));
+    if (sha1OfFile(source) != model.hash) {
+        source.remove();
+        printLine(QStringLiteral("Removed invalid legacy model file: ") + model.fileName());
+        return;
+    }
+    PartFile part(store_.ownFile(model));
+    const auto lock = part.tryLock();
+    if (!lock || QFileInfo::exists(part.destination()))
+        return;
+    if (std::rename(QFile::encodeName(legacyFile).constData(), QFile::encodeName(part.destination()).constData()) !=
+        0) {
+        if (errno != EXDEV)
+            throw Error(qt_error_string(errno));
+        copyAndSettle(source, part, model.hash);
+        source.remove();
+    }
+    store_.markIfRight(model);
+    printLine(QStringLiteral("Migrated legacy model file ") + model.fileName());
+}
+
+void ModelPreparation::verifyUncheckedFiles() const
+{
+    for (const TranscriptionModel& model : catalogue_.models()) {
+        if (store_.status(model).state == ModelStatus::State::unchecked)
+            store_.check(model);
+    }
+}
+
+} // namespace vantro

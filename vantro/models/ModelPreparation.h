@@ -1,0 +1,38 @@
+#pragma once
+
+#include "base/SerialExecutor.h"
+#include "base/UserDefaults.h"
+#include "vantro/models/ModelStore.h"
+
+#include <qcoro/qcorotask.h>
+
+namespace vantro {
+
+/// Makes the models that already lie on this machine usable before the selection is settled: once, moves what the
+/// whisper library's own download script has fetched into the user's folder; always, verifies files that nobody has
+/// verified yet. All hashing is done on a worker thread. Main thread.
+class ModelPreparation
+{
+public:
+    ModelPreparation(const ModelCatalogue& catalogue, const ModelStore& store, UserDefaults& defaults,
+                     QString legacyFolder = standardLegacyFolder());
+
+    /// Where that script puts its files in a checkout in the user's home: "whisper.cpp/models".
+    static QString standardLegacyFolder();
+
+    /// Never throws.
+    QCoro::Task<> run();
+
+private:
+    void migrateLegacyFiles() const;
+    void migrate(const TranscriptionModel& model, const QString& legacyFile) const;
+    void verifyUncheckedFiles() const;
+
+    const ModelCatalogue& catalogue_;
+    const ModelStore& store_;
+    UserDefaults& defaults_;
+    QString legacyFolder_;
+    SerialExecutor files_{QStringLiteral("model preparation")};
+};
+
+} // namespace vantro

@@ -1,0 +1,55 @@
+#include "vantro/models/Sha1.h"
+
+#include "base/Error.h"
+
+#include <openssl/evp.h>
+
+#include <array>
+#include <memory>
+#include <vector>
+
+namespace vantro {
+
+namespace {
+
+constexpr qint64 chunkBytes = 1'048'576;
+
+struct DigestDeleter
+{
+    void operator()(EVP_MD_CTX* context) const { EVP_MD_CTX_free(context); }
+};
+
+Error unreadable(const QFile& file)
+{
+    return Error(QStringLiteral("%1 could not be read: %2").arg(file.fileName(), file.errorString()));
+}
+
+} // namespace
+
+QString sha1OfFile(QFile& file)
+{
+    const std::unique_ptr<EVP_MD_CTX, DigestDeleter> digest(EVP_MD_CTX_new());
+    if (!digest || EVP_DigestInit_ex(digest.get(), EVP_sha1(), nullptr) != 1)
+        throw Error(QStringLiteral("SHA-1 is switched off on this system, so model files cannot be verified"));
+    std::vector<char> chunk(chunkBytes);
+    qint64 count = 0;
+    while ((count = file.read(chunk.data(), chunkBytes)) > 0)
+        EVP_DigestUpdate(digest.get(), chunk.data(), static_cast<std::size_t>(count));
+    if (count < 0)
+        throw unreadable(file);
+    std::array<unsigned char, EVP_MAX_MD_SIZE> bytes{};
+    unsigned length = 0;
+    EVP_DigestFinal_ex(digest.get(), bytes.data(), &length);
+    return QString::fromLatin1(
+        QByteArray(reinterpret_cast<const char*>(bytes.data()), static_cast<qsizetype>(length)).toHex());
+}
+
+QString sha1OfFile(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
+        throw unreadable(file);
+    return sha1OfFile(file);
+}
+
+} // namespace vantro
