@@ -3,7 +3,11 @@
 #include "asr/ASRError.h"
 #include "asr/ModelFile.h"
 
+#include <algorithm>
+#include <exception>
+#include <mutex>
 #include <span>
+#include <thread>
 #include <utility>
 
 namespace vantro::asr {
@@ -11,6 +15,8 @@ namespace vantro::asr {
 namespace {
 
 using kernels::MatrixFormat;
+
+constexpr unsigned maximumLoadThreads = 4;
 
 /// The format that this processor multiplies a matrix of that type fastest in.
 MatrixFormat formatFor(const ModelFile::Tensor& entry)
@@ -73,26 +79,52 @@ void Weights::load(ModelFile& file)
     buffer_.reset(ggml_backend_alloc_ctx_tensors_from_buft(context_.get(), ggml_backend_dev_buffer_type(processor)));
     if (buffer_ == nullptr)
         throw ASRError(ASRError::Kind::modelLoadFailed, "out of memory");
-    for (const FileTensor& target : fromFile_)
-        read(file, target);
+    readAll(file);
     for (const auto& [tensor, values] : computed_)
         setTensor(tensor, values);
     fromFile_.clear();
     computed_.clear();
 }
 
-void Weights::read(ModelFile& file, const FileTensor& target)
+/// One thread reads from the file at a time while the others rearrange what they have read.
+void Weights::readAll(ModelFile& file) const
 {
-    const ModelFile::Tensor& entry = file.tensor(target.name);
-    if (target.format == MatrixFormat::none) {
-        file.read(entry, std::span(static_cast<std::byte*>(target.tensor->data), entry.bytes));
-        return;
+    std::mutex lock;
+    std::size_t next = 0;
+    std::exception_ptr failure;
+    const auto work = [&] {
+        std::vector<std::byte> stored;
+        for (;;) {
+            std::unique_lock guard(lock);
+            if (failure || next == fromFile_.size())
+                return;
+            const FileTensor& target = fromFile_[next++];
+            const ModelFile::Tensor& entry = file.tensor(target.name);
+            try {
+                if (target.format == MatrixFormat::none) {
+                    file.read(entry, std::span(static_cast<std::byte*>(target.tensor->data), entry.bytes));
+                    continue;
+                }
+                stored.resize(entry.bytes);
+                file.read(entry, stored);
+            } catch (...) {
+                failure = std::current_exception();
+                return;
+            }
+            guard.unlock();
+            kernels::matrixKernels(target.format)
+                ->packMatrix(stored.data(), static_cast<std::size_t>(entry.shape[0]),
+                             static_cast<std::size_t>(entry.shape[1]), target.tensor->data);
+        }
+    };
+    {
+        std::vector<std::jthread> helpers;
+        for (unsigned i = 1; i < std::min(std::thread::hardware_concurrency(), maximumLoadThreads); ++i)
+            helpers.emplace_back(work);
+        work();
     }
-    std::vector<std::byte> stored(entry.bytes);
-    file.read(entry, stored);
-    kernels::matrixKernels(target.format)
-        ->packMatrix(stored.data(), static_cast<std::size_t>(entry.shape[0]), static_cast<std::size_t>(entry.shape[1]),
-                     target.tensor->data);
+    if (failure)
+        std::rethrow_exception(failure);
 }
 
 } // namespace vantro::asr

@@ -45,7 +45,7 @@ private:
         std::vector<float> values;
     };
 
-    static void read(ModelFile& file, const FileTensor& target);
+    void readAll(ModelFile& file) const;
 
     GgmlPointer<ggml_context> context_;
     GgmlPointer<ggml_backend_buffer> buffer_;

@@ -22,28 +22,31 @@ std::size_t panels(std::size_t count, std::size_t size)
     return (count + size - 1) / size;
 }
 
-std::uint16_t toBfloat16(float value)
-{
-    std::uint32_t bits = 0;
-    std::memcpy(&bits, &value, sizeof bits);
-    return static_cast<std::uint16_t>((bits + 0x7FFF + (bits >> 16 & 1)) >> 16); // to the nearest, halves to even
-}
-
 std::size_t matrixBytes(std::size_t inputs, std::size_t outputs)
 {
     return panels(outputs, panelOutputs) * panelOutputs * inputs * sizeof(std::uint16_t);
 }
 
+/// Writes 16 pairs of inputs, @p stride pairs apart.
+void scatter(__m512 low, __m512 high, std::uint32_t* target, std::size_t stride)
+{
+    std::uint32_t pairs[lanes];
+    const __m512bh rounded = _mm512_cvtne2ps_pbh(high, low);
+    std::memcpy(pairs, &rounded, sizeof pairs);
+    for (std::size_t i = 0; i < lanes; ++i)
+        target[i * stride] = pairs[i];
+}
+
 void packMatrix(const void* source, std::size_t inputs, std::size_t outputs, void* target)
 {
     const auto* rows = static_cast<const std::uint16_t*>(source); // float16
-    auto* out = static_cast<std::uint16_t*>(target);
     std::memset(target, 0, matrixBytes(inputs, outputs));
     for (std::size_t output = 0; output < outputs; ++output) {
-        std::uint16_t* panel = out + output / panelOutputs * panelOutputs * inputs + output % panelOutputs * 2;
-        for (std::size_t input = 0; input < inputs; input += 2) {
-            for (std::size_t i = 0; i < 2; ++i)
-                panel[input * panelOutputs + i] = toBfloat16(_cvtsh_ss(rows[output * inputs + input + i]));
+        auto* panel = static_cast<std::uint32_t*>(target) + output / panelOutputs * panelOutputs * inputs / 2;
+        for (std::size_t input = 0; input < inputs; input += 2 * lanes) {
+            const auto* halves = reinterpret_cast<const __m256i*>(rows + output * inputs + input);
+            scatter(_mm512_cvtph_ps(_mm256_loadu_si256(halves)), _mm512_cvtph_ps(_mm256_loadu_si256(halves + 1)),
+                    panel + input / 2 * panelOutputs + output % panelOutputs, panelOutputs);
         }
     }
 }
@@ -60,17 +63,10 @@ void packActivations(const float* source, std::size_t inputs, std::size_t column
         auto* panel = static_cast<std::uint32_t*>(target) + p * panelColumns * inputs / 2;
         for (std::size_t c = 0; c < panelColumns; ++c) {
             const std::size_t column = p * panelColumns + c;
-            for (std::size_t input = 0; input < inputs; input += 2 * lanes) {
-                std::uint32_t pairs[lanes] = {};
-                if (column < columns) {
-                    const float* values = source + column * inputs + input;
-                    const __m512bh rounded =
-                        _mm512_cvtne2ps_pbh(_mm512_loadu_ps(values + lanes), _mm512_loadu_ps(values));
-                    std::memcpy(pairs, &rounded, sizeof pairs);
-                }
-                for (std::size_t i = 0; i < lanes; ++i)
-                    panel[(input / 2 + i) * panelColumns + c] = pairs[i];
-            }
+            const float* values = source + (column < columns ? column : 0) * inputs;
+            for (std::size_t input = 0; input < inputs; input += 2 * lanes)
+                scatter(_mm512_loadu_ps(values + input), _mm512_loadu_ps(values + input + lanes),
+                        panel + input / 2 * panelColumns + c, panelColumns);
         }
     }
 }

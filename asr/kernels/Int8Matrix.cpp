@@ -54,9 +54,11 @@ void packMatrix(const void* source, std::size_t inputs, std::size_t outputs, voi
             const unsigned char* stored = row + block * storedBlockBytes;
             unsigned char* packed = panel + block * matrixBlockBytes;
             std::memcpy(packed + scalesOffset + place * sizeof(std::uint16_t), stored, sizeof(std::uint16_t));
+            unsigned char shifted[blockInputs];
             for (std::size_t i = 0; i < blockInputs; ++i)
-                packed[(i / 4 * panelOutputs + place) * 4 + i % 4] =
-                    static_cast<unsigned char>(stored[sizeof(std::uint16_t) + i] + weightOffset);
+                shifted[i] = static_cast<unsigned char>(stored[sizeof(std::uint16_t) + i] + weightOffset);
+            for (std::size_t group = 0; group < groups; ++group)
+                std::memcpy(packed + (group * panelOutputs + place) * 4, shifted + 4 * group, 4);
         }
     }
 }

@@ -117,12 +117,11 @@ TranscriptionModel Session::model(const QString& nameOrPath)
         throw Error(QStringLiteral("There is no model \"%1\". The catalogue has %2; a file's path works too")
                         .arg(nameOrPath, names.join(QStringLiteral(", "))));
     }
-    if (!isReady(*entry)) {
-        if (entry->fluidModel) {
-            throw Error(QStringLiteral("The model \"%1\" is not downloaded: put %2 into %3")
-                            .arg(entry->name, entry->fluidModel->repository + QStringLiteral("-q8_0.bin"),
-                                 store_.userFolder()));
-        }
+    if (entry->fluidModel && !isReady(*entry)) {
+        throw Error(QStringLiteral("The model \"%1\" is not there: put %2-q8_0.bin into %3")
+                        .arg(entry->name, entry->fluidModel->repository, store_.userFolder()));
+    }
+    if (entry->engine == TranscriptionEngine::whisper && !store_.isReady(*entry)) {
         throw Error(
             QStringLiteral("The model \"%1\" is not downloaded: run vantro models download \"%1\"").arg(entry->name));
     }
