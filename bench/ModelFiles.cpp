@@ -55,7 +55,9 @@ void download(const QString& url, const QString& destination)
     TransferRequest request;
     request.url = QUrl(url);
     request.destination = destination;
-    request.onStored = [&destination] { sha1OfFile(destination); };
+    request.onStored = [&destination] {
+        sha1OfFile(destination);
+    };
     FileDownloader downloader;
     downloader
         .download(request,

@@ -6,10 +6,10 @@ set(VANTRO_WHISPER_SOURCE "${CMAKE_SOURCE_DIR}/third_party/node_modules/nodejs-w
 
 # A function, so that what is set for the library stays with the library.
 function(vantro_add_whisper_source)
-  set(CMAKE_POLICY_DEFAULT_CMP0077 NEW) # what is set here goes before the defaults of its options
   set(CMAKE_BUILD_TYPE Release) # an unoptimised recogniser is of no use in a development build either
   string(APPEND CMAKE_C_FLAGS " -w") # its warnings are its authors' business
   string(APPEND CMAKE_CXX_FLAGS " -w")
+  set(CMAKE_POLICY_DEFAULT_CMP0077 NEW) # the settings below reach the library's own options
   set(BUILD_SHARED_LIBS ON)
   set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${CMAKE_RUNTIME_OUTPUT_DIRECTORY}") # modules are looked for beside the program
 
@@ -46,3 +46,4 @@ if(NOT whisper_FOUND)
   vantro_add_whisper_source()
 endif()
 add_library(vantro::whisper ALIAS whisper)
+add_library(vantro::ggml ALIAS ggml)

@@ -205,7 +205,8 @@ protected:
                           }};
     SlowProvider provider;
     MemoryStore store;
-    TranscriptionFacade facade{models, provider};
+    SlowProvider neuralProvider;
+    TranscriptionFacade facade{models, provider, neuralProvider};
     DictationPipeline pipeline{facade, handlers(store)};
     AudioDeviceManager devices{hardware, defaults};
     AudioRecorder recorder{engines.factory(), devices, permissions, notifications, clock, pipeline};

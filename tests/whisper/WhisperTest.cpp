@@ -5,6 +5,7 @@
 
 #include <QFile>
 #include <QTemporaryDir>
+#include <QTest>
 #include <qcoro/qcorofuture.h>
 
 #include <gtest/gtest.h>
@@ -118,6 +119,37 @@ TEST_F(Whisper, GivesWayAtOnceWhenNobodyWaitsAnyMore)
     EXPECT_THROW(get(abandoned), WhisperInProcessError);
     EXPECT_EQ(get(engine.transcribe(request(recording("en-harvard-spk1-snt1.flac")))),
               QStringLiteral("The child almost hurt the small dog."));
+}
+
+QCoro::Task<> settle(QCoro::Task<QString> task, QString& outcome)
+{
+    try {
+        outcome = co_await std::move(task);
+    } catch (const WhisperInProcessError&) {
+        outcome = QStringLiteral("ended");
+    }
+}
+
+TEST_F(Whisper, ACancelWhileTheModelStillLoadsEndsTheTranscription)
+{
+    const QTemporaryDir folder;
+    UserDefaults defaults(folder.filePath(QStringLiteral("vantro.ini")));
+    WhisperTranscriptionProvider provider(engine, store, defaults);
+    const auto speech = request(recording("en-harvard-spk1-snt1.flac")).samples;
+    const auto transcribe = [&](QString& outcome) {
+        TranscriptionRequest work;
+        work.samples = speech;
+        work.model = tiny;
+        return settle(provider.transcribe(std::move(work)), outcome);
+    };
+    QString cancelled;
+    QString wanted;
+    const auto first = transcribe(cancelled);
+    provider.cancel();
+    const auto second = transcribe(wanted);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !cancelled.isEmpty() && !wanted.isEmpty(); }, 60'000));
+    EXPECT_EQ(cancelled, QStringLiteral("ended"));
+    EXPECT_EQ(wanted, QStringLiteral("The child almost hurt the small dog."));
 }
 
 TEST_F(Whisper, TheProviderLoadsWhileTheUserSpeaksAndUnloadsAfterwardsUnlessToldOtherwise)

@@ -9,6 +9,7 @@
 #include "vantro/app/DictationPipeline.h"
 #include "vantro/audio/AudioDeviceManager.h"
 #include "vantro/cli/ExitCode.h"
+#include "vantro/fluid/FluidTranscriptionProvider.h"
 #include "vantro/models/ModelPreparation.h"
 #include "vantro/models/WhisperModelFiles.h"
 #include "vantro/store/HistoryFile.h"
@@ -43,6 +44,7 @@ public:
     void launch();
 
 private:
+    [[nodiscard]] bool isReady(const TranscriptionModel& model);
     void settleShortcut(const QString& wanted);
     void useShortcut(const QString& text);
     void handOver(const QStringList& arguments);
@@ -67,8 +69,9 @@ private:
 
     ModelCatalogue catalogue_{ModelHost::address(defaults_, options_.modelHost)};
     ModelStore modelStore_ = ModelStore::standard();
+    FluidModelFiles fluidFiles_{{modelStore_.userFolder()}};
     ModelSelection models_{catalogue_, defaults_, [this](const auto& model) {
-                               return modelStore_.isReady(model);
+                               return isReady(model);
                            }};
     ModelPreparation modelPreparation_{catalogue_, modelStore_, defaults_};
     FileDownloader fileDownloader_;
@@ -80,7 +83,9 @@ private:
     std::unique_ptr<ModelDownloadWindow> downloadWindow_;
     WhisperInProcessEngine whisperEngine_;
     WhisperTranscriptionProvider whisper_{whisperEngine_, modelStore_, defaults_};
-    TranscriptionFacade facade_{models_, whisper_};
+    FluidAsrEngine fluidEngine_{processorModuleFolders()};
+    FluidTranscriptionProvider fluid_{fluidEngine_, fluidFiles_, defaults_};
+    TranscriptionFacade facade_{models_, whisper_, fluid_};
 
     HistoryFile store_{HistoryFile::standardPath(), clock_};
     DictationPipeline pipeline_{facade_, handlers(store_)};
@@ -137,6 +142,11 @@ void Program::launch()
     delegate_.applicationDidFinishLaunching();
 }
 
+bool Program::isReady(const TranscriptionModel& model)
+{
+    return model.engine == TranscriptionEngine::fluid ? !fluidFiles_.find(model).isEmpty() : modelStore_.isReady(model);
+}
+
 void Program::settleShortcut(const QString& wanted)
 {
     const auto name = KeyboardShortcuts::Name::openModal;
@@ -181,6 +191,8 @@ Surfaces Program::surfaces()
 
 QCoro::Task<bool> Program::modelIsReady(TranscriptionModel model)
 {
+    if (model.engine == TranscriptionEngine::fluid)
+        co_return isReady(model);
     const auto checked = whisperFiles_.check(model);
     const ModelCheck check = co_await checked;
     modelProblem_ = check.problem;

@@ -9,9 +9,11 @@ TranscriptionEngineError TranscriptionEngineError::misconfiguredFluidModel(const
     return TranscriptionEngineError(QStringLiteral("Model \"%1\" is missing its Fluid configuration.").arg(modelName));
 }
 
-TranscriptionFacade::TranscriptionFacade(ModelSelection& selection, TranscriptionProviding& whisper)
+TranscriptionFacade::TranscriptionFacade(ModelSelection& selection, TranscriptionProviding& whisper,
+                                         TranscriptionProviding& fluid)
     : selection_(selection)
     , whisper_(whisper)
+    , fluid_(fluid)
 {
 }
 
@@ -21,7 +23,9 @@ TranscriptionProviding& TranscriptionFacade::provider(const TranscriptionModel& 
     case TranscriptionEngine::whisper:
         return whisper_;
     case TranscriptionEngine::fluid:
-        throw TranscriptionEngineError::misconfiguredFluidModel(model.name);
+        if (!model.fluidModel)
+            throw TranscriptionEngineError::misconfiguredFluidModel(model.name);
+        return fluid_;
     }
     Q_UNREACHABLE();
 }
@@ -30,12 +34,16 @@ TranscriptionFacade::EngineUse TranscriptionFacade::prepare()
 {
     EngineUse use = use_.lock();
     if (!use) {
-        use = EngineUse(this, [this](void*) { whisper_.dictationEnded(); });
+        use = EngineUse(this, [this](void*) {
+            whisper_.dictationEnded();
+            fluid_.dictationEnded();
+        });
         use_ = use;
     }
     const TranscriptionModel& model = selection_.selectedModel();
-    if (model.engine == TranscriptionEngine::whisper)
-        whisper_.prepare(model);
+    // A model that cannot be run is reported by transcribe(), where somebody waits for the answer.
+    if (model.engine == TranscriptionEngine::whisper || model.fluidModel)
+        provider(model).prepare(model);
     return use;
 }
 
@@ -45,14 +53,16 @@ QCoro::Task<QString> TranscriptionFacade::transcribe(QString recordingID, std::v
     const bool isWhisper = model.engine == TranscriptionEngine::whisper;
     logger_.info(QStringLiteral("Transcribing with %1 (%2)")
                      .arg(isWhisper ? QStringLiteral("whisper.cpp") : QStringLiteral("Fluid"), model.name));
-    TranscriptionRequest request{std::move(recordingID), std::move(samples), model, std::move(options.language),
-                                 std::move(options.onProgress)};
+    TranscriptionRequest request{
+        std::move(recordingID),        std::move(samples),         model, std::move(options.language),
+        std::move(options.onProgress), std::move(options.onTokens)};
     co_return co_await provider(model).transcribe(std::move(request));
 }
 
 void TranscriptionFacade::cancel()
 {
     whisper_.cancel();
+    fluid_.cancel();
 }
 
 } // namespace vantro

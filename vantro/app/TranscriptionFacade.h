@@ -16,12 +16,13 @@ class TranscriptionFacade
 public:
     struct Options
     {
-        const TranscriptionModel* model = nullptr; ///< the user's selection when null
-        std::optional<QString> language;           ///< the user's setting when absent
-        std::function<void(float)> onProgress;     ///< 0..1, on the engine's thread
+        const TranscriptionModel* model = nullptr;                               ///< the user's selection when null
+        std::optional<QString> language;                                         ///< the user's setting when absent
+        std::function<void(float)> onProgress;                                   ///< 0..1, on the engine's thread
+        std::function<void(const std::vector<TranscribedToken>&)> onTokens = {}; ///< main thread
     };
 
-    TranscriptionFacade(ModelSelection& selection, TranscriptionProviding& whisper);
+    TranscriptionFacade(ModelSelection& selection, TranscriptionProviding& whisper, TranscriptionProviding& fluid);
 
     /// Held by a dictation from its recording's start to its end. When the last one is released the engine may let go
     /// of its model: a cancelled dictation that is still being wound up takes nothing from the next one.
@@ -39,6 +40,7 @@ private:
     Logger logger_{"TranscriptionEngine"};
     ModelSelection& selection_;
     TranscriptionProviding& whisper_;
+    TranscriptionProviding& fluid_;
     std::weak_ptr<void> use_;
 };
 

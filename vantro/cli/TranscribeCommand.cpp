@@ -1,14 +1,17 @@
 #include "vantro/cli/TranscribeCommand.h"
 
+#include "asr/ASRError.h"
 #include "vantro/app/TranscriptionFacade.h"
 #include "vantro/cli/AudioFile.h"
 #include "vantro/cli/ExitCode.h"
 #include "vantro/cli/Terminal.h"
+#include "vantro/fluid/FluidTranscriptionProvider.h"
 #include "vantro/whisper/WhisperTranscriptionProvider.h"
 
 #include <QCommandLineParser>
 #include <QElapsedTimer>
 #include <QFileInfo>
+#include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QUrl>
@@ -39,6 +42,7 @@ struct Transcript
     double seconds = 0;
     qint64 readMs = 0;
     qint64 transcribeMs = 0;
+    std::optional<std::vector<TranscribedToken>> tokens = {};
 };
 
 QCoro::Task<> settle(QCoro::Task<QString> task, QString& text, std::exception_ptr& error)
@@ -65,7 +69,7 @@ QString waitFor(QCoro::Task<QString> task)
 class Session
 {
 public:
-    Session() : selection_(catalogue_, defaults_, [this](const auto& model) { return store_.isReady(model); }) {}
+    Session() : selection_(catalogue_, defaults_, [this](const auto& model) { return isReady(model); }) {}
 
     /// The model the user named, by its catalogue name or as a file; the selected one for an empty text. Throws Error
     /// when it is not there.
@@ -73,14 +77,24 @@ public:
     [[nodiscard]] Transcript transcribe(const QString& file, const TranscriptionModel& model, const Options& options);
 
 private:
+    [[nodiscard]] bool isReady(const TranscriptionModel& model);
+
     UserDefaults defaults_{UserDefaults::standardPath()};
     ModelCatalogue catalogue_;
     ModelStore store_ = ModelStore::standard();
     ModelSelection selection_;
     WhisperInProcessEngine engine_;
     WhisperTranscriptionProvider provider_{engine_, store_, defaults_};
-    TranscriptionFacade facade_{selection_, provider_};
+    FluidAsrEngine fluidEngine_{processorModuleFolders()};
+    FluidModelFiles fluidFiles_{{store_.userFolder()}};
+    FluidTranscriptionProvider fluid_{fluidEngine_, fluidFiles_, defaults_};
+    TranscriptionFacade facade_{selection_, provider_, fluid_};
 };
+
+bool Session::isReady(const TranscriptionModel& model)
+{
+    return model.engine == TranscriptionEngine::fluid ? !fluidFiles_.find(model).isEmpty() : store_.isReady(model);
+}
 
 TranscriptionModel Session::model(const QString& nameOrPath)
 {
@@ -88,6 +102,8 @@ TranscriptionModel Session::model(const QString& nameOrPath)
         const QFileInfo file(nameOrPath);
         if (!file.isFile())
             throw Error(QStringLiteral("There is no model file %1").arg(nameOrPath));
+        if (const auto fluid = FluidModelFiles::describe(nameOrPath))
+            return *fluid;
         TranscriptionModel model;
         model.name = file.fileName();
         model.url = QUrl::fromLocalFile(file.absoluteFilePath()).toString();
@@ -100,6 +116,10 @@ TranscriptionModel Session::model(const QString& nameOrPath)
             names << QStringLiteral("\"%1\"").arg(known.name);
         throw Error(QStringLiteral("There is no model \"%1\". The catalogue has %2; a file's path works too")
                         .arg(nameOrPath, names.join(QStringLiteral(", "))));
+    }
+    if (entry->fluidModel && !isReady(*entry)) {
+        throw Error(QStringLiteral("The model \"%1\" is not there: put %2-q8_0.bin into %3")
+                        .arg(entry->name, entry->fluidModel->repository, store_.userFolder()));
     }
     if (entry->engine == TranscriptionEngine::whisper && !store_.isReady(*entry)) {
         throw Error(
@@ -121,10 +141,25 @@ Transcript Session::transcribe(const QString& file, const TranscriptionModel& mo
     const auto showProgress = [&file](float fraction) {
         terminal::showProgress(QStringLiteral("%1: %2 %").arg(file).arg(static_cast<int>(fraction * 100)));
     };
-    result.text = waitFor(facade_.transcribe(file, std::move(audio.samples), {&model, options.language, showProgress}));
+    const auto keepTokens = [&result](const std::vector<TranscribedToken>& tokens) {
+        result.tokens = tokens;
+    };
+    result.text = waitFor(
+        facade_.transcribe(file, std::move(audio.samples), {&model, options.language, showProgress, keepTokens}));
     terminal::showProgress({});
     result.transcribeMs = timer.elapsed();
     return result;
+}
+
+QJsonArray tokensAsJson(const std::vector<TranscribedToken>& tokens)
+{
+    QJsonArray array;
+    for (const TranscribedToken& token : tokens)
+        array.append(QJsonObject{{QStringLiteral("token"), token.piece},
+                                 {QStringLiteral("start_s"), token.start.count()},
+                                 {QStringLiteral("end_s"), token.end.count()},
+                                 {QStringLiteral("confidence"), static_cast<double>(token.confidence)}});
+    return array;
 }
 
 void print(const Transcript& transcript, const TranscriptionModel& model, bool json)
@@ -133,7 +168,7 @@ void print(const Transcript& transcript, const TranscriptionModel& model, bool j
         terminal::writeLine(transcript.text);
         return;
     }
-    const QJsonObject object{
+    QJsonObject object{
         {QStringLiteral("file"), transcript.file},
         {QStringLiteral("model"), model.name},
         {QStringLiteral("text"), transcript.text},
@@ -141,6 +176,8 @@ void print(const Transcript& transcript, const TranscriptionModel& model, bool j
         {QStringLiteral("timings"), QJsonObject{{QStringLiteral("read_ms"), transcript.readMs},
                                                 {QStringLiteral("transcribe_ms"), transcript.transcribeMs}}},
     };
+    if (transcript.tokens)
+        object[QStringLiteral("tokens")] = tokensAsJson(*transcript.tokens);
     terminal::writeLine(QString::fromUtf8(QJsonDocument(object).toJson(QJsonDocument::Compact)));
 }
 
@@ -166,6 +203,10 @@ int transcribeAll(const Options& options)
             terminal::writeError(QStringLiteral("%1: %2").arg(file, error.localizedDescription()));
             outcome =
                 error.kind() == WhisperInProcessError::Kind::modelLoadFailed ? ExitCode::noService : ExitCode::failed;
+        } catch (const asr::ASRError& error) {
+            terminal::writeError(QStringLiteral("%1: %2 %3")
+                                     .arg(file, localizedDescription(error), QString::fromStdString(error.detail())));
+            outcome = error.kind() == asr::ASRError::Kind::modelLoadFailed ? ExitCode::noService : ExitCode::failed;
         } catch (const std::exception& error) {
             terminal::writeError(QStringLiteral("%1: %2").arg(file, localizedDescription(error)));
             outcome = ExitCode::failed;

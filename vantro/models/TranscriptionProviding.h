@@ -5,11 +5,21 @@
 #include <QString>
 #include <qcoro/qcorotask.h>
 
+#include <chrono>
 #include <functional>
 #include <optional>
 #include <vector>
 
 namespace vantro {
+
+/// A piece of the transcript as an engine that knows its tokens found it; times from the start of the recording.
+struct TranscribedToken
+{
+    QString piece; ///< U+2581 marks the start of a word
+    std::chrono::duration<double> start{};
+    std::chrono::duration<double> end{};
+    float confidence = 0; ///< 0..1
+};
 
 struct TranscriptionRequest
 {
@@ -20,6 +30,8 @@ struct TranscriptionRequest
     std::optional<QString> language;
     /// Called on the engine's thread with 0..1.
     std::function<void(float)> onProgress;
+    /// Called on the main thread before the text is there, by engines that know their tokens.
+    std::function<void(const std::vector<TranscribedToken>&)> onTokens = {};
 };
 
 /// One speech engine as the facade sees it. Main thread; the heavy work is done on the engine's own.

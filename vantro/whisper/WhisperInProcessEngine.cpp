@@ -181,6 +181,8 @@ WhisperInProcessEngine::~WhisperInProcessEngine()
 
 QFuture<void> WhisperInProcessEngine::load(const QString& modelPath)
 {
+    // Whoever asks now is about to use the model.
+    abortWarmUp_ = true;
     return executor_.run([this, modelPath] { loadNow(modelPath); });
 }
 

@@ -57,7 +57,7 @@ public:
     /// Does nothing when this very file is loaded. A failed load (modelLoadFailed) leaves the loaded model in place.
     [[nodiscard]] QFuture<void> load(const QString& modelPath);
     /// Runs a second of silence through the model, so that the first dictation finds everything paged in. Failures are
-    /// logged only. Gives way at once when a transcription is asked for.
+    /// logged only. Gives way at once when a load or a transcription is asked for.
     QFuture<void> warmUp();
     /// The text, trimmed at both ends. Throws modelNotLoaded or transcriptionFailed.
     [[nodiscard]] QFuture<QString> transcribe(Request request);

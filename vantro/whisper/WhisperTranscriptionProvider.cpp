@@ -6,6 +6,13 @@
 
 namespace vantro {
 
+namespace {
+
+/// What the library answers when it was told to stop.
+constexpr std::int32_t codeOfAbort = -6;
+
+} // namespace
+
 WhisperTranscriptionProvider::WhisperTranscriptionProvider(WhisperInProcessEngine& engine, const ModelStore& store,
                                                            UserDefaults& defaults)
     : engine_(engine)
@@ -21,30 +28,39 @@ void WhisperTranscriptionProvider::prepare(const TranscriptionModel& model)
 
 QCoro::Task<> WhisperTranscriptionProvider::loadAndWarmUp(TranscriptionModel model)
 {
+    const std::uint64_t ended = endedCount_;
     try {
-        co_await load(model);
+        co_await check(model);
+        if (ended != endedCount_)
+            co_return;
+        const QFuture<void> loaded = engine_.load(store_.modelFile(model));
+        co_await loaded;
     } catch (const std::exception&) {
         // Reported by transcribe(), where somebody waits for the answer.
         co_return;
     }
-    engine_.warmUp();
+    if (ended == endedCount_)
+        engine_.warmUp();
 }
 
-QCoro::Task<> WhisperTranscriptionProvider::load(TranscriptionModel model)
+// A file that nobody has verified may be anything: it is read to its end before the engine sees it.
+QCoro::Task<> WhisperTranscriptionProvider::check(TranscriptionModel model)
 {
-    // A file that nobody has verified may be anything: it is read to its end before the engine sees it.
-    if (!store_.isVerified(model)) {
-        const QFuture<bool> answer = checks_.run([this, model] { return store_.isReady(model); });
-        if (!co_await answer)
-            throw WhisperInProcessError::modelLoadFailed(store_.modelFile(model));
-    }
-    const QFuture<void> loaded = engine_.load(store_.modelFile(model));
-    co_await loaded;
+    if (store_.isVerified(model))
+        co_return;
+    const QFuture<bool> answer = checks_.run([this, model] { return store_.isReady(model); });
+    if (!co_await answer)
+        throw WhisperInProcessError::modelLoadFailed(store_.modelFile(model));
 }
 
 QCoro::Task<QString> WhisperTranscriptionProvider::transcribe(TranscriptionRequest request)
 {
-    co_await load(request.model);
+    const std::uint64_t cancelled = cancelCount_;
+    co_await check(request.model);
+    const QFuture<void> loaded = engine_.load(store_.modelFile(request.model));
+    co_await loaded;
+    if (cancelled != cancelCount_)
+        throw WhisperInProcessError::transcriptionFailed(codeOfAbort);
     const QString language = request.language.value_or(
         defaults_.string(QStringLiteral("SelectedLanguage")).value_or(QStringLiteral("auto")));
     WhisperInProcessEngine::Request work;
@@ -56,11 +72,13 @@ QCoro::Task<QString> WhisperTranscriptionProvider::transcribe(TranscriptionReque
 
 void WhisperTranscriptionProvider::cancel()
 {
+    ++cancelCount_;
     engine_.abortTranscription();
 }
 
 void WhisperTranscriptionProvider::dictationEnded()
 {
+    ++endedCount_;
     if (!defaults_.boolean(QStringLiteral("whisperKeepModelInMemory"), false))
         engine_.unload();
 }

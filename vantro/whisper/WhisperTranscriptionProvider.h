@@ -5,6 +5,8 @@
 #include "vantro/models/TranscriptionProviding.h"
 #include "vantro/whisper/WhisperInProcessEngine.h"
 
+#include <cstdint>
+
 namespace vantro {
 
 /// The whisper side of the facade: which file, which language, when the model is in memory.
@@ -22,12 +24,15 @@ public:
     void dictationEnded() override;
 
 private:
-    QCoro::Task<> load(TranscriptionModel model);
+    QCoro::Task<> check(TranscriptionModel model);
     QCoro::Task<> loadAndWarmUp(TranscriptionModel model);
 
     WhisperInProcessEngine& engine_;
     const ModelStore& store_;
     UserDefaults& defaults_;
+    // What was awaited may come when nobody wants it any more.
+    std::uint64_t cancelCount_ = 0;
+    std::uint64_t endedCount_ = 0;
     SerialExecutor checks_{QStringLiteral("model check")};
 };
 

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <exception>
+#include <string>
+
+namespace vantro::asr {
+
+/// Every failure of the recogniser. what() is a sentence for the user; detail() says what exactly was wrong, for a log.
+class ASRError : public std::exception
+{
+public:
+    enum class Kind {
+        processingFailed,
+        unsupportedPlatform,
+        streamingConversionFailed,
+        fileAccessFailed,
+        encoderInstantiationFailed,
+        notInitialized,
+        invalidAudioData,
+        modelLoadFailed,
+    };
+
+    explicit ASRError(Kind kind, std::string detail = {});
+
+    [[nodiscard]] Kind kind() const { return kind_; }
+    [[nodiscard]] const std::string& detail() const { return detail_; }
+    [[nodiscard]] const char* what() const noexcept override;
+
+private:
+    Kind kind_;
+    std::string detail_;
+};
+
+} // namespace vantro::asr

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "asr/ASRConfig.h"
+#include "asr/ASRResult.h"
+#include "asr/AsrModels.h"
+#include "asr/ChunkProcessor.h"
+#include "asr/Language.h"
+#include "asr/TdtDecoderState.h"
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <span>
+
+namespace vantro::asr {
+
+/// The recogniser: whole recordings to text with the time of every token.
+///
+/// One transcription at a time, on the caller's thread and workers of its own; stop() may come from any thread.
+class AsrManager
+{
+public:
+    explicit AsrManager(ASRConfig config = {}, LogSink logger = {});
+
+    /// Takes the blank and the durations from the models.
+    void initialize(std::shared_ptr<const AsrModels> models);
+
+    struct Options
+    {
+        std::optional<Language> language;      ///< leaves out letters of other scripts, with the version 3 model only
+        std::function<void(float)> onProgress; ///< 0..1, on the calling thread; may be empty
+        ChunkProcessor::Options chunks;
+    };
+
+    /// @p samples: 16 kHz mono, nominally -1..1. @p decoderState is fresh for a new recording. Throws ASRError:
+    /// notInitialized, invalidAudioData (shorter than 20 ms, or not finite), processingFailed.
+    ASRResult transcribe(std::span<const float> samples, TdtDecoderState& decoderState, const Options& options);
+
+    /// Ends the transcription that runs: it throws processingFailed. Does nothing to the next one.
+    void stop() { stop_.stop(); }
+
+    [[nodiscard]] const ASRConfig& config() const { return config_; }
+
+private:
+    [[nodiscard]] std::optional<TokenFilter> filterFor(const std::optional<Language>& language) const;
+    [[nodiscard]] ASRResult makeResult(std::span<const DecodedToken> tokens, std::size_t sampleCount) const;
+
+    ASRConfig config_;
+    LogSink logger_;
+    std::shared_ptr<const AsrModels> asrModels_;
+    StopFlag stop_;
+};
+
+} // namespace vantro::asr

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "asr/Decoder.h"
+#include "asr/Encoder.h"
+#include "asr/JointDecision.h"
+#include "asr/Preprocessor.h"
+
+#include <cstdint>
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+namespace vantro::asr {
+
+enum class AsrModelVersion { v2, v3, tdtCtc110m, tdtJa };
+
+/// What a loaded model says about itself.
+struct AsrModelConfiguration
+{
+    AsrModelVersion version = AsrModelVersion::v3;
+    std::int32_t blankId = 0;
+    std::int32_t encoderHiddenSize = 0;
+    std::int32_t maxSymbolsPerStep = 0;
+    std::vector<std::int32_t> durationBins; ///< encoder frames
+};
+
+/// The networks of one Parakeet TDT model, loaded from one file. Immutable and thread-safe after loading.
+struct AsrModels
+{
+    /// Any thread. @p moduleFolders: where ggml's module for this processor is looked for. Throws
+    /// ASRError::modelLoadFailed for a file that is missing, damaged or of another architecture, and for too little
+    /// memory; ASRError::unsupportedPlatform without a module.
+    static std::shared_ptr<const AsrModels> load(const std::filesystem::path& file, AsrModelVersion version,
+                                                 std::span<const std::filesystem::path> moduleFolders);
+
+    Encoder encoder;
+    Preprocessor preprocessor;
+    Decoder decoder;
+    JointDecision joint;
+    AsrModelConfiguration configuration;
+    std::vector<std::string> vocabulary; ///< text piece by token id; U+2581 marks the start of a word
+};
+
+/// Which published model @p file has the vocabulary of, by its header alone; nothing when it is no Parakeet model or
+/// cannot be read.
+std::optional<AsrModelVersion> parakeetVersionOf(const std::filesystem::path& file);
+
+} // namespace vantro::asr

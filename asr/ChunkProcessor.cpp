@@ -1,0 +1,115 @@
+#include "asr/ChunkProcessor.h"
+
+#include "asr/ASRError.h"
+#include "asr/Seam.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace vantro::asr {
+
+namespace {
+
+constexpr std::int64_t sampleRate = 16'000;
+constexpr std::int64_t centringSamples = Preprocessor::hopSamples; ///< kept free: the features add one frame
+
+std::int64_t wholeFrames(std::int64_t samples)
+{
+    return samples / ChunkProcessor::frameSamples * ChunkProcessor::frameSamples;
+}
+
+std::int32_t frameOf(std::int64_t sample)
+{
+    return static_cast<std::int32_t>(sample / ChunkProcessor::frameSamples);
+}
+
+/// Decodes the range in which the windows change, keeps what lies before the seam and goes back to it. Gives its frame.
+template <typename Decode, typename Append>
+std::int32_t cross(FrameRange search, const Decode& decode, const Append& append, TdtDecoderState& state,
+                   std::span<const std::string> vocabulary)
+{
+    const TdtDecoderState before = state;
+    TdtDecoderV3::History history;
+    const std::vector<DecodedToken> found = decode(search, &history);
+    const Seam seam = chooseSeam(found, search, vocabulary);
+    state = seam.kept > 0 ? history[seam.kept - 1] : before;
+    state.timeJump = 0;
+    append(std::span(found).first(seam.kept));
+    return seam.frame;
+}
+
+} // namespace
+
+ChunkProcessor::ChunkProcessor(std::span<const float> samples, const Options& options, LogSink logger)
+    : sampleSource_(samples)
+    , totalSamples_(std::ssize(samples))
+    , logger_(std::move(logger))
+    , overlapSeconds_(options.overlapSeconds)
+    , melContextSamples_(options.melContextSamples)
+    , noMelWarmupPrefixFrames_(options.noMelWarmupPrefixFrames)
+{
+}
+
+ChunkLayout ChunkProcessor::layout(bool warmup, const ChunkStartDecision& decision) const
+{
+    ChunkLayout layout;
+    layout.context = warmup ? melContextSamples_ : 0;
+    const std::int64_t available = maximumWindowSamples - layout.context - centringSamples;
+    layout.chunk = wholeFrames(std::max(available, frameSamples));
+    const auto wanted = static_cast<std::int64_t>(overlapSeconds_) * sampleRate;
+    layout.overlap = wholeFrames(std::min(layout.chunk / 2, wanted));
+    layout.stride = wholeFrames(std::max(layout.chunk - layout.overlap, frameSamples));
+    layout.prefix = !warmup && decision.useWarmupPrefix ? noMelWarmupPrefixFrames_ * frameSamples : 0;
+    return layout;
+}
+
+std::vector<Window> ChunkProcessor::windows(const ASRConfig& config) const
+{
+    if (totalSamples_ <= maximumWindowSamples)
+        return {{0, totalSamples_, 0}};
+    std::vector<Window> windows;
+    const bool warmup = config.melChunkContext;
+    for (ChunkStartDecision decision; decision.start < totalSamples_;) {
+        const ChunkLayout cut = layout(warmup, decision);
+        // What the window before reaches to the end of needs no window of its own.
+        if (!windows.empty() && windows.back().end == totalSamples_)
+            break;
+        const std::int64_t begin = std::max<std::int64_t>(decision.start - cut.context - cut.prefix, 0);
+        windows.push_back({begin, std::min(decision.start + cut.chunk, totalSamples_), decision.start});
+        decision = {decision.start + cut.stride, true};
+    }
+    return windows;
+}
+
+std::vector<DecodedToken> ChunkProcessor::process(const Request& request, TdtDecoderState& state) const
+{
+    const std::vector<Window> cut = windows(request.config);
+    WindowPool pool(sampleSource_, cut, request.models,
+                    {request.config.parallelChunkConcurrency, request.stop, logger_});
+    TdtDecoderV3 decoder(request.models, request.config.tdtConfig, request.allowed, request.stop);
+    std::vector<DecodedToken> tokens;
+    std::int32_t begin = frameOf(cut.front().start);
+    for (std::size_t i = 0; i < cut.size(); ++i) {
+        const EncoderFrames frames = pool.take(i);
+        const std::int32_t offset = frameOf(cut[i].begin);
+        const auto decode = [&](FrameRange range, TdtDecoderV3::History* history) {
+            return decoder.decode({frames, range.begin - offset, range.end - offset, offset}, state, history);
+        };
+        const auto append = [&](std::span<const DecodedToken> found) {
+            tokens.insert(tokens.end(), found.begin(), found.end());
+        };
+        if (i + 1 == cut.size()) {
+            append(decode({begin, offset + static_cast<std::int32_t>(frames.frames)}, nullptr));
+        } else {
+            const FrameRange search =
+                seamSearchRange({frameOf(cut[i + 1].start), frameOf(cut[i].end)}, request.config.tdtConfig);
+            append(decode({begin, search.begin}, nullptr));
+            begin = cross(search, decode, append, state, request.models.vocabulary);
+        }
+        if (request.onProgress)
+            request.onProgress(static_cast<float>(i + 1) / static_cast<float>(cut.size()));
+    }
+    return tokens;
+}
+
+} // namespace vantro::asr

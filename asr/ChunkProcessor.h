@@ -1,0 +1,76 @@
+#pragma once
+
+#include "asr/ASRConfig.h"
+#include "asr/TdtDecoderV3.h"
+#include "asr/WindowPool.h"
+
+#include <functional>
+#include <span>
+#include <string>
+#include <vector>
+
+namespace vantro::asr {
+
+/// How a recording that is longer than the model's input is cut. Samples at 16 kHz.
+struct ChunkLayout
+{
+    std::int64_t context = 0; ///< before a chunk's start, to be heard but not transcribed
+    std::int64_t chunk = 0;
+    std::int64_t overlap = 0; ///< with the chunk before
+    std::int64_t stride = 0;
+    std::int64_t prefix = 0; ///< warm-up frames before the start when there is no context
+};
+
+/// Where a chunk begins and whether it wants warm-up frames in front.
+struct ChunkStartDecision
+{
+    std::int64_t start = 0;
+    bool useWarmupPrefix = false;
+};
+
+/// Transcribes a recording of any length in windows of the model's input.
+///
+/// The windows are encoded by a pool of workers. The search then runs once through all of them, in order and with its
+/// state carried along: inside an overlap it changes from the one window's frames to the next one's in the widest gap
+/// between two words that is near the middle, so that no word is cut in two.
+class ChunkProcessor
+{
+public:
+    static constexpr std::int64_t maximumWindowSamples = 240'000;
+    static constexpr std::int64_t frameSamples = 1'280;
+
+    struct Options
+    {
+        double overlapSeconds = 2.0;
+        std::int64_t melContextSamples = 0;
+        std::int64_t noMelWarmupPrefixFrames = 0;
+    };
+
+    /// @p samples: 16 kHz mono; they outlive the processor. @p logger may be empty.
+    ChunkProcessor(std::span<const float> samples, const Options& options, LogSink logger);
+
+    [[nodiscard]] ChunkLayout layout(bool warmup, const ChunkStartDecision& decision) const;
+
+    struct Request
+    {
+        const AsrModels& models;
+        const ASRConfig& config;
+        const TokenFilter* allowed = nullptr;
+        const StopFlag* stop = nullptr;
+        std::function<void(float)> onProgress; ///< 0..1, on a worker's thread; may be empty
+    };
+    /// Tokens in order, with frames from the start of the recording. Throws ASRError.
+    [[nodiscard]] std::vector<DecodedToken> process(const Request& request, TdtDecoderState& state) const;
+
+private:
+    [[nodiscard]] std::vector<Window> windows(const ASRConfig& config) const;
+
+    std::span<const float> sampleSource_;
+    std::int64_t totalSamples_;
+    LogSink logger_;
+    double overlapSeconds_;
+    std::int64_t melContextSamples_;
+    std::int64_t noMelWarmupPrefixFrames_;
+};
+
+} // namespace vantro::asr

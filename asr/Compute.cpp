@@ -1,0 +1,128 @@
+#include "asr/Compute.h"
+
+#include "asr/ASRError.h"
+
+#include <system_error>
+
+namespace vantro::asr {
+
+namespace {
+
+ggml_backend_dev_t processor()
+{
+    return ggml_backend_dev_by_type(GGML_BACKEND_DEVICE_TYPE_CPU);
+}
+
+/// A function that the processor's module offers by name: the module is loaded while the program runs and is not
+/// linked.
+template <typename Function>
+Function moduleFunction(const char* name)
+{
+    ggml_backend_reg_t module = ggml_backend_dev_backend_reg(processor());
+    return reinterpret_cast<Function>(ggml_backend_reg_get_proc_address(module, name));
+}
+
+bool isStopped(void* flag)
+{
+    return static_cast<const StopFlag*>(flag)->isStopped();
+}
+
+} // namespace
+
+void loadProcessorModule(std::span<const std::filesystem::path> folders)
+{
+    for (const std::filesystem::path& folder : folders) {
+        if (processor() != nullptr)
+            return;
+        // ggml crashes on a folder that is not there.
+        std::error_code error;
+        if (std::filesystem::is_directory(folder, error))
+            ggml_backend_load_all_from_path(folder.c_str());
+    }
+    if (processor() == nullptr)
+        throw ASRError(ASRError::Kind::unsupportedPlatform, "no ggml module for this processor was found");
+}
+
+void StopFlag::check() const
+{
+    if (isStopped())
+        throw ASRError(ASRError::Kind::processingFailed, "stopped");
+}
+
+Graph::Graph(std::size_t nodes)
+{
+    const std::size_t bytes = nodes * ggml_tensor_overhead() + ggml_graph_overhead_custom(nodes, false);
+    context_.reset(ggml_init({bytes, nullptr, true}));
+    if (context_ == nullptr)
+        throw ASRError(ASRError::Kind::processingFailed, "out of memory");
+    graph_ = ggml_new_graph_custom(context_.get(), nodes, false);
+}
+
+ggml_tensor* Graph::input(std::int64_t columns, std::int64_t rows)
+{
+    ggml_tensor* tensor = ggml_new_tensor_2d(context(), GGML_TYPE_F32, columns, rows);
+    ggml_set_input(tensor);
+    return tensor;
+}
+
+ggml_tensor* Graph::integerInput(std::int64_t count)
+{
+    ggml_tensor* tensor = ggml_new_tensor_1d(context(), GGML_TYPE_I32, count);
+    ggml_set_input(tensor);
+    return tensor;
+}
+
+void Graph::output(ggml_tensor* tensor)
+{
+    ggml_set_output(tensor);
+    ggml_build_forward_expand(graph_, tensor);
+}
+
+GraphRunner::GraphRunner(int threads, const StopFlag* stop) : stop_(stop)
+{
+    if (processor() == nullptr)
+        throw ASRError(ASRError::Kind::unsupportedPlatform, "no ggml module for this processor is loaded");
+    backend_.reset(ggml_backend_dev_init(processor(), nullptr));
+    if (backend_ == nullptr)
+        throw ASRError(ASRError::Kind::encoderInstantiationFailed, "ggml's processor back end did not start");
+    moduleFunction<ggml_backend_set_n_threads_t>("ggml_backend_set_n_threads")(backend_.get(), threads);
+    if (stop_ != nullptr)
+        moduleFunction<ggml_backend_set_abort_callback_t>("ggml_backend_set_abort_callback")(
+            backend_.get(), isStopped, const_cast<StopFlag*>(stop_));
+    allocator_.reset(ggml_gallocr_new(ggml_backend_get_default_buffer_type(backend_.get())));
+}
+
+void GraphRunner::allocate(const Graph& graph)
+{
+    if (!ggml_gallocr_alloc_graph(allocator_.get(), graph.get()))
+        throw ASRError(ASRError::Kind::processingFailed, "out of memory");
+}
+
+void GraphRunner::compute(const Graph& graph)
+{
+    if (stop_ != nullptr)
+        stop_->check();
+    const ggml_status status = ggml_backend_graph_compute(backend_.get(), graph.get());
+    if (status != GGML_STATUS_SUCCESS)
+        throw ASRError(ASRError::Kind::processingFailed,
+                       status == GGML_STATUS_ABORTED ? "stopped" : ggml_status_to_string(status));
+}
+
+void setTensor(ggml_tensor* tensor, std::span<const float> values)
+{
+    ggml_backend_tensor_set(tensor, values.data(), 0, values.size_bytes());
+}
+
+void getTensor(const ggml_tensor* tensor, std::span<float> values)
+{
+    ggml_backend_tensor_get(tensor, values.data(), 0, values.size_bytes());
+}
+
+std::vector<float> tensorValues(const ggml_tensor* tensor)
+{
+    std::vector<float> values(static_cast<std::size_t>(ggml_nelements(tensor)));
+    getTensor(tensor, values);
+    return values;
+}
+
+} // namespace vantro::asr

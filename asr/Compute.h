@@ -1,0 +1,85 @@
+#pragma once
+
+#include <ggml-alloc.h>
+#include <ggml-backend.h>
+#include <ggml.h>
+
+#include <atomic>
+#include <filesystem>
+#include <memory>
+#include <span>
+#include <vector>
+
+namespace vantro::asr {
+
+struct GgmlDeleter
+{
+    void operator()(ggml_context* context) const { ggml_free(context); }
+    void operator()(ggml_backend* backend) const { ggml_backend_free(backend); }
+    void operator()(ggml_backend_buffer* buffer) const { ggml_backend_buffer_free(buffer); }
+    void operator()(ggml_gallocr* allocator) const { ggml_gallocr_free(allocator); }
+};
+
+template <typename T>
+using GgmlPointer = std::unique_ptr<T, GgmlDeleter>;
+
+/// Makes ggml's module for this processor known, from the first of @p folders that has one; does nothing when it is
+/// known already. Throws ASRError::unsupportedPlatform when there is none.
+void loadProcessorModule(std::span<const std::filesystem::path> folders);
+
+/// Tells a computation that nobody waits for it any more. Any thread.
+class StopFlag
+{
+public:
+    void stop() { stopped_.store(true, std::memory_order_relaxed); }
+    void reset() { stopped_.store(false, std::memory_order_relaxed); }
+    [[nodiscard]] bool isStopped() const { return stopped_.load(std::memory_order_relaxed); }
+    /// Throws ASRError::processingFailed when stopped.
+    void check() const;
+
+private:
+    std::atomic<bool> stopped_ = false;
+};
+
+/// A ggml graph under construction: its tensors' descriptions, without their memory.
+class Graph
+{
+public:
+    explicit Graph(std::size_t nodes);
+
+    [[nodiscard]] ggml_context* context() const { return context_.get(); }
+    [[nodiscard]] ggml_cgraph* get() const { return graph_; }
+    /// A float32 tensor that is set before the graph is computed.
+    ggml_tensor* input(std::int64_t columns, std::int64_t rows = 1);
+    ggml_tensor* integerInput(std::int64_t count);
+    /// Keeps @p tensor readable after the computation.
+    void output(ggml_tensor* tensor);
+
+private:
+    GgmlPointer<ggml_context> context_;
+    ggml_cgraph* graph_ = nullptr;
+};
+
+/// Runs graphs on the processor, one at a time, reusing its memory from one to the next. Not thread-safe: one each.
+class GraphRunner
+{
+public:
+    /// @p stop may be null. Throws ASRError::unsupportedPlatform without a processor module.
+    GraphRunner(int threads, const StopFlag* stop);
+
+    /// Gives the graph its memory; inputs can then be set. Throws ASRError::processingFailed when there is not enough.
+    void allocate(const Graph& graph);
+    /// Throws ASRError::processingFailed, also when stopped.
+    void compute(const Graph& graph);
+
+private:
+    GgmlPointer<ggml_backend> backend_;
+    GgmlPointer<ggml_gallocr> allocator_;
+    const StopFlag* stop_;
+};
+
+void setTensor(ggml_tensor* tensor, std::span<const float> values);
+void getTensor(const ggml_tensor* tensor, std::span<float> values);
+std::vector<float> tensorValues(const ggml_tensor* tensor);
+
+} // namespace vantro::asr

@@ -1,0 +1,171 @@
+#include "asr/EncoderLayer.h"
+
+#include "asr/ModelFile.h"
+#include "asr/Weights.h"
+#include "asr/kernels/Kernels.h"
+
+#include <cmath>
+#include <string>
+
+namespace vantro::asr {
+
+namespace {
+
+constexpr float normEpsilon = 1e-5F;
+
+LayerNorm readNorm(ModelFile& file, Weights& weights, const std::string& name)
+{
+    return {weights.tensor(file, name + ".weight"), weights.tensor(file, name + ".bias")};
+}
+
+/// The batch normalisation behind the convolution scales and shifts each channel: that goes into the taps. Its variance
+/// comes with the epsilon inside.
+std::unique_ptr<EncoderLayer::Depthwise> readDepthwise(ModelFile& file, const std::string& prefix)
+{
+    const std::vector<float> stored = file.readFloats(prefix + "depthwise_conv.weight"); // [channel][tap]
+    const std::vector<float> gamma = file.readFloats(prefix + "batch_norm.weight");
+    const std::vector<float> mean = file.readFloats(prefix + "batch_norm.running_mean");
+    const std::vector<float> variance = file.readFloats(prefix + "batch_norm.running_var");
+    auto result = std::make_unique<EncoderLayer::Depthwise>();
+    result->bias = file.readFloats(prefix + "batch_norm.bias");
+    result->taps.resize(stored.size());
+    const std::size_t channels = gamma.size();
+    result->size = stored.size() / channels;
+    for (std::size_t channel = 0; channel < channels; ++channel) {
+        const float scale = gamma[channel] / std::sqrt(variance[channel]);
+        result->bias[channel] -= mean[channel] * scale;
+        for (std::size_t tap = 0; tap < result->size; ++tap)
+            result->taps[tap * channels + channel] = stored[channel * result->size + tap] * scale;
+    }
+    return result;
+}
+
+void runGatedConvolution(ggml_tensor* result, int thread, int threads, void* userData)
+{
+    const auto& depthwise = *static_cast<const EncoderLayer::Depthwise*>(userData);
+    kernels::active().gatedConvolution(
+        static_cast<const float*>(result->src[0]->data), static_cast<std::size_t>(result->ne[1]),
+        {depthwise.taps.data(), depthwise.bias.data(), depthwise.bias.size(), depthwise.size},
+        static_cast<float*>(result->data), {static_cast<std::size_t>(thread), static_cast<std::size_t>(threads)});
+}
+
+/// [state size, frames] seen as [head size, frames, heads].
+ggml_tensor* byHead(ggml_context* context, ggml_tensor* tensor, std::int64_t heads)
+{
+    ggml_tensor* split = ggml_reshape_3d(context, tensor, tensor->ne[0] / heads, heads, tensor->ne[1]);
+    return ggml_permute(context, split, 0, 2, 1, 3);
+}
+
+/// Row i of @p scores has a column per distance, from frames - 1 down. Seen from frame i, the column of frame 0 is
+/// frames - 1 - i: with rows that are one element shorter, the columns of the frames stand below each other.
+ggml_tensor* aligned(ggml_context* context, ggml_tensor* scores, std::int64_t frames)
+{
+    const std::size_t element = ggml_element_size(scores);
+    return ggml_view_3d(context, scores, frames, frames, scores->ne[2], scores->nb[1] - element, scores->nb[2],
+                        static_cast<std::size_t>(frames - 1) * element);
+}
+
+} // namespace
+
+ggml_tensor* LayerNorm::apply(ggml_context* context, ggml_tensor* input) const
+{
+    ggml_tensor* scaled = ggml_mul_inplace(context, ggml_norm(context, input, normEpsilon), weight);
+    return ggml_add_inplace(context, scaled, bias);
+}
+
+EncoderLayer::FeedForward EncoderLayer::readFeedForward(ModelFile& file, Weights& weights, const std::string& prefix,
+                                                        const std::string& name)
+{
+    return {readNorm(file, weights, prefix + "norm_" + name), weights.linear(file, prefix + name + ".linear1.weight"),
+            weights.linear(file, prefix + name + ".linear2.weight")};
+}
+
+EncoderLayer::EncoderLayer(ModelFile& file, Weights& weights, std::int32_t layer)
+    : heads_(file.hyperparameters().headCount)
+{
+    const std::string prefix = layerPrefix(layer);
+    const auto linear = [&](const char* name) {
+        return weights.linear(file, prefix + name + ".weight");
+    };
+    feedForward1_ = readFeedForward(file, weights, prefix, "feed_forward1");
+    normAttention_ = readNorm(file, weights, prefix + "norm_self_att");
+    query_ = linear("self_attn.linear_q");
+    key_ = linear("self_attn.linear_k");
+    value_ = linear("self_attn.linear_v");
+    attentionOut_ = linear("self_attn.linear_out");
+    position_ = linear("self_attn.linear_pos");
+    contentBias_ = weights.tensor(file, prefix + "self_attn.pos_bias_u");
+    positionBias_ = weights.tensor(file, prefix + "self_attn.pos_bias_v");
+    normConvolution_ = readNorm(file, weights, prefix + "norm_conv");
+    pointwise1_ = linear("conv.pointwise_conv1");
+    depthwise_ = readDepthwise(file, prefix + "conv.");
+    pointwise2_ = linear("conv.pointwise_conv2");
+    feedForward2_ = readFeedForward(file, weights, prefix, "feed_forward2");
+    normOut_ = readNorm(file, weights, prefix + "norm_out");
+}
+
+ggml_tensor* EncoderLayer::build(ggml_context* context, ggml_tensor* x, Activations& positions) const
+{
+    x = feedForward(context, feedForward1_, x);
+    x = ggml_add(context, x, attention(context, normAttention_.apply(context, x), positions));
+    x = ggml_add(context, x, convolution(context, normConvolution_.apply(context, x)));
+    x = feedForward(context, feedForward2_, x);
+    return normOut_.apply(context, x);
+}
+
+ggml_tensor* EncoderLayer::feedForward(ggml_context* context, const FeedForward& module, ggml_tensor* x)
+{
+    ggml_tensor* inner = module.expand.apply(context, module.norm.apply(context, x));
+    ggml_tensor* outer = module.reduce.apply(context, ggml_silu_inplace(context, inner));
+    return ggml_add(context, x, ggml_scale_inplace(context, outer, 0.5F));
+}
+
+ggml_tensor* EncoderLayer::attention(ggml_context* context, ggml_tensor* x, Activations& positions) const
+{
+    const std::int64_t frames = x->ne[1];
+    const std::int64_t headSize = x->ne[0] / heads_;
+    Activations heard(context, x);
+    ggml_tensor* query = ggml_reshape_3d(context, query_.apply(heard), headSize, heads_, frames);
+    const auto biased = [&](ggml_tensor* bias) {
+        return ggml_cont(context, ggml_permute(context, ggml_add(context, query, bias), 0, 2, 1, 3));
+    };
+    ggml_tensor* key = byHead(context, key_.apply(heard), heads_);
+    ggml_tensor* value = value_.apply(heard);
+    ggml_tensor* place = byHead(context, position_.apply(positions), heads_);
+
+    ggml_tensor* content = ggml_mul_mat(context, key, biased(contentBias_));
+    ggml_tensor* distance = ggml_mul_mat(context, place, biased(positionBias_));
+    ggml_tensor* scores = ggml_add_inplace(context, content, aligned(context, distance, frames));
+    ggml_tensor* shares =
+        ggml_soft_max_ext(context, scores, nullptr, 1.0F / std::sqrt(static_cast<float>(headSize)), 0.0F);
+
+    ggml_tensor* valueByHead = ggml_reshape_3d(context, value, headSize, heads_, frames);
+    ggml_tensor* columns = ggml_cont(context, ggml_permute(context, valueByHead, 1, 2, 0, 3));
+    ggml_tensor* mixed = ggml_mul_mat(context, columns, shares);
+    ggml_tensor* joined = ggml_cont(context, ggml_permute(context, mixed, 0, 2, 1, 3));
+    return attentionOut_.apply(context, ggml_reshape_2d(context, joined, x->ne[0], frames));
+}
+
+ggml_tensor* EncoderLayer::convolution(ggml_context* context, ggml_tensor* x) const
+{
+    ggml_tensor* gated = pointwise1_.apply(context, x);
+    ggml_tensor* convolved = ggml_custom_4d(context, GGML_TYPE_F32, x->ne[0], x->ne[1], 1, 1, &gated, 1,
+                                            runGatedConvolution, GGML_N_TASKS_MAX, depthwise_.get());
+    return pointwise2_.apply(context, convolved);
+}
+
+std::vector<float> relativePositions(std::int64_t frames, std::int64_t stateSize)
+{
+    std::vector<float> values;
+    values.reserve(static_cast<std::size_t>((2 * frames - 1) * stateSize));
+    for (std::int64_t distance = frames - 1; distance > -frames; --distance) {
+        for (std::int64_t i = 0; i < stateSize; i += 2) {
+            const double rate = std::pow(10'000.0, -static_cast<double>(i) / static_cast<double>(stateSize));
+            values.push_back(static_cast<float>(std::sin(static_cast<double>(distance) * rate)));
+            values.push_back(static_cast<float>(std::cos(static_cast<double>(distance) * rate)));
+        }
+    }
+    return values;
+}
+
+} // namespace vantro::asr

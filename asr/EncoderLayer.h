@@ -1,0 +1,77 @@
+#pragma once
+
+#include "asr/Linear.h"
+
+#include <ggml.h>
+
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+namespace vantro::asr {
+
+class ModelFile;
+class Weights;
+
+struct LayerNorm
+{
+    ggml_tensor* weight = nullptr;
+    ggml_tensor* bias = nullptr;
+
+    ggml_tensor* apply(ggml_context* context, ggml_tensor* input) const;
+};
+
+/// One FastConformer block (arXiv:2305.05084): half a feed-forward, self-attention with relative positions
+/// (Transformer-XL, arXiv:1901.02860), a convolution module, the other half feed-forward, a closing norm.
+class EncoderLayer
+{
+public:
+    EncoderLayer(ModelFile& file, Weights& weights, std::int32_t layer);
+
+    /// @p x: [state size, frames]; @p positions: relativePositions() of as many frames. Gives the shape of @p x.
+    ggml_tensor* build(ggml_context* context, ggml_tensor* x, Activations& positions) const;
+
+    /// Taps with the batch normalisation folded in.
+    struct Depthwise
+    {
+        std::vector<float> taps; ///< [tap][channel]
+        std::vector<float> bias;
+        std::size_t size = 0;
+    };
+
+private:
+    struct FeedForward
+    {
+        LayerNorm norm;
+        Linear expand;
+        Linear reduce;
+    };
+
+    [[nodiscard]] static FeedForward readFeedForward(ModelFile& file, Weights& weights, const std::string& prefix,
+                                                     const std::string& name);
+    static ggml_tensor* feedForward(ggml_context* context, const FeedForward& module, ggml_tensor* x);
+    ggml_tensor* attention(ggml_context* context, ggml_tensor* x, Activations& positions) const;
+    ggml_tensor* convolution(ggml_context* context, ggml_tensor* x) const;
+
+    FeedForward feedForward1_;
+    LayerNorm normAttention_;
+    Linear query_;
+    Linear key_;
+    Linear value_;
+    Linear attentionOut_;
+    Linear position_;
+    ggml_tensor* contentBias_ = nullptr;  ///< u of the paper, [head size, heads]
+    ggml_tensor* positionBias_ = nullptr; ///< v of the paper
+    LayerNorm normConvolution_;
+    Linear pointwise1_;
+    std::unique_ptr<Depthwise> depthwise_; // on the heap: graphs keep its address
+    Linear pointwise2_;
+    FeedForward feedForward2_;
+    LayerNorm normOut_;
+    std::int64_t heads_ = 0;
+};
+
+/// Sinusoids of the distances from frames - 1 down to 1 - frames, [state size][2 * frames - 1].
+std::vector<float> relativePositions(std::int64_t frames, std::int64_t stateSize);
+
+} // namespace vantro::asr

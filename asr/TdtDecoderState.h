@@ -1,0 +1,19 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+namespace vantro::asr {
+
+/// What the search remembers between decisions and from one stretch of frames to the next.
+struct TdtDecoderState
+{
+    std::vector<float> hiddenState; ///< of the prediction network, [layer][size]; empty at the start of a recording
+    std::vector<float> cellState;
+    std::optional<std::int32_t> lastToken;
+    std::vector<float> predictorOutput; ///< cached for lastToken, as the joint network takes it
+    std::int32_t timeJump = 0;          ///< frames still to skip at the start of the next stretch
+};
+
+} // namespace vantro::asr

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "asr/ASRConfig.h"
+#include "asr/AsrModels.h"
+#include "asr/Language.h"
+#include "asr/TdtDecoderState.h"
+
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+namespace vantro::asr {
+
+/// One emitted token. Frames are encoder frames of 80 ms from the start of the recording.
+struct DecodedToken
+{
+    std::int32_t id = 0;
+    std::int32_t frame = 0;
+    std::int32_t duration = 0;
+    float confidence = 0; ///< probability among the pieces and the blank
+};
+
+/// Greedy search of a token-and-duration transducer (arXiv:2304.06795). One object per thread.
+class TdtDecoderV3
+{
+public:
+    /// @p models outlives the decoder. @p allowed may be null: every token is allowed.
+    TdtDecoderV3(const AsrModels& models, const TdtConfig& config, const TokenFilter* allowed, const StopFlag* stop);
+
+    /// Part of a matrix of projected encoder frames (JointDecision::project).
+    struct Stretch
+    {
+        const EncoderFrames& frames;
+        std::int32_t begin = 0; ///< rows of @ref frames
+        std::int32_t end = 0;
+        std::int32_t offset = 0; ///< place of row 0 in the recording
+    };
+    /// What is asked for beyond the tokens: the state behind each of them.
+    using History = std::vector<TdtDecoderState>;
+
+    /// Decodes one stretch. @p state is carried along: its timeJump frames at the beginning are skipped, and it is left
+    /// as it stands behind the last frame. @p history may be null.
+    std::vector<DecodedToken> decode(const Stretch& stretch, TdtDecoderState& state, History* history = nullptr);
+
+private:
+    struct Choice
+    {
+        std::int32_t token;
+        std::int32_t duration;
+        float score;
+    };
+
+    [[nodiscard]] Choice choose(const JointDecision::Scores& scores) const;
+    [[nodiscard]] static float probability(float score, std::span<const float> scores);
+
+    TdtConfig config_;
+    const TokenFilter* allowed_;
+    Decoder::Step predict_;
+    JointDecision::Step decide_;
+};
+
+} // namespace vantro::asr

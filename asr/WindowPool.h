@@ -1,0 +1,79 @@
+#pragma once
+
+#include "asr/AsrModels.h"
+
+#include <condition_variable>
+#include <cstdint>
+#include <exception>
+#include <functional>
+#include <mutex>
+#include <optional>
+#include <span>
+#include <string>
+#include <thread>
+#include <vector>
+
+namespace vantro::asr {
+
+using LogSink = std::function<void(const std::string&)>;
+
+/// A stretch of the recording that is encoded at once, in samples.
+struct Window
+{
+    std::int64_t begin = 0; ///< with the context
+    std::int64_t end = 0;
+    std::int64_t start = 0; ///< where the chunk itself begins
+};
+
+/// Workers that encode windows in order, ahead of whoever takes them. The processor's cores are shared out among as
+/// many encoders as can use them; the other workers prepare features meanwhile.
+class WindowPool
+{
+public:
+    struct Options
+    {
+        std::int32_t workers = 1;
+        const StopFlag* stop = nullptr; ///< may be null
+        LogSink logger;                 ///< may be empty
+    };
+
+    /// Everything that is referred to outlives the pool.
+    WindowPool(std::span<const float> samples, std::span<const Window> windows, const AsrModels& models,
+               const Options& options);
+    /// Waits for the windows that are being encoded.
+    ~WindowPool();
+    WindowPool(const WindowPool&) = delete;
+    WindowPool& operator=(const WindowPool&) = delete;
+
+    /// The projected frames of window @p index, once each. Waits for them; throws what their worker threw.
+    EncoderFrames take(std::size_t index);
+
+private:
+    struct Slot
+    {
+        std::optional<EncoderFrames> frames;
+        std::exception_ptr error;
+    };
+
+    void work();
+    void run(std::size_t index);
+    [[nodiscard]] EncoderFrames encode(const Window& window);
+    [[nodiscard]] GraphRunner* waitForRunner();
+    void giveBack(GraphRunner* runner);
+
+    std::span<const float> samples_;
+    std::span<const Window> windows_;
+    const AsrModels& models_;
+    const StopFlag* stop_;
+
+    std::mutex lock_; ///< guards everything below
+    std::condition_variable changed_;
+    std::vector<Slot> slots_;
+    std::size_t next_ = 0;
+    bool isAbandoned_ = false;
+    std::vector<GraphRunner> runners_;
+    std::vector<GraphRunner*> idleRunners_;
+    std::vector<std::jthread> workers_; ///< last: they use the members above
+};
+
+} // namespace vantro::asr

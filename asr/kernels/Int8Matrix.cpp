@@ -1,0 +1,200 @@
+// Compiled for AVX-512 with VNNI: like KernelsVariant.cpp it shares no inline function with other files.
+//
+// Layout of a matrix: panels of 32 outputs; in a panel, for each block of 32 inputs, 8 groups of 4 inputs of each
+// output, then the outputs' scales. vpdpbusd takes unsigned bytes from one side: weights are stored plus 128, and what
+// that adds is taken off again through the sum of the activations. Activations: panels of 6 columns, arranged alike,
+// with each column's scale and correction behind its block.
+#include "asr/kernels/Levels.h"
+#include "asr/kernels/Matrix.h"
+
+#include <immintrin.h>
+
+#include <cstring>
+
+namespace vantro::asr::kernels {
+
+namespace {
+
+constexpr std::size_t panelOutputs = 32;
+constexpr std::size_t panelColumns = 6;
+constexpr std::size_t lanes = 16;
+constexpr std::size_t blockInputs = 32;
+constexpr std::size_t groups = blockInputs / 4;
+constexpr std::int32_t weightOffset = 128;
+constexpr std::size_t storedBlockBytes = sizeof(std::uint16_t) + blockInputs; ///< q8_0: float16 scale, 32 bytes
+constexpr std::size_t matrixBlockBytes = panelOutputs * storedBlockBytes;
+constexpr std::size_t scalesOffset = panelOutputs * blockInputs;
+
+struct ActivationBlock
+{
+    std::int8_t values[groups][panelColumns][4];
+    float scales[panelColumns];
+    std::int32_t corrections[panelColumns];
+};
+
+std::size_t panels(std::size_t count, std::size_t size)
+{
+    return (count + size - 1) / size;
+}
+
+std::size_t matrixBytes(std::size_t inputs, std::size_t outputs)
+{
+    return panels(outputs, panelOutputs) * inputs / blockInputs * matrixBlockBytes;
+}
+
+void packMatrix(const void* source, std::size_t inputs, std::size_t outputs, void* target)
+{
+    const std::size_t blocks = inputs / blockInputs;
+    std::memset(target, 0, matrixBytes(inputs, outputs));
+    for (std::size_t output = 0; output < outputs; ++output) {
+        const auto* row = static_cast<const unsigned char*>(source) + output * blocks * storedBlockBytes;
+        auto* panel = static_cast<unsigned char*>(target) + output / panelOutputs * blocks * matrixBlockBytes;
+        const std::size_t place = output % panelOutputs;
+        for (std::size_t block = 0; block < blocks; ++block) {
+            const unsigned char* stored = row + block * storedBlockBytes;
+            unsigned char* packed = panel + block * matrixBlockBytes;
+            std::memcpy(packed + scalesOffset + place * sizeof(std::uint16_t), stored, sizeof(std::uint16_t));
+            unsigned char shifted[blockInputs];
+            for (std::size_t i = 0; i < blockInputs; ++i)
+                shifted[i] = static_cast<unsigned char>(stored[sizeof(std::uint16_t) + i] + weightOffset);
+            for (std::size_t group = 0; group < groups; ++group)
+                std::memcpy(packed + (group * panelOutputs + place) * 4, shifted + 4 * group, 4);
+        }
+    }
+}
+
+std::size_t activationBytes(std::size_t inputs, std::size_t columns)
+{
+    return panels(columns, panelColumns) * inputs / blockInputs * sizeof(ActivationBlock);
+}
+
+/// 32 values as bytes with one scale, rounded to the nearest.
+void quantise(const float* values, ActivationBlock& block, std::size_t column)
+{
+    const __m512 low = _mm512_loadu_ps(values);
+    const __m512 high = _mm512_loadu_ps(values + lanes);
+    const float largest = _mm512_reduce_max_ps(_mm512_max_ps(_mm512_abs_ps(low), _mm512_abs_ps(high)));
+    const float scale = largest / 127.0F;
+    const __m512 inverse = _mm512_set1_ps(scale > 0 ? 1.0F / scale : 0.0F);
+    const __m512i lowInt = _mm512_cvtps_epi32(_mm512_mul_ps(low, inverse));
+    const __m512i highInt = _mm512_cvtps_epi32(_mm512_mul_ps(high, inverse));
+    alignas(lanes) std::int8_t bytes[blockInputs];
+    _mm_store_si128(reinterpret_cast<__m128i*>(bytes), _mm512_cvtsepi32_epi8(lowInt));
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(bytes + lanes), _mm512_cvtsepi32_epi8(highInt));
+    for (std::size_t group = 0; group < groups; ++group)
+        std::memcpy(block.values[group][column], bytes + 4 * group, 4);
+    block.scales[column] = scale;
+    block.corrections[column] = -weightOffset * _mm512_reduce_add_epi32(_mm512_add_epi32(lowInt, highInt));
+}
+
+void packActivations(const float* source, std::size_t inputs, std::size_t columns, void* target, Share share)
+{
+    const std::size_t count = panels(columns, panelColumns);
+    const std::size_t blocks = inputs / blockInputs;
+    for (std::size_t p = count * share.thread / share.threads; p < count * (share.thread + 1) / share.threads; ++p) {
+        auto* panel = static_cast<ActivationBlock*>(target) + p * blocks;
+        const std::size_t first = p * panelColumns;
+        const std::size_t used = columns - first < panelColumns ? columns - first : panelColumns;
+        for (std::size_t block = 0; block < blocks; ++block) {
+            for (std::size_t c = 0; c < used; ++c)
+                quantise(source + (first + c) * inputs + block * blockInputs, panel[block], c);
+        }
+    }
+}
+
+void store(__m512 sum, const float* bias, float* target, std::size_t output, std::size_t outputs)
+{
+    const std::size_t left = output < outputs ? outputs - output : 0;
+    const auto mask = static_cast<__mmask16>(left >= lanes ? 0xFFFF : (1U << left) - 1);
+    if (bias != nullptr)
+        sum = _mm512_add_ps(sum, _mm512_maskz_loadu_ps(mask, bias + output));
+    _mm512_mask_storeu_ps(target + output, mask, sum);
+}
+
+struct Product
+{
+    std::size_t blocks;
+    std::size_t outputs;
+    const float* bias;
+    float* result;
+};
+
+/// Adds one block's products to @p sums.
+template <std::size_t Columns>
+inline void addBlock(const unsigned char* matrix, const ActivationBlock& activations, __m512 (&sums)[Columns][2])
+{
+    __m512i dots[Columns][2];
+#pragma GCC unroll 6
+    for (std::size_t c = 0; c < Columns; ++c)
+        dots[c][0] = dots[c][1] = _mm512_set1_epi32(activations.corrections[c]);
+#pragma GCC unroll 8
+    for (std::size_t group = 0; group < groups; ++group) {
+        const __m512i first = _mm512_loadu_si512(matrix + group * panelOutputs * 4);
+        const __m512i second = _mm512_loadu_si512(matrix + group * panelOutputs * 4 + lanes * 4);
+#pragma GCC unroll 6
+        for (std::size_t c = 0; c < Columns; ++c) {
+            std::int32_t bytes = 0;
+            std::memcpy(&bytes, activations.values[group][c], sizeof bytes);
+            const __m512i values = _mm512_set1_epi32(bytes);
+            dots[c][0] = _mm512_dpbusd_epi32(dots[c][0], first, values);
+            dots[c][1] = _mm512_dpbusd_epi32(dots[c][1], second, values);
+        }
+    }
+    const auto* scales = reinterpret_cast<const __m256i*>(matrix + scalesOffset);
+    const __m512 firstScale = _mm512_cvtph_ps(_mm256_loadu_si256(scales));
+    const __m512 secondScale = _mm512_cvtph_ps(_mm256_loadu_si256(scales + 1));
+#pragma GCC unroll 6
+    for (std::size_t c = 0; c < Columns; ++c) {
+        const __m512 scale = _mm512_set1_ps(activations.scales[c]);
+        sums[c][0] = _mm512_fmadd_ps(_mm512_mul_ps(_mm512_cvtepi32_ps(dots[c][0]), firstScale), scale, sums[c][0]);
+        sums[c][1] = _mm512_fmadd_ps(_mm512_mul_ps(_mm512_cvtepi32_ps(dots[c][1]), secondScale), scale, sums[c][1]);
+    }
+}
+
+/// The first @p Columns columns of a panel times one panel of the matrix.
+template <std::size_t Columns>
+void multiplyPanels(const Product& product, const unsigned char* matrix, std::size_t output,
+                    const ActivationBlock* activations, std::size_t column)
+{
+    __m512 sums[Columns][2];
+    for (auto& sum : sums)
+        sum[0] = sum[1] = _mm512_setzero_ps();
+    for (std::size_t block = 0; block < product.blocks; ++block)
+        addBlock<Columns>(matrix + block * matrixBlockBytes, activations[block], sums);
+    for (std::size_t c = 0; c < Columns; ++c) {
+        float* target = product.result + (column + c) * product.outputs;
+        store(sums[c][0], product.bias, target, output, product.outputs);
+        store(sums[c][1], product.bias, target, output + lanes, product.outputs);
+    }
+}
+
+using PanelFunction = void (*)(const Product&, const unsigned char*, std::size_t, const ActivationBlock*, std::size_t);
+
+constexpr PanelFunction panelFunctions[panelColumns] = {multiplyPanels<1>, multiplyPanels<2>, multiplyPanels<3>,
+                                                        multiplyPanels<4>, multiplyPanels<5>, multiplyPanels<6>};
+
+void multiply(const void* matrix, std::size_t inputs, std::size_t outputs, const void* activations, std::size_t columns,
+              const float* bias, float* result, Share share)
+{
+    const Product product{inputs / blockInputs, outputs, bias, result};
+    const std::size_t count = panels(outputs, panelOutputs);
+    for (std::size_t p = count * share.thread / share.threads; p < count * (share.thread + 1) / share.threads; ++p) {
+        const auto* weights = static_cast<const unsigned char*>(matrix) + p * product.blocks * matrixBlockBytes;
+        for (std::size_t column = 0; column < columns; column += panelColumns) {
+            const auto* values =
+                static_cast<const ActivationBlock*>(activations) + column / panelColumns * product.blocks;
+            const std::size_t used = columns - column < panelColumns ? columns - column : panelColumns;
+            panelFunctions[used - 1](product, weights, p * panelOutputs, values, column);
+        }
+    }
+}
+
+} // namespace
+
+const MatrixKernels& int8Matrices()
+{
+    static const MatrixKernels kernels{matrixBytes, packMatrix, activationBytes, packActivations, multiply};
+    return kernels;
+}
+
+} // namespace vantro::asr::kernels

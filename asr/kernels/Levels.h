@@ -1,0 +1,16 @@
+#pragma once
+
+#include "asr/kernels/Kernels.h"
+#include "asr/kernels/Matrix.h"
+
+namespace vantro::asr::kernels {
+
+// The instruction-set levels that KernelsVariant.cpp is compiled for.
+Kernels baselineKernels();
+Kernels avx2Kernels();
+Kernels avx512Kernels();
+
+const MatrixKernels& bfloat16Matrices(); ///< needs AVX-512 with BF16
+const MatrixKernels& int8Matrices();     ///< needs AVX-512 with VNNI
+
+} // namespace vantro::asr::kernels

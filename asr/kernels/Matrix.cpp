@@ -1,0 +1,32 @@
+#include "asr/kernels/Matrix.h"
+
+#include "asr/kernels/Levels.h"
+
+namespace vantro::asr::kernels {
+
+namespace {
+
+#ifdef VANTRO_ASR_X86
+bool hasAvx512()
+{
+    return __builtin_cpu_supports("avx512f") && __builtin_cpu_supports("avx512bw") &&
+           __builtin_cpu_supports("avx512dq") && __builtin_cpu_supports("avx512vl");
+}
+#endif
+
+} // namespace
+
+const MatrixKernels* matrixKernels(MatrixFormat format)
+{
+#ifdef VANTRO_ASR_X86
+    __builtin_cpu_init();
+    if (format == MatrixFormat::bfloat16 && hasAvx512() && __builtin_cpu_supports("avx512bf16"))
+        return &bfloat16Matrices();
+    if (format == MatrixFormat::int8 && hasAvx512() && __builtin_cpu_supports("avx512vnni"))
+        return &int8Matrices();
+#endif
+    static_cast<void>(format);
+    return nullptr;
+}
+
+} // namespace vantro::asr::kernels

@@ -1,0 +1,173 @@
+#include "asr/testing/ModelWriter.h"
+
+#include <cmath>
+#include <fstream>
+#include <numbers>
+#include <random>
+#include <span>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+namespace vantro::asr::testing {
+
+namespace {
+
+constexpr std::int32_t containerMagic = 0x67676d6c;
+constexpr std::int32_t windowSize = 400;
+
+class Writer
+{
+public:
+    explicit Writer(const std::filesystem::path& path) : file_(path, std::ios::binary)
+    {
+        file_.exceptions(std::ios::failbit | std::ios::badbit);
+    }
+    void integer(std::int32_t value) { file_.write(reinterpret_cast<const char*>(&value), sizeof value); }
+    void text(std::string_view value) { file_.write(value.data(), static_cast<std::streamsize>(value.size())); }
+    template <typename T>
+    void values(std::span<const T> values)
+    {
+        file_.write(reinterpret_cast<const char*>(values.data()), static_cast<std::streamsize>(values.size_bytes()));
+    }
+
+private:
+    std::ofstream file_;
+};
+
+void writeHeader(Writer& writer, const Hyperparameters& p, ggml_type type)
+{
+    const int fileType = type == GGML_TYPE_F32 ? 0 : type == GGML_TYPE_F16 ? 1 : 2007;
+    writer.integer(containerMagic);
+    for (const std::int32_t value :
+         {p.vocabularySize, p.audioContext, p.stateSize, p.headCount, p.layerCount, p.melBands, fileType, p.fftSize,
+          p.subsamplingFactor, p.subsamplingChannels, p.convolutionKernel, p.predictionSize, p.predictionLayers,
+          p.durationCount, p.maxSymbolsPerStep})
+        writer.integer(value);
+}
+
+/// Overlapping triangles of equal width: not the mel scale, but as many multiplications.
+void writeFilters(Writer& writer, const Hyperparameters& p)
+{
+    writer.integer(p.melBands);
+    writer.integer(p.frequencyBins());
+    const float width = static_cast<float>(p.frequencyBins()) / static_cast<float>(p.melBands + 1);
+    std::vector<float> row(static_cast<std::size_t>(p.frequencyBins()));
+    for (std::int32_t band = 0; band < p.melBands; ++band) {
+        for (std::size_t bin = 0; bin < row.size(); ++bin)
+            row[bin] = std::max(0.0F, 1.0F - std::abs(static_cast<float>(bin) / width - static_cast<float>(band + 1)));
+        writer.values<float>(row);
+    }
+    writer.integer(windowSize);
+    std::vector<float> window(windowSize);
+    for (std::size_t i = 0; i < window.size(); ++i)
+        window[i] = 0.5F - 0.5F * std::cos(2 * std::numbers::pi_v<float> * static_cast<float>(i) / (windowSize - 1));
+    writer.values<float>(window);
+    for (std::int32_t i = 0; i < p.durationCount; ++i)
+        writer.integer(i);
+}
+
+void writePieces(Writer& writer, const Hyperparameters& p)
+{
+    writer.integer(p.vocabularySize);
+    for (std::int32_t i = 0; i < p.vocabularySize; ++i) {
+        const std::string piece = (i % 3 == 0 ? "\u2581t" : "t") + std::to_string(i);
+        writer.integer(static_cast<std::int32_t>(piece.size()));
+        writer.text(piece);
+    }
+}
+
+std::vector<float> randomValues(const TensorLayout& tensor, const Hyperparameters& p, std::minstd_rand& random)
+{
+    std::size_t count = 1;
+    for (const auto extent : tensor.shape)
+        count *= static_cast<std::size_t>(extent);
+    const bool isPositive = tensor.name.ends_with("running_var") ||
+                            (tensor.name.ends_with(".weight") && tensor.name.find("norm") != std::string::npos);
+    if (isPositive)
+        return std::vector<float>(count, 1.0F);
+    const bool isConvolution = tensor.name.find("conv") != std::string::npos && !tensor.isMatrix;
+    const auto inputs = static_cast<float>(isConvolution ? 9 : tensor.shape[0]);
+    const float scale = tensor.isMatrix || isConvolution ? std::sqrt(3.0F / inputs) : 0.02F;
+    std::vector<float> values(count);
+    constexpr auto range = static_cast<float>(std::minstd_rand::max());
+    for (float& value : values)
+        value = scale * (2.0F * static_cast<float>(random()) / range - 1.0F);
+    if (tensor.name == "joint.joint_net.2.bias") {
+        // About every second decision is a blank, and most decisions skip some frames, as with real speech.
+        values[static_cast<std::size_t>(p.vocabularySize)] = 2.6F;
+        values.back() = 1.5F;
+    }
+    return values;
+}
+
+void writeTensor(Writer& writer, const TensorLayout& tensor, std::span<const float> values, ggml_type matrixType)
+{
+    ggml_type type = tensor.isMatrix ? matrixType : GGML_TYPE_F32;
+    if (tensor.shape[0] % ggml_blck_size(type) != 0)
+        type = GGML_TYPE_F32;
+    writer.integer(tensor.dimensions);
+    writer.integer(static_cast<std::int32_t>(tensor.name.size()));
+    writer.integer(type);
+    for (int i = 0; i < tensor.dimensions; ++i)
+        writer.integer(static_cast<std::int32_t>(tensor.shape.at(static_cast<std::size_t>(i))));
+    writer.text(tensor.name);
+    if (type == GGML_TYPE_F32) {
+        writer.values(values);
+        return;
+    }
+    const std::int64_t rows = static_cast<std::int64_t>(values.size()) / tensor.shape[0];
+    std::vector<std::byte> packed(ggml_row_size(type, tensor.shape[0]) * static_cast<std::size_t>(rows));
+    ggml_quantize_chunk(type, values.data(), packed.data(), 0, rows, tensor.shape[0], nullptr);
+    writer.values<std::byte>(packed);
+}
+
+/// The counter of training batches that the converter writes behind every running variance.
+void writeBatchCounter(Writer& writer, const std::string& variance)
+{
+    const std::string name = variance.substr(0, variance.rfind('.')) + ".num_batches_tracked";
+    writer.integer(0);
+    writer.integer(static_cast<std::int32_t>(name.size()));
+    writer.integer(GGML_TYPE_F32);
+    writer.text(name);
+    writer.values<float>(std::vector<float>{1.0F});
+}
+
+} // namespace
+
+Hyperparameters publishedShape(std::int32_t vocabularySize)
+{
+    Hyperparameters p;
+    p.vocabularySize = vocabularySize;
+    p.audioContext = 5000;
+    p.stateSize = 1024;
+    p.headCount = 8;
+    p.layerCount = 24;
+    p.melBands = 128;
+    p.fftSize = 512;
+    p.subsamplingFactor = 8;
+    p.subsamplingChannels = 256;
+    p.convolutionKernel = 9;
+    p.predictionSize = 640;
+    p.predictionLayers = 2;
+    p.durationCount = 5;
+    p.maxSymbolsPerStep = 10;
+    return p;
+}
+
+void writeRandomModel(const std::filesystem::path& path, const Hyperparameters& parameters, ggml_type matrixType,
+                      std::uint32_t seed)
+{
+    Writer writer(path);
+    std::minstd_rand random(seed);
+    writeHeader(writer, parameters, matrixType);
+    writeFilters(writer, parameters);
+    writePieces(writer, parameters);
+    for (const TensorLayout& tensor : modelLayout(parameters, 4 * parameters.stateSize, parameters.predictionSize)) {
+        writeTensor(writer, tensor, randomValues(tensor, parameters, random), matrixType);
+        if (tensor.name.ends_with(".running_var"))
+            writeBatchCounter(writer, tensor.name);
+    }
+}
+
+} // namespace vantro::asr::testing

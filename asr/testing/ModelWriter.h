@@ -1,0 +1,22 @@
+#pragma once
+
+#include "asr/ModelLayout.h"
+
+#include <ggml.h>
+
+#include <cstdint>
+#include <filesystem>
+#include <vector>
+
+namespace vantro::asr::testing {
+
+/// The shapes of the two published models of 0.6 billion parameters, with @p vocabularySize text pieces.
+Hyperparameters publishedShape(std::int32_t vocabularySize);
+
+/// Writes a model with seeded random weights into the container that ModelFile reads: every shape and the amount of
+/// arithmetic of a real model, and a decoder that emits about as often as one that hears speech. It recognises nothing.
+/// Matrices have @p matrixType (float32, float16 or any type ggml can quantise to without an importance matrix).
+void writeRandomModel(const std::filesystem::path& path, const Hyperparameters& parameters, ggml_type matrixType,
+                      std::uint32_t seed = 1);
+
+} // namespace vantro::asr::testing

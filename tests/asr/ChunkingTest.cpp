@@ -1,0 +1,214 @@
+// Recordings that are longer than the model's window.
+#include "asr/Seam.h"
+#include "tests/asr/AsrTestSupport.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <iterator>
+#include <random>
+#include <sstream>
+#include <utility>
+
+using namespace vantro::asr;
+using namespace vantro::asr::testing;
+
+namespace {
+
+constexpr std::size_t samplesPerSecond = 16'000;
+
+/// As long as a whole number of encoder frames: what is appended is heard at the same phase of the model's frames.
+constexpr double framesPerSecond = 12.5;
+
+/// The hiss of a quiet room.
+std::vector<float> hiss(std::size_t samples)
+{
+    std::minstd_rand random(1);
+    std::uniform_real_distribution<float> level(-0.003F, 0.003F);
+    std::vector<float> values(samples);
+    for (float& value : values)
+        value = level(random);
+    return values;
+}
+
+std::vector<float> paddedToFrames(std::vector<float> samples)
+{
+    const std::size_t frame = ChunkProcessor::frameSamples;
+    const std::vector<float> rest = hiss((frame - samples.size() % frame) % frame);
+    samples.insert(samples.end(), rest.begin(), rest.end());
+    return samples;
+}
+
+std::vector<std::string> words(const std::string& text)
+{
+    std::istringstream stream(text);
+    return {std::istream_iterator<std::string>(stream), {}};
+}
+
+/// Words that one text has and the other lacks, in the alignment with the fewest differences; another word in a word's
+/// place does not count.
+std::size_t lostOrDoubled(const std::vector<std::string>& expected, const std::vector<std::string>& found)
+{
+    struct Cost
+    {
+        std::size_t differences;
+        std::size_t lostOrDoubled;
+        auto operator<=>(const Cost&) const = default;
+    };
+    std::vector<Cost> row(found.size() + 1);
+    for (std::size_t j = 0; j < row.size(); ++j)
+        row[j] = {j, j};
+    for (std::size_t i = 1; i <= expected.size(); ++i) {
+        Cost diagonal = std::exchange(row[0], Cost{i, i});
+        for (std::size_t j = 1; j < row.size(); ++j) {
+            const std::size_t other = expected[i - 1] != found[j - 1] ? 1 : 0;
+            const Cost best = std::min({Cost{diagonal.differences + other, diagonal.lostOrDoubled},
+                                        Cost{row[j].differences + 1, row[j].lostOrDoubled + 1},
+                                        Cost{row[j - 1].differences + 1, row[j - 1].lostOrDoubled + 1}});
+            diagonal = std::exchange(row[j], best);
+        }
+    }
+    return row.back().lostOrDoubled;
+}
+
+std::string textFrom(const ASRResult& result, Seconds start)
+{
+    std::string text;
+    for (const TokenTiming& timing : *result.tokenTimings) {
+        if (timing.startTime >= start)
+            text += timing.token.starts_with("\u2581") ? " " + timing.token.substr(3) : timing.token;
+    }
+    return text;
+}
+
+void append(std::vector<float>& target, const std::vector<float>& samples)
+{
+    target.insert(target.end(), samples.begin(), samples.end());
+}
+
+} // namespace
+
+TEST(Chunking, CutsTheRecordingIntoWholeFramesThatFitTheWindow)
+{
+    const auto layout = [](double overlapSeconds, std::int64_t context, bool warmup) {
+        return ChunkProcessor({}, {overlapSeconds, context, 3}, {}).layout(warmup, {0, true});
+    };
+    const ChunkLayout plain = layout(2.0, 1'280, false);
+    EXPECT_EQ(plain.context, 0);
+    EXPECT_EQ(plain.chunk, 239'360);
+    EXPECT_EQ(plain.overlap, 32'000);
+    EXPECT_EQ(plain.stride, 207'360);
+    EXPECT_EQ(plain.prefix, 3 * 1'280);
+    const ChunkLayout warm = layout(2.9, 1'280, true);
+    EXPECT_EQ(warm.context, 1'280);
+    EXPECT_EQ(warm.chunk, 238'080);
+    EXPECT_EQ(warm.overlap, 32'000) << "whole seconds only";
+    EXPECT_EQ(warm.prefix, 0);
+    EXPECT_LE(warm.context + warm.chunk, ChunkProcessor::maximumWindowSamples);
+    const ChunkLayout greedy = layout(60, 0, true);
+    EXPECT_EQ(greedy.overlap, greedy.chunk / 2 / 1'280 * 1'280);
+    const ChunkLayout hopeless = layout(1, 240'000, true);
+    EXPECT_EQ(hopeless.chunk, 1'280);
+    EXPECT_EQ(hopeless.stride, 1'280);
+}
+
+TEST(Chunking, NoWordIsLostOrDoubledWhereverABorderFalls)
+{
+    AsrManager manager;
+    manager.initialize(loadMicro());
+    std::size_t wordCount = 0;
+    std::size_t wrong = 0;
+    for (const char* name : {"long-01.flac", "long-02.flac"}) {
+        const std::vector<float> speech = recording(name);
+        const auto expected = words(transcribe(manager, speech).text);
+        // Over a whole stride, so that the borders pass through every word.
+        for (int frames = 12; frames < 180; frames += 12) {
+            std::vector<float> samples = hiss(static_cast<std::size_t>(frames * ChunkProcessor::frameSamples));
+            append(samples, speech);
+            const Seconds start(frames / framesPerSecond);
+            const auto found = words(textFrom(transcribe(manager, samples), start));
+            wordCount += expected.size();
+            wrong += lostOrDoubled(expected, found);
+        }
+    }
+    // The model itself hears a few words differently when a window has other neighbours.
+    EXPECT_LE(wrong, wordCount * 3 / 100) << "of " << wordCount;
+}
+
+TEST(Chunking, EveryRecordingLengthAroundTheWindowIsReadToItsEnd)
+{
+    AsrManager manager;
+    manager.initialize(loadMicro());
+    const std::vector<float> speech = recording("long-02.flac");
+    const std::string whole = transcribe(manager, speech).text;
+    for (const std::size_t samples : {239'999, 240'000, 240'001, 240'160, 241'280, 256'000, 447'360, 447'361}) {
+        const ASRResult result = transcribe(manager, std::vector<float>(speech.begin(), speech.begin() + samples));
+        const auto found = words(result.text);
+        const auto expected = words(whole);
+        ASSERT_GT(found.size(), 20U) << samples;
+        // All but the last word, which may be cut in two, begin the whole text.
+        const std::vector<std::string> head(expected.begin(), expected.begin() + std::ssize(found) - 1);
+        EXPECT_LE(lostOrDoubled(head, {found.begin(), found.end() - 1}), 1U) << samples << ": " << result.text;
+        EXPECT_GT(result.tokenTimings->back().endTime, result.duration - Seconds(3)) << samples;
+    }
+}
+
+TEST(Chunking, TenMinutesKeepEveryWordAndItsTime)
+{
+    std::string log;
+    AsrManager manager({}, [&](const std::string& line) { log = line; });
+    manager.initialize(loadMicro());
+    const std::vector<float> speech = paddedToFrames(recording("long-02.flac"));
+    const auto once = words(transcribe(manager, speech).text);
+    std::vector<float> samples;
+    std::vector<std::string> expected;
+    while (samples.size() < 600 * samplesPerSecond) {
+        append(samples, speech);
+        expected.insert(expected.end(), once.begin(), once.end());
+    }
+    std::vector<float> progress;
+    AsrManager::Options options;
+    options.onProgress = [&](float fraction) {
+        progress.push_back(fraction);
+    };
+    const ASRResult result = transcribe(manager, samples, options);
+    EXPECT_LE(lostOrDoubled(expected, words(result.text)), expected.size() / 100);
+    EXPECT_EQ(log, "ChunkProcessor using worker pool of size 4");
+    EXPECT_TRUE(std::ranges::is_sorted(progress));
+    EXPECT_FLOAT_EQ(progress.back(), 1.0F);
+    // Each round begins with "My", a period after the last one's; only the first is heard at the window's very edge.
+    const double period = static_cast<double>(speech.size()) / samplesPerSecond;
+    std::size_t rounds = 0;
+    double previous = 0;
+    for (std::size_t i = 0; i + 1 < result.tokenTimings->size(); ++i) {
+        const TokenTiming& timing = (*result.tokenTimings)[i];
+        if (timing.token == "\u2581M" && (*result.tokenTimings)[i + 1].token == "y") {
+            if (rounds > 1) {
+                EXPECT_NEAR(timing.startTime.count() - previous, period, 0.2);
+            }
+            previous = timing.startTime.count();
+            ++rounds;
+        }
+    }
+    EXPECT_EQ(rounds, expected.size() / once.size());
+}
+
+TEST(Chunking, TheSeamLiesInTheWidestGapBetweenWords)
+{
+    const std::vector<std::string> vocabulary = {"\u2581a", "b"};
+    const auto seam = [&](const std::vector<DecodedToken>& tokens) {
+        return chooseSeam(tokens, {100, 140}, vocabulary);
+    };
+    EXPECT_EQ(seam({}).frame, 120);
+    // Words at 104 (to 109) and 130; the second has a continuation after a wider gap, which is no place to cut.
+    const Seam between = seam({{0, 104, 2, 1}, {1, 106, 3, 1}, {0, 130, 1, 1}, {1, 139, 1, 1}});
+    EXPECT_EQ(between.kept, 2U);
+    EXPECT_EQ(between.frame, 119);
+    // One word without an end: the only gaps are before and behind it.
+    const Seam before = seam({{0, 110, 3, 1}, {1, 113, 3, 1}, {1, 138, 4, 1}});
+    EXPECT_EQ(before.kept, 0U);
+    EXPECT_EQ(before.frame, 105);
+    const FrameRange range = seamSearchRange({0, 200}, {});
+    EXPECT_EQ(range.begin, 80);
+    EXPECT_EQ(range.end, 120);
+}

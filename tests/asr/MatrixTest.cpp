@@ -1,0 +1,100 @@
+// The processor's own products against plain arithmetic in double precision.
+#include "asr/kernels/Matrix.h"
+
+#include <ggml.h>
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <random>
+#include <vector>
+
+using namespace vantro::asr::kernels;
+
+namespace {
+
+struct Case
+{
+    MatrixFormat format;
+    ggml_type type;
+    double tolerance; ///< of the root mean square of a result
+};
+
+void PrintTo(const Case& value, std::ostream* out)
+{
+    *out << ggml_type_name(value.type);
+}
+
+class Matrices : public ::testing::TestWithParam<Case>
+{
+protected:
+    void SetUp() override
+    {
+        kernels = matrixKernels(GetParam().format);
+        if (kernels == nullptr)
+            GTEST_SKIP() << "this processor has no instructions for " << ggml_type_name(GetParam().type);
+    }
+
+    std::vector<float> random(std::size_t count)
+    {
+        std::normal_distribution<float> normal;
+        std::vector<float> values(count);
+        for (float& value : values)
+            value = normal(engine);
+        return values;
+    }
+
+    const MatrixKernels* kernels = nullptr;
+    std::mt19937 engine{7};
+};
+
+} // namespace
+
+TEST_P(Matrices, GiveWhatPlainArithmeticGivesForEveryShape)
+{
+    for (const auto& [inputs, outputs, columns] : {std::tuple<std::size_t, std::size_t, std::size_t>{32, 1, 1},
+                                                   {64, 32, 5},
+                                                   {128, 198, 13},
+                                                   {640, 1'030, 1},
+                                                   {96, 33, 6},
+                                                   {1'024, 64, 25},
+                                                   {256, 31, 12}}) {
+        const std::vector<float> weights = random(inputs * outputs);
+        const std::vector<float> values = random(inputs * columns);
+        const std::vector<float> bias = random(outputs);
+        std::vector<char> stored(ggml_row_size(GetParam().type, static_cast<std::int64_t>(inputs)) * outputs);
+        ggml_quantize_chunk(GetParam().type, weights.data(), stored.data(), 0, static_cast<std::int64_t>(outputs),
+                            static_cast<std::int64_t>(inputs), nullptr);
+        std::vector<float> rounded(weights.size());
+        ggml_get_type_traits(GetParam().type)
+            ->to_float(stored.data(), rounded.data(), static_cast<std::int64_t>(rounded.size()));
+
+        std::vector<char> matrix(kernels->matrixBytes(inputs, outputs));
+        std::vector<char> activations(kernels->activationBytes(inputs, columns));
+        constexpr float untouched = 1e9F;
+        std::vector<float> result(outputs * columns + 1, untouched);
+        kernels->packMatrix(stored.data(), inputs, outputs, matrix.data());
+        for (std::size_t thread = 0; thread < 3; ++thread)
+            kernels->packActivations(values.data(), inputs, columns, activations.data(), {thread, 3});
+        for (std::size_t thread = 0; thread < 3; ++thread)
+            kernels->multiply(matrix.data(), inputs, outputs, activations.data(), columns, bias.data(), result.data(),
+                              {thread, 3});
+        double squares = 0;
+        for (std::size_t column = 0; column < columns; ++column) {
+            for (std::size_t output = 0; output < outputs; ++output) {
+                double exact = static_cast<double>(bias[output]);
+                for (std::size_t i = 0; i < inputs; ++i)
+                    exact += static_cast<double>(rounded[output * inputs + i]) *
+                             static_cast<double>(values[column * inputs + i]);
+                const double difference = static_cast<double>(result[column * outputs + output]) - exact;
+                squares += difference * difference;
+            }
+        }
+        const double relative = std::sqrt(squares / static_cast<double>(inputs * outputs * columns));
+        EXPECT_LT(relative, GetParam().tolerance) << inputs << " x " << outputs << ", " << columns << " columns";
+        EXPECT_EQ(result.back(), untouched);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Kernels, Matrices,
+                         ::testing::Values(Case{MatrixFormat::bfloat16, GGML_TYPE_F16, 0.004},
+                                           Case{MatrixFormat::int8, GGML_TYPE_Q8_0, 0.012}));

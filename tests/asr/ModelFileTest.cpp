@@ -1,0 +1,160 @@
+// Model files that are damaged, foreign or made to do harm; and the shapes of the published models.
+#include "asr/ModelFile.h"
+
+#include "asr/testing/ModelWriter.h"
+#include "tests/asr/AsrTestSupport.h"
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <cstring>
+#include <fstream>
+#include <random>
+
+using namespace vantro::asr;
+using namespace vantro::asr::testing;
+
+namespace {
+
+std::string contentOf(const std::filesystem::path& path)
+{
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+class ModelFiles : public ::testing::Test
+{
+protected:
+    ~ModelFiles() override { std::filesystem::remove(path); }
+
+    [[nodiscard]] std::optional<ASRError::Kind> load(const std::string& content) const
+    {
+        std::ofstream(path, std::ios::binary) << content;
+        return errorOf([this] { ModelFile file(path); });
+    }
+    /// A whole model of a few kilobytes.
+    std::string smallModel()
+    {
+        Hyperparameters p = publishedShape(5);
+        p.stateSize = 4;
+        p.headCount = 2;
+        p.layerCount = 1;
+        p.melBands = 8;
+        p.fftSize = 512;
+        p.subsamplingChannels = 2;
+        p.predictionSize = 4;
+        writeRandomModel(path, p, GGML_TYPE_F32);
+        return contentOf(path);
+    }
+    static std::string withInteger(std::string content, std::size_t offset, std::int32_t value)
+    {
+        std::memcpy(&content[offset], &value, sizeof value);
+        return content;
+    }
+
+    const std::filesystem::path path =
+        std::filesystem::path(::testing::TempDir()) / ("vantro-model-" + std::to_string(::getpid()) + ".bin");
+};
+
+} // namespace
+
+TEST_F(ModelFiles, AFileCutOffAnywhereIsRefused)
+{
+    const std::string whole = smallModel();
+    ASSERT_EQ(load(whole), std::nullopt);
+    // Every length within the small structures, every few bytes in the long runs of numbers; also one byte too many.
+    for (std::size_t length = 0; length < whole.size(); length += length < 128 || length > 15'000 ? 1 : 61)
+        ASSERT_EQ(load(whole.substr(0, length)), ASRError::Kind::modelLoadFailed) << length << " of " << whole.size();
+    EXPECT_EQ(load(whole + "x"), ASRError::Kind::modelLoadFailed);
+    EXPECT_EQ(load("RIFF" + whole.substr(4)), ASRError::Kind::modelLoadFailed);
+    EXPECT_EQ(errorOf([] { ModelFile file("/nowhere/model.bin"); }), ASRError::Kind::modelLoadFailed);
+    EXPECT_EQ(errorOf([] { ModelFile file("/"); }), ASRError::Kind::modelLoadFailed);
+}
+
+TEST_F(ModelFiles, HeadersThatPromiseTooMuchAreRefusedBeforeAnythingIsAllocated)
+{
+    const std::string whole = smallModel();
+    constexpr std::size_t headerIntegers = 16;
+    for (std::size_t i = 0; i < headerIntegers; ++i) {
+        for (const std::int32_t value :
+             {-1, 0, std::numeric_limits<std::int32_t>::max(), std::numeric_limits<std::int32_t>::min()}) {
+            const bool mayBeAnything = i == 7 || i == 2; // file type; audio context, of which only the range matters
+            const auto outcome = load(withInteger(whole, i * sizeof value, value));
+            EXPECT_TRUE(mayBeAnything || outcome == ASRError::Kind::modelLoadFailed)
+                << "integer " << i << " = " << value;
+        }
+    }
+}
+
+TEST_F(ModelFiles, MissingRenamedAndMisshapenTensorsAreRefused)
+{
+    const std::string whole = smallModel();
+    for (const std::string name :
+         {"encoder.pre_encode.out.weight", "encoder.layers.0.self_attn.pos_bias_u", "joint.enc.bias",
+          "encoder.layers.0.feed_forward1.linear1.weight", "decoder.prediction.dec_rnn.lstm.bias_h_l1"}) {
+        const std::size_t place = whole.find(name);
+        ASSERT_NE(place, std::string::npos);
+        std::string renamed = whole;
+        renamed[place] = 'X';
+        EXPECT_EQ(load(renamed), ASRError::Kind::modelLoadFailed) << name;
+        for (const std::int32_t extent : {0, -4, 3, 1 << 23})
+            EXPECT_EQ(load(withInteger(whole, place - sizeof extent, extent)), ASRError::Kind::modelLoadFailed)
+                << name << " " << extent;
+    }
+    const std::string vector = "joint.pred.bias";
+    const std::size_t type = whole.find(vector) - 2 * sizeof(std::int32_t);
+    for (const std::int32_t wrong : {1, 4, 5, 8, 39, 1'000, -1})
+        EXPECT_EQ(load(withInteger(whole, type, wrong)), ASRError::Kind::modelLoadFailed) << "type " << wrong;
+}
+
+TEST_F(ModelFiles, RandomDamageNeverDoesMoreThanRefuseTheFile)
+{
+    const std::string whole = smallModel();
+    std::mt19937 random(1);
+    int refused = 0;
+    constexpr int rounds = 3'000;
+    for (int round = 0; round < rounds; ++round) {
+        std::string damaged = whole;
+        // Mostly where the structure is: in the header and the first tensors' headers.
+        for (int i = 0; i < 3; ++i) {
+            const std::size_t limit = random() % 2 == 0 ? 200 : damaged.size();
+            damaged[random() % limit] = static_cast<char>(random());
+        }
+        refused += load(damaged) ? 1 : 0;
+    }
+    EXPECT_GT(refused, rounds / 4);
+}
+
+TEST_F(ModelFiles, WeightsThatAreNoNumbersGiveSomeTextAndNoCrash)
+{
+    std::string content = contentOf(dataFolder() / "parakeet-micro-tdt-f32.bin");
+    const std::size_t name = content.find("joint.joint_net.2.weight");
+    const float nan = std::numeric_limits<float>::quiet_NaN();
+    for (std::size_t i = 0; i < 20'000; ++i)
+        std::memcpy(&content[name + 64 + 4 * i], &nan, sizeof nan);
+    std::ofstream(path, std::ios::binary) << content;
+    AsrManager manager;
+    manager.initialize(AsrModels::load(path, AsrModelVersion::v2, moduleFolders()));
+    EXPECT_LE(transcribe(manager, recording("sentence-01.flac")).text.size(), 10'000U);
+}
+
+TEST_F(ModelFiles, ThePublishedShapesRunInEveryPrecision)
+{
+    const std::vector<float> samples = recording("sentence-02.flac");
+    for (const std::int32_t vocabulary : {1'024, 8'192}) {
+        for (const ggml_type type : {GGML_TYPE_F16, GGML_TYPE_Q8_0, GGML_TYPE_Q5_0, GGML_TYPE_Q4_1}) {
+            Hyperparameters shape = publishedShape(vocabulary);
+            shape.layerCount = 1; // the other 23 have the same shapes
+            writeRandomModel(path, shape, type);
+            const auto models = AsrModels::load(path, AsrModelVersion::v3, moduleFolders());
+            EXPECT_EQ(models->configuration.blankId, vocabulary);
+            EXPECT_EQ(models->configuration.encoderHiddenSize, 1'024);
+            AsrManager manager;
+            manager.initialize(models);
+            const ASRResult result = transcribe(manager, samples);
+            EXPECT_GT(result.duration.count(), 1.9) << ggml_type_name(type) << " " << vocabulary;
+            for (const TokenTiming& timing : *result.tokenTimings)
+                EXPECT_TRUE(timing.confidence > 0) << ggml_type_name(type) << " " << vocabulary;
+        }
+    }
+}

@@ -1,0 +1,197 @@
+// The recogniser from samples to text with a small real model, held against an independent implementation's results.
+#include "tests/asr/AsrTestSupport.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <fstream>
+#include <limits>
+#include <thread>
+
+using namespace vantro::asr;
+using namespace vantro::asr::testing;
+
+namespace {
+
+constexpr std::size_t samplesPerSecond = 16'000;
+constexpr std::size_t windowSamples = ChunkProcessor::maximumWindowSamples;
+
+struct Recogniser
+{
+    explicit Recogniser(std::shared_ptr<const AsrModels> models, LogSink log = {}) : manager({}, std::move(log))
+    {
+        manager.initialize(std::move(models));
+    }
+    std::string text(const std::vector<float>& samples, const AsrManager::Options& options = {})
+    {
+        return transcribe(manager, samples, options).text;
+    }
+
+    AsrManager manager;
+};
+
+std::vector<float> reference(const std::string& name)
+{
+    std::ifstream file(dataFolder() / "numerics" / name, std::ios::binary);
+    std::vector<float> values(std::filesystem::file_size(dataFolder() / "numerics" / name) / sizeof(float));
+    file.read(reinterpret_cast<char*>(values.data()), static_cast<std::streamsize>(values.size() * sizeof(float)));
+    return values;
+}
+
+float largestDifference(const std::vector<float>& a, const std::vector<float>& b)
+{
+    float largest = a.size() == b.size() ? 0 : std::numeric_limits<float>::infinity();
+    for (std::size_t i = 0; i < std::min(a.size(), b.size()); ++i)
+        largest = std::max(largest, std::abs(a[i] - b[i]));
+    return largest;
+}
+
+} // namespace
+
+class EveryVariant : public ::testing::TestWithParam<const char*>
+{
+};
+
+TEST_P(EveryVariant, WritesTheReferenceTextOfEveryRecording)
+{
+    Recogniser recogniser(loadMicro(GetParam()));
+    for (const Expectation& expected : expectations())
+        EXPECT_EQ(recogniser.text(recording(expected.file)), expected.text) << expected.file;
+}
+
+INSTANTIATE_TEST_SUITE_P(Recognising, EveryVariant,
+                         ::testing::Values("parakeet-micro-tdt.bin", "parakeet-micro-tdt-f32.bin",
+                                           "parakeet-micro-tdt-q8_0.bin"));
+
+TEST(Recognising, FindsTheReferenceTokensAtTheirFramesWithTheirDurations)
+{
+    const auto models = loadMicro("parakeet-micro-tdt-f32.bin");
+    ASRConfig config;
+    const ChunkProcessor::Request request{*models, config, nullptr, nullptr, {}};
+    config.tdtConfig.blankId = models->configuration.blankId;
+    for (const Expectation& expected : expectations()) {
+        const std::vector<float> samples = recording(expected.file);
+        if (samples.size() > windowSamples)
+            continue;
+        TdtDecoderState state;
+        const auto tokens = ChunkProcessor(samples, {}, {}).process(request, state);
+        std::vector<Expectation::Token> found;
+        for (const DecodedToken& token : tokens)
+            found.push_back({token.id, token.frame, token.duration});
+        EXPECT_EQ(found, expected.tokens) << expected.file;
+    }
+}
+
+TEST(Recognising, ComputesTheReferenceFeaturesAndEncoderOutput)
+{
+    const auto models = loadMicro("parakeet-micro-tdt-f32.bin");
+    GraphRunner runner(2, nullptr);
+    for (const char* name : {"sentence-01", "silence"}) {
+        const auto features = models->preprocessor.process(recording(std::string(name) + ".flac"));
+        EXPECT_LT(largestDifference(features.values, reference(std::string(name) + ".mel.f32")), 2e-4F) << name;
+        const auto frames = models->encoder.encode(features, runner);
+        EXPECT_LT(largestDifference(frames.values, reference(std::string(name) + ".enc.f32")), 1e-3F) << name;
+    }
+}
+
+TEST(Recognising, TellsWhenEachTokenWasSaidAndHowSureItIs)
+{
+    Recogniser recogniser(loadMicro());
+    const std::vector<float> samples = recording("sentence-03.flac");
+    const ASRResult result = transcribe(recogniser.manager, samples);
+    ASSERT_TRUE(result.tokenTimings && !result.tokenTimings->empty());
+    Seconds previous{};
+    for (const TokenTiming& timing : *result.tokenTimings) {
+        EXPECT_LE(previous, timing.startTime);
+        EXPECT_LT(timing.startTime, timing.endTime);
+        EXPECT_LE(timing.endTime, result.duration);
+        EXPECT_GT(timing.confidence, 0);
+        EXPECT_LE(timing.confidence, 1);
+        previous = timing.startTime;
+    }
+    // The same words later in the recording: every time moves with them.
+    std::vector<float> later(2 * samplesPerSecond, 0.0F);
+    later.insert(later.end(), samples.begin(), samples.end());
+    const ASRResult shifted = transcribe(recogniser.manager, later);
+    const double moved = (shifted.tokenTimings->back().endTime - result.tokenTimings->back().endTime).count();
+    EXPECT_NEAR(moved, 2, 0.25);
+}
+
+TEST(Recognising, RefusesWhatIsNoAudioAndGoesOnWorking)
+{
+    AsrManager manager;
+    EXPECT_EQ(errorOf([&] { transcribe(manager, recording("sentence-01.flac")); }), ASRError::Kind::notInitialized);
+    manager.initialize(loadMicro());
+    std::vector<float> withNan = recording("sentence-01.flac");
+    withNan[1'000] = std::numeric_limits<float>::quiet_NaN();
+    std::vector<float> infinite(windowSamples * 2, 0.01F);
+    infinite.back() = std::numeric_limits<float>::infinity();
+    for (const std::vector<float>& samples : {std::vector<float>{}, std::vector<float>{0.5F}, std::vector<float>(319),
+                                              withNan, infinite, std::vector<float>(16'000, 1e30F)})
+        EXPECT_EQ(errorOf([&] { transcribe(manager, samples); }), ASRError::Kind::invalidAudioData) << samples.size();
+    EXPECT_EQ(transcribe(manager, recording("sentence-01.flac")).text, "Can you show me the plan?");
+    EXPECT_EQ(transcribe(manager, std::vector<float>(320)).text, "");
+}
+
+TEST(Recognising, StopsInTheMiddleAndIsReadyForTheNextRecording)
+{
+    Recogniser recogniser(loadMicro());
+    AsrManager::Options options;
+    options.onProgress = [&](float) {
+        recogniser.manager.stop();
+    };
+    const std::vector<float> minutes(windowSamples * 20, 0.01F);
+    EXPECT_EQ(errorOf([&] { recogniser.text(minutes, options); }), ASRError::Kind::processingFailed);
+    EXPECT_EQ(recogniser.text(recording("sentence-02.flac")), "Good morning, Peter.");
+}
+
+TEST(Recognising, OneModelServesSeveralManagersAtOnce)
+{
+    const auto models = loadMicro();
+    const std::vector<float> samples = recording("sentence-07.flac");
+    std::vector<std::string> texts(3);
+    {
+        std::vector<std::jthread> threads;
+        for (std::string& text : texts)
+            threads.emplace_back([&] { text = Recogniser(models).text(samples); });
+    }
+    for (const std::string& text : texts)
+        EXPECT_EQ(text, "The invoice is very cheap and the lesson is late.");
+}
+
+TEST(Recognising, ALanguageHintLeavesOutOtherScriptsWithVersionThreeOnly)
+{
+    std::string logged;
+    const auto log = [&](const std::string& line) {
+        logged += line + "\n";
+    };
+    AsrManager::Options options;
+    options.language = languageFromCode("ru");
+    Recogniser multilingual(loadMicro("parakeet-micro-tdt.bin", AsrModelVersion::v3), log);
+    const std::string cyrillic = multilingual.text(recording("sentence-01.flac"), options);
+    EXPECT_TRUE(std::ranges::none_of(cyrillic, [](char c) { return std::isalpha(static_cast<unsigned char>(c)); }))
+        << cyrillic;
+    options.language = languageFromCode("de");
+    EXPECT_EQ(multilingual.text(recording("sentence-01.flac"), options), "Can you show me the plan?");
+    EXPECT_EQ(logged.find("Ignoring"), std::string::npos);
+
+    options.language = languageFromCode("ru");
+    Recogniser english(loadMicro(), log);
+    EXPECT_EQ(english.text(recording("sentence-01.flac"), options), "Can you show me the plan?");
+    EXPECT_NE(
+        logged.find("Ignoring `language` hint: script filtering requires the v3 joint decoder; loaded model is v2"),
+        std::string::npos);
+
+    const std::vector<std::string> vocabulary = {"\u2581Haus", "\u2581дом", "\u2581σπίτι", "\u2581é", "7", "."};
+    const TokenFilter latin(vocabulary, Script::latin);
+    const TokenFilter cyrillicOnly(vocabulary, scriptOf(Language::ukrainian));
+    const auto allowed = [&](const TokenFilter& filter) {
+        std::string result;
+        for (std::size_t i = 0; i <= vocabulary.size(); ++i) // the last one is the blank
+            result += filter.allows(i) ? '1' : '0';
+        return result;
+    };
+    EXPECT_EQ(allowed(latin), "1001111");
+    EXPECT_EQ(allowed(cyrillicOnly), "0100111");
+    EXPECT_FALSE(languageFromCode("ja"));
+}

@@ -1,0 +1,162 @@
+// The engine behind the catalogue's Parakeet entries, with the small real model under their files' names.
+#include "tests/asr/AsrTestSupport.h"
+#include "vantro/fluid/FluidTranscriptionProvider.h"
+#include "vantro/fluid/ProgressGate.h"
+#include "vantro/fluid/TailCoverage.h"
+#include "vantro/models/ModelCatalogue.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+#include <qcoro/qcorotask.h>
+
+#include <gtest/gtest.h>
+
+using namespace vantro;
+using namespace vantro::asr::testing;
+
+namespace {
+
+class Fluid : public ::testing::Test
+{
+protected:
+    void install(const char* name, const char* variant = "parakeet-micro-tdt.bin") const
+    {
+        ASSERT_TRUE(QFile::copy(QString::fromStdString((dataFolder() / variant).string()),
+                                folder.filePath(QLatin1String(name))));
+    }
+    [[nodiscard]] TranscriptionModel entry(const char* name) const { return *catalogue.find(QLatin1String(name)); }
+    [[nodiscard]] FluidModelSource source(const QString& id, const char* file = "model.bin") const
+    {
+        return {id, asr::AsrModelVersion::v2, folder.filePath(QLatin1String(file))};
+    }
+    /// QCoro::waitFor does not return from a task that throws.
+    template <typename T>
+    static std::optional<asr::ASRError::Kind> outcome(QCoro::Task<T> task)
+    {
+        return QCoro::waitFor([](QCoro::Task<T> awaited) -> QCoro::Task<std::optional<asr::ASRError::Kind>> {
+            std::optional<asr::ASRError::Kind> kind;
+            try {
+                co_await awaited;
+            } catch (const asr::ASRError& error) {
+                kind = error.kind();
+            }
+            co_return kind;
+        }(std::move(task)));
+    }
+
+    QTemporaryDir folder;
+    ModelCatalogue catalogue;
+    UserDefaults defaults{folder.filePath(QStringLiteral("vantro.ini"))};
+    FluidModelFiles files{{folder.path()}};
+    FluidAsrEngine engine{moduleFolders()};
+    FluidTranscriptionProvider provider{engine, files, defaults};
+};
+
+} // namespace
+
+TEST_F(Fluid, WritesWhatIsSaidWithTheTimesOfItsTokens)
+{
+    install("parakeet-tdt-0.6b-v3-q8_0.bin", "parakeet-micro-tdt-q8_0.bin");
+    std::vector<TranscribedToken> tokens;
+    TranscriptionRequest request{QStringLiteral("one"),
+                                 recording("sentence-01.flac"),
+                                 entry("Parakeet v3 (Fluid)"),
+                                 {},
+                                 {},
+                                 [&](const auto& found) {
+                                     tokens = found;
+                                 }};
+    EXPECT_EQ(QCoro::waitFor(provider.transcribe(std::move(request))), QStringLiteral("Can you show me the plan?"));
+    ASSERT_EQ(tokens.size(), 12U);
+    EXPECT_EQ(tokens[1].piece, QStringLiteral("\u2581you"));
+    EXPECT_LT(tokens.back().start.count(), 2.1);
+    EXPECT_GT(tokens.back().end, tokens.front().end);
+
+    for (const char* name : {"silence.flac", "noise.flac"}) {
+        TranscriptionRequest quiet{QStringLiteral("two"), recording(name), entry("Parakeet v3 (Fluid)"), {}, {}, {}};
+        EXPECT_TRUE(QCoro::waitFor(provider.transcribe(std::move(quiet))).isEmpty()) << name;
+    }
+}
+
+TEST_F(Fluid, TheLanguageSettingLimitsTheMultilingualModelOnly)
+{
+    install("parakeet-tdt-0.6b-v3-f16.bin");
+    install("ggml-parakeet-tdt-0.6b-v2.bin");
+    const auto text = [&](const char* model, std::optional<QString> language) {
+        TranscriptionRequest request{QString(), recording("sentence-01.flac"), entry(model), language, {}, {}};
+        return QCoro::waitFor(provider.transcribe(std::move(request)));
+    };
+    const QString said = QStringLiteral("Can you show me the plan?");
+    defaults.setString(QStringLiteral("SelectedLanguage"), QStringLiteral("uk"));
+    EXPECT_NE(text("Parakeet v3 (Fluid)", {}), said);
+    EXPECT_EQ(text("Parakeet v3 (Fluid)", QStringLiteral("auto")), said);
+    EXPECT_EQ(text("Parakeet v3 (Fluid)", QStringLiteral("ja")), said);
+    EXPECT_EQ(text("Parakeet v2 (Fluid, English)", {}), said);
+}
+
+TEST_F(Fluid, CallersShareALoadAndAModelGivesWayOnlyToOneThatIsReady)
+{
+    install("model.bin");
+    QFile(folder.filePath(QStringLiteral("foreign.bin"))).open(QIODevice::WriteOnly);
+    auto first = engine.load(source(QStringLiteral("a")));
+    auto second = engine.load(source(QStringLiteral("a")));
+    const auto manager = QCoro::waitFor(std::move(first));
+    EXPECT_EQ(manager, QCoro::waitFor(std::move(second)));
+    EXPECT_EQ(outcome(engine.load(source(QStringLiteral("b"), "foreign.bin"))), asr::ASRError::Kind::modelLoadFailed);
+    EXPECT_EQ(outcome(engine.load(source(QStringLiteral("b"), "missing.bin"))), asr::ASRError::Kind::modelLoadFailed);
+    EXPECT_EQ(outcome(engine.prepare(source(QStringLiteral("b"), "missing.bin"))), std::nullopt);
+    EXPECT_EQ(manager, QCoro::waitFor(engine.load(source(QStringLiteral("a")))));
+
+    // Two loads that overlap: the one that ends last stays.
+    auto third = engine.load(source(QStringLiteral("c")));
+    auto fourth = engine.load(source(QStringLiteral("d")));
+    QCoro::waitFor(std::move(third));
+    const auto last = QCoro::waitFor(std::move(fourth));
+    EXPECT_EQ(last, QCoro::waitFor(engine.load(source(QStringLiteral("d")))));
+    engine.unload();
+    EXPECT_NE(last, QCoro::waitFor(engine.load(source(QStringLiteral("d")))));
+}
+
+TEST_F(Fluid, AFileIsRecognisedForWhatItIs)
+{
+    install("named-by-the-user.bin");
+    const auto model = FluidModelFiles::describe(folder.filePath(QStringLiteral("named-by-the-user.bin")));
+    ASSERT_TRUE(model);
+    EXPECT_EQ(files.find(*model), folder.filePath(QStringLiteral("named-by-the-user.bin")));
+    EXPECT_FALSE(FluidModelFiles::describe(QStringLiteral("/etc/hostname")));
+    EXPECT_TRUE(files.find(entry("Parakeet v3 (Fluid)")).isEmpty());
+}
+
+TEST(FluidReports, TheTranscriptsReachDecidesWhetherATailIsMissing)
+{
+    const auto coverage = [](double seconds, std::vector<double> ends) {
+        asr::ASRResult result;
+        result.tokenTimings.emplace();
+        for (const double end : ends)
+            result.tokenTimings->push_back({"x", 0, asr::Seconds(0), asr::Seconds(end), 1});
+        return TailCoverage::of(static_cast<std::size_t>(seconds * 16'000), result);
+    };
+    const QString label = QStringLiteral("r1");
+    EXPECT_EQ(coverage(10, {2, 8.4, 3}).message(label, true),
+              QStringLiteral("SUSPECTED TAIL LOSS [r1]: audio 10.0s but transcript reaches only 8.4s (1.6s uncovered). "
+                             "Release build: audio not retained."));
+    EXPECT_EQ(coverage(10, {}).message(label, false),
+              QStringLiteral("SUSPECTED TAIL LOSS [r1]: audio 10.0s but transcript reaches only 0.0s (10.0s uncovered)."
+                             " Empty transcript — treated as silence, nothing preserved."));
+    EXPECT_EQ(coverage(10, {8.6}).message(label, true),
+              QStringLiteral("Tail coverage OK [r1]: audio 10.0s, transcript reaches 8.6s"));
+    EXPECT_EQ(coverage(0, {}).message(label, false),
+              QStringLiteral("Tail coverage OK [r1]: audio 0.0s, transcript reaches 0.0s"));
+    EXPECT_FALSE(coverage(10, {11}).isSuspicious());
+}
+
+TEST(FluidReports, ProgressIsReportedInStepsOfTenPercent)
+{
+    ProgressGate gate;
+    std::vector<int> reports;
+    for (const double fraction : {0.0, 0.04, 0.09, 0.10, 0.19, 0.20}) {
+        if (const auto percent = gate.pass(fraction))
+            reports.push_back(*percent);
+    }
+    EXPECT_EQ(reports, (std::vector{0, 10, 20}));
+}

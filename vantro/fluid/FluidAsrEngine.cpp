@@ -1,0 +1,150 @@
+#include "vantro/fluid/FluidAsrEngine.h"
+
+#include "asr/ASRError.h"
+#include "base/Error.h"
+#include "vantro/fluid/TailCoverage.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QFile>
+#include <qcoro/qcorofuture.h>
+
+#include <utility>
+
+namespace vantro {
+
+namespace {
+
+QString detailOf(const std::exception& error)
+{
+    const auto* asrError = dynamic_cast<const asr::ASRError*>(&error);
+    return asrError != nullptr && !asrError->detail().empty()
+               ? QStringLiteral("%1 (%2)").arg(localizedDescription(error), QString::fromStdString(asrError->detail()))
+               : localizedDescription(error);
+}
+
+} // namespace
+
+std::vector<std::filesystem::path> processorModuleFolders()
+{
+    const std::filesystem::path program = QFile::encodeName(QCoreApplication::applicationDirPath()).toStdString();
+    return {program, program / "../lib/vantro"};
+}
+
+FluidAsrEngine::FluidAsrEngine(std::vector<std::filesystem::path> moduleFolders)
+    : moduleFolders_(std::move(moduleFolders))
+    , loader_(QStringLiteral("fluid-load"))
+    , executor_(QStringLiteral("fluid"))
+{
+}
+
+FluidAsrEngine::~FluidAsrEngine()
+{
+    stop();
+}
+
+QFuture<FluidAsrEngine::Manager> FluidAsrEngine::startLoad(const FluidModelSource& model)
+{
+    logger_.info(QStringLiteral("Loading Fluid model %1 (first use downloads ~0.6 GB)").arg(model.id));
+    return loader_.run([this, model] {
+        auto models = asr::AsrModels::load(QFile::encodeName(model.file).toStdString(), model.version, moduleFolders_);
+        auto manager =
+            std::make_shared<asr::AsrManager>(asr::ASRConfig(), [logger = &logger_](const std::string& line) {
+                logger->info(QString::fromStdString(line));
+            });
+        manager->initialize(std::move(models));
+        return manager;
+    });
+}
+
+QCoro::Task<FluidAsrEngine::Manager> FluidAsrEngine::load(FluidModelSource model)
+{
+    if (manager_ != nullptr && loadedModelID_ == model.id)
+        co_return manager_;
+    if (!loadTask_ || loadTaskModelID_ != model.id) {
+        loadTask_ = startLoad(model);
+        loadTaskModelID_ = model.id;
+    }
+    const QFuture<Manager> task = *loadTask_;
+    try {
+        Manager loaded = co_await task;
+        // After unload() nobody wants the result kept.
+        if (loadTask_) {
+            manager_ = loaded;
+            loadedModelID_ = model.id;
+            if (loadTaskModelID_ == model.id)
+                loadTask_.reset();
+        }
+        logger_.info(QStringLiteral("Fluid model %1 ready").arg(model.id));
+        co_return loaded;
+    } catch (const std::exception& error) {
+        if (loadTaskModelID_ == model.id)
+            loadTask_.reset();
+        logger_.error(QStringLiteral("Fluid load failed: ") + detailOf(error));
+        throw;
+    }
+}
+
+QCoro::Task<> FluidAsrEngine::prepare(FluidModelSource model)
+{
+    try {
+        co_await load(std::move(model));
+    } catch (const std::exception& error) {
+        logger_.error(QStringLiteral("Fluid prepare failed: ") + detailOf(error));
+    }
+}
+
+QCoro::Task<asr::ASRResult> FluidAsrEngine::transcribe(Request request)
+{
+    const Manager manager = co_await load(request.model);
+    QElapsedTimer timer;
+    timer.start();
+    const QString label = request.label;
+    const std::size_t sampleCount = request.samples.size();
+    const QFuture<asr::ASRResult> running = start(manager, std::move(request));
+    asr::ASRResult result = co_await running;
+    report(label, sampleCount, result);
+    logger_.info(QStringLiteral("Transcription finished in %1 s (%2, vocabulary off)")
+                     .arg(static_cast<double>(timer.elapsed()) / 1'000, 0, 'f', 3)
+                     .arg(label));
+    co_return result;
+}
+
+// Not inside the coroutine: GCC 12 destroys a lambda's captures twice when it is a temporary of a co_await expression.
+QFuture<asr::ASRResult> FluidAsrEngine::start(Manager manager, Request request)
+{
+    return executor_.run([manager = std::move(manager), work = std::move(request)] {
+        asr::TdtDecoderState state;
+        asr::AsrManager::Options options;
+        options.language = work.language;
+        options.onProgress = work.onProgress;
+        return manager->transcribe(work.samples, state, options);
+    });
+}
+
+void FluidAsrEngine::report(const QString& label, std::size_t sampleCount, const asr::ASRResult& result) const
+{
+    const bool hasText = !QString::fromStdString(result.text).trimmed().isEmpty();
+    const TailCoverage coverage = TailCoverage::of(sampleCount, result);
+    const QString message = coverage.message(label, hasText);
+    if (coverage.isSuspicious() && hasText)
+        logger_.error(message);
+    else
+        logger_.info(message);
+}
+
+void FluidAsrEngine::unload()
+{
+    manager_.reset();
+    loadedModelID_.clear();
+    loadTask_.reset(); // a load that runs ends by itself; its result is given to who awaits it and not kept
+    loadTaskModelID_.clear();
+}
+
+void FluidAsrEngine::stop()
+{
+    if (manager_ != nullptr)
+        manager_->stop();
+}
+
+} // namespace vantro
