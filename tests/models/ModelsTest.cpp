@@ -3,6 +3,7 @@
 #include "vantro/models/ModelStore.h"
 
 #include <QCryptographicHash>
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
@@ -113,6 +114,12 @@ TEST_F(Models, AWrongOwnCopyGivesWayToTheSystemsRightOne)
     const auto model = modelWithContent(content);
     const QString shared = system + QStringLiteral("/ggml-test.bin");
     write(shared, content);
+    {
+        // A file is told from its successor by its time, which must not be of the same tick.
+        QFile installed(shared);
+        ASSERT_TRUE(installed.open(QFile::ReadWrite));
+        installed.setFileTime(QDateTime::currentDateTime().addDays(-1), QFile::FileModificationTime);
+    }
     write(store.ownFile(model), "wrong");
     EXPECT_TRUE(store.isReady(model));
     EXPECT_EQ(store.modelFile(model), shared);
