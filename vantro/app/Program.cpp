@@ -3,7 +3,9 @@
 #include "platform/KeyCode.h"
 #include "platform/Wording.h"
 #include "platform/linux/LinuxPlatform.h"
+#include "vantro/ai/FormattingModeHandler.h"
 #include "vantro/ai/NormalModeHandler.h"
+#include "vantro/ai/NotesModeHandler.h"
 #include "vantro/app/AppDelegate.h"
 #include "vantro/app/ControlService.h"
 #include "vantro/app/DictationPipeline.h"
@@ -81,10 +83,11 @@ private:
     }};
     QString modelProblem_; ///< why a model that was there has to be fetched again
     std::unique_ptr<ModelDownloadWindow> downloadWindow_;
+    VocabularySettings vocabulary_{defaults_};
     WhisperInProcessEngine whisperEngine_;
-    WhisperTranscriptionProvider whisper_{whisperEngine_, modelStore_, defaults_};
+    WhisperTranscriptionProvider whisper_{whisperEngine_, modelStore_, defaults_, vocabulary_};
     FluidAsrEngine fluidEngine_{processorModuleFolders()};
-    FluidTranscriptionProvider fluid_{fluidEngine_, fluidFiles_, defaults_};
+    FluidTranscriptionProvider fluid_{fluidEngine_, fluidFiles_, defaults_, vocabulary_};
     TranscriptionFacade facade_{models_, whisper_, fluid_};
 
     HistoryFile store_{HistoryFile::standardPath(), clock_};
@@ -140,6 +143,7 @@ void Program::launch()
 {
     settleShortcut(options_.shortcut);
     delegate_.applicationDidFinishLaunching();
+    defaults_.watch();
 }
 
 bool Program::isReady(const TranscriptionModel& model)
