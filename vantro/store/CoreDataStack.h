@@ -12,8 +12,10 @@
 #include <QObject>
 #include <qcoro/qcorotask.h>
 
+#include <functional>
 #include <memory>
 #include <optional>
+#include <utility>
 #include <vector>
 
 namespace vantro {
@@ -47,14 +49,16 @@ public:
     void deleteTranscriptions(const std::vector<QUuid>& ids);
 
     /// Files @p transcription under today, which is made when this is its first note.
-    QCoro::Task<> addNote(QString transcription);
+    QCoro::Task<> addNote(QString transcription) override;
     /// Oldest first.
     [[nodiscard]] std::vector<Note> todaysNotes() const;
-    /// Has @p service condense today's notes by @p prompt and keeps that as the day's summary. Never throws: what fails
-    /// is printed, and the former summary stays.
-    QCoro::Task<> summarizeToday(QString prompt, std::shared_ptr<FormatRequestServicing> service);
+    /// The instruction by which a day's notes are condensed, asked for at each summary.
+    void setSummaryPrompt(std::function<QString()> prompt) { summaryPrompt_ = std::move(prompt); }
+    /// Has @p service condense today's notes and keeps that as the day's summary. Never throws: what fails is printed,
+    /// and the former summary stays.
+    QCoro::Task<> summarizeToday(std::shared_ptr<FormatRequestServicing> service) override;
     /// The same for a chosen day.
-    QCoro::Task<> regenerateSummary(DailyNote day, QString prompt, std::shared_ptr<FormatRequestServicing> service);
+    QCoro::Task<> regenerateSummary(DailyNote day, std::shared_ptr<FormatRequestServicing> service);
 
     /// The day of the calendar in the clock's time zone. Absent without notes.
     [[nodiscard]] std::optional<DailyNote> dailyNote(QDate date) const;
@@ -101,6 +105,9 @@ private:
 
     Clock& clock_;
     PersistentContainer persistentContainer_;
+    std::function<QString()> summaryPrompt_{[] {
+        return QString();
+    }};
     std::unique_ptr<StoreWatch> watch_;
 };
 

@@ -88,8 +88,10 @@ std::vector<Note> CoreDataStack::todaysNotes() const
     return today ? notesOf(*today) : std::vector<Note>();
 }
 
-QCoro::Task<> CoreDataStack::summarizeToday(QString prompt, std::shared_ptr<FormatRequestServicing> service)
+QCoro::Task<> CoreDataStack::summarizeToday(std::shared_ptr<FormatRequestServicing> service)
 {
+    if (!service)
+        co_return;
     const QDate today = clock_.wallClock().date();
     std::vector<Note> notes;
     QString summary;
@@ -97,7 +99,7 @@ QCoro::Task<> CoreDataStack::summarizeToday(QString prompt, std::shared_ptr<Form
         notes = todaysNotes();
         if (notes.empty())
             co_return;
-        const auto formatting = service->format(prompt, joined(notes));
+        const auto formatting = service->format(summaryPrompt_(), joined(notes));
         summary = co_await formatting;
     } catch (const std::exception& error) {
         printFailure(summaryFailed, error);
@@ -116,9 +118,10 @@ QCoro::Task<> CoreDataStack::summarizeToday(QString prompt, std::shared_ptr<Form
     }
 }
 
-QCoro::Task<> CoreDataStack::regenerateSummary(DailyNote day, QString prompt,
-                                               std::shared_ptr<FormatRequestServicing> service)
+QCoro::Task<> CoreDataStack::regenerateSummary(DailyNote day, std::shared_ptr<FormatRequestServicing> service)
 {
+    if (!service)
+        co_return;
     std::vector<Note> notes;
     QString summary;
     try {
@@ -127,7 +130,7 @@ QCoro::Task<> CoreDataStack::regenerateSummary(DailyNote day, QString prompt,
             printLine(QStringLiteral("No notes found for this daily note"));
             co_return;
         }
-        const auto formatting = service->format(prompt, joined(notes));
+        const auto formatting = service->format(summaryPrompt_(), joined(notes));
         summary = co_await formatting;
     } catch (const std::exception& error) {
         printFailure(summaryFailed, error);
