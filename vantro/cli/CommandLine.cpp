@@ -4,6 +4,7 @@
 #include "vantro/cli/ControlCommands.h"
 #include "vantro/cli/ExitCode.h"
 #include "vantro/cli/ModelsCommand.h"
+#include "vantro/cli/ProvidersCommand.h"
 #include "vantro/cli/Terminal.h"
 #include "vantro/cli/TranscribeCommand.h"
 #include "vantro/models/ModelHost.h"
@@ -30,6 +31,7 @@ Options:
 Commands:
   transcribe FILE...  Write the text of recordings to standard output.
   models [ACTION]     List, download, select, verify or remove speech models.
+  providers [ACTION]  List, add, edit, remove or test language models that rewrite texts.
   toggle              Start a dictation, or end and transcribe the running one.
   start, stop         Open the launcher and record; end the recording.
   cancel              Discard the dictation.
@@ -131,6 +133,8 @@ int CommandLine::run() const
         return runTranscribe(arguments_);
     if (command_ == QLatin1String("models"))
         return runModels(arguments_, options_.modelHost);
+    if (command_ == QLatin1String("providers"))
+        return runProviders(arguments_);
     if (isControlCommand(command_))
         return runControl(command_, arguments_);
     terminal::writeError(
