@@ -31,7 +31,7 @@ Platform makeLinuxPlatform()
     PulseConnection& pulse = connections->pulse;
     X11Connection& x11 = connections->x11;
 
-    Platform platform;
+    Platform platform = makeLinuxCommandPlatform();
     platform.connections = connections;
     platform.audioHardware = std::make_unique<PulseAudioHardware>(pulse);
     platform.makeAudioEngine = [&pulse] {
@@ -39,18 +39,19 @@ Platform makeLinuxPlatform()
     };
     platform.hotKeys = std::make_unique<X11HotKeyManager>(x11);
     platform.keyEvents = std::make_unique<X11KeyEventPoster>(x11);
-    platform.languages = std::make_unique<Cld2LanguageRecognizer>();
     platform.pasteboard = std::make_unique<X11Pasteboard>();
     platform.permissions = std::make_unique<X11Permissions>(x11, [&pulse] { return pulse.serverAnswers(); });
-    platform.secrets = makeLinuxSecretStore();
     platform.sounds = std::make_unique<CanberraSounds>();
     platform.workspace = std::make_unique<X11Workspace>(x11);
     return platform;
 }
 
-std::unique_ptr<SecretStore> makeLinuxSecretStore()
+Platform makeLinuxCommandPlatform()
 {
-    return std::make_unique<SecretServiceStore>(QStringLiteral("com.vantro.app"));
+    Platform platform;
+    platform.languages = std::make_unique<Cld2LanguageRecognizer>();
+    platform.secrets = std::make_unique<SecretServiceStore>(QStringLiteral("com.vantro.app"));
+    return platform;
 }
 
 } // namespace vantro

@@ -1,6 +1,7 @@
 #include "vantro/app/AppDelegate.h"
 
 #include "platform/Wording.h"
+#include "vantro/ai/providers/LegacyKeyName.h"
 
 #include <QTimer>
 
@@ -17,6 +18,7 @@ AppDelegate::~AppDelegate()
 
 void AppDelegate::applicationDidFinishLaunching()
 {
+    renameLegacyKey(parts_.defaults);
     parts_.migrations.runTranscriptionTrimMigrationIfNeeded();
     parts_.migrations.runEmptyTranscriptionDeleteMigrationIfNeeded();
     observeNotifications();

@@ -4,6 +4,7 @@
 #include "vantro/cli/ControlCommands.h"
 #include "vantro/cli/ExitCode.h"
 #include "vantro/cli/ModelsCommand.h"
+#include "vantro/cli/ProvidersCommand.h"
 #include "vantro/cli/Terminal.h"
 #include "vantro/cli/TranscribeCommand.h"
 #include "vantro/cli/VocabularyCommands.h"
@@ -34,6 +35,7 @@ Commands:
   replacements [ACTION]
                       Show and edit what is written instead of what.
   vocabulary [ACTION] Show and edit the words that the engine is told of.
+  providers [ACTION]  List, add, edit, remove or test language models that rewrite texts.
   toggle              Start a dictation, or end and transcribe the running one.
   start, stop         Open the launcher and record; end the recording.
   cancel              Discard the dictation.
@@ -139,6 +141,8 @@ int CommandLine::run() const
         return runReplacements(arguments_);
     if (command_ == QLatin1String("vocabulary"))
         return runVocabulary(arguments_);
+    if (command_ == QLatin1String("providers"))
+        return runProviders(arguments_);
     if (isControlCommand(command_))
         return runControl(command_, arguments_);
     terminal::writeError(
