@@ -2,6 +2,7 @@
 
 #include "platform/AudioEngine.h"
 #include "platform/AudioHardware.h"
+#include "platform/DesktopShortcuts.h"
 #include "platform/HotKeyManager.h"
 #include "platform/KeyEventPoster.h"
 #include "platform/Pasteboard.h"
@@ -21,6 +22,7 @@ struct Platform
     std::unique_ptr<AudioHardware> audioHardware;
     AudioEngineFactory makeAudioEngine;
     std::unique_ptr<HotKeyManager> hotKeys;
+    std::unique_ptr<DesktopShortcuts> desktopShortcuts;
     std::unique_ptr<KeyEventPoster> keyEvents;
     std::unique_ptr<Pasteboard> pasteboard;
     std::unique_ptr<Permissions> permissions;

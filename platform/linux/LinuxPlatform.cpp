@@ -1,6 +1,7 @@
 #include "platform/linux/LinuxPlatform.h"
 
 #include "platform/linux/canberra/CanberraSounds.h"
+#include "platform/linux/desktop/LinuxDesktopShortcuts.h"
 #include "platform/linux/pulse/PulseAudioEngine.h"
 #include "platform/linux/pulse/PulseAudioHardware.h"
 #include "platform/linux/pulse/PulseConnection.h"
@@ -36,6 +37,7 @@ Platform makeLinuxPlatform()
         return std::make_unique<PulseAudioEngine>(pulse);
     };
     platform.hotKeys = std::make_unique<X11HotKeyManager>(x11);
+    platform.desktopShortcuts = std::make_unique<LinuxDesktopShortcuts>();
     platform.keyEvents = std::make_unique<X11KeyEventPoster>(x11);
     platform.pasteboard = std::make_unique<X11Pasteboard>();
     platform.permissions = std::make_unique<X11Permissions>(x11, [&pulse] { return pulse.serverAnswers(); });
