@@ -234,6 +234,7 @@ void KeyboardShortcuts::update(const QString& name)
     if (present != registered_.end())
         registered_.erase(present);
     failures_.erase(name);
+    endHold(name);
     if (shortcut)
         registerHotKey(name, *shortcut);
 }
@@ -252,6 +253,12 @@ void KeyboardShortcuts::registerHotKey(const QString& name, const Shortcut& shor
     }
 }
 
+void KeyboardShortcuts::endHold(const QString& name)
+{
+    if (held_.erase(name) > 0)
+        Q_EMIT holdEnded(name);
+}
+
 void KeyboardShortcuts::fail(const QString& name, const QString& reason)
 {
     logger().error(QStringLiteral("Error registering hotkey %1: %2").arg(name, reason));
@@ -265,9 +272,42 @@ void KeyboardShortcuts::dispatch(std::uint32_t id, Phase phase)
         std::ranges::find_if(registered_, [id](const auto& entry) { return entry.second.carbonHotKeyId == id; });
     if (found == registered_.end())
         return;
+    const QString name = found->first;
     // A copy: the action may well end its own registration.
     const Action action = phase == Phase::Down ? found->second.onKeyDown : found->second.onKeyUp;
+    if (phase == Phase::Down)
+        held_[name] = std::nullopt;
+    else
+        held_.erase(name);
     action();
+}
+
+bool KeyboardShortcuts::handleRawKeyDown(const Shortcut& shortcut)
+{
+    std::vector<QString> names;
+    for (const auto& entry : handlers_) {
+        if (wanted(entry.first) == shortcut)
+            names.push_back(entry.first);
+    }
+    for (const QString& name : names) {
+        if (held_.try_emplace(name, Key{shortcut.carbonKeyCode}).second)
+            run(name, Phase::Down);
+    }
+    return !names.empty();
+}
+
+bool KeyboardShortcuts::handleRawKeyUp(Key key)
+{
+    std::vector<QString> names;
+    for (const auto& [name, rawKey] : held_) {
+        if (rawKey == key)
+            names.push_back(name);
+    }
+    for (const QString& name : names) {
+        held_.erase(name);
+        run(name, Phase::Up);
+    }
+    return !names.empty();
 }
 
 void KeyboardShortcuts::run(const QString& name, Phase phase)
@@ -291,8 +331,11 @@ void KeyboardShortcuts::hotKeyLost(std::uint32_t id, const QString& reason)
 {
     const auto found =
         std::ranges::find_if(registered_, [id](const auto& entry) { return entry.second.carbonHotKeyId == id; });
-    if (found != registered_.end())
-        fail(found->first, reason);
+    if (found == registered_.end())
+        return;
+    const QString name = found->first;
+    endHold(name);
+    fail(name, reason);
 }
 
 } // namespace vantro
