@@ -5,6 +5,7 @@
 #include "platform/DesktopShortcuts.h"
 #include "platform/HotKeyManager.h"
 #include "platform/KeyEventPoster.h"
+#include "platform/LanguageRecognizer.h"
 #include "platform/Pasteboard.h"
 #include "platform/Permissions.h"
 #include "platform/SystemSounds.h"
@@ -24,6 +25,7 @@ struct Platform
     std::unique_ptr<HotKeyManager> hotKeys;
     std::unique_ptr<DesktopShortcuts> desktopShortcuts;
     std::unique_ptr<KeyEventPoster> keyEvents;
+    std::unique_ptr<LanguageRecognizer> languages;
     std::unique_ptr<Pasteboard> pasteboard;
     std::unique_ptr<Permissions> permissions;
     std::unique_ptr<SystemSounds> sounds;

@@ -1,6 +1,7 @@
 #include "platform/linux/LinuxPlatform.h"
 
 #include "platform/linux/canberra/CanberraSounds.h"
+#include "platform/linux/cld2/Cld2LanguageRecognizer.h"
 #include "platform/linux/desktop/LinuxDesktopShortcuts.h"
 #include "platform/linux/pulse/PulseAudioEngine.h"
 #include "platform/linux/pulse/PulseAudioHardware.h"
@@ -39,6 +40,7 @@ Platform makeLinuxPlatform()
     platform.hotKeys = std::make_unique<X11HotKeyManager>(x11);
     platform.desktopShortcuts = std::make_unique<LinuxDesktopShortcuts>();
     platform.keyEvents = std::make_unique<X11KeyEventPoster>(x11);
+    platform.languages = std::make_unique<Cld2LanguageRecognizer>();
     platform.pasteboard = std::make_unique<X11Pasteboard>();
     platform.permissions = std::make_unique<X11Permissions>(x11, [&pulse] { return pulse.serverAnswers(); });
     platform.sounds = std::make_unique<CanberraSounds>();

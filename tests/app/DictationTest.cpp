@@ -86,6 +86,12 @@ public:
         return QUuid::createUuid();
     }
     void updateFormatted(const QUuid&, const QString&) override {}
+    QCoro::Task<> addNote(QString transcription) override
+    {
+        rows << transcription;
+        co_return;
+    }
+    QCoro::Task<> summarizeToday(std::shared_ptr<FormatRequestServicing>) override { co_return; }
 
     bool full = false;
     QStringList rows;

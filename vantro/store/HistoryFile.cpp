@@ -38,6 +38,18 @@ void HistoryFile::updateFormatted(const QUuid& id, const QString& formatted)
     append({{QStringLiteral("id"), id.toString(QUuid::WithoutBraces)}, {QStringLiteral("formatted"), formatted}});
 }
 
+QCoro::Task<> HistoryFile::addNote(QString transcription)
+{
+    insert(transcription, QString(), ProcessingMode::Notes);
+    co_return;
+}
+
+QCoro::Task<> HistoryFile::summarizeToday(std::shared_ptr<FormatRequestServicing> /*service*/)
+{
+    // Lines have no days.
+    co_return;
+}
+
 QUuid HistoryFile::insert(const QString& transcription, const QString& formatted, ProcessingMode mode)
 {
     const QUuid id = QUuid::createUuid();

@@ -21,6 +21,8 @@ public:
     void saveTranscription(const QString& transcription, const QString& formatted, ProcessingMode mode) override;
     QUuid saveTranscription(const QString& transcription, ProcessingMode mode) override;
     void updateFormatted(const QUuid& id, const QString& formatted) override;
+    QCoro::Task<> addNote(QString transcription) override;
+    QCoro::Task<> summarizeToday(std::shared_ptr<FormatRequestServicing> service) override;
 
 private:
     QUuid insert(const QString& transcription, const QString& formatted, ProcessingMode mode);
