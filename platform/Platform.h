@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/AudioCards.h"
 #include "platform/AudioEngine.h"
 #include "platform/AudioHardware.h"
 #include "platform/DesktopShortcuts.h"
@@ -21,6 +22,7 @@ struct Platform
     /// The connections that the adapters share; goes last.
     std::shared_ptr<void> connections;
     std::unique_ptr<AudioHardware> audioHardware;
+    std::unique_ptr<AudioCards> audioCards;
     AudioEngineFactory makeAudioEngine;
     std::unique_ptr<HotKeyManager> hotKeys;
     std::unique_ptr<DesktopShortcuts> desktopShortcuts;

@@ -8,4 +8,9 @@ namespace vantro {
 /// errors when they are used. Needs a QGuiApplication.
 Platform makeLinuxPlatform();
 
+/// For commands: the microphones and nothing else. Needs a Qt application object.
+Platform makeLinuxSound();
+/// For commands: the hot keys and the desktop's shortcuts and nothing else.
+Platform makeLinuxKeyboard();
+
 } // namespace vantro
