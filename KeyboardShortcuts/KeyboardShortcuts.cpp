@@ -21,9 +21,11 @@ const Logger& logger()
     return instance;
 }
 
+const QString storagePrefix = QStringLiteral("KeyboardShortcuts_");
+
 QString storageKey(const QString& name)
 {
-    return QStringLiteral("KeyboardShortcuts_") + name;
+    return storagePrefix + name;
 }
 
 /// Never the same twice while the program runs, so that a late event of a former hot key cannot reach a new one.
@@ -86,6 +88,7 @@ KeyboardShortcuts::KeyboardShortcuts(HotKeyManager& hotKeys, UserDefaults& defau
     connect(&hotKeys_, &HotKeyManager::hotKeyPressed, this, [this](std::uint32_t id) { dispatch(id, Phase::Down); });
     connect(&hotKeys_, &HotKeyManager::hotKeyReleased, this, [this](std::uint32_t id) { dispatch(id, Phase::Up); });
     connect(&hotKeys_, &HotKeyManager::hotKeyLost, this, &KeyboardShortcuts::hotKeyLost);
+    connect(&defaults_, &UserDefaults::changedElsewhere, this, &KeyboardShortcuts::adoptSettings);
 }
 
 KeyboardShortcuts::~KeyboardShortcuts() = default;
@@ -163,6 +166,18 @@ void KeyboardShortcuts::setShortcut(const Name& name, const std::optional<Shortc
         defaults_.remove(storageKey(name.rawValue));
     update(name.rawValue);
     notifications_.post(shortcutByNameDidChange, {{QStringLiteral("name"), name.rawValue}});
+}
+
+// "vantro shortcuts set" while this program runs.
+void KeyboardShortcuts::adoptSettings(const QStringList& keys)
+{
+    for (const QString& key : keys) {
+        if (!key.startsWith(storagePrefix))
+            continue;
+        const QString name = key.mid(storagePrefix.size());
+        update(name);
+        notifications_.post(shortcutByNameDidChange, {{QStringLiteral("name"), name}});
+    }
 }
 
 std::optional<QString> KeyboardShortcuts::failure(const Name& name) const

@@ -2,8 +2,10 @@
 
 #include "platform/KeyCode.h"
 #include "vantro/cli/ControlCommands.h"
+#include "vantro/cli/DevicesCommand.h"
 #include "vantro/cli/ExitCode.h"
 #include "vantro/cli/ModelsCommand.h"
+#include "vantro/cli/ShortcutsCommand.h"
 #include "vantro/cli/Terminal.h"
 #include "vantro/cli/TranscribeCommand.h"
 #include "vantro/models/ModelHost.h"
@@ -30,6 +32,8 @@ Options:
 Commands:
   transcribe FILE...  Write the text of recordings to standard output.
   models [ACTION]     List, download, select, verify or remove speech models.
+  devices [ACTION]    List microphones, choose one, or rank them.
+  shortcuts [ACTION]  Show, set, test and clear the shortcuts; press or hold to talk.
   toggle              Start a dictation, or end and transcribe the running one.
   start, stop         Open the launcher and record; end the recording.
   cancel              Discard the dictation.
@@ -131,6 +135,10 @@ int CommandLine::run() const
         return runTranscribe(arguments_);
     if (command_ == QLatin1String("models"))
         return runModels(arguments_, options_.modelHost);
+    if (command_ == QLatin1String("devices"))
+        return runDevices(arguments_);
+    if (command_ == QLatin1String("shortcuts"))
+        return runShortcuts(arguments_);
     if (isControlCommand(command_))
         return runControl(command_, arguments_);
     terminal::writeError(
