@@ -9,6 +9,7 @@
 #include "platform/LanguageRecognizer.h"
 #include "platform/Pasteboard.h"
 #include "platform/Permissions.h"
+#include "platform/SecretStore.h"
 #include "platform/SystemSounds.h"
 #include "platform/Workspace.h"
 
@@ -30,6 +31,7 @@ struct Platform
     std::unique_ptr<LanguageRecognizer> languages;
     std::unique_ptr<Pasteboard> pasteboard;
     std::unique_ptr<Permissions> permissions;
+    std::unique_ptr<SecretStore> secrets;
     std::unique_ptr<SystemSounds> sounds;
     std::unique_ptr<Workspace> workspace;
 };

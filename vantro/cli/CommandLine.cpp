@@ -8,6 +8,7 @@
 #include "vantro/cli/ShortcutsCommand.h"
 #include "vantro/cli/Terminal.h"
 #include "vantro/cli/TranscribeCommand.h"
+#include "vantro/cli/VocabularyCommands.h"
 #include "vantro/models/ModelHost.h"
 
 namespace vantro {
@@ -34,6 +35,9 @@ Commands:
   models [ACTION]     List, download, select, verify or remove speech models.
   devices [ACTION]    List microphones, choose one, or rank them.
   shortcuts [ACTION]  Show, set, test and clear the shortcuts; press or hold to talk.
+  replacements [ACTION]
+                      Show and edit what is written instead of what.
+  vocabulary [ACTION] Show and edit the words that the engine is told of.
   toggle              Start a dictation, or end and transcribe the running one.
   start, stop         Open the launcher and record; end the recording.
   cancel              Discard the dictation.
@@ -139,6 +143,10 @@ int CommandLine::run() const
         return runDevices(arguments_);
     if (command_ == QLatin1String("shortcuts"))
         return runShortcuts(arguments_);
+    if (command_ == QLatin1String("replacements"))
+        return runReplacements(arguments_);
+    if (command_ == QLatin1String("vocabulary"))
+        return runVocabulary(arguments_);
     if (isControlCommand(command_))
         return runControl(command_, arguments_);
     terminal::writeError(
