@@ -5,6 +5,7 @@
 #include "vantro/cli/DevicesCommand.h"
 #include "vantro/cli/ExitCode.h"
 #include "vantro/cli/ModelsCommand.h"
+#include "vantro/cli/ModesCommand.h"
 #include "vantro/cli/ProvidersCommand.h"
 #include "vantro/cli/ShortcutsCommand.h"
 #include "vantro/cli/Terminal.h"
@@ -36,6 +37,7 @@ Commands:
   models [ACTION]     List, download, select, verify or remove speech models.
   devices [ACTION]    List microphones, choose one, or rank them.
   shortcuts [ACTION]  Show, set, test and clear the shortcuts; press or hold to talk.
+  modes [ACTION]      Show and set what becomes of a dictation: prompts, names, language models.
   replacements [ACTION]
                       Show and edit what is written instead of what.
   vocabulary [ACTION] Show and edit the words that the engine is told of.
@@ -145,6 +147,8 @@ int CommandLine::run() const
         return runDevices(arguments_);
     if (command_ == QLatin1String("shortcuts"))
         return runShortcuts(arguments_);
+    if (command_ == QLatin1String("modes"))
+        return runModes(arguments_);
     if (command_ == QLatin1String("replacements"))
         return runReplacements(arguments_);
     if (command_ == QLatin1String("vocabulary"))
