@@ -96,7 +96,8 @@ TEST(CommandLine, TellsTheProgramFromACommand)
 
     for (const auto& wrong :
          {parse({"--shortcut", "Hyper+Q"}), parse({"--shortcut"}), parse({"--nonsense"}), parse({"trancsribe"}),
-          parse({"transcribe"}), parse({"transcribe", "--nonsense", "a.wav"}), parse({"toggle", "now"})}) {
+          parse({"transcribe"}), parse({"transcribe", "--nonsense", "a.wav"}), parse({"toggle", "now"}),
+          parse({"providers", "nonsense"}), parse({"providers", "edit"}), parse({"providers", "list", "all"})}) {
         EXPECT_FALSE(wrong.startsProgram());
         EXPECT_EQ(wrong.run(), ExitCode::usage);
     }

@@ -19,6 +19,8 @@ AppDelegate::~AppDelegate()
 void AppDelegate::applicationDidFinishLaunching()
 {
     renameLegacyKey(parts_.defaults);
+    parts_.migrations.runTranscriptionTrimMigrationIfNeeded();
+    parts_.migrations.runEmptyTranscriptionDeleteMigrationIfNeeded();
     observeNotifications();
     const bool allGranted = parts_.permissions.microphoneAuthorized() && parts_.permissions.trustedForAccessibility() &&
                             parts_.shortcuts.shortcut(KeyboardShortcuts::Name::openModal);

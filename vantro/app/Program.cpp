@@ -3,16 +3,21 @@
 #include "platform/KeyCode.h"
 #include "platform/Wording.h"
 #include "platform/linux/LinuxPlatform.h"
+#include "vantro/ai/FormattingModeHandler.h"
 #include "vantro/ai/NormalModeHandler.h"
+#include "vantro/ai/NotesModeHandler.h"
 #include "vantro/app/AppDelegate.h"
 #include "vantro/app/ControlService.h"
 #include "vantro/app/DictationPipeline.h"
+#include "vantro/app/LanguageModels.h"
 #include "vantro/audio/AudioDeviceManager.h"
 #include "vantro/cli/ExitCode.h"
+#include "vantro/cli/Terminal.h"
 #include "vantro/fluid/FluidTranscriptionProvider.h"
 #include "vantro/models/ModelPreparation.h"
 #include "vantro/models/WhisperModelFiles.h"
-#include "vantro/store/HistoryFile.h"
+#include "vantro/store/CoreDataStack.h"
+#include "vantro/store/MigrationManager.h"
 #include "vantro/ui/alert/AlertWindow.h"
 #include "vantro/ui/download/ModelDownloadWindow.h"
 #include "vantro/ui/hud/PasteHUDWindow.h"
@@ -41,6 +46,7 @@ public:
 
     /// False when another instance runs already; it then knows @p arguments.
     [[nodiscard]] bool becomeTheRunningInstance(const QStringList& arguments);
+    /// Throws PersistentStoreError.
     void launch();
 
 private:
@@ -57,7 +63,8 @@ private:
     [[nodiscard]] QString microphoneName() const;
     [[nodiscard]] QString shortcutName() const;
     [[nodiscard]] QJsonObject statusDetails();
-    [[nodiscard]] static DictationPipeline::Handlers handlers(TranscriptionStoring& store);
+    [[nodiscard]] DictationPipeline::Handlers handlers();
+    [[nodiscard]] DictationPipeline::FormatServices formatServices();
 
     ProgramOptions options_;
     SystemClock clock_;
@@ -81,14 +88,18 @@ private:
     }};
     QString modelProblem_; ///< why a model that was there has to be fetched again
     std::unique_ptr<ModelDownloadWindow> downloadWindow_;
+    VocabularySettings vocabulary_{defaults_};
     WhisperInProcessEngine whisperEngine_;
-    WhisperTranscriptionProvider whisper_{whisperEngine_, modelStore_, defaults_};
+    WhisperTranscriptionProvider whisper_{whisperEngine_, modelStore_, defaults_, vocabulary_};
     FluidAsrEngine fluidEngine_{processorModuleFolders()};
-    FluidTranscriptionProvider fluid_{fluidEngine_, fluidFiles_, defaults_};
+    FluidTranscriptionProvider fluid_{fluidEngine_, fluidFiles_, defaults_, vocabulary_};
     TranscriptionFacade facade_{models_, whisper_, fluid_};
 
-    HistoryFile store_{HistoryFile::standardPath(), clock_};
-    DictationPipeline pipeline_{facade_, handlers(store_)};
+    CoreDataStack store_{clock_};
+    MigrationManager migrations_{defaults_, store_};
+    PromptSettings prompts_{defaults_};
+    LanguageModels languageModels_{defaults_, platform_, clock_, prompts_};
+    DictationPipeline pipeline_{facade_, handlers(), formatServices()};
     AudioDeviceManager devices_{*platform_.audioHardware, defaults_};
     AudioRecorder recorder_{
         platform_.makeAudioEngine, devices_, *platform_.permissions, notifications_, clock_, pipeline_};
@@ -103,7 +114,7 @@ Program::Program(const ProgramOptions& options)
     , platform_(makeLinuxPlatform())
     , delivery_(*platform_.pasteboard, *platform_.keyEvents, *platform_.workspace, defaults_, clock_)
     , delegate_({defaults_, notifications_, clock_, *platform_.permissions, *platform_.sounds, recorder_, shortcuts_,
-                 delivery_, models_, [this] { return modelPreparation_.run(); },
+                 delivery_, models_, migrations_, [this] { return modelPreparation_.run(); },
                  [this](TranscriptionModel model) { return modelIsReady(std::move(model)); }, surfaces()})
     , control_(
           delegate_, recorder_, [this] { return statusDetails(); },
@@ -111,11 +122,23 @@ Program::Program(const ProgramOptions& options)
 {
 }
 
-DictationPipeline::Handlers Program::handlers(TranscriptionStoring& store)
+DictationPipeline::Handlers Program::handlers()
 {
     DictationPipeline::Handlers handlers;
-    handlers[ProcessingMode::Normal] = std::make_unique<NormalModeHandler>(store);
+    handlers[ProcessingMode::Normal] = std::make_unique<NormalModeHandler>(store_);
+    handlers[ProcessingMode::Email] = std::make_unique<EmailModeHandler>(store_, prompts_);
+    handlers[ProcessingMode::Grammar] = std::make_unique<ThirdModeHandler>(store_, prompts_);
+    handlers[ProcessingMode::Custom] = std::make_unique<CustomModeHandler>(store_, prompts_);
+    handlers[ProcessingMode::Notes] = std::make_unique<NotesModeHandler>(store_);
     return handlers;
+}
+
+DictationPipeline::FormatServices Program::formatServices()
+{
+    return {[this](ProcessingMode mode) { return languageModels_.choose(mode); },
+            [this] {
+                languageModels_.expectUse(recorder_.processingMode());
+            }};
 }
 
 bool Program::becomeTheRunningInstance(const QStringList& arguments)
@@ -138,8 +161,11 @@ bool Program::becomeTheRunningInstance(const QStringList& arguments)
 
 void Program::launch()
 {
+    store_.loadPersistentStores();
     settleShortcut(options_.shortcut);
     delegate_.applicationDidFinishLaunching();
+    defaults_.watch();
+    languageModels_.start();
 }
 
 bool Program::isReady(const TranscriptionModel& model)
@@ -282,7 +308,13 @@ int runProgram(const ProgramOptions& options)
         return ExitCode::done;
     }
     quitOnSignals();
-    program.launch();
+    try {
+        program.launch();
+    } catch (const PersistentStoreError& error) {
+        // Whatever would be dictated would be lost.
+        terminal::writeError(error.localizedDescription());
+        return ExitCode::failed;
+    }
     return QGuiApplication::exec();
 }
 

@@ -7,6 +7,7 @@
 #include "vantro/cli/ProvidersCommand.h"
 #include "vantro/cli/Terminal.h"
 #include "vantro/cli/TranscribeCommand.h"
+#include "vantro/cli/VocabularyCommands.h"
 #include "vantro/models/ModelHost.h"
 
 namespace vantro {
@@ -32,6 +33,9 @@ Commands:
   transcribe FILE...  Write the text of recordings to standard output.
   models [ACTION]     List, download, select, verify or remove speech models.
   providers [ACTION]  List, add, edit, remove or test language models that rewrite texts.
+  replacements [ACTION]
+                      Show and edit what is written instead of what.
+  vocabulary [ACTION] Show and edit the words that the engine is told of.
   toggle              Start a dictation, or end and transcribe the running one.
   start, stop         Open the launcher and record; end the recording.
   cancel              Discard the dictation.
@@ -135,6 +139,10 @@ int CommandLine::run() const
         return runModels(arguments_, options_.modelHost);
     if (command_ == QLatin1String("providers"))
         return runProviders(arguments_);
+    if (command_ == QLatin1String("replacements"))
+        return runReplacements(arguments_);
+    if (command_ == QLatin1String("vocabulary"))
+        return runVocabulary(arguments_);
     if (isControlCommand(command_))
         return runControl(command_, arguments_);
     terminal::writeError(
