@@ -2,6 +2,7 @@
 """Dictations that a language model rewrites: through a local server, with the key in a real Secret Service."""
 
 import json
+import sqlite3
 import sys
 
 from dictationcase import CANCEL_KEY, CHILD, CHILD_WORDS, ROOT, DictationCase, main, words
@@ -48,6 +49,15 @@ class LanguageModelsTest(DictationCase):
     def secret_account(self):
         return f"provider-{self.provider['id']}"
 
+    def history(self):
+        """The last dictation as it is kept: transcript, formatted text, mode."""
+        store = sqlite3.connect(f"file:{self.desktop.data_home / 'vantro/MainModel.sqlite'}?mode=ro", uri=True)
+        try:
+            return store.execute("SELECT transcription, formatted, processingMode FROM Transcription "
+                                 "ORDER BY pk DESC LIMIT 1").fetchone()
+        finally:
+            store.close()
+
     # --- tests
 
     def test_an_email_arrives_as_the_model_wrote_it(self):
@@ -66,6 +76,7 @@ class LanguageModelsTest(DictationCase):
         self.assertIn("Structure it for email communication", system["content"])
         self.assertIn("CRITICAL: Respond ONLY in English.", system["content"])
         self.assertEqual(words(user["content"]), CHILD_WORDS)
+        self.assertEqual(self.history(), (user["content"], LETTER, "Email"))
 
     def test_the_key_is_in_the_secret_service_and_nowhere_else(self):
         self.dictate(CHILD)
@@ -83,6 +94,9 @@ class LanguageModelsTest(DictationCase):
     def test_a_failure_is_told_and_nothing_is_delivered(self):
         self.server.answer = Answer(status=503)
         self.dictate_and_fail("API error (503): Unknown error")
+        transcript, formatted, _ = self.history()
+        self.assertEqual(words(transcript), CHILD_WORDS)
+        self.assertEqual(formatted, "")
         self.server.answer = Answer(status=401)
         self.dictate_and_fail("Invalid API key. Please check your credentials.")
 
@@ -111,13 +125,46 @@ class LanguageModelsTest(DictationCase):
 
         self.assertEqual(asked_model(), "large")
 
-    def test_a_locked_keyring_and_a_missing_key_say_what_to_do(self):
+    def test_a_missing_key_is_told_and_can_be_given_again(self):
         self.assertEqual(self.vantro.run("providers", "test", "House").returncode, 0)
         self.desktop.run("secret-tool", "clear", *ATTRIBUTES, self.secret_account())
         self.dictate_and_fail("Remote provider is not configured")
         self.assertEqual(self.vantro.run("providers", "test", "House").returncode, 1)
         restored = self.vantro.run("providers", "edit", "House", "--key-stdin", stdin=KEY.encode())
         self.assertEqual(restored.returncode, 0, restored.stderr)
+
+    def test_the_command_line_keeps_the_rules_and_leaves_no_key_behind(self):
+        def refused(code, message, *arguments, **more):
+            result = self.vantro.run("providers", *arguments, **more)
+            self.assertEqual(result.returncode, code, result.stderr)
+            self.assertIn(message, result.stderr if isinstance(result.stderr, str) else result.stderr.decode())
+
+        custom = ("add", "--type", "custom", "--name", "Second", "--model", "m")
+        refused(2, "URL is required for custom provider", *custom)
+        refused(2, "Invalid URL format", *custom, "--base-url", "house:8000/v1")
+        refused(2, "must be a whole number", "edit", "House", "--max-tokens", "many")
+        refused(2, "Set either max tokens or max completion tokens, not both", "edit", "House", "--max-tokens", "1",
+                "--max-completion-tokens", "1")
+        refused(2, "needs --yes", "remove", "House")
+        refused(3, "there is no provider", "test", "Nobody")
+        refused(4, "There is no session bus", *custom, "--base-url", self.server.url, "--key-stdin", stdin=b"key",
+                env={"DBUS_SESSION_BUS_ADDRESS": "unix:path=/nonexistent"})
+
+        def providers():
+            return {entry["name"]: entry for entry in json.loads(self.vantro.run("providers", "--json").stdout)}
+
+        self.assertEqual(list(providers()), ["OpenAI", "Anthropic", "Gemini", "House"])
+        added = self.vantro.run("providers", *custom, "--base-url", self.server.url, "--temperature", "0.5",
+                                "--key-stdin", stdin=b"another-key\n")
+        self.assertEqual(added.returncode, 0, added.stderr)
+        second = providers()["Second"]
+        self.assertTrue(second["has_key"])
+        self.assertEqual(second["parameters"], {"temperature": 0.5})
+        self.assertFalse(providers()["OpenAI"]["has_key"])
+        removed = self.vantro.run("providers", "remove", "Second", "--yes")
+        self.assertEqual(removed.returncode, 0, removed.stderr)
+        self.assertIn(f"Cleaned up orphaned API key: provider-{second['id']}", removed.stderr)
+        self.assertNotIn("Second", providers())
 
 
 if __name__ == "__main__":

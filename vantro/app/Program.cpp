@@ -10,6 +10,8 @@
 #include "vantro/app/AppDelegate.h"
 #include "vantro/app/ControlService.h"
 #include "vantro/app/DictationPipeline.h"
+#include "vantro/app/LanguageModels.h"
+#include "vantro/app/VisibleModes.h"
 #include "vantro/audio/AudioDeviceManager.h"
 #include "vantro/audio/HeadsetSwitch.h"
 #include "vantro/cli/ExitCode.h"
@@ -66,7 +68,8 @@ private:
     [[nodiscard]] QString microphoneName() const;
     [[nodiscard]] QString shortcutName() const;
     [[nodiscard]] QJsonObject statusDetails();
-    [[nodiscard]] static DictationPipeline::Handlers handlers(TranscriptionStoring& store);
+    [[nodiscard]] DictationPipeline::Handlers handlers();
+    [[nodiscard]] DictationPipeline::FormatServices formatServices();
 
     ProgramOptions options_;
     SystemClock clock_;
@@ -99,7 +102,9 @@ private:
 
     CoreDataStack store_{clock_};
     MigrationManager migrations_{defaults_, store_};
-    DictationPipeline pipeline_{facade_, handlers(store_)};
+    PromptSettings prompts_{defaults_};
+    LanguageModels languageModels_{defaults_, platform_, clock_, prompts_};
+    DictationPipeline pipeline_{facade_, handlers(), formatServices()};
     AudioDeviceManager devices_{*platform_.audioHardware, defaults_};
     AudioRecorder recorder_{
         platform_.makeAudioEngine, devices_, *platform_.permissions, notifications_, clock_, pipeline_};
@@ -125,11 +130,23 @@ Program::Program(const ProgramOptions& options)
 {
 }
 
-DictationPipeline::Handlers Program::handlers(TranscriptionStoring& store)
+DictationPipeline::Handlers Program::handlers()
 {
     DictationPipeline::Handlers handlers;
-    handlers[ProcessingMode::Normal] = std::make_unique<NormalModeHandler>(store);
+    handlers[ProcessingMode::Normal] = std::make_unique<NormalModeHandler>(store_);
+    handlers[ProcessingMode::Email] = std::make_unique<EmailModeHandler>(store_, prompts_);
+    handlers[ProcessingMode::Grammar] = std::make_unique<ThirdModeHandler>(store_, prompts_);
+    handlers[ProcessingMode::Custom] = std::make_unique<CustomModeHandler>(store_, prompts_);
+    handlers[ProcessingMode::Notes] = std::make_unique<NotesModeHandler>(store_);
     return handlers;
+}
+
+DictationPipeline::FormatServices Program::formatServices()
+{
+    return {[this](ProcessingMode mode) { return languageModels_.choose(mode); },
+            [this] {
+                languageModels_.expectUse(recorder_.processingMode());
+            }};
 }
 
 bool Program::becomeTheRunningInstance(const QStringList& arguments)
@@ -153,9 +170,16 @@ bool Program::becomeTheRunningInstance(const QStringList& arguments)
 void Program::launch()
 {
     store_.loadPersistentStores();
+    store_.setSummaryPrompt([this] { return prompts_.prompt(ProcessingMode::Notes); });
+    // A mode that is chosen while the user speaks may need another provider than the one that was expected.
+    QObject::connect(&recorder_, &AudioRecorder::processingModeChanged, &recorder_, [this] {
+        if (recorder_.isRecording())
+            languageModels_.expectUse(recorder_.processingMode());
+    });
     settleShortcut(options_.shortcut);
     delegate_.applicationDidFinishLaunching();
     defaults_.watch();
+    languageModels_.start();
 }
 
 bool Program::isReady(const TranscriptionModel& model)
@@ -246,8 +270,8 @@ void Program::closeModelDownload()
 std::unique_ptr<LauncherPanel> Program::makeLauncher(ProcessingMode defaultMode)
 {
     std::vector<LauncherModel::Mode> modes;
-    for (const ProcessingMode mode : pipeline_.modes())
-        modes.push_back({mode, rawValue(mode)});
+    for (const ProcessingMode mode : visibleModes(prompts_, languageModels_.providers(), defaultMode))
+        modes.push_back({mode, prompts_.displayName(mode)});
     auto launcher =
         std::make_unique<Launcher>(Launcher::Context{ui_.engine(), recorder_, shortcuts_, *platform_.workspace,
                                                      notifications_, clock_, modes, defaultMode, microphoneName()});

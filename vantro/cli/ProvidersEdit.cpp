@@ -123,6 +123,31 @@ int exitCode(const Error& error)
     return isMissing ? ExitCode::noService : ExitCode::failed;
 }
 
+/// A public provider needs no more than its type: the rest is as in a new installation.
+ProviderForm formForType(const QString& name)
+{
+    const auto type = remoteProviderType(name);
+    for (const ProviderConfiguration& provider : ProviderConfiguration::defaults()) {
+        if (type == provider.providerType)
+            return ProviderForm(provider);
+    }
+    return {};
+}
+
+void addWithKey(ProviderConfigurationManager& manager, const ProviderConfiguration& provider,
+                const std::optional<QString>& key)
+{
+    // Listed first: another process's clean-up knows the key's owner then.
+    manager.add(provider);
+    try {
+        if (key)
+            runTask(manager.storeKey(provider.id, *key));
+    } catch (const KeychainError&) {
+        manager.remove(provider.id);
+        throw;
+    }
+}
+
 } // namespace
 
 void addProviderOptions(QCommandLineParser& parser)
@@ -145,34 +170,20 @@ int addProvider(ProvidersSession& session, const QCommandLineParser& parser)
 {
     if (!parser.isSet(typeOption))
         return wrongUsage(QStringLiteral("providers add needs --type"));
-    ProviderForm form;
-    // A public provider needs no more than its type: the rest is as in a new installation.
-    const auto type = remoteProviderType(parser.value(typeOption)).value_or(RemoteProviderType::Custom);
-    const auto defaults = ProviderConfiguration::defaults();
-    const auto model = std::ranges::find(defaults, type, &ProviderConfiguration::providerType);
-    if (model != defaults.end())
-        form = ProviderForm(*model);
+    ProviderForm form = formForType(parser.value(typeOption));
     if (const QString problem = takeOptions(parser, form); !problem.isEmpty())
         return wrongUsage(problem);
     ProviderConfiguration fresh;
     fresh.id = QUuid::createUuid();
     const ProviderConfiguration provider = configured(parser, form, fresh);
-    if (std::ranges::find(session.manager.configurations(), provider.name, &ProviderConfiguration::name) !=
-        session.manager.configurations().end()) {
+    if (std::ranges::any_of(session.manager.configurations(),
+                            [&provider](const auto& other) { return other.name == provider.name; })) {
         terminal::writeError(
             QStringLiteral("there is a provider \"%1\" already: edit it, or choose another --name").arg(provider.name));
         return ExitCode::failed;
     }
     const auto key = readKey(parser, true);
-    // Listed first: another process's clean-up knows the key's owner then.
-    session.manager.add(provider);
-    try {
-        if (key)
-            runTask(session.manager.storeKey(provider.id, *key));
-    } catch (const KeychainError&) {
-        session.manager.remove(provider.id);
-        throw;
-    }
+    addWithKey(session.manager, provider, key);
     warnOfOpenTransport(provider);
     terminal::writeMessage(
         key ? wording::keyIsStoredSecurely()

@@ -70,7 +70,7 @@ void printPlain(const ProvidersSession& session, const StoredKeys& keys)
                                            : QStringLiteral("-"),
                                  provider.isEnabled ? QStringLiteral("enabled") : QStringLiteral("disabled"),
                                  address(provider),
-                                 provider.id.toString(QUuid::WithoutBraces)};
+                                 standardForm(provider.id)};
         terminal::writeLine(fields.join(QLatin1Char('\t')));
     }
 }
@@ -79,7 +79,7 @@ void printPlain(const ProvidersSession& session, const StoredKeys& keys)
 
 QJsonObject providerJson(const ProviderConfiguration& provider)
 {
-    QJsonObject object{{QStringLiteral("id"), provider.id.toString(QUuid::WithoutBraces)},
+    QJsonObject object{{QStringLiteral("id"), standardForm(provider.id)},
                        {QStringLiteral("name"), provider.name},
                        {QStringLiteral("type"), rawValue(provider.providerType)},
                        {QStringLiteral("model"), provider.model},
