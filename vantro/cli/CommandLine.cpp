@@ -3,7 +3,9 @@
 #include "platform/KeyCode.h"
 #include "vantro/cli/ControlCommands.h"
 #include "vantro/cli/ExitCode.h"
+#include "vantro/cli/HistoryCommand.h"
 #include "vantro/cli/ModelsCommand.h"
+#include "vantro/cli/NotesCommand.h"
 #include "vantro/cli/Terminal.h"
 #include "vantro/cli/TranscribeCommand.h"
 #include "vantro/models/ModelHost.h"
@@ -30,6 +32,8 @@ Options:
 Commands:
   transcribe FILE...  Write the text of recordings to standard output.
   models [ACTION]     List, download, select, verify or remove speech models.
+  history [ACTION]    List, search, show, delete or export what was dictated.
+  notes [ACTION]      List, show, add or delete notes.
   toggle              Start a dictation, or end and transcribe the running one.
   start, stop         Open the launcher and record; end the recording.
   cancel              Discard the dictation.
@@ -131,6 +135,10 @@ int CommandLine::run() const
         return runTranscribe(arguments_);
     if (command_ == QLatin1String("models"))
         return runModels(arguments_, options_.modelHost);
+    if (command_ == QLatin1String("history"))
+        return runHistory(arguments_);
+    if (command_ == QLatin1String("notes"))
+        return runNotes(arguments_);
     if (isControlCommand(command_))
         return runControl(command_, arguments_);
     terminal::writeError(
