@@ -5,6 +5,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QRegularExpression>
 #include <QSqlError>
 #include <QUuid>
 
@@ -19,6 +20,26 @@ namespace vantro {
 namespace {
 
 const auto driverName = QStringLiteral("QSQLITE");
+
+/// Qt counts placeholders and does not know numbered ones: it gets the value of each place in their order.
+struct PositionalStatement
+{
+    PositionalStatement(const QString& statement, const QVariantList& numbered)
+    {
+        static const QRegularExpression placeholder(QStringLiteral("\\?(\\d+)"));
+        qsizetype end = 0;
+        for (const QRegularExpressionMatch& match : placeholder.globalMatch(statement)) {
+            text += QStringView(statement).mid(end, match.capturedStart() - end);
+            text += QLatin1Char('?');
+            values << numbered.value(match.capturedView(1).toInt() - 1);
+            end = match.capturedEnd();
+        }
+        text += QStringView(statement).mid(end);
+    }
+
+    QString text;
+    QVariantList values;
+};
 
 } // namespace
 
@@ -82,11 +103,12 @@ void PersistentContainer::open()
 
 StoreQuery PersistentContainer::run(const QString& statement, const QVariantList& values) const
 {
+    const PositionalStatement positional(statement, values);
     QSqlQuery query(database_);
     query.setForwardOnly(true);
-    bool isDone = query.prepare(statement);
+    bool isDone = query.prepare(positional.text);
     if (isDone) {
-        for (const QVariant& value : values)
+        for (const QVariant& value : positional.values)
             query.addBindValue(value);
         isDone = query.exec();
     }
