@@ -1,5 +1,6 @@
 #include "vantro/app/Program.h"
 
+#include "KeyboardShortcuts/RawKeyMonitor.h"
 #include "platform/KeyCode.h"
 #include "platform/Wording.h"
 #include "platform/linux/LinuxPlatform.h"
@@ -11,6 +12,7 @@
 #include "vantro/app/DictationPipeline.h"
 #include "vantro/app/LanguageModels.h"
 #include "vantro/audio/AudioDeviceManager.h"
+#include "vantro/audio/HeadsetSwitch.h"
 #include "vantro/cli/ExitCode.h"
 #include "vantro/cli/Terminal.h"
 #include "vantro/fluid/FluidTranscriptionProvider.h"
@@ -22,6 +24,7 @@
 #include "vantro/ui/download/ModelDownloadWindow.h"
 #include "vantro/ui/hud/PasteHUDWindow.h"
 #include "vantro/ui/launcher/Launcher.h"
+#include "vantro/ui/shortcuts/ShortcutWindow.h"
 #include "vantro/ui/style/UiEngine.h"
 #include "vantro/whisper/WhisperTranscriptionProvider.h"
 
@@ -52,6 +55,7 @@ public:
 private:
     [[nodiscard]] bool isReady(const TranscriptionModel& model);
     void settleShortcut(const QString& wanted);
+    void askForShortcut();
     void useShortcut(const QString& text);
     void handOver(const QStringList& arguments);
     [[nodiscard]] Surfaces surfaces();
@@ -103,7 +107,10 @@ private:
     AudioDeviceManager devices_{*platform_.audioHardware, defaults_};
     AudioRecorder recorder_{
         platform_.makeAudioEngine, devices_, *platform_.permissions, notifications_, clock_, pipeline_};
+    HeadsetSwitch headsetSwitch_{*platform_.audioCards, devices_, recorder_, defaults_, clock_};
     KeyboardShortcuts shortcuts_{*platform_.hotKeys, defaults_, notifications_};
+    RawKeyMonitor rawKeys_{shortcuts_, *platform_.hotKeys};
+    std::unique_ptr<ShortcutWindow> shortcutWindow_;
     PasteDelivery delivery_;
     AppDelegate delegate_;
     ControlService control_;
@@ -181,7 +188,19 @@ void Program::settleShortcut(const QString& wanted)
     } else if (!shortcuts_.shortcut(name)) {
         if (const auto proposed = shortcuts_.proposeShortcut(name))
             printLine(QStringLiteral("Press %1 to dictate").arg(proposed->displayText()));
+        else
+            askForShortcut();
     }
+}
+
+void Program::askForShortcut()
+{
+    const QString reason =
+        QGuiApplication::tr("The usual shortcuts are all used by other programs. Take one of your own.");
+    Logger("Program").info(reason);
+    shortcutWindow_ = std::make_unique<ShortcutWindow>(ui_.engine(), shortcuts_, *platform_.hotKeys,
+                                                       *platform_.desktopShortcuts, notifications_, reason);
+    shortcutWindow_->present();
 }
 
 void Program::useShortcut(const QString& text)

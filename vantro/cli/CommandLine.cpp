@@ -2,9 +2,11 @@
 
 #include "platform/KeyCode.h"
 #include "vantro/cli/ControlCommands.h"
+#include "vantro/cli/DevicesCommand.h"
 #include "vantro/cli/ExitCode.h"
 #include "vantro/cli/ModelsCommand.h"
 #include "vantro/cli/ProvidersCommand.h"
+#include "vantro/cli/ShortcutsCommand.h"
 #include "vantro/cli/Terminal.h"
 #include "vantro/cli/TranscribeCommand.h"
 #include "vantro/cli/VocabularyCommands.h"
@@ -32,10 +34,12 @@ Options:
 Commands:
   transcribe FILE...  Write the text of recordings to standard output.
   models [ACTION]     List, download, select, verify or remove speech models.
-  providers [ACTION]  List, add, edit, remove or test language models that rewrite texts.
+  devices [ACTION]    List microphones, choose one, or rank them.
+  shortcuts [ACTION]  Show, set, test and clear the shortcuts; press or hold to talk.
   replacements [ACTION]
                       Show and edit what is written instead of what.
   vocabulary [ACTION] Show and edit the words that the engine is told of.
+  providers [ACTION]  List, add, edit, remove or test language models that rewrite texts.
   toggle              Start a dictation, or end and transcribe the running one.
   start, stop         Open the launcher and record; end the recording.
   cancel              Discard the dictation.
@@ -137,12 +141,16 @@ int CommandLine::run() const
         return runTranscribe(arguments_);
     if (command_ == QLatin1String("models"))
         return runModels(arguments_, options_.modelHost);
-    if (command_ == QLatin1String("providers"))
-        return runProviders(arguments_);
+    if (command_ == QLatin1String("devices"))
+        return runDevices(arguments_);
+    if (command_ == QLatin1String("shortcuts"))
+        return runShortcuts(arguments_);
     if (command_ == QLatin1String("replacements"))
         return runReplacements(arguments_);
     if (command_ == QLatin1String("vocabulary"))
         return runVocabulary(arguments_);
+    if (command_ == QLatin1String("providers"))
+        return runProviders(arguments_);
     if (isControlCommand(command_))
         return runControl(command_, arguments_);
     terminal::writeError(
