@@ -88,14 +88,6 @@ std::unique_ptr<DictationJob> DictationPipeline::prepare(ProcessingMode mode)
     return std::make_unique<Job>(*this, *handler->second, std::move(service), std::move(recordingUse_));
 }
 
-std::vector<ProcessingMode> DictationPipeline::modes() const
-{
-    std::vector<ProcessingMode> modes;
-    for (const auto& [mode, handler] : handlers_)
-        modes.push_back(mode);
-    return modes;
-}
-
 QCoro::Task<QString> DictationPipeline::transcribe(QString recordingID, std::vector<float> samples)
 {
     TranscriptionFacade::Options options;

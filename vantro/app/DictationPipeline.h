@@ -39,8 +39,6 @@ public:
     void runAbandoned() override;
     std::unique_ptr<DictationJob> prepare(ProcessingMode mode) override;
 
-    /// The modes a user can choose, in their order.
-    [[nodiscard]] std::vector<ProcessingMode> modes() const;
     /// How long the engine took for the last transcription.
     [[nodiscard]] std::chrono::microseconds lastEngineTime() const { return lastEngineTime_; }
 

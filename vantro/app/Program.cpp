@@ -11,6 +11,7 @@
 #include "vantro/app/ControlService.h"
 #include "vantro/app/DictationPipeline.h"
 #include "vantro/app/LanguageModels.h"
+#include "vantro/app/VisibleModes.h"
 #include "vantro/audio/AudioDeviceManager.h"
 #include "vantro/audio/HeadsetSwitch.h"
 #include "vantro/cli/ExitCode.h"
@@ -169,6 +170,12 @@ bool Program::becomeTheRunningInstance(const QStringList& arguments)
 void Program::launch()
 {
     store_.loadPersistentStores();
+    store_.setSummaryPrompt([this] { return prompts_.prompt(ProcessingMode::Notes); });
+    // A mode that is chosen while the user speaks may need another provider than the one that was expected.
+    QObject::connect(&recorder_, &AudioRecorder::processingModeChanged, &recorder_, [this] {
+        if (recorder_.isRecording())
+            languageModels_.expectUse(recorder_.processingMode());
+    });
     settleShortcut(options_.shortcut);
     delegate_.applicationDidFinishLaunching();
     defaults_.watch();
@@ -263,8 +270,8 @@ void Program::closeModelDownload()
 std::unique_ptr<LauncherPanel> Program::makeLauncher(ProcessingMode defaultMode)
 {
     std::vector<LauncherModel::Mode> modes;
-    for (const ProcessingMode mode : pipeline_.modes())
-        modes.push_back({mode, rawValue(mode)});
+    for (const ProcessingMode mode : visibleModes(prompts_, languageModels_.providers(), defaultMode))
+        modes.push_back({mode, prompts_.displayName(mode)});
     auto launcher =
         std::make_unique<Launcher>(Launcher::Context{ui_.engine(), recorder_, shortcuts_, *platform_.workspace,
                                                      notifications_, clock_, modes, defaultMode, microphoneName()});

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <csignal>
 #include <cstdio>
+#include <span>
 #include <string_view>
 
 namespace vantro {
@@ -56,15 +57,20 @@ void terminal::showProgress(const QString& text)
 
 void terminal::writeTable(const std::vector<QStringList>& rows)
 {
-    std::vector<qsizetype> widths(rows.empty() ? 0 : static_cast<std::size_t>(rows.front().size()));
+    if (!outputIsTerminal()) {
+        for (const QStringList& row : std::span(rows).subspan(1))
+            writeLine(row.join(QLatin1Char('\t')));
+        return;
+    }
+    std::vector<qsizetype> widths(static_cast<std::size_t>(rows.front().size()), 0);
     for (const QStringList& row : rows) {
-        for (qsizetype i = 0; i < row.size(); ++i)
-            widths[static_cast<std::size_t>(i)] = std::max(widths[static_cast<std::size_t>(i)], row[i].size());
+        for (std::size_t i = 0; i < widths.size(); ++i)
+            widths[i] = std::max(widths[i], row[static_cast<qsizetype>(i)].size());
     }
     for (const QStringList& row : rows) {
         QString line;
-        for (qsizetype i = 0; i < row.size(); ++i)
-            line += row[i].leftJustified(widths[static_cast<std::size_t>(i)] + 2);
+        for (std::size_t i = 0; i < widths.size(); ++i)
+            line += row[static_cast<qsizetype>(i)].leftJustified(widths[i] + 2);
         writeLine(line.trimmed());
     }
 }

@@ -24,7 +24,8 @@ QString bar(int filled, int cells);
 /// Replaces the current line of standard error when a person reads it; an empty text clears it. Otherwise nothing.
 void showProgress(const QString& text);
 
-/// Lines of columns, each as wide as its widest cell; the first line is the heading.
+/// Rows of equal length, the first being their titles: columns of equal width for a person; tabs between the fields and
+/// no titles for a program.
 void writeTable(const std::vector<QStringList>& rows);
 /// A line of standard input without its line break. On a terminal @p prompt is shown, on standard error, and what is
 /// typed is not; nothing when it is empty.
