@@ -1,5 +1,7 @@
 #include "vantro/cli/NotesCommand.h"
 
+#include "platform/linux/LinuxPlatform.h"
+#include "vantro/app/LanguageModels.h"
 #include "vantro/cli/ExitCode.h"
 #include "vantro/cli/HistorySession.h"
 #include "vantro/cli/Terminal.h"
@@ -23,14 +25,12 @@ constexpr char description[] =
   add TEXT...      Take a note of today. - takes the text from standard input.
   delete DATE      Delete a day: its summary and all its notes. Asks before.
   delete ID...     Delete notes; the day stays. Asks before.
-%1
+  summarize [DATE] Have the language model of the mode Notes write a day's summary anew; of today without DATE.
+
 DATE is 2026-11-01, today or yesterday. ID is an identity that show tells, or so much of its beginning
 that only one is meant.
 
 Exit status: 0 done, 1 failed, 2 wrong usage, 3 no such day or note.)";
-
-constexpr char summarizeDescription[] =
-    "  summarize [DATE] Have the language model write a day's summary anew; of today without DATE.\n";
 
 constexpr int defaultLimit = 50;
 
@@ -185,9 +185,16 @@ int removeNotes(CoreDataStack& store, const Options& options)
     return ExitCode::done;
 }
 
-int summarize(CoreDataStack& store, const DailyNote& day, const std::shared_ptr<FormatRequestServicing>& service)
+int summarize(HistorySession& session, const DailyNote& day)
 {
-    QCoro::waitFor(store.regenerateSummary(day, service));
+    UserDefaults defaults(UserDefaults::standardPath());
+    const Platform platform = makeLinuxCommandPlatform();
+    const PromptSettings prompts(defaults);
+    const LanguageModels models(defaults, platform, session.clock, prompts);
+    CoreDataStack& store = session.store;
+    store.setSummaryPrompt([&prompts] { return prompts.prompt(ProcessingMode::Notes); });
+    printToStandardError();
+    QCoro::waitFor(store.regenerateSummary(day, models.choose(ProcessingMode::Notes)));
     // It has told what failed.
     const auto after = store.dailyNotes({day.objectID, day.objectID}, 1);
     if (after.empty() || after.front().formatted.isEmpty())
@@ -202,12 +209,11 @@ std::optional<QDate> dateFrom(const QString& text, const QDateTime& now)
     return moment ? std::optional(moment->date()) : std::nullopt;
 }
 
-int carryOut(const Options& options, const std::shared_ptr<FormatRequestServicing>& service, const QString& prompt)
+int carryOut(const Options& options)
 {
     HistorySession session;
     CoreDataStack& store = session.store;
     store.loadPersistentStores();
-    store.setSummaryPrompt([&prompt] { return prompt; });
     if (options.action == QLatin1String("list"))
         return list(store, options);
     if (options.action == QLatin1String("add"))
@@ -226,16 +232,16 @@ int carryOut(const Options& options, const std::shared_ptr<FormatRequestServicin
     if (options.action == QLatin1String("show"))
         return show(store, *day, options.json);
     if (options.action == QLatin1String("summarize"))
-        return summarize(store, *day, service);
+        return summarize(session, *day);
     return removeDay(store, *day, options);
 }
 
-QString checkWords(const Options& options, bool canSummarize)
+QString checkWords(const Options& options)
 {
     const auto count = options.words.size();
     if (options.action == QLatin1String("list"))
         return count > 0 ? QStringLiteral("too many words") : QString();
-    if (options.action == QLatin1String("show") || (canSummarize && options.action == QLatin1String("summarize")))
+    if (options.action == QLatin1String("show") || options.action == QLatin1String("summarize"))
         return count > 1 ? QStringLiteral("too many words") : QString();
     if (options.action == QLatin1String("add"))
         return count < 1 ? QStringLiteral("notes add needs a text") : QString();
@@ -246,12 +252,10 @@ QString checkWords(const Options& options, bool canSummarize)
 
 } // namespace
 
-int runNotes(const QStringList& arguments, std::shared_ptr<FormatRequestServicing> service,
-             const QString& summaryPrompt)
+int runNotes(const QStringList& arguments)
 {
     QCommandLineParser parser;
-    parser.setApplicationDescription(
-        QLatin1String(description).arg(QLatin1String(service ? summarizeDescription : "")));
+    parser.setApplicationDescription(QLatin1String(description));
     terminal::addHelpOption(parser);
     parser.addOption({QStringLiteral("limit"), QStringLiteral("List at most so many days; 0 for all, else 50."),
                       QStringLiteral("N")});
@@ -271,7 +275,7 @@ int runNotes(const QStringList& arguments, std::shared_ptr<FormatRequestServicin
     options.action = options.words.isEmpty() ? QStringLiteral("list") : options.words.takeFirst();
     options.json = parser.isSet(QStringLiteral("json"));
     options.yes = parser.isSet(QStringLiteral("yes"));
-    if (const QString problem = checkWords(options, service != nullptr); !problem.isEmpty())
+    if (const QString problem = checkWords(options); !problem.isEmpty())
         return wrongUsage(problem);
     if (parser.isSet(QStringLiteral("limit"))) {
         bool isNumber = false;
@@ -280,7 +284,7 @@ int runNotes(const QStringList& arguments, std::shared_ptr<FormatRequestServicin
             return wrongUsage(QStringLiteral("\"%1\" is no number of days").arg(parser.value(QStringLiteral("limit"))));
     }
     try {
-        return carryOut(options, service, summaryPrompt);
+        return carryOut(options);
     } catch (const Error& error) {
         terminal::writeError(error.localizedDescription());
         return ExitCode::failed;
