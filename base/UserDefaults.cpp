@@ -96,6 +96,14 @@ void UserDefaults::remove(const QString& key)
     written(key);
 }
 
+void UserDefaults::keepUnreadable(const QString& key)
+{
+    const QString place = key + QStringLiteral(".unreadable");
+    store(place, settings_.value(key));
+    Logger("UserDefaults")
+        .error(QStringLiteral("The setting \"%1\" cannot be read; it is kept as \"%2\"").arg(key, place));
+}
+
 void UserDefaults::reload()
 {
     settings_.sync();

@@ -43,6 +43,9 @@ public:
     /// Lists and maps are stored as JSON data.
     void setData(const QString& key, const QByteArray& value);
     void remove(const QString& key);
+    /// Copies the text under @p key to @p key and ".unreadable": what this program cannot read is not lost when it is
+    /// overwritten.
+    void keepUnreadable(const QString& key);
 
     /// Re-reads what another process has written meanwhile; changedElsewhere() tells what that was.
     void reload();

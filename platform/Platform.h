@@ -1,12 +1,15 @@
 #pragma once
 
+#include "platform/AudioCards.h"
 #include "platform/AudioEngine.h"
 #include "platform/AudioHardware.h"
+#include "platform/DesktopShortcuts.h"
 #include "platform/HotKeyManager.h"
 #include "platform/KeyEventPoster.h"
 #include "platform/LanguageRecognizer.h"
 #include "platform/Pasteboard.h"
 #include "platform/Permissions.h"
+#include "platform/SecretStore.h"
 #include "platform/SystemSounds.h"
 #include "platform/Workspace.h"
 
@@ -20,12 +23,15 @@ struct Platform
     /// The connections that the adapters share; goes last.
     std::shared_ptr<void> connections;
     std::unique_ptr<AudioHardware> audioHardware;
+    std::unique_ptr<AudioCards> audioCards;
     AudioEngineFactory makeAudioEngine;
     std::unique_ptr<HotKeyManager> hotKeys;
+    std::unique_ptr<DesktopShortcuts> desktopShortcuts;
     std::unique_ptr<KeyEventPoster> keyEvents;
     std::unique_ptr<LanguageRecognizer> languages;
     std::unique_ptr<Pasteboard> pasteboard;
     std::unique_ptr<Permissions> permissions;
+    std::unique_ptr<SecretStore> secrets;
     std::unique_ptr<SystemSounds> sounds;
     std::unique_ptr<Workspace> workspace;
 };

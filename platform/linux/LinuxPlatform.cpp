@@ -2,9 +2,12 @@
 
 #include "platform/linux/canberra/CanberraSounds.h"
 #include "platform/linux/cld2/Cld2LanguageRecognizer.h"
+#include "platform/linux/desktop/LinuxDesktopShortcuts.h"
+#include "platform/linux/pulse/PulseAudioCards.h"
 #include "platform/linux/pulse/PulseAudioEngine.h"
 #include "platform/linux/pulse/PulseAudioHardware.h"
 #include "platform/linux/pulse/PulseConnection.h"
+#include "platform/linux/secretservice/SecretServiceStore.h"
 #include "platform/linux/x11/X11Connection.h"
 #include "platform/linux/x11/X11HotKeyManager.h"
 #include "platform/linux/x11/X11KeyEventPoster.h"
@@ -24,25 +27,53 @@ struct Connections
 
 } // namespace
 
+Platform makeLinuxSound()
+{
+    auto pulse = std::make_shared<PulseConnection>();
+    Platform platform;
+    platform.connections = pulse;
+    platform.audioHardware = std::make_unique<PulseAudioHardware>(*pulse);
+    return platform;
+}
+
+Platform makeLinuxKeyboard()
+{
+    auto x11 = std::make_shared<X11Connection>();
+    Platform platform;
+    platform.connections = x11;
+    platform.hotKeys = std::make_unique<X11HotKeyManager>(*x11);
+    platform.desktopShortcuts = std::make_unique<LinuxDesktopShortcuts>();
+    return platform;
+}
+
 Platform makeLinuxPlatform()
 {
     auto connections = std::make_shared<Connections>();
     PulseConnection& pulse = connections->pulse;
     X11Connection& x11 = connections->x11;
 
-    Platform platform;
+    Platform platform = makeLinuxCommandPlatform();
     platform.connections = connections;
     platform.audioHardware = std::make_unique<PulseAudioHardware>(pulse);
+    platform.audioCards = std::make_unique<PulseAudioCards>(pulse);
     platform.makeAudioEngine = [&pulse] {
         return std::make_unique<PulseAudioEngine>(pulse);
     };
     platform.hotKeys = std::make_unique<X11HotKeyManager>(x11);
+    platform.desktopShortcuts = std::make_unique<LinuxDesktopShortcuts>();
     platform.keyEvents = std::make_unique<X11KeyEventPoster>(x11);
-    platform.languages = std::make_unique<Cld2LanguageRecognizer>();
     platform.pasteboard = std::make_unique<X11Pasteboard>();
     platform.permissions = std::make_unique<X11Permissions>(x11, [&pulse] { return pulse.serverAnswers(); });
     platform.sounds = std::make_unique<CanberraSounds>();
     platform.workspace = std::make_unique<X11Workspace>(x11);
+    return platform;
+}
+
+Platform makeLinuxCommandPlatform()
+{
+    Platform platform;
+    platform.languages = std::make_unique<Cld2LanguageRecognizer>();
+    platform.secrets = std::make_unique<SecretServiceStore>(QStringLiteral("com.vantro.app"));
     return platform;
 }
 

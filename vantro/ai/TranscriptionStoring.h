@@ -26,7 +26,7 @@ public:
 
     /// A note of today.
     virtual QCoro::Task<> addNote(QString transcription) = 0;
-    /// Writes today's summary anew; a failure is printed and leaves the former one. @p service may be null: no summary.
+    /// Writes today's summary anew; a failure is printed and leaves the former one.
     virtual QCoro::Task<> summarizeToday(std::shared_ptr<FormatRequestServicing> service) = 0;
 };
 

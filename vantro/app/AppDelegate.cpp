@@ -1,6 +1,7 @@
 #include "vantro/app/AppDelegate.h"
 
 #include "platform/Wording.h"
+#include "vantro/ai/providers/LegacyKeyName.h"
 
 #include <QTimer>
 
@@ -17,6 +18,7 @@ AppDelegate::~AppDelegate()
 
 void AppDelegate::applicationDidFinishLaunching()
 {
+    renameLegacyKey(parts_.defaults);
     parts_.migrations.runTranscriptionTrimMigrationIfNeeded();
     parts_.migrations.runEmptyTranscriptionDeleteMigrationIfNeeded();
     observeNotifications();
@@ -30,7 +32,14 @@ void AppDelegate::applicationDidFinishLaunching()
     }
     // Attached in either case: a sound server or a shortcut that comes later works without a restart.
     openModalAction_ =
-        parts_.shortcuts.onKeyUp(KeyboardShortcuts::Name::openModal, *this, [this] { showLauncherAndRecord(); });
+        std::make_unique<HoldToTalk>(parts_.shortcuts, parts_.audioRecorder, parts_.defaults, parts_.clock,
+                                     HoldToTalk::Actions{.open = [this] { showLauncherAndRecord(); },
+                                                         .openAside = [this] { showLauncherAndRecord(Keyboard::Left); },
+                                                         .stop = [this] { stopRecording(); },
+                                                         .cancel =
+                                                             [this] {
+                                                                 cancelDictation();
+                                                             }});
     checkModel();
 }
 
@@ -76,7 +85,7 @@ void AppDelegate::downloadModel(const TranscriptionModel& model)
     parts_.surfaces.showModelDownload(model);
 }
 
-void AppDelegate::showLauncherAndRecord()
+void AppDelegate::showLauncherAndRecord(Keyboard keyboard)
 {
     AudioRecorder& recorder = parts_.audioRecorder;
     if (recorder.isBusy())
@@ -102,7 +111,10 @@ void AppDelegate::showLauncherAndRecord()
         explainRefusedRecording();
         return;
     }
-    window_->makeKeyAndOrderFront();
+    if (keyboard == Keyboard::Taken)
+        window_->makeKeyAndOrderFront();
+    else
+        window_->orderFront();
 }
 
 void AppDelegate::explainRefusedRecording()

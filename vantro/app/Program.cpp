@@ -1,13 +1,19 @@
 #include "vantro/app/Program.h"
 
+#include "KeyboardShortcuts/RawKeyMonitor.h"
 #include "platform/KeyCode.h"
 #include "platform/Wording.h"
 #include "platform/linux/LinuxPlatform.h"
+#include "vantro/ai/FormattingModeHandler.h"
 #include "vantro/ai/NormalModeHandler.h"
+#include "vantro/ai/NotesModeHandler.h"
 #include "vantro/app/AppDelegate.h"
 #include "vantro/app/ControlService.h"
 #include "vantro/app/DictationPipeline.h"
+#include "vantro/app/LanguageModels.h"
+#include "vantro/app/VisibleModes.h"
 #include "vantro/audio/AudioDeviceManager.h"
+#include "vantro/audio/HeadsetSwitch.h"
 #include "vantro/cli/ExitCode.h"
 #include "vantro/cli/Terminal.h"
 #include "vantro/fluid/FluidTranscriptionProvider.h"
@@ -19,6 +25,7 @@
 #include "vantro/ui/download/ModelDownloadWindow.h"
 #include "vantro/ui/hud/PasteHUDWindow.h"
 #include "vantro/ui/launcher/Launcher.h"
+#include "vantro/ui/shortcuts/ShortcutWindow.h"
 #include "vantro/ui/style/UiEngine.h"
 #include "vantro/whisper/WhisperTranscriptionProvider.h"
 
@@ -49,6 +56,7 @@ public:
 private:
     [[nodiscard]] bool isReady(const TranscriptionModel& model);
     void settleShortcut(const QString& wanted);
+    void askForShortcut();
     void useShortcut(const QString& text);
     void handOver(const QStringList& arguments);
     [[nodiscard]] Surfaces surfaces();
@@ -60,7 +68,8 @@ private:
     [[nodiscard]] QString microphoneName() const;
     [[nodiscard]] QString shortcutName() const;
     [[nodiscard]] QJsonObject statusDetails();
-    [[nodiscard]] static DictationPipeline::Handlers handlers(TranscriptionStoring& store);
+    [[nodiscard]] DictationPipeline::Handlers handlers();
+    [[nodiscard]] DictationPipeline::FormatServices formatServices();
 
     ProgramOptions options_;
     SystemClock clock_;
@@ -84,19 +93,25 @@ private:
     }};
     QString modelProblem_; ///< why a model that was there has to be fetched again
     std::unique_ptr<ModelDownloadWindow> downloadWindow_;
+    VocabularySettings vocabulary_{defaults_};
     WhisperInProcessEngine whisperEngine_;
-    WhisperTranscriptionProvider whisper_{whisperEngine_, modelStore_, defaults_};
+    WhisperTranscriptionProvider whisper_{whisperEngine_, modelStore_, defaults_, vocabulary_};
     FluidAsrEngine fluidEngine_{processorModuleFolders()};
-    FluidTranscriptionProvider fluid_{fluidEngine_, fluidFiles_, defaults_};
+    FluidTranscriptionProvider fluid_{fluidEngine_, fluidFiles_, defaults_, vocabulary_};
     TranscriptionFacade facade_{models_, whisper_, fluid_};
 
     CoreDataStack store_{clock_};
     MigrationManager migrations_{defaults_, store_};
-    DictationPipeline pipeline_{facade_, handlers(store_)};
+    PromptSettings prompts_{defaults_};
+    LanguageModels languageModels_{defaults_, platform_, clock_, prompts_};
+    DictationPipeline pipeline_{facade_, handlers(), formatServices()};
     AudioDeviceManager devices_{*platform_.audioHardware, defaults_};
     AudioRecorder recorder_{
         platform_.makeAudioEngine, devices_, *platform_.permissions, notifications_, clock_, pipeline_};
+    HeadsetSwitch headsetSwitch_{*platform_.audioCards, devices_, recorder_, defaults_, clock_};
     KeyboardShortcuts shortcuts_{*platform_.hotKeys, defaults_, notifications_};
+    RawKeyMonitor rawKeys_{shortcuts_, *platform_.hotKeys};
+    std::unique_ptr<ShortcutWindow> shortcutWindow_;
     PasteDelivery delivery_;
     AppDelegate delegate_;
     ControlService control_;
@@ -115,11 +130,23 @@ Program::Program(const ProgramOptions& options)
 {
 }
 
-DictationPipeline::Handlers Program::handlers(TranscriptionStoring& store)
+DictationPipeline::Handlers Program::handlers()
 {
     DictationPipeline::Handlers handlers;
-    handlers[ProcessingMode::Normal] = std::make_unique<NormalModeHandler>(store);
+    handlers[ProcessingMode::Normal] = std::make_unique<NormalModeHandler>(store_);
+    handlers[ProcessingMode::Email] = std::make_unique<EmailModeHandler>(store_, prompts_);
+    handlers[ProcessingMode::Grammar] = std::make_unique<ThirdModeHandler>(store_, prompts_);
+    handlers[ProcessingMode::Custom] = std::make_unique<CustomModeHandler>(store_, prompts_);
+    handlers[ProcessingMode::Notes] = std::make_unique<NotesModeHandler>(store_);
     return handlers;
+}
+
+DictationPipeline::FormatServices Program::formatServices()
+{
+    return {[this](ProcessingMode mode) { return languageModels_.choose(mode); },
+            [this] {
+                languageModels_.expectUse(recorder_.processingMode());
+            }};
 }
 
 bool Program::becomeTheRunningInstance(const QStringList& arguments)
@@ -143,8 +170,16 @@ bool Program::becomeTheRunningInstance(const QStringList& arguments)
 void Program::launch()
 {
     store_.loadPersistentStores();
+    store_.setSummaryPrompt([this] { return prompts_.prompt(ProcessingMode::Notes); });
+    // A mode that is chosen while the user speaks may need another provider than the one that was expected.
+    QObject::connect(&recorder_, &AudioRecorder::processingModeChanged, &recorder_, [this] {
+        if (recorder_.isRecording())
+            languageModels_.expectUse(recorder_.processingMode());
+    });
     settleShortcut(options_.shortcut);
     delegate_.applicationDidFinishLaunching();
+    defaults_.watch();
+    languageModels_.start();
 }
 
 bool Program::isReady(const TranscriptionModel& model)
@@ -160,7 +195,19 @@ void Program::settleShortcut(const QString& wanted)
     } else if (!shortcuts_.shortcut(name)) {
         if (const auto proposed = shortcuts_.proposeShortcut(name))
             printLine(QStringLiteral("Press %1 to dictate").arg(proposed->displayText()));
+        else
+            askForShortcut();
     }
+}
+
+void Program::askForShortcut()
+{
+    const QString reason =
+        QGuiApplication::tr("The usual shortcuts are all used by other programs. Take one of your own.");
+    Logger("Program").info(reason);
+    shortcutWindow_ = std::make_unique<ShortcutWindow>(ui_.engine(), shortcuts_, *platform_.hotKeys,
+                                                       *platform_.desktopShortcuts, notifications_, reason);
+    shortcutWindow_->present();
 }
 
 void Program::useShortcut(const QString& text)
@@ -223,8 +270,8 @@ void Program::closeModelDownload()
 std::unique_ptr<LauncherPanel> Program::makeLauncher(ProcessingMode defaultMode)
 {
     std::vector<LauncherModel::Mode> modes;
-    for (const ProcessingMode mode : pipeline_.modes())
-        modes.push_back({mode, rawValue(mode)});
+    for (const ProcessingMode mode : visibleModes(prompts_, languageModels_.providers(), defaultMode))
+        modes.push_back({mode, prompts_.displayName(mode)});
     auto launcher =
         std::make_unique<Launcher>(Launcher::Context{ui_.engine(), recorder_, shortcuts_, *platform_.workspace,
                                                      notifications_, clock_, modes, defaultMode, microphoneName()});

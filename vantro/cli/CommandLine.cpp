@@ -2,13 +2,20 @@
 
 #include "platform/KeyCode.h"
 #include "vantro/cli/ControlCommands.h"
+#include "vantro/cli/DevicesCommand.h"
 #include "vantro/cli/ExitCode.h"
 #include "vantro/cli/HistoryCommand.h"
 #include "vantro/cli/ModelsCommand.h"
+#include "vantro/cli/ModesCommand.h"
 #include "vantro/cli/NotesCommand.h"
+#include "vantro/cli/ProvidersCommand.h"
+#include "vantro/cli/ShortcutsCommand.h"
 #include "vantro/cli/Terminal.h"
 #include "vantro/cli/TranscribeCommand.h"
+#include "vantro/cli/VocabularyCommands.h"
 #include "vantro/models/ModelHost.h"
+
+#include <QHash>
 
 namespace vantro {
 
@@ -32,6 +39,13 @@ Options:
 Commands:
   transcribe FILE...  Write the text of recordings to standard output.
   models [ACTION]     List, download, select, verify or remove speech models.
+  devices [ACTION]    List microphones, choose one, or rank them.
+  shortcuts [ACTION]  Show, set, test and clear the shortcuts; press or hold to talk.
+  modes [ACTION]      Show and set what becomes of a dictation: prompts, names, language models.
+  replacements [ACTION]
+                      Show and edit what is written instead of what.
+  vocabulary [ACTION] Show and edit the words that the engine is told of.
+  providers [ACTION]  List, add, edit, remove or test language models that rewrite texts.
   history [ACTION]    List, search, show, delete or export what was dictated.
   notes [ACTION]      List, show, add or delete notes.
   toggle              Start a dictation, or end and transcribe the running one.
@@ -41,6 +55,20 @@ Commands:
 
 Exit status: 0 done, 1 failed, 2 wrong usage, 3 not found, 4 no service (sound,
 model, network, keys).)";
+
+using Command = int (*)(const QStringList& arguments);
+
+const QHash<QString, Command>& commands()
+{
+    static const QHash<QString, Command> commands{
+        {QStringLiteral("devices"), runDevices},       {QStringLiteral("history"), runHistory},
+        {QStringLiteral("notes"), runNotes},           {QStringLiteral("modes"), runModes},
+        {QStringLiteral("providers"), runProviders},   {QStringLiteral("replacements"), runReplacements},
+        {QStringLiteral("shortcuts"), runShortcuts},   {QStringLiteral("transcribe"), runTranscribe},
+        {QStringLiteral("vocabulary"), runVocabulary},
+    };
+    return commands;
+}
 
 bool isControlCommand(const QString& command)
 {
@@ -131,14 +159,10 @@ int CommandLine::run() const
         terminal::writeLine(QStringLiteral("vantro " VANTRO_VERSION));
         return ExitCode::done;
     }
-    if (command_ == QLatin1String("transcribe"))
-        return runTranscribe(arguments_);
     if (command_ == QLatin1String("models"))
         return runModels(arguments_, options_.modelHost);
-    if (command_ == QLatin1String("history"))
-        return runHistory(arguments_);
-    if (command_ == QLatin1String("notes"))
-        return runNotes(arguments_);
+    if (const Command command = commands().value(command_, nullptr))
+        return command(arguments_);
     if (isControlCommand(command_))
         return runControl(command_, arguments_);
     terminal::writeError(

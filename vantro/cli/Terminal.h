@@ -4,6 +4,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <optional>
 #include <vector>
 
 namespace vantro::terminal {
@@ -18,8 +19,6 @@ int outputWidth();
 
 /// One line on standard output.
 void writeLine(const QString& line);
-/// Rows of cells in columns; the first row is the head, the last column as wide as it comes.
-void writeTable(const std::vector<QStringList>& rows);
 /// Puts @p question and reads the answer; false for all that is no yes.
 bool ask(const QString& question);
 /// A text from elsewhere as one line that cannot steer a terminal: control characters and line breaks become blanks.
@@ -36,6 +35,14 @@ void writeMessage(const QString& line);
 QString bar(int filled, int cells);
 /// Replaces the current line of standard error when a person reads it; an empty text clears it. Otherwise nothing.
 void showProgress(const QString& text);
+
+/// Rows of equal length, the first being their titles: columns of equal width for a person; tabs between the fields and
+/// no titles for a program.
+void writeTable(const std::vector<QStringList>& rows);
+/// A line of standard input without its line break. On a terminal @p prompt is shown, on standard error, and what is
+/// typed is not; nothing when it is empty.
+std::optional<QString> readSecret(const QString& prompt);
+bool inputIsTerminal();
 
 /// Gives @p parser the option --help, without the ones for Qt's own options.
 void addHelpOption(QCommandLineParser& parser);
