@@ -26,19 +26,27 @@ public:
     void answer(const QString& text)
     {
         answer_->addResult(text);
-        answer_->finish();
-        QCoreApplication::processEvents();
+        finish();
     }
     void fail()
     {
         answer_->setException(std::make_exception_ptr(Error(QStringLiteral("no network"))));
-        answer_->finish();
-        QCoreApplication::processEvents();
+        finish();
     }
 
     QStringList asked;
 
 private:
+    /// Lets whoever awaits the answer go on.
+    void finish()
+    {
+        answer_->finish();
+        for (int i = 0; i < 10; ++i) {
+            QCoreApplication::sendPostedEvents();
+            QCoreApplication::processEvents();
+        }
+    }
+
     std::optional<QPromise<QString>> answer_;
 };
 
@@ -122,6 +130,7 @@ TEST_F(DailyNotesTest, TheSummaryIsMadeOfAllNotesOfTheDayInTheirOrder)
     clock.advance(1h);
     note(QStringLiteral("two"));
     store.persistentContainer().run(QStringLiteral("UPDATE Note SET created_at = NULL WHERE transcription = 'one'"));
+    clock.advance(1h);
 
     ::testing::internal::CaptureStdout();
     auto summary = store.summarizeToday(model);

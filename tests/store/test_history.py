@@ -4,6 +4,7 @@
 VANTRO_PROGRAM names the program, VANTRO_STORE_WRITER the one that fills a history.
 """
 
+import contextlib
 import csv
 import io
 import json
@@ -45,6 +46,12 @@ class HistoryCase(unittest.TestCase):
     def install(self):
         self.folder.mkdir(parents=True)
         shutil.copy(FIXTURE, self.file)
+
+    def edit(self, statement, *values):
+        """Changes the history the way any SQLite tool does."""
+        with contextlib.closing(sqlite3.connect(self.file)) as database:
+            database.execute(statement, values)
+            database.commit()
 
     def run_vantro(self, *words, prefix=(), stdin=None):
         return subprocess.run([*map(str, prefix), str(PROGRAM), *words], env=self.env, input=stdin, capture_output=True,
@@ -101,9 +108,8 @@ class ListTest(HistoryCase):
         lines = self.history("list", "--limit", "3").stdout.decode().splitlines()
         self.assertEqual(lines[2].split("\t"), ["22222222-2222-4222-8222-222222222222", "2023-11-14T23:14:20", "Email",
                                                 "Hi Anna, the report is late. Best,"])
-        with sqlite3.connect(self.file) as database:
-            database.execute("UPDATE Transcription SET transcription = 'red \x1b[31m alert\r\n' || transcription "
-                             "WHERE processingMode = 'Normal'")
+        self.edit("UPDATE Transcription SET transcription = 'red \x1b[31m alert\r\n' || transcription "
+                  "WHERE processingMode = 'Normal'")
         code, table = self.at_terminal("history")
         self.assertEqual(code, DONE)
         self.assertRegex(table, r"ID +TIME +MODE +TEXT")
@@ -123,8 +129,7 @@ class ShowAndDeleteTest(HistoryCase):
     def test_show_gives_the_text_exactly(self):
         text = "first\0 line\nsecond\ttab \U0001F600"
         self.install()
-        with sqlite3.connect(self.file) as database:
-            database.execute("UPDATE Transcription SET transcription = ? WHERE processingMode = 'Normal'", (text,))
+        self.edit("UPDATE Transcription SET transcription = ? WHERE processingMode = 'Normal'", text)
         self.assertEqual(self.history("show", CAFE).stdout.decode(), text + "\n")
         self.assertEqual(json.loads(self.history("show", CAFE, "--json").stdout)["transcription"], text)
         self.assertEqual(self.history("show", ANNA).stdout, b"Hi Anna, the report is late. Best, \n")
@@ -171,8 +176,7 @@ class ExportTest(HistoryCase):
     def test_quotes_and_line_breaks_survive_csv(self):
         self.install()
         text = 'she said "no",\nthen\r\nleft'
-        with sqlite3.connect(self.file) as database:
-            database.execute("UPDATE Transcription SET transcription = ? WHERE processingMode = 'Normal'", (text,))
+        self.edit("UPDATE Transcription SET transcription = ? WHERE processingMode = 'Normal'", text)
         rows = list(csv.reader(io.StringIO(self.history("export", "--format", "csv").stdout.decode(), newline="")))
         self.assertIn(text, [row[3] for row in rows])
 
@@ -229,8 +233,7 @@ class StoreTest(HistoryCase):
 
     def test_a_newer_history_is_left_to_the_newer_program(self):
         self.install()
-        with sqlite3.connect(self.file) as database:
-            database.execute("PRAGMA user_version = 7")
+        self.edit("PRAGMA user_version = 7")
         before = self.file.read_bytes()
         self.check_refused(self.run_vantro("history"), "newer version of vantro (schema 7")
         self.assertEqual(self.file.read_bytes(), before)

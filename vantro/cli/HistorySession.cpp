@@ -70,7 +70,8 @@ std::optional<QDateTime> momentFrom(const QString& text, const QDateTime& now)
     static const QRegularExpression daysAgo(QStringLiteral("^(\\d{1,5})d$"));
     if (const auto match = daysAgo.match(text); match.hasMatch())
         return now.addDays(-match.captured(1).toLongLong());
-    if (const QDate date = QDate::fromString(text, Qt::ISODate); date.isValid())
+    // Qt reads a date out of a longer text too.
+    if (const QDate date = QDate::fromString(text, Qt::ISODate); date.isValid() && !text.contains(QLatin1Char('T')))
         return date.startOfDay();
     const QDateTime moment = QDateTime::fromString(text, Qt::ISODate);
     return moment.isValid() ? std::optional(moment) : std::nullopt;

@@ -129,6 +129,14 @@ QVariant PersistentContainer::value(const QString& statement, const QVariantList
     return first;
 }
 
+QString PersistentContainer::freeKey(const QString& entity)
+{
+    return QStringLiteral("(SELECT CASE WHEN NOT EXISTS (SELECT 1 FROM %1 WHERE pk = ?1 * 1000) THEN ?1 * 1000 ELSE "
+                          "(SELECT e.pk + 1 FROM %1 e WHERE e.pk >= ?1 * 1000 AND NOT EXISTS "
+                          "(SELECT 1 FROM %1 WHERE pk = e.pk + 1) ORDER BY e.pk LIMIT 1) END)")
+        .arg(entity);
+}
+
 StoreQuery::StoreQuery(QSqlQuery query, QString path) : query_(std::move(query)), path_(std::move(path)) {}
 
 bool StoreQuery::next()
