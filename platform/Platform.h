@@ -4,8 +4,10 @@
 #include "platform/AudioHardware.h"
 #include "platform/HotKeyManager.h"
 #include "platform/KeyEventPoster.h"
+#include "platform/LanguageRecognizer.h"
 #include "platform/Pasteboard.h"
 #include "platform/Permissions.h"
+#include "platform/SecretStore.h"
 #include "platform/SystemSounds.h"
 #include "platform/Workspace.h"
 
@@ -22,8 +24,10 @@ struct Platform
     AudioEngineFactory makeAudioEngine;
     std::unique_ptr<HotKeyManager> hotKeys;
     std::unique_ptr<KeyEventPoster> keyEvents;
+    std::unique_ptr<LanguageRecognizer> languages;
     std::unique_ptr<Pasteboard> pasteboard;
     std::unique_ptr<Permissions> permissions;
+    std::unique_ptr<SecretStore> secrets;
     std::unique_ptr<SystemSounds> sounds;
     std::unique_ptr<Workspace> workspace;
 };

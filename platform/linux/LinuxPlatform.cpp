@@ -1,9 +1,11 @@
 #include "platform/linux/LinuxPlatform.h"
 
 #include "platform/linux/canberra/CanberraSounds.h"
+#include "platform/linux/cld2/Cld2LanguageRecognizer.h"
 #include "platform/linux/pulse/PulseAudioEngine.h"
 #include "platform/linux/pulse/PulseAudioHardware.h"
 #include "platform/linux/pulse/PulseConnection.h"
+#include "platform/linux/secretservice/SecretServiceStore.h"
 #include "platform/linux/x11/X11Connection.h"
 #include "platform/linux/x11/X11HotKeyManager.h"
 #include "platform/linux/x11/X11KeyEventPoster.h"
@@ -37,11 +39,18 @@ Platform makeLinuxPlatform()
     };
     platform.hotKeys = std::make_unique<X11HotKeyManager>(x11);
     platform.keyEvents = std::make_unique<X11KeyEventPoster>(x11);
+    platform.languages = std::make_unique<Cld2LanguageRecognizer>();
     platform.pasteboard = std::make_unique<X11Pasteboard>();
     platform.permissions = std::make_unique<X11Permissions>(x11, [&pulse] { return pulse.serverAnswers(); });
+    platform.secrets = makeLinuxSecretStore();
     platform.sounds = std::make_unique<CanberraSounds>();
     platform.workspace = std::make_unique<X11Workspace>(x11);
     return platform;
+}
+
+std::unique_ptr<SecretStore> makeLinuxSecretStore()
+{
+    return std::make_unique<SecretServiceStore>(QStringLiteral("com.vantro.app"));
 }
 
 } // namespace vantro

@@ -86,6 +86,12 @@ public:
         return QUuid::createUuid();
     }
     void updateFormatted(const QUuid&, const QString&) override {}
+    QCoro::Task<> addNote(QString transcription) override
+    {
+        rows << transcription;
+        co_return;
+    }
+    QCoro::Task<> summarizeToday(std::shared_ptr<FormatRequestServicing>) override { co_return; }
 
     bool full = false;
     QStringList rows;
@@ -143,6 +149,7 @@ protected:
         workspace.focus(editor);
         keyEvents.setTarget([this](auto) { delivered = pasteboard.fetch(clipboard, *workspace.frontWindow()); });
         shortcuts.setShortcut(KeyboardShortcuts::Name::openModal, shortcut);
+        history.loadPersistentStores();
         delegate.applicationDidFinishLaunching();
     }
 
@@ -205,6 +212,8 @@ protected:
                           }};
     SlowProvider provider;
     MemoryStore store;
+    CoreDataStack history{true, clock}; ///< what the repairs at the launch run on
+    MigrationManager migrations{defaults, history};
     SlowProvider neuralProvider;
     TranscriptionFacade facade{models, provider, neuralProvider};
     DictationPipeline pipeline{facade, handlers(store)};
@@ -228,6 +237,7 @@ protected:
          shortcuts,
          delivery,
          models,
+         migrations,
          []() -> QCoro::Task<> { co_return; },
          [this](const auto&) -> QCoro::Task<bool> { co_return isModelReady; },
          {[this](ProcessingMode) { return std::make_unique<PanelDouble>(recorder, workspace, openPanels); },

@@ -17,6 +17,8 @@ AppDelegate::~AppDelegate()
 
 void AppDelegate::applicationDidFinishLaunching()
 {
+    parts_.migrations.runTranscriptionTrimMigrationIfNeeded();
+    parts_.migrations.runEmptyTranscriptionDeleteMigrationIfNeeded();
     observeNotifications();
     const bool allGranted = parts_.permissions.microphoneAuthorized() && parts_.permissions.trustedForAccessibility() &&
                             parts_.shortcuts.shortcut(KeyboardShortcuts::Name::openModal);

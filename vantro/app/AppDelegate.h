@@ -13,6 +13,7 @@
 #include "vantro/app/PasteDelivery.h"
 #include "vantro/audio/AudioRecorder.h"
 #include "vantro/models/ModelSelection.h"
+#include "vantro/store/MigrationManager.h"
 
 #include <QObject>
 #include <qcoro/qcorotask.h>
@@ -53,6 +54,7 @@ public:
         KeyboardShortcuts& shortcuts;
         PasteDelivery& delivery;
         ModelSelection& models;
+        MigrationManager& migrations;
         /// Makes models that lie on this machine usable; before the selection is settled.
         std::function<QCoro::Task<>()> prepareModels;
         std::function<QCoro::Task<bool>(TranscriptionModel)> modelIsReady;
@@ -62,7 +64,7 @@ public:
     explicit AppDelegate(Parts parts);
     ~AppDelegate() override;
 
-    /// The launch handler: observes, attaches the shortcut and checks the model.
+    /// The launch handler: repairs the store, observes, attaches the shortcut and checks the model.
     void applicationDidFinishLaunching();
 
     /// The shortcut's action: opens the launcher and records, unless a dictation is under way.

@@ -3,16 +3,20 @@
 #include "platform/KeyCode.h"
 #include "platform/Wording.h"
 #include "platform/linux/LinuxPlatform.h"
+#include "vantro/ai/FormattingModeHandler.h"
 #include "vantro/ai/NormalModeHandler.h"
+#include "vantro/ai/NotesModeHandler.h"
 #include "vantro/app/AppDelegate.h"
 #include "vantro/app/ControlService.h"
 #include "vantro/app/DictationPipeline.h"
 #include "vantro/audio/AudioDeviceManager.h"
 #include "vantro/cli/ExitCode.h"
+#include "vantro/cli/Terminal.h"
 #include "vantro/fluid/FluidTranscriptionProvider.h"
 #include "vantro/models/ModelPreparation.h"
 #include "vantro/models/WhisperModelFiles.h"
-#include "vantro/store/HistoryFile.h"
+#include "vantro/store/CoreDataStack.h"
+#include "vantro/store/MigrationManager.h"
 #include "vantro/ui/alert/AlertWindow.h"
 #include "vantro/ui/download/ModelDownloadWindow.h"
 #include "vantro/ui/hud/PasteHUDWindow.h"
@@ -41,6 +45,7 @@ public:
 
     /// False when another instance runs already; it then knows @p arguments.
     [[nodiscard]] bool becomeTheRunningInstance(const QStringList& arguments);
+    /// Throws PersistentStoreError.
     void launch();
 
 private:
@@ -81,13 +86,15 @@ private:
     }};
     QString modelProblem_; ///< why a model that was there has to be fetched again
     std::unique_ptr<ModelDownloadWindow> downloadWindow_;
+    VocabularySettings vocabulary_{defaults_};
     WhisperInProcessEngine whisperEngine_;
-    WhisperTranscriptionProvider whisper_{whisperEngine_, modelStore_, defaults_};
+    WhisperTranscriptionProvider whisper_{whisperEngine_, modelStore_, defaults_, vocabulary_};
     FluidAsrEngine fluidEngine_{processorModuleFolders()};
-    FluidTranscriptionProvider fluid_{fluidEngine_, fluidFiles_, defaults_};
+    FluidTranscriptionProvider fluid_{fluidEngine_, fluidFiles_, defaults_, vocabulary_};
     TranscriptionFacade facade_{models_, whisper_, fluid_};
 
-    HistoryFile store_{HistoryFile::standardPath(), clock_};
+    CoreDataStack store_{clock_};
+    MigrationManager migrations_{defaults_, store_};
     DictationPipeline pipeline_{facade_, handlers(store_)};
     AudioDeviceManager devices_{*platform_.audioHardware, defaults_};
     AudioRecorder recorder_{
@@ -103,7 +110,7 @@ Program::Program(const ProgramOptions& options)
     , platform_(makeLinuxPlatform())
     , delivery_(*platform_.pasteboard, *platform_.keyEvents, *platform_.workspace, defaults_, clock_)
     , delegate_({defaults_, notifications_, clock_, *platform_.permissions, *platform_.sounds, recorder_, shortcuts_,
-                 delivery_, models_, [this] { return modelPreparation_.run(); },
+                 delivery_, models_, migrations_, [this] { return modelPreparation_.run(); },
                  [this](TranscriptionModel model) { return modelIsReady(std::move(model)); }, surfaces()})
     , control_(
           delegate_, recorder_, [this] { return statusDetails(); },
@@ -138,8 +145,10 @@ bool Program::becomeTheRunningInstance(const QStringList& arguments)
 
 void Program::launch()
 {
+    store_.loadPersistentStores();
     settleShortcut(options_.shortcut);
     delegate_.applicationDidFinishLaunching();
+    defaults_.watch();
 }
 
 bool Program::isReady(const TranscriptionModel& model)
@@ -282,7 +291,13 @@ int runProgram(const ProgramOptions& options)
         return ExitCode::done;
     }
     quitOnSignals();
-    program.launch();
+    try {
+        program.launch();
+    } catch (const PersistentStoreError& error) {
+        // Whatever would be dictated would be lost.
+        terminal::writeError(error.localizedDescription());
+        return ExitCode::failed;
+    }
     return QGuiApplication::exec();
 }
 
