@@ -2,11 +2,15 @@
 
 #include "platform/AudioEngine.h"
 #include "platform/AudioHardware.h"
+#include "platform/DesktopAppearance.h"
 #include "platform/HotKeyManager.h"
 #include "platform/KeyEventPoster.h"
+#include "platform/LoginItem.h"
 #include "platform/Pasteboard.h"
 #include "platform/Permissions.h"
+#include "platform/SystemInfo.h"
 #include "platform/SystemSounds.h"
+#include "platform/TrayHost.h"
 #include "platform/Workspace.h"
 
 #include <memory>
@@ -20,11 +24,15 @@ struct Platform
     std::shared_ptr<void> connections;
     std::unique_ptr<AudioHardware> audioHardware;
     AudioEngineFactory makeAudioEngine;
+    std::unique_ptr<DesktopAppearance> appearance;
     std::unique_ptr<HotKeyManager> hotKeys;
     std::unique_ptr<KeyEventPoster> keyEvents;
+    std::unique_ptr<LoginItem> loginItem;
     std::unique_ptr<Pasteboard> pasteboard;
     std::unique_ptr<Permissions> permissions;
+    std::unique_ptr<SystemInfo> systemInfo;
     std::unique_ptr<SystemSounds> sounds;
+    std::unique_ptr<TrayHost> tray;
     std::unique_ptr<Workspace> workspace;
 };
 

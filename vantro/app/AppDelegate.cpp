@@ -17,19 +17,36 @@ AppDelegate::~AppDelegate()
 
 void AppDelegate::applicationDidFinishLaunching()
 {
+    parts_.applyTheme();
+    if (parts_.defaults.boolean(QStringLiteral("checkForUpdatesOnLaunch"), false))
+        parts_.checkForUpdates();
+    for (const auto& repair : parts_.repairs)
+        repair();
     observeNotifications();
-    const bool allGranted = parts_.permissions.microphoneAuthorized() && parts_.permissions.trustedForAccessibility() &&
-                            parts_.shortcuts.shortcut(KeyboardShortcuts::Name::openModal);
-    if (allGranted) {
+    if (isReadyToDictate()) {
         printLine(QStringLiteral("All permissions granted"));
         printLine(QStringLiteral("setupInitialState"));
     } else {
         printLine(QStringLiteral("Missing permissions, showing onboarding"));
+        parts_.surfaces.showOnboarding();
     }
     // Attached in either case: a sound server or a shortcut that comes later works without a restart.
     openModalAction_ =
         parts_.shortcuts.onKeyUp(KeyboardShortcuts::Name::openModal, *this, [this] { showLauncherAndRecord(); });
     checkModel();
+    observeLauncher();
+}
+
+bool AppDelegate::isReadyToDictate() const
+{
+    return parts_.permissions.microphoneAuthorized() && parts_.permissions.trustedForAccessibility() &&
+           parts_.shortcuts.shortcut(KeyboardShortcuts::Name::openModal);
+}
+
+void AppDelegate::applicationWillTerminate()
+{
+    cancelDictation();
+    parts_.delivery.restoreNow();
 }
 
 void AppDelegate::observeNotifications()
@@ -42,8 +59,38 @@ void AppDelegate::observeNotifications()
     }));
     observations_.push_back(center.observe(QStringLiteral("recorder:finish"),
                                            [this](const auto& userInfo) { recordingFinished(userInfo); }));
+    observations_.push_back(center.observe(QStringLiteral("permissions:close"),
+                                           [this](const auto&) { parts_.surfaces.closeOnboarding(); }));
     connect(&parts_.audioRecorder, &AudioRecorder::captureLost, this, &AppDelegate::captureLost);
     connect(&parts_.shortcuts, &KeyboardShortcuts::shortcutFailed, this, &AppDelegate::shortcutFailed);
+}
+
+void AppDelegate::observeLauncher()
+{
+    observations_.push_back(
+        parts_.notifications.observe(QStringLiteral("launcher:closed"), [this](const auto&) { bringWindowsBack(); }));
+}
+
+void AppDelegate::putWindowsAside()
+{
+    SideWindow* const transcriptions = parts_.surfaces.transcriptionsWindow;
+    SideWindow* const settings = parts_.surfaces.settingsWindow;
+    transcriptionsWindowWasVisible_ = transcriptions != nullptr && transcriptions->isVisible();
+    settingsWindowWasVisible_ = settings != nullptr && settings->isVisible();
+    if (isSandboxMode_)
+        return;
+    if (transcriptionsWindowWasVisible_)
+        transcriptions->orderOut();
+    if (settingsWindowWasVisible_)
+        settings->orderOut();
+}
+
+void AppDelegate::bringWindowsBack()
+{
+    if (std::exchange(transcriptionsWindowWasVisible_, false))
+        parts_.surfaces.transcriptionsWindow->orderFront();
+    if (std::exchange(settingsWindowWasVisible_, false))
+        parts_.surfaces.settingsWindow->orderFront();
 }
 
 QCoro::Task<> AppDelegate::checkModel()
@@ -51,10 +98,13 @@ QCoro::Task<> AppDelegate::checkModel()
     co_await parts_.prepareModels();
     const TranscriptionModel model = parts_.models.selectedModel();
     printLine(QStringLiteral("Checking model: ") + model.name);
-    if (co_await parts_.modelIsReady(model))
+    if (co_await parts_.modelIsReady(model)) {
         modelBecameReady(model);
-    else
+        if (!isReadyToDictate())
+            parts_.surfaces.showOnboarding();
+    } else {
         downloadModel(model);
+    }
 }
 
 void AppDelegate::modelBecameReady(const TranscriptionModel& model)
@@ -89,6 +139,7 @@ void AppDelegate::showLauncherAndRecord()
     parts_.delivery.rememberTarget();
     if (window_ && !window_->isVisible())
         window_.reset();
+    putWindowsAside();
     if (!window_) {
         if (recorder.isRecording())
             recorder.cancelRecording();
@@ -156,7 +207,7 @@ QCoro::Task<> AppDelegate::handleFinish(QString finalText, ProcessingMode mode)
     }
     co_await deliver(text, frame);
     if (parts_.defaults.boolean(QStringLiteral("playSoundOnComplete"), false))
-        parts_.sounds.playCompleted();
+        parts_.sounds.play(QStringLiteral("Blow"));
 }
 
 QCoro::Task<> AppDelegate::deliver(QString text, std::optional<QRect> frame)

@@ -11,6 +11,7 @@
 #include "vantro/app/DictationTimings.h"
 #include "vantro/app/LauncherPanel.h"
 #include "vantro/app/PasteDelivery.h"
+#include "vantro/app/SideWindow.h"
 #include "vantro/audio/AudioRecorder.h"
 #include "vantro/models/ModelSelection.h"
 
@@ -34,6 +35,12 @@ struct Surfaces
     /// is announced as "download:model:success".
     std::function<void(const TranscriptionModel& model)> showModelDownload;
     std::function<void()> closeModelDownload;
+    /// Leads through what is missing; its end is announced as "permissions:close".
+    std::function<void()> showOnboarding;
+    std::function<void()> closeOnboarding;
+    /// Null where there is none.
+    SideWindow* settingsWindow = nullptr;
+    SideWindow* transcriptionsWindow = nullptr;
 };
 
 /// Brings one dictation from the shortcut to the delivered text: opens the launcher, starts the recorder, and delivers
@@ -53,6 +60,11 @@ public:
         KeyboardShortcuts& shortcuts;
         PasteDelivery& delivery;
         ModelSelection& models;
+        std::function<void()> applyTheme;
+        /// Runs in the background; called when the user wants a check at every launch.
+        std::function<void()> checkForUpdates;
+        /// One-time repairs of the settings, then of the store, in this order.
+        std::vector<std::function<void()>> repairs;
         /// Makes models that lie on this machine usable; before the selection is settled.
         std::function<QCoro::Task<>()> prepareModels;
         std::function<QCoro::Task<bool>(TranscriptionModel)> modelIsReady;
@@ -62,8 +74,15 @@ public:
     explicit AppDelegate(Parts parts);
     ~AppDelegate() override;
 
-    /// The launch handler: observes, attaches the shortcut and checks the model.
+    /// The launch handler: theme, update check, repairs, observers, onboarding when something is missing, model.
     void applicationDidFinishLaunching();
+    /// Before the process ends, or the session may: what is being recorded is thrown away, and the clipboard gets back
+    /// what it held.
+    void applicationWillTerminate();
+
+    /// The launcher's practice run: own windows stay where they are.
+    void setSandboxMode(bool sandbox) { isSandboxMode_ = sandbox; }
+    [[nodiscard]] bool isReadyToDictate() const;
 
     /// The shortcut's action: opens the launcher and records, unless a dictation is under way.
     void showLauncherAndRecord();
@@ -75,6 +94,9 @@ public:
 
 private:
     void observeNotifications();
+    void observeLauncher();
+    void putWindowsAside();
+    void bringWindowsBack();
     QCoro::Task<> checkModel();
     void downloadModel(const TranscriptionModel& model);
     void modelBecameReady(const TranscriptionModel& model);
@@ -96,6 +118,9 @@ private:
     DictationTimings timings_;
     bool hasErrorOccurred_ = false;
     bool isModelMissing_ = false;
+    bool isSandboxMode_ = false;
+    bool transcriptionsWindowWasVisible_ = false;
+    bool settingsWindowWasVisible_ = false;
 };
 
 } // namespace vantro

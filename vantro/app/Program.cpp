@@ -1,23 +1,21 @@
 #include "vantro/app/Program.h"
 
+#include "base/ThreadWaker.h"
 #include "platform/KeyCode.h"
-#include "platform/Wording.h"
 #include "platform/linux/LinuxPlatform.h"
 #include "vantro/ai/NormalModeHandler.h"
 #include "vantro/app/AppDelegate.h"
 #include "vantro/app/ControlService.h"
 #include "vantro/app/DictationPipeline.h"
+#include "vantro/app/RunMarker.h"
+#include "vantro/app/Windows.h"
 #include "vantro/audio/AudioDeviceManager.h"
 #include "vantro/cli/ExitCode.h"
 #include "vantro/fluid/FluidTranscriptionProvider.h"
 #include "vantro/models/ModelPreparation.h"
 #include "vantro/models/WhisperModelFiles.h"
 #include "vantro/store/HistoryFile.h"
-#include "vantro/ui/alert/AlertWindow.h"
-#include "vantro/ui/download/ModelDownloadWindow.h"
-#include "vantro/ui/hud/PasteHUDWindow.h"
 #include "vantro/ui/launcher/Launcher.h"
-#include "vantro/ui/style/UiEngine.h"
 #include "vantro/whisper/WhisperTranscriptionProvider.h"
 
 #include <QDBusConnection>
@@ -25,7 +23,9 @@
 #include <QDBusMessage>
 #include <QGuiApplication>
 #include <QTimer>
+#include <QUrl>
 
+#include <array>
 #include <csignal>
 #include <ranges>
 
@@ -33,11 +33,25 @@ namespace vantro {
 
 namespace {
 
+constexpr std::array endSignals{SIGINT, SIGTERM, SIGHUP};
+ThreadWaker* endSignalWaker = nullptr;
+
+/// Ends the event loop when the session or a user ends the process, so that destructors release what is held.
+void quitOnSignals(ThreadWaker& waker)
+{
+    endSignalWaker = &waker;
+    for (const int signal : endSignals)
+        std::signal(signal, [](int) { endSignalWaker->wake(); });
+}
+
 /// Everything the desktop program consists of, in the order in which it is built; torn down in reverse.
 class Program
 {
 public:
     explicit Program(const ProgramOptions& options);
+    ~Program();
+    Program(const Program&) = delete;
+    Program& operator=(const Program&) = delete;
 
     /// False when another instance runs already; it then knows @p arguments.
     [[nodiscard]] bool becomeTheRunningInstance(const QStringList& arguments);
@@ -45,15 +59,17 @@ public:
 
 private:
     [[nodiscard]] bool isReady(const TranscriptionModel& model);
-    void settleShortcut(const QString& wanted);
+    [[nodiscard]] bool isPresent(const TranscriptionModel& model) const;
     void useShortcut(const QString& text);
     void handOver(const QStringList& arguments);
     [[nodiscard]] Surfaces surfaces();
     [[nodiscard]] std::unique_ptr<LauncherPanel> makeLauncher(ProcessingMode defaultMode);
-    void showAlert(const QString& title, const QString& text);
+    void showAlert(AlertWindow::Kind kind, const QString& title, const QString& text);
     [[nodiscard]] QCoro::Task<bool> modelIsReady(TranscriptionModel model);
-    void showModelDownload(const TranscriptionModel& model);
-    void closeModelDownload();
+    void connectShell();
+    [[nodiscard]] std::vector<std::function<void()>> repairs();
+    void followRecorder();
+    void tellOfCrash();
     [[nodiscard]] QString microphoneName() const;
     [[nodiscard]] QString shortcutName() const;
     [[nodiscard]] QJsonObject statusDetails();
@@ -64,8 +80,6 @@ private:
     UserDefaults defaults_{UserDefaults::standardPath()};
     NotificationCenter notifications_;
     Platform platform_;
-    UiEngine ui_{defaults_};
-    PasteHUDWindow hud_{ui_.engine(), *platform_.workspace, clock_};
 
     ModelCatalogue catalogue_{ModelHost::address(defaults_, options_.modelHost)};
     ModelStore modelStore_ = ModelStore::standard();
@@ -80,7 +94,6 @@ private:
         return model.engine == TranscriptionEngine::whisper ? &whisperFiles_ : nullptr;
     }};
     QString modelProblem_; ///< why a model that was there has to be fetched again
-    std::unique_ptr<ModelDownloadWindow> downloadWindow_;
     WhisperInProcessEngine whisperEngine_;
     WhisperTranscriptionProvider whisper_{whisperEngine_, modelStore_, defaults_};
     FluidAsrEngine fluidEngine_{processorModuleFolders()};
@@ -94,6 +107,16 @@ private:
         platform_.makeAudioEngine, devices_, *platform_.permissions, notifications_, clock_, pipeline_};
     KeyboardShortcuts shortcuts_{*platform_.hotKeys, defaults_, notifications_};
     PasteDelivery delivery_;
+    Windows windows_{{defaults_, notifications_, clock_, platform_, catalogue_, modelStore_, models_, modelDownloader_,
+                      devices_, shortcuts_, [this](const auto& model) { return isPresent(model); },
+                      [this](bool sandbox) {
+                          delegate_.setSandboxMode(sandbox);
+                      }}};
+    std::optional<RunMarker> marker_;
+    ThreadWaker endSignal_{[] {
+        QCoreApplication::quit();
+    }};
+    NotificationCenter::Observation shortcutObservation_;
     AppDelegate delegate_;
     ControlService control_;
 };
@@ -103,12 +126,53 @@ Program::Program(const ProgramOptions& options)
     , platform_(makeLinuxPlatform())
     , delivery_(*platform_.pasteboard, *platform_.keyEvents, *platform_.workspace, defaults_, clock_)
     , delegate_({defaults_, notifications_, clock_, *platform_.permissions, *platform_.sounds, recorder_, shortcuts_,
-                 delivery_, models_, [this] { return modelPreparation_.run(); },
+                 delivery_, models_, [this] { windows_.applyTheme(); },
+                 [this] { windows_.updates().check(UpdateChecker::Asker::launch); }, repairs(),
+                 [this] { return modelPreparation_.run(); },
                  [this](TranscriptionModel model) { return modelIsReady(std::move(model)); }, surfaces()})
     , control_(
           delegate_, recorder_, [this] { return statusDetails(); },
           [this](const QStringList& arguments) { handOver(arguments); })
 {
+    connectShell();
+}
+
+Program::~Program()
+{
+    for (const int signal : endSignals)
+        std::signal(signal, SIG_DFL);
+}
+
+void Program::connectShell()
+{
+    const auto show = [this] {
+        delegate_.showLauncherAndRecord();
+    };
+    QObject::connect(&windows_.tray(), &TrayIcon::dictateRequested, &delegate_, show);
+    QObject::connect(&windows_, &Windows::historyRequested, &delegate_, [this] {
+        platform_.workspace->openUrl(QUrl::fromLocalFile(HistoryFile::standardPath()).toString());
+    });
+    QObject::connect(&windows_, &Windows::quitRequested, qApp, &QCoreApplication::quit);
+    QObject::connect(&recorder_, &AudioRecorder::isRecordingChanged, &windows_, [this] { followRecorder(); });
+    QObject::connect(&recorder_, &AudioRecorder::isBusyChanged, &windows_, [this] { followRecorder(); });
+    shortcutObservation_ = notifications_.observe(KeyboardShortcuts::shortcutByNameDidChange,
+                                                  [this](const auto&) { windows_.tray().setShortcut(shortcutName()); });
+    // The session may still go on after it has asked; what is being said then is lost all the same.
+    QObject::connect(qGuiApp, &QGuiApplication::commitDataRequest, &delegate_, &AppDelegate::applicationWillTerminate);
+    QObject::connect(qApp, &QCoreApplication::aboutToQuit, &delegate_, &AppDelegate::applicationWillTerminate);
+}
+
+void Program::followRecorder()
+{
+    windows_.tray().setState(recorder_.isRecording() ? TrayIcon::State::recording
+                             : recorder_.isBusy()    ? TrayIcon::State::processing
+                                                     : TrayIcon::State::idle);
+}
+
+/// In this order: the settings' keys, then the store's rows.
+std::vector<std::function<void()>> Program::repairs()
+{
+    return {};
 }
 
 DictationPipeline::Handlers Program::handlers(TranscriptionStoring& store)
@@ -138,24 +202,37 @@ bool Program::becomeTheRunningInstance(const QStringList& arguments)
 
 void Program::launch()
 {
-    settleShortcut(options_.shortcut);
+    quitOnSignals(endSignal_);
+    marker_.emplace(RunMarker::standardPath());
+    if (!options_.shortcut.isEmpty())
+        useShortcut(options_.shortcut);
+    windows_.tray().setShortcut(shortcutName());
     delegate_.applicationDidFinishLaunching();
+    if (marker_->foundCrash())
+        tellOfCrash();
+}
+
+void Program::tellOfCrash()
+{
+    windows_.showAlert(AlertWindow::Kind::warning, QGuiApplication::tr("vantro ended unexpectedly"),
+                       QGuiApplication::tr("It has been started again and works. What was dictated before is in the "
+                                           "history; a dictation that was under way is lost."),
+                       {QGuiApplication::tr("OK"), QGuiApplication::tr("Report an Error")},
+                       [this](std::optional<int> button) {
+                           if (button == 1)
+                               windows_.reportError();
+                       });
+}
+
+bool Program::isPresent(const TranscriptionModel& model) const
+{
+    return model.engine == TranscriptionEngine::fluid ? !fluidFiles_.find(model).isEmpty()
+                                                      : !modelStore_.status(model).file.isEmpty();
 }
 
 bool Program::isReady(const TranscriptionModel& model)
 {
     return model.engine == TranscriptionEngine::fluid ? !fluidFiles_.find(model).isEmpty() : modelStore_.isReady(model);
-}
-
-void Program::settleShortcut(const QString& wanted)
-{
-    const auto name = KeyboardShortcuts::Name::openModal;
-    if (!wanted.isEmpty()) {
-        useShortcut(wanted);
-    } else if (!shortcuts_.shortcut(name)) {
-        if (const auto proposed = shortcuts_.proposeShortcut(name))
-            printLine(QStringLiteral("Press %1 to dictate").arg(proposed->displayText()));
-    }
 }
 
 void Program::useShortcut(const QString& text)
@@ -169,24 +246,28 @@ void Program::useShortcut(const QString& text)
 
 void Program::handOver(const QStringList& arguments)
 {
-    if (!arguments.isEmpty())
-        useShortcut(arguments.first());
+    if (arguments.isEmpty()) {
+        windows_.showMain();
+        return;
+    }
+    useShortcut(arguments.first());
     // A shortcut that does not work has its own alert.
     if (shortcuts_.failure(KeyboardShortcuts::Name::openModal))
         return;
-    showAlert(QGuiApplication::tr("vantro is running"),
+    showAlert(AlertWindow::Kind::informational, QGuiApplication::tr("vantro is running"),
               QGuiApplication::tr("Press %1 to dictate into the window you are working in.").arg(shortcutName()));
 }
 
 Surfaces Program::surfaces()
 {
     return {[this](ProcessingMode mode) { return makeLauncher(mode); },
-            [this](std::optional<QRect> anchor) { hud_.showHUD(anchor); },
-            [this](const QString& title, const QString& text) { showAlert(title, text); },
-            [this](const TranscriptionModel& model) { showModelDownload(model); },
-            [this] {
-                closeModelDownload();
-            }};
+            [this](std::optional<QRect> anchor) { windows_.showPasteHUD(anchor); },
+            [this](const QString& title, const QString& text) { showAlert(AlertWindow::Kind::warning, title, text); },
+            [this](const TranscriptionModel& model) { windows_.showModelDownload(model, modelProblem_); },
+            [this] { windows_.closeModelDownload(); },
+            [this] { windows_.showOnboarding(); },
+            [this] { windows_.closeOnboarding(); },
+            &windows_.settingsWindow()};
 }
 
 QCoro::Task<bool> Program::modelIsReady(TranscriptionModel model)
@@ -199,40 +280,22 @@ QCoro::Task<bool> Program::modelIsReady(TranscriptionModel model)
     co_return check.isReady;
 }
 
-void Program::showModelDownload(const TranscriptionModel& model)
-{
-    if (!downloadWindow_)
-        downloadWindow_ = std::make_unique<ModelDownloadWindow>(ui_.engine(), modelDownloader_, notifications_);
-    downloadWindow_->present(model, modelProblem_);
-}
-
-void Program::closeModelDownload()
-{
-    if (!downloadWindow_)
-        return;
-    // It is what announced the end.
-    downloadWindow_->close();
-    downloadWindow_.release()->deleteLater();
-}
-
 std::unique_ptr<LauncherPanel> Program::makeLauncher(ProcessingMode defaultMode)
 {
     std::vector<LauncherModel::Mode> modes;
     for (const ProcessingMode mode : pipeline_.modes())
         modes.push_back({mode, rawValue(mode)});
     auto launcher =
-        std::make_unique<Launcher>(Launcher::Context{ui_.engine(), recorder_, shortcuts_, *platform_.workspace,
+        std::make_unique<Launcher>(Launcher::Context{windows_.engine(), recorder_, shortcuts_, *platform_.workspace,
                                                      notifications_, clock_, modes, defaultMode, microphoneName()});
     QObject::connect(&pipeline_, &DictationPipeline::transcriptionProgress, &launcher->model(),
                      &LauncherModel::setProgress);
     return launcher;
 }
 
-void Program::showAlert(const QString& title, const QString& text)
+void Program::showAlert(AlertWindow::Kind kind, const QString& title, const QString& text)
 {
-    Logger("Alert").info(QStringLiteral("%1: %2").arg(title, text.simplified()));
-    // Deletes itself when it is closed.
-    (new AlertWindow(ui_.engine(), title, text))->present();
+    windows_.showAlert(kind, title, text, {QGuiApplication::tr("OK")});
 }
 
 QString Program::microphoneName() const
@@ -264,13 +327,6 @@ QJsonObject Program::statusDetails()
     return details;
 }
 
-/// Ends the event loop when the session or a user ends the process, so that destructors release what is held.
-void quitOnSignals()
-{
-    for (const int signal : {SIGINT, SIGTERM, SIGHUP})
-        std::signal(signal, [](int) { QCoreApplication::quit(); });
-}
-
 } // namespace
 
 int runProgram(const ProgramOptions& options)
@@ -281,7 +337,6 @@ int runProgram(const ProgramOptions& options)
         printLine(QStringLiteral("vantro is running already"));
         return ExitCode::done;
     }
-    quitOnSignals();
     program.launch();
     return QGuiApplication::exec();
 }

@@ -3,6 +3,7 @@
 #include "platform/KeyCode.h"
 #include "vantro/cli/ControlCommands.h"
 #include "vantro/cli/ExitCode.h"
+#include "vantro/cli/LogsCommand.h"
 #include "vantro/cli/ModelsCommand.h"
 #include "vantro/cli/Terminal.h"
 #include "vantro/cli/TranscribeCommand.h"
@@ -34,6 +35,7 @@ Commands:
   start, stop         Open the launcher and record; end the recording.
   cancel              Discard the dictation.
   status              Tell what the running program is doing.
+  logs                Show what the program has logged.
 
 Exit status: 0 done, 1 failed, 2 wrong usage, 3 not found, 4 no service (sound,
 model, network, keys).)";
@@ -131,6 +133,8 @@ int CommandLine::run() const
         return runTranscribe(arguments_);
     if (command_ == QLatin1String("models"))
         return runModels(arguments_, options_.modelHost);
+    if (command_ == QLatin1String("logs"))
+        return runLogs(arguments_);
     if (isControlCommand(command_))
         return runControl(command_, arguments_);
     terminal::writeError(

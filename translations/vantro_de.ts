@@ -1,0 +1,880 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de" sourcelanguage="en">
+<context>
+    <name>AboutPage</name>
+    <message>
+        <source>About vantro</source>
+        <translation>Über vantro</translation>
+    </message>
+    <message>
+        <source>vantro %1</source>
+        <translation>vantro %1</translation>
+    </message>
+    <message>
+        <source>Speech is recognised on your own computer. Nothing leaves it unless you set up a service that rewrites your text.</source>
+        <translation>Die Sprache wird auf deinem eigenen Rechner erkannt. Nichts verlässt ihn, es sei denn, du richtest einen Dienst ein, der deinen Text umschreibt.</translation>
+    </message>
+    <message>
+        <source>Write to the makers</source>
+        <translation>An die Macher schreiben</translation>
+    </message>
+    <message>
+        <source>Both open a mail in your mail program. Nothing is sent before you send it.</source>
+        <translation>Beides öffnet eine E-Mail in deinem Mailprogramm. Nichts wird gesendet, bevor du es sendest.</translation>
+    </message>
+    <message>
+        <source>Report an Error</source>
+        <translation>Fehler melden</translation>
+    </message>
+    <message>
+        <source>Send Feedback</source>
+        <translation>Rückmeldung senden</translation>
+    </message>
+    <message>
+        <source>Licences</source>
+        <translation>Lizenzen</translation>
+    </message>
+    <message>
+        <source>vantro is free software under the MIT licence. It stands on Qt (LGPL 3), whisper.cpp and ggml (MIT), QCoro (MIT), libpulse, libsoxr, libsndfile and libcanberra (LGPL 2.1), OpenSSL (Apache 2.0) and X11 (MIT).</source>
+        <translation>vantro ist freie Software unter der MIT-Lizenz. Es steht auf Qt (LGPL 3), whisper.cpp und ggml (MIT), QCoro (MIT), libpulse, libsoxr, libsndfile und libcanberra (LGPL 2.1), OpenSSL (Apache 2.0) und X11 (MIT).</translation>
+    </message>
+    <message>
+        <source>This computer</source>
+        <translation>Dieser Rechner</translation>
+    </message>
+    <message>
+        <source>Quit vantro</source>
+        <translation>vantro beenden</translation>
+    </message>
+</context>
+<context>
+    <name>AppDelegate</name>
+    <message>
+        <source>Shortcut Not Available</source>
+        <translation>Tastenkürzel nicht verfügbar</translation>
+    </message>
+    <message>
+        <source>Transcription Error</source>
+        <translation>Fehler bei der Transkription</translation>
+    </message>
+</context>
+<context>
+    <name>AudioInputMode</name>
+    <message>
+        <source>Use system&apos;s default input device</source>
+        <translation>Standardmikrofon des Systems verwenden</translation>
+    </message>
+    <message>
+        <source>Select a specific input device</source>
+        <translation>Ein bestimmtes Mikrofon wählen</translation>
+    </message>
+    <message>
+        <source>Set up device priority order</source>
+        <translation>Rangfolge der Mikrofone festlegen</translation>
+    </message>
+</context>
+<context>
+    <name>AudioRecorder</name>
+    <message>
+        <source>No usable audio input format was found.</source>
+        <translation>Es wurde kein brauchbares Aufnahmeformat gefunden.</translation>
+    </message>
+    <message>
+        <source>Could not start the microphone: %1</source>
+        <translation>Das Mikrofon konnte nicht gestartet werden: %1</translation>
+    </message>
+    <message>
+        <source>The microphone was lost during the recording; what was said after that is missing. %1</source>
+        <translation>Das Mikrofon ging während der Aufnahme verloren; was danach gesagt wurde, fehlt. %1</translation>
+    </message>
+</context>
+<context>
+    <name>ControlService</name>
+    <message>
+        <source>a dictation is under way</source>
+        <translation>es läuft gerade ein Diktat</translation>
+    </message>
+    <message>
+        <source>the recording could not start; the program&apos;s window tells why</source>
+        <translation>die Aufnahme konnte nicht beginnen; das Fenster des Programms sagt, warum</translation>
+    </message>
+    <message>
+        <source>nothing is being recorded</source>
+        <translation>es wird nichts aufgenommen</translation>
+    </message>
+</context>
+<context>
+    <name>Fetch</name>
+    <message>
+        <source>it ended after %1 of %2</source>
+        <translation>sie endete nach %1 von %2</translation>
+    </message>
+    <message>
+        <source>nothing has come for %1 s</source>
+        <translation>seit %1 s kam nichts mehr</translation>
+    </message>
+</context>
+<context>
+    <name>FileTransfer</name>
+    <message>
+        <source>Checking the file</source>
+        <translation>Die Datei wird geprüft</translation>
+    </message>
+    <message>
+        <source>Waiting for another vantro that downloads the same file</source>
+        <translation>Warten auf ein anderes vantro, das dieselbe Datei lädt</translation>
+    </message>
+    <message>
+        <source>the file changes all the time</source>
+        <translation>die Datei ändert sich ständig</translation>
+    </message>
+    <message>
+        <source>The connection was lost, trying again</source>
+        <translation>Die Verbindung ging verloren, neuer Versuch</translation>
+    </message>
+</context>
+<context>
+    <name>GeneralPage</name>
+    <message>
+        <source>General</source>
+        <translation>Allgemein</translation>
+    </message>
+    <message>
+        <source>Finished text</source>
+        <translation>Fertiger Text</translation>
+    </message>
+    <message>
+        <source>Paste into the window I was working in</source>
+        <translation>In das Fenster einfügen, in dem ich gearbeitet habe</translation>
+    </message>
+    <message>
+        <source>Off: the text waits on the clipboard.</source>
+        <translation>Aus: Der Text wartet in der Zwischenablage.</translation>
+    </message>
+    <message>
+        <source>Keep the text on the clipboard after pasting</source>
+        <translation>Den Text nach dem Einfügen in der Zwischenablage lassen</translation>
+    </message>
+    <message>
+        <source>Off: the clipboard gets back what it held before.</source>
+        <translation>Aus: Die Zwischenablage bekommt ihren früheren Inhalt zurück.</translation>
+    </message>
+    <message>
+        <source>Play a sound when the text is there</source>
+        <translation>Einen Ton spielen, wenn der Text da ist</translation>
+    </message>
+    <message>
+        <source>Speech</source>
+        <translation>Sprache</translation>
+    </message>
+    <message>
+        <source>Language you speak</source>
+        <translation>Sprache, in der du sprichst</translation>
+    </message>
+    <message>
+        <source>Models for English only always hear English.</source>
+        <translation>Rein englische Modelle hören immer Englisch.</translation>
+    </message>
+    <message>
+        <source>Keep the speech model in memory</source>
+        <translation>Das Sprachmodell im Speicher behalten</translation>
+    </message>
+    <message>
+        <source>Starts sooner after the stop, and takes the memory of the model all the time.</source>
+        <translation>Beginnt nach dem Stopp früher und belegt den Speicher des Modells die ganze Zeit.</translation>
+    </message>
+    <message>
+        <source>Appearance</source>
+        <translation>Aussehen</translation>
+    </message>
+    <message>
+        <source>Colours</source>
+        <translation>Farben</translation>
+    </message>
+    <message>
+        <source>Like the desktop</source>
+        <translation>Wie der Desktop</translation>
+    </message>
+    <message>
+        <source>Light</source>
+        <translation>Hell</translation>
+    </message>
+    <message>
+        <source>Dark</source>
+        <translation>Dunkel</translation>
+    </message>
+    <message>
+        <source>Movement</source>
+        <translation>Bewegung</translation>
+    </message>
+    <message>
+        <source>On</source>
+        <translation>An</translation>
+    </message>
+    <message>
+        <source>Off</source>
+        <translation>Aus</translation>
+    </message>
+    <message>
+        <source>Program</source>
+        <translation>Programm</translation>
+    </message>
+    <message>
+        <source>Start when I log in</source>
+        <translation>Beim Anmelden starten</translation>
+    </message>
+    <message>
+        <source>Look for updates at every start</source>
+        <translation>Bei jedem Start nach Updates suchen</translation>
+    </message>
+    <message>
+        <source>Asks the maker&apos;s server for the number of the newest version. Nothing is sent.</source>
+        <translation>Fragt den Server der Macher nach der Nummer der neuesten Version. Es wird nichts gesendet.</translation>
+    </message>
+    <message>
+        <source>Checking...</source>
+        <translation>Suche läuft...</translation>
+    </message>
+    <message>
+        <source>Check now</source>
+        <translation>Jetzt suchen</translation>
+    </message>
+</context>
+<context>
+    <name>KeyboardShortcuts</name>
+    <message>
+        <source>The stored shortcut is damaged. Record it anew.</source>
+        <translation>Das gespeicherte Tastenkürzel ist beschädigt. Bitte neu aufnehmen.</translation>
+    </message>
+</context>
+<context>
+    <name>Launcher</name>
+    <message>
+        <source>vantro, transcribing</source>
+        <translation>vantro schreibt mit</translation>
+    </message>
+    <message>
+        <source>vantro, recording</source>
+        <translation>vantro nimmt auf</translation>
+    </message>
+    <message>
+        <source>Time %1</source>
+        <translation>Zeit %1</translation>
+    </message>
+    <message>
+        <source>&lt;Space&gt; Start transcription</source>
+        <translation>&lt;Leertaste&gt; Transkription starten</translation>
+    </message>
+    <message>
+        <source>Esc Cancel</source>
+        <translation>Esc Abbrechen</translation>
+    </message>
+</context>
+<context>
+    <name>LauncherModel</name>
+    <message>
+        <source>Transcribing...</source>
+        <translation>Wird transkribiert...</translation>
+    </message>
+    <message>
+        <source>No sound from %1</source>
+        <translation>Kein Ton von %1</translation>
+    </message>
+</context>
+<context>
+    <name>ModelDownload</name>
+    <message>
+        <source>Downloading the speech model</source>
+        <translation>Das Sprachmodell wird geladen</translation>
+    </message>
+    <message>
+        <source>Size %1</source>
+        <translation>Größe %1</translation>
+    </message>
+    <message>
+        <source>Download of %1</source>
+        <translation>Download von %1</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Try again</source>
+        <translation>Erneut versuchen</translation>
+    </message>
+</context>
+<context>
+    <name>ModelDownloadError</name>
+    <message>
+        <source>%1 cannot be reached (%2). Check the network connection, the proxy and the model host&apos;s address.</source>
+        <translation>%1 ist nicht erreichbar (%2). Prüfe die Netzwerkverbindung, den Proxy und die Adresse des Modellservers.</translation>
+    </message>
+    <message>
+        <source>%1 has no readable file %2. Check the model host&apos;s address.</source>
+        <translation>%1 hat keine lesbare Datei %2. Prüfe die Adresse des Modellservers.</translation>
+    </message>
+    <message>
+        <source>%1 has no file %2 (error %3). Check the model host&apos;s address.</source>
+        <translation>%1 hat keine Datei %2 (Fehler %3). Prüfe die Adresse des Modellservers.</translation>
+    </message>
+    <message>
+        <source>%1 does not hand out %2 (error %3). Check the model host&apos;s address and whether it asks for a login.</source>
+        <translation>%1 gibt %2 nicht heraus (Fehler %3). Prüfe die Adresse des Modellservers und ob er eine Anmeldung verlangt.</translation>
+    </message>
+    <message>
+        <source>%1 cannot deliver %2 at the moment (error %3). Try again later.</source>
+        <translation>%1 kann %2 im Moment nicht liefern (Fehler %3). Versuche es später noch einmal.</translation>
+    </message>
+    <message>
+        <source>The connection to %1 was lost (%2). What was fetched is kept: try again to continue there.</source>
+        <translation>Die Verbindung zu %1 ging verloren (%2). Was geladen wurde, bleibt: Versuche es erneut, um dort weiterzumachen.</translation>
+    </message>
+    <message>
+        <source>%1 sends the download on to a place where it cannot end (%2). Check the model host&apos;s address.</source>
+        <translation>%1 leitet den Download an eine Stelle, an der er nicht enden kann (%2). Prüfe die Adresse des Modellservers.</translation>
+    </message>
+    <message>
+        <source>The encrypted connection to %1 cannot be trusted (%2). Check this computer&apos;s clock, or install the certificate of your company&apos;s model host.</source>
+        <translation>Der verschlüsselten Verbindung zu %1 ist nicht zu trauen (%2). Prüfe die Uhr dieses Rechners oder installiere das Zertifikat des Modellservers deiner Firma.</translation>
+    </message>
+    <message>
+        <source>There is not enough space in %1: %2 more are needed, %3 are free. Make room, or choose a smaller model.</source>
+        <translation>In %1 ist nicht genug Platz: %2 fehlen noch, %3 sind frei. Schaffe Platz oder wähle ein kleineres Modell.</translation>
+    </message>
+    <message>
+        <source>The disk of %1 is full. What was fetched is kept: make room, then try again to continue there.</source>
+        <translation>Der Datenträger von %1 ist voll. Was geladen wurde, bleibt: Schaffe Platz und versuche es dann erneut.</translation>
+    </message>
+    <message>
+        <source>The folder %1 cannot be written to (%2). Change its permissions.</source>
+        <translation>In den Ordner %1 kann nicht geschrieben werden (%2). Ändere seine Rechte.</translation>
+    </message>
+    <message>
+        <source>%1 could not be written (%2). Check the disk.</source>
+        <translation>%1 konnte nicht geschrieben werden (%2). Prüfe den Datenträger.</translation>
+    </message>
+    <message>
+        <source>The download was stopped. What was fetched is kept.</source>
+        <translation>Der Download wurde angehalten. Was geladen wurde, bleibt.</translation>
+    </message>
+</context>
+<context>
+    <name>ModelDownloadModel</name>
+    <message>
+        <source>Connecting</source>
+        <translation>Verbindung wird aufgebaut</translation>
+    </message>
+    <message>
+        <source>%1 %</source>
+        <translation>%1 %</translation>
+    </message>
+</context>
+<context>
+    <name>ModelDownloadWindow</name>
+    <message>
+        <source>Speech model</source>
+        <translation>Sprachmodell</translation>
+    </message>
+</context>
+<context>
+    <name>ModelDownloader</name>
+    <message>
+        <source>This installation has no engine for the model &quot;%1&quot;. Choose another model.</source>
+        <translation>Diese Installation kann das Modell „%1“ nicht ausführen. Wähle ein anderes.</translation>
+    </message>
+</context>
+<context>
+    <name>ModelListModel</name>
+    <message>
+        <source>English</source>
+        <translation>Englisch</translation>
+    </message>
+    <message>
+        <source>Many languages</source>
+        <translation>Viele Sprachen</translation>
+    </message>
+</context>
+<context>
+    <name>ModelRow</name>
+    <message>
+        <source>%1: %2 of 10</source>
+        <translation>%1: %2 von 10</translation>
+    </message>
+    <message>
+        <source>in use</source>
+        <translation>in Gebrauch</translation>
+    </message>
+    <message>
+        <source>Speed</source>
+        <translation>Tempo</translation>
+    </message>
+    <message>
+        <source>Accuracy</source>
+        <translation>Genauigkeit</translation>
+    </message>
+    <message>
+        <source>Its file is put into the folder of the models by hand.</source>
+        <translation>Seine Datei wird von Hand in den Ordner der Modelle gelegt.</translation>
+    </message>
+    <message>
+        <source>Use</source>
+        <translation>Verwenden</translation>
+    </message>
+    <message>
+        <source>Go on downloading</source>
+        <translation>Weiter laden</translation>
+    </message>
+    <message>
+        <source>Download</source>
+        <translation>Herunterladen</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Entfernen</translation>
+    </message>
+</context>
+<context>
+    <name>ModelsPage</name>
+    <message>
+        <source>Models</source>
+        <translation>Modelle</translation>
+    </message>
+    <message>
+        <source>What turns speech into text, on this computer. Larger models make fewer mistakes and take longer.</source>
+        <translation>Macht auf diesem Rechner Sprache zu Text. Größere Modelle machen weniger Fehler und brauchen länger.</translation>
+    </message>
+</context>
+<context>
+    <name>Onboarding</name>
+    <message>
+        <source>Step %1 of 5</source>
+        <translation>Schritt %1 von 5</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>Zurück</translation>
+    </message>
+    <message>
+        <source>Done</source>
+        <translation>Fertig</translation>
+    </message>
+    <message>
+        <source>Continue</source>
+        <translation>Weiter</translation>
+    </message>
+    <message>
+        <source>Later</source>
+        <translation>Später</translation>
+    </message>
+    <message>
+        <source>Can you be heard?</source>
+        <translation>Bist du zu hören?</translation>
+    </message>
+    <message>
+        <source>Say something and watch the bar. Nothing is recorded here.</source>
+        <translation>Sag etwas und beobachte den Balken. Hier wird nichts aufgenommen.</translation>
+    </message>
+    <message>
+        <source>Level of the microphone</source>
+        <translation>Pegel des Mikrofons</translation>
+    </message>
+    <message>
+        <source>Can vantro type for you?</source>
+        <translation>Kann vantro für dich tippen?</translation>
+    </message>
+    <message>
+        <source>The finished text is pasted into the window you were working in. This page sends itself the same keystroke.</source>
+        <translation>Der fertige Text wird in das Fenster eingefügt, in dem du gearbeitet hast. Diese Seite schickt sich selbst denselben Tastendruck.</translation>
+    </message>
+    <message>
+        <source>Try again</source>
+        <translation>Erneut versuchen</translation>
+    </message>
+    <message>
+        <source>Your shortcut</source>
+        <translation>Dein Tastenkürzel</translation>
+    </message>
+    <message>
+        <source>Press it anywhere, and speak.</source>
+        <translation>Drücke es irgendwo und sprich.</translation>
+    </message>
+    <message>
+        <source>The speech model</source>
+        <translation>Das Sprachmodell</translation>
+    </message>
+    <message>
+        <source>It turns your speech into text on this computer. It is fetched once.</source>
+        <translation>Es macht auf diesem Rechner aus deiner Sprache Text. Es wird einmal geladen.</translation>
+    </message>
+    <message>
+        <source>%1 is there.</source>
+        <translation>%1 ist da.</translation>
+    </message>
+    <message>
+        <source>%1, %2, is not on this computer yet.</source>
+        <translation>%1, %2, ist noch nicht auf diesem Rechner.</translation>
+    </message>
+    <message>
+        <source>Download of %1</source>
+        <translation>Download von %1</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Download</source>
+        <translation>Herunterladen</translation>
+    </message>
+    <message>
+        <source>Try it</source>
+        <translation>Probiere es aus</translation>
+    </message>
+    <message>
+        <source>The speech model is not there yet. Go back one page to fetch it.</source>
+        <translation>Das Sprachmodell ist noch nicht da. Geh eine Seite zurück, um es zu laden.</translation>
+    </message>
+    <message>
+        <source>There is no shortcut yet. Until there is one, vantro&apos;s menu in the tray starts a dictation.</source>
+        <translation>Es gibt noch kein Tastenkürzel. Bis dahin beginnt ein Diktat über das Menü von vantro in der Leiste.</translation>
+    </message>
+    <message>
+        <source>Press %1, say a sentence, then press Space.</source>
+        <translation>Drücke %1, sag einen Satz und drücke dann die Leertaste.</translation>
+    </message>
+    <message>
+        <source>Your sentence appears here</source>
+        <translation>Dein Satz erscheint hier</translation>
+    </message>
+</context>
+<context>
+    <name>OnboardingModel</name>
+    <message>
+        <source>The desktop&apos;s microphone</source>
+        <translation>Das Mikrofon des Desktops</translation>
+    </message>
+    <message>
+        <source>%1 hears you.</source>
+        <translation>%1 hört dich.</translation>
+    </message>
+    <message>
+        <source>%1 is open. Say something.</source>
+        <translation>%1 ist offen. Sag etwas.</translation>
+    </message>
+    <message>
+        <source>Trying the keyboard...</source>
+        <translation>Die Tastatur wird ausprobiert...</translation>
+    </message>
+    <message>
+        <source>The keystroke arrived: vantro can paste for you.</source>
+        <translation>Der Tastendruck kam an: vantro kann für dich einfügen.</translation>
+    </message>
+    <message>
+        <source>The keystroke did not arrive.</source>
+        <translation>Der Tastendruck kam nicht an.</translation>
+    </message>
+    <message>
+        <source>Try again with this window in front. Without it your text waits on the clipboard, to be pasted with %1.</source>
+        <translation>Versuche es erneut, mit diesem Fenster vorn. Ohne ihn wartet dein Text in der Zwischenablage und wird mit %1 eingefügt.</translation>
+    </message>
+    <message>
+        <source>None of the usual shortcuts is free.</source>
+        <translation>Keines der üblichen Tastenkürzel ist frei.</translation>
+    </message>
+    <message>
+        <source>It works in every program. Press it once to begin, and Space when you have said everything.</source>
+        <translation>Es wirkt in jedem Programm. Drücke es einmal zum Beginnen und die Leertaste, wenn du alles gesagt hast.</translation>
+    </message>
+</context>
+<context>
+    <name>PasteDelivery</name>
+    <message>
+        <source>The text is on the clipboard: paste it with %1.</source>
+        <translation>Der Text ist in der Zwischenablage: Füge ihn mit %1 ein.</translation>
+    </message>
+    <message>
+        <source>No window had the keyboard when the dictation began. </source>
+        <translation>Kein Fenster hatte die Tastatur, als das Diktat begann. </translation>
+    </message>
+    <message>
+        <source>The window you were working in has been closed. </source>
+        <translation>Das Fenster, in dem du gearbeitet hast, wurde geschlossen. </translation>
+    </message>
+    <message>
+        <source>The keyboard did not return to the window you were working in. </source>
+        <translation>Die Tastatur kam nicht zu dem Fenster zurück, in dem du gearbeitet hast. </translation>
+    </message>
+</context>
+<context>
+    <name>PasteHud</name>
+    <message>
+        <source>to paste</source>
+        <translation>zum Einfügen</translation>
+    </message>
+    <message>
+        <source>%1 to paste</source>
+        <translation>%1 zum Einfügen</translation>
+    </message>
+</context>
+<context>
+    <name>PulseAudioEngine</name>
+    <message>
+        <source>&quot;%1&quot; is switched off in the sound settings. Switch it on or choose another under Settings, Microphone.</source>
+        <translation>„%1“ ist in den Toneinstellungen ausgeschaltet. Schalte es ein oder wähle ein anderes unter Einstellungen, Mikrofon.</translation>
+    </message>
+    <message>
+        <source>The sound server does not let vantro record from &quot;%1&quot;. Choose another under Settings, Microphone.</source>
+        <translation>Der Tonserver lässt vantro nicht von „%1“ aufnehmen. Wähle ein anderes unter Einstellungen, Mikrofon.</translation>
+    </message>
+</context>
+<context>
+    <name>QGuiApplication</name>
+    <message>
+        <source>vantro ended unexpectedly</source>
+        <translation>vantro wurde unerwartet beendet</translation>
+    </message>
+    <message>
+        <source>It has been started again and works. What was dictated before is in the history; a dictation that was under way is lost.</source>
+        <translation>Es wurde neu gestartet und läuft. Was vorher diktiert wurde, steht im Verlauf; ein laufendes Diktat ist verloren.</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Report an Error</source>
+        <translation>Fehler melden</translation>
+    </message>
+    <message>
+        <source>vantro is running</source>
+        <translation>vantro läuft</translation>
+    </message>
+    <message>
+        <source>Press %1 to dictate into the window you are working in.</source>
+        <translation>Drücke %1, um in das Fenster zu diktieren, in dem du arbeitest.</translation>
+    </message>
+    <message>
+        <source>the microphone</source>
+        <translation>dem Mikrofon</translation>
+    </message>
+</context>
+<context>
+    <name>Settings</name>
+    <message>
+        <source>General</source>
+        <translation>Allgemein</translation>
+    </message>
+    <message>
+        <source>Models</source>
+        <translation>Modelle</translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation>Über</translation>
+    </message>
+</context>
+<context>
+    <name>SpokenLanguages</name>
+    <message>
+        <source>Detect automatically</source>
+        <translation>Automatisch erkennen</translation>
+    </message>
+</context>
+<context>
+    <name>TransferRate</name>
+    <message>
+        <source>%1 s left</source>
+        <translation>noch %1 s</translation>
+    </message>
+    <message>
+        <source>%1 min left</source>
+        <translation>noch %1 min</translation>
+    </message>
+    <message>
+        <source>%1 h %2 min left</source>
+        <translation>noch %1 h %2 min</translation>
+    </message>
+    <message>
+        <source>%1/s</source>
+        <translation>%1/s</translation>
+    </message>
+</context>
+<context>
+    <name>TrayIcon</name>
+    <message>
+        <source>Dictate</source>
+        <translation>Diktieren</translation>
+    </message>
+    <message>
+        <source>History</source>
+        <translation>Verlauf</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>Einstellungen</translation>
+    </message>
+    <message>
+        <source>Models</source>
+        <translation>Modelle</translation>
+    </message>
+    <message>
+        <source>Check for Updates</source>
+        <translation>Nach Updates suchen</translation>
+    </message>
+    <message>
+        <source>Report an Error</source>
+        <translation>Fehler melden</translation>
+    </message>
+    <message>
+        <source>Send Feedback</source>
+        <translation>Rückmeldung senden</translation>
+    </message>
+    <message>
+        <source>About vantro</source>
+        <translation>Über vantro</translation>
+    </message>
+    <message>
+        <source>Quit</source>
+        <translation>Beenden</translation>
+    </message>
+    <message>
+        <source>vantro: press %1 and speak</source>
+        <translation>vantro: %1 drücken und sprechen</translation>
+    </message>
+    <message>
+        <source>vantro is listening</source>
+        <translation>vantro hört zu</translation>
+    </message>
+    <message>
+        <source>vantro is transcribing</source>
+        <translation>vantro transkribiert</translation>
+    </message>
+</context>
+<context>
+    <name>UpdateChecker</name>
+    <message>
+        <source>You have %1.</source>
+        <translation>Du hast %1.</translation>
+    </message>
+    <message>
+        <source>vantro %1 is available</source>
+        <translation>vantro %1 ist verfügbar</translation>
+    </message>
+    <message>
+        <source>Download</source>
+        <translation>Herunterladen</translation>
+    </message>
+    <message>
+        <source>Skip This Version</source>
+        <translation>Diese Version überspringen</translation>
+    </message>
+    <message>
+        <source>You&apos;re up to date</source>
+        <translation>Du bist auf dem neuesten Stand</translation>
+    </message>
+    <message>
+        <source>vantro %1 is the latest version.</source>
+        <translation>vantro %1 ist die neueste Version.</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>Windows</name>
+    <message>
+        <source>vantro settings</source>
+        <translation>vantro – Einstellungen</translation>
+    </message>
+    <message>
+        <source>Welcome to vantro</source>
+        <translation>Willkommen bei vantro</translation>
+    </message>
+    <message>
+        <source>No Mail Program</source>
+        <translation>Kein Mailprogramm</translation>
+    </message>
+    <message>
+        <source>No mail program could be started. Write to %1.</source>
+        <translation>Es konnte kein Mailprogramm gestartet werden. Schreibe an %1.</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>X11Connection</name>
+    <message>
+        <source>There is no connection to an X server. Start vantro inside a graphical session, with DISPLAY set.</source>
+        <translation>Es gibt keine Verbindung zu einem X-Server. Starte vantro in einer grafischen Sitzung, mit gesetztem DISPLAY.</translation>
+    </message>
+</context>
+<context>
+    <name>X11HotKeyManager</name>
+    <message>
+        <source>No key of this keyboard gives %1. Choose another shortcut.</source>
+        <translation>Keine Taste dieser Tastatur ergibt %1. Wähle ein anderes Tastenkürzel.</translation>
+    </message>
+    <message>
+        <source>%1 is already used by another program. Choose another shortcut, or free it in that program or in the desktop&apos;s keyboard settings.</source>
+        <translation>%1 wird schon von einem anderen Programm benutzt. Wähle ein anderes Tastenkürzel oder gib es in jenem Programm oder in den Tastatureinstellungen des Desktops frei.</translation>
+    </message>
+</context>
+<context>
+    <name>X11KeyEventPoster</name>
+    <message>
+        <source>The X server does not let programs type (its XTEST extension is missing).</source>
+        <translation>Der X-Server lässt Programme nicht tippen (seine Erweiterung XTEST fehlt).</translation>
+    </message>
+    <message>
+        <source>The X server refused the paste keystroke.</source>
+        <translation>Der X-Server hat den Tastendruck zum Einfügen abgelehnt.</translation>
+    </message>
+    <message>
+        <source>The X server does not tell what the keyboard&apos;s keys are.</source>
+        <translation>Der X-Server sagt nicht, welche Tasten die Tastatur hat.</translation>
+    </message>
+    <message>
+        <source>The keyboard layout has no Control or no Shift key, so nothing can be pasted.</source>
+        <translation>Die Tastaturbelegung hat keine Strg- oder keine Umschalttaste, also kann nichts eingefügt werden.</translation>
+    </message>
+    <message>
+        <source>The keyboard layout has no key for the paste keystroke and no unused one to put it on.</source>
+        <translation>Die Tastaturbelegung hat keine Taste für den Tastendruck zum Einfügen und keine freie dafür.</translation>
+    </message>
+</context>
+<context>
+    <name>XdgAutostart</name>
+    <message>
+        <source>%1 could not be removed: %2</source>
+        <translation>%1 konnte nicht entfernt werden: %2</translation>
+    </message>
+    <message>
+        <source>%1 could not be written: %2</source>
+        <translation>%1 konnte nicht geschrieben werden: %2</translation>
+    </message>
+</context>
+<context>
+    <name>wording</name>
+    <message>
+        <source>No microphone is connected. Plug one in or choose another under Settings, Microphone.</source>
+        <translation>Es ist kein Mikrofon angeschlossen. Schließe eines an oder wähle ein anderes unter Einstellungen, Mikrofon.</translation>
+    </message>
+    <message>
+        <source>The sound server does not answer. Start PulseAudio or PipeWire (for example: systemctl --user start pipewire-pulse) and try again.</source>
+        <translation>Der Tonserver antwortet nicht. Starte PulseAudio oder PipeWire (zum Beispiel: systemctl --user start pipewire-pulse) und versuche es erneut.</translation>
+    </message>
+    <message>
+        <source>In a terminal: vantro --shortcut Ctrl+Alt+Space</source>
+        <translation>In einem Terminal: vantro --shortcut Ctrl+Alt+Space</translation>
+    </message>
+</context>
+</TS>
