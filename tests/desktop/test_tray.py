@@ -11,6 +11,7 @@ from dictationcase import CHILD, CHILD_WORDS, STOP_KEY, DictationCase, main, wor
 from notifier import WATCHER, find_item
 
 SETTINGS_TITLE = "vantro settings"
+TRAY_HEIGHT = 24
 ENTRIES = ["Dictate", "History", "Settings", "Models", "Check for Updates", "Report an Error", "Send Feedback",
            "About vantro", "Quit"]
 OPENER = """#!/bin/sh
@@ -89,22 +90,28 @@ class StatusNotifierTest(DictationCase):
 
 class EmbeddingTrayTest(DictationCase):
     def icon(self):
-        """The icon's window inside the tray, as (x, y), or None."""
-        owner = self.desktop.display.selection_owner("_NET_SYSTEM_TRAY_S0")
-        if not owner:
+        """The middle of the icon's window inside the tray, or None."""
+        if not self.desktop.display.selection_owner("_NET_SYSTEM_TRAY_S0"):
             return None
-        tree = self.desktop.run("xwininfo", "-tree", "-id", str(owner))
-        found = re.search(r'"vantro"\).*?(\d+)x(\d+)\+\S+\s+\+(\d+)\+(\d+)', tree)
-        if not found:
+        tree = self.desktop.run("xwininfo", "-root", "-tree")
+        _, found, panel = tree.partition('("panel" "trayer")')
+        icon = re.search(r'"vantro"\)\s+(\d+)x(\d+)\S+\s+\+(\d+)\+(\d+)', panel) if found else None
+        if not icon:
             return None
-        width, height, x, y = map(int, found.groups())
-        return (x + width // 2, y + height // 2) if width > 1 else None
+        width, height, x, y = map(int, icon.groups())
+        return (x + width // 2, y + height // 2) if 1 < width <= TRAY_HEIGHT else None
 
     def test_an_old_tray_that_comes_later_gets_the_icon_with_its_menu(self):
         self.assertIsNone(self.icon())
-        tray = self.desktop.start("trayer", "--widthtype", "request", "--height", "24")
+        tray = self.desktop.start("trayer", "--widthtype", "request", "--height", str(TRAY_HEIGHT))
         self.addCleanup(tray.stop)
-        x, y = self.wait(self.icon, 10, "the icon in the tray")
+        before = []
+
+        def settled():
+            before.append(self.icon())
+            return len(before) > 1 and before[-1] == before[-2] and before[-1]
+
+        x, y = self.wait(settled, 10, "the icon in the tray")
         self.desktop.run("xdotool", "mousemove", str(x), str(y), "click", "1")
         settings = self.wait(lambda: self.vantro.window(SETTINGS_TITLE), 10, "the settings window")
         self.desktop.activate(settings)

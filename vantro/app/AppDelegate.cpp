@@ -67,8 +67,11 @@ void AppDelegate::observeNotifications()
 
 void AppDelegate::observeLauncher()
 {
-    observations_.push_back(
-        parts_.notifications.observe(QStringLiteral("launcher:closed"), [this](const auto&) { bringWindowsBack(); }));
+    observations_.push_back(parts_.notifications.observe(QStringLiteral("launcher:closed"), [this](const auto&) {
+        // Not between the text and the window it is meant for.
+        if (!isDelivering_)
+            bringWindowsBack();
+    }));
 }
 
 void AppDelegate::putWindowsAside()
@@ -205,7 +208,10 @@ QCoro::Task<> AppDelegate::handleFinish(QString finalText, ProcessingMode mode)
         closeWindow();
         co_return;
     }
+    isDelivering_ = true;
     co_await deliver(text, frame);
+    isDelivering_ = false;
+    bringWindowsBack();
     if (parts_.defaults.boolean(QStringLiteral("playSoundOnComplete"), false))
         parts_.sounds.play(QStringLiteral("Blow"));
 }

@@ -119,6 +119,7 @@ private:
     bool hasErrorOccurred_ = false;
     bool isModelMissing_ = false;
     bool isSandboxMode_ = false;
+    bool isDelivering_ = false;
     bool transcriptionsWindowWasVisible_ = false;
     bool settingsWindowWasVisible_ = false;
 };

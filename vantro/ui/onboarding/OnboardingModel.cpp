@@ -89,6 +89,7 @@ void OnboardingModel::keyArrived()
         return;
     keyPatience_.stop();
     keys_ = KeyTest::arrived;
+    logger_.info(QStringLiteral("The keystroke arrived"));
     Q_EMIT changed();
 }
 
@@ -97,6 +98,7 @@ void OnboardingModel::failKeys(const QString& reason)
     keyPatience_.stop();
     keys_ = KeyTest::lost;
     keysProblem_ = reason;
+    logger_.info(QStringLiteral("The keystroke did not arrive: ") + reason);
     Q_EMIT changed();
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "KeyboardShortcuts/KeyboardShortcuts.h"
+#include "base/Logger.h"
 #include "base/NotificationCenter.h"
 #include "platform/KeyEventPoster.h"
 #include "platform/Permissions.h"
@@ -86,6 +87,7 @@ private:
 
     void failKeys(const QString& reason);
 
+    Logger logger_{"OnboardingModel"};
     Parts parts_;
     Step step_ = Microphone;
     MicrophoneMonitor monitor_;

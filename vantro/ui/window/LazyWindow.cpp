@@ -113,7 +113,7 @@ void LazyWindow::orderOut()
 {
     if (!isVisible())
         return;
-    hadKeyboard_ = workspace_.frontWindow() == std::optional<WindowID>(view_->winId());
+    formerFront_ = workspace_.frontWindow();
     view_->hide();
 }
 
@@ -121,10 +121,15 @@ void LazyWindow::orderFront()
 {
     if (!view_)
         return;
-    view_->setProperty(withoutActivating, !hadKeyboard_);
+    const WindowID own = view_->winId();
+    const bool hadKeyboard = formerFront_ == own;
+    view_->setProperty(withoutActivating, !hadKeyboard);
     view_->show();
-    if (hadKeyboard_)
-        workspace_.activateWindow(view_->winId());
+    // Managers that have just lost the launcher may choose the newest window against its wish.
+    if (hadKeyboard)
+        workspace_.activateWindow(own);
+    else if (formerFront_ && workspace_.windowExists(*formerFront_))
+        workspace_.activateWindow(*formerFront_);
 }
 
 } // namespace vantro

@@ -7,6 +7,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace vantro {
@@ -60,7 +61,7 @@ private:
     std::function<void()> closed_;
     Content content_;
     std::unique_ptr<View> view_;
-    bool hadKeyboard_ = false;
+    std::optional<WindowID> formerFront_; ///< when it was put aside
 };
 
 } // namespace vantro
