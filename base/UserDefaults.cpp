@@ -2,12 +2,30 @@
 
 #include "base/Logger.h"
 
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
+#include <QFileSystemWatcher>
 #include <QStandardPaths>
 
 namespace vantro {
 
-UserDefaults::UserDefaults(const QString& path) : settings_(path, QSettings::IniFormat) {}
+namespace {
+
+QHash<QString, QVariant> contents(const QSettings& settings)
+{
+    QHash<QString, QVariant> values;
+    const QStringList keys = settings.allKeys();
+    for (const QString& key : keys)
+        values.insert(key, settings.value(key));
+    return values;
+}
+
+} // namespace
+
+UserDefaults::UserDefaults(const QString& path) : settings_(path, QSettings::IniFormat), known_(contents(settings_)) {}
+
+UserDefaults::~UserDefaults() = default;
 
 QString UserDefaults::standardPath()
 {
@@ -75,18 +93,77 @@ void UserDefaults::setData(const QString& key, const QByteArray& value)
 void UserDefaults::remove(const QString& key)
 {
     settings_.remove(key);
-    settings_.sync();
+    written(key);
+}
+
+void UserDefaults::keepUnreadable(const QString& key)
+{
+    const QString place = key + QStringLiteral(".unreadable");
+    store(place, settings_.value(key));
+    Logger("UserDefaults")
+        .error(QStringLiteral("The setting \"%1\" cannot be read; it is kept as \"%2\"").arg(key, place));
 }
 
 void UserDefaults::reload()
 {
     settings_.sync();
+    const QHash<QString, QVariant> now = contents(settings_);
+    QStringList changed;
+    for (auto entry = now.cbegin(); entry != now.cend(); ++entry) {
+        // As text: what this process set keeps its type until it is read back.
+        const auto former = known_.constFind(entry.key());
+        if (former == known_.cend() || former->toStringList() != entry->toStringList() ||
+            former->toString() != entry->toString())
+            changed << entry.key();
+    }
+    for (auto entry = known_.cbegin(); entry != known_.cend(); ++entry) {
+        if (!now.contains(entry.key()))
+            changed << entry.key();
+    }
+    known_ = now;
+    if (!changed.isEmpty())
+        Q_EMIT changedElsewhere(changed);
+}
+
+void UserDefaults::watch()
+{
+    if (watcher_)
+        return;
+    watcher_ = std::make_unique<QFileSystemWatcher>();
+    const auto look = [this] {
+        watchFile();
+        reload();
+    };
+    connect(watcher_.get(), &QFileSystemWatcher::fileChanged, this, look);
+    connect(watcher_.get(), &QFileSystemWatcher::directoryChanged, this, look);
+    watchFile();
+    reload();
+}
+
+/// The file is replaced at every write, which ends the watch on the former one; the folder tells of the new one.
+void UserDefaults::watchFile()
+{
+    const QFileInfo file(settings_.fileName());
+    QDir().mkpath(file.absolutePath());
+    for (const QString& path : {file.absolutePath(), file.absoluteFilePath()}) {
+        if (QFileInfo::exists(path) && !watcher_->files().contains(path) && !watcher_->directories().contains(path))
+            watcher_->addPath(path);
+    }
 }
 
 void UserDefaults::store(const QString& key, const QVariant& value)
 {
     settings_.setValue(key, value);
-    settings_.sync();
+    written(key);
+}
+
+void UserDefaults::written(const QString& key)
+{
+    if (settings_.contains(key))
+        known_.insert(key, settings_.value(key));
+    else
+        known_.remove(key);
+    reload();
     if (settings_.status() != QSettings::NoError) {
         Logger("UserDefaults").error(QStringLiteral("Could not write the settings file %1").arg(settings_.fileName()));
         return;

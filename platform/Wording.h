@@ -30,6 +30,50 @@ inline QString systemVersionLabel()
     return QStringLiteral("Linux Version: ");
 }
 
+/// Below the field for an API key.
+inline QString keyIsStoredSecurely()
+{
+    return QCoreApplication::translate("wording", "Your API key is stored securely in the desktop's Secret Service");
+}
+
+inline QString noSecretStore()
+{
+    return QCoreApplication::translate("wording",
+                                       "No Secret Service answers, so keys cannot be kept. Install and start GNOME "
+                                       "Keyring or KWallet, or switch on the Secret Service of KeePassXC.");
+}
+
+inline QString noSessionBusForSecrets()
+{
+    return QCoreApplication::translate("wording", "There is no session bus to ask the Secret Service over. Log in to a "
+                                                  "desktop session, or start one with dbus-run-session.");
+}
+
+inline QString secretStoreIsLocked()
+{
+    return QCoreApplication::translate("wording",
+                                       "The keyring is locked. Unlock it (Passwords and Keys, KWalletManager or "
+                                       "KeePassXC) and try again.");
+}
+
+inline QString secretStoreFailed(const QString& reason)
+{
+    return QCoreApplication::translate("wording", "The Secret Service could not do it: %1").arg(reason);
+}
+
+/// Why nothing is rewritten on this machine itself.
+inline QString localProcessingNeeds()
+{
+    return QCoreApplication::translate("wording", "Local processing requires a language model that comes with the "
+                                                  "system; this one has none");
+}
+
+inline QString localProcessingIsOff()
+{
+    return QCoreApplication::translate("wording",
+                                       "Please enable the system's language model in Settings to use local processing");
+}
+
 inline QString howToChooseShortcut()
 {
     return QCoreApplication::translate("wording", "In a terminal: vantro --shortcut Ctrl+Alt+Space");

@@ -1,10 +1,12 @@
 #include "platform/linux/LinuxPlatform.h"
 
 #include "platform/linux/canberra/CanberraSounds.h"
+#include "platform/linux/cld2/Cld2LanguageRecognizer.h"
 #include "platform/linux/proc/ProcSystemInfo.h"
 #include "platform/linux/pulse/PulseAudioEngine.h"
 #include "platform/linux/pulse/PulseAudioHardware.h"
 #include "platform/linux/pulse/PulseConnection.h"
+#include "platform/linux/secretservice/SecretServiceStore.h"
 #include "platform/linux/tray/LinuxTrayHost.h"
 #include "platform/linux/x11/X11Connection.h"
 #include "platform/linux/x11/X11HotKeyManager.h"
@@ -45,16 +47,23 @@ Platform makeLinuxPlatform()
     platform.appearance = std::make_unique<PortalAppearance>();
     platform.hotKeys = std::make_unique<X11HotKeyManager>(x11);
     platform.keyEvents = std::make_unique<X11KeyEventPoster>(x11);
+    platform.languages = std::make_unique<Cld2LanguageRecognizer>();
     platform.loginItem =
         std::make_unique<XdgAutostart>(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation),
                                        QCoreApplication::applicationFilePath());
     platform.pasteboard = std::make_unique<X11Pasteboard>();
     platform.permissions = std::make_unique<X11Permissions>(x11, [&pulse] { return pulse.serverAnswers(); });
+    platform.secrets = makeLinuxSecretStore();
     platform.systemInfo = std::make_unique<ProcSystemInfo>();
     platform.sounds = std::make_unique<CanberraSounds>();
     platform.tray = std::make_unique<LinuxTrayHost>(x11);
     platform.workspace = std::make_unique<X11Workspace>(x11);
     return platform;
+}
+
+std::unique_ptr<SecretStore> makeLinuxSecretStore()
+{
+    return std::make_unique<SecretServiceStore>(QStringLiteral("com.vantro.app"));
 }
 
 } // namespace vantro

@@ -7,5 +7,7 @@ namespace vantro {
 /// The adapters for Linux: PulseAudio or PipeWire, and X11. Parts that are missing on this desktop answer with clear
 /// errors when they are used. Needs a QGuiApplication.
 Platform makeLinuxPlatform();
+/// The Secret Service alone, for commands: needs no display.
+std::unique_ptr<SecretStore> makeLinuxSecretStore();
 
 } // namespace vantro

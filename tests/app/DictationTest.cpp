@@ -86,6 +86,12 @@ public:
         return QUuid::createUuid();
     }
     void updateFormatted(const QUuid&, const QString&) override {}
+    QCoro::Task<> addNote(QString transcription) override
+    {
+        rows << transcription;
+        co_return;
+    }
+    QCoro::Task<> summarizeToday(std::shared_ptr<FormatRequestServicing>) override { co_return; }
 
     bool full = false;
     QStringList rows;
@@ -153,6 +159,7 @@ protected:
         workspace.focus(editor);
         keyEvents.setTarget([this](auto) { delivered = pasteboard.fetch(clipboard, *workspace.frontWindow()); });
         shortcuts.setShortcut(KeyboardShortcuts::Name::openModal, shortcut);
+        history.loadPersistentStores();
         delegate.applicationDidFinishLaunching();
     }
 
@@ -215,6 +222,8 @@ protected:
                           }};
     SlowProvider provider;
     MemoryStore store;
+    CoreDataStack history{true, clock}; ///< what the repairs at the launch run on
+    MigrationManager migrations{defaults, history};
     SlowProvider neuralProvider;
     TranscriptionFacade facade{models, provider, neuralProvider};
     DictationPipeline pipeline{facade, handlers(store)};
@@ -243,10 +252,8 @@ protected:
          models,
          [this] { steps << QStringLiteral("theme"); },
          [this] { steps << QStringLiteral("update check"); },
-         {[this] { steps << QStringLiteral("settings"); },
-          [this] {
-              steps << QStringLiteral("store");
-          }},
+         [this] { steps << QStringLiteral("settings"); },
+         migrations,
          [this]() -> QCoro::Task<> {
              steps << QStringLiteral("model");
              co_return;
@@ -281,17 +288,15 @@ TEST_F(DictationWithoutModel, ShowsTheDownloadInsteadOfTheLauncherUntilTheModelI
     EXPECT_EQ(delivered, QStringLiteral("Now it works."));
 }
 
-TEST_F(Dictation, LaunchRepairsTheSettingsAndTheStoreBeforeItShowsAnything)
+TEST_F(Dictation, LaunchRepairsTheSettingsBeforeItShowsAnything)
 {
-    EXPECT_EQ(steps, QStringList({QStringLiteral("theme"), QStringLiteral("settings"), QStringLiteral("store"),
-                                  QStringLiteral("model")}));
+    EXPECT_EQ(steps, QStringList({QStringLiteral("theme"), QStringLiteral("settings"), QStringLiteral("model")}));
     steps.clear();
     defaults.setBoolean(QStringLiteral("checkForUpdatesOnLaunch"), true);
     permissions.microphone = false;
     delegate.applicationDidFinishLaunching();
     EXPECT_EQ(steps, QStringList({QStringLiteral("theme"), QStringLiteral("update check"), QStringLiteral("settings"),
-                                  QStringLiteral("store"), QStringLiteral("onboarding"), QStringLiteral("model"),
-                                  QStringLiteral("onboarding")}))
+                                  QStringLiteral("onboarding"), QStringLiteral("model"), QStringLiteral("onboarding")}))
         << "shown once more when the model turns out to be there";
     notifications.post(QStringLiteral("permissions:close"));
     EXPECT_EQ(steps.last(), QStringLiteral("onboarding closed"));

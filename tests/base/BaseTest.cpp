@@ -4,8 +4,10 @@
 #include "base/UserDefaults.h"
 #include "base/testing/ManualClock.h"
 
+#include <QEventLoop>
 #include <QFile>
 #include <QTemporaryDir>
+#include <QTimer>
 #include <qcoro/qcorotask.h>
 
 #include <gtest/gtest.h>
@@ -99,11 +101,40 @@ TEST(UserDefaults, AnotherTypeCountsAsAbsentAndValuesSurviveARestart)
     EXPECT_EQ(defaults.data(QStringLiteral("list")), R"([{"find":"a, b; \"c\"","replace":"ä\n"}])");
     EXPECT_EQ(defaults.integer(QStringLiteral("number")), 4294967295);
     EXPECT_EQ(QFile::permissions(path) & (QFileDevice::ReadGroup | QFileDevice::ReadOther), QFileDevice::Permissions());
+}
 
-    UserDefaults other(path);
-    other.setString(QStringLiteral("SelectedLanguage"), QStringLiteral("de"));
-    defaults.reload();
-    EXPECT_EQ(defaults.string(QStringLiteral("SelectedLanguage")), QStringLiteral("de"));
+TEST(UserDefaults, TwoProcessesKeepEachOthersValuesAndHearOfThem)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("deep/vantro.ini"));
+    UserDefaults program(path);
+    QStringList heard;
+    QEventLoop loop;
+    QObject::connect(&program, &UserDefaults::changedElsewhere, &loop, [&](const QStringList& keys) {
+        heard += keys;
+        loop.quit();
+    });
+    program.watch();
+    program.setBoolean(QStringLiteral("autoPasteEnabled"), false);
+
+    UserDefaults command(path);
+    command.setString(QStringLiteral("SelectedLanguage"), QStringLiteral("de"));
+    QTimer::singleShot(10s, &loop, &QEventLoop::quit);
+    loop.exec();
+    EXPECT_EQ(heard, QStringList(QStringLiteral("SelectedLanguage")));
+    EXPECT_EQ(program.string(QStringLiteral("SelectedLanguage")), QStringLiteral("de"));
+
+    heard.clear();
+    command.remove(QStringLiteral("SelectedLanguage"));
+    QTimer::singleShot(10s, &loop, &QEventLoop::quit);
+    loop.exec();
+    EXPECT_EQ(heard, QStringList(QStringLiteral("SelectedLanguage")));
+    EXPECT_FALSE(program.contains(QStringLiteral("SelectedLanguage")));
+
+    program.setString(QStringLiteral("userName"), QStringLiteral("A"));
+    EXPECT_TRUE(UserDefaults(path).contains(QStringLiteral("autoPasteEnabled")));
+    EXPECT_TRUE(UserDefaults(path).contains(QStringLiteral("userName")));
+    EXPECT_TRUE(command.contains(QStringLiteral("autoPasteEnabled")));
 }
 
 TEST(ManualClock, RunsWhatFallsDueInOrderOfTime)

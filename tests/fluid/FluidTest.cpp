@@ -47,9 +47,10 @@ protected:
     QTemporaryDir folder;
     ModelCatalogue catalogue;
     UserDefaults defaults{folder.filePath(QStringLiteral("vantro.ini"))};
+    VocabularySettings vocabulary{defaults};
     FluidModelFiles files{{folder.path()}};
     FluidAsrEngine engine{moduleFolders()};
-    FluidTranscriptionProvider provider{engine, files, defaults};
+    FluidTranscriptionProvider provider{engine, files, defaults, vocabulary};
 };
 
 } // namespace

@@ -46,6 +46,8 @@ protected:
             return future.result();
     }
 
+    QString textOf(WhisperTranscriptionProvider& provider, const char* file);
+
     TranscriptionModel tiny;
     QString tinyFile;
     ModelStore store = ModelStore::standard();
@@ -134,7 +136,8 @@ TEST_F(Whisper, ACancelWhileTheModelStillLoadsEndsTheTranscription)
 {
     const QTemporaryDir folder;
     UserDefaults defaults(folder.filePath(QStringLiteral("vantro.ini")));
-    WhisperTranscriptionProvider provider(engine, store, defaults);
+    VocabularySettings vocabulary(defaults);
+    WhisperTranscriptionProvider provider(engine, store, defaults, vocabulary);
     const auto speech = request(recording("en-harvard-spk1-snt1.flac")).samples;
     const auto transcribe = [&](QString& outcome) {
         TranscriptionRequest work;
@@ -156,7 +159,8 @@ TEST_F(Whisper, TheProviderLoadsWhileTheUserSpeaksAndUnloadsAfterwardsUnlessTold
 {
     const QTemporaryDir folder;
     UserDefaults defaults(folder.filePath(QStringLiteral("vantro.ini")));
-    WhisperTranscriptionProvider provider(engine, store, defaults);
+    VocabularySettings vocabulary(defaults);
+    WhisperTranscriptionProvider provider(engine, store, defaults, vocabulary);
     const auto isLoaded = [this] {
         try {
             WhisperInProcessEngine::Request silence;
@@ -175,4 +179,38 @@ TEST_F(Whisper, TheProviderLoadsWhileTheUserSpeaksAndUnloadsAfterwardsUnlessTold
     provider.prepare(tiny);
     provider.dictationEnded();
     EXPECT_TRUE(isLoaded());
+}
+
+QString Whisper::textOf(WhisperTranscriptionProvider& provider, const char* file)
+{
+    TranscriptionRequest work;
+    work.samples = request(recording(file)).samples;
+    work.model = tiny;
+    QString text;
+    const auto task = settle(provider.transcribe(std::move(work)), text);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !text.isEmpty(); }, 60'000));
+    return text;
+}
+
+TEST_F(Whisper, TheProviderAppliesTheReplacementsInOrder)
+{
+    const QTemporaryDir folder;
+    UserDefaults defaults(folder.filePath(QStringLiteral("vantro.ini")));
+    VocabularySettings vocabulary(defaults);
+    WhisperTranscriptionProvider provider(engine, store, defaults, vocabulary);
+    vocabulary.addReplacement(QStringLiteral("small dog"), QStringLiteral("cat"));
+    vocabulary.addReplacement(QStringLiteral("the cat"), QStringLiteral("Tom"));
+    vocabulary.addReplacement(QStringLiteral("almost"), QString());
+    EXPECT_EQ(textOf(provider, "en-harvard-spk1-snt1.flac"), QStringLiteral("The child hurt Tom."));
+}
+
+TEST_F(Whisper, TheProviderHintsAtTheSpellingOfTheUsersWords)
+{
+    const QTemporaryDir folder;
+    UserDefaults defaults(folder.filePath(QStringLiteral("vantro.ini")));
+    VocabularySettings vocabulary(defaults);
+    WhisperTranscriptionProvider provider(engine, store, defaults, vocabulary);
+    vocabulary.addVocabularyWord(QStringLiteral("Gregsson"));
+    EXPECT_EQ(textOf(provider, "en-arctic-a0009.flac"),
+              QStringLiteral("He turned sharply and faced Gregsson across the table."));
 }

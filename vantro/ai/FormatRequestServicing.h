@@ -11,8 +11,12 @@ class FormatRequestServicing
 public:
     virtual ~FormatRequestServicing() = default;
 
-    /// The rewritten text; throws an Error.
+    /// A text is on its way: whatever can be had without it may be fetched now. Asking for nothing is allowed.
+    virtual void prepare() {}
+    /// The rewritten text; throws an Error. @p prompt says what to do with @p text.
     virtual QCoro::Task<QString> format(QString prompt, QString text) = 0;
+    /// Nobody waits any more: a request that is under way ends with an error soon.
+    virtual void cancel() {}
 };
 
 } // namespace vantro

@@ -16,8 +16,7 @@ class ModeHandler
 public:
     virtual ~ModeHandler() = default;
 
-    /// @p service: the mode's language model; null for a mode that asks none. Throws an Error; what was stored until
-    /// then stays.
+    /// @p service: the mode's language model. Throws an Error; what was stored until then stays.
     virtual QCoro::Task<QString> process(QString transcript, std::shared_ptr<FormatRequestServicing> service) = 0;
 };
 

@@ -20,8 +20,9 @@ void AppDelegate::applicationDidFinishLaunching()
     parts_.applyTheme();
     if (parts_.defaults.boolean(QStringLiteral("checkForUpdatesOnLaunch"), false))
         parts_.checkForUpdates();
-    for (const auto& repair : parts_.repairs)
-        repair();
+    parts_.renameSettingsKeys();
+    parts_.migrations.runTranscriptionTrimMigrationIfNeeded();
+    parts_.migrations.runEmptyTranscriptionDeleteMigrationIfNeeded();
     observeNotifications();
     if (isReadyToDictate()) {
         printLine(QStringLiteral("All permissions granted"));

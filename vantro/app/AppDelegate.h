@@ -14,6 +14,7 @@
 #include "vantro/app/SideWindow.h"
 #include "vantro/audio/AudioRecorder.h"
 #include "vantro/models/ModelSelection.h"
+#include "vantro/store/MigrationManager.h"
 
 #include <QObject>
 #include <qcoro/qcorotask.h>
@@ -63,8 +64,9 @@ public:
         std::function<void()> applyTheme;
         /// Runs in the background; called when the user wants a check at every launch.
         std::function<void()> checkForUpdates;
-        /// One-time repairs of the settings, then of the store, in this order.
-        std::vector<std::function<void()>> repairs;
+        /// What earlier versions kept under other names.
+        std::function<void()> renameSettingsKeys;
+        MigrationManager& migrations;
         /// Makes models that lie on this machine usable; before the selection is settled.
         std::function<QCoro::Task<>()> prepareModels;
         std::function<QCoro::Task<bool>(TranscriptionModel)> modelIsReady;

@@ -3,7 +3,10 @@
 #include "base/ThreadWaker.h"
 #include "platform/KeyCode.h"
 #include "platform/linux/LinuxPlatform.h"
+#include "vantro/ai/FormattingModeHandler.h"
 #include "vantro/ai/NormalModeHandler.h"
+#include "vantro/ai/NotesModeHandler.h"
+#include "vantro/ai/providers/LegacyKeyName.h"
 #include "vantro/app/AppDelegate.h"
 #include "vantro/app/ControlService.h"
 #include "vantro/app/DictationPipeline.h"
@@ -11,10 +14,12 @@
 #include "vantro/app/Windows.h"
 #include "vantro/audio/AudioDeviceManager.h"
 #include "vantro/cli/ExitCode.h"
+#include "vantro/cli/Terminal.h"
 #include "vantro/fluid/FluidTranscriptionProvider.h"
 #include "vantro/models/ModelPreparation.h"
 #include "vantro/models/WhisperModelFiles.h"
-#include "vantro/store/HistoryFile.h"
+#include "vantro/store/CoreDataStack.h"
+#include "vantro/store/MigrationManager.h"
 #include "vantro/ui/launcher/Launcher.h"
 #include "vantro/whisper/WhisperTranscriptionProvider.h"
 
@@ -23,7 +28,6 @@
 #include <QDBusMessage>
 #include <QGuiApplication>
 #include <QTimer>
-#include <QUrl>
 
 #include <array>
 #include <csignal>
@@ -55,6 +59,7 @@ public:
 
     /// False when another instance runs already; it then knows @p arguments.
     [[nodiscard]] bool becomeTheRunningInstance(const QStringList& arguments);
+    /// Throws PersistentStoreError.
     void launch();
 
 private:
@@ -67,7 +72,6 @@ private:
     void showAlert(AlertWindow::Kind kind, const QString& title, const QString& text);
     [[nodiscard]] QCoro::Task<bool> modelIsReady(TranscriptionModel model);
     void connectShell();
-    [[nodiscard]] std::vector<std::function<void()>> repairs();
     void followRecorder();
     void tellOfCrash();
     [[nodiscard]] QString microphoneName() const;
@@ -94,13 +98,15 @@ private:
         return model.engine == TranscriptionEngine::whisper ? &whisperFiles_ : nullptr;
     }};
     QString modelProblem_; ///< why a model that was there has to be fetched again
+    VocabularySettings vocabulary_{defaults_};
     WhisperInProcessEngine whisperEngine_;
-    WhisperTranscriptionProvider whisper_{whisperEngine_, modelStore_, defaults_};
+    WhisperTranscriptionProvider whisper_{whisperEngine_, modelStore_, defaults_, vocabulary_};
     FluidAsrEngine fluidEngine_{processorModuleFolders()};
-    FluidTranscriptionProvider fluid_{fluidEngine_, fluidFiles_, defaults_};
+    FluidTranscriptionProvider fluid_{fluidEngine_, fluidFiles_, defaults_, vocabulary_};
     TranscriptionFacade facade_{models_, whisper_, fluid_};
 
-    HistoryFile store_{HistoryFile::standardPath(), clock_};
+    CoreDataStack store_{clock_};
+    MigrationManager migrations_{defaults_, store_};
     DictationPipeline pipeline_{facade_, handlers(store_)};
     AudioDeviceManager devices_{*platform_.audioHardware, defaults_};
     AudioRecorder recorder_{
@@ -108,7 +114,7 @@ private:
     KeyboardShortcuts shortcuts_{*platform_.hotKeys, defaults_, notifications_};
     PasteDelivery delivery_;
     Windows windows_{{defaults_, notifications_, clock_, platform_, catalogue_, modelStore_, models_, modelDownloader_,
-                      devices_, shortcuts_, [this](const auto& model) { return isPresent(model); },
+                      store_, devices_, shortcuts_, [this](const auto& model) { return isPresent(model); },
                       [this](bool sandbox) {
                           delegate_.setSandboxMode(sandbox);
                       }}};
@@ -127,8 +133,8 @@ Program::Program(const ProgramOptions& options)
     , delivery_(*platform_.pasteboard, *platform_.keyEvents, *platform_.workspace, defaults_, clock_)
     , delegate_({defaults_, notifications_, clock_, *platform_.permissions, *platform_.sounds, recorder_, shortcuts_,
                  delivery_, models_, [this] { windows_.applyTheme(); },
-                 [this] { windows_.updates().check(UpdateChecker::Asker::launch); }, repairs(),
-                 [this] { return modelPreparation_.run(); },
+                 [this] { windows_.updates().check(UpdateChecker::Asker::launch); },
+                 [this] { renameLegacyKey(defaults_); }, migrations_, [this] { return modelPreparation_.run(); },
                  [this](TranscriptionModel model) { return modelIsReady(std::move(model)); }, surfaces()})
     , control_(
           delegate_, recorder_, [this] { return statusDetails(); },
@@ -149,9 +155,6 @@ void Program::connectShell()
         delegate_.showLauncherAndRecord();
     };
     QObject::connect(&windows_.tray(), &TrayIcon::dictateRequested, &delegate_, show);
-    QObject::connect(&windows_, &Windows::historyRequested, &delegate_, [this] {
-        platform_.workspace->openUrl(QUrl::fromLocalFile(HistoryFile::standardPath()).toString());
-    });
     QObject::connect(&windows_, &Windows::quitRequested, qApp, &QCoreApplication::quit);
     QObject::connect(&recorder_, &AudioRecorder::isRecordingChanged, &windows_, [this] { followRecorder(); });
     QObject::connect(&recorder_, &AudioRecorder::isBusyChanged, &windows_, [this] { followRecorder(); });
@@ -167,12 +170,6 @@ void Program::followRecorder()
     windows_.tray().setState(recorder_.isRecording() ? TrayIcon::State::recording
                              : recorder_.isBusy()    ? TrayIcon::State::processing
                                                      : TrayIcon::State::idle);
-}
-
-/// In this order: the settings' keys, then the store's rows.
-std::vector<std::function<void()>> Program::repairs()
-{
-    return {};
 }
 
 DictationPipeline::Handlers Program::handlers(TranscriptionStoring& store)
@@ -202,6 +199,7 @@ bool Program::becomeTheRunningInstance(const QStringList& arguments)
 
 void Program::launch()
 {
+    store_.loadPersistentStores();
     quitOnSignals(endSignal_);
     marker_.emplace(RunMarker::standardPath());
     if (!options_.shortcut.isEmpty())
@@ -210,6 +208,7 @@ void Program::launch()
     delegate_.applicationDidFinishLaunching();
     if (marker_->foundCrash())
         tellOfCrash();
+    defaults_.watch();
 }
 
 void Program::tellOfCrash()
@@ -267,7 +266,8 @@ Surfaces Program::surfaces()
             [this] { windows_.closeModelDownload(); },
             [this] { windows_.showOnboarding(); },
             [this] { windows_.closeOnboarding(); },
-            &windows_.settingsWindow()};
+            &windows_.settingsWindow(),
+            &windows_.transcriptionsWindow()};
 }
 
 QCoro::Task<bool> Program::modelIsReady(TranscriptionModel model)
@@ -337,7 +337,13 @@ int runProgram(const ProgramOptions& options)
         printLine(QStringLiteral("vantro is running already"));
         return ExitCode::done;
     }
-    program.launch();
+    try {
+        program.launch();
+    } catch (const PersistentStoreError& error) {
+        // Whatever would be dictated would be lost.
+        terminal::writeError(error.localizedDescription());
+        return ExitCode::failed;
+    }
     return QGuiApplication::exec();
 }
 

@@ -1,6 +1,7 @@
 #include "vantro/app/Windows.h"
 
 #include "vantro/support/SupportMail.h"
+#include "vantro/ui/history/HistoryModel.h"
 #include "vantro/ui/onboarding/OnboardingModel.h"
 #include "vantro/ui/settings/AboutModel.h"
 #include "vantro/ui/settings/GeneralSettings.h"
@@ -12,6 +13,7 @@
 
 #include <utility>
 
+void qml_register_types_Vantro_History();
 void qml_register_types_Vantro_Onboarding();
 void qml_register_types_Vantro_Settings();
 
@@ -43,12 +45,17 @@ Windows::Windows(Parts parts)
                 {tr("vantro settings"), QUrl(QStringLiteral("qrc:/qt/qml/Vantro/Settings/Settings.qml")), settingsSize,
                  leastSettingsSize},
                 [this] { return settingsContent(); })
+    , transcriptions_(ui_.engine(), *parts_.platform.workspace,
+                      {tr("vantro history"), QUrl(QStringLiteral("qrc:/qt/qml/Vantro/History/History.qml")),
+                       settingsSize, leastSettingsSize},
+                      [this] { return historyContent(); })
     , onboarding_(ui_.engine(), *parts_.platform.workspace,
                   {tr("Welcome to vantro"), QUrl(QStringLiteral("qrc:/qt/qml/Vantro/Onboarding/Onboarding.qml")),
                    onboardingSize, onboardingSize},
                   [this] { return onboardingContent(); })
     , tray_(*parts_.platform.tray)
 {
+    keepModule(qml_register_types_Vantro_History);
     keepModule(qml_register_types_Vantro_Onboarding);
     keepModule(qml_register_types_Vantro_Settings);
     QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/com.vantro.app.svg")));
@@ -67,7 +74,7 @@ void Windows::connectTray()
     connect(&tray_, &TrayIcon::settingsRequested, this, [this] { showSettings(QStringLiteral("general")); });
     connect(&tray_, &TrayIcon::modelsRequested, this, [this] { showSettings(QStringLiteral("models")); });
     connect(&tray_, &TrayIcon::aboutRequested, this, [this] { showSettings(QStringLiteral("about")); });
-    connect(&tray_, &TrayIcon::historyRequested, this, &Windows::historyRequested);
+    connect(&tray_, &TrayIcon::historyRequested, this, [this] { transcriptions_.open(); });
     connect(&tray_, &TrayIcon::updateCheckRequested, this, [this] { updates_.check(UpdateChecker::Asker::user); });
     connect(&tray_, &TrayIcon::errorReportRequested, this, &Windows::reportError);
     connect(&tray_, &TrayIcon::feedbackRequested, this, &Windows::sendFeedback);
@@ -118,6 +125,15 @@ LazyWindow::Content Windows::settingsContent()
     content.models.push_back(std::move(general));
     content.models.push_back(std::move(models));
     content.models.push_back(std::move(about));
+    return content;
+}
+
+LazyWindow::Content Windows::historyContent()
+{
+    auto model = std::make_unique<HistoryModel>(parts_.store, *parts_.platform.pasteboard);
+    LazyWindow::Content content;
+    content.properties = {{QStringLiteral("model"), QVariant::fromValue(model.get())}};
+    content.models.push_back(std::move(model));
     return content;
 }
 

@@ -5,6 +5,7 @@
 #include "vantro/audio/AudioDeviceManager.h"
 #include "vantro/models/ModelDownloader.h"
 #include "vantro/models/ModelStore.h"
+#include "vantro/store/CoreDataStack.h"
 #include "vantro/support/UpdateChecker.h"
 #include "vantro/ui/alert/AlertWindow.h"
 #include "vantro/ui/download/ModelDownloadWindow.h"
@@ -34,6 +35,7 @@ public:
         const ModelStore& modelStore;
         ModelSelection& models;
         ModelDownloader& downloader;
+        CoreDataStack& store;
         AudioDeviceManager& devices;
         KeyboardShortcuts& shortcuts;
         /// Whether a model's files are there, without hashing them.
@@ -47,6 +49,7 @@ public:
 
     [[nodiscard]] QQmlEngine& engine() { return ui_.engine(); }
     [[nodiscard]] SideWindow& settingsWindow() { return settings_; }
+    [[nodiscard]] SideWindow& transcriptionsWindow() { return transcriptions_; }
     [[nodiscard]] TrayIcon& tray() { return tray_; }
     [[nodiscard]] UpdateChecker& updates() { return updates_; }
 
@@ -66,12 +69,12 @@ public:
     void sendFeedback();
 
 Q_SIGNALS:
-    void historyRequested();
     void quitRequested();
 
 private:
     [[nodiscard]] LazyWindow::Content settingsContent();
     [[nodiscard]] LazyWindow::Content onboardingContent();
+    [[nodiscard]] LazyWindow::Content historyContent();
     [[nodiscard]] ModelListModel::State stateOf(const TranscriptionModel& model) const;
     [[nodiscard]] UpdateChecker::ShowAlert updateAlert();
     void connectTray();
@@ -83,6 +86,7 @@ private:
     UpdateChecker updates_;
     std::unique_ptr<ModelDownloadWindow> downloadWindow_;
     LazyWindow settings_;
+    LazyWindow transcriptions_;
     LazyWindow onboarding_;
     TrayIcon tray_;
 };

@@ -7,6 +7,7 @@
 #include "vantro/cli/ModelsCommand.h"
 #include "vantro/cli/Terminal.h"
 #include "vantro/cli/TranscribeCommand.h"
+#include "vantro/cli/VocabularyCommands.h"
 #include "vantro/models/ModelHost.h"
 
 namespace vantro {
@@ -31,6 +32,9 @@ Options:
 Commands:
   transcribe FILE...  Write the text of recordings to standard output.
   models [ACTION]     List, download, select, verify or remove speech models.
+  replacements [ACTION]
+                      Show and edit what is written instead of what.
+  vocabulary [ACTION] Show and edit the words that the engine is told of.
   toggle              Start a dictation, or end and transcribe the running one.
   start, stop         Open the launcher and record; end the recording.
   cancel              Discard the dictation.
@@ -135,6 +139,10 @@ int CommandLine::run() const
         return runModels(arguments_, options_.modelHost);
     if (command_ == QLatin1String("logs"))
         return runLogs(arguments_);
+    if (command_ == QLatin1String("replacements"))
+        return runReplacements(arguments_);
+    if (command_ == QLatin1String("vocabulary"))
+        return runVocabulary(arguments_);
     if (isControlCommand(command_))
         return runControl(command_, arguments_);
     terminal::writeError(

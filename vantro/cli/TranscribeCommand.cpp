@@ -83,11 +83,12 @@ private:
     ModelCatalogue catalogue_;
     ModelStore store_ = ModelStore::standard();
     ModelSelection selection_;
+    VocabularySettings vocabulary_{defaults_};
     WhisperInProcessEngine engine_;
-    WhisperTranscriptionProvider provider_{engine_, store_, defaults_};
+    WhisperTranscriptionProvider provider_{engine_, store_, defaults_, vocabulary_};
     FluidAsrEngine fluidEngine_{processorModuleFolders()};
     FluidModelFiles fluidFiles_{{store_.userFolder()}};
-    FluidTranscriptionProvider fluid_{fluidEngine_, fluidFiles_, defaults_};
+    FluidTranscriptionProvider fluid_{fluidEngine_, fluidFiles_, defaults_, vocabulary_};
     TranscriptionFacade facade_{selection_, provider_, fluid_};
 };
 

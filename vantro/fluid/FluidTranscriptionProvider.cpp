@@ -1,5 +1,7 @@
 #include "vantro/fluid/FluidTranscriptionProvider.h"
 
+#include "vantro/text/TextReplacer.h"
+
 #include <utility>
 
 namespace vantro {
@@ -20,10 +22,11 @@ std::vector<TranscribedToken> tokensOf(const asr::ASRResult& result)
 } // namespace
 
 FluidTranscriptionProvider::FluidTranscriptionProvider(FluidAsrEngine& engine, const FluidModelFiles& files,
-                                                       UserDefaults& defaults)
+                                                       UserDefaults& defaults, const VocabularySettings& vocabulary)
     : engine_(engine)
     , files_(files)
     , defaults_(defaults)
+    , vocabulary_(vocabulary)
 {
 }
 
@@ -50,7 +53,8 @@ QCoro::Task<QString> FluidTranscriptionProvider::transcribe(TranscriptionRequest
     const asr::ASRResult result = co_await engine_.transcribe(std::move(work));
     if (request.onTokens)
         request.onTokens(tokensOf(result));
-    co_return QString::fromStdString(result.text).trimmed();
+    co_return TextReplacer::applyReplacements(QString::fromStdString(result.text).trimmed(),
+                                              vocabulary_.textReplacements());
 }
 
 /// The multilingual model works in one language at a time and does not recognise which.

@@ -4,6 +4,7 @@
 #include "vantro/fluid/FluidAsrEngine.h"
 #include "vantro/fluid/FluidModelFiles.h"
 #include "vantro/models/TranscriptionProviding.h"
+#include "vantro/text/VocabularySettings.h"
 
 namespace vantro {
 
@@ -11,7 +12,8 @@ namespace vantro {
 class FluidTranscriptionProvider final : public TranscriptionProviding
 {
 public:
-    FluidTranscriptionProvider(FluidAsrEngine& engine, const FluidModelFiles& files, UserDefaults& defaults);
+    FluidTranscriptionProvider(FluidAsrEngine& engine, const FluidModelFiles& files, UserDefaults& defaults,
+                               const VocabularySettings& vocabulary);
 
     void prepare(const TranscriptionModel& model) override;
     QCoro::Task<QString> transcribe(TranscriptionRequest request) override;
@@ -25,6 +27,7 @@ private:
     FluidAsrEngine& engine_;
     const FluidModelFiles& files_;
     UserDefaults& defaults_;
+    const VocabularySettings& vocabulary_;
 };
 
 } // namespace vantro

@@ -1,5 +1,7 @@
 #include "vantro/whisper/WhisperTranscriptionProvider.h"
 
+#include "vantro/text/TextReplacer.h"
+
 #include <qcoro/qcorofuture.h>
 
 #include <utility>
@@ -14,10 +16,11 @@ constexpr std::int32_t codeOfAbort = -6;
 } // namespace
 
 WhisperTranscriptionProvider::WhisperTranscriptionProvider(WhisperInProcessEngine& engine, const ModelStore& store,
-                                                           UserDefaults& defaults)
+                                                           UserDefaults& defaults, const VocabularySettings& vocabulary)
     : engine_(engine)
     , store_(store)
     , defaults_(defaults)
+    , vocabulary_(vocabulary)
 {
 }
 
@@ -66,8 +69,11 @@ QCoro::Task<QString> WhisperTranscriptionProvider::transcribe(TranscriptionReque
     WhisperInProcessEngine::Request work;
     work.samples = std::move(request.samples);
     work.language = language;
+    work.prompt = vocabulary_.customVocabulary().join(QStringLiteral(", "));
     work.onProgress = std::move(request.onProgress);
-    co_return co_await engine_.transcribe(std::move(work));
+    const QFuture<QString> transcribed = engine_.transcribe(std::move(work));
+    const QString text = co_await transcribed;
+    co_return TextReplacer::applyReplacements(text.trimmed(), vocabulary_.textReplacements());
 }
 
 void WhisperTranscriptionProvider::cancel()

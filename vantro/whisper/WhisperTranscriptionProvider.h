@@ -3,6 +3,7 @@
 #include "base/UserDefaults.h"
 #include "vantro/models/ModelStore.h"
 #include "vantro/models/TranscriptionProviding.h"
+#include "vantro/text/VocabularySettings.h"
 #include "vantro/whisper/WhisperInProcessEngine.h"
 
 #include <cstdint>
@@ -16,7 +17,8 @@ namespace vantro {
 class WhisperTranscriptionProvider final : public TranscriptionProviding
 {
 public:
-    WhisperTranscriptionProvider(WhisperInProcessEngine& engine, const ModelStore& store, UserDefaults& defaults);
+    WhisperTranscriptionProvider(WhisperInProcessEngine& engine, const ModelStore& store, UserDefaults& defaults,
+                                 const VocabularySettings& vocabulary);
 
     void prepare(const TranscriptionModel& model) override;
     QCoro::Task<QString> transcribe(TranscriptionRequest request) override;
@@ -30,6 +32,7 @@ private:
     WhisperInProcessEngine& engine_;
     const ModelStore& store_;
     UserDefaults& defaults_;
+    const VocabularySettings& vocabulary_;
     // What was awaited may come when nobody wants it any more.
     std::uint64_t cancelCount_ = 0;
     std::uint64_t endedCount_ = 0;

@@ -1,0 +1,159 @@
+#include "base/Error.h"
+#include "vantro/ai/BuiltInPrompts.h"
+#include "vantro/ai/FormattingModeHandler.h"
+#include "vantro/ai/NormalModeHandler.h"
+#include "vantro/ai/NotesModeHandler.h"
+
+#include <QTemporaryDir>
+#include <qcoro/qcorotask.h>
+
+#include <gtest/gtest.h>
+
+using namespace vantro;
+
+namespace {
+
+/// Writes down what is done to the store and to the language model, in the order in which it happens.
+class Diary final : public TranscriptionStoring, public FormatRequestServicing
+{
+public:
+    void saveTranscription(const QString& transcription, const QString& formatted, ProcessingMode mode) override
+    {
+        entries << QStringLiteral("row %1 [%2][%3]").arg(rawValue(mode), transcription, formatted);
+    }
+    QUuid saveTranscription(const QString& transcription, ProcessingMode mode) override
+    {
+        saveTranscription(transcription, {}, mode);
+        return id;
+    }
+    void updateFormatted(const QUuid& row, const QString& formatted) override
+    {
+        entries << QStringLiteral("formatted %1 [%2]")
+                       .arg(row == id ? QStringLiteral("it") : QStringLiteral("another"), formatted);
+    }
+    QCoro::Task<> addNote(QString transcription) override
+    {
+        entries << QStringLiteral("note [%1]").arg(transcription);
+        co_return;
+    }
+    QCoro::Task<> summarizeToday(std::shared_ptr<FormatRequestServicing> service) override
+    {
+        entries << (service ? QStringLiteral("summary") : QStringLiteral("nobody to ask"));
+        co_return;
+    }
+    QCoro::Task<QString> format(QString prompt, QString text) override
+    {
+        entries << QStringLiteral("asked [%1][%2]").arg(prompt, text);
+        if (fails)
+            throw Error(QStringLiteral("The server is out."));
+        co_return QStringLiteral("Dear ") + text;
+    }
+
+    const QUuid id = QUuid::createUuid();
+    QStringList entries;
+    bool fails = false;
+};
+
+class Modes : public testing::Test
+{
+protected:
+    /// What was done, and what is delivered or the error in the end.
+    QStringList process(ModeHandler& handler)
+    {
+        const std::shared_ptr<FormatRequestServicing> service(&diary, [](auto*) {});
+        QString end;
+        QCoro::waitFor([](ModeHandler& mode, auto model, QString& outcome) -> QCoro::Task<> {
+            try {
+                outcome = co_await mode.process(QStringLiteral("hello"), model);
+            } catch (const Error& error) {
+                outcome = QStringLiteral("! ") + error.localizedDescription();
+            }
+        }(handler, service, end));
+        return diary.entries + QStringList(end);
+    }
+
+    QTemporaryDir folder;
+    QString path = folder.filePath(QStringLiteral("vantro.ini"));
+    UserDefaults defaults{path};
+    PromptSettings prompts{defaults};
+    Diary diary;
+};
+
+} // namespace
+
+TEST_F(Modes, NormalKeepsTheTextAndNeverAsks)
+{
+    NormalModeHandler handler(diary);
+    EXPECT_EQ(process(handler), QStringList({QStringLiteral("row Normal [hello][]"), QStringLiteral("hello")}));
+}
+
+TEST_F(Modes, EmailAndGrammarStoreBeforeTheyAskAndAfterwards)
+{
+    prompts.setPrompt(ProcessingMode::Email, QStringLiteral("as mail"));
+    EmailModeHandler email(diary, prompts);
+    EXPECT_EQ(process(email),
+              QStringList({QStringLiteral("row Email [hello][]"), QStringLiteral("asked [as mail][hello]"),
+                           QStringLiteral("formatted it [Dear hello]"), QStringLiteral("Dear hello")}));
+    diary.entries.clear();
+    diary.fails = true;
+    ThirdModeHandler grammar(diary, prompts);
+    EXPECT_EQ(process(grammar),
+              QStringList({QStringLiteral("row Grammar [hello][]"),
+                           QStringLiteral("asked [%1][hello]").arg(*builtInPrompt(ProcessingMode::Grammar)),
+                           QStringLiteral("! The server is out.")}));
+}
+
+TEST_F(Modes, CustomAsksOnlyWithAPromptAndWhiteSpaceIsOne)
+{
+    CustomModeHandler handler(diary, prompts);
+    EXPECT_EQ(process(handler), QStringList({QStringLiteral("row Custom [hello][]"), QStringLiteral("hello")}));
+    diary.entries.clear();
+    prompts.setPrompt(ProcessingMode::Custom, QStringLiteral(" "));
+    EXPECT_EQ(process(handler),
+              QStringList({QStringLiteral("row Custom [hello][]"), QStringLiteral("asked [ ][hello]"),
+                           QStringLiteral("formatted it [Dear hello]"), QStringLiteral("Dear hello")}));
+}
+
+TEST_F(Modes, NotesFileTheTextAndRenewTheSummary)
+{
+    NotesModeHandler handler(diary);
+    EXPECT_EQ(process(handler),
+              QStringList({QStringLiteral("note [hello]"), QStringLiteral("summary"), QStringLiteral("hello")}));
+}
+
+TEST_F(Modes, SettingsAreCompletedAndWhatTheUserSetStays)
+{
+    const QUuid provider = QUuid::createUuid();
+    prompts.setPrompt(ProcessingMode::Email, QStringLiteral("mine"));
+    prompts.setConfiguration(ProcessingMode::Email, {false, provider});
+    prompts.setCustomModeName(ProcessingMode::Custom, QStringLiteral("Translate"));
+    defaults.setData(QStringLiteral("customPrompts"), R"({"Email":"mine","Poem":"?"})");
+
+    UserDefaults again(path);
+    PromptSettings later(again);
+    EXPECT_EQ(later.prompt(ProcessingMode::Email), QStringLiteral("mine"));
+    EXPECT_EQ(later.prompt(ProcessingMode::Grammar), builtInPrompt(ProcessingMode::Grammar));
+    EXPECT_EQ(later.prompt(ProcessingMode::Custom), QString());
+    EXPECT_EQ(later.configuration(ProcessingMode::Email), (ModeConfiguration{false, provider}));
+    EXPECT_EQ(later.configuration(ProcessingMode::Notes), ModeConfiguration());
+    EXPECT_EQ(later.displayName(ProcessingMode::Custom), QStringLiteral("Translate"));
+    EXPECT_EQ(later.displayName(ProcessingMode::Grammar), QStringLiteral("Grammar"));
+
+    // And the program that runs meanwhile sees it.
+    defaults.reload();
+    later.setCustomModeName(ProcessingMode::Custom, QString());
+    later.setPrompt(ProcessingMode::Custom, QStringLiteral("Make it rhyme"));
+    defaults.reload();
+    EXPECT_EQ(prompts.displayName(ProcessingMode::Custom), QStringLiteral("Custom"));
+    EXPECT_EQ(prompts.prompt(ProcessingMode::Custom), QStringLiteral("Make it rhyme"));
+}
+
+TEST_F(Modes, WhatCannotBeReadIsPutAside)
+{
+    const QByteArray broken = R"({"Email":{"useLocalAI":"yes"}})";
+    defaults.setData(QStringLiteral("modeConfigurations"), broken);
+    UserDefaults again(path);
+    const PromptSettings later(again);
+    EXPECT_EQ(later.configuration(ProcessingMode::Email), ModeConfiguration());
+    EXPECT_EQ(again.data(QStringLiteral("modeConfigurations.unreadable")), broken);
+}

@@ -1,0 +1,145 @@
+#pragma once
+
+#include "base/testing/ManualClock.h"
+#include "platform/testing/FakeSecretStore.h"
+#include "tests/ai/services/ChatServer.h"
+#include "vantro/ai/providers/KeychainService.h"
+#include "vantro/ai/providers/ProviderConfigurationManager.h"
+#include "vantro/ai/services/FormatServiceFactory.h"
+#include "vantro/ai/services/RemoteFormatError.h"
+
+#include <QCoreApplication>
+#include <QDeadlineTimer>
+#include <QJsonDocument>
+
+#include <gtest/gtest.h>
+
+#include <exception>
+#include <functional>
+
+namespace vantro {
+
+inline const QString key = QStringLiteral("sk-0123456789-secret");
+inline const QString account = QStringLiteral("provider-test");
+
+/// Finds the language that the test names.
+class NamedLanguage final : public LanguageRecognizer
+{
+public:
+    std::optional<QString> code;
+    [[nodiscard]] std::optional<QString> dominantLanguage(const QString& /*text*/) const override { return code; }
+};
+
+/// How a request ended, once it has.
+struct Outcome
+{
+    bool isThere = false;
+    QString text;
+    std::exception_ptr failure;
+
+    [[nodiscard]] QString description() const
+    {
+        try {
+            if (failure)
+                std::rethrow_exception(failure);
+        } catch (const Error& error) {
+            return error.localizedDescription();
+        }
+        return {};
+    }
+    [[nodiscard]] std::optional<RemoteFormatError::Kind> kind() const
+    {
+        try {
+            if (failure)
+                std::rethrow_exception(failure);
+        } catch (const RemoteFormatError& error) {
+            return error.kind();
+        }
+        return std::nullopt;
+    }
+};
+
+inline QCoro::Task<> follow(QCoro::Task<QString> task, std::shared_ptr<Outcome> outcome)
+{
+    try {
+        outcome->text = co_await task;
+    } catch (...) {
+        outcome->failure = std::current_exception();
+    }
+    outcome->isThere = true;
+}
+
+inline QCoro::Task<> follow(QCoro::Task<> task, std::shared_ptr<Outcome> outcome)
+{
+    try {
+        co_await task;
+    } catch (...) {
+        outcome->failure = std::current_exception();
+    }
+    outcome->isThere = true;
+}
+
+inline bool waitFor(const std::function<bool()>& condition)
+{
+    const QDeadlineTimer deadline(std::chrono::seconds(30));
+    while (!condition() && !deadline.hasExpired())
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+    return condition();
+}
+
+/// Services with a key in memory, a clock that stands still and a real server.
+class FormatTest : public ::testing::Test
+{
+protected:
+    FormatTest() { store.secrets[account] = key.toUtf8(); }
+
+    [[nodiscard]] RemoteProviderConfig config(RemoteProviderType type) const
+    {
+        RemoteProviderConfig config;
+        config.provider = type;
+        config.model = QStringLiteral("model-1");
+        config.keychainIdentifierOverride = account;
+        config.customBaseURL = server.url() + QStringLiteral("/v1");
+        return config;
+    }
+
+    [[nodiscard]] std::shared_ptr<RemoteFormatService> service(const RemoteProviderConfig& config)
+    {
+        return FormatServiceFactory(providers, parts, {server.url(), server.url(), server.url()}).makeRemote(config);
+    }
+
+    template <typename Result>
+    Outcome outcome(QCoro::Task<Result> task)
+    {
+        const auto outcome = begin(std::move(task));
+        EXPECT_TRUE(waitFor([&] { return outcome->isThere; }));
+        return *outcome;
+    }
+
+    template <typename Result>
+    std::shared_ptr<Outcome> begin(QCoro::Task<Result> task)
+    {
+        auto outcome = std::make_shared<Outcome>();
+        follow(std::move(task), outcome);
+        return outcome;
+    }
+
+    Outcome format(RemoteProviderType type = RemoteProviderType::Custom) { return format(config(type)); }
+    Outcome format(const RemoteProviderConfig& config)
+    {
+        return outcome(service(config)->format(QStringLiteral("Be brief."), QStringLiteral("hello wörld")));
+    }
+
+    ChatServer server;
+    doubles::ManualClock clock;
+    doubles::FakeSecretStore store;
+    KeychainService keychain{store};
+    NamedLanguage languages;
+    QTemporaryDir folder;
+    UserDefaults defaults{folder.filePath(QStringLiteral("settings.ini"))};
+    ProviderConfigurationManager providers{defaults, keychain};
+    HttpExchange http{clock};
+    RemoteServiceParts parts{http, keychain, languages};
+};
+
+} // namespace vantro

@@ -1,0 +1,24 @@
+#include "vantro/ai/FormattingModeHandler.h"
+
+namespace vantro {
+
+FormattingModeHandler::FormattingModeHandler(ProcessingMode mode, TranscriptionStoring& store,
+                                             const PromptSettings& prompts)
+    : mode_(mode)
+    , store_(store)
+    , prompts_(prompts)
+{
+}
+
+QCoro::Task<QString> FormattingModeHandler::process(QString transcript, std::shared_ptr<FormatRequestServicing> service)
+{
+    const QUuid id = store_.saveTranscription(transcript, mode_);
+    const QString prompt = prompts_.prompt(mode_);
+    if (mode_ == ProcessingMode::Custom && prompt.isEmpty())
+        co_return transcript;
+    const QString formatted = co_await service->format(prompt, transcript);
+    store_.updateFormatted(id, formatted);
+    co_return formatted;
+}
+
+} // namespace vantro

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "vantro/ai/ModeHandler.h"
+#include "vantro/ai/PromptSettings.h"
+#include "vantro/ai/TranscriptionStoring.h"
+
+namespace vantro {
+
+/// What the modes that a language model rewrites have in common: the transcript is stored before the model is asked, so
+/// that no failure costs it.
+class FormattingModeHandler : public ModeHandler
+{
+protected:
+    FormattingModeHandler(ProcessingMode mode, TranscriptionStoring& store, const PromptSettings& prompts);
+
+public:
+    QCoro::Task<QString> process(QString transcript, std::shared_ptr<FormatRequestServicing> service) override;
+
+private:
+    ProcessingMode mode_;
+    TranscriptionStoring& store_;
+    const PromptSettings& prompts_;
+};
+
+class EmailModeHandler final : public FormattingModeHandler
+{
+public:
+    EmailModeHandler(TranscriptionStoring& store, const PromptSettings& prompts)
+        : FormattingModeHandler(ProcessingMode::Email, store, prompts)
+    {
+    }
+};
+
+/// Grammar.
+class ThirdModeHandler final : public FormattingModeHandler
+{
+public:
+    ThirdModeHandler(TranscriptionStoring& store, const PromptSettings& prompts)
+        : FormattingModeHandler(ProcessingMode::Grammar, store, prompts)
+    {
+    }
+};
+
+/// Nobody is asked while the user has written no prompt: the transcript stays as it is.
+class CustomModeHandler final : public FormattingModeHandler
+{
+public:
+    CustomModeHandler(TranscriptionStoring& store, const PromptSettings& prompts)
+        : FormattingModeHandler(ProcessingMode::Custom, store, prompts)
+    {
+    }
+};
+
+} // namespace vantro

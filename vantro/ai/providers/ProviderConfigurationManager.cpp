@@ -1,0 +1,154 @@
+#include "vantro/ai/providers/ProviderConfigurationManager.h"
+
+#include "vantro/ai/providers/KeychainError.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+
+#include <algorithm>
+
+namespace vantro {
+
+namespace {
+
+const auto cleanUpDueKey = QStringLiteral("providerKeyCleanUpDue");
+const auto accountPrefix = QStringLiteral("provider-");
+
+} // namespace
+
+ProviderConfigurationManager::ProviderConfigurationManager(UserDefaults& defaults, KeychainServicing& keychain)
+    : defaults_(defaults)
+    , keychain_(keychain)
+{
+    load();
+}
+
+const ProviderConfiguration* ProviderConfigurationManager::find(const QUuid& id) const
+{
+    const auto found = std::ranges::find(configurations_, id, &ProviderConfiguration::id);
+    return found != configurations_.end() ? &*found : nullptr;
+}
+
+void ProviderConfigurationManager::load()
+{
+    const auto former = configurations_;
+    const auto data = defaults_.data(userDefaultsKey);
+    if (!data || !decode(*data)) {
+        if (data)
+            setAside(*data);
+        configurations_ = ProviderConfiguration::defaults();
+        save();
+    } else if (configurations_ != former) {
+        Q_EMIT configurationsChanged();
+    }
+}
+
+bool ProviderConfigurationManager::decode(const QByteArray& data)
+{
+    const QJsonDocument document = QJsonDocument::fromJson(data);
+    if (!document.isArray())
+        return false;
+    std::vector<ProviderConfiguration> decoded;
+    for (const QJsonValue& value : document.array()) {
+        const auto configuration = ProviderConfiguration::fromJson(value.toObject());
+        if (!configuration)
+            return false;
+        decoded.push_back(*configuration);
+    }
+    configurations_ = std::move(decoded);
+    return true;
+}
+
+void ProviderConfigurationManager::setAside(const QByteArray& data)
+{
+    defaults_.setData(unreadableListKey, data);
+    logger_.error(tr("The stored list of providers cannot be read. It is kept in the settings as %1; the list begins "
+                     "anew with the defaults")
+                      .arg(unreadableListKey));
+}
+
+void ProviderConfigurationManager::save()
+{
+    QJsonArray array;
+    for (const ProviderConfiguration& configuration : configurations_)
+        array.append(configuration.toJson());
+    defaults_.setData(userDefaultsKey, QJsonDocument(array).toJson(QJsonDocument::Compact));
+    Q_EMIT configurationsChanged();
+}
+
+void ProviderConfigurationManager::add(const ProviderConfiguration& configuration)
+{
+    configurations_.push_back(configuration);
+    save();
+}
+
+void ProviderConfigurationManager::update(const ProviderConfiguration& configuration)
+{
+    const auto found = std::ranges::find(configurations_, configuration.id, &ProviderConfiguration::id);
+    if (found == configurations_.end())
+        return;
+    *found = configuration;
+    save();
+}
+
+void ProviderConfigurationManager::remove(const QUuid& id)
+{
+    if (std::erase_if(configurations_, [&id](const auto& configuration) { return configuration.id == id; }) == 0)
+        return;
+    defaults_.setBoolean(cleanUpDueKey, true);
+    save();
+}
+
+QCoro::Task<> ProviderConfigurationManager::storeKey(QUuid id, QString key)
+{
+    co_await keychain_.save(key, keychainAccount(id));
+}
+
+QCoro::Task<std::optional<QString>> ProviderConfigurationManager::readKey(QUuid id)
+{
+    co_return co_await keychain_.read(keychainAccount(id));
+}
+
+QCoro::Task<> ProviderConfigurationManager::deleteKey(QUuid id)
+{
+    try {
+        co_await keychain_.remove(keychainAccount(id));
+    } catch (const KeychainError& error) {
+        if (error.kind() != KeychainError::Kind::itemNotFound)
+            throw;
+    }
+}
+
+QCoro::Task<> ProviderConfigurationManager::cleanUpOrphanedKeys()
+{
+    // The ids of a list that could not be read are not known: its keys stay until it has been mended or given up.
+    if (defaults_.contains(unreadableListKey))
+        co_return;
+    const QStringList accounts = co_await keychain_.accounts();
+    for (const QString& account : accounts) {
+        const bool isKnown = std::ranges::any_of(configurations_, [&account](const auto& configuration) {
+            return account.compare(configuration.keychainAccount(), Qt::CaseInsensitive) == 0;
+        });
+        if (isKnown || !account.startsWith(accountPrefix))
+            continue;
+        co_await keychain_.remove(account);
+        printLine(QStringLiteral("Cleaned up orphaned API key: ") + account);
+    }
+    defaults_.remove(cleanUpDueKey);
+}
+
+QCoro::Task<> ProviderConfigurationManager::cleanUpWhenPossible()
+{
+    try {
+        co_await cleanUpOrphanedKeys();
+    } catch (const KeychainError& error) {
+        logger_.info(tr("Keys of removed providers stay until the next start: ") + error.localizedDescription());
+    }
+}
+
+bool ProviderConfigurationManager::isCleanUpDue() const
+{
+    return defaults_.boolean(cleanUpDueKey, false);
+}
+
+} // namespace vantro

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <QString>
+
+namespace vantro {
+
+/// The addresses of the three public providers, without a path.
+struct ProviderHosts
+{
+    QString openAI = QStringLiteral("https://api.openai.com");
+    QString anthropic = QStringLiteral("https://api.anthropic.com");
+    QString gemini = QStringLiteral("https://generativelanguage.googleapis.com");
+};
+
+} // namespace vantro

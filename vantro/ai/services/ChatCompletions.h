@@ -1,0 +1,22 @@
+#pragma once
+
+#include "vantro/ai/services/RemoteFormatService.h"
+
+namespace vantro {
+
+/// The request shape that OpenAI made and many servers speak.
+class ChatCompletions : public RemoteFormatService
+{
+protected:
+    using RemoteFormatService::RemoteFormatService;
+
+    void authorize(HttpRequest& request, const QString& key) const override;
+    [[nodiscard]] QJsonObject formatBody(const QString& system, const QString& text) const override;
+    [[nodiscard]] QJsonObject verificationBody() const override;
+    [[nodiscard]] RemoteAnswer::TextPath textPath() const override;
+
+private:
+    void addParameters(QJsonObject& body) const;
+};
+
+} // namespace vantro

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "vantro/ai/services/ChatCompletions.h"
+
+namespace vantro {
+
+/// Any server that speaks OpenAI's chat completions, at an address that the user gives.
+class CustomOpenAICompatibleService final : public ChatCompletions
+{
+public:
+    CustomOpenAICompatibleService(RemoteServiceParts parts, RemoteProviderConfig config,
+                                  std::chrono::milliseconds baseTimeout = standardTimeout);
+
+protected:
+    [[nodiscard]] QUrl endpoint() const override;
+    void noteRequest() const override;
+    [[nodiscard]] AnswerNote formatNote() const override;
+    [[nodiscard]] AnswerNote verificationNote() const override;
+};
+
+} // namespace vantro

@@ -1,0 +1,70 @@
+#include "vantro/ai/services/FormatServiceFactory.h"
+
+#include "platform/Wording.h"
+#include "vantro/ai/services/AnthropicService.h"
+#include "vantro/ai/services/CustomOpenAICompatibleService.h"
+#include "vantro/ai/services/GeminiService.h"
+#include "vantro/ai/services/LocalFormatService.h"
+#include "vantro/ai/services/OpenAICompatibleService.h"
+
+#include <utility>
+
+namespace vantro {
+
+FormatServiceFactory::FormatServiceFactory(const ProviderConfigurationManager& providers, RemoteServiceParts parts,
+                                           ProviderHosts hosts)
+    : providers_(providers)
+    , parts_(parts)
+    , hosts_(std::move(hosts))
+{
+}
+
+std::shared_ptr<FormatRequestServicing> FormatServiceFactory::make(ProcessingMode mode,
+                                                                   const ModeConfiguration& configuration) const
+{
+    if (configuration.useLocalAI) {
+        printLine(QStringLiteral("LocalFormatService unavailable for %1: %2")
+                      .arg(rawValue(mode), wording::localProcessingNeeds()));
+        return std::make_shared<LocalFormatService>();
+    }
+    const auto* chosen = provider(configuration);
+    if (chosen == nullptr) {
+        printLine(QStringLiteral("No provider configuration for %1, falling back to local").arg(rawValue(mode)));
+        return std::make_shared<LocalFormatService>();
+    }
+    printLine(
+        QStringLiteral("Using remote service (%1) for %2").arg(displayName(chosen->providerType), rawValue(mode)));
+    return makeRemote(chosen->remoteConfig());
+}
+
+void FormatServiceFactory::preconnect(const ModeConfiguration& configuration) const
+{
+    if (const auto* chosen = provider(configuration))
+        makeRemote(chosen->remoteConfig())->preconnect();
+}
+
+const ProviderConfiguration* FormatServiceFactory::provider(const ModeConfiguration& configuration) const
+{
+    if (configuration.useLocalAI || !configuration.providerConfigId)
+        return nullptr;
+    const auto* found = providers_.find(*configuration.providerConfigId);
+    // Nothing is sent to a provider that the user has switched off.
+    return found != nullptr && found->isEnabled ? found : nullptr;
+}
+
+std::shared_ptr<RemoteFormatService> FormatServiceFactory::makeRemote(const RemoteProviderConfig& config) const
+{
+    switch (config.provider) {
+    case RemoteProviderType::OpenAI:
+        return std::make_shared<OpenAICompatibleService>(parts_, config, hosts_);
+    case RemoteProviderType::Anthropic:
+        return std::make_shared<AnthropicService>(parts_, config, hosts_);
+    case RemoteProviderType::Gemini:
+        return std::make_shared<GeminiService>(parts_, config, hosts_);
+    case RemoteProviderType::Custom:
+        return std::make_shared<CustomOpenAICompatibleService>(parts_, config);
+    }
+    Q_UNREACHABLE();
+}
+
+} // namespace vantro

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "vantro/ai/ModeConfiguration.h"
+#include "vantro/ai/ProcessingMode.h"
+#include "vantro/ai/providers/ProviderConfigurationManager.h"
+#include "vantro/ai/providers/ProviderHosts.h"
+#include "vantro/ai/services/RemoteFormatService.h"
+
+#include <memory>
+
+namespace vantro {
+
+/// Chooses the language model of a dictation by its mode's configuration. Main thread.
+class FormatServiceFactory
+{
+public:
+    FormatServiceFactory(const ProviderConfigurationManager& providers, RemoteServiceParts parts,
+                         ProviderHosts hosts = {});
+
+    /// Never fails: what cannot be served remotely gets the service on this machine, which tells why it cannot either.
+    [[nodiscard]] std::shared_ptr<FormatRequestServicing> make(ProcessingMode mode,
+                                                               const ModeConfiguration& configuration) const;
+    /// Opens the connection that a service for @p configuration would use, if it would use one.
+    void preconnect(const ModeConfiguration& configuration) const;
+    [[nodiscard]] std::shared_ptr<RemoteFormatService> makeRemote(const RemoteProviderConfig& config) const;
+
+private:
+    /// Null when nothing is to be sent anywhere.
+    [[nodiscard]] const ProviderConfiguration* provider(const ModeConfiguration& configuration) const;
+
+    const ProviderConfigurationManager& providers_;
+    RemoteServiceParts parts_;
+    ProviderHosts hosts_;
+};
+
+} // namespace vantro

@@ -1,0 +1,63 @@
+#include "vantro/ai/services/GeminiService.h"
+
+#include <QJsonArray>
+
+#include <utility>
+
+namespace vantro {
+
+namespace {
+
+QJsonArray contents(const QString& text)
+{
+    QJsonArray parts;
+    parts.append(QJsonObject{{QStringLiteral("text"), text}});
+    QJsonArray contents;
+    contents.append(QJsonObject{{QStringLiteral("parts"), parts}});
+    return contents;
+}
+
+} // namespace
+
+GeminiService::GeminiService(RemoteServiceParts parts, RemoteProviderConfig config, const ProviderHosts& hosts,
+                             std::chrono::milliseconds baseTimeout)
+    : RemoteFormatService(parts, std::move(config), baseTimeout)
+    , host_(hosts.gemini)
+{
+}
+
+QUrl GeminiService::endpoint() const
+{
+    const QByteArray model = QUrl::toPercentEncoding(config().model);
+    return QUrl(host_ + QStringLiteral("/v1beta/models/%1:generateContent").arg(QString::fromLatin1(model)));
+}
+
+void GeminiService::authorize(HttpRequest& request, const QString& key) const
+{
+    request.url.setQuery(QStringLiteral("key=") + QString::fromLatin1(QUrl::toPercentEncoding(key)));
+}
+
+QJsonObject GeminiService::formatBody(const QString& system, const QString& text) const
+{
+    const QString whole = QStringLiteral("System: ") + system + QStringLiteral("\n\nUser: ") + text;
+    return {{QStringLiteral("contents"), contents(whole)},
+            {QStringLiteral("generationConfig"), QJsonObject{{QStringLiteral("temperature"), 0.3}}}};
+}
+
+QJsonObject GeminiService::verificationBody() const
+{
+    return {{QStringLiteral("contents"), contents(QStringLiteral("test"))},
+            {QStringLiteral("generationConfig"), QJsonObject{{QStringLiteral("maxOutputTokens"), 1}}}};
+}
+
+RemoteAnswer::TextPath GeminiService::textPath() const
+{
+    return [](const QJsonObject& answer) {
+        const QJsonObject candidate = answer.value(QLatin1String("candidates")).toArray().at(0).toObject();
+        const QJsonArray parts =
+            candidate.value(QLatin1String("content")).toObject().value(QLatin1String("parts")).toArray();
+        return parts.at(0).toObject().value(QLatin1String("text"));
+    };
+}
+
+} // namespace vantro

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "vantro/ai/providers/ProviderHosts.h"
+#include "vantro/ai/services/RemoteFormatService.h"
+
+namespace vantro {
+
+/// Google's generateContent. The key travels in the address, which is therefore shown nowhere.
+class GeminiService final : public RemoteFormatService
+{
+public:
+    GeminiService(RemoteServiceParts parts, RemoteProviderConfig config, const ProviderHosts& hosts = {},
+                  std::chrono::milliseconds baseTimeout = standardTimeout);
+
+protected:
+    [[nodiscard]] QUrl endpoint() const override;
+    void authorize(HttpRequest& request, const QString& key) const override;
+    [[nodiscard]] QJsonObject formatBody(const QString& system, const QString& text) const override;
+    [[nodiscard]] QJsonObject verificationBody() const override;
+    [[nodiscard]] RemoteAnswer::TextPath textPath() const override;
+
+private:
+    QString host_;
+};
+
+} // namespace vantro

@@ -1,0 +1,186 @@
+#include "vantro/ai/services/HttpCall.h"
+
+#include "vantro/ai/services/HttpError.h"
+
+#include <QSslConfiguration>
+#include <QSslError>
+
+#include <utility>
+
+namespace vantro {
+
+namespace {
+
+constexpr int mostRedirects = 3;
+constexpr int temporaryRedirect = 307;
+constexpr int permanentRedirect = 308;
+
+bool isSameOrigin(const QUrl& one, const QUrl& other)
+{
+    const auto port = [](const QUrl& url) {
+        return url.port(url.scheme() == QLatin1String("https") ? 443 : 80);
+    };
+    return one.scheme() == other.scheme() && one.host() == other.host() && port(one) == port(other);
+}
+
+} // namespace
+
+HttpCall::HttpCall(QNetworkAccessManager& manager, HttpRequest request, HttpExchange::Reader read,
+                   std::shared_ptr<QPromise<QString>> promise)
+    : QObject(&manager)
+    , manager_(manager)
+    , request_(std::move(request))
+    , read_(std::move(read))
+    , promise_(std::move(promise))
+{
+}
+
+HttpCall::~HttpCall()
+{
+    settle(std::make_exception_ptr(HttpError::cancelled()));
+}
+
+void HttpCall::start()
+{
+    send(request_.url);
+}
+
+void HttpCall::abort(const std::exception_ptr& failure)
+{
+    end(failure);
+}
+
+QNetworkRequest HttpCall::networkRequest(const QUrl& url)
+{
+    QNetworkRequest request(url);
+    request.setHeader(QNetworkRequest::UserAgentHeader, QStringLiteral("vantro/" VANTRO_VERSION));
+    request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::ManualRedirectPolicy);
+    request.setAttribute(QNetworkRequest::CookieLoadControlAttribute, QNetworkRequest::Manual);
+    request.setAttribute(QNetworkRequest::CookieSaveControlAttribute, QNetworkRequest::Manual);
+    request.setAttribute(QNetworkRequest::Http2AllowedAttribute, false); // one request at a time gains nothing from it
+    // Reading the system's certificates takes longer than many a request; left alone they are read when they are
+    // needed.
+    if (const QString file = qEnvironmentVariable("SSL_CERT_FILE"); !file.isEmpty()) {
+        QSslConfiguration configuration = QSslConfiguration::defaultConfiguration();
+        configuration.addCaCertificates(file);
+        request.setSslConfiguration(configuration);
+    }
+    return request;
+}
+
+void HttpCall::send(const QUrl& url)
+{
+    QNetworkRequest request = networkRequest(url);
+    request.setHeader(QNetworkRequest::ContentTypeHeader, QStringLiteral("application/json"));
+    for (const auto& [name, value] : request_.headers)
+        request.setRawHeader(name, value);
+    body_.clear();
+    reply_ = manager_.post(request, request_.body);
+    connect(reply_, &QNetworkReply::metaDataChanged, this, &HttpCall::readHead);
+    connect(reply_, &QNetworkReply::readyRead, this, &HttpCall::readBody);
+    connect(reply_, &QNetworkReply::finished, this, &HttpCall::finished);
+    connect(reply_, &QNetworkReply::sslErrors, this, [this](const QList<QSslError>& errors) {
+        if (!errors.isEmpty())
+            certificateProblem_ = errors.first().errorString();
+    });
+}
+
+int HttpCall::status() const
+{
+    return reply_->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
+}
+
+void HttpCall::readHead()
+{
+    if (reply_->header(QNetworkRequest::ContentLengthHeader).toLongLong() > HttpExchange::largestAnswerBytes)
+        abort(std::make_exception_ptr(HttpError::tooLarge(request_.url.host(), HttpExchange::largestAnswerBytes)));
+}
+
+void HttpCall::readBody()
+{
+    body_ += reply_->readAll();
+    if (body_.size() > HttpExchange::largestAnswerBytes)
+        abort(std::make_exception_ptr(HttpError::tooLarge(request_.url.host(), HttpExchange::largestAnswerBytes)));
+}
+
+void HttpCall::finished()
+{
+    readBody();
+    if (hasEnded_ || followRedirect())
+        return;
+    if (const auto failure = transportFailure())
+        end(failure);
+    else
+        answer();
+}
+
+bool HttpCall::followRedirect()
+{
+    const QUrl target = request_.url.resolved(reply_->attribute(QNetworkRequest::RedirectionTargetAttribute).toUrl());
+    const bool meansTheSameRequest = status() == temporaryRedirect || status() == permanentRedirect;
+    if (!meansTheSameRequest || !isSameOrigin(target, request_.url) || redirects_ >= mostRedirects)
+        return false;
+    ++redirects_;
+    reply_->disconnect(this);
+    reply_->deleteLater();
+    send(target);
+    return true;
+}
+
+std::exception_ptr HttpCall::transportFailure() const
+{
+    const auto error = reply_->error();
+    const QString host = request_.url.host();
+    // From here on Qt counts what the server says as an error; that is the reader's business.
+    const bool isServersWord = status() != 0 && error >= QNetworkReply::ContentAccessDenied;
+    if (error == QNetworkReply::NoError || (isServersWord && error != QNetworkReply::ProtocolFailure))
+        return status() != 0 ? nullptr : std::make_exception_ptr(HttpError::notHttp(host));
+    if (status() != 0)
+        return std::make_exception_ptr(HttpError::cutOff(host));
+    switch (error) {
+    case QNetworkReply::SslHandshakeFailedError:
+        return std::make_exception_ptr(
+            HttpError::notTrusted(host, certificateProblem_.isEmpty() ? reply_->errorString() : certificateProblem_));
+    case QNetworkReply::ProtocolFailure:
+    case QNetworkReply::ProtocolUnknownError:
+    case QNetworkReply::ProtocolInvalidOperationError:
+        return std::make_exception_ptr(HttpError::notHttp(host));
+    default:
+        return std::make_exception_ptr(HttpError::unreachable(host, reply_->errorString()));
+    }
+}
+
+void HttpCall::answer()
+{
+    const HttpAnswer answer{.status = status(), .body = std::exchange(body_, {})};
+    try {
+        promise_->addResult(read_(answer));
+        end(nullptr);
+    } catch (...) {
+        end(std::current_exception());
+    }
+}
+
+void HttpCall::end(const std::exception_ptr& failure)
+{
+    if (hasEnded_)
+        return;
+    settle(failure);
+    if (reply_ != nullptr) {
+        reply_->disconnect(this);
+        reply_->abort();
+        reply_->deleteLater();
+    }
+    deleteLater();
+}
+
+void HttpCall::settle(const std::exception_ptr& failure)
+{
+    if (std::exchange(hasEnded_, true))
+        return;
+    if (failure)
+        promise_->setException(failure);
+    promise_->finish();
+}
+
+} // namespace vantro

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "vantro/ai/services/HttpExchange.h"
+
+#include <QNetworkReply>
+#include <QObject>
+#include <QPointer>
+#include <QPromise>
+
+#include <exception>
+
+namespace vantro {
+
+/// One request and its answer, on the network's thread. Deletes itself when it has ended.
+class HttpCall final : public QObject
+{
+    Q_OBJECT
+public:
+    HttpCall(QNetworkAccessManager& manager, HttpRequest request, HttpExchange::Reader read,
+             std::shared_ptr<QPromise<QString>> promise);
+    ~HttpCall() override;
+
+    void start();
+    /// Ends the call with @p failure, wherever it is.
+    void abort(const std::exception_ptr& failure);
+
+    /// What every request to @p url has in common.
+    [[nodiscard]] static QNetworkRequest networkRequest(const QUrl& url);
+
+private:
+    void send(const QUrl& url);
+    void readHead();
+    void readBody();
+    void finished();
+    [[nodiscard]] bool followRedirect();
+    [[nodiscard]] std::exception_ptr transportFailure() const;
+    void answer();
+    void end(const std::exception_ptr& failure);
+    void settle(const std::exception_ptr& failure);
+    [[nodiscard]] int status() const;
+
+    QNetworkAccessManager& manager_;
+    HttpRequest request_;
+    HttpExchange::Reader read_;
+    std::shared_ptr<QPromise<QString>> promise_;
+    QPointer<QNetworkReply> reply_; ///< the manager's
+    QString certificateProblem_;
+    QByteArray body_;
+    int redirects_ = 0;
+    bool hasEnded_ = false;
+};
+
+} // namespace vantro

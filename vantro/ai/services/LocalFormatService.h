@@ -1,0 +1,15 @@
+#pragma once
+
+#include "vantro/ai/FormatRequestServicing.h"
+
+namespace vantro {
+
+/// The system's own language model. No system that vantro runs on has one yet, so every request ends with
+/// LocalFormatError::Kind::modelUnavailable.
+class LocalFormatService final : public FormatRequestServicing
+{
+public:
+    QCoro::Task<QString> format(QString prompt, QString text) override;
+};
+
+} // namespace vantro

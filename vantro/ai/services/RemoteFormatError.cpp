@@ -1,0 +1,42 @@
+#include "vantro/ai/services/RemoteFormatError.h"
+
+namespace vantro {
+
+namespace {
+
+QString describe(RemoteFormatError::Kind kind)
+{
+    switch (kind) {
+    case RemoteFormatError::Kind::networkError:
+        return RemoteFormatError::tr("Network error: ");
+    case RemoteFormatError::Kind::apiError:
+        return RemoteFormatError::tr("API error (%1): ");
+    case RemoteFormatError::Kind::notConfigured:
+        return RemoteFormatError::tr("Remote provider is not configured");
+    case RemoteFormatError::Kind::invalidCredentials:
+        return RemoteFormatError::tr("Invalid API key. Please check your credentials.");
+    case RemoteFormatError::Kind::invalidResponse:
+        return RemoteFormatError::tr("Invalid response from API");
+    case RemoteFormatError::Kind::rateLimitExceeded:
+        return RemoteFormatError::tr("Rate limit exceeded. Please try again later.");
+    case RemoteFormatError::Kind::contextWindowExceeded:
+        return RemoteFormatError::tr("Text too long for model context window");
+    }
+    Q_UNREACHABLE();
+}
+
+} // namespace
+
+RemoteFormatError::RemoteFormatError(Kind kind) : RemoteFormatError(kind, describe(kind)) {}
+
+RemoteFormatError RemoteFormatError::networkError(const QString& message)
+{
+    return {Kind::networkError, describe(Kind::networkError) + message};
+}
+
+RemoteFormatError RemoteFormatError::apiError(int status, const std::optional<QString>& message)
+{
+    return {Kind::apiError, describe(Kind::apiError).arg(status) + message.value_or(tr("Unknown error"))};
+}
+
+} // namespace vantro

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "base/Error.h"
+
+#include <QCoreApplication>
+
+#include <optional>
+
+namespace vantro {
+
+/// Why a remote language model did not rewrite a text.
+class RemoteFormatError : public Error
+{
+    Q_DECLARE_TR_FUNCTIONS(RemoteFormatError)
+public:
+    enum class Kind {
+        networkError,
+        apiError,
+        notConfigured, ///< there is no key, or no address
+        invalidCredentials,
+        invalidResponse,
+        rateLimitExceeded,
+        contextWindowExceeded,
+    };
+
+    /// One of the kinds that need no further words.
+    explicit RemoteFormatError(Kind kind);
+    static RemoteFormatError networkError(const QString& message);
+    /// @p message: the provider's own words, if it had any.
+    static RemoteFormatError apiError(int status, const std::optional<QString>& message);
+
+    [[nodiscard]] Kind kind() const { return kind_; }
+
+private:
+    RemoteFormatError(Kind kind, const QString& description) : Error(description), kind_(kind) {}
+
+    Kind kind_;
+};
+
+} // namespace vantro

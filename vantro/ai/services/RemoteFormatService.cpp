@@ -1,0 +1,175 @@
+#include "vantro/ai/services/RemoteFormatService.h"
+
+#include "vantro/ai/LanguageInstruction.h"
+#include "vantro/ai/services/HttpError.h"
+#include "vantro/ai/services/RemoteFormatError.h"
+
+#include <QFuture>
+#include <QJsonDocument>
+#include <QPromise>
+#include <qcoro/qcorofuture.h>
+
+#include <algorithm>
+#include <utility>
+
+namespace vantro {
+
+namespace {
+
+constexpr qsizetype loggedKeyCharacters = 10;
+
+QString beginOf(const QString& key)
+{
+    return key.left(loggedKeyCharacters) + QStringLiteral("...");
+}
+
+/// What can stand in a header and in an address. Anything else was pasted by mistake, and a line break would let it
+/// write headers of its own.
+bool isPrintable(const QString& key)
+{
+    return std::ranges::all_of(key, [](QChar c) { return c > QLatin1Char(' ') && c < QChar(0x7f); });
+}
+
+} // namespace
+
+/// A key that is being read from the key store. Outlives the service when that is dropped meanwhile.
+struct RemoteFormatService::KeyRead
+{
+    KeyRead() { promise.start(); }
+
+    QPromise<std::optional<QString>> promise;
+};
+
+RemoteFormatService::RemoteFormatService(RemoteServiceParts parts, RemoteProviderConfig config,
+                                         std::chrono::milliseconds baseTimeout)
+    : parts_(parts)
+    , config_(std::move(config))
+    , baseTimeout_(baseTimeout)
+{
+}
+
+const Logger& RemoteFormatService::logger()
+{
+    static const Logger logger("RemoteFormatService");
+    return logger;
+}
+
+QString RemoteFormatService::line(const QString& text) const
+{
+    return QStringLiteral("[%1] ").arg(rawValue(config_.provider)) + text;
+}
+
+void RemoteFormatService::prepare()
+{
+    if (!config_.apiKeyOverride && !keyAhead_) {
+        keyAhead_ = std::make_shared<KeyRead>();
+        readKey(parts_.keychain, config_.keychainIdentifierOverride.value_or(QString()), keyAhead_);
+    }
+    preconnect();
+}
+
+void RemoteFormatService::preconnect()
+{
+    try {
+        parts_.http.preconnect(endpoint());
+    } catch (const RemoteFormatError&) {
+        // The request will tell.
+    }
+}
+
+QCoro::Task<QString> RemoteFormatService::format(QString prompt, QString text)
+{
+    const QString system = prompt + languageInstruction(parts_.languages, text);
+    const QString key = co_await resolveKey(config_.keychainIdentifierOverride.value_or(QString()));
+    const QJsonObject body = formatBody(system, text);
+    const HttpExchange::Reader read = [label = rawValue(config_.provider), path = textPath(),
+                                       note = formatNote()](const HttpAnswer& answer) {
+        const RemoteAnswer remote(label, answer);
+        if (note != nullptr)
+            note(remote);
+        return remote.text(path);
+    };
+    co_return co_await send(key, body, baseTimeout_, read);
+}
+
+QCoro::Task<> RemoteFormatService::verifyCredentials(QString keychainIdentifier)
+{
+    const QString key = co_await resolveKey(keychainIdentifier);
+    const QJsonObject body = verificationBody();
+    const HttpExchange::Reader read = [label = rawValue(config_.provider),
+                                       note = verificationNote()](const HttpAnswer& answer) {
+        const RemoteAnswer remote(label, answer);
+        if (note != nullptr)
+            note(remote);
+        remote.check();
+        return QString();
+    };
+    co_await send(key, body, verificationTimeout, read);
+}
+
+void RemoteFormatService::cancel()
+{
+    stop_.request_stop();
+}
+
+QCoro::Task<> RemoteFormatService::readKey(KeychainServicing& keychain, QString account, std::shared_ptr<KeyRead> into)
+{
+    try {
+        into->promise.addResult(co_await keychain.read(account));
+    } catch (...) {
+        into->promise.setException(std::current_exception());
+    }
+    into->promise.finish();
+}
+
+QCoro::Task<QString> RemoteFormatService::resolveKey(QString keychainIdentifier)
+{
+    std::optional<QString> key = config_.apiKeyOverride;
+    if (key) {
+        logger().debug(line(QStringLiteral("Using API key from modal: ") + beginOf(*key)));
+    } else {
+        // The key that was read ahead serves one request; the next one asks anew.
+        auto reading = std::exchange(keyAhead_, nullptr);
+        if (!reading || keychainIdentifier != config_.keychainIdentifierOverride) {
+            reading = std::make_shared<KeyRead>();
+            readKey(parts_.keychain, keychainIdentifier, reading);
+        }
+        const QFuture<std::optional<QString>> answer = reading->promise.future();
+        key = co_await answer;
+        if (key && !key->isEmpty())
+            logger().debug(line(QStringLiteral("Using API key from keychain: ") + beginOf(*key)));
+    }
+    if (!key || key->isEmpty()) {
+        logger().error(line(QStringLiteral("No API key found in keychain")));
+        throw RemoteFormatError(RemoteFormatError::Kind::notConfigured);
+    }
+    if (!isPrintable(*key))
+        throw RemoteFormatError(RemoteFormatError::Kind::invalidCredentials);
+    co_return *key;
+}
+
+QCoro::Task<QString> RemoteFormatService::send(QString key, QJsonObject body, std::chrono::milliseconds timeout,
+                                               HttpExchange::Reader read)
+{
+    HttpRequest request;
+    request.url = endpoint();
+    request.body = QJsonDocument(body).toJson(QJsonDocument::Compact);
+    request.timeout = timeout;
+    authorize(request, key);
+    noteRequest();
+    logger().info(line(QStringLiteral("Request: model=%1, %2 bytes, members %3")
+                           .arg(config_.model)
+                           .arg(request.body.size())
+                           .arg(body.keys().join(QStringLiteral(", ")))));
+    try {
+        co_return co_await parts_.http.post(request, read, stop_.get_token());
+    } catch (const HttpError& error) {
+        if (error.kind() == HttpError::Kind::notHttp) {
+            logger().error(line(QStringLiteral("Invalid response type")));
+            throw RemoteFormatError(RemoteFormatError::Kind::invalidResponse);
+        }
+        throw RemoteFormatError::networkError(error.localizedDescription());
+    }
+}
+
+} // namespace vantro

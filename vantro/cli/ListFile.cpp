@@ -1,0 +1,35 @@
+#include "vantro/cli/ListFile.h"
+
+#include "base/Error.h"
+
+#include <QFile>
+#include <QSaveFile>
+
+#include <cstdio>
+
+namespace vantro {
+
+QByteArray readListFile(const QString& path)
+{
+    QFile file(path);
+    const bool isOpen =
+        path == QLatin1String("-") ? file.open(stdin, QIODevice::ReadOnly) : file.open(QIODevice::ReadOnly);
+    if (!isOpen)
+        throw Error(QStringLiteral("%1 cannot be read: %2").arg(path, file.errorString()));
+    return file.readAll();
+}
+
+void writeListFile(const QString& path, const QByteArray& content)
+{
+    if (path.isEmpty() || path == QLatin1String("-")) {
+        std::fwrite(content.constData(), 1, static_cast<std::size_t>(content.size()), stdout);
+        if (std::fflush(stdout) != 0)
+            throw Error(QStringLiteral("Standard output cannot be written"));
+        return;
+    }
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size() || !file.commit())
+        throw Error(QStringLiteral("%1 cannot be written: %2").arg(path, file.errorString()));
+}
+
+} // namespace vantro

@@ -1,0 +1,130 @@
+#include "vantro/store/CoreDataStack.h"
+
+#include "vantro/store/LegacyHistory.h"
+#include "vantro/store/SearchText.h"
+
+#include <QFileInfo>
+#include <QStandardPaths>
+
+namespace vantro {
+
+QString CoreDataStack::standardPath()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
+           QStringLiteral("/vantro/MainModel.sqlite");
+}
+
+CoreDataStack::CoreDataStack(Clock& clock, const QString& path) : clock_(clock), persistentContainer_(path) {}
+
+CoreDataStack::CoreDataStack(bool inMemory, Clock& clock) : CoreDataStack(clock, inMemory ? QString() : standardPath())
+{
+}
+
+CoreDataStack::~CoreDataStack() = default;
+
+void CoreDataStack::loadPersistentStores()
+{
+    persistentContainer_.load();
+    if (persistentContainer_.isInMemory())
+        return;
+    try {
+        LegacyHistory(QFileInfo(persistentContainer_.path()).path()).importInto(persistentContainer_);
+    } catch (const StoreError& error) {
+        throw PersistentStoreError(error.localizedDescription());
+    }
+}
+
+void CoreDataStack::saveTranscription(const QString& transcription, const QString& formatted, ProcessingMode mode)
+{
+    insert(transcription, formatted, mode);
+}
+
+QUuid CoreDataStack::saveTranscription(const QString& transcription, ProcessingMode mode)
+{
+    return insert(transcription, QString(), mode);
+}
+
+QUuid CoreDataStack::insert(const QString& transcription, const QString& formatted, ProcessingMode mode)
+{
+    const QUuid id = QUuid::createUuid();
+    const qint64 key = insertTranscription(persistentContainer_, {0, id, clock_.wallClock(), rawValue(mode),
+                                                                  presentText(transcription), presentText(formatted)});
+    Q_EMIT transcriptionChanged(key);
+    return id;
+}
+
+void CoreDataStack::updateFormatted(const QUuid& id, const QString& formatted)
+{
+    const auto row = transcription(id);
+    if (!row)
+        return;
+    persistentContainer_.run(QStringLiteral("UPDATE Transcription SET formatted = ?2, terms = ?3 WHERE pk = ?1"),
+                             {row->objectID, presentText(formatted), searchTerms(row->transcription, formatted)});
+    Q_EMIT transcriptionChanged(row->objectID);
+}
+
+std::optional<Transcription> CoreDataStack::transcription(const QUuid& id) const
+{
+    const QVariant key =
+        persistentContainer_.value(QStringLiteral("SELECT pk FROM Transcription WHERE id = ?1"), {storedIdentity(id)});
+    if (key.isNull())
+        return std::nullopt;
+    const qint64 objectID = key.toLongLong();
+    const auto rows = TranscriptionFetch(persistentContainer_, {}).rows({objectID, objectID}, 1);
+    return rows.empty() ? std::nullopt : std::optional(rows.front());
+}
+
+std::vector<QUuid> CoreDataStack::transcriptionIDs(const QString& prefix, int limit) const
+{
+    return identities(QStringLiteral("Transcription"), prefix, limit);
+}
+
+std::vector<QUuid> CoreDataStack::identities(const QString& entity, const QString& prefix, int limit) const
+{
+    // "g" is behind every digit that an identity is written with.
+    const QString begin = prefix.toLower();
+    StoreQuery query =
+        persistentContainer_.run(QStringLiteral("SELECT id FROM %1 WHERE id >= ?1 AND id < ?2 LIMIT ?3").arg(entity),
+                                 {begin, begin + QLatin1Char('g'), limit});
+    std::vector<QUuid> result;
+    while (query.next())
+        result.emplace_back(query.value(0).toString());
+    return result;
+}
+
+void CoreDataStack::deleteTranscriptions(const std::vector<QUuid>& ids)
+{
+    PersistentContainer::Transaction transaction(persistentContainer_);
+    for (const QUuid& id : ids)
+        persistentContainer_.run(QStringLiteral("DELETE FROM Transcription WHERE id = ?1"), {storedIdentity(id)});
+    transaction.commit();
+    announceChanges();
+}
+
+void CoreDataStack::announceChanges()
+{
+    Q_EMIT changedAtLarge();
+}
+
+void CoreDataStack::watchOtherProcesses()
+{
+    if (watch_ || persistentContainer_.isInMemory())
+        return;
+    watch_ = std::make_unique<StoreWatch>(persistentContainer_);
+    connect(watch_.get(), &StoreWatch::changedElsewhere, this, &CoreDataStack::changedAtLarge);
+}
+
+qint64 insertTranscription(const PersistentContainer& container, const Transcription& row)
+{
+    return container
+        .value(QStringLiteral("INSERT OR IGNORE INTO Transcription "
+                              "(pk, id, created_at, processingMode, transcription, formatted, terms) "
+                              "SELECT ifnull(max(pk) + 1, ?1 * 1000), ?2, ?3, ?4, ?5, ?6, ?7 FROM Transcription "
+                              "WHERE pk BETWEEN ?1 * 1000 AND ?1 * 1000 + 999 RETURNING pk"),
+               {row.created_at.isValid() ? row.created_at.toMSecsSinceEpoch() : 0, storedIdentity(row.id),
+                storedDate(row.created_at), row.processingMode, row.transcription, row.formatted,
+                searchTerms(row.transcription, row.formatted)})
+        .toLongLong();
+}
+
+} // namespace vantro

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "vantro/store/CoreDataStack.h"
+#include "vantro/store/PagedListModel.h"
+
+namespace vantro {
+
+/// The days with notes, newest first, changing with the store whoever changes it. Main thread.
+class DailyNoteListModel final : public PagedListModel
+{
+    Q_OBJECT
+public:
+    enum Role {
+        Identifier = Qt::UserRole, ///< QUuid
+        CreatedAt,                 ///< QDateTime in local time, some moment of the day
+        Summary,                   ///< empty until there is one
+        NoteCount,                 ///< int
+    };
+
+    /// @p store must be loaded, and live longer.
+    explicit DailyNoteListModel(CoreDataStack& store, QObject* parent = nullptr);
+
+    [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
+
+protected:
+    [[nodiscard]] std::vector<Row> read(FetchRange range, int limit) const override;
+    [[nodiscard]] int count(FetchRange range) const override;
+
+private:
+    CoreDataStack& store_;
+};
+
+} // namespace vantro

@@ -1,0 +1,261 @@
+#include "vantro/store/PagedListModel.h"
+
+#include "vantro/store/StoreError.h"
+
+#include <algorithm>
+#include <limits>
+#include <utility>
+
+namespace vantro {
+
+namespace {
+
+constexpr qint64 newestEnd = std::numeric_limits<qint64>::max();
+constexpr qint64 oldestEnd = std::numeric_limits<qint64>::min();
+/// Beyond this many new rows at once in one page the list begins anew.
+constexpr int manyRows = 4 * PagedListModel::pageRows;
+
+} // namespace
+
+PagedListModel::PagedListModel(QObject* parent) : QAbstractListModel(parent) {}
+
+int PagedListModel::rowCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : firstRowOf(pages_.size());
+}
+
+int PagedListModel::firstRowOf(std::size_t page) const
+{
+    int rows = 0;
+    for (std::size_t i = 0; i < page; ++i)
+        rows += pages_[i].count;
+    return rows;
+}
+
+QVariant PagedListModel::data(const QModelIndex& index, int role) const
+{
+    int row = index.row();
+    auto page = pages_.begin();
+    while (page != pages_.end() && row >= page->count)
+        row -= page++->count;
+    if (row < 0 || page == pages_.end() || role < Qt::UserRole)
+        return {};
+    try {
+        const auto& rows = rowsOf(*page);
+        // Another process may just have deleted the row; the list hears of it in a moment.
+        if (static_cast<std::size_t>(row) >= rows.size())
+            return {};
+        return rows[static_cast<std::size_t>(row)].values.value(role - Qt::UserRole);
+    } catch (const StoreError& error) {
+        logger_.error(error.localizedDescription());
+        return {};
+    }
+}
+
+const std::vector<PagedListModel::Row>& PagedListModel::rowsOf(Page& page) const
+{
+    page.lastUse = ++uses_;
+    if (!page.rows) {
+        page.rows = read(page.range, page.count);
+        dropLeastUsed();
+    }
+    return *page.rows;
+}
+
+void PagedListModel::dropLeastUsed() const
+{
+    if (std::ranges::count_if(pages_, [](const Page& page) { return page.rows.has_value(); }) <= keptPages)
+        return;
+    const auto age = [](const Page& page) {
+        return page.rows ? page.lastUse : std::numeric_limits<quint64>::max();
+    };
+    std::ranges::min_element(pages_, {}, age)->rows.reset();
+}
+
+int PagedListModel::keptRows() const
+{
+    std::size_t rows = 0;
+    for (const Page& page : pages_)
+        rows += page.rows ? page.rows->size() : 0;
+    return static_cast<int>(rows);
+}
+
+bool PagedListModel::canFetchMore(const QModelIndex& parent) const
+{
+    return !parent.isValid() && !isComplete_;
+}
+
+FetchRange PagedListModel::behindLastPage() const
+{
+    return {pages_.empty() ? newestEnd : pages_.back().range.oldest - 1, oldestEnd};
+}
+
+void PagedListModel::fetchMore(const QModelIndex& parent)
+{
+    if (!canFetchMore(parent))
+        return;
+    try {
+        std::vector<Row> rows = read(behindLastPage(), pageRows);
+        const int first = rowCount();
+        if (!rows.empty())
+            beginInsertRows({}, first, first + static_cast<int>(rows.size()) - 1);
+        const bool hasRows = !rows.empty();
+        appendPage(std::move(rows));
+        if (hasRows)
+            endInsertRows();
+    } catch (const StoreError& error) {
+        logger_.error(error.localizedDescription());
+        isComplete_ = true;
+    }
+}
+
+void PagedListModel::appendPage(std::vector<Row> rows)
+{
+    isComplete_ = rows.size() < pageRows;
+    Page page;
+    // The last page also stands for what is older than its last row, the first for what will be newer than its first.
+    page.range = {behindLastPage().newest, isComplete_ ? oldestEnd : rows.back().objectID};
+    page.count = static_cast<int>(rows.size());
+    page.rows = std::move(rows);
+    page.lastUse = ++uses_;
+    pages_.push_back(std::move(page));
+    dropLeastUsed();
+}
+
+void PagedListModel::reload()
+{
+    beginResetModel();
+    pages_.clear();
+    isComplete_ = false;
+    try {
+        appendPage(read(behindLastPage(), pageRows));
+    } catch (const StoreError& error) {
+        logger_.error(error.localizedDescription());
+        isComplete_ = true;
+    }
+    endResetModel();
+}
+
+int PagedListModel::rowsNewerThan(qint64 objectID, const Page& page) const
+{
+    return objectID == newestEnd ? 0 : count({page.range.newest, objectID + 1});
+}
+
+void PagedListModel::rowChanged(qint64 objectID)
+{
+    const auto page = std::ranges::find_if(pages_, [objectID](const Page& candidate) {
+        return candidate.range.oldest <= objectID && objectID <= candidate.range.newest;
+    });
+    if (page == pages_.end())
+        return;
+    const auto number = static_cast<std::size_t>(page - pages_.begin());
+    try {
+        const int now = count(page->range);
+        if (std::abs(now - page->count) > 1) {
+            compare(number);
+            return;
+        }
+        const int at = firstRowOf(number) + rowsNewerThan(objectID, *page);
+        page->rows.reset();
+        if (now != page->count)
+            changeCount(number, now, at);
+        else if (count({objectID, objectID}) == 1)
+            Q_EMIT dataChanged(index(at), index(at));
+    } catch (const StoreError& error) {
+        logger_.error(error.localizedDescription());
+    }
+}
+
+/// Lets rows appear or go from row @p at on.
+void PagedListModel::changeCount(std::size_t page, int now, int at)
+{
+    const int difference = now - pages_[page].count;
+    if (difference > 0)
+        beginInsertRows({}, at, at + difference - 1);
+    else
+        beginRemoveRows({}, at, at - difference - 1);
+    pages_[page].count = now;
+    if (difference < 0) {
+        endRemoveRows();
+        return;
+    }
+    endInsertRows();
+    if (now >= 2 * pageRows)
+        split(page);
+}
+
+/// A page that rows were added to becomes two.
+void PagedListModel::split(std::size_t page)
+{
+    const std::vector<Row> rows = read(pages_[page].range, pageRows);
+    if (rows.size() < pageRows)
+        return;
+    Page older;
+    older.range = {rows.back().objectID - 1, pages_[page].range.oldest};
+    older.count = pages_[page].count - pageRows;
+    Page& newer = pages_[page];
+    newer.range.oldest = rows.back().objectID;
+    newer.count = pageRows;
+    newer.rows.reset();
+    pages_.insert(pages_.begin() + static_cast<std::ptrdiff_t>(page) + 1, std::move(older));
+}
+
+void PagedListModel::anyRowChanged()
+{
+    try {
+        for (std::size_t page = 0; page < pages_.size(); ++page)
+            compare(page);
+    } catch (const StoreError& error) {
+        logger_.error(error.localizedDescription());
+    }
+}
+
+/// Makes the list agree with the store again within one page.
+void PagedListModel::compare(std::size_t page)
+{
+    const int now = count(pages_[page].range);
+    if (now > pages_[page].count + manyRows) {
+        reload();
+        return;
+    }
+    if (pages_[page].rows) {
+        replaceRows(page, read(pages_[page].range, now));
+    } else if (now != pages_[page].count) {
+        // Nobody looks at these rows: which of them came or went does not matter.
+        changeCount(page, now, firstRowOf(page) + std::min(now, pages_[page].count));
+    }
+}
+
+void PagedListModel::replaceRows(std::size_t page, const std::vector<Row>& now)
+{
+    const std::vector<Row> before = std::exchange(pages_[page].rows, std::nullopt).value();
+    const int first = firstRowOf(page);
+    int row = 0;
+    auto old = before.begin();
+    auto current = now.begin();
+    while (old != before.end() || current != now.end()) {
+        const int count = pages_[page].count;
+        if (current == now.end() || (old != before.end() && old->objectID > current->objectID)) {
+            beginRemoveRows({}, first + row, first + row);
+            pages_[page].count = count - 1;
+            endRemoveRows();
+            ++old;
+        } else if (old == before.end() || current->objectID > old->objectID) {
+            beginInsertRows({}, first + row, first + row);
+            pages_[page].count = count + 1;
+            endInsertRows();
+            ++current;
+            ++row;
+        } else {
+            if (old->values != current->values)
+                Q_EMIT dataChanged(index(first + row), index(first + row));
+            ++old;
+            ++current;
+            ++row;
+        }
+    }
+    if (pages_[page].count >= 2 * pageRows)
+        split(page);
+}
+
+} // namespace vantro

@@ -1,0 +1,146 @@
+#include "vantro/store/PersistentContainer.h"
+
+#include "vantro/store/StoreSchema.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSqlError>
+#include <QUuid>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <utility>
+
+namespace vantro {
+
+namespace {
+
+const auto driverName = QStringLiteral("QSQLITE");
+
+} // namespace
+
+PersistentContainer::PersistentContainer(QString path)
+    : path_(std::move(path))
+    , connection_(QUuid::createUuid().toString())
+{
+}
+
+PersistentContainer::~PersistentContainer()
+{
+    database_ = {};
+    QSqlDatabase::removeDatabase(connection_);
+}
+
+void PersistentContainer::load()
+{
+    if (!isInMemory())
+        makeFile();
+    try {
+        open();
+    } catch (const StoreError& error) {
+        throw PersistentStoreError(error.localizedDescription());
+    }
+}
+
+void PersistentContainer::makeFile() const
+{
+    const QByteArray name = QFile::encodeName(path_);
+    const QString folder = QFileInfo(path_).path();
+    if (!QDir().mkpath(folder))
+        throw PersistentStoreError(QStringLiteral("The folder %1 cannot be made").arg(folder));
+    const int made = ::open(name.constData(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, S_IRUSR | S_IWUSR);
+    if (made >= 0) {
+        ::close(made);
+        return;
+    }
+    // Never opened here: closing it would take away the locks that another connection of this process has on it.
+    if (errno != EEXIST || ::access(name.constData(), R_OK | W_OK) != 0)
+        throw PersistentStoreError(
+            QStringLiteral("The history %1 cannot be written to: %2").arg(path_, qt_error_string(errno)));
+    QFile::setPermissions(path_, QFileDevice::ReadOwner | QFileDevice::WriteOwner);
+}
+
+void PersistentContainer::open()
+{
+    if (!QSqlDatabase::isDriverAvailable(driverName))
+        throw StoreError(QStringLiteral("Qt's SQLite driver is missing: install the package libqt6sql6-sqlite"));
+    database_ = QSqlDatabase::addDatabase(driverName, connection_);
+    database_.setConnectOptions(QStringLiteral("QSQLITE_BUSY_TIMEOUT=%1").arg(busyTimeout.count()));
+    database_.setDatabaseName(isInMemory() ? QStringLiteral(":memory:") : path_);
+    if (!database_.open())
+        throw StoreError::from(database_.lastError(), path_);
+    // Before anything that writes.
+    StoreSchema::check(*this);
+    run(QStringLiteral("PRAGMA journal_mode = WAL"));
+    run(QStringLiteral("PRAGMA synchronous = FULL"));
+    run(QStringLiteral("PRAGMA foreign_keys = ON"));
+    StoreSchema::migrate(*this);
+}
+
+StoreQuery PersistentContainer::run(const QString& statement, const QVariantList& values) const
+{
+    QSqlQuery query(database_);
+    query.setForwardOnly(true);
+    bool isDone = query.prepare(statement);
+    if (isDone) {
+        for (const QVariant& value : values)
+            query.addBindValue(value);
+        isDone = query.exec();
+    }
+    if (!isDone)
+        throw StoreError::from(query.lastError(), path_);
+    return {std::move(query), path_};
+}
+
+QVariant PersistentContainer::value(const QString& statement, const QVariantList& values) const
+{
+    StoreQuery query = run(statement, values);
+    if (!query.next())
+        return {};
+    QVariant first = query.value(0);
+    // A change that answers with a row is committed behind its last one.
+    while (query.next()) {
+    }
+    return first;
+}
+
+StoreQuery::StoreQuery(QSqlQuery query, QString path) : query_(std::move(query)), path_(std::move(path)) {}
+
+bool StoreQuery::next()
+{
+    if (query_.next())
+        return true;
+    if (query_.lastError().isValid())
+        throw StoreError::from(query_.lastError(), path_);
+    return false;
+}
+
+PersistentContainer::Transaction::Transaction(const PersistentContainer& container) : container_(container)
+{
+    container_.run(QStringLiteral("BEGIN IMMEDIATE"));
+}
+
+PersistentContainer::Transaction::~Transaction()
+{
+    if (!isOpen_)
+        return;
+    QSqlQuery query(container_.database_);
+    // A full disk may have taken it back already.
+    query.exec(QStringLiteral("ROLLBACK"));
+}
+
+void PersistentContainer::Transaction::commit()
+{
+    container_.run(QStringLiteral("COMMIT"));
+    isOpen_ = false;
+}
+
+QString presentText(const QString& text)
+{
+    return text.isNull() ? QStringLiteral("") : text;
+}
+
+} // namespace vantro

@@ -1,0 +1,53 @@
+#include "vantro/store/StoreError.h"
+
+#include <QSqlError>
+
+#include <sqlite3.h>
+
+namespace vantro {
+
+namespace {
+
+constexpr int primaryCodeMask = 0xff;
+
+QString explain(int code, const QString& path, const QString& detail)
+{
+    switch (code) {
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED:
+        return QStringLiteral("The history %1 is locked by another program: end that program and try again").arg(path);
+    case SQLITE_FULL:
+        return QStringLiteral("There is no space left on the disk for the history %1").arg(path);
+    case SQLITE_READONLY:
+    case SQLITE_PERM:
+    case SQLITE_AUTH:
+        return QStringLiteral("The history %1 cannot be written to").arg(path);
+    case SQLITE_NOTADB:
+    case SQLITE_CORRUPT:
+        return QStringLiteral("The history %1 is damaged (%2): it is left as it is, put a copy of it in its place or "
+                              "move it away")
+            .arg(path, detail);
+    case SQLITE_CANTOPEN:
+        return QStringLiteral("The history %1 cannot be opened: are its folder and its files yours to write to?")
+            .arg(path);
+    default:
+        return QStringLiteral("The history %1 cannot be used: %2").arg(path, detail);
+    }
+}
+
+} // namespace
+
+StoreError StoreError::from(const QSqlError& error, const QString& path)
+{
+    const int code = error.nativeErrorCode().toInt() & primaryCodeMask;
+    // The driver puts its own words first, SQLite's second; when it cannot open a file there is no second.
+    const QString detail = error.databaseText().isEmpty() ? error.driverText() : error.databaseText();
+    return StoreError(explain(code, path, detail));
+}
+
+PersistentStoreError::PersistentStoreError(const QString& description)
+    : Error(QStringLiteral("Failed to load persistent stores: ") + description)
+{
+}
+
+} // namespace vantro

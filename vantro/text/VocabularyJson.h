@@ -1,0 +1,20 @@
+#pragma once
+
+#include "vantro/text/TextReplacement.h"
+
+#include <QByteArray>
+#include <QStringList>
+
+#include <optional>
+#include <vector>
+
+namespace vantro {
+
+/// The lists as JSON: an array of strings; an array of objects with exactly "id" (upper-case UUID), "find" and
+/// "replace". Reading answers nothing where anything in the text is of another kind. Any thread.
+QByteArray toJson(const QStringList& words);
+QByteArray toJson(const std::vector<TextReplacement>& replacements);
+std::optional<QStringList> vocabularyFromJson(const QByteArray& json);
+std::optional<std::vector<TextReplacement>> replacementsFromJson(const QByteArray& json);
+
+} // namespace vantro
