@@ -74,6 +74,7 @@ private:
     void connectShell();
     void followRecorder();
     void tellOfCrash();
+    void tellOfSettings(const KeptAside& settings);
     [[nodiscard]] QString microphoneName() const;
     [[nodiscard]] QString shortcutName() const;
     [[nodiscard]] QJsonObject statusDetails();
@@ -208,6 +209,8 @@ void Program::launch()
     delegate_.applicationDidFinishLaunching();
     if (marker_->foundCrash())
         tellOfCrash();
+    if (defaults_.keptAside())
+        tellOfSettings(*defaults_.keptAside());
     defaults_.watch();
 }
 
@@ -221,6 +224,17 @@ void Program::tellOfCrash()
                            if (button == 1)
                                windows_.reportError();
                        });
+}
+
+void Program::tellOfSettings(const KeptAside& settings)
+{
+    const QString why = settings.reason == KeptAside::Reason::newer
+                            ? QGuiApplication::tr("The settings come from a newer version of vantro.")
+                            : QGuiApplication::tr("The settings file was damaged.");
+    showAlert(AlertWindow::Kind::warning, QGuiApplication::tr("vantro starts with fresh settings"),
+              why + QLatin1Char(' ') +
+                  QGuiApplication::tr("It is kept as %1. Shortcut and microphone may have to be chosen anew.")
+                      .arg(settings.file));
 }
 
 bool Program::isPresent(const TranscriptionModel& model) const
