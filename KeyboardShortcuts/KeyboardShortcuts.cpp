@@ -21,9 +21,11 @@ const Logger& logger()
     return instance;
 }
 
+const QString storagePrefix = QStringLiteral("KeyboardShortcuts_");
+
 QString storageKey(const QString& name)
 {
-    return QStringLiteral("KeyboardShortcuts_") + name;
+    return storagePrefix + name;
 }
 
 /// Never the same twice while the program runs, so that a late event of a former hot key cannot reach a new one.
@@ -86,6 +88,7 @@ KeyboardShortcuts::KeyboardShortcuts(HotKeyManager& hotKeys, UserDefaults& defau
     connect(&hotKeys_, &HotKeyManager::hotKeyPressed, this, [this](std::uint32_t id) { dispatch(id, Phase::Down); });
     connect(&hotKeys_, &HotKeyManager::hotKeyReleased, this, [this](std::uint32_t id) { dispatch(id, Phase::Up); });
     connect(&hotKeys_, &HotKeyManager::hotKeyLost, this, &KeyboardShortcuts::hotKeyLost);
+    connect(&defaults_, &UserDefaults::changedElsewhere, this, &KeyboardShortcuts::adoptSettings);
 }
 
 KeyboardShortcuts::~KeyboardShortcuts() = default;
@@ -165,6 +168,18 @@ void KeyboardShortcuts::setShortcut(const Name& name, const std::optional<Shortc
     notifications_.post(shortcutByNameDidChange, {{QStringLiteral("name"), name.rawValue}});
 }
 
+// "vantro shortcuts set" while this program runs.
+void KeyboardShortcuts::adoptSettings(const QStringList& keys)
+{
+    for (const QString& key : keys) {
+        if (!key.startsWith(storagePrefix))
+            continue;
+        const QString name = key.mid(storagePrefix.size());
+        update(name);
+        notifications_.post(shortcutByNameDidChange, {{QStringLiteral("name"), name}});
+    }
+}
+
 std::optional<QString> KeyboardShortcuts::failure(const Name& name) const
 {
     const auto found = failures_.find(name.rawValue);
@@ -234,6 +249,7 @@ void KeyboardShortcuts::update(const QString& name)
     if (present != registered_.end())
         registered_.erase(present);
     failures_.erase(name);
+    endHold(name);
     if (shortcut)
         registerHotKey(name, *shortcut);
 }
@@ -252,6 +268,12 @@ void KeyboardShortcuts::registerHotKey(const QString& name, const Shortcut& shor
     }
 }
 
+void KeyboardShortcuts::endHold(const QString& name)
+{
+    if (held_.erase(name) > 0)
+        Q_EMIT holdEnded(name);
+}
+
 void KeyboardShortcuts::fail(const QString& name, const QString& reason)
 {
     logger().error(QStringLiteral("Error registering hotkey %1: %2").arg(name, reason));
@@ -265,9 +287,42 @@ void KeyboardShortcuts::dispatch(std::uint32_t id, Phase phase)
         std::ranges::find_if(registered_, [id](const auto& entry) { return entry.second.carbonHotKeyId == id; });
     if (found == registered_.end())
         return;
+    const QString name = found->first;
     // A copy: the action may well end its own registration.
     const Action action = phase == Phase::Down ? found->second.onKeyDown : found->second.onKeyUp;
+    if (phase == Phase::Down)
+        held_[name] = std::nullopt;
+    else
+        held_.erase(name);
     action();
+}
+
+bool KeyboardShortcuts::handleRawKeyDown(const Shortcut& shortcut)
+{
+    std::vector<QString> names;
+    for (const auto& entry : handlers_) {
+        if (wanted(entry.first) == shortcut)
+            names.push_back(entry.first);
+    }
+    for (const QString& name : names) {
+        if (held_.try_emplace(name, Key{shortcut.carbonKeyCode}).second)
+            run(name, Phase::Down);
+    }
+    return !names.empty();
+}
+
+bool KeyboardShortcuts::handleRawKeyUp(Key key)
+{
+    std::vector<QString> names;
+    for (const auto& [name, rawKey] : held_) {
+        if (rawKey == key)
+            names.push_back(name);
+    }
+    for (const QString& name : names) {
+        held_.erase(name);
+        run(name, Phase::Up);
+    }
+    return !names.empty();
 }
 
 void KeyboardShortcuts::run(const QString& name, Phase phase)
@@ -291,8 +346,11 @@ void KeyboardShortcuts::hotKeyLost(std::uint32_t id, const QString& reason)
 {
     const auto found =
         std::ranges::find_if(registered_, [id](const auto& entry) { return entry.second.carbonHotKeyId == id; });
-    if (found != registered_.end())
-        fail(found->first, reason);
+    if (found == registered_.end())
+        return;
+    const QString name = found->first;
+    endHold(name);
+    fail(name, reason);
 }
 
 } // namespace vantro

@@ -106,6 +106,12 @@ public:
     /// A sentence for the user when @p name's shortcut should be in force and is not.
     [[nodiscard]] std::optional<QString> failure(const Name& name) const;
 
+    /// The same shortcuts from key events that reached one of the program's own windows: while an open menu of ours
+    /// holds the keyboard, and where another program holds the combination, no hot key fires. False when the event
+    /// means nothing here. A release belongs to the press that came this way, whatever modifiers are still held.
+    bool handleRawKeyDown(const Shortcut& shortcut);
+    bool handleRawKeyUp(Key key);
+
     /// Registers and releases @p shortcut to see whether that is possible; the reason for the user when it is not.
     [[nodiscard]] std::optional<QString> whyUnavailable(const Shortcut& shortcut);
 
@@ -120,6 +126,8 @@ public:
 Q_SIGNALS:
     /// @p name's shortcut does not work for the sentence in @p reason: it could not be registered, or was lost later.
     void shortcutFailed(const QString& name, const QString& reason);
+    /// @p name's shortcut was changed, disabled or lost while it was held down: its key-up actions will not run.
+    void holdEnded(const QString& name);
 
 private:
     enum class Phase { Down, Up };
@@ -165,6 +173,8 @@ private:
     void remove(std::uint64_t token);
     /// Brings what is registered for a name in line with what should be.
     void update(const QString& name);
+    void endHold(const QString& name);
+    void adoptSettings(const QStringList& keys);
     void updateAll();
     [[nodiscard]] std::optional<Shortcut> wanted(const QString& name) const;
     void registerHotKey(const QString& name, const Shortcut& shortcut);
@@ -181,6 +191,8 @@ private:
     std::set<QString> disabled_;
     std::map<QString, HotKey> registered_;
     std::map<QString, QString> failures_;
+    /// Names whose shortcut is down, with the key where it came as a raw event.
+    std::map<QString, std::optional<Key>> held_;
     std::uint64_t lastToken_ = 0;
     int suspensions_ = 0;
 };

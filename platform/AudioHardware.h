@@ -26,6 +26,8 @@ class AudioHardware : public QObject
 {
     Q_OBJECT
 public:
+    /// Whether there is a sound server that answers. Waits for it at most one second, right after the program's start.
+    [[nodiscard]] virtual bool isReachable() = 0;
     [[nodiscard]] virtual std::vector<AudioInputDevice> inputDevices() const = 0;
     /// None when there is no microphone or the sound server does not answer.
     [[nodiscard]] virtual std::optional<AudioDeviceID> defaultInputDevice() const = 0;

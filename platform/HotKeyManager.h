@@ -6,6 +6,7 @@
 #include <QString>
 
 #include <cstdint>
+#include <optional>
 
 namespace vantro {
 
@@ -24,6 +25,11 @@ public:
     /// the reason when another program holds it, no key of the keyboard carries @p keyCode, or there is no display.
     virtual void registerHotKey(std::uint32_t id, std::uint32_t keyCode, std::uint32_t modifiers) = 0;
     virtual void unregisterHotKey(std::uint32_t id) = 0;
+
+    /// The code that the key numbered @p nativeScanCode in the window system's key events is stored under: what is
+    /// printed on it, whatever modifiers are held; in a layout without Latin letters the letter that it has in another.
+    /// Nothing for modifiers, for keys that carry nothing, and without a display.
+    [[nodiscard]] virtual std::optional<std::uint32_t> keyCodeOf(std::uint32_t nativeScanCode) const = 0;
 
 Q_SIGNALS:
     /// Once per physical press: auto-repeat is filtered out.

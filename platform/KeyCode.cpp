@@ -100,15 +100,79 @@ constexpr std::array keys{
     Key{79, 0xffcf, "F18"},
     Key{80, 0xffd0, "F19"},
     Key{90, 0xffd1, "F20"},
+    // What the keypad's keys carry without Num Lock, under the names that are printed on them.
+    Key{82, 0xff9e, "Keypad0"},
+    Key{83, 0xff9c, "Keypad1"},
+    Key{84, 0xff99, "Keypad2"},
+    Key{85, 0xff9b, "Keypad3"},
+    Key{86, 0xff96, "Keypad4"},
+    Key{87, 0xff9d, "Keypad5"},
+    Key{88, 0xff98, "Keypad6"},
+    Key{89, 0xff95, "Keypad7"},
+    Key{91, 0xff97, "Keypad8"},
+    Key{92, 0xff9a, "Keypad9"},
+    Key{65, 0xff9f, "KeypadDecimal"},
+    Key{67, 0xffaa, "KeypadMultiply"},
+    Key{69, 0xffab, "KeypadPlus"},
+    Key{75, 0xffaf, "KeypadDivide"},
+    Key{76, 0xff8d, "KeypadEnter"},
+    Key{78, 0xffad, "KeypadMinus"},
     // Keys without a virtual key code of their own.
     Key{KeyCode::keysymBase + 0xff13, 0xff13, "Pause"},
     Key{KeyCode::keysymBase + 0xff61, 0xff61, "Print"},
     Key{KeyCode::keysymBase + 0xff14, 0xff14, "ScrollLock"},
     Key{KeyCode::keysymBase + 0xff67, 0xff67, "Menu"},
+    Key{KeyCode::keysymBase + 0xffd2, 0xffd2, "F21"},
+    Key{KeyCode::keysymBase + 0xffd3, 0xffd3, "F22"},
+    Key{KeyCode::keysymBase + 0xffd4, 0xffd4, "F23"},
+    Key{KeyCode::keysymBase + 0xffd5, 0xffd5, "F24"},
+    Key{KeyCode::keysymBase + 0x1008ff11, 0x1008ff11, "VolumeDown"},
+    Key{KeyCode::keysymBase + 0x1008ff12, 0x1008ff12, "VolumeMute"},
+    Key{KeyCode::keysymBase + 0x1008ff13, 0x1008ff13, "VolumeUp"},
     Key{KeyCode::keysymBase + 0x1008ff14, 0x1008ff14, "MediaPlay"},
     Key{KeyCode::keysymBase + 0x1008ff15, 0x1008ff15, "MediaStop"},
+    Key{KeyCode::keysymBase + 0x1008ff16, 0x1008ff16, "MediaPrevious"},
+    Key{KeyCode::keysymBase + 0x1008ff17, 0x1008ff17, "MediaNext"},
+    Key{KeyCode::keysymBase + 0x1008ff1c, 0x1008ff1c, "MediaRecord"},
+    Key{KeyCode::keysymBase + 0x1008ff31, 0x1008ff31, "MediaPause"},
+    Key{KeyCode::keysymBase + 0x1008ff18, 0x1008ff18, "HomePage"},
+    Key{KeyCode::keysymBase + 0x1008ff19, 0x1008ff19, "Mail"},
+    Key{KeyCode::keysymBase + 0x1008ff1b, 0x1008ff1b, "Search"},
+    Key{KeyCode::keysymBase + 0x1008ff1d, 0x1008ff1d, "Calculator"},
+    Key{KeyCode::keysymBase + 0x1008ff81, 0x1008ff81, "Tools"},
     Key{KeyCode::keysymBase + 0x1008ffb2, 0x1008ffb2, "MicrophoneMute"},
 };
+
+constexpr std::uint32_t unicodeKeysyms = 0x01000000;
+
+/// The character that a keysym outside the table stands for: Latin-1 ones are themselves, others carry their number.
+QString characterOf(std::uint32_t keysym)
+{
+    if (keysym > ' ' && keysym < 0x100)
+        return QString(QChar(static_cast<char16_t>(keysym)));
+    if (keysym > unicodeKeysyms && keysym <= unicodeKeysyms + QChar::LastValidCodePoint) {
+        const char32_t character = keysym - unicodeKeysyms;
+        return QString::fromUcs4(&character, 1);
+    }
+    return {};
+}
+
+std::optional<std::uint32_t> keysymOfCharacter(const QString& text)
+{
+    const QList<uint> characters = text.toLower().toUcs4();
+    if (characters.size() != 1 || characters.first() <= 0x7f)
+        return std::nullopt;
+    return characters.first() < 0x100 ? characters.first() : unicodeKeysyms + characters.first();
+}
+
+QString keyName(std::uint32_t keyCode)
+{
+    const auto* const key = std::ranges::find(keys, keyCode, &Key::keyCode);
+    if (key != keys.end())
+        return QString(QLatin1String(key->name));
+    const QString character = characterOf(KeyCode::toKeysym(keyCode).value_or(0)).toUpper();
+    return character.isEmpty() ? QStringLiteral("Key%1").arg(keyCode) : character;
+}
 
 struct ModifierName
 {
@@ -129,6 +193,12 @@ bool sameName(const QString& text, const char* name)
 
 } // namespace
 
+std::uint32_t Modifier::fromQt(Qt::KeyboardModifiers held)
+{
+    return (held.testFlag(Qt::ControlModifier) ? command : 0) | (held.testFlag(Qt::AltModifier) ? option : 0) |
+           (held.testFlag(Qt::ShiftModifier) ? shift : 0) | (held.testFlag(Qt::MetaModifier) ? control : 0);
+}
+
 std::optional<std::uint32_t> KeyCode::toKeysym(std::uint32_t keyCode)
 {
     if (keyCode > keysymBase)
@@ -143,23 +213,26 @@ std::uint32_t KeyCode::fromKeysym(std::uint32_t keysym)
     return key != keys.end() ? key->keyCode : keysymBase + keysym;
 }
 
-QString shortcutText(std::uint32_t keyCode, std::uint32_t modifiers)
+QString modifierText(std::uint32_t modifiers)
 {
-    QStringList parts;
+    QString text;
     for (std::size_t i = 0; i < 4; ++i) {
         if ((modifiers & modifierNames[i].mask) != 0)
-            parts << QLatin1String(modifierNames[i].name);
+            text += QLatin1String(modifierNames[i].name) + QLatin1Char('+');
     }
-    const auto* const key = std::ranges::find(keys, keyCode, &Key::keyCode);
-    parts << (key != keys.end() ? QString(QLatin1String(key->name)) : QStringLiteral("Key%1").arg(keyCode));
-    return parts.join(QLatin1Char('+'));
+    return text;
+}
+
+QString shortcutText(std::uint32_t keyCode, std::uint32_t modifiers)
+{
+    return modifierText(modifiers) + keyName(keyCode);
 }
 
 std::optional<ParsedShortcut> parseShortcut(const QString& text)
 {
     ParsedShortcut result;
     QStringList parts = text.trimmed().split(QLatin1Char('+'));
-    const QString keyName = parts.takeLast().trimmed();
+    const QString last = parts.takeLast().trimmed();
     for (const QString& part : std::as_const(parts)) {
         const auto* const modifier =
             std::ranges::find_if(modifierNames, [&](const auto& m) { return sameName(part.trimmed(), m.name); });
@@ -167,10 +240,11 @@ std::optional<ParsedShortcut> parseShortcut(const QString& text)
             return std::nullopt;
         result.modifiers |= modifier->mask;
     }
-    const auto* const key = std::ranges::find_if(keys, [&](const auto& k) { return sameName(keyName, k.name); });
-    if (key == keys.end())
+    const auto* const key = std::ranges::find_if(keys, [&](const auto& k) { return sameName(last, k.name); });
+    const auto character = keysymOfCharacter(last);
+    if (key == keys.end() && !character)
         return std::nullopt;
-    result.keyCode = key->keyCode;
+    result.keyCode = key != keys.end() ? key->keyCode : KeyCode::fromKeysym(*character);
     return result;
 }
 

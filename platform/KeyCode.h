@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QtCore/qnamespace.h>
 
 #include <cstdint>
 #include <optional>
@@ -15,6 +16,8 @@ inline constexpr std::uint32_t shift = 0x0200;
 inline constexpr std::uint32_t option = 0x0800;
 inline constexpr std::uint32_t control = 0x1000;
 inline constexpr std::uint32_t all = command | shift | option | control;
+
+std::uint32_t fromQt(Qt::KeyboardModifiers held);
 } // namespace Modifier
 
 /// A virtual key code: the code that shortcuts are stored under on every system (Space = 49, V = 9, A = 0). Keys that
@@ -32,6 +35,8 @@ std::uint32_t fromKeysym(std::uint32_t keysym);
 
 /// "Ctrl+Alt+D" as this desktop writes it.
 QString shortcutText(std::uint32_t keyCode, std::uint32_t modifiers);
+/// "Ctrl+Alt+", what a shortcut begins with; empty without modifiers.
+QString modifierText(std::uint32_t modifiers);
 struct ParsedShortcut
 {
     std::uint32_t keyCode = 0;

@@ -1,8 +1,10 @@
 #pragma once
 
+#include "platform/AudioCards.h"
 #include "platform/AudioEngine.h"
 #include "platform/AudioHardware.h"
 #include "platform/DesktopAppearance.h"
+#include "platform/DesktopShortcuts.h"
 #include "platform/HotKeyManager.h"
 #include "platform/KeyEventPoster.h"
 #include "platform/LanguageRecognizer.h"
@@ -25,9 +27,11 @@ struct Platform
     /// The connections that the adapters share; goes last.
     std::shared_ptr<void> connections;
     std::unique_ptr<AudioHardware> audioHardware;
+    std::unique_ptr<AudioCards> audioCards;
     AudioEngineFactory makeAudioEngine;
     std::unique_ptr<DesktopAppearance> appearance;
     std::unique_ptr<HotKeyManager> hotKeys;
+    std::unique_ptr<DesktopShortcuts> desktopShortcuts;
     std::unique_ptr<KeyEventPoster> keyEvents;
     std::unique_ptr<LanguageRecognizer> languages;
     std::unique_ptr<LoginItem> loginItem;

@@ -2,7 +2,9 @@
 
 #include "platform/linux/canberra/CanberraSounds.h"
 #include "platform/linux/cld2/Cld2LanguageRecognizer.h"
+#include "platform/linux/desktop/LinuxDesktopShortcuts.h"
 #include "platform/linux/proc/ProcSystemInfo.h"
+#include "platform/linux/pulse/PulseAudioCards.h"
 #include "platform/linux/pulse/PulseAudioEngine.h"
 #include "platform/linux/pulse/PulseAudioHardware.h"
 #include "platform/linux/pulse/PulseConnection.h"
@@ -32,6 +34,25 @@ struct Connections
 
 } // namespace
 
+Platform makeLinuxSound()
+{
+    auto pulse = std::make_shared<PulseConnection>();
+    Platform platform;
+    platform.connections = pulse;
+    platform.audioHardware = std::make_unique<PulseAudioHardware>(*pulse);
+    return platform;
+}
+
+Platform makeLinuxKeyboard()
+{
+    auto x11 = std::make_shared<X11Connection>();
+    Platform platform;
+    platform.connections = x11;
+    platform.hotKeys = std::make_unique<X11HotKeyManager>(*x11);
+    platform.desktopShortcuts = std::make_unique<LinuxDesktopShortcuts>();
+    return platform;
+}
+
 Platform makeLinuxPlatform()
 {
     auto connections = std::make_shared<Connections>();
@@ -41,11 +62,13 @@ Platform makeLinuxPlatform()
     Platform platform;
     platform.connections = connections;
     platform.audioHardware = std::make_unique<PulseAudioHardware>(pulse);
+    platform.audioCards = std::make_unique<PulseAudioCards>(pulse);
     platform.makeAudioEngine = [&pulse] {
         return std::make_unique<PulseAudioEngine>(pulse);
     };
     platform.appearance = std::make_unique<PortalAppearance>();
     platform.hotKeys = std::make_unique<X11HotKeyManager>(x11);
+    platform.desktopShortcuts = std::make_unique<LinuxDesktopShortcuts>();
     platform.keyEvents = std::make_unique<X11KeyEventPoster>(x11);
     platform.languages = std::make_unique<Cld2LanguageRecognizer>();
     platform.loginItem =

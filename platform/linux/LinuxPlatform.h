@@ -10,4 +10,9 @@ Platform makeLinuxPlatform();
 /// The Secret Service alone, for commands: needs no display.
 std::unique_ptr<SecretStore> makeLinuxSecretStore();
 
+/// For commands: the microphones and nothing else. Needs a Qt application object.
+Platform makeLinuxSound();
+/// For commands: the hot keys and the desktop's shortcuts and nothing else.
+Platform makeLinuxKeyboard();
+
 } // namespace vantro

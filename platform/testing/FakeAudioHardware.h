@@ -11,6 +11,7 @@ class FakeAudioHardware final : public AudioHardware
 {
     Q_OBJECT
 public:
+    [[nodiscard]] bool isReachable() override { return true; }
     [[nodiscard]] std::vector<AudioInputDevice> inputDevices() const override { return devices_; }
     [[nodiscard]] std::optional<AudioDeviceID> defaultInputDevice() const override { return default_; }
 

@@ -23,6 +23,11 @@ public:
 
     void registerHotKey(std::uint32_t id, std::uint32_t keyCode, std::uint32_t modifiers) override;
     void unregisterHotKey(std::uint32_t id) override;
+    /// The keys of this keyboard bear their own codes' numbers.
+    [[nodiscard]] std::optional<std::uint32_t> keyCodeOf(std::uint32_t nativeScanCode) const override
+    {
+        return nativeScanCode;
+    }
 
     /// From now on registering @p combination throws HotKeyError with @p reason.
     void refuse(Combination combination, const QString& reason) { refused_[combination] = reason; }

@@ -1,6 +1,9 @@
 """A private PulseAudio server: a loudspeaker nobody hears, and a microphone that hears what is played to it."""
 
+import os
+import signal
 import subprocess
+from contextlib import contextmanager
 
 MICROPHONE = "microphone"
 LOUDSPEAKER = "loudspeaker"
@@ -42,6 +45,15 @@ class AudioServer:
     def kill(self):
         """Ends the server the way a crash does. start() brings a new one."""
         self._desktop.end_service(self._program)
+
+    @contextmanager
+    def frozen(self):
+        """The server stands still while the context lasts, as on a machine that sleeps, and goes on afterwards."""
+        os.kill(self._program.pid, signal.SIGSTOP)
+        try:
+            yield
+        finally:
+            os.kill(self._program.pid, signal.SIGCONT)
 
     def load_module(self, name, **arguments):
         """Loads a module of PulseAudio and returns its index."""

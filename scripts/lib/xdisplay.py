@@ -197,7 +197,11 @@ class XDisplay:
         keycode = self._x11.XKeysymToKeycode(self._display, keysym) if keysym else 0
         if not keycode:
             raise ValueError(f"no key of the current layout bears {name}")
-        self._xtst.XTestFakeKeyEvent(self._display, keycode, down, 0)
+        self.key_code(keycode, down)
+
+    def key_code(self, code, down):
+        """Presses or releases the key of that number, whatever the layout has on it."""
+        self._xtst.XTestFakeKeyEvent(self._display, code, down, 0)
         self._x11.XSync(self._display, False)
 
     def chord_down(self, chord):

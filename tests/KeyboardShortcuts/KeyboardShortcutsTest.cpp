@@ -227,3 +227,46 @@ TEST(KeyboardShortcuts, ARegistrationMayOutliveTheShortcuts)
     shortcuts.reset();
     EXPECT_EQ(hotKeys.count(), 0U);
 }
+
+TEST_F(KeyboardShortcutsTest, AdoptsAShortcutThatAnotherProcessHasSet)
+{
+    shortcuts_.setShortcut(Name::openModal, shortcutOf(ctrlAltD));
+    const auto open = note(Name::openModal, "open");
+    std::vector<QString> ended;
+    QObject::connect(&shortcuts_, &KeyboardShortcuts::holdEnded, &owner_,
+                     [&](const QString& name) { ended.push_back(name); });
+    hotKeys_.press(ctrlAltD);
+
+    UserDefaults others(folder_.filePath(QStringLiteral("vantro.ini")));
+    NotificationCenter otherNotifications;
+    FakeHotKeyManager otherHotKeys;
+    KeyboardShortcuts(otherHotKeys, others, otherNotifications).setShortcut(Name::openModal, shortcutOf(ctrlAltSpace));
+    int changes = 0;
+    const auto observation =
+        notifications_.observe(KeyboardShortcuts::shortcutByNameDidChange, [&](const auto&) { ++changes; });
+    defaults_.reload();
+    EXPECT_EQ(changes, 1);
+    EXPECT_FALSE(hotKeys_.isRegistered(ctrlAltD));
+    EXPECT_THAT(ended, ElementsAre(QStringLiteral("openModal"))) << "its release will not be told";
+    hotKeys_.strike(ctrlAltSpace);
+    EXPECT_THAT(calls_, ElementsAre("open"));
+}
+
+TEST_F(KeyboardShortcutsTest, RawKeyEventsOfItsOwnWindowsServeTheSameShortcuts)
+{
+    hotKeys_.refuse(ctrlAltD, QStringLiteral("taken"));
+    shortcuts_.setShortcut(Name::openModal, shortcutOf(ctrlAltD));
+    const auto down = shortcuts_.onKeyDown(Name::openModal, owner_, [this] { calls_.emplace_back("down"); });
+    const auto up = note(Name::openModal, "up");
+    ::testing::internal::CaptureStderr();
+    EXPECT_FALSE(shortcuts_.handleRawKeyDown(shortcutOf(space))) << "it starts out disabled";
+    EXPECT_FALSE(shortcuts_.handleRawKeyUp({ctrlAltD.keyCode})) << "it was not pressed here";
+    EXPECT_TRUE(shortcuts_.handleRawKeyDown(shortcutOf(ctrlAltD)));
+    EXPECT_TRUE(shortcuts_.handleRawKeyDown(shortcutOf(ctrlAltD))) << "a repetition";
+    EXPECT_TRUE(shortcuts_.handleRawKeyUp({ctrlAltD.keyCode}));
+    EXPECT_THAT(calls_, ElementsAre("down", "up"));
+
+    shortcuts_.suspend();
+    EXPECT_FALSE(shortcuts_.handleRawKeyDown(shortcutOf(ctrlAltD)));
+    ::testing::internal::GetCapturedStderr();
+}

@@ -119,6 +119,11 @@ public:
         workspace_.setFrontWindow(1000);
         workspace_.setInputFocus(1000);
     }
+    void orderFront() override
+    {
+        isOpen_ = true;
+        ++open_;
+    }
     void closePanel() override
     {
         if (!std::exchange(isOpen_, false))

@@ -99,3 +99,49 @@ TEST_F(AudioDeviceManagerTest, TheFirstPresentDeviceOfThePriorityListIsTaken)
     hardware.setDevices({}, std::nullopt);
     EXPECT_EQ(manager->effectiveDeviceID(), std::nullopt);
 }
+
+TEST_F(AudioDeviceManagerTest, ThePriorityListIsEditedDeviceByDeviceAndNumberedAnew)
+{
+    const auto order = [this] {
+        std::vector<QString> uids;
+        for (const PrioritizedDevice& device : manager->priorityOrder())
+            uids.push_back(device.id);
+        return uids;
+    };
+    manager->setPrioritizedDevices({{.id = table.uid, .name = table.name, .priority = 40}});
+    manager->addPrioritizedDevice(headset);
+    manager->addPrioritizedDevice(builtIn);
+    manager->addPrioritizedDevice(table);
+    EXPECT_EQ(order(), (std::vector<QString>{table.uid, headset.uid, builtIn.uid})) << "each once";
+    EXPECT_EQ(manager->priorityOrder().front().priority, 1);
+
+    manager->movePrioritizedDevice(builtIn.uid, 0);
+    EXPECT_EQ(order(), (std::vector<QString>{builtIn.uid, table.uid, headset.uid}));
+    manager->movePrioritizedDevice(builtIn.uid, 99);
+    manager->movePrioritizedDevice(QStringLiteral("nobody"), 0);
+    EXPECT_EQ(order(), (std::vector<QString>{table.uid, headset.uid, builtIn.uid}));
+    manager->removePrioritizedDevice(headset.uid);
+    restart();
+    EXPECT_EQ(order(), (std::vector<QString>{table.uid, builtIn.uid}));
+}
+
+TEST_F(AudioDeviceManagerTest, AdoptsWhatAnotherProcessHasSet)
+{
+    // The other process numbers the devices in its own way.
+    doubles::FakeAudioHardware otherHardware;
+    AudioInputDevice otherHeadset = headset;
+    otherHeadset.id = 70;
+    otherHardware.setDevices({otherHeadset}, otherHeadset.id);
+    UserDefaults otherDefaults(folder.filePath(QStringLiteral("vantro.ini")));
+    AudioDeviceManager other(otherHardware, otherDefaults);
+    other.setSelectedDeviceID(otherHeadset.id);
+    other.setInputMode(AudioInputMode::custom);
+    defaults.reload();
+    EXPECT_EQ(manager->inputMode(), AudioInputMode::custom);
+    EXPECT_EQ(manager->effectiveDeviceID(), headset.id);
+
+    other.addPrioritizedDevice({.id = 3, .uid = table.uid, .name = table.name});
+    other.setInputMode(AudioInputMode::prioritized);
+    defaults.reload();
+    EXPECT_EQ(manager->effectiveDeviceID(), table.id);
+}

@@ -96,7 +96,10 @@ TEST(CommandLine, TellsTheProgramFromACommand)
 
     for (const auto& wrong :
          {parse({"--shortcut", "Hyper+Q"}), parse({"--shortcut"}), parse({"--nonsense"}), parse({"trancsribe"}),
-          parse({"transcribe"}), parse({"transcribe", "--nonsense", "a.wav"}), parse({"toggle", "now"})}) {
+          parse({"transcribe"}), parse({"transcribe", "--nonsense", "a.wav"}), parse({"toggle", "now"}),
+          parse({"devices", "dance"}), parse({"devices", "use"}), parse({"devices", "mode", "loud"}),
+          parse({"devices", "priority", "move", "x"}), parse({"shortcuts", "set", "open"}),
+          parse({"shortcuts", "clear", "everything"}), parse({"shortcuts", "mode", "long"})}) {
         EXPECT_FALSE(wrong.startsProgram());
         EXPECT_EQ(wrong.run(), ExitCode::usage);
     }

@@ -33,7 +33,14 @@ void AppDelegate::applicationDidFinishLaunching()
     }
     // Attached in either case: a sound server or a shortcut that comes later works without a restart.
     openModalAction_ =
-        parts_.shortcuts.onKeyUp(KeyboardShortcuts::Name::openModal, *this, [this] { showLauncherAndRecord(); });
+        std::make_unique<HoldToTalk>(parts_.shortcuts, parts_.audioRecorder, parts_.defaults, parts_.clock,
+                                     HoldToTalk::Actions{.open = [this] { showLauncherAndRecord(); },
+                                                         .openAside = [this] { showLauncherAndRecord(Keyboard::Left); },
+                                                         .stop = [this] { stopRecording(); },
+                                                         .cancel =
+                                                             [this] {
+                                                                 cancelDictation();
+                                                             }});
     checkModel();
     observeLauncher();
 }
@@ -128,7 +135,7 @@ void AppDelegate::downloadModel(const TranscriptionModel& model)
     parts_.surfaces.showModelDownload(model);
 }
 
-void AppDelegate::showLauncherAndRecord()
+void AppDelegate::showLauncherAndRecord(Keyboard keyboard)
 {
     AudioRecorder& recorder = parts_.audioRecorder;
     if (recorder.isBusy())
@@ -155,7 +162,10 @@ void AppDelegate::showLauncherAndRecord()
         explainRefusedRecording();
         return;
     }
-    window_->makeKeyAndOrderFront();
+    if (keyboard == Keyboard::Taken)
+        window_->makeKeyAndOrderFront();
+    else
+        window_->orderFront();
 }
 
 void AppDelegate::explainRefusedRecording()

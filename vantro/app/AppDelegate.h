@@ -9,6 +9,7 @@
 #include "platform/SystemSounds.h"
 #include "vantro/ai/ProcessingMode.h"
 #include "vantro/app/DictationTimings.h"
+#include "vantro/app/HoldToTalk.h"
 #include "vantro/app/LauncherPanel.h"
 #include "vantro/app/PasteDelivery.h"
 #include "vantro/app/SideWindow.h"
@@ -86,8 +87,10 @@ public:
     void setSandboxMode(bool sandbox) { isSandboxMode_ = sandbox; }
     [[nodiscard]] bool isReadyToDictate() const;
 
+    enum class Keyboard { Taken, Left };
+
     /// The shortcut's action: opens the launcher and records, unless a dictation is under way.
-    void showLauncherAndRecord();
+    void showLauncherAndRecord(Keyboard keyboard = Keyboard::Taken);
     /// What Space does in the launcher.
     void stopRecording();
     /// What Escape does in the launcher, also while the recording is being processed.
@@ -115,7 +118,7 @@ private:
     Logger logger_{"AppDelegate"};
     Parts parts_;
     std::unique_ptr<LauncherPanel> window_;
-    KeyboardShortcuts::Registration openModalAction_;
+    std::unique_ptr<HoldToTalk> openModalAction_;
     std::vector<NotificationCenter::Observation> observations_;
     DictationTimings timings_;
     bool hasErrorOccurred_ = false;

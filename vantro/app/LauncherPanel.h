@@ -13,6 +13,8 @@ public:
     [[nodiscard]] virtual bool isVisible() const = 0;
     [[nodiscard]] virtual QRect frame() const = 0;
     virtual void makeKeyAndOrderFront() = 0;
+    /// Shows it while the keyboard stays where it is.
+    virtual void orderFront() = 0;
     /// Closes for good, cancels a recording that still runs, and posts "launcher:closed". Does nothing the second time.
     virtual void closePanel() = 0;
 };

@@ -1,5 +1,6 @@
 #include "vantro/app/Program.h"
 
+#include "KeyboardShortcuts/RawKeyMonitor.h"
 #include "base/ThreadWaker.h"
 #include "platform/KeyCode.h"
 #include "platform/linux/LinuxPlatform.h"
@@ -13,6 +14,7 @@
 #include "vantro/app/RunMarker.h"
 #include "vantro/app/Windows.h"
 #include "vantro/audio/AudioDeviceManager.h"
+#include "vantro/audio/HeadsetSwitch.h"
 #include "vantro/cli/ExitCode.h"
 #include "vantro/cli/Terminal.h"
 #include "vantro/fluid/FluidTranscriptionProvider.h"
@@ -21,6 +23,7 @@
 #include "vantro/store/CoreDataStack.h"
 #include "vantro/store/MigrationManager.h"
 #include "vantro/ui/launcher/Launcher.h"
+#include "vantro/ui/shortcuts/ShortcutWindow.h"
 #include "vantro/whisper/WhisperTranscriptionProvider.h"
 
 #include <QDBusConnection>
@@ -65,6 +68,9 @@ public:
 private:
     [[nodiscard]] bool isReady(const TranscriptionModel& model);
     [[nodiscard]] bool isPresent(const TranscriptionModel& model) const;
+    void settleShortcut(const QString& wanted);
+    void askForShortcut();
+    void showOnboarding();
     void useShortcut(const QString& text);
     void handOver(const QStringList& arguments);
     [[nodiscard]] Surfaces surfaces();
@@ -112,13 +118,16 @@ private:
     AudioDeviceManager devices_{*platform_.audioHardware, defaults_};
     AudioRecorder recorder_{
         platform_.makeAudioEngine, devices_, *platform_.permissions, notifications_, clock_, pipeline_};
+    HeadsetSwitch headsetSwitch_{*platform_.audioCards, devices_, recorder_, defaults_, clock_};
     KeyboardShortcuts shortcuts_{*platform_.hotKeys, defaults_, notifications_};
+    RawKeyMonitor rawKeys_{shortcuts_, *platform_.hotKeys};
     PasteDelivery delivery_;
     Windows windows_{{defaults_, notifications_, clock_, platform_, catalogue_, modelStore_, models_, modelDownloader_,
                       store_, devices_, shortcuts_, [this](const auto& model) { return isPresent(model); },
                       [this](bool sandbox) {
                           delegate_.setSandboxMode(sandbox);
                       }}};
+    std::unique_ptr<ShortcutWindow> shortcutWindow_;
     std::optional<RunMarker> marker_;
     ThreadWaker endSignal_{[] {
         QCoreApplication::quit();
@@ -203,15 +212,24 @@ void Program::launch()
     store_.loadPersistentStores();
     quitOnSignals(endSignal_);
     marker_.emplace(RunMarker::standardPath());
-    if (!options_.shortcut.isEmpty())
-        useShortcut(options_.shortcut);
+    defaults_.watch();
+    const bool isFirstStart = options_.shortcut.isEmpty() && !shortcuts_.shortcut(KeyboardShortcuts::Name::openModal);
+    settleShortcut(options_.shortcut);
     windows_.tray().setShortcut(shortcutName());
+    if (isFirstStart)
+        showOnboarding();
     delegate_.applicationDidFinishLaunching();
     if (marker_->foundCrash())
         tellOfCrash();
     if (defaults_.keptAside())
         tellOfSettings(*defaults_.keptAside());
-    defaults_.watch();
+}
+
+void Program::showOnboarding()
+{
+    // The question for a shortcut is what is missing most.
+    if (!shortcutWindow_)
+        windows_.showOnboarding();
 }
 
 void Program::tellOfCrash()
@@ -248,6 +266,29 @@ bool Program::isReady(const TranscriptionModel& model)
     return model.engine == TranscriptionEngine::fluid ? !fluidFiles_.find(model).isEmpty() : modelStore_.isReady(model);
 }
 
+void Program::settleShortcut(const QString& wanted)
+{
+    const auto name = KeyboardShortcuts::Name::openModal;
+    if (!wanted.isEmpty()) {
+        useShortcut(wanted);
+    } else if (!shortcuts_.shortcut(name)) {
+        if (const auto proposed = shortcuts_.proposeShortcut(name))
+            printLine(QStringLiteral("Press %1 to dictate").arg(proposed->displayText()));
+        else
+            askForShortcut();
+    }
+}
+
+void Program::askForShortcut()
+{
+    const QString reason =
+        QGuiApplication::tr("The usual shortcuts are all used by other programs. Take one of your own.");
+    Logger("Program").info(reason);
+    shortcutWindow_ = std::make_unique<ShortcutWindow>(windows_.engine(), shortcuts_, *platform_.hotKeys,
+                                                       *platform_.desktopShortcuts, notifications_, reason);
+    shortcutWindow_->present();
+}
+
 void Program::useShortcut(const QString& text)
 {
     const auto parsed = parseShortcut(text);
@@ -278,7 +319,7 @@ Surfaces Program::surfaces()
             [this](const QString& title, const QString& text) { showAlert(AlertWindow::Kind::warning, title, text); },
             [this](const TranscriptionModel& model) { windows_.showModelDownload(model, modelProblem_); },
             [this] { windows_.closeModelDownload(); },
-            [this] { windows_.showOnboarding(); },
+            [this] { showOnboarding(); },
             [this] { windows_.closeOnboarding(); },
             &windows_.settingsWindow(),
             &windows_.transcriptionsWindow()};

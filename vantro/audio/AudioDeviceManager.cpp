@@ -36,14 +36,37 @@ AudioDeviceManager::AudioDeviceManager(AudioHardware& hardware, UserDefaults& de
     : hardware_(hardware)
     , defaults_(defaults)
     , availableDevices_(hardware.inputDevices())
-    , selectedDeviceID_(storedDevice(defaults))
-    , selectedUid_(defaults.string(deviceUidKey).value_or(QString()))
-    , inputMode_(audioInputModeFromRawValue(defaults.string(modeKey).value_or(QString()))
-                     .value_or(AudioInputMode::systemDefault))
-    , prioritizedDevices_(decodePrioritizedDevices(defaults.data(prioritiesKey).value_or(QByteArray())))
 {
+    readSettings();
     followSelectedDevice();
     connect(&hardware_, &AudioHardware::devicesChanged, this, &AudioDeviceManager::refreshAvailableDevices);
+    connect(&defaults_, &UserDefaults::changedElsewhere, this, &AudioDeviceManager::adoptSettings);
+}
+
+void AudioDeviceManager::readSettings()
+{
+    selectedDeviceID_ = storedDevice(defaults_);
+    selectedUid_ = defaults_.string(deviceUidKey).value_or(QString());
+    inputMode_ = audioInputModeFromRawValue(defaults_.string(modeKey).value_or(QString()))
+                     .value_or(AudioInputMode::systemDefault);
+    prioritizedDevices_ = decodePrioritizedDevices(defaults_.data(prioritiesKey).value_or(QByteArray()));
+}
+
+void AudioDeviceManager::adoptSettings(const QStringList& keys)
+{
+    const auto concerns = [&keys](const QString& key) {
+        return keys.contains(key);
+    };
+    const bool isOtherDevice = concerns(deviceKey) || concerns(deviceUidKey);
+    readSettings();
+    // The other process numbers the devices in its own way.
+    followSelectedDevice();
+    if (isOtherDevice)
+        Q_EMIT selectedDeviceIDChanged();
+    if (concerns(modeKey))
+        Q_EMIT inputModeChanged();
+    if (concerns(prioritiesKey))
+        Q_EMIT prioritizedDevicesChanged();
 }
 
 // Asks the hardware itself: the list that is shown may be an announcement behind.
@@ -68,13 +91,21 @@ const AudioInputDevice* AudioDeviceManager::customDevice(const std::vector<Audio
 
 const AudioInputDevice* AudioDeviceManager::firstPrioritizedDevice(const std::vector<AudioInputDevice>& present) const
 {
-    std::vector<PrioritizedDevice> order = prioritizedDevices_;
-    std::ranges::stable_sort(order, {}, &PrioritizedDevice::priority);
-    for (const PrioritizedDevice& wanted : order) {
+    for (const PrioritizedDevice& wanted : priorityOrder()) {
         if (const AudioInputDevice* const device = deviceWith(&AudioInputDevice::uid, wanted.id, present))
             return device;
     }
     return nullptr;
+}
+
+std::vector<QString> AudioDeviceManager::wantedDevices() const
+{
+    std::vector<QString> wanted;
+    if (inputMode_ == AudioInputMode::custom && !selectedUid_.isEmpty())
+        wanted.push_back(selectedUid_);
+    if (inputMode_ == AudioInputMode::prioritized)
+        std::ranges::transform(priorityOrder(), std::back_inserter(wanted), &PrioritizedDevice::id);
+    return wanted;
 }
 
 void AudioDeviceManager::refreshAvailableDevices()
@@ -130,6 +161,49 @@ void AudioDeviceManager::setPrioritizedDevices(const std::vector<PrioritizedDevi
     prioritizedDevices_ = devices;
     defaults_.setData(prioritiesKey, encodePrioritizedDevices(devices));
     Q_EMIT prioritizedDevicesChanged();
+}
+
+std::vector<PrioritizedDevice> AudioDeviceManager::priorityOrder() const
+{
+    std::vector<PrioritizedDevice> order = prioritizedDevices_;
+    std::ranges::stable_sort(order, {}, &PrioritizedDevice::priority);
+    return order;
+}
+
+void AudioDeviceManager::setPriorityOrder(std::vector<PrioritizedDevice> order)
+{
+    int priority = 0;
+    for (PrioritizedDevice& device : order)
+        device.priority = ++priority;
+    setPrioritizedDevices(order);
+}
+
+void AudioDeviceManager::addPrioritizedDevice(const AudioInputDevice& device)
+{
+    std::vector<PrioritizedDevice> order = priorityOrder();
+    if (std::ranges::find(order, device.uid, &PrioritizedDevice::id) != order.end())
+        return;
+    order.push_back({.id = device.uid, .name = device.name});
+    setPriorityOrder(std::move(order));
+}
+
+void AudioDeviceManager::removePrioritizedDevice(const QString& uid)
+{
+    std::vector<PrioritizedDevice> order = priorityOrder();
+    if (std::erase_if(order, [&uid](const auto& device) { return device.id == uid; }) > 0)
+        setPriorityOrder(std::move(order));
+}
+
+void AudioDeviceManager::movePrioritizedDevice(const QString& uid, std::size_t position)
+{
+    std::vector<PrioritizedDevice> order = priorityOrder();
+    const auto found = std::ranges::find(order, uid, &PrioritizedDevice::id);
+    if (found == order.end())
+        return;
+    PrioritizedDevice device = std::move(*found);
+    order.erase(found);
+    order.insert(order.begin() + static_cast<std::ptrdiff_t>(std::min(position, order.size())), std::move(device));
+    setPriorityOrder(std::move(order));
 }
 
 } // namespace vantro

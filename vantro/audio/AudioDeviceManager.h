@@ -14,7 +14,7 @@ namespace vantro {
 class UserDefaults;
 
 /// The microphones that are there, the user's way of picking one, and the one to record from. Settings are written
-/// through at once. Main thread only.
+/// through at once, and what another process writes ("vantro devices") is adopted. Main thread only.
 class AudioDeviceManager : public QObject
 {
     Q_OBJECT
@@ -31,11 +31,23 @@ public:
     /// unplugged, and in prioritized mode a list of which nothing is there, give the system default's number.
     [[nodiscard]] std::optional<AudioDeviceID> effectiveDeviceID() const;
 
+    /// The unique identifiers of the microphones that the user would record from, the most wanted first, whether they
+    /// are there or not; empty when the system decides.
+    [[nodiscard]] std::vector<QString> wantedDevices() const;
+
     void refreshAvailableDevices();
     void setInputMode(AudioInputMode mode);
     /// Nothing forgets the choice.
     void setSelectedDeviceID(std::optional<AudioDeviceID> device);
     void setPrioritizedDevices(const std::vector<PrioritizedDevice>& devices);
+
+    /// The list in the order in which it is tried.
+    [[nodiscard]] std::vector<PrioritizedDevice> priorityOrder() const;
+    /// Puts a device behind all others; one that is listed stays where it is.
+    void addPrioritizedDevice(const AudioInputDevice& device);
+    void removePrioritizedDevice(const QString& uid);
+    /// @p position counts from 0; behind the end means last.
+    void movePrioritizedDevice(const QString& uid, std::size_t position);
 
 Q_SIGNALS:
     void availableDevicesChanged();
@@ -47,6 +59,9 @@ private:
     [[nodiscard]] const AudioInputDevice* customDevice(const std::vector<AudioInputDevice>& present) const;
     [[nodiscard]] const AudioInputDevice* firstPrioritizedDevice(const std::vector<AudioInputDevice>& present) const;
     void followSelectedDevice();
+    void readSettings();
+    void adoptSettings(const QStringList& keys);
+    void setPriorityOrder(std::vector<PrioritizedDevice> order);
 
     AudioHardware& hardware_;
     UserDefaults& defaults_;

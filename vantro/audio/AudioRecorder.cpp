@@ -70,6 +70,7 @@ void AudioRecorder::startRecording()
         logger_.error(QStringLiteral("Microphone access not granted"));
         return;
     }
+    isMicrophoneExpected_ = false;
     setRecording(true);
     setBusy(true);
     collector_ = std::make_shared<SampleCollector>();
@@ -77,9 +78,13 @@ void AudioRecorder::startRecording()
     recordingStartedAt_ = clock_.now();
     firstTap_ = 0;
     beginGeneration();
-    if (const auto failure = startEngineSession()) {
-        fail(failure->message);
-        return;
+    if (auto failure = startEngineSession()) {
+        if (!isMicrophoneExpected_) {
+            fail(failure->message);
+            return;
+        }
+        isReconfiguring_ = true;
+        awaitMicrophone(std::move(*failure));
     }
     isAwaitedByProcessing_ = true;
     processing_.recordingStarted();
@@ -91,6 +96,7 @@ std::optional<AudioRecorder::CaptureFailure> AudioRecorder::startEngineSession()
     logger_.info(QStringLiteral("Starting recording %1").arg(activeRecordingID_));
     auto engine = makeEngine_();
     const auto device = audioDeviceManager_.effectiveDeviceID();
+    sessionDevice_ = device;
     const bool isSelected = device && selectDevice(*engine, *device);
     auto format = engine->deviceFormat().value_or(AudioFormat{});
     if (!format.isUsable())
@@ -169,11 +175,19 @@ void AudioRecorder::rebuildEngine()
         isReconfiguring_ = false;
 }
 
+void AudioRecorder::useExpectedMicrophone()
+{
+    isMicrophoneExpected_ = false;
+    if (isRecording_ && currentSession_ && sessionDevice_ != audioDeviceManager_.effectiveDeviceID())
+        rebuildEngine();
+}
+
 // A restarting sound server, a headset that changes its profile or a loose plug is back within a second or so.
 void AudioRecorder::awaitMicrophone(CaptureFailure failure)
 {
     lostCapture_ = std::move(failure);
-    clock_.callAfter(microphonePatience, this, [this, loss = ++lossCount_] {
+    const auto patience = isMicrophoneExpected_ ? expectedMicrophonePatience : microphonePatience;
+    clock_.callAfter(patience, this, [this, loss = ++lossCount_] {
         if (lostCapture_ && loss == lossCount_)
             giveUpRebuild();
     });

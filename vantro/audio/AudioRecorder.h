@@ -45,6 +45,8 @@ public:
     static constexpr std::chrono::milliseconds drainDelay{150};
     /// How long a recording that has lost its microphone waits for another one.
     static constexpr std::chrono::milliseconds microphonePatience{1500};
+    /// The same for one that is known to be coming: a headset needs seconds for another profile.
+    static constexpr std::chrono::milliseconds expectedMicrophonePatience{5000};
 
     AudioRecorder(AudioEngineFactory makeEngine, AudioDeviceManager& devices, Permissions& permissions,
                   NotificationCenter& notifications, Clock& clock, RecordingProcessing& processing);
@@ -64,6 +66,10 @@ public:
     /// Refused while a recording runs or is being processed. A microphone that cannot be started is told by
     /// "recorder:finish", before this returns.
     void startRecording();
+    /// A microphone is about to come, for the recording that begins: a start without any waits for it, for a while.
+    void expectMicrophone() { isMicrophoneExpected_ = true; }
+    /// It is there: a running recording goes on with the device that is the effective one now.
+    void useExpectedMicrophone();
     /// Ends the recording and begins to process it; returns at once.
     void stopRecording();
     /// Throws a running recording away; does nothing once it is stopped.
@@ -139,6 +145,9 @@ private:
 
     /// The processing side was told of a recording and neither runs its job nor knows that nothing comes of it.
     bool isAwaitedByProcessing_ = false;
+    bool isMicrophoneExpected_ = false;
+    /// What the current session was told to record from.
+    std::optional<AudioDeviceID> sessionDevice_;
     /// Why there is no session in the middle of a recording, while a microphone is waited for.
     std::optional<CaptureFailure> lostCapture_;
     std::uint64_t lossCount_ = 0;

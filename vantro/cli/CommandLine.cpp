@@ -2,9 +2,11 @@
 
 #include "platform/KeyCode.h"
 #include "vantro/cli/ControlCommands.h"
+#include "vantro/cli/DevicesCommand.h"
 #include "vantro/cli/ExitCode.h"
 #include "vantro/cli/LogsCommand.h"
 #include "vantro/cli/ModelsCommand.h"
+#include "vantro/cli/ShortcutsCommand.h"
 #include "vantro/cli/Terminal.h"
 #include "vantro/cli/TranscribeCommand.h"
 #include "vantro/cli/VocabularyCommands.h"
@@ -35,6 +37,8 @@ Commands:
   replacements [ACTION]
                       Show and edit what is written instead of what.
   vocabulary [ACTION] Show and edit the words that the engine is told of.
+  devices [ACTION]    List microphones, choose one, or rank them.
+  shortcuts [ACTION]  Show, set, test and clear the shortcuts; press or hold to talk.
   toggle              Start a dictation, or end and transcribe the running one.
   start, stop         Open the launcher and record; end the recording.
   cancel              Discard the dictation.
@@ -143,6 +147,10 @@ int CommandLine::run() const
         return runReplacements(arguments_);
     if (command_ == QLatin1String("vocabulary"))
         return runVocabulary(arguments_);
+    if (command_ == QLatin1String("devices"))
+        return runDevices(arguments_);
+    if (command_ == QLatin1String("shortcuts"))
+        return runShortcuts(arguments_);
     if (isControlCommand(command_))
         return runControl(command_, arguments_);
     terminal::writeError(

@@ -14,6 +14,11 @@ PulseAudioHardware::PulseAudioHardware(PulseConnection& connection)
     connect(&connection_, &PulseConnection::updated, this, &PulseAudioHardware::announceChange);
 }
 
+bool PulseAudioHardware::isReachable()
+{
+    return connection_.serverAnswers();
+}
+
 std::vector<AudioInputDevice> PulseAudioHardware::inputDevices() const
 {
     std::vector<AudioInputDevice> devices;

@@ -14,6 +14,7 @@ class PulseAudioHardware final : public AudioHardware
 public:
     explicit PulseAudioHardware(PulseConnection& connection);
 
+    [[nodiscard]] bool isReachable() override;
     [[nodiscard]] std::vector<AudioInputDevice> inputDevices() const override;
     [[nodiscard]] std::optional<AudioDeviceID> defaultInputDevice() const override;
 

@@ -24,14 +24,36 @@ PulseSource toSource(const pa_source_info& info)
                        .channelCount = info.sample_spec.channels}};
 }
 
+PulseCard toCard(const pa_card_info& info)
+{
+    const char* const description = pa_proplist_gets(info.proplist, PA_PROP_DEVICE_DESCRIPTION);
+    PulseCard card{.name = QString::fromUtf8(info.name),
+                   .description = QString::fromUtf8(description != nullptr ? description : info.name),
+                   .activeProfile = {},
+                   .profiles = {}};
+    if (info.active_profile2 != nullptr)
+        card.activeProfile = QString::fromUtf8(info.active_profile2->name);
+    for (std::uint32_t i = 0; i < info.n_profiles; ++i) {
+        const pa_card_profile_info2& profile = *info.profiles2[i];
+        card.profiles.push_back({.name = QString::fromUtf8(profile.name),
+                                 .records = profile.n_sources > 0,
+                                 .isAvailable = profile.available != 0,
+                                 .priority = profile.priority});
+    }
+    return card;
+}
+
 } // namespace
 
 PulseLoop::PulseLoop(std::function<void()> published) : published_(std::move(published))
 {
     mainloop_ = pa_threaded_mainloop_new();
-    if (mainloop_ == nullptr || pa_threaded_mainloop_start(mainloop_) < 0)
+    if (mainloop_ == nullptr)
         throw std::bad_alloc();
+    // Once the thread runs the library gives the name to the caller's thread instead.
     pa_threaded_mainloop_set_name(mainloop_, "vantro-audio");
+    if (pa_threaded_mainloop_start(mainloop_) < 0)
+        throw std::bad_alloc();
 }
 
 PulseLoop::~PulseLoop()
@@ -48,7 +70,11 @@ void PulseLoop::connect(const std::optional<std::string>& server)
 {
     const Lock lock(*this);
     dropContext();
-    publish({.phase = PulseSnapshot::Phase::Connecting, .listing = listing_, .defaultSourceName = {}, .sources = {}});
+    publish({.phase = PulseSnapshot::Phase::Connecting,
+             .listing = listing_,
+             .defaultSourceName = {},
+             .sources = {},
+             .cards = {}});
 
     pa_proplist* properties = pa_proplist_new();
     pa_proplist_sets(properties, PA_PROP_APPLICATION_NAME, "vantro");
@@ -87,12 +113,16 @@ void PulseLoop::contextChanged()
                 static_cast<PulseLoop*>(self)->requestListing();
             },
             this);
-        const auto mask =
-            static_cast<pa_subscription_mask_t>(PA_SUBSCRIPTION_MASK_SOURCE | PA_SUBSCRIPTION_MASK_SERVER);
+        const auto mask = static_cast<pa_subscription_mask_t>(PA_SUBSCRIPTION_MASK_SOURCE |
+                                                              PA_SUBSCRIPTION_MASK_SERVER | PA_SUBSCRIPTION_MASK_CARD);
         release(pa_context_subscribe(context_, mask, nullptr, nullptr));
         requestListing();
     } else if (!PA_CONTEXT_IS_GOOD(state)) {
-        publish({.phase = PulseSnapshot::Phase::Failed, .listing = listing_, .defaultSourceName = {}, .sources = {}});
+        publish({.phase = PulseSnapshot::Phase::Failed,
+                 .listing = listing_,
+                 .defaultSourceName = {},
+                 .sources = {},
+                 .cards = {}});
     }
 }
 
@@ -113,9 +143,11 @@ void PulseLoop::beginListing()
         return;
     isListing_ = true;
     listAgain_ = false;
-    incoming_ = {.phase = PulseSnapshot::Phase::Ready, .listing = listing_, .defaultSourceName = {}, .sources = {}};
+    incoming_ = {
+        .phase = PulseSnapshot::Phase::Ready, .listing = listing_, .defaultSourceName = {}, .sources = {}, .cards = {}};
     // Answered in this order.
     release(pa_context_get_server_info(context_, &PulseLoop::takeServerInfo, this));
+    release(pa_context_get_card_info_list(context_, &PulseLoop::addCard, this));
     release(pa_context_get_source_info_list(context_, &PulseLoop::addSource, this));
 }
 
@@ -123,6 +155,19 @@ void PulseLoop::takeServerInfo(pa_context* /*context*/, const pa_server_info* in
 {
     if (info != nullptr)
         static_cast<PulseLoop*>(self)->incoming_.defaultSourceName = QString::fromUtf8(info->default_source_name);
+}
+
+void PulseLoop::addCard(pa_context* /*context*/, const pa_card_info* info, int /*end*/, void* self)
+{
+    if (info != nullptr)
+        static_cast<PulseLoop*>(self)->incoming_.cards.push_back(toCard(*info));
+}
+
+void PulseLoop::setCardProfile(const std::string& card, const std::string& profile)
+{
+    const Lock lock(*this);
+    if (context_ != nullptr && pa_context_get_state(context_) == PA_CONTEXT_READY)
+        release(pa_context_set_card_profile_by_name(context_, card.c_str(), profile.c_str(), nullptr, nullptr));
 }
 
 void PulseLoop::addSource(pa_context* context, const pa_source_info* info, int end, void* self)

@@ -50,6 +50,8 @@ public:
     /// Asks the server for its sources once more. Only while holding the lock. The number that the listing will bear:
     /// it shows everything that has happened until now. Requests in quick succession share one listing.
     std::uint64_t requestListing();
+    /// Returns at once. Takes the lock.
+    void setCardProfile(const std::string& card, const std::string& profile);
     /// Has published() called without a new listing. Any thread.
     void wake() { published_(); }
 
@@ -65,6 +67,7 @@ private:
     void endListing(bool timedOut);
     void publish(PulseSnapshot snapshot);
     static void addSource(pa_context* context, const pa_source_info* info, int end, void* self);
+    static void addCard(pa_context* context, const pa_card_info* info, int end, void* self);
     static void takeServerInfo(pa_context* context, const pa_server_info* info, void* self);
 
     std::function<void()> published_;

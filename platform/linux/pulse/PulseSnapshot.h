@@ -24,6 +24,23 @@ struct PulseSource
     friend bool operator==(const PulseSource&, const PulseSource&) = default;
 };
 
+/// One device that has profiles, of which one is in force.
+struct PulseCard
+{
+    struct Profile
+    {
+        QString name;
+        bool records = false;
+        bool isAvailable = false;
+        std::uint32_t priority = 0;
+    };
+
+    QString name;
+    QString description;
+    QString activeProfile;
+    std::vector<Profile> profiles;
+};
+
 /// What is known of the sound server at one moment.
 struct PulseSnapshot
 {
@@ -35,6 +52,7 @@ struct PulseSnapshot
     QString defaultSourceName;
     /// Empty unless ready.
     std::vector<PulseSource> sources;
+    std::vector<PulseCard> cards;
 
     /// The source of that name or number unless it is missing or a loudspeaker's monitor.
     [[nodiscard]] const PulseSource* microphone(const QString& name) const;

@@ -46,6 +46,17 @@ unsigned toXModifiers(const X11Keymap& keymap, std::uint32_t modifiers)
     return result;
 }
 
+/// Latin letters, digits and the keys that do something: what a shortcut is best stored as.
+bool isInEveryLayout(X11Keymap::Keysym keysym)
+{
+    constexpr X11Keymap::Keysym firstOtherScript = 0x100;
+    constexpr X11Keymap::Keysym firstFunctionKey = 0xff00;
+    constexpr X11Keymap::Keysym firstUnicode = 0x01000000;
+    constexpr X11Keymap::Keysym firstVendorKey = 0x10000000;
+    return keysym < firstOtherScript || (keysym >= firstFunctionKey && keysym < firstUnicode) ||
+           keysym >= firstVendorKey;
+}
+
 /// Every combination of the bits of @p mask, the empty one included.
 std::vector<unsigned> subsets(unsigned mask)
 {
@@ -107,6 +118,24 @@ void X11HotKeyManager::unregisterHotKey(std::uint32_t id)
     hotKeys_.erase(found);
     std::erase_if(held_, [id](const Held& held) { return held.id == id; });
     release(unwanted);
+}
+
+std::optional<std::uint32_t> X11HotKeyManager::keyCodeOf(std::uint32_t nativeScanCode) const
+{
+    const X11Keymap keymap(connection_);
+    if (!keymap.isValid() || keymap.isModifier(nativeScanCode))
+        return std::nullopt;
+    const auto own = keymap.keysym(nativeScanCode, keymap.activeGroup());
+    if (!own || *own == NoSymbol)
+        return std::nullopt;
+    if (isInEveryLayout(*own))
+        return KeyCode::fromKeysym(static_cast<std::uint32_t>(*own));
+    for (unsigned group = 0; group < keymap.groupCount(); ++group) {
+        if (const auto other = keymap.keysym(nativeScanCode, group); other && isInEveryLayout(*other))
+            return KeyCode::fromKeysym(static_cast<std::uint32_t>(*other));
+    }
+    const auto letter = keymap.letterInPlaceOf(nativeScanCode);
+    return KeyCode::fromKeysym(static_cast<std::uint32_t>(letter.value_or(*own)));
 }
 
 std::vector<X11HotKeyManager::Grab> X11HotKeyManager::resolve(const X11Keymap& keymap, const HotKey& hotKey) const

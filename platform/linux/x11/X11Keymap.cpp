@@ -92,7 +92,7 @@ void X11Keymap::readModifiers(X11Connection& connection)
 std::optional<X11Keymap::Keysym> X11Keymap::keysym(KeyCode key, unsigned group) const
 {
     XkbDescPtr const description = asDescription(description_);
-    if (key < description->min_key_code || key > description->max_key_code)
+    if (!isValid() || key < description->min_key_code || key > description->max_key_code)
         return std::nullopt;
     const unsigned groups = XkbKeyNumGroups(description, key);
     if (groups == 0)
@@ -129,16 +129,37 @@ std::vector<X11Keymap::KeyCode> X11Keymap::keysWith(Keysym wanted, unsigned grou
     return result;
 }
 
+std::string_view X11Keymap::placeOf(KeyCode key) const
+{
+    XkbDescPtr const description = asDescription(description_);
+    if (!isValid() || description->names == nullptr || key < description->min_key_code ||
+        key > description->max_key_code)
+        return {};
+    const char* const name = description->names->keys[key].name;
+    return {name, strnlen(name, XkbKeyNameLength)};
+}
+
 std::optional<X11Keymap::KeyCode> X11Keymap::keyInPlaceOf(Keysym letter) const
 {
     const std::string wanted = keyNameOf(letter);
-    if (!isValid() || wanted.empty() || asDescription(description_)->names == nullptr)
+    if (!isValid() || wanted.empty())
         return std::nullopt;
-    XkbDescPtr const description = asDescription(description_);
-    for (KeyCode key = description->min_key_code; key <= description->max_key_code; ++key) {
-        const char* const name = description->names->keys[key].name;
-        if (std::string_view(name, strnlen(name, XkbKeyNameLength)) == wanted)
+    for (KeyCode key = asDescription(description_)->min_key_code; key <= asDescription(description_)->max_key_code;
+         ++key) {
+        if (placeOf(key) == wanted)
             return key;
+    }
+    return std::nullopt;
+}
+
+std::optional<X11Keymap::Keysym> X11Keymap::letterInPlaceOf(KeyCode key) const
+{
+    const std::string_view place = placeOf(key);
+    for (const Row& row : rows) {
+        for (const char letter : row.letters) {
+            if (!place.empty() && keyNameOf(static_cast<Keysym>(letter)) == place)
+                return static_cast<Keysym>(letter);
+        }
     }
     return std::nullopt;
 }
@@ -165,7 +186,8 @@ bool X11Keymap::isModifier(KeyCode key) const
 {
     // Modern layouts give AltGr its effect without listing it among the core protocol's modifiers.
     const auto own = isValid() ? keysym(key, activeGroup_) : std::nullopt;
-    return keyModifiers_[key] != 0 || (own && (IsModifierKey(*own) || *own == XK_Scroll_Lock));
+    return (key < keyModifiers_.size() && keyModifiers_[key] != 0) ||
+           (own && (IsModifierKey(*own) || *own == XK_Scroll_Lock));
 }
 
 bool X11Keymap::isLock(KeyCode key) const

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <string_view>
 #include <vector>
 
 namespace vantro {
@@ -34,6 +35,10 @@ public:
     [[nodiscard]] std::vector<KeyCode> keysWith(Keysym keysym, unsigned group) const;
     /// The key in the place where a US keyboard has the Latin letter @p keysym.
     [[nodiscard]] std::optional<KeyCode> keyInPlaceOf(Keysym keysym) const;
+    /// The Latin letter that a US keyboard has in the place of @p key.
+    [[nodiscard]] std::optional<Keysym> letterInPlaceOf(KeyCode key) const;
+    /// What @p key gives in @p group without any modifier.
+    [[nodiscard]] std::optional<Keysym> keysym(KeyCode key, unsigned group) const;
     /// A key that carries nothing in any group.
     [[nodiscard]] std::optional<KeyCode> emptyKey() const;
 
@@ -54,7 +59,7 @@ private:
         void operator()(void* description) const;
     };
 
-    [[nodiscard]] std::optional<Keysym> keysym(KeyCode key, unsigned group) const;
+    [[nodiscard]] std::string_view placeOf(KeyCode key) const;
     [[nodiscard]] bool carries(KeyCode key, const std::vector<Keysym>& keysyms) const;
     void readModifiers(X11Connection& connection);
 

@@ -65,11 +65,27 @@ void Launcher::placeOnScreen()
 
 void Launcher::makeKeyAndOrderFront()
 {
+    const QString stopKeys = keysOf(KeyboardShortcuts::Name::stopRecordingAndCloseModal);
+    model_.setEndingHint(tr("<%1> Start transcription").arg(stopKeys), tr("Esc Cancel"));
     show();
     raise();
     requestActivate();
     workspace_.activateWindow(winId());
     followKeyboard();
+}
+
+void Launcher::orderFront()
+{
+    model_.setEndingHint(tr("Release %1 to transcribe").arg(keysOf(KeyboardShortcuts::Name::openModal)), {});
+    setFlag(Qt::WindowDoesNotAcceptFocus);
+    show();
+    raise();
+}
+
+QString Launcher::keysOf(const KeyboardShortcuts::Name& name) const
+{
+    const auto shortcut = shortcuts_.shortcut(name);
+    return shortcut ? shortcut->displayText() : QString();
 }
 
 void Launcher::followKeyboard()

@@ -40,6 +40,7 @@ public:
     [[nodiscard]] bool isVisible() const override { return QQuickView::isVisible(); }
     [[nodiscard]] QRect frame() const override { return geometry(); }
     void makeKeyAndOrderFront() override;
+    void orderFront() override;
     void closePanel() override;
 
 protected:
@@ -50,6 +51,7 @@ private:
     void placeOnScreen();
     void followKeyboard();
     void becomeKey();
+    [[nodiscard]] QString keysOf(const KeyboardShortcuts::Name& name) const;
     void cancelOperation();
     [[nodiscard]] bool handleDigit(const QString& characters);
 

@@ -79,12 +79,12 @@ Rectangle {
         KeyHint {
             id: hint
             anchors.left: parent.left
-            text: launcher.model.processing ? launcher.model.processingText : qsTr("<Space> Start transcription")
+            text: launcher.model.processing ? launcher.model.processingText : launcher.model.endingHint
             textFormat: Text.PlainText
         }
         KeyHint {
             anchors.right: parent.right
-            text: qsTr("Esc Cancel")
+            text: launcher.model.cancelHint
         }
     }
 }

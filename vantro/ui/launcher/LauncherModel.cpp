@@ -79,6 +79,13 @@ int LauncherModel::chosenMode() const
     return chosen != modes_.end() ? static_cast<int>(chosen - modes_.begin()) : -1;
 }
 
+void LauncherModel::setEndingHint(const QString& ending, const QString& cancel)
+{
+    endingHint_ = ending;
+    cancelHint_ = cancel;
+    Q_EMIT hintsChanged();
+}
+
 void LauncherModel::chooseMode(int index)
 {
     if (!processing_ && index >= 0 && index < static_cast<int>(modes_.size()))

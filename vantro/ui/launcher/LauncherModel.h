@@ -31,6 +31,9 @@ class LauncherModel : public QObject
     Q_PROPERTY(bool timeRunsOut READ timeRunsOut NOTIFY timeChanged)
     Q_PROPERTY(QString notice READ notice NOTIFY noticeChanged)
     Q_PROPERTY(QStringList modes READ modeNames CONSTANT)
+    /// How the user ends the recording, and how the user gives it up.
+    Q_PROPERTY(QString endingHint READ endingHint NOTIFY hintsChanged)
+    Q_PROPERTY(QString cancelHint READ cancelHint NOTIFY hintsChanged)
     Q_PROPERTY(int chosenMode READ chosenMode NOTIFY chosenModeChanged)
 public:
     struct Mode
@@ -53,6 +56,10 @@ public:
     [[nodiscard]] QStringList modeNames() const;
     [[nodiscard]] int chosenMode() const;
 
+    [[nodiscard]] QString endingHint() const { return endingHint_; }
+    [[nodiscard]] QString cancelHint() const { return cancelHint_; }
+    void setEndingHint(const QString& ending, const QString& cancel);
+
     Q_INVOKABLE void chooseMode(int index);
     /// The engine's own figure, 0..1. Never moves the bar back.
     void setProgress(float fraction);
@@ -64,6 +71,7 @@ Q_SIGNALS:
     void timeChanged();
     void noticeChanged();
     void chosenModeChanged();
+    void hintsChanged();
 
 private:
     void processingStarted();
@@ -84,6 +92,8 @@ private:
     bool processing_ = false;
     qreal progress_ = 0;
     QString notice_;
+    QString endingHint_;
+    QString cancelHint_;
     std::vector<NotificationCenter::Observation> observations_;
 };
 

@@ -104,12 +104,15 @@ TEST_F(X11HotKeyTest, AHeldKeyDoesNotRepeat)
     user_->press(Place::d);
     EXPECT_TRUE(eventually([&] { return editor->text().size() >= 6; }));
     user_->release(Place::d);
+    // The editor is behind the keyboard: it has seen the last repetition when it has seen what was typed after it.
+    user_->strike(Place::v);
+    EXPECT_TRUE(eventually([&] { return editor->text().endsWith(QLatin1Char('v')); }));
+    const auto textBefore = editor->text();
 
     manager_->registerHotKey(1, KeyCode::space, 0);
     user_->press(Place::space);
     user_->press(Place::leftShift);
     EXPECT_TRUE(eventually([&] { return !seen_.empty(); }));
-    const auto textBefore = editor->text();
     user_->release(Place::leftShift);
     // The same stretch again, told by the same means.
     QElapsedTimer held;
@@ -123,6 +126,43 @@ TEST_F(X11HotKeyTest, AHeldKeyDoesNotRepeat)
     user_->strike(Place::space);
     EXPECT_TRUE(eventually([&] { return editor->text() == textBefore + QLatin1Char(' '); }))
         << "Space must type a space again";
+}
+
+TEST_F(X11HotKeyTest, AKeyHeldForAMinuteIsOnePress)
+{
+    // As many repetitions as in a minute at the usual 25 a second.
+    constexpr std::chrono::milliseconds delay{10};
+    constexpr std::chrono::milliseconds interval{1};
+    constexpr int repetitions = 1500;
+    user_->setAutoRepeat(delay, interval);
+    manager_->registerHotKey(1, keyD, ctrlAlt);
+    for (const unsigned place : ctrlAltD)
+        user_->press(place);
+    QElapsedTimer held;
+    held.start();
+    EXPECT_TRUE(eventually([&] { return held.elapsed() > (delay + repetitions * interval).count(); }));
+    EXPECT_THAT(seen_, ElementsAre(std::pair(Seen::Pressed, 1U)));
+    for (const unsigned place : ctrlAltD)
+        user_->release(place);
+    EXPECT_TRUE(eventually([&] { return seen_.size() > 1; }));
+    EXPECT_THAT(seen_, ElementsAre(std::pair(Seen::Pressed, 1U), std::pair(Seen::Released, 1U)));
+}
+
+TEST_F(X11HotKeyTest, MediaKeysAndFunctionKeysNeedNoModifier)
+{
+    constexpr unsigned placeF9 = 75;
+    constexpr unsigned placeMicrophoneMute = 198;
+    constexpr std::uint32_t keyF9 = 101;
+    constexpr std::uint32_t microphoneMute = KeyCode::keysymBase + 0x1008ffb2;
+    ASSERT_EQ(manager_->keyCodeOf(placeMicrophoneMute), microphoneMute) << "another keyboard than expected";
+    EXPECT_EQ(manager_->keyCodeOf(placeF9), keyF9);
+    EXPECT_EQ(manager_->keyCodeOf(Place::leftControl), std::nullopt);
+    manager_->registerHotKey(1, keyF9, 0);
+    manager_->registerHotKey(2, microphoneMute, 0);
+    user_->strike(placeF9);
+    user_->strike(placeMicrophoneMute);
+    EXPECT_THAT(seenUntilNow(), ElementsAre(std::pair(Seen::Pressed, 1U), std::pair(Seen::Released, 1U),
+                                            std::pair(Seen::Pressed, 2U), std::pair(Seen::Released, 2U)));
 }
 
 TEST_F(X11HotKeyTest, ACombinationOfAnotherProgramIsRefusedWithTheReason)

@@ -1,0 +1,173 @@
+#include "KeyboardShortcuts/ShortcutValidator.h"
+
+#include "platform/DesktopShortcuts.h"
+#include "platform/KeyCode.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+#include <array>
+
+namespace vantro {
+
+namespace {
+
+using Name = KeyboardShortcuts::Name;
+using Reason = ShortcutRefusal::Reason;
+using Shortcut = KeyboardShortcuts::Shortcut;
+
+struct Message
+{
+    const char* key;
+    const char* text;
+};
+
+constexpr std::array messages{
+    Message{"keyboard_shortcut_used_by_system",
+            QT_TRANSLATE_NOOP("KeyboardShortcuts", "%1 is already used by the desktop: %2.")},
+    Message{"keyboard_shortcuts_can_be_changed",
+            QT_TRANSLATE_NOOP("KeyboardShortcuts",
+                              "Choose another shortcut, or change that one in the desktop's keyboard settings.")},
+    Message{"force_use_shortcut", QT_TRANSLATE_NOOP("KeyboardShortcuts", "Use anyway")},
+    Message{"keyboard_shortcut_disallowed",
+            QT_TRANSLATE_NOOP("KeyboardShortcuts", "%1 is needed for typing in every program. Add Ctrl, Alt or Super, "
+                                                   "or take a function or media key.")},
+    Message{"keyboard_shortcut_used_by_menu_item",
+            QT_TRANSLATE_NOOP("KeyboardShortcuts", "%1 already means \"%2\" in vantro.")},
+};
+
+QString localized(const char* key)
+{
+    const auto* const message = std::ranges::find(messages, std::string_view(key), &Message::key);
+    return QCoreApplication::translate("KeyboardShortcuts", message->text);
+}
+
+QString translated(const char* text)
+{
+    return QCoreApplication::translate("KeyboardShortcuts", text);
+}
+
+constexpr std::uint32_t digitKeysyms = '0';
+
+/// Whether the key writes or moves the text cursor when it is pressed alone, or with Shift.
+bool isForTyping(const Shortcut& shortcut)
+{
+    constexpr std::uint32_t firstFunctionKeysym = 0xff00;
+    constexpr std::uint32_t firstUnicodeKeysym = 0x01000000;
+    constexpr std::uint32_t firstVendorKeysym = 0x10000000;
+    const auto keysym = KeyCode::toKeysym(static_cast<std::uint32_t>(shortcut.carbonKeyCode)).value_or(0);
+    if (keysym < firstFunctionKeysym || (keysym >= firstUnicodeKeysym && keysym < firstVendorKeysym))
+        return true;
+    const auto isWithin = [keysym](std::uint32_t first, std::uint32_t last) {
+        return keysym >= first && keysym <= last;
+    };
+    constexpr std::uint32_t backspace = 0xff08;
+    constexpr std::uint32_t enter = 0xff0d;
+    constexpr std::uint32_t escape = 0xff1b;
+    constexpr std::uint32_t home = 0xff50;
+    constexpr std::uint32_t end = 0xff57;
+    constexpr std::uint32_t insert = 0xff63;
+    constexpr std::uint32_t firstKeypad = 0xff80;
+    constexpr std::uint32_t lastKeypad = 0xffb9;
+    constexpr std::uint32_t del = 0xffff;
+    return isWithin(backspace, enter) || keysym == escape || isWithin(home, end) || keysym == insert ||
+           isWithin(firstKeypad, lastKeypad) || keysym == del;
+}
+
+bool switchesConsoles(const Shortcut& shortcut)
+{
+    constexpr std::uint32_t f1 = 0xffbe;
+    constexpr std::uint32_t f12 = 0xffc9;
+    const auto keysym = KeyCode::toKeysym(static_cast<std::uint32_t>(shortcut.carbonKeyCode)).value_or(0);
+    return shortcut.carbonModifiers == (Modifier::command | Modifier::option) && keysym >= f1 && keysym <= f12;
+}
+
+ShortcutRefusal systemRefusal(const Shortcut& shortcut, const QString& action, bool canForce)
+{
+    return {.reason = Reason::usedBySystem,
+            .message = localized("keyboard_shortcut_used_by_system").arg(shortcut.displayText(), action),
+            .advice = localized("keyboard_shortcuts_can_be_changed"),
+            .canForce = canForce};
+}
+
+} // namespace
+
+ShortcutValidator::ShortcutValidator(KeyboardShortcuts& shortcuts, const DesktopShortcuts& desktop)
+    : shortcuts_(shortcuts)
+    , desktop_(desktop)
+{
+}
+
+QString ShortcutValidator::title(const Name& name)
+{
+    return name.rawValue == Name::openModal.rawValue ? translated(QT_TR_NOOP("Start a dictation"))
+                                                     : translated(QT_TR_NOOP("End the recording"));
+}
+
+QString ShortcutValidator::forceText()
+{
+    return localized("force_use_shortcut");
+}
+
+std::optional<ShortcutRefusal> ShortcutValidator::refusal(const Name& name, const Shortcut& shortcut)
+{
+    if (auto refused = whyDisallowed(name, shortcut))
+        return refused;
+    if (auto refused = usedBySystem(shortcut))
+        return refused;
+    return usedByMenuItem(name, shortcut);
+}
+
+std::optional<ShortcutRefusal> ShortcutValidator::whyDisallowed(const Name& name, const Shortcut& shortcut) const
+{
+    constexpr std::uint32_t realModifiers = Modifier::all & ~Modifier::shift;
+    // What is in force only while the launcher has the keyboard is in nobody's way.
+    const bool isGlobal = name.rawValue == Name::openModal.rawValue;
+    if (!isGlobal || (shortcut.carbonModifiers & realModifiers) != 0 || !isForTyping(shortcut))
+        return std::nullopt;
+    return ShortcutRefusal{.reason = Reason::disallowed,
+                           .message = localized("keyboard_shortcut_disallowed").arg(shortcut.displayText()),
+                           .advice = {},
+                           .canForce = false};
+}
+
+std::optional<ShortcutRefusal> ShortcutValidator::usedBySystem(const Shortcut& shortcut)
+{
+    if (switchesConsoles(shortcut))
+        return systemRefusal(shortcut, translated(QT_TR_NOOP("switch to another console")), false);
+    const auto unavailable = shortcuts_.whyUnavailable(shortcut);
+    for (const DesktopShortcut& bound : desktop_.bound()) {
+        if (bound.keyCode == shortcut.carbonKeyCode && bound.modifiers == shortcut.carbonModifiers)
+            return systemRefusal(shortcut, bound.action, !unavailable);
+    }
+    if (unavailable)
+        return ShortcutRefusal{
+            .reason = Reason::usedBySystem, .message = *unavailable, .advice = {}, .canForce = false};
+    return std::nullopt;
+}
+
+std::optional<ShortcutRefusal> ShortcutValidator::usedByMenuItem(const Name& name, const Shortcut& shortcut) const
+{
+    const auto refused = [&](const QString& title) {
+        return ShortcutRefusal{.reason = Reason::usedByMenuItem,
+                               .message =
+                                   localized("keyboard_shortcut_used_by_menu_item").arg(shortcut.displayText(), title),
+                               .advice = {},
+                               .canForce = true};
+    };
+    for (const Name& other : {Name::openModal, Name::stopRecordingAndCloseModal}) {
+        if (other.rawValue != name.rawValue && shortcuts_.shortcut(other) == shortcut)
+            return refused(title(other));
+    }
+    if (shortcut.carbonModifiers != 0)
+        return std::nullopt;
+    if (shortcut.carbonKeyCode == KeyCode::escape)
+        return refused(translated(QT_TR_NOOP("Cancel the dictation")));
+    for (std::uint32_t mode = 1; mode <= 5; ++mode) {
+        if (shortcut.carbonKeyCode == KeyCode::fromKeysym(digitKeysyms + mode))
+            return refused(translated(QT_TR_NOOP("Choose mode %1")).arg(mode));
+    }
+    return std::nullopt;
+}
+
+} // namespace vantro

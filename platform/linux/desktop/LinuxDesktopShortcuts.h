@@ -1,0 +1,14 @@
+#pragma once
+
+#include "platform/DesktopShortcuts.h"
+
+namespace vantro {
+
+/// The shortcuts of the desktop that $XDG_CURRENT_DESKTOP names: GNOME, KDE or Xfce.
+class LinuxDesktopShortcuts final : public DesktopShortcuts
+{
+public:
+    [[nodiscard]] std::vector<DesktopShortcut> bound() const override;
+};
+
+} // namespace vantro

@@ -1,0 +1,197 @@
+// Microphones that come and go at every moment of a dictation, and the user's order of them.
+#include "tests/platform/linux/pulse/PulseServer.h"
+#include "tests/platform/linux/pulse/RecordingRig.h"
+#include "tests/platform/linux/pulse/Signal.h"
+
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <map>
+#include <optional>
+
+using namespace std::chrono_literals;
+using namespace vantro;
+using namespace vantro::testing;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+namespace {
+
+const QString table = QStringLiteral("table");
+const QString headset = QStringLiteral("headset");
+const QString speech = QStringLiteral("rate=16000 channels=1");
+constexpr int rateHz = 16'000;
+constexpr std::size_t second = rateHz;
+
+class PulseHotplug : public ::testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        if (PulseServer::reasonToSkip() != nullptr)
+            GTEST_SKIP() << PulseServer::reasonToSkip();
+        server.start();
+        server.addLoudspeaker(QStringLiteral("speaker"), speech);
+        server.addMicrophone(table, speech);
+        server.setDefaultMicrophone(table);
+        rig.emplace(server.address());
+        ASSERT_TRUE(rig->connection.serverAnswers());
+        rig->devices.refreshAvailableDevices();
+    }
+
+    [[nodiscard]] bool knows(const std::vector<QString>& names) const
+    {
+        return QTest::qWaitFor(
+            [&] {
+                std::vector<QString> known;
+                for (const AudioInputDevice& device : rig->devices.availableDevices())
+                    known.push_back(device.uid);
+                return known == names;
+            },
+            RecordingRig::patienceMs);
+    }
+
+    /// The sources that are recorded from now, by their names.
+    [[nodiscard]] std::vector<QString> recorded()
+    {
+        std::map<QString, QString> names;
+        for (const QString& line :
+             server.control({QStringLiteral("list"), QStringLiteral("short"), QStringLiteral("sources")})
+                 .split(QLatin1Char('\n'), Qt::SkipEmptyParts))
+            names[line.section(QLatin1Char('\t'), 0, 0)] = line.section(QLatin1Char('\t'), 1, 1);
+        std::vector<QString> result;
+        for (const QString& line :
+             server.control({QStringLiteral("list"), QStringLiteral("short"), QStringLiteral("source-outputs")})
+                 .split(QLatin1Char('\n'), Qt::SkipEmptyParts)) {
+            if (!line.contains(QStringLiteral("module-remap-source")))
+                result.push_back(names[line.section(QLatin1Char('\t'), 1, 1)]);
+        }
+        return result;
+    }
+
+    void rankFirst(const QString& first, const QString& then)
+    {
+        rig->devices.setPrioritizedDevices(
+            {{.id = first, .name = first, .priority = 1}, {.id = then, .name = then, .priority = 2}});
+        rig->devices.setInputMode(AudioInputMode::prioritized);
+    }
+
+    /// Plays @p sound into @p microphone to its end while it is recorded.
+    void speak(const std::vector<float>& sound, const QString& microphone)
+    {
+        const auto player = server.play(sound, rateHz, 1, microphone);
+        ASSERT_TRUE(QTest::qWaitFor([&] { return player->hasEnded(); }, RecordingRig::patienceMs));
+    }
+
+    /// Whether every sample of @p sound is in the recording, which may hold another sound too.
+    [[nodiscard]] static bool isWhole(const std::vector<float>& sound, const std::vector<float>& recording)
+    {
+        return std::ranges::any_of(compare(recording, sound).stretches,
+                                   [&](const Stretch& stretch) { return stretch.length == sound.size(); });
+    }
+
+    PulseServer server;
+    std::optional<RecordingRig> rig;
+};
+
+} // namespace
+
+TEST_F(PulseHotplug, AHeadsetSwitchedOnWhileIdleIsRecordedNextWhenItRanksFirst)
+{
+    rankFirst(headset, table);
+    rig->recorder.startRecording();
+    EXPECT_THAT(recorded(), ElementsAre(table));
+    rig->recorder.cancelRecording();
+
+    server.addMicrophone(headset, speech);
+    ASSERT_TRUE(knows({table, headset}));
+    rig->recorder.startRecording();
+    EXPECT_THAT(recorded(), ElementsAre(headset));
+    const std::vector<float> sound = noise(second, 1);
+    speak(sound, headset);
+    const Comparison comparison = compare(rig->stop(), sound);
+    EXPECT_EQ(comparison.recordedCount(), sound.size());
+    EXPECT_EQ(comparison.foreignCount, 0U);
+
+    rankFirst(table, headset);
+    rig->recorder.startRecording();
+    EXPECT_THAT(recorded(), ElementsAre(table)) << "the new order counts at once";
+}
+
+TEST_F(PulseHotplug, AHeadsetSwitchedOffInTheMiddleCostsNoEarlierSampleAndTheNextInTheOrderTakesOver)
+{
+    server.addMicrophone(headset, speech);
+    ASSERT_TRUE(knows({table, headset}));
+    rankFirst(headset, table);
+    rig->recorder.startRecording();
+    const std::vector<float> before = noise(second, 1);
+    speak(before, headset);
+    server.removeMicrophone(headset);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return recorded() == std::vector<QString>{table}; }, RecordingRig::patienceMs));
+    const std::vector<float> after = noise(second, 2);
+    speak(after, table);
+    const std::vector<float> samples = rig->stop();
+    EXPECT_TRUE(isWhole(before, samples));
+    EXPECT_TRUE(isWhole(after, samples));
+    EXPECT_THAT(rig->lost, IsEmpty());
+}
+
+TEST_F(PulseHotplug, AMicrophoneUnpluggedDuringTheDrainCostsNothingThatWasSaidBefore)
+{
+    rig->recorder.startRecording();
+    const std::vector<float> sound = noise(second, 1);
+    speak(sound, table);
+    ASSERT_TRUE(rig->hears(1));
+    rig->recorder.stopRecording();
+    server.removeMicrophone(table);
+    ASSERT_TRUE(rig->hasFinished(1));
+    EXPECT_EQ(rig->errorMessage(), "");
+    EXPECT_THAT(rig->lost, IsEmpty()) << "it was over already";
+    EXPECT_EQ(compare(rig->processing.samples, sound).recordedCount(), sound.size());
+}
+
+TEST_F(PulseHotplug, AMicrophoneUnpluggedRightBeforeTheStartIsReplacedByAnother)
+{
+    server.addMicrophone(headset, speech);
+    ASSERT_TRUE(knows({table, headset}));
+    rankFirst(headset, table);
+    server.removeMicrophone(headset); // and the program has not heard of it
+    rig->recorder.startRecording();
+    ASSERT_TRUE(rig->recorder.isRecording()) << rig->errorMessage();
+    const std::vector<float> sound = noise(second, 1);
+    speak(sound, table);
+    const Comparison comparison = compare(rig->stop(), sound);
+    EXPECT_GE(comparison.recordedCount(), sound.size() - rateHz * 60 / 1000);
+    EXPECT_THAT(rig->lost, IsEmpty());
+}
+
+TEST_F(PulseHotplug, AStoredDeviceThatNeverComesBackIsNoObstacle)
+{
+    server.addMicrophone(headset, speech);
+    ASSERT_TRUE(knows({table, headset}));
+    rig->devices.setSelectedDeviceID(rig->devices.availableDevices()[1].id);
+    rig->devices.setInputMode(AudioInputMode::custom);
+    server.removeMicrophone(headset);
+    ASSERT_TRUE(knows({table}));
+    for (int dictation = 0; dictation < 3; ++dictation) {
+        rig->recorder.startRecording();
+        EXPECT_THAT(recorded(), ElementsAre(table));
+        rig->recorder.cancelRecording();
+    }
+    server.addTwin(headset, table);
+    ASSERT_TRUE(knows({table, headset}));
+    rig->recorder.startRecording();
+    EXPECT_THAT(recorded(), ElementsAre(headset)) << "it was not forgotten";
+}
+
+TEST_F(PulseHotplug, AMicrophoneThatComesInTheMiddleChangesNothingUntilTheNextDictation)
+{
+    rankFirst(headset, table);
+    rig->recorder.startRecording();
+    server.addMicrophone(headset, speech);
+    ASSERT_TRUE(knows({table, headset}));
+    const std::vector<float> sound = noise(second, 1);
+    speak(sound, table);
+    EXPECT_THAT(recorded(), ElementsAre(table));
+    EXPECT_EQ(compare(rig->stop(), sound).recordedCount(), sound.size());
+}

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "base/UserDefaults.h"
+#include "platform/linux/LinuxPlatform.h"
+#include "vantro/audio/AudioDeviceManager.h"
+
+namespace vantro {
+
+/// What the commands about microphones work on.
+struct DevicesSession
+{
+    /// The device that a dictation would record from now; null without any.
+    [[nodiscard]] const AudioInputDevice* used() const;
+    [[nodiscard]] bool isDefault(const AudioInputDevice& device) const;
+    /// The place in the priority list, from 1; 0 for a device that is not in it.
+    [[nodiscard]] int rank(const QString& uid) const;
+
+    UserDefaults defaults{UserDefaults::standardPath()};
+    Platform sound = makeLinuxSound();
+    /// Before the manager, which looks at the devices when it is made.
+    bool isReachable = sound.audioHardware->isReachable();
+    AudioDeviceManager devices{*sound.audioHardware, defaults};
+    bool json = false;
+};
+
+/// "vantro devices list".
+int listDevices(const DevicesSession& session);
+/// "vantro devices watch": the list again whenever it changes, until Ctrl-C.
+int watchDevices(DevicesSession& session);
+
+} // namespace vantro
