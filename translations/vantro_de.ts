@@ -105,6 +105,17 @@
     </message>
 </context>
 <context>
+    <name>Csv</name>
+    <message>
+        <source>line %1: there is text after a closing quote</source>
+        <translation>Zeile %1: hinter einem schließenden Anführungszeichen steht Text</translation>
+    </message>
+    <message>
+        <source>line %1: a quote is not closed</source>
+        <translation>Zeile %1: ein Anführungszeichen ist nicht geschlossen</translation>
+    </message>
+</context>
+<context>
     <name>Fetch</name>
     <message>
         <source>it ended after %1 of %2</source>
@@ -242,10 +253,177 @@
     </message>
 </context>
 <context>
+    <name>History</name>
+    <message>
+        <source>Search</source>
+        <translation>Suchen</translation>
+    </message>
+    <message>
+        <source>Search in the history</source>
+        <translation>Im Verlauf suchen</translation>
+    </message>
+    <message>
+        <source>Dictations</source>
+        <translation>Diktate</translation>
+    </message>
+    <message>
+        <source>Nothing that was dictated has these words.</source>
+        <translation>In keinem Diktat stehen diese Wörter.</translation>
+    </message>
+    <message>
+        <source>What you dictate will be listed here. Press your shortcut and speak.</source>
+        <translation>Hier wird stehen, was du diktierst. Drücke dein Tastenkürzel und sprich.</translation>
+    </message>
+    <message>
+        <source>Choose a dictation to read it.</source>
+        <translation>Wähle ein Diktat, um es zu lesen.</translation>
+    </message>
+    <message>
+        <source>Text of the dictation</source>
+        <translation>Text des Diktats</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Kopieren</translation>
+    </message>
+    <message>
+        <source>Show the rewritten text</source>
+        <translation>Umgeschriebenen Text zeigen</translation>
+    </message>
+    <message>
+        <source>Show what was said</source>
+        <translation>Zeigen, was gesagt wurde</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Löschen</translation>
+    </message>
+    <message>
+        <source>Undo the deletion</source>
+        <translation>Löschen rückgängig machen</translation>
+    </message>
+</context>
+<context>
+    <name>HttpError</name>
+    <message>
+        <source>%1 cannot be reached (%2). Check the network connection, the proxy and the provider&apos;s address.</source>
+        <translation>%1 ist nicht erreichbar (%2). Prüfe die Netzwerkverbindung, den Proxy und die Adresse des Anbieters.</translation>
+    </message>
+    <message>
+        <source>The connection to %1 broke off before the answer was complete. Try again.</source>
+        <translation>Die Verbindung zu %1 brach ab, bevor die Antwort vollständig war. Versuche es erneut.</translation>
+    </message>
+    <message>
+        <source>The encrypted connection to %1 cannot be trusted (%2). Check this computer&apos;s clock, or install the certificate of your own server.</source>
+        <translation>Der verschlüsselten Verbindung zu %1 ist nicht zu trauen (%2). Prüfe die Uhr dieses Rechners oder installiere das Zertifikat deines eigenen Servers.</translation>
+    </message>
+    <message>
+        <source>%1 has not answered within %2 seconds.</source>
+        <translation>%1 hat innerhalb von %2 Sekunden nicht geantwortet.</translation>
+    </message>
+    <message>
+        <source>The answer of %1 is larger than %2.</source>
+        <translation>Die Antwort von %1 ist größer als %2.</translation>
+    </message>
+    <message>
+        <source>What answers at %1 is no web server.</source>
+        <translation>Was bei %1 antwortet, ist kein Webserver.</translation>
+    </message>
+    <message>
+        <source>The request was cancelled.</source>
+        <translation>Die Anfrage wurde abgebrochen.</translation>
+    </message>
+</context>
+<context>
     <name>KeyboardShortcuts</name>
     <message>
         <source>The stored shortcut is damaged. Record it anew.</source>
         <translation>Das gespeicherte Tastenkürzel ist beschädigt. Bitte neu aufnehmen.</translation>
+    </message>
+    <message>
+        <source>%1 is already used by the desktop: %2.</source>
+        <translation>%1 wird schon vom Desktop benutzt: %2.</translation>
+    </message>
+    <message>
+        <source>Choose another shortcut, or change that one in the desktop&apos;s keyboard settings.</source>
+        <translation>Wähle ein anderes Tastenkürzel oder ändere jenes in den Tastatureinstellungen des Desktops.</translation>
+    </message>
+    <message>
+        <source>Use anyway</source>
+        <translation>Trotzdem verwenden</translation>
+    </message>
+    <message>
+        <source>%1 is needed for typing in every program. Add Ctrl, Alt or Super, or take a function or media key.</source>
+        <translation>%1 wird in jedem Programm zum Tippen gebraucht. Nimm Strg, Alt oder Super dazu oder eine Funktions- oder Medientaste.</translation>
+    </message>
+    <message>
+        <source>%1 already means &quot;%2&quot; in vantro.</source>
+        <translation>%1 bedeutet in vantro schon „%2“.</translation>
+    </message>
+</context>
+<context>
+    <name>KeychainError</name>
+    <message>
+        <source>Item not found in Keychain</source>
+        <translation>Der Eintrag ist nicht im Schlüsselbund</translation>
+    </message>
+    <message>
+        <source>Item already exists in Keychain</source>
+        <translation>Der Eintrag ist schon im Schlüsselbund</translation>
+    </message>
+    <message>
+        <source>Invalid data format</source>
+        <translation>Ungültige Form der Daten</translation>
+    </message>
+    <message>
+        <source>Failed to encode data</source>
+        <translation>Die Daten konnten nicht kodiert werden</translation>
+    </message>
+    <message>
+        <source>Failed to decode data</source>
+        <translation>Die Daten konnten nicht gelesen werden</translation>
+    </message>
+    <message>
+        <source>Keychain error: </source>
+        <translation>Fehler des Schlüsselbunds: </translation>
+    </message>
+</context>
+<context>
+    <name>KeychainService</name>
+    <message>
+        <source>API key of vantro (%1)</source>
+        <translation>API-Schlüssel von vantro (%1)</translation>
+    </message>
+</context>
+<context>
+    <name>KeysPage</name>
+    <message>
+        <source>Shortcut</source>
+        <translation>Tastenkürzel</translation>
+    </message>
+    <message>
+        <source>Dictate</source>
+        <translation>Diktieren</translation>
+    </message>
+    <message>
+        <source>Works in every program. Press Space or click, then press the keys.</source>
+        <translation>Wirkt in jedem Programm. Drücke die Leertaste oder klicke, dann drücke die Tasten.</translation>
+    </message>
+    <message>
+        <source>Hold to talk</source>
+        <translation>Halten zum Sprechen</translation>
+    </message>
+    <message>
+        <source>The recording lasts as long as you hold the shortcut.</source>
+        <translation>Die Aufnahme dauert so lange, wie du das Tastenkürzel hältst.</translation>
+    </message>
+    <message>
+        <source>End the recording</source>
+        <translation>Die Aufnahme beenden</translation>
+    </message>
+    <message>
+        <source>Only while vantro listens.</source>
+        <translation>Nur während vantro zuhört.</translation>
     </message>
 </context>
 <context>
@@ -263,12 +441,16 @@
         <translation>Zeit %1</translation>
     </message>
     <message>
-        <source>&lt;Space&gt; Start transcription</source>
-        <translation>&lt;Leertaste&gt; Transkription starten</translation>
-    </message>
-    <message>
         <source>Esc Cancel</source>
         <translation>Esc Abbrechen</translation>
+    </message>
+    <message>
+        <source>&lt;%1&gt; Start transcription</source>
+        <translation>&lt;%1&gt; Transkription starten</translation>
+    </message>
+    <message>
+        <source>Release %1 to transcribe</source>
+        <translation>%1 loslassen zum Transkribieren</translation>
     </message>
 </context>
 <context>
@@ -280,6 +462,60 @@
     <message>
         <source>No sound from %1</source>
         <translation>Kein Ton von %1</translation>
+    </message>
+</context>
+<context>
+    <name>LocalFormatError</name>
+    <message>
+        <source>Generation failed: </source>
+        <translation>Die Erzeugung ist fehlgeschlagen: </translation>
+    </message>
+    <message>
+        <source>The on-device model is not available on this device</source>
+        <translation>Das Modell des Geräts ist auf diesem Gerät nicht verfügbar</translation>
+    </message>
+    <message>
+        <source>The model is not ready. Please wait for it to download</source>
+        <translation>Das Modell ist nicht bereit. Bitte warte, bis es geladen ist</translation>
+    </message>
+    <message>
+        <source>The text is too long to process. Please try with shorter text</source>
+        <translation>Der Text ist zu lang. Bitte versuche es mit einem kürzeren</translation>
+    </message>
+</context>
+<context>
+    <name>MicrophonePage</name>
+    <message>
+        <source>Microphone</source>
+        <translation>Mikrofon</translation>
+    </message>
+    <message>
+        <source>Record from</source>
+        <translation>Aufnehmen von</translation>
+    </message>
+    <message>
+        <source>None of those that are connected</source>
+        <translation>Keines der angeschlossenen</translation>
+    </message>
+    <message>
+        <source>The first one that is connected is used.</source>
+        <translation>Das erste angeschlossene wird benutzt.</translation>
+    </message>
+    <message>
+        <source>Move up</source>
+        <translation>Nach oben</translation>
+    </message>
+    <message>
+        <source>What it hears</source>
+        <translation>Was es hört</translation>
+    </message>
+    <message>
+        <source>Level of the microphone</source>
+        <translation>Pegel des Mikrofons</translation>
+    </message>
+    <message>
+        <source>Say something: the bar should move. Nothing is recorded.</source>
+        <translation>Sag etwas: Der Balken sollte sich bewegen. Es wird nichts aufgenommen.</translation>
     </message>
 </context>
 <context>
@@ -584,12 +820,12 @@
         <translation>Versuche es erneut, mit diesem Fenster vorn. Ohne ihn wartet dein Text in der Zwischenablage und wird mit %1 eingefügt.</translation>
     </message>
     <message>
-        <source>None of the usual shortcuts is free.</source>
-        <translation>Keines der üblichen Tastenkürzel ist frei.</translation>
-    </message>
-    <message>
         <source>It works in every program. Press it once to begin, and Space when you have said everything.</source>
         <translation>Es wirkt in jedem Programm. Drücke es einmal zum Beginnen und die Leertaste, wenn du alles gesagt hast.</translation>
+    </message>
+    <message>
+        <source>None of the usual shortcuts is free. Record one of your own.</source>
+        <translation>Keines der üblichen Tastenkürzel ist frei. Nimm ein eigenes auf.</translation>
     </message>
 </context>
 <context>
@@ -623,6 +859,72 @@
     </message>
 </context>
 <context>
+    <name>ProviderConfigurationManager</name>
+    <message>
+        <source>The stored list of providers cannot be read. It is kept in the settings as %1; the list begins anew with the defaults</source>
+        <translation>Die gespeicherte Liste der Anbieter ist nicht lesbar. Sie bleibt in den Einstellungen als %1; die Liste beginnt neu mit den Vorgaben</translation>
+    </message>
+    <message>
+        <source>Keys of removed providers stay until the next start: </source>
+        <translation>Schlüssel entfernter Anbieter bleiben bis zum nächsten Start: </translation>
+    </message>
+</context>
+<context>
+    <name>ProviderForm</name>
+    <message>
+        <source>Name is required</source>
+        <translation>Ein Name ist nötig</translation>
+    </message>
+    <message>
+        <source>Model is required</source>
+        <translation>Ein Modell ist nötig</translation>
+    </message>
+    <message>
+        <source>URL is required for custom provider</source>
+        <translation>Für einen eigenen Anbieter ist eine URL nötig</translation>
+    </message>
+    <message>
+        <source>Invalid URL format</source>
+        <translation>Ungültige Form der URL</translation>
+    </message>
+    <message>
+        <source>must be a whole number</source>
+        <translation>muss eine ganze Zahl sein</translation>
+    </message>
+    <message>
+        <source>Set either max tokens or max completion tokens, not both — the API rejects requests carrying both.</source>
+        <translation>Setze entweder „max tokens“ oder „max completion tokens“, nicht beides – die API lehnt Anfragen mit beidem ab.</translation>
+    </message>
+    <message>
+        <source>must be a number</source>
+        <translation>muss eine Zahl sein</translation>
+    </message>
+    <message>
+        <source>Used for legacy models</source>
+        <translation>Für ältere Modelle</translation>
+    </message>
+    <message>
+        <source>Newer models (gpt-5, o-series)</source>
+        <translation>Neuere Modelle (gpt-5, o-Reihe)</translation>
+    </message>
+    <message>
+        <source>Lower is more focused; Empty omits it from the request.</source>
+        <translation>Niedriger ist strenger; leer lässt es in der Anfrage weg.</translation>
+    </message>
+    <message>
+        <source>Alternative to temperature; empty omits it.</source>
+        <translation>Statt der Temperatur; leer lässt es weg.</translation>
+    </message>
+    <message>
+        <source>fast, priority...</source>
+        <translation>fast, priority...</translation>
+    </message>
+    <message>
+        <source>For reasoning-capable models; minimal is usually right for formatting.</source>
+        <translation>Für Modelle, die nachdenken können; zum Formatieren genügt meist minimal.</translation>
+    </message>
+</context>
+<context>
     <name>PulseAudioEngine</name>
     <message>
         <source>&quot;%1&quot; is switched off in the sound settings. Switch it on or choose another under Settings, Microphone.</source>
@@ -636,20 +938,8 @@
 <context>
     <name>QGuiApplication</name>
     <message>
-        <source>vantro ended unexpectedly</source>
-        <translation>vantro wurde unerwartet beendet</translation>
-    </message>
-    <message>
-        <source>It has been started again and works. What was dictated before is in the history; a dictation that was under way is lost.</source>
-        <translation>Es wurde neu gestartet und läuft. Was vorher diktiert wurde, steht im Verlauf; ein laufendes Diktat ist verloren.</translation>
-    </message>
-    <message>
         <source>OK</source>
         <translation>OK</translation>
-    </message>
-    <message>
-        <source>Report an Error</source>
-        <translation>Fehler melden</translation>
     </message>
     <message>
         <source>vantro is running</source>
@@ -662,6 +952,45 @@
     <message>
         <source>the microphone</source>
         <translation>dem Mikrofon</translation>
+    </message>
+    <message>
+        <source>The usual shortcuts are all used by other programs. Take one of your own.</source>
+        <translation>Die üblichen Tastenkürzel werden alle von anderen Programmen benutzt. Nimm ein eigenes.</translation>
+    </message>
+</context>
+<context>
+    <name>RemoteFormatError</name>
+    <message>
+        <source>Network error: </source>
+        <translation>Netzwerkfehler: </translation>
+    </message>
+    <message>
+        <source>API error (%1): </source>
+        <translation>API-Fehler (%1): </translation>
+    </message>
+    <message>
+        <source>Remote provider is not configured</source>
+        <translation>Es ist kein Anbieter eingerichtet</translation>
+    </message>
+    <message>
+        <source>Invalid API key. Please check your credentials.</source>
+        <translation>Ungültiger API-Schlüssel. Bitte prüfe deine Zugangsdaten.</translation>
+    </message>
+    <message>
+        <source>Invalid response from API</source>
+        <translation>Ungültige Antwort der API</translation>
+    </message>
+    <message>
+        <source>Rate limit exceeded. Please try again later.</source>
+        <translation>Zu viele Anfragen. Bitte versuche es später noch einmal.</translation>
+    </message>
+    <message>
+        <source>Text too long for model context window</source>
+        <translation>Der Text ist zu lang für das Modell</translation>
+    </message>
+    <message>
+        <source>Unknown error</source>
+        <translation>Unbekannter Fehler</translation>
     </message>
 </context>
 <context>
@@ -677,6 +1006,74 @@
     <message>
         <source>About</source>
         <translation>Über</translation>
+    </message>
+    <message>
+        <source>Shortcut</source>
+        <translation>Tastenkürzel</translation>
+    </message>
+    <message>
+        <source>Microphone</source>
+        <translation>Mikrofon</translation>
+    </message>
+</context>
+<context>
+    <name>ShortcutPage</name>
+    <message>
+        <source>Choose the shortcut for dictation</source>
+        <translation>Wähle das Tastenkürzel zum Diktieren</translation>
+    </message>
+    <message>
+        <source>Done</source>
+        <translation>Fertig</translation>
+    </message>
+</context>
+<context>
+    <name>ShortcutRecorder</name>
+    <message>
+        <source>Press the keys</source>
+        <translation>Drücke die Tasten</translation>
+    </message>
+    <message>
+        <source>Record a shortcut</source>
+        <translation>Tastenkürzel aufnehmen</translation>
+    </message>
+    <message>
+        <source>Clear the shortcut</source>
+        <translation>Das Tastenkürzel löschen</translation>
+    </message>
+    <message>
+        <source>Esc keeps the former one, Backspace clears it.</source>
+        <translation>Esc behält das frühere, die Rücktaste löscht es.</translation>
+    </message>
+</context>
+<context>
+    <name>ShortcutValidator</name>
+    <message>
+        <source>Start a dictation</source>
+        <translation>Ein Diktat beginnen</translation>
+    </message>
+    <message>
+        <source>End the recording</source>
+        <translation>Die Aufnahme beenden</translation>
+    </message>
+    <message>
+        <source>switch to another console</source>
+        <translation>zu einer anderen Konsole wechseln</translation>
+    </message>
+    <message>
+        <source>Cancel the dictation</source>
+        <translation>Das Diktat abbrechen</translation>
+    </message>
+    <message>
+        <source>Choose mode %1</source>
+        <translation>Modus %1 wählen</translation>
+    </message>
+</context>
+<context>
+    <name>ShortcutWindow</name>
+    <message>
+        <source>Shortcut</source>
+        <translation>Tastenkürzel</translation>
     </message>
 </context>
 <context>
@@ -788,6 +1185,25 @@
     </message>
 </context>
 <context>
+    <name>VocabularySettings</name>
+    <message>
+        <source>Vocabulary Limit Reached</source>
+        <translation>Höchstzahl der Wörter erreicht</translation>
+    </message>
+    <message>
+        <source>You have reached the maximum limit of %1 custom vocabulary words. Please remove some words to add new ones.</source>
+        <translation>Du hast die Höchstzahl von %1 eigenen Wörtern erreicht. Bitte entferne einige, um neue hinzuzufügen.</translation>
+    </message>
+    <message>
+        <source>Replacement Limit Reached</source>
+        <translation>Höchstzahl der Ersetzungen erreicht</translation>
+    </message>
+    <message>
+        <source>You have reached the maximum limit of %1 text replacements. Please remove some replacements to add new ones.</source>
+        <translation>Du hast die Höchstzahl von %1 Ersetzungen erreicht. Bitte entferne einige, um neue hinzuzufügen.</translation>
+    </message>
+</context>
+<context>
     <name>Windows</name>
     <message>
         <source>vantro settings</source>
@@ -808,6 +1224,38 @@
     <message>
         <source>OK</source>
         <translation>OK</translation>
+    </message>
+    <message>
+        <source>vantro history</source>
+        <translation>vantro – Verlauf</translation>
+    </message>
+    <message>
+        <source>vantro ended unexpectedly</source>
+        <translation>vantro wurde unerwartet beendet</translation>
+    </message>
+    <message>
+        <source>It has been started again and works. What was dictated before is in the history; a dictation that was under way is lost.</source>
+        <translation>Es wurde neu gestartet und läuft. Was vorher diktiert wurde, steht im Verlauf; ein laufendes Diktat ist verloren.</translation>
+    </message>
+    <message>
+        <source>Report an Error</source>
+        <translation>Fehler melden</translation>
+    </message>
+    <message>
+        <source>The settings come from a newer version of vantro.</source>
+        <translation>Die Einstellungen stammen von einer neueren Version von vantro.</translation>
+    </message>
+    <message>
+        <source>The settings file was damaged.</source>
+        <translation>Die Datei mit den Einstellungen war beschädigt.</translation>
+    </message>
+    <message>
+        <source>vantro starts with fresh settings</source>
+        <translation>vantro beginnt mit frischen Einstellungen</translation>
+    </message>
+    <message>
+        <source>It is kept as %1. Shortcut and microphone may have to be chosen anew.</source>
+        <translation>Die Datei bleibt als %1 erhalten. Tastenkürzel und Mikrofon müssen vielleicht neu gewählt werden.</translation>
     </message>
 </context>
 <context>
@@ -863,6 +1311,33 @@
     </message>
 </context>
 <context>
+    <name>vantro</name>
+    <message>
+        <source>the text is not UTF-8</source>
+        <translation>der Text ist kein UTF-8</translation>
+    </message>
+    <message>
+        <source>at byte %1: %2</source>
+        <translation>bei Byte %1: %2</translation>
+    </message>
+    <message>
+        <source>the JSON text is not a list</source>
+        <translation>der JSON-Text ist keine Liste</translation>
+    </message>
+    <message>
+        <source>entry %1 needs the texts &quot;find&quot;, which must not be empty, and &quot;replace&quot;</source>
+        <translation>Eintrag %1 braucht die Texte „find“, der nicht leer sein darf, und „replace“</translation>
+    </message>
+    <message>
+        <source>entry %1 is not of the form %2</source>
+        <translation>Eintrag %1 hat nicht die Form %2</translation>
+    </message>
+    <message>
+        <source>entry %1 is not a word</source>
+        <translation>Eintrag %1 ist kein Wort</translation>
+    </message>
+</context>
+<context>
     <name>wording</name>
     <message>
         <source>No microphone is connected. Plug one in or choose another under Settings, Microphone.</source>
@@ -875,6 +1350,34 @@
     <message>
         <source>In a terminal: vantro --shortcut Ctrl+Alt+Space</source>
         <translation>In einem Terminal: vantro --shortcut Ctrl+Alt+Space</translation>
+    </message>
+    <message>
+        <source>Your API key is stored securely in the desktop&apos;s Secret Service</source>
+        <translation>Dein API-Schlüssel liegt sicher im Secret Service des Desktops</translation>
+    </message>
+    <message>
+        <source>No Secret Service answers, so keys cannot be kept. Install and start GNOME Keyring or KWallet, or switch on the Secret Service of KeePassXC.</source>
+        <translation>Kein Secret Service antwortet, also können keine Schlüssel aufbewahrt werden. Installiere und starte GNOME Keyring oder KWallet, oder schalte den Secret Service von KeePassXC ein.</translation>
+    </message>
+    <message>
+        <source>There is no session bus to ask the Secret Service over. Log in to a desktop session, or start one with dbus-run-session.</source>
+        <translation>Es gibt keinen Sitzungsbus, über den der Secret Service zu fragen wäre. Melde dich an einem Desktop an oder starte einen mit dbus-run-session.</translation>
+    </message>
+    <message>
+        <source>The keyring is locked. Unlock it (Passwords and Keys, KWalletManager or KeePassXC) and try again.</source>
+        <translation>Der Schlüsselbund ist gesperrt. Entsperre ihn (Passwörter und Verschlüsselung, KWalletManager oder KeePassXC) und versuche es erneut.</translation>
+    </message>
+    <message>
+        <source>The Secret Service could not do it: %1</source>
+        <translation>Der Secret Service konnte es nicht: %1</translation>
+    </message>
+    <message>
+        <source>Local processing requires a language model that comes with the system; this one has none</source>
+        <translation>Die lokale Verarbeitung braucht ein Sprachmodell, das mit dem System kommt; dieses hat keines</translation>
+    </message>
+    <message>
+        <source>Please enable the system&apos;s language model in Settings to use local processing</source>
+        <translation>Bitte schalte in den Einstellungen das Sprachmodell des Systems ein, um lokal zu verarbeiten</translation>
     </message>
 </context>
 </TS>

@@ -55,7 +55,7 @@ class WindowsTest(ShellCase):
         settings = self.window(SETTINGS_TITLE)
         self.has_keyboard(settings)
         ini = self.desktop.config_home / "vantro" / "vantro.ini"
-        for _ in range(3):  # the three pages' names come first
+        for _ in range(5):  # the five pages' names come first
             self.desktop.press("Tab")
         self.desktop.press("space")
         self.wait(lambda: "autoPasteEnabled=false" in ini.read_text(), 5, "the setting in the file")

@@ -79,8 +79,6 @@ private:
     [[nodiscard]] QCoro::Task<bool> modelIsReady(TranscriptionModel model);
     void connectShell();
     void followRecorder();
-    void tellOfCrash();
-    void tellOfSettings(const KeptAside& settings);
     [[nodiscard]] QString microphoneName() const;
     [[nodiscard]] QString shortcutName() const;
     [[nodiscard]] QJsonObject statusDetails();
@@ -220,9 +218,9 @@ void Program::launch()
         showOnboarding();
     delegate_.applicationDidFinishLaunching();
     if (marker_->foundCrash())
-        tellOfCrash();
+        windows_.tellOfCrash();
     if (defaults_.keptAside())
-        tellOfSettings(*defaults_.keptAside());
+        windows_.tellOfSettings(*defaults_.keptAside());
 }
 
 void Program::showOnboarding()
@@ -230,29 +228,6 @@ void Program::showOnboarding()
     // The question for a shortcut is what is missing most.
     if (!shortcutWindow_)
         windows_.showOnboarding();
-}
-
-void Program::tellOfCrash()
-{
-    windows_.showAlert(AlertWindow::Kind::warning, QGuiApplication::tr("vantro ended unexpectedly"),
-                       QGuiApplication::tr("It has been started again and works. What was dictated before is in the "
-                                           "history; a dictation that was under way is lost."),
-                       {QGuiApplication::tr("OK"), QGuiApplication::tr("Report an Error")},
-                       [this](std::optional<int> button) {
-                           if (button == 1)
-                               windows_.reportError();
-                       });
-}
-
-void Program::tellOfSettings(const KeptAside& settings)
-{
-    const QString why = settings.reason == KeptAside::Reason::newer
-                            ? QGuiApplication::tr("The settings come from a newer version of vantro.")
-                            : QGuiApplication::tr("The settings file was damaged.");
-    showAlert(AlertWindow::Kind::warning, QGuiApplication::tr("vantro starts with fresh settings"),
-              why + QLatin1Char(' ') +
-                  QGuiApplication::tr("It is kept as %1. Shortcut and microphone may have to be chosen anew.")
-                      .arg(settings.file));
 }
 
 bool Program::isPresent(const TranscriptionModel& model) const

@@ -5,6 +5,8 @@
 #include "vantro/ui/onboarding/OnboardingModel.h"
 #include "vantro/ui/settings/AboutModel.h"
 #include "vantro/ui/settings/GeneralSettings.h"
+#include "vantro/ui/settings/MicrophoneSettings.h"
+#include "vantro/ui/shortcuts/ShortcutRecorderType.h"
 
 #include <QGuiApplication>
 #include <QIcon>
@@ -58,6 +60,7 @@ Windows::Windows(Parts parts)
     keepModule(qml_register_types_Vantro_History);
     keepModule(qml_register_types_Vantro_Onboarding);
     keepModule(qml_register_types_Vantro_Settings);
+    keepModule(qml_register_types_Vantro_Shortcuts);
     QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/com.vantro.app.svg")));
     onboarding_.onClosed([this] {
         parts_.setSandboxMode(false);
@@ -118,14 +121,31 @@ LazyWindow::Content Windows::settingsContent()
     about->version = version;
     about->system = mail::systemInformation(version, *parts_.platform.systemInfo);
 
+    auto microphone =
+        std::make_unique<MicrophoneSettings>(parts_.platform.makeAudioEngine, parts_.devices, parts_.clock);
+    auto open = makeRecorder(KeyboardShortcuts::Name::openModal);
+    auto stop = makeRecorder(KeyboardShortcuts::Name::stopRecordingAndCloseModal);
+
     LazyWindow::Content content;
     content.properties = {{QStringLiteral("general"), QVariant::fromValue(general.get())},
+                          {QStringLiteral("microphone"), QVariant::fromValue(microphone.get())},
+                          {QStringLiteral("openRecorder"), QVariant::fromValue(open.get())},
+                          {QStringLiteral("stopRecorder"), QVariant::fromValue(stop.get())},
                           {QStringLiteral("models"), QVariant::fromValue(models.get())},
                           {QStringLiteral("about"), QVariant::fromValue(about.get())}};
     content.models.push_back(std::move(general));
+    content.models.push_back(std::move(microphone));
+    content.models.push_back(std::move(open));
+    content.models.push_back(std::move(stop));
     content.models.push_back(std::move(models));
     content.models.push_back(std::move(about));
     return content;
+}
+
+std::unique_ptr<RecorderCocoa> Windows::makeRecorder(const KeyboardShortcuts::Name& name)
+{
+    return std::make_unique<RecorderCocoa>(parts_.shortcuts, *parts_.platform.hotKeys,
+                                           *parts_.platform.desktopShortcuts, parts_.notifications, name);
 }
 
 LazyWindow::Content Windows::historyContent()
@@ -143,9 +163,12 @@ LazyWindow::Content Windows::onboardingContent()
         parts_.platform.makeAudioEngine, parts_.devices, *parts_.platform.permissions, *parts_.platform.keyEvents,
         parts_.shortcuts, parts_.notifications, parts_.clock, parts_.downloader, parts_.models.selectedModel(),
         [this] { return parts_.isPresent(parts_.models.selectedModel()); }, parts_.setSandboxMode});
+    auto recorder = makeRecorder(KeyboardShortcuts::Name::openModal);
     LazyWindow::Content content;
-    content.properties = {{QStringLiteral("model"), QVariant::fromValue(model.get())}};
+    content.properties = {{QStringLiteral("model"), QVariant::fromValue(model.get())},
+                          {QStringLiteral("recorder"), QVariant::fromValue(recorder.get())}};
     content.models.push_back(std::move(model));
+    content.models.push_back(std::move(recorder));
     return content;
 }
 
@@ -206,6 +229,29 @@ void Windows::sendFeedback()
 {
     const QString address = QLatin1String(product::feedbackAddress);
     openMail(mail::feedbackUrl(address), address);
+}
+
+void Windows::tellOfCrash()
+{
+    showAlert(
+        AlertWindow::Kind::warning, tr("vantro ended unexpectedly"),
+        tr("It has been started again and works. What was dictated before is in the history; a dictation that was "
+           "under way is lost."),
+        {tr("OK"), tr("Report an Error")}, [this](std::optional<int> button) {
+            if (button == 1)
+                reportError();
+        });
+}
+
+void Windows::tellOfSettings(const KeptAside& settings)
+{
+    const QString why = settings.reason == KeptAside::Reason::newer
+                            ? tr("The settings come from a newer version of vantro.")
+                            : tr("The settings file was damaged.");
+    showAlert(AlertWindow::Kind::warning, tr("vantro starts with fresh settings"),
+              why + QLatin1Char(' ') +
+                  tr("It is kept as %1. Shortcut and microphone may have to be chosen anew.").arg(settings.file),
+              {tr("OK")});
 }
 
 void Windows::openMail(const QString& url, const QString& address)

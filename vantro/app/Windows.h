@@ -1,5 +1,6 @@
 #pragma once
 
+#include "KeyboardShortcuts/RecorderCocoa.h"
 #include "platform/Platform.h"
 #include "vantro/app/AppDelegate.h"
 #include "vantro/audio/AudioDeviceManager.h"
@@ -65,6 +66,8 @@ public:
     /// @p problem: why a model that was there has to be fetched again; empty else.
     void showModelDownload(const TranscriptionModel& model, const QString& problem);
     void closeModelDownload();
+    void tellOfCrash();
+    void tellOfSettings(const KeptAside& settings);
     void reportError();
     void sendFeedback();
 
@@ -75,6 +78,7 @@ private:
     [[nodiscard]] LazyWindow::Content settingsContent();
     [[nodiscard]] LazyWindow::Content onboardingContent();
     [[nodiscard]] LazyWindow::Content historyContent();
+    [[nodiscard]] std::unique_ptr<RecorderCocoa> makeRecorder(const KeyboardShortcuts::Name& name);
     [[nodiscard]] ModelListModel::State stateOf(const TranscriptionModel& model) const;
     [[nodiscard]] UpdateChecker::ShowAlert updateAlert();
     void connectTray();

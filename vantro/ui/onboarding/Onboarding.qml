@@ -1,12 +1,14 @@
 import QtQuick
 import Vantro.Style
 import Vantro.Onboarding
+import Vantro.Shortcuts
 
 // Leads to the first dictation, one page after the other. Nothing here is a dead end: every page can be passed.
 Rectangle {
     id: window
 
     required property OnboardingModel model
+    required property RecorderCocoa recorder
     readonly property bool isLast: model.step === OnboardingModel.Practice
     readonly property var goods: [model.isMicrophoneGood, model.areKeysGood, model.isShortcutGood, model.isModelGood]
     signal closeRequested
@@ -71,19 +73,10 @@ Rectangle {
             explanation: qsTr("Say something and watch the bar. Nothing is recorded here.")
             good: window.model.isMicrophoneGood
             status: window.model.microphoneText
-            Rectangle {
+            VLevel {
                 width: parent.width
-                height: Theme.space16
-                radius: height / 2
-                color: Theme.fieldOutline
-                Accessible.role: Accessible.ProgressBar
-                Accessible.name: qsTr("Level of the microphone")
-                Rectangle {
-                    width: Math.max(height, parent.width * window.model.level)
-                    height: parent.height
-                    radius: parent.radius
-                    color: Theme.recording
-                }
+                level: window.model.level
+                name: qsTr("Level of the microphone")
             }
         }
     }
@@ -115,12 +108,9 @@ Rectangle {
             explanation: qsTr("Press it anywhere, and speak.")
             good: window.model.isShortcutGood
             status: window.model.shortcutText
-            Text {
-                text: window.model.shortcut
-                textFormat: Text.PlainText
-                color: Theme.text
-                font.pixelSize: Theme.sizeDisplay
-                font.weight: Font.DemiBold
+            ShortcutRecorder {
+                width: parent.width
+                model: window.recorder
             }
         }
     }

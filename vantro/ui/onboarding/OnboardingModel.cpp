@@ -134,9 +134,9 @@ QString OnboardingModel::shortcut() const
 QString OnboardingModel::shortcutText() const
 {
     if (const auto failure = parts_.shortcuts.failure(KeyboardShortcuts::Name::openModal))
-        return *failure + QLatin1Char('\n') + wording::howToChooseShortcut();
+        return *failure;
     if (!isShortcutGood())
-        return tr("None of the usual shortcuts is free.") + QLatin1Char('\n') + wording::howToChooseShortcut();
+        return tr("None of the usual shortcuts is free. Record one of your own.");
     return tr("It works in every program. Press it once to begin, and Space when you have said everything.");
 }
 

@@ -67,6 +67,16 @@ void GeneralSettings::setKeepModelInMemory(bool on)
     store("whisperKeepModelInMemory", on);
 }
 
+bool GeneralSettings::holdToTalk() const
+{
+    return parts_.defaults.boolean(QStringLiteral("holdToTalk"), false);
+}
+
+void GeneralSettings::setHoldToTalk(bool on)
+{
+    store("holdToTalk", on);
+}
+
 int GeneralSettings::appearance() const
 {
     const QString stored = parts_.defaults.string(appearanceKey).value_or(QString());

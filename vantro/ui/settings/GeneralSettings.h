@@ -22,6 +22,7 @@ class GeneralSettings : public QObject
     Q_PROPERTY(bool keepOnClipboard READ keepOnClipboard WRITE setKeepOnClipboard NOTIFY changed)
     Q_PROPERTY(bool playSound READ playSound WRITE setPlaySound NOTIFY changed)
     Q_PROPERTY(bool keepModelInMemory READ keepModelInMemory WRITE setKeepModelInMemory NOTIFY changed)
+    Q_PROPERTY(bool holdToTalk READ holdToTalk WRITE setHoldToTalk NOTIFY changed)
     Q_PROPERTY(int appearance READ appearance WRITE setAppearance NOTIFY changed)
     Q_PROPERTY(int motion READ motion WRITE setMotion NOTIFY changed)
     Q_PROPERTY(bool launchAtLogin READ launchAtLogin WRITE setLaunchAtLogin NOTIFY changed)
@@ -49,6 +50,8 @@ public:
     void setPlaySound(bool on);
     [[nodiscard]] bool keepModelInMemory() const;
     void setKeepModelInMemory(bool on);
+    [[nodiscard]] bool holdToTalk() const;
+    void setHoldToTalk(bool on);
     /// 0 the desktop's, 1 light, 2 dark.
     [[nodiscard]] int appearance() const;
     void setAppearance(int index);

@@ -1,6 +1,7 @@
 import QtQuick
 import Vantro.Style
 import Vantro.Settings
+import Vantro.Shortcuts
 
 // The pages at the left, the chosen one at the right.
 Rectangle {
@@ -8,6 +9,9 @@ Rectangle {
 
     required property GeneralSettings general
     required property ModelListModel models
+    required property MicrophoneSettings microphone
+    required property RecorderCocoa openRecorder
+    required property RecorderCocoa stopRecorder
     required property AboutModel about
     property string page: "general"
     signal closeRequested
@@ -29,6 +33,8 @@ Rectangle {
             Repeater {
                 model: [
                     { key: "general", name: qsTr("General") },
+                    { key: "shortcut", name: qsTr("Shortcut") },
+                    { key: "microphone", name: qsTr("Microphone") },
                     { key: "models", name: qsTr("Models") },
                     { key: "about", name: qsTr("About") }
                 ]
@@ -50,11 +56,26 @@ Rectangle {
     }
     Loader {
         anchors { left: navigation.right; right: parent.right; top: parent.top; bottom: parent.bottom }
-        sourceComponent: window.page === "models" ? modelsPage : window.page === "about" ? aboutPage : generalPage
+        sourceComponent: window.page === "models" ? modelsPage
+                       : window.page === "shortcut" ? keysPage
+                       : window.page === "microphone" ? microphonePage
+                       : window.page === "about" ? aboutPage : generalPage
     }
     Component {
         id: generalPage
         GeneralPage { settings: window.general }
+    }
+    Component {
+        id: keysPage
+        KeysPage {
+            settings: window.general
+            openRecorder: window.openRecorder
+            stopRecorder: window.stopRecorder
+        }
+    }
+    Component {
+        id: microphonePage
+        MicrophonePage { settings: window.microphone }
     }
     Component {
         id: modelsPage

@@ -37,6 +37,7 @@ QtObject {
     readonly property int navWidth: 176
     readonly property int listWidth: 280
     readonly property int fieldWidth: 220
+    readonly property int wideFieldWidth: 300
     readonly property int popupHeight: 280
     readonly property int switchWidth: 40
     readonly property int switchHeight: 24

@@ -9,7 +9,7 @@ Item {
     default property alias control: place.data
 
     width: parent ? parent.width : implicitWidth
-    height: Math.max(words.height, place.height)
+    implicitHeight: Math.max(words.height, place.height)
 
     Column {
         id: words
