@@ -7,6 +7,7 @@ import shutil
 import signal
 import threading
 import unittest
+from pathlib import Path
 
 from dictationcase import CANCEL_KEY, CHILD, CHILD_WORDS, SHORTCUT_KEYS, STOP_KEY, DictationCase, main, words
 
@@ -127,6 +128,37 @@ class UpdateTest(ShellCase):
         self.wait(lambda: "skippedUpdateVersion=999.1" in ini.read_text(), 5, "the skipped version")
 
 
+class SettingsFileTest(ShellCase):
+    def test_a_damaged_file_is_kept_and_the_user_is_told(self):
+        ini = self.desktop.config_home / "vantro" / "vantro.ini"
+        self.vantro.quit()
+        damaged = "[General]\nautoPasteEnabled=false\nselectedMod"
+        ini.write_text(damaged)
+        self.vantro.start()
+        self._log_before = 0
+        self.dismiss_alert_saying("vantro starts with fresh settings")
+        self.assertEqual((ini.parent / "vantro.ini.damaged").read_text(), damaged)
+        self.check_next_dictation()
+
+
+class SoundTest(ShellCase):
+    def test_a_finished_dictation_is_heard_when_the_user_wants_it(self):
+        self.restart(playSoundOnComplete=True)
+        self.dictate(CHILD)
+        self.wait(lambda: "com.vantro.app" in self.desktop.run("pactl", "list", "sink-inputs"), 60, "the sound")
+        self.assertEqual(words(self.wait_for_text()), CHILD_WORDS)
+        self.restart()
+
+
+class GermanTest(ShellCase):
+    def test_windows_speak_the_sessions_language(self):
+        self.vantro.quit()
+        self.vantro.start(env={"LANG": "de_DE.UTF-8", "LANGUAGE": "de", "LC_ALL": ""})
+        self.start_again()
+        self.close("vantro – Einstellungen")
+        self.restart()
+
+
 class EndTest(ShellCase):
     def test_the_next_start_after_a_crash_says_so_and_nothing_stays_behind(self):
         self.vantro.open_launcher()
@@ -166,6 +198,13 @@ class PoorDesktopTest(ShellCase):
         result = self.vantro.run(env={"DISPLAY": ":99999"})
         self.assertNotEqual(result.returncode, 0)
         self.assertIn("display", result.stderr)
+
+    def test_without_a_journal_the_logs_command_says_so(self):
+        if Path("/run/systemd/journal/socket").exists():
+            self.skipTest("this system has a journal")
+        result = self.vantro.run("logs")
+        self.assertEqual(result.returncode, 4)
+        self.assertIn("no journal", result.stderr)
 
     def test_without_a_session_bus_it_dictates(self):
         self.vantro.quit()
