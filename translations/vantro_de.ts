@@ -36,8 +36,8 @@
         <translation>Lizenzen</translation>
     </message>
     <message>
-        <source>vantro is free software under the MIT licence. It stands on Qt (LGPL 3), whisper.cpp and ggml (MIT), QCoro (MIT), libpulse, libsoxr, libsndfile and libcanberra (LGPL 2.1), OpenSSL (Apache 2.0) and X11 (MIT).</source>
-        <translation>vantro ist freie Software unter der MIT-Lizenz. Es steht auf Qt (LGPL 3), whisper.cpp und ggml (MIT), QCoro (MIT), libpulse, libsoxr, libsndfile und libcanberra (LGPL 2.1), OpenSSL (Apache 2.0) und X11 (MIT).</translation>
+        <source>vantro is free software under the MIT licence. It stands on Qt (LGPL 3), whisper.cpp and ggml (MIT), QCoro (MIT), libpulse, libsoxr, libsndfile, libcanberra, libsecret, GLib and libsystemd (LGPL 2.1), OpenSSL and CLD2 (Apache 2.0), ICU (Unicode 3.0) and X11 (MIT).</source>
+        <translation>vantro ist freie Software unter der MIT-Lizenz. Es steht auf Qt (LGPL 3), whisper.cpp und ggml (MIT), QCoro (MIT), libpulse, libsoxr, libsndfile, libcanberra, libsecret, GLib und libsystemd (LGPL 2.1), OpenSSL und CLD2 (Apache 2.0), ICU (Unicode 3.0) und X11 (MIT).</translation>
     </message>
     <message>
         <source>This computer</source>

@@ -289,6 +289,10 @@ TEST_F(DictationWithoutModel, ShowsTheDownloadInsteadOfTheLauncherUntilTheModelI
 
     notifications.post(QStringLiteral("download:model:success"));
     EXPECT_TRUE(downloads.isEmpty()) << "the window closes by itself";
+    pressShortcut();
+    EXPECT_EQ(openPanels, 0) << "it was another model";
+    isModelReady = true;
+    notifications.post(QStringLiteral("download:model:success"));
     dictate(QStringLiteral("Now it works."));
     EXPECT_EQ(delivered, QStringLiteral("Now it works."));
 }

@@ -128,11 +128,18 @@ void AppDelegate::downloadModel(const TranscriptionModel& model)
 {
     isModelMissing_ = true;
     printLine(QStringLiteral("Need to download model: ") + model.name);
-    observations_.push_back(parts_.notifications.observe(QStringLiteral("download:model:success"), [this](const auto&) {
-        parts_.surfaces.closeModelDownload();
-        modelBecameReady(parts_.models.selectedModel());
-    }));
+    observations_.push_back(parts_.notifications.observe(QStringLiteral("download:model:success"),
+                                                         [this](const auto&) { modelDownloaded(); }));
     parts_.surfaces.showModelDownload(model);
+}
+
+QCoro::Task<> AppDelegate::modelDownloaded()
+{
+    parts_.surfaces.closeModelDownload();
+    // The settings may have fetched another one than the one that is missing.
+    const TranscriptionModel model = parts_.models.selectedModel();
+    if (co_await parts_.modelIsReady(model))
+        modelBecameReady(model);
 }
 
 void AppDelegate::showLauncherAndRecord(Keyboard keyboard)

@@ -104,6 +104,7 @@ private:
     void bringWindowsBack();
     QCoro::Task<> checkModel();
     void downloadModel(const TranscriptionModel& model);
+    QCoro::Task<> modelDownloaded();
     void modelBecameReady(const TranscriptionModel& model);
     void explainRefusedRecording();
     void recordingFinished(const NotificationCenter::UserInfo& userInfo);

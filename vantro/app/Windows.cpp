@@ -62,6 +62,8 @@ Windows::Windows(Parts parts)
     keepModule(qml_register_types_Vantro_Settings);
     keepModule(qml_register_types_Vantro_Shortcuts);
     QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/com.vantro.app.svg")));
+    downloadObservation_ = parts_.notifications.observe(QStringLiteral("download:model:success"),
+                                                        [this](const auto&) { closeModelDownload(); });
     onboarding_.onClosed([this] {
         parts_.setSandboxMode(false);
         parts_.downloader.cancel(); // what was fetched is kept

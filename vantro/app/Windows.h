@@ -88,6 +88,7 @@ private:
     UiEngine ui_;
     PasteHUDWindow hud_;
     UpdateChecker updates_;
+    NotificationCenter::Observation downloadObservation_;
     std::unique_ptr<ModelDownloadWindow> downloadWindow_;
     LazyWindow settings_;
     LazyWindow transcriptions_;

@@ -66,7 +66,7 @@ VPage {
         heading: qsTr("Licences")
         Text {
             width: parent.width
-            text: qsTr("vantro is free software under the MIT licence. It stands on Qt (LGPL 3), whisper.cpp and ggml (MIT), QCoro (MIT), libpulse, libsoxr, libsndfile and libcanberra (LGPL 2.1), OpenSSL (Apache 2.0) and X11 (MIT).")
+            text: qsTr("vantro is free software under the MIT licence. It stands on Qt (LGPL 3), whisper.cpp and ggml (MIT), QCoro (MIT), libpulse, libsoxr, libsndfile, libcanberra, libsecret, GLib and libsystemd (LGPL 2.1), OpenSSL and CLD2 (Apache 2.0), ICU (Unicode 3.0) and X11 (MIT).")
             color: Theme.text
             font.pixelSize: Theme.sizeBody
             wrapMode: Text.Wrap
