@@ -88,6 +88,30 @@
         <source>The microphone was lost during the recording; what was said after that is missing. %1</source>
         <translation>Das Mikrofon ging während der Aufnahme verloren; was danach gesagt wurde, fehlt. %1</translation>
     </message>
+    <message>
+        <source>The on-device model is not available on this device.</source>
+        <translation>Das Modell des Geräts ist auf diesem Gerät nicht verfügbar.</translation>
+    </message>
+    <message>
+        <source>The model is not ready. Please wait for it to download.</source>
+        <translation>Das Modell ist nicht bereit. Bitte warte, bis es geladen ist.</translation>
+    </message>
+    <message>
+        <source>The text is too long to process. Please try with shorter text.</source>
+        <translation>Der Text ist zu lang. Bitte versuche es mit einem kürzeren.</translation>
+    </message>
+    <message>
+        <source>Generation failed: </source>
+        <translation>Die Erzeugung ist fehlgeschlagen: </translation>
+    </message>
+    <message>
+        <source>AI processing failed.</source>
+        <translation>Die Verarbeitung durch das Sprachmodell ist fehlgeschlagen.</translation>
+    </message>
+    <message>
+        <source>Error processing transcription: </source>
+        <translation>Fehler beim Verarbeiten der Transkription: </translation>
+    </message>
 </context>
 <context>
     <name>ControlService</name>

@@ -59,7 +59,7 @@ Platform makeLinuxPlatform()
     PulseConnection& pulse = connections->pulse;
     X11Connection& x11 = connections->x11;
 
-    Platform platform;
+    Platform platform = makeLinuxCommandPlatform();
     platform.connections = connections;
     platform.audioHardware = std::make_unique<PulseAudioHardware>(pulse);
     platform.audioCards = std::make_unique<PulseAudioCards>(pulse);
@@ -70,13 +70,11 @@ Platform makeLinuxPlatform()
     platform.hotKeys = std::make_unique<X11HotKeyManager>(x11);
     platform.desktopShortcuts = std::make_unique<LinuxDesktopShortcuts>();
     platform.keyEvents = std::make_unique<X11KeyEventPoster>(x11);
-    platform.languages = std::make_unique<Cld2LanguageRecognizer>();
     platform.loginItem =
         std::make_unique<XdgAutostart>(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation),
                                        QCoreApplication::applicationFilePath());
     platform.pasteboard = std::make_unique<X11Pasteboard>();
     platform.permissions = std::make_unique<X11Permissions>(x11, [&pulse] { return pulse.serverAnswers(); });
-    platform.secrets = makeLinuxSecretStore();
     platform.systemInfo = std::make_unique<ProcSystemInfo>();
     platform.sounds = std::make_unique<CanberraSounds>();
     platform.tray = std::make_unique<LinuxTrayHost>(x11);
@@ -84,9 +82,12 @@ Platform makeLinuxPlatform()
     return platform;
 }
 
-std::unique_ptr<SecretStore> makeLinuxSecretStore()
+Platform makeLinuxCommandPlatform()
 {
-    return std::make_unique<SecretServiceStore>(QStringLiteral("com.vantro.app"));
+    Platform platform;
+    platform.languages = std::make_unique<Cld2LanguageRecognizer>();
+    platform.secrets = std::make_unique<SecretServiceStore>(QStringLiteral("com.vantro.app"));
+    return platform;
 }
 
 } // namespace vantro

@@ -7,8 +7,8 @@ namespace vantro {
 /// The adapters for Linux: PulseAudio or PipeWire, and X11. Parts that are missing on this desktop answer with clear
 /// errors when they are used. Needs a QGuiApplication.
 Platform makeLinuxPlatform();
-/// The Secret Service alone, for commands: needs no display.
-std::unique_ptr<SecretStore> makeLinuxSecretStore();
+/// The part of it that needs no display, for commands: secrets and languages. The rest stays empty.
+Platform makeLinuxCommandPlatform();
 
 /// For commands: the microphones and nothing else. Needs a Qt application object.
 Platform makeLinuxSound();

@@ -257,7 +257,6 @@ protected:
          models,
          [this] { steps << QStringLiteral("theme"); },
          [this] { steps << QStringLiteral("update check"); },
-         [this] { steps << QStringLiteral("settings"); },
          migrations,
          [this]() -> QCoro::Task<> {
              steps << QStringLiteral("model");
@@ -297,15 +296,15 @@ TEST_F(DictationWithoutModel, ShowsTheDownloadInsteadOfTheLauncherUntilTheModelI
     EXPECT_EQ(delivered, QStringLiteral("Now it works."));
 }
 
-TEST_F(Dictation, LaunchRepairsTheSettingsBeforeItShowsAnything)
+TEST_F(Dictation, LaunchRunsItsStepsInOrderAndShowsWhatIsMissing)
 {
-    EXPECT_EQ(steps, QStringList({QStringLiteral("theme"), QStringLiteral("settings"), QStringLiteral("model")}));
+    EXPECT_EQ(steps, QStringList({QStringLiteral("theme"), QStringLiteral("model")}));
     steps.clear();
     defaults.setBoolean(QStringLiteral("checkForUpdatesOnLaunch"), true);
     permissions.microphone = false;
     delegate.applicationDidFinishLaunching();
-    EXPECT_EQ(steps, QStringList({QStringLiteral("theme"), QStringLiteral("update check"), QStringLiteral("settings"),
-                                  QStringLiteral("onboarding"), QStringLiteral("model"), QStringLiteral("onboarding")}))
+    EXPECT_EQ(steps, QStringList({QStringLiteral("theme"), QStringLiteral("update check"), QStringLiteral("onboarding"),
+                                  QStringLiteral("model"), QStringLiteral("onboarding")}))
         << "shown once more when the model turns out to be there";
     notifications.post(QStringLiteral("permissions:close"));
     EXPECT_EQ(steps.last(), QStringLiteral("onboarding closed"));

@@ -99,7 +99,8 @@ TEST(CommandLine, TellsTheProgramFromACommand)
           parse({"transcribe"}), parse({"transcribe", "--nonsense", "a.wav"}), parse({"toggle", "now"}),
           parse({"devices", "dance"}), parse({"devices", "use"}), parse({"devices", "mode", "loud"}),
           parse({"devices", "priority", "move", "x"}), parse({"shortcuts", "set", "open"}),
-          parse({"shortcuts", "clear", "everything"}), parse({"shortcuts", "mode", "long"})}) {
+          parse({"shortcuts", "clear", "everything"}), parse({"shortcuts", "mode", "long"}),
+          parse({"providers", "nonsense"}), parse({"providers", "edit"}), parse({"providers", "list", "all"})}) {
         EXPECT_FALSE(wrong.startsProgram());
         EXPECT_EQ(wrong.run(), ExitCode::usage);
     }

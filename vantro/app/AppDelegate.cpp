@@ -1,6 +1,7 @@
 #include "vantro/app/AppDelegate.h"
 
 #include "platform/Wording.h"
+#include "vantro/ai/providers/LegacyKeyName.h"
 
 #include <QTimer>
 
@@ -20,7 +21,7 @@ void AppDelegate::applicationDidFinishLaunching()
     parts_.applyTheme();
     if (parts_.defaults.boolean(QStringLiteral("checkForUpdatesOnLaunch"), false))
         parts_.checkForUpdates();
-    parts_.renameSettingsKeys();
+    renameLegacyKey(parts_.defaults);
     parts_.migrations.runTranscriptionTrimMigrationIfNeeded();
     parts_.migrations.runEmptyTranscriptionDeleteMigrationIfNeeded();
     observeNotifications();

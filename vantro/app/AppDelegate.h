@@ -65,8 +65,6 @@ public:
         std::function<void()> applyTheme;
         /// Runs in the background; called when the user wants a check at every launch.
         std::function<void()> checkForUpdates;
-        /// What earlier versions kept under other names.
-        std::function<void()> renameSettingsKeys;
         MigrationManager& migrations;
         /// Makes models that lie on this machine usable; before the selection is settled.
         std::function<QCoro::Task<>()> prepareModels;

@@ -1,5 +1,7 @@
 #include "vantro/app/DictationPipeline.h"
 
+#include "vantro/app/ProcessingErrorMessage.h"
+
 #include <QMetaObject>
 #include <QPointer>
 #include <QScopeGuard>
@@ -12,15 +14,18 @@ namespace vantro {
 class DictationPipeline::Job final : public DictationJob
 {
 public:
-    Job(DictationPipeline& pipeline, ModeHandler& handler, TranscriptionFacade::EngineUse engineUse)
+    Job(DictationPipeline& pipeline, ModeHandler& handler, std::shared_ptr<FormatRequestServicing> service,
+        TranscriptionFacade::EngineUse engineUse)
         : pipeline_(pipeline)
         , handler_(handler)
+        , service_(std::move(service))
         , engineUse_(std::move(engineUse))
     {
     }
 
     QCoro::Task<DictationResult> run(QString recordingID, std::vector<float> samples) override
     {
+        pipeline_.serviceInUse_ = service_;
         QString transcript;
         try {
             transcript = co_await pipeline_.transcribe(std::move(recordingID), std::move(samples));
@@ -34,30 +39,33 @@ public:
 
         pipeline_.logger_.info(QStringLiteral("Processing transcription"));
         try {
-            QString text = co_await handler_.process(transcript, nullptr);
+            QString text = co_await handler_.process(transcript, service_);
             co_return DictationResult(std::move(text));
         } catch (const std::exception& error) {
-            const QString description = localizedDescription(error);
-            pipeline_.logger_.error(QStringLiteral("Processing error: ") + description);
-            co_return DictationResult(transcript, QStringLiteral("Error processing transcription: ") + description);
+            pipeline_.logger_.error(QStringLiteral("Processing error: ") + localizedDescription(error));
+            co_return DictationResult(transcript, processingErrorMessage(error));
         }
     }
 
 private:
     DictationPipeline& pipeline_;
     ModeHandler& handler_;
+    std::shared_ptr<FormatRequestServicing> service_;
     TranscriptionFacade::EngineUse engineUse_;
 };
 
-DictationPipeline::DictationPipeline(TranscriptionFacade& facade, Handlers handlers)
+DictationPipeline::DictationPipeline(TranscriptionFacade& facade, Handlers handlers, FormatServices formatServices)
     : facade_(facade)
     , handlers_(std::move(handlers))
+    , formatServices_(std::move(formatServices))
 {
 }
 
 void DictationPipeline::recordingStarted()
 {
     recordingUse_ = facade_.prepare();
+    if (formatServices_.expectUse)
+        formatServices_.expectUse();
 }
 
 void DictationPipeline::recordingDiscarded()
@@ -69,20 +77,15 @@ void DictationPipeline::recordingDiscarded()
 void DictationPipeline::runAbandoned()
 {
     facade_.cancel();
+    if (const auto service = serviceInUse_.lock())
+        service->cancel();
 }
 
 std::unique_ptr<DictationJob> DictationPipeline::prepare(ProcessingMode mode)
 {
     const auto handler = handlers_.contains(mode) ? handlers_.find(mode) : handlers_.find(ProcessingMode::Normal);
-    return std::make_unique<Job>(*this, *handler->second, std::move(recordingUse_));
-}
-
-std::vector<ProcessingMode> DictationPipeline::modes() const
-{
-    std::vector<ProcessingMode> modes;
-    for (const auto& [mode, handler] : handlers_)
-        modes.push_back(mode);
-    return modes;
+    auto service = formatServices_.choose ? formatServices_.choose(mode) : nullptr;
+    return std::make_unique<Job>(*this, *handler->second, std::move(service), std::move(recordingUse_));
 }
 
 QCoro::Task<QString> DictationPipeline::transcribe(QString recordingID, std::vector<float> samples)

@@ -8,6 +8,7 @@
 #include <QObject>
 
 #include <chrono>
+#include <functional>
 #include <map>
 #include <memory>
 
@@ -21,16 +22,23 @@ class DictationPipeline final : public QObject, public RecordingProcessing
 public:
     using Handlers = std::map<ProcessingMode, std::unique_ptr<ModeHandler>>;
 
+    /// The language models, as far as a dictation needs them. Both may be missing.
+    struct FormatServices
+    {
+        /// The one that serves a mode, at the moment of stopping.
+        std::function<std::shared_ptr<FormatRequestServicing>(ProcessingMode)> choose;
+        /// A recording has begun: a connection may be opened that its end will need.
+        std::function<void()> expectUse;
+    };
+
     /// @p handlers must hold one for Normal; a mode without a handler is handled as Normal.
-    DictationPipeline(TranscriptionFacade& facade, Handlers handlers);
+    DictationPipeline(TranscriptionFacade& facade, Handlers handlers, FormatServices formatServices = {});
 
     void recordingStarted() override;
     void recordingDiscarded() override;
     void runAbandoned() override;
     std::unique_ptr<DictationJob> prepare(ProcessingMode mode) override;
 
-    /// The modes a user can choose, in their order.
-    [[nodiscard]] std::vector<ProcessingMode> modes() const;
     /// How long the engine took for the last transcription.
     [[nodiscard]] std::chrono::microseconds lastEngineTime() const { return lastEngineTime_; }
 
@@ -46,7 +54,9 @@ private:
     Logger logger_{"AudioRecorder"};
     TranscriptionFacade& facade_;
     Handlers handlers_;
-    TranscriptionFacade::EngineUse recordingUse_; ///< until a job takes it over
+    FormatServices formatServices_;
+    std::weak_ptr<FormatRequestServicing> serviceInUse_; ///< of the job that runs
+    TranscriptionFacade::EngineUse recordingUse_;        ///< until a job takes it over
     std::chrono::microseconds lastEngineTime_{0};
 };
 

@@ -7,11 +7,12 @@
 #include "vantro/ai/FormattingModeHandler.h"
 #include "vantro/ai/NormalModeHandler.h"
 #include "vantro/ai/NotesModeHandler.h"
-#include "vantro/ai/providers/LegacyKeyName.h"
 #include "vantro/app/AppDelegate.h"
 #include "vantro/app/ControlService.h"
 #include "vantro/app/DictationPipeline.h"
+#include "vantro/app/LanguageModels.h"
 #include "vantro/app/RunMarker.h"
+#include "vantro/app/VisibleModes.h"
 #include "vantro/app/Windows.h"
 #include "vantro/audio/AudioDeviceManager.h"
 #include "vantro/audio/HeadsetSwitch.h"
@@ -57,8 +58,7 @@ class Program
 public:
     explicit Program(const ProgramOptions& options);
     ~Program();
-    Program(const Program&) = delete;
-    Program& operator=(const Program&) = delete;
+    Q_DISABLE_COPY_MOVE(Program)
 
     /// False when another instance runs already; it then knows @p arguments.
     [[nodiscard]] bool becomeTheRunningInstance(const QStringList& arguments);
@@ -82,7 +82,8 @@ private:
     [[nodiscard]] QString microphoneName() const;
     [[nodiscard]] QString shortcutName() const;
     [[nodiscard]] QJsonObject statusDetails();
-    [[nodiscard]] static DictationPipeline::Handlers handlers(TranscriptionStoring& store);
+    [[nodiscard]] DictationPipeline::Handlers handlers();
+    [[nodiscard]] DictationPipeline::FormatServices formatServices();
 
     ProgramOptions options_;
     SystemClock clock_;
@@ -112,7 +113,9 @@ private:
 
     CoreDataStack store_{clock_};
     MigrationManager migrations_{defaults_, store_};
-    DictationPipeline pipeline_{facade_, handlers(store_)};
+    PromptSettings prompts_{defaults_};
+    LanguageModels languageModels_{defaults_, platform_, clock_, prompts_};
+    DictationPipeline pipeline_{facade_, handlers(), formatServices()};
     AudioDeviceManager devices_{*platform_.audioHardware, defaults_};
     AudioRecorder recorder_{
         platform_.makeAudioEngine, devices_, *platform_.permissions, notifications_, clock_, pipeline_};
@@ -141,8 +144,8 @@ Program::Program(const ProgramOptions& options)
     , delivery_(*platform_.pasteboard, *platform_.keyEvents, *platform_.workspace, defaults_, clock_)
     , delegate_({defaults_, notifications_, clock_, *platform_.permissions, *platform_.sounds, recorder_, shortcuts_,
                  delivery_, models_, [this] { windows_.applyTheme(); },
-                 [this] { windows_.updates().check(UpdateChecker::Asker::launch); },
-                 [this] { renameLegacyKey(defaults_); }, migrations_, [this] { return modelPreparation_.run(); },
+                 [this] { windows_.updates().check(UpdateChecker::Asker::launch); }, migrations_,
+                 [this] { return modelPreparation_.run(); },
                  [this](TranscriptionModel model) { return modelIsReady(std::move(model)); }, surfaces()})
     , control_(
           delegate_, recorder_, [this] { return statusDetails(); },
@@ -159,10 +162,8 @@ Program::~Program()
 
 void Program::connectShell()
 {
-    const auto show = [this] {
-        delegate_.showLauncherAndRecord();
-    };
-    QObject::connect(&windows_.tray(), &TrayIcon::dictateRequested, &delegate_, show);
+    QObject::connect(&windows_.tray(), &TrayIcon::dictateRequested, &delegate_,
+                     [this] { delegate_.showLauncherAndRecord(); });
     QObject::connect(&windows_, &Windows::quitRequested, qApp, &QCoreApplication::quit);
     QObject::connect(&recorder_, &AudioRecorder::isRecordingChanged, &windows_, [this] { followRecorder(); });
     QObject::connect(&recorder_, &AudioRecorder::isBusyChanged, &windows_, [this] { followRecorder(); });
@@ -180,11 +181,23 @@ void Program::followRecorder()
                                                      : TrayIcon::State::idle);
 }
 
-DictationPipeline::Handlers Program::handlers(TranscriptionStoring& store)
+DictationPipeline::Handlers Program::handlers()
 {
     DictationPipeline::Handlers handlers;
-    handlers[ProcessingMode::Normal] = std::make_unique<NormalModeHandler>(store);
+    handlers[ProcessingMode::Normal] = std::make_unique<NormalModeHandler>(store_);
+    handlers[ProcessingMode::Email] = std::make_unique<EmailModeHandler>(store_, prompts_);
+    handlers[ProcessingMode::Grammar] = std::make_unique<ThirdModeHandler>(store_, prompts_);
+    handlers[ProcessingMode::Custom] = std::make_unique<CustomModeHandler>(store_, prompts_);
+    handlers[ProcessingMode::Notes] = std::make_unique<NotesModeHandler>(store_);
     return handlers;
+}
+
+DictationPipeline::FormatServices Program::formatServices()
+{
+    return {[this](ProcessingMode mode) { return languageModels_.choose(mode); },
+            [this] {
+                languageModels_.expectUse(recorder_.processingMode());
+            }};
 }
 
 bool Program::becomeTheRunningInstance(const QStringList& arguments)
@@ -210,6 +223,12 @@ void Program::launch()
     store_.loadPersistentStores();
     quitOnSignals(endSignal_);
     marker_.emplace(RunMarker::standardPath());
+    store_.setSummaryPrompt([this] { return prompts_.prompt(ProcessingMode::Notes); });
+    // A mode that is chosen while the user speaks may need another provider than the one that was expected.
+    QObject::connect(&recorder_, &AudioRecorder::processingModeChanged, &recorder_, [this] {
+        if (recorder_.isRecording())
+            languageModels_.expectUse(recorder_.processingMode());
+    });
     defaults_.watch();
     const bool isFirstStart = options_.shortcut.isEmpty() && !shortcuts_.shortcut(KeyboardShortcuts::Name::openModal);
     settleShortcut(options_.shortcut);
@@ -217,6 +236,7 @@ void Program::launch()
     if (isFirstStart)
         showOnboarding();
     delegate_.applicationDidFinishLaunching();
+    languageModels_.start();
     if (marker_->foundCrash())
         windows_.tellOfCrash();
     if (defaults_.keptAside())
@@ -313,8 +333,8 @@ QCoro::Task<bool> Program::modelIsReady(TranscriptionModel model)
 std::unique_ptr<LauncherPanel> Program::makeLauncher(ProcessingMode defaultMode)
 {
     std::vector<LauncherModel::Mode> modes;
-    for (const ProcessingMode mode : pipeline_.modes())
-        modes.push_back({mode, rawValue(mode)});
+    for (const ProcessingMode mode : visibleModes(prompts_, languageModels_.providers(), defaultMode))
+        modes.push_back({mode, prompts_.displayName(mode)});
     auto launcher =
         std::make_unique<Launcher>(Launcher::Context{windows_.engine(), recorder_, shortcuts_, *platform_.workspace,
                                                      notifications_, clock_, modes, defaultMode, microphoneName()});

@@ -6,11 +6,15 @@
 #include "vantro/cli/ExitCode.h"
 #include "vantro/cli/LogsCommand.h"
 #include "vantro/cli/ModelsCommand.h"
+#include "vantro/cli/ModesCommand.h"
+#include "vantro/cli/ProvidersCommand.h"
 #include "vantro/cli/ShortcutsCommand.h"
 #include "vantro/cli/Terminal.h"
 #include "vantro/cli/TranscribeCommand.h"
 #include "vantro/cli/VocabularyCommands.h"
 #include "vantro/models/ModelHost.h"
+
+#include <QHash>
 
 namespace vantro {
 
@@ -34,11 +38,13 @@ Options:
 Commands:
   transcribe FILE...  Write the text of recordings to standard output.
   models [ACTION]     List, download, select, verify or remove speech models.
+  devices [ACTION]    List microphones, choose one, or rank them.
+  shortcuts [ACTION]  Show, set, test and clear the shortcuts; press or hold to talk.
+  modes [ACTION]      Show and set what becomes of a dictation: prompts, names, language models.
   replacements [ACTION]
                       Show and edit what is written instead of what.
   vocabulary [ACTION] Show and edit the words that the engine is told of.
-  devices [ACTION]    List microphones, choose one, or rank them.
-  shortcuts [ACTION]  Show, set, test and clear the shortcuts; press or hold to talk.
+  providers [ACTION]  List, add, edit, remove or test language models that rewrite texts.
   toggle              Start a dictation, or end and transcribe the running one.
   start, stop         Open the launcher and record; end the recording.
   cancel              Discard the dictation.
@@ -47,6 +53,23 @@ Commands:
 
 Exit status: 0 done, 1 failed, 2 wrong usage, 3 not found, 4 no service (sound,
 model, network, keys).)";
+
+using Command = int (*)(const QStringList& arguments);
+
+const QHash<QString, Command>& commands()
+{
+    static const QHash<QString, Command> commands{
+        {QStringLiteral("devices"), runDevices},
+        {QStringLiteral("logs"), runLogs},
+        {QStringLiteral("modes"), runModes},
+        {QStringLiteral("providers"), runProviders},
+        {QStringLiteral("replacements"), runReplacements},
+        {QStringLiteral("shortcuts"), runShortcuts},
+        {QStringLiteral("transcribe"), runTranscribe},
+        {QStringLiteral("vocabulary"), runVocabulary},
+    };
+    return commands;
+}
 
 bool isControlCommand(const QString& command)
 {
@@ -137,20 +160,10 @@ int CommandLine::run() const
         terminal::writeLine(QStringLiteral("vantro " VANTRO_VERSION));
         return ExitCode::done;
     }
-    if (command_ == QLatin1String("transcribe"))
-        return runTranscribe(arguments_);
     if (command_ == QLatin1String("models"))
         return runModels(arguments_, options_.modelHost);
-    if (command_ == QLatin1String("logs"))
-        return runLogs(arguments_);
-    if (command_ == QLatin1String("replacements"))
-        return runReplacements(arguments_);
-    if (command_ == QLatin1String("vocabulary"))
-        return runVocabulary(arguments_);
-    if (command_ == QLatin1String("devices"))
-        return runDevices(arguments_);
-    if (command_ == QLatin1String("shortcuts"))
-        return runShortcuts(arguments_);
+    if (const Command command = commands().value(command_, nullptr))
+        return command(arguments_);
     if (isControlCommand(command_))
         return runControl(command_, arguments_);
     terminal::writeError(

@@ -1,7 +1,6 @@
 #include "vantro/cli/DevicesSession.h"
 #include "vantro/cli/ExitCode.h"
 #include "vantro/cli/Interruption.h"
-#include "vantro/cli/Table.h"
 #include "vantro/cli/Terminal.h"
 
 #include <QEventLoop>

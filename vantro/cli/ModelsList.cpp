@@ -7,8 +7,6 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
-#include <algorithm>
-#include <array>
 #include <cmath>
 #include <vector>
 
@@ -71,27 +69,15 @@ QString bar(double value)
     return terminal::bar(filled, barCells);
 }
 
-using Row = std::array<QString, 7>;
-
 void printTable(const ModelsSession& session)
 {
-    std::vector<Row> rows{{QStringLiteral("NAME"), QStringLiteral("SIZE"), QStringLiteral("LANGUAGES"),
-                           QStringLiteral("SPEED"), QStringLiteral("ACCURACY"), QStringLiteral("MEMORY"),
-                           QStringLiteral("STATE")}};
+    std::vector<QStringList> rows{{QStringLiteral("NAME"), QStringLiteral("SIZE"), QStringLiteral("LANGUAGES"),
+                                   QStringLiteral("SPEED"), QStringLiteral("ACCURACY"), QStringLiteral("MEMORY"),
+                                   QStringLiteral("STATE")}};
     for (const TranscriptionModel& model : session.catalogue.models())
         rows.push_back({model.name, model.size, languages(model), bar(model.speed), bar(model.accuracy),
                         QStringLiteral("%1 GB").arg(model.ramUsage, 0, 'f', 1), stateText(session, model)});
-    std::array<qsizetype, std::tuple_size_v<Row>> widths{};
-    for (const Row& row : rows) {
-        for (std::size_t i = 0; i < row.size(); ++i)
-            widths[i] = std::max(widths[i], row[i].size());
-    }
-    for (const Row& row : rows) {
-        QString line;
-        for (std::size_t i = 0; i < row.size(); ++i)
-            line += row[i].leftJustified(widths[i] + 2);
-        terminal::writeLine(line.trimmed());
-    }
+    terminal::writeTable(rows);
     terminal::writeLine(QStringLiteral("\nDownloaded models use %1 of disk space.")
                             .arg(sizeText(session.store.bytesUsed(session.catalogue))));
 }

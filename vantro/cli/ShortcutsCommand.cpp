@@ -6,7 +6,6 @@
 #include "vantro/app/HoldToTalk.h"
 #include "vantro/cli/ExitCode.h"
 #include "vantro/cli/RunningProgram.h"
-#include "vantro/cli/Table.h"
 #include "vantro/cli/Terminal.h"
 
 #include <QCommandLineParser>

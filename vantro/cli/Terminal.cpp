@@ -1,9 +1,13 @@
 #include "vantro/cli/Terminal.h"
 
 #include <langinfo.h>
+#include <termios.h>
 #include <unistd.h>
 
+#include <algorithm>
+#include <csignal>
 #include <cstdio>
+#include <span>
 #include <string_view>
 
 namespace vantro {
@@ -49,6 +53,101 @@ void terminal::showProgress(const QString& text)
         return;
     std::fprintf(stderr, "\r\033[K%s", qUtf8Printable(text));
     std::fflush(stderr);
+}
+
+void terminal::writeTable(const std::vector<QStringList>& rows)
+{
+    if (!outputIsTerminal()) {
+        for (const QStringList& row : std::span(rows).subspan(1))
+            writeLine(row.join(QLatin1Char('\t')));
+        return;
+    }
+    std::vector<qsizetype> widths(static_cast<std::size_t>(rows.front().size()), 0);
+    for (const QStringList& row : rows) {
+        for (std::size_t i = 0; i < widths.size(); ++i)
+            widths[i] = std::max(widths[i], row[static_cast<qsizetype>(i)].size());
+    }
+    for (const QStringList& row : rows) {
+        QString line;
+        for (std::size_t i = 0; i < widths.size(); ++i)
+            line += row[static_cast<qsizetype>(i)].leftJustified(widths[i] + 2);
+        writeLine(line.trimmed());
+    }
+}
+
+namespace {
+
+/// Takes what is typed key by key, without showing it, while it lives.
+class HiddenTyping
+{
+public:
+    HiddenTyping() : isTyped_(terminal::inputIsTerminal() && tcgetattr(STDIN_FILENO, &shown_) == 0)
+    {
+        termios hidden = shown_;
+        // Ctrl-C comes as a character: ending the process here would leave its terminal without an echo.
+        hidden.c_lflag &= ~static_cast<tcflag_t>(ECHO | ICANON | ISIG);
+        if (isTyped_)
+            tcsetattr(STDIN_FILENO, TCSAFLUSH, &hidden);
+    }
+    ~HiddenTyping()
+    {
+        if (!isTyped_)
+            return;
+        tcsetattr(STDIN_FILENO, TCSAFLUSH, &shown_);
+        std::fputc('\n', stderr);
+    }
+    HiddenTyping(const HiddenTyping&) = delete;
+    HiddenTyping& operator=(const HiddenTyping&) = delete;
+
+    [[nodiscard]] bool isTyped() const { return isTyped_; }
+
+private:
+    termios shown_{};
+    bool isTyped_;
+};
+
+constexpr int interrupt = 3;
+constexpr int endOfInput = 4;
+constexpr int backspace = 8;
+constexpr int erase = 127;
+
+} // namespace
+
+std::optional<QString> terminal::readSecret(const QString& prompt)
+{
+    QByteArray line;
+    bool isInterrupted = false;
+    {
+        const HiddenTyping typing;
+        if (typing.isTyped())
+            std::fprintf(stderr, "%s", qUtf8Printable(prompt));
+        for (int c = std::getc(stdin); c != EOF && c != '\n' && c != '\r'; c = std::getc(stdin)) {
+            if (typing.isTyped() && c == interrupt)
+                isInterrupted = true;
+            if (typing.isTyped() && (c == interrupt || c == endOfInput))
+                break;
+            if (typing.isTyped() && (c == backspace || c == erase))
+                line.chop(1);
+            else
+                line += static_cast<char>(c);
+        }
+    }
+    if (isInterrupted)
+        std::raise(SIGINT);
+    const QString text = QString::fromUtf8(line).trimmed();
+    return text.isEmpty() ? std::nullopt : std::optional(text);
+}
+
+bool terminal::confirms(const QString& question)
+{
+    std::fprintf(stderr, "%s [y/N] ", qUtf8Printable(question));
+    const int answer = std::getc(stdin);
+    return answer == 'y' || answer == 'Y';
+}
+
+bool terminal::inputIsTerminal()
+{
+    return isatty(STDIN_FILENO) != 0;
 }
 
 void terminal::addHelpOption(QCommandLineParser& parser)

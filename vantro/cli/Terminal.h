@@ -2,6 +2,10 @@
 
 #include <QCommandLineParser>
 #include <QString>
+#include <QStringList>
+
+#include <optional>
+#include <vector>
 
 namespace vantro::terminal {
 
@@ -19,6 +23,16 @@ void writeMessage(const QString& line);
 QString bar(int filled, int cells);
 /// Replaces the current line of standard error when a person reads it; an empty text clears it. Otherwise nothing.
 void showProgress(const QString& text);
+
+/// Rows of equal length, the first being their titles: columns of equal width for a person; tabs between the fields and
+/// no titles for a program.
+void writeTable(const std::vector<QStringList>& rows);
+/// A line of standard input without its line break. On a terminal @p prompt is shown, on standard error, and what is
+/// typed is not; nothing when it is empty.
+std::optional<QString> readSecret(const QString& prompt);
+/// Whether the user answers @p question with yes. Only where a person reads and types.
+bool confirms(const QString& question);
+bool inputIsTerminal();
 
 /// Gives @p parser the option --help, without the ones for Qt's own options.
 void addHelpOption(QCommandLineParser& parser);

@@ -80,16 +80,16 @@ TEST_F(Providers, ANewListHasThePublicOnesAndKeepsTheirIds)
 
 TEST_F(Providers, TheStoredFormHasTheFieldsUnderTheirNames)
 {
-    const auto text = QStringLiteral(R"([{"id": "6f9619ff-8b86-4d01-b42d-00cf4fc964ff", "name": "At home",
+    const auto text = QStringLiteral(R"([{"id": "6F9619FF-8B86-4D01-B42D-00CF4FC964FF", "name": "At home",
         "providerType": "Custom", "model": "llama3", "customBaseURL": "http://h:1/v1", "isEnabled": false,
         "parameters": {"maxTokens": 5, "temperature": 0.25, "reasoningEffort": "low"}},
-        {"id": "6F9619FF-8B86-4D01-B42D-00CF4FC964FE", "name": "Plain", "providerType": "Google Gemini", "model": "g",
+        {"id": "6f9619ff-8b86-4d01-b42d-00cf4fc964fe", "name": "Plain", "providerType": "Google Gemini", "model": "g",
         "isEnabled": true}])");
     defaults.setData(ProviderConfigurationManager::userDefaultsKey, text.toUtf8());
     ProviderConfigurationManager manager(defaults, keychain);
     ASSERT_EQ(manager.configurations().size(), 2U);
     const ProviderConfiguration& home = manager.configurations().front();
-    EXPECT_EQ(home.keychainAccount(), QStringLiteral("provider-6f9619ff-8b86-4d01-b42d-00cf4fc964ff"));
+    EXPECT_EQ(home.keychainAccount(), QStringLiteral("provider-6F9619FF-8B86-4D01-B42D-00CF4FC964FF"));
     EXPECT_EQ(home.parameters->maxTokens, 5);
     EXPECT_EQ(home.parameters->temperature, 0.25);
     EXPECT_EQ(home.parameters->topP, std::nullopt);
@@ -106,7 +106,7 @@ TEST_F(Providers, TheStoredFormHasTheFieldsUnderTheirNames)
 
 TEST_F(Providers, AListThatCannotBeReadIsKeptAsideAndNoKeyIsLost)
 {
-    store.secrets[QStringLiteral("provider-6f9619ff-8b86-4d01-b42d-00cf4fc964ff")] = "sk";
+    store.secrets[QStringLiteral("provider-6F9619FF-8B86-4D01-B42D-00CF4FC964FF")] = "sk";
     for (const char* damaged :
          {"{", "[1]", R"([{"id": "x", "name": "", "providerType": "OpenAI", "model": "", "isEnabled": true}])",
           R"([{"id": "6f9619ff-8b86-4d01-b42d-00cf4fc964ff", "name": "n", "providerType": "Other", "model": "m",

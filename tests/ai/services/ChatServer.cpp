@@ -76,11 +76,16 @@ QString ChatServer::url(const QString& host) const
 QList<QJsonObject> ChatServer::log() const
 {
     QList<QJsonObject> entries;
-    for (const QByteArray& line : contents(folder_.filePath(QStringLiteral("log"))).split('\n')) {
+    for (const QByteArray& line : logText().toUtf8().split('\n')) {
         if (!line.isEmpty())
             entries << QJsonDocument::fromJson(line).object();
     }
     return entries;
+}
+
+QString ChatServer::logText() const
+{
+    return QString::fromUtf8(contents(folder_.filePath(QStringLiteral("log"))));
 }
 
 QList<QJsonObject> ChatServer::requests() const

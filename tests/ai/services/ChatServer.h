@@ -33,6 +33,8 @@ public:
     /// Each with method, path, headers, body and connection.
     [[nodiscard]] QList<QJsonObject> requests() const;
     [[nodiscard]] qsizetype connections() const;
+    /// Everything that the server has noted.
+    [[nodiscard]] QString logText() const;
 
 private:
     [[nodiscard]] QList<QJsonObject> log() const;

@@ -82,8 +82,6 @@ TEST_F(FormatFailures, AnAnswerThatHoldsNoTextIsNone)
     const QByteArray latin1("{\"choices\": [{\"message\": {\"content\": \"Gr\xfc\xdf\x65\"}}]}");
     EXPECT_EQ(formatWith({{QStringLiteral("body_base64"), QString::fromLatin1(latin1.toBase64())}}).kind(),
               Kind::invalidResponse);
-    EXPECT_EQ(formatWith({{QStringLiteral("raw"), QStringLiteral("SSH-2.0-OpenSSH_9.2\r\n")}}).kind(),
-              Kind::invalidResponse);
     EXPECT_EQ(formatWith({}, RemoteProviderType::Anthropic).kind(), Kind::invalidResponse);
     EXPECT_EQ(formatWith({}, RemoteProviderType::Gemini).kind(), Kind::invalidResponse);
 }
@@ -95,6 +93,11 @@ TEST_F(FormatFailures, ABrokenConnectionNamesTheHost)
     EXPECT_EQ(cut.description(),
               QStringLiteral("Network error: The connection to 127.0.0.1 broke off before the answer "
                              "was complete. Try again."));
+
+    const auto before = server.requests().size();
+    EXPECT_EQ(formatWith({{QStringLiteral("raw"), QStringLiteral("SSH-2.0-OpenSSH_9.2\r\n")}}).description(),
+              cut.description());
+    EXPECT_EQ(server.requests().size(), before + 1) << "it is not sent again";
 
     QTcpServer closed;
     ASSERT_TRUE(closed.listen(QHostAddress::LocalHost));
@@ -195,19 +198,24 @@ TEST_F(FormatFailures, OnlyATrustedServerHearsAnything)
     const auto restored = qScopeGuard([former = qgetenv("SSL_CERT_FILE")] {
         former.isEmpty() ? qunsetenv("SSL_CERT_FILE") : qputenv("SSL_CERT_FILE", former);
     });
+    const auto formatOverNewConnection = [this](const ChatServer& secure) {
+        HttpExchange exchange(clock);
+        RemoteProviderConfig wanted = config(RemoteProviderType::Custom);
+        wanted.customBaseURL = secure.url();
+        const FormatServiceFactory factory(providers, {exchange, keychain, languages});
+        return outcome(factory.makeRemote(wanted)->format({}, {}));
+    };
     ChatServer secure(ChatServer::Transport::https);
     secure.answerChat(QStringLiteral("text"));
-    EXPECT_TRUE(
-        formatAt(secure.url())
-            .description()
-            .startsWith(QStringLiteral("Network error: The encrypted connection to 127.0.0.1 cannot be trusted")));
+    EXPECT_TRUE(formatOverNewConnection(secure).description().startsWith(
+        QStringLiteral("Network error: The encrypted connection to 127.0.0.1 cannot be trusted")));
     qputenv("SSL_CERT_FILE", secure.authority().toUtf8());
-    EXPECT_EQ(formatAt(secure.url()).text, QStringLiteral("text"));
+    EXPECT_EQ(formatOverNewConnection(secure).text, QStringLiteral("text"));
     EXPECT_EQ(secure.requests().size(), 1);
 
     ChatServer impostor(ChatServer::Transport::httpsThatNobodyTrusts);
     qputenv("SSL_CERT_FILE", impostor.authority().toUtf8());
-    EXPECT_EQ(formatAt(impostor.url()).kind(), Kind::networkError);
+    EXPECT_EQ(formatOverNewConnection(impostor).kind(), Kind::networkError);
     EXPECT_EQ(impostor.requests().size(), 0);
 }
 

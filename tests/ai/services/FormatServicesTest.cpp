@@ -228,7 +228,7 @@ TEST_F(FormatServices, AnOpenedConnectionIsUsedForAllRequests)
     // The key that was read for a dictation is the dictation's; the next one reads it anew.
     EXPECT_EQ(outcome(first->format({}, {})).text, QStringLiteral("text"));
     EXPECT_EQ(format().text, QStringLiteral("text"));
-    EXPECT_EQ(server.connections(), 1);
+    EXPECT_EQ(server.connections(), 1) << server.logText().toStdString();
     store.secrets.clear();
     EXPECT_EQ(format().kind(), RemoteFormatError::Kind::notConfigured);
     EXPECT_EQ(server.requests().size(), 2);

@@ -66,6 +66,10 @@ class _Handler(BaseHTTPRequestHandler):
         super().setup()
         self.server.owner.note_connection(self.client_address[1])
 
+    def parse_request(self):
+        self._begun_s = time.perf_counter()
+        return super().parse_request()
+
     def do_POST(self):
         body = self.rfile.read(int(self.headers.get("Content-Length", 0)))
         answer = self.server.owner.note_request(self, body)
@@ -97,6 +101,7 @@ class _Handler(BaseHTTPRequestHandler):
             content = content[:answer.cut_after]
         for start in range(0, len(content), _CHUNK_BYTES):
             self.wfile.write(content[start:start + _CHUNK_BYTES])
+        self.server.owner.served_s.append(time.perf_counter() - self._begun_s)
         if answer.cut_after is not None:
             self.wfile.flush()
             self.connection.shutdown(socket.SHUT_RDWR)
@@ -120,6 +125,7 @@ class ChatServer:
         self.answer = Answer()
         self.requests = []
         self.connections = []
+        self.served_s = []  # from a request's first byte to the answer's last, for each
         self.ending = threading.Event()
         self._lock = threading.Lock()
         self._http = _Server(("127.0.0.1", 0), _Handler)

@@ -21,9 +21,14 @@ bool isAbsent(const QJsonValue& value)
 
 } // namespace
 
+QString standardForm(const QUuid& id)
+{
+    return id.toString(QUuid::WithoutBraces).toUpper();
+}
+
 QString keychainAccount(const QUuid& id)
 {
-    return QStringLiteral("provider-") + id.toString(QUuid::WithoutBraces);
+    return QStringLiteral("provider-") + standardForm(id);
 }
 
 QString ProviderConfiguration::keychainAccount() const
@@ -43,7 +48,7 @@ RemoteProviderConfig ProviderConfiguration::remoteConfig() const
 
 QJsonObject ProviderConfiguration::toJson() const
 {
-    QJsonObject object{{idKey, id.toString(QUuid::WithoutBraces)},
+    QJsonObject object{{idKey, standardForm(id)},
                        {nameKey, name},
                        {providerTypeKey, rawValue(providerType)},
                        {modelKey, model},

@@ -36,6 +36,8 @@ struct ProviderConfiguration
     [[nodiscard]] static std::vector<ProviderConfiguration> defaults();
 };
 
+/// As ids are stored and shown: upper case, without braces.
+QString standardForm(const QUuid& id);
 /// "provider-" and @p id in its standard form, the name of its key in the key store.
 QString keychainAccount(const QUuid& id);
 

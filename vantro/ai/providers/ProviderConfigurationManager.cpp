@@ -21,6 +21,10 @@ ProviderConfigurationManager::ProviderConfigurationManager(UserDefaults& default
     , keychain_(keychain)
 {
     load();
+    connect(&defaults_, &UserDefaults::changedElsewhere, this, [this](const QStringList& keys) {
+        if (keys.contains(userDefaultsKey))
+            load();
+    });
 }
 
 const ProviderConfiguration* ProviderConfigurationManager::find(const QUuid& id) const

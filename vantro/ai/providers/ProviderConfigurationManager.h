@@ -12,14 +12,15 @@
 
 namespace vantro {
 
-/// The user's list of providers, written through to the settings, and their keys in the key store. Main thread.
+/// The user's list of providers, written through to the settings and read anew when another process changes it, and
+/// their keys in the key store. Main thread.
 class ProviderConfigurationManager final : public QObject
 {
     Q_OBJECT
 public:
     static inline const QString userDefaultsKey = QStringLiteral("providerConfigurations");
     /// Where a stored list goes that cannot be read, so that nothing of it is lost.
-    static inline const QString unreadableListKey = QStringLiteral("unreadableProviderConfigurations");
+    static inline const QString unreadableListKey = userDefaultsKey + QStringLiteral(".unreadable");
 
     ProviderConfigurationManager(UserDefaults& defaults, KeychainServicing& keychain);
 

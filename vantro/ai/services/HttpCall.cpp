@@ -5,6 +5,8 @@
 #include <QSslConfiguration>
 #include <QSslError>
 
+#include <algorithm>
+#include <cstring>
 #include <utility>
 
 namespace vantro {
@@ -22,6 +24,38 @@ bool isSameOrigin(const QUrl& one, const QUrl& other)
     };
     return one.scheme() == other.scheme() && one.host() == other.host() && port(one) == port(other);
 }
+
+/// A body that can be read once. Qt would send a request up to four times when the server closes the connection without
+/// an answer; a provider may have charged for each of them.
+class OneTimeBody final : public QIODevice
+{
+public:
+    OneTimeBody(QByteArray body, QObject* parent) : QIODevice(parent), body_(std::move(body)) { open(ReadOnly); }
+
+    [[nodiscard]] bool isSequential() const override { return true; }
+    [[nodiscard]] bool atEnd() const override { return bytesAvailable() == 0; }
+    [[nodiscard]] qint64 bytesAvailable() const override
+    {
+        return body_.size() - position_ + QIODevice::bytesAvailable();
+    }
+    bool reset() override { return false; }
+
+protected:
+    qint64 readData(char* data, qint64 maxBytes) override
+    {
+        const qint64 count = std::min<qint64>(maxBytes, body_.size() - position_);
+        if (count == 0)
+            return -1;
+        std::memcpy(data, body_.constData() + position_, static_cast<std::size_t>(count));
+        position_ += count;
+        return count;
+    }
+    qint64 writeData(const char* /*data*/, qint64 /*maxBytes*/) override { return -1; }
+
+private:
+    QByteArray body_;
+    qint64 position_ = 0;
+};
 
 } // namespace
 
@@ -74,8 +108,11 @@ void HttpCall::send(const QUrl& url)
     request.setHeader(QNetworkRequest::ContentTypeHeader, QStringLiteral("application/json"));
     for (const auto& [name, value] : request_.headers)
         request.setRawHeader(name, value);
+    // Without both Qt would make a copy that it can send again.
+    request.setHeader(QNetworkRequest::ContentLengthHeader, request_.body.size());
+    request.setAttribute(QNetworkRequest::DoNotBufferUploadDataAttribute, true);
     body_.clear();
-    reply_ = manager_.post(request, request_.body);
+    reply_ = manager_.post(request, new OneTimeBody(request_.body, this));
     connect(reply_, &QNetworkReply::metaDataChanged, this, &HttpCall::readHead);
     connect(reply_, &QNetworkReply::readyRead, this, &HttpCall::readBody);
     connect(reply_, &QNetworkReply::finished, this, &HttpCall::finished);
@@ -131,11 +168,13 @@ std::exception_ptr HttpCall::transportFailure() const
 {
     const auto error = reply_->error();
     const QString host = request_.url.host();
+    if (error == QNetworkReply::ContentReSendError)
+        return std::make_exception_ptr(HttpError::cutOff(host));
     // From here on Qt counts what the server says as an error; that is the reader's business.
     const bool isServersWord = status() != 0 && error >= QNetworkReply::ContentAccessDenied;
     if (error == QNetworkReply::NoError || (isServersWord && error != QNetworkReply::ProtocolFailure))
         return status() != 0 ? nullptr : std::make_exception_ptr(HttpError::notHttp(host));
-    if (status() != 0)
+    if (status() != 0 || error == QNetworkReply::RemoteHostClosedError)
         return std::make_exception_ptr(HttpError::cutOff(host));
     switch (error) {
     case QNetworkReply::SslHandshakeFailedError:

@@ -5,7 +5,6 @@
 
 #include <QNetworkAccessManager>
 #include <QNetworkProxyFactory>
-#include <QSslConfiguration>
 #include <qcoro/qcorofuture.h>
 
 #include <optional>
@@ -31,12 +30,13 @@ public:
 
     void preconnect(const QUrl& url)
     {
-        const QNetworkRequest request = HttpCall::networkRequest(url);
-        const auto port = static_cast<quint16>(url.port(url.scheme() == QLatin1String("https") ? 443 : 80));
-        if (url.scheme() == QLatin1String("https"))
-            manager().connectToHostEncrypted(url.host(), port, request.sslConfiguration());
-        else
-            manager().connectToHost(url.host(), port);
+        // As connectToHost() does it, which would open a connection for HTTP/2 and keep its reply for ever.
+        QUrl address;
+        address.setScheme(QStringLiteral("preconnect-") + url.scheme());
+        address.setHost(url.host());
+        address.setPort(url.port(url.scheme() == QLatin1String("https") ? 443 : 80));
+        QNetworkReply* reply = manager().get(HttpCall::networkRequest(address));
+        connect(reply, &QNetworkReply::finished, reply, &QObject::deleteLater);
     }
 
     void carryOut(const std::shared_ptr<Call>& call, HttpRequest request, Reader read,

@@ -115,7 +115,8 @@ void RemoteFormatService::cancel()
 QCoro::Task<> RemoteFormatService::readKey(KeychainServicing& keychain, QString account, std::shared_ptr<KeyRead> into)
 {
     try {
-        into->promise.addResult(co_await keychain.read(account));
+        const std::optional<QString> key = co_await keychain.read(account);
+        into->promise.addResult(key);
     } catch (...) {
         into->promise.setException(std::current_exception());
     }

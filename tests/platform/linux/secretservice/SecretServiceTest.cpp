@@ -81,7 +81,8 @@ protected:
         QFile config(folder.filePath(QStringLiteral("bus.conf")));
         ASSERT_TRUE(config.open(QIODevice::WriteOnly));
         config.write("<busconfig><type>session</type><listen>" + busAddress() +
-                     "</listen><auth>EXTERNAL</auth><policy context=\"default\"><allow send_destination=\"*\"/>"
+                     "</listen><auth>EXTERNAL</auth><policy context=\"default\"><allow send_destination=\"*\" "
+                     "eavesdrop=\"true\"/><allow eavesdrop=\"true\"/>"
                      "<allow own=\"*\"/></policy></busconfig>");
         config.close();
         bus.start(QStringLiteral("dbus-daemon"),

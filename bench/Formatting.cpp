@@ -1,0 +1,91 @@
+// Sends requests to a server on this machine through the real service, and tells how long each took and for how long
+// the main thread was busy with one event. bench/formatting starts the server and reads what this prints.
+#include "vantro/ai/services/CustomOpenAICompatibleService.h"
+#include "vantro/cli/RunTask.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QThread>
+
+#include <algorithm>
+#include <cstdio>
+
+using namespace vantro;
+
+namespace {
+
+/// Measures how long the main thread is kept by each event.
+class TimedApplication final : public QCoreApplication
+{
+public:
+    using QCoreApplication::QCoreApplication;
+
+    bool notify(QObject* receiver, QEvent* event) override
+    {
+        if (QThread::currentThread() != thread())
+            return QCoreApplication::notify(receiver, event);
+        QElapsedTimer timer;
+        timer.start();
+        const bool result = QCoreApplication::notify(receiver, event);
+        longestNs = std::max(longestNs, timer.nsecsElapsed());
+        return result;
+    }
+
+    qint64 longestNs = 0;
+};
+
+/// A key without a key store: reading it is over when a request begins.
+class OneKey final : public KeychainServicing
+{
+public:
+    QCoro::Task<> save(QString, QString) override { co_return; }
+    QCoro::Task<std::optional<QString>> read(QString) override { co_return QStringLiteral("key"); }
+    QCoro::Task<> remove(QString) override { co_return; }
+    QCoro::Task<QStringList> accounts() override { co_return QStringList(); }
+};
+
+class English final : public LanguageRecognizer
+{
+public:
+    [[nodiscard]] std::optional<QString> dominantLanguage(const QString&) const override
+    {
+        return QStringLiteral("en");
+    }
+};
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    TimedApplication application(argc, argv);
+    const QStringList arguments = QCoreApplication::arguments();
+    if (arguments.size() != 4) {
+        std::fprintf(stderr, "usage: vantro_bench_formatting BASE-URL RUNS WORDS\n");
+        return 2;
+    }
+    SystemClock clock;
+    HttpExchange http(clock);
+    OneKey keys;
+    const English english;
+    RemoteProviderConfig config;
+    config.provider = RemoteProviderType::Custom;
+    config.customBaseURL = arguments[1];
+    const QString text = QStringLiteral("word ").repeated(arguments[3].toInt());
+    for (int run = 0; run < arguments[2].toInt(); ++run) {
+        CustomOpenAICompatibleService service({http, keys, english}, config);
+        service.prepare();
+        QElapsedTimer timer;
+        timer.start();
+        qint64 mainNs = 0;
+        {
+            // What runs before the first wait counts as an event of its own.
+            auto asked = service.format(QStringLiteral("Be brief."), text);
+            mainNs = timer.nsecsElapsed();
+            runTask(std::move(asked));
+        }
+        std::printf("%lld %lld\n", static_cast<long long>(timer.nsecsElapsed() / 1000),
+                    static_cast<long long>(std::max(mainNs, application.longestNs) / 1000));
+        application.longestNs = 0;
+    }
+    return 0;
+}

@@ -1,0 +1,41 @@
+#include "vantro/app/LanguageModels.h"
+
+namespace vantro {
+
+LanguageModels::LanguageModels(UserDefaults& defaults, const Platform& platform, Clock& clock,
+                               const PromptSettings& prompts)
+    : prompts_(prompts)
+    , keychain_(*platform.secrets)
+    , providers_(defaults, keychain_)
+    , http_(clock)
+    , factory_(providers_, {http_, keychain_, *platform.languages})
+{
+}
+
+void LanguageModels::start()
+{
+    if (providers_.isCleanUpDue())
+        providers_.cleanUpWhenPossible();
+}
+
+void LanguageModels::expectUse(ProcessingMode mode) const
+{
+    if (asksModel(mode))
+        factory_.preconnect(prompts_.configuration(mode));
+}
+
+std::shared_ptr<FormatRequestServicing> LanguageModels::choose(ProcessingMode mode) const
+{
+    auto service = factory_.make(mode, prompts_.configuration(mode));
+    if (asksModel(mode))
+        service->prepare();
+    return service;
+}
+
+bool LanguageModels::asksModel(ProcessingMode mode) const
+{
+    // Normal has no prompt, and Custom asks nobody as long as it has none.
+    return !prompts_.prompt(mode).isEmpty();
+}
+
+} // namespace vantro

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QString>
+
+#include <exception>
+
+namespace vantro {
+
+/// What the user reads when a dictation was transcribed but could not be processed in its mode.
+QString processingErrorMessage(const std::exception& error);
+
+} // namespace vantro

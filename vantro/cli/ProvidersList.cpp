@@ -1,0 +1,112 @@
+#include "vantro/ai/providers/KeychainError.h"
+#include "vantro/cli/ExitCode.h"
+#include "vantro/cli/ProvidersSession.h"
+#include "vantro/cli/RunTask.h"
+#include "vantro/cli/Terminal.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+
+namespace vantro {
+
+namespace {
+
+/// Which providers have a key; nothing when the key store cannot be asked.
+class StoredKeys
+{
+public:
+    explicit StoredKeys(ProvidersSession& session)
+    {
+        try {
+            accounts_ = runTask(session.keychain.accounts());
+        } catch (const KeychainError& error) {
+            terminal::writeError(error.localizedDescription());
+        }
+    }
+
+    [[nodiscard]] std::optional<bool> has(const ProviderConfiguration& provider) const
+    {
+        if (!accounts_)
+            return std::nullopt;
+        return accounts_->contains(provider.keychainAccount(), Qt::CaseInsensitive);
+    }
+
+private:
+    std::optional<QStringList> accounts_;
+};
+
+QString address(const ProviderConfiguration& provider)
+{
+    return provider.customBaseURL.value_or(QString());
+}
+
+QString keyText(std::optional<bool> hasKey)
+{
+    if (!hasKey)
+        return QStringLiteral("not known");
+    return *hasKey ? QStringLiteral("••••••••••••") : QStringLiteral("No API key configured");
+}
+
+void printTable(const ProvidersSession& session, const StoredKeys& keys)
+{
+    std::vector<QStringList> rows{{QStringLiteral("NAME"), QStringLiteral("TYPE"), QStringLiteral("MODEL"),
+                                   QStringLiteral("KEY"), QStringLiteral("STATE"), QStringLiteral("ADDRESS")}};
+    for (const ProviderConfiguration& provider : session.manager.configurations())
+        rows.push_back({provider.name, displayName(provider.providerType), provider.model, keyText(keys.has(provider)),
+                        provider.isEnabled ? QStringLiteral("enabled") : QStringLiteral("disabled"),
+                        address(provider)});
+    terminal::writeTable(rows);
+}
+
+void printPlain(const ProvidersSession& session, const StoredKeys& keys)
+{
+    for (const ProviderConfiguration& provider : session.manager.configurations()) {
+        const auto hasKey = keys.has(provider);
+        const QStringList fields{provider.name,
+                                 rawValue(provider.providerType),
+                                 provider.model,
+                                 !hasKey   ? QStringLiteral("unknown")
+                                 : *hasKey ? QStringLiteral("key")
+                                           : QStringLiteral("-"),
+                                 provider.isEnabled ? QStringLiteral("enabled") : QStringLiteral("disabled"),
+                                 address(provider),
+                                 standardForm(provider.id)};
+        terminal::writeLine(fields.join(QLatin1Char('\t')));
+    }
+}
+
+} // namespace
+
+QJsonObject providerJson(const ProviderConfiguration& provider)
+{
+    QJsonObject object{{QStringLiteral("id"), standardForm(provider.id)},
+                       {QStringLiteral("name"), provider.name},
+                       {QStringLiteral("type"), rawValue(provider.providerType)},
+                       {QStringLiteral("model"), provider.model},
+                       {QStringLiteral("enabled"), provider.isEnabled}};
+    if (provider.customBaseURL)
+        object.insert(QStringLiteral("base_url"), *provider.customBaseURL);
+    if (provider.parameters)
+        object.insert(QStringLiteral("parameters"), provider.parameters->toJson());
+    return object;
+}
+
+int listProviders(ProvidersSession& session, bool json)
+{
+    const StoredKeys keys(session);
+    if (!json) {
+        terminal::outputIsTerminal() ? printTable(session, keys) : printPlain(session, keys);
+        return ExitCode::done;
+    }
+    QJsonArray array;
+    for (const ProviderConfiguration& provider : session.manager.configurations()) {
+        QJsonObject object = providerJson(provider);
+        const auto hasKey = keys.has(provider);
+        object.insert(QStringLiteral("has_key"), hasKey ? QJsonValue(*hasKey) : QJsonValue());
+        array.append(object);
+    }
+    terminal::writeLine(QString::fromUtf8(QJsonDocument(array).toJson(QJsonDocument::Compact)));
+    return ExitCode::done;
+}
+
+} // namespace vantro
