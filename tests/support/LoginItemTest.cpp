@@ -30,7 +30,7 @@ protected:
 
 TEST_F(LoginItemTest, IsAnEntryThatTheSessionCanStart)
 {
-    const QString program = folder.filePath(QStringLiteral("my \"50%\" $tools/echo\\it"));
+    const QString program = folder.filePath(QStringLiteral("my \"own\" $tools/echo\\it"));
     ASSERT_TRUE(QDir().mkpath(QFileInfo(program).path()));
     QFile script(program);
     ASSERT_TRUE(script.open(QIODevice::WriteOnly));
