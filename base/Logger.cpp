@@ -1,5 +1,7 @@
 #include "base/Logger.h"
 
+#include "base/LogOutput.h"
+
 #include <atomic>
 #include <cstdio>
 #include <cstring>
@@ -27,12 +29,16 @@ const char* levelName(QtMsgType type)
     }
 }
 
-void writeToStandardError(QtMsgType type, const QMessageLogContext& context, const QString& text)
+/// Set before the first line is logged, and not changed afterwards.
+std::vector<LogSink> logSinks;
+
+void distribute(QtMsgType type, const QMessageLogContext& context, const QString& text)
 {
     const char* category = context.category != nullptr ? context.category : "";
     if (std::strncmp(category, subsystem, sizeof subsystem - 1) == 0 && category[sizeof subsystem - 1] == '.')
         category += sizeof subsystem;
-    std::fprintf(stderr, "vantro[%s] %s: %s\n", category, levelName(type), qUtf8Printable(text));
+    for (const LogSink sink : logSinks)
+        sink(type, category, text);
 }
 
 } // namespace
@@ -58,11 +64,22 @@ void Logger::error(const QString& line) const
     qCCritical(category_).noquote() << line;
 }
 
-void installLogOutput(bool verbose)
+void logToStandardError(QtMsgType level, const char* typeName, const QString& line)
 {
+    std::fprintf(stderr, "vantro[%s] %s: %s\n", typeName, levelName(level), qUtf8Printable(line));
+}
+
+void installLogOutput(bool verbose, std::vector<LogSink> sinks)
+{
+    logSinks = std::move(sinks);
     if (!verbose)
         QLoggingCategory::setFilterRules(QStringLiteral("*.debug=false\ncom.vantro.app.*.debug=false"));
-    qInstallMessageHandler(writeToStandardError);
+    qInstallMessageHandler(distribute);
+}
+
+void installLogOutput(bool verbose)
+{
+    installLogOutput(verbose, {logToStandardError});
 }
 
 void printLine(const QString& line)

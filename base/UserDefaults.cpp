@@ -12,6 +12,8 @@ namespace vantro {
 
 namespace {
 
+const QString versionKey = QStringLiteral("settingsVersion");
+
 QHash<QString, QVariant> contents(const QSettings& settings)
 {
     QHash<QString, QVariant> values;
@@ -23,7 +25,12 @@ QHash<QString, QVariant> contents(const QSettings& settings)
 
 } // namespace
 
-UserDefaults::UserDefaults(const QString& path) : settings_(path, QSettings::IniFormat), known_(contents(settings_)) {}
+UserDefaults::UserDefaults(const QString& path)
+    : keptAside_(keepAsideIfUnusable(path))
+    , settings_(path, QSettings::IniFormat)
+    , known_(contents(settings_))
+{
+}
 
 UserDefaults::~UserDefaults() = default;
 
@@ -153,6 +160,10 @@ void UserDefaults::watchFile()
 
 void UserDefaults::store(const QString& key, const QVariant& value)
 {
+    if (!settings_.contains(versionKey)) {
+        settings_.setValue(versionKey, settingsVersion);
+        known_.insert(versionKey, settingsVersion);
+    }
     settings_.setValue(key, value);
     written(key);
 }

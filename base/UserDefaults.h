@@ -1,5 +1,7 @@
 #pragma once
 
+#include "base/SettingsFile.h"
+
 #include <QByteArray>
 #include <QHash>
 #include <QObject>
@@ -24,7 +26,8 @@ class UserDefaults final : public QObject
 {
     Q_OBJECT
 public:
-    /// @p path: the INI file; it is made, readable by its owner only, on the first write.
+    /// @p path: the INI file; it is made, readable by its owner only, on the first write. One that is damaged or comes
+    /// from a newer version is put aside before.
     explicit UserDefaults(const QString& path);
     ~UserDefaults() override;
 
@@ -47,6 +50,9 @@ public:
     /// overwritten.
     void keepUnreadable(const QString& key);
 
+    /// The file that was found and could not be used; nothing in the usual case.
+    [[nodiscard]] const std::optional<KeptAside>& keptAside() const { return keptAside_; }
+
     /// Re-reads what another process has written meanwhile; changedElsewhere() tells what that was.
     void reload();
     /// From now on another process's writes are noticed by themselves. Needs an event loop.
@@ -61,6 +67,7 @@ private:
     void written(const QString& key);
     void watchFile();
 
+    std::optional<KeptAside> keptAside_; ///< before the settings are read
     QSettings settings_;
     QHash<QString, QVariant> known_; ///< the values as this process last saw them
     std::unique_ptr<QFileSystemWatcher> watcher_;

@@ -1,8 +1,10 @@
 #pragma once
 
+#include <QString>
+
 namespace vantro {
 
-/// The short sounds of the user's desktop.
+/// Short sounds, by name.
 class SystemSounds
 {
 public:
@@ -11,9 +13,9 @@ public:
     SystemSounds(const SystemSounds&) = delete;
     SystemSounds& operator=(const SystemSounds&) = delete;
 
-    /// Plays the sound for a finished task. Returns at once, from any thread; without a sound theme or a sound server
-    /// nothing is heard.
-    virtual void playCompleted() = 0;
+    /// Plays the program's own sound of that name ("Blow"). Returns at once; without a sound server nothing is heard.
+    /// Main thread.
+    virtual void play(const QString& name) = 0;
 };
 
 } // namespace vantro

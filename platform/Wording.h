@@ -24,6 +24,12 @@ inline QString noSoundServer()
                                        "(for example: systemctl --user start pipewire-pulse) and try again.");
 }
 
+/// Stands before the system's name in an error report, which is read by the makers: not translated.
+inline QString systemVersionLabel()
+{
+    return QStringLiteral("Linux Version: ");
+}
+
 /// Below the field for an API key.
 inline QString keyIsStoredSecurely()
 {

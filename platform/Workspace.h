@@ -25,7 +25,8 @@ public:
     virtual void activateWindow(WindowID window) = 0;
     /// The window's class and instance names, most specific last ("XTerm", "xterm"); empty when it tells none.
     [[nodiscard]] virtual QStringList windowClass(WindowID window) const = 0;
-    virtual void openUrl(const QString& url) = 0;
+    /// With the desktop's program for it. False when none could be started.
+    virtual bool openUrl(const QString& url) = 0;
     /// Whether translucent windows show what lies below them; without a compositor it is black.
     [[nodiscard]] virtual bool isCompositing() const = 0;
 

@@ -2,15 +2,17 @@
 
 #include "platform/SystemSounds.h"
 
+#include <QStringList>
+
 namespace vantro::doubles {
 
-/// Counts instead of sounding.
+/// Notes instead of sounding.
 class FakeSystemSounds final : public SystemSounds
 {
 public:
-    void playCompleted() override { ++completed; }
+    void play(const QString& name) override { played << name; }
 
-    int completed = 0;
+    QStringList played;
 };
 
 } // namespace vantro::doubles

@@ -19,7 +19,11 @@ public:
     [[nodiscard]] bool hasInputFocus(WindowID window) const override { return focus_ == window; }
     void activateWindow(WindowID window) override;
     [[nodiscard]] QStringList windowClass(WindowID window) const override;
-    void openUrl(const QString& url) override { opened_ << url; }
+    bool openUrl(const QString& url) override
+    {
+        opened_ << url;
+        return true;
+    }
     [[nodiscard]] bool isCompositing() const override { return true; }
 
     void openWindow(WindowID window, const QStringList& windowClass = {}) { windows_[window] = windowClass; }

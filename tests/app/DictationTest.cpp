@@ -144,6 +144,16 @@ private:
     std::optional<WindowID> former_;
 };
 
+class SideWindowDouble final : public SideWindow
+{
+public:
+    [[nodiscard]] bool isVisible() const override { return visible; }
+    void orderOut() override { visible = false; }
+    void orderFront() override { visible = true; }
+
+    bool visible = false;
+};
+
 class Dictation : public ::testing::Test
 {
 protected:
@@ -227,6 +237,9 @@ protected:
     KeyboardShortcuts shortcuts{hotKeys, defaults, notifications};
     PasteDelivery delivery{pasteboard, keyEvents, workspace, defaults, clock};
     int openPanels = 0;
+    SideWindowDouble settingsWindow;
+    SideWindowDouble historyWindow;
+    QStringList steps; ///< of the launch, in their order
     QStringList alerts;
     bool isModelReady;
     QStringList downloads; ///< models whose download is shown
@@ -242,16 +255,20 @@ protected:
          shortcuts,
          delivery,
          models,
+         [this] { steps << QStringLiteral("theme"); },
+         [this] { steps << QStringLiteral("update check"); },
          migrations,
-         []() -> QCoro::Task<> { co_return; },
+         [this]() -> QCoro::Task<> {
+             steps << QStringLiteral("model");
+             co_return;
+         },
          [this](const auto&) -> QCoro::Task<bool> { co_return isModelReady; },
          {[this](ProcessingMode) { return std::make_unique<PanelDouble>(recorder, workspace, openPanels); },
           [this](std::optional<QRect> anchor) { huds.push_back(anchor); },
           [this](const QString&, const QString& text) { alerts << text; },
-          [this](const auto& model) { downloads << model.name; },
-          [this] {
-              downloads.clear();
-          }}}};
+          [this](const auto& model) { downloads << model.name; }, [this] { downloads.clear(); },
+          [this] { steps << QStringLiteral("onboarding"); }, [this] { steps << QStringLiteral("onboarding closed"); },
+          &settingsWindow, &historyWindow}}};
 };
 
 class DictationWithoutModel : public Dictation
@@ -271,8 +288,61 @@ TEST_F(DictationWithoutModel, ShowsTheDownloadInsteadOfTheLauncherUntilTheModelI
 
     notifications.post(QStringLiteral("download:model:success"));
     EXPECT_TRUE(downloads.isEmpty()) << "the window closes by itself";
+    pressShortcut();
+    EXPECT_EQ(openPanels, 0) << "it was another model";
+    isModelReady = true;
+    notifications.post(QStringLiteral("download:model:success"));
     dictate(QStringLiteral("Now it works."));
     EXPECT_EQ(delivered, QStringLiteral("Now it works."));
+}
+
+TEST_F(Dictation, LaunchRunsItsStepsInOrderAndShowsWhatIsMissing)
+{
+    EXPECT_EQ(steps, QStringList({QStringLiteral("theme"), QStringLiteral("model")}));
+    steps.clear();
+    defaults.setBoolean(QStringLiteral("checkForUpdatesOnLaunch"), true);
+    permissions.microphone = false;
+    delegate.applicationDidFinishLaunching();
+    EXPECT_EQ(steps, QStringList({QStringLiteral("theme"), QStringLiteral("update check"), QStringLiteral("onboarding"),
+                                  QStringLiteral("model"), QStringLiteral("onboarding")}))
+        << "shown once more when the model turns out to be there";
+    notifications.post(QStringLiteral("permissions:close"));
+    EXPECT_EQ(steps.last(), QStringLiteral("onboarding closed"));
+}
+
+TEST_F(Dictation, PutsOwnWindowsAsideAndBringsBackThoseThatWereThere)
+{
+    settingsWindow.visible = true;
+    pressShortcut();
+    EXPECT_FALSE(settingsWindow.visible);
+    delegate.cancelDictation();
+    notifications.post(QStringLiteral("launcher:closed"));
+    EXPECT_TRUE(settingsWindow.visible);
+    EXPECT_FALSE(historyWindow.visible) << "it was not there before";
+
+    historyWindow.visible = true;
+    delegate.setSandboxMode(true);
+    pressShortcut();
+    EXPECT_TRUE(settingsWindow.visible && historyWindow.visible) << "practice hides nothing";
+}
+
+TEST_F(Dictation, EndOfTheProcessThrowsTheRecordingAwayAndGivesTheClipboardBack)
+{
+    pasteboard.setByOther(clipboard, QStringLiteral("former"));
+    pressShortcut();
+    speak(16'000);
+    delegate.applicationWillTerminate();
+    EXPECT_FALSE(recorder.isBusy());
+    EXPECT_EQ(openPanels, 0);
+
+    pressShortcut();
+    speak(16'000);
+    stopAndDrain();
+    provider.answer(QStringLiteral("Pasted."));
+    pump();
+    EXPECT_EQ(delivered, QStringLiteral("Pasted."));
+    delegate.applicationWillTerminate();
+    EXPECT_EQ(pasteboard.string(clipboard), QStringLiteral("former")) << "without the usual wait";
 }
 
 TEST_F(Dictation, EndsInTheWindowThatTheUserWasWorkingIn)
@@ -312,12 +382,12 @@ TEST_F(Dictation, WithoutAutoPasteLeavesTheTextOnTheClipboardAndSaysSo)
 TEST_F(Dictation, SoundsOnlyWhenTheUserWantsItAndTextWasDelivered)
 {
     dictate(QStringLiteral("In silence."));
-    EXPECT_EQ(sounds.completed, 0);
+    EXPECT_TRUE(sounds.played.isEmpty());
     defaults.setBoolean(QStringLiteral("playSoundOnComplete"), true);
     dictate(QStringLiteral(" "));
-    EXPECT_EQ(sounds.completed, 0);
+    EXPECT_TRUE(sounds.played.isEmpty());
     dictate(QStringLiteral("And now?"));
-    EXPECT_EQ(sounds.completed, 1);
+    EXPECT_EQ(sounds.played, QStringList{QStringLiteral("Blow")});
 }
 
 TEST_F(Dictation, NeverPastesIntoAnotherWindow)

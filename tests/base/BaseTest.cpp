@@ -137,6 +137,39 @@ TEST(UserDefaults, TwoProcessesKeepEachOthersValuesAndHearOfThem)
     EXPECT_TRUE(command.contains(QStringLiteral("autoPasteEnabled")));
 }
 
+TEST(UserDefaults, AFileThatCannotBeUsedIsKeptAsideAndNeverOverwritten)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("vantro.ini"));
+    const auto write = [&](const QByteArray& contents) {
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(contents);
+    };
+    const auto contents = [](const QString& name) {
+        QFile file(name);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    };
+    const QByteArrayList damaged{"[General]\nautoPasteEnabled=false\nSelectedLang",
+                                 QByteArray("[General]\na=\0b\n", 16), "{\"autoPasteEnabled\": false}\n"};
+    for (const QByteArray& file : damaged) {
+        write(file);
+        UserDefaults defaults(path);
+        ASSERT_TRUE(defaults.keptAside()) << file.toStdString();
+        EXPECT_EQ(defaults.keptAside()->reason, KeptAside::Reason::damaged);
+        defaults.setBoolean(QStringLiteral("autoPasteEnabled"), true);
+        EXPECT_EQ(contents(defaults.keptAside()->file), file) << "every one of them is kept";
+    }
+    EXPECT_FALSE(UserDefaults(path).keptAside()) << "what was written since is whole";
+
+    write("; by hand\n[General]\n\nsettingsVersion=99\n");
+    UserDefaults defaults(path);
+    ASSERT_TRUE(defaults.keptAside());
+    EXPECT_EQ(defaults.keptAside()->reason, KeptAside::Reason::newer);
+    EXPECT_FALSE(defaults.contains(QStringLiteral("settingsVersion")));
+    EXPECT_TRUE(contents(defaults.keptAside()->file).contains("99"));
+}
+
 TEST(ManualClock, RunsWhatFallsDueInOrderOfTime)
 {
     doubles::ManualClock clock;

@@ -18,17 +18,19 @@ AppDelegate::~AppDelegate()
 
 void AppDelegate::applicationDidFinishLaunching()
 {
+    parts_.applyTheme();
+    if (parts_.defaults.boolean(QStringLiteral("checkForUpdatesOnLaunch"), false))
+        parts_.checkForUpdates();
     renameLegacyKey(parts_.defaults);
     parts_.migrations.runTranscriptionTrimMigrationIfNeeded();
     parts_.migrations.runEmptyTranscriptionDeleteMigrationIfNeeded();
     observeNotifications();
-    const bool allGranted = parts_.permissions.microphoneAuthorized() && parts_.permissions.trustedForAccessibility() &&
-                            parts_.shortcuts.shortcut(KeyboardShortcuts::Name::openModal);
-    if (allGranted) {
+    if (isReadyToDictate()) {
         printLine(QStringLiteral("All permissions granted"));
         printLine(QStringLiteral("setupInitialState"));
     } else {
         printLine(QStringLiteral("Missing permissions, showing onboarding"));
+        parts_.surfaces.showOnboarding();
     }
     // Attached in either case: a sound server or a shortcut that comes later works without a restart.
     openModalAction_ =
@@ -41,6 +43,19 @@ void AppDelegate::applicationDidFinishLaunching()
                                                                  cancelDictation();
                                                              }});
     checkModel();
+    observeLauncher();
+}
+
+bool AppDelegate::isReadyToDictate() const
+{
+    return parts_.permissions.microphoneAuthorized() && parts_.permissions.trustedForAccessibility() &&
+           parts_.shortcuts.shortcut(KeyboardShortcuts::Name::openModal);
+}
+
+void AppDelegate::applicationWillTerminate()
+{
+    cancelDictation();
+    parts_.delivery.restoreNow();
 }
 
 void AppDelegate::observeNotifications()
@@ -53,8 +68,41 @@ void AppDelegate::observeNotifications()
     }));
     observations_.push_back(center.observe(QStringLiteral("recorder:finish"),
                                            [this](const auto& userInfo) { recordingFinished(userInfo); }));
+    observations_.push_back(center.observe(QStringLiteral("permissions:close"),
+                                           [this](const auto&) { parts_.surfaces.closeOnboarding(); }));
     connect(&parts_.audioRecorder, &AudioRecorder::captureLost, this, &AppDelegate::captureLost);
     connect(&parts_.shortcuts, &KeyboardShortcuts::shortcutFailed, this, &AppDelegate::shortcutFailed);
+}
+
+void AppDelegate::observeLauncher()
+{
+    observations_.push_back(parts_.notifications.observe(QStringLiteral("launcher:closed"), [this](const auto&) {
+        // Not between the text and the window it is meant for.
+        if (!isDelivering_)
+            bringWindowsBack();
+    }));
+}
+
+void AppDelegate::putWindowsAside()
+{
+    SideWindow* const transcriptions = parts_.surfaces.transcriptionsWindow;
+    SideWindow* const settings = parts_.surfaces.settingsWindow;
+    transcriptionsWindowWasVisible_ = transcriptions != nullptr && transcriptions->isVisible();
+    settingsWindowWasVisible_ = settings != nullptr && settings->isVisible();
+    if (isSandboxMode_)
+        return;
+    if (transcriptionsWindowWasVisible_)
+        transcriptions->orderOut();
+    if (settingsWindowWasVisible_)
+        settings->orderOut();
+}
+
+void AppDelegate::bringWindowsBack()
+{
+    if (std::exchange(transcriptionsWindowWasVisible_, false))
+        parts_.surfaces.transcriptionsWindow->orderFront();
+    if (std::exchange(settingsWindowWasVisible_, false))
+        parts_.surfaces.settingsWindow->orderFront();
 }
 
 QCoro::Task<> AppDelegate::checkModel()
@@ -62,10 +110,13 @@ QCoro::Task<> AppDelegate::checkModel()
     co_await parts_.prepareModels();
     const TranscriptionModel model = parts_.models.selectedModel();
     printLine(QStringLiteral("Checking model: ") + model.name);
-    if (co_await parts_.modelIsReady(model))
+    if (co_await parts_.modelIsReady(model)) {
         modelBecameReady(model);
-    else
+        if (!isReadyToDictate())
+            parts_.surfaces.showOnboarding();
+    } else {
         downloadModel(model);
+    }
 }
 
 void AppDelegate::modelBecameReady(const TranscriptionModel& model)
@@ -78,11 +129,18 @@ void AppDelegate::downloadModel(const TranscriptionModel& model)
 {
     isModelMissing_ = true;
     printLine(QStringLiteral("Need to download model: ") + model.name);
-    observations_.push_back(parts_.notifications.observe(QStringLiteral("download:model:success"), [this](const auto&) {
-        parts_.surfaces.closeModelDownload();
-        modelBecameReady(parts_.models.selectedModel());
-    }));
+    observations_.push_back(parts_.notifications.observe(QStringLiteral("download:model:success"),
+                                                         [this](const auto&) { modelDownloaded(); }));
     parts_.surfaces.showModelDownload(model);
+}
+
+QCoro::Task<> AppDelegate::modelDownloaded()
+{
+    parts_.surfaces.closeModelDownload();
+    // The settings may have fetched another one than the one that is missing.
+    const TranscriptionModel model = parts_.models.selectedModel();
+    if (co_await parts_.modelIsReady(model))
+        modelBecameReady(model);
 }
 
 void AppDelegate::showLauncherAndRecord(Keyboard keyboard)
@@ -100,6 +158,7 @@ void AppDelegate::showLauncherAndRecord(Keyboard keyboard)
     parts_.delivery.rememberTarget();
     if (window_ && !window_->isVisible())
         window_.reset();
+    putWindowsAside();
     if (!window_) {
         if (recorder.isRecording())
             recorder.cancelRecording();
@@ -168,9 +227,12 @@ QCoro::Task<> AppDelegate::handleFinish(QString finalText, ProcessingMode mode)
         closeWindow();
         co_return;
     }
+    isDelivering_ = true;
     co_await deliver(text, frame);
+    isDelivering_ = false;
+    bringWindowsBack();
     if (parts_.defaults.boolean(QStringLiteral("playSoundOnComplete"), false))
-        parts_.sounds.playCompleted();
+        parts_.sounds.play(QStringLiteral("Blow"));
 }
 
 QCoro::Task<> AppDelegate::deliver(QString text, std::optional<QRect> frame)

@@ -12,6 +12,7 @@
 #include "vantro/app/HoldToTalk.h"
 #include "vantro/app/LauncherPanel.h"
 #include "vantro/app/PasteDelivery.h"
+#include "vantro/app/SideWindow.h"
 #include "vantro/audio/AudioRecorder.h"
 #include "vantro/models/ModelSelection.h"
 #include "vantro/store/MigrationManager.h"
@@ -36,6 +37,12 @@ struct Surfaces
     /// is announced as "download:model:success".
     std::function<void(const TranscriptionModel& model)> showModelDownload;
     std::function<void()> closeModelDownload;
+    /// Leads through what is missing; its end is announced as "permissions:close".
+    std::function<void()> showOnboarding;
+    std::function<void()> closeOnboarding;
+    /// Null where there is none.
+    SideWindow* settingsWindow = nullptr;
+    SideWindow* transcriptionsWindow = nullptr;
 };
 
 /// Brings one dictation from the shortcut to the delivered text: opens the launcher, starts the recorder, and delivers
@@ -55,6 +62,9 @@ public:
         KeyboardShortcuts& shortcuts;
         PasteDelivery& delivery;
         ModelSelection& models;
+        std::function<void()> applyTheme;
+        /// Runs in the background; called when the user wants a check at every launch.
+        std::function<void()> checkForUpdates;
         MigrationManager& migrations;
         /// Makes models that lie on this machine usable; before the selection is settled.
         std::function<QCoro::Task<>()> prepareModels;
@@ -65,8 +75,15 @@ public:
     explicit AppDelegate(Parts parts);
     ~AppDelegate() override;
 
-    /// The launch handler: repairs the store, observes, attaches the shortcut and checks the model.
+    /// The launch handler: theme, update check, repairs, observers, onboarding when something is missing, model.
     void applicationDidFinishLaunching();
+    /// Before the process ends, or the session may: what is being recorded is thrown away, and the clipboard gets back
+    /// what it held.
+    void applicationWillTerminate();
+
+    /// The launcher's practice run: own windows stay where they are.
+    void setSandboxMode(bool sandbox) { isSandboxMode_ = sandbox; }
+    [[nodiscard]] bool isReadyToDictate() const;
 
     enum class Keyboard { Taken, Left };
 
@@ -80,8 +97,12 @@ public:
 
 private:
     void observeNotifications();
+    void observeLauncher();
+    void putWindowsAside();
+    void bringWindowsBack();
     QCoro::Task<> checkModel();
     void downloadModel(const TranscriptionModel& model);
+    QCoro::Task<> modelDownloaded();
     void modelBecameReady(const TranscriptionModel& model);
     void explainRefusedRecording();
     void recordingFinished(const NotificationCenter::UserInfo& userInfo);
@@ -101,6 +122,10 @@ private:
     DictationTimings timings_;
     bool hasErrorOccurred_ = false;
     bool isModelMissing_ = false;
+    bool isSandboxMode_ = false;
+    bool isDelivering_ = false;
+    bool transcriptionsWindowWasVisible_ = false;
+    bool settingsWindowWasVisible_ = false;
 };
 
 } // namespace vantro

@@ -204,9 +204,16 @@ void PasteDelivery::restoreWhenFetched()
         scheduleRestore(fetchPoll);
         return;
     }
-    const Restore former = *std::exchange(pending_, std::nullopt);
-    restore(Selection::Clipboard, former.clipboard);
-    restore(Selection::Primary, former.primary);
+    restoreNow();
+}
+
+void PasteDelivery::restoreNow()
+{
+    const auto former = std::exchange(pending_, std::nullopt);
+    if (!former)
+        return;
+    restore(Selection::Clipboard, former->clipboard);
+    restore(Selection::Primary, former->primary);
 }
 
 void PasteDelivery::restore(Selection selection, const std::optional<Former>& former)

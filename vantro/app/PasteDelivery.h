@@ -49,6 +49,9 @@ public:
     /// else has set the clipboard meanwhile.
     [[nodiscard]] QCoro::Task<Outcome> deliver(QString text);
 
+    /// Puts the clipboard's former text back without waiting for the program that pastes: the process is about to end.
+    void restoreNow();
+
     /// A sentence for the user; empty for the outcomes that need none.
     [[nodiscard]] QString explanation(Outcome outcome) const;
 

@@ -1,8 +1,8 @@
 #include "vantro/app/Program.h"
 
 #include "KeyboardShortcuts/RawKeyMonitor.h"
+#include "base/ThreadWaker.h"
 #include "platform/KeyCode.h"
-#include "platform/Wording.h"
 #include "platform/linux/LinuxPlatform.h"
 #include "vantro/ai/FormattingModeHandler.h"
 #include "vantro/ai/NormalModeHandler.h"
@@ -11,7 +11,9 @@
 #include "vantro/app/ControlService.h"
 #include "vantro/app/DictationPipeline.h"
 #include "vantro/app/LanguageModels.h"
+#include "vantro/app/RunMarker.h"
 #include "vantro/app/VisibleModes.h"
+#include "vantro/app/Windows.h"
 #include "vantro/audio/AudioDeviceManager.h"
 #include "vantro/audio/HeadsetSwitch.h"
 #include "vantro/cli/ExitCode.h"
@@ -22,12 +24,8 @@
 #include "vantro/models/WhisperModelFiles.h"
 #include "vantro/store/CoreDataStack.h"
 #include "vantro/store/MigrationManager.h"
-#include "vantro/ui/alert/AlertWindow.h"
-#include "vantro/ui/download/ModelDownloadWindow.h"
-#include "vantro/ui/hud/PasteHUDWindow.h"
 #include "vantro/ui/launcher/Launcher.h"
 #include "vantro/ui/shortcuts/ShortcutWindow.h"
-#include "vantro/ui/style/UiEngine.h"
 #include "vantro/whisper/WhisperTranscriptionProvider.h"
 
 #include <QDBusConnection>
@@ -36,6 +34,7 @@
 #include <QGuiApplication>
 #include <QTimer>
 
+#include <array>
 #include <csignal>
 #include <ranges>
 
@@ -43,11 +42,24 @@ namespace vantro {
 
 namespace {
 
+constexpr std::array endSignals{SIGINT, SIGTERM, SIGHUP};
+ThreadWaker* endSignalWaker = nullptr;
+
+/// Ends the event loop when the session or a user ends the process, so that destructors release what is held.
+void quitOnSignals(ThreadWaker& waker)
+{
+    endSignalWaker = &waker;
+    for (const int signal : endSignals)
+        std::signal(signal, [](int) { endSignalWaker->wake(); });
+}
+
 /// Everything the desktop program consists of, in the order in which it is built; torn down in reverse.
 class Program
 {
 public:
     explicit Program(const ProgramOptions& options);
+    ~Program();
+    Q_DISABLE_COPY_MOVE(Program)
 
     /// False when another instance runs already; it then knows @p arguments.
     [[nodiscard]] bool becomeTheRunningInstance(const QStringList& arguments);
@@ -57,16 +69,18 @@ public:
 private:
     [[nodiscard]] bool isReady(const TranscriptionModel& model);
     [[nodiscard]] ModelProviding& filesOf(const TranscriptionModel& model);
+    [[nodiscard]] bool isPresent(const TranscriptionModel& model) const;
     void settleShortcut(const QString& wanted);
     void askForShortcut();
+    void showOnboarding();
     void useShortcut(const QString& text);
     void handOver(const QStringList& arguments);
     [[nodiscard]] Surfaces surfaces();
     [[nodiscard]] std::unique_ptr<LauncherPanel> makeLauncher(ProcessingMode defaultMode);
-    void showAlert(const QString& title, const QString& text);
+    void showAlert(AlertWindow::Kind kind, const QString& title, const QString& text);
     [[nodiscard]] QCoro::Task<bool> modelIsReady(TranscriptionModel model);
-    void showModelDownload(const TranscriptionModel& model);
-    void closeModelDownload();
+    void connectShell();
+    void followRecorder();
     [[nodiscard]] QString microphoneName() const;
     [[nodiscard]] QString shortcutName() const;
     [[nodiscard]] QJsonObject statusDetails();
@@ -78,8 +92,6 @@ private:
     UserDefaults defaults_{UserDefaults::standardPath()};
     NotificationCenter notifications_;
     Platform platform_;
-    UiEngine ui_{defaults_};
-    PasteHUDWindow hud_{ui_.engine(), *platform_.workspace, clock_};
 
     ModelCatalogue catalogue_{ModelHost::address(defaults_, options_.modelHost)};
     ModelStore modelStore_ = ModelStore::standard();
@@ -95,7 +107,6 @@ private:
         return &filesOf(model);
     }};
     QString modelProblem_; ///< why a model that was there has to be fetched again
-    std::unique_ptr<ModelDownloadWindow> downloadWindow_;
     VocabularySettings vocabulary_{defaults_};
     WhisperInProcessEngine whisperEngine_;
     WhisperTranscriptionProvider whisper_{whisperEngine_, modelStore_, defaults_, vocabulary_};
@@ -114,8 +125,18 @@ private:
     HeadsetSwitch headsetSwitch_{*platform_.audioCards, devices_, recorder_, defaults_, clock_};
     KeyboardShortcuts shortcuts_{*platform_.hotKeys, defaults_, notifications_};
     RawKeyMonitor rawKeys_{shortcuts_, *platform_.hotKeys};
-    std::unique_ptr<ShortcutWindow> shortcutWindow_;
     PasteDelivery delivery_;
+    Windows windows_{{defaults_, notifications_, clock_, platform_, catalogue_, modelStore_, models_, modelDownloader_,
+                      store_, devices_, shortcuts_, [this](const auto& model) { return isPresent(model); },
+                      [this](bool sandbox) {
+                          delegate_.setSandboxMode(sandbox);
+                      }}};
+    std::unique_ptr<ShortcutWindow> shortcutWindow_;
+    std::optional<RunMarker> marker_;
+    ThreadWaker endSignal_{[] {
+        QCoreApplication::quit();
+    }};
+    NotificationCenter::Observation shortcutObservation_;
     AppDelegate delegate_;
     ControlService control_;
 };
@@ -125,12 +146,42 @@ Program::Program(const ProgramOptions& options)
     , platform_(makeLinuxPlatform())
     , delivery_(*platform_.pasteboard, *platform_.keyEvents, *platform_.workspace, defaults_, clock_)
     , delegate_({defaults_, notifications_, clock_, *platform_.permissions, *platform_.sounds, recorder_, shortcuts_,
-                 delivery_, models_, migrations_, [this] { return modelPreparation_.run(); },
+                 delivery_, models_, [this] { windows_.applyTheme(); },
+                 [this] { windows_.updates().check(UpdateChecker::Asker::launch); }, migrations_,
+                 [this] { return modelPreparation_.run(); },
                  [this](TranscriptionModel model) { return modelIsReady(std::move(model)); }, surfaces()})
     , control_(
           delegate_, recorder_, [this] { return statusDetails(); },
           [this](const QStringList& arguments) { handOver(arguments); })
 {
+    connectShell();
+}
+
+Program::~Program()
+{
+    for (const int signal : endSignals)
+        std::signal(signal, SIG_DFL);
+}
+
+void Program::connectShell()
+{
+    QObject::connect(&windows_.tray(), &TrayIcon::dictateRequested, &delegate_,
+                     [this] { delegate_.showLauncherAndRecord(); });
+    QObject::connect(&windows_, &Windows::quitRequested, qApp, &QCoreApplication::quit);
+    QObject::connect(&recorder_, &AudioRecorder::isRecordingChanged, &windows_, [this] { followRecorder(); });
+    QObject::connect(&recorder_, &AudioRecorder::isBusyChanged, &windows_, [this] { followRecorder(); });
+    shortcutObservation_ = notifications_.observe(KeyboardShortcuts::shortcutByNameDidChange,
+                                                  [this](const auto&) { windows_.tray().setShortcut(shortcutName()); });
+    // The session may still go on after it has asked; what is being said then is lost all the same.
+    QObject::connect(qGuiApp, &QGuiApplication::commitDataRequest, &delegate_, &AppDelegate::applicationWillTerminate);
+    QObject::connect(qApp, &QCoreApplication::aboutToQuit, &delegate_, &AppDelegate::applicationWillTerminate);
+}
+
+void Program::followRecorder()
+{
+    windows_.tray().setState(recorder_.isRecording() ? TrayIcon::State::recording
+                             : recorder_.isBusy()    ? TrayIcon::State::processing
+                                                     : TrayIcon::State::idle);
 }
 
 DictationPipeline::Handlers Program::handlers()
@@ -173,16 +224,39 @@ bool Program::becomeTheRunningInstance(const QStringList& arguments)
 void Program::launch()
 {
     store_.loadPersistentStores();
+    quitOnSignals(endSignal_);
+    marker_.emplace(RunMarker::standardPath());
     store_.setSummaryPrompt([this] { return prompts_.prompt(ProcessingMode::Notes); });
     // A mode that is chosen while the user speaks may need another provider than the one that was expected.
     QObject::connect(&recorder_, &AudioRecorder::processingModeChanged, &recorder_, [this] {
         if (recorder_.isRecording())
             languageModels_.expectUse(recorder_.processingMode());
     });
-    settleShortcut(options_.shortcut);
-    delegate_.applicationDidFinishLaunching();
     defaults_.watch();
+    const bool isFirstStart = options_.shortcut.isEmpty() && !shortcuts_.shortcut(KeyboardShortcuts::Name::openModal);
+    settleShortcut(options_.shortcut);
+    windows_.tray().setShortcut(shortcutName());
+    if (isFirstStart)
+        showOnboarding();
+    delegate_.applicationDidFinishLaunching();
     languageModels_.start();
+    if (marker_->foundCrash())
+        windows_.tellOfCrash();
+    if (defaults_.keptAside())
+        windows_.tellOfSettings(*defaults_.keptAside());
+}
+
+void Program::showOnboarding()
+{
+    // The question for a shortcut is what is missing most.
+    if (!shortcutWindow_)
+        windows_.showOnboarding();
+}
+
+bool Program::isPresent(const TranscriptionModel& model) const
+{
+    return model.engine == TranscriptionEngine::fluid ? !fluidFiles_.find(model).isEmpty()
+                                                      : !modelStore_.status(model).file.isEmpty();
 }
 
 bool Program::isReady(const TranscriptionModel& model)
@@ -215,7 +289,7 @@ void Program::askForShortcut()
     const QString reason =
         QGuiApplication::tr("The usual shortcuts are all used by other programs. Take one of your own.");
     Logger("Program").info(reason);
-    shortcutWindow_ = std::make_unique<ShortcutWindow>(ui_.engine(), shortcuts_, *platform_.hotKeys,
+    shortcutWindow_ = std::make_unique<ShortcutWindow>(windows_.engine(), shortcuts_, *platform_.hotKeys,
                                                        *platform_.desktopShortcuts, notifications_, reason);
     shortcutWindow_->present();
 }
@@ -231,24 +305,29 @@ void Program::useShortcut(const QString& text)
 
 void Program::handOver(const QStringList& arguments)
 {
-    if (!arguments.isEmpty())
-        useShortcut(arguments.first());
+    if (arguments.isEmpty()) {
+        windows_.showMain();
+        return;
+    }
+    useShortcut(arguments.first());
     // A shortcut that does not work has its own alert.
     if (shortcuts_.failure(KeyboardShortcuts::Name::openModal))
         return;
-    showAlert(QGuiApplication::tr("vantro is running"),
+    showAlert(AlertWindow::Kind::informational, QGuiApplication::tr("vantro is running"),
               QGuiApplication::tr("Press %1 to dictate into the window you are working in.").arg(shortcutName()));
 }
 
 Surfaces Program::surfaces()
 {
     return {[this](ProcessingMode mode) { return makeLauncher(mode); },
-            [this](std::optional<QRect> anchor) { hud_.showHUD(anchor); },
-            [this](const QString& title, const QString& text) { showAlert(title, text); },
-            [this](const TranscriptionModel& model) { showModelDownload(model); },
-            [this] {
-                closeModelDownload();
-            }};
+            [this](std::optional<QRect> anchor) { windows_.showPasteHUD(anchor); },
+            [this](const QString& title, const QString& text) { showAlert(AlertWindow::Kind::warning, title, text); },
+            [this](const TranscriptionModel& model) { windows_.showModelDownload(model, modelProblem_); },
+            [this] { windows_.closeModelDownload(); },
+            [this] { showOnboarding(); },
+            [this] { windows_.closeOnboarding(); },
+            &windows_.settingsWindow(),
+            &windows_.transcriptionsWindow()};
 }
 
 QCoro::Task<bool> Program::modelIsReady(TranscriptionModel model)
@@ -259,40 +338,22 @@ QCoro::Task<bool> Program::modelIsReady(TranscriptionModel model)
     co_return check.isReady;
 }
 
-void Program::showModelDownload(const TranscriptionModel& model)
-{
-    if (!downloadWindow_)
-        downloadWindow_ = std::make_unique<ModelDownloadWindow>(ui_.engine(), modelDownloader_, notifications_);
-    downloadWindow_->present(model, modelProblem_);
-}
-
-void Program::closeModelDownload()
-{
-    if (!downloadWindow_)
-        return;
-    // It is what announced the end.
-    downloadWindow_->close();
-    downloadWindow_.release()->deleteLater();
-}
-
 std::unique_ptr<LauncherPanel> Program::makeLauncher(ProcessingMode defaultMode)
 {
     std::vector<LauncherModel::Mode> modes;
     for (const ProcessingMode mode : visibleModes(prompts_, languageModels_.providers(), defaultMode))
         modes.push_back({mode, prompts_.displayName(mode)});
     auto launcher =
-        std::make_unique<Launcher>(Launcher::Context{ui_.engine(), recorder_, shortcuts_, *platform_.workspace,
+        std::make_unique<Launcher>(Launcher::Context{windows_.engine(), recorder_, shortcuts_, *platform_.workspace,
                                                      notifications_, clock_, modes, defaultMode, microphoneName()});
     QObject::connect(&pipeline_, &DictationPipeline::transcriptionProgress, &launcher->model(),
                      &LauncherModel::setProgress);
     return launcher;
 }
 
-void Program::showAlert(const QString& title, const QString& text)
+void Program::showAlert(AlertWindow::Kind kind, const QString& title, const QString& text)
 {
-    Logger("Alert").info(QStringLiteral("%1: %2").arg(title, text.simplified()));
-    // Deletes itself when it is closed.
-    (new AlertWindow(ui_.engine(), title, text))->present();
+    windows_.showAlert(kind, title, text, {QGuiApplication::tr("OK")});
 }
 
 QString Program::microphoneName() const
@@ -324,13 +385,6 @@ QJsonObject Program::statusDetails()
     return details;
 }
 
-/// Ends the event loop when the session or a user ends the process, so that destructors release what is held.
-void quitOnSignals()
-{
-    for (const int signal : {SIGINT, SIGTERM, SIGHUP})
-        std::signal(signal, [](int) { QCoreApplication::quit(); });
-}
-
 } // namespace
 
 int runProgram(const ProgramOptions& options)
@@ -341,7 +395,6 @@ int runProgram(const ProgramOptions& options)
         printLine(QStringLiteral("vantro is running already"));
         return ExitCode::done;
     }
-    quitOnSignals();
     try {
         program.launch();
     } catch (const PersistentStoreError& error) {

@@ -1,9 +1,12 @@
+#include "base/LogOutput.h"
 #include "base/Logger.h"
+#include "platform/linux/journal/Journal.h"
 #include "vantro/app/Program.h"
+#include "vantro/app/Translations.h"
 #include "vantro/cli/CommandLine.h"
 
+#include <QApplication>
 #include <QCoreApplication>
-#include <QGuiApplication>
 #include <QQuickWindow>
 
 #include <unistd.h>
@@ -13,6 +16,16 @@
 #include <system_error>
 
 namespace {
+
+/// The program at the desk has nobody who reads its standard error; a command has.
+std::vector<vantro::LogSink> logSinks(bool isProgram)
+{
+    if (!isProgram || !vantro::journal::isPresent())
+        return {vantro::logToStandardError};
+    if (vantro::journal::isStandardError())
+        return {vantro::journal::write};
+    return {vantro::journal::write, vantro::logToStandardError};
+}
 
 void nameApplication()
 {
@@ -44,7 +57,7 @@ int main(int argc, char** argv)
     const vantro::CommandLine commandLine(argc, argv);
     if (commandLine.recognisesSpeech())
         limitOpenMpSpin(argv);
-    vantro::installLogOutput(commandLine.isVerbose());
+    vantro::installLogOutput(commandLine.isVerbose(), logSinks(commandLine.startsProgram()));
     nameApplication();
     if (!commandLine.startsProgram()) {
         vantro::printToStandardError();
@@ -53,7 +66,9 @@ int main(int argc, char** argv)
     }
     // A panel of 500 x 200 needs no GPU, whose drivers would cost more memory and time than all the rest.
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
-    QGuiApplication application(argc, argv);
+    QApplication application(argc, argv); // the tray icon of the older kind and its menu are widgets
     application.setQuitOnLastWindowClosed(false);
+    vantro::Translations translations;
+    QCoreApplication::installTranslator(&translations);
     return vantro::runProgram(commandLine.programOptions());
 }

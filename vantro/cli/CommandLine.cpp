@@ -5,6 +5,7 @@
 #include "vantro/cli/DevicesCommand.h"
 #include "vantro/cli/ExitCode.h"
 #include "vantro/cli/HistoryCommand.h"
+#include "vantro/cli/LogsCommand.h"
 #include "vantro/cli/ModelsCommand.h"
 #include "vantro/cli/ModesCommand.h"
 #include "vantro/cli/NotesCommand.h"
@@ -52,6 +53,7 @@ Commands:
   start, stop         Open the launcher and record; end the recording.
   cancel              Discard the dictation.
   status              Tell what the running program is doing.
+  logs                Show what the program has logged.
 
 Exit status: 0 done, 1 failed, 2 wrong usage, 3 not found, 4 no service (sound,
 model, network, keys).)";
@@ -61,10 +63,15 @@ using Command = int (*)(const QStringList& arguments);
 const QHash<QString, Command>& commands()
 {
     static const QHash<QString, Command> commands{
-        {QStringLiteral("devices"), runDevices},       {QStringLiteral("history"), runHistory},
-        {QStringLiteral("notes"), runNotes},           {QStringLiteral("modes"), runModes},
-        {QStringLiteral("providers"), runProviders},   {QStringLiteral("replacements"), runReplacements},
-        {QStringLiteral("shortcuts"), runShortcuts},   {QStringLiteral("transcribe"), runTranscribe},
+        {QStringLiteral("devices"), runDevices},
+        {QStringLiteral("history"), runHistory},
+        {QStringLiteral("logs"), runLogs},
+        {QStringLiteral("modes"), runModes},
+        {QStringLiteral("notes"), runNotes},
+        {QStringLiteral("providers"), runProviders},
+        {QStringLiteral("replacements"), runReplacements},
+        {QStringLiteral("shortcuts"), runShortcuts},
+        {QStringLiteral("transcribe"), runTranscribe},
         {QStringLiteral("vocabulary"), runVocabulary},
     };
     return commands;

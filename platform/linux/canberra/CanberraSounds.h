@@ -4,21 +4,24 @@
 #include "base/SerialExecutor.h"
 #include "platform/SystemSounds.h"
 
+#include <QByteArray>
+
 struct ca_context;
 
 namespace vantro {
 
-/// Sounds of the desktop's sound theme, through libcanberra.
+/// Sound files below the data folders, through libcanberra: it speaks to the sound server that is there and keeps to
+/// the loudness that the user has set for events.
 class CanberraSounds final : public SystemSounds
 {
 public:
     CanberraSounds() = default;
     ~CanberraSounds() override;
 
-    void playCompleted() override;
+    void play(const QString& name) override;
 
 private:
-    void play(const char* event);
+    void playFile(const QByteArray& path);
 
     Logger logger_{"CanberraSounds"};
     ca_context* context_ = nullptr; ///< made with the first sound; belongs to the player's thread until that has ended

@@ -116,10 +116,12 @@ QStringList X11Workspace::windowClass(WindowID window) const
     return {QString::fromLocal8Bit(className.get()), QString::fromLocal8Bit(instanceName.get())};
 }
 
-void X11Workspace::openUrl(const QString& url)
+bool X11Workspace::openUrl(const QString& url)
 {
-    if (!QDesktopServices::openUrl(QUrl(url)))
+    const bool isOpened = QDesktopServices::openUrl(QUrl(url));
+    if (!isOpened)
         Logger("X11Workspace").error(QStringLiteral("No program could be started to open %1").arg(url));
+    return isOpened;
 }
 
 bool X11Workspace::managerSupports(unsigned long atom) const

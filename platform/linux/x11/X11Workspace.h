@@ -23,7 +23,7 @@ public:
     [[nodiscard]] bool hasInputFocus(WindowID window) const override;
     void activateWindow(WindowID window) override;
     [[nodiscard]] QStringList windowClass(WindowID window) const override;
-    void openUrl(const QString& url) override;
+    bool openUrl(const QString& url) override;
     [[nodiscard]] bool isCompositing() const override;
 
 private:

@@ -6,9 +6,12 @@ Rectangle {
 
     required property string title
     required property string text
-    signal accepted
+    required property list<string> buttons
+    required property bool isWarning
+    signal pressed(int button)
+    signal dismissed
 
-    implicitWidth: 420
+    implicitWidth: Theme.alertWidth
     implicitHeight: content.implicitHeight + 2 * Theme.space24
     color: Theme.surface
     focus: true
@@ -16,7 +19,7 @@ Rectangle {
     Accessible.role: Accessible.AlertMessage
     Accessible.name: title
     Accessible.description: text
-    Keys.onEscapePressed: accepted()
+    Keys.onEscapePressed: dismissed()
 
     Column {
         id: content
@@ -24,18 +27,24 @@ Rectangle {
         spacing: Theme.space12
 
         Row {
+            width: parent.width
             spacing: Theme.space12
             Text {
+                id: sign
                 text: "\u26A0"
+                visible: alert.isWarning
                 color: Theme.warning
                 font.pixelSize: Theme.sizeTitle
                 Accessible.ignored: true
             }
             Text {
+                width: parent.width - (sign.visible ? sign.width + parent.spacing : 0)
                 text: alert.title
+                textFormat: Text.PlainText
                 color: Theme.text
                 font.pixelSize: Theme.sizeTitle
                 font.weight: Font.DemiBold
+                wrapMode: Text.Wrap
             }
         }
         Text {
@@ -45,12 +54,25 @@ Rectangle {
             color: Theme.text
             font.pixelSize: Theme.sizeBody
             wrapMode: Text.Wrap
+            maximumLineCount: Theme.alertLines
+            elide: Text.ElideRight
         }
-        VButton {
+        Row {
             anchors.right: parent.right
-            text: qsTr("OK")
-            focus: true
-            onClicked: alert.accepted()
+            spacing: Theme.space8
+            layoutDirection: Qt.RightToLeft
+
+            Repeater {
+                model: alert.buttons
+                VButton {
+                    required property int index
+                    required property string modelData
+                    text: modelData
+                    secondary: index > 0
+                    focus: index === 0
+                    onClicked: alert.pressed(index)
+                }
+            }
         }
     }
 }

@@ -6,25 +6,38 @@
 #include <QQuickItem>
 #include <QScreen>
 
+#include <utility>
+
 void qml_register_types_Vantro_Alert();
 
 namespace vantro {
 
-AlertWindow::AlertWindow(QQmlEngine& engine, const QString& title, const QString& text) : QQuickView(&engine, nullptr)
+AlertWindow::AlertWindow(QQmlEngine& engine, Kind kind, const QString& title, const QString& text,
+                         const QStringList& buttons, Answered answered)
+    : QQuickView(&engine, nullptr)
+    , answered_(std::move(answered))
 {
     keepModule(qml_register_types_Vantro_Alert);
     setFlags(Qt::Dialog | Qt::WindowStaysOnTopHint | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
              Qt::WindowCloseButtonHint);
     // Not modal: the launcher of the next dictation gets the keyboard although an alert is still open.
     setTitle(title);
-    setInitialProperties({{QStringLiteral("title"), title}, {QStringLiteral("text"), text}});
+    setInitialProperties({{QStringLiteral("title"), title},
+                          {QStringLiteral("text"), text},
+                          {QStringLiteral("buttons"), buttons},
+                          {QStringLiteral("isWarning"), kind == Kind::warning}});
     setSource(QUrl(QStringLiteral("qrc:/qt/qml/Vantro/Alert/Alert.qml")));
-    connect(rootObject(), SIGNAL(accepted()), this, SLOT(accept()));
+    connect(rootObject(), SIGNAL(pressed(int)), this, SLOT(pressed(int)));
+    connect(rootObject(), SIGNAL(dismissed()), this, SLOT(close()));
     connect(this, &QWindow::visibleChanged, this, [this](bool visible) {
-        if (!visible)
-            deleteLater();
+        if (visible)
+            return;
+        answer(std::nullopt);
+        deleteLater();
     });
 }
+
+AlertWindow::~AlertWindow() = default;
 
 void AlertWindow::present()
 {
@@ -41,9 +54,16 @@ void AlertWindow::present()
     requestActivate();
 }
 
-void AlertWindow::accept()
+void AlertWindow::pressed(int button)
 {
+    answer(button);
     close();
+}
+
+void AlertWindow::answer(std::optional<int> button)
+{
+    if (const auto answered = std::exchange(answered_, nullptr))
+        answered(button);
 }
 
 } // namespace vantro

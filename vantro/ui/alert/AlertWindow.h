@@ -2,20 +2,35 @@
 
 #include <QQuickView>
 
+#include <functional>
+#include <optional>
+
 namespace vantro {
 
-/// A warning with a title, a text and the single button "OK" (Return, Space, Escape). Deletes itself when closed.
-/// Main thread.
+/// A title, a text and one or more buttons. The first button has the keyboard; Escape and the close button are no
+/// button. Deletes itself when closed. Main thread.
 class AlertWindow final : public QQuickView
 {
     Q_OBJECT
 public:
-    AlertWindow(QQmlEngine& engine, const QString& title, const QString& text);
+    enum class Kind { informational, warning };
+
+    /// Called once: with the button's index, or nothing for any other way out.
+    using Answered = std::function<void(std::optional<int> button)>;
+
+    AlertWindow(QQmlEngine& engine, Kind kind, const QString& title, const QString& text, const QStringList& buttons,
+                Answered answered = {});
+    ~AlertWindow() override;
 
     void present();
 
 private Q_SLOTS:
-    void accept();
+    void pressed(int button);
+
+private:
+    void answer(std::optional<int> button);
+
+    Answered answered_;
 };
 
 } // namespace vantro

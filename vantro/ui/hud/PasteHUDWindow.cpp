@@ -48,6 +48,11 @@ PasteHUDWindow::PasteHUDWindow(QQmlEngine& engine, const Workspace& workspace, C
     setSource(QUrl(QStringLiteral("qrc:/qt/qml/Vantro/Hud/PasteHud.qml")));
 }
 
+PasteHUDWindow::~PasteHUDWindow()
+{
+    setSource(QUrl()); // what it shows is bound to the model, which goes first
+}
+
 void PasteHUDWindow::showHUD(std::optional<QRect> anchor)
 {
     dismissWorkItem_ = std::make_unique<QObject>();

@@ -17,6 +17,7 @@ class PasteHUDWindow final : public QQuickView
     Q_OBJECT
 public:
     PasteHUDWindow(QQmlEngine& engine, const Workspace& workspace, Clock& clock);
+    ~PasteHUDWindow() override;
 
     /// @p anchor: the launcher's frame, in screen coordinates; the middle of the main screen when there is none.
     void showHUD(std::optional<QRect> anchor);

@@ -9,6 +9,7 @@ QtObject {
     readonly property color surface: dark ? "#1C1D20" : "#FBFBFC"
     readonly property color surfaceRaised: dark ? "#26272B" : "#FFFFFF"
     readonly property color outline: dark ? "#1FFFFFFF" : "#14000000"
+    readonly property color fieldOutline: dark ? "#3DFFFFFF" : "#33000000"
     readonly property color text: dark ? "#F2F3F5" : "#1B1C1F"
     readonly property color textSecondary: dark ? "#A6A9B2" : "#5B5E66"
     readonly property color accent: dark ? "#8FA6FF" : "#3B5BDB"
@@ -33,9 +34,24 @@ QtObject {
     readonly property int sizeBody: 14
     readonly property int sizeSecondary: 12
 
+    readonly property int navWidth: 176
+    readonly property int listWidth: 280
+    readonly property int fieldWidth: 220
+    readonly property int wideFieldWidth: 300
+    readonly property int popupHeight: 280
+    readonly property int switchWidth: 40
+    readonly property int switchHeight: 24
+    readonly property int meterWidth: 96
+    readonly property int meterHeight: 6
+    readonly property int practiceHeight: 120
+    readonly property int logoSize: 64
+    readonly property int alertWidth: 420
+    readonly property int alertLines: 16
+
     readonly property int hairline: 1
     readonly property int focusRing: 2
 
     readonly property int stateMs: reducedMotion ? 0 : 120
+    readonly property int keyTrialMs: 400
     readonly property int hudMs: reducedMotion ? 0 : 320
 }

@@ -13,7 +13,7 @@ namespace vantro {
 
 namespace {
 
-bool desktopIsDark()
+bool paletteIsDark()
 {
     const QPalette palette = QGuiApplication::palette();
     return palette.color(QPalette::WindowText).lightness() > palette.color(QPalette::Window).lightness();
@@ -33,13 +33,16 @@ QObject* makeTheme(QQmlEngine& engine)
 
 } // namespace
 
-UiEngine::UiEngine(const UserDefaults& defaults) : defaults_(defaults)
+UiEngine::UiEngine(const UserDefaults& defaults, const DesktopAppearance& desktop)
+    : defaults_(defaults)
+    , desktop_(desktop)
 {
     engine_.addImportPath(QStringLiteral("qrc:/qt/qml"));
     keepModule(qml_register_types_Vantro_Style);
     theme_ = makeTheme(engine_);
     applyTheme();
     qGuiApp->installEventFilter(this);
+    connect(&desktop_, &DesktopAppearance::changed, this, &UiEngine::applyTheme);
 }
 
 bool UiEngine::eventFilter(QObject* watched, QEvent* event)
@@ -52,8 +55,11 @@ bool UiEngine::eventFilter(QObject* watched, QEvent* event)
 void UiEngine::applyTheme()
 {
     const QString appearance = defaults_.string(QStringLiteral("appearance")).value_or(QString());
-    const bool dark = appearance == QLatin1String("dark") || (appearance != QLatin1String("light") && desktopIsDark());
+    const bool desktopIsDark = desktop_.isDark().value_or(paletteIsDark());
+    const bool dark = appearance == QLatin1String("dark") || (appearance != QLatin1String("light") && desktopIsDark);
     theme_->setProperty("dark", dark);
+    theme_->setProperty("reducedMotion", defaults_.boolean(QStringLiteral("reduceMotion"),
+                                                           !desktop_.animationsEnabled().value_or(true)));
 }
 
 } // namespace vantro

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/UserDefaults.h"
+#include "platform/DesktopAppearance.h"
 
 #include <QObject>
 #include <QQmlEngine>
@@ -13,13 +14,15 @@ inline void keepModule(void (*registration)())
     [[maybe_unused]] volatile auto kept = registration;
 }
 
-/// The one QML engine behind every window, and the look they share. The look follows the desktop's light or dark
-/// palette unless "appearance" is "light" or "dark". Main thread.
+/// The one QML engine behind every window, and the look they share. The look follows the desktop's wish for
+/// light or dark unless "appearance" is "light" or "dark", and its wish for movement unless "reduceMotion" is set. Main
+/// thread.
 class UiEngine : public QObject
 {
     Q_OBJECT
 public:
-    explicit UiEngine(const UserDefaults& defaults);
+    /// Both must outlive the engine.
+    UiEngine(const UserDefaults& defaults, const DesktopAppearance& desktop);
 
     [[nodiscard]] QQmlEngine& engine() { return engine_; }
     /// Applies the look again, after the setting or the desktop's palette has changed.
@@ -29,6 +32,7 @@ public:
 
 private:
     const UserDefaults& defaults_;
+    const DesktopAppearance& desktop_;
     QQmlEngine engine_;
     QObject* theme_ = nullptr; ///< the engine's
 };

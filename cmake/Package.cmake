@@ -1,0 +1,74 @@
+# What an installation consists of, and the Debian package that CPack makes of it (cpack -G DEB in the build folder).
+include(GNUInstallDirs)
+set(VANTRO_PRIVATE_LIBS "${CMAKE_INSTALL_LIBDIR}/vantro")
+if(CMAKE_INSTALL_LIBDIR MATCHES "/")
+  set(VANTRO_PRIVATE_LIBS "lib/vantro") # where the program looks: beside its own folder
+endif()
+
+install(TARGETS vantro RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+if(NOT whisper_FOUND)
+  # Ours alone: another version in the system's folder must not get in its way.
+  set(libraries whisper ggml ggml-base)
+  get_property(cpu_variants DIRECTORY "${VANTRO_WHISPER_SOURCE}/ggml/src" PROPERTY BUILDSYSTEM_TARGETS)
+  list(FILTER cpu_variants INCLUDE REGEX "^ggml-cpu(-[a-z0-9]+)?$")
+  foreach(library IN LISTS libraries cpu_variants)
+    set_target_properties(${library} PROPERTIES INSTALL_RPATH "$ORIGIN")
+    add_dependencies(vantro ${library})
+  endforeach()
+  install(TARGETS ${libraries} LIBRARY DESTINATION ${VANTRO_PRIVATE_LIBS} NAMELINK_SKIP)
+  foreach(variant IN LISTS cpu_variants)
+    install(TARGETS ${variant} LIBRARY DESTINATION ${VANTRO_PRIVATE_LIBS})
+  endforeach()
+endif()
+
+set(packaging "${CMAKE_SOURCE_DIR}/packaging")
+install(FILES "${packaging}/com.vantro.app.desktop" DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
+install(FILES "${packaging}/com.vantro.app.metainfo.xml" DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
+install(FILES "${packaging}/icons/com.vantro.app.svg" DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
+install(FILES "${packaging}/icons/com.vantro.app-symbolic.svg" "${packaging}/icons/com.vantro.app-recording-symbolic.svg"
+  DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/symbolic/apps)
+install(FILES "${packaging}/sounds/Blow.wav" DESTINATION ${CMAKE_INSTALL_DATADIR}/vantro/sounds)
+
+# Debian wants manual and changes compressed, without a time in the file.
+find_program(GZIP gzip REQUIRED)
+set(compressed_folder "${CMAKE_BINARY_DIR}/packaging")
+configure_file("${packaging}/debian/changelog.in" "${compressed_folder}/changelog.Debian" @ONLY)
+function(vantro_install_compressed source name folder)
+  set(compressed "${compressed_folder}/${name}.gz")
+  add_custom_command(OUTPUT "${compressed}" COMMAND sh -c "\"${GZIP}\" -9nc \"${source}\" > \"${compressed}\""
+    DEPENDS "${source}" VERBATIM)
+  set_property(GLOBAL APPEND PROPERTY VANTRO_COMPRESSED "${compressed}")
+  install(FILES "${compressed}" DESTINATION ${folder})
+endfunction()
+vantro_install_compressed("${packaging}/vantro.1" vantro.1 ${CMAKE_INSTALL_MANDIR}/man1)
+vantro_install_compressed("${CMAKE_SOURCE_DIR}/CHANGELOG.md" changelog ${CMAKE_INSTALL_DATADIR}/doc/vantro)
+vantro_install_compressed("${compressed_folder}/changelog.Debian" changelog.Debian ${CMAKE_INSTALL_DATADIR}/doc/vantro)
+get_property(compressed_documents GLOBAL PROPERTY VANTRO_COMPRESSED)
+add_custom_target(vantro_documents ALL DEPENDS ${compressed_documents})
+install(FILES "${packaging}/debian/copyright" DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/vantro)
+
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGE_NAME vantro)
+set(CPACK_PACKAGE_VENDOR "The vantro makers")
+set(CPACK_PACKAGE_CONTACT "The vantro makers <${VANTRO_SUPPORT_ADDRESS}>")
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "dictate into any window")
+set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+set(CPACK_STRIP_FILES ON)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
+set(CPACK_DEBIAN_PACKAGE_SECTION sound)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS "${CMAKE_RUNTIME_OUTPUT_DIRECTORY}")
+# What is loaded while the program runs, and so is not seen by the tool that looks at linked libraries.
+set(CPACK_DEBIAN_PACKAGE_DEPENDS
+  "libqt6sql6-sqlite, libqt6svg6, qml6-module-qtquick, qml6-module-qtquick-window, qml6-module-qtquick-templates, qml6-module-qtqml-workerscript")
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "xdg-utils, pulseaudio | pipewire-pulse, gnome-keyring | kwalletmanager | keepassxc")
+set(CPACK_PACKAGE_DESCRIPTION
+"Press a shortcut, speak, press Space: the text stands in the window you were
+working in. Speech is recognised on this computer by a whisper model, which is
+fetched once; nothing leaves it.
+.
+What was in the clipboard is put back, and what was dictated is kept in a local
+history.")
+set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS OFF)
+include(CPack)

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "base/Error.h"
+
+namespace vantro {
+
+class LoginItemError : public Error
+{
+public:
+    using Error::Error;
+};
+
+/// Whether the desktop starts the program when the user logs in. Main thread only.
+class LoginItem
+{
+public:
+    LoginItem() = default;
+    virtual ~LoginItem() = default;
+    LoginItem(const LoginItem&) = delete;
+    LoginItem& operator=(const LoginItem&) = delete;
+
+    [[nodiscard]] virtual bool isEnabled() const = 0;
+    /// Throws LoginItemError with the reason when it cannot be stored.
+    virtual void setEnabled(bool enabled) = 0;
+};
+
+} // namespace vantro

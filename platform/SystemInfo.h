@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QString>
+
+namespace vantro {
+
+/// What machine and system the program runs on, for reports that a person reads. A value that the system does not tell
+/// is empty. Main thread only.
+class SystemInfo
+{
+public:
+    SystemInfo() = default;
+    virtual ~SystemInfo() = default;
+    SystemInfo(const SystemInfo&) = delete;
+    SystemInfo& operator=(const SystemInfo&) = delete;
+
+    /// "Debian GNU/Linux 12 (bookworm), kernel 6.1.0-26-amd64"
+    [[nodiscard]] virtual QString operatingSystemVersion() const = 0;
+    /// Maker and model of the computer.
+    [[nodiscard]] virtual QString deviceModel() const = 0;
+    [[nodiscard]] virtual QString processorName() const = 0;
+    /// 0 when unknown.
+    [[nodiscard]] virtual quint64 physicalMemoryBytes() const = 0;
+};
+
+} // namespace vantro

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "platform/SystemInfo.h"
+
+namespace vantro {
+
+/// Read from /etc/os-release (man 5 os-release), /proc and /sys each time it is asked for.
+class ProcSystemInfo final : public SystemInfo
+{
+public:
+    /// @p root: the folder that holds etc, proc and sys.
+    explicit ProcSystemInfo(QString root = QStringLiteral("/"));
+
+    [[nodiscard]] QString operatingSystemVersion() const override;
+    [[nodiscard]] QString deviceModel() const override;
+    [[nodiscard]] QString processorName() const override;
+    [[nodiscard]] quint64 physicalMemoryBytes() const override;
+
+private:
+    [[nodiscard]] QString contents(const QString& path) const;
+    /// The first value of @p key in the "key: value" lines of @p path.
+    [[nodiscard]] QString value(const QString& path, const QString& key, QChar separator) const;
+
+    QString root_;
+};
+
+} // namespace vantro

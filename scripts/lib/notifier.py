@@ -1,0 +1,102 @@
+"""The part of a desktop that shows StatusNotifier icons: a watcher with a host, and what a user does with an icon.
+
+Run as a program it is the watcher until it is ended. In a test:
+
+    watcher = desktop.start(*WATCHER)
+    item = desktop.wait_until(lambda: find_item(desktop), 5, "the icon")
+    item.choose("Settings")
+"""
+
+import sys
+from pathlib import Path
+
+from gi.repository import Gio, GLib
+
+WATCHER = ("/usr/bin/python3", Path(__file__).resolve())
+_NAME = "org.kde.StatusNotifierWatcher"
+_PATH = "/StatusNotifierWatcher"
+_ITEM_INTERFACE = "org.kde.StatusNotifierItem"
+_MENU_INTERFACE = "com.canonical.dbusmenu"
+_INTROSPECTION = f"""<node><interface name='{_NAME}'>
+  <method name='RegisterStatusNotifierItem'><arg type='s' direction='in'/></method>
+  <method name='RegisterStatusNotifierHost'><arg type='s' direction='in'/></method>
+  <property name='RegisteredStatusNotifierItems' type='as' access='read'/>
+  <property name='IsStatusNotifierHostRegistered' type='b' access='read'/>
+  <property name='ProtocolVersion' type='i' access='read'/>
+  <signal name='StatusNotifierItemRegistered'><arg type='s'/></signal>
+  <signal name='StatusNotifierHostRegistered'/>
+</interface></node>"""
+
+
+class Item:
+    """One icon, as a host sees it."""
+
+    def __init__(self, bus, service):
+        self._bus = bus
+        self.service, _, path = service.partition("/")
+        self._path = "/" + path if path else "/StatusNotifierItem"
+
+    def property(self, name):
+        return self._call(self._path, "org.freedesktop.DBus.Properties", "Get",
+                          GLib.Variant("(ss)", (_ITEM_INTERFACE, name)))[0]
+
+    def labels(self):
+        """What the menu offers, without its separators."""
+        return list(self._entries())
+
+    def choose(self, label):
+        """Clicks the menu's entry of that name."""
+        number = self._entries()[label]
+        self._call(self.property("Menu"), _MENU_INTERFACE, "Event",
+                   GLib.Variant("(isvu)", (number, "clicked", GLib.Variant("s", ""), 0)))
+
+    def _entries(self):
+        layout = self._call(self.property("Menu"), _MENU_INTERFACE, "GetLayout",
+                            GLib.Variant("(iias)", (0, -1, [])))[1]
+        return {properties["label"].partition("\t")[0]: number for number, properties, _ in layout[2]
+                if properties.get("type") != "separator"}
+
+    def _call(self, path, interface, method, arguments):
+        return self._bus.call_sync(self.service, path, interface, method, arguments, None, Gio.DBusCallFlags.NONE, 5000,
+                                   None).unpack()
+
+
+def find_item(desktop):
+    """The first icon that has been registered with the watcher, or None."""
+    bus = Gio.DBusConnection.new_for_address_sync(
+        desktop.env["DBUS_SESSION_BUS_ADDRESS"],
+        Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT | Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION, None, None)
+    try:
+        items = bus.call_sync(_NAME, _PATH, "org.freedesktop.DBus.Properties", "Get",
+                              GLib.Variant("(ss)", (_NAME, "RegisteredStatusNotifierItems")), None,
+                              Gio.DBusCallFlags.NO_AUTO_START, 5000, None).unpack()[0]
+    except GLib.Error:
+        return None
+    return Item(bus, items[0]) if items else None
+
+
+def _watch():
+    items = []
+    bus = Gio.bus_get_sync(Gio.BusType.SESSION, None)
+    loop = GLib.MainLoop()
+
+    def called(connection, sender, path, interface, method, arguments, invocation):
+        if method == "RegisterStatusNotifierItem":
+            given = arguments.unpack()[0]
+            items.append(sender + given if given.startswith("/") else given)
+            print("registered", items[-1], flush=True)
+        invocation.return_value(None)
+
+    def read(connection, sender, path, interface, name):
+        return {"RegisteredStatusNotifierItems": GLib.Variant("as", items),
+                "IsStatusNotifierHostRegistered": GLib.Variant("b", True),
+                "ProtocolVersion": GLib.Variant("i", 0)}[name]
+
+    interface = Gio.DBusNodeInfo.new_for_xml(_INTROSPECTION).interfaces[0]
+    bus.register_object(_PATH, interface, called, read, None)
+    Gio.bus_own_name_on_connection(bus, _NAME, Gio.BusNameOwnerFlags.NONE, None, lambda *_: sys.exit("name taken"))
+    loop.run()
+
+
+if __name__ == "__main__":
+    _watch()

@@ -1,0 +1,123 @@
+#!/usr/bin/python3
+"""The icon in trays of both kinds, also in those that come later than the program, and what its menu does."""
+
+import os
+import re
+import unittest
+from pathlib import Path
+
+from dictationcase import CHILD, CHILD_WORDS, STOP_KEY, DictationCase, main, words
+
+from notifier import WATCHER, find_item
+
+SETTINGS_TITLE = "vantro settings"
+TRAY_HEIGHT = 24
+ENTRIES = ["Dictate", "History", "Settings", "Models", "Check for Updates", "Report an Error", "Send Feedback",
+           "About vantro", "Quit"]
+OPENER = """#!/bin/sh
+printf '%s\\n' "$1" >> "$HOME/opened.txt"
+"""
+
+
+class StatusNotifierTest(DictationCase):
+    @classmethod
+    def prepare_profile(cls):
+        super().prepare_profile()
+        # What the desktop opens addresses with.
+        folder = cls.desktop.home / "bin"
+        folder.mkdir()
+        (folder / "xdg-open").write_text(OPENER)
+        (folder / "xdg-open").chmod(0o755)
+        cls.desktop.env["PATH"] = f"{folder}:{os.environ['PATH']}"
+
+    def find_icon(self):
+        return self.wait(lambda: find_item(self.desktop), 10, "the icon")
+
+    def settings(self):
+        return self.wait(lambda: self.vantro.window(SETTINGS_TITLE), 10, "the settings window")
+
+    def close(self, window):
+        self.desktop.activate(window)
+        self.desktop.press("Escape")
+        self.wait(lambda: not self.vantro.window(window.title), 5, "the window to close")
+
+    def test_a_tray_that_comes_after_the_program_gets_the_icon_and_gets_it_again_after_a_crash(self):
+        watcher = self.desktop.start(*WATCHER)
+        icon = self.find_icon()
+        self.assertEqual(icon.labels(), ENTRIES)
+        watcher.kill()
+        self.wait(lambda: not find_item(self.desktop), 5, "the end of the watcher")
+        watcher = self.desktop.start(*WATCHER)
+        self.addCleanup(watcher.stop)
+        self.find_icon().choose("Settings")
+        self.close(self.settings())
+
+    def test_the_menu_dictates_opens_windows_and_writes_mails(self):
+        watcher = self.desktop.start(*WATCHER)
+        self.addCleanup(watcher.stop)
+        icon = self.find_icon()
+
+        icon.choose("Dictate")
+        self.vantro.wait_for_launcher()
+        self.wait(lambda: "listening" in str(icon.property("ToolTip")), 5, "the icon to tell of the recording")
+        self.speak(CHILD)
+        self.desktop.press(STOP_KEY)
+        self.assertEqual(words(self.wait_for_text()), CHILD_WORDS)
+        self.wait(lambda: "listening" not in str(icon.property("ToolTip")), 5, "the icon to rest")
+
+        for entry in ("Models", "About vantro"):
+            icon.choose(entry)
+            self.close(self.settings())
+
+        for entry in ("Report an Error", "Send Feedback"):
+            icon.choose(entry)
+        opened = self.desktop.home / "opened.txt"
+        mails = self.wait(lambda: opened.exists() and len(opened.read_text().split()) == 2 and
+                          opened.read_text().split(), 10, "two mails")
+        report = next(mail for mail in mails if "report" in mail)
+        self.assertRegex(report, r"^mailto:[^?]+\?subject=vantro%20error%20report&body=%F0%9F%93%9D")
+        kernel = Path("/proc/sys/kernel/osrelease").read_text().strip()
+        self.assertIn(kernel, report)
+        self.assertTrue(any(re.fullmatch(r"mailto:[^?]+\?subject=vantro%20feedback", mail) for mail in mails))
+
+    def test_quit_ends_the_program(self):
+        watcher = self.desktop.start(*WATCHER)
+        self.addCleanup(watcher.stop)
+        self.find_icon().choose("Quit")
+        self.vantro.process.expect_exit(0)
+        self.restart()
+
+
+class EmbeddingTrayTest(DictationCase):
+    def icon(self):
+        """The middle of the icon's window inside the tray, or None."""
+        if not self.desktop.display.selection_owner("_NET_SYSTEM_TRAY_S0"):
+            return None
+        tree = self.desktop.run("xwininfo", "-root", "-tree")
+        _, found, panel = tree.partition('("panel" "trayer")')
+        icon = re.search(r'"vantro"\)\s+(\d+)x(\d+)\S+\s+\+(\d+)\+(\d+)', panel) if found else None
+        if not icon:
+            return None
+        width, height, x, y = map(int, icon.groups())
+        return (x + width // 2, y + height // 2) if 1 < width <= TRAY_HEIGHT else None
+
+    def test_an_old_tray_that_comes_later_gets_the_icon_with_its_menu(self):
+        self.assertIsNone(self.icon())
+        tray = self.desktop.start("trayer", "--widthtype", "request", "--height", str(TRAY_HEIGHT))
+        self.addCleanup(tray.stop)
+        before = []
+
+        def settled():
+            before.append(self.icon())
+            return len(before) > 1 and before[-1] == before[-2] and before[-1]
+
+        x, y = self.wait(settled, 10, "the icon in the tray")
+        self.desktop.run("xdotool", "mousemove", str(x), str(y), "click", "1")
+        settings = self.wait(lambda: self.vantro.window(SETTINGS_TITLE), 10, "the settings window")
+        self.desktop.activate(settings)
+        self.desktop.press("Escape")
+        self.wait(lambda: not self.vantro.window(SETTINGS_TITLE), 5, "the window to close")
+
+
+if __name__ == "__main__":
+    main()

@@ -1,0 +1,1407 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de" sourcelanguage="en">
+<context>
+    <name>AboutPage</name>
+    <message>
+        <source>About vantro</source>
+        <translation>Über vantro</translation>
+    </message>
+    <message>
+        <source>vantro %1</source>
+        <translation>vantro %1</translation>
+    </message>
+    <message>
+        <source>Speech is recognised on your own computer. Nothing leaves it unless you set up a service that rewrites your text.</source>
+        <translation>Die Sprache wird auf deinem eigenen Rechner erkannt. Nichts verlässt ihn, es sei denn, du richtest einen Dienst ein, der deinen Text umschreibt.</translation>
+    </message>
+    <message>
+        <source>Write to the makers</source>
+        <translation>An die Macher schreiben</translation>
+    </message>
+    <message>
+        <source>Both open a mail in your mail program. Nothing is sent before you send it.</source>
+        <translation>Beides öffnet eine E-Mail in deinem Mailprogramm. Nichts wird gesendet, bevor du es sendest.</translation>
+    </message>
+    <message>
+        <source>Report an Error</source>
+        <translation>Fehler melden</translation>
+    </message>
+    <message>
+        <source>Send Feedback</source>
+        <translation>Rückmeldung senden</translation>
+    </message>
+    <message>
+        <source>Licences</source>
+        <translation>Lizenzen</translation>
+    </message>
+    <message>
+        <source>vantro is free software under the MIT licence. It stands on Qt (LGPL 3), whisper.cpp and ggml (MIT), QCoro (MIT), libpulse, libsoxr, libsndfile, libcanberra, libsecret, GLib and libsystemd (LGPL 2.1), OpenSSL and CLD2 (Apache 2.0), ICU (Unicode 3.0) and X11 (MIT).</source>
+        <translation>vantro ist freie Software unter der MIT-Lizenz. Es steht auf Qt (LGPL 3), whisper.cpp und ggml (MIT), QCoro (MIT), libpulse, libsoxr, libsndfile, libcanberra, libsecret, GLib und libsystemd (LGPL 2.1), OpenSSL und CLD2 (Apache 2.0), ICU (Unicode 3.0) und X11 (MIT).</translation>
+    </message>
+    <message>
+        <source>This computer</source>
+        <translation>Dieser Rechner</translation>
+    </message>
+    <message>
+        <source>Quit vantro</source>
+        <translation>vantro beenden</translation>
+    </message>
+</context>
+<context>
+    <name>AppDelegate</name>
+    <message>
+        <source>Shortcut Not Available</source>
+        <translation>Tastenkürzel nicht verfügbar</translation>
+    </message>
+    <message>
+        <source>Transcription Error</source>
+        <translation>Fehler bei der Transkription</translation>
+    </message>
+</context>
+<context>
+    <name>AudioInputMode</name>
+    <message>
+        <source>Use system&apos;s default input device</source>
+        <translation>Standardmikrofon des Systems verwenden</translation>
+    </message>
+    <message>
+        <source>Select a specific input device</source>
+        <translation>Ein bestimmtes Mikrofon wählen</translation>
+    </message>
+    <message>
+        <source>Set up device priority order</source>
+        <translation>Rangfolge der Mikrofone festlegen</translation>
+    </message>
+</context>
+<context>
+    <name>AudioRecorder</name>
+    <message>
+        <source>No usable audio input format was found.</source>
+        <translation>Es wurde kein brauchbares Aufnahmeformat gefunden.</translation>
+    </message>
+    <message>
+        <source>Could not start the microphone: %1</source>
+        <translation>Das Mikrofon konnte nicht gestartet werden: %1</translation>
+    </message>
+    <message>
+        <source>The microphone was lost during the recording; what was said after that is missing. %1</source>
+        <translation>Das Mikrofon ging während der Aufnahme verloren; was danach gesagt wurde, fehlt. %1</translation>
+    </message>
+    <message>
+        <source>The on-device model is not available on this device.</source>
+        <translation>Das Modell des Geräts ist auf diesem Gerät nicht verfügbar.</translation>
+    </message>
+    <message>
+        <source>The model is not ready. Please wait for it to download.</source>
+        <translation>Das Modell ist nicht bereit. Bitte warte, bis es geladen ist.</translation>
+    </message>
+    <message>
+        <source>The text is too long to process. Please try with shorter text.</source>
+        <translation>Der Text ist zu lang. Bitte versuche es mit einem kürzeren.</translation>
+    </message>
+    <message>
+        <source>Generation failed: </source>
+        <translation>Die Erzeugung ist fehlgeschlagen: </translation>
+    </message>
+    <message>
+        <source>AI processing failed.</source>
+        <translation>Die Verarbeitung durch das Sprachmodell ist fehlgeschlagen.</translation>
+    </message>
+    <message>
+        <source>Error processing transcription: </source>
+        <translation>Fehler beim Verarbeiten der Transkription: </translation>
+    </message>
+</context>
+<context>
+    <name>ControlService</name>
+    <message>
+        <source>a dictation is under way</source>
+        <translation>es läuft gerade ein Diktat</translation>
+    </message>
+    <message>
+        <source>the recording could not start; the program&apos;s window tells why</source>
+        <translation>die Aufnahme konnte nicht beginnen; das Fenster des Programms sagt, warum</translation>
+    </message>
+    <message>
+        <source>nothing is being recorded</source>
+        <translation>es wird nichts aufgenommen</translation>
+    </message>
+</context>
+<context>
+    <name>Csv</name>
+    <message>
+        <source>line %1: there is text after a closing quote</source>
+        <translation>Zeile %1: hinter einem schließenden Anführungszeichen steht Text</translation>
+    </message>
+    <message>
+        <source>line %1: a quote is not closed</source>
+        <translation>Zeile %1: ein Anführungszeichen ist nicht geschlossen</translation>
+    </message>
+</context>
+<context>
+    <name>Fetch</name>
+    <message>
+        <source>it ended after %1 of %2</source>
+        <translation>sie endete nach %1 von %2</translation>
+    </message>
+    <message>
+        <source>nothing has come for %1 s</source>
+        <translation>seit %1 s kam nichts mehr</translation>
+    </message>
+</context>
+<context>
+    <name>FileTransfer</name>
+    <message>
+        <source>Checking the file</source>
+        <translation>Die Datei wird geprüft</translation>
+    </message>
+    <message>
+        <source>Waiting for another vantro that downloads the same file</source>
+        <translation>Warten auf ein anderes vantro, das dieselbe Datei lädt</translation>
+    </message>
+    <message>
+        <source>the file changes all the time</source>
+        <translation>die Datei ändert sich ständig</translation>
+    </message>
+    <message>
+        <source>The connection was lost, trying again</source>
+        <translation>Die Verbindung ging verloren, neuer Versuch</translation>
+    </message>
+</context>
+<context>
+    <name>GeneralPage</name>
+    <message>
+        <source>General</source>
+        <translation>Allgemein</translation>
+    </message>
+    <message>
+        <source>Finished text</source>
+        <translation>Fertiger Text</translation>
+    </message>
+    <message>
+        <source>Paste into the window I was working in</source>
+        <translation>In das Fenster einfügen, in dem ich gearbeitet habe</translation>
+    </message>
+    <message>
+        <source>Off: the text waits on the clipboard.</source>
+        <translation>Aus: Der Text wartet in der Zwischenablage.</translation>
+    </message>
+    <message>
+        <source>Keep the text on the clipboard after pasting</source>
+        <translation>Den Text nach dem Einfügen in der Zwischenablage lassen</translation>
+    </message>
+    <message>
+        <source>Off: the clipboard gets back what it held before.</source>
+        <translation>Aus: Die Zwischenablage bekommt ihren früheren Inhalt zurück.</translation>
+    </message>
+    <message>
+        <source>Play a sound when the text is there</source>
+        <translation>Einen Ton spielen, wenn der Text da ist</translation>
+    </message>
+    <message>
+        <source>Speech</source>
+        <translation>Sprache</translation>
+    </message>
+    <message>
+        <source>Language you speak</source>
+        <translation>Sprache, in der du sprichst</translation>
+    </message>
+    <message>
+        <source>Models for English only always hear English.</source>
+        <translation>Rein englische Modelle hören immer Englisch.</translation>
+    </message>
+    <message>
+        <source>Keep the speech model in memory</source>
+        <translation>Das Sprachmodell im Speicher behalten</translation>
+    </message>
+    <message>
+        <source>Starts sooner after the stop, and takes the memory of the model all the time.</source>
+        <translation>Beginnt nach dem Stopp früher und belegt den Speicher des Modells die ganze Zeit.</translation>
+    </message>
+    <message>
+        <source>Appearance</source>
+        <translation>Aussehen</translation>
+    </message>
+    <message>
+        <source>Colours</source>
+        <translation>Farben</translation>
+    </message>
+    <message>
+        <source>Like the desktop</source>
+        <translation>Wie der Desktop</translation>
+    </message>
+    <message>
+        <source>Light</source>
+        <translation>Hell</translation>
+    </message>
+    <message>
+        <source>Dark</source>
+        <translation>Dunkel</translation>
+    </message>
+    <message>
+        <source>Movement</source>
+        <translation>Bewegung</translation>
+    </message>
+    <message>
+        <source>On</source>
+        <translation>An</translation>
+    </message>
+    <message>
+        <source>Off</source>
+        <translation>Aus</translation>
+    </message>
+    <message>
+        <source>Program</source>
+        <translation>Programm</translation>
+    </message>
+    <message>
+        <source>Start when I log in</source>
+        <translation>Beim Anmelden starten</translation>
+    </message>
+    <message>
+        <source>Look for updates at every start</source>
+        <translation>Bei jedem Start nach Updates suchen</translation>
+    </message>
+    <message>
+        <source>Asks the maker&apos;s server for the number of the newest version. Nothing is sent.</source>
+        <translation>Fragt den Server der Macher nach der Nummer der neuesten Version. Es wird nichts gesendet.</translation>
+    </message>
+    <message>
+        <source>Checking...</source>
+        <translation>Suche läuft...</translation>
+    </message>
+    <message>
+        <source>Check now</source>
+        <translation>Jetzt suchen</translation>
+    </message>
+</context>
+<context>
+    <name>History</name>
+    <message>
+        <source>Search</source>
+        <translation>Suchen</translation>
+    </message>
+    <message>
+        <source>Search in the history</source>
+        <translation>Im Verlauf suchen</translation>
+    </message>
+    <message>
+        <source>Dictations</source>
+        <translation>Diktate</translation>
+    </message>
+    <message>
+        <source>Nothing that was dictated has these words.</source>
+        <translation>In keinem Diktat stehen diese Wörter.</translation>
+    </message>
+    <message>
+        <source>What you dictate will be listed here. Press your shortcut and speak.</source>
+        <translation>Hier wird stehen, was du diktierst. Drücke dein Tastenkürzel und sprich.</translation>
+    </message>
+    <message>
+        <source>Choose a dictation to read it.</source>
+        <translation>Wähle ein Diktat, um es zu lesen.</translation>
+    </message>
+    <message>
+        <source>Text of the dictation</source>
+        <translation>Text des Diktats</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Kopieren</translation>
+    </message>
+    <message>
+        <source>Show the rewritten text</source>
+        <translation>Umgeschriebenen Text zeigen</translation>
+    </message>
+    <message>
+        <source>Show what was said</source>
+        <translation>Zeigen, was gesagt wurde</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Löschen</translation>
+    </message>
+    <message>
+        <source>Undo the deletion</source>
+        <translation>Löschen rückgängig machen</translation>
+    </message>
+</context>
+<context>
+    <name>HttpError</name>
+    <message>
+        <source>%1 cannot be reached (%2). Check the network connection, the proxy and the provider&apos;s address.</source>
+        <translation>%1 ist nicht erreichbar (%2). Prüfe die Netzwerkverbindung, den Proxy und die Adresse des Anbieters.</translation>
+    </message>
+    <message>
+        <source>The connection to %1 broke off before the answer was complete. Try again.</source>
+        <translation>Die Verbindung zu %1 brach ab, bevor die Antwort vollständig war. Versuche es erneut.</translation>
+    </message>
+    <message>
+        <source>The encrypted connection to %1 cannot be trusted (%2). Check this computer&apos;s clock, or install the certificate of your own server.</source>
+        <translation>Der verschlüsselten Verbindung zu %1 ist nicht zu trauen (%2). Prüfe die Uhr dieses Rechners oder installiere das Zertifikat deines eigenen Servers.</translation>
+    </message>
+    <message>
+        <source>%1 has not answered within %2 seconds.</source>
+        <translation>%1 hat innerhalb von %2 Sekunden nicht geantwortet.</translation>
+    </message>
+    <message>
+        <source>The answer of %1 is larger than %2.</source>
+        <translation>Die Antwort von %1 ist größer als %2.</translation>
+    </message>
+    <message>
+        <source>What answers at %1 is no web server.</source>
+        <translation>Was bei %1 antwortet, ist kein Webserver.</translation>
+    </message>
+    <message>
+        <source>The request was cancelled.</source>
+        <translation>Die Anfrage wurde abgebrochen.</translation>
+    </message>
+</context>
+<context>
+    <name>KeyboardShortcuts</name>
+    <message>
+        <source>The stored shortcut is damaged. Record it anew.</source>
+        <translation>Das gespeicherte Tastenkürzel ist beschädigt. Bitte neu aufnehmen.</translation>
+    </message>
+    <message>
+        <source>%1 is already used by the desktop: %2.</source>
+        <translation>%1 wird schon vom Desktop benutzt: %2.</translation>
+    </message>
+    <message>
+        <source>Choose another shortcut, or change that one in the desktop&apos;s keyboard settings.</source>
+        <translation>Wähle ein anderes Tastenkürzel oder ändere jenes in den Tastatureinstellungen des Desktops.</translation>
+    </message>
+    <message>
+        <source>Use anyway</source>
+        <translation>Trotzdem verwenden</translation>
+    </message>
+    <message>
+        <source>%1 is needed for typing in every program. Add Ctrl, Alt or Super, or take a function or media key.</source>
+        <translation>%1 wird in jedem Programm zum Tippen gebraucht. Nimm Strg, Alt oder Super dazu oder eine Funktions- oder Medientaste.</translation>
+    </message>
+    <message>
+        <source>%1 already means &quot;%2&quot; in vantro.</source>
+        <translation>%1 bedeutet in vantro schon „%2“.</translation>
+    </message>
+</context>
+<context>
+    <name>KeychainError</name>
+    <message>
+        <source>Item not found in Keychain</source>
+        <translation>Der Eintrag ist nicht im Schlüsselbund</translation>
+    </message>
+    <message>
+        <source>Item already exists in Keychain</source>
+        <translation>Der Eintrag ist schon im Schlüsselbund</translation>
+    </message>
+    <message>
+        <source>Invalid data format</source>
+        <translation>Ungültige Form der Daten</translation>
+    </message>
+    <message>
+        <source>Failed to encode data</source>
+        <translation>Die Daten konnten nicht kodiert werden</translation>
+    </message>
+    <message>
+        <source>Failed to decode data</source>
+        <translation>Die Daten konnten nicht gelesen werden</translation>
+    </message>
+    <message>
+        <source>Keychain error: </source>
+        <translation>Fehler des Schlüsselbunds: </translation>
+    </message>
+</context>
+<context>
+    <name>KeychainService</name>
+    <message>
+        <source>API key of vantro (%1)</source>
+        <translation>API-Schlüssel von vantro (%1)</translation>
+    </message>
+</context>
+<context>
+    <name>KeysPage</name>
+    <message>
+        <source>Shortcut</source>
+        <translation>Tastenkürzel</translation>
+    </message>
+    <message>
+        <source>Dictate</source>
+        <translation>Diktieren</translation>
+    </message>
+    <message>
+        <source>Works in every program. Press Space or click, then press the keys.</source>
+        <translation>Wirkt in jedem Programm. Drücke die Leertaste oder klicke, dann drücke die Tasten.</translation>
+    </message>
+    <message>
+        <source>Hold to talk</source>
+        <translation>Halten zum Sprechen</translation>
+    </message>
+    <message>
+        <source>The recording lasts as long as you hold the shortcut.</source>
+        <translation>Die Aufnahme dauert so lange, wie du das Tastenkürzel hältst.</translation>
+    </message>
+    <message>
+        <source>End the recording</source>
+        <translation>Die Aufnahme beenden</translation>
+    </message>
+    <message>
+        <source>Only while vantro listens.</source>
+        <translation>Nur während vantro zuhört.</translation>
+    </message>
+</context>
+<context>
+    <name>Launcher</name>
+    <message>
+        <source>vantro, transcribing</source>
+        <translation>vantro schreibt mit</translation>
+    </message>
+    <message>
+        <source>vantro, recording</source>
+        <translation>vantro nimmt auf</translation>
+    </message>
+    <message>
+        <source>Time %1</source>
+        <translation>Zeit %1</translation>
+    </message>
+    <message>
+        <source>Esc Cancel</source>
+        <translation>Esc Abbrechen</translation>
+    </message>
+    <message>
+        <source>&lt;%1&gt; Start transcription</source>
+        <translation>&lt;%1&gt; Transkription starten</translation>
+    </message>
+    <message>
+        <source>Release %1 to transcribe</source>
+        <translation>%1 loslassen zum Transkribieren</translation>
+    </message>
+</context>
+<context>
+    <name>LauncherModel</name>
+    <message>
+        <source>Transcribing...</source>
+        <translation>Wird transkribiert...</translation>
+    </message>
+    <message>
+        <source>No sound from %1</source>
+        <translation>Kein Ton von %1</translation>
+    </message>
+</context>
+<context>
+    <name>LocalFormatError</name>
+    <message>
+        <source>Generation failed: </source>
+        <translation>Die Erzeugung ist fehlgeschlagen: </translation>
+    </message>
+    <message>
+        <source>The on-device model is not available on this device</source>
+        <translation>Das Modell des Geräts ist auf diesem Gerät nicht verfügbar</translation>
+    </message>
+    <message>
+        <source>The model is not ready. Please wait for it to download</source>
+        <translation>Das Modell ist nicht bereit. Bitte warte, bis es geladen ist</translation>
+    </message>
+    <message>
+        <source>The text is too long to process. Please try with shorter text</source>
+        <translation>Der Text ist zu lang. Bitte versuche es mit einem kürzeren</translation>
+    </message>
+</context>
+<context>
+    <name>MicrophonePage</name>
+    <message>
+        <source>Microphone</source>
+        <translation>Mikrofon</translation>
+    </message>
+    <message>
+        <source>Record from</source>
+        <translation>Aufnehmen von</translation>
+    </message>
+    <message>
+        <source>None of those that are connected</source>
+        <translation>Keines der angeschlossenen</translation>
+    </message>
+    <message>
+        <source>The first one that is connected is used.</source>
+        <translation>Das erste angeschlossene wird benutzt.</translation>
+    </message>
+    <message>
+        <source>Move up</source>
+        <translation>Nach oben</translation>
+    </message>
+    <message>
+        <source>What it hears</source>
+        <translation>Was es hört</translation>
+    </message>
+    <message>
+        <source>Level of the microphone</source>
+        <translation>Pegel des Mikrofons</translation>
+    </message>
+    <message>
+        <source>Say something: the bar should move. Nothing is recorded.</source>
+        <translation>Sag etwas: Der Balken sollte sich bewegen. Es wird nichts aufgenommen.</translation>
+    </message>
+</context>
+<context>
+    <name>ModelDownload</name>
+    <message>
+        <source>Downloading the speech model</source>
+        <translation>Das Sprachmodell wird geladen</translation>
+    </message>
+    <message>
+        <source>Size %1</source>
+        <translation>Größe %1</translation>
+    </message>
+    <message>
+        <source>Download of %1</source>
+        <translation>Download von %1</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Try again</source>
+        <translation>Erneut versuchen</translation>
+    </message>
+</context>
+<context>
+    <name>ModelDownloadError</name>
+    <message>
+        <source>%1 cannot be reached (%2). Check the network connection, the proxy and the model host&apos;s address.</source>
+        <translation>%1 ist nicht erreichbar (%2). Prüfe die Netzwerkverbindung, den Proxy und die Adresse des Modellservers.</translation>
+    </message>
+    <message>
+        <source>%1 has no readable file %2. Check the model host&apos;s address.</source>
+        <translation>%1 hat keine lesbare Datei %2. Prüfe die Adresse des Modellservers.</translation>
+    </message>
+    <message>
+        <source>%1 has no file %2 (error %3). Check the model host&apos;s address.</source>
+        <translation>%1 hat keine Datei %2 (Fehler %3). Prüfe die Adresse des Modellservers.</translation>
+    </message>
+    <message>
+        <source>%1 does not hand out %2 (error %3). Check the model host&apos;s address and whether it asks for a login.</source>
+        <translation>%1 gibt %2 nicht heraus (Fehler %3). Prüfe die Adresse des Modellservers und ob er eine Anmeldung verlangt.</translation>
+    </message>
+    <message>
+        <source>%1 cannot deliver %2 at the moment (error %3). Try again later.</source>
+        <translation>%1 kann %2 im Moment nicht liefern (Fehler %3). Versuche es später noch einmal.</translation>
+    </message>
+    <message>
+        <source>The connection to %1 was lost (%2). What was fetched is kept: try again to continue there.</source>
+        <translation>Die Verbindung zu %1 ging verloren (%2). Was geladen wurde, bleibt: Versuche es erneut, um dort weiterzumachen.</translation>
+    </message>
+    <message>
+        <source>%1 sends the download on to a place where it cannot end (%2). Check the model host&apos;s address.</source>
+        <translation>%1 leitet den Download an eine Stelle, an der er nicht enden kann (%2). Prüfe die Adresse des Modellservers.</translation>
+    </message>
+    <message>
+        <source>The encrypted connection to %1 cannot be trusted (%2). Check this computer&apos;s clock, or install the certificate of your company&apos;s model host.</source>
+        <translation>Der verschlüsselten Verbindung zu %1 ist nicht zu trauen (%2). Prüfe die Uhr dieses Rechners oder installiere das Zertifikat des Modellservers deiner Firma.</translation>
+    </message>
+    <message>
+        <source>There is not enough space in %1: %2 more are needed, %3 are free. Make room, or choose a smaller model.</source>
+        <translation>In %1 ist nicht genug Platz: %2 fehlen noch, %3 sind frei. Schaffe Platz oder wähle ein kleineres Modell.</translation>
+    </message>
+    <message>
+        <source>The disk of %1 is full. What was fetched is kept: make room, then try again to continue there.</source>
+        <translation>Der Datenträger von %1 ist voll. Was geladen wurde, bleibt: Schaffe Platz und versuche es dann erneut.</translation>
+    </message>
+    <message>
+        <source>The folder %1 cannot be written to (%2). Change its permissions.</source>
+        <translation>In den Ordner %1 kann nicht geschrieben werden (%2). Ändere seine Rechte.</translation>
+    </message>
+    <message>
+        <source>%1 could not be written (%2). Check the disk.</source>
+        <translation>%1 konnte nicht geschrieben werden (%2). Prüfe den Datenträger.</translation>
+    </message>
+    <message>
+        <source>The download was stopped. What was fetched is kept.</source>
+        <translation>Der Download wurde angehalten. Was geladen wurde, bleibt.</translation>
+    </message>
+</context>
+<context>
+    <name>ModelDownloadModel</name>
+    <message>
+        <source>Connecting</source>
+        <translation>Verbindung wird aufgebaut</translation>
+    </message>
+    <message>
+        <source>%1 %</source>
+        <translation>%1 %</translation>
+    </message>
+</context>
+<context>
+    <name>ModelDownloadWindow</name>
+    <message>
+        <source>Speech model</source>
+        <translation>Sprachmodell</translation>
+    </message>
+</context>
+<context>
+    <name>ModelDownloader</name>
+    <message>
+        <source>This installation has no engine for the model &quot;%1&quot;. Choose another model.</source>
+        <translation>Diese Installation kann das Modell „%1“ nicht ausführen. Wähle ein anderes.</translation>
+    </message>
+</context>
+<context>
+    <name>ModelListModel</name>
+    <message>
+        <source>English</source>
+        <translation>Englisch</translation>
+    </message>
+    <message>
+        <source>Many languages</source>
+        <translation>Viele Sprachen</translation>
+    </message>
+</context>
+<context>
+    <name>ModelRow</name>
+    <message>
+        <source>%1: %2 of 10</source>
+        <translation>%1: %2 von 10</translation>
+    </message>
+    <message>
+        <source>in use</source>
+        <translation>in Gebrauch</translation>
+    </message>
+    <message>
+        <source>Speed</source>
+        <translation>Tempo</translation>
+    </message>
+    <message>
+        <source>Accuracy</source>
+        <translation>Genauigkeit</translation>
+    </message>
+    <message>
+        <source>Its file is put into the folder of the models by hand.</source>
+        <translation>Seine Datei wird von Hand in den Ordner der Modelle gelegt.</translation>
+    </message>
+    <message>
+        <source>Use</source>
+        <translation>Verwenden</translation>
+    </message>
+    <message>
+        <source>Go on downloading</source>
+        <translation>Weiter laden</translation>
+    </message>
+    <message>
+        <source>Download</source>
+        <translation>Herunterladen</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Entfernen</translation>
+    </message>
+</context>
+<context>
+    <name>ModelsPage</name>
+    <message>
+        <source>Models</source>
+        <translation>Modelle</translation>
+    </message>
+    <message>
+        <source>What turns speech into text, on this computer. Larger models make fewer mistakes and take longer.</source>
+        <translation>Macht auf diesem Rechner Sprache zu Text. Größere Modelle machen weniger Fehler und brauchen länger.</translation>
+    </message>
+</context>
+<context>
+    <name>Onboarding</name>
+    <message>
+        <source>Step %1 of 5</source>
+        <translation>Schritt %1 von 5</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>Zurück</translation>
+    </message>
+    <message>
+        <source>Done</source>
+        <translation>Fertig</translation>
+    </message>
+    <message>
+        <source>Continue</source>
+        <translation>Weiter</translation>
+    </message>
+    <message>
+        <source>Later</source>
+        <translation>Später</translation>
+    </message>
+    <message>
+        <source>Can you be heard?</source>
+        <translation>Bist du zu hören?</translation>
+    </message>
+    <message>
+        <source>Say something and watch the bar. Nothing is recorded here.</source>
+        <translation>Sag etwas und beobachte den Balken. Hier wird nichts aufgenommen.</translation>
+    </message>
+    <message>
+        <source>Level of the microphone</source>
+        <translation>Pegel des Mikrofons</translation>
+    </message>
+    <message>
+        <source>Can vantro type for you?</source>
+        <translation>Kann vantro für dich tippen?</translation>
+    </message>
+    <message>
+        <source>The finished text is pasted into the window you were working in. This page sends itself the same keystroke.</source>
+        <translation>Der fertige Text wird in das Fenster eingefügt, in dem du gearbeitet hast. Diese Seite schickt sich selbst denselben Tastendruck.</translation>
+    </message>
+    <message>
+        <source>Try again</source>
+        <translation>Erneut versuchen</translation>
+    </message>
+    <message>
+        <source>Your shortcut</source>
+        <translation>Dein Tastenkürzel</translation>
+    </message>
+    <message>
+        <source>Press it anywhere, and speak.</source>
+        <translation>Drücke es irgendwo und sprich.</translation>
+    </message>
+    <message>
+        <source>The speech model</source>
+        <translation>Das Sprachmodell</translation>
+    </message>
+    <message>
+        <source>It turns your speech into text on this computer. It is fetched once.</source>
+        <translation>Es macht auf diesem Rechner aus deiner Sprache Text. Es wird einmal geladen.</translation>
+    </message>
+    <message>
+        <source>%1 is there.</source>
+        <translation>%1 ist da.</translation>
+    </message>
+    <message>
+        <source>%1, %2, is not on this computer yet.</source>
+        <translation>%1, %2, ist noch nicht auf diesem Rechner.</translation>
+    </message>
+    <message>
+        <source>Download of %1</source>
+        <translation>Download von %1</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Download</source>
+        <translation>Herunterladen</translation>
+    </message>
+    <message>
+        <source>Try it</source>
+        <translation>Probiere es aus</translation>
+    </message>
+    <message>
+        <source>The speech model is not there yet. Go back one page to fetch it.</source>
+        <translation>Das Sprachmodell ist noch nicht da. Geh eine Seite zurück, um es zu laden.</translation>
+    </message>
+    <message>
+        <source>There is no shortcut yet. Until there is one, vantro&apos;s menu in the tray starts a dictation.</source>
+        <translation>Es gibt noch kein Tastenkürzel. Bis dahin beginnt ein Diktat über das Menü von vantro in der Leiste.</translation>
+    </message>
+    <message>
+        <source>Press %1, say a sentence, then press Space.</source>
+        <translation>Drücke %1, sag einen Satz und drücke dann die Leertaste.</translation>
+    </message>
+    <message>
+        <source>Your sentence appears here</source>
+        <translation>Dein Satz erscheint hier</translation>
+    </message>
+</context>
+<context>
+    <name>OnboardingModel</name>
+    <message>
+        <source>The desktop&apos;s microphone</source>
+        <translation>Das Mikrofon des Desktops</translation>
+    </message>
+    <message>
+        <source>%1 hears you.</source>
+        <translation>%1 hört dich.</translation>
+    </message>
+    <message>
+        <source>%1 is open. Say something.</source>
+        <translation>%1 ist offen. Sag etwas.</translation>
+    </message>
+    <message>
+        <source>Trying the keyboard...</source>
+        <translation>Die Tastatur wird ausprobiert...</translation>
+    </message>
+    <message>
+        <source>The keystroke arrived: vantro can paste for you.</source>
+        <translation>Der Tastendruck kam an: vantro kann für dich einfügen.</translation>
+    </message>
+    <message>
+        <source>The keystroke did not arrive.</source>
+        <translation>Der Tastendruck kam nicht an.</translation>
+    </message>
+    <message>
+        <source>Try again with this window in front. Without it your text waits on the clipboard, to be pasted with %1.</source>
+        <translation>Versuche es erneut, mit diesem Fenster vorn. Ohne ihn wartet dein Text in der Zwischenablage und wird mit %1 eingefügt.</translation>
+    </message>
+    <message>
+        <source>It works in every program. Press it once to begin, and Space when you have said everything.</source>
+        <translation>Es wirkt in jedem Programm. Drücke es einmal zum Beginnen und die Leertaste, wenn du alles gesagt hast.</translation>
+    </message>
+    <message>
+        <source>None of the usual shortcuts is free. Record one of your own.</source>
+        <translation>Keines der üblichen Tastenkürzel ist frei. Nimm ein eigenes auf.</translation>
+    </message>
+</context>
+<context>
+    <name>PasteDelivery</name>
+    <message>
+        <source>The text is on the clipboard: paste it with %1.</source>
+        <translation>Der Text ist in der Zwischenablage: Füge ihn mit %1 ein.</translation>
+    </message>
+    <message>
+        <source>No window had the keyboard when the dictation began. </source>
+        <translation>Kein Fenster hatte die Tastatur, als das Diktat begann. </translation>
+    </message>
+    <message>
+        <source>The window you were working in has been closed. </source>
+        <translation>Das Fenster, in dem du gearbeitet hast, wurde geschlossen. </translation>
+    </message>
+    <message>
+        <source>The keyboard did not return to the window you were working in. </source>
+        <translation>Die Tastatur kam nicht zu dem Fenster zurück, in dem du gearbeitet hast. </translation>
+    </message>
+</context>
+<context>
+    <name>PasteHud</name>
+    <message>
+        <source>to paste</source>
+        <translation>zum Einfügen</translation>
+    </message>
+    <message>
+        <source>%1 to paste</source>
+        <translation>%1 zum Einfügen</translation>
+    </message>
+</context>
+<context>
+    <name>ProviderConfigurationManager</name>
+    <message>
+        <source>The stored list of providers cannot be read. It is kept in the settings as %1; the list begins anew with the defaults</source>
+        <translation>Die gespeicherte Liste der Anbieter ist nicht lesbar. Sie bleibt in den Einstellungen als %1; die Liste beginnt neu mit den Vorgaben</translation>
+    </message>
+    <message>
+        <source>Keys of removed providers stay until the next start: </source>
+        <translation>Schlüssel entfernter Anbieter bleiben bis zum nächsten Start: </translation>
+    </message>
+</context>
+<context>
+    <name>ProviderForm</name>
+    <message>
+        <source>Name is required</source>
+        <translation>Ein Name ist nötig</translation>
+    </message>
+    <message>
+        <source>Model is required</source>
+        <translation>Ein Modell ist nötig</translation>
+    </message>
+    <message>
+        <source>URL is required for custom provider</source>
+        <translation>Für einen eigenen Anbieter ist eine URL nötig</translation>
+    </message>
+    <message>
+        <source>Invalid URL format</source>
+        <translation>Ungültige Form der URL</translation>
+    </message>
+    <message>
+        <source>must be a whole number</source>
+        <translation>muss eine ganze Zahl sein</translation>
+    </message>
+    <message>
+        <source>Set either max tokens or max completion tokens, not both — the API rejects requests carrying both.</source>
+        <translation>Setze entweder „max tokens“ oder „max completion tokens“, nicht beides – die API lehnt Anfragen mit beidem ab.</translation>
+    </message>
+    <message>
+        <source>must be a number</source>
+        <translation>muss eine Zahl sein</translation>
+    </message>
+    <message>
+        <source>Used for legacy models</source>
+        <translation>Für ältere Modelle</translation>
+    </message>
+    <message>
+        <source>Newer models (gpt-5, o-series)</source>
+        <translation>Neuere Modelle (gpt-5, o-Reihe)</translation>
+    </message>
+    <message>
+        <source>Lower is more focused; Empty omits it from the request.</source>
+        <translation>Niedriger ist strenger; leer lässt es in der Anfrage weg.</translation>
+    </message>
+    <message>
+        <source>Alternative to temperature; empty omits it.</source>
+        <translation>Statt der Temperatur; leer lässt es weg.</translation>
+    </message>
+    <message>
+        <source>fast, priority...</source>
+        <translation>fast, priority...</translation>
+    </message>
+    <message>
+        <source>For reasoning-capable models; minimal is usually right for formatting.</source>
+        <translation>Für Modelle, die nachdenken können; zum Formatieren genügt meist minimal.</translation>
+    </message>
+</context>
+<context>
+    <name>PulseAudioEngine</name>
+    <message>
+        <source>&quot;%1&quot; is switched off in the sound settings. Switch it on or choose another under Settings, Microphone.</source>
+        <translation>„%1“ ist in den Toneinstellungen ausgeschaltet. Schalte es ein oder wähle ein anderes unter Einstellungen, Mikrofon.</translation>
+    </message>
+    <message>
+        <source>The sound server does not let vantro record from &quot;%1&quot;. Choose another under Settings, Microphone.</source>
+        <translation>Der Tonserver lässt vantro nicht von „%1“ aufnehmen. Wähle ein anderes unter Einstellungen, Mikrofon.</translation>
+    </message>
+</context>
+<context>
+    <name>QGuiApplication</name>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>vantro is running</source>
+        <translation>vantro läuft</translation>
+    </message>
+    <message>
+        <source>Press %1 to dictate into the window you are working in.</source>
+        <translation>Drücke %1, um in das Fenster zu diktieren, in dem du arbeitest.</translation>
+    </message>
+    <message>
+        <source>the microphone</source>
+        <translation>dem Mikrofon</translation>
+    </message>
+    <message>
+        <source>The usual shortcuts are all used by other programs. Take one of your own.</source>
+        <translation>Die üblichen Tastenkürzel werden alle von anderen Programmen benutzt. Nimm ein eigenes.</translation>
+    </message>
+</context>
+<context>
+    <name>RemoteFormatError</name>
+    <message>
+        <source>Network error: </source>
+        <translation>Netzwerkfehler: </translation>
+    </message>
+    <message>
+        <source>API error (%1): </source>
+        <translation>API-Fehler (%1): </translation>
+    </message>
+    <message>
+        <source>Remote provider is not configured</source>
+        <translation>Es ist kein Anbieter eingerichtet</translation>
+    </message>
+    <message>
+        <source>Invalid API key. Please check your credentials.</source>
+        <translation>Ungültiger API-Schlüssel. Bitte prüfe deine Zugangsdaten.</translation>
+    </message>
+    <message>
+        <source>Invalid response from API</source>
+        <translation>Ungültige Antwort der API</translation>
+    </message>
+    <message>
+        <source>Rate limit exceeded. Please try again later.</source>
+        <translation>Zu viele Anfragen. Bitte versuche es später noch einmal.</translation>
+    </message>
+    <message>
+        <source>Text too long for model context window</source>
+        <translation>Der Text ist zu lang für das Modell</translation>
+    </message>
+    <message>
+        <source>Unknown error</source>
+        <translation>Unbekannter Fehler</translation>
+    </message>
+</context>
+<context>
+    <name>Settings</name>
+    <message>
+        <source>General</source>
+        <translation>Allgemein</translation>
+    </message>
+    <message>
+        <source>Models</source>
+        <translation>Modelle</translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation>Über</translation>
+    </message>
+    <message>
+        <source>Shortcut</source>
+        <translation>Tastenkürzel</translation>
+    </message>
+    <message>
+        <source>Microphone</source>
+        <translation>Mikrofon</translation>
+    </message>
+</context>
+<context>
+    <name>ShortcutPage</name>
+    <message>
+        <source>Choose the shortcut for dictation</source>
+        <translation>Wähle das Tastenkürzel zum Diktieren</translation>
+    </message>
+    <message>
+        <source>Done</source>
+        <translation>Fertig</translation>
+    </message>
+</context>
+<context>
+    <name>ShortcutRecorder</name>
+    <message>
+        <source>Press the keys</source>
+        <translation>Drücke die Tasten</translation>
+    </message>
+    <message>
+        <source>Record a shortcut</source>
+        <translation>Tastenkürzel aufnehmen</translation>
+    </message>
+    <message>
+        <source>Clear the shortcut</source>
+        <translation>Das Tastenkürzel löschen</translation>
+    </message>
+    <message>
+        <source>Esc keeps the former one, Backspace clears it.</source>
+        <translation>Esc behält das frühere, die Rücktaste löscht es.</translation>
+    </message>
+</context>
+<context>
+    <name>ShortcutValidator</name>
+    <message>
+        <source>Start a dictation</source>
+        <translation>Ein Diktat beginnen</translation>
+    </message>
+    <message>
+        <source>End the recording</source>
+        <translation>Die Aufnahme beenden</translation>
+    </message>
+    <message>
+        <source>switch to another console</source>
+        <translation>zu einer anderen Konsole wechseln</translation>
+    </message>
+    <message>
+        <source>Cancel the dictation</source>
+        <translation>Das Diktat abbrechen</translation>
+    </message>
+    <message>
+        <source>Choose mode %1</source>
+        <translation>Modus %1 wählen</translation>
+    </message>
+</context>
+<context>
+    <name>ShortcutWindow</name>
+    <message>
+        <source>Shortcut</source>
+        <translation>Tastenkürzel</translation>
+    </message>
+</context>
+<context>
+    <name>SpokenLanguages</name>
+    <message>
+        <source>Detect automatically</source>
+        <translation>Automatisch erkennen</translation>
+    </message>
+</context>
+<context>
+    <name>TransferRate</name>
+    <message>
+        <source>%1 s left</source>
+        <translation>noch %1 s</translation>
+    </message>
+    <message>
+        <source>%1 min left</source>
+        <translation>noch %1 min</translation>
+    </message>
+    <message>
+        <source>%1 h %2 min left</source>
+        <translation>noch %1 h %2 min</translation>
+    </message>
+    <message>
+        <source>%1/s</source>
+        <translation>%1/s</translation>
+    </message>
+</context>
+<context>
+    <name>TrayIcon</name>
+    <message>
+        <source>Dictate</source>
+        <translation>Diktieren</translation>
+    </message>
+    <message>
+        <source>History</source>
+        <translation>Verlauf</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>Einstellungen</translation>
+    </message>
+    <message>
+        <source>Models</source>
+        <translation>Modelle</translation>
+    </message>
+    <message>
+        <source>Check for Updates</source>
+        <translation>Nach Updates suchen</translation>
+    </message>
+    <message>
+        <source>Report an Error</source>
+        <translation>Fehler melden</translation>
+    </message>
+    <message>
+        <source>Send Feedback</source>
+        <translation>Rückmeldung senden</translation>
+    </message>
+    <message>
+        <source>About vantro</source>
+        <translation>Über vantro</translation>
+    </message>
+    <message>
+        <source>Quit</source>
+        <translation>Beenden</translation>
+    </message>
+    <message>
+        <source>vantro: press %1 and speak</source>
+        <translation>vantro: %1 drücken und sprechen</translation>
+    </message>
+    <message>
+        <source>vantro is listening</source>
+        <translation>vantro hört zu</translation>
+    </message>
+    <message>
+        <source>vantro is transcribing</source>
+        <translation>vantro transkribiert</translation>
+    </message>
+</context>
+<context>
+    <name>UpdateChecker</name>
+    <message>
+        <source>You have %1.</source>
+        <translation>Du hast %1.</translation>
+    </message>
+    <message>
+        <source>vantro %1 is available</source>
+        <translation>vantro %1 ist verfügbar</translation>
+    </message>
+    <message>
+        <source>Download</source>
+        <translation>Herunterladen</translation>
+    </message>
+    <message>
+        <source>Skip This Version</source>
+        <translation>Diese Version überspringen</translation>
+    </message>
+    <message>
+        <source>You&apos;re up to date</source>
+        <translation>Du bist auf dem neuesten Stand</translation>
+    </message>
+    <message>
+        <source>vantro %1 is the latest version.</source>
+        <translation>vantro %1 ist die neueste Version.</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>VocabularySettings</name>
+    <message>
+        <source>Vocabulary Limit Reached</source>
+        <translation>Höchstzahl der Wörter erreicht</translation>
+    </message>
+    <message>
+        <source>You have reached the maximum limit of %1 custom vocabulary words. Please remove some words to add new ones.</source>
+        <translation>Du hast die Höchstzahl von %1 eigenen Wörtern erreicht. Bitte entferne einige, um neue hinzuzufügen.</translation>
+    </message>
+    <message>
+        <source>Replacement Limit Reached</source>
+        <translation>Höchstzahl der Ersetzungen erreicht</translation>
+    </message>
+    <message>
+        <source>You have reached the maximum limit of %1 text replacements. Please remove some replacements to add new ones.</source>
+        <translation>Du hast die Höchstzahl von %1 Ersetzungen erreicht. Bitte entferne einige, um neue hinzuzufügen.</translation>
+    </message>
+</context>
+<context>
+    <name>Windows</name>
+    <message>
+        <source>vantro settings</source>
+        <translation>vantro – Einstellungen</translation>
+    </message>
+    <message>
+        <source>Welcome to vantro</source>
+        <translation>Willkommen bei vantro</translation>
+    </message>
+    <message>
+        <source>No Mail Program</source>
+        <translation>Kein Mailprogramm</translation>
+    </message>
+    <message>
+        <source>No mail program could be started. Write to %1.</source>
+        <translation>Es konnte kein Mailprogramm gestartet werden. Schreibe an %1.</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>vantro history</source>
+        <translation>vantro – Verlauf</translation>
+    </message>
+    <message>
+        <source>vantro ended unexpectedly</source>
+        <translation>vantro wurde unerwartet beendet</translation>
+    </message>
+    <message>
+        <source>It has been started again and works. What was dictated before is in the history; a dictation that was under way is lost.</source>
+        <translation>Es wurde neu gestartet und läuft. Was vorher diktiert wurde, steht im Verlauf; ein laufendes Diktat ist verloren.</translation>
+    </message>
+    <message>
+        <source>Report an Error</source>
+        <translation>Fehler melden</translation>
+    </message>
+    <message>
+        <source>The settings come from a newer version of vantro.</source>
+        <translation>Die Einstellungen stammen von einer neueren Version von vantro.</translation>
+    </message>
+    <message>
+        <source>The settings file was damaged.</source>
+        <translation>Die Datei mit den Einstellungen war beschädigt.</translation>
+    </message>
+    <message>
+        <source>vantro starts with fresh settings</source>
+        <translation>vantro beginnt mit frischen Einstellungen</translation>
+    </message>
+    <message>
+        <source>It is kept as %1. Shortcut and microphone may have to be chosen anew.</source>
+        <translation>Die Datei bleibt als %1 erhalten. Tastenkürzel und Mikrofon müssen vielleicht neu gewählt werden.</translation>
+    </message>
+</context>
+<context>
+    <name>X11Connection</name>
+    <message>
+        <source>There is no connection to an X server. Start vantro inside a graphical session, with DISPLAY set.</source>
+        <translation>Es gibt keine Verbindung zu einem X-Server. Starte vantro in einer grafischen Sitzung, mit gesetztem DISPLAY.</translation>
+    </message>
+</context>
+<context>
+    <name>X11HotKeyManager</name>
+    <message>
+        <source>No key of this keyboard gives %1. Choose another shortcut.</source>
+        <translation>Keine Taste dieser Tastatur ergibt %1. Wähle ein anderes Tastenkürzel.</translation>
+    </message>
+    <message>
+        <source>%1 is already used by another program. Choose another shortcut, or free it in that program or in the desktop&apos;s keyboard settings.</source>
+        <translation>%1 wird schon von einem anderen Programm benutzt. Wähle ein anderes Tastenkürzel oder gib es in jenem Programm oder in den Tastatureinstellungen des Desktops frei.</translation>
+    </message>
+</context>
+<context>
+    <name>X11KeyEventPoster</name>
+    <message>
+        <source>The X server does not let programs type (its XTEST extension is missing).</source>
+        <translation>Der X-Server lässt Programme nicht tippen (seine Erweiterung XTEST fehlt).</translation>
+    </message>
+    <message>
+        <source>The X server refused the paste keystroke.</source>
+        <translation>Der X-Server hat den Tastendruck zum Einfügen abgelehnt.</translation>
+    </message>
+    <message>
+        <source>The X server does not tell what the keyboard&apos;s keys are.</source>
+        <translation>Der X-Server sagt nicht, welche Tasten die Tastatur hat.</translation>
+    </message>
+    <message>
+        <source>The keyboard layout has no Control or no Shift key, so nothing can be pasted.</source>
+        <translation>Die Tastaturbelegung hat keine Strg- oder keine Umschalttaste, also kann nichts eingefügt werden.</translation>
+    </message>
+    <message>
+        <source>The keyboard layout has no key for the paste keystroke and no unused one to put it on.</source>
+        <translation>Die Tastaturbelegung hat keine Taste für den Tastendruck zum Einfügen und keine freie dafür.</translation>
+    </message>
+</context>
+<context>
+    <name>XdgAutostart</name>
+    <message>
+        <source>%1 could not be removed: %2</source>
+        <translation>%1 konnte nicht entfernt werden: %2</translation>
+    </message>
+    <message>
+        <source>%1 could not be written: %2</source>
+        <translation>%1 konnte nicht geschrieben werden: %2</translation>
+    </message>
+</context>
+<context>
+    <name>vantro</name>
+    <message>
+        <source>the text is not UTF-8</source>
+        <translation>der Text ist kein UTF-8</translation>
+    </message>
+    <message>
+        <source>at byte %1: %2</source>
+        <translation>bei Byte %1: %2</translation>
+    </message>
+    <message>
+        <source>the JSON text is not a list</source>
+        <translation>der JSON-Text ist keine Liste</translation>
+    </message>
+    <message>
+        <source>entry %1 needs the texts &quot;find&quot;, which must not be empty, and &quot;replace&quot;</source>
+        <translation>Eintrag %1 braucht die Texte „find“, der nicht leer sein darf, und „replace“</translation>
+    </message>
+    <message>
+        <source>entry %1 is not of the form %2</source>
+        <translation>Eintrag %1 hat nicht die Form %2</translation>
+    </message>
+    <message>
+        <source>entry %1 is not a word</source>
+        <translation>Eintrag %1 ist kein Wort</translation>
+    </message>
+</context>
+<context>
+    <name>wording</name>
+    <message>
+        <source>No microphone is connected. Plug one in or choose another under Settings, Microphone.</source>
+        <translation>Es ist kein Mikrofon angeschlossen. Schließe eines an oder wähle ein anderes unter Einstellungen, Mikrofon.</translation>
+    </message>
+    <message>
+        <source>The sound server does not answer. Start PulseAudio or PipeWire (for example: systemctl --user start pipewire-pulse) and try again.</source>
+        <translation>Der Tonserver antwortet nicht. Starte PulseAudio oder PipeWire (zum Beispiel: systemctl --user start pipewire-pulse) und versuche es erneut.</translation>
+    </message>
+    <message>
+        <source>In a terminal: vantro --shortcut Ctrl+Alt+Space</source>
+        <translation>In einem Terminal: vantro --shortcut Ctrl+Alt+Space</translation>
+    </message>
+    <message>
+        <source>Your API key is stored securely in the desktop&apos;s Secret Service</source>
+        <translation>Dein API-Schlüssel liegt sicher im Secret Service des Desktops</translation>
+    </message>
+    <message>
+        <source>No Secret Service answers, so keys cannot be kept. Install and start GNOME Keyring or KWallet, or switch on the Secret Service of KeePassXC.</source>
+        <translation>Kein Secret Service antwortet, also können keine Schlüssel aufbewahrt werden. Installiere und starte GNOME Keyring oder KWallet, oder schalte den Secret Service von KeePassXC ein.</translation>
+    </message>
+    <message>
+        <source>There is no session bus to ask the Secret Service over. Log in to a desktop session, or start one with dbus-run-session.</source>
+        <translation>Es gibt keinen Sitzungsbus, über den der Secret Service zu fragen wäre. Melde dich an einem Desktop an oder starte einen mit dbus-run-session.</translation>
+    </message>
+    <message>
+        <source>The keyring is locked. Unlock it (Passwords and Keys, KWalletManager or KeePassXC) and try again.</source>
+        <translation>Der Schlüsselbund ist gesperrt. Entsperre ihn (Passwörter und Verschlüsselung, KWalletManager oder KeePassXC) und versuche es erneut.</translation>
+    </message>
+    <message>
+        <source>The Secret Service could not do it: %1</source>
+        <translation>Der Secret Service konnte es nicht: %1</translation>
+    </message>
+    <message>
+        <source>Local processing requires a language model that comes with the system; this one has none</source>
+        <translation>Die lokale Verarbeitung braucht ein Sprachmodell, das mit dem System kommt; dieses hat keines</translation>
+    </message>
+    <message>
+        <source>Please enable the system&apos;s language model in Settings to use local processing</source>
+        <translation>Bitte schalte in den Einstellungen das Sprachmodell des Systems ein, um lokal zu verarbeiten</translation>
+    </message>
+</context>
+</TS>

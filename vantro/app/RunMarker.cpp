@@ -1,0 +1,66 @@
+#include "vantro/app/RunMarker.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QStandardPaths>
+
+#include <unistd.h>
+
+#include <array>
+#include <cstdlib>
+#include <cstring>
+
+namespace vantro {
+
+namespace {
+
+/// Kept for the end of the process, which Qt brings about by exit() when the display is gone: no destructor runs then.
+std::array<char, 4096> markerPath{};
+
+void removeMarker()
+{
+    if (markerPath.front() != '\0')
+        unlink(markerPath.data());
+    markerPath.front() = '\0';
+}
+
+/// Another one after each start of the machine.
+QByteArray bootId()
+{
+    QFile file(QStringLiteral("/proc/sys/kernel/random/boot_id"));
+    return file.open(QIODevice::ReadOnly) ? file.readAll().trimmed() : QByteArray();
+}
+
+} // namespace
+
+QString RunMarker::standardPath()
+{
+    QString folder = qEnvironmentVariable("XDG_STATE_HOME");
+    if (!QDir::isAbsolutePath(folder))
+        folder = QDir::homePath() + QStringLiteral("/.local/state");
+    return folder + QStringLiteral("/vantro/running");
+}
+
+RunMarker::RunMarker(const QString& path)
+{
+    QFile file(path);
+    if (file.open(QIODevice::ReadOnly)) {
+        foundCrash_ = file.readAll().trimmed() == bootId();
+        file.close();
+    }
+    QDir().mkpath(QFileInfo(path).path());
+    const QByteArray encoded = QFile::encodeName(path);
+    if (encoded.size() >= static_cast<qsizetype>(markerPath.size()) || !file.open(QIODevice::WriteOnly))
+        return;
+    file.write(bootId());
+    std::memcpy(markerPath.data(), encoded.constData(), static_cast<std::size_t>(encoded.size()) + 1);
+    std::atexit(removeMarker);
+}
+
+RunMarker::~RunMarker()
+{
+    removeMarker();
+}
+
+} // namespace vantro

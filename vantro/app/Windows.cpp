@@ -1,0 +1,267 @@
+#include "vantro/app/Windows.h"
+
+#include "vantro/support/SupportMail.h"
+#include "vantro/ui/history/HistoryModel.h"
+#include "vantro/ui/onboarding/OnboardingModel.h"
+#include "vantro/ui/settings/AboutModel.h"
+#include "vantro/ui/settings/GeneralSettings.h"
+#include "vantro/ui/settings/MicrophoneSettings.h"
+#include "vantro/ui/shortcuts/ShortcutRecorderType.h"
+
+#include <QGuiApplication>
+#include <QIcon>
+
+#include "generated/Product.h"
+
+#include <utility>
+
+void qml_register_types_Vantro_History();
+void qml_register_types_Vantro_Onboarding();
+void qml_register_types_Vantro_Settings();
+
+namespace vantro {
+
+namespace {
+
+constexpr QSize settingsSize(820, 620);
+constexpr QSize leastSettingsSize(640, 420);
+constexpr QSize onboardingSize(520, 420);
+
+QUrl manifestAddress()
+{
+    // For tests, and for companies that publish their own.
+    const QString own = qEnvironmentVariable("VANTRO_UPDATE_MANIFEST");
+    return QUrl(own.isEmpty() ? QLatin1String(product::updateManifest) : own);
+}
+
+const QString version = QStringLiteral(VANTRO_VERSION);
+
+} // namespace
+
+Windows::Windows(Parts parts)
+    : parts_(std::move(parts))
+    , ui_(parts_.defaults, *parts_.platform.appearance)
+    , hud_(ui_.engine(), *parts_.platform.workspace, parts_.clock)
+    , updates_({parts_.defaults, *parts_.platform.workspace, manifestAddress(), version, updateAlert()})
+    , settings_(ui_.engine(), *parts_.platform.workspace,
+                {tr("vantro settings"), QUrl(QStringLiteral("qrc:/qt/qml/Vantro/Settings/Settings.qml")), settingsSize,
+                 leastSettingsSize},
+                [this] { return settingsContent(); })
+    , transcriptions_(ui_.engine(), *parts_.platform.workspace,
+                      {tr("vantro history"), QUrl(QStringLiteral("qrc:/qt/qml/Vantro/History/History.qml")),
+                       settingsSize, leastSettingsSize},
+                      [this] { return historyContent(); })
+    , onboarding_(ui_.engine(), *parts_.platform.workspace,
+                  {tr("Welcome to vantro"), QUrl(QStringLiteral("qrc:/qt/qml/Vantro/Onboarding/Onboarding.qml")),
+                   onboardingSize, onboardingSize},
+                  [this] { return onboardingContent(); })
+    , tray_(*parts_.platform.tray)
+{
+    keepModule(qml_register_types_Vantro_History);
+    keepModule(qml_register_types_Vantro_Onboarding);
+    keepModule(qml_register_types_Vantro_Settings);
+    keepModule(qml_register_types_Vantro_Shortcuts);
+    QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/com.vantro.app.svg")));
+    downloadObservation_ = parts_.notifications.observe(QStringLiteral("download:model:success"),
+                                                        [this](const auto&) { closeModelDownload(); });
+    onboarding_.onClosed([this] {
+        parts_.setSandboxMode(false);
+        parts_.downloader.cancel(); // what was fetched is kept
+        parts_.notifications.post(QStringLiteral("permissions:close"));
+    });
+    connectTray();
+}
+
+Windows::~Windows() = default;
+
+void Windows::connectTray()
+{
+    connect(&tray_, &TrayIcon::settingsRequested, this, [this] { showSettings(QStringLiteral("general")); });
+    connect(&tray_, &TrayIcon::modelsRequested, this, [this] { showSettings(QStringLiteral("models")); });
+    connect(&tray_, &TrayIcon::aboutRequested, this, [this] { showSettings(QStringLiteral("about")); });
+    connect(&tray_, &TrayIcon::historyRequested, this, [this] { transcriptions_.open(); });
+    connect(&tray_, &TrayIcon::updateCheckRequested, this, [this] { updates_.check(UpdateChecker::Asker::user); });
+    connect(&tray_, &TrayIcon::errorReportRequested, this, &Windows::reportError);
+    connect(&tray_, &TrayIcon::feedbackRequested, this, &Windows::sendFeedback);
+    connect(&tray_, &TrayIcon::quitRequested, this, &Windows::quitRequested);
+}
+
+void Windows::showMain()
+{
+    if (onboarding_.isOpen())
+        onboarding_.open();
+    else
+        showSettings(QStringLiteral("general"));
+}
+
+void Windows::showSettings(const QString& page)
+{
+    settings_.open();
+    if (QObject* const root = settings_.root())
+        root->setProperty("page", page);
+}
+
+LazyWindow::Content Windows::settingsContent()
+{
+    auto general = std::make_unique<GeneralSettings>(
+        GeneralSettings::Parts{parts_.defaults, *parts_.platform.loginItem, updates_, [this] {
+                                   ui_.applyTheme();
+                               }});
+    auto models = std::make_unique<ModelListModel>(ModelListModel::Parts{
+        parts_.catalogue.models(), [this](const TranscriptionModel& model) { return stateOf(model); },
+        [this] { return parts_.models.selectedModel().name; },
+        [this](const TranscriptionModel& model) { parts_.models.select(model); },
+        [this](const TranscriptionModel& model) { showModelDownload(model, {}); },
+        [this](const TranscriptionModel& model) {
+            parts_.modelStore.remove(model);
+        }});
+    connect(&parts_.downloader, &ModelDownloader::isRunningChanged, models.get(), &ModelListModel::refresh);
+    auto about = std::make_unique<AboutModel>(AboutModel::Actions{[this] { reportError(); }, [this] { sendFeedback(); },
+                                                                  [this] {
+                                                                      Q_EMIT quitRequested();
+                                                                  }});
+    about->version = version;
+    about->system = mail::systemInformation(version, *parts_.platform.systemInfo);
+
+    auto microphone =
+        std::make_unique<MicrophoneSettings>(parts_.platform.makeAudioEngine, parts_.devices, parts_.clock);
+    auto open = makeRecorder(KeyboardShortcuts::Name::openModal);
+    auto stop = makeRecorder(KeyboardShortcuts::Name::stopRecordingAndCloseModal);
+
+    LazyWindow::Content content;
+    content.properties = {{QStringLiteral("general"), QVariant::fromValue(general.get())},
+                          {QStringLiteral("microphone"), QVariant::fromValue(microphone.get())},
+                          {QStringLiteral("openRecorder"), QVariant::fromValue(open.get())},
+                          {QStringLiteral("stopRecorder"), QVariant::fromValue(stop.get())},
+                          {QStringLiteral("models"), QVariant::fromValue(models.get())},
+                          {QStringLiteral("about"), QVariant::fromValue(about.get())}};
+    content.models.push_back(std::move(general));
+    content.models.push_back(std::move(microphone));
+    content.models.push_back(std::move(open));
+    content.models.push_back(std::move(stop));
+    content.models.push_back(std::move(models));
+    content.models.push_back(std::move(about));
+    return content;
+}
+
+std::unique_ptr<RecorderCocoa> Windows::makeRecorder(const KeyboardShortcuts::Name& name)
+{
+    return std::make_unique<RecorderCocoa>(parts_.shortcuts, *parts_.platform.hotKeys,
+                                           *parts_.platform.desktopShortcuts, parts_.notifications, name);
+}
+
+LazyWindow::Content Windows::historyContent()
+{
+    auto model = std::make_unique<HistoryModel>(parts_.store, *parts_.platform.pasteboard);
+    LazyWindow::Content content;
+    content.properties = {{QStringLiteral("model"), QVariant::fromValue(model.get())}};
+    content.models.push_back(std::move(model));
+    return content;
+}
+
+LazyWindow::Content Windows::onboardingContent()
+{
+    auto model = std::make_unique<OnboardingModel>(OnboardingModel::Parts{
+        parts_.platform.makeAudioEngine, parts_.devices, *parts_.platform.permissions, *parts_.platform.keyEvents,
+        parts_.shortcuts, parts_.notifications, parts_.clock, parts_.downloader, parts_.models.selectedModel(),
+        [this] { return parts_.isPresent(parts_.models.selectedModel()); }, parts_.setSandboxMode});
+    auto recorder = makeRecorder(KeyboardShortcuts::Name::openModal);
+    LazyWindow::Content content;
+    content.properties = {{QStringLiteral("model"), QVariant::fromValue(model.get())},
+                          {QStringLiteral("recorder"), QVariant::fromValue(recorder.get())}};
+    content.models.push_back(std::move(model));
+    content.models.push_back(std::move(recorder));
+    return content;
+}
+
+ModelListModel::State Windows::stateOf(const TranscriptionModel& model) const
+{
+    if (parts_.isPresent(model))
+        return ModelListModel::Ready;
+    if (model.engine == TranscriptionEngine::fluid)
+        return ModelListModel::Manual;
+    return parts_.modelStore.status(model).state == ModelStatus::State::partial ? ModelListModel::Partial
+                                                                                : ModelListModel::Missing;
+}
+
+void Windows::showAlert(AlertWindow::Kind kind, const QString& title, const QString& text, const QStringList& buttons,
+                        AlertWindow::Answered answered)
+{
+    Logger("Alert").info(QStringLiteral("%1: %2").arg(title, text.simplified()));
+    // Deletes itself when it is closed.
+    (new AlertWindow(ui_.engine(), kind, title, text, buttons, std::move(answered)))->present();
+}
+
+UpdateChecker::ShowAlert Windows::updateAlert()
+{
+    return [this](const UpdateChecker::Alert& alert, UpdateChecker::Answered answered) {
+        showAlert(AlertWindow::Kind::informational, alert.message, alert.informativeText, alert.buttons,
+                  std::move(answered));
+    };
+}
+
+void Windows::showModelDownload(const TranscriptionModel& model, const QString& problem)
+{
+    // While the onboarding is open it shows the model's download on its own page.
+    if (onboarding_.isVisible() && problem.isEmpty()) {
+        onboarding_.open();
+        return;
+    }
+    if (!downloadWindow_)
+        downloadWindow_ = std::make_unique<ModelDownloadWindow>(ui_.engine(), parts_.downloader, parts_.notifications);
+    downloadWindow_->present(model, problem);
+}
+
+void Windows::closeModelDownload()
+{
+    if (!downloadWindow_)
+        return;
+    // It is what announced the end.
+    downloadWindow_->close();
+    downloadWindow_.release()->deleteLater();
+}
+
+void Windows::reportError()
+{
+    const QString address = QLatin1String(product::supportAddress);
+    openMail(mail::errorReportUrl(address, version, *parts_.platform.systemInfo), address);
+}
+
+void Windows::sendFeedback()
+{
+    const QString address = QLatin1String(product::feedbackAddress);
+    openMail(mail::feedbackUrl(address), address);
+}
+
+void Windows::tellOfCrash()
+{
+    showAlert(
+        AlertWindow::Kind::warning, tr("vantro ended unexpectedly"),
+        tr("It has been started again and works. What was dictated before is in the history; a dictation that was "
+           "under way is lost."),
+        {tr("OK"), tr("Report an Error")}, [this](std::optional<int> button) {
+            if (button == 1)
+                reportError();
+        });
+}
+
+void Windows::tellOfSettings(const KeptAside& settings)
+{
+    const QString why = settings.reason == KeptAside::Reason::newer
+                            ? tr("The settings come from a newer version of vantro.")
+                            : tr("The settings file was damaged.");
+    showAlert(AlertWindow::Kind::warning, tr("vantro starts with fresh settings"),
+              why + QLatin1Char(' ') +
+                  tr("It is kept as %1. Shortcut and microphone may have to be chosen anew.").arg(settings.file),
+              {tr("OK")});
+}
+
+void Windows::openMail(const QString& url, const QString& address)
+{
+    if (parts_.platform.workspace->openUrl(url))
+        return;
+    showAlert(AlertWindow::Kind::warning, tr("No Mail Program"),
+              tr("No mail program could be started. Write to %1.").arg(address), {tr("OK")});
+}
+
+} // namespace vantro

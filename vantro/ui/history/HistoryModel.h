@@ -1,0 +1,71 @@
+#pragma once
+
+#include "platform/Pasteboard.h"
+#include "vantro/store/HistoryListModel.h"
+
+#include <QObject>
+#include <QtQml/qqmlregistration.h>
+
+#include <optional>
+
+namespace vantro {
+
+/// The history window: the list, the dictation that is looked at, and the one that was deleted last. Main thread; lives
+/// as long as its window.
+class HistoryModel : public QObject
+{
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("made with its window")
+    Q_PROPERTY(QAbstractListModel* list READ list CONSTANT)
+    Q_PROPERTY(QString search READ search WRITE setSearch NOTIFY searchChanged)
+    Q_PROPERTY(bool hasSelection READ hasSelection NOTIFY selectionChanged)
+    Q_PROPERTY(bool isFormatted READ isFormatted NOTIFY selectionChanged)
+    Q_PROPERTY(QString rawText READ rawText NOTIFY selectionChanged)
+    Q_PROPERTY(QString formattedText READ formattedText NOTIFY selectionChanged)
+    Q_PROPERTY(QString details READ details NOTIFY selectionChanged)
+    Q_PROPERTY(bool canUndo READ canUndo NOTIFY undoChanged)
+    Q_PROPERTY(QString problem READ problem NOTIFY problemChanged)
+public:
+    /// Both must outlive the model.
+    HistoryModel(CoreDataStack& store, Pasteboard& pasteboard);
+
+    [[nodiscard]] QAbstractListModel* list() { return &list_; }
+    [[nodiscard]] QString search() const { return list_.searchText(); }
+    void setSearch(const QString& text);
+    [[nodiscard]] bool hasSelection() const { return selection_.has_value(); }
+    [[nodiscard]] bool isFormatted() const { return selection_ && !selection_->formatted.isEmpty(); }
+    [[nodiscard]] QString rawText() const { return selection_ ? selection_->transcription : QString(); }
+    [[nodiscard]] QString formattedText() const { return selection_ ? selection_->formatted : QString(); }
+    /// When, and in which mode.
+    [[nodiscard]] QString details() const;
+    [[nodiscard]] bool canUndo() const { return deleted_.has_value(); }
+    /// Why the history cannot be read or changed; empty else.
+    [[nodiscard]] QString problem() const { return problem_; }
+
+    Q_INVOKABLE void select(const QUuid& identifier);
+    Q_INVOKABLE void copy(const QString& text);
+    Q_INVOKABLE void remove();
+    Q_INVOKABLE void undo();
+    /// A time of the list, short: today's as a time, others as a date.
+    Q_INVOKABLE QString shortTime(const QDateTime& time) const;
+
+Q_SIGNALS:
+    void searchChanged();
+    void selectionChanged();
+    void undoChanged();
+    void problemChanged();
+
+private:
+    template <typename Change>
+    void attempt(Change change);
+
+    CoreDataStack& store_;
+    Pasteboard& pasteboard_;
+    HistoryListModel list_;
+    std::optional<Transcription> selection_;
+    std::optional<Transcription> deleted_;
+    QString problem_;
+};
+
+} // namespace vantro

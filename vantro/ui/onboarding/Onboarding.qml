@@ -1,0 +1,191 @@
+import QtQuick
+import Vantro.Style
+import Vantro.Onboarding
+import Vantro.Shortcuts
+
+// Leads to the first dictation, one page after the other. Nothing here is a dead end: every page can be passed.
+Rectangle {
+    id: window
+
+    required property OnboardingModel model
+    required property RecorderCocoa recorder
+    readonly property bool isLast: model.step === OnboardingModel.Practice
+    readonly property var goods: [model.isMicrophoneGood, model.areKeysGood, model.isShortcutGood, model.isModelGood]
+    signal closeRequested
+
+    color: Theme.surface
+
+    Keys.onEscapePressed: model.finish()
+    Keys.onPressed: event => {
+        if (event.key === Qt.Key_V && event.modifiers & Qt.ControlModifier)
+            model.keyArrived()
+    }
+
+    Row {
+        id: dots
+        anchors { left: parent.left; right: parent.right; top: parent.top; margins: Theme.space24 }
+        spacing: Theme.space8
+        Accessible.role: Accessible.StaticText
+        Accessible.name: qsTr("Step %1 of 5").arg(window.model.step + 1)
+        Repeater {
+            model: 5
+            Rectangle {
+                required property int index
+                width: (dots.width - 4 * dots.spacing) / 5
+                height: Theme.meterHeight
+                radius: height / 2
+                color: index === window.model.step ? Theme.accent
+                     : window.goods[index] ? Theme.success : Theme.fieldOutline
+            }
+        }
+    }
+    Loader {
+        id: page
+        anchors { left: parent.left; right: parent.right; top: dots.bottom; bottom: buttons.top; margins: Theme.space24 }
+        sourceComponent: [microphonePage, keysPage, shortcutPage, modelPage, practicePage][window.model.step]
+    }
+    Item {
+        id: buttons
+        anchors { left: parent.left; right: parent.right; bottom: parent.bottom; margins: Theme.space24 }
+        height: next.implicitHeight
+
+        VButton {
+            anchors.left: parent.left
+            visible: window.model.step > 0
+            secondary: true
+            text: qsTr("Back")
+            onClicked: window.model.step = window.model.step - 1
+        }
+        VButton {
+            id: next
+            anchors.right: parent.right
+            focus: true
+            secondary: !window.isLast && !window.goods[window.model.step]
+            text: window.isLast ? qsTr("Done") : window.goods[window.model.step] ? qsTr("Continue") : qsTr("Later")
+            onClicked: window.isLast ? window.model.finish() : window.model.step = window.model.step + 1
+        }
+    }
+
+    Component {
+        id: microphonePage
+        OnboardingStep {
+            title: qsTr("Can you be heard?")
+            explanation: qsTr("Say something and watch the bar. Nothing is recorded here.")
+            good: window.model.isMicrophoneGood
+            status: window.model.microphoneText
+            VLevel {
+                width: parent.width
+                level: window.model.level
+                name: qsTr("Level of the microphone")
+            }
+        }
+    }
+    Component {
+        id: keysPage
+        OnboardingStep {
+            title: qsTr("Can vantro type for you?")
+            explanation: qsTr("The finished text is pasted into the window you were working in. This page sends itself the same keystroke.")
+            good: window.model.areKeysGood
+            status: window.model.keysText
+            Timer {
+                // Once the page has the keyboard; a key that is held would spoil the trial.
+                running: window.Window.active && !window.model.areKeysGood
+                interval: Theme.keyTrialMs
+                onTriggered: window.model.tryKeys()
+            }
+            VButton {
+                visible: !window.model.areKeysGood
+                secondary: true
+                text: qsTr("Try again")
+                onClicked: window.model.tryKeys()
+            }
+        }
+    }
+    Component {
+        id: shortcutPage
+        OnboardingStep {
+            title: qsTr("Your shortcut")
+            explanation: qsTr("Press it anywhere, and speak.")
+            good: window.model.isShortcutGood
+            status: window.model.shortcutText
+            ShortcutRecorder {
+                width: parent.width
+                model: window.recorder
+            }
+        }
+    }
+    Component {
+        id: modelPage
+        OnboardingStep {
+            title: qsTr("The speech model")
+            explanation: qsTr("It turns your speech into text on this computer. It is fetched once.")
+            good: window.model.isModelGood
+            status: window.model.isModelGood ? qsTr("%1 is there.").arg(window.model.download.name)
+                  : window.model.download.running ? window.model.download.statusText
+                  : window.model.download.failed ? window.model.download.statusText
+                  : qsTr("%1, %2, is not on this computer yet.").arg(window.model.download.name).arg(window.model.download.size)
+            Rectangle {
+                width: parent.width
+                height: Theme.space8
+                radius: height / 2
+                visible: window.model.download.running
+                color: Theme.fieldOutline
+                Accessible.role: Accessible.ProgressBar
+                Accessible.name: qsTr("Download of %1").arg(window.model.download.name)
+                Rectangle {
+                    width: parent.width * window.model.download.progress
+                    height: parent.height
+                    radius: parent.radius
+                    color: Theme.accent
+                }
+            }
+            VButton {
+                visible: !window.model.isModelGood
+                secondary: window.model.download.running
+                text: window.model.download.running ? qsTr("Cancel") : qsTr("Download")
+                onClicked: window.model.download.running ? window.model.download.cancel() : window.model.startDownload()
+            }
+        }
+    }
+    Component {
+        id: practicePage
+        OnboardingStep {
+            title: qsTr("Try it")
+            explanation: !window.model.isModelGood
+                ? qsTr("The speech model is not there yet. Go back one page to fetch it.")
+                : window.model.shortcut === ""
+                ? qsTr("There is no shortcut yet. Until there is one, vantro's menu in the tray starts a dictation.")
+                : qsTr("Press %1, say a sentence, then press Space.").arg(window.model.shortcut)
+            Rectangle {
+                width: parent.width
+                height: Theme.practiceHeight
+                radius: Theme.radiusSmall
+                color: Theme.surfaceRaised
+                border.width: field.activeFocus ? Theme.focusRing : Theme.hairline
+                border.color: field.activeFocus ? Theme.accent : Theme.fieldOutline
+                clip: true
+                TextEdit {
+                    id: field
+                    anchors { fill: parent; margins: Theme.space12 }
+                    focus: true
+                    color: Theme.text
+                    selectionColor: Theme.accent
+                    selectedTextColor: Theme.accentText
+                    font.pixelSize: Theme.sizeBody
+                    wrapMode: TextEdit.Wrap
+                    Accessible.role: Accessible.EditableText
+                    Accessible.name: qsTr("Your sentence appears here")
+                    Component.onCompleted: forceActiveFocus()
+                    KeyNavigation.priority: KeyNavigation.BeforeItem
+                    KeyNavigation.tab: next
+                    Text {
+                        visible: field.text === ""
+                        text: qsTr("Your sentence appears here")
+                        color: Theme.textSecondary
+                        font.pixelSize: Theme.sizeBody
+                    }
+                }
+            }
+        }
+    }
+}

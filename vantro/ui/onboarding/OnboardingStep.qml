@@ -1,0 +1,61 @@
+import QtQuick
+import Vantro.Style
+
+// One page: what is tried, whether it works, and what to do when it does not.
+Column {
+    id: step
+
+    property string title
+    property string explanation
+    property bool good
+    property string status
+    default property alias extra: extra.data
+
+    spacing: Theme.space16
+
+    Text {
+        width: parent.width
+        text: step.title
+        color: Theme.text
+        font.pixelSize: Theme.sizeTitle
+        font.weight: Font.DemiBold
+        wrapMode: Text.Wrap
+        Accessible.role: Accessible.Heading
+        Accessible.name: text
+    }
+    Text {
+        width: parent.width
+        text: step.explanation
+        color: Theme.textSecondary
+        font.pixelSize: Theme.sizeBody
+        wrapMode: Text.Wrap
+    }
+    Row {
+        width: parent.width
+        spacing: Theme.space8
+        visible: step.status !== ""
+        Text {
+            id: mark
+            text: step.good ? "\u2713" : "\u2022"
+            color: step.good ? Theme.success : Theme.warning
+            font.pixelSize: Theme.sizeBody
+            font.weight: Font.DemiBold
+            Accessible.ignored: true
+        }
+        Text {
+            width: parent.width - mark.width - parent.spacing
+            text: step.status
+            textFormat: Text.PlainText
+            color: Theme.text
+            font.pixelSize: Theme.sizeBody
+            wrapMode: Text.Wrap
+            Accessible.role: step.good ? Accessible.StaticText : Accessible.AlertMessage
+            Accessible.name: text
+        }
+    }
+    Column {
+        id: extra
+        width: parent.width
+        spacing: Theme.space12
+    }
+}

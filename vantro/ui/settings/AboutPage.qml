@@ -1,0 +1,91 @@
+import QtQuick
+import Vantro.Style
+import Vantro.Settings
+
+VPage {
+    id: page
+
+    required property AboutModel about
+
+    title: qsTr("About vantro")
+
+    VCard {
+        Row {
+            spacing: Theme.space16
+            width: parent.width
+            Image {
+                id: logo
+                source: "qrc:/icons/com.vantro.app.svg"
+                sourceSize: Qt.size(Theme.logoSize, Theme.logoSize)
+                Accessible.ignored: true
+            }
+            Column {
+                width: parent.width - logo.width - parent.spacing
+                anchors.verticalCenter: parent.verticalCenter
+                spacing: Theme.space4
+                Text {
+                    text: qsTr("vantro %1").arg(page.about.version)
+                    color: Theme.text
+                    font.pixelSize: Theme.sizeTitle
+                    font.weight: Font.DemiBold
+                }
+                Text {
+                    width: parent.width
+                    text: qsTr("Speech is recognised on your own computer. Nothing leaves it unless you set up a service that rewrites your text.")
+                    color: Theme.textSecondary
+                    font.pixelSize: Theme.sizeBody
+                    wrapMode: Text.Wrap
+                }
+            }
+        }
+    }
+    VCard {
+        heading: qsTr("Write to the makers")
+        Text {
+            width: parent.width
+            text: qsTr("Both open a mail in your mail program. Nothing is sent before you send it.")
+            color: Theme.textSecondary
+            font.pixelSize: Theme.sizeSecondary
+            wrapMode: Text.Wrap
+        }
+        Row {
+            spacing: Theme.space8
+            VButton {
+                secondary: true
+                text: qsTr("Report an Error")
+                onClicked: page.about.reportError()
+            }
+            VButton {
+                secondary: true
+                text: qsTr("Send Feedback")
+                onClicked: page.about.sendFeedback()
+            }
+        }
+    }
+    VCard {
+        heading: qsTr("Licences")
+        Text {
+            width: parent.width
+            text: qsTr("vantro is free software under the MIT licence. It stands on Qt (LGPL 3), whisper.cpp and ggml (MIT), QCoro (MIT), libpulse, libsoxr, libsndfile, libcanberra, libsecret, GLib and libsystemd (LGPL 2.1), OpenSSL and CLD2 (Apache 2.0), ICU (Unicode 3.0) and X11 (MIT).")
+            color: Theme.text
+            font.pixelSize: Theme.sizeBody
+            wrapMode: Text.Wrap
+        }
+    }
+    VCard {
+        heading: qsTr("This computer")
+        Text {
+            width: parent.width
+            text: page.about.system
+            textFormat: Text.PlainText
+            color: Theme.textSecondary
+            font.pixelSize: Theme.sizeSecondary
+            wrapMode: Text.Wrap
+        }
+    }
+    VButton {
+        secondary: true
+        text: qsTr("Quit vantro")
+        onClicked: page.about.quit()
+    }
+}

@@ -1,0 +1,105 @@
+import QtQuick
+import Vantro.Style
+import Vantro.Settings
+
+VPage {
+    id: page
+
+    required property GeneralSettings settings
+
+    title: qsTr("General")
+
+    VCard {
+        visible: page.settings.problem !== ""
+        Text {
+            width: parent.width
+            text: page.settings.problem
+            textFormat: Text.PlainText
+            color: Theme.error
+            font.pixelSize: Theme.sizeBody
+            wrapMode: Text.Wrap
+            Accessible.role: Accessible.AlertMessage
+            Accessible.name: text
+        }
+    }
+    VCard {
+        heading: qsTr("Finished text")
+        VToggleRow {
+            title: qsTr("Paste into the window I was working in")
+            hint: qsTr("Off: the text waits on the clipboard.")
+            checked: page.settings.autoPaste
+            onToggled: on => page.settings.autoPaste = on
+        }
+        VToggleRow {
+            title: qsTr("Keep the text on the clipboard after pasting")
+            hint: qsTr("Off: the clipboard gets back what it held before.")
+            checked: page.settings.keepOnClipboard
+            onToggled: on => page.settings.keepOnClipboard = on
+        }
+        VToggleRow {
+            title: qsTr("Play a sound when the text is there")
+            checked: page.settings.playSound
+            onToggled: on => page.settings.playSound = on
+        }
+    }
+    VCard {
+        heading: qsTr("Speech")
+        VSettingRow {
+            title: qsTr("Language you speak")
+            hint: qsTr("Models for English only always hear English.")
+            VChoice {
+                model: page.settings.languages
+                currentIndex: page.settings.language
+                Accessible.name: qsTr("Language you speak")
+                onActivated: index => page.settings.language = index
+            }
+        }
+        VToggleRow {
+            title: qsTr("Keep the speech model in memory")
+            hint: qsTr("Starts sooner after the stop, and takes the memory of the model all the time.")
+            checked: page.settings.keepModelInMemory
+            onToggled: on => page.settings.keepModelInMemory = on
+        }
+    }
+    VCard {
+        heading: qsTr("Appearance")
+        VSettingRow {
+            title: qsTr("Colours")
+            VChoice {
+                model: [qsTr("Like the desktop"), qsTr("Light"), qsTr("Dark")]
+                currentIndex: page.settings.appearance
+                Accessible.name: qsTr("Colours")
+                onActivated: index => page.settings.appearance = index
+            }
+        }
+        VSettingRow {
+            title: qsTr("Movement")
+            VChoice {
+                model: [qsTr("Like the desktop"), qsTr("On"), qsTr("Off")]
+                currentIndex: page.settings.motion
+                Accessible.name: qsTr("Movement")
+                onActivated: index => page.settings.motion = index
+            }
+        }
+    }
+    VCard {
+        heading: qsTr("Program")
+        VToggleRow {
+            title: qsTr("Start when I log in")
+            checked: page.settings.launchAtLogin
+            onToggled: on => page.settings.launchAtLogin = on
+        }
+        VToggleRow {
+            title: qsTr("Look for updates at every start")
+            hint: qsTr("Asks the maker's server for the number of the newest version. Nothing is sent.")
+            checked: page.settings.checkForUpdates
+            onToggled: on => page.settings.checkForUpdates = on
+        }
+        VButton {
+            secondary: true
+            enabled: !page.settings.isCheckingForUpdates
+            text: page.settings.isCheckingForUpdates ? qsTr("Checking...") : qsTr("Check now")
+            onClicked: page.settings.checkForUpdatesNow()
+        }
+    }
+}

@@ -1,0 +1,86 @@
+#pragma once
+
+#include "base/UserDefaults.h"
+#include "platform/LoginItem.h"
+#include "vantro/support/UpdateChecker.h"
+
+#include <QObject>
+#include <QStringList>
+#include <QtQml/qqmlregistration.h>
+
+#include <functional>
+
+namespace vantro {
+
+/// The page "General": every change is written at once. Main thread; lives as long as its window.
+class GeneralSettings : public QObject
+{
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("made with its window")
+    Q_PROPERTY(bool autoPaste READ autoPaste WRITE setAutoPaste NOTIFY changed)
+    Q_PROPERTY(bool keepOnClipboard READ keepOnClipboard WRITE setKeepOnClipboard NOTIFY changed)
+    Q_PROPERTY(bool playSound READ playSound WRITE setPlaySound NOTIFY changed)
+    Q_PROPERTY(bool keepModelInMemory READ keepModelInMemory WRITE setKeepModelInMemory NOTIFY changed)
+    Q_PROPERTY(bool holdToTalk READ holdToTalk WRITE setHoldToTalk NOTIFY changed)
+    Q_PROPERTY(int appearance READ appearance WRITE setAppearance NOTIFY changed)
+    Q_PROPERTY(int motion READ motion WRITE setMotion NOTIFY changed)
+    Q_PROPERTY(bool launchAtLogin READ launchAtLogin WRITE setLaunchAtLogin NOTIFY changed)
+    Q_PROPERTY(bool checkForUpdates READ checkForUpdates WRITE setCheckForUpdates NOTIFY changed)
+    Q_PROPERTY(bool isCheckingForUpdates READ isCheckingForUpdates NOTIFY checkingChanged)
+    Q_PROPERTY(int language READ language WRITE setLanguage NOTIFY changed)
+    Q_PROPERTY(QStringList languages READ languages CONSTANT)
+    Q_PROPERTY(QString problem READ problem NOTIFY changed)
+public:
+    struct Parts
+    {
+        UserDefaults& defaults;
+        LoginItem& loginItem;
+        UpdateChecker& updates;
+        std::function<void()> applyTheme;
+    };
+
+    explicit GeneralSettings(Parts parts);
+
+    [[nodiscard]] bool autoPaste() const;
+    void setAutoPaste(bool on);
+    [[nodiscard]] bool keepOnClipboard() const;
+    void setKeepOnClipboard(bool on);
+    [[nodiscard]] bool playSound() const;
+    void setPlaySound(bool on);
+    [[nodiscard]] bool keepModelInMemory() const;
+    void setKeepModelInMemory(bool on);
+    [[nodiscard]] bool holdToTalk() const;
+    void setHoldToTalk(bool on);
+    /// 0 the desktop's, 1 light, 2 dark.
+    [[nodiscard]] int appearance() const;
+    void setAppearance(int index);
+    /// 0 as the desktop wants it, 1 with movement, 2 without.
+    [[nodiscard]] int motion() const;
+    void setMotion(int index);
+    [[nodiscard]] bool launchAtLogin() const { return parts_.loginItem.isEnabled(); }
+    void setLaunchAtLogin(bool on);
+    [[nodiscard]] bool checkForUpdates() const;
+    void setCheckForUpdates(bool on);
+    [[nodiscard]] bool isCheckingForUpdates() const { return parts_.updates.isChecking(); }
+    /// Of the speech; an index into languages().
+    [[nodiscard]] int language() const;
+    void setLanguage(int index);
+    [[nodiscard]] QStringList languages() const;
+    /// Why the latest change could not be made; empty else.
+    [[nodiscard]] QString problem() const { return problem_; }
+
+    Q_INVOKABLE void checkForUpdatesNow();
+
+Q_SIGNALS:
+    void changed();
+    void checkingChanged();
+
+private:
+    void store(const char* key, bool value);
+
+    Parts parts_;
+    QString problem_;
+};
+
+} // namespace vantro

@@ -1,0 +1,79 @@
+import QtQuick
+import Vantro.Style
+import Vantro.Settings
+
+VPage {
+    id: page
+
+    required property MicrophoneSettings settings
+
+    title: qsTr("Microphone")
+
+    Component.onCompleted: settings.listening = true
+    Component.onDestruction: settings.listening = false
+
+    VCard {
+        VSettingRow {
+            title: qsTr("Record from")
+            VChoice {
+                width: Theme.wideFieldWidth
+                model: page.settings.modes
+                currentIndex: page.settings.mode
+                Accessible.name: qsTr("Record from")
+                onActivated: index => page.settings.mode = index
+            }
+        }
+        VSettingRow {
+            visible: page.settings.mode === 1
+            height: visible ? implicitHeight : 0
+            title: qsTr("Microphone")
+            VChoice {
+                width: Theme.wideFieldWidth
+                model: page.settings.devices
+                currentIndex: page.settings.device
+                displayText: currentIndex < 0 ? qsTr("None of those that are connected") : currentText
+                Accessible.name: qsTr("Microphone")
+                onActivated: index => page.settings.device = index
+            }
+        }
+        Text {
+            width: parent.width
+            visible: page.settings.mode === 2
+            text: qsTr("The first one that is connected is used.")
+            color: Theme.textSecondary
+            font.pixelSize: Theme.sizeSecondary
+            wrapMode: Text.Wrap
+        }
+        Repeater {
+            model: page.settings.mode === 2 ? page.settings.order : []
+            VSettingRow {
+                required property int index
+                required property string modelData
+                title: (index + 1) + ".  " + modelData
+                VButton {
+                    visible: index > 0
+                    secondary: true
+                    text: qsTr("Move up")
+                    Accessible.description: modelData
+                    onClicked: page.settings.prefer(index)
+                }
+            }
+        }
+    }
+    VCard {
+        heading: qsTr("What it hears")
+        VLevel {
+            width: parent.width
+            level: page.settings.level
+            name: qsTr("Level of the microphone")
+        }
+        Text {
+            width: parent.width
+            text: page.settings.problem !== "" ? page.settings.problem : qsTr("Say something: the bar should move. Nothing is recorded.")
+            textFormat: Text.PlainText
+            color: page.settings.problem !== "" ? Theme.error : Theme.textSecondary
+            font.pixelSize: Theme.sizeSecondary
+            wrapMode: Text.Wrap
+        }
+    }
+}

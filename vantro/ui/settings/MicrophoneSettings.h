@@ -1,0 +1,59 @@
+#pragma once
+
+#include "vantro/audio/AudioDeviceManager.h"
+#include "vantro/audio/MicrophoneMonitor.h"
+
+#include <QObject>
+#include <QStringList>
+#include <QtQml/qqmlregistration.h>
+
+namespace vantro {
+
+/// The page "Microphone": which one is recorded from, and what it hears right now. Every change is written at once.
+/// Main thread; lives as long as its window.
+class MicrophoneSettings : public QObject
+{
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("made with its window")
+    Q_PROPERTY(QStringList modes READ modes CONSTANT)
+    Q_PROPERTY(int mode READ mode WRITE setMode NOTIFY changed)
+    Q_PROPERTY(QStringList devices READ devices NOTIFY changed)
+    Q_PROPERTY(int device READ device WRITE setDevice NOTIFY changed)
+    Q_PROPERTY(QStringList order READ order NOTIFY changed)
+    Q_PROPERTY(bool listening READ isListening WRITE setListening NOTIFY changed)
+    Q_PROPERTY(qreal level READ level NOTIFY levelChanged)
+    Q_PROPERTY(QString problem READ problem NOTIFY levelChanged)
+public:
+    MicrophoneSettings(AudioEngineFactory makeEngine, AudioDeviceManager& devices, Clock& clock);
+
+    /// In the order of AudioInputMode.
+    [[nodiscard]] QStringList modes() const;
+    [[nodiscard]] int mode() const { return static_cast<int>(devices_.inputMode()); }
+    void setMode(int mode);
+    [[nodiscard]] QStringList devices() const;
+    /// The chosen one's place in devices(), or -1.
+    [[nodiscard]] int device() const;
+    void setDevice(int index);
+    /// Names, the preferred one first.
+    [[nodiscard]] QStringList order() const;
+    [[nodiscard]] bool isListening() const { return monitor_.isRunning(); }
+    void setListening(bool listening);
+    [[nodiscard]] qreal level() const { return static_cast<qreal>(monitor_.level()); }
+    [[nodiscard]] QString problem() const { return monitor_.problem(); }
+
+    /// Moves an entry of the order one place up.
+    Q_INVOKABLE void prefer(int index);
+
+Q_SIGNALS:
+    void changed();
+    void levelChanged();
+
+private:
+    void follow();
+
+    AudioDeviceManager& devices_;
+    MicrophoneMonitor monitor_;
+};
+
+} // namespace vantro

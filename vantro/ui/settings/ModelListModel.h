@@ -1,0 +1,71 @@
+#pragma once
+
+#include "vantro/models/TranscriptionModel.h"
+
+#include <QAbstractListModel>
+#include <QtQml/qqmlregistration.h>
+
+#include <functional>
+#include <vector>
+
+namespace vantro {
+
+/// The page "Models": one row per model of the catalogue. Main thread; lives as long as its window.
+class ModelListModel : public QAbstractListModel
+{
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("made with its window")
+    Q_PROPERTY(QString problem READ problem NOTIFY problemChanged)
+public:
+    enum Role {
+        NameRole = Qt::UserRole,
+        SizeRole,
+        SpeedRole,
+        AccuracyRole,
+        DescriptionRole,
+        LanguagesRole,
+        StateRole,
+        SelectedRole
+    };
+    Q_ENUM(Role)
+    /// What can be done about a model: use it, fetch it, fetch the rest of it, or put its file there by hand.
+    enum State { Ready, Missing, Partial, Manual };
+    Q_ENUM(State)
+
+    struct Parts
+    {
+        const std::vector<TranscriptionModel>& models;
+        std::function<State(const TranscriptionModel&)> stateOf;
+        std::function<QString()> selectedName;
+        std::function<void(const TranscriptionModel&)> select;
+        std::function<void(const TranscriptionModel&)> download;
+        /// Throws Error.
+        std::function<void(const TranscriptionModel&)> remove;
+    };
+
+    explicit ModelListModel(Parts parts);
+
+    [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
+    [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
+    [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
+    /// Why the latest removal failed; empty else.
+    [[nodiscard]] QString problem() const { return problem_; }
+
+    Q_INVOKABLE void select(int row);
+    Q_INVOKABLE void download(int row);
+    Q_INVOKABLE void remove(int row);
+    /// Looks at the files again.
+    Q_INVOKABLE void refresh();
+
+Q_SIGNALS:
+    void problemChanged();
+
+private:
+    [[nodiscard]] const TranscriptionModel* modelAt(int row) const;
+
+    Parts parts_;
+    QString problem_;
+};
+
+} // namespace vantro

@@ -1,0 +1,137 @@
+import QtQuick
+import Vantro.Style
+import Vantro.Settings
+
+// One model: what it is, how fast and how accurate, and the one thing to do about it.
+VCard {
+    id: row
+
+    required property int index
+    required property string name
+    required property string size
+    required property real speed
+    required property real accuracy
+    required property string about
+    required property string languages
+    required property int modelState
+    required property bool isSelected
+    signal selectPressed
+    signal downloadPressed
+    signal removePressed
+
+    component Meter: Row {
+        property string label
+        property real value
+        spacing: Theme.space8
+        Accessible.role: Accessible.StaticText
+        Accessible.name: qsTr("%1: %2 of 10").arg(label).arg(Math.round(value * 10))
+        Text {
+            text: parent.label
+            color: Theme.textSecondary
+            font.pixelSize: Theme.sizeSecondary
+        }
+        Rectangle {
+            anchors.verticalCenter: parent.verticalCenter
+            width: Theme.meterWidth
+            height: Theme.meterHeight
+            radius: height / 2
+            color: Theme.fieldOutline
+            Rectangle {
+                width: parent.width * parent.parent.value
+                height: parent.height
+                radius: parent.radius
+                color: Theme.accent
+            }
+        }
+    }
+
+    Item {
+        width: parent.width
+        height: Math.max(words.height, buttons.height)
+
+        Column {
+            id: words
+            anchors { left: parent.left; right: buttons.left; rightMargin: Theme.space16 }
+            spacing: Theme.space8
+
+            Row {
+                spacing: Theme.space8
+                Text {
+                    text: row.name
+                    textFormat: Text.PlainText
+                    color: Theme.text
+                    font.pixelSize: Theme.sizeBody
+                    font.weight: Font.DemiBold
+                }
+                Text {
+                    visible: row.isSelected
+                    text: "\u2713 " + qsTr("in use")
+                    color: Theme.success
+                    font.pixelSize: Theme.sizeBody
+                }
+            }
+            Text {
+                width: parent.width
+                text: row.about
+                textFormat: Text.PlainText
+                color: Theme.textSecondary
+                font.pixelSize: Theme.sizeSecondary
+                wrapMode: Text.Wrap
+            }
+            Flow {
+                width: parent.width
+                spacing: Theme.space16
+                Meter {
+                    label: qsTr("Speed")
+                    value: row.speed
+                }
+                Meter {
+                    label: qsTr("Accuracy")
+                    value: row.accuracy
+                }
+                Text {
+                    text: row.size + "  \u00B7  " + row.languages
+                    color: Theme.textSecondary
+                    font.pixelSize: Theme.sizeSecondary
+                }
+            }
+            Text {
+                width: parent.width
+                visible: row.modelState === ModelListModel.Manual
+                text: qsTr("Its file is put into the folder of the models by hand.")
+                color: Theme.textSecondary
+                font.pixelSize: Theme.sizeSecondary
+                wrapMode: Text.Wrap
+            }
+        }
+        Column {
+            id: buttons
+            anchors { right: parent.right; verticalCenter: parent.verticalCenter }
+            spacing: Theme.space8
+
+            VButton {
+                anchors.right: parent.right
+                visible: !row.isSelected && row.modelState === ModelListModel.Ready
+                text: qsTr("Use")
+                Accessible.description: row.name
+                onClicked: row.selectPressed()
+            }
+            VButton {
+                anchors.right: parent.right
+                visible: row.modelState === ModelListModel.Missing || row.modelState === ModelListModel.Partial
+                secondary: true
+                text: row.modelState === ModelListModel.Partial ? qsTr("Go on downloading") : qsTr("Download")
+                Accessible.description: row.name
+                onClicked: row.downloadPressed()
+            }
+            VButton {
+                anchors.right: parent.right
+                visible: !row.isSelected && row.modelState === ModelListModel.Ready
+                secondary: true
+                text: qsTr("Remove")
+                Accessible.description: row.name
+                onClicked: row.removePressed()
+            }
+        }
+    }
+}

@@ -1,0 +1,34 @@
+import QtQuick
+import Vantro.Style
+import Vantro.Settings
+
+VPage {
+    id: page
+
+    required property ModelListModel models
+
+    title: qsTr("Models")
+    subtitle: qsTr("What turns speech into text, on this computer. Larger models make fewer mistakes and take longer.")
+
+    VCard {
+        visible: page.models.problem !== ""
+        Text {
+            width: parent.width
+            text: page.models.problem
+            textFormat: Text.PlainText
+            color: Theme.error
+            font.pixelSize: Theme.sizeBody
+            wrapMode: Text.Wrap
+            Accessible.role: Accessible.AlertMessage
+            Accessible.name: text
+        }
+    }
+    Repeater {
+        model: page.models
+        ModelRow {
+            onSelectPressed: page.models.select(index)
+            onDownloadPressed: page.models.download(index)
+            onRemovePressed: page.models.remove(index)
+        }
+    }
+}

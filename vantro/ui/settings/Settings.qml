@@ -1,0 +1,88 @@
+import QtQuick
+import Vantro.Style
+import Vantro.Settings
+import Vantro.Shortcuts
+
+// The pages at the left, the chosen one at the right.
+Rectangle {
+    id: window
+
+    required property GeneralSettings general
+    required property ModelListModel models
+    required property MicrophoneSettings microphone
+    required property RecorderCocoa openRecorder
+    required property RecorderCocoa stopRecorder
+    required property AboutModel about
+    property string page: "general"
+    signal closeRequested
+
+    color: Theme.surface
+
+    Keys.onEscapePressed: closeRequested()
+
+    Rectangle {
+        id: navigation
+        anchors { left: parent.left; top: parent.top; bottom: parent.bottom }
+        width: Theme.navWidth
+        color: Theme.surfaceRaised
+
+        Column {
+            anchors { left: parent.left; right: parent.right; top: parent.top; margins: Theme.space12 }
+            spacing: Theme.space4
+
+            Repeater {
+                model: [
+                    { key: "general", name: qsTr("General") },
+                    { key: "shortcut", name: qsTr("Shortcut") },
+                    { key: "microphone", name: qsTr("Microphone") },
+                    { key: "models", name: qsTr("Models") },
+                    { key: "about", name: qsTr("About") }
+                ]
+                VNavItem {
+                    required property var modelData
+                    required property int index
+                    text: modelData.name
+                    current: window.page === modelData.key
+                    focus: index === 0
+                    onPicked: window.page = modelData.key
+                }
+            }
+        }
+        Rectangle {
+            anchors { right: parent.right; top: parent.top; bottom: parent.bottom }
+            width: Theme.hairline
+            color: Theme.outline
+        }
+    }
+    Loader {
+        anchors { left: navigation.right; right: parent.right; top: parent.top; bottom: parent.bottom }
+        sourceComponent: window.page === "models" ? modelsPage
+                       : window.page === "shortcut" ? keysPage
+                       : window.page === "microphone" ? microphonePage
+                       : window.page === "about" ? aboutPage : generalPage
+    }
+    Component {
+        id: generalPage
+        GeneralPage { settings: window.general }
+    }
+    Component {
+        id: keysPage
+        KeysPage {
+            settings: window.general
+            openRecorder: window.openRecorder
+            stopRecorder: window.stopRecorder
+        }
+    }
+    Component {
+        id: microphonePage
+        MicrophonePage { settings: window.microphone }
+    }
+    Component {
+        id: modelsPage
+        ModelsPage { models: window.models }
+    }
+    Component {
+        id: aboutPage
+        AboutPage { about: window.about }
+    }
+}

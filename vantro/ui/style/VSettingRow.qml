@@ -1,0 +1,41 @@
+import QtQuick
+
+// A setting: what it is, what it does, and the control that changes it at the right.
+Item {
+    id: row
+
+    property string title
+    property string hint
+    default property alias control: place.data
+
+    width: parent ? parent.width : implicitWidth
+    implicitHeight: Math.max(words.height, place.height)
+
+    Column {
+        id: words
+        anchors { left: parent.left; right: place.left; rightMargin: Theme.space16; verticalCenter: parent.verticalCenter }
+        spacing: Theme.space4
+
+        Text {
+            width: parent.width
+            text: row.title
+            color: Theme.text
+            font.pixelSize: Theme.sizeBody
+            wrapMode: Text.Wrap
+        }
+        Text {
+            width: parent.width
+            visible: text !== ""
+            text: row.hint
+            color: Theme.textSecondary
+            font.pixelSize: Theme.sizeSecondary
+            wrapMode: Text.Wrap
+        }
+    }
+    Item {
+        id: place
+        anchors { right: parent.right; verticalCenter: parent.verticalCenter }
+        width: childrenRect.width
+        height: childrenRect.height
+    }
+}

@@ -1,0 +1,36 @@
+import QtQuick
+import QtQuick.Templates as T
+
+// On or off.
+T.Switch {
+    id: control
+
+    implicitWidth: Theme.switchWidth
+    implicitHeight: Theme.switchHeight
+    activeFocusOnTab: true
+    Keys.onReturnPressed: { toggle(); toggled() }
+    Keys.onEnterPressed: { toggle(); toggled() }
+
+    indicator: Rectangle {
+        width: control.width
+        height: control.height
+        radius: height / 2
+        color: control.checked ? Theme.accent : Theme.surface
+        border.width: control.visualFocus ? Theme.focusRing : Theme.hairline
+        border.color: control.visualFocus ? Theme.text : control.checked ? Theme.accent : Theme.textSecondary
+
+        Rectangle {
+            readonly property int rim: Theme.space4
+            x: control.checked ? parent.width - width - rim : rim
+            anchors.verticalCenter: parent.verticalCenter
+            width: parent.height - 2 * rim
+            height: width
+            radius: height / 2
+            color: control.checked ? Theme.accentText : Theme.textSecondary
+
+            Behavior on x {
+                NumberAnimation { duration: Theme.stateMs }
+            }
+        }
+    }
+}

@@ -1,0 +1,135 @@
+#include "vantro/ui/window/LazyWindow.h"
+
+#include <QCloseEvent>
+#include <QGuiApplication>
+#include <QQmlEngine>
+#include <QQuickItem>
+#include <QScreen>
+#include <QTimer>
+
+#include <malloc.h>
+
+#include <utility>
+
+namespace vantro {
+
+namespace {
+
+/// What Qt's X11 windows know of showing without asking for the keyboard.
+constexpr char withoutActivating[] = "_q_showWithoutActivating";
+
+} // namespace
+
+/// Tells when its user closes it; hiding it is no closing.
+class LazyWindow::View final : public QQuickView
+{
+public:
+    View(QQmlEngine& engine, std::function<void()> closed) : QQuickView(&engine, nullptr), closed_(std::move(closed)) {}
+
+protected:
+    void closeEvent(QCloseEvent* event) override
+    {
+        QQuickView::closeEvent(event);
+        if (event->isAccepted())
+            QTimer::singleShot(0, this, closed_);
+    }
+
+private:
+    std::function<void()> closed_;
+};
+
+LazyWindow::LazyWindow(QQmlEngine& engine, Workspace& workspace, Look look, std::function<Content()> makeContent)
+    : engine_(engine)
+    , workspace_(workspace)
+    , look_(std::move(look))
+    , makeContent_(std::move(makeContent))
+{
+}
+
+LazyWindow::~LazyWindow()
+{
+    if (view_)
+        view_->setSource(QUrl()); // what it shows is bound to the models
+}
+
+void LazyWindow::open()
+{
+    if (!view_)
+        makeView();
+    view_->setProperty(withoutActivating, false);
+    view_->show();
+    view_->raise();
+    view_->requestActivate();
+    workspace_.activateWindow(view_->winId());
+}
+
+void LazyWindow::makeView()
+{
+    content_ = makeContent_();
+    view_ = std::make_unique<View>(engine_, [this] { viewClosed(); });
+    view_->setTitle(look_.title);
+    view_->setResizeMode(QQuickView::SizeRootObjectToView);
+    view_->setInitialProperties(content_.properties);
+    view_->setSource(look_.source);
+    if (QObject* const root = view_->rootObject();
+        root != nullptr && root->metaObject()->indexOfSignal("closeRequested()") >= 0)
+        QObject::connect(root, SIGNAL(closeRequested()), view_.get(), SLOT(close()));
+    view_->setMinimumSize(look_.minimumSize);
+    const QScreen* const screen = QGuiApplication::primaryScreen();
+    QRect rect(QPoint(), look_.size.boundedTo(screen->availableSize()));
+    rect.moveCenter(screen->availableGeometry().center());
+    view_->setGeometry(rect);
+}
+
+void LazyWindow::close()
+{
+    if (view_)
+        view_->close();
+}
+
+void LazyWindow::viewClosed()
+{
+    view_->setSource(QUrl());
+    view_.reset();
+    content_ = {};
+    engine_.collectGarbage();
+    engine_.trimComponentCache();
+    malloc_trim(0); // what windows took lies in many small pieces that the allocator would keep
+    if (closed_)
+        closed_();
+}
+
+QObject* LazyWindow::root() const
+{
+    return view_ ? view_->rootObject() : nullptr;
+}
+
+bool LazyWindow::isVisible() const
+{
+    return view_ && view_->isVisible();
+}
+
+void LazyWindow::orderOut()
+{
+    if (!isVisible())
+        return;
+    formerFront_ = workspace_.frontWindow();
+    view_->hide();
+}
+
+void LazyWindow::orderFront()
+{
+    if (!view_)
+        return;
+    const WindowID own = view_->winId();
+    const bool hadKeyboard = formerFront_ == own;
+    view_->setProperty(withoutActivating, !hadKeyboard);
+    view_->show();
+    // Managers that have just lost the launcher may choose the newest window against its wish.
+    if (hadKeyboard)
+        workspace_.activateWindow(own);
+    else if (formerFront_ && workspace_.windowExists(*formerFront_))
+        workspace_.activateWindow(*formerFront_);
+}
+
+} // namespace vantro
