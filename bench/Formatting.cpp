@@ -1,10 +1,12 @@
 // Sends requests to a server on this machine through the real service, and tells how long each took and for how long
 // the main thread was busy with one event. bench/formatting starts the server and reads what this prints.
+#include "base/Error.h"
 #include "vantro/ai/services/CustomOpenAICompatibleService.h"
 #include "vantro/cli/RunTask.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
+#include <QLoggingCategory>
 #include <QThread>
 
 #include <algorithm>
@@ -57,6 +59,7 @@ public:
 
 int main(int argc, char** argv)
 {
+    QLoggingCategory::setFilterRules(QStringLiteral("*=false"));
     TimedApplication application(argc, argv);
     const QStringList arguments = QCoreApplication::arguments();
     if (arguments.size() != 4) {
@@ -81,7 +84,12 @@ int main(int argc, char** argv)
             // What runs before the first wait counts as an event of its own.
             auto asked = service.format(QStringLiteral("Be brief."), text);
             mainNs = timer.nsecsElapsed();
-            runTask(std::move(asked));
+            try {
+                runTask(std::move(asked));
+            } catch (const Error& error) {
+                std::fprintf(stderr, "formatting: %s\n", error.what());
+                return 1;
+            }
         }
         std::printf("%lld %lld\n", static_cast<long long>(timer.nsecsElapsed() / 1000),
                     static_cast<long long>(std::max(mainNs, application.longestNs) / 1000));

@@ -76,7 +76,8 @@ HttpCall::~HttpCall()
 
 void HttpCall::start()
 {
-    send(request_.url);
+    if (!hasEnded_)
+        send(request_.url);
 }
 
 void HttpCall::abort(const std::exception_ptr& failure)

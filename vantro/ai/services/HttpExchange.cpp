@@ -3,6 +3,7 @@
 #include "vantro/ai/services/HttpCall.h"
 #include "vantro/ai/services/HttpError.h"
 
+#include <QHash>
 #include <QNetworkAccessManager>
 #include <QNetworkProxyFactory>
 #include <qcoro/qcorofuture.h>
@@ -34,17 +35,23 @@ public:
         QUrl address;
         address.setScheme(QStringLiteral("preconnect-") + url.scheme());
         address.setHost(url.host());
-        address.setPort(url.port(url.scheme() == QLatin1String("https") ? 443 : 80));
+        address.setPort(portOf(url));
         QNetworkReply* reply = manager().get(HttpCall::networkRequest(address));
         connect(reply, &QNetworkReply::finished, reply, &QObject::deleteLater);
+        opening_[originOf(url)] = reply;
     }
 
     void carryOut(const std::shared_ptr<Call>& call, HttpRequest request, Reader read,
                   const std::shared_ptr<QPromise<QString>>& promise)
     {
+        const QPointer<QNetworkReply> opening = opening_.value(originOf(request.url));
         // Owned by the manager: what is still under way ends with it.
         *call = new HttpCall(manager(), std::move(request), std::move(read), promise);
-        (*call)->start();
+        // A request that meets a connection on its way would open a second one beside it.
+        if (opening != nullptr && !opening->isFinished())
+            connect(opening, &QNetworkReply::finished, call->data(), &HttpCall::start, Qt::QueuedConnection);
+        else
+            (*call)->start();
     }
 
     static void abort(const std::shared_ptr<Call>& call, const std::exception_ptr& failure)
@@ -56,6 +63,12 @@ public:
     void close() { manager_.reset(); }
 
 private:
+    static int portOf(const QUrl& url) { return url.port(url.scheme() == QLatin1String("https") ? 443 : 80); }
+    static QString originOf(const QUrl& url)
+    {
+        return QStringLiteral("%1://%2:%3").arg(url.scheme(), url.host()).arg(portOf(url));
+    }
+
     QNetworkAccessManager& manager()
     {
         if (!manager_) {
@@ -66,6 +79,7 @@ private:
     }
 
     std::unique_ptr<QNetworkAccessManager> manager_;
+    QHash<QString, QPointer<QNetworkReply>> opening_; ///< by origin; the latest attempt
 };
 
 HttpExchange::HttpExchange(Clock& clock) : clock_(clock), network_(std::make_unique<Network>())
