@@ -107,9 +107,12 @@ KeyboardShortcuts::Registration KeyboardShortcuts::add(const Name& name, Phase p
 {
     const std::uint64_t token = ++lastToken_;
     Handlers& handlers = handlers_[name.rawValue];
+    const bool isFirst = handlers.isEmpty();
     (phase == Phase::Down ? handlers.keyDown : handlers.keyUp).push_back({token, &owner, std::move(action)});
     defaultShortcuts_[name.rawValue] = name.defaultShortcut;
-    update(name.rawValue);
+    // A shortcut that could not be registered for the first action would fail, and be told, again.
+    if (isFirst)
+        update(name.rawValue);
     return {*this, token};
 }
 

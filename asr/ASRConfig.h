@@ -13,7 +13,8 @@ struct TdtConfig
     std::int32_t maxSymbolsPerStep = 10;
     std::vector<std::int32_t> durationBins = {0, 1, 2, 3, 4}; ///< encoder frames
     std::int32_t blankId = 8192;
-    std::int32_t boundarySearchFrames = 20;
+    std::int32_t boundarySearchFrames = 20; ///< to each side of an overlap's middle
+    // No rule ends a chunk early (docs/decisions/parakeet-decoding.md says why); these two are read by nobody.
     std::int32_t maxTokensPerChunk = 150;
     std::int32_t consecutiveBlankLimit = 5;
 };

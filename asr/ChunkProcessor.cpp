@@ -1,7 +1,6 @@
 #include "asr/ChunkProcessor.h"
 
 #include "asr/ASRError.h"
-#include "asr/Seam.h"
 
 #include <algorithm>
 #include <utility>
@@ -21,21 +20,6 @@ std::int64_t wholeFrames(std::int64_t samples)
 std::int32_t frameOf(std::int64_t sample)
 {
     return static_cast<std::int32_t>(sample / ChunkProcessor::frameSamples);
-}
-
-/// Decodes the range in which the windows change, keeps what lies before the seam and goes back to it. Gives its frame.
-template <typename Decode, typename Append>
-std::int32_t cross(FrameRange search, const Decode& decode, const Append& append, TdtDecoderState& state,
-                   std::span<const std::string> vocabulary)
-{
-    const TdtDecoderState before = state;
-    TdtDecoderV3::History history;
-    const std::vector<DecodedToken> found = decode(search, &history);
-    const Seam seam = chooseSeam(found, search, vocabulary);
-    state = seam.kept > 0 ? history[seam.kept - 1] : before;
-    state.timeJump = 0;
-    append(std::span(found).first(seam.kept));
-    return seam.frame;
 }
 
 } // namespace
@@ -81,6 +65,19 @@ std::vector<Window> ChunkProcessor::windows(const ASRConfig& config) const
     return windows;
 }
 
+/// The tokens of the range that two windows have decoded.
+std::vector<DecodedToken> ChunkProcessor::join(std::span<const DecodedToken> earlier,
+                                               std::span<const DecodedToken> later, FrameRange range,
+                                               const Request& request) const
+{
+    const Seam seam = chooseSeam(earlier, later, range, request.models.vocabulary);
+    if (logger_ && seam.agreed > 0)
+        logger_("Found exact suffix-prefix overlap of length " + std::to_string(seam.agreed));
+    std::vector<DecodedToken> joined(earlier.begin(), earlier.begin() + static_cast<std::ptrdiff_t>(seam.kept));
+    joined.insert(joined.end(), later.begin() + static_cast<std::ptrdiff_t>(seam.dropped), later.end());
+    return joined;
+}
+
 std::vector<DecodedToken> ChunkProcessor::process(const Request& request, TdtDecoderState& state) const
 {
     const std::vector<Window> cut = windows(request.config);
@@ -88,23 +85,30 @@ std::vector<DecodedToken> ChunkProcessor::process(const Request& request, TdtDec
                     {request.config.parallelChunkConcurrency, request.stop, logger_});
     TdtDecoderV3 decoder(request.models, request.config.tdtConfig, request.allowed, request.stop);
     std::vector<DecodedToken> tokens;
-    std::int32_t begin = frameOf(cut.front().start);
+    const auto append = [&tokens](std::span<const DecodedToken> found) {
+        tokens.insert(tokens.end(), found.begin(), found.end());
+    };
+    std::vector<DecodedToken> before; // what the earlier window has in the range that both decode
+    FrameRange shared;
     for (std::size_t i = 0; i < cut.size(); ++i) {
         const EncoderFrames frames = pool.take(i);
         const std::int32_t offset = frameOf(cut[i].begin);
-        const auto decode = [&](FrameRange range, TdtDecoderV3::History* history) {
-            return decoder.decode({frames, range.begin - offset, range.end - offset, offset}, state, history);
+        const auto decode = [&](std::int32_t begin, std::int32_t end) {
+            return decoder.decode({frames, begin - offset, end - offset, offset}, state);
         };
-        const auto append = [&](std::span<const DecodedToken> found) {
-            tokens.insert(tokens.end(), found.begin(), found.end());
-        };
+        std::int32_t begin = frameOf(cut[i].start);
+        if (i > 0) {
+            state = TdtDecoderState();
+            decode(begin, shared.begin);
+            append(join(before, decode(shared.begin, shared.end), shared, request));
+            begin = shared.end;
+        }
         if (i + 1 == cut.size()) {
-            append(decode({begin, offset + static_cast<std::int32_t>(frames.frames)}, nullptr));
+            append(decode(begin, offset + static_cast<std::int32_t>(frames.frames)));
         } else {
-            const FrameRange search =
-                seamSearchRange({frameOf(cut[i + 1].start), frameOf(cut[i].end)}, request.config.tdtConfig);
-            append(decode({begin, search.begin}, nullptr));
-            begin = cross(search, decode, append, state, request.models.vocabulary);
+            shared = seamSearchRange({frameOf(cut[i + 1].start), frameOf(cut[i].end)}, request.config.tdtConfig);
+            append(decode(begin, shared.begin));
+            before = decode(shared.begin, shared.end);
         }
         if (request.onProgress)
             request.onProgress(static_cast<float>(i + 1) / static_cast<float>(cut.size()));

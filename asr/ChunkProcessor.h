@@ -1,6 +1,7 @@
 #pragma once
 
 #include "asr/ASRConfig.h"
+#include "asr/Seam.h"
 #include "asr/TdtDecoderV3.h"
 #include "asr/WindowPool.h"
 
@@ -30,9 +31,9 @@ struct ChunkStartDecision
 
 /// Transcribes a recording of any length in windows of the model's input.
 ///
-/// The windows are encoded by a pool of workers. The search then runs once through all of them, in order and with its
-/// state carried along: inside an overlap it changes from the one window's frames to the next one's in the widest gap
-/// between two words that is near the middle, so that no word is cut in two.
+/// The windows are encoded by a pool of workers and searched one after another, each from a fresh state. Both windows
+/// of an overlap are decoded there, their words are aligned, and the transcript goes over from the one to the other
+/// between two words (Seam).
 class ChunkProcessor
 {
 public:
@@ -64,6 +65,9 @@ public:
 
 private:
     [[nodiscard]] std::vector<Window> windows(const ASRConfig& config) const;
+    [[nodiscard]] std::vector<DecodedToken> join(std::span<const DecodedToken> earlier,
+                                                 std::span<const DecodedToken> later, FrameRange range,
+                                                 const Request& request) const;
 
     std::span<const float> sampleSource_;
     std::int64_t totalSamples_;

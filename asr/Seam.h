@@ -3,6 +3,7 @@
 #include "asr/ASRConfig.h"
 #include "asr/TdtDecoderV3.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <span>
 #include <string>
@@ -16,18 +17,22 @@ struct FrameRange
     std::int32_t end = 0;
 };
 
-/// Where inside the overlap of two windows the change from one to the other is looked for: around its middle, where
-/// both have heard what comes before and behind, at most boundarySearchFrames to each side.
+/// The part of the overlap of two windows that both decode: around its middle, at most boundarySearchFrames to each
+/// side.
 FrameRange seamSearchRange(FrameRange overlap, const TdtConfig& config);
 
+/// Where the transcript goes over from one window to the next.
 struct Seam
 {
-    std::int32_t frame = 0; ///< from here on the later window's frames count
-    std::size_t kept = 0;   ///< tokens that stay; the others are decoded again
+    std::size_t kept = 0;    ///< tokens of the earlier window that stay
+    std::size_t dropped = 0; ///< tokens at the beginning of the later window that do not count
+    std::size_t agreed = 0;  ///< words in a row around the seam that both windows have
 };
 
-/// The widest stretch without a token in front of a word's start, among the @p tokens that the earlier window has in
-/// @p range; the middle of the range when there is no such stretch.
-Seam chooseSeam(std::span<const DecodedToken> tokens, FrameRange range, std::span<const std::string> vocabulary);
+/// Aligns the words that both windows have heard in @p range by their times and their letters, and goes over between
+/// two aligned places, so that no word is left out and none comes twice. Among those it takes one near the middle whose
+/// neighbours both windows agree on. @p earlier and @p later: the tokens that each window has in @p range.
+Seam chooseSeam(std::span<const DecodedToken> earlier, std::span<const DecodedToken> later, FrameRange range,
+                std::span<const std::string> vocabulary);
 
 } // namespace vantro::asr

@@ -14,7 +14,7 @@ TdtDecoderV3::TdtDecoderV3(const AsrModels& models, const TdtConfig& config, con
 {
 }
 
-std::vector<DecodedToken> TdtDecoderV3::decode(const Stretch& stretch, TdtDecoderState& state, History* history)
+std::vector<DecodedToken> TdtDecoderV3::decode(const Stretch& stretch, TdtDecoderState& state)
 {
     std::vector<DecodedToken> tokens;
     const std::size_t width = stretch.frames.values.size() / stretch.frames.frames;
@@ -37,8 +37,6 @@ std::vector<DecodedToken> TdtDecoderV3::decode(const Stretch& stretch, TdtDecode
             {choice.token, stretch.offset + frame, choice.duration, probability(choice.score, scores.tokens)});
         state.lastToken = choice.token;
         predict_.advance(state);
-        if (history != nullptr)
-            history->push_back(state);
         frame += choice.duration;
         symbolsHere = choice.duration == 0 ? symbolsHere + 1 : 0;
         if (symbolsHere == config_.maxSymbolsPerStep) {

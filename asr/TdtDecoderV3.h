@@ -35,12 +35,9 @@ public:
         std::int32_t end = 0;
         std::int32_t offset = 0; ///< place of row 0 in the recording
     };
-    /// What is asked for beyond the tokens: the state behind each of them.
-    using History = std::vector<TdtDecoderState>;
-
     /// Decodes one stretch. @p state is carried along: its timeJump frames at the beginning are skipped, and it is left
-    /// as it stands behind the last frame. @p history may be null.
-    std::vector<DecodedToken> decode(const Stretch& stretch, TdtDecoderState& state, History* history = nullptr);
+    /// as it stands behind the last frame.
+    std::vector<DecodedToken> decode(const Stretch& stretch, TdtDecoderState& state);
 
 private:
     struct Choice

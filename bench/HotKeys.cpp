@@ -2,6 +2,7 @@
 // shortcut's handler, and to a bare X client that waits for nothing else.
 #include "KeyboardShortcuts/KeyboardShortcuts.h"
 #include "platform/KeyCode.h"
+#include "platform/linux/x11/X11Connection.h"
 #include "platform/linux/x11/X11HotKeyManager.h"
 #include "tests/desktop/DesktopUser.h"
 

@@ -257,8 +257,11 @@ TEST_F(KeyboardShortcutsTest, RawKeyEventsOfItsOwnWindowsServeTheSameShortcuts)
     hotKeys_.refuse(ctrlAltD, QStringLiteral("taken"));
     shortcuts_.setShortcut(Name::openModal, shortcutOf(ctrlAltD));
     const auto down = shortcuts_.onKeyDown(Name::openModal, owner_, [this] { calls_.emplace_back("down"); });
-    const auto up = note(Name::openModal, "up");
+    int failures = 0;
+    QObject::connect(&shortcuts_, &KeyboardShortcuts::shortcutFailed, &owner_, [&] { ++failures; });
     ::testing::internal::CaptureStderr();
+    const auto up = note(Name::openModal, "up");
+    EXPECT_EQ(failures, 0) << "it was told once already";
     EXPECT_FALSE(shortcuts_.handleRawKeyDown(shortcutOf(space))) << "it starts out disabled";
     EXPECT_FALSE(shortcuts_.handleRawKeyUp({ctrlAltD.keyCode})) << "it was not pressed here";
     EXPECT_TRUE(shortcuts_.handleRawKeyDown(shortcutOf(ctrlAltD)));

@@ -1,3 +1,4 @@
+#include "KeyboardShortcuts/RawKeyMonitor.h"
 #include "base/UserDefaults.h"
 #include "platform/KeyCode.h"
 #include "platform/linux/x11/X11HotKeyManager.h"
@@ -190,4 +191,20 @@ TEST_F(ShortcutRecorderTest, RecordsTheLetterOfALayoutWithoutLatinLettersByItsPl
         user_->chord(ctrlAltD);
         return fireCount_ > 0;
     }));
+}
+
+TEST_F(ShortcutRecorderTest, AnOpenMenuOfOursDoesNotSilenceTheShortcut)
+{
+    const RawKeyMonitor monitor(*shortcuts_, *hotKeys_);
+    shortcuts_->setShortcut(Name::openModal, KeyboardShortcuts::Shortcut({2}, ctrlAlt));
+    showWindow();
+    user_->chord(ctrlAltD);
+    EXPECT_TRUE(eventually([&] { return fireCount_ == 1; }));
+    // As a menu does while it is open: hot keys of any program are silent then.
+    ASSERT_TRUE(window_->setKeyboardGrabEnabled(true));
+    user_->chord(ctrlAltD);
+    EXPECT_TRUE(eventually([&] { return fireCount_ == 2; }));
+    EXPECT_TRUE(window_->setKeyboardGrabEnabled(false));
+    user_->chord(ctrlAltD);
+    EXPECT_TRUE(eventually([&] { return fireCount_ == 3; })) << "once each";
 }

@@ -7,6 +7,8 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <fstream>
 #include <random>
@@ -107,13 +109,18 @@ TEST_F(ModelFiles, MissingRenamedAndMisshapenTensorsAreRefused)
         EXPECT_EQ(load(withInteger(whole, type, wrong)), ASRError::Kind::modelLoadFailed) << "type " << wrong;
 }
 
+/// VANTRO_FUZZ_ROUNDS and VANTRO_FUZZ_SEED make a long run of it.
 TEST_F(ModelFiles, RandomDamageNeverDoesMoreThanRefuseTheFile)
 {
+    const auto setting = [](const char* name, unsigned long fallback) {
+        const char* value = std::getenv(name);
+        return value != nullptr ? std::strtoul(value, nullptr, 10) : fallback;
+    };
     const std::string whole = smallModel();
-    std::mt19937 random(1);
-    int refused = 0;
-    constexpr int rounds = 3'000;
-    for (int round = 0; round < rounds; ++round) {
+    const unsigned long rounds = setting("VANTRO_FUZZ_ROUNDS", 3'000);
+    std::mt19937_64 random(setting("VANTRO_FUZZ_SEED", 1));
+    unsigned long refused = 0;
+    for (unsigned long round = 0; round < rounds; ++round) {
         std::string damaged = whole;
         // Mostly where the structure is: in the header and the first tensors' headers.
         for (int i = 0; i < 3; ++i) {
@@ -122,6 +129,7 @@ TEST_F(ModelFiles, RandomDamageNeverDoesMoreThanRefuseTheFile)
         }
         refused += load(damaged) ? 1 : 0;
     }
+    std::printf("%lu files, %lu refused, %lu loaded\n", rounds, refused, rounds - refused);
     EXPECT_GT(refused, rounds / 4);
 }
 

@@ -139,6 +139,8 @@ TEST_F(AudioDeviceManagerTest, AdoptsWhatAnotherProcessHasSet)
     defaults.reload();
     EXPECT_EQ(manager->inputMode(), AudioInputMode::custom);
     EXPECT_EQ(manager->effectiveDeviceID(), headset.id);
+    EXPECT_EQ(manager->selectedDeviceID(), headset.id);
+    EXPECT_EQ(defaults.integer(QStringLiteral("selectedAudioDeviceID")), otherHeadset.id) << "no tug-of-war";
 
     other.addPrioritizedDevice({.id = 3, .uid = table.uid, .name = table.name});
     other.setInputMode(AudioInputMode::prioritized);

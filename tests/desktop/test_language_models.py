@@ -30,10 +30,9 @@ class LanguageModelsTest(DictationCase):
         if added.returncode != 0:
             raise AssertionError(added.stderr)
         cls.provider = json.loads(added.stdout)
-        modes = {"Email": {"useLocalAI": False, "providerConfigId": cls.provider["id"]}}
-        escaped = json.dumps(modes).replace('"', '\\"')
-        with (cls.desktop.config_home / "vantro/vantro.ini").open("a") as settings:
-            settings.write(f'modeConfigurations="{escaped}"\n')
+        chosen = cls.vantro.run("modes", "set", "Email", "--provider", "House")
+        if chosen.returncode != 0:
+            raise AssertionError(chosen.stderr)
 
     def setUp(self):
         super().setUp()

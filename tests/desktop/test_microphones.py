@@ -4,6 +4,7 @@
 import json
 import re
 import subprocess
+import time
 import unittest
 
 from dictationcase import CHILD, CHILD_WORDS, CARDS, STOP_KEY, TABLE, TABLE_WORDS, DictationCase, main, words
@@ -13,6 +14,7 @@ from audioserver import LOUDSPEAKER, MICROPHONE
 HEADSET = "headset"
 # From the key to the first block and from one microphone to the next, on a machine that others use too.
 MOST_LOST_S = 0.3
+STILL_S = 2
 
 
 class MicrophonesTest(DictationCase):
@@ -150,6 +152,7 @@ class MicrophonesTest(DictationCase):
         self.vantro.open_launcher()
         self.speak(CHILD)
         with self.desktop.audio.frozen():
+            time.sleep(STILL_S)  # for how long it stands still
             self.assertEqual(self.vantro.status()["state"], "recording")
         self.speak(TABLE)
         heard, _ = self.finish()

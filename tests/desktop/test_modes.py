@@ -30,7 +30,8 @@ class ModesTest(DictationCase):
 
     def setUp(self):
         super().setUp()
-        self.command("history", "delete", "--yes", *[row["id"] for row in self.history()])
+        if stored := self.history():
+            self.command("history", "delete", "--yes", *[row["id"] for row in stored])
         self.server.requests.clear()
 
     # --- steps

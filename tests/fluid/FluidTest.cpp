@@ -161,3 +161,42 @@ TEST(FluidReports, ProgressIsReportedInStepsOfTenPercent)
     }
     EXPECT_EQ(reports, (std::vector{0, 10, 20}));
 }
+
+TEST_F(Fluid, AnUnloadDuringALoadKeepsNothingAndTheNextRequestLoadsAnew)
+{
+    install("model.bin");
+    auto loading = engine.load(source(QStringLiteral("a")));
+    engine.unload();
+    const auto given = QCoro::waitFor(std::move(loading));
+    EXPECT_NE(given, nullptr) << "who asked gets it";
+    EXPECT_NE(given, QCoro::waitFor(engine.load(source(QStringLiteral("a")))));
+}
+
+TEST_F(Fluid, ACancelInTheMiddleOfALongRecordingEndsItAndTheNextOneIsWritten)
+{
+    install("model.bin");
+    const auto request = [&](std::vector<float> samples, std::function<void(float)> onProgress) {
+        return FluidAsrEngine::Request{
+            QStringLiteral("r"), std::move(samples), source(QStringLiteral("a")), {}, std::move(onProgress)};
+    };
+    std::vector<float> minutes;
+    for (const std::vector<float> part = recording("long-02.flac"); minutes.size() < 16'000 * 300;)
+        minutes.insert(minutes.end(), part.begin(), part.end());
+    float last = 0;
+    const auto stop = [&](float fraction) {
+        last = fraction;
+        engine.stop();
+    };
+    EXPECT_EQ(outcome(engine.transcribe(request(std::move(minutes), stop))), asr::ASRError::Kind::processingFailed);
+    EXPECT_LT(last, 0.2F) << "it went on";
+    auto next = engine.transcribe(request(recording("sentence-02.flac"), {}));
+    EXPECT_EQ(QCoro::waitFor(std::move(next)).text, "Good morning, Peter.");
+}
+
+TEST_F(Fluid, TheUsersReplacementsAreAppliedToWhatWasSaid)
+{
+    install("ggml-parakeet-tdt-0.6b-v3-q8_0.bin", "parakeet-micro-tdt-q8_0.bin");
+    vocabulary.addReplacement(QStringLiteral("peter"), QStringLiteral("Pjotr"));
+    TranscriptionRequest request{QString(), recording("sentence-02.flac"), entry("Parakeet v3 (Fluid)"), {}, {}, {}};
+    EXPECT_EQ(QCoro::waitFor(provider.transcribe(std::move(request))), QStringLiteral("Good morning, Pjotr."));
+}

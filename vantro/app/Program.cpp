@@ -18,6 +18,7 @@
 #include "vantro/audio/HeadsetSwitch.h"
 #include "vantro/cli/ExitCode.h"
 #include "vantro/cli/Terminal.h"
+#include "vantro/fluid/FluidModelDownloads.h"
 #include "vantro/fluid/FluidTranscriptionProvider.h"
 #include "vantro/models/ModelPreparation.h"
 #include "vantro/models/WhisperModelFiles.h"
@@ -67,6 +68,7 @@ public:
 
 private:
     [[nodiscard]] bool isReady(const TranscriptionModel& model);
+    [[nodiscard]] ModelProviding& filesOf(const TranscriptionModel& model);
     [[nodiscard]] bool isPresent(const TranscriptionModel& model) const;
     void settleShortcut(const QString& wanted);
     void askForShortcut();
@@ -93,15 +95,16 @@ private:
 
     ModelCatalogue catalogue_{ModelHost::address(defaults_, options_.modelHost)};
     ModelStore modelStore_ = ModelStore::standard();
-    FluidModelFiles fluidFiles_{{modelStore_.userFolder()}};
+    FluidModelFiles fluidFiles_{modelStore_.folders()};
     ModelSelection models_{catalogue_, defaults_, [this](const auto& model) {
                                return isReady(model);
                            }};
     ModelPreparation modelPreparation_{catalogue_, modelStore_, defaults_};
     FileDownloader fileDownloader_;
     WhisperModelFiles whisperFiles_{fileDownloader_, modelStore_};
-    ModelDownloader modelDownloader_{[this](const TranscriptionModel& model) -> ModelProviding* {
-        return model.engine == TranscriptionEngine::whisper ? &whisperFiles_ : nullptr;
+    FluidModelDownloads fluidDownloads_{fileDownloader_, fluidFiles_};
+    ModelDownloader modelDownloader_{[this](const TranscriptionModel& model) {
+        return &filesOf(model);
     }};
     QString modelProblem_; ///< why a model that was there has to be fetched again
     VocabularySettings vocabulary_{defaults_};
@@ -258,7 +261,14 @@ bool Program::isPresent(const TranscriptionModel& model) const
 
 bool Program::isReady(const TranscriptionModel& model)
 {
-    return model.engine == TranscriptionEngine::fluid ? !fluidFiles_.find(model).isEmpty() : modelStore_.isReady(model);
+    return model.engine == TranscriptionEngine::fluid ? fluidFiles_.check(model).isReady : modelStore_.isReady(model);
+}
+
+ModelProviding& Program::filesOf(const TranscriptionModel& model)
+{
+    if (model.engine == TranscriptionEngine::fluid)
+        return fluidDownloads_;
+    return whisperFiles_;
 }
 
 void Program::settleShortcut(const QString& wanted)
@@ -322,9 +332,7 @@ Surfaces Program::surfaces()
 
 QCoro::Task<bool> Program::modelIsReady(TranscriptionModel model)
 {
-    if (model.engine == TranscriptionEngine::fluid)
-        co_return isReady(model);
-    const auto checked = whisperFiles_.check(model);
+    const auto checked = filesOf(model).check(model);
     const ModelCheck check = co_await checked;
     modelProblem_ = check.problem;
     co_return check.isReady;

@@ -118,11 +118,14 @@ void AudioDeviceManager::refreshAvailableDevices()
     Q_EMIT availableDevicesChanged();
 }
 
+// The number is this process's own: written back it would be corrected by every other process in turn.
 void AudioDeviceManager::followSelectedDevice()
 {
     const AudioInputDevice* const device = customDevice(availableDevices_);
-    if (device != nullptr && device->id != selectedDeviceID_)
-        setSelectedDeviceID(device->id);
+    if (device == nullptr || device->id == selectedDeviceID_)
+        return;
+    selectedDeviceID_ = device->id;
+    Q_EMIT selectedDeviceIDChanged();
 }
 
 void AudioDeviceManager::setInputMode(AudioInputMode mode)

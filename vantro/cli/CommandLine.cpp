@@ -4,9 +4,11 @@
 #include "vantro/cli/ControlCommands.h"
 #include "vantro/cli/DevicesCommand.h"
 #include "vantro/cli/ExitCode.h"
+#include "vantro/cli/HistoryCommand.h"
 #include "vantro/cli/LogsCommand.h"
 #include "vantro/cli/ModelsCommand.h"
 #include "vantro/cli/ModesCommand.h"
+#include "vantro/cli/NotesCommand.h"
 #include "vantro/cli/ProvidersCommand.h"
 #include "vantro/cli/ShortcutsCommand.h"
 #include "vantro/cli/Terminal.h"
@@ -45,6 +47,8 @@ Commands:
                       Show and edit what is written instead of what.
   vocabulary [ACTION] Show and edit the words that the engine is told of.
   providers [ACTION]  List, add, edit, remove or test language models that rewrite texts.
+  history [ACTION]    List, search, show, delete or export what was dictated.
+  notes [ACTION]      List, show, add or delete notes.
   toggle              Start a dictation, or end and transcribe the running one.
   start, stop         Open the launcher and record; end the recording.
   cancel              Discard the dictation.
@@ -60,8 +64,10 @@ const QHash<QString, Command>& commands()
 {
     static const QHash<QString, Command> commands{
         {QStringLiteral("devices"), runDevices},
+        {QStringLiteral("history"), runHistory},
         {QStringLiteral("logs"), runLogs},
         {QStringLiteral("modes"), runModes},
+        {QStringLiteral("notes"), runNotes},
         {QStringLiteral("providers"), runProviders},
         {QStringLiteral("replacements"), runReplacements},
         {QStringLiteral("shortcuts"), runShortcuts},

@@ -1,5 +1,6 @@
 #include "vantro/cli/ModelsCommand.h"
 
+#include "base/Logger.h"
 #include "vantro/cli/ExitCode.h"
 #include "vantro/cli/ModelsSession.h"
 #include "vantro/cli/Terminal.h"
@@ -50,17 +51,10 @@ void writeJson(const QJsonObject& object)
     terminal::writeLine(QString::fromUtf8(QJsonDocument(object).toJson(QJsonDocument::Compact)));
 }
 
-int refuseWithoutEngine(const TranscriptionModel& model)
-{
-    terminal::writeError(
-        QStringLiteral("this installation has no engine for \"%1\": choose another model").arg(model.name));
-    return ExitCode::failed;
-}
-
 int selectModel(ModelsSession& session, const TranscriptionModel& model, const Options& options)
 {
     session.selection.select(model);
-    const bool isThere = session.store.status(model).state != ModelStatus::State::missing;
+    const bool isThere = session.status(model).state != ModelStatus::State::missing;
     if (options.json)
         writeJson({{QStringLiteral("selected"), model.name}});
     else
@@ -75,8 +69,8 @@ int verifyModels(ModelsSession& session, const std::vector<TranscriptionModel>& 
 {
     int exitCode = ExitCode::done;
     for (const TranscriptionModel& model : models) {
-        const QString file = session.store.modelFile(model);
-        const ModelCheck check = session.store.check(model, ModelStore::Trust::contentOnly);
+        const QString file = session.status(model).file;
+        const ModelCheck check = session.check(model, ModelStore::Trust::contentOnly);
         if (json)
             writeJson({{QStringLiteral("model"), model.name},
                        {QStringLiteral("file"), file},
@@ -96,7 +90,7 @@ int verifyModels(ModelsSession& session, const std::vector<TranscriptionModel>& 
 int verify(ModelsSession& session, const TranscriptionModel* model, const Options& options)
 {
     const auto hasFile = [&session](const TranscriptionModel& entry) {
-        return !session.store.status(entry).file.isEmpty();
+        return !session.status(entry).file.isEmpty();
     };
     std::vector<TranscriptionModel> models;
     if (model == nullptr) {
@@ -113,7 +107,7 @@ int verify(ModelsSession& session, const TranscriptionModel* model, const Option
 
 int removeModel(ModelsSession& session, const TranscriptionModel& model, const Options& options)
 {
-    const ModelStatus status = session.store.status(model);
+    const ModelStatus status = session.status(model);
     if (status.state == ModelStatus::State::missing) {
         terminal::writeError(QStringLiteral("%1 is not downloaded").arg(model.name));
         return ExitCode::notFound;
@@ -127,7 +121,7 @@ int removeModel(ModelsSession& session, const TranscriptionModel& model, const O
             QStringLiteral("%1 is selected: select another model first, or use --force").arg(model.name));
         return ExitCode::failed;
     }
-    const qint64 freed = session.store.remove(model);
+    const qint64 freed = session.remove(model);
     if (options.json)
         writeJson({{QStringLiteral("removed"), model.name}, {QStringLiteral("freed_bytes"), freed}});
     else
@@ -138,8 +132,8 @@ int removeModel(ModelsSession& session, const TranscriptionModel& model, const O
 int clearModels(ModelsSession& session, const Options& options)
 {
     const TranscriptionModel selected = session.selection.selectedModel();
-    const qint64 freed = session.store.removeAllExcept(session.catalogue, &selected);
-    const qint64 used = session.store.bytesUsed(session.catalogue);
+    const qint64 freed = session.removeAllExcept(selected);
+    const qint64 used = session.bytesUsed();
     if (options.json) {
         writeJson({{QStringLiteral("kept"), selected.name},
                    {QStringLiteral("freed_bytes"), freed},
@@ -160,8 +154,6 @@ int carryOut(ModelsSession& session, const TranscriptionModel* model, const Opti
         return clearModels(session, options);
     if (options.action == QLatin1String("verify"))
         return verify(session, model, options);
-    if (!ModelsSession::hasEngine(*model))
-        return refuseWithoutEngine(*model);
     if (options.action == QLatin1String("download"))
         return downloadModel(session, *model, options.json);
     if (options.action == QLatin1String("select"))
@@ -195,7 +187,7 @@ const TranscriptionModel* ModelsSession::find(const QString& text) const
     const TranscriptionModel* begins = nullptr;
     int count = 0;
     for (const TranscriptionModel& model : catalogue.models()) {
-        if (model.name == text || (!model.url.isEmpty() && model.fileName() == text))
+        if (model.name == text || (model.fluidModel ? model.fluidModel->file : model.fileName()) == text)
             return &model;
         if (model.name.startsWith(text, Qt::CaseInsensitive)) {
             begins = &model;
@@ -203,6 +195,46 @@ const TranscriptionModel* ModelsSession::find(const QString& text) const
         }
     }
     return count == 1 ? begins : nullptr;
+}
+
+ModelStatus ModelsSession::status(const TranscriptionModel& model) const
+{
+    return model.fluidModel ? fluidFiles.status(model) : store.status(model);
+}
+
+ModelCheck ModelsSession::check(const TranscriptionModel& model, ModelStore::Trust trust) const
+{
+    return model.fluidModel ? fluidFiles.check(model) : store.check(model, trust);
+}
+
+qint64 ModelsSession::remove(const TranscriptionModel& model) const
+{
+    return model.fluidModel ? fluidFiles.remove(model) : store.remove(model);
+}
+
+qint64 ModelsSession::removeAllExcept(const TranscriptionModel& keep) const
+{
+    qint64 freed = store.removeAllExcept(catalogue, &keep);
+    for (const TranscriptionModel& model : catalogue.models()) {
+        if (!model.fluidModel || model.name == keep.name)
+            continue;
+        try {
+            freed += fluidFiles.remove(model);
+        } catch (const Error& error) {
+            printLine(QStringLiteral("Error: ") + error.localizedDescription());
+        }
+    }
+    return freed;
+}
+
+qint64 ModelsSession::bytesUsed() const
+{
+    qint64 bytes = store.bytesUsed(catalogue);
+    for (const TranscriptionModel& model : catalogue.models()) {
+        const ModelStatus known = model.fluidModel ? fluidFiles.status(model) : ModelStatus();
+        bytes += known.isSystemCopy ? 0 : known.bytes;
+    }
+    return bytes;
 }
 
 bool ModelsSession::isSelected(const TranscriptionModel& model) const

@@ -2,6 +2,7 @@
 #include "vantro/cli/Interruption.h"
 #include "vantro/cli/ModelsSession.h"
 #include "vantro/cli/Terminal.h"
+#include "vantro/fluid/FluidModelDownloads.h"
 #include "vantro/models/TransferRate.h"
 #include "vantro/models/WhisperModelFiles.h"
 
@@ -88,7 +89,7 @@ struct Failure
 };
 
 /// Answers what went wrong: a task that throws cannot be waited for.
-QCoro::Task<std::optional<Failure>> fetch(WhisperModelFiles& files, TranscriptionModel model, ProgressDisplay& display,
+QCoro::Task<std::optional<Failure>> fetch(ModelProviding& files, TranscriptionModel model, ProgressDisplay& display,
                                           std::stop_token stop)
 {
     try {
@@ -112,7 +113,7 @@ QCoro::Task<std::optional<Failure>> fetch(WhisperModelFiles& files, Transcriptio
 
 void report(const ModelsSession& session, const TranscriptionModel& model, qint64 elapsedMs, bool json)
 {
-    const QString file = session.store.modelFile(model);
+    const QString file = session.status(model).file;
     if (!json) {
         terminal::writeLine(terminal::outputIsTerminal() ? QStringLiteral("%1 is ready: %2").arg(model.name, file)
                                                          : file);
@@ -131,14 +132,17 @@ int downloadModel(ModelsSession& session, const TranscriptionModel& model, bool 
 {
     QElapsedTimer timer;
     timer.start();
-    const ModelCheck before = session.store.check(model);
+    const ModelCheck before = session.check(model);
     if (!before.isReady) {
         if (!before.problem.isEmpty())
             terminal::writeError(before.problem);
         const Interruption interruption;
         ProgressDisplay display(model.name);
         FileDownloader downloader;
-        WhisperModelFiles files(downloader, session.store);
+        WhisperModelFiles whisperFiles(downloader, session.store);
+        FluidModelDownloads fluidFiles(downloader, session.fluidFiles);
+        ModelProviding& files =
+            model.fluidModel ? static_cast<ModelProviding&>(fluidFiles) : static_cast<ModelProviding&>(whisperFiles);
         const auto failure = QCoro::waitFor(fetch(files, model, display, interruption.token()));
         terminal::showProgress({});
         if (failure) {

@@ -40,9 +40,7 @@ QString partText(const ModelStatus& status)
 
 QString stateText(const ModelsSession& session, const TranscriptionModel& model)
 {
-    if (!ModelsSession::hasEngine(model))
-        return QStringLiteral("no engine here");
-    const ModelStatus status = session.store.status(model);
+    const ModelStatus status = session.status(model);
     QStringList words;
     if (session.isSelected(model))
         words << QStringLiteral("selected");
@@ -78,22 +76,20 @@ void printTable(const ModelsSession& session)
         rows.push_back({model.name, model.size, languages(model), bar(model.speed), bar(model.accuracy),
                         QStringLiteral("%1 GB").arg(model.ramUsage, 0, 'f', 1), stateText(session, model)});
     terminal::writeTable(rows);
-    terminal::writeLine(QStringLiteral("\nDownloaded models use %1 of disk space.")
-                            .arg(sizeText(session.store.bytesUsed(session.catalogue))));
+    terminal::writeLine(QStringLiteral("\nDownloaded models use %1 of disk space.").arg(sizeText(session.bytesUsed())));
 }
 
 void printPlain(const ModelsSession& session)
 {
     for (const TranscriptionModel& model : session.catalogue.models()) {
-        const ModelStatus status = session.store.status(model);
-        const QString state = ModelsSession::hasEngine(model) ? stateName(status) : QStringLiteral("unsupported");
+        const ModelStatus status = session.status(model);
         const QStringList fields{model.name,
                                  model.size,
                                  languages(model),
                                  QString::number(model.speed),
                                  QString::number(model.accuracy),
                                  QString::number(model.ramUsage),
-                                 state,
+                                 stateName(status),
                                  session.isSelected(model) ? QStringLiteral("selected") : QStringLiteral("-"),
                                  status.file};
         terminal::writeLine(fields.join(QLatin1Char('\t')));
@@ -102,7 +98,7 @@ void printPlain(const ModelsSession& session)
 
 QJsonObject toJson(const ModelsSession& session, const TranscriptionModel& model)
 {
-    const ModelStatus status = session.store.status(model);
+    const ModelStatus status = session.status(model);
     QJsonObject object{
         {QStringLiteral("name"), model.name},
         {QStringLiteral("size"), model.size},
@@ -111,7 +107,6 @@ QJsonObject toJson(const ModelsSession& session, const TranscriptionModel& model
         {QStringLiteral("speed"), model.speed},
         {QStringLiteral("accuracy"), model.accuracy},
         {QStringLiteral("memory_gb"), model.ramUsage},
-        {QStringLiteral("supported"), ModelsSession::hasEngine(model)},
         {QStringLiteral("state"), stateName(status)},
         {QStringLiteral("selected"), session.isSelected(model)},
         {QStringLiteral("system"), status.isSystemCopy},
@@ -119,8 +114,8 @@ QJsonObject toJson(const ModelsSession& session, const TranscriptionModel& model
     };
     if (!status.file.isEmpty())
         object.insert(QStringLiteral("file"), status.file);
-    if (!model.url.isEmpty())
-        object.insert(QStringLiteral("url"), model.url);
+    if (const QString url = model.fluidModel ? model.fluidModel->url : model.url; !url.isEmpty())
+        object.insert(QStringLiteral("url"), url);
     if (!model.hash.isEmpty())
         object.insert(QStringLiteral("sha1"), model.hash);
     return object;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "vantro/fluid/FluidModelFiles.h"
 #include "vantro/models/ModelSelection.h"
 #include "vantro/models/ModelStore.h"
 
@@ -10,22 +11,25 @@ struct ModelsSession
 {
     explicit ModelsSession(const QString& modelHost)
         : catalogue(ModelHost::address(defaults, modelHost))
-        , selection(catalogue, defaults, [this](const auto& model) { return store.isReady(model); })
+        , selection(catalogue, defaults, [this](const auto& model) { return check(model).isReady; })
     {
     }
 
     /// An entry by its name, by its file's name, or by the beginning of its name when no other begins so; null else.
     [[nodiscard]] const TranscriptionModel* find(const QString& text) const;
     [[nodiscard]] bool isSelected(const TranscriptionModel& model) const;
-    /// Whether this installation can run @p model at all.
-    [[nodiscard]] static bool hasEngine(const TranscriptionModel& model)
-    {
-        return model.engine == TranscriptionEngine::whisper;
-    }
+    // The same questions for the models of both engines, as ModelStore and FluidModelFiles answer them.
+    [[nodiscard]] ModelStatus status(const TranscriptionModel& model) const;
+    [[nodiscard]] ModelCheck check(const TranscriptionModel& model,
+                                   ModelStore::Trust trust = ModelStore::Trust::markers) const;
+    qint64 remove(const TranscriptionModel& model) const;
+    qint64 removeAllExcept(const TranscriptionModel& keep) const;
+    [[nodiscard]] qint64 bytesUsed() const;
 
     UserDefaults defaults{UserDefaults::standardPath()};
     ModelCatalogue catalogue;
     ModelStore store = ModelStore::standard();
+    FluidModelFiles fluidFiles{store.folders()};
     ModelSelection selection;
 };
 

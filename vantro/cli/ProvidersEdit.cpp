@@ -213,8 +213,8 @@ int removeProvider(ProvidersSession& session, const ProviderConfiguration& provi
     if (!parser.isSet(QStringLiteral("yes"))) {
         if (!terminal::inputIsTerminal())
             return wrongUsage(QStringLiteral("providers remove needs --yes where nobody can be asked"));
-        if (!terminal::confirms(QStringLiteral("Are you sure you want to delete '%1'? This action cannot be undone.")
-                                    .arg(provider.name)))
+        if (!terminal::ask(QStringLiteral("Are you sure you want to delete '%1'? This action cannot be undone.")
+                               .arg(provider.name)))
             return ExitCode::failed;
     }
     session.manager.remove(provider.id);

@@ -1,16 +1,24 @@
 #include "vantro/cli/Terminal.h"
 
 #include <langinfo.h>
+#include <sys/ioctl.h>
 #include <termios.h>
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
 #include <csignal>
 #include <cstdio>
 #include <span>
 #include <string_view>
 
 namespace vantro {
+
+namespace {
+
+constexpr int defaultWidth = 80;
+
+} // namespace
 
 bool terminal::outputIsTerminal()
 {
@@ -22,10 +30,81 @@ bool terminal::errorIsTerminal()
     return isatty(STDERR_FILENO) != 0;
 }
 
+bool terminal::canAsk()
+{
+    return isatty(STDIN_FILENO) != 0 && errorIsTerminal();
+}
+
+int terminal::outputWidth()
+{
+    struct winsize size = {};
+    if (ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) != 0 || size.ws_col == 0)
+        return defaultWidth;
+    return size.ws_col;
+}
+
 void terminal::writeLine(const QString& line)
 {
-    std::fprintf(stdout, "%s\n", qUtf8Printable(line));
+    // A dictated text may hold any character, the one that ends a C string too.
+    const QByteArray bytes = line.toUtf8() + '\n';
+    std::fwrite(bytes.constData(), 1, static_cast<std::size_t>(bytes.size()), stdout);
     std::fflush(stdout);
+}
+
+void terminal::writeTable(const std::vector<QStringList>& rows)
+{
+    if (!outputIsTerminal()) {
+        for (const QStringList& row : std::span(rows).subspan(1))
+            writeLine(row.join(QLatin1Char('\t')));
+        return;
+    }
+    std::vector<qsizetype> widths(static_cast<std::size_t>(rows.front().size()), 0);
+    for (const QStringList& row : rows) {
+        for (std::size_t i = 0; i < widths.size(); ++i)
+            widths[i] = std::max(widths[i], row[static_cast<qsizetype>(i)].size());
+    }
+    for (const QStringList& row : rows) {
+        QString line;
+        for (std::size_t i = 0; i < widths.size(); ++i)
+            line += row[static_cast<qsizetype>(i)].leftJustified(widths[i] + 2);
+        writeLine(line.trimmed());
+    }
+}
+
+bool terminal::ask(const QString& question)
+{
+    std::fprintf(stderr, "%s [y/N] ", qUtf8Printable(question));
+    std::fflush(stderr);
+    std::array<char, 16> answer{};
+    if (std::fgets(answer.data(), static_cast<int>(answer.size()), stdin) == nullptr)
+        return false;
+    return answer[0] == 'y' || answer[0] == 'Y';
+}
+
+QString terminal::printable(const QString& text)
+{
+    QString result = text;
+    for (QChar& character : result) {
+        if (character.category() == QChar::Other_Control && character != QLatin1Char('\n') &&
+            character != QLatin1Char('\t'))
+            character = QLatin1Char(' ');
+    }
+    return result;
+}
+
+QString terminal::singleLine(const QString& text)
+{
+    return printable(text).simplified();
+}
+
+QString terminal::elided(const QString& text, qsizetype columns)
+{
+    if (text.size() <= columns)
+        return text;
+    QString cut = text.left(std::max<qsizetype>(columns - 1, 1));
+    if (cut.back().isHighSurrogate())
+        cut.chop(1);
+    return cut + QChar(0x2026);
 }
 
 void terminal::writeError(const QString& text)
@@ -53,26 +132,6 @@ void terminal::showProgress(const QString& text)
         return;
     std::fprintf(stderr, "\r\033[K%s", qUtf8Printable(text));
     std::fflush(stderr);
-}
-
-void terminal::writeTable(const std::vector<QStringList>& rows)
-{
-    if (!outputIsTerminal()) {
-        for (const QStringList& row : std::span(rows).subspan(1))
-            writeLine(row.join(QLatin1Char('\t')));
-        return;
-    }
-    std::vector<qsizetype> widths(static_cast<std::size_t>(rows.front().size()), 0);
-    for (const QStringList& row : rows) {
-        for (std::size_t i = 0; i < widths.size(); ++i)
-            widths[i] = std::max(widths[i], row[static_cast<qsizetype>(i)].size());
-    }
-    for (const QStringList& row : rows) {
-        QString line;
-        for (std::size_t i = 0; i < widths.size(); ++i)
-            line += row[static_cast<qsizetype>(i)].leftJustified(widths[i] + 2);
-        writeLine(line.trimmed());
-    }
 }
 
 namespace {
@@ -136,13 +195,6 @@ std::optional<QString> terminal::readSecret(const QString& prompt)
         std::raise(SIGINT);
     const QString text = QString::fromUtf8(line).trimmed();
     return text.isEmpty() ? std::nullopt : std::optional(text);
-}
-
-bool terminal::confirms(const QString& question)
-{
-    std::fprintf(stderr, "%s [y/N] ", qUtf8Printable(question));
-    const int answer = std::getc(stdin);
-    return answer == 'y' || answer == 'Y';
 }
 
 bool terminal::inputIsTerminal()

@@ -12,9 +12,21 @@ namespace vantro::terminal {
 /// Whether a person reads standard output / standard error.
 bool outputIsTerminal();
 bool errorIsTerminal();
+/// Whether a person can answer: standard input and standard error are a terminal.
+bool canAsk();
+/// Columns of the terminal behind standard output, 80 when it does not tell.
+int outputWidth();
 
 /// One line on standard output.
 void writeLine(const QString& line);
+/// Puts @p question and reads the answer; false for all that is no yes.
+bool ask(const QString& question);
+/// A text from elsewhere as one line that cannot steer a terminal: control characters and line breaks become blanks.
+QString singleLine(const QString& text);
+/// The same, but its lines stay.
+QString printable(const QString& text);
+/// Cut to @p columns, with a mark where something is missing.
+QString elided(const QString& text, qsizetype columns);
 /// "vantro: " and the text, on standard error.
 void writeError(const QString& text);
 /// One line on standard error, as it is.
@@ -30,8 +42,6 @@ void writeTable(const std::vector<QStringList>& rows);
 /// A line of standard input without its line break. On a terminal @p prompt is shown, on standard error, and what is
 /// typed is not; nothing when it is empty.
 std::optional<QString> readSecret(const QString& prompt);
-/// Whether the user answers @p question with yes. Only where a person reads and types.
-bool confirms(const QString& question);
 bool inputIsTerminal();
 
 /// Gives @p parser the option --help, without the ones for Qt's own options.

@@ -87,14 +87,14 @@ private:
     WhisperInProcessEngine engine_;
     WhisperTranscriptionProvider provider_{engine_, store_, defaults_, vocabulary_};
     FluidAsrEngine fluidEngine_{processorModuleFolders()};
-    FluidModelFiles fluidFiles_{{store_.userFolder()}};
+    FluidModelFiles fluidFiles_{store_.folders()};
     FluidTranscriptionProvider fluid_{fluidEngine_, fluidFiles_, defaults_, vocabulary_};
     TranscriptionFacade facade_{selection_, provider_, fluid_};
 };
 
 bool Session::isReady(const TranscriptionModel& model)
 {
-    return model.engine == TranscriptionEngine::fluid ? !fluidFiles_.find(model).isEmpty() : store_.isReady(model);
+    return model.engine == TranscriptionEngine::fluid ? fluidFiles_.check(model).isReady : store_.isReady(model);
 }
 
 TranscriptionModel Session::model(const QString& nameOrPath)
@@ -118,11 +118,7 @@ TranscriptionModel Session::model(const QString& nameOrPath)
         throw Error(QStringLiteral("There is no model \"%1\". The catalogue has %2; a file's path works too")
                         .arg(nameOrPath, names.join(QStringLiteral(", "))));
     }
-    if (entry->fluidModel && !isReady(*entry)) {
-        throw Error(QStringLiteral("The model \"%1\" is not there: put %2-q8_0.bin into %3")
-                        .arg(entry->name, entry->fluidModel->repository, store_.userFolder()));
-    }
-    if (entry->engine == TranscriptionEngine::whisper && !store_.isReady(*entry)) {
+    if (!isReady(*entry)) {
         throw Error(
             QStringLiteral("The model \"%1\" is not downloaded: run vantro models download \"%1\"").arg(entry->name));
     }

@@ -1,6 +1,10 @@
 #include "vantro/fluid/FluidModelFiles.h"
 
+#include "asr/ASRError.h"
 #include "asr/AsrModels.h"
+#include "asr/ModelFile.h"
+#include "base/Logger.h"
+#include "vantro/models/PartFile.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -9,6 +13,21 @@
 #include <utility>
 
 namespace vantro {
+
+namespace {
+
+/// What is wrong with a container, as its reader says; empty for one that is whole.
+QString damageOf(const QString& path)
+{
+    try {
+        const asr::ModelFile file(QFile::encodeName(path).toStdString());
+        return {};
+    } catch (const asr::ASRError& error) {
+        return QString::fromStdString(error.detail());
+    }
+}
+
+} // namespace
 
 FluidModelFiles::FluidModelFiles(QStringList folders) : folders_(std::move(folders)) {}
 
@@ -23,6 +42,9 @@ QString FluidModelFiles::find(const TranscriptionModel& model) const
     if (names.first().endsWith(QLatin1String("-en")))
         names << names.first().chopped(3);
     for (const QString& folder : folders_) {
+        QString published = folder + QLatin1Char('/') + model.fluidModel->file;
+        if (QFileInfo(published).isFile())
+            return published;
         for (const char* precision : {"-q4_0", "-q5_0", "-q8_0", "-f16", "", "-f32"}) {
             for (const char* prefix : {"", "ggml-"}) {
                 for (const QString& name : names) {
@@ -35,6 +57,68 @@ QString FluidModelFiles::find(const TranscriptionModel& model) const
         }
     }
     return {};
+}
+
+QString FluidModelFiles::ownFile(const TranscriptionModel& model) const
+{
+    return folders_.first() + QLatin1Char('/') + model.fluidModel.value().file;
+}
+
+bool FluidModelFiles::isOwn(const QString& path) const
+{
+    return path.startsWith(folders_.first() + QLatin1Char('/'));
+}
+
+ModelStatus FluidModelFiles::status(const TranscriptionModel& model) const
+{
+    if (const QString file = find(model); !file.isEmpty())
+        return {ModelStatus::State::ready, file, !isOwn(file), QFileInfo(file).size(), -1};
+    const PartFile part(ownFile(model));
+    const auto note = part.note();
+    if (!note || part.bytes() == 0)
+        return {};
+    return {ModelStatus::State::partial, {}, false, part.bytes(), note->totalBytes};
+}
+
+ModelCheck FluidModelFiles::check(const TranscriptionModel& model) const
+{
+    const QString path = find(model);
+    if (path.isEmpty())
+        return {};
+    const QString damage = damageOf(path);
+    if (damage.isEmpty())
+        return {true, {}};
+    const QString problem =
+        QStringLiteral("%1 is no whole Parakeet model (%2)").arg(QFileInfo(path).fileName(), damage);
+    if (path != ownFile(model))
+        return {false, problem + QStringLiteral(". It was not downloaded by vantro and is left alone: %1").arg(path)};
+    // A download that runs may be about to put the right file in its place.
+    const auto lock = PartFile(path).tryLock();
+    if (!lock)
+        return {false, problem + QStringLiteral(" and is just being replaced.")};
+    printLine(QStringLiteral("Error: Invalid model file detected - removing corrupted file: ") +
+              QFileInfo(path).fileName());
+    if (!QFile::remove(path))
+        return {false, problem + QStringLiteral(" and cannot be removed.")};
+    return {false, problem + QStringLiteral(". It has been removed and will be fetched again.")};
+}
+
+qint64 FluidModelFiles::remove(const TranscriptionModel& model) const
+{
+    const QString found = find(model);
+    const QString path = !found.isEmpty() && isOwn(found) ? found : ownFile(model);
+    PartFile part(path);
+    if (!QFileInfo::exists(path) && part.bytes() == 0)
+        return 0;
+    const auto lock = part.tryLock();
+    if (!lock)
+        throw Error(QStringLiteral("%1 is being downloaded. Stop the download first.").arg(QFileInfo(path).fileName()));
+    const qint64 bytes = QFileInfo(path).size() + part.bytes();
+    part.discard();
+    QFile file(path);
+    if (file.exists() && !file.remove())
+        throw Error(QStringLiteral("%1 could not be removed: %2").arg(path, file.errorString()));
+    return bytes;
 }
 
 std::optional<TranscriptionModel> FluidModelFiles::describe(const QString& file)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "vantro/models/ModelCheck.h"
+#include "vantro/models/ModelStore.h"
 #include "vantro/models/TranscriptionModel.h"
 
 #include <QString>
@@ -7,21 +9,33 @@
 
 namespace vantro {
 
-/// Where the files of Parakeet models lie. A model is published in several precisions under its repository's name: the
-/// smallest that is there is taken.
+/// Where the files of Parakeet models lie and whether they are whole. No digest of them is published: a file counts as
+/// right when everything that its header announces is there. Any thread.
 class FluidModelFiles
 {
 public:
-    /// @p folders are searched in order.
+    /// @p folders are searched in order; the first is the user's own, where downloads go.
     explicit FluidModelFiles(QStringList folders);
 
-    /// The model's file, or an empty text. A model whose URL is a local file is that file.
+    /// The model's file, or an empty text: the container that is downloaded, else one of another precision that
+    /// somebody has put there. A model whose URL is a local file is that file.
     [[nodiscard]] QString find(const TranscriptionModel& model) const;
+    /// Where the user's own copy stands or would stand.
+    [[nodiscard]] QString ownFile(const TranscriptionModel& model) const;
+    /// Never reads the model's numbers.
+    [[nodiscard]] ModelStatus status(const TranscriptionModel& model) const;
+    /// Whether the model is there and whole. The user's copy is removed when it is not, another one is left alone.
+    [[nodiscard]] ModelCheck check(const TranscriptionModel& model) const;
+    /// Removes the user's copy and what was fetched of it; answers how many bytes that freed. Throws Error when it is
+    /// being downloaded, or cannot be removed.
+    qint64 remove(const TranscriptionModel& model) const;
 
     /// A model for a Parakeet file that the user named; nothing when the file is of another kind.
     static std::optional<TranscriptionModel> describe(const QString& file);
 
 private:
+    [[nodiscard]] bool isOwn(const QString& path) const;
+
     QStringList folders_;
 };
 

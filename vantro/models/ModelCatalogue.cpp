@@ -41,21 +41,41 @@ constexpr WhisperEntry whisperEntries[] = {
      SupportedLanguages::multilingual, "ggml-large-v3-turbo.bin", "4af2b29d7ec73d781377bfd1758ca957a807e941"},
 };
 
-TranscriptionModel fluidEntry(const QString& name, const QString& size, double accuracy, const QString& description,
-                              const FluidModel& fluidModel)
+struct FluidEntry
+{
+    const char* name;
+    const char* size;
+    double accuracy;
+    const char* description;
+    SupportedLanguages languages;
+    const char* repository;
+    const char* file; ///< docs/models.md says how sure the names are
+};
+
+constexpr FluidEntry fluidEntries[] = {
+    {"Parakeet v3 (Fluid)", "461 MiB", 0.95,
+     "Fluid model on the Apple Neural Engine. Fastest option, 25 European languages.", SupportedLanguages::multilingual,
+     "parakeet-tdt-0.6b-v3", "ggml-parakeet-tdt-0.6b-v3-q8_0.bin"},
+    {"Parakeet v2 (Fluid, English)", "443 MiB", 0.97,
+     "Fluid model on the Apple Neural Engine. English only, highest accuracy.", SupportedLanguages::english,
+     "parakeet-tdt-0.6b-v2-en", "ggml-parakeet-tdt-0.6b-v2-q8_0.bin"},
+};
+
+TranscriptionModel fluidEntry(const FluidEntry& entry, const QString& modelHost)
 {
     TranscriptionModel model;
     model.id = QUuid::createUuid();
-    model.name = name;
-    model.size = size;
+    model.name = QLatin1String(entry.name);
+    model.size = QLatin1String(entry.size);
     model.speed = 0.99;
-    model.accuracy = accuracy;
+    model.accuracy = entry.accuracy;
     model.ramUsage = 0.7;
-    model.description = description;
-    model.supportedLanguages =
-        fluidModel.isMultilingual ? SupportedLanguages::multilingual : SupportedLanguages::english;
+    model.description = QLatin1String(entry.description);
+    model.supportedLanguages = entry.languages;
     model.engine = TranscriptionEngine::fluid;
-    model.fluidModel = fluidModel;
+    model.fluidModel = FluidModel{
+        QLatin1String(entry.repository), entry.languages == SupportedLanguages::multilingual, QLatin1String(entry.file),
+        ModelHost::fluidAddress(modelHost) + QLatin1String("/resolve/main/") + QLatin1String(entry.file)};
     return model;
 }
 
@@ -79,14 +99,8 @@ TranscriptionModel whisperEntry(const WhisperEntry& entry, const QString& modelH
 
 ModelCatalogue::ModelCatalogue(const QString& modelHost)
 {
-    models_.push_back(
-        fluidEntry(QStringLiteral("Parakeet v3 (Fluid)"), QStringLiteral("461 MiB"), 0.95,
-                   QStringLiteral("Fluid model on the Apple Neural Engine. Fastest option, 25 European languages."),
-                   {QStringLiteral("parakeet-tdt-0.6b-v3"), true}));
-    models_.push_back(
-        fluidEntry(QStringLiteral("Parakeet v2 (Fluid, English)"), QStringLiteral("443 MiB"), 0.97,
-                   QStringLiteral("Fluid model on the Apple Neural Engine. English only, highest accuracy."),
-                   {QStringLiteral("parakeet-tdt-0.6b-v2-en"), false}));
+    for (const FluidEntry& entry : fluidEntries)
+        models_.push_back(fluidEntry(entry, modelHost));
     for (const WhisperEntry& entry : whisperEntries)
         models_.push_back(whisperEntry(entry, modelHost));
 }

@@ -7,6 +7,16 @@ QString ModelHost::publicAddress()
     return QStringLiteral("https://huggingface.co/ggerganov/whisper.cpp");
 }
 
+QString ModelHost::publicFluidAddress()
+{
+    return QStringLiteral("https://huggingface.co/ggml-org/parakeet-GGUF");
+}
+
+QString ModelHost::fluidAddress(const QString& address)
+{
+    return address == publicAddress() ? publicFluidAddress() : address;
+}
+
 QString ModelHost::address(const UserDefaults& defaults, const QString& option)
 {
     QString address = option;

@@ -15,6 +15,12 @@ namespace ModelHost {
 /// The public repository of the whisper.cpp model files.
 QString publicAddress();
 
+/// The public repository of the Parakeet containers.
+QString publicFluidAddress();
+/// Where the Parakeet containers are fetched from when @p address serves the whisper models: a host that somebody named
+/// serves both.
+QString fluidAddress(const QString& address);
+
 /// The first that is not empty of: @p option (from the command line), the environment's VANTRO_MODEL_HOST, the setting
 /// "modelHostBaseURL", the public repository. Not checked; a trailing slash is dropped.
 QString address(const UserDefaults& defaults, const QString& option);

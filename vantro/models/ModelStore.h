@@ -50,6 +50,8 @@ public:
     /// Where the user's own copy stands or would stand.
     [[nodiscard]] QString ownFile(const TranscriptionModel& model) const;
     [[nodiscard]] const QString& userFolder() const { return userFolder_; }
+    /// All folders in the order in which they are searched.
+    [[nodiscard]] QStringList folders() const { return QStringList(userFolder_) + systemFolders_; }
 
     /// Never reads a model file.
     [[nodiscard]] ModelStatus status(const TranscriptionModel& model) const;

@@ -12,11 +12,14 @@ enum class TranscriptionEngine { fluid, whisper };
 
 enum class SupportedLanguages { multilingual, english };
 
-/// A model of the neural engine: the repository it is published in and whether it is the multilingual variant.
+/// A model of the neural engine: the repository it is published in, whether it is the multilingual variant, and the
+/// file of its container with the address it is fetched from.
 struct FluidModel
 {
     QString repository;
     bool isMultilingual = false;
+    QString file = {};
+    QString url = {};
 };
 
 /// One speech model of the catalogue. Identified by `name`, which is also what is stored as the selection.

@@ -82,7 +82,7 @@ std::vector<QUuid> CoreDataStack::transcriptionIDs(const QString& prefix, int li
 std::vector<QUuid> CoreDataStack::identities(const QString& entity, const QString& prefix, int limit) const
 {
     // "g" is behind every digit that an identity is written with.
-    const QString begin = prefix.toLower();
+    const QString begin = presentText(prefix.toLower());
     StoreQuery query =
         persistentContainer_.run(QStringLiteral("SELECT id FROM %1 WHERE id >= ?1 AND id < ?2 LIMIT ?3").arg(entity),
                                  {begin, begin + QLatin1Char('g'), limit});
@@ -95,10 +95,16 @@ std::vector<QUuid> CoreDataStack::identities(const QString& entity, const QStrin
 void CoreDataStack::deleteTranscriptions(const std::vector<QUuid>& ids)
 {
     PersistentContainer::Transaction transaction(persistentContainer_);
-    for (const QUuid& id : ids)
-        persistentContainer_.run(QStringLiteral("DELETE FROM Transcription WHERE id = ?1"), {storedIdentity(id)});
+    std::vector<qint64> deleted;
+    for (const QUuid& id : ids) {
+        const QVariant key = persistentContainer_.value(
+            QStringLiteral("DELETE FROM Transcription WHERE id = ?1 RETURNING pk"), {storedIdentity(id)});
+        if (!key.isNull())
+            deleted.push_back(key.toLongLong());
+    }
     transaction.commit();
-    announceChanges();
+    for (const qint64 key : deleted)
+        Q_EMIT transcriptionChanged(key);
 }
 
 void CoreDataStack::announceChanges()
@@ -117,10 +123,10 @@ void CoreDataStack::watchOtherProcesses()
 qint64 insertTranscription(const PersistentContainer& container, const Transcription& row)
 {
     return container
-        .value(QStringLiteral("INSERT OR IGNORE INTO Transcription "
+        .value(QStringLiteral("INSERT INTO Transcription "
                               "(pk, id, created_at, processingMode, transcription, formatted, terms) "
-                              "SELECT ifnull(max(pk) + 1, ?1 * 1000), ?2, ?3, ?4, ?5, ?6, ?7 FROM Transcription "
-                              "WHERE pk BETWEEN ?1 * 1000 AND ?1 * 1000 + 999 RETURNING pk"),
+                              "VALUES (%1, ?2, ?3, ?4, ?5, ?6, ?7) ON CONFLICT (id) DO NOTHING RETURNING pk")
+                   .arg(PersistentContainer::freeKey(QStringLiteral("Transcription"))),
                {row.created_at.isValid() ? row.created_at.toMSecsSinceEpoch() : 0, storedIdentity(row.id),
                 storedDate(row.created_at), row.processingMode, row.transcription, row.formatted,
                 searchTerms(row.transcription, row.formatted)})

@@ -52,9 +52,8 @@ QCoro::Task<> CoreDataStack::addNote(QString transcription)
     PersistentContainer::Transaction transaction(persistentContainer_);
     const qint64 today = todaysDailyNote(now);
     persistentContainer_.run(
-        QStringLiteral("INSERT INTO Note (pk, id, created_at, transcription, dailyNote) "
-                       "SELECT ifnull(max(pk) + 1, ?1 * 1000), ?2, ?1, ?3, ?4 FROM Note "
-                       "WHERE pk BETWEEN ?1 * 1000 AND ?1 * 1000 + 999"),
+        QStringLiteral("INSERT INTO Note (pk, id, created_at, transcription, dailyNote) VALUES (%1, ?2, ?1, ?3, ?4)")
+            .arg(PersistentContainer::freeKey(QStringLiteral("Note"))),
         {now.toMSecsSinceEpoch(), storedIdentity(QUuid::createUuid()), presentText(transcription), today});
     transaction.commit();
     Q_EMIT dailyNoteChanged(today);
@@ -67,9 +66,9 @@ qint64 CoreDataStack::todaysDailyNote(const QDateTime& now)
     if (const auto today = dailyNoteWithin(day(now.date())))
         return *today;
     return persistentContainer_
-        .value(QStringLiteral("INSERT INTO DailyNote (pk, id, created_at, formatted) "
-                              "SELECT ifnull(max(pk) + 1, ?1 * 1000), ?2, ?1, '' FROM DailyNote "
-                              "WHERE pk BETWEEN ?1 * 1000 AND ?1 * 1000 + 999 RETURNING pk"),
+        .value(QStringLiteral("INSERT INTO DailyNote (pk, id, created_at, formatted) VALUES (%1, ?2, ?1, '') "
+                              "RETURNING pk")
+                   .arg(PersistentContainer::freeKey(QStringLiteral("DailyNote"))),
                {now.toMSecsSinceEpoch(), storedIdentity(QUuid::createUuid())})
         .toLongLong();
 }

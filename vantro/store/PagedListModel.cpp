@@ -3,6 +3,7 @@
 #include "vantro/store/StoreError.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <limits>
 #include <utility>
 
@@ -92,21 +93,35 @@ FetchRange PagedListModel::behindLastPage() const
 
 void PagedListModel::fetchMore(const QModelIndex& parent)
 {
-    if (!canFetchMore(parent))
+    // Whoever hears of a change may ask for more before it is over.
+    if (!canFetchMore(parent) || isChanging_)
         return;
     try {
         std::vector<Row> rows = read(behindLastPage(), pageRows);
-        const int first = rowCount();
-        if (!rows.empty())
-            beginInsertRows({}, first, first + static_cast<int>(rows.size()) - 1);
-        const bool hasRows = !rows.empty();
-        appendPage(std::move(rows));
-        if (hasRows)
-            endInsertRows();
+        if (rows.empty())
+            appendPage({});
+        else
+            changeRows(rowCount(), static_cast<int>(rows.size()), [&] { appendPage(std::move(rows)); });
     } catch (const StoreError& error) {
         logger_.error(error.localizedDescription());
         isComplete_ = true;
     }
+}
+
+/// Announces that @p difference rows come, or go when it is negative, from row @p at on, and lets them by @p apply.
+void PagedListModel::changeRows(int at, int difference, const std::function<void()>& apply)
+{
+    isChanging_ = true;
+    if (difference > 0)
+        beginInsertRows({}, at, at + difference - 1);
+    else
+        beginRemoveRows({}, at, at - difference - 1);
+    apply();
+    if (difference > 0)
+        endInsertRows();
+    else
+        endRemoveRows();
+    isChanging_ = false;
 }
 
 void PagedListModel::appendPage(std::vector<Row> rows)
@@ -124,6 +139,7 @@ void PagedListModel::appendPage(std::vector<Row> rows)
 
 void PagedListModel::reload()
 {
+    isChanging_ = true;
     beginResetModel();
     pages_.clear();
     isComplete_ = false;
@@ -134,6 +150,7 @@ void PagedListModel::reload()
         isComplete_ = true;
     }
     endResetModel();
+    isChanging_ = false;
 }
 
 int PagedListModel::rowsNewerThan(qint64 objectID, const Page& page) const
@@ -169,17 +186,7 @@ void PagedListModel::rowChanged(qint64 objectID)
 /// Lets rows appear or go from row @p at on.
 void PagedListModel::changeCount(std::size_t page, int now, int at)
 {
-    const int difference = now - pages_[page].count;
-    if (difference > 0)
-        beginInsertRows({}, at, at + difference - 1);
-    else
-        beginRemoveRows({}, at, at - difference - 1);
-    pages_[page].count = now;
-    if (difference < 0) {
-        endRemoveRows();
-        return;
-    }
-    endInsertRows();
+    changeRows(at, now - pages_[page].count, [&] { pages_[page].count = now; });
     if (now >= 2 * pageRows)
         split(page);
 }
@@ -228,31 +235,33 @@ void PagedListModel::compare(std::size_t page)
 
 void PagedListModel::replaceRows(std::size_t page, const std::vector<Row>& now)
 {
-    const std::vector<Row> before = std::exchange(pages_[page].rows, std::nullopt).value();
+    std::vector<Row> rows = pages_[page].rows.value();
     const int first = firstRowOf(page);
-    int row = 0;
-    auto old = before.begin();
-    auto current = now.begin();
-    while (old != before.end() || current != now.end()) {
-        const int count = pages_[page].count;
-        if (current == now.end() || (old != before.end() && old->objectID > current->objectID)) {
-            beginRemoveRows({}, first + row, first + row);
-            pages_[page].count = count - 1;
-            endRemoveRows();
-            ++old;
-        } else if (old == before.end() || current->objectID > old->objectID) {
-            beginInsertRows({}, first + row, first + row);
-            pages_[page].count = count + 1;
-            endInsertRows();
-            ++current;
-            ++row;
-        } else {
-            if (old->values != current->values)
-                Q_EMIT dataChanged(index(first + row), index(first + row));
-            ++old;
-            ++current;
-            ++row;
+    // Whoever hears of a change may ask for values at once: every step leaves a page that agrees with itself.
+    const auto keep = [&] {
+        pages_[page].count = static_cast<int>(rows.size());
+        pages_[page].rows = rows;
+    };
+    for (std::size_t i = 0; i < now.size() || i < rows.size();) {
+        const int row = first + static_cast<int>(i);
+        if (i == now.size() || (i < rows.size() && rows[i].objectID > now[i].objectID)) {
+            changeRows(row, -1, [&] {
+                rows.erase(rows.begin() + static_cast<std::ptrdiff_t>(i));
+                keep();
+            });
+            continue;
         }
+        if (i == rows.size() || now[i].objectID > rows[i].objectID) {
+            changeRows(row, 1, [&] {
+                rows.insert(rows.begin() + static_cast<std::ptrdiff_t>(i), now[i]);
+                keep();
+            });
+        } else if (rows[i].values != now[i].values) {
+            rows[i] = now[i];
+            keep();
+            Q_EMIT dataChanged(index(row), index(row));
+        }
+        ++i;
     }
     if (pages_[page].count >= 2 * pageRows)
         split(page);

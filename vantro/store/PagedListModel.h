@@ -6,6 +6,7 @@
 #include <QAbstractListModel>
 #include <QVariantList>
 
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -59,6 +60,7 @@ private:
         quint64 lastUse = 0;
     };
 
+    void changeRows(int at, int difference, const std::function<void()>& apply);
     void appendPage(std::vector<Row> rows);
     void compare(std::size_t page);
     void replaceRows(std::size_t page, const std::vector<Row>& now);
@@ -74,6 +76,7 @@ private:
     mutable std::vector<Page> pages_;
     mutable quint64 uses_ = 0;
     bool isComplete_ = false;
+    bool isChanging_ = false; ///< rows are just coming or going
 };
 
 } // namespace vantro

@@ -5,6 +5,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QRegularExpression>
 #include <QSqlError>
 #include <QUuid>
 
@@ -19,6 +20,26 @@ namespace vantro {
 namespace {
 
 const auto driverName = QStringLiteral("QSQLITE");
+
+/// Qt counts placeholders and does not know numbered ones: it gets the value of each place in their order.
+struct PositionalStatement
+{
+    PositionalStatement(const QString& statement, const QVariantList& numbered)
+    {
+        static const QRegularExpression placeholder(QStringLiteral("\\?(\\d+)"));
+        qsizetype end = 0;
+        for (const QRegularExpressionMatch& match : placeholder.globalMatch(statement)) {
+            text += QStringView(statement).mid(end, match.capturedStart() - end);
+            text += QLatin1Char('?');
+            values << numbered.value(match.capturedView(1).toInt() - 1);
+            end = match.capturedEnd();
+        }
+        text += QStringView(statement).mid(end);
+    }
+
+    QString text;
+    QVariantList values;
+};
 
 } // namespace
 
@@ -82,11 +103,12 @@ void PersistentContainer::open()
 
 StoreQuery PersistentContainer::run(const QString& statement, const QVariantList& values) const
 {
+    const PositionalStatement positional(statement, values);
     QSqlQuery query(database_);
     query.setForwardOnly(true);
-    bool isDone = query.prepare(statement);
+    bool isDone = query.prepare(positional.text);
     if (isDone) {
-        for (const QVariant& value : values)
+        for (const QVariant& value : positional.values)
             query.addBindValue(value);
         isDone = query.exec();
     }
@@ -105,6 +127,14 @@ QVariant PersistentContainer::value(const QString& statement, const QVariantList
     while (query.next()) {
     }
     return first;
+}
+
+QString PersistentContainer::freeKey(const QString& entity)
+{
+    return QStringLiteral("(SELECT CASE WHEN NOT EXISTS (SELECT 1 FROM %1 WHERE pk = ?1 * 1000) THEN ?1 * 1000 ELSE "
+                          "(SELECT e.pk + 1 FROM %1 e WHERE e.pk >= ?1 * 1000 AND NOT EXISTS "
+                          "(SELECT 1 FROM %1 WHERE pk = e.pk + 1) ORDER BY e.pk LIMIT 1) END)")
+        .arg(entity);
 }
 
 StoreQuery::StoreQuery(QSqlQuery query, QString path) : query_(std::move(query)), path_(std::move(path)) {}

@@ -52,6 +52,9 @@ public:
     /// The first column of the first row; invalid without a row. Throws StoreError.
     QVariant value(const QString& statement, const QVariantList& values = {}) const;
 
+    /// As an expression, the first key of @p entity that is free from the millisecond ?1 on.
+    [[nodiscard]] static QString freeKey(const QString& entity);
+
     /// All changes of its lifetime or none: taken back unless commit() was called.
     class Transaction
     {

@@ -36,8 +36,8 @@ TranscriptionFetch::TranscriptionFetch(const PersistentContainer& container, con
 
 std::vector<Transcription> TranscriptionFetch::rows(FetchRange range, int limit) const
 {
-    StoreQuery query = run(QStringLiteral("t.pk, t.id, t.created_at, t.processingMode, t.transcription, t.formatted"),
-                           range, QStringLiteral("ORDER BY %1 DESC LIMIT ?").arg(key_), {limit});
+    StoreQuery query =
+        run(QStringLiteral("t.pk, t.id, t.created_at, t.processingMode, t.transcription, t.formatted"), range, limit);
     std::vector<Transcription> result;
     while (query.next())
         result.push_back({query.value(0).toLongLong(), QUuid(query.value(1).toString()), dateFromStored(query.value(2)),
@@ -51,7 +51,7 @@ std::vector<TranscriptionExcerpt> TranscriptionFetch::excerpts(FetchRange range,
                                           "substr(iif(t.formatted <> '', t.formatted, t.transcription), 1, %1), "
                                           "ifnull(t.formatted <> '', 0)")
                                .arg(excerptLength),
-                           range, QStringLiteral("ORDER BY %1 DESC LIMIT ?").arg(key_), {limit});
+                           range, limit);
     std::vector<TranscriptionExcerpt> result;
     while (query.next())
         result.push_back({query.value(0).toLongLong(), QUuid(query.value(1).toString()), dateFromStored(query.value(2)),
@@ -61,18 +61,25 @@ std::vector<TranscriptionExcerpt> TranscriptionFetch::excerpts(FetchRange range,
 
 int TranscriptionFetch::count(FetchRange range) const
 {
-    StoreQuery query = run(QStringLiteral("count(*)"), range, QString(), {});
+    StoreQuery query = run(QStringLiteral("count(*)"), range, std::nullopt);
     return query.next() ? query.value(0).toInt() : 0;
 }
 
-StoreQuery TranscriptionFetch::run(const QString& columns, FetchRange range, const QString& tail,
-                                   const QVariantList& more) const
+StoreQuery TranscriptionFetch::run(const QString& columns, FetchRange range, std::optional<int> limit) const
 {
+    QVariantList values = values_;
+    const auto place = [&values](const QVariant& value) {
+        values << value;
+        return QStringLiteral("?%1").arg(values.size());
+    };
     QStringList conditions = conditions_;
-    conditions << key_ + QStringLiteral(" <= ?") << key_ + QStringLiteral(" >= ?");
-    return container_.run(QStringLiteral("SELECT %1 FROM %2 WHERE %3 %4")
-                              .arg(columns, from_, conditions.join(QStringLiteral(" AND ")), tail),
-                          values_ + QVariantList{range.newest, range.oldest} + more);
+    conditions << key_ + QStringLiteral(" <= ") + place(range.newest)
+               << key_ + QStringLiteral(" >= ") + place(range.oldest);
+    QString statement =
+        QStringLiteral("SELECT %1 FROM %2 WHERE %3").arg(columns, from_, conditions.join(QStringLiteral(" AND ")));
+    if (limit)
+        statement += QStringLiteral(" ORDER BY %1 DESC LIMIT %2").arg(key_, place(*limit));
+    return container_.run(statement, values);
 }
 
 QVariant storedDate(const QDateTime& date)

@@ -46,8 +46,8 @@ public:
     [[nodiscard]] int count(FetchRange range) const;
 
 private:
-    [[nodiscard]] StoreQuery run(const QString& columns, FetchRange range, const QString& tail,
-                                 const QVariantList& more) const;
+    /// Without a @p limit in no order.
+    [[nodiscard]] StoreQuery run(const QString& columns, FetchRange range, std::optional<int> limit) const;
 
     const PersistentContainer& container_;
     QString from_;

@@ -168,7 +168,7 @@ std::exception_ptr HttpCall::transportFailure() const
 {
     const auto error = reply_->error();
     const QString host = request_.url.host();
-    if (error == QNetworkReply::ContentReSendError)
+    if (error == QNetworkReply::ContentReSendError && status() == 0)
         return std::make_exception_ptr(HttpError::cutOff(host));
     // From here on Qt counts what the server says as an error; that is the reader's business.
     const bool isServersWord = status() != 0 && error >= QNetworkReply::ContentAccessDenied;

@@ -1,0 +1,119 @@
+#include "vantro/cli/HistorySession.h"
+
+#include "vantro/cli/ExitCode.h"
+#include "vantro/cli/Terminal.h"
+
+#include <QJsonValue>
+#include <QRegularExpression>
+
+#include <algorithm>
+
+namespace vantro {
+
+namespace {
+
+constexpr int batchRows = 200;
+constexpr int shortIdentityLength = 8;
+
+QJsonValue jsonText(const QString& text)
+{
+    return text.isNull() ? QJsonValue() : QJsonValue(text);
+}
+
+} // namespace
+
+void forEachTranscription(const CoreDataStack& store, const HistoryFilter& filter, int limit,
+                          const std::function<void(const Transcription&)>& visit)
+{
+    const TranscriptionFetch fetch(store.persistentContainer(), filter);
+    FetchRange range;
+    for (int left = limit == 0 ? std::numeric_limits<int>::max() : limit; left > 0;) {
+        const auto rows = fetch.rows(range, std::min(left, batchRows));
+        std::ranges::for_each(rows, visit);
+        if (rows.size() < batchRows)
+            return;
+        left -= static_cast<int>(rows.size());
+        range.newest = rows.back().objectID - 1;
+    }
+}
+
+QJsonObject toJson(const Transcription& row)
+{
+    return {{QStringLiteral("id"), jsonText(row.id.isNull() ? QString() : row.id.toString(QUuid::WithoutBraces))},
+            {QStringLiteral("created_at"), jsonDate(row.created_at)},
+            {QStringLiteral("processingMode"), jsonText(row.processingMode)},
+            {QStringLiteral("transcription"), jsonText(row.transcription)},
+            {QStringLiteral("formatted"), jsonText(row.formatted)}};
+}
+
+QJsonValue jsonDate(const QDateTime& date)
+{
+    return date.isValid() ? QJsonValue(date.toUTC().toString(Qt::ISODateWithMs)) : QJsonValue();
+}
+
+QString shownDate(const QDateTime& date)
+{
+    return date.isValid() ? date.toLocalTime().toString(QStringLiteral("yyyy-MM-dd HH:mm")) : QStringLiteral("-");
+}
+
+QString shortIdentity(const QUuid& id)
+{
+    return id.toString(QUuid::WithoutBraces).left(shortIdentityLength);
+}
+
+std::optional<QDateTime> momentFrom(const QString& text, const QDateTime& now)
+{
+    if (text == QLatin1String("today"))
+        return now.date().startOfDay();
+    if (text == QLatin1String("yesterday"))
+        return now.date().addDays(-1).startOfDay();
+    static const QRegularExpression daysAgo(QStringLiteral("^(\\d{1,5})d$"));
+    if (const auto match = daysAgo.match(text); match.hasMatch())
+        return now.addDays(-match.captured(1).toLongLong());
+    // Qt reads a date out of a longer text too.
+    if (const QDate date = QDate::fromString(text, Qt::ISODate); date.isValid() && !text.contains(QLatin1Char('T')))
+        return date.startOfDay();
+    const QDateTime moment = QDateTime::fromString(text, Qt::ISODate);
+    return moment.isValid() ? std::optional(moment) : std::nullopt;
+}
+
+std::optional<std::vector<QUuid>>
+identitiesFrom(const QStringList& words, const QString& noun,
+               const std::function<std::vector<QUuid>(const QString&, int limit)>& find, int& exitCode)
+{
+    std::vector<QUuid> ids;
+    for (const QString& word : words) {
+        const auto meant = find(word, 2);
+        if (meant.size() > 1 || word.isEmpty()) {
+            terminal::writeError(QStringLiteral("several %1s begin with \"%2\": write more of it").arg(noun, word));
+            exitCode = ExitCode::usage;
+            return std::nullopt;
+        }
+        if (meant.empty()) {
+            terminal::writeError(QStringLiteral("there is no %1 \"%2\"").arg(noun, word));
+            exitCode = ExitCode::notFound;
+            return std::nullopt;
+        }
+        if (std::ranges::find(ids, meant.front()) == ids.end())
+            ids.push_back(meant.front());
+    }
+    return ids;
+}
+
+bool isConfirmed(const QString& question, bool yes, int& exitCode)
+{
+    if (yes)
+        return true;
+    if (!terminal::canAsk()) {
+        terminal::writeError(QStringLiteral("nobody is there to ask: say --yes to delete"));
+        exitCode = ExitCode::usage;
+        return false;
+    }
+    if (terminal::ask(question))
+        return true;
+    terminal::writeMessage(QStringLiteral("Nothing was deleted."));
+    exitCode = ExitCode::failed;
+    return false;
+}
+
+} // namespace vantro
