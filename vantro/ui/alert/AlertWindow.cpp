@@ -29,6 +29,7 @@ AlertWindow::AlertWindow(QQmlEngine& engine, Kind kind, const QString& title, co
     setSource(QUrl(QStringLiteral("qrc:/qt/qml/Vantro/Alert/Alert.qml")));
     connect(rootObject(), SIGNAL(pressed(int)), this, SLOT(pressed(int)));
     connect(rootObject(), SIGNAL(dismissed()), this, SLOT(close()));
+    connect(rootObject(), &QQuickItem::implicitHeightChanged, this, &AlertWindow::fitToContent);
     connect(this, &QWindow::visibleChanged, this, [this](bool visible) {
         if (visible)
             return;
@@ -41,17 +42,24 @@ AlertWindow::~AlertWindow() = default;
 
 void AlertWindow::present()
 {
-    const QSize size(static_cast<int>(rootObject()->implicitWidth()), static_cast<int>(rootObject()->implicitHeight()));
-    setMinimumSize(size);
-    setMaximumSize(size);
+    fitToContent();
     if (const QScreen* screen = QGuiApplication::primaryScreen()) {
-        QRect rect(QPoint(), size);
+        QRect rect(QPoint(), size());
         rect.moveCenter(screen->availableGeometry().center());
         setGeometry(rect);
     }
     show();
     raise();
     requestActivate();
+}
+
+void AlertWindow::fitToContent()
+{
+    const QSize wanted(static_cast<int>(rootObject()->implicitWidth()),
+                       static_cast<int>(rootObject()->implicitHeight()));
+    setMinimumSize(wanted);
+    setMaximumSize(wanted);
+    resize(wanted);
 }
 
 void AlertWindow::pressed(int button)

@@ -28,6 +28,7 @@ private Q_SLOTS:
     void pressed(int button);
 
 private:
+    void fitToContent();
     void answer(std::optional<int> button);
 
     Answered answered_;

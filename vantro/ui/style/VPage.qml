@@ -14,7 +14,7 @@ Flickable {
     clip: true
 
     T.ScrollBar.vertical: T.ScrollBar {
-        policy: page.contentHeight > page.height ? T.ScrollBar.AlwaysOn : T.ScrollBar.AlwaysOff
+        visible: page.contentHeight > page.height
         implicitWidth: Theme.space8
         contentItem: Rectangle {
             radius: width / 2
