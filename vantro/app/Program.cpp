@@ -1,7 +1,6 @@
 #include "vantro/app/Program.h"
 
 #include "KeyboardShortcuts/RawKeyMonitor.h"
-#include "base/ThreadWaker.h"
 #include "platform/KeyCode.h"
 #include "platform/linux/LinuxPlatform.h"
 #include "vantro/ai/FormattingModeHandler.h"
@@ -10,6 +9,7 @@
 #include "vantro/app/AppDelegate.h"
 #include "vantro/app/ControlService.h"
 #include "vantro/app/DictationPipeline.h"
+#include "vantro/app/EndSignals.h"
 #include "vantro/app/LanguageModels.h"
 #include "vantro/app/RunMarker.h"
 #include "vantro/app/VisibleModes.h"
@@ -34,32 +34,17 @@
 #include <QGuiApplication>
 #include <QTimer>
 
-#include <array>
-#include <csignal>
 #include <ranges>
 
 namespace vantro {
 
 namespace {
 
-constexpr std::array endSignals{SIGINT, SIGTERM, SIGHUP};
-ThreadWaker* endSignalWaker = nullptr;
-
-/// Ends the event loop when the session or a user ends the process, so that destructors release what is held.
-void quitOnSignals(ThreadWaker& waker)
-{
-    endSignalWaker = &waker;
-    for (const int signal : endSignals)
-        std::signal(signal, [](int) { endSignalWaker->wake(); });
-}
-
 /// Everything the desktop program consists of, in the order in which it is built; torn down in reverse.
 class Program
 {
 public:
     explicit Program(const ProgramOptions& options);
-    ~Program();
-    Q_DISABLE_COPY_MOVE(Program)
 
     /// False when another instance runs already; it then knows @p arguments.
     [[nodiscard]] bool becomeTheRunningInstance(const QStringList& arguments);
@@ -133,9 +118,7 @@ private:
                       }}};
     std::unique_ptr<ShortcutWindow> shortcutWindow_;
     std::optional<RunMarker> marker_;
-    ThreadWaker endSignal_{[] {
-        QCoreApplication::quit();
-    }};
+    std::optional<EndSignals> endSignals_;
     NotificationCenter::Observation shortcutObservation_;
     AppDelegate delegate_;
     ControlService control_;
@@ -155,12 +138,6 @@ Program::Program(const ProgramOptions& options)
           [this](const QStringList& arguments) { handOver(arguments); })
 {
     connectShell();
-}
-
-Program::~Program()
-{
-    for (const int signal : endSignals)
-        std::signal(signal, SIG_DFL);
 }
 
 void Program::connectShell()
@@ -224,7 +201,7 @@ bool Program::becomeTheRunningInstance(const QStringList& arguments)
 void Program::launch()
 {
     store_.loadPersistentStores();
-    quitOnSignals(endSignal_);
+    endSignals_.emplace();
     marker_.emplace(RunMarker::standardPath());
     store_.setSummaryPrompt([this] { return prompts_.prompt(ProcessingMode::Notes); });
     // A mode that is chosen while the user speaks may need another provider than the one that was expected.
