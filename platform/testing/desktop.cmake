@@ -1,5 +1,6 @@
 vantro_room(vantro_platform_testing_desktop
   SOURCES
+    FakeDesktopAppearance.h
     FakeDesktopShortcuts.h
     FakeHotKeyManager.cpp FakeHotKeyManager.h
     FakeKeyEventPoster.h

@@ -2,6 +2,7 @@
 #include "base/UserDefaults.h"
 #include "platform/KeyCode.h"
 #include "platform/linux/x11/X11HotKeyManager.h"
+#include "platform/testing/FakeDesktopAppearance.h"
 #include "platform/testing/FakeDesktopShortcuts.h"
 #include "tests/desktop/X11Session.h"
 #include "vantro/ui/shortcuts/ShortcutWindow.h"
@@ -35,7 +36,7 @@ protected:
             return;
         hotKeys_.emplace(*connection_);
         shortcuts_.emplace(*hotKeys_, defaults_, notifications_);
-        ui_.emplace(defaults_);
+        ui_.emplace(defaults_, appearance_);
         fired_ = shortcuts_->onKeyUp(Name::openModal, owner_, [this] { ++fireCount_; });
     }
 
@@ -65,6 +66,7 @@ protected:
     doubles::FakeDesktopShortcuts desktop_;
     std::optional<X11HotKeyManager> hotKeys_;
     std::optional<KeyboardShortcuts> shortcuts_;
+    doubles::FakeDesktopAppearance appearance_;
     std::optional<UiEngine> ui_;
     QObject owner_;
     KeyboardShortcuts::Registration fired_;
