@@ -140,7 +140,7 @@ TEST(Chunking, TenMinutesKeepEveryWordAndItsTime)
     };
     const ASRResult result = transcribe(manager, samples, options);
     EXPECT_LE(lostOrDoubled(expected, words(result.text)), expected.size() / 100);
-    EXPECT_TRUE(log.starts_with("ChunkProcessor using worker pool of size 4\n")) << log;
+    EXPECT_NE(log.find("ChunkProcessor using worker pool of size 4\n"), std::string::npos) << log;
     EXPECT_NE(log.find("Found exact suffix-prefix overlap of length "), std::string::npos);
     EXPECT_TRUE(std::ranges::is_sorted(progress));
     EXPECT_FLOAT_EQ(progress.back(), 1.0F);

@@ -123,6 +123,7 @@ class ModelsTest(DictationCase):
         self.wait(lambda: not self.vantro.window(WINDOW_TITLE), 5, "the download window to close")
         self.assertEqual(sha1(self.file), SHA1)
         self.check_that_only_the_rest_was_fetched()
+        self.close_alert(self.wait_for_alert_saying("vantro ended unexpectedly"))
         self.dictate_once()
 
     def test_a_file_of_the_librarys_own_script_is_taken_over_and_adopted(self):

@@ -6,7 +6,7 @@ import re
 import unittest
 from pathlib import Path
 
-from dictationcase import CHILD, CHILD_WORDS, STOP_KEY, DictationCase, main, words
+from dictationcase import CHILD, CHILD_WORDS, STOP_KEY, DesktopError, DictationCase, main, words
 
 from notifier import WATCHER, find_item
 
@@ -93,7 +93,10 @@ class EmbeddingTrayTest(DictationCase):
         """The middle of the icon's window inside the tray, or None."""
         if not self.desktop.display.selection_owner("_NET_SYSTEM_TRAY_S0"):
             return None
-        tree = self.desktop.run("xwininfo", "-root", "-tree")
+        try:
+            tree = self.desktop.run("xwininfo", "-root", "-tree")
+        except DesktopError:
+            return None  # a window went while the tree was read
         _, found, panel = tree.partition('("panel" "trayer")')
         icon = re.search(r'"vantro"\)\s+(\d+)x(\d+)\S+\s+\+(\d+)\+(\d+)', panel) if found else None
         if not icon:

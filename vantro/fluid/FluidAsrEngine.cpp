@@ -59,8 +59,11 @@ QFuture<FluidAsrEngine::Manager> FluidAsrEngine::startLoad(const FluidModelSourc
 
 QCoro::Task<FluidAsrEngine::Manager> FluidAsrEngine::load(FluidModelSource model)
 {
-    if (manager_ != nullptr && loadedModelID_ == model.id)
-        co_return manager_;
+    if (manager_ != nullptr && loadedModelID_ == model.id) {
+        // GCC 12 would move the member itself out of a co_return.
+        Manager loaded = manager_;
+        co_return loaded;
+    }
     if (!loadTask_ || loadTaskModelID_ != model.id) {
         loadTask_ = startLoad(model);
         loadTaskModelID_ = model.id;
