@@ -3,6 +3,7 @@
 #include "base/Logger.h"
 
 #include <QRegularExpression>
+#include <QStringMatcher>
 
 #include <unicode/regex.h>
 #include <unicode/uchar.h>
@@ -66,7 +67,37 @@ icu::UnicodeString aliasOf(const QString& text)
     return {false, reinterpret_cast<const UChar*>(text.utf16()), static_cast<std::int32_t>(text.size())};
 }
 
-std::vector<Match> wholeWordMatches(const QString& text, const QString& pattern)
+/// Whether a character becomes several when upper and lower case are made equal ("ß" is "ss").
+bool growsWhenFolded(const QString& text)
+{
+    icu::UnicodeString folded(reinterpret_cast<const UChar*>(text.utf16()), static_cast<std::int32_t>(text.size()));
+    return folded.foldCase().length() != text.size();
+}
+
+void findEverywhere(icu::RegexMatcher& matcher, std::vector<Match>& matches)
+{
+    UErrorCode status = U_ZERO_ERROR;
+    while (matcher.find(status) && U_SUCCESS(status))
+        matches.push_back({matcher.start(status), matcher.end(status)});
+}
+
+/// The same where no character grows: the expression is tried only where the pattern's letters stand.
+void findAtOccurrences(icu::RegexMatcher& matcher, const QString& text, const QString& pattern,
+                       std::vector<Match>& matches)
+{
+    matcher.useTransparentBounds(true).useAnchoringBounds(false);
+    const QStringMatcher letters(pattern, Qt::CaseInsensitive);
+    for (qsizetype at = letters.indexIn(text); at >= 0; at = letters.indexIn(text, at)) {
+        UErrorCode status = U_ZERO_ERROR;
+        matcher.region(at, text.size(), status);
+        const bool isWhole = matcher.lookingAt(status) && U_SUCCESS(status);
+        if (isWhole)
+            matches.push_back({at, matcher.end(status)});
+        at = isWhole ? matches.back().end : at + 1;
+    }
+}
+
+std::vector<Match> wholeWordMatches(const QString& text, const QString& pattern, bool textGrows)
 {
     UErrorCode status = U_ZERO_ERROR;
     const QString expression = wholeWordExpression(pattern);
@@ -79,8 +110,10 @@ std::vector<Match> wholeWordMatches(const QString& text, const QString& pattern)
     const icu::UnicodeString subject = aliasOf(text);
     matcher.reset(subject);
     std::vector<Match> matches;
-    while (matcher.find(status) && U_SUCCESS(status))
-        matches.push_back({matcher.start(status), matcher.end(status)});
+    if (textGrows || growsWhenFolded(pattern))
+        findEverywhere(matcher, matches);
+    else
+        findAtOccurrences(matcher, text, pattern, matches);
     return matches;
 }
 
@@ -102,6 +135,18 @@ bool hasBlankBeforePunctuation(const QString& text)
     return false;
 }
 
+bool isDoubled(const QString& text, QLatin1Char mark)
+{
+    for (qsizetype at = text.indexOf(mark); at >= 0; at = text.indexOf(mark, at + 1)) {
+        qsizetype next = at + 1;
+        while (next < text.size() && text[next].isSpace())
+            ++next;
+        if (next < text.size() && text[next] == mark)
+            return true;
+    }
+    return false;
+}
+
 /// Removes what a deleted word leaves behind: doubled blanks and commas, a blank before a full stop. Looks before it
 /// rewrites: most texts need nothing.
 QString tidied(QString text)
@@ -111,25 +156,24 @@ QString tidied(QString text)
     static const QRegularExpression semicolons(QStringLiteral(";\\s*;"), unicode);
     static const QRegularExpression blanksBeforePunctuation(QStringLiteral(" +([,.!?;:])"));
     collapseBlanks(text);
-    if (text.contains(QLatin1Char(',')))
+    if (isDoubled(text, QLatin1Char(',')))
         text.replace(commas, QStringLiteral(","));
-    if (text.contains(QLatin1Char(';')))
+    if (isDoubled(text, QLatin1Char(';')))
         text.replace(semicolons, QStringLiteral(";"));
     if (hasBlankBeforePunctuation(text))
         text.replace(blanksBeforePunctuation, QStringLiteral("\\1"));
     return text.trimmed();
 }
 
-} // namespace
-
-QString TextReplacer::applyReplacement(const QString& text, const QString& find, const QString& replace)
+QString replaced(const QString& text, const QString& find, const QString& replace, bool textGrows)
 {
     const QString pattern = find.trimmed();
     if (pattern.isEmpty())
         return text;
     QString result;
+    result.reserve(text.size());
     qsizetype copied = 0;
-    for (const Match& match : wholeWordMatches(text, pattern)) {
+    for (const Match& match : wholeWordMatches(text, pattern, textGrows)) {
         result += QStringView(text).sliced(copied, match.start - copied);
         result += replace;
         copied = match.end;
@@ -138,10 +182,20 @@ QString TextReplacer::applyReplacement(const QString& text, const QString& find,
     return replace.isEmpty() ? tidied(std::move(result)) : result;
 }
 
+} // namespace
+
+QString TextReplacer::applyReplacement(const QString& text, const QString& find, const QString& replace)
+{
+    return replaced(text, find, replace, growsWhenFolded(text));
+}
+
 QString TextReplacer::applyReplacements(QString text, const std::vector<TextReplacement>& replacements)
 {
-    for (const TextReplacement& replacement : replacements)
-        text = applyReplacement(text, replacement.find, replacement.replace);
+    bool textGrows = growsWhenFolded(text);
+    for (const TextReplacement& replacement : replacements) {
+        text = replaced(text, replacement.find, replacement.replace, textGrows);
+        textGrows = textGrows || growsWhenFolded(replacement.replace);
+    }
     return text;
 }
 
