@@ -679,10 +679,6 @@
         <translation>Genauigkeit</translation>
     </message>
     <message>
-        <source>Its file is put into the folder of the models by hand.</source>
-        <translation>Seine Datei wird von Hand in den Ordner der Modelle gelegt.</translation>
-    </message>
-    <message>
         <source>Use</source>
         <translation>Verwenden</translation>
     </message>

@@ -54,7 +54,8 @@ public:
 private:
     [[nodiscard]] bool isReady(const TranscriptionModel& model);
     [[nodiscard]] ModelProviding& filesOf(const TranscriptionModel& model);
-    [[nodiscard]] bool isPresent(const TranscriptionModel& model) const;
+    [[nodiscard]] ModelStatus modelStatus(const TranscriptionModel& model) const;
+    void removeModel(const TranscriptionModel& model);
     void settleShortcut(const QString& wanted);
     void askForShortcut();
     void showOnboarding();
@@ -111,8 +112,9 @@ private:
     KeyboardShortcuts shortcuts_{*platform_.hotKeys, defaults_, notifications_};
     RawKeyMonitor rawKeys_{shortcuts_, *platform_.hotKeys};
     PasteDelivery delivery_;
-    Windows windows_{{defaults_, notifications_, clock_, platform_, catalogue_, modelStore_, models_, modelDownloader_,
-                      store_, devices_, shortcuts_, [this](const auto& model) { return isPresent(model); },
+    Windows windows_{{defaults_, notifications_, clock_, platform_, catalogue_, models_, modelDownloader_, store_,
+                      devices_, shortcuts_, [this](const auto& model) { return modelStatus(model); },
+                      [this](const auto& model) { removeModel(model); },
                       [this](bool sandbox) {
                           delegate_.setSandboxMode(sandbox);
                       }}};
@@ -230,10 +232,17 @@ void Program::showOnboarding()
         windows_.showOnboarding();
 }
 
-bool Program::isPresent(const TranscriptionModel& model) const
+ModelStatus Program::modelStatus(const TranscriptionModel& model) const
 {
-    return model.engine == TranscriptionEngine::fluid ? !fluidFiles_.find(model).isEmpty()
-                                                      : !modelStore_.status(model).file.isEmpty();
+    return model.engine == TranscriptionEngine::fluid ? fluidFiles_.status(model) : modelStore_.status(model);
+}
+
+void Program::removeModel(const TranscriptionModel& model)
+{
+    if (model.engine == TranscriptionEngine::fluid)
+        fluidFiles_.remove(model);
+    else
+        modelStore_.remove(model);
 }
 
 bool Program::isReady(const TranscriptionModel& model)

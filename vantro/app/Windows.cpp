@@ -111,10 +111,7 @@ LazyWindow::Content Windows::settingsContent()
         parts_.catalogue.models(), [this](const TranscriptionModel& model) { return stateOf(model); },
         [this] { return parts_.models.selectedModel().name; },
         [this](const TranscriptionModel& model) { parts_.models.select(model); },
-        [this](const TranscriptionModel& model) { showModelDownload(model, {}); },
-        [this](const TranscriptionModel& model) {
-            parts_.modelStore.remove(model);
-        }});
+        [this](const TranscriptionModel& model) { showModelDownload(model, {}); }, parts_.removeModel});
     connect(&parts_.downloader, &ModelDownloader::isRunningChanged, models.get(), &ModelListModel::refresh);
     auto about = std::make_unique<AboutModel>(AboutModel::Actions{[this] { reportError(); }, [this] { sendFeedback(); },
                                                                   [this] {
@@ -164,7 +161,7 @@ LazyWindow::Content Windows::onboardingContent()
     auto model = std::make_unique<OnboardingModel>(OnboardingModel::Parts{
         parts_.platform.makeAudioEngine, parts_.devices, *parts_.platform.permissions, *parts_.platform.keyEvents,
         parts_.shortcuts, parts_.notifications, parts_.clock, parts_.downloader, parts_.models.selectedModel(),
-        [this] { return parts_.isPresent(parts_.models.selectedModel()); }, parts_.setSandboxMode});
+        [this] { return !parts_.modelStatus(parts_.models.selectedModel()).file.isEmpty(); }, parts_.setSandboxMode});
     auto recorder = makeRecorder(KeyboardShortcuts::Name::openModal);
     LazyWindow::Content content;
     content.properties = {{QStringLiteral("model"), QVariant::fromValue(model.get())},
@@ -176,12 +173,10 @@ LazyWindow::Content Windows::onboardingContent()
 
 ModelListModel::State Windows::stateOf(const TranscriptionModel& model) const
 {
-    if (parts_.isPresent(model))
+    const ModelStatus status = parts_.modelStatus(model);
+    if (!status.file.isEmpty())
         return ModelListModel::Ready;
-    if (model.engine == TranscriptionEngine::fluid)
-        return ModelListModel::Manual;
-    return parts_.modelStore.status(model).state == ModelStatus::State::partial ? ModelListModel::Partial
-                                                                                : ModelListModel::Missing;
+    return status.state == ModelStatus::State::partial ? ModelListModel::Partial : ModelListModel::Missing;
 }
 
 void Windows::showAlert(AlertWindow::Kind kind, const QString& title, const QString& text, const QStringList& buttons,

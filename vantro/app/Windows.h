@@ -33,14 +33,16 @@ public:
         Clock& clock;
         Platform& platform;
         const ModelCatalogue& catalogue;
-        const ModelStore& modelStore;
         ModelSelection& models;
         ModelDownloader& downloader;
         CoreDataStack& store;
         AudioDeviceManager& devices;
         KeyboardShortcuts& shortcuts;
         /// Whether a model's files are there, without hashing them.
-        std::function<bool(const TranscriptionModel&)> isPresent;
+        /// Which of its files are there; reads none of them.
+        std::function<ModelStatus(const TranscriptionModel&)> modelStatus;
+        /// Throws Error.
+        std::function<void(const TranscriptionModel&)> removeModel;
         /// For the practice run of the onboarding.
         std::function<void(bool)> setSandboxMode;
     };

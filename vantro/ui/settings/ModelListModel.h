@@ -29,8 +29,8 @@ public:
         SelectedRole
     };
     Q_ENUM(Role)
-    /// What can be done about a model: use it, fetch it, fetch the rest of it, or put its file there by hand.
-    enum State { Ready, Missing, Partial, Manual };
+    /// What can be done about a model: use it, fetch it, or fetch the rest of it.
+    enum State { Ready, Missing, Partial };
     Q_ENUM(State)
 
     struct Parts

@@ -95,14 +95,6 @@ VCard {
                     font.pixelSize: Theme.sizeSecondary
                 }
             }
-            Text {
-                width: parent.width
-                visible: row.modelState === ModelListModel.Manual
-                text: qsTr("Its file is put into the folder of the models by hand.")
-                color: Theme.textSecondary
-                font.pixelSize: Theme.sizeSecondary
-                wrapMode: Text.Wrap
-            }
         }
         Column {
             id: buttons
