@@ -1,4 +1,5 @@
 #include "vantro/cli/HistorySession.h"
+#include "vantro/text/Csv.h"
 
 #include <QIODevice>
 #include <QJsonDocument>
@@ -17,20 +18,9 @@ void writeJson(const std::function<void(const std::function<void(const Transcrip
     target.write(separator == "[\n" ? "[]\n" : "\n]\n");
 }
 
-/// A field as RFC 4180 wants it.
-QByteArray csvField(const QString& text)
-{
-    QByteArray field = text.toUtf8();
-    field.replace('"', "\"\"");
-    return '"' + field + '"';
-}
-
 void writeCsvRow(const QStringList& fields, QIODevice& target)
 {
-    QByteArrayList cells;
-    for (const QString& field : fields)
-        cells << csvField(field);
-    target.write(cells.join(',') + "\r\n");
+    target.write(csv::line(fields).toUtf8() + "\r\n");
 }
 
 QByteArray quoted(const QString& text)

@@ -6,7 +6,7 @@
 
 namespace vantro {
 
-/// An entry in the user's autostart folder (Desktop Application Autostart Specification).
+/// An entry in the user's autostart folder (freedesktop.org).
 class XdgAutostart final : public LoginItem
 {
 public:
