@@ -194,12 +194,13 @@ int summarize(HistorySession& session, const DailyNote& day)
     CoreDataStack& store = session.store;
     store.setSummaryPrompt([&prompts] { return prompts.prompt(ProcessingMode::Notes); });
     printToStandardError();
+    bool isStored = false;
+    QObject::connect(&store, &CoreDataStack::dailyNoteChanged, &store, [&isStored] { isStored = true; });
     QCoro::waitFor(store.regenerateSummary(day, models.choose(ProcessingMode::Notes)));
     // It has told what failed.
-    const auto after = store.dailyNotes({day.objectID, day.objectID}, 1);
-    if (after.empty() || after.front().formatted.isEmpty())
+    if (!isStored)
         return ExitCode::failed;
-    terminal::writeLine(after.front().formatted);
+    terminal::writeLine(store.dailyNotes({day.objectID, day.objectID}, 1).front().formatted);
     return ExitCode::done;
 }
 
