@@ -152,6 +152,8 @@ class DictationCase(unittest.TestCase):
         self.desktop.activate(alert)
         self.desktop.press("Escape")
         self.wait(lambda: not self.vantro.alerts(), 5, "the alert to close")
+        # The window manager hands the keyboard on some time after the window is gone.
+        self.wait(lambda: self.desktop.display.active_window() not in (0, alert.id), 5, "another window's turn")
 
     @contextmanager
     def delivers_nothing(self):
