@@ -12,7 +12,8 @@ VCard {
     heading: settings.heading
 
     Keys.onEscapePressed: settings.closeForm()
-    Component.onCompleted: type.forceActiveFocus()
+    // Not the choice of the type: the Space that opened the form would open it when it is let go.
+    Component.onCompleted: type.nextItemInFocusChain().forceActiveFocus()
 
     component Note: Text {
         width: parent ? parent.width : implicitWidth

@@ -22,24 +22,21 @@ struct FormField
 };
 
 constexpr std::array formFields{
-    FormField{ProviderForm::Field::name, &ProviderForm::name, QT_TRANSLATE_NOOP("vantro::ProvidersModel", "Name"),
+    FormField{ProviderForm::Field::name, &ProviderForm::name, QT_TRANSLATE_NOOP("ProvidersModel", "Name"), false},
+    FormField{ProviderForm::Field::model, &ProviderForm::model, QT_TRANSLATE_NOOP("ProvidersModel", "Model"), false},
+    FormField{ProviderForm::Field::baseURL, &ProviderForm::baseURL, QT_TRANSLATE_NOOP("ProvidersModel", "Address"),
               false},
-    FormField{ProviderForm::Field::model, &ProviderForm::model, QT_TRANSLATE_NOOP("vantro::ProvidersModel", "Model"),
-              false},
-    FormField{ProviderForm::Field::baseURL, &ProviderForm::baseURL,
-              QT_TRANSLATE_NOOP("vantro::ProvidersModel", "Address"), false},
     FormField{ProviderForm::Field::maxTokens, &ProviderForm::maxTokens,
-              QT_TRANSLATE_NOOP("vantro::ProvidersModel", "Max tokens"), true},
+              QT_TRANSLATE_NOOP("ProvidersModel", "Max tokens"), true},
     FormField{ProviderForm::Field::maxCompletionTokens, &ProviderForm::maxCompletionTokens,
-              QT_TRANSLATE_NOOP("vantro::ProvidersModel", "Max completion tokens"), true},
+              QT_TRANSLATE_NOOP("ProvidersModel", "Max completion tokens"), true},
     FormField{ProviderForm::Field::temperature, &ProviderForm::temperature,
-              QT_TRANSLATE_NOOP("vantro::ProvidersModel", "Temperature"), true},
-    FormField{ProviderForm::Field::topP, &ProviderForm::topP, QT_TRANSLATE_NOOP("vantro::ProvidersModel", "Top p"),
-              true},
+              QT_TRANSLATE_NOOP("ProvidersModel", "Temperature"), true},
+    FormField{ProviderForm::Field::topP, &ProviderForm::topP, QT_TRANSLATE_NOOP("ProvidersModel", "Top p"), true},
     FormField{ProviderForm::Field::serviceTier, &ProviderForm::serviceTier,
-              QT_TRANSLATE_NOOP("vantro::ProvidersModel", "Service tier"), true},
+              QT_TRANSLATE_NOOP("ProvidersModel", "Service tier"), true},
     FormField{ProviderForm::Field::reasoningEffort, &ProviderForm::reasoningEffort,
-              QT_TRANSLATE_NOOP("vantro::ProvidersModel", "Reasoning effort"), true},
+              QT_TRANSLATE_NOOP("ProvidersModel", "Reasoning effort"), true},
 };
 
 const auto hiddenKey = QStringLiteral("••••••••••••");
