@@ -12,8 +12,8 @@ VCard {
     heading: settings.heading
 
     Keys.onEscapePressed: settings.closeForm()
-    // Not the choice of the type: the Space that opened the form would open it when it is let go.
-    Component.onCompleted: type.nextItemInFocusChain().forceActiveFocus()
+    // What is missing most. The choice of the type would open when the Space that opened the form is let go.
+    Component.onCompleted: key.forceActiveFocus()
 
     component Note: Text {
         width: parent ? parent.width : implicitWidth

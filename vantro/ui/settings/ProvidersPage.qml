@@ -7,6 +7,10 @@ VPage {
 
     required property ProvidersModel settings
 
+    readonly property bool isEditing: settings.isEditing
+    // The form takes the keyboard with it when it goes.
+    onIsEditingChanged: if (!isEditing) addButton.forceActiveFocus()
+
     title: qsTr("Providers")
     subtitle: qsTr("Language models that rewrite dictations. Which one serves a mode is chosen under Modes.")
 
@@ -66,6 +70,7 @@ VPage {
             }
         }
         VButton {
+            id: addButton
             text: qsTr("Add a provider")
             onClicked: page.settings.add()
         }
