@@ -12,6 +12,8 @@
 #include "vantro/app/EndSignals.h"
 #include "vantro/app/LanguageModels.h"
 #include "vantro/app/RunMarker.h"
+#include "vantro/app/SecondStart.h"
+#include "vantro/app/SoleInstance.h"
 #include "vantro/app/VisibleModes.h"
 #include "vantro/app/Windows.h"
 #include "vantro/audio/AudioDeviceManager.h"
@@ -29,8 +31,6 @@
 #include "vantro/whisper/WhisperTranscriptionProvider.h"
 
 #include <QDBusConnection>
-#include <QDBusConnectionInterface>
-#include <QDBusMessage>
 #include <QGuiApplication>
 #include <QTimer>
 
@@ -46,8 +46,10 @@ class Program
 public:
     explicit Program(const ProgramOptions& options);
 
-    /// False when another instance runs already; it then knows @p arguments.
-    [[nodiscard]] bool becomeTheRunningInstance(const QStringList& arguments);
+    /// False when another instance runs already.
+    [[nodiscard]] bool becomeTheRunningInstance();
+    /// Which runs, when this is another one.
+    [[nodiscard]] const SoleInstance& soleInstance() const { return soleInstance_; }
     /// Throws PersistentStoreError.
     void launch();
 
@@ -74,6 +76,8 @@ private:
     [[nodiscard]] DictationPipeline::FormatServices formatServices();
 
     ProgramOptions options_;
+    /// Above all that the next one would have to share.
+    SoleInstance soleInstance_;
     SystemClock clock_;
     UserDefaults defaults_{UserDefaults::standardPath()};
     NotificationCenter notifications_;
@@ -128,6 +132,7 @@ private:
 
 Program::Program(const ProgramOptions& options)
     : options_(options)
+    , soleInstance_(SoleInstance::standardFolder(), [this](const QStringList& arguments) { handOver(arguments); })
     , platform_(makeLinuxPlatform())
     , delivery_(*platform_.pasteboard, *platform_.keyEvents, *platform_.workspace, defaults_, clock_)
     , delegate_({defaults_, notifications_, clock_, *platform_.permissions, *platform_.sounds, recorder_, shortcuts_,
@@ -182,22 +187,17 @@ DictationPipeline::FormatServices Program::formatServices()
             }};
 }
 
-bool Program::becomeTheRunningInstance(const QStringList& arguments)
+bool Program::becomeTheRunningInstance()
 {
+    // The bus alone would not do: one of both may have been started where there is none.
+    if (!soleInstance_.claim())
+        return false;
     if (control_.publish())
         return true;
-    const QDBusConnection bus = QDBusConnection::sessionBus();
-    if (!bus.isConnected()) {
-        Logger("Program").error(QStringLiteral("There is no session bus: vantro's commands cannot reach this program"));
-        return true;
-    }
-    QDBusMessage call = QDBusMessage::createMethodCall(ControlService::busName(), ControlService::objectPath(),
-                                                       ControlService::interfaceName(), QStringLiteral("HandOver"));
-    call << arguments;
-    const QDBusMessage reply = bus.call(call);
-    if (reply.type() == QDBusMessage::ErrorMessage)
-        Logger("Program").error(QStringLiteral("The running vantro did not answer: ") + reply.errorMessage());
-    return false;
+    if (QDBusConnection::sessionBus().isConnected())
+        return false;
+    Logger("Program").error(QStringLiteral("There is no session bus: vantro's commands cannot reach this program"));
+    return true;
 }
 
 void Program::launch()
@@ -377,10 +377,8 @@ int runProgram(const ProgramOptions& options)
 {
     Program program(options);
     const QStringList arguments = options.shortcut.isEmpty() ? QStringList() : QStringList{options.shortcut};
-    if (!program.becomeTheRunningInstance(arguments)) {
-        printLine(QStringLiteral("vantro is running already"));
-        return ExitCode::done;
-    }
+    if (!program.becomeTheRunningInstance())
+        return endSecondStart(program.soleInstance(), arguments);
     try {
         program.launch();
     } catch (const PersistentStoreError& error) {
