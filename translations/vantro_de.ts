@@ -58,6 +58,14 @@
         <source>Transcription Error</source>
         <translation>Fehler bei der Transkription</translation>
     </message>
+    <message>
+        <source>Not in the History</source>
+        <translation>Nicht im Verlauf</translation>
+    </message>
+    <message>
+        <source>What you dictate is delivered but not kept: %1</source>
+        <translation>Was Sie diktieren, kommt an, wird aber nicht aufbewahrt: %1</translation>
+    </message>
 </context>
 <context>
     <name>AudioInputMode</name>
@@ -1276,6 +1284,14 @@
     <message>
         <source>It is kept as %1. Shortcut and microphone may have to be chosen anew.</source>
         <translation>Die Datei bleibt als %1 erhalten. Tastenkürzel und Mikrofon müssen vielleicht neu gewählt werden.</translation>
+    </message>
+    <message>
+        <source>Settings Not Saved</source>
+        <translation>Einstellungen nicht gespeichert</translation>
+    </message>
+    <message>
+        <source>The settings file %1 cannot be written. What you change lasts until vantro ends.</source>
+        <translation>Die Einstellungsdatei %1 kann nicht geschrieben werden. Was Sie ändern, gilt, bis vantro beendet wird.</translation>
     </message>
 </context>
 <context>

@@ -1,12 +1,15 @@
 #!/usr/bin/python3
-"""Something that every desktop has is missing. The program says so, or does without."""
+"""Something that every desktop has is missing or full. The program says so, or does without."""
 
+import json
 import os
+import shlex
 import signal
 from pathlib import Path
 
-from dictationcase import CHILD, CHILD_WORDS, STOP_KEY, main, words
+from dictationcase import CHILD, CHILD_WORDS, STOP_KEY, DesktopError, main, words
 from shellcase import SETTINGS_TITLE, ShellCase
+from smalldisk import SmallDisk
 
 NO_BUS = {"DBUS_SESSION_BUS_ADDRESS": "unix:path=/nowhere"}
 
@@ -66,8 +69,72 @@ class PoorDesktopTest(ShellCase):
         read_only = {"XDG_CONFIG_HOME": "/proc/config", "XDG_STATE_HOME": "/proc/state"}
         self.vantro.start(env=read_only)
         self._log_before = 0
+        self.dismiss_alert_saying("/proc/config/vantro/vantro.ini cannot be written")
+        self.desktop.activate(self.editor.window)
         self.check_next_dictation()
         self.restart()
+
+
+class FullDiskTest(ShellCase):
+    """Settings, history and state lie on a disk that fills up while the program runs."""
+
+    def setUp(self):
+        super().setUp()
+        self.vantro.quit()
+        try:
+            self.disk = SmallDisk(self.desktop)
+        except DesktopError:
+            self.vantro.start()
+            self.skipTest("file systems cannot be mounted here")
+        small = self.disk.path
+        self.disk.run("mkdir", "-p", small / "data/vantro")
+        self.disk.run("ln", "-s", self.vantro.models_folder, small / "data/vantro/models")
+        self.env = {f"XDG_{kind}_HOME": str(small / kind.lower()) for kind in ("CONFIG", "DATA", "STATE")}
+        self.on_the_disk = self.desktop.home / "vantro-on-the-small-disk"
+        self.on_the_disk.write_text(f'#!/bin/sh\nexec {shlex.join(self.disk.command(str(self.vantro.program)))} "$@"\n')
+        self.on_the_disk.chmod(0o755)
+        self.addCleanup(self.leave_disk, self.vantro.program)
+        self.vantro.program = self.on_the_disk
+        self.start()
+
+    def leave_disk(self, program):
+        self.vantro.quit()
+        self.disk.stop()
+        self.vantro.program = program
+        self.vantro.start()
+
+    def start(self):
+        self.vantro.start(env=self.env)
+        self._log_before = 0
+
+    def settings(self):
+        return self.disk.run("cat", self.disk.path / "config/vantro/vantro.ini")
+
+    def history(self):
+        listed = json.loads(self.vantro.run("history", "--json", env=self.env).stdout)
+        return [" ".join(words(entry["transcription"])) for entry in listed]
+
+    def test_dictations_are_delivered_settings_stay_whole_and_the_next_start_works(self):
+        self.check_next_dictation()
+        settings = self.settings()
+        self.disk.fill()
+        self.check_next_dictation()
+        self.dismiss_alert_saying("There is no space left on the disk for the history")
+        self.check_next_dictation()
+        self.assertEqual(self.vantro.alerts(), [], "told twice")
+        self.assertEqual(self.vantro.run("--shortcut", "Ctrl+Alt+K", env=self.env).returncode, 0)
+        self.wait(lambda: len(self.vantro.alerts()) == 2, 10, "both alerts")
+        self.assertIn("cannot be written", self.news())
+        for alert in self.vantro.alerts():
+            self.close(alert.title)
+        self.assertEqual(self.settings(), settings)
+        self.vantro.quit()
+        self.disk.make_room()
+        self.start()
+        self.assertEqual(self.history(), [" ".join(CHILD_WORDS)])
+        self.assertNotIn("fresh settings", self.vantro.log())
+        self.check_next_dictation()
+        self.assertEqual(len(self.history()), 2)
 
 
 if __name__ == "__main__":

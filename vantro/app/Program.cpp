@@ -3,14 +3,13 @@
 #include "KeyboardShortcuts/RawKeyMonitor.h"
 #include "platform/KeyCode.h"
 #include "platform/linux/LinuxPlatform.h"
-#include "vantro/ai/FormattingModeHandler.h"
-#include "vantro/ai/NormalModeHandler.h"
-#include "vantro/ai/NotesModeHandler.h"
 #include "vantro/app/AppDelegate.h"
 #include "vantro/app/ControlService.h"
 #include "vantro/app/DictationPipeline.h"
 #include "vantro/app/EndSignals.h"
 #include "vantro/app/LanguageModels.h"
+#include "vantro/app/LenientStore.h"
+#include "vantro/app/ModeHandlers.h"
 #include "vantro/app/RunMarker.h"
 #include "vantro/app/SecondStart.h"
 #include "vantro/app/SoleInstance.h"
@@ -32,6 +31,7 @@
 
 #include <QDBusConnection>
 #include <QGuiApplication>
+#include <QMessageBox>
 #include <QTimer>
 
 #include <ranges>
@@ -72,7 +72,6 @@ private:
     [[nodiscard]] QString microphoneName() const;
     [[nodiscard]] QString shortcutName() const;
     [[nodiscard]] QJsonObject statusDetails();
-    [[nodiscard]] DictationPipeline::Handlers handlers();
     [[nodiscard]] DictationPipeline::FormatServices formatServices();
 
     ProgramOptions options_;
@@ -105,10 +104,11 @@ private:
     TranscriptionFacade facade_{models_, whisper_, fluid_};
 
     CoreDataStack store_{clock_};
+    LenientStore lenientStore_{store_};
     MigrationManager migrations_{defaults_, store_};
     PromptSettings prompts_{defaults_};
     LanguageModels languageModels_{defaults_, platform_, clock_, prompts_};
-    DictationPipeline pipeline_{facade_, handlers(), formatServices()};
+    DictationPipeline pipeline_{facade_, makeModeHandlers(lenientStore_, prompts_), formatServices()};
     AudioDeviceManager devices_{*platform_.audioHardware, defaults_};
     AudioRecorder recorder_{
         platform_.makeAudioEngine, devices_, *platform_.permissions, notifications_, clock_, pipeline_};
@@ -139,7 +139,8 @@ Program::Program(const ProgramOptions& options)
                  delivery_, models_, [this] { windows_.applyTheme(); },
                  [this] { windows_.updates().check(UpdateChecker::Asker::launch); }, migrations_,
                  [this] { return modelPreparation_.run(); },
-                 [this](TranscriptionModel model) { return modelIsReady(std::move(model)); }, surfaces()})
+                 [this](TranscriptionModel model) { return modelIsReady(std::move(model)); },
+                 [this] { return lenientStore_.takeProblem(); }, surfaces()})
     , control_(
           delegate_, recorder_, [this] { return statusDetails(); },
           [this](const QStringList& arguments) { handOver(arguments); })
@@ -166,17 +167,6 @@ void Program::followRecorder()
     windows_.tray().setState(recorder_.isRecording() ? TrayIcon::State::recording
                              : recorder_.isBusy()    ? TrayIcon::State::processing
                                                      : TrayIcon::State::idle);
-}
-
-DictationPipeline::Handlers Program::handlers()
-{
-    DictationPipeline::Handlers handlers;
-    handlers[ProcessingMode::Normal] = std::make_unique<NormalModeHandler>(store_);
-    handlers[ProcessingMode::Email] = std::make_unique<EmailModeHandler>(store_, prompts_);
-    handlers[ProcessingMode::Grammar] = std::make_unique<ThirdModeHandler>(store_, prompts_);
-    handlers[ProcessingMode::Custom] = std::make_unique<CustomModeHandler>(store_, prompts_);
-    handlers[ProcessingMode::Notes] = std::make_unique<NotesModeHandler>(store_);
-    return handlers;
 }
 
 DictationPipeline::FormatServices Program::formatServices()
@@ -375,15 +365,17 @@ QJsonObject Program::statusDetails()
 
 int runProgram(const ProgramOptions& options)
 {
-    Program program(options);
+    auto program = std::make_unique<Program>(options);
     const QStringList arguments = options.shortcut.isEmpty() ? QStringList() : QStringList{options.shortcut};
-    if (!program.becomeTheRunningInstance())
-        return endSecondStart(program.soleInstance(), arguments);
+    if (!program->becomeTheRunningInstance())
+        return endSecondStart(program->soleInstance(), arguments);
     try {
-        program.launch();
+        program->launch();
     } catch (const PersistentStoreError& error) {
-        // Whatever would be dictated would be lost.
+        // Nothing is kept of whatever would be dictated. Who started it from a menu reads no standard error.
         terminal::writeError(error.localizedDescription());
+        program.reset();
+        QMessageBox::critical(nullptr, QStringLiteral("vantro"), error.localizedDescription());
         return ExitCode::failed;
     }
     return QGuiApplication::exec();
