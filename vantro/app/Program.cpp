@@ -32,6 +32,7 @@
 #include <QDBusConnection>
 #include <QGuiApplication>
 #include <QMessageBox>
+#include <QSessionManager>
 #include <QTimer>
 
 #include <ranges>
@@ -39,6 +40,12 @@
 namespace vantro {
 
 namespace {
+
+/// A session manager would start the program at the next login as well, and with arguments of its own.
+void leaveStartToAutostart(QSessionManager& session)
+{
+    session.setRestartHint(QSessionManager::RestartNever);
+}
 
 /// Everything the desktop program consists of, in the order in which it is built; torn down in reverse.
 class Program
@@ -157,8 +164,9 @@ void Program::connectShell()
     QObject::connect(&recorder_, &AudioRecorder::isBusyChanged, &windows_, [this] { followRecorder(); });
     shortcutObservation_ = notifications_.observe(KeyboardShortcuts::shortcutByNameDidChange,
                                                   [this](const auto&) { windows_.tray().setShortcut(shortcutName()); });
-    // The session may still go on after it has asked; what is being said then is lost all the same.
-    QObject::connect(qGuiApp, &QGuiApplication::commitDataRequest, &delegate_, &AppDelegate::applicationWillTerminate);
+    // A session that only saves itself, or whose end is called off, costs no dictation: nothing is lost before the end.
+    for (const auto request : {&QGuiApplication::commitDataRequest, &QGuiApplication::saveStateRequest})
+        QObject::connect(qGuiApp, request, &delegate_, &leaveStartToAutostart);
     QObject::connect(qApp, &QCoreApplication::aboutToQuit, &delegate_, &AppDelegate::applicationWillTerminate);
 }
 
