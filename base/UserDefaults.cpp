@@ -177,6 +177,7 @@ void UserDefaults::written(const QString& key)
     reload();
     if (settings_.status() != QSettings::NoError) {
         Logger("UserDefaults").error(QStringLiteral("Could not write the settings file %1").arg(settings_.fileName()));
+        Q_EMIT writeFailed(settings_.fileName());
         return;
     }
     QFile::setPermissions(settings_.fileName(), QFileDevice::ReadOwner | QFileDevice::WriteOwner);

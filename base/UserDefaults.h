@@ -61,6 +61,8 @@ public:
 Q_SIGNALS:
     /// Another process has set, changed or removed these keys; their new values are in place.
     void changedElsewhere(const QStringList& keys);
+    /// A change could not be written to @p file; it is in force until the process ends.
+    void writeFailed(const QString& file);
 
 private:
     void store(const QString& key, const QVariant& value);

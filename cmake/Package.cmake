@@ -40,7 +40,12 @@ function(vantro_install_compressed source name folder)
   set_property(GLOBAL APPEND PROPERTY VANTRO_COMPRESSED "${compressed}")
   install(FILES "${compressed}" DESTINATION ${folder})
 endfunction()
-vantro_install_compressed("${packaging}/vantro.1" vantro.1 ${CMAKE_INSTALL_MANDIR}/man1)
+find_package(Python3 REQUIRED COMPONENTS Interpreter)
+set(manual "${compressed_folder}/vantro.1")
+add_custom_command(OUTPUT "${manual}"
+  COMMAND sh -c "\"${Python3_EXECUTABLE}\" \"${packaging}/manual.py\" \"$<TARGET_FILE:vantro>\" \"${packaging}/vantro.1.in\" > \"${manual}\""
+  DEPENDS vantro "${packaging}/manual.py" "${packaging}/vantro.1.in" VERBATIM)
+vantro_install_compressed("${manual}" vantro.1 ${CMAKE_INSTALL_MANDIR}/man1)
 vantro_install_compressed("${CMAKE_SOURCE_DIR}/CHANGELOG.md" changelog ${CMAKE_INSTALL_DATADIR}/doc/vantro)
 vantro_install_compressed("${compressed_folder}/changelog.Debian" changelog.Debian ${CMAKE_INSTALL_DATADIR}/doc/vantro)
 get_property(compressed_documents GLOBAL PROPERTY VANTRO_COMPRESSED)

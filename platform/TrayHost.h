@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/WindowID.h"
+
 #include <QObject>
 
 namespace vantro {
@@ -15,10 +17,16 @@ public:
         embedding,      ///< takes a program's own small window in
     };
 
+    /// The better one where there are both.
     [[nodiscard]] virtual Kind kind() const = 0;
 
+    /// Of the embedding kind: whether it blends windows that are translucent. Others stand on the tray's own ground.
+    [[nodiscard]] virtual bool embedsTranslucent() const = 0;
+    /// Of the embedding kind: asks it to take @p window in, which has not been shown yet.
+    virtual void embed(WindowID window) = 0;
+
 Q_SIGNALS:
-    /// A place has come or gone.
+    /// A place has come or gone, or another one has taken its place: what was embedded has to be embedded anew.
     void kindChanged();
 };
 

@@ -11,6 +11,12 @@ inline QString pasteShortcut()
     return QStringLiteral("Ctrl+V");
 }
 
+/// What a catalogue entry of the fluid engine begins with. Like the other entries' descriptions it is not translated.
+inline QString fluidModel()
+{
+    return QStringLiteral("Fluid model on this computer's processor.");
+}
+
 inline QString noMicrophone()
 {
     return QCoreApplication::translate(

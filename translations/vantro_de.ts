@@ -58,6 +58,14 @@
         <source>Transcription Error</source>
         <translation>Fehler bei der Transkription</translation>
     </message>
+    <message>
+        <source>Not in the History</source>
+        <translation>Nicht im Verlauf</translation>
+    </message>
+    <message>
+        <source>What you dictate is delivered but not kept: %1</source>
+        <translation>Was Sie diktieren, kommt an, wird aber nicht aufbewahrt: %1</translation>
+    </message>
 </context>
 <context>
     <name>AudioInputMode</name>
@@ -1647,6 +1655,14 @@
     <message>
         <source>Cancel</source>
         <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Settings Not Saved</source>
+        <translation>Einstellungen nicht gespeichert</translation>
+    </message>
+    <message>
+        <source>The settings file %1 cannot be written. What you change lasts until vantro ends.</source>
+        <translation>Die Einstellungsdatei %1 kann nicht geschrieben werden. Was du änderst, gilt, bis vantro beendet wird.</translation>
     </message>
 </context>
 <context>

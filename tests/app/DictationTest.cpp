@@ -14,6 +14,7 @@
 #include "vantro/ai/NormalModeHandler.h"
 #include "vantro/app/AppDelegate.h"
 #include "vantro/app/DictationPipeline.h"
+#include "vantro/app/LenientStore.h"
 #include "vantro/audio/AudioDeviceManager.h"
 
 #include <QCoreApplication>
@@ -231,7 +232,8 @@ protected:
     MigrationManager migrations{defaults, history};
     SlowProvider neuralProvider;
     TranscriptionFacade facade{models, provider, neuralProvider};
-    DictationPipeline pipeline{facade, handlers(store)};
+    LenientStore lenientStore{store};
+    DictationPipeline pipeline{facade, handlers(lenientStore)};
     AudioDeviceManager devices{hardware, defaults};
     AudioRecorder recorder{engines.factory(), devices, permissions, notifications, clock, pipeline};
     KeyboardShortcuts shortcuts{hotKeys, defaults, notifications};
@@ -263,6 +265,7 @@ protected:
              co_return;
          },
          [this](const auto&) -> QCoro::Task<bool> { co_return isModelReady; },
+         [this] { return lenientStore.takeProblem(); },
          {[this](ProcessingMode) { return std::make_unique<PanelDouble>(recorder, workspace, openPanels); },
           [this](std::optional<QRect> anchor) { huds.push_back(anchor); },
           [this](const QString&, const QString& text) { alerts << text; },
@@ -491,14 +494,27 @@ TEST_F(Dictation, TellsWhyAFailedOneDeliversNothing)
     EXPECT_EQ(alerts.takeLast(),
               QStringLiteral("Failed to transcribe audio: Could not load the whisper model at /models/x.bin"));
     EXPECT_EQ(openPanels, 0);
-
-    store.full = true;
-    dictate(QStringLiteral("Not stored."));
-    EXPECT_EQ(alerts.takeLast(), QStringLiteral("Error processing transcription: The disk is full."));
     EXPECT_FALSE(delivered) << "nothing is delivered after an error";
+    dictate(QStringLiteral("It works."));
+    EXPECT_EQ(delivered, QStringLiteral("It works."));
+}
+
+TEST_F(Dictation, DeliversWhatCannotBeStoredAndTellsItOnce)
+{
+    store.full = true;
+    dictate(QStringLiteral("One."));
+    EXPECT_EQ(delivered, QStringLiteral("One."));
+    EXPECT_EQ(alerts, QStringList{QStringLiteral("What you dictate is delivered but not kept: The disk is full.")});
+    dictate(QStringLiteral("Two."));
+    EXPECT_EQ(delivered, QStringLiteral("Two."));
+    EXPECT_EQ(alerts.size(), 1) << "known already";
+
     store.full = false;
-    dictate(QStringLiteral("Stored."));
-    EXPECT_EQ(delivered, QStringLiteral("Stored."));
+    dictate(QStringLiteral("Three."));
+    EXPECT_EQ(store.rows, QStringList{QStringLiteral("Three.")});
+    store.full = true;
+    dictate(QStringLiteral("Four."));
+    EXPECT_EQ(alerts.size(), 2) << "again, after it had worked";
 }
 
 TEST_F(Dictation, TellsWhyARecordingCannotStart)

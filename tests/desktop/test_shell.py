@@ -1,36 +1,15 @@
 #!/usr/bin/python3
-"""The program around the dictations: its windows, its first start, its end, and desktops that lack something."""
+"""The program around the dictations: its windows, its first start, its settings, its sounds."""
 
 import http.server
 import json
 import shutil
-import signal
 import threading
-import unittest
-from pathlib import Path
 
-from dictationcase import CANCEL_KEY, CHILD, CHILD_WORDS, SHORTCUT_KEYS, STOP_KEY, DictationCase, main, words
+from dictationcase import CANCEL_KEY, CHILD, CHILD_WORDS, SHORTCUT_KEYS, STOP_KEY, main, words
+from shellcase import ONBOARDING_TITLE, SETTINGS_TITLE, ShellCase
 
 PAGES = ("General", "Shortcut", "Microphone", "Models", "Modes", "Providers", "Vocabulary", "About")
-SETTINGS_TITLE = "vantro settings"
-ONBOARDING_TITLE = "Welcome to vantro"
-
-
-class ShellCase(DictationCase):
-    def window(self, title):
-        return self.wait(lambda: self.vantro.window(title), 10, f"the window {title}")
-
-    def has_keyboard(self, window):
-        self.wait(lambda: self.desktop.display.active_window() == window.id, 5, f"{window.title} to have the keyboard")
-
-    def close(self, title):
-        self.desktop.activate(self.window(title))
-        self.desktop.press("Escape")
-        self.wait(lambda: not self.vantro.window(title), 5, f"{title} to close")
-
-    def start_again(self):
-        """What a user does who does not know that it runs."""
-        self.assertEqual(self.vantro.run().returncode, 0)
 
 
 class WindowsTest(ShellCase):
@@ -181,75 +160,6 @@ class GermanTest(ShellCase):
         self.vantro.start(env={"LANG": "de_DE.UTF-8", "LANGUAGE": "de", "LC_ALL": ""})
         self.start_again()
         self.close("vantro – Einstellungen")
-        self.restart()
-
-
-class EndTest(ShellCase):
-    def test_the_next_start_after_a_crash_says_so_and_nothing_stays_behind(self):
-        self.vantro.open_launcher()
-        self.speak(CHILD)
-        self.vantro.process.kill()
-        self.assertEqual(self.desktop.display.keys_held(), [])
-        with self.desktop.display.grabbed(SHORTCUT_KEYS):
-            pass  # nobody holds it any more
-        self.wait(lambda: not self.desktop.audio.recording_sources(), 5, "the microphone to be free")
-        self.vantro.start()
-        self._log_before = 0
-        self.dismiss_alert_saying("vantro ended unexpectedly")
-        self.check_next_dictation()
-        self.restart()
-        self.assertNotIn("ended unexpectedly", self.vantro.log())
-
-    def test_an_end_in_the_middle_of_a_dictation_is_orderly(self):
-        for state in ("recording", "processing"):
-            with self.subTest(state):
-                before = self.desktop.clipboard()
-                self.vantro.open_launcher()
-                self.speak(CHILD)
-                if state == "processing":
-                    self.desktop.press(STOP_KEY)
-                    self.vantro.wait_for_state(state)
-                self.assertEqual(self.vantro.process.stop(signal.SIGTERM, patience_s=5), 0)
-                self.assertEqual(self.desktop.audio.recording_sources(), [])
-                self.assertEqual(self.desktop.clipboard(), before)
-                self.vantro.start()
-                self.assertNotIn("ended unexpectedly", self.vantro.log())
-
-
-class PoorDesktopTest(ShellCase):
-    """Something that every desktop has is missing. The program says so, or does without."""
-
-    def test_without_a_display_it_ends_with_a_message(self):
-        result = self.vantro.run(env={"DISPLAY": ":99999"})
-        self.assertNotEqual(result.returncode, 0)
-        self.assertIn("display", result.stderr)
-
-    def test_without_a_journal_the_logs_command_says_so(self):
-        if Path("/run/systemd/journal/socket").exists():
-            self.skipTest("this system has a journal")
-        result = self.vantro.run("logs")
-        self.assertEqual(result.returncode, 4)
-        self.assertIn("no journal", result.stderr)
-
-    def test_without_a_session_bus_it_dictates(self):
-        self.vantro.quit()
-        process = self.desktop.start(self.vantro.program, "--shortcut", "Ctrl+Alt+D",
-                                     env={"DBUS_SESSION_BUS_ADDRESS": "unix:path=/nowhere"})
-        self.wait(lambda: "is downloaded" in process.log.read_text(), 20, "the start")
-        self.desktop.activate(self.editor.window)
-        self.vantro.open_launcher()
-        self.speak(CHILD)
-        self.desktop.press(STOP_KEY)
-        self.assertEqual(words(self.wait_for_text()), CHILD_WORDS)
-        self.assertEqual(process.stop(), 0)
-        self.vantro.start()
-
-    def test_with_a_home_that_cannot_be_written_to_it_dictates(self):
-        self.vantro.quit()
-        read_only = {"XDG_CONFIG_HOME": "/proc/config", "XDG_STATE_HOME": "/proc/state"}
-        self.vantro.start(env=read_only)
-        self._log_before = 0
-        self.check_next_dictation()
         self.restart()
 
 

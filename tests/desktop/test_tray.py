@@ -89,6 +89,11 @@ class StatusNotifierTest(DictationCase):
 
 
 class EmbeddingTrayTest(DictationCase):
+    def start_tray(self):
+        tray = self.desktop.start("trayer", "--widthtype", "request", "--height", str(TRAY_HEIGHT))
+        self.addCleanup(tray.stop)
+        return tray
+
     def icon(self):
         """The middle of the icon's window inside the tray, or None."""
         if not self.desktop.display.selection_owner("_NET_SYSTEM_TRAY_S0"):
@@ -104,22 +109,46 @@ class EmbeddingTrayTest(DictationCase):
         width, height, x, y = map(int, icon.groups())
         return (x + width // 2, y + height // 2) if 1 < width <= TRAY_HEIGHT else None
 
-    def test_an_old_tray_that_comes_later_gets_the_icon_with_its_menu(self):
-        self.assertIsNone(self.icon())
-        tray = self.desktop.start("trayer", "--widthtype", "request", "--height", str(TRAY_HEIGHT))
-        self.addCleanup(tray.stop)
+    def settled_icon(self):
         before = []
 
         def settled():
             before.append(self.icon())
             return len(before) > 1 and before[-1] == before[-2] and before[-1]
 
-        x, y = self.wait(settled, 10, "the icon in the tray")
+        return self.wait(settled, 10, "the icon in the tray")
+
+    def check_icon(self):
+        x, y = self.settled_icon()
         self.desktop.run("xdotool", "mousemove", str(x), str(y), "click", "1")
         settings = self.wait(lambda: self.vantro.window(SETTINGS_TITLE), 10, "the settings window")
         self.desktop.activate(settings)
         self.desktop.press("Escape")
         self.wait(lambda: not self.vantro.window(SETTINGS_TITLE), 5, "the window to close")
+
+    def test_an_old_tray_that_comes_later_gets_the_icon_and_gets_it_again_after_a_crash(self):
+        self.assertIsNone(self.icon())
+        self.start_tray().kill()
+        self.start_tray()
+        self.check_icon()
+
+    def test_the_icon_is_in_one_tray_and_in_the_better_one(self):
+        self.start_tray()
+        self.settled_icon()
+        watcher = self.desktop.start(*WATCHER)
+        self.addCleanup(watcher.stop)
+        self.wait(lambda: find_item(self.desktop), 10, "the icon in the newer tray")
+        self.wait(lambda: not self.icon(), 5, "the older tray to lose it")
+        watcher.kill()
+        self.check_icon()
+        self.assertIsNone(find_item(self.desktop))
+        watcher = self.desktop.start(*WATCHER)
+        self.addCleanup(watcher.stop)
+        self.wait(lambda: find_item(self.desktop), 10, "the icon in the newer tray")
+        self.wait(lambda: not self.icon(), 5, "the older tray to lose it")
+        find_item(self.desktop).choose("Quit")
+        self.vantro.process.expect_exit(0)
+        self.restart()
 
 
 if __name__ == "__main__":

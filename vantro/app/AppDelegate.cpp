@@ -233,6 +233,15 @@ QCoro::Task<> AppDelegate::handleFinish(QString finalText, ProcessingMode mode)
     bringWindowsBack();
     if (parts_.defaults.boolean(QStringLiteral("playSoundOnComplete"), false))
         parts_.sounds.play(QStringLiteral("Blow"));
+    tellOfStoreProblem(); // not before: its window takes the keyboard
+}
+
+void AppDelegate::tellOfStoreProblem()
+{
+    if (const auto problem = parts_.takeStoreProblem()) {
+        parts_.surfaces.showAlert(tr("Not in the History"),
+                                  tr("What you dictate is delivered but not kept: %1").arg(*problem));
+    }
 }
 
 QCoro::Task<> AppDelegate::deliver(QString text, std::optional<QRect> frame)

@@ -69,6 +69,8 @@ public:
         /// Makes models that lie on this machine usable; before the selection is settled.
         std::function<QCoro::Task<>()> prepareModels;
         std::function<QCoro::Task<bool>(TranscriptionModel)> modelIsReady;
+        /// Why dictations are not kept, when there is something to tell.
+        std::function<std::optional<QString>()> takeStoreProblem;
         Surfaces surfaces;
     };
 
@@ -77,8 +79,7 @@ public:
 
     /// The launch handler: theme, update check, repairs, observers, onboarding when something is missing, model.
     void applicationDidFinishLaunching();
-    /// Before the process ends, or the session may: what is being recorded is thrown away, and the clipboard gets back
-    /// what it held.
+    /// Before the process ends: what is being recorded is thrown away, and the clipboard gets back what it held.
     void applicationWillTerminate();
 
     /// The launcher's practice run: own windows stay where they are.
@@ -112,6 +113,7 @@ private:
     void shortcutFailed(const QString& name, const QString& reason);
     void closeWindow();
     void showAlertSoon(const QString& text);
+    void tellOfStoreProblem();
     [[nodiscard]] ProcessingMode defaultMode() const;
 
     Logger logger_{"AppDelegate"};

@@ -6,9 +6,16 @@
 #include <QDBusConnection>
 #include <QJsonDocument>
 
+#include <chrono>
 #include <utility>
 
 namespace vantro {
+
+namespace {
+
+constexpr std::chrono::milliseconds answerLimit{5000};
+
+} // namespace
 
 ControlService::ControlService(AppDelegate& delegate, AudioRecorder& recorder, std::function<QJsonObject()> details,
                                std::function<void(const QStringList&)> handOver)
@@ -24,6 +31,18 @@ bool ControlService::publish()
 {
     QDBusConnection bus = QDBusConnection::sessionBus();
     return bus.isConnected() && bus.registerObject(objectPath(), &delegate_) && bus.registerService(busName());
+}
+
+bool ControlService::handOver(const QStringList& arguments)
+{
+    const QDBusConnection bus = QDBusConnection::sessionBus();
+    if (!bus.isConnected())
+        return false;
+    QDBusMessage call =
+        QDBusMessage::createMethodCall(busName(), objectPath(), interfaceName(), QStringLiteral("HandOver"));
+    call.setAutoStartService(false);
+    call << arguments;
+    return bus.call(call, QDBus::Block, static_cast<int>(answerLimit.count())).type() == QDBusMessage::ReplyMessage;
 }
 
 void ControlService::Toggle(const QDBusMessage& message)

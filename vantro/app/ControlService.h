@@ -30,6 +30,8 @@ public:
 
     /// Takes the name. False when there is no bus or another instance has it.
     bool publish();
+    /// Has the program that owns the name carry out @p arguments. False when none answers, or there is no bus.
+    [[nodiscard]] static bool handOver(const QStringList& arguments);
 
 public Q_SLOTS:
     void Toggle(const QDBusMessage& message);

@@ -3,15 +3,16 @@
 #include "KeyboardShortcuts/RawKeyMonitor.h"
 #include "platform/KeyCode.h"
 #include "platform/linux/LinuxPlatform.h"
-#include "vantro/ai/FormattingModeHandler.h"
-#include "vantro/ai/NormalModeHandler.h"
-#include "vantro/ai/NotesModeHandler.h"
 #include "vantro/app/AppDelegate.h"
 #include "vantro/app/ControlService.h"
 #include "vantro/app/DictationPipeline.h"
 #include "vantro/app/EndSignals.h"
 #include "vantro/app/LanguageModels.h"
+#include "vantro/app/LenientStore.h"
+#include "vantro/app/ModeHandlers.h"
 #include "vantro/app/RunMarker.h"
+#include "vantro/app/SecondStart.h"
+#include "vantro/app/SoleInstance.h"
 #include "vantro/app/VisibleModes.h"
 #include "vantro/app/Windows.h"
 #include "vantro/audio/AudioDeviceManager.h"
@@ -29,9 +30,9 @@
 #include "vantro/whisper/WhisperTranscriptionProvider.h"
 
 #include <QDBusConnection>
-#include <QDBusConnectionInterface>
-#include <QDBusMessage>
 #include <QGuiApplication>
+#include <QMessageBox>
+#include <QSessionManager>
 #include <QTimer>
 
 #include <ranges>
@@ -40,14 +41,22 @@ namespace vantro {
 
 namespace {
 
+/// A session manager would start the program at the next login as well, and with arguments of its own.
+void leaveStartToAutostart(QSessionManager& session)
+{
+    session.setRestartHint(QSessionManager::RestartNever);
+}
+
 /// Everything the desktop program consists of, in the order in which it is built; torn down in reverse.
 class Program
 {
 public:
     explicit Program(const ProgramOptions& options);
 
-    /// False when another instance runs already; it then knows @p arguments.
-    [[nodiscard]] bool becomeTheRunningInstance(const QStringList& arguments);
+    /// False when another instance runs already.
+    [[nodiscard]] bool becomeTheRunningInstance();
+    /// Which runs, when this is another one.
+    [[nodiscard]] const SoleInstance& soleInstance() const { return soleInstance_; }
     /// Throws PersistentStoreError.
     void launch();
 
@@ -70,10 +79,11 @@ private:
     [[nodiscard]] QString microphoneName() const;
     [[nodiscard]] QString shortcutName() const;
     [[nodiscard]] QJsonObject statusDetails();
-    [[nodiscard]] DictationPipeline::Handlers handlers();
     [[nodiscard]] DictationPipeline::FormatServices formatServices();
 
     ProgramOptions options_;
+    /// Above all that the next one would have to share.
+    SoleInstance soleInstance_;
     SystemClock clock_;
     UserDefaults defaults_{UserDefaults::standardPath()};
     NotificationCenter notifications_;
@@ -101,10 +111,11 @@ private:
     TranscriptionFacade facade_{models_, whisper_, fluid_};
 
     CoreDataStack store_{clock_};
+    LenientStore lenientStore_{store_};
     MigrationManager migrations_{defaults_, store_};
     PromptSettings prompts_{defaults_};
     LanguageModels languageModels_{defaults_, platform_, clock_, prompts_};
-    DictationPipeline pipeline_{facade_, handlers(), formatServices()};
+    DictationPipeline pipeline_{facade_, makeModeHandlers(lenientStore_, prompts_), formatServices()};
     AudioDeviceManager devices_{*platform_.audioHardware, defaults_};
     AudioRecorder recorder_{
         platform_.makeAudioEngine, devices_, *platform_.permissions, notifications_, clock_, pipeline_};
@@ -129,13 +140,15 @@ private:
 
 Program::Program(const ProgramOptions& options)
     : options_(options)
+    , soleInstance_(SoleInstance::standardFolder(), [this](const QStringList& arguments) { handOver(arguments); })
     , platform_(makeLinuxPlatform())
     , delivery_(*platform_.pasteboard, *platform_.keyEvents, *platform_.workspace, defaults_, clock_)
     , delegate_({defaults_, notifications_, clock_, *platform_.permissions, *platform_.sounds, recorder_, shortcuts_,
                  delivery_, models_, [this] { windows_.applyTheme(); },
                  [this] { windows_.updates().check(UpdateChecker::Asker::launch); }, migrations_,
                  [this] { return modelPreparation_.run(); },
-                 [this](TranscriptionModel model) { return modelIsReady(std::move(model)); }, surfaces()})
+                 [this](TranscriptionModel model) { return modelIsReady(std::move(model)); },
+                 [this] { return lenientStore_.takeProblem(); }, surfaces()})
     , control_(
           delegate_, recorder_, [this] { return statusDetails(); },
           [this](const QStringList& arguments) { handOver(arguments); })
@@ -152,8 +165,9 @@ void Program::connectShell()
     QObject::connect(&recorder_, &AudioRecorder::isBusyChanged, &windows_, [this] { followRecorder(); });
     shortcutObservation_ = notifications_.observe(KeyboardShortcuts::shortcutByNameDidChange,
                                                   [this](const auto&) { windows_.tray().setShortcut(shortcutName()); });
-    // The session may still go on after it has asked; what is being said then is lost all the same.
-    QObject::connect(qGuiApp, &QGuiApplication::commitDataRequest, &delegate_, &AppDelegate::applicationWillTerminate);
+    // A session that only saves itself, or whose end is called off, costs no dictation: nothing is lost before the end.
+    for (const auto request : {&QGuiApplication::commitDataRequest, &QGuiApplication::saveStateRequest})
+        QObject::connect(qGuiApp, request, &delegate_, &leaveStartToAutostart);
     QObject::connect(qApp, &QCoreApplication::aboutToQuit, &delegate_, &AppDelegate::applicationWillTerminate);
 }
 
@@ -164,17 +178,6 @@ void Program::followRecorder()
                                                      : TrayIcon::State::idle);
 }
 
-DictationPipeline::Handlers Program::handlers()
-{
-    DictationPipeline::Handlers handlers;
-    handlers[ProcessingMode::Normal] = std::make_unique<NormalModeHandler>(store_);
-    handlers[ProcessingMode::Email] = std::make_unique<EmailModeHandler>(store_, prompts_);
-    handlers[ProcessingMode::Grammar] = std::make_unique<ThirdModeHandler>(store_, prompts_);
-    handlers[ProcessingMode::Custom] = std::make_unique<CustomModeHandler>(store_, prompts_);
-    handlers[ProcessingMode::Notes] = std::make_unique<NotesModeHandler>(store_);
-    return handlers;
-}
-
 DictationPipeline::FormatServices Program::formatServices()
 {
     return {[this](ProcessingMode mode) { return languageModels_.choose(mode); },
@@ -183,22 +186,17 @@ DictationPipeline::FormatServices Program::formatServices()
             }};
 }
 
-bool Program::becomeTheRunningInstance(const QStringList& arguments)
+bool Program::becomeTheRunningInstance()
 {
+    // The bus alone would not do: one of both may have been started where there is none.
+    if (!soleInstance_.claim())
+        return false;
     if (control_.publish())
         return true;
-    const QDBusConnection bus = QDBusConnection::sessionBus();
-    if (!bus.isConnected()) {
-        Logger("Program").error(QStringLiteral("There is no session bus: vantro's commands cannot reach this program"));
-        return true;
-    }
-    QDBusMessage call = QDBusMessage::createMethodCall(ControlService::busName(), ControlService::objectPath(),
-                                                       ControlService::interfaceName(), QStringLiteral("HandOver"));
-    call << arguments;
-    const QDBusMessage reply = bus.call(call);
-    if (reply.type() == QDBusMessage::ErrorMessage)
-        Logger("Program").error(QStringLiteral("The running vantro did not answer: ") + reply.errorMessage());
-    return false;
+    if (QDBusConnection::sessionBus().isConnected())
+        return false;
+    Logger("Program").error(QStringLiteral("There is no session bus: vantro's commands cannot reach this program"));
+    return true;
 }
 
 void Program::launch()
@@ -377,17 +375,17 @@ QJsonObject Program::statusDetails()
 
 int runProgram(const ProgramOptions& options)
 {
-    Program program(options);
+    auto program = std::make_unique<Program>(options);
     const QStringList arguments = options.shortcut.isEmpty() ? QStringList() : QStringList{options.shortcut};
-    if (!program.becomeTheRunningInstance(arguments)) {
-        printLine(QStringLiteral("vantro is running already"));
-        return ExitCode::done;
-    }
+    if (!program->becomeTheRunningInstance())
+        return endSecondStart(program->soleInstance(), arguments);
     try {
-        program.launch();
+        program->launch();
     } catch (const PersistentStoreError& error) {
-        // Whatever would be dictated would be lost.
+        // Nothing is kept of whatever would be dictated. Who started it from a menu reads no standard error.
         terminal::writeError(error.localizedDescription());
+        program.reset();
+        QMessageBox::critical(nullptr, QStringLiteral("vantro"), error.localizedDescription());
         return ExitCode::failed;
     }
     return QGuiApplication::exec();

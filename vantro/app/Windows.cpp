@@ -78,6 +78,8 @@ Windows::Windows(Parts parts)
         parts_.downloader.cancel(); // what was fetched is kept
         parts_.notifications.post(QStringLiteral("permissions:close"));
     });
+    // Later: who changes a setting does not expect a window meanwhile.
+    connect(&parts_.defaults, &UserDefaults::writeFailed, this, &Windows::tellOfUnsavedSettings, Qt::QueuedConnection);
     connectTray();
 }
 
@@ -296,6 +298,15 @@ void Windows::tellOfSettings(const KeptAside& settings)
     showAlert(AlertWindow::Kind::warning, tr("vantro starts with fresh settings"),
               why + QLatin1Char(' ') +
                   tr("It is kept as %1. Shortcut and microphone may have to be chosen anew.").arg(settings.file),
+              {tr("OK")});
+}
+
+void Windows::tellOfUnsavedSettings(const QString& file)
+{
+    if (std::exchange(hasToldOfUnsavedSettings_, true))
+        return;
+    showAlert(AlertWindow::Kind::warning, tr("Settings Not Saved"),
+              tr("The settings file %1 cannot be written. What you change lasts until vantro ends.").arg(file),
               {tr("OK")});
 }
 

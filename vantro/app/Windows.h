@@ -96,9 +96,11 @@ private:
     [[nodiscard]] ModelListModel::State stateOf(const TranscriptionModel& model) const;
     [[nodiscard]] UpdateChecker::ShowAlert updateAlert();
     void connectTray();
+    void tellOfUnsavedSettings(const QString& file);
     void openMail(const QString& url, const QString& address);
 
     Parts parts_;
+    bool hasToldOfUnsavedSettings_ = false;
     UiEngine ui_;
     PasteHUDWindow hud_;
     UpdateChecker updates_;

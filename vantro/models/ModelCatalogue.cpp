@@ -1,5 +1,7 @@
 #include "vantro/models/ModelCatalogue.h"
 
+#include "platform/Wording.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -46,18 +48,16 @@ struct FluidEntry
     const char* name;
     const char* size;
     double accuracy;
-    const char* description;
+    const char* merit; ///< the end of the description
     SupportedLanguages languages;
     const char* repository;
     const char* file; ///< docs/models.md says how sure the names are
 };
 
 constexpr FluidEntry fluidEntries[] = {
-    {"Parakeet v3 (Fluid)", "461 MiB", 0.95,
-     "Fluid model on the Apple Neural Engine. Fastest option, 25 European languages.", SupportedLanguages::multilingual,
+    {"Parakeet v3 (Fluid)", "461 MiB", 0.95, "Fastest option, 25 European languages.", SupportedLanguages::multilingual,
      "parakeet-tdt-0.6b-v3", "ggml-parakeet-tdt-0.6b-v3-q8_0.bin"},
-    {"Parakeet v2 (Fluid, English)", "443 MiB", 0.97,
-     "Fluid model on the Apple Neural Engine. English only, highest accuracy.", SupportedLanguages::english,
+    {"Parakeet v2 (Fluid, English)", "443 MiB", 0.97, "English only, highest accuracy.", SupportedLanguages::english,
      "parakeet-tdt-0.6b-v2-en", "ggml-parakeet-tdt-0.6b-v2-q8_0.bin"},
 };
 
@@ -70,7 +70,7 @@ TranscriptionModel fluidEntry(const FluidEntry& entry, const QString& modelHost)
     model.speed = 0.99;
     model.accuracy = entry.accuracy;
     model.ramUsage = 0.7;
-    model.description = QLatin1String(entry.description);
+    model.description = wording::fluidModel() + QLatin1Char(' ') + QLatin1String(entry.merit);
     model.supportedLanguages = entry.languages;
     model.engine = TranscriptionEngine::fluid;
     model.fluidModel = FluidModel{

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "vantro/models/FileLock.h"
+#include "base/FileLock.h"
 
 #include <QFile>
 #include <QString>

@@ -1,14 +1,20 @@
 #include "platform/linux/tray/LinuxTrayHost.h"
 
 #include "platform/linux/x11/X11Connection.h"
+#include "platform/linux/x11/X11ErrorTrap.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusVariant>
+#include <QGuiApplication>
 
+#include <X11/Xatom.h>
 #include <X11/Xlib.h>
+#include <X11/Xutil.h>
 
+#include <cstring>
+#include <memory>
 #include <string>
 #include <utility>
 
@@ -18,6 +24,8 @@ namespace {
 
 const QString watcherService = QStringLiteral("org.kde.StatusNotifierWatcher");
 const QString watcherPath = QStringLiteral("/StatusNotifierWatcher");
+constexpr long requestDock = 0; // System Tray Protocol
+constexpr int depthWithAlpha = 32;
 
 } // namespace
 
@@ -31,7 +39,9 @@ LinuxTrayHost::LinuxTrayHost(X11Connection& connection) : connection_(connection
         // A tray announces itself to the root window.
         connection_.selectRootEvents(StructureNotifyMask);
         connection_.addListener(this, [this](XEvent& event) {
-            if (event.type == ClientMessage && event.xclient.message_type == managerAtom_)
+            const bool hasCome = event.type == ClientMessage && event.xclient.message_type == managerAtom_;
+            const bool hasGone = event.type == DestroyNotify && event.xdestroywindow.window == trayWindow_;
+            if (hasCome || hasGone)
                 look();
         });
     }
@@ -75,13 +85,71 @@ void LinuxTrayHost::setHasNotifierHost(bool hasHost)
 
 void LinuxTrayHost::look()
 {
-    const bool isEmbedding = connection_.isOpen() && XGetSelectionOwner(connection_.display(), selectionAtom_) != None;
+    const unsigned long formerTray = std::exchange(trayWindow_, findTrayWindow());
     // Until the watcher has answered it is unknown whether the better kind is there.
-    const Kind kind = hasNotifierHost_            ? Kind::statusNotifier
-                      : isEmbedding && !isAsking_ ? Kind::embedding
-                                                  : Kind::none;
-    if (std::exchange(kind_, kind) != kind)
+    const Kind kind = hasNotifierHost_                 ? Kind::statusNotifier
+                      : trayWindow_ != 0 && !isAsking_ ? Kind::embedding
+                                                       : Kind::none;
+    const bool isReplaced = kind == Kind::embedding && trayWindow_ != formerTray;
+    if (std::exchange(kind_, kind) != kind || isReplaced)
         Q_EMIT kindChanged();
+}
+
+unsigned long LinuxTrayHost::findTrayWindow()
+{
+    if (!connection_.isOpen())
+        return 0;
+    Display* const display = connection_.display();
+    const X11ErrorTrap trap(connection_); // it may go at any moment
+    const Window owner = XGetSelectionOwner(display, selectionAtom_);
+    if (owner != None)
+        XSelectInput(display, owner, StructureNotifyMask);
+    return owner;
+}
+
+bool LinuxTrayHost::embedsTranslucent() const
+{
+    if (!connection_.isOpen() || trayWindow_ == 0)
+        return false;
+    Display* const display = connection_.display();
+    const X11ErrorTrap trap(connection_);
+    Atom type = None;
+    int format = 0;
+    unsigned long count = 0;
+    unsigned long rest = 0;
+    unsigned char* data = nullptr;
+    XGetWindowProperty(display, trayWindow_, XInternAtom(display, "_NET_SYSTEM_TRAY_VISUAL", False), 0, 1, False,
+                       XA_VISUALID, &type, &format, &count, &rest, &data);
+    const std::unique_ptr<unsigned char, int (*)(void*)> holder(data, XFree);
+    if (type != XA_VISUALID || format != 32 || count != 1)
+        return false;
+    XVisualInfo wanted = {};
+    std::memcpy(&wanted.visualid, data, sizeof wanted.visualid);
+    int found = 0;
+    const std::unique_ptr<XVisualInfo, int (*)(void*)> visual(XGetVisualInfo(display, VisualIDMask, &wanted, &found),
+                                                              XFree);
+    return found == 1 && visual->depth == depthWithAlpha;
+}
+
+void LinuxTrayHost::embed(WindowID window)
+{
+    const auto* const application = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+    if (application == nullptr || trayWindow_ == 0)
+        return;
+    // Over the connection that has made the window: the server knows it when the tray asks for it.
+    Display* const display = application->display();
+    if (!embedsTranslucent())
+        XSetWindowBackgroundPixmap(display, window, ParentRelative);
+    XEvent event = {};
+    event.xclient.type = ClientMessage;
+    event.xclient.window = trayWindow_;
+    event.xclient.message_type = XInternAtom(display, "_NET_SYSTEM_TRAY_OPCODE", False);
+    event.xclient.format = 32;
+    event.xclient.data.l[0] = CurrentTime;
+    event.xclient.data.l[1] = requestDock;
+    event.xclient.data.l[2] = static_cast<long>(window);
+    XSendEvent(display, trayWindow_, False, NoEventMask, &event);
+    XFlush(display);
 }
 
 } // namespace vantro

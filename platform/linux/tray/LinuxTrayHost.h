@@ -19,6 +19,8 @@ public:
     explicit LinuxTrayHost(X11Connection& connection);
 
     [[nodiscard]] Kind kind() const override { return kind_; }
+    [[nodiscard]] bool embedsTranslucent() const override;
+    void embed(WindowID window) override;
 
 private Q_SLOTS:
     void askWatcher();
@@ -26,9 +28,11 @@ private Q_SLOTS:
 private:
     void setHasNotifierHost(bool hasHost);
     void look();
+    [[nodiscard]] unsigned long findTrayWindow();
 
     X11Connection& connection_;
     QDBusServiceWatcher watcher_;
+    unsigned long trayWindow_ = 0; ///< of the older kind; 0 for none
     unsigned long selectionAtom_ = 0;
     unsigned long managerAtom_ = 0;
     bool hasNotifierHost_ = false;

@@ -57,22 +57,34 @@ void TrayIcon::makeMenu()
 
 void TrayIcon::followHost()
 {
-    // Qt looks for a tray of the newer kind once, when the first icon is made, and then follows that kind through its
-    // restarts. So the icon is made when there is one to find.
-    if (host_.kind() == TrayHost::Kind::none)
-        return;
-    if (!icon_) {
-        icon_ = std::make_unique<QSystemTrayIcon>();
-        icon_->setContextMenu(&menu_);
-        connect(icon_.get(), &QSystemTrayIcon::activated, this, [this](QSystemTrayIcon::ActivationReason reason) {
-            if (reason == QSystemTrayIcon::Trigger)
-                Q_EMIT settingsRequested();
-            else if (reason == QSystemTrayIcon::MiddleClick)
-                Q_EMIT dictateRequested();
-        });
-    }
+    icon_.reset();
+    embedded_.reset();
+    if (host_.kind() == TrayHost::Kind::statusNotifier)
+        makeIcon();
+    else if (host_.kind() == TrayHost::Kind::embedding)
+        makeEmbeddedIcon();
     update();
-    icon_->show();
+}
+
+/// Qt looks for a tray of the newer kind once, when the first icon is made, and takes the older kind for ever when
+/// there is none: so it is asked for an icon only while it will find one, and the older kind has an icon of our own.
+void TrayIcon::makeIcon()
+{
+    icon_ = std::make_unique<QSystemTrayIcon>();
+    icon_->setContextMenu(&menu_);
+    connect(icon_.get(), &QSystemTrayIcon::activated, this, [this](QSystemTrayIcon::ActivationReason reason) {
+        if (reason == QSystemTrayIcon::Trigger)
+            Q_EMIT settingsRequested();
+        else if (reason == QSystemTrayIcon::MiddleClick)
+            Q_EMIT dictateRequested();
+    });
+}
+
+void TrayIcon::makeEmbeddedIcon()
+{
+    embedded_ = std::make_unique<EmbeddedIcon>(host_, menu_);
+    connect(embedded_.get(), &EmbeddedIcon::clicked, this, &TrayIcon::settingsRequested);
+    connect(embedded_.get(), &EmbeddedIcon::middleClicked, this, &TrayIcon::dictateRequested);
 }
 
 void TrayIcon::setState(State state)
@@ -93,21 +105,29 @@ void TrayIcon::update()
     // The shortcut is told, not assigned: it belongs to the whole desktop.
     dictate_->setText(shortcut_.isEmpty() ? name : name + QLatin1Char('\t') + shortcut_);
     dictate_->setEnabled(state_ == State::idle);
-    if (!icon_)
-        return;
-    icon_->setIcon(pictureFor(state_, host_.kind()));
+    const QIcon picture = pictureFor(state_, host_.kind());
+    if (icon_) {
+        icon_->setIcon(picture);
+        icon_->setToolTip(toolTip());
+        icon_->show();
+    }
+    if (embedded_) {
+        embedded_->setIcon(picture);
+        embedded_->setToolTip(toolTip());
+    }
+}
+
+QString TrayIcon::toolTip() const
+{
     switch (state_) {
     case State::idle:
-        icon_->setToolTip(shortcut_.isEmpty() ? QStringLiteral("vantro")
-                                              : tr("vantro: press %1 and speak").arg(shortcut_));
-        break;
+        return shortcut_.isEmpty() ? QStringLiteral("vantro") : tr("vantro: press %1 and speak").arg(shortcut_);
     case State::recording:
-        icon_->setToolTip(tr("vantro is listening"));
-        break;
+        return tr("vantro is listening");
     case State::processing:
-        icon_->setToolTip(tr("vantro is transcribing"));
-        break;
+        return tr("vantro is transcribing");
     }
+    Q_UNREACHABLE();
 }
 
 } // namespace vantro

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/TrayHost.h"
+#include "vantro/ui/tray/EmbeddedIcon.h"
 
 #include <QMenu>
 #include <QSystemTrayIcon>
@@ -10,7 +11,7 @@
 namespace vantro {
 
 /// The program's place in the desktop's tray: an icon that tells whether a dictation is under way, and a menu. Appears
-/// as soon as there is a tray. Main thread.
+/// as soon as there is a tray, and moves to a better one. Main thread.
 class TrayIcon final : public QObject
 {
     Q_OBJECT
@@ -39,12 +40,16 @@ Q_SIGNALS:
 private:
     void makeMenu();
     void followHost();
+    void makeIcon();
+    void makeEmbeddedIcon();
     void update();
+    [[nodiscard]] QString toolTip() const;
 
     TrayHost& host_;
     QMenu menu_;
-    QAction* dictate_ = nullptr;            ///< the menu's
-    std::unique_ptr<QSystemTrayIcon> icon_; ///< none until there is a tray
+    QAction* dictate_ = nullptr;             ///< the menu's
+    std::unique_ptr<QSystemTrayIcon> icon_;  ///< in a tray of the newer kind
+    std::unique_ptr<EmbeddedIcon> embedded_; ///< in one of the older kind, while there is no newer
     State state_ = State::idle;
     QString shortcut_;
 };

@@ -6,8 +6,8 @@
 
 namespace vantro {
 
-/// The right to change one file of the models folder, among the threads of all processes. The system takes it back from
-/// a process that ends in whatever way. Any thread; may be handed from one to another.
+/// A right that one of all threads of all processes has at a time. The system takes it back from a process that ends in
+/// whatever way. Any thread; may be handed from one to another.
 class FileLock
 {
 public:

@@ -1,4 +1,4 @@
-#include "vantro/models/FileLock.h"
+#include "base/FileLock.h"
 
 #include "base/Error.h"
 

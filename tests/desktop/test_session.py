@@ -1,0 +1,99 @@
+#!/usr/bin/python3
+"""The end of the program: a crash, a signal, a logout; and a session that is saved while it runs."""
+
+import os
+import shutil
+import signal
+import unittest
+
+from dictationcase import CHILD, CHILD_WORDS, SHORTCUT_KEYS, STOP_KEY, main, words
+from shellcase import ShellCase
+
+
+class EndTest(ShellCase):
+    def test_the_next_start_after_a_crash_says_so_and_nothing_stays_behind(self):
+        self.vantro.open_launcher()
+        self.speak(CHILD)
+        self.vantro.process.kill()
+        self.assertEqual(self.desktop.display.keys_held(), [])
+        with self.desktop.display.grabbed(SHORTCUT_KEYS):
+            pass  # nobody holds it any more
+        self.wait(lambda: not self.desktop.audio.recording_sources(), 5, "the microphone to be free")
+        self.vantro.start()
+        self._log_before = 0
+        self.dismiss_alert_saying("vantro ended unexpectedly")
+        self.check_next_dictation()
+        self.restart()
+        self.assertNotIn("ended unexpectedly", self.vantro.log())
+
+    def test_an_end_in_the_middle_of_a_dictation_is_orderly(self):
+        for state in ("recording", "processing"):
+            with self.subTest(state):
+                before = self.desktop.clipboard()
+                self.vantro.open_launcher()
+                self.speak(CHILD)
+                if state == "processing":
+                    self.desktop.press(STOP_KEY)
+                    self.vantro.wait_for_state(state)
+                self.assertEqual(self.vantro.process.stop(signal.SIGTERM, patience_s=5), 0)
+                self.assertEqual(self.desktop.audio.recording_sources(), [])
+                self.assertEqual(self.desktop.clipboard(), before)
+                self.vantro.start()
+                self.assertNotIn("ended unexpectedly", self.vantro.log())
+
+
+@unittest.skipUnless(shutil.which("xsm") and shutil.which("iceauth"), "there is no session manager")
+class SessionTest(ShellCase):
+    """A session manager of the X Window System saves the session and ends it."""
+
+    def start_session(self):
+        """Has the program take part in a session of its own."""
+        address = self.desktop.home / "session-address"
+        address.unlink(missing_ok=True)
+        publisher = self.desktop.home / "publish-session"
+        publisher.write_text(f'#!/bin/sh\nprintf %s "$SESSION_MANAGER" > {address}.new && mv {address}.new {address}\n')
+        publisher.chmod(0o755)
+        (self.desktop.home / ".xsmstartup").write_text(f"{publisher}\n")
+        self.saved_session = self.desktop.home / ".XSM-Default"
+        self.saved_session.unlink(missing_ok=True)
+        session = self.desktop.start("xsm")
+        self.addCleanup(session.stop)
+        self.wait(address.exists, 10, "the session manager")
+        self.vantro.quit()
+        self.vantro.start(env={"SESSION_MANAGER": address.read_text()})
+        self._log_before = 0
+        self.desktop.activate(self.editor.window)
+        return session
+
+    def test_a_logout_in_the_middle_of_a_dictation_discards_it(self):
+        for state in ("recording", "processing"):
+            with self.subTest(state):
+                session = self.start_session()
+                with self.delivers_nothing():
+                    self.vantro.open_launcher()
+                    self.speak(CHILD)
+                    if state == "processing":
+                        self.desktop.press(STOP_KEY)
+                        self.vantro.wait_for_state(state)
+                    os.kill(session.pid, signal.SIGTERM)  # what a logout is to it
+                    self.vantro.process.expect_exit(0)
+                    session.expect_exit(0)
+                self.assertEqual(self.desktop.display.keys_held(), [])
+                self.assertEqual(self.desktop.audio.recording_sources(), [])
+                self.assertNotIn("vantro", self.saved_session.read_text(), "would be started twice at the next login")
+                self.vantro.start()
+                self.assertNotIn("ended unexpectedly", self.vantro.log())
+
+    def test_a_session_that_is_only_saved_lets_the_dictation_go_on(self):
+        session = self.start_session()
+        self.vantro.open_launcher()
+        self.speak(CHILD)
+        os.kill(session.pid, signal.SIGUSR1)
+        self.wait(self.saved_session.exists, 10, "the saved session")
+        self.desktop.press(STOP_KEY)
+        self.assertEqual(words(self.wait_for_text()), CHILD_WORDS)
+        self.restart()
+
+
+if __name__ == "__main__":
+    main()

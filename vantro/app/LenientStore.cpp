@@ -1,0 +1,57 @@
+#include "vantro/app/LenientStore.h"
+
+#include "base/Error.h"
+#include "base/Logger.h"
+
+#include <utility>
+
+namespace vantro {
+
+std::optional<QString> LenientStore::takeProblem()
+{
+    return std::exchange(problem_, std::nullopt);
+}
+
+template <typename Save>
+void LenientStore::attempt(const Save& save)
+{
+    try {
+        save();
+        isFailing_ = false;
+        problem_.reset();
+    } catch (const Error& error) {
+        Logger("LenientStore").error(QStringLiteral("Not stored: ") + error.localizedDescription());
+        if (!std::exchange(isFailing_, true))
+            problem_ = error.localizedDescription();
+    }
+}
+
+void LenientStore::saveTranscription(const QString& transcription, const QString& formatted, ProcessingMode mode)
+{
+    attempt([&] { store_.saveTranscription(transcription, formatted, mode); });
+}
+
+QUuid LenientStore::saveTranscription(const QString& transcription, ProcessingMode mode)
+{
+    QUuid id;
+    attempt([&] { id = store_.saveTranscription(transcription, mode); });
+    return id;
+}
+
+void LenientStore::updateFormatted(const QUuid& id, const QString& formatted)
+{
+    if (!id.isNull())
+        attempt([&] { store_.updateFormatted(id, formatted); });
+}
+
+QCoro::Task<> LenientStore::addNote(QString transcription)
+{
+    return store_.addNote(std::move(transcription));
+}
+
+QCoro::Task<> LenientStore::summarizeToday(std::shared_ptr<FormatRequestServicing> service)
+{
+    return store_.summarizeToday(std::move(service));
+}
+
+} // namespace vantro

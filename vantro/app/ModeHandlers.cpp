@@ -1,0 +1,20 @@
+#include "vantro/app/ModeHandlers.h"
+
+#include "vantro/ai/FormattingModeHandler.h"
+#include "vantro/ai/NormalModeHandler.h"
+#include "vantro/ai/NotesModeHandler.h"
+
+namespace vantro {
+
+DictationPipeline::Handlers makeModeHandlers(TranscriptionStoring& store, const PromptSettings& prompts)
+{
+    DictationPipeline::Handlers handlers;
+    handlers[ProcessingMode::Normal] = std::make_unique<NormalModeHandler>(store);
+    handlers[ProcessingMode::Email] = std::make_unique<EmailModeHandler>(store, prompts);
+    handlers[ProcessingMode::Grammar] = std::make_unique<ThirdModeHandler>(store, prompts);
+    handlers[ProcessingMode::Custom] = std::make_unique<CustomModeHandler>(store, prompts);
+    handlers[ProcessingMode::Notes] = std::make_unique<NotesModeHandler>(store);
+    return handlers;
+}
+
+} // namespace vantro

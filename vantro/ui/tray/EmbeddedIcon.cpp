@@ -1,0 +1,69 @@
+#include "vantro/ui/tray/EmbeddedIcon.h"
+
+#include "platform/TrayHost.h"
+
+#include <QMenu>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QScreen>
+
+namespace vantro {
+
+namespace {
+
+constexpr QSize firstSize(22, 22); // until the tray gives it another one
+constexpr QPoint offScreen(-100, -100);
+
+} // namespace
+
+EmbeddedIcon::EmbeddedIcon(TrayHost& host, QMenu& menu)
+    : QWidget(nullptr, Qt::FramelessWindowHint | Qt::BypassWindowManagerHint | Qt::WindowDoesNotAcceptFocus)
+    , menu_(menu)
+{
+    setAttribute(Qt::WA_QuitOnClose, false);
+    setAttribute(Qt::WA_AlwaysShowToolTips);
+    setAttribute(Qt::WA_TranslucentBackground, host.embedsTranslucent());
+    setGeometry(QRect(offScreen, firstSize));
+    host.embed(winId());
+    show();
+}
+
+void EmbeddedIcon::setIcon(const QIcon& icon)
+{
+    icon_ = icon;
+    update();
+}
+
+void EmbeddedIcon::paintEvent(QPaintEvent* /*event*/)
+{
+    // Before the first picture there is nothing on the window but the tray.
+    if (ground_.isNull() && !testAttribute(Qt::WA_TranslucentBackground))
+        ground_ = screen()->grabWindow(winId(), 0, 0, width(), height());
+    QPainter painter(this);
+    painter.drawPixmap(0, 0, ground_);
+    icon_.paint(&painter, rect());
+}
+
+void EmbeddedIcon::resizeEvent(QResizeEvent* /*event*/)
+{
+    ground_ = {};
+}
+
+void EmbeddedIcon::mousePressEvent(QMouseEvent* event)
+{
+    switch (event->button()) {
+    case Qt::LeftButton:
+        Q_EMIT clicked();
+        break;
+    case Qt::MiddleButton:
+        Q_EMIT middleClicked();
+        break;
+    case Qt::RightButton:
+        menu_.popup(event->globalPosition().toPoint());
+        break;
+    default:
+        break;
+    }
+}
+
+} // namespace vantro
