@@ -64,7 +64,7 @@
     </message>
     <message>
         <source>What you dictate is delivered but not kept: %1</source>
-        <translation>Was Sie diktieren, kommt an, wird aber nicht aufbewahrt: %1</translation>
+        <translation>Was du diktierst, kommt an, wird aber nicht aufbewahrt: %1</translation>
     </message>
 </context>
 <context>
