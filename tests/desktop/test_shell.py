@@ -9,6 +9,8 @@ import threading
 from dictationcase import CANCEL_KEY, CHILD, CHILD_WORDS, SHORTCUT_KEYS, STOP_KEY, main, words
 from shellcase import ONBOARDING_TITLE, SETTINGS_TITLE, ShellCase
 
+PAGES = ("General", "Shortcut", "Microphone", "Models", "Modes", "Providers", "Vocabulary", "About")
+
 
 class WindowsTest(ShellCase):
     def test_a_second_start_opens_the_settings_and_a_dictation_puts_them_aside(self):
@@ -34,13 +36,32 @@ class WindowsTest(ShellCase):
         settings = self.window(SETTINGS_TITLE)
         self.has_keyboard(settings)
         ini = self.desktop.config_home / "vantro" / "vantro.ini"
-        for _ in range(5):  # the five pages' names come first
+        for _ in PAGES:  # their names come first
             self.desktop.press("Tab")
         self.desktop.press("space")
         self.wait(lambda: "autoPasteEnabled=false" in ini.read_text(), 5, "the setting in the file")
         self.desktop.press("space")
         self.wait(lambda: "autoPasteEnabled=true" in ini.read_text(), 5, "the setting in the file")
         self.close(SETTINGS_TITLE)
+
+    def test_a_replacement_made_in_the_settings_acts_on_the_next_dictation(self):
+        self.start_again()
+        self.has_keyboard(self.window(SETTINGS_TITLE))
+        for _ in range(PAGES.index("Vocabulary")):
+            self.desktop.press("Tab")
+        self.desktop.press("space")
+        for _ in range(len(PAGES) - PAGES.index("Vocabulary")):
+            self.desktop.press("Tab")
+        for text in ("small dog", "enormous cat"):
+            self.desktop.type_text(text)
+            self.desktop.press("Return")
+        listed = self.wait(lambda: json.loads(self.vantro.run("replacements", "list", "--json").stdout), 5, "the list")
+        self.addCleanup(self.vantro.run, "replacements", "remove", "small dog")
+        self.assertEqual([(entry["find"], entry["replace"]) for entry in listed], [("small dog", "enormous cat")])
+        self.close(SETTINGS_TITLE)
+        self.desktop.activate(self.editor.window)
+        self.dictate(CHILD)
+        self.assertEqual(words(self.wait_for_text()), "the child almost hurt the enormous cat".split())
 
 
 class FirstStartTest(ShellCase):
