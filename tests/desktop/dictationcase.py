@@ -54,11 +54,15 @@ class DictationCase(unittest.TestCase):
         missing = [name for name in _NEEDED if not shutil.which(name)]
         if missing:
             raise unittest.SkipTest(f"not installed: {', '.join(missing)}")
-        cls.desktop = cls.enterClassContext(VirtualDesktop())
+        cls.desktop = cls.enterClassContext(cls.make_desktop())
         cls.vantro = Vantro(cls.desktop, program)
         cls.prepare_profile()
         cls.editor = cls.desktop.open_editor()
         cls.vantro.start()
+
+    @classmethod
+    def make_desktop(cls):
+        return VirtualDesktop()
 
     @classmethod
     def prepare_profile(cls):

@@ -39,6 +39,9 @@ LinuxTrayHost::LinuxTrayHost(X11Connection& connection) : connection_(connection
         // A tray announces itself to the root window.
         connection_.selectRootEvents(StructureNotifyMask);
         connection_.addListener(this, [this](XEvent& event) {
+            if (event.type == ReparentNotify && event.xreparent.window == embeddedWindow_ &&
+                event.xreparent.parent != connection_.rootWindow())
+                Q_EMIT embedded(embeddedWindow_);
             const bool hasCome = event.type == ClientMessage && event.xclient.message_type == managerAtom_;
             const bool hasGone = event.type == DestroyNotify && event.xdestroywindow.window == trayWindow_;
             if (hasCome || hasGone)
@@ -134,12 +137,17 @@ bool LinuxTrayHost::embedsTranslucent() const
 void LinuxTrayHost::embed(WindowID window)
 {
     const auto* const application = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    if (application == nullptr || trayWindow_ == 0)
+    if (application == nullptr || !connection_.isOpen() || trayWindow_ == 0)
         return;
-    // Over the connection that has made the window: the server knows it when the tray asks for it.
-    Display* const display = application->display();
+    // Over the connection that makes it, and waited for: the server has to know the window before anybody asks for it.
     if (!embedsTranslucent())
-        XSetWindowBackgroundPixmap(display, window, ParentRelative);
+        XSetWindowBackgroundPixmap(application->display(), window, ParentRelative);
+    XSync(application->display(), False);
+
+    Display* const display = connection_.display();
+    const X11ErrorTrap trap(connection_);
+    embeddedWindow_ = window;
+    XSelectInput(display, window, StructureNotifyMask);
     XEvent event = {};
     event.xclient.type = ClientMessage;
     event.xclient.window = trayWindow_;

@@ -32,7 +32,8 @@ private:
 
     X11Connection& connection_;
     QDBusServiceWatcher watcher_;
-    unsigned long trayWindow_ = 0; ///< of the older kind; 0 for none
+    unsigned long trayWindow_ = 0;     ///< of the older kind; 0 for none
+    unsigned long embeddedWindow_ = 0; ///< the one that was given to it last
     unsigned long selectionAtom_ = 0;
     unsigned long managerAtom_ = 0;
     bool hasNotifierHost_ = false;

@@ -11,8 +11,7 @@ namespace vantro {
 
 namespace {
 
-constexpr QSize firstSize(22, 22); // until the tray gives it another one
-constexpr QPoint offScreen(-100, -100);
+constexpr QSize leastSize(22, 22);
 
 } // namespace
 
@@ -23,9 +22,14 @@ EmbeddedIcon::EmbeddedIcon(TrayHost& host, QMenu& menu)
     setAttribute(Qt::WA_QuitOnClose, false);
     setAttribute(Qt::WA_AlwaysShowToolTips);
     setAttribute(Qt::WA_TranslucentBackground, host.embedsTranslucent());
-    setGeometry(QRect(offScreen, firstSize));
-    host.embed(winId());
-    show();
+    setMinimumSize(leastSize); // some trays make a window as small as it lets them
+    resize(leastSize);
+    const WindowID window = winId();
+    connect(&host, &TrayHost::embedded, this, [this, window](WindowID embedded) {
+        if (embedded == window)
+            show();
+    });
+    host.embed(window);
 }
 
 void EmbeddedIcon::setIcon(const QIcon& icon)
