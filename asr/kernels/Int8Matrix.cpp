@@ -15,7 +15,6 @@ namespace vantro::asr::kernels {
 
 namespace {
 
-constexpr std::size_t panelOutputs = 32;
 constexpr std::size_t panelColumns = 6;
 constexpr std::size_t lanes = 16;
 constexpr std::size_t blockInputs = 32;
@@ -42,23 +41,29 @@ std::size_t matrixBytes(std::size_t inputs, std::size_t outputs)
     return panels(outputs, panelOutputs) * inputs / blockInputs * matrixBlockBytes;
 }
 
+/// One output's 32 inputs into their places among those of the panel's other outputs.
+void packBlock(const unsigned char* stored, unsigned char* packed, std::size_t place)
+{
+    std::memcpy(packed + scalesOffset + place * sizeof(std::uint16_t), stored, sizeof(std::uint16_t));
+    unsigned char shifted[blockInputs];
+    for (std::size_t i = 0; i < blockInputs; ++i)
+        shifted[i] = static_cast<unsigned char>(stored[sizeof(std::uint16_t) + i] + weightOffset);
+    for (std::size_t group = 0; group < groups; ++group)
+        std::memcpy(packed + (group * panelOutputs + place) * 4, shifted + 4 * group, 4);
+}
+
 void packMatrix(const void* source, std::size_t inputs, std::size_t outputs, void* target)
 {
     const std::size_t blocks = inputs / blockInputs;
-    std::memset(target, 0, matrixBytes(inputs, outputs));
-    for (std::size_t output = 0; output < outputs; ++output) {
-        const auto* row = static_cast<const unsigned char*>(source) + output * blocks * storedBlockBytes;
-        auto* panel = static_cast<unsigned char*>(target) + output / panelOutputs * blocks * matrixBlockBytes;
-        const std::size_t place = output % panelOutputs;
+    for (std::size_t first = 0; first < outputs; first += panelOutputs) {
+        const auto* rows = static_cast<const unsigned char*>(source) + first * blocks * storedBlockBytes;
+        auto* panel = static_cast<unsigned char*>(target) + first / panelOutputs * blocks * matrixBlockBytes;
+        const std::size_t used = outputs - first < panelOutputs ? outputs - first : panelOutputs;
+        if (used < panelOutputs)
+            std::memset(panel, 0, blocks * matrixBlockBytes);
         for (std::size_t block = 0; block < blocks; ++block) {
-            const unsigned char* stored = row + block * storedBlockBytes;
-            unsigned char* packed = panel + block * matrixBlockBytes;
-            std::memcpy(packed + scalesOffset + place * sizeof(std::uint16_t), stored, sizeof(std::uint16_t));
-            unsigned char shifted[blockInputs];
-            for (std::size_t i = 0; i < blockInputs; ++i)
-                shifted[i] = static_cast<unsigned char>(stored[sizeof(std::uint16_t) + i] + weightOffset);
-            for (std::size_t group = 0; group < groups; ++group)
-                std::memcpy(packed + (group * panelOutputs + place) * 4, shifted + 4 * group, 4);
+            for (std::size_t place = 0; place < used; ++place)
+                packBlock(rows + (place * blocks + block) * storedBlockBytes, panel + block * matrixBlockBytes, place);
         }
     }
 }

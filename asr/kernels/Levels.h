@@ -11,6 +11,7 @@ Kernels avx2Kernels();
 Kernels avx512Kernels();
 
 const MatrixKernels& bfloat16Matrices(); ///< needs AVX-512 with BF16
+const MatrixKernels& float16Matrices();  ///< the same
 const MatrixKernels& int8Matrices();     ///< needs AVX-512 with VNNI
 
 } // namespace vantro::asr::kernels

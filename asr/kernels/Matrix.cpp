@@ -22,6 +22,8 @@ const MatrixKernels* matrixKernels(MatrixFormat format)
     __builtin_cpu_init();
     if (format == MatrixFormat::bfloat16 && hasAvx512() && __builtin_cpu_supports("avx512bf16"))
         return &bfloat16Matrices();
+    if (format == MatrixFormat::float16 && matrixKernels(MatrixFormat::bfloat16) != nullptr)
+        return &float16Matrices();
     if (format == MatrixFormat::int8 && hasAvx512() && __builtin_cpu_supports("avx512vnni"))
         return &int8Matrices();
 #endif
