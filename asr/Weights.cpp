@@ -25,9 +25,9 @@ constexpr unsigned maximumLoadThreads = 4;
 MatrixFormat formatFor(const ModelFile::Tensor& entry, Weights::Place place)
 {
     constexpr std::int64_t inputsMultiple = 32;
-    const MatrixFormat half = place == Weights::Place::file ? MatrixFormat::float16 : MatrixFormat::bfloat16;
-    const MatrixFormat format = entry.type == GGML_TYPE_F16    ? half
-                                : entry.type == GGML_TYPE_Q8_0 ? MatrixFormat::int8
+    const bool inFile = place == Weights::Place::file;
+    const MatrixFormat format = entry.type == GGML_TYPE_F16 ? (inFile ? MatrixFormat::float16 : MatrixFormat::bfloat16)
+                                : entry.type == GGML_TYPE_Q8_0 ? (inFile ? MatrixFormat::q8 : MatrixFormat::int8)
                                                                : MatrixFormat::none;
     return entry.shape[0] % inputsMultiple == 0 && kernels::matrixKernels(format) != nullptr ? format
                                                                                              : MatrixFormat::none;

@@ -26,6 +26,8 @@ const MatrixKernels* matrixKernels(MatrixFormat format)
         return &float16Matrices();
     if (format == MatrixFormat::int8 && hasAvx512() && __builtin_cpu_supports("avx512vnni"))
         return &int8Matrices();
+    if (format == MatrixFormat::q8 && matrixKernels(MatrixFormat::int8) != nullptr)
+        return &storedInt8Matrices();
 #endif
     static_cast<void>(format);
     return nullptr;

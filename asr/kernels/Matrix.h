@@ -15,6 +15,7 @@ enum class MatrixFormat {
     bfloat16, ///< for float16 files
     float16,  ///< as in the file: rearranged as bfloat16 whenever it is used, in the processor's cache
     int8,     ///< for q8_0 files: blocks of 32 weights with one scale, as in the file
+    q8,       ///< as in the file: rearranged as int8 whenever it is used
 };
 
 /// Outputs whose rows lie together in a packed matrix.

@@ -22,7 +22,8 @@ struct Case
 
 void PrintTo(const Case& value, std::ostream* out)
 {
-    *out << ggml_type_name(value.type) << (value.format == MatrixFormat::float16 ? " as stored" : "");
+    const bool isStored = value.format == MatrixFormat::float16 || value.format == MatrixFormat::q8;
+    *out << ggml_type_name(value.type) << (isStored ? " as stored" : "");
 }
 
 class Matrices : public ::testing::TestWithParam<Case>
@@ -115,4 +116,5 @@ TEST_P(Matrices, GiveWhatPlainArithmeticGivesForEveryShape)
 INSTANTIATE_TEST_SUITE_P(Kernels, Matrices,
                          ::testing::Values(Case{MatrixFormat::bfloat16, GGML_TYPE_F16, 0.004},
                                            Case{MatrixFormat::float16, GGML_TYPE_F16, 0.004},
-                                           Case{MatrixFormat::int8, GGML_TYPE_Q8_0, 0.012}));
+                                           Case{MatrixFormat::int8, GGML_TYPE_Q8_0, 0.012},
+                                           Case{MatrixFormat::q8, GGML_TYPE_Q8_0, 0.012}));
