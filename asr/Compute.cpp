@@ -2,7 +2,10 @@
 
 #include "asr/ASRError.h"
 
+#include <latch>
+#include <new>
 #include <system_error>
+#include <thread>
 
 namespace vantro::asr {
 
@@ -27,7 +30,25 @@ bool isStopped(void* flag)
     return static_cast<const StopFlag*>(flag)->isStopped();
 }
 
+/// ggml ends the program where the lists that it keeps of a graph find no memory. Asks for as much first, so that
+/// scarcity shows here. Throws std::bad_alloc.
+void requireMemoryForLists(const ggml_cgraph* graph)
+{
+    constexpr std::size_t bytesPerNode = 1024;
+    constexpr std::size_t bytesPerGraph = std::size_t{1} << 20; // the lists of free blocks
+    const std::size_t bytes =
+        bytesPerGraph + bytesPerNode * static_cast<std::size_t>(ggml_graph_n_nodes(const_cast<ggml_cgraph*>(graph)));
+    // Not a new expression: those may be optimised away.
+    ::operator delete(::operator new(bytes));
+}
+
 } // namespace
+
+GgmlContext::GgmlContext(std::size_t bytes)
+    : memory_(std::make_unique_for_overwrite<std::byte[]>(bytes))
+    , context_(ggml_init({bytes, memory_.get(), true}))
+{
+}
 
 void loadProcessorModule(std::span<const std::filesystem::path> folders)
 {
@@ -50,12 +71,9 @@ void StopFlag::check() const
 }
 
 Graph::Graph(std::size_t nodes)
+    : context_(nodes * ggml_tensor_overhead() + ggml_graph_overhead_custom(nodes, false))
+    , graph_(ggml_new_graph_custom(context_.get(), nodes, false))
 {
-    const std::size_t bytes = nodes * ggml_tensor_overhead() + ggml_graph_overhead_custom(nodes, false);
-    context_.reset(ggml_init({bytes, nullptr, true}));
-    if (context_ == nullptr)
-        throw ASRError(ASRError::Kind::processingFailed, "out of memory");
-    graph_ = ggml_new_graph_custom(context_.get(), nodes, false);
 }
 
 ggml_tensor* Graph::input(std::int64_t columns, std::int64_t rows)
@@ -78,7 +96,7 @@ void Graph::output(ggml_tensor* tensor)
     ggml_build_forward_expand(graph_, tensor);
 }
 
-GraphRunner::GraphRunner(int threads, const StopFlag* stop) : stop_(stop)
+GraphRunner::GraphRunner(int threads, const StopFlag* stop) : threads_(threads), stop_(stop)
 {
     if (processor() == nullptr)
         throw ASRError(ASRError::Kind::unsupportedPlatform, "no ggml module for this processor is loaded");
@@ -94,15 +112,54 @@ GraphRunner::GraphRunner(int threads, const StopFlag* stop) : stop_(stop)
 
 void GraphRunner::allocate(const Graph& graph)
 {
+    if (backend_ == nullptr)
+        fail();
+    requireMemoryForLists(graph.get());
     if (!ggml_gallocr_alloc_graph(allocator_.get(), graph.get()))
-        throw ASRError(ASRError::Kind::processingFailed, "out of memory");
+        fail();
+}
+
+/// OpenMP ends the program when it finds no memory for its threads, which it starts once for every thread that computes
+/// with several. Starts as many first: what they leave behind is used again.
+void GraphRunner::requireThreads() const
+{
+    thread_local int proven = 1;
+    if (threads_ <= proven)
+        return;
+    std::latch end(1);
+    std::vector<std::jthread> helpers;
+    try {
+        for (int i = 1; i < threads_; ++i)
+            helpers.emplace_back([&end] { end.wait(); });
+    } catch (const std::exception&) {
+        end.count_down();
+        throw ASRError(ASRError::Kind::processingFailed, "no thread can be started");
+    }
+    end.count_down();
+    proven = threads_;
+}
+
+/// After a failure ggml's allocator believes to have memory that it has not, and its back end still has the address of
+/// what it gave back: the one must not be used any more and the other not even destroyed.
+void GraphRunner::fail()
+{
+    static_cast<void>(backend_.release());
+    throw ASRError(ASRError::Kind::processingFailed, "out of memory");
 }
 
 void GraphRunner::compute(const Graph& graph)
 {
     if (stop_ != nullptr)
         stop_->check();
-    const ggml_status status = ggml_backend_graph_compute(backend_.get(), graph.get());
+    if (backend_ == nullptr)
+        fail();
+    requireThreads();
+    ggml_status status = GGML_STATUS_FAILED;
+    try {
+        status = ggml_backend_graph_compute(backend_.get(), graph.get());
+    } catch (const std::bad_alloc&) {
+        fail();
+    }
     if (status != GGML_STATUS_SUCCESS)
         throw ASRError(ASRError::Kind::processingFailed,
                        status == GGML_STATUS_ABORTED ? "stopped" : ggml_status_to_string(status));

@@ -5,6 +5,7 @@
 #include <ggml.h>
 
 #include <atomic>
+#include <cstddef>
 #include <filesystem>
 #include <memory>
 #include <span>
@@ -22,6 +23,18 @@ struct GgmlDeleter
 
 template <typename T>
 using GgmlPointer = std::unique_ptr<T, GgmlDeleter>;
+
+/// Descriptions of tensors and graphs. Throws std::bad_alloc.
+class GgmlContext
+{
+public:
+    explicit GgmlContext(std::size_t bytes);
+    [[nodiscard]] ggml_context* get() const { return context_.get(); }
+
+private:
+    std::unique_ptr<std::byte[]> memory_;
+    GgmlPointer<ggml_context> context_;
+};
 
 /// Makes ggml's module for this processor known, from the first of @p folders that has one; does nothing when it is
 /// known already. Throws ASRError::unsupportedPlatform when there is none.
@@ -56,11 +69,12 @@ public:
     void output(ggml_tensor* tensor);
 
 private:
-    GgmlPointer<ggml_context> context_;
+    GgmlContext context_;
     ggml_cgraph* graph_ = nullptr;
 };
 
 /// Runs graphs on the processor, one at a time, reusing its memory from one to the next. Not thread-safe: one each.
+/// One that has run out of memory stays unusable.
 class GraphRunner
 {
 public:
@@ -73,8 +87,12 @@ public:
     void compute(const Graph& graph);
 
 private:
-    GgmlPointer<ggml_backend> backend_;
+    void requireThreads() const;
+    [[noreturn]] void fail();
+
+    GgmlPointer<ggml_backend> backend_; ///< null after a failure
     GgmlPointer<ggml_gallocr> allocator_;
+    int threads_;
     const StopFlag* stop_;
 };
 

@@ -28,7 +28,7 @@ ggml_tensor* quarter(ggml_context* context, ggml_tensor* gates, std::int64_t siz
 } // namespace
 
 Decoder::Decoder(ModelFile& file)
-    : weights_(others + layerCount(file) * tensorsPerLayer)
+    : weights_(others + layerCount(file) * tensorsPerLayer, Weights::Place::memory)
     , embedding_(weights_.tensor(file, "decoder.prediction.embed.weight"))
     , startToken_(file.hyperparameters().vocabularySize)
     , size_(file.hyperparameters().predictionSize)

@@ -18,7 +18,7 @@ std::size_t layerCount(const ModelFile& file)
 } // namespace
 
 Encoder::Encoder(ModelFile& file)
-    : weights_(nodesAround + layerCount(file) * tensorsPerLayer)
+    : weights_(nodesAround + layerCount(file) * tensorsPerLayer, Weights::Place::file)
     , subsampling_(file, weights_)
     , stateSize_(file.hyperparameters().stateSize)
 {
@@ -29,6 +29,7 @@ Encoder::Encoder(ModelFile& file)
 
 EncoderFrames Encoder::encode(const Preprocessor::Features& features, GraphRunner& runner) const
 {
+    weights_.check();
     const auto melFrames = static_cast<std::int64_t>(features.frames);
     const auto bands = static_cast<std::int64_t>(features.values.size() / features.frames);
     const std::int64_t frames = Subsampling::encoderFrames(melFrames);

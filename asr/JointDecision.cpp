@@ -11,7 +11,7 @@ constexpr std::size_t maximumTensors = 16;
 } // namespace
 
 JointDecision::JointDecision(ModelFile& file)
-    : weights_(maximumTensors)
+    : weights_(maximumTensors, Weights::Place::memory)
     , frameProjection_(weights_.linear(file, "joint.enc.weight", "joint.enc.bias"))
     , output_(weights_.linear(file, "joint.joint_net.2.weight", "joint.joint_net.2.bias"))
     , size_(file.jointSize())

@@ -7,7 +7,8 @@ namespace {
 using kernels::MatrixFormat;
 
 // ggml hands one pointer to a custom operation: the address of the format is what it needs to know.
-constexpr std::array<MatrixFormat, 3> formats = {MatrixFormat::none, MatrixFormat::bfloat16, MatrixFormat::int8};
+constexpr std::array formats = {MatrixFormat::none, MatrixFormat::bfloat16, MatrixFormat::float16, MatrixFormat::int8,
+                                MatrixFormat::q8};
 
 void* userData(MatrixFormat format)
 {

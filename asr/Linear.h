@@ -23,13 +23,13 @@ public:
 private:
     ggml_context* context_;
     ggml_tensor* values_;
-    std::array<ggml_tensor*, 3> packed_{};
+    std::array<ggml_tensor*, 5> packed_{};
 };
 
 /// y = W x + b. A tensor of [inputs, columns] becomes [outputs, columns].
 struct Linear
 {
-    ggml_tensor* weight = nullptr; ///< bytes of a packed matrix, or a matrix in ggml's layout
+    ggml_tensor* weight = nullptr; ///< bytes of a matrix in its format, or a matrix in ggml's layout
     ggml_tensor* bias = nullptr;   ///< may be null
     kernels::MatrixFormat format = kernels::MatrixFormat::none;
     std::int64_t inputs = 0;

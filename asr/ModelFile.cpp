@@ -4,7 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
-#include <system_error>
+#include <cstring>
 
 namespace vantro::asr {
 
@@ -33,10 +33,13 @@ bool isUsableMatrixType(ggml_type type)
 
 } // namespace
 
-ModelFile::ModelFile(const std::filesystem::path& path)
+ModelFile::ModelFile(const std::filesystem::path& path, HeaderOnly /*extent*/) : file_(path)
 {
-    open(path);
     readHeader();
+}
+
+ModelFile::ModelFile(const std::filesystem::path& path) : ModelFile(path, HeaderOnly())
+{
     readFilters();
     readVocabulary();
     readDirectory();
@@ -46,34 +49,29 @@ ModelFile::ModelFile(const std::filesystem::path& path)
 std::optional<Hyperparameters> ModelFile::headerOf(const std::filesystem::path& path)
 {
     try {
-        ModelFile file;
-        file.open(path);
-        file.readHeader();
-        return file.parameters_;
+        return ModelFile(path, HeaderOnly()).parameters_;
     } catch (const ASRError&) {
         return std::nullopt;
     }
 }
 
-void ModelFile::open(const std::filesystem::path& path)
-{
-    std::error_code error;
-    size_ = std::filesystem::file_size(path, error);
-    if (!error)
-        file_.open(path, std::ios::binary);
-    if (error || !file_)
-        fail("the file " + path.string() + " cannot be opened");
-}
-
-std::uint64_t ModelFile::remaining()
-{
-    return size_ - static_cast<std::uint64_t>(file_.tellg());
-}
-
+/// Small fields come out of one block that is read ahead.
 void ModelFile::readBytes(void* target, std::uint64_t bytes, const char* what)
 {
-    if (bytes > remaining() || !file_.read(static_cast<char*>(target), static_cast<std::streamsize>(bytes)))
+    bool isRead = bytes <= remaining();
+    if (isRead && bytes > ahead_.size()) {
+        isRead = file_.read(position_, {static_cast<std::byte*>(target), bytes});
+    } else if (isRead) {
+        if (position_ < aheadBegin_ || position_ + bytes > aheadEnd_) {
+            aheadBegin_ = position_;
+            aheadEnd_ = position_ + std::min<std::uint64_t>(ahead_.size(), remaining());
+            isRead = file_.read(position_, std::span(ahead_).first(aheadEnd_ - aheadBegin_));
+        }
+        std::memcpy(target, ahead_.data() + (position_ - aheadBegin_), bytes);
+    }
+    if (!isRead)
         fail(std::string("the file ends inside ") + what);
+    position_ += bytes;
 }
 
 std::int32_t ModelFile::readInt(const char* what)
@@ -163,7 +161,7 @@ void ModelFile::readTensorEntry()
         tensor.shape.at(static_cast<std::size_t>(i)) = readInt("a tensor's header");
         const std::int64_t extent = tensor.shape.at(static_cast<std::size_t>(i));
         // Each factor has 24 bits: the product can overflow only after it has outgrown every file.
-        if (extent < 1 || extent > maximumDimension || elements > size_)
+        if (extent < 1 || extent > maximumDimension || elements > file_.size())
             fail("a tensor's dimension is out of range");
         elements *= static_cast<std::uint64_t>(extent);
     }
@@ -175,10 +173,10 @@ void ModelFile::readTensorEntry()
     if (tensor.shape[0] % ggml_blck_size(tensor.type) != 0)
         fail("the tensor " + name + " has rows that its type cannot have");
     tensor.bytes = elements / static_cast<std::uint64_t>(ggml_blck_size(tensor.type)) * ggml_type_size(tensor.type);
-    tensor.offset = static_cast<std::uint64_t>(file_.tellg());
+    tensor.offset = position_;
     if (tensor.bytes > remaining())
         fail("the file ends inside the tensor " + name);
-    file_.seekg(static_cast<std::streamoff>(tensor.offset + tensor.bytes));
+    position_ += tensor.bytes;
     if (!isIgnored(name) && !tensors_.emplace(name, tensor).second)
         fail("the tensor " + name + " occurs twice");
 }
@@ -207,18 +205,17 @@ const ModelFile::Tensor& ModelFile::tensor(const std::string& name) const
     return found->second;
 }
 
-void ModelFile::read(const Tensor& tensor, std::span<std::byte> target)
+void ModelFile::read(const Tensor& tensor, std::uint64_t skipped, std::span<std::byte> target) const
 {
-    file_.clear();
-    file_.seekg(static_cast<std::streamoff>(tensor.offset));
-    readBytes(target.data(), tensor.bytes, "a tensor");
+    if (!file_.read(tensor.offset + skipped, target))
+        fail("the file ends inside a tensor");
 }
 
-std::vector<float> ModelFile::readFloats(const std::string& name)
+std::vector<float> ModelFile::readFloats(const std::string& name) const
 {
     const Tensor& entry = tensor(name);
     std::vector<float> values(entry.bytes / sizeof(float));
-    read(entry, std::as_writable_bytes(std::span(values)));
+    read(entry, 0, std::as_writable_bytes(std::span(values)));
     return values;
 }
 

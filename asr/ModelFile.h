@@ -1,13 +1,14 @@
 #pragma once
 
+#include "asr/FileReader.h"
 #include "asr/ModelLayout.h"
 
 #include <ggml.h>
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
-#include <fstream>
 #include <map>
 #include <optional>
 #include <span>
@@ -47,14 +48,19 @@ public:
 
     /// A tensor of modelLayout().
     [[nodiscard]] const Tensor& tensor(const std::string& name) const;
-    /// @p target has the tensor's size.
-    void read(const Tensor& tensor, std::span<std::byte> target);
+    /// A stretch of a tensor that begins @p skipped bytes behind its first. Any thread, several at once.
+    void read(const Tensor& tensor, std::uint64_t skipped, std::span<std::byte> target) const;
+    /// The whole file in memory; outlives this object. Throws ASRError::modelLoadFailed.
+    [[nodiscard]] std::shared_ptr<const FileMapping> map() const { return file_.map(); }
     /// A float32 tensor as values.
-    [[nodiscard]] std::vector<float> readFloats(const std::string& name);
+    [[nodiscard]] std::vector<float> readFloats(const std::string& name) const;
 
 private:
-    ModelFile() = default;
-    void open(const std::filesystem::path& path);
+    struct HeaderOnly
+    {
+    };
+
+    ModelFile(const std::filesystem::path& path, HeaderOnly extent);
     void readHeader();
     void readFilters();
     void readVocabulary();
@@ -62,13 +68,16 @@ private:
     void readTensorEntry();
     void checkLayout();
 
-    [[nodiscard]] std::uint64_t remaining();
+    [[nodiscard]] std::uint64_t remaining() const { return file_.size() - position_; }
     [[nodiscard]] std::int32_t readInt(const char* what);
     void readBytes(void* target, std::uint64_t bytes, const char* what);
     [[nodiscard]] std::vector<float> readFiniteFloats(std::uint64_t count, const char* what);
 
-    std::ifstream file_;
-    std::uint64_t size_ = 0;
+    FileReader file_;
+    std::uint64_t position_ = 0; ///< what readBytes() reads next
+    std::array<std::byte, 4096> ahead_{};
+    std::uint64_t aheadBegin_ = 0; ///< where in the file ahead_ comes from
+    std::uint64_t aheadEnd_ = 0;
     Hyperparameters parameters_;
     std::vector<float> filterBank_;
     std::vector<float> window_;

@@ -1,12 +1,15 @@
 #include "asr/Weights.h"
 
 #include "asr/ASRError.h"
+#include "asr/FileMapping.h"
 #include "asr/ModelFile.h"
 
 #include <algorithm>
+#include <atomic>
 #include <exception>
 #include <mutex>
 #include <span>
+#include <system_error>
 #include <thread>
 #include <utility>
 
@@ -19,23 +22,28 @@ using kernels::MatrixFormat;
 constexpr unsigned maximumLoadThreads = 4;
 
 /// The format that this processor multiplies a matrix of that type fastest in.
-MatrixFormat formatFor(const ModelFile::Tensor& entry)
+MatrixFormat formatFor(const ModelFile::Tensor& entry, Weights::Place place)
 {
     constexpr std::int64_t inputsMultiple = 32;
-    const MatrixFormat format = entry.type == GGML_TYPE_F16    ? MatrixFormat::bfloat16
-                                : entry.type == GGML_TYPE_Q8_0 ? MatrixFormat::int8
+    const bool inFile = place == Weights::Place::file;
+    const MatrixFormat format = entry.type == GGML_TYPE_F16 ? (inFile ? MatrixFormat::float16 : MatrixFormat::bfloat16)
+                                : entry.type == GGML_TYPE_Q8_0 ? (inFile ? MatrixFormat::q8 : MatrixFormat::int8)
                                                                : MatrixFormat::none;
     return entry.shape[0] % inputsMultiple == 0 && kernels::matrixKernels(format) != nullptr ? format
                                                                                              : MatrixFormat::none;
 }
 
+bool staysInFile(MatrixFormat format)
+{
+    return format != MatrixFormat::none && kernels::matrixKernels(format)->packMatrix == nullptr;
+}
+
 } // namespace
 
-Weights::Weights(std::size_t maximumTensors)
+Weights::Weights(std::size_t maximumTensors, Place place)
+    : context_(maximumTensors * ggml_tensor_overhead())
+    , place_(place)
 {
-    context_.reset(ggml_init({maximumTensors * ggml_tensor_overhead(), nullptr, true}));
-    if (context_ == nullptr)
-        throw ASRError(ASRError::Kind::modelLoadFailed, "out of memory");
 }
 
 ggml_tensor* Weights::tensor(ModelFile& file, const std::string& name)
@@ -50,7 +58,7 @@ ggml_tensor* Weights::tensor(ModelFile& file, const std::string& name)
 Linear Weights::linear(ModelFile& file, const std::string& weight, const std::string& bias)
 {
     const ModelFile::Tensor& entry = file.tensor(weight);
-    Linear linear{nullptr, bias.empty() ? nullptr : tensor(file, bias), formatFor(entry), entry.shape[0],
+    Linear linear{nullptr, bias.empty() ? nullptr : tensor(file, bias), formatFor(entry, place_), entry.shape[0],
                   entry.shape[1]};
     if (linear.format == MatrixFormat::none) {
         linear.weight = tensor(file, weight);
@@ -73,12 +81,7 @@ ggml_tensor* Weights::values(std::vector<float> values, std::int64_t columns, st
 
 void Weights::load(ModelFile& file)
 {
-    ggml_backend_dev_t processor = ggml_backend_dev_by_type(GGML_BACKEND_DEVICE_TYPE_CPU);
-    if (processor == nullptr)
-        throw ASRError(ASRError::Kind::unsupportedPlatform, "no ggml module for this processor is loaded");
-    buffer_.reset(ggml_backend_alloc_ctx_tensors_from_buft(context_.get(), ggml_backend_dev_buffer_type(processor)));
-    if (buffer_ == nullptr)
-        throw ASRError(ASRError::Kind::modelLoadFailed, "out of memory");
+    allocate(file);
     readAll(file);
     for (const auto& [tensor, values] : computed_)
         setTensor(tensor, values);
@@ -86,45 +89,85 @@ void Weights::load(ModelFile& file)
     computed_.clear();
 }
 
-/// One thread reads from the file at a time while the others rearrange what they have read.
-void Weights::readAll(ModelFile& file) const
+void Weights::allocate(const ModelFile& file)
 {
+    for (const FileTensor& target : fromFile_) {
+        if (!staysInFile(target.format))
+            continue;
+        if (mapping_ == nullptr)
+            mapping_ = file.map();
+        // Never written to: what is multiplied is only read.
+        target.tensor->data = const_cast<std::byte*>(mapping_->bytes().data() + file.tensor(target.name).offset);
+    }
+    ggml_backend_dev_t processor = ggml_backend_dev_by_type(GGML_BACKEND_DEVICE_TYPE_CPU);
+    if (processor == nullptr)
+        throw ASRError(ASRError::Kind::unsupportedPlatform, "no ggml module for this processor is loaded");
+    buffer_.reset(ggml_backend_alloc_ctx_tensors_from_buft(context_.get(), ggml_backend_dev_buffer_type(processor)));
+    if (buffer_ == nullptr)
+        throw ASRError(ASRError::Kind::modelLoadFailed, "out of memory");
+}
+
+void Weights::check() const
+{
+    if (mapping_ != nullptr && !mapping_->isUnchanged())
+        throw ASRError(ASRError::Kind::processingFailed, "the model's file has been changed since it was loaded");
+}
+
+/// Several threads, a tensor at a time: the first touch of the memory and the rearranging take longer than reading.
+void Weights::readAll(const ModelFile& file) const
+{
+    std::atomic<std::size_t> next = 0;
     std::mutex lock;
-    std::size_t next = 0;
     std::exception_ptr failure;
     const auto work = [&] {
-        std::vector<std::byte> stored;
-        for (;;) {
-            std::unique_lock guard(lock);
-            if (failure || next == fromFile_.size())
-                return;
-            const FileTensor& target = fromFile_[next++];
-            const ModelFile::Tensor& entry = file.tensor(target.name);
-            try {
-                if (target.format == MatrixFormat::none) {
-                    file.read(entry, std::span(static_cast<std::byte*>(target.tensor->data), entry.bytes));
-                    continue;
-                }
-                stored.resize(entry.bytes);
-                file.read(entry, stored);
-            } catch (...) {
-                failure = std::current_exception();
-                return;
-            }
-            guard.unlock();
-            kernels::matrixKernels(target.format)
-                ->packMatrix(stored.data(), static_cast<std::size_t>(entry.shape[0]),
-                             static_cast<std::size_t>(entry.shape[1]), target.tensor->data);
+        try {
+            std::vector<std::byte> stored;
+            for (std::size_t i = next++; i < fromFile_.size(); i = next++)
+                readTensor(file, fromFile_[i], stored);
+        } catch (...) {
+            next = fromFile_.size();
+            const std::lock_guard guard(lock);
+            failure = std::current_exception();
         }
     };
     {
         std::vector<std::jthread> helpers;
-        for (unsigned i = 1; i < std::min(std::thread::hardware_concurrency(), maximumLoadThreads); ++i)
-            helpers.emplace_back(work);
+        try {
+            for (unsigned i = 1; i < std::min(std::thread::hardware_concurrency(), maximumLoadThreads); ++i)
+                helpers.emplace_back(work);
+        } catch (const std::system_error&) {
+            // The system has no more threads: those that there are do the work.
+        }
         work();
     }
     if (failure)
         std::rethrow_exception(failure);
+}
+
+/// A panel is read into @p stored and rearranged while it is still in the processor's cache.
+void Weights::readTensor(const ModelFile& file, const FileTensor& target, std::vector<std::byte>& stored) const
+{
+    const ModelFile::Tensor& entry = file.tensor(target.name);
+    auto* data = static_cast<std::byte*>(target.tensor->data);
+    if (staysInFile(target.format)) {
+        if (!mapping_->load(entry.offset, entry.bytes))
+            throw ASRError(ASRError::Kind::modelLoadFailed, "the file cannot be read");
+        return;
+    }
+    if (target.format == MatrixFormat::none) {
+        file.read(entry, 0, std::span(data, entry.bytes));
+        return;
+    }
+    const kernels::MatrixKernels& matrix = *kernels::matrixKernels(target.format);
+    const auto inputs = static_cast<std::size_t>(entry.shape[0]);
+    const auto outputs = static_cast<std::size_t>(entry.shape[1]);
+    const std::size_t rowBytes = entry.bytes / outputs;
+    for (std::size_t first = 0; first < outputs; first += kernels::panelOutputs) {
+        const std::size_t rows = std::min(kernels::panelOutputs, outputs - first);
+        stored.resize(rows * rowBytes);
+        file.read(entry, first * rowBytes, stored);
+        matrix.packMatrix(stored.data(), inputs, rows, data + matrix.matrixBytes(inputs, first));
+    }
 }
 
 } // namespace vantro::asr

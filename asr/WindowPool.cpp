@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <new>
+#include <system_error>
 #include <utility>
 
 namespace vantro::asr {
@@ -34,8 +35,19 @@ WindowPool::WindowPool(std::span<const float> samples, std::span<const Window> w
     }
     if (options.logger)
         options.logger("ChunkProcessor using worker pool of size " + std::to_string(workers));
-    for (unsigned i = 0; i < workers; ++i)
-        workers_.emplace_back([this] { work(); });
+    startWorkers(workers);
+}
+
+void WindowPool::startWorkers(unsigned count)
+{
+    try {
+        for (unsigned i = 0; i < count; ++i)
+            workers_.emplace_back([this] { work(); });
+    } catch (const std::system_error&) {
+        // The system has no more threads: one does the work as well.
+        if (workers_.empty())
+            throw ASRError(ASRError::Kind::processingFailed, "no thread can be started");
+    }
 }
 
 WindowPool::~WindowPool()

@@ -55,6 +55,7 @@ private:
         std::exception_ptr error;
     };
 
+    void startWorkers(unsigned count);
     void work();
     void run(std::size_t index);
     [[nodiscard]] EncoderFrames encode(const Window& window);

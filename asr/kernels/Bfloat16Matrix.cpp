@@ -13,9 +13,9 @@ namespace vantro::asr::kernels {
 
 namespace {
 
-constexpr std::size_t panelOutputs = 32;
 constexpr std::size_t panelColumns = 12;
 constexpr std::size_t lanes = 16;
+constexpr std::size_t storedInputs = 1024; ///< a block of as many takes 64 KiB
 
 std::size_t panels(std::size_t count, std::size_t size)
 {
@@ -37,18 +37,97 @@ void scatter(__m512 low, __m512 high, std::uint32_t* target, std::size_t stride)
         target[i * stride] = pairs[i];
 }
 
+/// 32 float16 as 16 pairs of bfloat16.
+__m512i pairsOf(const unsigned char* halves)
+{
+    const auto* source = reinterpret_cast<const __m256i*>(halves);
+    return (__m512i)_mm512_cvtne2ps_pbh(_mm512_cvtph_ps(_mm256_loadu_si256(source + 1)),
+                                        _mm512_cvtph_ps(_mm256_loadu_si256(source)));
+}
+
+/// Element j of row i becomes element i of row j.
+void transpose(__m512i (&rows)[lanes])
+{
+    __m512i mixed[lanes];
+#pragma GCC unroll 8
+    for (std::size_t i = 0; i < lanes; i += 2) {
+        mixed[i] = _mm512_unpacklo_epi32(rows[i], rows[i + 1]);
+        mixed[i + 1] = _mm512_unpackhi_epi32(rows[i], rows[i + 1]);
+    }
+#pragma GCC unroll 4
+    for (std::size_t i = 0; i < lanes; i += 4) {
+        rows[i] = _mm512_unpacklo_epi64(mixed[i], mixed[i + 2]);
+        rows[i + 1] = _mm512_unpackhi_epi64(mixed[i], mixed[i + 2]);
+        rows[i + 2] = _mm512_unpacklo_epi64(mixed[i + 1], mixed[i + 3]);
+        rows[i + 3] = _mm512_unpackhi_epi64(mixed[i + 1], mixed[i + 3]);
+    }
+    // Now a row holds four quarters: of columns i, 4 + i, 8 + i and 12 + i, each with four of the former rows.
+    constexpr int even = 0x88;
+    constexpr int odd = 0xdd;
+#pragma GCC unroll 4
+    for (std::size_t i = 0; i < 4; ++i) {
+        const __m512i evenLow = _mm512_shuffle_i32x4(rows[i], rows[4 + i], even);
+        const __m512i evenHigh = _mm512_shuffle_i32x4(rows[8 + i], rows[12 + i], even);
+        const __m512i oddLow = _mm512_shuffle_i32x4(rows[i], rows[4 + i], odd);
+        const __m512i oddHigh = _mm512_shuffle_i32x4(rows[8 + i], rows[12 + i], odd);
+        rows[i] = _mm512_shuffle_i32x4(evenLow, evenHigh, even);
+        rows[4 + i] = _mm512_shuffle_i32x4(oddLow, oddHigh, even);
+        rows[8 + i] = _mm512_shuffle_i32x4(evenLow, evenHigh, odd);
+        rows[12 + i] = _mm512_shuffle_i32x4(oddLow, oddHigh, odd);
+    }
+}
+
+/// Rows of float16 in a file, which aligns them to nothing.
+struct Rows
+{
+    const unsigned char* first = nullptr;
+    std::size_t rowBytes = 0;
+    std::size_t count = 0;
+
+    [[nodiscard]] Rows from(std::size_t input) const
+    {
+        return {first + input * sizeof(std::uint16_t), rowBytes, count};
+    }
+};
+
+/// 16 outputs of a panel: each line of the cache is written once and whole. Missing outputs become zeros.
+void packOutputs(const Rows& rows, std::size_t inputs, std::uint32_t* panel)
+{
+    for (std::size_t input = 0; input < inputs; input += 2 * lanes) {
+        __m512i block[lanes];
+#pragma GCC unroll 16
+        for (std::size_t i = 0; i < lanes; ++i)
+            block[i] = i < rows.count ? pairsOf(rows.first + i * rows.rowBytes + input * sizeof(std::uint16_t))
+                                      : _mm512_setzero_si512();
+        transpose(block);
+#pragma GCC unroll 16
+        for (std::size_t pair = 0; pair < lanes; ++pair)
+            _mm512_storeu_si512(panel + (input / 2 + pair) * panelOutputs, block[pair]);
+    }
+}
+
+/// The first @p inputs of up to 32 rows.
+void packPanel(const Rows& rows, std::size_t inputs, std::uint32_t* panel)
+{
+    const std::size_t low = rows.count < lanes ? rows.count : lanes;
+    packOutputs({rows.first, rows.rowBytes, low}, inputs, panel);
+    packOutputs({rows.first + low * rows.rowBytes, rows.rowBytes, rows.count - low}, inputs, panel + lanes);
+}
+
+/// The rows of the panel that begins with @p output.
+Rows panelRows(const void* matrix, std::size_t inputs, std::size_t outputs, std::size_t output)
+{
+    const std::size_t rowBytes = inputs * sizeof(std::uint16_t);
+    const std::size_t left = outputs - output;
+    return {static_cast<const unsigned char*>(matrix) + output * rowBytes, rowBytes,
+            left < panelOutputs ? left : panelOutputs};
+}
+
 void packMatrix(const void* source, std::size_t inputs, std::size_t outputs, void* target)
 {
-    const auto* rows = static_cast<const std::uint16_t*>(source); // float16
-    std::memset(target, 0, matrixBytes(inputs, outputs));
-    for (std::size_t output = 0; output < outputs; ++output) {
-        auto* panel = static_cast<std::uint32_t*>(target) + output / panelOutputs * panelOutputs * inputs / 2;
-        for (std::size_t input = 0; input < inputs; input += 2 * lanes) {
-            const auto* halves = reinterpret_cast<const __m256i*>(rows + output * inputs + input);
-            scatter(_mm512_cvtph_ps(_mm256_loadu_si256(halves)), _mm512_cvtph_ps(_mm256_loadu_si256(halves + 1)),
-                    panel + input / 2 * panelOutputs + output % panelOutputs, panelOutputs);
-        }
-    }
+    for (std::size_t output = 0; output < outputs; output += panelOutputs)
+        packPanel(panelRows(source, inputs, outputs, output), inputs,
+                  static_cast<std::uint32_t*>(target) + output * inputs / 2);
 }
 
 std::size_t activationBytes(std::size_t inputs, std::size_t columns)
@@ -80,15 +159,24 @@ void store(__m512 sum, const float* bias, float* target, std::size_t output, std
     _mm512_mask_storeu_ps(target + output, mask, sum);
 }
 
+/// Columns as packActivations() leaves them.
+struct Activations
+{
+    const std::uint16_t* values;
+    std::size_t inputs;
+    std::size_t columns;
+};
+
 struct Product
 {
     std::size_t inputs;
     std::size_t outputs;
     const float* bias;
     float* result;
+    bool isContinued = false; ///< adds to what stands in the result
 };
 
-/// @p Columns columns of a panel times one panel of the matrix.
+/// @p Columns columns of a panel times one panel of the matrix, or the first product.inputs of both.
 template <std::size_t Columns>
 void multiplyPanels(const Product& product, const std::uint16_t* matrix, std::size_t output,
                     const std::uint16_t* activations, std::size_t column)
@@ -110,8 +198,9 @@ void multiplyPanels(const Product& product, const std::uint16_t* matrix, std::si
     }
     for (std::size_t c = 0; c < Columns; ++c) {
         float* target = product.result + (column + c) * product.outputs;
-        store(sums[c][0], product.bias, target, output, product.outputs);
-        store(sums[c][1], product.bias, target, output + lanes, product.outputs);
+        const float* added = product.isContinued ? target : product.bias;
+        store(sums[c][0], added, target, output, product.outputs);
+        store(sums[c][1], added, target, output + lanes, product.outputs);
     }
 }
 
@@ -122,22 +211,76 @@ constexpr PanelFunction panelFunctions[panelColumns] = {multiplyPanels<1>,  mult
                                                         multiplyPanels<7>,  multiplyPanels<8>,  multiplyPanels<9>,
                                                         multiplyPanels<10>, multiplyPanels<11>, multiplyPanels<12>};
 
+/// All columns times a panel of the matrix, whose inputs are those from @p skipped on.
+void multiplyColumns(const Product& product, const std::uint16_t* weights, std::size_t output,
+                     const Activations& activations, std::size_t skipped)
+{
+    for (std::size_t column = 0; column < activations.columns; column += panelColumns) {
+        const std::size_t left = activations.columns - column;
+        panelFunctions[(left < panelColumns ? left : panelColumns) - 1](
+            product, weights, output, activations.values + column * activations.inputs + skipped * panelColumns,
+            column);
+    }
+}
+
 void multiply(const void* matrix, std::size_t inputs, std::size_t outputs, const void* activations, std::size_t columns,
               const float* bias, float* result, Share share)
 {
     const Product product{inputs, outputs, bias, result};
     const std::size_t count = panels(outputs, panelOutputs);
-    for (std::size_t p = count * share.thread / share.threads; p < count * (share.thread + 1) / share.threads; ++p) {
-        const auto* weights = static_cast<const std::uint16_t*>(matrix) + p * panelOutputs * inputs;
-        for (std::size_t column = 0; column < columns; column += panelColumns) {
-            const auto* values = static_cast<const std::uint16_t*>(activations) + column * inputs;
-            const std::size_t used = columns - column < panelColumns ? columns - column : panelColumns;
-            panelFunctions[used - 1](product, weights, p * panelOutputs, values, column);
+    for (std::size_t p = count * share.thread / share.threads; p < count * (share.thread + 1) / share.threads; ++p)
+        multiplyColumns(product, static_cast<const std::uint16_t*>(matrix) + p * panelOutputs * inputs,
+                        p * panelOutputs, {static_cast<const std::uint16_t*>(activations), inputs, columns}, 0);
+}
+
+/// The next block comes out of memory while this one is multiplied.
+void prefetch(const Rows& rows, std::size_t inputs)
+{
+    constexpr std::size_t line = 64;
+    if (inputs > storedInputs)
+        inputs = storedInputs;
+    for (std::size_t i = 0; i < rows.count; ++i) {
+        for (std::size_t byte = 0; byte < inputs * sizeof(std::uint16_t); byte += line)
+            _mm_prefetch(rows.first + i * rows.rowBytes + byte, _MM_HINT_T1);
+    }
+}
+
+/// The matrix as it stands in the file: a block of a panel is rearranged into the processor's cache and used for
+/// all columns there.
+void multiplyStored(const void* matrix, std::size_t inputs, std::size_t outputs, const void* activations,
+                    std::size_t columns, const float* bias, float* result, Share share)
+{
+    alignas(64) std::uint32_t block[storedInputs / 2 * panelOutputs];
+    const Activations values{static_cast<const std::uint16_t*>(activations), inputs, columns};
+    const std::size_t count = panels(outputs, panelOutputs);
+    const std::size_t end = count * (share.thread + 1) / share.threads;
+    for (std::size_t p = count * share.thread / share.threads; p < end; ++p) {
+        const Rows rows = panelRows(matrix, inputs, outputs, p * panelOutputs);
+        for (std::size_t first = 0; first < inputs; first += storedInputs) {
+            const std::size_t used = inputs - first < storedInputs ? inputs - first : storedInputs;
+            packPanel(rows.from(first), used, block);
+            if (first + used < inputs)
+                prefetch(rows.from(first + used), inputs - first - used);
+            else if (p + 1 < end)
+                prefetch(panelRows(matrix, inputs, outputs, (p + 1) * panelOutputs), inputs);
+            multiplyColumns({used, outputs, first == 0 ? bias : nullptr, result, first > 0},
+                            reinterpret_cast<const std::uint16_t*>(block), p * panelOutputs, values, first);
         }
     }
 }
 
+std::size_t storedBytes(std::size_t inputs, std::size_t outputs)
+{
+    return inputs * outputs * sizeof(std::uint16_t);
+}
+
 } // namespace
+
+const MatrixKernels& float16Matrices()
+{
+    static const MatrixKernels kernels{storedBytes, nullptr, activationBytes, packActivations, multiplyStored};
+    return kernels;
+}
 
 const MatrixKernels& bfloat16Matrices()
 {

@@ -15,7 +15,6 @@ namespace vantro::asr::kernels {
 
 namespace {
 
-constexpr std::size_t panelOutputs = 32;
 constexpr std::size_t panelColumns = 6;
 constexpr std::size_t lanes = 16;
 constexpr std::size_t blockInputs = 32;
@@ -23,6 +22,7 @@ constexpr std::size_t groups = blockInputs / 4;
 constexpr std::int32_t weightOffset = 128;
 constexpr std::size_t storedBlockBytes = sizeof(std::uint16_t) + blockInputs; ///< q8_0: float16 scale, 32 bytes
 constexpr std::size_t matrixBlockBytes = panelOutputs * storedBlockBytes;
+constexpr std::size_t storedBlocks = 32; ///< as many of a panel take 34 KiB
 constexpr std::size_t scalesOffset = panelOutputs * blockInputs;
 
 struct ActivationBlock
@@ -42,25 +42,98 @@ std::size_t matrixBytes(std::size_t inputs, std::size_t outputs)
     return panels(outputs, panelOutputs) * inputs / blockInputs * matrixBlockBytes;
 }
 
+/// One output's 32 inputs into their places among those of the panel's other outputs.
+void packBlock(const unsigned char* stored, unsigned char* packed, std::size_t place)
+{
+    std::memcpy(packed + scalesOffset + place * sizeof(std::uint16_t), stored, sizeof(std::uint16_t));
+    unsigned char shifted[blockInputs];
+    for (std::size_t i = 0; i < blockInputs; ++i)
+        shifted[i] = static_cast<unsigned char>(stored[sizeof(std::uint16_t) + i] + weightOffset);
+    for (std::size_t group = 0; group < groups; ++group)
+        std::memcpy(packed + (group * panelOutputs + place) * 4, shifted + 4 * group, 4);
+}
+
+/// Rows of blocks in a file, which aligns them to nothing.
+struct Rows
+{
+    const unsigned char* first = nullptr;
+    std::size_t rowBytes = 0;
+    std::size_t count = 0;
+
+    [[nodiscard]] const unsigned char* at(std::size_t row) const { return first + row * rowBytes; }
+    [[nodiscard]] Rows from(std::size_t block) const { return {first + block * storedBlockBytes, rowBytes, count}; }
+};
+
+/// The rows of the panel that begins with @p output.
+Rows panelRows(const void* matrix, std::size_t blocks, std::size_t outputs, std::size_t output)
+{
+    const std::size_t rowBytes = blocks * storedBlockBytes;
+    const std::size_t left = outputs - output;
+    return {static_cast<const unsigned char*>(matrix) + output * rowBytes, rowBytes,
+            left < panelOutputs ? left : panelOutputs};
+}
+
+__m128i fourGroups(const unsigned char* stored)
+{
+    return _mm_loadu_si128(reinterpret_cast<const __m128i*>(stored + sizeof(std::uint16_t)));
+}
+
+/// 4 groups of 16 outputs: what packBlock() does for one, with whole lines of the cache.
+void packGroups(const Rows& rows, unsigned char* packed)
+{
+    __m512i r[4]; // in lane l of r[i]: row 4 * l + i
+#pragma GCC unroll 4
+    for (std::size_t i = 0; i < 4; ++i) {
+        r[i] = _mm512_castsi128_si512(fourGroups(rows.at(i)));
+        r[i] = _mm512_inserti32x4(r[i], fourGroups(rows.at(4 + i)), 1);
+        r[i] = _mm512_inserti32x4(r[i], fourGroups(rows.at(8 + i)), 2);
+        r[i] = _mm512_inserti32x4(r[i], fourGroups(rows.at(12 + i)), 3);
+        r[i] = _mm512_xor_si512(r[i], _mm512_set1_epi8(static_cast<char>(weightOffset))); // adds it, in 8 bits
+    }
+    const __m512i low01 = _mm512_unpacklo_epi32(r[0], r[1]);
+    const __m512i high01 = _mm512_unpackhi_epi32(r[0], r[1]);
+    const __m512i low23 = _mm512_unpacklo_epi32(r[2], r[3]);
+    const __m512i high23 = _mm512_unpackhi_epi32(r[2], r[3]);
+    _mm512_storeu_si512(packed, _mm512_unpacklo_epi64(low01, low23));
+    _mm512_storeu_si512(packed + panelOutputs * 4, _mm512_unpackhi_epi64(low01, low23));
+    _mm512_storeu_si512(packed + 2 * panelOutputs * 4, _mm512_unpacklo_epi64(high01, high23));
+    _mm512_storeu_si512(packed + 3 * panelOutputs * 4, _mm512_unpackhi_epi64(high01, high23));
+}
+
+void packWholeBlock(const Rows& rows, unsigned char* packed)
+{
+    constexpr std::size_t half = groups / 2;
+    for (std::size_t output = 0; output < panelOutputs; output += lanes) {
+        const Rows sixteen{rows.at(output), rows.rowBytes, lanes};
+        packGroups(sixteen, packed + output * 4);
+        packGroups({sixteen.first + half * 4, rows.rowBytes, lanes}, packed + (half * panelOutputs + output) * 4);
+    }
+    for (std::size_t output = 0; output < panelOutputs; ++output)
+        std::memcpy(packed + scalesOffset + output * sizeof(std::uint16_t), rows.at(output), sizeof(std::uint16_t));
+}
+
+/// The first @p blocks of up to 32 rows.
+void packPanel(const Rows& rows, std::size_t blocks, unsigned char* panel)
+{
+    if (rows.count < panelOutputs)
+        std::memset(panel, 0, blocks * matrixBlockBytes);
+    for (std::size_t block = 0; block < blocks; ++block) {
+        unsigned char* packed = panel + block * matrixBlockBytes;
+        if (rows.count == panelOutputs) {
+            packWholeBlock(rows.from(block), packed);
+            continue;
+        }
+        for (std::size_t place = 0; place < rows.count; ++place)
+            packBlock(rows.from(block).at(place), packed, place);
+    }
+}
+
 void packMatrix(const void* source, std::size_t inputs, std::size_t outputs, void* target)
 {
     const std::size_t blocks = inputs / blockInputs;
-    std::memset(target, 0, matrixBytes(inputs, outputs));
-    for (std::size_t output = 0; output < outputs; ++output) {
-        const auto* row = static_cast<const unsigned char*>(source) + output * blocks * storedBlockBytes;
-        auto* panel = static_cast<unsigned char*>(target) + output / panelOutputs * blocks * matrixBlockBytes;
-        const std::size_t place = output % panelOutputs;
-        for (std::size_t block = 0; block < blocks; ++block) {
-            const unsigned char* stored = row + block * storedBlockBytes;
-            unsigned char* packed = panel + block * matrixBlockBytes;
-            std::memcpy(packed + scalesOffset + place * sizeof(std::uint16_t), stored, sizeof(std::uint16_t));
-            unsigned char shifted[blockInputs];
-            for (std::size_t i = 0; i < blockInputs; ++i)
-                shifted[i] = static_cast<unsigned char>(stored[sizeof(std::uint16_t) + i] + weightOffset);
-            for (std::size_t group = 0; group < groups; ++group)
-                std::memcpy(packed + (group * panelOutputs + place) * 4, shifted + 4 * group, 4);
-        }
-    }
+    for (std::size_t output = 0; output < outputs; output += panelOutputs)
+        packPanel(panelRows(source, blocks, outputs, output), blocks,
+                  static_cast<unsigned char*>(target) + output * blocks * storedBlockBytes);
 }
 
 std::size_t activationBytes(std::size_t inputs, std::size_t columns)
@@ -117,6 +190,7 @@ struct Product
     std::size_t outputs;
     const float* bias;
     float* result;
+    bool isContinued = false; ///< adds to what stands in the result
 };
 
 /// Adds one block's products to @p sums.
@@ -163,8 +237,9 @@ void multiplyPanels(const Product& product, const unsigned char* matrix, std::si
         addBlock<Columns>(matrix + block * matrixBlockBytes, activations[block], sums);
     for (std::size_t c = 0; c < Columns; ++c) {
         float* target = product.result + (column + c) * product.outputs;
-        store(sums[c][0], product.bias, target, output, product.outputs);
-        store(sums[c][1], product.bias, target, output + lanes, product.outputs);
+        const float* added = product.isContinued ? target : product.bias;
+        store(sums[c][0], added, target, output, product.outputs);
+        store(sums[c][1], added, target, output + lanes, product.outputs);
     }
 }
 
@@ -173,23 +248,86 @@ using PanelFunction = void (*)(const Product&, const unsigned char*, std::size_t
 constexpr PanelFunction panelFunctions[panelColumns] = {multiplyPanels<1>, multiplyPanels<2>, multiplyPanels<3>,
                                                         multiplyPanels<4>, multiplyPanels<5>, multiplyPanels<6>};
 
+/// Columns as packActivations() leaves them.
+struct Activations
+{
+    const ActivationBlock* values;
+    std::size_t blocks;
+    std::size_t columns;
+};
+
+/// All columns times a panel of the matrix, whose blocks are those from @p skipped on.
+void multiplyColumns(const Product& product, const unsigned char* weights, std::size_t output,
+                     const Activations& activations, std::size_t skipped)
+{
+    for (std::size_t column = 0; column < activations.columns; column += panelColumns) {
+        const std::size_t left = activations.columns - column;
+        panelFunctions[(left < panelColumns ? left : panelColumns) - 1](
+            product, weights, output, activations.values + column / panelColumns * activations.blocks + skipped,
+            column);
+    }
+}
+
 void multiply(const void* matrix, std::size_t inputs, std::size_t outputs, const void* activations, std::size_t columns,
               const float* bias, float* result, Share share)
 {
     const Product product{inputs / blockInputs, outputs, bias, result};
     const std::size_t count = panels(outputs, panelOutputs);
-    for (std::size_t p = count * share.thread / share.threads; p < count * (share.thread + 1) / share.threads; ++p) {
-        const auto* weights = static_cast<const unsigned char*>(matrix) + p * product.blocks * matrixBlockBytes;
-        for (std::size_t column = 0; column < columns; column += panelColumns) {
-            const auto* values =
-                static_cast<const ActivationBlock*>(activations) + column / panelColumns * product.blocks;
-            const std::size_t used = columns - column < panelColumns ? columns - column : panelColumns;
-            panelFunctions[used - 1](product, weights, p * panelOutputs, values, column);
+    for (std::size_t p = count * share.thread / share.threads; p < count * (share.thread + 1) / share.threads; ++p)
+        multiplyColumns(product, static_cast<const unsigned char*>(matrix) + p * product.blocks * matrixBlockBytes,
+                        p * panelOutputs, {static_cast<const ActivationBlock*>(activations), product.blocks, columns},
+                        0);
+}
+
+/// The next blocks come out of memory while these are multiplied.
+void prefetch(const Rows& rows, std::size_t blocks)
+{
+    constexpr std::size_t line = 64;
+    if (blocks > storedBlocks)
+        blocks = storedBlocks;
+    for (std::size_t i = 0; i < rows.count; ++i) {
+        for (std::size_t byte = 0; byte < blocks * storedBlockBytes; byte += line)
+            _mm_prefetch(rows.at(i) + byte, _MM_HINT_T1);
+    }
+}
+
+/// The matrix as it stands in the file: some blocks of a panel are rearranged into the processor's cache and used for
+/// all columns there.
+void multiplyStored(const void* matrix, std::size_t inputs, std::size_t outputs, const void* activations,
+                    std::size_t columns, const float* bias, float* result, Share share)
+{
+    alignas(64) unsigned char packed[storedBlocks * matrixBlockBytes];
+    const std::size_t blocks = inputs / blockInputs;
+    const Activations values{static_cast<const ActivationBlock*>(activations), blocks, columns};
+    const std::size_t count = panels(outputs, panelOutputs);
+    const std::size_t end = count * (share.thread + 1) / share.threads;
+    for (std::size_t p = count * share.thread / share.threads; p < end; ++p) {
+        const Rows rows = panelRows(matrix, blocks, outputs, p * panelOutputs);
+        for (std::size_t first = 0; first < blocks; first += storedBlocks) {
+            const std::size_t used = blocks - first < storedBlocks ? blocks - first : storedBlocks;
+            packPanel(rows.from(first), used, packed);
+            if (first + used < blocks)
+                prefetch(rows.from(first + used), blocks - first - used);
+            else if (p + 1 < end)
+                prefetch(panelRows(matrix, blocks, outputs, (p + 1) * panelOutputs), blocks);
+            multiplyColumns({used, outputs, first == 0 ? bias : nullptr, result, first > 0}, packed, p * panelOutputs,
+                            values, first);
         }
     }
 }
 
+std::size_t storedBytes(std::size_t inputs, std::size_t outputs)
+{
+    return inputs / blockInputs * outputs * storedBlockBytes;
+}
+
 } // namespace
+
+const MatrixKernels& storedInt8Matrices()
+{
+    static const MatrixKernels kernels{storedBytes, nullptr, activationBytes, packActivations, multiplyStored};
+    return kernels;
+}
 
 const MatrixKernels& int8Matrices()
 {

@@ -22,8 +22,12 @@ const MatrixKernels* matrixKernels(MatrixFormat format)
     __builtin_cpu_init();
     if (format == MatrixFormat::bfloat16 && hasAvx512() && __builtin_cpu_supports("avx512bf16"))
         return &bfloat16Matrices();
+    if (format == MatrixFormat::float16 && matrixKernels(MatrixFormat::bfloat16) != nullptr)
+        return &float16Matrices();
     if (format == MatrixFormat::int8 && hasAvx512() && __builtin_cpu_supports("avx512vnni"))
         return &int8Matrices();
+    if (format == MatrixFormat::q8 && matrixKernels(MatrixFormat::int8) != nullptr)
+        return &storedInt8Matrices();
 #endif
     static_cast<void>(format);
     return nullptr;

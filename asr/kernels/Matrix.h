@@ -13,15 +13,21 @@ namespace vantro::asr::kernels {
 enum class MatrixFormat {
     none,     ///< leave the matrix to ggml
     bfloat16, ///< for float16 files
+    float16,  ///< as in the file: rearranged as bfloat16 whenever it is used, in the processor's cache
     int8,     ///< for q8_0 files: blocks of 32 weights with one scale, as in the file
+    q8,       ///< as in the file: rearranged as int8 whenever it is used
 };
+
+/// Outputs whose rows lie together in a packed matrix.
+inline constexpr std::size_t panelOutputs = 32;
 
 /// A format's functions. Matrices are [output][input], activations [column][input], results [column][output]; numbers
 /// of inputs are multiples of 32.
 struct MatrixKernels
 {
     std::size_t (*matrixBytes)(std::size_t inputs, std::size_t outputs);
-    /// @p source: the matrix as it stands in the file.
+    /// Null when the matrix is used as it stands in the file. @p source: the matrix as it stands there. A matrix can be
+    /// packed in pieces of whole panels: the piece that begins with output n goes to matrixBytes(inputs, n).
     void (*packMatrix)(const void* source, std::size_t inputs, std::size_t outputs, void* target);
     std::size_t (*activationBytes)(std::size_t inputs, std::size_t columns);
     void (*packActivations)(const float* source, std::size_t inputs, std::size_t columns, void* target, Share share);

@@ -1,5 +1,7 @@
 #include "asr/testing/ModelWriter.h"
 
+#include "asr/ModelFile.h"
+
 #include <cmath>
 #include <fstream>
 #include <numbers>
@@ -122,6 +124,11 @@ void writeTensor(Writer& writer, const TensorLayout& tensor, std::span<const flo
     writer.values<std::byte>(packed);
 }
 
+std::size_t tensorHeaderBytes(const TensorLayout& tensor)
+{
+    return sizeof(std::int32_t) * static_cast<std::size_t>(3 + tensor.dimensions) + tensor.name.size();
+}
+
 /// The counter of training batches that the converter writes behind every running variance.
 void writeBatchCounter(Writer& writer, const std::string& variance)
 {
@@ -168,6 +175,20 @@ void writeRandomModel(const std::filesystem::path& path, const Hyperparameters& 
         if (tensor.name.ends_with(".running_var"))
             writeBatchCounter(writer, tensor.name);
     }
+}
+
+void writeRequantised(const std::filesystem::path& path, const std::filesystem::path& source, ggml_type matrixType)
+{
+    const ModelFile model(source);
+    const auto layout = modelLayout(model.hyperparameters(), model.feedForwardSize(), model.jointSize());
+    // What comes before the first tensor stays as it is.
+    const TensorLayout& first = layout.front();
+    std::vector<char> beginning(model.tensor(first.name).offset - tensorHeaderBytes(first));
+    std::ifstream(source, std::ios::binary).read(beginning.data(), std::ssize(beginning));
+    Writer writer(path);
+    writer.values<char>(beginning);
+    for (const TensorLayout& tensor : layout)
+        writeTensor(writer, tensor, model.readFloats(tensor.name), matrixType);
 }
 
 } // namespace vantro::asr::testing

@@ -19,4 +19,7 @@ Hyperparameters publishedShape(std::int32_t vocabularySize);
 void writeRandomModel(const std::filesystem::path& path, const Hyperparameters& parameters, ggml_type matrixType,
                       std::uint32_t seed = 1);
 
+/// Writes the float32 model @p source again with matrices of @p matrixType.
+void writeRequantised(const std::filesystem::path& path, const std::filesystem::path& source, ggml_type matrixType);
+
 } // namespace vantro::asr::testing

@@ -1,6 +1,7 @@
 // Model files that are damaged, foreign or made to do harm; and the shapes of the published models.
 #include "asr/ModelFile.h"
 
+#include "asr/kernels/Matrix.h"
 #include "asr/testing/ModelWriter.h"
 #include "tests/asr/AsrTestSupport.h"
 
@@ -144,6 +145,21 @@ TEST_F(ModelFiles, WeightsThatAreNoNumbersGiveSomeTextAndNoCrash)
     AsrManager manager;
     manager.initialize(AsrModels::load(path, AsrModelVersion::v2, moduleFolders()));
     EXPECT_LE(transcribe(manager, recording("sentence-01.flac")).text.size(), 10'000U);
+}
+
+/// Matrices that are used where they stand in the file are not touched any more when it has been cut off.
+TEST_F(ModelFiles, AFileThatIsCutOffWhileItsModelIsInUseIsAnErrorAndNotTheEnd)
+{
+    std::filesystem::copy_file(dataFolder() / "parakeet-micro-tdt.bin", path);
+    AsrManager manager;
+    manager.initialize(AsrModels::load(path, AsrModelVersion::v2, moduleFolders()));
+    const std::vector<float> samples = recording("sentence-02.flac");
+    EXPECT_EQ(transcribe(manager, samples).text, "Good morning, Peter.");
+    std::filesystem::resize_file(path, 100);
+    const bool staysInFile = kernels::matrixKernels(kernels::MatrixFormat::float16) != nullptr;
+    EXPECT_EQ(errorOf([&] { transcribe(manager, samples); }) == ASRError::Kind::processingFailed, staysInFile);
+    manager.initialize(loadMicro());
+    EXPECT_EQ(transcribe(manager, samples).text, "Good morning, Peter.");
 }
 
 TEST_F(ModelFiles, ThePublishedShapesRunInEveryPrecision)

@@ -128,6 +128,24 @@ TEST_F(Fluid, AFileIsRecognisedForWhatItIs)
     EXPECT_TRUE(files.find(entry("Parakeet v3 (Fluid)")).isEmpty());
 }
 
+TEST_F(Fluid, AFileIsLookedIntoOnceAndAgainWhenItHasChanged)
+{
+    const TranscriptionModel model = entry("Parakeet v3 (Fluid)");
+    install("ggml-parakeet-tdt-0.6b-v3-q8_0.bin");
+    const FluidModelFiles copy = files;
+    EXPECT_EQ(files.status(model).state, ModelStatus::State::unchecked);
+    EXPECT_TRUE(copy.check(model).isReady);
+    EXPECT_EQ(files.status(model).state, ModelStatus::State::ready);
+
+    QFile file(files.ownFile(model));
+    ASSERT_TRUE(file.resize(file.size() / 2));
+    EXPECT_EQ(files.status(model).state, ModelStatus::State::unchecked);
+    EXPECT_EQ(files.checkedStatus(model).state, ModelStatus::State::unchecked);
+    EXPECT_TRUE(file.exists());
+    EXPECT_FALSE(files.check(model).isReady);
+    EXPECT_FALSE(file.exists());
+}
+
 TEST(FluidReports, TheTranscriptsReachDecidesWhetherATailIsMissing)
 {
     const auto coverage = [](double seconds, std::vector<double> ends) {

@@ -246,7 +246,8 @@ void Program::removeModel(const TranscriptionModel& model)
 
 bool Program::isReady(const TranscriptionModel& model)
 {
-    return model.engine == TranscriptionEngine::fluid ? fluidFiles_.check(model).isReady : modelStore_.isReady(model);
+    // On the main thread: a Parakeet file that is there counts, and is looked into before the first dictation.
+    return model.engine == TranscriptionEngine::fluid ? !fluidFiles_.find(model).isEmpty() : modelStore_.isReady(model);
 }
 
 ModelProviding& Program::filesOf(const TranscriptionModel& model)

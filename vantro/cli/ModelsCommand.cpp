@@ -199,7 +199,7 @@ const TranscriptionModel* ModelsSession::find(const QString& text) const
 
 ModelStatus ModelsSession::status(const TranscriptionModel& model) const
 {
-    return model.fluidModel ? fluidFiles.status(model) : store.status(model);
+    return model.fluidModel ? fluidFiles.checkedStatus(model) : store.status(model);
 }
 
 ModelCheck ModelsSession::check(const TranscriptionModel& model, ModelStore::Trust trust) const

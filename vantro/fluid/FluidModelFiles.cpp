@@ -6,30 +6,58 @@
 #include "base/Logger.h"
 #include "vantro/models/PartFile.h"
 
+#include <QDateTime>
 #include <QFile>
 #include <QFileInfo>
+#include <QHash>
 #include <QUrl>
 
+#include <mutex>
 #include <utility>
 
 namespace vantro {
 
-namespace {
+class FluidModelFiles::Whole
+{
+public:
+    [[nodiscard]] bool has(const QFileInfo& file)
+    {
+        const std::lock_guard guard(lock_);
+        const auto known = versions_.constFind(file.absoluteFilePath());
+        return known != versions_.constEnd() && *known == versionOf(file);
+    }
+    void add(const QFileInfo& file)
+    {
+        const std::lock_guard guard(lock_);
+        versions_.insert(file.absoluteFilePath(), versionOf(file));
+    }
+
+private:
+    using Version = std::pair<qint64, QDateTime>;
+    static Version versionOf(const QFileInfo& file) { return {file.size(), file.lastModified()}; }
+
+    std::mutex lock_;
+    QHash<QString, Version> versions_;
+};
+
+FluidModelFiles::FluidModelFiles(QStringList folders) : folders_(std::move(folders)), whole_(std::make_shared<Whole>())
+{
+}
 
 /// What is wrong with a container, as its reader says; empty for one that is whole.
-QString damageOf(const QString& path)
+QString FluidModelFiles::damageOf(const QString& path) const
 {
+    const QFileInfo found(path); // before the file is read: what replaces it meanwhile is another one
+    if (whole_->has(found))
+        return {};
     try {
         const asr::ModelFile file(QFile::encodeName(path).toStdString());
+        whole_->add(found);
         return {};
     } catch (const asr::ASRError& error) {
         return QString::fromStdString(error.detail());
     }
 }
-
-} // namespace
-
-FluidModelFiles::FluidModelFiles(QStringList folders) : folders_(std::move(folders)) {}
 
 QString FluidModelFiles::find(const TranscriptionModel& model) const
 {
@@ -71,13 +99,22 @@ bool FluidModelFiles::isOwn(const QString& path) const
 
 ModelStatus FluidModelFiles::status(const TranscriptionModel& model) const
 {
-    if (const QString file = find(model); !file.isEmpty())
-        return {ModelStatus::State::ready, file, !isOwn(file), QFileInfo(file).size(), -1};
+    if (const QFileInfo file(find(model)); !file.filePath().isEmpty()) {
+        const auto state = whole_->has(file) ? ModelStatus::State::ready : ModelStatus::State::unchecked;
+        return {state, file.filePath(), !isOwn(file.filePath()), file.size(), -1};
+    }
     const PartFile part(ownFile(model));
     const auto note = part.note();
     if (!note || part.bytes() == 0)
         return {};
     return {ModelStatus::State::partial, {}, false, part.bytes(), note->totalBytes};
+}
+
+ModelStatus FluidModelFiles::checkedStatus(const TranscriptionModel& model) const
+{
+    if (const QString file = find(model); !file.isEmpty())
+        static_cast<void>(damageOf(file));
+    return status(model);
 }
 
 ModelCheck FluidModelFiles::check(const TranscriptionModel& model) const

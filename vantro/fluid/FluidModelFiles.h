@@ -7,10 +7,13 @@
 #include <QString>
 #include <QStringList>
 
+#include <memory>
+
 namespace vantro {
 
 /// Where the files of Parakeet models lie and whether they are whole. No digest of them is published: a file counts as
-/// right when everything that its header announces is there. Any thread.
+/// right when everything that its header announces is there. A file that was found whole is not read again until its
+/// size or its time changes. Any thread.
 class FluidModelFiles
 {
 public:
@@ -22,8 +25,10 @@ public:
     [[nodiscard]] QString find(const TranscriptionModel& model) const;
     /// Where the user's own copy stands or would stand.
     [[nodiscard]] QString ownFile(const TranscriptionModel& model) const;
-    /// Never reads the model's numbers.
+    /// Reads no file: one that nobody has asked check() or checkedStatus() for is unchecked.
     [[nodiscard]] ModelStatus status(const TranscriptionModel& model) const;
+    /// As status(), after a look into the file; a damaged one stays unchecked and where it is.
+    [[nodiscard]] ModelStatus checkedStatus(const TranscriptionModel& model) const;
     /// Whether the model is there and whole. The user's copy is removed when it is not, another one is left alone.
     [[nodiscard]] ModelCheck check(const TranscriptionModel& model) const;
     /// Removes the user's copy and what was fetched of it; answers how many bytes that freed. Throws Error when it is
@@ -34,9 +39,14 @@ public:
     static std::optional<TranscriptionModel> describe(const QString& file);
 
 private:
+    /// The files that were found whole, for all copies of this object.
+    class Whole;
+
     [[nodiscard]] bool isOwn(const QString& path) const;
+    [[nodiscard]] QString damageOf(const QString& path) const;
 
     QStringList folders_;
+    std::shared_ptr<Whole> whole_;
 };
 
 } // namespace vantro
