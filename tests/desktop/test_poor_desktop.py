@@ -64,6 +64,17 @@ class PoorDesktopTest(ShellCase):
         self.assertEqual(process.stop(), 0)
         self.vantro.start()
 
+    def test_a_history_that_cannot_be_loaded_is_told_of_on_the_screen(self):
+        self.vantro.quit()
+        process = self.desktop.start(self.vantro.program, env={"XDG_DATA_HOME": "/proc/data"})
+        message = self.wait(lambda: self.vantro.window("vantro"), 20, "the message")
+        self.has_keyboard(message)
+        self.desktop.press("Return")
+        process.expect_exit(1)
+        self.assertIn("Failed to load persistent stores: The folder /proc/data/vantro cannot be made",
+                      process.log.read_text())
+        self.vantro.start()
+
     def test_with_a_home_that_cannot_be_written_to_it_dictates(self):
         self.vantro.quit()
         read_only = {"XDG_CONFIG_HOME": "/proc/config", "XDG_STATE_HOME": "/proc/state"}

@@ -69,7 +69,10 @@ class TwoMonitorsTest(ShellCase):
                         self.assertAlmostEqual(actual, expected, delta=ROUNDING)
                     self.wait(lambda: not self.vantro.window(HUD_TITLE), 10, "the HUD to go")
             self.start_again()
-            self.assert_on(0, self.window(SETTINGS_TITLE))
+            settings = self.window(SETTINGS_TITLE)
+            self.assert_on(0, settings)
+            title_bar = self.desktop.display.numbers(settings.id, "_NET_FRAME_EXTENTS")[2]
+            self.assertGreaterEqual(settings.y, title_bar, "the title bar is beyond the screen's edge")
             self.close(SETTINGS_TITLE)
 
 

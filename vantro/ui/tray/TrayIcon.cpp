@@ -18,11 +18,10 @@ QIcon pictureFor(TrayIcon::State state, TrayHost::Kind kind)
 {
     const QString name =
         state == TrayIcon::State::idle ? QStringLiteral("com.vantro.app") : QStringLiteral("com.vantro.app-recording");
-    const QIcon fallback(iconFile(name));
     const QString symbolic = name + QStringLiteral("-symbolic");
     if (kind == TrayHost::Kind::statusNotifier && QIcon::hasThemeIcon(symbolic))
         return QIcon::fromTheme(symbolic);
-    return fallback;
+    return QIcon(iconFile(name));
 }
 
 } // namespace

@@ -17,6 +17,8 @@ namespace {
 
 /// What Qt's X11 windows know of showing without asking for the keyboard.
 constexpr char withoutActivating[] = "_q_showWithoutActivating";
+/// What the window manager adds is known when the window is shown; a title bar has to fit in above its middle.
+constexpr QSize roomForFrame(16, 96);
 
 } // namespace
 
@@ -76,7 +78,7 @@ void LazyWindow::makeView()
         QObject::connect(root, SIGNAL(closeRequested()), view_.get(), SLOT(close()));
     view_->setMinimumSize(look_.minimumSize);
     const QScreen* const screen = QGuiApplication::primaryScreen();
-    QRect rect(QPoint(), look_.size.boundedTo(screen->availableSize()));
+    QRect rect(QPoint(), look_.size.boundedTo(screen->availableSize() - roomForFrame));
     rect.moveCenter(screen->availableGeometry().center());
     view_->setGeometry(rect);
 }
