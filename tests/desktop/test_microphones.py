@@ -63,7 +63,7 @@ class MicrophonesTest(DictationCase):
 
     def wait_for_choice_of(self, source):
         """Until the running program would record from it."""
-        self.wait(lambda: self.vantro.status()["microphone"] == source, 10, f"{source} to be chosen")
+        self.wait(lambda: self.vantro.status()["microphone"].lower() == source, 10, f"{source} to be chosen")
 
     def wait_for_recording_of(self, source):
         self.wait(lambda: self.desktop.audio.recording_sources() == [source], 10, f"{source} to be recorded")
