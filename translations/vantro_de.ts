@@ -707,6 +707,96 @@
     </message>
 </context>
 <context>
+    <name>ModesModel</name>
+    <message>
+        <source>The text stays as it was recognised, but for your replacements.</source>
+        <translation>Der Text bleibt, wie er erkannt wurde, bis auf deine Ersetzungen.</translation>
+    </message>
+    <message>
+        <source>A language model makes an e-mail of it.</source>
+        <translation>Ein Sprachmodell macht daraus eine E-Mail.</translation>
+    </message>
+    <message>
+        <source>A language model corrects grammar, spelling and punctuation.</source>
+        <translation>Ein Sprachmodell berichtigt Grammatik, Rechtschreibung und Zeichensetzung.</translation>
+    </message>
+    <message>
+        <source>You can customize the name and prompt to suit your needs.</source>
+        <translation>Name und Anweisung kannst du nach deinem Bedarf wählen.</translation>
+    </message>
+    <message>
+        <source>The text is kept with the notes of the day, which a language model sums up.</source>
+        <translation>Der Text kommt zu den Notizen des Tages, die ein Sprachmodell zusammenfasst.</translation>
+    </message>
+    <message>
+        <source>Nobody</source>
+        <translation>Niemand</translation>
+    </message>
+    <message>
+        <source>%1 (switched off)</source>
+        <translation>%1 (ausgeschaltet)</translation>
+    </message>
+    <message>
+        <source>The launcher offers this mode when it has a prompt and a provider.</source>
+        <translation>Dieser Modus steht zur Wahl, sobald er eine Anweisung und einen Anbieter hat.</translation>
+    </message>
+    <message>
+        <source>The launcher offers this mode when a provider that is switched on serves it. Their keys are kept under Settings, Providers.</source>
+        <translation>Dieser Modus steht zur Wahl, sobald ein eingeschalteter Anbieter für ihn arbeitet. Deren Schlüssel stehen unter Einstellungen, Anbieter.</translation>
+    </message>
+</context>
+<context>
+    <name>ModesPage</name>
+    <message>
+        <source>Modes</source>
+        <translation>Modi</translation>
+    </message>
+    <message>
+        <source>What becomes of a dictation. In the launcher the digit keys choose among the modes that can be used.</source>
+        <translation>Was aus einem Diktat wird. Beim Diktieren wählen die Zifferntasten unter den Modi, die benutzt werden können.</translation>
+    </message>
+    <message>
+        <source>Dictations begin in</source>
+        <translation>Diktate beginnen in</translation>
+    </message>
+    <message>
+        <source>Mode</source>
+        <translation>Modus</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Custom</source>
+        <translation>Custom</translation>
+    </message>
+    <message>
+        <source>Name of the mode</source>
+        <translation>Name des Modus</translation>
+    </message>
+    <message>
+        <source>Rewritten by</source>
+        <translation>Umgeschrieben von</translation>
+    </message>
+    <message>
+        <source>A provider that was removed</source>
+        <translation>Ein Anbieter, der entfernt wurde</translation>
+    </message>
+    <message>
+        <source>Prompt</source>
+        <translation>Anweisung</translation>
+    </message>
+    <message>
+        <source>What the language model is to do with the text.</source>
+        <translation>Was das Sprachmodell mit dem Text tun soll.</translation>
+    </message>
+    <message>
+        <source>Use the built-in prompt</source>
+        <translation>Mitgelieferte Anweisung verwenden</translation>
+    </message>
+</context>
+<context>
     <name>Onboarding</name>
     <message>
         <source>Step %1 of 5</source>
@@ -790,7 +880,7 @@
     </message>
     <message>
         <source>Try it</source>
-        <translation>Probiere es aus</translation>
+        <translation>Ausprobieren</translation>
     </message>
     <message>
         <source>The speech model is not there yet. Go back one page to fetch it.</source>
@@ -945,6 +1035,127 @@
     </message>
 </context>
 <context>
+    <name>ProviderSheet</name>
+    <message>
+        <source>Type</source>
+        <translation>Art</translation>
+    </message>
+    <message>
+        <source>API key</source>
+        <translation>API-Schlüssel</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Sichern</translation>
+    </message>
+    <message>
+        <source>Try it</source>
+        <translation>Ausprobieren</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Request parameters</source>
+        <translation>Parameter der Anfrage</translation>
+    </message>
+</context>
+<context>
+    <name>ProvidersModel</name>
+    <message>
+        <source>No API key configured</source>
+        <translation>Kein API-Schlüssel eingerichtet</translation>
+    </message>
+    <message>
+        <source>Are you sure you want to delete &apos;%1&apos;? This action cannot be undone.</source>
+        <translation>Soll „%1“ wirklich gelöscht werden? Das kann nicht rückgängig gemacht werden.</translation>
+    </message>
+    <message>
+        <source>New provider</source>
+        <translation>Neuer Anbieter</translation>
+    </message>
+    <message>
+        <source>Everything but the key is stored. %1</source>
+        <translation>Alles außer dem Schlüssel ist gesichert. %1</translation>
+    </message>
+    <message>
+        <source>Asking %1...</source>
+        <translation>%1 wird gefragt ...</translation>
+    </message>
+    <message>
+        <source>%1 accepts the key</source>
+        <translation>%1 nimmt den Schlüssel an</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Model</source>
+        <translation>Modell</translation>
+    </message>
+    <message>
+        <source>Address</source>
+        <translation>Adresse</translation>
+    </message>
+    <message>
+        <source>Max tokens</source>
+        <translation>Höchstzahl der Token</translation>
+    </message>
+    <message>
+        <source>Max completion tokens</source>
+        <translation>Höchstzahl der Antworttoken</translation>
+    </message>
+    <message>
+        <source>Temperature</source>
+        <translation>Temperatur</translation>
+    </message>
+    <message>
+        <source>Top p</source>
+        <translation>Top p</translation>
+    </message>
+    <message>
+        <source>Service tier</source>
+        <translation>Dienststufe</translation>
+    </message>
+    <message>
+        <source>Reasoning effort</source>
+        <translation>Denkaufwand</translation>
+    </message>
+</context>
+<context>
+    <name>ProvidersPage</name>
+    <message>
+        <source>Providers</source>
+        <translation>Anbieter</translation>
+    </message>
+    <message>
+        <source>Language models that rewrite dictations. Which one serves a mode is chosen under Modes.</source>
+        <translation>Sprachmodelle, die Diktate umschreiben. Welches für einen Modus arbeitet, wird unter Modi gewählt.</translation>
+    </message>
+    <message>
+        <source>Whom dictations are sent to will be listed here.</source>
+        <translation>Hier steht, an wen Diktate geschickt werden.</translation>
+    </message>
+    <message>
+        <source>%1 may be used</source>
+        <translation>%1 darf benutzt werden</translation>
+    </message>
+    <message>
+        <source>Edit</source>
+        <translation>Ändern</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Entfernen</translation>
+    </message>
+    <message>
+        <source>Add a provider</source>
+        <translation>Anbieter hinzufügen</translation>
+    </message>
+</context>
+<context>
     <name>PulseAudioEngine</name>
     <message>
         <source>&quot;%1&quot; is switched off in the sound settings. Switch it on or choose another under Settings, Microphone.</source>
@@ -1014,6 +1225,52 @@
     </message>
 </context>
 <context>
+    <name>ReplacementFields</name>
+    <message>
+        <source>Find</source>
+        <translation>Suchen</translation>
+    </message>
+    <message>
+        <source>Replace with</source>
+        <translation>Ersetzen durch</translation>
+    </message>
+    <message>
+        <source>Replacement</source>
+        <translation>Ersetzung</translation>
+    </message>
+</context>
+<context>
+    <name>ReplacementRow</name>
+    <message>
+        <source>%1  →  %2</source>
+        <translation>%1  →  %2</translation>
+    </message>
+    <message>
+        <source>%1  is deleted</source>
+        <translation>%1  wird gelöscht</translation>
+    </message>
+    <message>
+        <source>Edit</source>
+        <translation>Ändern</translation>
+    </message>
+    <message>
+        <source>Edit replacement</source>
+        <translation>Ersetzung ändern</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Entfernen</translation>
+    </message>
+    <message>
+        <source>Remove replacement</source>
+        <translation>Ersetzung entfernen</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Sichern</translation>
+    </message>
+</context>
+<context>
     <name>Settings</name>
     <message>
         <source>General</source>
@@ -1034,6 +1291,18 @@
     <message>
         <source>Microphone</source>
         <translation>Mikrofon</translation>
+    </message>
+    <message>
+        <source>Modes</source>
+        <translation>Modi</translation>
+    </message>
+    <message>
+        <source>Providers</source>
+        <translation>Anbieter</translation>
+    </message>
+    <message>
+        <source>Vocabulary</source>
+        <translation>Wortschatz</translation>
     </message>
 </context>
 <context>
@@ -1205,6 +1474,84 @@
     </message>
 </context>
 <context>
+    <name>VocabularyModel</name>
+    <message>
+        <source>Maximum limit reached (%1 words)</source>
+        <translation>Die Höchstzahl ist erreicht (%1 Wörter)</translation>
+    </message>
+    <message>
+        <source>Maximum limit reached (%1 replacements)</source>
+        <translation>Die Höchstzahl ist erreicht (%1 Ersetzungen)</translation>
+    </message>
+</context>
+<context>
+    <name>VocabularyPage</name>
+    <message>
+        <source>Vocabulary</source>
+        <translation>Wortschatz</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is removed.</source>
+        <translation>„%1“ ist entfernt.</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Rückgängig</translation>
+    </message>
+    <message>
+        <source>Text replacements</source>
+        <translation>Ersetzungen</translation>
+    </message>
+    <message>
+        <source>Exact replacements will be applied to the transcription output using word boundaries.</source>
+        <translation>Ersetzt werden genau diese Wörter im erkannten Text, nie Teile eines Wortes.</translation>
+    </message>
+    <message>
+        <source>Leave the second field empty to delete a filler word such as &quot;um&quot;.</source>
+        <translation>Ein leeres zweites Feld löscht das Wort, etwa ein „äh“.</translation>
+    </message>
+    <message>
+        <source>Add</source>
+        <translation>Hinzufügen</translation>
+    </message>
+    <message>
+        <source>No text replacements configured yet.</source>
+        <translation>Noch keine Ersetzungen.</translation>
+    </message>
+    <message>
+        <source>Words</source>
+        <translation>Wörter</translation>
+    </message>
+    <message>
+        <source>These words are used alongside your audio to help the model recognize and accurately transcribe.</source>
+        <translation>Diese Wörter bekommt das Modell zum Ton dazu, damit es sie erkennt und richtig schreibt.</translation>
+    </message>
+    <message>
+        <source>Use sparingly. Too many words can confuse the AI and may affect punctuation, language detection, and formatting.</source>
+        <translation>Sparsam verwenden: Zu viele Wörter können das Modell verwirren und Zeichensetzung, Spracherkennung und Form verschlechtern.</translation>
+    </message>
+    <message>
+        <source>Enter a word (e.g., vantro)</source>
+        <translation>Ein Wort (etwa vantro)</translation>
+    </message>
+    <message>
+        <source>Word</source>
+        <translation>Wort</translation>
+    </message>
+    <message>
+        <source>No custom vocabulary words added yet.</source>
+        <translation>Noch keine eigenen Wörter.</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Entfernen</translation>
+    </message>
+    <message>
+        <source>Reset All Vocabulary &amp; Replacements</source>
+        <translation>Alle Wörter und Ersetzungen entfernen</translation>
+    </message>
+</context>
+<context>
     <name>VocabularySettings</name>
     <message>
         <source>Vocabulary Limit Reached</source>
@@ -1276,6 +1623,30 @@
     <message>
         <source>It is kept as %1. Shortcut and microphone may have to be chosen anew.</source>
         <translation>Die Datei bleibt als %1 erhalten. Tastenkürzel und Mikrofon müssen vielleicht neu gewählt werden.</translation>
+    </message>
+    <message>
+        <source>Reset All Vocabulary &amp; Replacements</source>
+        <translation>Alle Wörter und Ersetzungen entfernen</translation>
+    </message>
+    <message>
+        <source>All words and replacements are removed. This action cannot be undone.</source>
+        <translation>Alle Wörter und Ersetzungen werden entfernt. Das kann nicht rückgängig gemacht werden.</translation>
+    </message>
+    <message>
+        <source>Reset</source>
+        <translation>Entfernen</translation>
+    </message>
+    <message>
+        <source>Delete Provider</source>
+        <translation>Anbieter löschen</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Löschen</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
     </message>
 </context>
 <context>

@@ -99,13 +99,20 @@ class InterruptedDictationTest(DictationCase):
 
     def test_a_stop_within_a_third_of_a_second_is_no_dictation(self):
         with self.delivers_nothing():
-            self.desktop.press(SHORTCUT_KEYS)
-            self.wait(self.vantro.launcher, 5, "the launcher")
-            # Over the bus itself: starting a command takes too long.
-            self.desktop.call_bus(BUS_NAME, "/com/vantro/app", "com.vantro.Control.Stop")
-            self.wait_until_over()
+            # A busy machine may be too slow to stop that early at the first try.
+            self.assertTrue(any(self.record_shortly() < 0.3 for _ in range(8)), "no recording was short enough")
         self.assertNotIn("Transcribing with", self.news())
         self.check_next_dictation()
+
+    def record_shortly(self):
+        """Seconds of a recording that is stopped as soon as it can be. news() begins with it."""
+        self._log_before = len(self.vantro.log())
+        self.desktop.press(SHORTCUT_KEYS)
+        self.wait(self.vantro.launcher, 5, "the launcher")
+        # Over the bus itself: starting a command takes too long.
+        self.desktop.call_bus(BUS_NAME, "/com/vantro/app", "com.vantro.Control.Stop")
+        self.wait_until_over()
+        return float(re.search(r"captured ([\d.]+)s", self.news()).group(1))
 
     def test_ten_presses_within_a_second_start_one_dictation(self):
         for _ in range(10):

@@ -61,6 +61,10 @@ class MicrophonesTest(DictationCase):
     def speak_into_headset(self, recording):
         self.desktop.audio.play_into(f"{HEADSET}-voice", recording)
 
+    def wait_for_choice_of(self, source):
+        """Until the running program would record from it."""
+        self.wait(lambda: self.vantro.status()["microphone"] == source, 10, f"{source} to be chosen")
+
     def wait_for_recording_of(self, source):
         self.wait(lambda: self.desktop.audio.recording_sources() == [source], 10, f"{source} to be recorded")
 
@@ -96,13 +100,16 @@ class MicrophonesTest(DictationCase):
     def test_a_headset_switched_on_while_idle_is_used_by_the_next_dictation(self):
         self.switch_headset_on()
         self.rank(HEADSET, MICROPHONE)
+        self.wait_for_choice_of(HEADSET)
         self.switch_headset_off()
+        self.wait_for_choice_of(MICROPHONE)
         self.vantro.open_launcher()
         self.wait_for_recording_of(MICROPHONE)
         self.desktop.press("Escape")
         self.wait_until_over()
 
         self.switch_headset_on()
+        self.wait_for_choice_of(HEADSET)
         self.vantro.open_launcher()
         self.wait_for_recording_of(HEADSET)
         self.speak_into_headset(CHILD)
@@ -113,6 +120,7 @@ class MicrophonesTest(DictationCase):
     def test_a_headset_switched_off_in_the_middle_costs_nothing_that_was_said(self):
         self.switch_headset_on()
         self.rank(HEADSET, MICROPHONE)
+        self.wait_for_choice_of(HEADSET)
         self.vantro.open_launcher()
         self.wait_for_recording_of(HEADSET)
         self.speak_into_headset(CHILD)

@@ -11,6 +11,7 @@ from pathlib import Path
 
 from dictationcase import CANCEL_KEY, CHILD, CHILD_WORDS, SHORTCUT_KEYS, STOP_KEY, DictationCase, main, words
 
+PAGES = ("General", "Shortcut", "Microphone", "Models", "Modes", "Providers", "Vocabulary", "About")
 SETTINGS_TITLE = "vantro settings"
 ONBOARDING_TITLE = "Welcome to vantro"
 
@@ -56,13 +57,32 @@ class WindowsTest(ShellCase):
         settings = self.window(SETTINGS_TITLE)
         self.has_keyboard(settings)
         ini = self.desktop.config_home / "vantro" / "vantro.ini"
-        for _ in range(5):  # the five pages' names come first
+        for _ in PAGES:  # their names come first
             self.desktop.press("Tab")
         self.desktop.press("space")
         self.wait(lambda: "autoPasteEnabled=false" in ini.read_text(), 5, "the setting in the file")
         self.desktop.press("space")
         self.wait(lambda: "autoPasteEnabled=true" in ini.read_text(), 5, "the setting in the file")
         self.close(SETTINGS_TITLE)
+
+    def test_a_replacement_made_in_the_settings_acts_on_the_next_dictation(self):
+        self.start_again()
+        self.has_keyboard(self.window(SETTINGS_TITLE))
+        for _ in range(PAGES.index("Vocabulary")):
+            self.desktop.press("Tab")
+        self.desktop.press("space")
+        for _ in range(len(PAGES) - PAGES.index("Vocabulary")):
+            self.desktop.press("Tab")
+        for text in ("small dog", "enormous cat"):
+            self.desktop.type_text(text)
+            self.desktop.press("Return")
+        listed = self.wait(lambda: json.loads(self.vantro.run("replacements", "list", "--json").stdout), 5, "the list")
+        self.addCleanup(self.vantro.run, "replacements", "remove", "small dog")
+        self.assertEqual([(entry["find"], entry["replace"]) for entry in listed], [("small dog", "enormous cat")])
+        self.close(SETTINGS_TITLE)
+        self.desktop.activate(self.editor.window)
+        self.dictate(CHILD)
+        self.assertEqual(words(self.wait_for_text()), "the child almost hurt the enormous cat".split())
 
 
 class FirstStartTest(ShellCase):

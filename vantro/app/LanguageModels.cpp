@@ -1,5 +1,7 @@
 #include "vantro/app/LanguageModels.h"
 
+#include <utility>
+
 namespace vantro {
 
 LanguageModels::LanguageModels(UserDefaults& defaults, const Platform& platform, Clock& clock,
@@ -30,6 +32,15 @@ std::shared_ptr<FormatRequestServicing> LanguageModels::choose(ProcessingMode mo
     if (asksModel(mode))
         service->prepare();
     return service;
+}
+
+QCoro::Task<> LanguageModels::verify(ProviderConfiguration provider, std::optional<QString> key) const
+{
+    RemoteProviderConfig config = provider.remoteConfig();
+    config.apiKeyOverride = std::move(key);
+    const auto service = factory_.makeRemote(config);
+    const auto verified = service->verifyCredentials(provider.keychainAccount());
+    co_await verified;
 }
 
 bool LanguageModels::asksModel(ProcessingMode mode) const

@@ -25,6 +25,10 @@ public:
     [[nodiscard]] std::shared_ptr<FormatRequestServicing> choose(ProcessingMode mode) const;
 
     [[nodiscard]] ProviderConfigurationManager& providers() { return providers_; }
+    /// The key store's accounts that have a key; throws KeychainError.
+    [[nodiscard]] QCoro::Task<QStringList> keyAccounts() { return keychain_.accounts(); }
+    /// Asks @p provider whether it accepts @p key, or without one the stored key. Throws Error.
+    [[nodiscard]] QCoro::Task<> verify(ProviderConfiguration provider, std::optional<QString> key) const;
 
 private:
     [[nodiscard]] bool asksModel(ProcessingMode mode) const;

@@ -113,7 +113,8 @@ private:
     RawKeyMonitor rawKeys_{shortcuts_, *platform_.hotKeys};
     PasteDelivery delivery_;
     Windows windows_{{defaults_, notifications_, clock_, platform_, catalogue_, models_, modelDownloader_, store_,
-                      devices_, shortcuts_, [this](const auto& model) { return modelStatus(model); },
+                      devices_, shortcuts_, vocabulary_, prompts_, languageModels_,
+                      [this](const auto& model) { return modelStatus(model); },
                       [this](const auto& model) { removeModel(model); },
                       [this](bool sandbox) {
                           delegate_.setSandboxMode(sandbox);
@@ -364,6 +365,7 @@ QJsonObject Program::statusDetails()
     timings.engine = pipeline_.lastEngineTime();
     const auto* model = models_.stored();
     QJsonObject details{{QStringLiteral("model"), model != nullptr ? model->name : QString()},
+                        {QStringLiteral("microphone"), microphoneName()},
                         {QStringLiteral("shortcut"), shortcutName()},
                         {QStringLiteral("version"), QStringLiteral(VANTRO_VERSION)},
                         {QStringLiteral("last"), timings.toJson()}};

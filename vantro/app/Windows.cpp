@@ -1,11 +1,13 @@
 #include "vantro/app/Windows.h"
 
+#include "vantro/app/VisibleModes.h"
 #include "vantro/support/SupportMail.h"
 #include "vantro/ui/history/HistoryModel.h"
 #include "vantro/ui/onboarding/OnboardingModel.h"
 #include "vantro/ui/settings/AboutModel.h"
 #include "vantro/ui/settings/GeneralSettings.h"
 #include "vantro/ui/settings/MicrophoneSettings.h"
+#include "vantro/ui/settings/ModesModel.h"
 #include "vantro/ui/shortcuts/ShortcutRecorderType.h"
 
 #include <QGuiApplication>
@@ -35,6 +37,13 @@ QUrl manifestAddress()
 }
 
 const QString version = QStringLiteral(VANTRO_VERSION);
+
+template <typename Model>
+void put(LazyWindow::Content& content, const char* property, std::unique_ptr<Model> model)
+{
+    content.properties.insert(QLatin1String(property), QVariant::fromValue(model.get()));
+    content.models.push_back(std::move(model));
+}
 
 } // namespace
 
@@ -103,16 +112,6 @@ void Windows::showSettings(const QString& page)
 
 LazyWindow::Content Windows::settingsContent()
 {
-    auto general = std::make_unique<GeneralSettings>(
-        GeneralSettings::Parts{parts_.defaults, *parts_.platform.loginItem, updates_, [this] {
-                                   ui_.applyTheme();
-                               }});
-    auto models = std::make_unique<ModelListModel>(ModelListModel::Parts{
-        parts_.catalogue.models(), [this](const TranscriptionModel& model) { return stateOf(model); },
-        [this] { return parts_.models.selectedModel().name; },
-        [this](const TranscriptionModel& model) { parts_.models.select(model); },
-        [this](const TranscriptionModel& model) { showModelDownload(model, {}); }, parts_.removeModel});
-    connect(&parts_.downloader, &ModelDownloader::isRunningChanged, models.get(), &ModelListModel::refresh);
     auto about = std::make_unique<AboutModel>(AboutModel::Actions{[this] { reportError(); }, [this] { sendFeedback(); },
                                                                   [this] {
                                                                       Q_EMIT quitRequested();
@@ -120,25 +119,74 @@ LazyWindow::Content Windows::settingsContent()
     about->version = version;
     about->system = mail::systemInformation(version, *parts_.platform.systemInfo);
 
-    auto microphone =
-        std::make_unique<MicrophoneSettings>(parts_.platform.makeAudioEngine, parts_.devices, parts_.clock);
-    auto open = makeRecorder(KeyboardShortcuts::Name::openModal);
-    auto stop = makeRecorder(KeyboardShortcuts::Name::stopRecordingAndCloseModal);
-
     LazyWindow::Content content;
-    content.properties = {{QStringLiteral("general"), QVariant::fromValue(general.get())},
-                          {QStringLiteral("microphone"), QVariant::fromValue(microphone.get())},
-                          {QStringLiteral("openRecorder"), QVariant::fromValue(open.get())},
-                          {QStringLiteral("stopRecorder"), QVariant::fromValue(stop.get())},
-                          {QStringLiteral("models"), QVariant::fromValue(models.get())},
-                          {QStringLiteral("about"), QVariant::fromValue(about.get())}};
-    content.models.push_back(std::move(general));
-    content.models.push_back(std::move(microphone));
-    content.models.push_back(std::move(open));
-    content.models.push_back(std::move(stop));
-    content.models.push_back(std::move(models));
-    content.models.push_back(std::move(about));
+    put(content, "general",
+        std::make_unique<GeneralSettings>(
+            GeneralSettings::Parts{parts_.defaults, *parts_.platform.loginItem, updates_, [this] {
+                                       ui_.applyTheme();
+                                   }}));
+    put(content, "microphone",
+        std::make_unique<MicrophoneSettings>(parts_.platform.makeAudioEngine, parts_.devices, parts_.clock));
+    put(content, "openRecorder", makeRecorder(KeyboardShortcuts::Name::openModal));
+    put(content, "stopRecorder", makeRecorder(KeyboardShortcuts::Name::stopRecordingAndCloseModal));
+    put(content, "models", makeModelList());
+    put(content, "modes",
+        std::make_unique<ModesModel>(ModesModel::Parts{
+            parts_.defaults, parts_.prompts, parts_.languageModels.providers(), [this](ProcessingMode mode) {
+                return isUsable(mode, parts_.prompts, parts_.languageModels.providers());
+            }}));
+    put(content, "providers", makeProvidersModel());
+    put(content, "vocabulary", makeVocabularyModel());
+    put(content, "about", std::move(about));
     return content;
+}
+
+std::unique_ptr<ModelListModel> Windows::makeModelList()
+{
+    auto models = std::make_unique<ModelListModel>(ModelListModel::Parts{
+        parts_.catalogue.models(), [this](const TranscriptionModel& model) { return stateOf(model); },
+        [this] { return parts_.models.selectedModel().name; },
+        [this](const TranscriptionModel& model) { parts_.models.select(model); },
+        [this](const TranscriptionModel& model) { showModelDownload(model, {}); }, parts_.removeModel});
+    connect(&parts_.downloader, &ModelDownloader::isRunningChanged, models.get(), &ModelListModel::refresh);
+    return models;
+}
+
+std::unique_ptr<VocabularyModel> Windows::makeVocabularyModel()
+{
+    return std::make_unique<VocabularyModel>(VocabularyModel::Parts{
+        parts_.vocabulary,
+        [this](const LimitNotice& notice) {
+            showAlert(AlertWindow::Kind::informational, notice.title, notice.message, {tr("OK")});
+        },
+        [this](std::function<void()> confirmed) {
+            confirm(tr("Reset All Vocabulary & Replacements"),
+                    tr("All words and replacements are removed. This action cannot be undone."), tr("Reset"),
+                    std::move(confirmed));
+        }});
+}
+
+std::unique_ptr<ProvidersModel> Windows::makeProvidersModel()
+{
+    LanguageModels& models = parts_.languageModels;
+    return std::make_unique<ProvidersModel>(
+        ProvidersModel::Parts{models.providers(), [&models] { return models.keyAccounts(); },
+                              [&models](const ProviderConfiguration& provider, const std::optional<QString>& key) {
+                                  return models.verify(provider, key);
+                              },
+                              [this](const QString& question, std::function<void()> confirmed) {
+                                  confirm(tr("Delete Provider"), question, tr("Delete"), std::move(confirmed));
+                              }});
+}
+
+void Windows::confirm(const QString& title, const QString& question, const QString& verb,
+                      std::function<void()> confirmed)
+{
+    showAlert(AlertWindow::Kind::warning, title, question, {verb, tr("Cancel")},
+              [confirmed = std::move(confirmed)](std::optional<int> button) {
+                  if (button == 0)
+                      confirmed();
+              });
 }
 
 std::unique_ptr<RecorderCocoa> Windows::makeRecorder(const KeyboardShortcuts::Name& name)

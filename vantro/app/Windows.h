@@ -2,16 +2,21 @@
 
 #include "KeyboardShortcuts/RecorderCocoa.h"
 #include "platform/Platform.h"
+#include "vantro/ai/PromptSettings.h"
 #include "vantro/app/AppDelegate.h"
+#include "vantro/app/LanguageModels.h"
 #include "vantro/audio/AudioDeviceManager.h"
 #include "vantro/models/ModelDownloader.h"
 #include "vantro/models/ModelStore.h"
 #include "vantro/store/CoreDataStack.h"
 #include "vantro/support/UpdateChecker.h"
+#include "vantro/text/VocabularySettings.h"
 #include "vantro/ui/alert/AlertWindow.h"
 #include "vantro/ui/download/ModelDownloadWindow.h"
 #include "vantro/ui/hud/PasteHUDWindow.h"
 #include "vantro/ui/settings/ModelListModel.h"
+#include "vantro/ui/settings/ProvidersModel.h"
+#include "vantro/ui/settings/VocabularyModel.h"
 #include "vantro/ui/style/UiEngine.h"
 #include "vantro/ui/tray/TrayIcon.h"
 #include "vantro/ui/window/LazyWindow.h"
@@ -38,7 +43,9 @@ public:
         CoreDataStack& store;
         AudioDeviceManager& devices;
         KeyboardShortcuts& shortcuts;
-        /// Whether a model's files are there, without hashing them.
+        VocabularySettings& vocabulary;
+        PromptSettings& prompts;
+        LanguageModels& languageModels;
         /// Which of its files are there; reads none of them.
         std::function<ModelStatus(const TranscriptionModel&)> modelStatus;
         /// Throws Error.
@@ -78,6 +85,11 @@ Q_SIGNALS:
 
 private:
     [[nodiscard]] LazyWindow::Content settingsContent();
+    [[nodiscard]] std::unique_ptr<ModelListModel> makeModelList();
+    [[nodiscard]] std::unique_ptr<VocabularyModel> makeVocabularyModel();
+    [[nodiscard]] std::unique_ptr<ProvidersModel> makeProvidersModel();
+    /// Calls @p confirmed when the first of two buttons is chosen, which bears @p verb.
+    void confirm(const QString& title, const QString& question, const QString& verb, std::function<void()> confirmed);
     [[nodiscard]] LazyWindow::Content onboardingContent();
     [[nodiscard]] LazyWindow::Content historyContent();
     [[nodiscard]] std::unique_ptr<RecorderCocoa> makeRecorder(const KeyboardShortcuts::Name& name);

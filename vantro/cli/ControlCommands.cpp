@@ -35,7 +35,7 @@ void printStatus(const QByteArray& json, bool asJson)
         return;
     }
     const QJsonObject status = QJsonDocument::fromJson(json).object();
-    for (const char* key : {"state", "mode", "model", "shortcut", "shortcut_failure", "version"}) {
+    for (const char* key : {"state", "mode", "model", "microphone", "shortcut", "shortcut_failure", "version"}) {
         const QString name = QLatin1String(key);
         if (status.contains(name))
             terminal::writeLine(name + QLatin1Char('\t') + status.value(name).toString());

@@ -1,8 +1,9 @@
 #include "vantro/models/Fetch.h"
 
+#include "base/network/UsersAuthorities.h"
+
 #include <QFileInfo>
 #include <QRegularExpression>
-#include <QSslConfiguration>
 #include <QSslError>
 #include <QStorageInfo>
 
@@ -21,14 +22,6 @@ constexpr qint64 readAheadBytes = 4 * mebibyte;
 constexpr qint64 turnBytes = 8 * mebibyte;
 constexpr int mostRedirects = 10;
 constexpr int stallChecks = 4;
-
-/// Besides the system's certificates those of a company's own authority.
-void trustAlso(QNetworkRequest& request, const QString& certificateFile)
-{
-    QSslConfiguration configuration = QSslConfiguration::defaultConfiguration();
-    configuration.addCaCertificates(certificateFile);
-    request.setSslConfiguration(configuration);
-}
 
 } // namespace
 
@@ -74,10 +67,7 @@ QNetworkRequest Fetch::networkRequest() const
     request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::NoLessSafeRedirectPolicy);
     request.setMaximumRedirectsAllowed(mostRedirects);
     request.setAttribute(QNetworkRequest::Http2AllowedAttribute, false); // one long stream gains nothing from it
-    // Reading the system's certificates takes longer than many a request; left alone they are read when they are
-    // needed.
-    if (const QString file = qEnvironmentVariable("SSL_CERT_FILE"); !file.isEmpty())
-        trustAlso(request, file);
+    trustUsersAuthorities(request);
     if (const qint64 have = part_.bytes(); have > 0 && !request_.url.isLocalFile()) {
         request.setRawHeader("Range", QByteArray("bytes=") + QByteArray::number(have) + '-');
         if (const QString validator = part_.note()->validator(); !validator.isEmpty())

@@ -1,8 +1,8 @@
 #include "vantro/ai/services/HttpCall.h"
 
+#include "base/network/UsersAuthorities.h"
 #include "vantro/ai/services/HttpError.h"
 
-#include <QSslConfiguration>
 #include <QSslError>
 
 #include <algorithm>
@@ -24,22 +24,6 @@ bool isSameOrigin(const QUrl& one, const QUrl& other)
         return url.port(url.scheme() == QLatin1String("https") ? 443 : 80);
     };
     return one.scheme() == other.scheme() && one.host() == other.host() && port(one) == port(other);
-}
-
-/// The default trust and what SSL_CERT_FILE names; nothing where it names nothing, so that Qt reads the system's
-/// certificates only when they are needed. Read once for each file: a bundle takes longer than many a request.
-std::optional<QSslConfiguration> configurationOfUsersAuthorities()
-{
-    const QString file = qEnvironmentVariable("SSL_CERT_FILE");
-    if (file.isEmpty())
-        return std::nullopt;
-    thread_local QString knownFile;
-    thread_local QSslConfiguration known;
-    if (std::exchange(knownFile, file) != file) {
-        known = QSslConfiguration::defaultConfiguration();
-        known.addCaCertificates(file);
-    }
-    return known;
 }
 
 /// A body that can be read once. Qt would send a request up to four times when the server closes the connection without
@@ -110,10 +94,8 @@ QNetworkRequest HttpCall::networkRequest(const QUrl& url)
     request.setAttribute(QNetworkRequest::CookieLoadControlAttribute, QNetworkRequest::Manual);
     request.setAttribute(QNetworkRequest::CookieSaveControlAttribute, QNetworkRequest::Manual);
     request.setAttribute(QNetworkRequest::Http2AllowedAttribute, false); // one request at a time gains nothing from it
-    if (url.scheme().endsWith(QLatin1String("https"))) {
-        if (const auto configuration = configurationOfUsersAuthorities())
-            request.setSslConfiguration(*configuration);
-    }
+    if (url.scheme().endsWith(QLatin1String("https")))
+        trustUsersAuthorities(request);
     return request;
 }
 

@@ -12,6 +12,9 @@ Rectangle {
     required property MicrophoneSettings microphone
     required property RecorderCocoa openRecorder
     required property RecorderCocoa stopRecorder
+    required property ModesModel modes
+    required property ProvidersModel providers
+    required property VocabularyModel vocabulary
     required property AboutModel about
     property string page: "general"
     signal closeRequested
@@ -36,6 +39,9 @@ Rectangle {
                     { key: "shortcut", name: qsTr("Shortcut") },
                     { key: "microphone", name: qsTr("Microphone") },
                     { key: "models", name: qsTr("Models") },
+                    { key: "modes", name: qsTr("Modes") },
+                    { key: "providers", name: qsTr("Providers") },
+                    { key: "vocabulary", name: qsTr("Vocabulary") },
                     { key: "about", name: qsTr("About") }
                 ]
                 VNavItem {
@@ -59,6 +65,9 @@ Rectangle {
         sourceComponent: window.page === "models" ? modelsPage
                        : window.page === "shortcut" ? keysPage
                        : window.page === "microphone" ? microphonePage
+                       : window.page === "modes" ? modesPage
+                       : window.page === "providers" ? providersPage
+                       : window.page === "vocabulary" ? vocabularyPage
                        : window.page === "about" ? aboutPage : generalPage
     }
     Component {
@@ -80,6 +89,18 @@ Rectangle {
     Component {
         id: modelsPage
         ModelsPage { models: window.models }
+    }
+    Component {
+        id: modesPage
+        ModesPage { settings: window.modes }
+    }
+    Component {
+        id: providersPage
+        ProvidersPage { settings: window.providers }
+    }
+    Component {
+        id: vocabularyPage
+        VocabularyPage { settings: window.vocabulary }
     }
     Component {
         id: aboutPage

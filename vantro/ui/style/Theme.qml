@@ -53,5 +53,6 @@ QtObject {
 
     readonly property int stateMs: reducedMotion ? 0 : 120
     readonly property int keyTrialMs: 400
+    readonly property int typingPauseMs: 400
     readonly property int hudMs: reducedMotion ? 0 : 320
 }

@@ -19,6 +19,7 @@ Item {
         Text {
             width: parent.width
             text: row.title
+            textFormat: Text.PlainText
             color: Theme.text
             font.pixelSize: Theme.sizeBody
             wrapMode: Text.Wrap
@@ -27,6 +28,7 @@ Item {
             width: parent.width
             visible: text !== ""
             text: row.hint
+            textFormat: Text.PlainText
             color: Theme.textSecondary
             font.pixelSize: Theme.sizeSecondary
             wrapMode: Text.Wrap

@@ -1,0 +1,220 @@
+// What the pages of the settings do with the user's lists, and what they say when it cannot be done.
+#include "platform/testing/FakeSecretStore.h"
+#include "vantro/ai/providers/KeychainService.h"
+#include "vantro/ui/settings/ModesModel.h"
+#include "vantro/ui/settings/ProvidersModel.h"
+#include "vantro/ui/settings/VocabularyModel.h"
+
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+using namespace vantro;
+
+namespace {
+
+constexpr int nameField = 0;
+constexpr int modelField = 1;
+constexpr int addressField = 2;
+constexpr int temperatureField = 5;
+
+class SettingsPages : public testing::Test
+{
+protected:
+    ProvidersModel::Parts providerParts()
+    {
+        return {manager, [this] { return keychain.accounts(); },
+                [this](const ProviderConfiguration& provider, const std::optional<QString>& key) {
+                    return verify(provider, key);
+                },
+                [this](const QString& question, const std::function<void()>& confirmed) {
+                    questions << question;
+                    if (answersYes)
+                        confirmed();
+                }};
+    }
+
+    QCoro::Task<> verify(ProviderConfiguration provider, std::optional<QString> key)
+    {
+        asked << provider.name + QLatin1Char(':') + key.value_or(QStringLiteral("stored"));
+        if (!refusal.isEmpty())
+            throw Error(refusal);
+        co_return;
+    }
+
+    QTemporaryDir folder;
+    UserDefaults defaults{folder.filePath(QStringLiteral("vantro.ini"))};
+    doubles::FakeSecretStore secrets;
+    KeychainService keychain{secrets};
+    ProviderConfigurationManager manager{defaults, keychain};
+    PromptSettings prompts{defaults};
+    VocabularySettings vocabulary{defaults};
+    QStringList questions;
+    QStringList asked;
+    QString refusal;
+    bool answersYes = true;
+};
+
+QString text(const QVariantList& list, int row, const char* member)
+{
+    return list.at(row).toMap().value(QLatin1String(member)).toString();
+}
+
+} // namespace
+
+TEST_F(SettingsPages, AFullListTakesNoMoreAndARemovedWordComesBackToItsPlace)
+{
+    QStringList notices;
+    VocabularyModel page({vocabulary, [&notices](const LimitNotice& notice) { notices << notice.title; },
+                          [](const std::function<void()>& confirmed) {
+                              confirmed();
+                          }});
+    for (int number = 0; number < VocabularySettings::maxVocabularyWords; ++number)
+        EXPECT_TRUE(page.addWord(QStringLiteral("word%1").arg(number)));
+    EXPECT_EQ(page.wordsLimit(), QStringLiteral("Maximum limit reached (50 words)"));
+    EXPECT_FALSE(page.addWord(QStringLiteral("one more")));
+    EXPECT_EQ(notices, QStringList{QStringLiteral("Vocabulary Limit Reached")});
+
+    page.removeWord(7);
+    EXPECT_EQ(page.removed(), QStringLiteral("word7"));
+    EXPECT_TRUE(page.wordsLimit().isEmpty());
+    page.undo();
+    EXPECT_EQ(page.words().at(7), QStringLiteral("word7"));
+    EXPECT_TRUE(page.removed().isEmpty());
+    page.undo();
+    EXPECT_EQ(page.words().size(), VocabularySettings::maxVocabularyWords);
+
+    page.removeWord(0);
+    page.reset();
+    page.undo();
+    EXPECT_TRUE(page.words().isEmpty()) << "what was there before a reset does not come back piece by piece";
+}
+
+TEST_F(SettingsPages, AReplacementKeepsItsIdentityAndNeverLooksForNothing)
+{
+    VocabularyModel page({vocabulary, [](const LimitNotice&) {}, [](const std::function<void()>&) {}});
+    page.addReplacement(QStringLiteral("um"), QString());
+    page.addReplacement(QStringLiteral("cat"), QStringLiteral("dog"));
+    const QUuid id = vocabulary.textReplacements().front().id;
+    page.updateReplacement(0, QStringLiteral("uhm"), QStringLiteral(" "));
+    page.updateReplacement(1, QStringLiteral("  "), QStringLiteral("bird"));
+    page.updateReplacement(2, QStringLiteral("x"), QStringLiteral("y"));
+    EXPECT_EQ(vocabulary.textReplacements().front(), (TextReplacement{id, QStringLiteral("uhm"), QStringLiteral(" ")}));
+    EXPECT_EQ(text(page.replacements(), 1, "find"), QStringLiteral("cat"));
+    page.removeReplacement(0);
+    page.undo();
+    EXPECT_EQ(vocabulary.textReplacements().front().id, id);
+}
+
+TEST_F(SettingsPages, AModesProviderFollowsTheListOfProviders)
+{
+    ModesModel page({defaults, prompts, manager, [](ProcessingMode) {
+                         return false;
+                     }});
+    page.setShown(static_cast<int>(ProcessingMode::Grammar));
+    EXPECT_EQ(page.provider(), 0);
+    page.setProvider(2);
+    EXPECT_EQ(prompts.configuration(ProcessingMode::Grammar).providerConfigId, manager.configurations()[1].id);
+    EXPECT_EQ(prompts.configuration(ProcessingMode::Email).providerConfigId, std::nullopt);
+    EXPECT_FALSE(page.lacking().isEmpty());
+
+    const QString builtIn = page.prompt();
+    page.setPrompt(QStringLiteral("Shout."));
+    page.useBuiltInPrompt();
+    EXPECT_EQ(page.prompt(), builtIn);
+
+    manager.remove(manager.configurations()[0].id);
+    EXPECT_EQ(page.provider(), 1);
+    manager.remove(manager.configurations()[0].id);
+    EXPECT_EQ(page.provider(), -1) << "that its provider was removed is to be seen";
+    page.setProvider(0);
+    EXPECT_EQ(prompts.configuration(ProcessingMode::Grammar), ModeConfiguration());
+
+    page.setDefaultMode(static_cast<int>(ProcessingMode::Notes));
+    EXPECT_EQ(defaults.string(QStringLiteral("defaultProcessingMode")), QStringLiteral("Notes"));
+    page.setDefaultMode(5);
+    EXPECT_EQ(page.defaultMode(), static_cast<int>(ProcessingMode::Notes));
+}
+
+TEST_F(SettingsPages, AProviderIsStoredOnlyWhenItsFormIsRight)
+{
+    ProvidersModel page(providerParts());
+    page.add();
+    page.setType(static_cast<int>(RemoteProviderType::Custom));
+    EXPECT_EQ(page.fieldProblems().join(QString()), QString()) << "nobody has typed anything yet";
+    page.setField(temperatureField, QStringLiteral("warm"));
+    EXPECT_EQ(page.fieldProblems().at(temperatureField), QStringLiteral("must be a number"));
+    page.save(QString());
+    EXPECT_TRUE(page.isEditing());
+    EXPECT_EQ(page.fieldProblems().at(addressField), QStringLiteral("URL is required for custom provider"));
+    EXPECT_EQ(manager.configurations().size(), 3U);
+
+    page.setField(nameField, QStringLiteral("Mine"));
+    page.setField(modelField, QStringLiteral("small"));
+    page.setField(addressField, QStringLiteral("http://localhost:8080/v1"));
+    page.setField(temperatureField, QString());
+    page.save(QStringLiteral(" secret \n"));
+    EXPECT_FALSE(page.isEditing());
+    ASSERT_EQ(manager.configurations().size(), 4U);
+    const ProviderConfiguration& mine = manager.configurations().back();
+    EXPECT_EQ(mine.customBaseURL, QStringLiteral("http://localhost:8080/v1"));
+    EXPECT_EQ(secrets.secrets.at(mine.keychainAccount()), QByteArray("secret"));
+    EXPECT_EQ(text(page.providers(), 3, "key"), QString::fromUtf8("••••••••••••"));
+    EXPECT_EQ(text(page.providers(), 0, "key"), QStringLiteral("No API key configured"));
+}
+
+TEST_F(SettingsPages, AKeyThatCannotBeStoredLosesNothingElse)
+{
+    ProvidersModel page(providerParts());
+    page.edit(0);
+    page.setField(nameField, QStringLiteral("Renamed"));
+    secrets.fault = SecretStoreError(SecretStoreError::Kind::unavailable, QStringLiteral("The keyring is locked."));
+    page.save(QStringLiteral("secret"));
+    EXPECT_TRUE(page.isEditing());
+    EXPECT_TRUE(page.reportIsProblem());
+    EXPECT_TRUE(page.report().contains(QStringLiteral("The keyring is locked."))) << page.report().toStdString();
+    EXPECT_EQ(manager.configurations().front().name, QStringLiteral("Renamed"));
+    EXPECT_FALSE(page.isBusy());
+    EXPECT_FALSE(page.problem().isEmpty()) << "the list says that it cannot look for keys";
+
+    secrets.fault.reset();
+    page.save(QStringLiteral("secret"));
+    EXPECT_FALSE(page.isEditing());
+    EXPECT_TRUE(page.problem().isEmpty());
+}
+
+TEST_F(SettingsPages, ATrialTellsWhatTheProviderAnsweredAndStoresNothing)
+{
+    ProvidersModel page(providerParts());
+    page.edit(1);
+    page.setField(nameField, QStringLiteral("Other"));
+    page.tryOut(QStringLiteral("typed"));
+    EXPECT_EQ(page.report(), QStringLiteral("Other accepts the key"));
+    refusal = QStringLiteral("wrong key");
+    page.tryOut(QString());
+    EXPECT_EQ(page.report(), refusal);
+    EXPECT_TRUE(page.reportIsProblem());
+    EXPECT_EQ(asked, (QStringList{QStringLiteral("Other:typed"), QStringLiteral("Other:stored")}));
+    EXPECT_EQ(manager.configurations()[1].name, QStringLiteral("Anthropic"));
+    EXPECT_TRUE(secrets.secrets.empty());
+}
+
+TEST_F(SettingsPages, AProviderGoesWithItsKeyWhenTheUserIsSure)
+{
+    ProvidersModel page(providerParts());
+    page.edit(0);
+    page.save(QStringLiteral("secret"));
+    answersYes = false;
+    page.remove(0);
+    EXPECT_EQ(questions.back(),
+              QStringLiteral("Are you sure you want to delete 'OpenAI'? This action cannot be undone."));
+    EXPECT_EQ(manager.configurations().size(), 3U);
+    answersYes = true;
+    page.edit(0);
+    page.remove(0);
+    EXPECT_FALSE(page.isEditing()) << "the form of a provider that is no more";
+    EXPECT_EQ(manager.configurations().size(), 2U);
+    EXPECT_TRUE(secrets.secrets.empty());
+    page.setEnabled(0, false);
+    EXPECT_FALSE(manager.configurations().front().isEnabled);
+}

@@ -1,0 +1,150 @@
+#include "vantro/ui/settings/ModesModel.h"
+
+#include "vantro/ai/BuiltInPrompts.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace vantro {
+
+namespace {
+
+const QString defaultModeKey = QStringLiteral("defaultProcessingMode");
+
+std::optional<ProcessingMode> modeAt(int index)
+{
+    if (index < 0 || index >= static_cast<int>(allProcessingModes.size()))
+        return std::nullopt;
+    return allProcessingModes.at(static_cast<std::size_t>(index));
+}
+
+} // namespace
+
+ModesModel::ModesModel(Parts parts) : parts_(std::move(parts))
+{
+    connect(&parts_.prompts, &PromptSettings::changed, this, &ModesModel::changed);
+    connect(&parts_.prompts, &PromptSettings::selectedModeChanged, this, [this] {
+        Q_EMIT shownChanged();
+        Q_EMIT changed();
+    });
+    connect(&parts_.providers, &ProviderConfigurationManager::configurationsChanged, this, &ModesModel::changed);
+    connect(&parts_.defaults, &UserDefaults::changedElsewhere, this, [this](const QStringList& keys) {
+        if (keys.contains(defaultModeKey))
+            Q_EMIT changed();
+    });
+}
+
+QStringList ModesModel::modes() const
+{
+    QStringList names;
+    for (const ProcessingMode mode : allProcessingModes)
+        names << parts_.prompts.displayName(mode);
+    return names;
+}
+
+int ModesModel::defaultMode() const
+{
+    const auto stored = processingModeFromRawValue(parts_.defaults.string(defaultModeKey).value_or(QString()));
+    return static_cast<int>(stored.value_or(ProcessingMode::Normal));
+}
+
+void ModesModel::setDefaultMode(int index)
+{
+    if (const auto mode = modeAt(index); mode && index != defaultMode()) {
+        parts_.defaults.setString(defaultModeKey, rawValue(*mode));
+        Q_EMIT changed();
+    }
+}
+
+void ModesModel::setShown(int index)
+{
+    if (const auto mode = modeAt(index))
+        parts_.prompts.setSelectedMode(*mode);
+}
+
+QString ModesModel::purpose() const
+{
+    switch (mode()) {
+    case ProcessingMode::Normal:
+        return tr("The text stays as it was recognised, but for your replacements.");
+    case ProcessingMode::Email:
+        return tr("A language model makes an e-mail of it.");
+    case ProcessingMode::Grammar:
+        return tr("A language model corrects grammar, spelling and punctuation.");
+    case ProcessingMode::Custom:
+        return tr("You can customize the name and prompt to suit your needs.");
+    case ProcessingMode::Notes:
+        return tr("The text is kept with the notes of the day, which a language model sums up.");
+    }
+    return {};
+}
+
+bool ModesModel::hasBuiltInPrompt() const
+{
+    return builtInPrompt(mode()).has_value();
+}
+
+QString ModesModel::name() const
+{
+    const QString shown = parts_.prompts.displayName(mode());
+    return shown == rawValue(mode()) ? QString() : shown;
+}
+
+void ModesModel::setName(const QString& name)
+{
+    if (name.trimmed() != this->name())
+        parts_.prompts.setCustomModeName(mode(), name.trimmed());
+}
+
+void ModesModel::setPrompt(const QString& prompt)
+{
+    if (prompt != this->prompt())
+        parts_.prompts.setPrompt(mode(), prompt);
+}
+
+void ModesModel::useBuiltInPrompt()
+{
+    if (const auto prompt = builtInPrompt(mode()))
+        setPrompt(*prompt);
+}
+
+QStringList ModesModel::providers() const
+{
+    QStringList names{tr("Nobody")};
+    for (const ProviderConfiguration& provider : parts_.providers.configurations())
+        names << (provider.isEnabled ? provider.name : tr("%1 (switched off)").arg(provider.name));
+    return names;
+}
+
+int ModesModel::provider() const
+{
+    const ModeConfiguration configuration = parts_.prompts.configuration(mode());
+    if (configuration.useLocalAI || !configuration.providerConfigId)
+        return 0;
+    const auto& list = parts_.providers.configurations();
+    const auto found = std::ranges::find(list, *configuration.providerConfigId, &ProviderConfiguration::id);
+    return found != list.end() ? static_cast<int>(found - list.begin()) + 1 : -1;
+}
+
+void ModesModel::setProvider(int index)
+{
+    const auto& list = parts_.providers.configurations();
+    if (index < 0 || index > static_cast<int>(list.size()) || index == provider())
+        return;
+    ModeConfiguration configuration;
+    if (index > 0)
+        configuration.providerConfigId = list[static_cast<std::size_t>(index) - 1].id;
+    parts_.prompts.setConfiguration(mode(), configuration);
+}
+
+QString ModesModel::lacking() const
+{
+    if (parts_.isUsable(mode()))
+        return {};
+    if (mode() == ProcessingMode::Custom && prompt().isEmpty())
+        return tr("The launcher offers this mode when it has a prompt and a provider.");
+    return tr("The launcher offers this mode when a provider that is switched on serves it. Their keys are kept under "
+              "Settings, Providers.");
+}
+
+} // namespace vantro

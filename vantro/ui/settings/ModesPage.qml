@@ -1,0 +1,94 @@
+import QtQuick
+import Vantro.Style
+import Vantro.Settings
+
+VPage {
+    id: page
+
+    required property ModesModel settings
+
+    title: qsTr("Modes")
+    subtitle: qsTr("What becomes of a dictation. In the launcher the digit keys choose among the modes that can be used.")
+
+    VCard {
+        VSettingRow {
+            title: qsTr("Dictations begin in")
+            VChoice {
+                model: page.settings.modes
+                currentIndex: page.settings.defaultMode
+                Accessible.name: qsTr("Dictations begin in")
+                onActivated: index => page.settings.defaultMode = index
+            }
+        }
+    }
+    VCard {
+        VSettingRow {
+            title: qsTr("Mode")
+            hint: page.settings.purpose
+            VChoice {
+                model: page.settings.modes
+                currentIndex: page.settings.shown
+                Accessible.name: qsTr("Mode")
+                onActivated: index => {
+                    prompt.store()
+                    page.settings.shown = index
+                }
+            }
+        }
+        Text {
+            width: parent.width
+            visible: text !== ""
+            text: page.settings.lacking
+            color: Theme.warning
+            font.pixelSize: Theme.sizeSecondary
+            wrapMode: Text.Wrap
+        }
+        VSettingRow {
+            visible: page.settings.takesName
+            title: qsTr("Name")
+            VField {
+                width: Theme.fieldWidth
+                text: page.settings.name
+                placeholderText: qsTr("Custom")
+                Accessible.name: qsTr("Name of the mode")
+                onEditingFinished: page.settings.name = text
+            }
+        }
+        VSettingRow {
+            visible: page.settings.asksModel
+            title: qsTr("Rewritten by")
+            VChoice {
+                model: page.settings.providers
+                currentIndex: page.settings.provider
+                displayText: currentIndex < 0 ? qsTr("A provider that was removed") : currentText
+                Accessible.name: qsTr("Rewritten by")
+                onActivated: index => page.settings.provider = index
+            }
+        }
+        Column {
+            visible: page.settings.asksModel
+            width: parent.width
+            spacing: Theme.space8
+
+            Text {
+                text: qsTr("Prompt")
+                color: Theme.text
+                font.pixelSize: Theme.sizeBody
+            }
+            VTextArea {
+                id: prompt
+                width: parent.width
+                text: page.settings.prompt
+                placeholderText: qsTr("What the language model is to do with the text.")
+                Accessible.name: qsTr("Prompt")
+                onTyped: text => page.settings.prompt = text
+            }
+            VButton {
+                visible: page.settings.hasBuiltInPrompt
+                secondary: true
+                text: qsTr("Use the built-in prompt")
+                onClicked: page.settings.useBuiltInPrompt()
+            }
+        }
+    }
+}

@@ -1,0 +1,111 @@
+import QtQuick
+import Vantro.Style
+import Vantro.Settings
+
+// The form in which a provider is added or changed.
+VCard {
+    id: sheet
+
+    required property ProvidersModel settings
+    property bool showsParameters
+
+    heading: settings.heading
+
+    Keys.onEscapePressed: settings.closeForm()
+    // What is missing most. The choice of the type would open when the Space that opened the form is let go.
+    Component.onCompleted: key.forceActiveFocus()
+
+    component Note: Text {
+        width: parent ? parent.width : implicitWidth
+        visible: text !== ""
+        textFormat: Text.PlainText
+        color: Theme.textSecondary
+        font.pixelSize: Theme.sizeSecondary
+        wrapMode: Text.Wrap
+    }
+
+    VSettingRow {
+        title: qsTr("Type")
+        VChoice {
+            id: type
+            width: Theme.wideFieldWidth
+            model: sheet.settings.types
+            currentIndex: sheet.settings.type
+            Accessible.name: qsTr("Type")
+            onActivated: index => sheet.settings.type = index
+        }
+    }
+    Repeater {
+        model: sheet.settings.fields
+        VSettingRow {
+            id: field
+            required property int index
+            required property var modelData
+            readonly property string problem: sheet.settings.fieldProblems[index] ?? ""
+            visible: !modelData.isParameter || sheet.showsParameters || problem !== ""
+            title: modelData.label
+            hint: modelData.hint
+            Column {
+                spacing: Theme.space4
+                VField {
+                    width: Theme.wideFieldWidth
+                    text: field.modelData.text
+                    Accessible.name: field.title
+                    Accessible.description: field.problem
+                    onTextEdited: sheet.settings.setField(field.index, text)
+                    onAccepted: sheet.settings.save(key.text)
+                }
+                Note {
+                    width: Theme.wideFieldWidth
+                    text: field.problem
+                    color: Theme.error
+                }
+            }
+        }
+    }
+    VSettingRow {
+        title: qsTr("API key")
+        hint: sheet.settings.keyHint
+        VField {
+            id: key
+            width: Theme.wideFieldWidth
+            echoMode: TextInput.Password
+            placeholderText: sheet.settings.keyState
+            Accessible.name: qsTr("API key")
+            onAccepted: sheet.settings.save(text)
+        }
+    }
+    Note {
+        text: sheet.settings.report
+        color: sheet.settings.reportIsProblem ? Theme.error : Theme.textSecondary
+        Accessible.role: Accessible.AlertMessage
+        Accessible.name: text
+    }
+    Flow {
+        width: parent.width
+        spacing: Theme.space8
+
+        VButton {
+            enabled: !sheet.settings.isBusy
+            text: qsTr("Save")
+            onClicked: sheet.settings.save(key.text)
+        }
+        VButton {
+            secondary: true
+            enabled: !sheet.settings.isBusy
+            text: qsTr("Try it")
+            onClicked: sheet.settings.tryOut(key.text)
+        }
+        VButton {
+            secondary: true
+            text: qsTr("Cancel")
+            onClicked: sheet.settings.closeForm()
+        }
+        VButton {
+            secondary: true
+            visible: !sheet.showsParameters
+            text: qsTr("Request parameters")
+            onClicked: sheet.showsParameters = true
+        }
+    }
+}

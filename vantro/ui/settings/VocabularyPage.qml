@@ -1,0 +1,130 @@
+import QtQuick
+import Vantro.Style
+import Vantro.Settings
+
+VPage {
+    id: page
+
+    required property VocabularyModel settings
+
+    title: qsTr("Vocabulary")
+
+    function addWord() {
+        if (word.text.trim() !== "" && settings.addWord(word.text))
+            word.clear()
+    }
+
+    function addReplacement() {
+        if (replacement.isComplete && settings.addReplacement(replacement.find, replacement.replace))
+            replacement.clear()
+    }
+
+    component Note: Text {
+        width: parent ? parent.width : implicitWidth
+        visible: text !== ""
+        textFormat: Text.PlainText
+        color: Theme.textSecondary
+        font.pixelSize: Theme.sizeSecondary
+        wrapMode: Text.Wrap
+    }
+
+    VCard {
+        visible: page.settings.removed !== ""
+        VSettingRow {
+            title: qsTr("\"%1\" is removed.").arg(page.settings.removed)
+            VButton {
+                secondary: true
+                text: qsTr("Undo")
+                onClicked: page.settings.undo()
+            }
+        }
+    }
+    VCard {
+        heading: qsTr("Text replacements")
+        Note {
+            text: qsTr("Exact replacements will be applied to the transcription output using word boundaries.")
+                  + " " + qsTr("Leave the second field empty to delete a filler word such as \"um\".")
+        }
+        ReplacementFields {
+            id: replacement
+            width: parent.width
+            action: qsTr("Add")
+            onAccepted: page.addReplacement()
+        }
+        Note {
+            text: page.settings.replacementsLimit
+            color: Theme.warning
+        }
+        Note {
+            visible: page.settings.replacements.length === 0
+            text: qsTr("No text replacements configured yet.")
+        }
+        Repeater {
+            model: page.settings.replacements
+            ReplacementRow {
+                required property int index
+                required property var modelData
+                find: modelData.find
+                replace: modelData.replace
+                onChangeAccepted: (find, replace) => page.settings.updateReplacement(index, find, replace)
+                onRemovePressed: page.settings.removeReplacement(index)
+            }
+        }
+    }
+    VCard {
+        heading: qsTr("Words")
+        Note {
+            text: qsTr("These words are used alongside your audio to help the model recognize and accurately transcribe.")
+        }
+        Note {
+            text: qsTr("Use sparingly. Too many words can confuse the AI and may affect punctuation, language detection, and formatting.")
+            color: Theme.warning
+        }
+        Item {
+            width: parent.width
+            height: word.height
+            VField {
+                id: word
+                anchors { left: parent.left; right: addWordButton.left; rightMargin: Theme.space8 }
+                placeholderText: qsTr("Enter a word (e.g., vantro)")
+                Accessible.name: qsTr("Word")
+                onAccepted: page.addWord()
+            }
+            VButton {
+                id: addWordButton
+                anchors { right: parent.right; verticalCenter: parent.verticalCenter }
+                text: qsTr("Add")
+                Accessible.description: qsTr("Word")
+                onClicked: page.addWord()
+            }
+        }
+        Note {
+            text: page.settings.wordsLimit
+            color: Theme.warning
+        }
+        Note {
+            visible: page.settings.words.length === 0
+            text: qsTr("No custom vocabulary words added yet.")
+        }
+        Repeater {
+            model: page.settings.words
+            VSettingRow {
+                required property int index
+                required property string modelData
+                title: modelData
+                VButton {
+                    secondary: true
+                    text: qsTr("Remove")
+                    Accessible.description: modelData
+                    onClicked: page.settings.removeWord(index)
+                }
+            }
+        }
+    }
+    VButton {
+        visible: page.settings.words.length > 0 || page.settings.replacements.length > 0
+        secondary: true
+        text: qsTr("Reset All Vocabulary & Replacements")
+        onClicked: page.settings.reset()
+    }
+}
