@@ -15,7 +15,7 @@ namespace {
 
 constexpr std::size_t panelColumns = 12;
 constexpr std::size_t lanes = 16;
-constexpr std::size_t storedInputs = 1024; ///< a block of as many takes 64 KiB
+constexpr std::size_t storedInputs = 256; ///< a block of as many takes 16 KiB
 
 std::size_t panels(std::size_t count, std::size_t size)
 {
@@ -150,10 +150,21 @@ void packActivations(const float* source, std::size_t inputs, std::size_t column
     }
 }
 
-void store(__m512 sum, const float* bias, float* target, std::size_t output, std::size_t outputs)
+__mmask16 maskFor(std::size_t output, std::size_t outputs)
 {
     const std::size_t left = output < outputs ? outputs - output : 0;
-    const auto mask = static_cast<__mmask16>(left >= lanes ? 0xFFFF : (1U << left) - 1);
+    return static_cast<__mmask16>(left >= lanes ? 0xFFFF : (1U << left) - 1);
+}
+
+/// What a part of a product begins with: @p result may be null.
+__m512 begunSum(const float* result, std::size_t output, std::size_t outputs)
+{
+    return result != nullptr ? _mm512_maskz_loadu_ps(maskFor(output, outputs), result + output) : _mm512_setzero_ps();
+}
+
+void store(__m512 sum, const float* bias, float* target, std::size_t output, std::size_t outputs)
+{
+    const __mmask16 mask = maskFor(output, outputs);
     if (bias != nullptr)
         sum = _mm512_add_ps(sum, _mm512_maskz_loadu_ps(mask, bias + output));
     _mm512_mask_storeu_ps(target + output, mask, sum);
@@ -173,7 +184,7 @@ struct Product
     std::size_t outputs;
     const float* bias;
     float* result;
-    bool isContinued = false; ///< adds to what stands in the result
+    bool isContinued = false; ///< goes on with the sums that stand in the result
 };
 
 /// @p Columns columns of a panel times one panel of the matrix, or the first product.inputs of both.
@@ -182,8 +193,11 @@ void multiplyPanels(const Product& product, const std::uint16_t* matrix, std::si
                     const std::uint16_t* activations, std::size_t column)
 {
     __m512 sums[Columns][2];
-    for (auto& sum : sums)
-        sum[0] = sum[1] = _mm512_setzero_ps();
+    for (std::size_t c = 0; c < Columns; ++c) {
+        const float* begun = product.isContinued ? product.result + (column + c) * product.outputs : nullptr;
+        sums[c][0] = begunSum(begun, output, product.outputs);
+        sums[c][1] = begunSum(begun, output + lanes, product.outputs);
+    }
     for (std::size_t pair = 0; pair < product.inputs / 2; ++pair) {
         const auto first = (__m512bh)_mm512_loadu_si512(matrix + pair * 2 * panelOutputs);
         const auto second = (__m512bh)_mm512_loadu_si512(matrix + pair * 2 * panelOutputs + 2 * lanes);
@@ -198,9 +212,8 @@ void multiplyPanels(const Product& product, const std::uint16_t* matrix, std::si
     }
     for (std::size_t c = 0; c < Columns; ++c) {
         float* target = product.result + (column + c) * product.outputs;
-        const float* added = product.isContinued ? target : product.bias;
-        store(sums[c][0], added, target, output, product.outputs);
-        store(sums[c][1], added, target, output + lanes, product.outputs);
+        store(sums[c][0], product.bias, target, output, product.outputs);
+        store(sums[c][1], product.bias, target, output + lanes, product.outputs);
     }
 }
 
@@ -263,7 +276,7 @@ void multiplyStored(const void* matrix, std::size_t inputs, std::size_t outputs,
                 prefetch(rows.from(first + used), inputs - first - used);
             else if (p + 1 < end)
                 prefetch(panelRows(matrix, inputs, outputs, (p + 1) * panelOutputs), inputs);
-            multiplyColumns({used, outputs, first == 0 ? bias : nullptr, result, first > 0},
+            multiplyColumns({used, outputs, first + used == inputs ? bias : nullptr, result, first > 0},
                             reinterpret_cast<const std::uint16_t*>(block), p * panelOutputs, values, first);
         }
     }

@@ -22,7 +22,7 @@ constexpr std::size_t groups = blockInputs / 4;
 constexpr std::int32_t weightOffset = 128;
 constexpr std::size_t storedBlockBytes = sizeof(std::uint16_t) + blockInputs; ///< q8_0: float16 scale, 32 bytes
 constexpr std::size_t matrixBlockBytes = panelOutputs * storedBlockBytes;
-constexpr std::size_t storedBlocks = 32; ///< as many of a panel take 34 KiB
+constexpr std::size_t storedBlocks = 16; ///< as many of a panel take 17 KiB
 constexpr std::size_t scalesOffset = panelOutputs * blockInputs;
 
 struct ActivationBlock
@@ -175,10 +175,21 @@ void packActivations(const float* source, std::size_t inputs, std::size_t column
     }
 }
 
-void store(__m512 sum, const float* bias, float* target, std::size_t output, std::size_t outputs)
+__mmask16 maskFor(std::size_t output, std::size_t outputs)
 {
     const std::size_t left = output < outputs ? outputs - output : 0;
-    const auto mask = static_cast<__mmask16>(left >= lanes ? 0xFFFF : (1U << left) - 1);
+    return static_cast<__mmask16>(left >= lanes ? 0xFFFF : (1U << left) - 1);
+}
+
+/// What a part of a product begins with: @p result may be null.
+__m512 begunSum(const float* result, std::size_t output, std::size_t outputs)
+{
+    return result != nullptr ? _mm512_maskz_loadu_ps(maskFor(output, outputs), result + output) : _mm512_setzero_ps();
+}
+
+void store(__m512 sum, const float* bias, float* target, std::size_t output, std::size_t outputs)
+{
+    const __mmask16 mask = maskFor(output, outputs);
     if (bias != nullptr)
         sum = _mm512_add_ps(sum, _mm512_maskz_loadu_ps(mask, bias + output));
     _mm512_mask_storeu_ps(target + output, mask, sum);
@@ -190,7 +201,7 @@ struct Product
     std::size_t outputs;
     const float* bias;
     float* result;
-    bool isContinued = false; ///< adds to what stands in the result
+    bool isContinued = false; ///< goes on with the sums that stand in the result
 };
 
 /// Adds one block's products to @p sums.
@@ -231,15 +242,17 @@ void multiplyPanels(const Product& product, const unsigned char* matrix, std::si
                     const ActivationBlock* activations, std::size_t column)
 {
     __m512 sums[Columns][2];
-    for (auto& sum : sums)
-        sum[0] = sum[1] = _mm512_setzero_ps();
+    for (std::size_t c = 0; c < Columns; ++c) {
+        const float* begun = product.isContinued ? product.result + (column + c) * product.outputs : nullptr;
+        sums[c][0] = begunSum(begun, output, product.outputs);
+        sums[c][1] = begunSum(begun, output + lanes, product.outputs);
+    }
     for (std::size_t block = 0; block < product.blocks; ++block)
         addBlock<Columns>(matrix + block * matrixBlockBytes, activations[block], sums);
     for (std::size_t c = 0; c < Columns; ++c) {
         float* target = product.result + (column + c) * product.outputs;
-        const float* added = product.isContinued ? target : product.bias;
-        store(sums[c][0], added, target, output, product.outputs);
-        store(sums[c][1], added, target, output + lanes, product.outputs);
+        store(sums[c][0], product.bias, target, output, product.outputs);
+        store(sums[c][1], product.bias, target, output + lanes, product.outputs);
     }
 }
 
@@ -310,8 +323,8 @@ void multiplyStored(const void* matrix, std::size_t inputs, std::size_t outputs,
                 prefetch(rows.from(first + used), blocks - first - used);
             else if (p + 1 < end)
                 prefetch(panelRows(matrix, blocks, outputs, (p + 1) * panelOutputs), blocks);
-            multiplyColumns({used, outputs, first == 0 ? bias : nullptr, result, first > 0}, packed, p * panelOutputs,
-                            values, first);
+            multiplyColumns({used, outputs, first + used == blocks ? bias : nullptr, result, first > 0}, packed,
+                            p * panelOutputs, values, first);
         }
     }
 }

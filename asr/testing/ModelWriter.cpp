@@ -37,14 +37,30 @@ private:
     std::ofstream file_;
 };
 
+/// The header's word for "most tensors have this type"; ggml counts quantised types in generations of 1000.
+std::int32_t fileTypeOf(ggml_type type)
+{
+    switch (type) {
+    case GGML_TYPE_F32:
+        return GGML_FTYPE_ALL_F32;
+    case GGML_TYPE_F16:
+        return GGML_FTYPE_MOSTLY_F16;
+    case GGML_TYPE_Q4_0:
+        return 1000 * GGML_QNT_VERSION + GGML_FTYPE_MOSTLY_Q4_0;
+    case GGML_TYPE_Q5_0:
+        return 1000 * GGML_QNT_VERSION + GGML_FTYPE_MOSTLY_Q5_0;
+    default:
+        return 1000 * GGML_QNT_VERSION + GGML_FTYPE_MOSTLY_Q8_0;
+    }
+}
+
 void writeHeader(Writer& writer, const Hyperparameters& p, ggml_type type)
 {
-    const int fileType = type == GGML_TYPE_F32 ? 0 : type == GGML_TYPE_F16 ? 1 : 2007;
     writer.integer(containerMagic);
     for (const std::int32_t value :
-         {p.vocabularySize, p.audioContext, p.stateSize, p.headCount, p.layerCount, p.melBands, fileType, p.fftSize,
-          p.subsamplingFactor, p.subsamplingChannels, p.convolutionKernel, p.predictionSize, p.predictionLayers,
-          p.durationCount, p.maxSymbolsPerStep})
+         {p.vocabularySize, p.audioContext, p.stateSize, p.headCount, p.layerCount, p.melBands, fileTypeOf(type),
+          p.fftSize, p.subsamplingFactor, p.subsamplingChannels, p.convolutionKernel, p.predictionSize,
+          p.predictionLayers, p.durationCount, p.maxSymbolsPerStep})
         writer.integer(value);
 }
 
