@@ -8,7 +8,7 @@ using kernels::MatrixFormat;
 
 // ggml hands one pointer to a custom operation: the address of the format is what it needs to know.
 constexpr std::array formats = {MatrixFormat::none, MatrixFormat::bfloat16, MatrixFormat::float16, MatrixFormat::int8,
-                                MatrixFormat::q8};
+                                MatrixFormat::q8,   MatrixFormat::q5,       MatrixFormat::q4};
 
 void* userData(MatrixFormat format)
 {

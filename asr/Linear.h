@@ -23,7 +23,7 @@ public:
 private:
     ggml_context* context_;
     ggml_tensor* values_;
-    std::array<ggml_tensor*, 5> packed_{};
+    std::array<ggml_tensor*, 7> packed_{};
 };
 
 /// y = W x + b. A tensor of [inputs, columns] becomes [outputs, columns].

@@ -26,9 +26,15 @@ MatrixFormat formatFor(const ModelFile::Tensor& entry, Weights::Place place)
 {
     constexpr std::int64_t inputsMultiple = 32;
     const bool inFile = place == Weights::Place::file;
-    const MatrixFormat format = entry.type == GGML_TYPE_F16 ? (inFile ? MatrixFormat::float16 : MatrixFormat::bfloat16)
-                                : entry.type == GGML_TYPE_Q8_0 ? (inFile ? MatrixFormat::q8 : MatrixFormat::int8)
-                                                               : MatrixFormat::none;
+    MatrixFormat format = MatrixFormat::none;
+    if (entry.type == GGML_TYPE_F16)
+        format = inFile ? MatrixFormat::float16 : MatrixFormat::bfloat16;
+    else if (entry.type == GGML_TYPE_Q8_0)
+        format = inFile ? MatrixFormat::q8 : MatrixFormat::int8;
+    else if (entry.type == GGML_TYPE_Q5_0 && inFile)
+        format = MatrixFormat::q5;
+    else if (entry.type == GGML_TYPE_Q4_0 && inFile)
+        format = MatrixFormat::q4;
     return entry.shape[0] % inputsMultiple == 0 && kernels::matrixKernels(format) != nullptr ? format
                                                                                              : MatrixFormat::none;
 }

@@ -1,11 +1,6 @@
-// Compiled for AVX-512 with VNNI: like KernelsVariant.cpp it shares no inline function with other files.
-//
-// Layout of a matrix: panels of 32 outputs; in a panel, for each block of 32 inputs, 8 groups of 4 inputs of each
-// output, then the outputs' scales. vpdpbusd takes unsigned bytes from one side: weights are stored plus 128, and what
-// that adds is taken off again through the sum of the activations. Activations: panels of 6 columns, arranged alike,
-// with each column's scale and correction behind its block.
+// Compiled for AVX-512 with VNNI: like KernelsVariant.cpp it shares no inline function with files that are not.
+#include "asr/kernels/Int8Panels.h"
 #include "asr/kernels/Levels.h"
-#include "asr/kernels/Matrix.h"
 
 #include <immintrin.h>
 
@@ -13,29 +8,13 @@
 
 namespace vantro::asr::kernels {
 
+using namespace int8;
+
 namespace {
 
-constexpr std::size_t panelColumns = 6;
 constexpr std::size_t lanes = 16;
-constexpr std::size_t blockInputs = 32;
-constexpr std::size_t groups = blockInputs / 4;
 constexpr std::int32_t weightOffset = 128;
-constexpr std::size_t storedBlockBytes = sizeof(std::uint16_t) + blockInputs; ///< q8_0: float16 scale, 32 bytes
-constexpr std::size_t matrixBlockBytes = panelOutputs * storedBlockBytes;
-constexpr std::size_t storedBlocks = 16; ///< as many of a panel take 17 KiB
 constexpr std::size_t scalesOffset = panelOutputs * blockInputs;
-
-struct ActivationBlock
-{
-    std::int8_t values[groups][panelColumns][4];
-    float scales[panelColumns];
-    std::int32_t corrections[panelColumns];
-};
-
-std::size_t panels(std::size_t count, std::size_t size)
-{
-    return (count + size - 1) / size;
-}
 
 std::size_t matrixBytes(std::size_t inputs, std::size_t outputs)
 {
@@ -51,26 +30,6 @@ void packBlock(const unsigned char* stored, unsigned char* packed, std::size_t p
         shifted[i] = static_cast<unsigned char>(stored[sizeof(std::uint16_t) + i] + weightOffset);
     for (std::size_t group = 0; group < groups; ++group)
         std::memcpy(packed + (group * panelOutputs + place) * 4, shifted + 4 * group, 4);
-}
-
-/// Rows of blocks in a file, which aligns them to nothing.
-struct Rows
-{
-    const unsigned char* first = nullptr;
-    std::size_t rowBytes = 0;
-    std::size_t count = 0;
-
-    [[nodiscard]] const unsigned char* at(std::size_t row) const { return first + row * rowBytes; }
-    [[nodiscard]] Rows from(std::size_t block) const { return {first + block * storedBlockBytes, rowBytes, count}; }
-};
-
-/// The rows of the panel that begins with @p output.
-Rows panelRows(const void* matrix, std::size_t blocks, std::size_t outputs, std::size_t output)
-{
-    const std::size_t rowBytes = blocks * storedBlockBytes;
-    const std::size_t left = outputs - output;
-    return {static_cast<const unsigned char*>(matrix) + output * rowBytes, rowBytes,
-            left < panelOutputs ? left : panelOutputs};
 }
 
 __m128i fourGroups(const unsigned char* stored)
@@ -112,8 +71,18 @@ void packWholeBlock(const Rows& rows, unsigned char* packed)
         std::memcpy(packed + scalesOffset + output * sizeof(std::uint16_t), rows.at(output), sizeof(std::uint16_t));
 }
 
-/// The first @p blocks of up to 32 rows.
-void packPanel(const Rows& rows, std::size_t blocks, unsigned char* panel)
+} // namespace
+
+Rows int8::panelRows(const void* matrix, std::size_t blocks, std::size_t outputs, std::size_t output,
+                     std::size_t blockBytes)
+{
+    const std::size_t rowBytes = blocks * blockBytes;
+    const std::size_t left = outputs - output;
+    return {static_cast<const unsigned char*>(matrix) + output * rowBytes, rowBytes,
+            left < panelOutputs ? left : panelOutputs, blockBytes};
+}
+
+void int8::packPanel(const Rows& rows, std::size_t blocks, unsigned char* panel)
 {
     if (rows.count < panelOutputs)
         std::memset(panel, 0, blocks * matrixBlockBytes);
@@ -128,6 +97,8 @@ void packPanel(const Rows& rows, std::size_t blocks, unsigned char* panel)
     }
 }
 
+namespace {
+
 void packMatrix(const void* source, std::size_t inputs, std::size_t outputs, void* target)
 {
     const std::size_t blocks = inputs / blockInputs;
@@ -136,10 +107,14 @@ void packMatrix(const void* source, std::size_t inputs, std::size_t outputs, voi
                   static_cast<unsigned char*>(target) + output * blocks * storedBlockBytes);
 }
 
-std::size_t activationBytes(std::size_t inputs, std::size_t columns)
+} // namespace
+
+std::size_t int8::activationBytes(std::size_t inputs, std::size_t columns)
 {
     return panels(columns, panelColumns) * inputs / blockInputs * sizeof(ActivationBlock);
 }
+
+namespace {
 
 /// 32 values as bytes with one scale, rounded to the nearest.
 void quantise(const float* values, ActivationBlock& block, std::size_t column)
@@ -160,7 +135,9 @@ void quantise(const float* values, ActivationBlock& block, std::size_t column)
     block.corrections[column] = -weightOffset * _mm512_reduce_add_epi32(_mm512_add_epi32(lowInt, highInt));
 }
 
-void packActivations(const float* source, std::size_t inputs, std::size_t columns, void* target, Share share)
+} // namespace
+
+void int8::packActivations(const float* source, std::size_t inputs, std::size_t columns, void* target, Share share)
 {
     const std::size_t count = panels(columns, panelColumns);
     const std::size_t blocks = inputs / blockInputs;
@@ -174,6 +151,8 @@ void packActivations(const float* source, std::size_t inputs, std::size_t column
         }
     }
 }
+
+namespace {
 
 __mmask16 maskFor(std::size_t output, std::size_t outputs)
 {
@@ -194,15 +173,6 @@ void store(__m512 sum, const float* bias, float* target, std::size_t output, std
         sum = _mm512_add_ps(sum, _mm512_maskz_loadu_ps(mask, bias + output));
     _mm512_mask_storeu_ps(target + output, mask, sum);
 }
-
-struct Product
-{
-    std::size_t blocks;
-    std::size_t outputs;
-    const float* bias;
-    float* result;
-    bool isContinued = false; ///< goes on with the sums that stand in the result
-};
 
 /// Adds one block's products to @p sums.
 template <std::size_t Columns>
@@ -261,17 +231,10 @@ using PanelFunction = void (*)(const Product&, const unsigned char*, std::size_t
 constexpr PanelFunction panelFunctions[panelColumns] = {multiplyPanels<1>, multiplyPanels<2>, multiplyPanels<3>,
                                                         multiplyPanels<4>, multiplyPanels<5>, multiplyPanels<6>};
 
-/// Columns as packActivations() leaves them.
-struct Activations
-{
-    const ActivationBlock* values;
-    std::size_t blocks;
-    std::size_t columns;
-};
+} // namespace
 
-/// All columns times a panel of the matrix, whose blocks are those from @p skipped on.
-void multiplyColumns(const Product& product, const unsigned char* weights, std::size_t output,
-                     const Activations& activations, std::size_t skipped)
+void int8::multiplyColumns(const Product& product, const unsigned char* weights, std::size_t output,
+                           const Activations& activations, std::size_t skipped)
 {
     for (std::size_t column = 0; column < activations.columns; column += panelColumns) {
         const std::size_t left = activations.columns - column;
@@ -280,6 +243,8 @@ void multiplyColumns(const Product& product, const unsigned char* weights, std::
             column);
     }
 }
+
+namespace {
 
 void multiply(const void* matrix, std::size_t inputs, std::size_t outputs, const void* activations, std::size_t columns,
               const float* bias, float* result, Share share)
@@ -292,55 +257,7 @@ void multiply(const void* matrix, std::size_t inputs, std::size_t outputs, const
                         0);
 }
 
-/// The next blocks come out of memory while these are multiplied.
-void prefetch(const Rows& rows, std::size_t blocks)
-{
-    constexpr std::size_t line = 64;
-    if (blocks > storedBlocks)
-        blocks = storedBlocks;
-    for (std::size_t i = 0; i < rows.count; ++i) {
-        for (std::size_t byte = 0; byte < blocks * storedBlockBytes; byte += line)
-            _mm_prefetch(rows.at(i) + byte, _MM_HINT_T1);
-    }
-}
-
-/// The matrix as it stands in the file: some blocks of a panel are rearranged into the processor's cache and used for
-/// all columns there.
-void multiplyStored(const void* matrix, std::size_t inputs, std::size_t outputs, const void* activations,
-                    std::size_t columns, const float* bias, float* result, Share share)
-{
-    alignas(64) unsigned char packed[storedBlocks * matrixBlockBytes];
-    const std::size_t blocks = inputs / blockInputs;
-    const Activations values{static_cast<const ActivationBlock*>(activations), blocks, columns};
-    const std::size_t count = panels(outputs, panelOutputs);
-    const std::size_t end = count * (share.thread + 1) / share.threads;
-    for (std::size_t p = count * share.thread / share.threads; p < end; ++p) {
-        const Rows rows = panelRows(matrix, blocks, outputs, p * panelOutputs);
-        for (std::size_t first = 0; first < blocks; first += storedBlocks) {
-            const std::size_t used = blocks - first < storedBlocks ? blocks - first : storedBlocks;
-            packPanel(rows.from(first), used, packed);
-            if (first + used < blocks)
-                prefetch(rows.from(first + used), blocks - first - used);
-            else if (p + 1 < end)
-                prefetch(panelRows(matrix, blocks, outputs, (p + 1) * panelOutputs), blocks);
-            multiplyColumns({used, outputs, first + used == blocks ? bias : nullptr, result, first > 0}, packed,
-                            p * panelOutputs, values, first);
-        }
-    }
-}
-
-std::size_t storedBytes(std::size_t inputs, std::size_t outputs)
-{
-    return inputs / blockInputs * outputs * storedBlockBytes;
-}
-
 } // namespace
-
-const MatrixKernels& storedInt8Matrices()
-{
-    static const MatrixKernels kernels{storedBytes, nullptr, activationBytes, packActivations, multiplyStored};
-    return kernels;
-}
 
 const MatrixKernels& int8Matrices()
 {

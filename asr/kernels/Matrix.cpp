@@ -28,6 +28,10 @@ const MatrixKernels* matrixKernels(MatrixFormat format)
         return &int8Matrices();
     if (format == MatrixFormat::q8 && matrixKernels(MatrixFormat::int8) != nullptr)
         return &storedInt8Matrices();
+    if (format == MatrixFormat::q5 && matrixKernels(MatrixFormat::int8) != nullptr)
+        return &storedInt5Matrices();
+    if (format == MatrixFormat::q4 && matrixKernels(MatrixFormat::int8) != nullptr)
+        return &storedInt4Matrices();
 #endif
     static_cast<void>(format);
     return nullptr;

@@ -16,6 +16,8 @@ enum class MatrixFormat {
     float16,  ///< as in the file: rearranged as bfloat16 whenever it is used, in the processor's cache
     int8,     ///< for q8_0 files: blocks of 32 weights with one scale, as in the file
     q8,       ///< as in the file: rearranged as int8 whenever it is used
+    q5,       ///< the same for q5_0 files
+    q4,       ///< the same for q4_0 files
 };
 
 /// Outputs whose rows lie together in a packed matrix.

@@ -22,7 +22,7 @@ struct Case
 
 void PrintTo(const Case& value, std::ostream* out)
 {
-    const bool isStored = value.format == MatrixFormat::float16 || value.format == MatrixFormat::q8;
+    const bool isStored = value.format != MatrixFormat::bfloat16 && value.format != MatrixFormat::int8;
     *out << ggml_type_name(value.type) << (isStored ? " as stored" : "");
 }
 
@@ -117,4 +117,6 @@ INSTANTIATE_TEST_SUITE_P(Kernels, Matrices,
                          ::testing::Values(Case{MatrixFormat::bfloat16, GGML_TYPE_F16, 0.004},
                                            Case{MatrixFormat::float16, GGML_TYPE_F16, 0.004},
                                            Case{MatrixFormat::int8, GGML_TYPE_Q8_0, 0.012},
-                                           Case{MatrixFormat::q8, GGML_TYPE_Q8_0, 0.012}));
+                                           Case{MatrixFormat::q8, GGML_TYPE_Q8_0, 0.012},
+                                           Case{MatrixFormat::q5, GGML_TYPE_Q5_0, 0.012},
+                                           Case{MatrixFormat::q4, GGML_TYPE_Q4_0, 0.012}));
