@@ -92,7 +92,9 @@ TEST_F(SettingsPages, AFullListTakesNoMoreAndARemovedWordComesBackToItsPlace)
 
 TEST_F(SettingsPages, AReplacementKeepsItsIdentityAndNeverLooksForNothing)
 {
-    VocabularyModel page({vocabulary, [](const LimitNotice&) {}, [](const std::function<void()>&) {}});
+    VocabularyModel page({vocabulary, [](const LimitNotice&) {},
+                          [](const std::function<void()>&) {
+                          }});
     page.addReplacement(QStringLiteral("um"), QString());
     page.addReplacement(QStringLiteral("cat"), QStringLiteral("dog"));
     const QUuid id = vocabulary.textReplacements().front().id;
