@@ -66,6 +66,10 @@
         <source>What you dictate is delivered but not kept: %1</source>
         <translation>Was du diktierst, kommt an, wird aber nicht aufbewahrt: %1</translation>
     </message>
+    <message>
+        <source>What you said is on the clipboard.</source>
+        <translation>Was du gesagt hast, liegt in der Zwischenablage.</translation>
+    </message>
 </context>
 <context>
     <name>AudioInputMode</name>

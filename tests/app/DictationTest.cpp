@@ -12,6 +12,7 @@
 #include "platform/testing/FakeSystemSounds.h"
 #include "platform/testing/FakeWorkspace.h"
 #include "vantro/ai/NormalModeHandler.h"
+#include "vantro/ai/NotesModeHandler.h"
 #include "vantro/app/AppDelegate.h"
 #include "vantro/app/DictationPipeline.h"
 #include "vantro/app/LenientStore.h"
@@ -89,6 +90,8 @@ public:
     void updateFormatted(const QUuid&, const QString&) override {}
     QCoro::Task<> addNote(QString transcription) override
     {
+        if (full)
+            throw Error(QStringLiteral("The disk is full."));
         rows << transcription;
         co_return;
     }
@@ -173,6 +176,7 @@ protected:
     {
         DictationPipeline::Handlers handlers;
         handlers[ProcessingMode::Normal] = std::make_unique<NormalModeHandler>(store);
+        handlers[ProcessingMode::Notes] = std::make_unique<NotesModeHandler>(store);
         return handlers;
     }
 
@@ -265,7 +269,7 @@ protected:
              co_return;
          },
          [this](const auto&) -> QCoro::Task<bool> { co_return isModelReady; },
-         [this] { return lenientStore.takeProblem(); },
+         lenientStore,
          {[this](ProcessingMode) { return std::make_unique<PanelDouble>(recorder, workspace, openPanels); },
           [this](std::optional<QRect> anchor) { huds.push_back(anchor); },
           [this](const QString&, const QString& text) { alerts << text; },
@@ -515,6 +519,25 @@ TEST_F(Dictation, DeliversWhatCannotBeStoredAndTellsItOnce)
     store.full = true;
     dictate(QStringLiteral("Four."));
     EXPECT_EQ(alerts.size(), 2) << "again, after it had worked";
+}
+
+TEST_F(Dictation, ANoteThatCannotBeStoredIsOnTheClipboard)
+{
+    defaults.setString(QStringLiteral("defaultProcessingMode"), QStringLiteral("Notes"));
+    const auto onClipboard = [this] {
+        return pasteboard.fetch(clipboard, editor);
+    };
+    dictate(QStringLiteral("Buy milk."));
+    EXPECT_EQ(store.rows, QStringList{QStringLiteral("Buy milk.")});
+    EXPECT_NE(onClipboard(), QStringLiteral("Buy milk."));
+
+    store.full = true;
+    dictate(QStringLiteral("Buy bread."));
+    EXPECT_EQ(onClipboard(), QStringLiteral("Buy bread."));
+    ASSERT_EQ(alerts.size(), 1);
+    EXPECT_TRUE(alerts.front().contains(QStringLiteral("The disk is full."))) << alerts.front().toStdString();
+    EXPECT_TRUE(alerts.front().endsWith(QStringLiteral("What you said is on the clipboard.")));
+    EXPECT_FALSE(delivered) << "a note is never pasted";
 }
 
 TEST_F(Dictation, TellsWhyARecordingCannotStart)

@@ -203,7 +203,7 @@ void AppDelegate::recordingFinished(const NotificationCenter::UserInfo& userInfo
     const QVariant message = userInfo.value(QStringLiteral("errorMessage"));
     const auto mode = processingModeFromRawValue(userInfo.value(QStringLiteral("processingMode")).toString());
     if (userInfo.value(QStringLiteral("hasError"), false).toBool() && message.isValid()) {
-        showAlertSoon(message.toString());
+        showAlertSoon(message.toString() + saveFromLoss(finalText));
         hasErrorOccurred_ = true;
     }
     handleFinish(finalText, mode.value_or(parts_.audioRecorder.processingMode()));
@@ -238,10 +238,20 @@ QCoro::Task<> AppDelegate::handleFinish(QString finalText, ProcessingMode mode)
 
 void AppDelegate::tellOfStoreProblem()
 {
-    if (const auto problem = parts_.takeStoreProblem()) {
+    if (const auto problem = parts_.store.takeProblem()) {
         parts_.surfaces.showAlert(tr("Not in the History"),
                                   tr("What you dictate is delivered but not kept: %1").arg(*problem));
     }
+}
+
+/// What is not delivered is in the history. What is not there either, a note on a full disk for example, goes to the
+/// clipboard; answers what to tell of that.
+QString AppDelegate::saveFromLoss(const QString& text)
+{
+    if (parts_.store.hasLatest() || text.trimmed().isEmpty())
+        return {};
+    parts_.delivery.copy(text.trimmed());
+    return QStringLiteral("\n\n") + tr("What you said is on the clipboard.");
 }
 
 QCoro::Task<> AppDelegate::deliver(QString text, std::optional<QRect> frame)

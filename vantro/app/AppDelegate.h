@@ -11,6 +11,7 @@
 #include "vantro/app/DictationTimings.h"
 #include "vantro/app/HoldToTalk.h"
 #include "vantro/app/LauncherPanel.h"
+#include "vantro/app/LenientStore.h"
 #include "vantro/app/PasteDelivery.h"
 #include "vantro/app/SideWindow.h"
 #include "vantro/audio/AudioRecorder.h"
@@ -69,8 +70,7 @@ public:
         /// Makes models that lie on this machine usable; before the selection is settled.
         std::function<QCoro::Task<>()> prepareModels;
         std::function<QCoro::Task<bool>(TranscriptionModel)> modelIsReady;
-        /// Why dictations are not kept, when there is something to tell.
-        std::function<std::optional<QString>()> takeStoreProblem;
+        LenientStore& store;
         Surfaces surfaces;
     };
 
@@ -114,6 +114,7 @@ private:
     void closeWindow();
     void showAlertSoon(const QString& text);
     void tellOfStoreProblem();
+    [[nodiscard]] QString saveFromLoss(const QString& text);
     [[nodiscard]] ProcessingMode defaultMode() const;
 
     Logger logger_{"AppDelegate"};

@@ -17,6 +17,7 @@ void LenientStore::attempt(const Save& save)
 {
     try {
         save();
+        hasLatest_ = true;
         isFailing_ = false;
         problem_.reset();
     } catch (const Error& error) {
@@ -28,12 +29,14 @@ void LenientStore::attempt(const Save& save)
 
 void LenientStore::saveTranscription(const QString& transcription, const QString& formatted, ProcessingMode mode)
 {
+    hasLatest_ = false;
     attempt([&] { store_.saveTranscription(transcription, formatted, mode); });
 }
 
 QUuid LenientStore::saveTranscription(const QString& transcription, ProcessingMode mode)
 {
     QUuid id;
+    hasLatest_ = false;
     attempt([&] { id = store_.saveTranscription(transcription, mode); });
     return id;
 }
@@ -46,7 +49,10 @@ void LenientStore::updateFormatted(const QUuid& id, const QString& formatted)
 
 QCoro::Task<> LenientStore::addNote(QString transcription)
 {
-    return store_.addNote(std::move(transcription));
+    hasLatest_ = false;
+    const auto added = store_.addNote(std::move(transcription));
+    co_await added;
+    hasLatest_ = true;
 }
 
 QCoro::Task<> LenientStore::summarizeToday(std::shared_ptr<FormatRequestServicing> service)

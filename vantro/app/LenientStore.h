@@ -7,7 +7,7 @@
 namespace vantro {
 
 /// The store as dictations see it: a text that cannot be kept, on a full disk for example, is delivered all the same.
-/// A note is meant for the store alone, so there a failure stays one. Main thread.
+/// A note is meant for the store alone: there a failure stays one. Main thread.
 class LenientStore final : public TranscriptionStoring
 {
 public:
@@ -16,6 +16,9 @@ public:
 
     /// Why texts are not kept. Told once: again only when something was stored in between.
     [[nodiscard]] std::optional<QString> takeProblem();
+
+    /// Whether the latest text is in the store. One that is not and is not delivered either is nowhere.
+    [[nodiscard]] bool hasLatest() const { return hasLatest_; }
 
     void saveTranscription(const QString& transcription, const QString& formatted, ProcessingMode mode) override;
     /// A null identity when it could not be stored.
@@ -32,6 +35,7 @@ private:
     TranscriptionStoring& store_;
     std::optional<QString> problem_;
     bool isFailing_ = false;
+    bool hasLatest_ = true;
 };
 
 } // namespace vantro

@@ -147,8 +147,8 @@ Program::Program(const ProgramOptions& options)
                  delivery_, models_, [this] { windows_.applyTheme(); },
                  [this] { windows_.updates().check(UpdateChecker::Asker::launch); }, migrations_,
                  [this] { return modelPreparation_.run(); },
-                 [this](TranscriptionModel model) { return modelIsReady(std::move(model)); },
-                 [this] { return lenientStore_.takeProblem(); }, surfaces()})
+                 [this](TranscriptionModel model) { return modelIsReady(std::move(model)); }, lenientStore_,
+                 surfaces()})
     , control_(
           delegate_, recorder_, [this] { return statusDetails(); },
           [this](const QStringList& arguments) { handOver(arguments); })
