@@ -523,16 +523,23 @@ TEST_F(Dictation, DeliversWhatCannotBeStoredAndTellsItOnce)
 
 TEST_F(Dictation, ANoteThatCannotBeStoredIsOnTheClipboard)
 {
-    defaults.setString(QStringLiteral("defaultProcessingMode"), QStringLiteral("Notes"));
     const auto onClipboard = [this] {
         return pasteboard.fetch(clipboard, editor);
     };
-    dictate(QStringLiteral("Buy milk."));
+    const auto note = [this](const QString& text) {
+        pressShortcut();
+        recorder.setProcessingMode(ProcessingMode::Notes);
+        speak(16'000);
+        stopAndDrain();
+        provider.answer(text);
+        pump();
+    };
+    note(QStringLiteral("Buy milk."));
     EXPECT_EQ(store.rows, QStringList{QStringLiteral("Buy milk.")});
     EXPECT_NE(onClipboard(), QStringLiteral("Buy milk."));
 
     store.full = true;
-    dictate(QStringLiteral("Buy bread."));
+    note(QStringLiteral("Buy bread."));
     EXPECT_EQ(onClipboard(), QStringLiteral("Buy bread."));
     ASSERT_EQ(alerts.size(), 1);
     EXPECT_TRUE(alerts.front().contains(QStringLiteral("The disk is full."))) << alerts.front().toStdString();
