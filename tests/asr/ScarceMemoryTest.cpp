@@ -88,16 +88,27 @@ private:
     std::exit(works && failures > 0 ? 0 : 1);
 }
 
+class ScarceMemoryDeathTest : public ::testing::Test
+{
+protected:
+    void SetUp() override
+    {
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+        GTEST_SKIP() << "the sanitizers reserve more memory than there may be";
+#endif
+    }
+};
+
 } // namespace
 
-TEST(ScarceMemoryDeathTest, ALoadThatLacksMemoryFailsAndTheNextOneWorks)
+TEST_F(ScarceMemoryDeathTest, ALoadThatLacksMemoryFailsAndTheNextOneWorks)
 {
     GTEST_FLAG_SET(death_test_style, "threadsafe");
     loadProcessorModule(moduleFolders());
     EXPECT_EXIT(loadInScarcity(), ::testing::ExitedWithCode(0), "");
 }
 
-TEST(ScarceMemoryDeathTest, ATranscriptionThatLacksMemoryFailsAndTheNextOneWorks)
+TEST_F(ScarceMemoryDeathTest, ATranscriptionThatLacksMemoryFailsAndTheNextOneWorks)
 {
     GTEST_FLAG_SET(death_test_style, "threadsafe");
     loadProcessorModule(moduleFolders());

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <string_view>
+
+using namespace std::string_view_literals;
 using namespace vantro;
 
 namespace {
@@ -67,8 +70,8 @@ TEST(TextReplacer, AppliesTheListInOrderEachToTheResultBefore)
 
 TEST(TextReplacer, KeepsWhatItDoesNotReplace)
 {
-    const QString odd = QString::fromUtf16(u"x\0y cat שלום 👩‍👩‍👧 é́ ").first(24) + QChar(0xD800) +
-                        QStringLiteral(" cat");
+    constexpr auto strange = u"x\0y cat שלום 👩‍👩‍👧 é́ "sv;
+    const QString odd = QString::fromUtf16(strange.data(), strange.size()) + QChar(0xD800) + QStringLiteral(" cat");
     QString expected = odd;
     expected.replace(QStringLiteral("cat"), QStringLiteral("dog"));
     EXPECT_EQ(TextReplacer::applyReplacement(odd, QStringLiteral("cat"), QStringLiteral("dog")), expected);
