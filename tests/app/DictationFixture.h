@@ -1,0 +1,287 @@
+#pragma once
+
+// The dictation put together of real parts, with doubles where the desktop begins, and a clock that tests move.
+#include "base/testing/ManualClock.h"
+#include "platform/KeyCode.h"
+#include "platform/Wording.h"
+#include "platform/testing/FakeAudioEngine.h"
+#include "platform/testing/FakeAudioHardware.h"
+#include "platform/testing/FakeHotKeyManager.h"
+#include "platform/testing/FakeKeyEventPoster.h"
+#include "platform/testing/FakePasteboard.h"
+#include "platform/testing/FakePermissions.h"
+#include "platform/testing/FakeSystemSounds.h"
+#include "platform/testing/FakeWorkspace.h"
+#include "vantro/ai/NormalModeHandler.h"
+#include "vantro/ai/NotesModeHandler.h"
+#include "vantro/app/AppDelegate.h"
+#include "vantro/app/DictationPipeline.h"
+#include "vantro/app/LenientStore.h"
+#include "vantro/audio/AudioDeviceManager.h"
+
+#include <QCoreApplication>
+#include <QPromise>
+#include <QTemporaryDir>
+#include <qcoro/qcorofuture.h>
+
+#include <gtest/gtest.h>
+
+namespace vantro {
+
+using namespace std::chrono_literals;
+
+inline constexpr WindowID editor = 77;
+inline constexpr WindowID otherWindow = 78;
+inline const auto clipboard = Pasteboard::Selection::Clipboard;
+
+/// A speech engine that answers when the test says so.
+class SlowProvider final : public TranscriptionProviding
+{
+public:
+    void prepare(const TranscriptionModel&) override { ++prepared; }
+    QCoro::Task<QString> transcribe(TranscriptionRequest request) override
+    {
+        sampleCount = request.samples.size();
+        answer_ = std::make_shared<QPromise<QString>>();
+        answer_->start();
+        co_return co_await answer_->future();
+    }
+    void cancel() override { ++cancelled; }
+    void dictationEnded() override { ++ended; }
+
+    [[nodiscard]] bool isAsked() const { return answer_ != nullptr; }
+    void answer(const QString& text)
+    {
+        const auto answer = std::exchange(answer_, nullptr);
+        // A text of its own in memory, as engines make them, so that memory checkers see what becomes of it.
+        answer->addResult(QString(text.constData(), text.size()));
+        answer->finish();
+    }
+    void fail(const QString& why)
+    {
+        const auto answer = std::exchange(answer_, nullptr);
+        answer->setException(std::make_exception_ptr(Error(why)));
+        answer->finish();
+    }
+
+    int prepared = 0;
+    int cancelled = 0;
+    int ended = 0;
+    std::size_t sampleCount = 0;
+
+private:
+    std::shared_ptr<QPromise<QString>> answer_;
+};
+
+class MemoryStore final : public TranscriptionStoring
+{
+public:
+    void saveTranscription(const QString& transcription, const QString&, ProcessingMode) override
+    {
+        if (full)
+            throw Error(QStringLiteral("The disk is full."));
+        rows << transcription;
+    }
+    QUuid saveTranscription(const QString& transcription, ProcessingMode) override
+    {
+        rows << transcription;
+        return QUuid::createUuid();
+    }
+    void updateFormatted(const QUuid&, const QString&) override {}
+    QCoro::Task<> addNote(QString transcription) override
+    {
+        if (full)
+            throw Error(QStringLiteral("The disk is full."));
+        rows << transcription;
+        co_return;
+    }
+    QCoro::Task<> summarizeToday(std::shared_ptr<FormatRequestServicing>) override { co_return; }
+
+    bool full = false;
+    QStringList rows;
+};
+
+/// A panel without a window: takes the keyboard from the window in front and gives it back.
+class PanelDouble final : public LauncherPanel
+{
+public:
+    PanelDouble(AudioRecorder& recorder, doubles::FakeWorkspace& workspace, int& open)
+        : recorder_(recorder)
+        , workspace_(workspace)
+        , open_(open)
+    {
+    }
+    ~PanelDouble() override { PanelDouble::closePanel(); }
+
+    [[nodiscard]] bool isVisible() const override { return isOpen_; }
+    [[nodiscard]] QRect frame() const override { return {1, 2, 500, 200}; }
+    void makeKeyAndOrderFront() override
+    {
+        isOpen_ = true;
+        ++open_;
+        former_ = workspace_.frontWindow();
+        workspace_.setFrontWindow(1000);
+        workspace_.setInputFocus(1000);
+    }
+    void orderFront() override
+    {
+        isOpen_ = true;
+        ++open_;
+    }
+    void closePanel() override
+    {
+        if (!std::exchange(isOpen_, false))
+            return;
+        --open_;
+        recorder_.cancelRecording();
+        if (former_ && workspace_.windowExists(*former_))
+            workspace_.focus(*former_);
+        else
+            workspace_.focus(otherWindow);
+    }
+
+private:
+    AudioRecorder& recorder_;
+    doubles::FakeWorkspace& workspace_;
+    int& open_;
+    bool isOpen_ = false;
+    std::optional<WindowID> former_;
+};
+
+class SideWindowDouble final : public SideWindow
+{
+public:
+    [[nodiscard]] bool isVisible() const override { return visible; }
+    void orderOut() override { visible = false; }
+    void orderFront() override { visible = true; }
+
+    bool visible = false;
+};
+
+class Dictation : public ::testing::Test
+{
+protected:
+    explicit Dictation(bool isModelReady = true) : isModelReady(isModelReady)
+    {
+        workspace.openWindow(editor);
+        workspace.openWindow(otherWindow);
+        workspace.focus(editor);
+        keyEvents.setTarget([this](auto) { delivered = pasteboard.fetch(clipboard, *workspace.frontWindow()); });
+        shortcuts.setShortcut(KeyboardShortcuts::Name::openModal, shortcut);
+        history.loadPersistentStores();
+        delegate.applicationDidFinishLaunching();
+    }
+
+    static DictationPipeline::Handlers handlers(TranscriptionStoring& store)
+    {
+        DictationPipeline::Handlers handlers;
+        handlers[ProcessingMode::Normal] = std::make_unique<NormalModeHandler>(store);
+        handlers[ProcessingMode::Notes] = std::make_unique<NotesModeHandler>(store);
+        return handlers;
+    }
+
+    void pressShortcut()
+    {
+        hotKeys.strike({2, Modifier::command | Modifier::option});
+        pump();
+    }
+    void speak(std::size_t samples) { engines.current()->hear(samples, 0.1F); }
+    void stopAndDrain()
+    {
+        delegate.stopRecording();
+        clock.advance(150ms);
+        pump();
+    }
+    /// Lets everything that is due happen.
+    static void pump()
+    {
+        for (int i = 0; i < 20; ++i) {
+            QCoreApplication::sendPostedEvents();
+            QCoreApplication::processEvents();
+        }
+    }
+    void dictate(const QString& text)
+    {
+        pressShortcut();
+        speak(16'000);
+        stopAndDrain();
+        ASSERT_TRUE(provider.isAsked());
+        provider.answer(text);
+        pump();
+        // A focus that returned by itself needs no waiting, a missing one ends in a bounded wait.
+        clock.advance(600ms);
+        pump();
+    }
+
+    const KeyboardShortcuts::Shortcut shortcut{{2}, Modifier::command | Modifier::option};
+    QTemporaryDir folder;
+    UserDefaults defaults{folder.filePath(QStringLiteral("vantro.ini"))};
+    NotificationCenter notifications;
+    doubles::ManualClock clock;
+    doubles::FakeAudioEngines engines;
+    doubles::FakeAudioHardware hardware;
+    doubles::FakePermissions permissions;
+    doubles::FakeHotKeyManager hotKeys;
+    doubles::FakeKeyEventPoster keyEvents;
+    doubles::FakePasteboard pasteboard;
+    doubles::FakeWorkspace workspace;
+    doubles::FakeSystemSounds sounds;
+    ModelCatalogue catalogue;
+    ModelSelection models{catalogue, defaults, [](const auto& model) {
+                              return model.name == QLatin1String("tiny.en");
+                          }};
+    SlowProvider provider;
+    MemoryStore store;
+    CoreDataStack history{true, clock}; ///< what the repairs at the launch run on
+    MigrationManager migrations{defaults, history};
+    SlowProvider neuralProvider;
+    TranscriptionFacade facade{models, provider, neuralProvider};
+    LenientStore lenientStore{store};
+    DictationPipeline pipeline{facade, handlers(lenientStore)};
+    AudioDeviceManager devices{hardware, defaults};
+    AudioRecorder recorder{engines.factory(), devices, permissions, notifications, clock, pipeline};
+    KeyboardShortcuts shortcuts{hotKeys, defaults, notifications};
+    PasteDelivery delivery{pasteboard, keyEvents, workspace, defaults, clock};
+    int openPanels = 0;
+    SideWindowDouble settingsWindow;
+    SideWindowDouble historyWindow;
+    QStringList steps; ///< of the launch, in their order
+    QStringList alerts;
+    bool isModelReady;
+    QStringList downloads; ///< models whose download is shown
+    std::vector<std::optional<QRect>> huds;
+    std::optional<QString> delivered;
+    AppDelegate delegate{
+        {defaults,
+         notifications,
+         clock,
+         permissions,
+         sounds,
+         recorder,
+         shortcuts,
+         delivery,
+         models,
+         [this] { steps << QStringLiteral("theme"); },
+         [this] { steps << QStringLiteral("update check"); },
+         migrations,
+         [this]() -> QCoro::Task<> {
+             steps << QStringLiteral("model");
+             co_return;
+         },
+         [this](const auto&) -> QCoro::Task<bool> { co_return isModelReady; },
+         lenientStore,
+         {[this](ProcessingMode) { return std::make_unique<PanelDouble>(recorder, workspace, openPanels); },
+          [this](std::optional<QRect> anchor) { huds.push_back(anchor); },
+          [this](const QString&, const QString& text) { alerts << text; },
+          [this](const auto& model) { downloads << model.name; }, [this] { downloads.clear(); },
+          [this] { steps << QStringLiteral("onboarding"); }, [this] { steps << QStringLiteral("onboarding closed"); },
+          &settingsWindow, &historyWindow}}};
+};
+
+class DictationWithoutModel : public Dictation
+{
+protected:
+    DictationWithoutModel() : Dictation(false) {}
+};
+
+} // namespace vantro

@@ -1,0 +1,98 @@
+// What a user is told, and what is not lost, when a dictation fails.
+#include "tests/app/DictationFixture.h"
+
+using namespace vantro;
+
+TEST_F(Dictation, TellsWhyAFailedOneDeliversNothing)
+{
+    pressShortcut();
+    speak(16'000);
+    stopAndDrain();
+    provider.fail(QStringLiteral("Could not load the whisper model at /models/x.bin"));
+    pump();
+    EXPECT_EQ(alerts.takeLast(),
+              QStringLiteral("Failed to transcribe audio: Could not load the whisper model at /models/x.bin"));
+    EXPECT_EQ(openPanels, 0);
+    EXPECT_FALSE(delivered) << "nothing is delivered after an error";
+    dictate(QStringLiteral("It works."));
+    EXPECT_EQ(delivered, QStringLiteral("It works."));
+}
+
+TEST_F(Dictation, DeliversWhatCannotBeStoredAndTellsItOnce)
+{
+    store.full = true;
+    dictate(QStringLiteral("One."));
+    EXPECT_EQ(delivered, QStringLiteral("One."));
+    EXPECT_EQ(alerts, QStringList{QStringLiteral("What you dictate is delivered but not kept: The disk is full.")});
+    dictate(QStringLiteral("Two."));
+    EXPECT_EQ(delivered, QStringLiteral("Two."));
+    EXPECT_EQ(alerts.size(), 1) << "known already";
+
+    store.full = false;
+    dictate(QStringLiteral("Three."));
+    EXPECT_EQ(store.rows, QStringList{QStringLiteral("Three.")});
+    store.full = true;
+    dictate(QStringLiteral("Four."));
+    EXPECT_EQ(alerts.size(), 2) << "again, after it had worked";
+}
+
+TEST_F(Dictation, ANoteThatCannotBeStoredIsOnTheClipboard)
+{
+    const auto onClipboard = [this] {
+        return pasteboard.fetch(clipboard, editor);
+    };
+    const auto note = [this](const QString& text) {
+        pressShortcut();
+        recorder.setProcessingMode(ProcessingMode::Notes);
+        speak(16'000);
+        stopAndDrain();
+        provider.answer(text);
+        pump();
+    };
+    note(QStringLiteral("Buy milk."));
+    EXPECT_EQ(store.rows, QStringList{QStringLiteral("Buy milk.")});
+    EXPECT_NE(onClipboard(), QStringLiteral("Buy milk."));
+
+    store.full = true;
+    note(QStringLiteral("Buy bread."));
+    EXPECT_EQ(onClipboard(), QStringLiteral("Buy bread."));
+    ASSERT_EQ(alerts.size(), 1);
+    EXPECT_TRUE(alerts.front().contains(QStringLiteral("The disk is full."))) << alerts.front().toStdString();
+    EXPECT_TRUE(alerts.front().endsWith(QStringLiteral("What you said is on the clipboard.")));
+    EXPECT_FALSE(delivered) << "a note is never pasted";
+}
+
+TEST_F(Dictation, TellsWhyARecordingCannotStart)
+{
+    permissions.microphone = false;
+    pressShortcut();
+    EXPECT_EQ(openPanels, 0);
+    EXPECT_EQ(alerts, QStringList{wording::noSoundServer()});
+    permissions.microphone = true;
+
+    engines.settings.startError = wording::noMicrophone();
+    pressShortcut();
+    EXPECT_EQ(openPanels, 0);
+    EXPECT_EQ(alerts.last(), QStringLiteral("Could not start the microphone: ") + wording::noMicrophone());
+    EXPECT_FALSE(recorder.isBusy());
+    engines.settings.startError.reset();
+
+    dictate(QStringLiteral("Works again."));
+    EXPECT_EQ(delivered, QStringLiteral("Works again."));
+    EXPECT_EQ(alerts.size(), 2);
+}
+
+TEST_F(Dictation, ASecondProgramsHotKeyIsToldToTheUser)
+{
+    const doubles::FakeHotKeyManager::Combination taken{3, Modifier::command | Modifier::option};
+    hotKeys.refuse(taken, QStringLiteral("That one is taken."));
+    shortcuts.setShortcut(KeyboardShortcuts::Name::openModal, KeyboardShortcuts::Shortcut{{3}, taken.modifiers});
+    pump();
+    ASSERT_EQ(alerts.size(), 1);
+    EXPECT_TRUE(alerts.front().startsWith(QStringLiteral("That one is taken.")));
+
+    shortcuts.setShortcut(KeyboardShortcuts::Name::openModal, shortcut);
+    pressShortcut();
+    EXPECT_EQ(openPanels, 1);
+    EXPECT_EQ(alerts.size(), 1);
+}
