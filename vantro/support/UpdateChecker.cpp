@@ -1,7 +1,6 @@
 #include "vantro/support/UpdateChecker.h"
 
 #include "base/Logger.h"
-#include "base/network/UsersAuthorities.h"
 
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
@@ -61,7 +60,6 @@ QCoro::Task<std::optional<UpdateInfo>> UpdateChecker::fetch()
     QNetworkRequest request(parts_.manifest);
     request.setTransferTimeout(static_cast<int>(parts_.patience.count()));
     request.setHeader(QNetworkRequest::UserAgentHeader, QStringLiteral("vantro/") + parts_.currentVersion);
-    trustUsersAuthorities(request);
     QNetworkReply* const reply = network->get(request); // the manager's
     QObject::connect(reply, &QNetworkReply::downloadProgress, reply, [reply](qint64 received) {
         if (received > mostManifestBytes)
