@@ -1,6 +1,7 @@
 #include "vantro/app/AppDelegate.h"
 
 #include "platform/Wording.h"
+#include "vantro/ai/DefaultMode.h"
 #include "vantro/ai/providers/LegacyKeyName.h"
 
 #include <QTimer>
@@ -162,7 +163,7 @@ void AppDelegate::showLauncherAndRecord(Keyboard keyboard)
     if (!window_) {
         if (recorder.isRecording())
             recorder.cancelRecording();
-        window_ = parts_.surfaces.makeLauncher(defaultMode());
+        window_ = parts_.surfaces.makeLauncher(defaultMode(parts_.defaults));
     }
     if (!recorder.isRecording())
         recorder.startRecording();
@@ -296,12 +297,6 @@ void AppDelegate::closeWindow()
 void AppDelegate::showAlertSoon(const QString& text)
 {
     QTimer::singleShot(0, this, [this, text] { parts_.surfaces.showAlert(tr("Transcription Error"), text); });
-}
-
-ProcessingMode AppDelegate::defaultMode() const
-{
-    const auto stored = parts_.defaults.string(QStringLiteral("defaultProcessingMode"));
-    return stored ? processingModeFromRawValue(*stored).value_or(ProcessingMode::Normal) : ProcessingMode::Normal;
 }
 
 } // namespace vantro

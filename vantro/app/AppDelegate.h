@@ -115,7 +115,6 @@ private:
     void showAlertSoon(const QString& text);
     void tellOfStoreProblem();
     [[nodiscard]] QString saveFromLoss(const QString& text);
-    [[nodiscard]] ProcessingMode defaultMode() const;
 
     Logger logger_{"AppDelegate"};
     Parts parts_;

@@ -1,6 +1,7 @@
 #include "vantro/cli/ModesCommand.h"
 
 #include "vantro/ai/BuiltInPrompts.h"
+#include "vantro/ai/DefaultMode.h"
 #include "vantro/ai/PromptSettings.h"
 #include "vantro/app/VisibleModes.h"
 #include "vantro/cli/ExitCode.h"
@@ -36,15 +37,12 @@ struct Session
 {
     /// By its raw value or its display name, upper and lower case being equal.
     [[nodiscard]] std::optional<ProcessingMode> find(const QString& text) const;
-    [[nodiscard]] ProcessingMode defaultMode() const;
     [[nodiscard]] QString providerText(ProcessingMode mode) const;
     [[nodiscard]] QJsonObject toJson(ProcessingMode mode) const;
 
     ProvidersSession providers;
     PromptSettings prompts{providers.defaults};
 };
-
-const QString defaultModeKey = QStringLiteral("defaultProcessingMode");
 
 std::optional<ProcessingMode> Session::find(const QString& text) const
 {
@@ -53,12 +51,6 @@ std::optional<ProcessingMode> Session::find(const QString& text) const
                prompts.displayName(candidate).compare(text, Qt::CaseInsensitive) == 0;
     });
     return mode != allProcessingModes.end() ? std::optional(*mode) : std::nullopt;
-}
-
-ProcessingMode Session::defaultMode() const
-{
-    return processingModeFromRawValue(providers.defaults.string(defaultModeKey).value_or(QString()))
-        .value_or(ProcessingMode::Normal);
 }
 
 QString Session::providerText(ProcessingMode mode) const
@@ -81,7 +73,7 @@ QJsonObject Session::toJson(ProcessingMode mode) const
     const ModeConfiguration configuration = prompts.configuration(mode);
     QJsonObject object{{QStringLiteral("mode"), rawValue(mode)},
                        {QStringLiteral("name"), prompts.displayName(mode)},
-                       {QStringLiteral("default"), mode == defaultMode()},
+                       {QStringLiteral("default"), mode == defaultMode(providers.defaults)},
                        {QStringLiteral("usable"), isUsable(mode, prompts, providers.manager)},
                        {QStringLiteral("useLocalAI"), configuration.useLocalAI},
                        {QStringLiteral("prompt"), prompts.prompt(mode)}};
@@ -114,7 +106,7 @@ int list(const Session& session, bool json)
         const QString name = session.prompts.displayName(mode);
         const QString label = name == rawValue(mode) ? name : QStringLiteral("%1 (%2)").arg(name, rawValue(mode));
         QStringList remarks{session.providerText(mode)};
-        if (mode == session.defaultMode())
+        if (mode == defaultMode(session.providers.defaults))
             remarks << QStringLiteral("default");
         if (!isUsable(mode, session.prompts, session.providers.manager))
             remarks << QStringLiteral("not offered");
@@ -183,7 +175,7 @@ int carryOut(Session& session, const QString& action, ProcessingMode mode, const
         return show(session, mode, parser.isSet(QStringLiteral("json")));
     if (action == QLatin1String("set"))
         return set(session, mode, parser);
-    session.providers.defaults.setString(defaultModeKey, rawValue(mode));
+    setDefaultMode(session.providers.defaults, mode);
     terminal::writeLine(QStringLiteral("Dictations begin in %1").arg(session.prompts.displayName(mode)));
     return ExitCode::done;
 }

@@ -1,6 +1,7 @@
 #include "vantro/ui/settings/ModesModel.h"
 
 #include "vantro/ai/BuiltInPrompts.h"
+#include "vantro/ai/DefaultMode.h"
 
 #include <algorithm>
 #include <utility>
@@ -8,8 +9,6 @@
 namespace vantro {
 
 namespace {
-
-const QString defaultModeKey = QStringLiteral("defaultProcessingMode");
 
 std::optional<ProcessingMode> modeAt(int index)
 {
@@ -44,14 +43,13 @@ QStringList ModesModel::modes() const
 
 int ModesModel::defaultMode() const
 {
-    const auto stored = processingModeFromRawValue(parts_.defaults.string(defaultModeKey).value_or(QString()));
-    return static_cast<int>(stored.value_or(ProcessingMode::Normal));
+    return static_cast<int>(vantro::defaultMode(parts_.defaults));
 }
 
 void ModesModel::setDefaultMode(int index)
 {
     if (const auto mode = modeAt(index); mode && index != defaultMode()) {
-        parts_.defaults.setString(defaultModeKey, rawValue(*mode));
+        vantro::setDefaultMode(parts_.defaults, *mode);
         Q_EMIT changed();
     }
 }

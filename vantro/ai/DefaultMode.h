@@ -1,0 +1,14 @@
+#pragma once
+
+#include "base/UserDefaults.h"
+#include "vantro/ai/ProcessingMode.h"
+
+namespace vantro {
+
+inline const QString defaultModeKey = QStringLiteral("defaultProcessingMode");
+
+/// The mode in which dictations begin: Normal until the user chooses another.
+ProcessingMode defaultMode(const UserDefaults& defaults);
+void setDefaultMode(UserDefaults& defaults, ProcessingMode mode);
+
+} // namespace vantro
