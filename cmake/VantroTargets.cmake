@@ -2,7 +2,10 @@
 
 # Compiler settings of our own code; other people's headers come in as SYSTEM.
 add_library(vantro_settings INTERFACE)
-target_compile_options(vantro_settings INTERFACE -Wall -Wextra -Wpedantic -Werror)
+target_compile_options(vantro_settings INTERFACE -Wall -Wextra -Wpedantic)
+if(VANTRO_WARNINGS_AS_ERRORS)
+  target_compile_options(vantro_settings INTERFACE -Werror)
+endif()
 target_compile_definitions(vantro_settings INTERFACE
   QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS QT_NO_NARROWING_CONVERSIONS_IN_CONNECT
   VANTRO_VERSION="${PROJECT_VERSION}")

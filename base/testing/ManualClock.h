@@ -3,6 +3,7 @@
 #include "base/Clock.h"
 
 #include <QPointer>
+#include <QTimeZone>
 
 #include <memory>
 #include <vector>
@@ -33,7 +34,7 @@ private:
     };
 
     Instant now_{std::chrono::hours(1)};
-    QDateTime wallClock_{QDate(2024, 6, 1), QTime(12, 0), Qt::UTC};
+    QDateTime wallClock_{QDate(2024, 6, 1), QTime(12, 0), QTimeZone::utc()};
     std::vector<Waiting> waiting_;
     QObject self_;
 };

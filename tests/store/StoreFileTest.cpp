@@ -6,6 +6,7 @@
 #include <QFile>
 #include <QSqlDatabase>
 #include <QSqlQuery>
+#include <QTimeZone>
 
 using namespace std::chrono_literals;
 using namespace vantro;
@@ -191,7 +192,7 @@ TEST_F(StoreFileTest, TheHistoryOfEarlierBuildsIsTakenOverOnceAndKeptAside)
         ASSERT_EQ(rows.size(), 2U);
         EXPECT_EQ(rows[0].formatted, QStringLiteral("Second."));
         EXPECT_EQ(rows[1].transcription, QStringLiteral(u"first\u0000 \"quoted\""));
-        EXPECT_EQ(rows[1].created_at.toUTC(), QDateTime(QDate(2026, 11, 1), QTime(10, 0, 0, 250), Qt::UTC));
+        EXPECT_EQ(rows[1].created_at.toUTC(), QDateTime(QDate(2026, 11, 1), QTime(10, 0, 0, 250), QTimeZone::utc()));
         taken.deleteTranscriptions({rows[0].id});
     }
     EXPECT_FALSE(QFile::exists(earlier));

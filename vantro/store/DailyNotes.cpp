@@ -10,14 +10,7 @@ namespace {
 
 QDateTime startOfDay(QDate date, const QDateTime& now)
 {
-    switch (now.timeSpec()) {
-    case Qt::TimeZone:
-        return date.startOfDay(now.timeZone());
-    case Qt::OffsetFromUTC:
-        return date.startOfDay(Qt::OffsetFromUTC, now.offsetFromUtc());
-    default:
-        return date.startOfDay(now.timeSpec());
-    }
+    return now.timeSpec() == Qt::LocalTime ? date.startOfDay() : date.startOfDay(now.timeZone());
 }
 
 QString joined(const std::vector<Note>& notes)
