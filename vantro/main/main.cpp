@@ -1,9 +1,9 @@
 #include "base/LogOutput.h"
 #include "base/Logger.h"
 #include "platform/linux/journal/Journal.h"
-#include "vantro/app/Program.h"
-#include "vantro/app/Translations.h"
 #include "vantro/cli/CommandLine.h"
+#include "vantro/main/Program.h"
+#include "vantro/main/Translations.h"
 
 #include <QApplication>
 #include <QCoreApplication>

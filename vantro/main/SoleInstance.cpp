@@ -1,4 +1,4 @@
-#include "vantro/app/SoleInstance.h"
+#include "vantro/main/SoleInstance.h"
 
 #include "base/Error.h"
 #include "base/Logger.h"

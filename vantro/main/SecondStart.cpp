@@ -1,10 +1,10 @@
-#include "vantro/app/SecondStart.h"
+#include "vantro/main/SecondStart.h"
 
 #include "base/Logger.h"
 #include "vantro/app/ControlService.h"
-#include "vantro/app/SoleInstance.h"
 #include "vantro/cli/ExitCode.h"
 #include "vantro/cli/Terminal.h"
+#include "vantro/main/SoleInstance.h"
 
 namespace vantro {
 

@@ -1,4 +1,4 @@
-#include "vantro/app/Windows.h"
+#include "vantro/main/Windows.h"
 
 #include "vantro/app/VisibleModes.h"
 #include "vantro/support/SupportMail.h"

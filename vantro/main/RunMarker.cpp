@@ -1,4 +1,4 @@
-#include "vantro/app/RunMarker.h"
+#include "vantro/main/RunMarker.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,4 +1,4 @@
-#include "vantro/app/Translations.h"
+#include "vantro/main/Translations.h"
 
 #include <QLocale>
 
