@@ -15,8 +15,6 @@ public:
     virtual void prepare() {}
     /// The rewritten text; throws an Error. @p prompt says what to do with @p text.
     virtual QCoro::Task<QString> format(QString prompt, QString text) = 0;
-    /// Nobody waits any more: a request that is under way ends with an error soon.
-    virtual void cancel() {}
 };
 
 } // namespace vantro

@@ -1,9 +1,9 @@
 #include "vantro/app/AppDelegate.h"
 
 #include "platform/Wording.h"
-#include "vantro/ai/DefaultMode.h"
 #include "vantro/ai/providers/LegacyKeyName.h"
 
+#include <QCoreApplication>
 #include <QTimer>
 
 #include <utility>
@@ -12,17 +12,13 @@ namespace vantro {
 
 AppDelegate::AppDelegate(Parts parts) : parts_(std::move(parts)) {}
 
-AppDelegate::~AppDelegate()
-{
-    closeWindow();
-}
-
 void AppDelegate::applicationDidFinishLaunching()
 {
-    parts_.applyTheme();
-    if (parts_.defaults.boolean(QStringLiteral("checkForUpdatesOnLaunch"), false))
-        parts_.checkForUpdates();
-    renameLegacyKey(parts_.defaults);
+    UserDefaults& defaults = parts_.dictation.defaults;
+    shell().applyTheme();
+    if (defaults.boolean(QStringLiteral("checkForUpdatesOnLaunch"), false))
+        shell().checkForUpdates();
+    renameLegacyKey(defaults);
     parts_.migrations.runTranscriptionTrimMigrationIfNeeded();
     parts_.migrations.runEmptyTranscriptionDeleteMigrationIfNeeded();
     observeNotifications();
@@ -31,20 +27,13 @@ void AppDelegate::applicationDidFinishLaunching()
         printLine(QStringLiteral("setupInitialState"));
     } else {
         printLine(QStringLiteral("Missing permissions, showing onboarding"));
-        parts_.surfaces.showOnboarding();
+        shell().showOnboarding();
     }
     // Attached in either case: a sound server or a shortcut that comes later works without a restart.
-    openModalAction_ =
-        std::make_unique<HoldToTalk>(parts_.shortcuts, parts_.audioRecorder, parts_.defaults, parts_.clock,
-                                     HoldToTalk::Actions{.open = [this] { showLauncherAndRecord(); },
-                                                         .openAside = [this] { showLauncherAndRecord(Keyboard::Left); },
-                                                         .stop = [this] { stopRecording(); },
-                                                         .cancel =
-                                                             [this] {
-                                                                 cancelDictation();
-                                                             }});
-    checkModel();
-    observeLauncher();
+    openModalAction_ = std::make_unique<HoldToTalk>(
+        parts_.shortcuts, defaults, parts_.dictation.clock,
+        [this](Dictation::Keyboard keyboard) { return showLauncherAndRecord(keyboard); });
+    settleModel();
 }
 
 bool AppDelegate::isReadyToDictate() const
@@ -56,227 +45,85 @@ bool AppDelegate::isReadyToDictate() const
 void AppDelegate::applicationWillTerminate()
 {
     cancelDictation();
-    parts_.delivery.restoreNow();
+    QCoreApplication::sendPostedEvents(dictation_.get()); // its launcher goes while its engine is there
+    parts_.dictation.delivery.restoreNow();
 }
 
 void AppDelegate::observeNotifications()
 {
-    auto& center = parts_.notifications;
-    observations_.push_back(center.observe(QStringLiteral("recorder:process:start"), [this](const auto&) {
-        timings_.stopped = parts_.clock.now();
-        if (parts_.audioRecorder.processingMode() == ProcessingMode::Notes)
-            closeWindow();
-    }));
-    observations_.push_back(center.observe(QStringLiteral("recorder:finish"),
-                                           [this](const auto& userInfo) { recordingFinished(userInfo); }));
-    observations_.push_back(center.observe(QStringLiteral("permissions:close"),
-                                           [this](const auto&) { parts_.surfaces.closeOnboarding(); }));
-    connect(&parts_.audioRecorder, &AudioRecorder::captureLost, this, &AppDelegate::captureLost);
+    auto& center = parts_.dictation.notifications;
+    observations_.push_back(
+        center.observe(QStringLiteral("permissions:close"), [this](const auto&) { shell().closeOnboarding(); }));
+    observations_.push_back(
+        center.observe(QStringLiteral("download:model:success"), [this](const auto&) { modelDownloaded(); }));
     connect(&parts_.shortcuts, &KeyboardShortcuts::shortcutFailed, this, &AppDelegate::shortcutFailed);
 }
 
-void AppDelegate::observeLauncher()
-{
-    observations_.push_back(parts_.notifications.observe(QStringLiteral("launcher:closed"), [this](const auto&) {
-        // Not between the text and the window it is meant for.
-        if (!isDelivering_)
-            bringWindowsBack();
-    }));
-}
-
-void AppDelegate::putWindowsAside()
-{
-    SideWindow* const transcriptions = parts_.surfaces.transcriptionsWindow;
-    SideWindow* const settings = parts_.surfaces.settingsWindow;
-    transcriptionsWindowWasVisible_ = transcriptions != nullptr && transcriptions->isVisible();
-    settingsWindowWasVisible_ = settings != nullptr && settings->isVisible();
-    if (isSandboxMode_)
-        return;
-    if (transcriptionsWindowWasVisible_)
-        transcriptions->orderOut();
-    if (settingsWindowWasVisible_)
-        settings->orderOut();
-}
-
-void AppDelegate::bringWindowsBack()
-{
-    if (std::exchange(transcriptionsWindowWasVisible_, false))
-        parts_.surfaces.transcriptionsWindow->orderFront();
-    if (std::exchange(settingsWindowWasVisible_, false))
-        parts_.surfaces.settingsWindow->orderFront();
-}
-
-QCoro::Task<> AppDelegate::checkModel()
+QCoro::Task<> AppDelegate::settleModel()
 {
     co_await parts_.prepareModels();
     const TranscriptionModel model = parts_.models.selectedModel();
     printLine(QStringLiteral("Checking model: ") + model.name);
-    if (co_await parts_.modelIsReady(model)) {
-        modelBecameReady(model);
-        if (!isReadyToDictate())
-            parts_.surfaces.showOnboarding();
-    } else {
-        downloadModel(model);
+    const ModelCheck check = co_await parts_.checkModel(model);
+    if (!check.isReady) {
+        downloadModel(model, check.problem);
+        co_return;
     }
+    modelBecameReady(model);
+    if (!isReadyToDictate())
+        shell().showOnboarding();
 }
 
 void AppDelegate::modelBecameReady(const TranscriptionModel& model)
 {
-    isModelMissing_ = false;
+    modelProblem_.reset();
     printLine(QStringLiteral("Model %1 is downloaded").arg(model.name));
 }
 
-void AppDelegate::downloadModel(const TranscriptionModel& model)
+void AppDelegate::downloadModel(const TranscriptionModel& model, const QString& problem)
 {
-    isModelMissing_ = true;
+    modelProblem_ = problem;
     printLine(QStringLiteral("Need to download model: ") + model.name);
-    observations_.push_back(parts_.notifications.observe(QStringLiteral("download:model:success"),
-                                                         [this](const auto&) { modelDownloaded(); }));
-    parts_.surfaces.showModelDownload(model);
+    shell().showModelDownload(model, problem);
 }
 
 QCoro::Task<> AppDelegate::modelDownloaded()
 {
-    parts_.surfaces.closeModelDownload();
+    shell().closeModelDownload();
     // The settings may have fetched another one than the one that is missing.
     const TranscriptionModel model = parts_.models.selectedModel();
-    if (co_await parts_.modelIsReady(model))
+    const ModelCheck check = co_await parts_.checkModel(model);
+    if (check.isReady && modelProblem_)
         modelBecameReady(model);
 }
 
-void AppDelegate::showLauncherAndRecord(Keyboard keyboard)
+std::weak_ptr<Dictation> AppDelegate::showLauncherAndRecord(Dictation::Keyboard keyboard)
 {
-    AudioRecorder& recorder = parts_.audioRecorder;
-    if (recorder.isBusy())
-        return;
-    if (isModelMissing_) {
-        parts_.surfaces.showModelDownload(parts_.models.selectedModel());
-        return;
+    if (dictation_ && !dictation_->isOver())
+        return {};
+    if (modelProblem_) {
+        shell().showModelDownload(parts_.models.selectedModel(), *modelProblem_);
+        return {};
     }
-    timings_ = {};
-    timings_.shortcut = parts_.clock.now();
-    hasErrorOccurred_ = false;
-    parts_.delivery.rememberTarget();
-    if (window_ && !window_->isVisible())
-        window_.reset();
-    putWindowsAside();
-    if (!window_) {
-        if (recorder.isRecording())
-            recorder.cancelRecording();
-        window_ = parts_.surfaces.makeLauncher(defaultMode(parts_.defaults));
-    }
-    if (!recorder.isRecording())
-        recorder.startRecording();
-    if (!recorder.isRecording()) {
-        explainRefusedRecording();
-        return;
-    }
-    if (keyboard == Keyboard::Taken)
-        window_->makeKeyAndOrderFront();
-    else
-        window_->orderFront();
-}
-
-void AppDelegate::explainRefusedRecording()
-{
-    // A capture that could not start has reported itself as a finished recording with an error.
-    closeWindow();
-    if (!parts_.permissions.microphoneAuthorized())
-        showAlertSoon(wording::noSoundServer());
+    dictation_ = Dictation::begin(parts_.dictation, keyboard);
+    return dictation_;
 }
 
 void AppDelegate::stopRecording()
 {
-    parts_.audioRecorder.stopRecording();
+    if (dictation_)
+        dictation_->stop();
 }
 
 void AppDelegate::cancelDictation()
 {
-    parts_.audioRecorder.cancelDictation();
-    closeWindow();
+    if (dictation_)
+        dictation_->cancel();
 }
 
-void AppDelegate::recordingFinished(const NotificationCenter::UserInfo& userInfo)
+DictationTimings AppDelegate::timings() const
 {
-    timings_.textReady = parts_.clock.now();
-    timings_.firstSample = parts_.audioRecorder.firstSampleAt();
-    const QString finalText = userInfo.value(QStringLiteral("finalText")).toString();
-    const QVariant message = userInfo.value(QStringLiteral("errorMessage"));
-    const auto mode = processingModeFromRawValue(userInfo.value(QStringLiteral("processingMode")).toString());
-    if (userInfo.value(QStringLiteral("hasError"), false).toBool() && message.isValid()) {
-        showAlertSoon(message.toString() + saveFromLoss(finalText));
-        hasErrorOccurred_ = true;
-    }
-    handleFinish(finalText, mode.value_or(parts_.audioRecorder.processingMode()));
-}
-
-QCoro::Task<> AppDelegate::handleFinish(QString finalText, ProcessingMode mode)
-{
-    logger_.debug(QStringLiteral("handleFinish"));
-    if (mode == ProcessingMode::Notes) {
-        logger_.debug(QStringLiteral("Note processed"));
-        co_return;
-    }
-    logger_.debug(QStringLiteral("final closing"));
-    if (std::exchange(hasErrorOccurred_, false)) {
-        closeWindow();
-        co_return;
-    }
-    const std::optional<QRect> frame = window_ ? std::optional(window_->frame()) : std::nullopt;
-    const QString text = finalText.trimmed();
-    if (text.isEmpty()) {
-        closeWindow();
-        co_return;
-    }
-    isDelivering_ = true;
-    co_await deliver(text, frame);
-    isDelivering_ = false;
-    bringWindowsBack();
-    if (parts_.defaults.boolean(QStringLiteral("playSoundOnComplete"), false))
-        parts_.sounds.play(QStringLiteral("Blow"));
-    tellOfStoreProblem(); // not before: its window takes the keyboard
-}
-
-void AppDelegate::tellOfStoreProblem()
-{
-    if (const auto problem = parts_.store.takeProblem()) {
-        parts_.surfaces.showAlert(tr("Not in the History"),
-                                  tr("What you dictate is delivered but not kept: %1").arg(*problem));
-    }
-}
-
-/// What is not delivered is in the history. What is not there either, a note on a full disk for example, goes to the
-/// clipboard; answers what to tell of that.
-QString AppDelegate::saveFromLoss(const QString& text)
-{
-    if (parts_.store.hasLatest() || text.trimmed().isEmpty())
-        return {};
-    parts_.delivery.copy(text.trimmed());
-    return QStringLiteral("\n\n") + tr("What you said is on the clipboard.");
-}
-
-QCoro::Task<> AppDelegate::deliver(QString text, std::optional<QRect> frame)
-{
-    if (!parts_.defaults.boolean(QStringLiteral("autoPasteEnabled"), true)) {
-        parts_.delivery.copy(text);
-        parts_.surfaces.showPasteHUD(frame);
-        closeWindow();
-        co_return;
-    }
-    closeWindow();
-    const auto outcome = co_await parts_.delivery.deliver(text);
-    if (outcome == PasteDelivery::Outcome::Pasted) {
-        timings_.pasted = parts_.clock.now();
-        co_return;
-    }
-    // The text stands on the clipboard; the user pastes it where it belongs.
-    logger_.info(parts_.delivery.explanation(outcome));
-    parts_.surfaces.showPasteHUD(frame);
-}
-
-void AppDelegate::captureLost(const QString& message)
-{
-    showAlertSoon(message);
+    return dictation_ ? dictation_->timings() : DictationTimings();
 }
 
 void AppDelegate::shortcutFailed(const QString& name, const QString& reason)
@@ -284,19 +131,7 @@ void AppDelegate::shortcutFailed(const QString& name, const QString& reason)
     if (name != KeyboardShortcuts::Name::openModal.rawValue)
         return;
     const QString text = reason + QStringLiteral("\n\n") + wording::howToChooseShortcut();
-    QTimer::singleShot(0, this, [this, text] { parts_.surfaces.showAlert(tr("Shortcut Not Available"), text); });
-}
-
-void AppDelegate::closeWindow()
-{
-    // Closing posts "launcher:closed", whose observers may ask for the window again.
-    if (const auto window = std::move(window_))
-        window->closePanel();
-}
-
-void AppDelegate::showAlertSoon(const QString& text)
-{
-    QTimer::singleShot(0, this, [this, text] { parts_.surfaces.showAlert(tr("Transcription Error"), text); });
+    QTimer::singleShot(0, this, [this, text] { shell().showAlert(tr("Shortcut Not Available"), text); });
 }
 
 } // namespace vantro

@@ -1,19 +1,15 @@
 #include "vantro/app/HoldToTalk.h"
 
-#include "vantro/audio/AudioRecorder.h"
-
 #include <utility>
 
 namespace vantro {
 
 const QString HoldToTalk::settingKey = QStringLiteral("holdToTalk");
 
-HoldToTalk::HoldToTalk(KeyboardShortcuts& shortcuts, AudioRecorder& recorder, UserDefaults& defaults, Clock& clock,
-                       Actions actions)
-    : recorder_(recorder)
-    , defaults_(defaults)
+HoldToTalk::HoldToTalk(KeyboardShortcuts& shortcuts, UserDefaults& defaults, Clock& clock, Begin begin)
+    : defaults_(defaults)
     , clock_(clock)
-    , actions_(std::move(actions))
+    , begin_(std::move(begin))
     , keyDown_(shortcuts.onKeyDown(KeyboardShortcuts::Name::openModal, *this, [this] { pressed(); }))
     , keyUp_(shortcuts.onKeyUp(KeyboardShortcuts::Name::openModal, *this, [this] { released(); }))
 {
@@ -21,21 +17,13 @@ HoldToTalk::HoldToTalk(KeyboardShortcuts& shortcuts, AudioRecorder& recorder, Us
         if (name == KeyboardShortcuts::Name::openModal.rawValue)
             endHold();
     });
-    connect(&recorder_, &AudioRecorder::isRecordingChanged, this, [this] {
-        if (!recorder_.isRecording())
-            heldSince_.reset();
-    });
 }
 
 void HoldToTalk::pressed()
 {
     isHold_ = defaults_.boolean(settingKey, false);
-    if (!isHold_ || recorder_.isBusy())
-        return;
-    const Clock::Instant now = clock_.now();
-    actions_.openAside();
-    if (recorder_.isRecording())
-        heldSince_ = now;
+    if (isHold_)
+        held_ = begin_(Dictation::Keyboard::left);
 }
 
 void HoldToTalk::released()
@@ -43,19 +31,19 @@ void HoldToTalk::released()
     if (isHold_)
         endHold();
     else
-        actions_.open();
+        begin_(Dictation::Keyboard::taken);
 }
 
 void HoldToTalk::endHold()
 {
     isHold_ = false;
-    const auto since = std::exchange(heldSince_, std::nullopt);
-    if (!since)
+    const auto dictation = std::exchange(held_, {}).lock();
+    if (!dictation)
         return;
-    if (clock_.now() - *since < shortestHold)
-        actions_.cancel();
+    if (clock_.now() - *dictation->timings().shortcut < shortestHold)
+        dictation->cancelRecording();
     else
-        actions_.stop();
+        dictation->stop();
 }
 
 } // namespace vantro

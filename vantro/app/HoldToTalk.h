@@ -2,16 +2,16 @@
 
 #include "KeyboardShortcuts/KeyboardShortcuts.h"
 #include "base/Clock.h"
+#include "base/UserDefaults.h"
+#include "vantro/app/Dictation.h"
 
 #include <QObject>
 
 #include <chrono>
 #include <functional>
-#include <optional>
+#include <memory>
 
 namespace vantro {
-
-class AudioRecorder;
 
 /// The two ways to use the dictation's shortcut. By default its release opens the launcher, which takes the keyboard.
 /// With the setting "holdToTalk" its press starts a recording that its release ends, and the keyboard stays where it
@@ -24,33 +24,25 @@ public:
     static const QString settingKey;
     static constexpr std::chrono::milliseconds shortestHold{300};
 
-    struct Actions
-    {
-        std::function<void()> open;      ///< the launcher, with the keyboard
-        std::function<void()> openAside; ///< the launcher, the keyboard stays where it is
-        std::function<void()> stop;
-        std::function<void()> cancel;
-    };
+    /// Begins a dictation, unless one is under way.
+    using Begin = std::function<std::weak_ptr<Dictation>(Dictation::Keyboard)>;
 
     /// Everything outlives this object.
-    HoldToTalk(KeyboardShortcuts& shortcuts, AudioRecorder& recorder, UserDefaults& defaults, Clock& clock,
-               Actions actions);
+    HoldToTalk(KeyboardShortcuts& shortcuts, UserDefaults& defaults, Clock& clock, Begin begin);
 
 private:
     void pressed();
     void released();
     void endHold();
 
-    AudioRecorder& recorder_;
     UserDefaults& defaults_;
     Clock& clock_;
-    Actions actions_;
+    Begin begin_;
     KeyboardShortcuts::Registration keyDown_;
     KeyboardShortcuts::Registration keyUp_;
-    /// While the recording that a press has started runs.
-    std::optional<Clock::Instant> heldSince_;
-    /// The press was taken for a hold, whatever has become of its recording.
+    /// The press was taken for a hold, whatever has become of its dictation.
     bool isHold_ = false;
+    std::weak_ptr<Dictation> held_;
 };
 
 } // namespace vantro

@@ -26,9 +26,9 @@ void LanguageModels::expectUse(ProcessingMode mode) const
         factory_.preconnect(prompts_.configuration(mode));
 }
 
-std::shared_ptr<FormatRequestServicing> LanguageModels::choose(ProcessingMode mode) const
+std::shared_ptr<FormatRequestServicing> LanguageModels::choose(ProcessingMode mode, std::stop_token stop) const
 {
-    auto service = factory_.make(mode, prompts_.configuration(mode));
+    auto service = factory_.make(mode, prompts_.configuration(mode), std::move(stop));
     if (asksModel(mode))
         service->prepare();
     return service;

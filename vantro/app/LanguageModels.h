@@ -22,7 +22,8 @@ public:
     /// A dictation has begun that may end in @p mode: the way to its provider is opened.
     void expectUse(ProcessingMode mode) const;
     /// The service of a dictation that ends in @p mode, already reading its key when it will be asked.
-    [[nodiscard]] std::shared_ptr<FormatRequestServicing> choose(ProcessingMode mode) const;
+    /// @p stop ends its requests.
+    [[nodiscard]] std::shared_ptr<FormatRequestServicing> choose(ProcessingMode mode, std::stop_token stop = {}) const;
 
     [[nodiscard]] ProviderConfigurationManager& providers() { return providers_; }
     /// The key store's accounts that have a key; throws KeychainError.

@@ -4,13 +4,12 @@
 
 namespace vantro {
 
-/// The recording panel as the application delegate sees it. Main thread.
+/// The recording panel as its dictation sees it. Main thread.
 class LauncherPanel
 {
 public:
     virtual ~LauncherPanel() = default;
 
-    [[nodiscard]] virtual bool isVisible() const = 0;
     [[nodiscard]] virtual QRect frame() const = 0;
     virtual void makeKeyAndOrderFront() = 0;
     /// Shows it while the keyboard stays where it is.

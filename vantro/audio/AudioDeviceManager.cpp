@@ -98,6 +98,15 @@ const AudioInputDevice* AudioDeviceManager::firstPrioritizedDevice(const std::ve
     return nullptr;
 }
 
+QString AudioDeviceManager::effectiveDeviceName() const
+{
+    const auto chosen = effectiveDeviceID();
+    const auto id = chosen ? chosen : hardware_.defaultInputDevice();
+    const auto device =
+        std::ranges::find_if(availableDevices_, [&](const auto& present) { return id == std::optional(present.id); });
+    return device != availableDevices_.end() ? device->name : QString();
+}
+
 std::vector<QString> AudioDeviceManager::wantedDevices() const
 {
     std::vector<QString> wanted;

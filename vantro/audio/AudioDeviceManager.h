@@ -31,6 +31,9 @@ public:
     /// unplugged, and in prioritized mode a list of which nothing is there, give the system default's number.
     [[nodiscard]] std::optional<AudioDeviceID> effectiveDeviceID() const;
 
+    /// Of the device that would be recorded from now, the system's default included; empty when there is none.
+    [[nodiscard]] QString effectiveDeviceName() const;
+
     /// The unique identifiers of the microphones that the user would record from, the most wanted first, whether they
     /// are there or not; empty when the system decides.
     [[nodiscard]] std::vector<QString> wantedDevices() const;

@@ -6,10 +6,8 @@
 #include "vantro/audio/SampleCollector.h"
 #include "vantro/audio/TapConverter.h"
 
-#include <QPointer>
 #include <QUuid>
 
-#include <limits>
 #include <utility>
 
 namespace vantro {
@@ -31,20 +29,18 @@ QString seconds(double value)
 } // namespace
 
 AudioRecorder::AudioRecorder(AudioEngineFactory makeEngine, AudioDeviceManager& devices, Permissions& permissions,
-                             NotificationCenter& notifications, Clock& clock, RecordingProcessing& processing)
+                             Clock& clock)
     : makeEngine_(std::move(makeEngine))
     , audioDeviceManager_(devices)
     , permissions_(permissions)
-    , notifications_(notifications)
     , clock_(clock)
-    , processing_(processing)
     , levelWaker_([this] {
         if (currentSession_)
             setCurrentAmplitude(tapLevel_.load());
     })
 {
     connect(&audioDeviceManager_, &AudioDeviceManager::availableDevicesChanged, this, [this] {
-        if (lostCapture_)
+        if (patience_)
             retryRebuild();
     });
 }
@@ -62,36 +58,40 @@ std::optional<Clock::Instant> AudioRecorder::firstSampleAt() const
     return ticks != 0 ? std::optional(Clock::Instant(Clock::Instant::duration(ticks))) : std::nullopt;
 }
 
-void AudioRecorder::startRecording()
+std::size_t AudioRecorder::sampleCount() const
 {
-    if (isRecording_ || isBusy_)
-        return;
+    return collector_ ? collector_->sampleCount() : 0;
+}
+
+bool AudioRecorder::startRecording()
+{
+    if (collector_)
+        return false;
     if (!permissions_.microphoneAuthorized()) {
         logger_.error(QStringLiteral("Microphone access not granted"));
-        return;
+        return false;
     }
     isMicrophoneExpected_ = false;
-    setRecording(true);
-    setBusy(true);
+    lostCapture_.reset();
     collector_ = std::make_shared<SampleCollector>();
     activeRecordingID_ = QStringLiteral("audio-") + QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper();
     recordingStartedAt_ = clock_.now();
     firstTap_ = 0;
-    beginGeneration();
-    if (auto failure = startEngineSession()) {
+    setRecording(true); // who hears of it may announce a microphone
+    try {
+        startEngineSession();
+    } catch (CaptureError& error) {
         if (!isMicrophoneExpected_) {
-            fail(failure->message);
-            return;
+            discard();
+            throw;
         }
-        isReconfiguring_ = true;
-        awaitMicrophone(std::move(*failure));
+        awaitMicrophone(std::move(error));
     }
-    isAwaitedByProcessing_ = true;
-    processing_.recordingStarted();
+    return true;
 }
 
 // Fails with the recording left as it is.
-std::optional<AudioRecorder::CaptureFailure> AudioRecorder::startEngineSession()
+void AudioRecorder::startEngineSession()
 {
     logger_.info(QStringLiteral("Starting recording %1").arg(activeRecordingID_));
     auto engine = makeEngine_();
@@ -106,10 +106,10 @@ std::optional<AudioRecorder::CaptureFailure> AudioRecorder::startEngineSession()
     if (!converter) {
         logger_.error(QStringLiteral("Could not create the tap converter"));
         const QString text = tr("No usable audio input format was found.");
-        return CaptureFailure{.message = text, .reason = text};
+        throw CaptureError(text, text);
     }
     currentSession_ =
-        std::make_shared<EngineSession>(std::move(engine), std::move(converter), isSelected, [this](float level) {
+        std::make_unique<EngineSession>(std::move(engine), std::move(converter), isSelected, [this](float level) {
             if (firstTap_.load() == 0)
                 firstTap_.store(steadyNow());
             tapLevel_.store(level);
@@ -121,12 +121,11 @@ std::optional<AudioRecorder::CaptureFailure> AudioRecorder::startEngineSession()
         currentSession_->start(format, collector_);
     } catch (const AudioEngineError& error) {
         logger_.error(QStringLiteral("Failed to start audio engine: %1").arg(error.localizedDescription()));
-        tearDown(currentSession_.get(), nullptr);
-        return CaptureFailure{.message = tr("Could not start the microphone: %1").arg(error.localizedDescription()),
-                              .reason = error.localizedDescription()};
+        tearDown(nullptr);
+        throw CaptureError(tr("Could not start the microphone: %1").arg(error.localizedDescription()),
+                           error.localizedDescription());
     }
     logger_.info(QStringLiteral("Audio engine started successfully"));
-    return std::nullopt;
 }
 
 bool AudioRecorder::selectDevice(AudioEngine& engine, AudioDeviceID device) const
@@ -141,15 +140,13 @@ bool AudioRecorder::selectDevice(AudioEngine& engine, AudioDeviceID device) cons
     }
 }
 
-void AudioRecorder::tearDown(EngineSession* session, SampleCollector* drainInto)
+void AudioRecorder::tearDown(SampleCollector* drainInto)
 {
-    if (session == nullptr)
+    if (!currentSession_)
         return;
-    session->tearDown(drainInto);
-    if (session == currentSession_.get()) {
-        currentSession_.reset();
-        setCurrentAmplitude(0);
-    }
+    currentSession_->tearDown(drainInto);
+    currentSession_.reset();
+    setCurrentAmplitude(0);
 }
 
 void AudioRecorder::configurationChanged(const EngineSession* session)
@@ -160,19 +157,19 @@ void AudioRecorder::configurationChanged(const EngineSession* session)
         logger_.info(QStringLiteral("Ignoring self-inflicted configuration change after device selection"));
         return;
     }
-    if (!isReconfiguring_ && isRecording_ && currentSession_->isRunning())
+    if (isRecording_ && currentSession_->isRunning())
         rebuildEngine();
 }
 
 void AudioRecorder::rebuildEngine()
 {
-    isReconfiguring_ = true;
     logger_.info(QStringLiteral("Audio configuration changed mid-recording; rebuilding the audio engine"));
-    tearDown(currentSession_.get(), collector_.get());
-    if (auto failure = startEngineSession())
-        awaitMicrophone(std::move(*failure));
-    else
-        isReconfiguring_ = false;
+    tearDown(collector_.get());
+    try {
+        startEngineSession();
+    } catch (CaptureError& error) {
+        awaitMicrophone(std::move(error));
+    }
 }
 
 void AudioRecorder::useExpectedMicrophone()
@@ -183,35 +180,30 @@ void AudioRecorder::useExpectedMicrophone()
 }
 
 // A restarting sound server, a headset that changes its profile or a loose plug is back within a second or so.
-void AudioRecorder::awaitMicrophone(CaptureFailure failure)
+void AudioRecorder::awaitMicrophone(CaptureError failure)
 {
     lostCapture_ = std::move(failure);
-    const auto patience = isMicrophoneExpected_ ? expectedMicrophonePatience : microphonePatience;
-    clock_.callAfter(patience, this, [this, loss = ++lossCount_] {
-        if (lostCapture_ && loss == lossCount_)
-            giveUpRebuild();
+    patience_ = std::make_unique<QObject>();
+    const auto limit = isMicrophoneExpected_ ? expectedMicrophonePatience : microphonePatience;
+    clock_.callAfter(limit, patience_.get(), [this] {
+        if (retryRebuild())
+            return;
+        patience_.reset();
+        Q_EMIT captureGivenUp();
     });
 }
 
 bool AudioRecorder::retryRebuild()
 {
-    if (auto failure = startEngineSession()) {
-        lostCapture_ = std::move(failure);
+    try {
+        startEngineSession();
+    } catch (CaptureError& error) {
+        lostCapture_ = std::move(error);
         return false;
     }
     lostCapture_.reset();
-    isReconfiguring_ = false;
+    patience_.reset();
     return true;
-}
-
-void AudioRecorder::giveUpRebuild()
-{
-    if (retryRebuild())
-        return;
-    if (collector_->sampleCount() >= minimumSampleCount)
-        stopRecording();
-    else
-        fail(lostCapture_->message);
 }
 
 void AudioRecorder::stopRecording()
@@ -219,128 +211,37 @@ void AudioRecorder::stopRecording()
     if (!isRecording_)
         return;
     logger_.info(QStringLiteral("Stopping the recording"));
+    patience_.reset();
     setRecording(false);
-    if (const auto lost = endReconfiguring()) {
-        Q_EMIT captureLost(tr("The microphone was lost during the recording; what was said after that is missing. %1")
-                               .arg(lost->reason));
-    }
-    Stopped stopped{.session = currentSession_,
-                    .collector = std::exchange(collector_, nullptr),
-                    .recordingID = activeRecordingID_,
-                    .generation = recordingGeneration_,
-                    .startedAt = recordingStartedAt_,
-                    .mode = processingMode_,
-                    .job = processing_.prepare(processingMode_)};
-    notifications_.post(QStringLiteral("recorder:process:start"));
-    process(std::move(stopped));
 }
 
-// Whoever resumes here may find the recorder gone.
-QCoro::Task<> AudioRecorder::process(Stopped stopped)
+std::vector<float> AudioRecorder::takeSamples()
 {
-    const QPointer<AudioRecorder> self(this);
-    co_await clock_.sleepFor(drainDelay);
-    if (!self)
-        co_return;
-    if (recordingGeneration_ != stopped.generation) {
-        tearDown(stopped.session.get(), nullptr);
-        stopped.collector->clear();
-        co_return;
-    }
-    std::vector<float> samples = takeSamples(stopped);
-    if (samples.size() < minimumSampleCount) {
-        discardProcessing();
-        finish(DictationResult(), stopped.mode);
-        co_return;
-    }
-    logger_.info(QStringLiteral("Extracting transcription"));
-    isAwaitedByProcessing_ = false;
-    const DictationResult result = co_await stopped.job->run(stopped.recordingID, std::move(samples));
-    if (self && recordingGeneration_ == stopped.generation)
-        finish(result, stopped.mode);
-}
-
-std::vector<float> AudioRecorder::takeSamples(const Stopped& stopped)
-{
-    tearDown(stopped.session.get(), stopped.collector.get());
-    std::vector<float> samples = stopped.collector->takeSamples();
-    const std::chrono::duration<double> wallClock = clock_.now() - stopped.startedAt;
+    const auto collector = std::exchange(collector_, nullptr);
+    tearDown(collector.get());
+    std::vector<float> samples = collector->takeSamples();
+    const std::chrono::duration<double> wallClock = clock_.now() - recordingStartedAt_;
     logger_.info(QStringLiteral("Recording %1: wall clock %2s, captured %3s%4")
-                     .arg(stopped.recordingID, seconds(wallClock.count()),
+                     .arg(activeRecordingID_, seconds(wallClock.count()),
                           seconds(static_cast<double>(samples.size()) / samplesPerSecond),
-                          stopped.collector->overflowed() ? QStringLiteral(" (hit the 10-minute cap)") : QString()));
+                          collector->overflowed() ? QStringLiteral(" (hit the 10-minute cap)") : QString()));
     return samples;
 }
 
 void AudioRecorder::cancelRecording()
 {
-    if (isRecording_)
-        cancelDictation();
-}
-
-void AudioRecorder::cancelDictation()
-{
-    if (!isBusy_)
+    if (!collector_)
         return;
     logger_.info(QStringLiteral("Canceling the recording"));
-    beginGeneration();
-    setRecording(false);
-    setBusy(false);
-    endReconfiguring();
-    if (collector_)
-        std::exchange(collector_, nullptr)->clear();
-    tearDown(currentSession_.get(), nullptr);
-    if (isAwaitedByProcessing_)
-        discardProcessing();
-    else
-        processing_.runAbandoned();
+    discard();
 }
 
-void AudioRecorder::beginGeneration()
+void AudioRecorder::discard()
 {
-    if (recordingGeneration_ == std::numeric_limits<std::uint64_t>::max())
-        qFatal("There are no recording generations left");
-    ++recordingGeneration_;
-}
-
-std::optional<AudioRecorder::CaptureFailure> AudioRecorder::endReconfiguring()
-{
-    isReconfiguring_ = false;
-    return std::exchange(lostCapture_, std::nullopt);
-}
-
-void AudioRecorder::discardProcessing()
-{
-    if (std::exchange(isAwaitedByProcessing_, false))
-        processing_.recordingDiscarded();
-}
-
-void AudioRecorder::fail(QString message)
-{
-    endReconfiguring();
+    patience_.reset();
+    tearDown(nullptr);
     collector_.reset();
     setRecording(false);
-    setBusy(false);
-    discardProcessing();
-    postFinish(DictationResult({}, std::move(message)), processingMode_);
-}
-
-void AudioRecorder::finish(const DictationResult& result, ProcessingMode mode)
-{
-    postFinish(result, mode);
-    setProcessingMode(ProcessingMode::Normal);
-    setBusy(false);
-}
-
-void AudioRecorder::postFinish(const DictationResult& result, ProcessingMode mode)
-{
-    NotificationCenter::UserInfo info{{QStringLiteral("finalText"), result.text},
-                                      {QStringLiteral("processingMode"), rawValue(mode)}};
-    if (result.errorMessage) {
-        info[QStringLiteral("hasError")] = true;
-        info[QStringLiteral("errorMessage")] = *result.errorMessage;
-    }
-    notifications_.post(QStringLiteral("recorder:finish"), info);
 }
 
 void AudioRecorder::setProcessingMode(ProcessingMode mode)

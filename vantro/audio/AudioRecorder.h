@@ -1,20 +1,17 @@
 #pragma once
 
 #include "base/Clock.h"
+#include "base/Error.h"
 #include "base/Logger.h"
-#include "base/NotificationCenter.h"
 #include "base/ThreadWaker.h"
 #include "platform/AudioEngine.h"
 #include "vantro/ai/ProcessingMode.h"
-#include "vantro/audio/RecordingProcessing.h"
 
 #include <QObject>
 #include <QString>
-#include <qcoro/qcorotask.h>
 
 #include <atomic>
 #include <chrono>
-#include <cstdint>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -26,10 +23,22 @@ class EngineSession;
 class Permissions;
 class SampleCollector;
 
-/// Owns the microphone and one dictation's course: idle, recording (isRecording and isBusy), processing (isBusy alone),
-/// idle. Posts "recorder:process:start" when a stopped recording goes into processing, and "recorder:finish" with
-/// "finalText", "processingMode" and, after a failure, "hasError" and "errorMessage" when a dictation has ended. Main
-/// thread only; everything that it is given outlives it.
+/// Why nothing can be captured.
+class CaptureError : public Error
+{
+public:
+    CaptureError(const QString& description, QString reason) : Error(description), reason_(std::move(reason)) {}
+
+    /// The description without what was attempted, for a sentence that tells that itself.
+    [[nodiscard]] const QString& reason() const { return reason_; }
+
+private:
+    QString reason_;
+};
+
+/// The microphone of one dictation: captures into a collector, survives changes of the audio route by rebuilding its
+/// engine, and hands out the samples. Publishes what the interface shows of the dictation that uses it. Main thread
+/// only; everything that it is given outlives it.
 class AudioRecorder : public QObject
 {
     Q_OBJECT
@@ -48,13 +57,14 @@ public:
     /// The same for one that is known to be coming: a headset needs seconds for another profile.
     static constexpr std::chrono::milliseconds expectedMicrophonePatience{5000};
 
-    AudioRecorder(AudioEngineFactory makeEngine, AudioDeviceManager& devices, Permissions& permissions,
-                  NotificationCenter& notifications, Clock& clock, RecordingProcessing& processing);
-    /// Ends the capture; a dictation in processing ends without a word.
+    AudioRecorder(AudioEngineFactory makeEngine, AudioDeviceManager& devices, Permissions& permissions, Clock& clock);
+    /// Ends the capture.
     ~AudioRecorder() override;
 
     [[nodiscard]] bool isRecording() const { return isRecording_; }
+    /// From the start until the dictation is over; set by the dictation.
     [[nodiscard]] bool isBusy() const { return isBusy_; }
+    void setBusy(bool busy);
     /// 0..1, for the waveform.
     [[nodiscard]] float currentAmplitude() const { return currentAmplitude_; }
     /// When the first sound of the latest recording arrived; nothing before it has.
@@ -63,94 +73,63 @@ public:
     [[nodiscard]] ProcessingMode processingMode() const { return processingMode_; }
     void setProcessingMode(ProcessingMode mode);
 
-    /// Refused while a recording runs or is being processed. A microphone that cannot be started is told by
-    /// "recorder:finish", before this returns.
-    void startRecording();
+    /// False, with nothing changed, while one runs or without permission. Throws CaptureError.
+    [[nodiscard]] bool startRecording();
+    /// The recording is over. The capture goes on until takeSamples(): what was spoken last is still on its way.
+    void stopRecording();
+    /// Ends the capture; 16 kHz mono, nominally -1..1.
+    [[nodiscard]] std::vector<float> takeSamples();
+    /// Throws away what was captured, before or after the stop.
+    void cancelRecording();
+
+    [[nodiscard]] std::size_t sampleCount() const;
+    /// Why nothing is being captured, while a microphone is waited for and when none has come.
+    [[nodiscard]] const std::optional<CaptureError>& lostCapture() const { return lostCapture_; }
+
     /// A microphone is about to come, for the recording that begins: a start without any waits for it, for a while.
     void expectMicrophone() { isMicrophoneExpected_ = true; }
     /// It is there: a running recording goes on with the device that is the effective one now.
     void useExpectedMicrophone();
-    /// Ends the recording and begins to process it; returns at once.
-    void stopRecording();
-    /// Throws a running recording away; does nothing once it is stopped.
-    void cancelRecording();
-    /// The same at every stage: what is being processed is dropped too, and nothing is told of it.
-    void cancelDictation();
 
 Q_SIGNALS:
     void isRecordingChanged();
     void isBusyChanged();
     void currentAmplitudeChanged();
     void processingModeChanged();
-    /// The microphone was lost in the middle of a recording and there was no other. What had been said is processed as
-    /// after a stop; @p message tells the user.
-    void captureLost(const QString& message);
+    /// The microphone was lost in the middle of a recording and no other has come: lostCapture() tells why.
+    void captureGivenUp();
 
 private:
-    struct CaptureFailure
-    {
-        QString message;
-        QString reason;
-    };
-    /// What a stopped recording takes along.
-    struct Stopped
-    {
-        std::shared_ptr<EngineSession> session;
-        std::shared_ptr<SampleCollector> collector;
-        QString recordingID;
-        std::uint64_t generation;
-        Clock::Instant startedAt;
-        ProcessingMode mode;
-        std::unique_ptr<DictationJob> job;
-    };
-
-    [[nodiscard]] std::optional<CaptureFailure> startEngineSession();
+    void startEngineSession();
     [[nodiscard]] bool selectDevice(AudioEngine& engine, AudioDeviceID device) const;
-    void tearDown(EngineSession* session, SampleCollector* drainInto);
+    void tearDown(SampleCollector* drainInto);
     void configurationChanged(const EngineSession* session);
     void rebuildEngine();
-    void awaitMicrophone(CaptureFailure failure);
+    void awaitMicrophone(CaptureError failure);
     bool retryRebuild();
-    void giveUpRebuild();
-    /// What the recording had lost, when that is why it is being rebuilt.
-    std::optional<CaptureFailure> endReconfiguring();
-    QCoro::Task<> process(Stopped stopped);
-    [[nodiscard]] std::vector<float> takeSamples(const Stopped& stopped);
-    void beginGeneration();
-    void discardProcessing();
-    void fail(QString message);
-    void finish(const DictationResult& result, ProcessingMode mode);
-    void postFinish(const DictationResult& result, ProcessingMode mode);
+    void discard();
     void setRecording(bool recording);
-    void setBusy(bool busy);
     void setCurrentAmplitude(float amplitude);
 
     bool isRecording_ = false;
     bool isBusy_ = false;
     float currentAmplitude_ = 0;
     ProcessingMode processingMode_ = ProcessingMode::Normal;
-    std::shared_ptr<EngineSession> currentSession_;
+    std::unique_ptr<EngineSession> currentSession_;
     std::shared_ptr<SampleCollector> collector_;
     QString activeRecordingID_;
-    std::uint64_t recordingGeneration_ = 0;
     Clock::Instant recordingStartedAt_;
     AudioEngineFactory makeEngine_;
     AudioDeviceManager& audioDeviceManager_;
     Permissions& permissions_;
-    NotificationCenter& notifications_;
     Clock& clock_;
-    RecordingProcessing& processing_;
     Logger logger_{"AudioRecorder"};
-    bool isReconfiguring_ = false;
 
-    /// The processing side was told of a recording and neither runs its job nor knows that nothing comes of it.
-    bool isAwaitedByProcessing_ = false;
     bool isMicrophoneExpected_ = false;
     /// What the current session was told to record from.
     std::optional<AudioDeviceID> sessionDevice_;
-    /// Why there is no session in the middle of a recording, while a microphone is waited for.
-    std::optional<CaptureFailure> lostCapture_;
-    std::uint64_t lossCount_ = 0;
+    std::optional<CaptureError> lostCapture_;
+    std::unique_ptr<QObject> patience_; ///< its destruction ends the wait for a microphone
 
     std::atomic<float> tapLevel_{0};
     std::atomic<Clock::Instant::rep> firstTap_{0}; ///< 0 until the first block of a recording

@@ -138,10 +138,11 @@ TEST_F(FormatFailures, ASilentServerIsGivenUpAfterThirtySecondsAndAfterTenByTheC
 TEST_F(FormatFailures, ACancelEndsTheRequestInTheMiddle)
 {
     server.answer({{QStringLiteral("stall"), true}});
-    const auto asked = service(config(RemoteProviderType::Custom));
+    std::stop_source cancel;
+    const auto asked = service(config(RemoteProviderType::Custom), cancel.get_token());
     const auto formatted = begin(asked->format({}, {}));
     ASSERT_TRUE(waitFor([&] { return server.requests().size() == 1; }));
-    asked->cancel();
+    cancel.request_stop();
     ASSERT_TRUE(waitFor([&] { return formatted->isThere; }));
     EXPECT_EQ(formatted->kind(), Kind::networkError);
     // A service that was cancelled before it was asked sends nothing that counts.

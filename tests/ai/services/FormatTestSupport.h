@@ -103,9 +103,11 @@ protected:
         return config;
     }
 
-    [[nodiscard]] std::shared_ptr<RemoteFormatService> service(const RemoteProviderConfig& config)
+    [[nodiscard]] std::shared_ptr<RemoteFormatService> service(const RemoteProviderConfig& config,
+                                                               std::stop_token stop = {})
     {
-        return FormatServiceFactory(providers, parts, {server.url(), server.url(), server.url()}).makeRemote(config);
+        return FormatServiceFactory(providers, parts, {server.url(), server.url(), server.url()})
+            .makeRemote(config, std::move(stop));
     }
 
     template <typename Result>

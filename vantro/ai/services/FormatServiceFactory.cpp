@@ -20,7 +20,8 @@ FormatServiceFactory::FormatServiceFactory(const ProviderConfigurationManager& p
 }
 
 std::shared_ptr<FormatRequestServicing> FormatServiceFactory::make(ProcessingMode mode,
-                                                                   const ModeConfiguration& configuration) const
+                                                                   const ModeConfiguration& configuration,
+                                                                   std::stop_token stop) const
 {
     if (configuration.useLocalAI) {
         printLine(QStringLiteral("LocalFormatService unavailable for %1: %2")
@@ -34,7 +35,7 @@ std::shared_ptr<FormatRequestServicing> FormatServiceFactory::make(ProcessingMod
     }
     printLine(
         QStringLiteral("Using remote service (%1) for %2").arg(displayName(chosen->providerType), rawValue(mode)));
-    return makeRemote(chosen->remoteConfig());
+    return makeRemote(chosen->remoteConfig(), std::move(stop));
 }
 
 void FormatServiceFactory::preconnect(const ModeConfiguration& configuration) const
@@ -52,17 +53,20 @@ const ProviderConfiguration* FormatServiceFactory::provider(const ModeConfigurat
     return found != nullptr && found->isEnabled ? found : nullptr;
 }
 
-std::shared_ptr<RemoteFormatService> FormatServiceFactory::makeRemote(const RemoteProviderConfig& config) const
+std::shared_ptr<RemoteFormatService> FormatServiceFactory::makeRemote(const RemoteProviderConfig& config,
+                                                                      std::stop_token stop) const
 {
+    RemoteServiceParts parts = parts_;
+    parts.stop = std::move(stop);
     switch (config.provider) {
     case RemoteProviderType::OpenAI:
-        return std::make_shared<OpenAICompatibleService>(parts_, config, hosts_);
+        return std::make_shared<OpenAICompatibleService>(parts, config, hosts_);
     case RemoteProviderType::Anthropic:
-        return std::make_shared<AnthropicService>(parts_, config, hosts_);
+        return std::make_shared<AnthropicService>(parts, config, hosts_);
     case RemoteProviderType::Gemini:
-        return std::make_shared<GeminiService>(parts_, config, hosts_);
+        return std::make_shared<GeminiService>(parts, config, hosts_);
     case RemoteProviderType::Custom:
-        return std::make_shared<CustomOpenAICompatibleService>(parts_, config);
+        return std::make_shared<CustomOpenAICompatibleService>(parts, config);
     }
     Q_UNREACHABLE();
 }

@@ -18,11 +18,13 @@ public:
                          ProviderHosts hosts = {});
 
     /// Never fails: what cannot be served remotely gets the service on this machine, which tells why it cannot either.
-    [[nodiscard]] std::shared_ptr<FormatRequestServicing> make(ProcessingMode mode,
-                                                               const ModeConfiguration& configuration) const;
+    /// @p stop ends the service's requests.
+    [[nodiscard]] std::shared_ptr<FormatRequestServicing>
+    make(ProcessingMode mode, const ModeConfiguration& configuration, std::stop_token stop = {}) const;
     /// Opens the connection that a service for @p configuration would use, if it would use one.
     void preconnect(const ModeConfiguration& configuration) const;
-    [[nodiscard]] std::shared_ptr<RemoteFormatService> makeRemote(const RemoteProviderConfig& config) const;
+    [[nodiscard]] std::shared_ptr<RemoteFormatService> makeRemote(const RemoteProviderConfig& config,
+                                                                  std::stop_token stop = {}) const;
 
 private:
     /// Null when nothing is to be sent anywhere.

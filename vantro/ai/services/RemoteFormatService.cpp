@@ -107,11 +107,6 @@ QCoro::Task<> RemoteFormatService::verifyCredentials(QString keychainIdentifier)
     co_await send(key, body, verificationTimeout, read);
 }
 
-void RemoteFormatService::cancel()
-{
-    stop_.request_stop();
-}
-
 QCoro::Task<> RemoteFormatService::readKey(KeychainServicing& keychain, QString account, std::shared_ptr<KeyRead> into)
 {
     try {
@@ -163,7 +158,7 @@ QCoro::Task<QString> RemoteFormatService::send(QString key, QJsonObject body, st
                            .arg(request.body.size())
                            .arg(body.keys().join(QStringLiteral(", ")))));
     try {
-        co_return co_await parts_.http.post(request, read, stop_.get_token());
+        co_return co_await parts_.http.post(request, read, parts_.stop);
     } catch (const HttpError& error) {
         if (error.kind() == HttpError::Kind::notHttp) {
             logger().error(line(QStringLiteral("Invalid response type")));

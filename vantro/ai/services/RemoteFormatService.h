@@ -18,12 +18,14 @@
 
 namespace vantro {
 
-/// What every remote service works with; outlives them all.
+/// What a remote service works with; the objects outlive it.
 struct RemoteServiceParts
 {
     HttpExchange& http;
     KeychainServicing& keychain;
     const LanguageRecognizer& languages;
+    /// Ends what is under way, with an error, when nobody waits for it any more.
+    std::stop_token stop = {};
 };
 
 /// A hosted language model, asked over HTTP: one request, one answer, no second try. Everything is common to the
@@ -39,7 +41,6 @@ public:
     /// The connection alone, for when it is not sure yet that it will be needed.
     void preconnect();
     QCoro::Task<QString> format(QString prompt, QString text) override;
-    void cancel() override;
 
     /// Sends the smallest possible request with the key of that account, or the one that the configuration carries.
     QCoro::Task<> verifyCredentials(QString keychainIdentifier);
@@ -80,7 +81,6 @@ private:
     RemoteServiceParts parts_;
     RemoteProviderConfig config_;
     std::chrono::milliseconds baseTimeout_;
-    std::stop_source stop_;
     std::shared_ptr<KeyRead> keyAhead_; ///< what prepare() has begun to read
 };
 

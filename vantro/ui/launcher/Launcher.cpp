@@ -1,6 +1,6 @@
 #include "vantro/ui/launcher/Launcher.h"
 
-#include "vantro/audio/AudioRecorder.h"
+#include "vantro/app/Dictation.h"
 #include "vantro/ui/style/PanelShape.h"
 #include "vantro/ui/style/UiEngine.h"
 
@@ -23,11 +23,11 @@ constexpr int cornerRadius = 14;
 
 Launcher::Launcher(const Context& context)
     : QQuickView(&context.engine, nullptr)
-    , audioRecorder_(context.audioRecorder)
+    , dictation_(context.dictation)
     , shortcuts_(context.shortcuts)
     , workspace_(context.workspace)
     , notifications_(context.notifications)
-    , model_(context.audioRecorder, context.notifications, context.clock, context.modes, context.microphone)
+    , model_(context.dictation, context.clock, context.modes, context.microphone)
 {
     keepModule(qml_register_types_Vantro_Launcher);
     setFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
@@ -40,11 +40,10 @@ Launcher::Launcher(const Context& context)
 
     // The press acts when Space is released, so that the release does not end up in the window the text goes to.
     inFocusActionObserver_ = shortcuts_.onKeyUp(KeyboardShortcuts::Name::stopRecordingAndCloseModal, *this,
-                                                [this] { audioRecorder_.stopRecording(); });
+                                                [this] { dictation_.stop(); });
     // The window system's focus events also come when a hot key merely fires; the front window does not lie.
     connect(&workspace_, &Workspace::frontWindowChanged, this, &Launcher::followKeyboard);
     logger_.debug(QStringLiteral("I appeared"));
-    audioRecorder_.setProcessingMode(context.defaultMode);
 }
 
 Launcher::~Launcher()
@@ -126,7 +125,7 @@ bool Launcher::handleDigit(const QString& characters)
 
 void Launcher::cancelOperation()
 {
-    audioRecorder_.cancelDictation();
+    dictation_.cancel();
     closePanel();
 }
 
@@ -143,7 +142,7 @@ void Launcher::closePanel()
     isClosed_ = true;
     logger_.debug(QStringLiteral("closing window"));
     shortcuts_.disable({KeyboardShortcuts::Name::stopRecordingAndCloseModal});
-    audioRecorder_.cancelRecording();
+    dictation_.cancelRecording();
     inFocusActionObserver_.reset();
     setSource(QUrl());
     notifications_.post(QStringLiteral("launcher:closed"));

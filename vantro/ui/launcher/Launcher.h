@@ -22,22 +22,18 @@ public:
     struct Context
     {
         QQmlEngine& engine;
-        AudioRecorder& audioRecorder;
+        Dictation& dictation;
         KeyboardShortcuts& shortcuts;
         Workspace& workspace;
         NotificationCenter& notifications;
         Clock& clock;
         std::vector<LauncherModel::Mode> modes;
-        ProcessingMode defaultMode = ProcessingMode::Normal;
         QString microphone;
     };
 
     explicit Launcher(const Context& context);
     ~Launcher() override;
 
-    [[nodiscard]] LauncherModel& model() { return model_; }
-
-    [[nodiscard]] bool isVisible() const override { return QQuickView::isVisible(); }
     [[nodiscard]] QRect frame() const override { return geometry(); }
     void makeKeyAndOrderFront() override;
     void orderFront() override;
@@ -56,7 +52,7 @@ private:
     [[nodiscard]] bool handleDigit(const QString& characters);
 
     Logger logger_{"Launcher"};
-    AudioRecorder& audioRecorder_;
+    Dictation& dictation_;
     KeyboardShortcuts& shortcuts_;
     Workspace& workspace_;
     NotificationCenter& notifications_;

@@ -1,6 +1,6 @@
 #include "vantro/ui/launcher/LauncherModel.h"
 
-#include "vantro/audio/AudioRecorder.h"
+#include "vantro/app/Dictation.h"
 #include "vantro/ui/launcher/WaveformItem.h"
 
 #include <algorithm>
@@ -19,9 +19,9 @@ constexpr auto countdownFrom = 540s;
 
 } // namespace
 
-LauncherModel::LauncherModel(AudioRecorder& recorder, NotificationCenter& notifications, Clock& clock,
-                             std::vector<Mode> modes, QString microphone)
-    : recorder_(recorder)
+LauncherModel::LauncherModel(Dictation& dictation, Clock& clock, std::vector<Mode> modes, QString microphone)
+    : dictation_(dictation)
+    , recorder_(dictation.recorder())
     , clock_(clock)
     , modes_(std::move(modes))
     , microphone_(std::move(microphone))
@@ -29,11 +29,11 @@ LauncherModel::LauncherModel(AudioRecorder& recorder, NotificationCenter& notifi
     , lastHeardAt_(openedAt_)
     , stoppedAt_(openedAt_)
 {
-    connect(&recorder, &AudioRecorder::currentAmplitudeChanged, this,
+    connect(&recorder_, &AudioRecorder::currentAmplitudeChanged, this,
             [this] { loudestSinceTick_ = std::max(loudestSinceTick_, recorder_.currentAmplitude()); });
-    connect(&recorder, &AudioRecorder::processingModeChanged, this, &LauncherModel::chosenModeChanged);
-    observations_.push_back(
-        notifications.observe(QStringLiteral("recorder:process:start"), [this](const auto&) { processingStarted(); }));
+    connect(&recorder_, &AudioRecorder::processingModeChanged, this, &LauncherModel::chosenModeChanged);
+    connect(&dictation, &Dictation::stateChanged, this, &LauncherModel::followState);
+    connect(&dictation, &Dictation::transcriptionProgress, this, &LauncherModel::setProgress);
     connect(&ticker_, &QTimer::timeout, this, &LauncherModel::tick);
     ticker_.start(barDuration);
 }
@@ -100,8 +100,10 @@ void LauncherModel::setProgress(float fraction)
     Q_EMIT progressChanged();
 }
 
-void LauncherModel::processingStarted()
+void LauncherModel::followState()
 {
+    if (processing_ || dictation_.state() != Dictation::State::draining)
+        return;
     stoppedAt_ = clock_.now();
     processing_ = true;
     ticker_.stop();

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "base/Clock.h"
-#include "base/NotificationCenter.h"
 #include "vantro/ai/ProcessingMode.h"
 
 #include <QObject>
@@ -15,6 +14,7 @@
 namespace vantro {
 
 class AudioRecorder;
+class Dictation;
 
 /// What the recording panel shows: level, time, modes and how far the engine is. Main thread; lives as long as the
 /// panel.
@@ -43,8 +43,7 @@ public:
     };
 
     /// @p modes: the visible ones in display order. @p microphone: its name, for the notice that it stays silent.
-    LauncherModel(AudioRecorder& recorder, NotificationCenter& notifications, Clock& clock, std::vector<Mode> modes,
-                  QString microphone);
+    LauncherModel(Dictation& dictation, Clock& clock, std::vector<Mode> modes, QString microphone);
 
     [[nodiscard]] bool isProcessing() const { return processing_; }
     [[nodiscard]] qreal progress() const { return progress_; }
@@ -61,8 +60,6 @@ public:
     void setEndingHint(const QString& ending, const QString& cancel);
 
     Q_INVOKABLE void chooseMode(int index);
-    /// The engine's own figure, 0..1. Never moves the bar back.
-    void setProgress(float fraction);
 
 Q_SIGNALS:
     void processingChanged();
@@ -74,11 +71,14 @@ Q_SIGNALS:
     void hintsChanged();
 
 private:
-    void processingStarted();
+    void followState();
+    /// The engine's own figure, 0..1. Never moves the bar back.
+    void setProgress(float fraction);
     void tick();
     void setNotice(const QString& notice);
     [[nodiscard]] std::chrono::seconds elapsed() const;
 
+    const Dictation& dictation_;
     AudioRecorder& recorder_;
     Clock& clock_;
     std::vector<Mode> modes_;
@@ -94,7 +94,6 @@ private:
     QString notice_;
     QString endingHint_;
     QString cancelHint_;
-    std::vector<NotificationCenter::Observation> observations_;
 };
 
 } // namespace vantro

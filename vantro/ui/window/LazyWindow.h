@@ -1,7 +1,6 @@
 #pragma once
 
 #include "platform/Workspace.h"
-#include "vantro/app/SideWindow.h"
 
 #include <QQuickView>
 
@@ -12,8 +11,9 @@
 
 namespace vantro {
 
-/// A window that exists only while it is open: closing it gives back what it and its view models took. Main thread.
-class LazyWindow final : public SideWindow
+/// A window that exists only while it is open: closing it gives back what it and its view models took. It can be put
+/// aside while a dictation is recorded. Main thread.
+class LazyWindow final
 {
 public:
     struct Content
@@ -32,7 +32,9 @@ public:
     /// @p engine and @p workspace must outlive this object. @p makeContent is called whenever the window opens. A
     /// "closeRequested" signal of the QML root closes it.
     LazyWindow(QQmlEngine& engine, Workspace& workspace, Look look, std::function<Content()> makeContent);
-    ~LazyWindow() override;
+    ~LazyWindow();
+    LazyWindow(const LazyWindow&) = delete;
+    LazyWindow& operator=(const LazyWindow&) = delete;
 
     /// Shows the window, or brings it forward, with the keyboard.
     void open();
@@ -44,9 +46,11 @@ public:
 
     /// Also true while a dictation has put it aside.
     [[nodiscard]] bool isOpen() const { return view_ != nullptr; }
-    [[nodiscard]] bool isVisible() const override;
-    void orderOut() override;
-    void orderFront() override;
+    [[nodiscard]] bool isVisible() const;
+    void orderOut();
+    /// Brings the window back where it was. It gets the keyboard only when it had it before: the dictation's text may
+    /// be meant for a field in it, or for a window of another program.
+    void orderFront();
 
 private:
     class View;

@@ -1,0 +1,314 @@
+#include "vantro/app/Dictation.h"
+
+#include "platform/Wording.h"
+#include "vantro/ai/DefaultMode.h"
+#include "vantro/app/LauncherPanel.h"
+#include "vantro/app/ProcessingErrorMessage.h"
+
+#include <QMetaObject>
+#include <QScopeGuard>
+
+#include <utility>
+
+namespace vantro {
+
+class Dictation::Failure : public Error
+{
+public:
+    explicit Failure(const QString& message, QString transcript = {})
+        : Error(message)
+        , transcript_(std::move(transcript))
+    {
+    }
+
+    /// What was recognised before it failed.
+    [[nodiscard]] const QString& transcript() const { return transcript_; }
+
+private:
+    QString transcript_;
+};
+
+std::shared_ptr<Dictation> Dictation::begin(const Parts& parts, Keyboard keyboard)
+{
+    const std::shared_ptr<Dictation> dictation(new Dictation(parts));
+    dictation->run(keyboard);
+    return dictation;
+}
+
+Dictation::~Dictation() = default;
+
+QCoro::Task<> Dictation::run(Keyboard keyboard)
+{
+    const auto self = shared_from_this(); // so that whatever it waits for finds it alive
+    try {
+        parts_.delivery.rememberTarget();
+        startCapture();
+        const auto engineUse = parts_.transcription.prepare(); // loads its model while the user speaks
+        openLauncher(keyboard);
+
+        co_await spoken_;
+        endRecording();
+        std::vector<float> samples = co_await drain();
+        const QString transcript = co_await transcribe(std::move(samples));
+        const QString text = co_await process(transcript);
+        announce(text);
+        co_await deliver(text);
+    } catch (const Failure& failure) {
+        fail(failure);
+    } catch (const GivenUp&) {
+    }
+    end();
+}
+
+/// Before anything is shown: the first word may come at once.
+void Dictation::startCapture()
+{
+    AudioRecorder& recorder = parts_.recorder;
+    timings_.shortcut = parts_.clock.now();
+    recorder.setProcessingMode(defaultMode(parts_.defaults));
+    connect(&recorder, &AudioRecorder::captureGivenUp, this, &Dictation::stop);
+    try {
+        if (!recorder.startRecording()) {
+            notice_ = wording::noSoundServer();
+            throw GivenUp();
+        }
+    } catch (const CaptureError& error) {
+        throw Failure(error.localizedDescription());
+    }
+    recorder.setBusy(true);
+    enter(State::recording);
+    expectService();
+    connect(&recorder, &AudioRecorder::processingModeChanged, this, &Dictation::expectService);
+}
+
+void Dictation::expectService()
+{
+    if (state_ == State::recording && parts_.expectService)
+        parts_.expectService(parts_.recorder.processingMode());
+}
+
+void Dictation::openLauncher(Keyboard keyboard)
+{
+    parts_.shell.putWindowsAside();
+    launcher_ = parts_.shell.makeLauncher(*this);
+    if (keyboard == Keyboard::taken)
+        launcher_->makeKeyAndOrderFront();
+    else
+        launcher_->orderFront();
+}
+
+void Dictation::stop()
+{
+    if (state_ == State::recording)
+        spoken_.open();
+}
+
+/// Everything that the user has chosen counts as it is now.
+void Dictation::endRecording()
+{
+    giveUpIfCancelled();
+    timings_.stopped = parts_.clock.now();
+    parts_.recorder.stopRecording();
+    noteLostMicrophone();
+    mode_ = parts_.recorder.processingMode();
+    const auto handler = parts_.handlers.find(mode_);
+    handler_ = (handler != parts_.handlers.end() ? handler->second : parts_.handlers.at(ProcessingMode::Normal)).get();
+    if (parts_.chooseService)
+        service_ = parts_.chooseService(mode_, stop_.get_token());
+    enter(State::draining);
+    parts_.notifications.post(QStringLiteral("recorder:process:start"));
+    if (mode_ == ProcessingMode::Notes) {
+        closeLauncher();
+        parts_.shell.bringWindowsBack();
+    }
+}
+
+void Dictation::noteLostMicrophone()
+{
+    const auto& lost = parts_.recorder.lostCapture();
+    if (!lost)
+        return;
+    if (parts_.recorder.sampleCount() < AudioRecorder::minimumSampleCount)
+        throw Failure(lost->localizedDescription());
+    notice_ = tr("The microphone was lost during the recording; what was said after that is missing. %1")
+                  .arg(lost->reason());
+}
+
+/// What was spoken right before the stop is still on its way through the sound server.
+QCoro::Task<std::vector<float>> Dictation::drain()
+{
+    co_await parts_.clock.sleepFor(AudioRecorder::drainDelay);
+    giveUpIfCancelled();
+    co_return parts_.recorder.takeSamples();
+}
+
+QCoro::Task<QString> Dictation::transcribe(std::vector<float> samples)
+{
+    if (samples.size() < AudioRecorder::minimumSampleCount)
+        co_return QString();
+    enter(State::transcribing);
+    logger_.info(QStringLiteral("Extracting transcription"));
+    const auto begun = std::chrono::steady_clock::now();
+    const auto timed = qScopeGuard([this, begun] {
+        timings_.engine =
+            std::chrono::duration_cast<std::chrono::microseconds>(std::chrono::steady_clock::now() - begun);
+    });
+    TranscriptionFacade::Options options;
+    options.stop = stop_.get_token();
+    options.onProgress = [this](float fraction) {
+        QMetaObject::invokeMethod(
+            this, [this, fraction] { Q_EMIT transcriptionProgress(fraction); }, Qt::QueuedConnection);
+    };
+    try {
+        auto transcription =
+            parts_.transcription.transcribe(parts_.recorder.activeRecordingID(), std::move(samples), options);
+        QString transcript = co_await transcription;
+        giveUpIfCancelled();
+        co_return transcript;
+    } catch (const std::exception& error) {
+        giveUpIfCancelled();
+        const QString description = localizedDescription(error);
+        logger_.error(QStringLiteral("Transcription failed: ") + description);
+        throw Failure(QStringLiteral("Failed to transcribe audio: ") + description);
+    }
+}
+
+QCoro::Task<QString> Dictation::process(QString transcript)
+{
+    if (transcript.isEmpty())
+        co_return transcript;
+    enter(State::processing);
+    logger_.info(QStringLiteral("Processing transcription"));
+    try {
+        QString text = co_await handler_->process(transcript, service_);
+        giveUpIfCancelled();
+        co_return text;
+    } catch (const std::exception& error) {
+        giveUpIfCancelled();
+        logger_.error(QStringLiteral("Processing error: ") + localizedDescription(error));
+        throw Failure(processingErrorMessage(error), transcript);
+    }
+}
+
+void Dictation::announce(const QString& finalText, const std::optional<QString>& errorMessage)
+{
+    timings_.textReady = parts_.clock.now();
+    timings_.firstSample = parts_.recorder.firstSampleAt();
+    NotificationCenter::UserInfo info{{QStringLiteral("finalText"), finalText},
+                                      {QStringLiteral("processingMode"), rawValue(mode_)}};
+    if (errorMessage) {
+        info[QStringLiteral("hasError")] = true;
+        info[QStringLiteral("errorMessage")] = *errorMessage;
+    }
+    parts_.notifications.post(QStringLiteral("recorder:finish"), info);
+}
+
+/// A note has been filed by its handler and goes nowhere else.
+QCoro::Task<> Dictation::deliver(QString text)
+{
+    text = text.trimmed();
+    if (mode_ == ProcessingMode::Notes || text.isEmpty())
+        co_return;
+    enter(State::delivering);
+    const QRect launcherFrame = launcher_->frame();
+    if (parts_.defaults.boolean(QStringLiteral("autoPasteEnabled"), true)) {
+        co_await paste(text, launcherFrame);
+    } else {
+        parts_.delivery.copy(text);
+        parts_.shell.showPasteHUD(launcherFrame);
+    }
+    if (parts_.defaults.boolean(QStringLiteral("playSoundOnComplete"), false))
+        parts_.sounds.play(QStringLiteral("Blow"));
+}
+
+QCoro::Task<> Dictation::paste(QString text, QRect launcherFrame)
+{
+    closeLauncher();
+    const auto outcome = co_await parts_.delivery.deliver(text);
+    if (outcome == PasteDelivery::Outcome::Pasted) {
+        timings_.pasted = parts_.clock.now();
+        co_return;
+    }
+    // The text stands on the clipboard; the user pastes it where it belongs.
+    logger_.info(parts_.delivery.explanation(outcome));
+    parts_.shell.showPasteHUD(launcherFrame);
+}
+
+void Dictation::fail(const Failure& failure)
+{
+    announce(failure.transcript(), failure.localizedDescription());
+    notice_ = failure.localizedDescription() + saveFromLoss(failure.transcript());
+}
+
+/// What is not delivered is in the history. What is not there either, a note on a full disk for example, goes to the
+/// clipboard; answers what to tell of that.
+QString Dictation::saveFromLoss(const QString& text)
+{
+    if (parts_.store.hasLatest() || text.trimmed().isEmpty())
+        return {};
+    parts_.delivery.copy(text.trimmed());
+    return QStringLiteral("\n\n") + tr("What you said is on the clipboard.");
+}
+
+void Dictation::cancelRecording()
+{
+    if (state_ == State::recording)
+        cancel();
+}
+
+void Dictation::cancel()
+{
+    if (state_ >= State::delivering)
+        return;
+    stop_.request_stop();
+    end();
+    spoken_.open(); // run() finds out by itself wherever else it waits
+}
+
+/// Alerts come last, since they take the keyboard.
+void Dictation::end()
+{
+    if (isOver())
+        return;
+    enter(State::over);
+    parts_.recorder.cancelRecording();
+    parts_.recorder.setProcessingMode(ProcessingMode::Normal);
+    closeLauncher();
+    parts_.recorder.setBusy(false);
+    parts_.shell.bringWindowsBack();
+    if (!notice_.isEmpty())
+        parts_.shell.showAlert(tr("Transcription Error"), notice_);
+    tellOfStoreProblem();
+}
+
+void Dictation::tellOfStoreProblem()
+{
+    if (const auto problem = parts_.store.takeProblem()) {
+        parts_.shell.showAlert(tr("Not in the History"),
+                               tr("What you dictate is delivered but not kept: %1").arg(*problem));
+    }
+}
+
+void Dictation::enter(State state)
+{
+    state_ = state;
+    Q_EMIT stateChanged();
+}
+
+void Dictation::giveUpIfCancelled() const
+{
+    if (stop_.stop_requested())
+        throw GivenUp();
+}
+
+void Dictation::closeLauncher()
+{
+    if (!launcher_)
+        return;
+    launcher_->closePanel();
+    // Not now: the panel may be what asks for it.
+    QMetaObject::invokeMethod(
+        this, [this] { launcher_.reset(); }, Qt::QueuedConnection);
+}
+
+} // namespace vantro
