@@ -53,9 +53,13 @@ QCoro::Task<QString> TranscriptionFacade::transcribe(QString recordingID, std::v
     const bool isWhisper = model.engine == TranscriptionEngine::whisper;
     logger_.info(QStringLiteral("Transcribing with %1 (%2)")
                      .arg(isWhisper ? QStringLiteral("whisper.cpp") : QStringLiteral("Fluid"), model.name));
-    TranscriptionRequest request{
-        std::move(recordingID),        std::move(samples),         model, std::move(options.language),
-        std::move(options.onProgress), std::move(options.onTokens)};
+    TranscriptionRequest request{std::move(recordingID),
+                                 std::move(samples),
+                                 model,
+                                 std::move(options.language),
+                                 std::move(options.onProgress),
+                                 std::move(options.onTokens),
+                                 std::move(options.stop)};
     co_return co_await provider(model).transcribe(std::move(request));
 }
 

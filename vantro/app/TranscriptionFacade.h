@@ -20,6 +20,7 @@ public:
         std::optional<QString> language;                                         ///< the user's setting when absent
         std::function<void(float)> onProgress;                                   ///< 0..1, on the engine's thread
         std::function<void(const std::vector<TranscribedToken>&)> onTokens = {}; ///< main thread
+        std::stop_token stop = {}; ///< ends this transcription soon: it throws
     };
 
     TranscriptionFacade(ModelSelection& selection, TranscriptionProviding& whisper, TranscriptionProviding& fluid);
@@ -30,7 +31,8 @@ public:
 
     /// A recording has begun: the selected model is made ready meanwhile. The use must not outlive the facade.
     [[nodiscard]] EngineUse prepare();
-    /// @p samples: 16 kHz mono. Errors of the engine pass through unchanged.
+    /// @p samples: 16 kHz mono. Errors of the engine pass through unchanged; a transcription that is stopped throws,
+    /// too.
     QCoro::Task<QString> transcribe(QString recordingID, std::vector<float> samples, Options options);
     void cancel();
 

@@ -8,6 +8,7 @@
 #include <chrono>
 #include <functional>
 #include <optional>
+#include <stop_token>
 #include <vector>
 
 namespace vantro {
@@ -32,6 +33,8 @@ struct TranscriptionRequest
     std::function<void(float)> onProgress;
     /// Called on the main thread before the text is there, by engines that know their tokens.
     std::function<void(const std::vector<TranscribedToken>&)> onTokens = {};
+    /// Ends this transcription, wherever it stands, and no other one.
+    std::stop_token stop = {};
 };
 
 /// One speech engine as the facade sees it. Main thread; the heavy work is done on the engine's own.
