@@ -47,39 +47,9 @@ QString translated(const char* text)
     return QCoreApplication::translate("KeyboardShortcuts", text);
 }
 
-constexpr std::uint32_t digitKeysyms = '0';
-
-/// Whether the key writes or moves the text cursor when it is pressed alone, or with Shift.
-bool isForTyping(const Shortcut& shortcut)
+std::uint32_t keyCodeOf(const Shortcut& shortcut)
 {
-    constexpr std::uint32_t firstFunctionKeysym = 0xff00;
-    constexpr std::uint32_t firstUnicodeKeysym = 0x01000000;
-    constexpr std::uint32_t firstVendorKeysym = 0x10000000;
-    const auto keysym = KeyCode::toKeysym(static_cast<std::uint32_t>(shortcut.carbonKeyCode)).value_or(0);
-    if (keysym < firstFunctionKeysym || (keysym >= firstUnicodeKeysym && keysym < firstVendorKeysym))
-        return true;
-    const auto isWithin = [keysym](std::uint32_t first, std::uint32_t last) {
-        return keysym >= first && keysym <= last;
-    };
-    constexpr std::uint32_t backspace = 0xff08;
-    constexpr std::uint32_t enter = 0xff0d;
-    constexpr std::uint32_t escape = 0xff1b;
-    constexpr std::uint32_t home = 0xff50;
-    constexpr std::uint32_t end = 0xff57;
-    constexpr std::uint32_t insert = 0xff63;
-    constexpr std::uint32_t firstKeypad = 0xff80;
-    constexpr std::uint32_t lastKeypad = 0xffb9;
-    constexpr std::uint32_t del = 0xffff;
-    return isWithin(backspace, enter) || keysym == escape || isWithin(home, end) || keysym == insert ||
-           isWithin(firstKeypad, lastKeypad) || keysym == del;
-}
-
-bool switchesConsoles(const Shortcut& shortcut)
-{
-    constexpr std::uint32_t f1 = 0xffbe;
-    constexpr std::uint32_t f12 = 0xffc9;
-    const auto keysym = KeyCode::toKeysym(static_cast<std::uint32_t>(shortcut.carbonKeyCode)).value_or(0);
-    return shortcut.carbonModifiers == (Modifier::command | Modifier::option) && keysym >= f1 && keysym <= f12;
+    return static_cast<std::uint32_t>(shortcut.carbonKeyCode);
 }
 
 ShortcutRefusal systemRefusal(const Shortcut& shortcut, const QString& action, bool canForce)
@@ -123,7 +93,7 @@ std::optional<ShortcutRefusal> ShortcutValidator::whyDisallowed(const Name& name
     constexpr std::uint32_t realModifiers = Modifier::all & ~Modifier::shift;
     // What is in force only while the launcher has the keyboard is in nobody's way.
     const bool isGlobal = name.rawValue == Name::openModal.rawValue;
-    if (!isGlobal || (shortcut.carbonModifiers & realModifiers) != 0 || !isForTyping(shortcut))
+    if (!isGlobal || (shortcut.carbonModifiers & realModifiers) != 0 || !KeyCode::isForTyping(keyCodeOf(shortcut)))
         return std::nullopt;
     return ShortcutRefusal{.reason = Reason::disallowed,
                            .message = localized("keyboard_shortcut_disallowed").arg(shortcut.displayText()),
@@ -133,8 +103,8 @@ std::optional<ShortcutRefusal> ShortcutValidator::whyDisallowed(const Name& name
 
 std::optional<ShortcutRefusal> ShortcutValidator::usedBySystem(const Shortcut& shortcut)
 {
-    if (switchesConsoles(shortcut))
-        return systemRefusal(shortcut, translated(QT_TR_NOOP("switch to another console")), false);
+    if (const auto action = desktop_.reservedFor(keyCodeOf(shortcut), shortcut.carbonModifiers))
+        return systemRefusal(shortcut, *action, false);
     const auto unavailable = shortcuts_.whyUnavailable(shortcut);
     for (const DesktopShortcut& bound : desktop_.bound()) {
         if (bound.keyCode == shortcut.carbonKeyCode && bound.modifiers == shortcut.carbonModifiers)
@@ -163,8 +133,8 @@ std::optional<ShortcutRefusal> ShortcutValidator::usedByMenuItem(const Name& nam
         return std::nullopt;
     if (shortcut.carbonKeyCode == KeyCode::escape)
         return refused(translated(QT_TR_NOOP("Cancel the dictation")));
-    for (std::uint32_t mode = 1; mode <= 5; ++mode) {
-        if (shortcut.carbonKeyCode == KeyCode::fromKeysym(digitKeysyms + mode))
+    for (int mode = 1; mode <= 5; ++mode) {
+        if (shortcut.displayText() == QString::number(mode))
             return refused(translated(QT_TR_NOOP("Choose mode %1")).arg(mode));
     }
     return std::nullopt;

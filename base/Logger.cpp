@@ -77,11 +77,6 @@ void installLogOutput(bool verbose, std::vector<LogSink> sinks)
     qInstallMessageHandler(distribute);
 }
 
-void installLogOutput(bool verbose)
-{
-    installLogOutput(verbose, {logToStandardError});
-}
-
 void printLine(const QString& line)
 {
     FILE* stream = printStream.load();

@@ -23,10 +23,6 @@ private:
     QLoggingCategory category_;
 };
 
-/// Routes log lines to standard error, one "vantro[Type] level: text" line each; debug lines only when @p verbose.
-/// Call once from main before the first logger is used.
-void installLogOutput(bool verbose);
-
 /// A plain progress line of the desktop program ("Attempting to paste..."), written to standard output unless
 /// printToStandardError() has moved such lines out of the way of a command's real output.
 void printLine(const QString& line);

@@ -2,6 +2,7 @@
 // Prints the text, then for each run the time of the recognition and at the end the process's peak memory.
 #include "asr/ASRError.h"
 #include "asr/AsrManager.h"
+#include "platform/ThisProcess.h"
 #include "vantro/cli/AudioFile.h"
 
 #include <sys/resource.h>
@@ -21,7 +22,7 @@ double secondsSince(std::chrono::steady_clock::time_point begun)
 void run(const char* modelFile, const char* recording, int runs)
 {
     const auto audio = vantro::AudioFile::read(QString::fromLocal8Bit(recording));
-    const std::filesystem::path modules[] = {std::filesystem::read_symlink("/proc/self/exe").parent_path()};
+    const std::filesystem::path modules[] = {vantro::process::programFile().parent_path()};
     auto begun = std::chrono::steady_clock::now();
     AsrManager manager;
     manager.initialize(AsrModels::load(modelFile, AsrModelVersion::v3, modules));

@@ -3,6 +3,7 @@
 #include <QString>
 
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 namespace vantro {
@@ -26,6 +27,8 @@ public:
 
     /// Read anew at every call, in a few milliseconds. Empty on a desktop whose settings are not known here.
     [[nodiscard]] virtual std::vector<DesktopShortcut> bound() const = 0;
+    /// What the system does with a combination before any program sees it; nothing for those that programs can have.
+    [[nodiscard]] virtual std::optional<QString> reservedFor(std::uint32_t keyCode, std::uint32_t modifiers) const = 0;
 };
 
 } // namespace vantro

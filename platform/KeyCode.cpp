@@ -213,6 +213,29 @@ std::uint32_t KeyCode::fromKeysym(std::uint32_t keysym)
     return key != keys.end() ? key->keyCode : keysymBase + keysym;
 }
 
+bool KeyCode::isForTyping(std::uint32_t keyCode)
+{
+    constexpr std::uint32_t firstFunctionKeysym = 0xff00;
+    constexpr std::uint32_t firstVendorKeysym = 0x10000000;
+    const auto keysym = toKeysym(keyCode).value_or(0);
+    if (keysym < firstFunctionKeysym || (keysym >= unicodeKeysyms && keysym < firstVendorKeysym))
+        return true;
+    const auto isWithin = [keysym](std::uint32_t first, std::uint32_t last) {
+        return keysym >= first && keysym <= last;
+    };
+    constexpr std::uint32_t backspace = 0xff08;
+    constexpr std::uint32_t enter = 0xff0d;
+    constexpr std::uint32_t escapeKey = 0xff1b;
+    constexpr std::uint32_t home = 0xff50;
+    constexpr std::uint32_t end = 0xff57;
+    constexpr std::uint32_t insert = 0xff63;
+    constexpr std::uint32_t firstKeypad = 0xff80;
+    constexpr std::uint32_t lastKeypad = 0xffb9;
+    constexpr std::uint32_t del = 0xffff;
+    return isWithin(backspace, enter) || keysym == escapeKey || isWithin(home, end) || keysym == insert ||
+           isWithin(firstKeypad, lastKeypad) || keysym == del;
+}
+
 QString modifierText(std::uint32_t modifiers)
 {
     QString text;

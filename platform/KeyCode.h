@@ -31,6 +31,8 @@ inline constexpr std::uint32_t escape = 53;
 std::optional<std::uint32_t> toKeysym(std::uint32_t keyCode);
 /// The inverse, for an unshifted keysym.
 std::uint32_t fromKeysym(std::uint32_t keysym);
+/// Whether the key writes or moves the text cursor when it is pressed alone, or with Shift.
+bool isForTyping(std::uint32_t keyCode);
 } // namespace KeyCode
 
 /// "Ctrl+Alt+D" as this desktop writes it.

@@ -21,7 +21,7 @@
 
 namespace vantro {
 
-/// What the operating system gives, handed out as one bundle. Main owns it and outlives everything that uses it.
+/// What the operating system gives, handed out as one bundle that outlives everything that uses it.
 struct Platform
 {
     /// The connections that the adapters share; goes last.
@@ -43,5 +43,17 @@ struct Platform
     std::unique_ptr<TrayHost> tray;
     std::unique_ptr<Workspace> workspace;
 };
+
+/// What a process wants of it: the desktop program everything, which needs a QGuiApplication; a command the part that
+/// it works on, with any Qt application and without a display. The other members stay null.
+enum class PlatformPart {
+    everything,
+    microphones, ///< their list alone
+    shortcuts,   ///< hot keys, and what the desktop has bound
+    services,    ///< secrets and languages
+};
+
+/// The running system's. What is missing on this desktop answers with a clear error when it is used.
+[[nodiscard]] Platform makePlatform(PlatformPart part = PlatformPart::everything);
 
 } // namespace vantro

@@ -396,6 +396,10 @@
         <source>%1 already means &quot;%2&quot; in vantro.</source>
         <translation>%1 bedeutet in vantro schon „%2“.</translation>
     </message>
+    <message>
+        <source>switch to another console</source>
+        <translation type="unfinished">zu einer anderen Konsole wechseln</translation>
+    </message>
 </context>
 <context>
     <name>KeychainError</name>
@@ -1356,10 +1360,6 @@
     <message>
         <source>End the recording</source>
         <translation>Die Aufnahme beenden</translation>
-    </message>
-    <message>
-        <source>switch to another console</source>
-        <translation>zu einer anderen Konsole wechseln</translation>
     </message>
     <message>
         <source>Cancel the dictation</source>

@@ -1,5 +1,4 @@
-#include "platform/linux/LinuxPlatform.h"
-
+#include "platform/Platform.h"
 #include "platform/linux/canberra/CanberraSounds.h"
 #include "platform/linux/cld2/Cld2LanguageRecognizer.h"
 #include "platform/linux/desktop/LinuxDesktopShortcuts.h"
@@ -22,53 +21,44 @@
 #include <QCoreApplication>
 #include <QStandardPaths>
 
+#include <optional>
+
 namespace vantro {
 
 namespace {
 
+/// Made when the first part needs them.
 struct Connections
 {
-    PulseConnection pulse;
-    X11Connection x11;
+    std::optional<PulseConnection> pulse;
+    std::optional<X11Connection> x11;
 };
 
-} // namespace
-
-Platform makeLinuxSound()
+void addMicrophones(Platform& platform, Connections& connections)
 {
-    auto pulse = std::make_shared<PulseConnection>();
-    Platform platform;
-    platform.connections = pulse;
-    platform.audioHardware = std::make_unique<PulseAudioHardware>(*pulse);
-    return platform;
+    platform.audioHardware = std::make_unique<PulseAudioHardware>(connections.pulse.emplace());
 }
 
-Platform makeLinuxKeyboard()
+void addShortcuts(Platform& platform, Connections& connections)
 {
-    auto x11 = std::make_shared<X11Connection>();
-    Platform platform;
-    platform.connections = x11;
-    platform.hotKeys = std::make_unique<X11HotKeyManager>(*x11);
+    platform.hotKeys = std::make_unique<X11HotKeyManager>(connections.x11.emplace());
     platform.desktopShortcuts = std::make_unique<LinuxDesktopShortcuts>();
-    return platform;
 }
 
-Platform makeLinuxPlatform()
+void addServices(Platform& platform)
 {
-    auto connections = std::make_shared<Connections>();
-    PulseConnection& pulse = connections->pulse;
-    X11Connection& x11 = connections->x11;
+    platform.languages = std::make_unique<Cld2LanguageRecognizer>();
+    platform.secrets = std::make_unique<SecretServiceStore>(QStringLiteral("com.vantro.app"));
+}
 
-    Platform platform = makeLinuxCommandPlatform();
-    platform.connections = connections;
-    platform.audioHardware = std::make_unique<PulseAudioHardware>(pulse);
+/// What only the desktop program uses.
+void addDesktop(Platform& platform, PulseConnection& pulse, X11Connection& x11)
+{
     platform.audioCards = std::make_unique<PulseAudioCards>(pulse);
     platform.makeAudioEngine = [&pulse] {
         return std::make_unique<PulseAudioEngine>(pulse);
     };
     platform.appearance = std::make_unique<PortalAppearance>();
-    platform.hotKeys = std::make_unique<X11HotKeyManager>(x11);
-    platform.desktopShortcuts = std::make_unique<LinuxDesktopShortcuts>();
     platform.keyEvents = std::make_unique<X11KeyEventPoster>(x11);
     platform.loginItem =
         std::make_unique<XdgAutostart>(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation),
@@ -79,14 +69,24 @@ Platform makeLinuxPlatform()
     platform.sounds = std::make_unique<CanberraSounds>();
     platform.tray = std::make_unique<LinuxTrayHost>(x11);
     platform.workspace = std::make_unique<X11Workspace>(x11);
-    return platform;
 }
 
-Platform makeLinuxCommandPlatform()
+} // namespace
+
+Platform makePlatform(PlatformPart part)
 {
+    const auto connections = std::make_shared<Connections>();
+    const bool everything = part == PlatformPart::everything;
     Platform platform;
-    platform.languages = std::make_unique<Cld2LanguageRecognizer>();
-    platform.secrets = std::make_unique<SecretServiceStore>(QStringLiteral("com.vantro.app"));
+    platform.connections = connections;
+    if (everything || part == PlatformPart::microphones)
+        addMicrophones(platform, *connections);
+    if (everything || part == PlatformPart::shortcuts)
+        addShortcuts(platform, *connections);
+    if (everything || part == PlatformPart::services)
+        addServices(platform);
+    if (everything)
+        addDesktop(platform, *connections->pulse, *connections->x11);
     return platform;
 }
 

@@ -75,7 +75,12 @@ TEST_F(ShortcutValidatorTest, WhatTheDesktopUsesIsRefusedWithWhatItDoesThere)
     hotKeys_.refuse({static_cast<std::uint32_t>(superL.carbonKeyCode), Modifier::control}, QStringLiteral("taken"));
     refused = refusal("Super+L");
     EXPECT_FALSE(refused->canForce) << "it could not work";
+    const auto f2 = keys("Ctrl+Alt+F2");
+    desktop_.reserved = {.keyCode = static_cast<std::uint32_t>(f2.carbonKeyCode),
+                         .modifiers = static_cast<std::uint32_t>(f2.carbonModifiers),
+                         .action = QStringLiteral("Another console")};
     EXPECT_EQ(refusal("Ctrl+Alt+F2")->reason, Reason::usedBySystem);
+    EXPECT_FALSE(refusal("Ctrl+Alt+F2")->canForce);
 
     hotKeys_.refuse({2, Modifier::command | Modifier::option}, QStringLiteral("taken by a program"));
     refused = refusal("Ctrl+Alt+D");

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "base/UserDefaults.h"
-#include "platform/linux/LinuxPlatform.h"
+#include "platform/Platform.h"
 #include "vantro/audio/AudioDeviceManager.h"
 
 namespace vantro {
@@ -16,7 +16,7 @@ struct DevicesSession
     [[nodiscard]] int rank(const QString& uid) const;
 
     UserDefaults defaults{UserDefaults::standardPath()};
-    Platform sound = makeLinuxSound();
+    Platform sound = makePlatform(PlatformPart::microphones);
     /// Before the manager, which looks at the devices when it is made.
     bool isReachable = sound.audioHardware->isReachable();
     AudioDeviceManager devices{*sound.audioHardware, defaults};

@@ -1,17 +1,10 @@
 #include "vantro/cli/LogsCommand.h"
 
-#include "platform/linux/journal/Journal.h"
+#include "platform/SystemLog.h"
 #include "vantro/cli/ExitCode.h"
 #include "vantro/cli/Terminal.h"
 
 #include <QCommandLineParser>
-#include <QFile>
-
-#include <unistd.h>
-
-#include <cerrno>
-#include <cstring>
-#include <vector>
 
 namespace vantro {
 
@@ -42,23 +35,13 @@ int runLogs(const QStringList& arguments)
         terminal::writeLine(terminal::helpText(parser, QStringLiteral("logs")));
         return ExitCode::done;
     }
-    if (!journal::isPresent()) {
+    if (!systemlog::isPresent()) {
         terminal::writeError(
             QStringLiteral("logs: this system has no journal: start vantro in a terminal to see what it logs"));
         return ExitCode::noService;
     }
-    QList<QByteArray> command{"journalctl", "--identifier=vantro", "--output=short-iso"};
-    if (parser.isSet(QStringLiteral("follow")))
-        command << "--follow";
-    if (parser.isSet(QStringLiteral("since")))
-        command << "--since=" + parser.value(QStringLiteral("since")).toLocal8Bit();
-    std::vector<char*> argv;
-    for (QByteArray& argument : command)
-        argv.push_back(argument.data());
-    argv.push_back(nullptr);
-    execvp(argv.front(), argv.data());
-    terminal::writeError(
-        QStringLiteral("logs: journalctl could not be started: %1").arg(QString::fromLocal8Bit(std::strerror(errno))));
+    terminal::writeError(QStringLiteral("logs: ") + systemlog::read(parser.value(QStringLiteral("since")),
+                                                                    parser.isSet(QStringLiteral("follow"))));
     return ExitCode::noService;
 }
 

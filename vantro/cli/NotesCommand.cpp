@@ -1,6 +1,6 @@
 #include "vantro/cli/NotesCommand.h"
 
-#include "platform/linux/LinuxPlatform.h"
+#include "platform/Platform.h"
 #include "vantro/app/LanguageModels.h"
 #include "vantro/cli/ExitCode.h"
 #include "vantro/cli/HistorySession.h"
@@ -188,7 +188,7 @@ int removeNotes(CoreDataStack& store, const Options& options)
 int summarize(HistorySession& session, const DailyNote& day)
 {
     UserDefaults defaults(UserDefaults::standardPath());
-    const Platform platform = makeLinuxCommandPlatform();
+    const Platform platform = makePlatform(PlatformPart::services);
     const PromptSettings prompts(defaults);
     const LanguageModels models(defaults, platform, session.clock, prompts);
     CoreDataStack& store = session.store;

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "base/UserDefaults.h"
-#include "platform/linux/LinuxPlatform.h"
+#include "platform/Platform.h"
 #include "vantro/ai/providers/KeychainService.h"
 #include "vantro/ai/providers/ProviderConfigurationManager.h"
 #include "vantro/ai/providers/ProviderForm.h"
@@ -17,7 +17,7 @@ struct ProvidersSession
     [[nodiscard]] const ProviderConfiguration* find(const QString& text) const;
 
     UserDefaults defaults{UserDefaults::standardPath()};
-    Platform platform = makeLinuxCommandPlatform();
+    Platform platform = makePlatform(PlatformPart::services);
     KeychainService keychain{*platform.secrets};
     ProviderConfigurationManager manager{defaults, keychain};
 };

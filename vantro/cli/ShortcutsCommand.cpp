@@ -2,7 +2,7 @@
 
 #include "KeyboardShortcuts/ShortcutValidator.h"
 #include "platform/KeyCode.h"
-#include "platform/linux/LinuxPlatform.h"
+#include "platform/Platform.h"
 #include "vantro/app/HoldToTalk.h"
 #include "vantro/cli/ExitCode.h"
 #include "vantro/cli/RunningProgram.h"
@@ -56,7 +56,7 @@ struct Session
 {
     UserDefaults defaults{UserDefaults::standardPath()};
     NotificationCenter notifications;
-    Platform keyboard = makeLinuxKeyboard();
+    Platform keyboard = makePlatform(PlatformPart::shortcuts);
     KeyboardShortcuts shortcuts{*keyboard.hotKeys, defaults, notifications};
     ShortcutValidator validator{shortcuts, *keyboard.desktopShortcuts};
     std::optional<QJsonObject> running = runningProgramStatus();

@@ -2,7 +2,7 @@
 
 #include "KeyboardShortcuts/RawKeyMonitor.h"
 #include "platform/KeyCode.h"
-#include "platform/linux/LinuxPlatform.h"
+#include "platform/Platform.h"
 #include "vantro/app/AppDelegate.h"
 #include "vantro/app/ControlService.h"
 #include "vantro/app/DictationPipeline.h"
@@ -141,7 +141,7 @@ private:
 Program::Program(const ProgramOptions& options)
     : options_(options)
     , soleInstance_(SoleInstance::standardFolder(), [this](const QStringList& arguments) { handOver(arguments); })
-    , platform_(makeLinuxPlatform())
+    , platform_(makePlatform())
     , delivery_(*platform_.pasteboard, *platform_.keyEvents, *platform_.workspace, defaults_, clock_)
     , delegate_({defaults_, notifications_, clock_, *platform_.permissions, *platform_.sounds, recorder_, shortcuts_,
                  delivery_, models_, [this] { windows_.applyTheme(); },

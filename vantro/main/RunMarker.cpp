@@ -1,5 +1,7 @@
 #include "vantro/main/RunMarker.h"
 
+#include "platform/ThisProcess.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -25,13 +27,6 @@ void removeMarker()
     markerPath.front() = '\0';
 }
 
-/// Another one after each start of the machine.
-QByteArray bootId()
-{
-    QFile file(QStringLiteral("/proc/sys/kernel/random/boot_id"));
-    return file.open(QIODevice::ReadOnly) ? file.readAll().trimmed() : QByteArray();
-}
-
 } // namespace
 
 QString RunMarker::standardPath()
@@ -46,14 +41,14 @@ RunMarker::RunMarker(const QString& path)
 {
     QFile file(path);
     if (file.open(QIODevice::ReadOnly)) {
-        foundCrash_ = file.readAll().trimmed() == bootId();
+        foundCrash_ = file.readAll().trimmed() == process::bootIdentity();
         file.close();
     }
     QDir().mkpath(QFileInfo(path).path());
     const QByteArray encoded = QFile::encodeName(path);
     if (encoded.size() >= static_cast<qsizetype>(markerPath.size()) || !file.open(QIODevice::WriteOnly))
         return;
-    file.write(bootId());
+    file.write(process::bootIdentity());
     std::memcpy(markerPath.data(), encoded.constData(), static_cast<std::size_t>(encoded.size()) + 1);
     std::atexit(removeMarker);
 }

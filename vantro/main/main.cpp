@@ -1,6 +1,7 @@
 #include "base/LogOutput.h"
 #include "base/Logger.h"
-#include "platform/linux/journal/Journal.h"
+#include "platform/SystemLog.h"
+#include "platform/ThisProcess.h"
 #include "vantro/cli/CommandLine.h"
 #include "vantro/main/Program.h"
 #include "vantro/main/Translations.h"
@@ -12,20 +13,8 @@
 #include <unistd.h>
 
 #include <cstdlib>
-#include <filesystem>
-#include <system_error>
 
 namespace {
-
-/// The program at the desk has nobody who reads its standard error; a command has.
-std::vector<vantro::LogSink> logSinks(bool isProgram)
-{
-    if (!isProgram || !vantro::journal::isPresent())
-        return {vantro::logToStandardError};
-    if (vantro::journal::isStandardError())
-        return {vantro::journal::write};
-    return {vantro::journal::write, vantro::logToStandardError};
-}
 
 void nameApplication()
 {
@@ -43,9 +32,7 @@ void limitOpenMpSpin(char** argv)
     if (std::getenv("GOMP_SPINCOUNT") != nullptr || std::getenv("OMP_WAIT_POLICY") != nullptr)
         return;
     setenv("GOMP_SPINCOUNT", "300", 1);
-    std::error_code error;
-    const auto program = std::filesystem::read_symlink("/proc/self/exe", error);
-    if (!error)
+    if (const auto program = vantro::process::programFile(); !program.empty())
         execv(program.c_str(), argv);
     // Without the restart everything works, only slower on a busy machine.
 }
@@ -57,7 +44,9 @@ int main(int argc, char** argv)
     const vantro::CommandLine commandLine(argc, argv);
     if (commandLine.recognisesSpeech())
         limitOpenMpSpin(argv);
-    vantro::installLogOutput(commandLine.isVerbose(), logSinks(commandLine.startsProgram()));
+    vantro::installLogOutput(commandLine.isVerbose(), commandLine.startsProgram()
+                                                          ? vantro::systemlog::sinks()
+                                                          : std::vector<vantro::LogSink>{vantro::logToStandardError});
     nameApplication();
     if (!commandLine.startsProgram()) {
         vantro::printToStandardError();

@@ -9,6 +9,7 @@ class LinuxDesktopShortcuts final : public DesktopShortcuts
 {
 public:
     [[nodiscard]] std::vector<DesktopShortcut> bound() const override;
+    [[nodiscard]] std::optional<QString> reservedFor(std::uint32_t keyCode, std::uint32_t modifiers) const override;
 };
 
 } // namespace vantro

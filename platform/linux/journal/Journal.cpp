@@ -1,14 +1,16 @@
 #define SD_JOURNAL_SUPPRESS_LOCATION // it would be this file's, in every line
-#include "platform/linux/journal/Journal.h"
+#include "platform/SystemLog.h"
 
 #include <sys/stat.h>
 #include <syslog.h>
 #include <systemd/sd-journal.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <cstdlib>
+#include <cstring>
 
-namespace vantro::journal {
+namespace vantro::systemlog {
 
 namespace {
 
@@ -26,13 +28,7 @@ int priority(QtMsgType level)
     }
 }
 
-} // namespace
-
-bool isPresent()
-{
-    return access("/run/systemd/journal/socket", W_OK) == 0;
-}
-
+/// Whether standard error leads into the journal anyway, as for programs that the session starts.
 bool isStandardError()
 {
     // "device:inode" of the stream that the journal has given to the process; it is inherited by children that have
@@ -44,10 +40,42 @@ bool isStandardError()
     return QString::fromLatin1(stream) == QStringLiteral("%1:%2").arg(file.st_dev).arg(file.st_ino);
 }
 
+/// The type stands in the field "VANTRO_TYPE". Any thread.
 void write(QtMsgType level, const char* typeName, const QString& line)
 {
     sd_journal_send("MESSAGE=%s", qUtf8Printable(line), "PRIORITY=%i", priority(level), "SYSLOG_IDENTIFIER=vantro",
                     "VANTRO_TYPE=%s", typeName, nullptr);
 }
 
-} // namespace vantro::journal
+} // namespace
+
+bool isPresent()
+{
+    return access("/run/systemd/journal/socket", W_OK) == 0;
+}
+
+std::vector<LogSink> sinks()
+{
+    if (!isPresent())
+        return {logToStandardError};
+    if (isStandardError())
+        return {write};
+    return {write, logToStandardError};
+}
+
+QString read(const QString& since, bool follow)
+{
+    QList<QByteArray> command{"journalctl", "--identifier=vantro", "--output=short-iso"};
+    if (follow)
+        command << "--follow";
+    if (!since.isEmpty())
+        command << "--since=" + since.toLocal8Bit();
+    std::vector<char*> argv;
+    for (QByteArray& argument : command)
+        argv.push_back(argument.data());
+    argv.push_back(nullptr);
+    execvp(argv.front(), argv.data());
+    return QStringLiteral("journalctl could not be started: ") + QString::fromLocal8Bit(std::strerror(errno));
+}
+
+} // namespace vantro::systemlog

@@ -1,7 +1,8 @@
 #include "platform/linux/secretservice/SecretServiceSession.h"
 
 #include "platform/SecretStore.h"
-#include "platform/Wording.h"
+
+#include <QCoreApplication>
 
 #include <utility>
 
@@ -20,6 +21,35 @@ const SecretSchema* schema()
         return made;
     }();
     return &schema;
+}
+
+SecretStoreError lockedError()
+{
+    return {SecretStoreError::Kind::locked,
+            QCoreApplication::translate("wording", "The keyring is locked. Unlock it (Passwords and Keys, "
+                                                   "KWalletManager or KeePassXC) and try again.")};
+}
+
+SecretStoreError noServiceError()
+{
+    return {SecretStoreError::Kind::unavailable,
+            QCoreApplication::translate("wording",
+                                        "No Secret Service answers, so keys cannot be kept. Install and start GNOME "
+                                        "Keyring or KWallet, or switch on the Secret Service of KeePassXC.")};
+}
+
+SecretStoreError noSessionBusError()
+{
+    return {SecretStoreError::Kind::unavailable,
+            QCoreApplication::translate("wording",
+                                        "There is no session bus to ask the Secret Service over. Log in to a "
+                                        "desktop session, or start one with dbus-run-session.")};
+}
+
+SecretStoreError failedError(const QString& reason)
+{
+    return {SecretStoreError::Kind::failed,
+            QCoreApplication::translate("wording", "The Secret Service could not do it: %1").arg(reason)};
 }
 
 /// Where libsecret puts its complaint; check() makes it an error of ours.
@@ -41,19 +71,18 @@ public:
 private:
     [[nodiscard]] SecretStoreError toError() const
     {
-        using Kind = SecretStoreError::Kind;
         if (g_error_matches(error_, SECRET_ERROR, SECRET_ERROR_IS_LOCKED))
-            return {Kind::locked, wording::secretStoreIsLocked()};
+            return lockedError();
         if (g_error_matches(error_, G_DBUS_ERROR, G_DBUS_ERROR_SERVICE_UNKNOWN) ||
             g_error_matches(error_, G_DBUS_ERROR, G_DBUS_ERROR_NAME_HAS_NO_OWNER) ||
             g_error_matches(error_, G_DBUS_ERROR, G_DBUS_ERROR_SPAWN_SERVICE_NOT_FOUND))
-            return {Kind::unavailable, wording::noSecretStore()};
+            return noServiceError();
         if (error_->domain == G_IO_ERROR && error_->code != G_IO_ERROR_CANCELLED &&
             error_->code != G_IO_ERROR_DBUS_ERROR && error_->code != G_IO_ERROR_TIMED_OUT)
-            return {Kind::unavailable, wording::noSessionBusForSecrets()};
+            return noSessionBusError();
         const std::unique_ptr<GError, decltype(&g_error_free)> copy(g_error_copy(error_), g_error_free);
         g_dbus_error_strip_remote_error(copy.get());
-        return {Kind::failed, wording::secretStoreFailed(QString::fromUtf8(copy->message))};
+        return failedError(QString::fromUtf8(copy->message));
     }
 
     GError* error_ = nullptr;
@@ -128,7 +157,7 @@ QStringList SecretServiceSession::accounts()
 {
     // A locked collection tells neither what it holds nor that it holds anything.
     if (isLocked())
-        throw SecretStoreError(SecretStoreError::Kind::locked, wording::secretStoreIsLocked());
+        throw lockedError();
     QStringList names;
     for (const auto& item : search({})) {
         const Attributes table(secret_item_get_attributes(item.get()), g_hash_table_unref);
@@ -200,7 +229,7 @@ void SecretServiceSession::unlock(GDBusProxy* lockedObject)
     complaint.check();
     // A prompt that was dismissed, or that no desktop could show, is no error to libsecret.
     if (count < 1)
-        throw SecretStoreError(SecretStoreError::Kind::locked, wording::secretStoreIsLocked());
+        throw lockedError();
 }
 
 } // namespace vantro

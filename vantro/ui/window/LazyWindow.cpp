@@ -1,13 +1,13 @@
 #include "vantro/ui/window/LazyWindow.h"
 
+#include "platform/ThisProcess.h"
+
 #include <QCloseEvent>
 #include <QGuiApplication>
 #include <QQmlEngine>
 #include <QQuickItem>
 #include <QScreen>
 #include <QTimer>
-
-#include <malloc.h>
 
 #include <utility>
 
@@ -96,7 +96,7 @@ void LazyWindow::viewClosed()
     content_ = {};
     engine_.collectGarbage();
     engine_.trimComponentCache();
-    malloc_trim(0); // what windows took lies in many small pieces that the allocator would keep
+    process::giveMemoryBack();
     if (closed_)
         closed_();
 }

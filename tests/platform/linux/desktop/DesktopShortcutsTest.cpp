@@ -26,6 +26,12 @@ std::vector<std::string> boundNow()
     return result;
 }
 
+bool isReserved(const char* shortcut)
+{
+    const auto keys = parseShortcut(QString::fromUtf8(shortcut)).value();
+    return LinuxDesktopShortcuts().reservedFor(keys.keyCode, keys.modifiers).has_value();
+}
+
 std::string text(const std::optional<ParsedShortcut>& parsed)
 {
     return parsed ? shortcutText(parsed->keyCode, parsed->modifiers).toStdString() : "nothing";
@@ -186,4 +192,12 @@ TEST_F(DesktopShortcutsTest, OnAnotherDesktopNothingIsKnown)
     EXPECT_THAT(boundNow(), IsEmpty());
     qunsetenv("XDG_CURRENT_DESKTOP");
     EXPECT_THAT(boundNow(), IsEmpty());
+}
+
+TEST_F(DesktopShortcutsTest, KeysThatSwitchConsolesAreReserved)
+{
+    for (const char* const shortcut : {"Ctrl+Alt+F1", "Ctrl+Alt+F12"})
+        EXPECT_TRUE(isReserved(shortcut)) << shortcut;
+    for (const char* const shortcut : {"Ctrl+Alt+F13", "Ctrl+F1", "Ctrl+Alt+Shift+F1", "Ctrl+Alt+D"})
+        EXPECT_FALSE(isReserved(shortcut)) << shortcut;
 }

@@ -1,5 +1,4 @@
 // The adapter of the Secret Service against a real keyring on a private bus, and against its absence.
-#include "platform/Wording.h"
 #include "platform/linux/secretservice/SecretServiceStore.h"
 
 #include <QCoreApplication>
@@ -162,11 +161,11 @@ protected:
 };
 
 template <typename Result>
-void expectFailure(const Outcome<Result>& outcome, SecretStoreError::Kind kind, const QString& description)
+void expectFailure(const Outcome<Result>& outcome, SecretStoreError::Kind kind, const char* remedy)
 {
     ASSERT_TRUE(outcome.failure);
     EXPECT_EQ(outcome.failure->kind(), kind);
-    EXPECT_EQ(outcome.failure->localizedDescription(), description);
+    EXPECT_TRUE(outcome.failure->localizedDescription().contains(QLatin1String(remedy)));
 }
 
 } // namespace
@@ -212,12 +211,11 @@ TEST_F(SecretService, ALockedKeyringIsAnErrorAndNoAbsence)
     EXPECT_TRUE(outcome(store.store(account, QStringLiteral("A key"), "one")).result);
     lockKeyring();
     const auto locked = SecretStoreError::Kind::locked;
-    expectFailure(outcome(store.read(account)), locked, wording::secretStoreIsLocked());
-    expectFailure(outcome(store.read(QStringLiteral("unknown"))), locked, wording::secretStoreIsLocked());
-    expectFailure(outcome(store.store(account, QStringLiteral("A key"), "two")), locked,
-                  wording::secretStoreIsLocked());
-    expectFailure(outcome(store.remove(account)), locked, wording::secretStoreIsLocked());
-    expectFailure(outcome(store.accounts()), locked, wording::secretStoreIsLocked());
+    expectFailure(outcome(store.read(account)), locked, "Unlock it");
+    expectFailure(outcome(store.read(QStringLiteral("unknown"))), locked, "Unlock it");
+    expectFailure(outcome(store.store(account, QStringLiteral("A key"), "two")), locked, "Unlock it");
+    expectFailure(outcome(store.remove(account)), locked, "Unlock it");
+    expectFailure(outcome(store.accounts()), locked, "Unlock it");
     stop(keyring);
     startKeyring();
     EXPECT_EQ(outcome(store.read(account)).result, QByteArray("one"));
@@ -227,12 +225,12 @@ TEST_F(SecretService, SaysWhatToInstallWhereNoneAnswers)
 {
     const auto unavailable = SecretStoreError::Kind::unavailable;
     SecretServiceStore store(QStringLiteral("com.vantro.test"));
-    expectFailure(outcome(store.read(account)), unavailable, wording::noSecretStore());
-    expectFailure(outcome(store.store(account, QStringLiteral("A key"), "one")), unavailable, wording::noSecretStore());
+    expectFailure(outcome(store.read(account)), unavailable, "Install and start");
+    expectFailure(outcome(store.store(account, QStringLiteral("A key"), "one")), unavailable, "Install and start");
 
     // A bus that goes away takes nobody with it.
     stop(bus);
-    expectFailure(outcome(store.accounts()), unavailable, wording::noSessionBusForSecrets());
+    expectFailure(outcome(store.accounts()), unavailable, "no session bus");
     qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent/bus");
-    expectFailure(outcome(store.remove(account)), unavailable, wording::noSessionBusForSecrets());
+    expectFailure(outcome(store.remove(account)), unavailable, "no session bus");
 }
