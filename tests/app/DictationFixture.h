@@ -15,7 +15,7 @@
 #include "vantro/ai/NormalModeHandler.h"
 #include "vantro/ai/NotesModeHandler.h"
 #include "vantro/app/AppDelegate.h"
-#include "vantro/app/DictationPipeline.h"
+#include "vantro/app/LauncherPanel.h"
 #include "vantro/app/LenientStore.h"
 #include "vantro/audio/AudioDeviceManager.h"
 
@@ -42,11 +42,12 @@ public:
     QCoro::Task<QString> transcribe(TranscriptionRequest request) override
     {
         sampleCount = request.samples.size();
+        stop = request.stop;
         answer_ = std::make_shared<QPromise<QString>>();
         answer_->start();
         co_return co_await answer_->future();
     }
-    void cancel() override { ++cancelled; }
+    void cancel() override {}
     void dictationEnded() override { ++ended; }
 
     [[nodiscard]] bool isAsked() const { return answer_ != nullptr; }
@@ -65,9 +66,9 @@ public:
     }
 
     int prepared = 0;
-    int cancelled = 0;
     int ended = 0;
     std::size_t sampleCount = 0;
+    std::stop_token stop; ///< of the latest request
 
 private:
     std::shared_ptr<QPromise<QString>> answer_;
@@ -105,20 +106,18 @@ public:
 class PanelDouble final : public LauncherPanel
 {
 public:
-    PanelDouble(AudioRecorder& recorder, doubles::FakeWorkspace& workspace, int& open)
-        : recorder_(recorder)
+    PanelDouble(Dictation& dictation, doubles::FakeWorkspace& workspace, int& open)
+        : dictation_(dictation)
         , workspace_(workspace)
         , open_(open)
     {
     }
     ~PanelDouble() override { PanelDouble::closePanel(); }
 
-    [[nodiscard]] bool isVisible() const override { return isOpen_; }
     [[nodiscard]] QRect frame() const override { return {1, 2, 500, 200}; }
     void makeKeyAndOrderFront() override
     {
-        isOpen_ = true;
-        ++open_;
+        orderFront();
         former_ = workspace_.frontWindow();
         workspace_.setFrontWindow(1000);
         workspace_.setInputFocus(1000);
@@ -133,7 +132,7 @@ public:
         if (!std::exchange(isOpen_, false))
             return;
         --open_;
-        recorder_.cancelRecording();
+        dictation_.cancelRecording();
         if (former_ && workspace_.windowExists(*former_))
             workspace_.focus(*former_);
         else
@@ -141,27 +140,65 @@ public:
     }
 
 private:
-    AudioRecorder& recorder_;
+    Dictation& dictation_;
     doubles::FakeWorkspace& workspace_;
     int& open_;
     bool isOpen_ = false;
     std::optional<WindowID> former_;
 };
 
-class SideWindowDouble final : public SideWindow
+/// Notes what the program would show.
+class ShellDouble final : public Shell
 {
 public:
-    [[nodiscard]] bool isVisible() const override { return visible; }
-    void orderOut() override { visible = false; }
-    void orderFront() override { visible = true; }
+    ShellDouble(doubles::FakeWorkspace& workspace, const doubles::FakeAudioEngines& engines)
+        : workspace_(workspace)
+        , engines_(engines)
+    {
+    }
 
-    bool visible = false;
+    void applyTheme() override { steps << QStringLiteral("theme"); }
+    void checkForUpdates() override { steps << QStringLiteral("update check"); }
+    std::unique_ptr<LauncherPanel> makeLauncher(Dictation& dictation) override
+    {
+        EXPECT_NE(engines_.current(), nullptr) << "the first word may come before the panel is made";
+        auto panel = std::make_unique<PanelDouble>(dictation, workspace_, openPanels);
+        launcher = panel.get();
+        return panel;
+    }
+    void showPasteHUD(std::optional<QRect> anchor) override { huds.push_back(anchor); }
+    void showAlert(const QString&, const QString& text) override
+    {
+        EXPECT_EQ(openPanels, 0) << "an alert takes the keyboard";
+        alerts << text;
+    }
+    void putWindowsAside() override { areWindowsAside = true; }
+    void bringWindowsBack() override { areWindowsAside = false; }
+    void showModelDownload(const TranscriptionModel& model, const QString& problem) override
+    {
+        downloads << model.name + problem;
+    }
+    void closeModelDownload() override { downloads.clear(); }
+    void showOnboarding() override { steps << QStringLiteral("onboarding"); }
+    void closeOnboarding() override { steps << QStringLiteral("onboarding closed"); }
+
+    QStringList steps; ///< of the launch, in their order
+    QStringList alerts;
+    QStringList downloads; ///< models whose download is shown
+    std::vector<std::optional<QRect>> huds;
+    int openPanels = 0;
+    LauncherPanel* launcher = nullptr; ///< the latest; gone when its dictation is
+    bool areWindowsAside = false;
+
+private:
+    doubles::FakeWorkspace& workspace_;
+    const doubles::FakeAudioEngines& engines_;
 };
 
-class Dictation : public ::testing::Test
+class DictationTest : public ::testing::Test
 {
 protected:
-    explicit Dictation(bool isModelReady = true) : isModelReady(isModelReady)
+    explicit DictationTest(bool isModelReady = true) : isModelReady(isModelReady)
     {
         workspace.openWindow(editor);
         workspace.openWindow(otherWindow);
@@ -172,9 +209,9 @@ protected:
         delegate.applicationDidFinishLaunching();
     }
 
-    static DictationPipeline::Handlers handlers(TranscriptionStoring& store)
+    static ModeHandlers makeHandlers(TranscriptionStoring& store)
     {
-        DictationPipeline::Handlers handlers;
+        ModeHandlers handlers;
         handlers[ProcessingMode::Normal] = std::make_unique<NormalModeHandler>(store);
         handlers[ProcessingMode::Notes] = std::make_unique<NotesModeHandler>(store);
         return handlers;
@@ -182,7 +219,7 @@ protected:
 
     void pressShortcut()
     {
-        hotKeys.strike({2, Modifier::command | Modifier::option});
+        hotKeys.strike(keys);
         pump();
     }
     void speak(std::size_t samples) { engines.current()->hear(samples, 0.1F); }
@@ -213,6 +250,7 @@ protected:
         pump();
     }
 
+    static constexpr doubles::FakeHotKeyManager::Combination keys{2, Modifier::command | Modifier::option};
     const KeyboardShortcuts::Shortcut shortcut{{2}, Modifier::command | Modifier::option};
     QTemporaryDir folder;
     UserDefaults defaults{folder.filePath(QStringLiteral("vantro.ini"))};
@@ -237,51 +275,34 @@ protected:
     SlowProvider neuralProvider;
     TranscriptionFacade facade{models, provider, neuralProvider};
     LenientStore lenientStore{store};
-    DictationPipeline pipeline{facade, handlers(lenientStore)};
+    const ModeHandlers handlers = makeHandlers(lenientStore);
     AudioDeviceManager devices{hardware, defaults};
-    AudioRecorder recorder{engines.factory(), devices, permissions, notifications, clock, pipeline};
+    AudioRecorder recorder{engines.factory(), devices, permissions, clock};
     KeyboardShortcuts shortcuts{hotKeys, defaults, notifications};
     PasteDelivery delivery{pasteboard, keyEvents, workspace, defaults, clock};
-    int openPanels = 0;
-    SideWindowDouble settingsWindow;
-    SideWindowDouble historyWindow;
-    QStringList steps; ///< of the launch, in their order
-    QStringList alerts;
+    ShellDouble shell{workspace, engines};
     bool isModelReady;
-    QStringList downloads; ///< models whose download is shown
-    std::vector<std::optional<QRect>> huds;
     std::optional<QString> delivered;
     AppDelegate delegate{
-        {defaults,
-         notifications,
-         clock,
+        {{defaults, notifications, clock, recorder, facade, handlers, {}, {}, lenientStore, delivery, sounds, shell},
          permissions,
-         sounds,
-         recorder,
          shortcuts,
-         delivery,
          models,
-         [this] { steps << QStringLiteral("theme"); },
-         [this] { steps << QStringLiteral("update check"); },
          migrations,
          [this]() -> QCoro::Task<> {
-             steps << QStringLiteral("model");
+             shell.steps << QStringLiteral("model");
              co_return;
          },
-         [this](const auto&) -> QCoro::Task<bool> { co_return isModelReady; },
-         lenientStore,
-         {[this](ProcessingMode) { return std::make_unique<PanelDouble>(recorder, workspace, openPanels); },
-          [this](std::optional<QRect> anchor) { huds.push_back(anchor); },
-          [this](const QString&, const QString& text) { alerts << text; },
-          [this](const auto& model) { downloads << model.name; }, [this] { downloads.clear(); },
-          [this] { steps << QStringLiteral("onboarding"); }, [this] { steps << QStringLiteral("onboarding closed"); },
-          &settingsWindow, &historyWindow}}};
+         [this](const auto&) -> QCoro::Task<ModelCheck> {
+             ModelCheck check(isModelReady, QString());
+             co_return check;
+         }}};
 };
 
-class DictationWithoutModel : public Dictation
+class DictationWithoutModel : public DictationTest
 {
 protected:
-    DictationWithoutModel() : Dictation(false) {}
+    DictationWithoutModel() : DictationTest(false) {}
 };
 
 } // namespace vantro

@@ -3,40 +3,41 @@
 
 using namespace vantro;
 
-TEST_F(Dictation, TellsWhyAFailedOneDeliversNothing)
+TEST_F(DictationTest, TellsWhyAFailedOneDeliversNothing)
 {
     pressShortcut();
     speak(16'000);
     stopAndDrain();
     provider.fail(QStringLiteral("Could not load the whisper model at /models/x.bin"));
     pump();
-    EXPECT_EQ(alerts.takeLast(),
+    EXPECT_EQ(shell.alerts.takeLast(),
               QStringLiteral("Failed to transcribe audio: Could not load the whisper model at /models/x.bin"));
-    EXPECT_EQ(openPanels, 0);
+    EXPECT_EQ(shell.openPanels, 0);
     EXPECT_FALSE(delivered) << "nothing is delivered after an error";
     dictate(QStringLiteral("It works."));
     EXPECT_EQ(delivered, QStringLiteral("It works."));
 }
 
-TEST_F(Dictation, DeliversWhatCannotBeStoredAndTellsItOnce)
+TEST_F(DictationTest, DeliversWhatCannotBeStoredAndTellsItOnce)
 {
     store.full = true;
     dictate(QStringLiteral("One."));
     EXPECT_EQ(delivered, QStringLiteral("One."));
-    EXPECT_EQ(alerts, QStringList{QStringLiteral("What you dictate is delivered but not kept: The disk is full.")});
+    EXPECT_EQ(shell.alerts,
+              QStringList{QStringLiteral("What you dictate is delivered but not kept: The disk is full.")});
     dictate(QStringLiteral("Two."));
     EXPECT_EQ(delivered, QStringLiteral("Two."));
-    EXPECT_EQ(alerts.size(), 1) << "known already";
+    EXPECT_EQ(shell.alerts.size(), 1) << "known already";
 
     store.full = false;
     dictate(QStringLiteral("Three."));
     EXPECT_EQ(store.rows, QStringList{QStringLiteral("Three.")});
     store.full = true;
     dictate(QStringLiteral("Four."));
-    EXPECT_EQ(alerts.size(), 2) << "again, after it had worked";
+    EXPECT_EQ(shell.alerts.size(), 2) << "again, after it had worked";
 }
 
-TEST_F(Dictation, ANoteThatCannotBeStoredIsOnTheClipboard)
+TEST_F(DictationTest, ANoteThatCannotBeStoredIsOnTheClipboard)
 {
     const auto onClipboard = [this] {
         return pasteboard.fetch(clipboard, editor);
@@ -56,43 +57,73 @@ TEST_F(Dictation, ANoteThatCannotBeStoredIsOnTheClipboard)
     store.full = true;
     note(QStringLiteral("Buy bread."));
     EXPECT_EQ(onClipboard(), QStringLiteral("Buy bread."));
-    ASSERT_EQ(alerts.size(), 1);
-    EXPECT_TRUE(alerts.front().contains(QStringLiteral("The disk is full."))) << alerts.front().toStdString();
-    EXPECT_TRUE(alerts.front().endsWith(QStringLiteral("What you said is on the clipboard.")));
+    ASSERT_EQ(shell.alerts.size(), 1);
+    EXPECT_TRUE(shell.alerts.front().contains(QStringLiteral("The disk is full.")))
+        << shell.alerts.front().toStdString();
+    EXPECT_TRUE(shell.alerts.front().endsWith(QStringLiteral("What you said is on the clipboard.")));
     EXPECT_FALSE(delivered) << "a note is never pasted";
 }
 
-TEST_F(Dictation, TellsWhyARecordingCannotStart)
+TEST_F(DictationTest, TellsWhyARecordingCannotStart)
 {
     permissions.microphone = false;
     pressShortcut();
-    EXPECT_EQ(openPanels, 0);
-    EXPECT_EQ(alerts, QStringList{wording::noSoundServer()});
+    EXPECT_EQ(shell.openPanels, 0);
+    EXPECT_EQ(shell.alerts, QStringList{wording::noSoundServer()});
     permissions.microphone = true;
 
     engines.settings.startError = wording::noMicrophone();
     pressShortcut();
-    EXPECT_EQ(openPanels, 0);
-    EXPECT_EQ(alerts.last(), QStringLiteral("Could not start the microphone: ") + wording::noMicrophone());
+    EXPECT_EQ(shell.openPanels, 0);
+    EXPECT_EQ(shell.alerts.last(), QStringLiteral("Could not start the microphone: ") + wording::noMicrophone());
     EXPECT_FALSE(recorder.isBusy());
     engines.settings.startError.reset();
 
     dictate(QStringLiteral("Works again."));
     EXPECT_EQ(delivered, QStringLiteral("Works again."));
-    EXPECT_EQ(alerts.size(), 2);
+    EXPECT_EQ(shell.alerts.size(), 2);
 }
 
-TEST_F(Dictation, ASecondProgramsHotKeyIsToldToTheUser)
+TEST_F(DictationTest, WhatWasSaidBeforeTheMicrophoneWasLostIsDelivered)
+{
+    const auto loseMicrophone = [this](std::size_t samples) {
+        pressShortcut();
+        speak(samples);
+        engines.settings.startError = wording::noMicrophone();
+        engines.current()->changeConfiguration();
+        clock.advance(AudioRecorder::microphonePatience + AudioRecorder::drainDelay);
+        pump();
+        clock.advance(AudioRecorder::drainDelay);
+        pump();
+        engines.settings.startError.reset();
+    };
+    loseMicrophone(16'000);
+    ASSERT_TRUE(provider.isAsked());
+    EXPECT_TRUE(shell.alerts.isEmpty()) << "not before the text is in its window";
+    provider.answer(QStringLiteral("Before that."));
+    pump();
+    EXPECT_EQ(delivered, QStringLiteral("Before that."));
+    ASSERT_EQ(shell.alerts.size(), 1);
+    EXPECT_TRUE(shell.alerts.front().endsWith(wording::noMicrophone()));
+
+    loseMicrophone(4'799);
+    EXPECT_FALSE(provider.isAsked());
+    EXPECT_EQ(shell.alerts.last(), QStringLiteral("Could not start the microphone: ") + wording::noMicrophone());
+    EXPECT_FALSE(recorder.isBusy());
+    EXPECT_EQ(engines.current(), nullptr);
+}
+
+TEST_F(DictationTest, ASecondProgramsHotKeyIsToldToTheUser)
 {
     const doubles::FakeHotKeyManager::Combination taken{3, Modifier::command | Modifier::option};
     hotKeys.refuse(taken, QStringLiteral("That one is taken."));
     shortcuts.setShortcut(KeyboardShortcuts::Name::openModal, KeyboardShortcuts::Shortcut{{3}, taken.modifiers});
     pump();
-    ASSERT_EQ(alerts.size(), 1);
-    EXPECT_TRUE(alerts.front().startsWith(QStringLiteral("That one is taken.")));
+    ASSERT_EQ(shell.alerts.size(), 1);
+    EXPECT_TRUE(shell.alerts.front().startsWith(QStringLiteral("That one is taken.")));
 
     shortcuts.setShortcut(KeyboardShortcuts::Name::openModal, shortcut);
     pressShortcut();
-    EXPECT_EQ(openPanels, 1);
-    EXPECT_EQ(alerts.size(), 1);
+    EXPECT_EQ(shell.openPanels, 1);
+    EXPECT_EQ(shell.alerts.size(), 1);
 }

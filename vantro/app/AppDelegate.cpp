@@ -30,9 +30,9 @@ void AppDelegate::applicationDidFinishLaunching()
         shell().showOnboarding();
     }
     // Attached in either case: a sound server or a shortcut that comes later works without a restart.
-    openModalAction_ = std::make_unique<HoldToTalk>(
-        parts_.shortcuts, defaults, parts_.dictation.clock,
-        [this](Dictation::Keyboard keyboard) { return showLauncherAndRecord(keyboard); });
+    openModalAction_ =
+        std::make_unique<HoldToTalk>(parts_.shortcuts, defaults, parts_.dictation.clock,
+                                     [this](Dictation::Keyboard keyboard) { return showLauncherAndRecord(keyboard); });
     settleModel();
 }
 

@@ -1,10 +1,12 @@
 #include "vantro/app/ControlService.h"
 
 #include "vantro/app/AppDelegate.h"
+#include "vantro/audio/AudioDeviceManager.h"
 #include "vantro/audio/AudioRecorder.h"
 
 #include <QDBusConnection>
 #include <QJsonDocument>
+#include <QJsonObject>
 
 #include <chrono>
 #include <utility>
@@ -17,12 +19,10 @@ constexpr std::chrono::milliseconds answerLimit{5000};
 
 } // namespace
 
-ControlService::ControlService(AppDelegate& delegate, AudioRecorder& recorder, std::function<QJsonObject()> details,
-                               std::function<void(const QStringList&)> handOver)
+ControlService::ControlService(AppDelegate& delegate, Parts parts, std::function<void(const QStringList&)> handOver)
     : QDBusAbstractAdaptor(&delegate)
     , delegate_(delegate)
-    , recorder_(recorder)
-    , details_(std::move(details))
+    , parts_(parts)
     , handOver_(std::move(handOver))
 {
 }
@@ -47,7 +47,7 @@ bool ControlService::handOver(const QStringList& arguments)
 
 void ControlService::Toggle(const QDBusMessage& message)
 {
-    if (recorder_.isRecording())
+    if (parts_.recorder.isRecording())
         Stop(message);
     else
         Start(message);
@@ -55,18 +55,18 @@ void ControlService::Toggle(const QDBusMessage& message)
 
 void ControlService::Start(const QDBusMessage& message)
 {
-    if (recorder_.isBusy()) {
+    if (parts_.recorder.isBusy()) {
         refuse(message, tr("a dictation is under way"));
         return;
     }
     delegate_.showLauncherAndRecord();
-    if (!recorder_.isRecording())
+    if (!parts_.recorder.isRecording())
         refuse(message, tr("the recording could not start; the program's window tells why"));
 }
 
 void ControlService::Stop(const QDBusMessage& message)
 {
-    if (!recorder_.isRecording())
+    if (!parts_.recorder.isRecording())
         refuse(message, tr("nothing is being recorded"));
     else
         delegate_.stopRecording();
@@ -79,11 +79,21 @@ void ControlService::Cancel()
 
 QString ControlService::Status() const
 {
-    QJsonObject status = details_();
-    status.insert(QStringLiteral("state"), recorder_.isRecording() ? QStringLiteral("recording")
-                                           : recorder_.isBusy()    ? QStringLiteral("processing")
-                                                                   : QStringLiteral("idle"));
-    status.insert(QStringLiteral("mode"), rawValue(recorder_.processingMode()));
+    const AudioRecorder& recorder = parts_.recorder;
+    const auto name = KeyboardShortcuts::Name::openModal;
+    const auto shortcut = parts_.shortcuts.shortcut(name);
+    const auto* model = parts_.models.stored();
+    QJsonObject status{{QStringLiteral("state"), recorder.isRecording() ? QStringLiteral("recording")
+                                                 : recorder.isBusy()    ? QStringLiteral("processing")
+                                                                        : QStringLiteral("idle")},
+                       {QStringLiteral("mode"), rawValue(recorder.processingMode())},
+                       {QStringLiteral("model"), model != nullptr ? model->name : QString()},
+                       {QStringLiteral("microphone"), parts_.devices.effectiveDeviceName()},
+                       {QStringLiteral("shortcut"), shortcut ? shortcut->displayText() : QString()},
+                       {QStringLiteral("version"), QStringLiteral(VANTRO_VERSION)},
+                       {QStringLiteral("last"), delegate_.timings().toJson()}};
+    if (const auto failure = parts_.shortcuts.failure(name))
+        status.insert(QStringLiteral("shortcut_failure"), *failure);
     return QString::fromUtf8(QJsonDocument(status).toJson(QJsonDocument::Compact));
 }
 

@@ -2,7 +2,6 @@
 
 #include <QDBusAbstractAdaptor>
 #include <QDBusMessage>
-#include <QJsonObject>
 #include <QString>
 
 #include <functional>
@@ -10,7 +9,10 @@
 namespace vantro {
 
 class AppDelegate;
+class AudioDeviceManager;
 class AudioRecorder;
+class KeyboardShortcuts;
+class ModelSelection;
 
 /// The running program on the session bus: what "vantro toggle" and its like call, and what a second start hands over
 /// to. Owning the bus name is what makes an instance the running one. Main thread.
@@ -23,10 +25,16 @@ public:
     static QString objectPath() { return QStringLiteral("/com/vantro/app"); }
     static QString interfaceName() { return QStringLiteral("com.vantro.Control"); }
 
-    /// @p details: what Status adds to the recorder's state (model, shortcut, version).
+    struct Parts
+    {
+        const AudioRecorder& recorder;
+        const AudioDeviceManager& devices;
+        const ModelSelection& models;
+        const KeyboardShortcuts& shortcuts;
+    };
+
     /// @p handOver: called with the arguments of a program that was started a second time.
-    ControlService(AppDelegate& delegate, AudioRecorder& recorder, std::function<QJsonObject()> details,
-                   std::function<void(const QStringList&)> handOver);
+    ControlService(AppDelegate& delegate, Parts parts, std::function<void(const QStringList&)> handOver);
 
     /// Takes the name. False when there is no bus or another instance has it.
     bool publish();
@@ -45,8 +53,7 @@ private:
     void refuse(const QDBusMessage& message, const QString& why);
 
     AppDelegate& delegate_;
-    AudioRecorder& recorder_;
-    std::function<QJsonObject()> details_;
+    Parts parts_;
     std::function<void(const QStringList&)> handOver_;
 };
 

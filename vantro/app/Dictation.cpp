@@ -130,8 +130,8 @@ void Dictation::noteLostMicrophone()
         return;
     if (parts_.recorder.sampleCount() < AudioRecorder::minimumSampleCount)
         throw Failure(lost->localizedDescription());
-    notice_ = tr("The microphone was lost during the recording; what was said after that is missing. %1")
-                  .arg(lost->reason());
+    notice_ =
+        tr("The microphone was lost during the recording; what was said after that is missing. %1").arg(lost->reason());
 }
 
 /// What was spoken right before the stop is still on its way through the sound server.

@@ -6,7 +6,7 @@
 #include "base/NotificationCenter.h"
 #include "base/UserDefaults.h"
 #include "platform/SystemSounds.h"
-#include "vantro/ai/ModeHandler.h"
+#include "vantro/ai/ModeHandlers.h"
 #include "vantro/ai/ProcessingMode.h"
 #include "vantro/app/DictationTimings.h"
 #include "vantro/app/LenientStore.h"
@@ -19,15 +19,11 @@
 #include <qcoro/qcorotask.h>
 
 #include <functional>
-#include <map>
 #include <memory>
 #include <stop_token>
 #include <vector>
 
 namespace vantro {
-
-/// What becomes of a transcript in each mode; one that has no handler is handled as Normal.
-using ModeHandlers = std::map<ProcessingMode, std::unique_ptr<ModeHandler>>;
 
 /// One dictation, from the shortcut to the delivered text: run() is its whole course. Main thread.
 class Dictation final : public QObject, public std::enable_shared_from_this<Dictation>
@@ -81,7 +77,8 @@ Q_SIGNALS:
 private:
     /// Ends run() without another word.
     struct GivenUp
-    {};
+    {
+    };
     class Failure;
 
     explicit Dictation(const Parts& parts) : parts_(parts) {}

@@ -82,6 +82,8 @@ public:
     /// Throws away what was captured, before or after the stop.
     void cancelRecording();
 
+    /// "audio-" and an identity of its own.
+    [[nodiscard]] const QString& activeRecordingID() const { return activeRecordingID_; }
     [[nodiscard]] std::size_t sampleCount() const;
     /// Why nothing is being captured, while a microphone is waited for and when none has come.
     [[nodiscard]] const std::optional<CaptureError>& lostCapture() const { return lostCapture_; }

@@ -3,13 +3,11 @@
 #include "KeyboardShortcuts/RawKeyMonitor.h"
 #include "platform/KeyCode.h"
 #include "platform/Platform.h"
+#include "vantro/ai/ModeHandlers.h"
 #include "vantro/app/AppDelegate.h"
 #include "vantro/app/ControlService.h"
-#include "vantro/app/DictationPipeline.h"
 #include "vantro/app/LanguageModels.h"
 #include "vantro/app/LenientStore.h"
-#include "vantro/app/ModeHandlers.h"
-#include "vantro/app/VisibleModes.h"
 #include "vantro/audio/AudioDeviceManager.h"
 #include "vantro/audio/HeadsetSwitch.h"
 #include "vantro/cli/ExitCode.h"
@@ -25,8 +23,6 @@
 #include "vantro/models/WhisperModelFiles.h"
 #include "vantro/store/CoreDataStack.h"
 #include "vantro/store/MigrationManager.h"
-#include "vantro/ui/launcher/Launcher.h"
-#include "vantro/ui/shortcuts/ShortcutWindow.h"
 #include "vantro/whisper/WhisperTranscriptionProvider.h"
 
 #include <QDBusConnection>
@@ -66,20 +62,10 @@ private:
     [[nodiscard]] ModelStatus modelStatus(const TranscriptionModel& model) const;
     void removeModel(const TranscriptionModel& model);
     void settleShortcut(const QString& wanted);
-    void askForShortcut();
-    void showOnboarding();
     void useShortcut(const QString& text);
     void handOver(const QStringList& arguments);
-    [[nodiscard]] Surfaces surfaces();
-    [[nodiscard]] std::unique_ptr<LauncherPanel> makeLauncher(ProcessingMode defaultMode);
-    void showAlert(AlertWindow::Kind kind, const QString& title, const QString& text);
-    [[nodiscard]] QCoro::Task<bool> modelIsReady(TranscriptionModel model);
     void connectShell();
-    void followRecorder();
-    [[nodiscard]] QString microphoneName() const;
-    [[nodiscard]] QString shortcutName() const;
-    [[nodiscard]] QJsonObject statusDetails();
-    [[nodiscard]] DictationPipeline::FormatServices formatServices();
+    [[nodiscard]] Dictation::Parts dictationParts();
 
     ProgramOptions options_;
     /// Above all that the next one would have to share.
@@ -102,7 +88,6 @@ private:
     ModelDownloader modelDownloader_{[this](const TranscriptionModel& model) {
         return &filesOf(model);
     }};
-    QString modelProblem_; ///< why a model that was there has to be fetched again
     VocabularySettings vocabulary_{defaults_};
     WhisperInProcessEngine whisperEngine_;
     WhisperTranscriptionProvider whisper_{whisperEngine_, modelStore_, defaults_, vocabulary_};
@@ -115,25 +100,21 @@ private:
     MigrationManager migrations_{defaults_, store_};
     PromptSettings prompts_{defaults_};
     LanguageModels languageModels_{defaults_, platform_, clock_, prompts_};
-    DictationPipeline pipeline_{facade_, makeModeHandlers(lenientStore_, prompts_), formatServices()};
+    const ModeHandlers modeHandlers_ = makeModeHandlers(lenientStore_, prompts_);
     AudioDeviceManager devices_{*platform_.audioHardware, defaults_};
-    AudioRecorder recorder_{
-        platform_.makeAudioEngine, devices_, *platform_.permissions, notifications_, clock_, pipeline_};
+    AudioRecorder recorder_{platform_.makeAudioEngine, devices_, *platform_.permissions, clock_};
     HeadsetSwitch headsetSwitch_{*platform_.audioCards, devices_, recorder_, defaults_, clock_};
     KeyboardShortcuts shortcuts_{*platform_.hotKeys, defaults_, notifications_};
     RawKeyMonitor rawKeys_{shortcuts_, *platform_.hotKeys};
     PasteDelivery delivery_;
     Windows windows_{{defaults_, notifications_, clock_, platform_, catalogue_, models_, modelDownloader_, store_,
-                      devices_, shortcuts_, vocabulary_, prompts_, languageModels_,
+                      devices_, recorder_, shortcuts_, vocabulary_, prompts_, languageModels_,
                       [this](const auto& model) { return modelStatus(model); },
-                      [this](const auto& model) { removeModel(model); },
-                      [this](bool sandbox) {
-                          delegate_.setSandboxMode(sandbox);
+                      [this](const auto& model) {
+                          removeModel(model);
                       }}};
-    std::unique_ptr<ShortcutWindow> shortcutWindow_;
     std::optional<RunMarker> marker_;
     std::optional<EndSignals> endSignals_;
-    NotificationCenter::Observation shortcutObservation_;
     AppDelegate delegate_;
     ControlService control_;
 };
@@ -143,47 +124,41 @@ Program::Program(const ProgramOptions& options)
     , soleInstance_(SoleInstance::standardFolder(), [this](const QStringList& arguments) { handOver(arguments); })
     , platform_(makePlatform())
     , delivery_(*platform_.pasteboard, *platform_.keyEvents, *platform_.workspace, defaults_, clock_)
-    , delegate_({defaults_, notifications_, clock_, *platform_.permissions, *platform_.sounds, recorder_, shortcuts_,
-                 delivery_, models_, [this] { windows_.applyTheme(); },
-                 [this] { windows_.updates().check(UpdateChecker::Asker::launch); }, migrations_,
+    , delegate_({dictationParts(), *platform_.permissions, shortcuts_, models_, migrations_,
                  [this] { return modelPreparation_.run(); },
-                 [this](TranscriptionModel model) { return modelIsReady(std::move(model)); }, lenientStore_,
-                 surfaces()})
-    , control_(
-          delegate_, recorder_, [this] { return statusDetails(); },
-          [this](const QStringList& arguments) { handOver(arguments); })
+                 [this](TranscriptionModel model) {
+                     return filesOf(model).check(model);
+                 }})
+    , control_(delegate_, {recorder_, devices_, models_, shortcuts_},
+               [this](const QStringList& arguments) { handOver(arguments); })
 {
     connectShell();
 }
 
 void Program::connectShell()
 {
-    QObject::connect(&windows_.tray(), &TrayIcon::dictateRequested, &delegate_,
-                     [this] { delegate_.showLauncherAndRecord(); });
+    QObject::connect(&windows_, &Windows::dictateRequested, &delegate_, [this] { delegate_.showLauncherAndRecord(); });
     QObject::connect(&windows_, &Windows::quitRequested, qApp, &QCoreApplication::quit);
-    QObject::connect(&recorder_, &AudioRecorder::isRecordingChanged, &windows_, [this] { followRecorder(); });
-    QObject::connect(&recorder_, &AudioRecorder::isBusyChanged, &windows_, [this] { followRecorder(); });
-    shortcutObservation_ = notifications_.observe(KeyboardShortcuts::shortcutByNameDidChange,
-                                                  [this](const auto&) { windows_.tray().setShortcut(shortcutName()); });
     // A session that only saves itself, or whose end is called off, costs no dictation: nothing is lost before the end.
     for (const auto request : {&QGuiApplication::commitDataRequest, &QGuiApplication::saveStateRequest})
         QObject::connect(qGuiApp, request, &delegate_, &leaveStartToAutostart);
     QObject::connect(qApp, &QCoreApplication::aboutToQuit, &delegate_, &AppDelegate::applicationWillTerminate);
 }
 
-void Program::followRecorder()
+Dictation::Parts Program::dictationParts()
 {
-    windows_.tray().setState(recorder_.isRecording() ? TrayIcon::State::recording
-                             : recorder_.isBusy()    ? TrayIcon::State::processing
-                                                     : TrayIcon::State::idle);
-}
-
-DictationPipeline::FormatServices Program::formatServices()
-{
-    return {[this](ProcessingMode mode) { return languageModels_.choose(mode); },
-            [this] {
-                languageModels_.expectUse(recorder_.processingMode());
-            }};
+    return {defaults_,
+            notifications_,
+            clock_,
+            recorder_,
+            facade_,
+            modeHandlers_,
+            [this](ProcessingMode mode) { languageModels_.expectUse(mode); },
+            [this](ProcessingMode mode, std::stop_token stop) { return languageModels_.choose(mode, std::move(stop)); },
+            lenientStore_,
+            delivery_,
+            *platform_.sounds,
+            windows_};
 }
 
 bool Program::becomeTheRunningInstance()
@@ -205,30 +180,17 @@ void Program::launch()
     endSignals_.emplace();
     marker_.emplace(RunMarker::standardPath());
     store_.setSummaryPrompt([this] { return prompts_.prompt(ProcessingMode::Notes); });
-    // A mode that is chosen while the user speaks may need another provider than the one that was expected.
-    QObject::connect(&recorder_, &AudioRecorder::processingModeChanged, &recorder_, [this] {
-        if (recorder_.isRecording())
-            languageModels_.expectUse(recorder_.processingMode());
-    });
     defaults_.watch();
     const bool isFirstStart = options_.shortcut.isEmpty() && !shortcuts_.shortcut(KeyboardShortcuts::Name::openModal);
     settleShortcut(options_.shortcut);
-    windows_.tray().setShortcut(shortcutName());
     if (isFirstStart)
-        showOnboarding();
+        windows_.showOnboarding();
     delegate_.applicationDidFinishLaunching();
     languageModels_.start();
     if (marker_->foundCrash())
         windows_.tellOfCrash();
     if (defaults_.keptAside())
         windows_.tellOfSettings(*defaults_.keptAside());
-}
-
-void Program::showOnboarding()
-{
-    // The question for a shortcut is what is missing most.
-    if (!shortcutWindow_)
-        windows_.showOnboarding();
 }
 
 ModelStatus Program::modelStatus(const TranscriptionModel& model) const
@@ -266,18 +228,9 @@ void Program::settleShortcut(const QString& wanted)
         if (const auto proposed = shortcuts_.proposeShortcut(name))
             printLine(QStringLiteral("Press %1 to dictate").arg(proposed->displayText()));
         else
-            askForShortcut();
+            windows_.askForShortcut(
+                QGuiApplication::tr("The usual shortcuts are all used by other programs. Take one of your own."));
     }
-}
-
-void Program::askForShortcut()
-{
-    const QString reason =
-        QGuiApplication::tr("The usual shortcuts are all used by other programs. Take one of your own.");
-    Logger("Program").info(reason);
-    shortcutWindow_ = std::make_unique<ShortcutWindow>(windows_.engine(), shortcuts_, *platform_.hotKeys,
-                                                       *platform_.desktopShortcuts, notifications_, reason);
-    shortcutWindow_->present();
 }
 
 void Program::useShortcut(const QString& text)
@@ -296,80 +249,14 @@ void Program::handOver(const QStringList& arguments)
         return;
     }
     useShortcut(arguments.first());
-    // A shortcut that does not work has its own alert.
-    if (shortcuts_.failure(KeyboardShortcuts::Name::openModal))
-        return;
-    showAlert(AlertWindow::Kind::informational, QGuiApplication::tr("vantro is running"),
-              QGuiApplication::tr("Press %1 to dictate into the window you are working in.").arg(shortcutName()));
-}
-
-Surfaces Program::surfaces()
-{
-    return {[this](ProcessingMode mode) { return makeLauncher(mode); },
-            [this](std::optional<QRect> anchor) { windows_.showPasteHUD(anchor); },
-            [this](const QString& title, const QString& text) { showAlert(AlertWindow::Kind::warning, title, text); },
-            [this](const TranscriptionModel& model) { windows_.showModelDownload(model, modelProblem_); },
-            [this] { windows_.closeModelDownload(); },
-            [this] { showOnboarding(); },
-            [this] { windows_.closeOnboarding(); },
-            &windows_.settingsWindow(),
-            &windows_.transcriptionsWindow()};
-}
-
-QCoro::Task<bool> Program::modelIsReady(TranscriptionModel model)
-{
-    const auto checked = filesOf(model).check(model);
-    const ModelCheck check = co_await checked;
-    modelProblem_ = check.problem;
-    co_return check.isReady;
-}
-
-std::unique_ptr<LauncherPanel> Program::makeLauncher(ProcessingMode defaultMode)
-{
-    std::vector<LauncherModel::Mode> modes;
-    for (const ProcessingMode mode : visibleModes(prompts_, languageModels_.providers(), defaultMode))
-        modes.push_back({mode, prompts_.displayName(mode)});
-    auto launcher =
-        std::make_unique<Launcher>(Launcher::Context{windows_.engine(), recorder_, shortcuts_, *platform_.workspace,
-                                                     notifications_, clock_, modes, defaultMode, microphoneName()});
-    QObject::connect(&pipeline_, &DictationPipeline::transcriptionProgress, &launcher->model(),
-                     &LauncherModel::setProgress);
-    return launcher;
-}
-
-void Program::showAlert(AlertWindow::Kind kind, const QString& title, const QString& text)
-{
-    windows_.showAlert(kind, title, text, {QGuiApplication::tr("OK")});
-}
-
-QString Program::microphoneName() const
-{
-    const auto id =
-        devices_.effectiveDeviceID() ? devices_.effectiveDeviceID() : platform_.audioHardware->defaultInputDevice();
-    const auto& devices = devices_.availableDevices();
-    const auto device = std::ranges::find_if(devices, [&](const auto& d) { return id == std::optional(d.id); });
-    return device != devices.end() ? device->name : QGuiApplication::tr("the microphone");
-}
-
-QString Program::shortcutName() const
-{
     const auto shortcut = shortcuts_.shortcut(KeyboardShortcuts::Name::openModal);
-    return shortcut ? shortcut->displayText() : QString();
-}
-
-QJsonObject Program::statusDetails()
-{
-    DictationTimings timings = delegate_.timings();
-    timings.engine = pipeline_.lastEngineTime();
-    const auto* model = models_.stored();
-    QJsonObject details{{QStringLiteral("model"), model != nullptr ? model->name : QString()},
-                        {QStringLiteral("microphone"), microphoneName()},
-                        {QStringLiteral("shortcut"), shortcutName()},
-                        {QStringLiteral("version"), QStringLiteral(VANTRO_VERSION)},
-                        {QStringLiteral("last"), timings.toJson()}};
-    if (const auto failure = shortcuts_.failure(KeyboardShortcuts::Name::openModal))
-        details.insert(QStringLiteral("shortcut_failure"), *failure);
-    return details;
+    // A shortcut that does not work has its own alert.
+    if (!shortcut || shortcuts_.failure(KeyboardShortcuts::Name::openModal))
+        return;
+    windows_.showAlert(
+        AlertWindow::Kind::informational, QGuiApplication::tr("vantro is running"),
+        QGuiApplication::tr("Press %1 to dictate into the window you are working in.").arg(shortcut->displayText()),
+        {QGuiApplication::tr("OK")});
 }
 
 } // namespace

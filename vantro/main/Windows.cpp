@@ -3,6 +3,7 @@
 #include "vantro/app/VisibleModes.h"
 #include "vantro/support/SupportMail.h"
 #include "vantro/ui/history/HistoryModel.h"
+#include "vantro/ui/launcher/Launcher.h"
 #include "vantro/ui/onboarding/OnboardingModel.h"
 #include "vantro/ui/settings/AboutModel.h"
 #include "vantro/ui/settings/GeneralSettings.h"
@@ -71,10 +72,8 @@ Windows::Windows(Parts parts)
     keepModule(qml_register_types_Vantro_Settings);
     keepModule(qml_register_types_Vantro_Shortcuts);
     QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/com.vantro.app.svg")));
-    downloadObservation_ = parts_.notifications.observe(QStringLiteral("download:model:success"),
-                                                        [this](const auto&) { closeModelDownload(); });
     onboarding_.onClosed([this] {
-        parts_.setSandboxMode(false);
+        isSandboxMode_ = false;
         parts_.downloader.cancel(); // what was fetched is kept
         parts_.notifications.post(QStringLiteral("permissions:close"));
     });
@@ -87,6 +86,12 @@ Windows::~Windows() = default;
 
 void Windows::connectTray()
 {
+    connect(&parts_.recorder, &AudioRecorder::isRecordingChanged, this, &Windows::followRecorder);
+    connect(&parts_.recorder, &AudioRecorder::isBusyChanged, this, &Windows::followRecorder);
+    shortcutObservation_ = parts_.notifications.observe(KeyboardShortcuts::shortcutByNameDidChange,
+                                                        [this](const auto&) { followShortcut(); });
+    followShortcut();
+    connect(&tray_, &TrayIcon::dictateRequested, this, &Windows::dictateRequested);
     connect(&tray_, &TrayIcon::settingsRequested, this, [this] { showSettings(QStringLiteral("general")); });
     connect(&tray_, &TrayIcon::modelsRequested, this, [this] { showSettings(QStringLiteral("models")); });
     connect(&tray_, &TrayIcon::aboutRequested, this, [this] { showSettings(QStringLiteral("about")); });
@@ -95,6 +100,62 @@ void Windows::connectTray()
     connect(&tray_, &TrayIcon::errorReportRequested, this, &Windows::reportError);
     connect(&tray_, &TrayIcon::feedbackRequested, this, &Windows::sendFeedback);
     connect(&tray_, &TrayIcon::quitRequested, this, &Windows::quitRequested);
+}
+
+void Windows::followRecorder()
+{
+    tray_.setState(parts_.recorder.isRecording() ? TrayIcon::State::recording
+                   : parts_.recorder.isBusy()    ? TrayIcon::State::processing
+                                                 : TrayIcon::State::idle);
+}
+
+void Windows::followShortcut()
+{
+    const auto shortcut = parts_.shortcuts.shortcut(KeyboardShortcuts::Name::openModal);
+    tray_.setShortcut(shortcut ? shortcut->displayText() : QString());
+}
+
+std::unique_ptr<LauncherPanel> Windows::makeLauncher(Dictation& dictation)
+{
+    std::vector<LauncherModel::Mode> modes;
+    for (const ProcessingMode mode :
+         visibleModes(parts_.prompts, parts_.languageModels.providers(), dictation.recorder().processingMode()))
+        modes.push_back({mode, parts_.prompts.displayName(mode)});
+    const QString microphone = parts_.devices.effectiveDeviceName();
+    return std::make_unique<Launcher>(
+        Launcher::Context{ui_.engine(), dictation, parts_.shortcuts, *parts_.platform.workspace, parts_.notifications,
+                          parts_.clock, modes, microphone.isEmpty() ? tr("the microphone") : microphone});
+}
+
+void Windows::putWindowsAside()
+{
+    if (isSandboxMode_)
+        return;
+    for (LazyWindow* const window : {&transcriptions_, &settings_}) {
+        if (!window->isVisible())
+            continue;
+        window->orderOut();
+        aside_.push_back(window);
+    }
+}
+
+void Windows::bringWindowsBack()
+{
+    for (LazyWindow* const window : std::exchange(aside_, {}))
+        window->orderFront();
+}
+
+void Windows::showOnboarding()
+{
+    if (!shortcutWindow_)
+        onboarding_.open();
+}
+
+void Windows::askForShortcut(const QString& reason)
+{
+    shortcutWindow_ = std::make_unique<ShortcutWindow>(ui_.engine(), parts_.shortcuts, *parts_.platform.hotKeys,
+                                                       *parts_.platform.desktopShortcuts, parts_.notifications, reason);
+    shortcutWindow_->present();
 }
 
 void Windows::showMain()
@@ -211,7 +272,10 @@ LazyWindow::Content Windows::onboardingContent()
     auto model = std::make_unique<OnboardingModel>(OnboardingModel::Parts{
         parts_.platform.makeAudioEngine, parts_.devices, *parts_.platform.permissions, *parts_.platform.keyEvents,
         parts_.shortcuts, parts_.notifications, parts_.clock, parts_.downloader, parts_.models.selectedModel(),
-        [this] { return !parts_.modelStatus(parts_.models.selectedModel()).file.isEmpty(); }, parts_.setSandboxMode});
+        [this] { return !parts_.modelStatus(parts_.models.selectedModel()).file.isEmpty(); },
+        [this](bool sandbox) {
+            isSandboxMode_ = sandbox;
+        }});
     auto recorder = makeRecorder(KeyboardShortcuts::Name::openModal);
     LazyWindow::Content content;
     content.properties = {{QStringLiteral("model"), QVariant::fromValue(model.get())},
@@ -227,6 +291,11 @@ ModelListModel::State Windows::stateOf(const TranscriptionModel& model) const
     if (!status.file.isEmpty())
         return ModelListModel::Ready;
     return status.state == ModelStatus::State::partial ? ModelListModel::Partial : ModelListModel::Missing;
+}
+
+void Windows::showAlert(const QString& title, const QString& text)
+{
+    showAlert(AlertWindow::Kind::warning, title, text, {tr("OK")});
 }
 
 void Windows::showAlert(AlertWindow::Kind kind, const QString& title, const QString& text, const QStringList& buttons,

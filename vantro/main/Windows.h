@@ -3,9 +3,10 @@
 #include "KeyboardShortcuts/RecorderCocoa.h"
 #include "platform/Platform.h"
 #include "vantro/ai/PromptSettings.h"
-#include "vantro/app/AppDelegate.h"
 #include "vantro/app/LanguageModels.h"
+#include "vantro/app/Shell.h"
 #include "vantro/audio/AudioDeviceManager.h"
+#include "vantro/audio/AudioRecorder.h"
 #include "vantro/models/ModelDownloader.h"
 #include "vantro/models/ModelStore.h"
 #include "vantro/store/CoreDataStack.h"
@@ -17,17 +18,19 @@
 #include "vantro/ui/settings/ModelListModel.h"
 #include "vantro/ui/settings/ProvidersModel.h"
 #include "vantro/ui/settings/VocabularyModel.h"
+#include "vantro/ui/shortcuts/ShortcutWindow.h"
 #include "vantro/ui/style/UiEngine.h"
 #include "vantro/ui/tray/TrayIcon.h"
 #include "vantro/ui/window/LazyWindow.h"
 
 #include <memory>
 #include <optional>
+#include <vector>
 
 namespace vantro {
 
-/// Everything of the program that can be seen but the launcher. Main thread.
-class Windows final : public QObject
+/// Everything that the program can be seen by: windows, alerts, the tray and the notice of updates. Main thread.
+class Windows final : public QObject, public Shell
 {
     Q_OBJECT
 public:
@@ -42,6 +45,7 @@ public:
         ModelDownloader& downloader;
         CoreDataStack& store;
         AudioDeviceManager& devices;
+        const AudioRecorder& recorder;
         KeyboardShortcuts& shortcuts;
         VocabularySettings& vocabulary;
         PromptSettings& prompts;
@@ -50,37 +54,38 @@ public:
         std::function<ModelStatus(const TranscriptionModel&)> modelStatus;
         /// Throws Error.
         std::function<void(const TranscriptionModel&)> removeModel;
-        /// For the practice run of the onboarding.
-        std::function<void(bool)> setSandboxMode;
     };
 
     explicit Windows(Parts parts);
     ~Windows() override;
 
-    [[nodiscard]] QQmlEngine& engine() { return ui_.engine(); }
-    [[nodiscard]] SideWindow& settingsWindow() { return settings_; }
-    [[nodiscard]] SideWindow& transcriptionsWindow() { return transcriptions_; }
-    [[nodiscard]] TrayIcon& tray() { return tray_; }
-    [[nodiscard]] UpdateChecker& updates() { return updates_; }
+    void applyTheme() override { ui_.applyTheme(); }
+    void checkForUpdates() override { updates_.check(UpdateChecker::Asker::launch); }
+    [[nodiscard]] std::unique_ptr<LauncherPanel> makeLauncher(Dictation& dictation) override;
+    void showPasteHUD(std::optional<QRect> anchor) override { hud_.showHUD(anchor); }
+    void showAlert(const QString& title, const QString& text) override;
+    void putWindowsAside() override;
+    void bringWindowsBack() override;
+    void showModelDownload(const TranscriptionModel& model, const QString& problem) override;
+    void closeModelDownload() override;
+    /// Not while the user is asked for a shortcut, which is missing most.
+    void showOnboarding() override;
+    void closeOnboarding() override { onboarding_.close(); }
 
-    void applyTheme() { ui_.applyTheme(); }
     /// What a user who starts the program once more wants to see.
     void showMain();
     void showSettings(const QString& page);
-    void showOnboarding() { onboarding_.open(); }
-    void closeOnboarding() { onboarding_.close(); }
-    void showPasteHUD(std::optional<QRect> anchor) { hud_.showHUD(anchor); }
+    /// @p reason: a sentence that says why.
+    void askForShortcut(const QString& reason);
     void showAlert(AlertWindow::Kind kind, const QString& title, const QString& text, const QStringList& buttons,
                    AlertWindow::Answered answered = {});
-    /// @p problem: why a model that was there has to be fetched again; empty else.
-    void showModelDownload(const TranscriptionModel& model, const QString& problem);
-    void closeModelDownload();
     void tellOfCrash();
     void tellOfSettings(const KeptAside& settings);
     void reportError();
     void sendFeedback();
 
 Q_SIGNALS:
+    void dictateRequested();
     void quitRequested();
 
 private:
@@ -96,6 +101,8 @@ private:
     [[nodiscard]] ModelListModel::State stateOf(const TranscriptionModel& model) const;
     [[nodiscard]] UpdateChecker::ShowAlert updateAlert();
     void connectTray();
+    void followRecorder();
+    void followShortcut();
     void tellOfUnsavedSettings(const QString& file);
     void openMail(const QString& url, const QString& address);
 
@@ -104,12 +111,15 @@ private:
     UiEngine ui_;
     PasteHUDWindow hud_;
     UpdateChecker updates_;
-    NotificationCenter::Observation downloadObservation_;
+    NotificationCenter::Observation shortcutObservation_;
     std::unique_ptr<ModelDownloadWindow> downloadWindow_;
+    std::unique_ptr<ShortcutWindow> shortcutWindow_;
     LazyWindow settings_;
     LazyWindow transcriptions_;
     LazyWindow onboarding_;
     TrayIcon tray_;
+    std::vector<LazyWindow*> aside_; ///< while a dictation is recorded
+    bool isSandboxMode_ = false;     ///< a practice, for which own windows stay where they are
 };
 
 } // namespace vantro

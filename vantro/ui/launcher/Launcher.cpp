@@ -39,8 +39,8 @@ Launcher::Launcher(const Context& context)
     roundCorners(*this, cornerRadius, workspace_.isCompositing());
 
     // The press acts when Space is released, so that the release does not end up in the window the text goes to.
-    inFocusActionObserver_ = shortcuts_.onKeyUp(KeyboardShortcuts::Name::stopRecordingAndCloseModal, *this,
-                                                [this] { dictation_.stop(); });
+    inFocusActionObserver_ =
+        shortcuts_.onKeyUp(KeyboardShortcuts::Name::stopRecordingAndCloseModal, *this, [this] { dictation_.stop(); });
     // The window system's focus events also come when a hot key merely fires; the front window does not lie.
     connect(&workspace_, &Workspace::frontWindowChanged, this, &Launcher::followKeyboard);
     logger_.debug(QStringLiteral("I appeared"));

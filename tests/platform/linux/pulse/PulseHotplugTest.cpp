@@ -99,13 +99,13 @@ protected:
 TEST_F(PulseHotplug, AHeadsetSwitchedOnWhileIdleIsRecordedNextWhenItRanksFirst)
 {
     rankFirst(headset, table);
-    rig->recorder.startRecording();
+    ASSERT_TRUE(rig->start()) << rig->error;
     EXPECT_THAT(recorded(), ElementsAre(table));
     rig->recorder.cancelRecording();
 
     server.addMicrophone(headset, speech);
     ASSERT_TRUE(knows({table, headset}));
-    rig->recorder.startRecording();
+    ASSERT_TRUE(rig->start()) << rig->error;
     EXPECT_THAT(recorded(), ElementsAre(headset));
     const std::vector<float> sound = noise(second, 1);
     speak(sound, headset);
@@ -114,7 +114,7 @@ TEST_F(PulseHotplug, AHeadsetSwitchedOnWhileIdleIsRecordedNextWhenItRanksFirst)
     EXPECT_EQ(comparison.foreignCount, 0U);
 
     rankFirst(table, headset);
-    rig->recorder.startRecording();
+    ASSERT_TRUE(rig->start()) << rig->error;
     EXPECT_THAT(recorded(), ElementsAre(table)) << "the new order counts at once";
 }
 
@@ -123,7 +123,7 @@ TEST_F(PulseHotplug, AHeadsetSwitchedOffInTheMiddleCostsNoEarlierSampleAndTheNex
     server.addMicrophone(headset, speech);
     ASSERT_TRUE(knows({table, headset}));
     rankFirst(headset, table);
-    rig->recorder.startRecording();
+    ASSERT_TRUE(rig->start()) << rig->error;
     const std::vector<float> before = noise(second, 1);
     speak(before, headset);
     server.removeMicrophone(headset);
@@ -138,16 +138,14 @@ TEST_F(PulseHotplug, AHeadsetSwitchedOffInTheMiddleCostsNoEarlierSampleAndTheNex
 
 TEST_F(PulseHotplug, AMicrophoneUnpluggedDuringTheDrainCostsNothingThatWasSaidBefore)
 {
-    rig->recorder.startRecording();
+    ASSERT_TRUE(rig->start()) << rig->error;
     const std::vector<float> sound = noise(second, 1);
     speak(sound, table);
     ASSERT_TRUE(rig->hears(1));
     rig->recorder.stopRecording();
     server.removeMicrophone(table);
-    ASSERT_TRUE(rig->hasFinished(1));
-    EXPECT_EQ(rig->errorMessage(), "");
+    EXPECT_EQ(compare(rig->stop(), sound).recordedCount(), sound.size());
     EXPECT_THAT(rig->lost, IsEmpty()) << "it was over already";
-    EXPECT_EQ(compare(rig->processing.samples, sound).recordedCount(), sound.size());
 }
 
 TEST_F(PulseHotplug, AMicrophoneUnpluggedRightBeforeTheStartIsReplacedByAnother)
@@ -156,8 +154,7 @@ TEST_F(PulseHotplug, AMicrophoneUnpluggedRightBeforeTheStartIsReplacedByAnother)
     ASSERT_TRUE(knows({table, headset}));
     rankFirst(headset, table);
     server.removeMicrophone(headset); // and the program has not heard of it
-    rig->recorder.startRecording();
-    ASSERT_TRUE(rig->recorder.isRecording()) << rig->errorMessage();
+    ASSERT_TRUE(rig->start()) << rig->error;
     const std::vector<float> sound = noise(second, 1);
     speak(sound, table);
     const Comparison comparison = compare(rig->stop(), sound);
@@ -174,20 +171,20 @@ TEST_F(PulseHotplug, AStoredDeviceThatNeverComesBackIsNoObstacle)
     server.removeMicrophone(headset);
     ASSERT_TRUE(knows({table}));
     for (int dictation = 0; dictation < 3; ++dictation) {
-        rig->recorder.startRecording();
+        ASSERT_TRUE(rig->start()) << rig->error;
         EXPECT_THAT(recorded(), ElementsAre(table));
         rig->recorder.cancelRecording();
     }
     server.addTwin(headset, table);
     ASSERT_TRUE(knows({table, headset}));
-    rig->recorder.startRecording();
+    ASSERT_TRUE(rig->start()) << rig->error;
     EXPECT_THAT(recorded(), ElementsAre(headset)) << "it was not forgotten";
 }
 
 TEST_F(PulseHotplug, AMicrophoneThatComesInTheMiddleChangesNothingUntilTheNextDictation)
 {
     rankFirst(headset, table);
-    rig->recorder.startRecording();
+    ASSERT_TRUE(rig->start()) << rig->error;
     server.addMicrophone(headset, speech);
     ASSERT_TRUE(knows({table, headset}));
     const std::vector<float> sound = noise(second, 1);

@@ -56,8 +56,7 @@ protected:
     {
         server.addLoudspeaker(QStringLiteral("speaker"), speech);
         rig.emplace(server.address());
-        rig->recorder.startRecording();
-        ASSERT_TRUE(rig->recorder.isRecording()) << rig->errorMessage();
+        ASSERT_TRUE(rig->start()) << rig->error;
         played = noise(static_cast<std::size_t>(length.count()) * speechRateHz, 1);
         music = server.play(noise(played.size() * 4, 2), speechRateHz, 1, QStringLiteral("speaker"));
         player = server.play(played, speechRateHz, 1, alpha);
@@ -112,7 +111,7 @@ TEST_F(PulseRecording, AStereoDeviceAtItsOwnRateIsMixedAndConverted)
     rig.emplace(server.address());
     rig->devices.setPrioritizedDevices({{.id = beta, .name = beta, .priority = 1}});
     rig->devices.setInputMode(AudioInputMode::prioritized);
-    rig->recorder.startRecording();
+    ASSERT_TRUE(rig->start()) << rig->error;
     const std::vector<float> sound = noise(48'000, 3);
     std::vector<float> interleaved;
     for (const float sample : sound)
@@ -181,22 +180,18 @@ TEST_F(PulseRecording, EndsWithWhatWasSaidWhenOnlyLoudspeakersAreLeft)
     recordWhilePlaying(2s);
     ASSERT_TRUE(hasEnded(*player));
     server.removeMicrophone(alpha);
-    ASSERT_TRUE(rig->hasFinished(1));
-    ASSERT_EQ(rig->lost.size(), 1U);
+    ASSERT_TRUE(rig->hasLost());
     EXPECT_THAT(rig->lost[0], HasSubstr(wording::noMicrophone().toStdString()));
-    const Comparison comparison = compare(rig->processing.samples, played);
+    const Comparison comparison = compare(rig->stop(), played);
     ASSERT_EQ(comparison.stretches.size(), 1U);
     EXPECT_EQ(comparison.stretches[0].length, played.size());
     EXPECT_EQ(comparison.foreignCount, 0U) << "a loudspeaker was dictated";
-    EXPECT_EQ(rig->errorMessage(), "");
 
-    rig->recorder.startRecording();
-    EXPECT_FALSE(rig->recorder.isBusy());
-    EXPECT_EQ(rig->errorMessage(), "Could not start the microphone: " + wording::noMicrophone().toStdString());
+    EXPECT_FALSE(rig->start());
+    EXPECT_EQ(rig->error, "Could not start the microphone: " + wording::noMicrophone().toStdString());
     server.addTwin(beta, alpha);
     EXPECT_TRUE(QTest::qWaitFor([&] { return !rig->devices.availableDevices().empty(); }, patienceMs));
-    rig->recorder.startRecording();
-    EXPECT_TRUE(rig->recorder.isRecording());
+    EXPECT_TRUE(rig->start());
 }
 
 TEST_F(PulseRecording, KeepsWhatWasSaidWhenTheServerDiesAndWorksAgainAfterwards)
@@ -204,19 +199,16 @@ TEST_F(PulseRecording, KeepsWhatWasSaidWhenTheServerDiesAndWorksAgainAfterwards)
     recordWhilePlaying(2s);
     ASSERT_TRUE(rig->hears(20));
     server.kill();
-    ASSERT_TRUE(rig->hasFinished(1));
-    ASSERT_EQ(rig->lost.size(), 1U);
+    ASSERT_TRUE(rig->hasLost());
     EXPECT_THAT(rig->lost[0], HasSubstr(wording::noSoundServer().toStdString()));
-    const Comparison comparison = compare(rig->processing.samples, played);
+    const Comparison comparison = compare(rig->stop(), played);
     ASSERT_EQ(comparison.stretches.size(), 1U);
     EXPECT_GE(comparison.stretches[0].length, AudioRecorder::minimumSampleCount);
-    rig->recorder.startRecording();
-    EXPECT_FALSE(rig->recorder.isBusy());
+    EXPECT_FALSE(rig->start());
 
     server.start();
     server.addMicrophone(alpha, speech);
-    rig->recorder.startRecording();
-    ASSERT_TRUE(rig->recorder.isRecording()) << "asked before the program had noticed by itself";
+    ASSERT_TRUE(rig->start()) << "asked before the program had noticed by itself";
     player = server.play(played, speechRateHz, 1, alpha);
     ASSERT_TRUE(hasEnded(*player));
     EXPECT_EQ(compare(rig->stop(), played).stretches.front().length, played.size());
@@ -250,12 +242,10 @@ TEST_F(PulseRecording, LeavesASuspendedMicrophoneForOneThatHears)
 
     server.removeMicrophone(beta);
     EXPECT_TRUE(QTest::qWaitFor([&] { return rig->devices.availableDevices().size() == 1; }, patienceMs));
-    rig->recorder.startRecording();
-    EXPECT_FALSE(rig->recorder.isBusy());
-    EXPECT_THAT(rig->errorMessage(), HasSubstr("\"The-alpha\" is switched off"));
+    EXPECT_FALSE(rig->start());
+    EXPECT_THAT(rig->error, HasSubstr("\"The-alpha\" is switched off"));
     server.suspendMicrophone(alpha, false);
-    rig->recorder.startRecording();
-    EXPECT_TRUE(rig->recorder.isRecording());
+    EXPECT_TRUE(rig->start());
 }
 
 TEST_F(PulseRecording, WakesAMicrophoneThatFellAsleepUnused)
@@ -285,14 +275,12 @@ TEST_F(PulseRecording, AServerThatHangsNeverHoldsTheProgramForLong)
     EXPECT_GE(compare(recorded, played).stretches.front().length, AudioRecorder::minimumSampleCount);
 
     time.restart();
-    rig->recorder.startRecording();
+    EXPECT_FALSE(rig->start());
     EXPECT_LT(time.elapsed(), 2'500);
-    EXPECT_FALSE(rig->recorder.isBusy());
-    EXPECT_EQ(rig->errorMessage(), "Could not start the microphone: " + wording::noSoundServer().toStdString());
+    EXPECT_EQ(rig->error, "Could not start the microphone: " + wording::noSoundServer().toStdString());
 
     server.thaw();
-    rig->recorder.startRecording();
-    EXPECT_TRUE(rig->recorder.isRecording());
+    EXPECT_TRUE(rig->start());
     server.freeze();
     time.restart();
     rig->recorder.cancelRecording();

@@ -5,7 +5,6 @@
 #include "platform/linux/pulse/PulseAudioEngine.h"
 #include "platform/linux/pulse/PulseAudioHardware.h"
 #include "platform/linux/pulse/PulseConnection.h"
-#include "tests/audio/FakeProcessing.h"
 #include "vantro/audio/AudioDeviceManager.h"
 #include "vantro/audio/AudioRecorder.h"
 
@@ -38,32 +37,38 @@ struct RecordingRig
 
     explicit RecordingRig(const QString& address) : connection(address)
     {
-        processing.duration = std::chrono::milliseconds(0);
-        QObject::connect(&recorder, &AudioRecorder::captureLost, &recorder,
-                         [this](const QString& message) { lost.push_back(message.toStdString()); });
+        QObject::connect(&recorder, &AudioRecorder::captureGivenUp, &recorder,
+                         [this] { lost.push_back(recorder.lostCapture()->reason().toStdString()); });
         QObject::connect(&recorder, &AudioRecorder::currentAmplitudeChanged, &recorder, [this] { ++levelCount; });
     }
 
+    /// Whether a recording has begun; `error` tells why not.
+    bool start()
+    {
+        error.clear();
+        try {
+            return recorder.startRecording();
+        } catch (const CaptureError& failure) {
+            error = failure.what();
+            return false;
+        }
+    }
     /// Waits for about @p levelChanges thirtieths of a second of sound that is not silence.
     [[nodiscard]] bool hears(int levelChanges)
     {
         return QTest::qWaitFor([&, target = levelCount + levelChanges] { return levelCount >= target; }, patienceMs);
     }
-    [[nodiscard]] bool hasFinished(std::size_t count)
+    /// Waits until the microphone is lost for good.
+    [[nodiscard]] bool hasLost()
     {
-        return QTest::qWaitFor([&] { return finished.size() >= count; }, patienceMs);
+        return QTest::qWaitFor([&] { return !lost.empty(); }, patienceMs);
     }
-    /// Ends the recording; what went into processing.
+    /// Ends the recording as a dictation does; what it captured.
     [[nodiscard]] std::vector<float> stop()
     {
-        const std::size_t before = finished.size();
         recorder.stopRecording();
-        EXPECT_TRUE(hasFinished(before + 1));
-        return processing.samples;
-    }
-    [[nodiscard]] std::string errorMessage() const
-    {
-        return finished.empty() ? "" : finished.back()[QStringLiteral("errorMessage")].toString().toStdString();
+        QTest::qWait(AudioRecorder::drainDelay.count());
+        return recorder.takeSamples();
     }
 
     PulseConnection connection;
@@ -72,20 +77,12 @@ struct RecordingRig
     UserDefaults defaults{folder.filePath(QStringLiteral("vantro.ini"))};
     AudioDeviceManager devices{hardware, defaults};
     ServerPermissions permissions{connection};
-    NotificationCenter notifications;
     SystemClock clock;
-    FakeProcessing processing{clock};
-    std::vector<NotificationCenter::UserInfo> finished;
-    std::vector<std::string> lost;
+    std::vector<std::string> lost; ///< the reasons
+    std::string error;
     int levelCount = 0;
-    NotificationCenter::Observation observation = notifications.observe(
-        QStringLiteral("recorder:finish"), [this](const auto& info) { finished.push_back(info); });
-    AudioRecorder recorder{[this] { return std::make_unique<PulseAudioEngine>(connection); },
-                           devices,
-                           permissions,
-                           notifications,
-                           clock,
-                           processing};
+    AudioRecorder recorder{[this] { return std::make_unique<PulseAudioEngine>(connection); }, devices, permissions,
+                           clock};
 };
 
 } // namespace vantro::testing

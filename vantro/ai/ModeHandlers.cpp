@@ -1,4 +1,4 @@
-#include "vantro/app/ModeHandlers.h"
+#include "vantro/ai/ModeHandlers.h"
 
 #include "vantro/ai/FormattingModeHandler.h"
 #include "vantro/ai/NormalModeHandler.h"
@@ -6,9 +6,9 @@
 
 namespace vantro {
 
-DictationPipeline::Handlers makeModeHandlers(TranscriptionStoring& store, const PromptSettings& prompts)
+ModeHandlers makeModeHandlers(TranscriptionStoring& store, const PromptSettings& prompts)
 {
-    DictationPipeline::Handlers handlers;
+    ModeHandlers handlers;
     handlers[ProcessingMode::Normal] = std::make_unique<NormalModeHandler>(store);
     handlers[ProcessingMode::Email] = std::make_unique<EmailModeHandler>(store, prompts);
     handlers[ProcessingMode::Grammar] = std::make_unique<ThirdModeHandler>(store, prompts);

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "vantro/ai/ModeHandler.h"
+#include "vantro/ai/ProcessingMode.h"
+
+#include <map>
+#include <memory>
+
+namespace vantro {
+
+class PromptSettings;
+class TranscriptionStoring;
+
+/// What becomes of a transcript in each mode. A mode without a handler is handled as Normal.
+using ModeHandlers = std::map<ProcessingMode, std::unique_ptr<ModeHandler>>;
+
+/// Both arguments must outlive the handlers.
+ModeHandlers makeModeHandlers(TranscriptionStoring& store, const PromptSettings& prompts);
+
+} // namespace vantro
