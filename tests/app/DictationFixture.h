@@ -15,7 +15,6 @@
 #include "vantro/ai/NormalModeHandler.h"
 #include "vantro/ai/NotesModeHandler.h"
 #include "vantro/app/AppDelegate.h"
-#include "vantro/app/LauncherPanel.h"
 #include "vantro/app/LenientStore.h"
 #include "vantro/audio/AudioDeviceManager.h"
 

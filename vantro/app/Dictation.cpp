@@ -2,7 +2,6 @@
 
 #include "platform/Wording.h"
 #include "vantro/ai/DefaultMode.h"
-#include "vantro/app/LauncherPanel.h"
 #include "vantro/app/ProcessingErrorMessage.h"
 
 #include <QMetaObject>

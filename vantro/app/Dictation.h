@@ -9,6 +9,7 @@
 #include "vantro/ai/ModeHandlers.h"
 #include "vantro/ai/ProcessingMode.h"
 #include "vantro/app/DictationTimings.h"
+#include "vantro/app/LauncherPanel.h"
 #include "vantro/app/LenientStore.h"
 #include "vantro/app/PasteDelivery.h"
 #include "vantro/app/Shell.h"

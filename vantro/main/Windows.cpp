@@ -1,5 +1,6 @@
 #include "vantro/main/Windows.h"
 
+#include "vantro/app/Dictation.h"
 #include "vantro/app/VisibleModes.h"
 #include "vantro/support/SupportMail.h"
 #include "vantro/ui/history/HistoryModel.h"

@@ -8,6 +8,7 @@
 #include "vantro/audio/AudioDeviceManager.h"
 #include "vantro/audio/AudioRecorder.h"
 #include "vantro/models/ModelDownloader.h"
+#include "vantro/models/ModelSelection.h"
 #include "vantro/models/ModelStore.h"
 #include "vantro/store/CoreDataStack.h"
 #include "vantro/support/UpdateChecker.h"
