@@ -398,7 +398,7 @@
     </message>
     <message>
         <source>switch to another console</source>
-        <translation type="unfinished">zu einer anderen Konsole wechseln</translation>
+        <translation>zu einer anderen Konsole wechseln</translation>
     </message>
 </context>
 <context>
