@@ -83,9 +83,10 @@ protected:
     QTemporaryDir folder;
     UserDefaults defaults{folder.filePath(QStringLiteral("vantro.ini"))};
     doubles::FakeWorkspace workspace;
+    SystemClock clock;
     std::vector<UpdateChecker::Alert> alerts;
     UpdateChecker::Answered answered;
-    UpdateChecker checker{{defaults, workspace, server.url(), QStringLiteral("1.9"),
+    UpdateChecker checker{{defaults, workspace, clock, server.url(), QStringLiteral("1.9"),
                            [this](const UpdateChecker::Alert& alert, UpdateChecker::Answered done) {
                                alerts.push_back(alert);
                                answered = std::move(done);

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "base/Logger.h"
+#include "base/network/HttpExchange.h"
 #include "platform/LanguageRecognizer.h"
 #include "vantro/ai/FormatRequestServicing.h"
 #include "vantro/ai/providers/KeychainServicing.h"
 #include "vantro/ai/providers/RemoteProviderConfig.h"
-#include "vantro/ai/services/HttpExchange.h"
 #include "vantro/ai/services/RemoteAnswer.h"
 
 #include <QJsonObject>
