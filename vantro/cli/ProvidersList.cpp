@@ -1,7 +1,7 @@
+#include "base/RunTask.h"
 #include "vantro/ai/providers/KeychainError.h"
 #include "vantro/cli/ExitCode.h"
 #include "vantro/cli/ProvidersSession.h"
-#include "vantro/cli/RunTask.h"
 #include "vantro/cli/Terminal.h"
 
 #include <QJsonArray>
