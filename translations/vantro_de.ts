@@ -773,35 +773,35 @@
     <name>NetworkError</name>
     <message>
         <source>The encrypted connection to %1 cannot be trusted (%2). Check this computer&apos;s clock, or install the certificate of your own server.</source>
-        <translation type="unfinished">Der verschlüsselten Verbindung zu %1 ist nicht zu trauen (%2). Prüfe die Uhr dieses Rechners oder installiere das Zertifikat deines eigenen Servers.</translation>
+        <translation>Der verschlüsselten Verbindung zu %1 ist nicht zu trauen (%2). Prüfe die Uhr dieses Rechners oder installiere das Zertifikat deines eigenen Servers.</translation>
     </message>
     <message>
         <source>%1 sends the request on to a place where it cannot end (%2). Check the address.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 leitet die Anfrage an eine Stelle, an der sie nicht enden kann (%2). Prüfe die Adresse.</translation>
     </message>
     <message>
         <source>%1 cannot be reached (%2). Check the network connection, the proxy and the address.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 ist nicht erreichbar (%2). Prüfe die Netzwerkverbindung, den Proxy und die Adresse.</translation>
     </message>
     <message>
         <source>The connection to %1 broke off before the answer was complete. Try again.</source>
-        <translation type="unfinished">Die Verbindung zu %1 brach ab, bevor die Antwort vollständig war. Versuche es erneut.</translation>
+        <translation>Die Verbindung zu %1 brach ab, bevor die Antwort vollständig war. Versuche es erneut.</translation>
     </message>
     <message>
         <source>%1 has not answered within %2 seconds.</source>
-        <translation type="unfinished">%1 hat innerhalb von %2 Sekunden nicht geantwortet.</translation>
+        <translation>%1 hat innerhalb von %2 Sekunden nicht geantwortet.</translation>
     </message>
     <message>
         <source>The answer of %1 is larger than %2.</source>
-        <translation type="unfinished">Die Antwort von %1 ist größer als %2.</translation>
+        <translation>Die Antwort von %1 ist größer als %2.</translation>
     </message>
     <message>
         <source>What answers at %1 is no web server.</source>
-        <translation type="unfinished">Was bei %1 antwortet, ist kein Webserver.</translation>
+        <translation>Was bei %1 antwortet, ist kein Webserver.</translation>
     </message>
     <message>
         <source>The request was cancelled.</source>
-        <translation type="unfinished">Die Anfrage wurde abgebrochen.</translation>
+        <translation>Die Anfrage wurde abgebrochen.</translation>
     </message>
 </context>
 <context>
