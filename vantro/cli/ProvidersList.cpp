@@ -44,7 +44,7 @@ QString keyText(std::optional<bool> hasKey)
 {
     if (!hasKey)
         return QStringLiteral("not known");
-    return *hasKey ? QStringLiteral("••••••••••••") : QStringLiteral("No API key configured");
+    return *hasKey ? ProviderForm::maskedKey() : QStringLiteral("No API key configured");
 }
 
 void printTable(const ProvidersSession& session, const StoredKeys& keys)
