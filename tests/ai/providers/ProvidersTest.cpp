@@ -146,8 +146,6 @@ TEST_F(Providers, AKeyStaysWithItsConfigurationAndGoesAfterIt)
     EXPECT_FALSE(manager.isCleanUpDue());
     EXPECT_EQ(store.secrets.size(), 2U);
     EXPECT_FALSE(store.secrets.contains(second.keychainAccount()));
-    EXPECT_EQ(failure(manager.deleteKey(first.id)), std::nullopt);
-    EXPECT_EQ(failure(manager.deleteKey(first.id)), std::nullopt) << "there is none any more";
 }
 
 TEST_F(Providers, AKeyThatIsNoTextIsRefusedBothWays)

@@ -49,8 +49,6 @@ public:
 protected:
     RemoteFormatService(RemoteServiceParts parts, RemoteProviderConfig config, std::chrono::milliseconds baseTimeout);
 
-    using Headers = std::vector<std::pair<QByteArray, QByteArray>>;
-
     /// Without the key; throws RemoteFormatError when there is none that can be used.
     [[nodiscard]] virtual QUrl endpoint() const = 0;
     /// Puts @p key where the provider looks for it.
