@@ -2,9 +2,8 @@
 #include "vantro/support/UpdateChecker.h"
 
 #include "platform/testing/FakeWorkspace.h"
+#include "tests/WaitFor.h"
 
-#include <QCoreApplication>
-#include <QDeadlineTimer>
 #include <QTcpServer>
 #include <QTcpSocket>
 #include <QTemporaryDir>
@@ -72,10 +71,7 @@ protected:
     }
     void waitWhileChecking()
     {
-        const QDeadlineTimer deadline(20s);
-        while (checker.isChecking() && !deadline.hasExpired())
-            QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
-        ASSERT_FALSE(checker.isChecking());
+        ASSERT_TRUE(waitFor([this] { return !checker.isChecking(); }));
     }
     void press(std::optional<int> button) { std::exchange(answered, nullptr)(button); }
 
