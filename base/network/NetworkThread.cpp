@@ -3,6 +3,7 @@
 #include "base/network/NetworkError.h"
 
 #include <QNetworkProxyFactory>
+#include <QNetworkReply>
 
 #include <utility>
 
