@@ -1,8 +1,8 @@
 // Sends requests to a server on this machine through the real service, and tells how long each took and for how long
 // the main thread was busy with one event. bench/formatting starts the server and reads what this prints.
 #include "base/Error.h"
+#include "base/RunTask.h"
 #include "vantro/ai/services/CustomOpenAICompatibleService.h"
-#include "vantro/cli/RunTask.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>

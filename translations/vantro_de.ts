@@ -340,37 +340,6 @@
     </message>
 </context>
 <context>
-    <name>HttpError</name>
-    <message>
-        <source>%1 cannot be reached (%2). Check the network connection, the proxy and the provider&apos;s address.</source>
-        <translation>%1 ist nicht erreichbar (%2). Prüfe die Netzwerkverbindung, den Proxy und die Adresse des Anbieters.</translation>
-    </message>
-    <message>
-        <source>The connection to %1 broke off before the answer was complete. Try again.</source>
-        <translation>Die Verbindung zu %1 brach ab, bevor die Antwort vollständig war. Versuche es erneut.</translation>
-    </message>
-    <message>
-        <source>The encrypted connection to %1 cannot be trusted (%2). Check this computer&apos;s clock, or install the certificate of your own server.</source>
-        <translation>Der verschlüsselten Verbindung zu %1 ist nicht zu trauen (%2). Prüfe die Uhr dieses Rechners oder installiere das Zertifikat deines eigenen Servers.</translation>
-    </message>
-    <message>
-        <source>%1 has not answered within %2 seconds.</source>
-        <translation>%1 hat innerhalb von %2 Sekunden nicht geantwortet.</translation>
-    </message>
-    <message>
-        <source>The answer of %1 is larger than %2.</source>
-        <translation>Die Antwort von %1 ist größer als %2.</translation>
-    </message>
-    <message>
-        <source>What answers at %1 is no web server.</source>
-        <translation>Was bei %1 antwortet, ist kein Webserver.</translation>
-    </message>
-    <message>
-        <source>The request was cancelled.</source>
-        <translation>Die Anfrage wurde abgebrochen.</translation>
-    </message>
-</context>
-<context>
     <name>KeyboardShortcuts</name>
     <message>
         <source>The stored shortcut is damaged. Record it anew.</source>
@@ -398,7 +367,7 @@
     </message>
     <message>
         <source>switch to another console</source>
-        <translation type="unfinished">zu einer anderen Konsole wechseln</translation>
+        <translation>zu einer anderen Konsole wechseln</translation>
     </message>
 </context>
 <context>
@@ -588,10 +557,6 @@
 <context>
     <name>ModelDownloadError</name>
     <message>
-        <source>%1 cannot be reached (%2). Check the network connection, the proxy and the model host&apos;s address.</source>
-        <translation>%1 ist nicht erreichbar (%2). Prüfe die Netzwerkverbindung, den Proxy und die Adresse des Modellservers.</translation>
-    </message>
-    <message>
         <source>%1 has no readable file %2. Check the model host&apos;s address.</source>
         <translation>%1 hat keine lesbare Datei %2. Prüfe die Adresse des Modellservers.</translation>
     </message>
@@ -610,14 +575,6 @@
     <message>
         <source>The connection to %1 was lost (%2). What was fetched is kept: try again to continue there.</source>
         <translation>Die Verbindung zu %1 ging verloren (%2). Was geladen wurde, bleibt: Versuche es erneut, um dort weiterzumachen.</translation>
-    </message>
-    <message>
-        <source>%1 sends the download on to a place where it cannot end (%2). Check the model host&apos;s address.</source>
-        <translation>%1 leitet den Download an eine Stelle, an der er nicht enden kann (%2). Prüfe die Adresse des Modellservers.</translation>
-    </message>
-    <message>
-        <source>The encrypted connection to %1 cannot be trusted (%2). Check this computer&apos;s clock, or install the certificate of your company&apos;s model host.</source>
-        <translation>Der verschlüsselten Verbindung zu %1 ist nicht zu trauen (%2). Prüfe die Uhr dieses Rechners oder installiere das Zertifikat des Modellservers deiner Firma.</translation>
     </message>
     <message>
         <source>There is not enough space in %1: %2 more are needed, %3 are free. Make room, or choose a smaller model.</source>
@@ -810,6 +767,41 @@
     <message>
         <source>Use the built-in prompt</source>
         <translation>Mitgelieferte Anweisung verwenden</translation>
+    </message>
+</context>
+<context>
+    <name>NetworkError</name>
+    <message>
+        <source>The encrypted connection to %1 cannot be trusted (%2). Check this computer&apos;s clock, or install the certificate of your own server.</source>
+        <translation>Der verschlüsselten Verbindung zu %1 ist nicht zu trauen (%2). Prüfe die Uhr dieses Rechners oder installiere das Zertifikat deines eigenen Servers.</translation>
+    </message>
+    <message>
+        <source>%1 sends the request on to a place where it cannot end (%2). Check the address.</source>
+        <translation>%1 leitet die Anfrage an eine Stelle, an der sie nicht enden kann (%2). Prüfe die Adresse.</translation>
+    </message>
+    <message>
+        <source>%1 cannot be reached (%2). Check the network connection, the proxy and the address.</source>
+        <translation>%1 ist nicht erreichbar (%2). Prüfe die Netzwerkverbindung, den Proxy und die Adresse.</translation>
+    </message>
+    <message>
+        <source>The connection to %1 broke off before the answer was complete. Try again.</source>
+        <translation>Die Verbindung zu %1 brach ab, bevor die Antwort vollständig war. Versuche es erneut.</translation>
+    </message>
+    <message>
+        <source>%1 has not answered within %2 seconds.</source>
+        <translation>%1 hat innerhalb von %2 Sekunden nicht geantwortet.</translation>
+    </message>
+    <message>
+        <source>The answer of %1 is larger than %2.</source>
+        <translation>Die Antwort von %1 ist größer als %2.</translation>
+    </message>
+    <message>
+        <source>What answers at %1 is no web server.</source>
+        <translation>Was bei %1 antwortet, ist kein Webserver.</translation>
+    </message>
+    <message>
+        <source>The request was cancelled.</source>
+        <translation>Die Anfrage wurde abgebrochen.</translation>
     </message>
 </context>
 <context>

@@ -12,12 +12,13 @@ public:
 
     [[nodiscard]] std::optional<QString> reservedFor(std::uint32_t keyCode, std::uint32_t modifiers) const override
     {
-        return keyCode == reserved.keyCode && modifiers == reserved.modifiers ? std::optional(reserved.action)
-                                                                              : std::nullopt;
+        if (reserved && keyCode == reserved->keyCode && modifiers == reserved->modifiers)
+            return reserved->action;
+        return std::nullopt;
     }
 
     std::vector<DesktopShortcut> shortcuts;
-    DesktopShortcut reserved;
+    std::optional<DesktopShortcut> reserved;
 };
 
 } // namespace vantro::doubles

@@ -6,4 +6,4 @@ vantro_room(vantro_platform_testing_desktop
     FakeKeyEventPoster.h
     FakePasteboard.cpp FakePasteboard.h
     FakeWorkspace.cpp FakeWorkspace.h
-  LINK vantro_platform Qt6::Core)
+  LINK vantro_platform vantro_base_testing Qt6::Core)

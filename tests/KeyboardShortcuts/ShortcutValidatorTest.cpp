@@ -76,9 +76,9 @@ TEST_F(ShortcutValidatorTest, WhatTheDesktopUsesIsRefusedWithWhatItDoesThere)
     refused = refusal("Super+L");
     EXPECT_FALSE(refused->canForce) << "it could not work";
     const auto f2 = keys("Ctrl+Alt+F2");
-    desktop_.reserved = {.keyCode = static_cast<std::uint32_t>(f2.carbonKeyCode),
-                         .modifiers = static_cast<std::uint32_t>(f2.carbonModifiers),
-                         .action = QStringLiteral("Another console")};
+    desktop_.reserved = DesktopShortcut{.keyCode = static_cast<std::uint32_t>(f2.carbonKeyCode),
+                                        .modifiers = static_cast<std::uint32_t>(f2.carbonModifiers),
+                                        .action = QStringLiteral("Another console")};
     EXPECT_EQ(refusal("Ctrl+Alt+F2")->reason, Reason::usedBySystem);
     EXPECT_FALSE(refusal("Ctrl+Alt+F2")->canForce);
 

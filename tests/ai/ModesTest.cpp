@@ -1,4 +1,5 @@
 #include "base/Error.h"
+#include "base/RunTask.h"
 #include "vantro/ai/BuiltInPrompts.h"
 #include "vantro/ai/FormattingModeHandler.h"
 #include "vantro/ai/NormalModeHandler.h"
@@ -61,15 +62,12 @@ protected:
     QStringList process(ModeHandler& handler)
     {
         const std::shared_ptr<FormatRequestServicing> service(&diary, [](auto*) {});
-        QString end;
-        QCoro::waitFor([](ModeHandler& mode, auto model, QString& outcome) -> QCoro::Task<> {
-            try {
-                outcome = co_await mode.process(QStringLiteral("hello"), model);
-            } catch (const Error& error) {
-                outcome = QStringLiteral("! ") + error.localizedDescription();
-            }
-        }(handler, service, end));
-        return diary.entries + QStringList(end);
+        try {
+            const QString text = runTask(handler.process(QStringLiteral("hello"), service));
+            return diary.entries + QStringList(text);
+        } catch (const Error& error) {
+            return diary.entries + QStringList(QStringLiteral("! ") + error.localizedDescription());
+        }
     }
 
     QTemporaryDir folder;

@@ -1,13 +1,15 @@
 #!/usr/bin/python3
 """The program around the dictations: its windows, its first start, its settings, its sounds."""
 
-import http.server
 import json
 import shutil
-import threading
+import sys
 
-from dictationcase import CANCEL_KEY, CHILD, CHILD_WORDS, SHORTCUT_KEYS, STOP_KEY, main, words
+from dictationcase import CANCEL_KEY, CHILD, CHILD_WORDS, ROOT, SHORTCUT_KEYS, STOP_KEY, main, words
 from shellcase import ONBOARDING_TITLE, SETTINGS_TITLE, ShellCase
+
+sys.path.insert(0, str(ROOT / "tests" / "ai" / "services"))
+from chatserver import Answer, ChatServer  # noqa: E402
 
 PAGES = ("General", "Shortcut", "Microphone", "Models", "Modes", "Providers", "Vocabulary", "About")
 
@@ -97,22 +99,9 @@ class FirstStartTest(ShellCase):
 
 class UpdateTest(ShellCase):
     def serve(self, manifest):
-        class Handler(http.server.BaseHTTPRequestHandler):
-            def do_GET(self):
-                body = json.dumps(manifest).encode()
-                self.send_response(200)
-                self.send_header("Content-Length", str(len(body)))
-                self.end_headers()
-                self.wfile.write(body)
-
-            def log_message(self, *arguments):
-                pass
-
-        server = http.server.ThreadingHTTPServer(("127.0.0.1", 0), Handler)
-        threading.Thread(target=server.serve_forever, daemon=True).start()
-        self.addCleanup(server.server_close)
-        self.addCleanup(server.shutdown)
-        self.desktop.env["VANTRO_UPDATE_MANIFEST"] = f"http://127.0.0.1:{server.server_port}/"
+        server = self.enterContext(ChatServer())
+        server.answer = Answer(body=json.dumps(manifest))
+        self.desktop.env["VANTRO_UPDATE_MANIFEST"] = server.url
         self.addCleanup(self.desktop.env.pop, "VANTRO_UPDATE_MANIFEST")
 
     def test_a_newer_version_is_offered_at_the_start_until_it_is_skipped(self):

@@ -1,11 +1,11 @@
 #include "vantro/models/ModelDownloader.h"
 
+#include "tests/WaitFor.h"
 #include "tests/models/ModelServer.h"
 #include "vantro/models/WhisperModelFiles.h"
 
 #include <QCoreApplication>
 #include <QCryptographicHash>
-#include <QDeadlineTimer>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -24,14 +24,6 @@ namespace {
 
 constexpr qint64 fileBytes = 3'000'000;
 constexpr qint64 middle = 1'000'000;
-
-bool waitFor(const std::function<bool()>& condition)
-{
-    const QDeadlineTimer deadline(30s);
-    while (!condition() && !deadline.hasExpired())
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
-    return condition();
-}
 
 /// The error's kind, or nothing when the download succeeded.
 std::optional<ModelDownloadError::Kind> outcome(const QFuture<void>& future)

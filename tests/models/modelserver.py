@@ -8,24 +8,23 @@
 It serves every file of the folder under /resolve/main/, with ranges, entity tags and conditional ranges as the public
 host does. Run as a program it serves a folder until it is ended:
 
-    modelserver.py FOLDER [--port-file FILE] [--requests FILE] [--fault JSON]
+    modelserver.py FOLDER --port-file FILE [--requests FILE] [--fault JSON]
 """
 
 import argparse
 import email.utils
 import hashlib
 import json
-import os
 import re
-import socket
 import ssl
-import subprocess
 import sys
 import threading
 import time
 from dataclasses import dataclass, field
-from http.server import BaseHTTPRequestHandler, ThreadingHTTPServer
 from pathlib import Path
+
+sys.path.insert(0, str(Path(__file__).resolve().parents[1]))
+from faultserver import FaultHandler, FaultServer  # noqa: E402
 
 PREFIX = "/resolve/main/"
 _CHUNK_BYTES = 256 * 1024
@@ -51,36 +50,22 @@ class Fault:
     served: int = field(default=0, compare=False)
 
 
-class _Handler(BaseHTTPRequestHandler):
-    protocol_version = "HTTP/1.1"
-
+class _Handler(FaultHandler):
     def do_GET(self):
-        server = self.server.owner
         path = re.sub(r"^https?://[^/]+", "", self.path)  # a proxy is asked with the whole address
-        server.note(path, self.headers)
-        fault = server.take_fault()
+        self.owner.note(path, self.headers)
+        fault = self.owner.take_fault()
         if fault.redirect_to:
-            return self._redirect(fault.redirect_to + path, fault)
+            return self.answer(302, fault.redirect_body, [("Location", fault.redirect_to + path)])
         if fault.status:
             return self._refuse(fault.status)
-        file = server.folder / path.removeprefix(PREFIX)
+        file = self.owner.folder / path.removeprefix(PREFIX)
         if not path.startswith(PREFIX) or not file.is_file():
             return self._refuse(404)
         self._send_file(file, fault)
 
-    def _redirect(self, target, fault):
-        self.send_response(302)
-        self.send_header("Location", target)
-        self.send_header("Content-Length", str(len(fault.redirect_body)))
-        self.end_headers()
-        self.wfile.write(fault.redirect_body)
-
     def _refuse(self, status):
-        body = b"<html>no model here</html>"
-        self.send_response(status)
-        self.send_header("Content-Length", str(len(body)))
-        self.end_headers()
-        self.wfile.write(body)
+        self.answer(status, b"<html>no model here</html>")
 
     def _send_file(self, file, fault):
         stat = file.stat()
@@ -110,7 +95,6 @@ class _Handler(BaseHTTPRequestHandler):
         return int(match[1]) if match and condition in (None, etag, modified) else 0
 
     def _send_body(self, file, start, fault):
-        server = self.server.owner
         stops = [at for at in (fault.cut_after, fault.stall_after, fault.pause_at) if at is not None]
         at = start
         with file.open("rb") as source:
@@ -134,133 +118,40 @@ class _Handler(BaseHTTPRequestHandler):
                 if fault.bytes_per_s:
                     time.sleep(len(chunk) / fault.bytes_per_s)
                 if at == fault.cut_after:
-                    self.wfile.flush()
-                    self.connection.shutdown(socket.SHUT_RDWR)
-                    self.close_connection = True
-                    return
+                    return self.cut()
                 if at == fault.stall_after:
-                    server.ending.wait()
-                    self.close_connection = True
-                    return
+                    return self.stall()
                 if at == fault.pause_at:
-                    server.paused.set()
-                    server.resume.wait()
+                    self.owner.paused.set()
+                    self.owner.resume.wait()
                     stops.remove(fault.pause_at)
                 if not chunk and at not in stops:
                     return
 
-    def log_message(self, *_):
-        pass
 
-
-class _Server(ThreadingHTTPServer):
-    daemon_threads = True
-    request_queue_size = 64
-
-    def handle_error(self, request, client_address):
-        """A client that goes away is what some tests are about."""
-
-
-class ModelServer:
+class ModelServer(FaultServer):
     def __init__(self, folder, certificate=None, port=0):
-        """certificate: (certificate file, key file) makes it an HTTPS server."""
+        super().__init__(_Handler, certificate, port)
         self.folder = Path(folder)
         self.fault = Fault()
-        self.requests = []
         self.request_log = None
-        self.paused, self.resume, self.ending = threading.Event(), threading.Event(), threading.Event()
-        self._lock = threading.Lock()
-        self._http = _Server(("127.0.0.1", port), _Handler)
-        self._http.owner = self
-        self._scheme = "http"
-        if certificate:
-            context = ssl.SSLContext(ssl.PROTOCOL_TLS_SERVER)
-            context.load_cert_chain(*certificate)
-            self._http.socket = context.wrap_socket(self._http.socket, server_side=True, do_handshake_on_connect=False)
-            self._scheme = "https"
-        self._thread = threading.Thread(target=self._http.serve_forever, kwargs={"poll_interval": 0.02}, daemon=True)
-
-    @property
-    def port(self):
-        return self._http.server_address[1]
-
-    @property
-    def url(self):
-        return f"{self._scheme}://127.0.0.1:{self.port}"
-
-    def address(self, host):
-        """The same server under another name of this machine."""
-        return f"{self._scheme}://{host}:{self.port}"
-
-    def __enter__(self):
-        self._thread.start()
-        return self
+        self.paused, self.resume = threading.Event(), threading.Event()
 
     def __exit__(self, *_):
-        self.ending.set()
         self.resume.set()
-        self._http.shutdown()
-        self._http.server_close()
-
-    def serve_until_ended(self):
-        self._http.serve_forever()
+        super().__exit__()
 
     def note(self, path, headers):
-        with self._lock:
+        with self.lock:
             self.requests.append((path, headers.get("Range"), headers.get("If-Range")))
             if self.request_log:
                 with self.request_log.open("a") as log:
                     log.write(f"{path} {headers.get('Range', '-')}\n")
 
     def take_fault(self):
-        with self._lock:
+        with self.lock:
             self.fault.served += 1
             return Fault() if self.fault.once and self.fault.served > 1 else self.fault
-
-
-class CertificateAuthority:
-    """Makes certificates for 127.0.0.1 and localhost with the openssl command."""
-
-    def __init__(self, folder):
-        self._folder = Path(folder)
-        self.certificate, self._key = self._self_signed("authority")
-
-    def valid(self):
-        return self._signed("valid", "-days", "2")
-
-    def expired(self):
-        # Begins and ends in the past.
-        return self._signed("expired", "-not_before", "20200101000000Z", "-not_after", "20200201000000Z")
-
-    def self_signed(self):
-        return self._self_signed("selfsigned")
-
-    def _self_signed(self, name):
-        certificate, key = self._folder / f"{name}.pem", self._folder / f"{name}.key"
-        self._openssl("req", "-x509", "-newkey", "ec", "-pkeyopt", "ec_paramgen_curve:prime256v1", "-nodes", "-days", "2",
-                      "-subj", f"/CN={name} of a test", "-addext", "subjectAltName=IP:127.0.0.1,DNS:localhost",
-                      "-keyout", key, "-out", certificate)
-        return certificate, key
-
-    def _signed(self, name, *validity):
-        certificate, key, request = (self._folder / f"{name}.{kind}" for kind in ("pem", "key", "csr"))
-        self._openssl("req", "-newkey", "ec", "-pkeyopt", "ec_paramgen_curve:prime256v1", "-nodes", "-subj",
-                      f"/CN={name}", "-keyout", key, "-out", request)
-        config = self._folder / f"{name}.cnf"
-        config.write_text("[ca]\ndefault_ca=test\n[test]\n"
-                          f"database={self._folder}/{name}.index\nserial={self._folder}/{name}.serial\n"
-                          f"new_certs_dir={self._folder}\ndefault_md=sha256\npolicy=any\n"
-                          "x509_extensions=names\n[any]\ncommonName=supplied\n[names]\n"
-                          "subjectAltName=IP:127.0.0.1,DNS:localhost\n")
-        (self._folder / f"{name}.index").write_text("")
-        dates = [part.replace("-not_before", "-startdate").replace("-not_after", "-enddate") for part in validity]
-        self._openssl("ca", "-batch", "-config", config, "-cert", self.certificate, "-keyfile", self._key, "-in",
-                      request, "-out", certificate, "-notext", "-rand_serial", *dates)
-        return certificate, key
-
-    @staticmethod
-    def _openssl(*arguments):
-        subprocess.run(["openssl", *map(str, arguments)], check=True, capture_output=True)
 
 
 def sha1(path):
@@ -270,21 +161,14 @@ def sha1(path):
 def main():
     parser = argparse.ArgumentParser(description="Serves a folder of model files.")
     parser.add_argument("folder", type=Path)
-    parser.add_argument("--port-file", type=Path, help="where to write the port once connections are accepted")
+    parser.add_argument("--port-file", type=Path, required=True, help="where to write the port once connections are accepted")
     parser.add_argument("--requests", type=Path, help="where to write a line for each request")
     parser.add_argument("--fault", type=json.loads, default={}, help="the fields of a Fault")
     options = parser.parse_args()
     server = ModelServer(options.folder)
     server.request_log = options.requests
     server.fault = Fault(**options.fault)
-    if options.port_file:
-        part = options.port_file.with_suffix(".part")
-        part.write_text(str(server.port))
-        os.rename(part, options.port_file)
-    try:
-        server.serve_until_ended()
-    except KeyboardInterrupt:
-        sys.exit(130)
+    server.serve_until_ended(options.port_file)
 
 
 if __name__ == "__main__":

@@ -17,7 +17,8 @@ import threading
 import unittest
 from pathlib import Path
 
-from modelserver import CertificateAuthority, Fault, ModelServer, sha1
+from modelserver import Fault, ModelServer, sha1
+from faultserver import CertificateAuthority  # modelserver has made it known
 
 ROOT = Path(__file__).resolve().parent.parent.parent
 PROGRAM = Path(os.environ.get("VANTRO_PROGRAM", ROOT / "build/dev/bin/vantro"))
@@ -158,7 +159,7 @@ class HostFaultTest(DownloadCase):
     def test_redirects_lead_to_another_host_but_not_in_circles(self):
         other = self.enterContext(ModelServer(mirror))
         self.server.fault = Fault(redirect_to=self.server.address("localhost"))
-        self.check_failed(self.download(), NO_SERVICE, "127.0.0.1 sends the download on", "Too many redirects")
+        self.check_failed(self.download(), NO_SERVICE, "127.0.0.1 sends the request on", "Too many redirects")
         self.server.fault = Fault(redirect_to=other.address("localhost"), redirect_body=b"not the model " * 1000)
         other.fault = Fault(cut_after=MIDDLE, once=True)
         result = self.download()
@@ -186,7 +187,7 @@ class EncryptionTest(DownloadCase):
         with ModelServer(mirror, authority.valid()) as server:
             self.check_failed(self.download(server.url), NO_SERVICE, "cannot be trusted")
             server.fault = Fault(redirect_to=self.server.url)
-            self.check_failed(self.download(server.url, env=trusting), NO_SERVICE, "sends the download on")
+            self.check_failed(self.download(server.url, env=trusting), NO_SERVICE, "sends the request on")
             server.fault = Fault(cut_after=MIDDLE, once=True)
             result = self.download(server.url, env=trusting)
             self.assertEqual(result.returncode, DONE, result.stderr)

@@ -6,7 +6,6 @@
 #include <QFile>
 #include <QSqlDatabase>
 #include <QSqlQuery>
-#include <QTimeZone>
 
 using namespace std::chrono_literals;
 using namespace vantro;
@@ -170,34 +169,4 @@ TEST_F(StoreFileTest, ALockIsWaitedForAndThenNamed)
     for (const char* statement : {"PRAGMA locking_mode = EXCLUSIVE", "BEGIN EXCLUSIVE"})
         OtherConnection::run(statement);
     EXPECT_TRUE(loadFailure(alone).contains(QStringLiteral("is locked by another program")));
-}
-
-TEST_F(StoreFileTest, TheHistoryOfEarlierBuildsIsTakenOverOnceAndKeptAside)
-{
-    const QString other = anotherPath("earlier");
-    const QString earlier = QFileInfo(other).path() + QStringLiteral("/history.jsonl");
-    const QByteArray lines =
-        R"({"created_at":"2026-11-01T10:00:00.250Z","formatted":"","id":"aaaaaaaa-0000-4000-8000-000000000001","processingMode":"Normal","transcription":"first\u0000 \"quoted\""})"
-        "\n"
-        R"({"created_at":"2026-11-01T10:00:01.000Z","formatted":"","id":"aaaaaaaa-0000-4000-8000-000000000002","processingMode":"Email","transcription":"second"})"
-        "\n"
-        R"({"formatted":"Second.","id":"aaaaaaaa-0000-4000-8000-000000000002"})"
-        "\n"
-        R"({"created_at":"2026-11-01T10:00:0)";
-    write(earlier, lines);
-    {
-        CoreDataStack taken(clock, other);
-        taken.loadPersistentStores();
-        const auto rows = TranscriptionFetch(taken.persistentContainer(), {}).rows({}, 10);
-        ASSERT_EQ(rows.size(), 2U);
-        EXPECT_EQ(rows[0].formatted, QStringLiteral("Second."));
-        EXPECT_EQ(rows[1].transcription, QStringLiteral(u"first\u0000 \"quoted\""));
-        EXPECT_EQ(rows[1].created_at.toUTC(), QDateTime(QDate(2026, 11, 1), QTime(10, 0, 0, 250), QTimeZone::utc()));
-        taken.deleteTranscriptions({rows[0].id});
-    }
-    EXPECT_FALSE(QFile::exists(earlier));
-    EXPECT_EQ(contents(earlier + QStringLiteral(".imported")), lines);
-    CoreDataStack again(clock, other);
-    again.loadPersistentStores();
-    EXPECT_EQ(TranscriptionFetch(again.persistentContainer(), {}).count({}), 1) << "deleted stays deleted";
 }

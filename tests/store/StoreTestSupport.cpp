@@ -45,14 +45,6 @@ QVariant StoreTest::value(const char* statement) const
     return store.persistentContainer().value(QLatin1String(statement));
 }
 
-bool StoreTest::waitFor(const std::function<bool()>& condition)
-{
-    const QDeadlineTimer deadline(std::chrono::seconds(5));
-    while (!condition() && !deadline.hasExpired())
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents | QEventLoop::AllEvents, 50);
-    return condition();
-}
-
 QString integrityOf(const CoreDataStack& store)
 {
     const PersistentContainer& container = store.persistentContainer();

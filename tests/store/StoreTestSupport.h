@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/testing/ManualClock.h"
+#include "tests/WaitFor.h"
 #include "vantro/store/CoreDataStack.h"
 
 #include <QCoreApplication>
@@ -25,9 +26,6 @@ protected:
     /// The transcriptions of what is found.
     [[nodiscard]] QStringList found(const QString& search) const;
     [[nodiscard]] QVariant value(const char* statement) const;
-
-    /// Runs the event loop until @p condition holds, at most five seconds.
-    static bool waitFor(const std::function<bool()>& condition);
 
     QTemporaryDir folder;
     QString path = folder.filePath(QStringLiteral("vantro/MainModel.sqlite"));

@@ -2,9 +2,8 @@
 #include "vantro/support/UpdateChecker.h"
 
 #include "platform/testing/FakeWorkspace.h"
+#include "tests/WaitFor.h"
 
-#include <QCoreApplication>
-#include <QDeadlineTimer>
 #include <QTcpServer>
 #include <QTcpSocket>
 #include <QTemporaryDir>
@@ -72,10 +71,7 @@ protected:
     }
     void waitWhileChecking()
     {
-        const QDeadlineTimer deadline(20s);
-        while (checker.isChecking() && !deadline.hasExpired())
-            QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
-        ASSERT_FALSE(checker.isChecking());
+        ASSERT_TRUE(waitFor([this] { return !checker.isChecking(); }));
     }
     void press(std::optional<int> button) { std::exchange(answered, nullptr)(button); }
 
@@ -83,9 +79,10 @@ protected:
     QTemporaryDir folder;
     UserDefaults defaults{folder.filePath(QStringLiteral("vantro.ini"))};
     doubles::FakeWorkspace workspace;
+    SystemClock clock;
     std::vector<UpdateChecker::Alert> alerts;
     UpdateChecker::Answered answered;
-    UpdateChecker checker{{defaults, workspace, server.url(), QStringLiteral("1.9"),
+    UpdateChecker checker{{defaults, workspace, clock, server.url(), QStringLiteral("1.9"),
                            [this](const UpdateChecker::Alert& alert, UpdateChecker::Answered done) {
                                alerts.push_back(alert);
                                answered = std::move(done);

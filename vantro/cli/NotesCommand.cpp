@@ -1,5 +1,6 @@
 #include "vantro/cli/NotesCommand.h"
 
+#include "base/RunTask.h"
 #include "platform/Platform.h"
 #include "vantro/app/LanguageModels.h"
 #include "vantro/cli/ExitCode.h"
@@ -129,18 +130,6 @@ int show(const CoreDataStack& store, const DailyNote& day, bool json)
     return ExitCode::done;
 }
 
-/// Answers what went wrong: a task that throws cannot be waited for.
-QCoro::Task<QString> take(CoreDataStack& store, QString text)
-{
-    try {
-        const auto taken = store.addNote(std::move(text));
-        co_await taken;
-    } catch (const std::exception& error) {
-        co_return localizedDescription(error);
-    }
-    co_return QString();
-}
-
 int add(CoreDataStack& store, const Options& options)
 {
     QString text = options.words.join(QLatin1Char(' '));
@@ -154,11 +143,13 @@ int add(CoreDataStack& store, const Options& options)
         terminal::writeError(QStringLiteral("a note needs a text"));
         return ExitCode::usage;
     }
-    const QString problem = QCoro::waitFor(take(store, text));
-    if (problem.isEmpty())
+    try {
+        runTask(store.addNote(text));
         return ExitCode::done;
-    terminal::writeError(problem);
-    return ExitCode::failed;
+    } catch (const std::exception& error) {
+        terminal::writeError(localizedDescription(error));
+        return ExitCode::failed;
+    }
 }
 
 int removeDay(CoreDataStack& store, const DailyNote& day, const Options& options)
@@ -196,7 +187,7 @@ int summarize(HistorySession& session, const DailyNote& day)
     printToStandardError();
     bool isStored = false;
     QObject::connect(&store, &CoreDataStack::dailyNoteChanged, &store, [&isStored] { isStored = true; });
-    QCoro::waitFor(store.regenerateSummary(day, models.choose(ProcessingMode::Notes)));
+    runTask(store.regenerateSummary(day, models.choose(ProcessingMode::Notes)));
     // It has told what failed.
     if (!isStored)
         return ExitCode::failed;

@@ -1,10 +1,10 @@
+#include "base/RunTask.h"
 #include "platform/Wording.h"
 #include "vantro/ai/providers/KeychainError.h"
 #include "vantro/ai/services/FormatServiceFactory.h"
 #include "vantro/ai/services/RemoteFormatError.h"
 #include "vantro/cli/ExitCode.h"
 #include "vantro/cli/ProvidersSession.h"
-#include "vantro/cli/RunTask.h"
 #include "vantro/cli/Terminal.h"
 
 #include <QElapsedTimer>

@@ -1,7 +1,7 @@
+#include "base/RunTask.h"
 #include "vantro/ai/providers/KeychainError.h"
 #include "vantro/cli/ExitCode.h"
 #include "vantro/cli/ProvidersSession.h"
-#include "vantro/cli/RunTask.h"
 #include "vantro/cli/Terminal.h"
 
 #include <QJsonArray>
@@ -44,7 +44,7 @@ QString keyText(std::optional<bool> hasKey)
 {
     if (!hasKey)
         return QStringLiteral("not known");
-    return *hasKey ? QStringLiteral("••••••••••••") : QStringLiteral("No API key configured");
+    return *hasKey ? ProviderForm::maskedKey() : QStringLiteral("No API key configured");
 }
 
 void printTable(const ProvidersSession& session, const StoredKeys& keys)

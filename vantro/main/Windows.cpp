@@ -53,7 +53,7 @@ Windows::Windows(Parts parts)
     : parts_(std::move(parts))
     , ui_(parts_.defaults, *parts_.platform.appearance)
     , hud_(ui_.engine(), *parts_.platform.workspace, parts_.clock)
-    , updates_({parts_.defaults, *parts_.platform.workspace, manifestAddress(), version, updateAlert()})
+    , updates_({parts_.defaults, *parts_.platform.workspace, parts_.clock, manifestAddress(), version, updateAlert()})
     , settings_(ui_.engine(), *parts_.platform.workspace,
                 {tr("vantro settings"), QUrl(QStringLiteral("qrc:/qt/qml/Vantro/Settings/Settings.qml")), settingsSize,
                  leastSettingsSize},

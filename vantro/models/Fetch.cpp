@@ -1,10 +1,10 @@
 #include "vantro/models/Fetch.h"
 
-#include "base/network/UsersAuthorities.h"
+#include "base/network/NetworkError.h"
+#include "base/network/NetworkRequest.h"
 
 #include <QFileInfo>
 #include <QRegularExpression>
-#include <QSslError>
 #include <QStorageInfo>
 
 #include <utility>
@@ -20,7 +20,6 @@ constexpr qint64 chunkBytes = mebibyte / 16;
 constexpr qint64 readAheadBytes = 4 * mebibyte;
 /// So much is written before other events get their turn.
 constexpr qint64 turnBytes = 8 * mebibyte;
-constexpr int mostRedirects = 10;
 constexpr int stallChecks = 4;
 
 } // namespace
@@ -50,10 +49,6 @@ QFuture<void> Fetch::start()
     connect(reply_, &QNetworkReply::metaDataChanged, this, [this] { guarded([this] { readHead(); }); });
     connect(reply_, &QNetworkReply::readyRead, this, [this] { guarded([this] { pump(); }); });
     connect(reply_, &QNetworkReply::finished, this, [this] { guarded([this] { replyFinished(); }); });
-    connect(reply_, &QNetworkReply::sslErrors, this, [this](const QList<QSslError>& errors) {
-        if (!errors.isEmpty())
-            certificateProblem_ = errors.first().errorString();
-    });
     connect(&stallTimer_, &QTimer::timeout, this, [this] { guarded([this] { checkStall(); }); });
     stallTimer_.start(options_.stallTimeout / stallChecks);
     return promise_.future();
@@ -61,13 +56,8 @@ QFuture<void> Fetch::start()
 
 QNetworkRequest Fetch::networkRequest() const
 {
-    QNetworkRequest request(request_.url);
-    request.setHeader(QNetworkRequest::UserAgentHeader, QStringLiteral("vantro/" VANTRO_VERSION));
+    QNetworkRequest request = network::request(request_.url);
     request.setRawHeader("Accept-Encoding", "identity"); // sizes and positions are those of the file
-    request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::NoLessSafeRedirectPolicy);
-    request.setMaximumRedirectsAllowed(mostRedirects);
-    request.setAttribute(QNetworkRequest::Http2AllowedAttribute, false); // one long stream gains nothing from it
-    trustUsersAuthorities(request);
     if (const qint64 have = part_.bytes(); have > 0 && !request_.url.isLocalFile()) {
         request.setRawHeader("Range", QByteArray("bytes=") + QByteArray::number(have) + '-');
         if (const QString validator = part_.note()->validator(); !validator.isEmpty())
@@ -235,7 +225,7 @@ void Fetch::checkStall()
     const QString reason =
         tr("nothing has come for %1 s").arg(static_cast<double>(options_.stallTimeout.count()) / 1000);
     throw isAccepted_ ? ModelDownloadError::connectionBroken(host(), reason)
-                      : ModelDownloadError::hostUnreachable(host(), reason);
+                      : ModelDownloadError(NetworkError::unreachable(host(), reason));
 }
 
 ModelDownloadError Fetch::replyError() const
@@ -246,16 +236,7 @@ ModelDownloadError Fetch::replyError() const
         return ModelDownloadError::refusedByServer(host(), 0, request_.url.fileName());
     if (isAccepted_)
         return totalBytes_ < 0 ? ModelDownloadError::connectionBroken(host(), reply_->errorString()) : brokenOff();
-    switch (reply_->error()) {
-    case QNetworkReply::SslHandshakeFailedError:
-        return ModelDownloadError::notTrusted(host(), certificateProblem_.isEmpty() ? reply_->errorString()
-                                                                                    : certificateProblem_);
-    case QNetworkReply::TooManyRedirectsError:
-    case QNetworkReply::InsecureRedirectError:
-        return ModelDownloadError::redirectedInLoop(request_.url.host(), reply_->errorString());
-    default:
-        return ModelDownloadError::hostUnreachable(host(), reply_->errorString());
-    }
+    return ModelDownloadError(NetworkError::of(*reply_));
 }
 
 } // namespace vantro

@@ -58,7 +58,6 @@ private:
     QNetworkReply* reply_ = nullptr;
     QTimer stallTimer_;
     QElapsedTimer lastHeard_;
-    QString certificateProblem_;
     std::vector<char> buffer_;
     qint64 receivedBytes_ = 0; ///< with what the part had
     qint64 totalBytes_ = -1;

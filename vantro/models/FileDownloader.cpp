@@ -1,7 +1,6 @@
 #include "vantro/models/FileDownloader.h"
 
 #include <QMutexLocker>
-#include <QNetworkProxyFactory>
 #include <QPromise>
 
 #include <algorithm>
@@ -10,16 +9,6 @@
 #include <vector>
 
 namespace vantro {
-
-namespace {
-
-class SystemProxies final : public QNetworkProxyFactory
-{
-public:
-    QList<QNetworkProxy> queryProxy(const QNetworkProxyQuery& query) override { return systemProxyForQuery(query); }
-};
-
-} // namespace
 
 /// One who waits. Destroyed without the lock: its stop callback may be running and wanting it.
 struct FileDownloader::Listener
@@ -45,74 +34,39 @@ struct FileDownloader::PendingDownload
     bool isStopped = false;                           ///< network thread
 };
 
-/// The network's side: one access manager, made on its own thread.
-class FileDownloader::Network : public QObject
+QCoro::Task<> FileDownloader::transfer(QNetworkAccessManager& manager, PendingPointer download)
 {
-public:
-    explicit Network(FileDownloader& owner) : owner_(owner) {}
-
-    void carryOut(const PendingPointer& download)
-    {
-        if (!manager_) {
-            manager_ = std::make_unique<QNetworkAccessManager>();
-            manager_->setProxyFactory(new SystemProxies); // owned by the manager
-        }
-        transfer(download);
+    std::exception_ptr failure;
+    try {
+        FileTransfer transfer(manager, files_, options_, download->request,
+                              [this, download](const auto& progress) { publish(*download, progress); });
+        download->transfer = &transfer;
+        if (download->isStopped)
+            transfer.stop();
+        co_await transfer.run();
+    } catch (...) {
+        failure = std::current_exception();
     }
-
-    static void stop(PendingDownload& download)
-    {
-        download.isStopped = true;
-        if (download.transfer != nullptr)
-            download.transfer->stop();
-    }
-
-    void close() { manager_.reset(); }
-
-private:
-    QCoro::Task<> transfer(PendingPointer download)
-    {
-        std::exception_ptr failure;
-        try {
-            FileTransfer transfer(*manager_, owner_.files_, owner_.options_, download->request,
-                                  [this, download](const auto& progress) { owner_.publish(*download, progress); });
-            download->transfer = &transfer;
-            if (download->isStopped)
-                transfer.stop();
-            co_await transfer.run();
-        } catch (...) {
-            failure = std::current_exception();
-        }
-        download->transfer = nullptr;
-        owner_.finish(download, failure);
-    }
-
-    FileDownloader& owner_;
-    std::unique_ptr<QNetworkAccessManager> manager_;
-};
-
-FileDownloader::FileDownloader(TransferOptions options)
-    : options_(std::move(options))
-    , network_(std::make_unique<Network>(*this))
-{
-    thread_.setObjectName(QStringLiteral("model downloads"));
-    network_->moveToThread(&thread_);
-    thread_.start();
+    download->transfer = nullptr;
+    finish(download, failure);
 }
+
+void FileDownloader::stop(PendingDownload& download)
+{
+    download.isStopped = true;
+    if (download.transfer != nullptr)
+        download.transfer->stop();
+}
+
+FileDownloader::FileDownloader(TransferOptions options) : options_(std::move(options)) {}
 
 FileDownloader::~FileDownloader()
 {
-    {
-        QMutexLocker locker(&pendingLock_);
-        for (const auto& entry : pending_)
-            QMetaObject::invokeMethod(network_.get(), [download = entry.second] { Network::stop(*download); });
-        while (running_ > 0)
-            allEnded_.wait(&pendingLock_);
-    }
-    QMetaObject::invokeMethod(
-        network_.get(), [this] { network_->close(); }, Qt::BlockingQueuedConnection);
-    thread_.quit();
-    thread_.wait();
+    QMutexLocker locker(&pendingLock_);
+    for (const auto& entry : pending_)
+        network_.run([download = entry.second](auto&) { stop(*download); });
+    while (running_ > 0)
+        allEnded_.wait(&pendingLock_);
 }
 
 QFuture<void> FileDownloader::download(TransferRequest request, OnProgress onProgress, std::stop_token stop)
@@ -135,7 +89,7 @@ QFuture<void> FileDownloader::download(TransferRequest request, OnProgress onPro
     locker.unlock();
 
     if (isNew)
-        QMetaObject::invokeMethod(network_.get(), [this, download] { network_->carryOut(download); });
+        network_.run([this, download](QNetworkAccessManager& manager) { transfer(manager, download); });
     // Calls at once when the stop has been requested already.
     listener->stopCallback.emplace(std::move(stop),
                                    [this, download, waiting = listener.get()] { leave(download, waiting); });
@@ -157,7 +111,7 @@ void FileDownloader::leave(const PendingPointer& download, const Listener* liste
             if (const auto entry = pending_.find(download->request.destination);
                 entry != pending_.end() && entry->second == download)
                 pending_.erase(entry);
-            QMetaObject::invokeMethod(network_.get(), [download] { Network::stop(*download); });
+            network_.run([download](auto&) { FileDownloader::stop(*download); });
         }
     }
     leaving->end(std::make_exception_ptr(ModelDownloadError::cancelled()));

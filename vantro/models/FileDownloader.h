@@ -1,11 +1,11 @@
 #pragma once
 
 #include "base/SerialExecutor.h"
+#include "base/network/NetworkThread.h"
 #include "vantro/models/FileTransfer.h"
 
 #include <QFuture>
 #include <QMutex>
-#include <QThread>
 #include <QWaitCondition>
 
 #include <map>
@@ -39,9 +39,11 @@ public:
 private:
     struct Listener;
     struct PendingDownload;
-    class Network;
     using PendingPointer = std::shared_ptr<PendingDownload>;
 
+    /// Runs on the network's thread.
+    QCoro::Task<> transfer(QNetworkAccessManager& manager, PendingPointer download);
+    static void stop(PendingDownload& download);
     void leave(const PendingPointer& download, const Listener* listener);
     void publish(const PendingDownload& download, const DownloadProgress& progress);
     void finish(const PendingPointer& download, const std::exception_ptr& failure);
@@ -52,8 +54,7 @@ private:
     QWaitCondition allEnded_;
     std::map<QString, PendingPointer> pending_; ///< by destination; what nobody waits for has left
     int running_ = 0;
-    QThread thread_;
-    std::unique_ptr<Network> network_; ///< lives on the thread
+    NetworkThread network_{QStringLiteral("model downloads")};
 };
 
 } // namespace vantro

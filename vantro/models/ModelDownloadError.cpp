@@ -6,11 +6,16 @@ namespace vantro {
 
 namespace {
 
-QString withoutFullStop(QString sentence)
+ModelDownloadError::Kind kindOf(const NetworkError& error)
 {
-    while (sentence.endsWith(QLatin1Char('.')))
-        sentence.chop(1);
-    return sentence;
+    switch (error.kind()) {
+    case NetworkError::Kind::notTrusted:
+        return ModelDownloadError::Kind::notTrusted;
+    case NetworkError::Kind::redirected:
+        return ModelDownloadError::Kind::redirectedInLoop;
+    default:
+        return ModelDownloadError::Kind::hostUnreachable;
+    }
 }
 
 } // namespace
@@ -20,11 +25,9 @@ QString sizeText(qint64 bytes)
     return QLocale().formattedDataSize(bytes, 1, QLocale::DataSizeIecFormat);
 }
 
-ModelDownloadError ModelDownloadError::hostUnreachable(const QString& host, const QString& reason)
+ModelDownloadError::ModelDownloadError(const NetworkError& error)
+    : ModelDownloadError(kindOf(error), error.localizedDescription())
 {
-    return {Kind::hostUnreachable,
-            tr("%1 cannot be reached (%2). Check the network connection, the proxy and the model host's address.")
-                .arg(host, withoutFullStop(reason))};
 }
 
 ModelDownloadError ModelDownloadError::refusedByServer(const QString& host, int status, const QString& file)
@@ -47,21 +50,7 @@ ModelDownloadError ModelDownloadError::connectionBroken(const QString& host, con
 {
     return {Kind::connectionBroken,
             tr("The connection to %1 was lost (%2). What was fetched is kept: try again to continue there.")
-                .arg(host, withoutFullStop(reason))};
-}
-
-ModelDownloadError ModelDownloadError::redirectedInLoop(const QString& host, const QString& reason)
-{
-    return {Kind::redirectedInLoop,
-            tr("%1 sends the download on to a place where it cannot end (%2). Check the model host's address.")
-                .arg(host, withoutFullStop(reason))};
-}
-
-ModelDownloadError ModelDownloadError::notTrusted(const QString& host, const QString& reason)
-{
-    return {Kind::notTrusted, tr("The encrypted connection to %1 cannot be trusted (%2). Check this computer's clock, "
-                                 "or install the certificate of your company's model host.")
-                                  .arg(host, withoutFullStop(reason))};
+                .arg(host, NetworkError::withoutFullStop(reason))};
 }
 
 ModelDownloadError ModelDownloadError::wrongContent(const QString& description)
@@ -85,15 +74,14 @@ ModelDownloadError ModelDownloadError::diskFull(const QString& folder)
 
 ModelDownloadError ModelDownloadError::folderNotWritable(const QString& folder, const QString& reason)
 {
-    return {
-        Kind::folderNotWritable,
-        tr("The folder %1 cannot be written to (%2). Change its permissions.").arg(folder, withoutFullStop(reason))};
+    return {Kind::folderNotWritable, tr("The folder %1 cannot be written to (%2). Change its permissions.")
+                                         .arg(folder, NetworkError::withoutFullStop(reason))};
 }
 
 ModelDownloadError ModelDownloadError::notWritten(const QString& file, const QString& reason)
 {
     return {Kind::folderNotWritable,
-            tr("%1 could not be written (%2). Check the disk.").arg(file, withoutFullStop(reason))};
+            tr("%1 could not be written (%2). Check the disk.").arg(file, NetworkError::withoutFullStop(reason))};
 }
 
 ModelDownloadError ModelDownloadError::cancelled()

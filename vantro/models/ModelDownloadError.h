@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/Error.h"
+#include "base/network/NetworkError.h"
 
 #include <QCoreApplication>
 #include <QString>
@@ -25,11 +26,10 @@ public:
         cancelled,
     };
 
-    static ModelDownloadError hostUnreachable(const QString& host, const QString& reason);
+    /// A request that got no answer.
+    explicit ModelDownloadError(const NetworkError& error);
     static ModelDownloadError refusedByServer(const QString& host, int status, const QString& file);
     static ModelDownloadError connectionBroken(const QString& host, const QString& reason);
-    static ModelDownloadError redirectedInLoop(const QString& host, const QString& reason);
-    static ModelDownloadError notTrusted(const QString& host, const QString& reason);
     static ModelDownloadError wrongContent(const QString& description);
     static ModelDownloadError notEnoughSpace(const QString& folder, qint64 neededBytes, qint64 freeBytes);
     static ModelDownloadError diskFull(const QString& folder);

@@ -1,9 +1,7 @@
 #include "vantro/store/CoreDataStack.h"
 
-#include "vantro/store/LegacyHistory.h"
 #include "vantro/store/SearchText.h"
 
-#include <QFileInfo>
 #include <QStandardPaths>
 
 namespace vantro {
@@ -25,13 +23,6 @@ CoreDataStack::~CoreDataStack() = default;
 void CoreDataStack::loadPersistentStores()
 {
     persistentContainer_.load();
-    if (persistentContainer_.isInMemory())
-        return;
-    try {
-        LegacyHistory(QFileInfo(persistentContainer_.path()).path()).importInto(persistentContainer_);
-    } catch (const StoreError& error) {
-        throw PersistentStoreError(error.localizedDescription());
-    }
 }
 
 void CoreDataStack::saveTranscription(const QString& transcription, const QString& formatted, ProcessingMode mode)

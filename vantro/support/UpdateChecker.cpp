@@ -2,11 +2,7 @@
 
 #include "base/Logger.h"
 
-#include <QNetworkAccessManager>
-#include <QNetworkReply>
 #include <QPointer>
-#include <QScopedPointer>
-#include <qcoro/qcoronetworkreply.h>
 
 #include <utility>
 
@@ -16,13 +12,19 @@ namespace {
 
 enum UpdateButton { downloadButton, skipButton };
 
-constexpr qint64 mostManifestBytes = 1024 * 1024;
 constexpr int ok = 200;
 
 const Logger& logger()
 {
     static const Logger instance("UpdateChecker");
     return instance;
+}
+
+QString manifestOf(const HttpAnswer& answer)
+{
+    if (answer.status != ok)
+        throw Error(QStringLiteral("the server answers with status %1").arg(answer.status));
+    return QString::fromUtf8(answer.body);
 }
 
 } // namespace
@@ -36,10 +38,13 @@ QCoro::Task<> UpdateChecker::check(Asker asker)
         co_return;
     const QPointer<UpdateChecker> self(this);
     setChecking(true);
+    // Made for one request: a program that asks once a day keeps no connection and no thread for it.
+    http_.emplace(parts_.clock);
     const auto fetched = fetch();
     const std::optional<UpdateInfo> update = co_await fetched;
     if (!self)
         co_return;
+    http_.reset();
     setChecking(false);
     const bool byUser = std::exchange(userAsks_, false);
     if (!update)
@@ -54,27 +59,19 @@ QCoro::Task<> UpdateChecker::check(Asker asker)
 
 QCoro::Task<std::optional<UpdateInfo>> UpdateChecker::fetch()
 {
-    // Made for one request: a program that asks once a day keeps no connections, caches and threads for it.
-    // It goes later, for it ends the waiting from the middle of its own work.
-    const QScopedPointer<QNetworkAccessManager, QScopedPointerDeleteLater> network(new QNetworkAccessManager);
-    QNetworkRequest request(parts_.manifest);
-    request.setTransferTimeout(static_cast<int>(parts_.patience.count()));
-    request.setHeader(QNetworkRequest::UserAgentHeader, QStringLiteral("vantro/") + parts_.currentVersion);
-    QNetworkReply* const reply = network->get(request); // the manager's
-    QObject::connect(reply, &QNetworkReply::downloadProgress, reply, [reply](qint64 received) {
-        if (received > mostManifestBytes)
-            reply->abort();
-    });
-    co_await reply;
-
-    const int status = reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
-    if (reply->error() != QNetworkReply::NoError || status != ok) {
-        logger().info(QStringLiteral("No update manifest: %1 (status %2)").arg(reply->errorString()).arg(status));
-        co_return std::nullopt;
+    HttpRequest request;
+    request.url = parts_.manifest;
+    request.timeout = parts_.patience;
+    const HttpExchange::Reader read = &manifestOf;
+    std::optional<UpdateInfo> update;
+    try {
+        const QString manifest = co_await http_->send(request, read, std::stop_token());
+        update = UpdateInfo::fromJson(manifest.toUtf8());
+        if (!update)
+            logger().info(QStringLiteral("The update manifest is not what it should be"));
+    } catch (const Error& error) {
+        logger().info(QStringLiteral("No update manifest: ") + error.localizedDescription());
     }
-    auto update = UpdateInfo::fromJson(reply->readAll());
-    if (!update)
-        logger().info(QStringLiteral("The update manifest is not what it should be"));
     co_return update;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/UserDefaults.h"
+#include "base/network/HttpExchange.h"
 #include "platform/Workspace.h"
 #include "vantro/support/UpdateInfo.h"
 
@@ -40,10 +41,11 @@ public:
     {
         UserDefaults& defaults;
         Workspace& workspace;
+        Clock& clock;
         QUrl manifest;
         QString currentVersion;
         ShowAlert showAlert;
-        std::chrono::milliseconds patience{15'000}; ///< for a server that has fallen silent
+        std::chrono::milliseconds patience{15'000}; ///< until the manifest is there
     };
 
     explicit UpdateChecker(Parts parts);
@@ -69,6 +71,7 @@ private:
     void answer(const UpdateInfo& update, std::optional<int> button);
 
     Parts parts_;
+    std::optional<HttpExchange> http_; ///< during a check
     bool isChecking_ = false;
     const QString skippedVersionKey_ = QStringLiteral("skippedUpdateVersion");
     bool isShowingAlert_ = false;

@@ -63,7 +63,6 @@ X11Keymap::X11Keymap(X11Connection& connection)
         return;
     description_.reset(description);
     activeGroup_ = state.group;
-    lockedGroup_ = state.locked_group;
     if (XkbGetNames(display, XkbKeyNamesMask, description) != Success)
         description->names = nullptr;
     for (KeyCode key = description->min_key_code; key <= description->max_key_code; ++key)

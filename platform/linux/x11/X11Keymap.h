@@ -26,9 +26,8 @@ public:
     /// False when the server would not tell; every question below then has an empty answer.
     [[nodiscard]] bool isValid() const { return description_ != nullptr; }
 
-    /// The layout group in force (0 to 3) and the one that is locked.
+    /// The layout group in force, 0 to 3.
     [[nodiscard]] unsigned activeGroup() const { return activeGroup_; }
-    [[nodiscard]] unsigned lockedGroup() const { return lockedGroup_; }
     [[nodiscard]] unsigned groupCount() const { return groupCount_; }
 
     /// The keys that give @p keysym in @p group without any modifier.
@@ -66,7 +65,6 @@ private:
     std::unique_ptr<void, Free> description_;
     std::vector<unsigned> keyModifiers_ = std::vector<unsigned>(256, 0);
     unsigned activeGroup_ = 0;
-    unsigned lockedGroup_ = 0;
     unsigned groupCount_ = 0;
     unsigned lockMask_ = 0;
 };

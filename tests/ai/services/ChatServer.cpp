@@ -1,7 +1,5 @@
 #include "tests/ai/services/ChatServer.h"
 
-#include <QDeadlineTimer>
-#include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QSaveFile>
@@ -12,37 +10,24 @@ namespace vantro {
 
 namespace {
 
-constexpr int startTimeoutMs = 20'000;
-
-QByteArray contents(const QString& path)
+QStringList arguments(const QString& folder, ChatServer::Transport transport)
 {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    QStringList arguments{QStringLiteral("--folder"), folder};
+    if (transport != ChatServer::Transport::http)
+        arguments << QStringLiteral("--certificate")
+                  << (transport == ChatServer::Transport::https ? QStringLiteral("valid")
+                                                                : QStringLiteral("selfsigned"));
+    return arguments;
 }
 
 } // namespace
 
-ChatServer::ChatServer(Transport transport) : transport_(transport)
+ChatServer::ChatServer(Transport transport)
+    : transport_(transport)
+    , process_(QStringLiteral("ai/services/chatserver.py"), arguments(folder_.path(), transport),
+               folder_.filePath(QStringLiteral("port")))
 {
     answer({});
-    QStringList arguments{qEnvironmentVariable("VANTRO_SOURCE_DIR") +
-                              QStringLiteral("/tests/ai/services/chatserver.py"),
-                          QStringLiteral("--folder"), folder_.path()};
-    if (transport != Transport::http)
-        arguments << QStringLiteral("--certificate")
-                  << (transport == Transport::https ? QStringLiteral("valid") : QStringLiteral("selfsigned"));
-    process_.setProcessChannelMode(QProcess::ForwardedChannels);
-    process_.start(QStringLiteral("/usr/bin/python3"), arguments);
-    const QDeadlineTimer deadline(startTimeoutMs);
-    while (port_.isEmpty() && !deadline.hasExpired() && !process_.waitForFinished(10))
-        port_ = QString::fromUtf8(contents(folder_.filePath(QStringLiteral("port"))));
-    EXPECT_FALSE(port_.isEmpty()) << "the server does not start";
-}
-
-ChatServer::~ChatServer()
-{
-    process_.kill();
-    process_.waitForFinished();
 }
 
 void ChatServer::answer(const QJsonObject& answer)
@@ -70,7 +55,7 @@ QString ChatServer::url() const
 QString ChatServer::url(const QString& host) const
 {
     return (transport_ == Transport::http ? QStringLiteral("http://%1:%2") : QStringLiteral("https://%1:%2"))
-        .arg(host, port_);
+        .arg(host, process_.port());
 }
 
 QList<QJsonObject> ChatServer::log() const
@@ -85,7 +70,7 @@ QList<QJsonObject> ChatServer::log() const
 
 QString ChatServer::logText() const
 {
-    return QString::fromUtf8(contents(folder_.filePath(QStringLiteral("log"))));
+    return ServerProcess::contents(folder_.filePath(QStringLiteral("log")));
 }
 
 QList<QJsonObject> ChatServer::requests() const

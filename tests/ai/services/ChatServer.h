@@ -1,15 +1,16 @@
 #pragma once
 
+#include "tests/ServerProcess.h"
+
 #include <QJsonObject>
 #include <QList>
-#include <QProcess>
 #include <QString>
 #include <QTemporaryDir>
 #include <QUrl>
 
 namespace vantro {
 
-/// chatserver.py as a child process: a provider that answers as the test says and remembers what it was asked.
+/// chatserver.py: a provider that answers as the test says and remembers what it was asked.
 class ChatServer
 {
 public:
@@ -17,7 +18,6 @@ public:
 
     /// Waits until connections are accepted.
     explicit ChatServer(Transport transport = Transport::http);
-    ~ChatServer();
 
     /// What is answered from now on: the fields of its Answer.
     void answer(const QJsonObject& answer);
@@ -41,8 +41,7 @@ private:
 
     QTemporaryDir folder_;
     Transport transport_;
-    QProcess process_;
-    QString port_;
+    ServerProcess process_;
 };
 
 } // namespace vantro

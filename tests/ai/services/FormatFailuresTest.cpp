@@ -105,7 +105,7 @@ TEST_F(FormatFailures, ABrokenConnectionNamesTheHost)
     closed.close();
     EXPECT_EQ(formatAt(refusing).description(),
               QStringLiteral("Network error: 127.0.0.1 cannot be reached (Connection refused). Check the network "
-                             "connection, the proxy and the provider's address."));
+                             "connection, the proxy and the address."));
     const Outcome unknown = formatAt(QStringLiteral("http://provider.invalid/v1"));
     EXPECT_TRUE(unknown.description().startsWith(QStringLiteral("Network error: provider.invalid cannot be reached")));
 }
@@ -248,8 +248,9 @@ TEST_F(FormatFailures, TheProgramsEndEndsARequest)
     auto exchange = std::make_unique<HttpExchange>(clock);
     HttpRequest request;
     request.url = QUrl(server.url());
+    request.body = "{}";
     request.timeout = 30s;
-    const auto result = begin(exchange->post(request, [](const HttpAnswer&) { return QString(); }, {}));
+    const auto result = begin(exchange->send(request, [](const HttpAnswer&) { return QString(); }, {}));
     ASSERT_TRUE(waitFor([&] { return server.requests().size() == 1; }));
     exchange.reset();
     ASSERT_TRUE(waitFor([&] { return result->isThere; }));

@@ -2,20 +2,18 @@
 
 #include "base/testing/ManualClock.h"
 #include "platform/testing/FakeSecretStore.h"
+#include "tests/WaitFor.h"
 #include "tests/ai/services/ChatServer.h"
 #include "vantro/ai/providers/KeychainService.h"
 #include "vantro/ai/providers/ProviderConfigurationManager.h"
 #include "vantro/ai/services/FormatServiceFactory.h"
 #include "vantro/ai/services/RemoteFormatError.h"
 
-#include <QCoreApplication>
-#include <QDeadlineTimer>
 #include <QJsonDocument>
 
 #include <gtest/gtest.h>
 
 #include <exception>
-#include <functional>
 
 namespace vantro {
 
@@ -59,32 +57,18 @@ struct Outcome
     }
 };
 
-inline QCoro::Task<> follow(QCoro::Task<QString> task, std::shared_ptr<Outcome> outcome)
+template <typename Result>
+QCoro::Task<> follow(QCoro::Task<Result> task, std::shared_ptr<Outcome> outcome)
 {
     try {
-        outcome->text = co_await task;
+        if constexpr (std::is_void_v<Result>)
+            co_await task;
+        else
+            outcome->text = co_await task;
     } catch (...) {
         outcome->failure = std::current_exception();
     }
     outcome->isThere = true;
-}
-
-inline QCoro::Task<> follow(QCoro::Task<> task, std::shared_ptr<Outcome> outcome)
-{
-    try {
-        co_await task;
-    } catch (...) {
-        outcome->failure = std::current_exception();
-    }
-    outcome->isThere = true;
-}
-
-inline bool waitFor(const std::function<bool()>& condition)
-{
-    const QDeadlineTimer deadline(std::chrono::seconds(30));
-    while (!condition() && !deadline.hasExpired())
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
-    return condition();
 }
 
 /// Services with a key in memory, a clock that stands still and a real server.

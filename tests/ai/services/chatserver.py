@@ -16,16 +16,14 @@ FOLDER/answer.json holds the fields of the Answer, and FOLDER/authority.pem is t
 import argparse
 import base64
 import json
-import os
-import socket
-import ssl
 import sys
 import tempfile
-import threading
 import time
 from dataclasses import dataclass, field
-from http.server import BaseHTTPRequestHandler, ThreadingHTTPServer
 from pathlib import Path
+
+sys.path.insert(0, str(Path(__file__).resolve().parents[2]))
+from faultserver import CertificateAuthority, FaultHandler, FaultServer  # noqa: E402
 
 _CHUNK_BYTES = 64 * 1024
 
@@ -58,13 +56,10 @@ class Answer:
         return base64.b64decode(self.body_base64) if self.body_base64 else self.body.encode()
 
 
-class _Handler(BaseHTTPRequestHandler):
-    protocol_version = "HTTP/1.1"
-    disable_nagle_algorithm = True
-
+class _Handler(FaultHandler):
     def setup(self):
         super().setup()
-        self.server.owner.note_connection(self.client_address[1])
+        self.owner.note_connection(self.client_address[1])
 
     def parse_request(self):
         self._begun_s = time.perf_counter()
@@ -72,12 +67,11 @@ class _Handler(BaseHTTPRequestHandler):
 
     def do_POST(self):
         body = self.rfile.read(int(self.headers.get("Content-Length", 0)))
-        answer = self.server.owner.note_request(self, body)
+        answer = self.owner.note_request(self, body)
         if answer.delay_s:
             time.sleep(answer.delay_s)
         if answer.stall:
-            self.server.owner.ending.wait()
-            self.close_connection = True
+            self.stall()
         elif answer.raw:
             self.wfile.write(answer.raw.encode())
             self.close_connection = True
@@ -101,70 +95,25 @@ class _Handler(BaseHTTPRequestHandler):
             content = content[:answer.cut_after]
         for start in range(0, len(content), _CHUNK_BYTES):
             self.wfile.write(content[start:start + _CHUNK_BYTES])
-        self.server.owner.served_s.append(time.perf_counter() - self._begun_s)
+        self.owner.served_s.append(time.perf_counter() - self._begun_s)
         if answer.cut_after is not None:
-            self.wfile.flush()
-            self.connection.shutdown(socket.SHUT_RDWR)
-            self.close_connection = True
-
-    def log_message(self, *_):
-        pass
+            self.cut()
 
 
-class _Server(ThreadingHTTPServer):
-    daemon_threads = True
-    request_queue_size = 64
-
-    def handle_error(self, request, client_address):
-        """A client that goes away is what some tests are about."""
-
-
-class ChatServer:
+class ChatServer(FaultServer):
     def __init__(self, certificate=None):
-        """certificate: (certificate file, key file) makes it an HTTPS server."""
+        super().__init__(_Handler, certificate)
         self.answer = Answer()
-        self.requests = []
         self.connections = []
         self.served_s = []  # from a request's first byte to the answer's last, for each
-        self.ending = threading.Event()
-        self._lock = threading.Lock()
-        self._http = _Server(("127.0.0.1", 0), _Handler)
-        self._http.owner = self
-        self._scheme = "http"
-        if certificate:
-            context = ssl.SSLContext(ssl.PROTOCOL_TLS_SERVER)
-            context.load_cert_chain(*certificate)
-            self._http.socket = context.wrap_socket(self._http.socket, server_side=True, do_handshake_on_connect=False)
-            self._scheme = "https"
-        self._thread = threading.Thread(target=self._http.serve_forever, kwargs={"poll_interval": 0.02}, daemon=True)
-
-    @property
-    def port(self):
-        return self._http.server_address[1]
-
-    @property
-    def url(self):
-        return f"{self._scheme}://127.0.0.1:{self.port}"
-
-    def __enter__(self):
-        self._thread.start()
-        return self
-
-    def __exit__(self, *_):
-        self.ending.set()
-        self._http.shutdown()
-        self._http.server_close()
-
-    def serve_until_ended(self):
-        self._http.serve_forever()
 
     def note_connection(self, connection):
-        with self._lock:
+        with self.lock:
             self.connections.append(connection)
 
     def note_request(self, handler, body):
         """Remembers a request and tells what to answer."""
-        with self._lock:
+        with self.lock:
             self.requests.append({"method": handler.command, "path": handler.path, "headers": dict(handler.headers),
                                   "body": body.decode(errors="replace"), "connection": handler.client_address[1]})
             return self._take_answer()
@@ -200,9 +149,6 @@ class _FileServer(ChatServer):
 
 def make_certificate(kind, folder):
     """A certificate for 127.0.0.1 from an authority of its own, or one that nobody vouches for."""
-    sys.path.insert(0, str(Path(__file__).resolve().parent.parent.parent / "models"))
-    from modelserver import CertificateAuthority
-
     with tempfile.TemporaryDirectory(dir=folder) as name:
         authority = CertificateAuthority(name)
         (folder / "authority.pem").write_bytes(authority.certificate.read_bytes())
@@ -217,13 +163,7 @@ def main():
     options = parser.parse_args()
     server = _FileServer(options.folder,
                          make_certificate(options.certificate, options.folder) if options.certificate else None)
-    part = options.folder / "port.part"
-    part.write_text(str(server.port))
-    os.rename(part, options.folder / "port")
-    try:
-        server.serve_until_ended()
-    except KeyboardInterrupt:
-        sys.exit(130)
+    server.serve_until_ended(options.folder / "port")
 
 
 if __name__ == "__main__":

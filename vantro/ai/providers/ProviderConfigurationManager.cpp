@@ -113,16 +113,6 @@ QCoro::Task<std::optional<QString>> ProviderConfigurationManager::readKey(QUuid 
     co_return co_await keychain_.read(keychainAccount(id));
 }
 
-QCoro::Task<> ProviderConfigurationManager::deleteKey(QUuid id)
-{
-    try {
-        co_await keychain_.remove(keychainAccount(id));
-    } catch (const KeychainError& error) {
-        if (error.kind() != KeychainError::Kind::itemNotFound)
-            throw;
-    }
-}
-
 QCoro::Task<> ProviderConfigurationManager::cleanUpOrphanedKeys()
 {
     // The ids of a list that could not be read are not known: its keys stay until it has been mended or given up.

@@ -41,8 +41,6 @@ public:
     // The keys; all throw KeychainError.
     QCoro::Task<> storeKey(QUuid id, QString key);
     QCoro::Task<std::optional<QString>> readKey(QUuid id);
-    /// Does nothing when there is none.
-    QCoro::Task<> deleteKey(QUuid id);
 
     /// Deletes the keys of configurations that are no more.
     QCoro::Task<> cleanUpOrphanedKeys();

@@ -44,6 +44,8 @@ public:
     [[nodiscard]] static bool isUsableUrl(const QString& text);
     /// What is to be known about a field beside it; empty for those that explain themselves.
     [[nodiscard]] static QString hint(Field field);
+    /// What stands in the place of a key that is there.
+    [[nodiscard]] static QString maskedKey() { return QStringLiteral("••••••••••••"); }
 
     RemoteProviderType type = RemoteProviderType::OpenAI;
     QString name;

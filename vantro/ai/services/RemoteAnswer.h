@@ -1,7 +1,7 @@
 #pragma once
 
 #include "base/Logger.h"
-#include "vantro/ai/services/HttpMessages.h"
+#include "base/network/HttpMessages.h"
 
 #include <QJsonObject>
 #include <QString>

@@ -1,7 +1,7 @@
 #include "vantro/ai/services/RemoteFormatService.h"
 
+#include "base/network/NetworkError.h"
 #include "vantro/ai/LanguageInstruction.h"
-#include "vantro/ai/services/HttpError.h"
 #include "vantro/ai/services/RemoteFormatError.h"
 
 #include <QFuture>
@@ -158,9 +158,9 @@ QCoro::Task<QString> RemoteFormatService::send(QString key, QJsonObject body, st
                            .arg(request.body.size())
                            .arg(body.keys().join(QStringLiteral(", ")))));
     try {
-        co_return co_await parts_.http.post(request, read, parts_.stop);
-    } catch (const HttpError& error) {
-        if (error.kind() == HttpError::Kind::notHttp) {
+        co_return co_await parts_.http.send(request, read, parts_.stop);
+    } catch (const NetworkError& error) {
+        if (error.kind() == NetworkError::Kind::notHttp) {
             logger().error(line(QStringLiteral("Invalid response type")));
             throw RemoteFormatError(RemoteFormatError::Kind::invalidResponse);
         }

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "base/Logger.h"
+#include "base/network/HttpExchange.h"
 #include "platform/LanguageRecognizer.h"
 #include "vantro/ai/FormatRequestServicing.h"
 #include "vantro/ai/providers/KeychainServicing.h"
 #include "vantro/ai/providers/RemoteProviderConfig.h"
-#include "vantro/ai/services/HttpExchange.h"
 #include "vantro/ai/services/RemoteAnswer.h"
 
 #include <QJsonObject>
@@ -49,8 +49,6 @@ public:
 
 protected:
     RemoteFormatService(RemoteServiceParts parts, RemoteProviderConfig config, std::chrono::milliseconds baseTimeout);
-
-    using Headers = std::vector<std::pair<QByteArray, QByteArray>>;
 
     /// Without the key; throws RemoteFormatError when there is none that can be used.
     [[nodiscard]] virtual QUrl endpoint() const = 0;

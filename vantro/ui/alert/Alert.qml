@@ -9,7 +9,7 @@ Rectangle {
     required property list<string> buttons
     required property bool isWarning
     signal pressed(int button)
-    signal dismissed
+    signal closed
 
     implicitWidth: Theme.alertWidth
     implicitHeight: content.implicitHeight + 2 * Theme.space24
@@ -19,7 +19,7 @@ Rectangle {
     Accessible.role: Accessible.AlertMessage
     Accessible.name: title
     Accessible.description: text
-    Keys.onEscapePressed: dismissed()
+    Keys.onEscapePressed: closed()
 
     Column {
         id: content

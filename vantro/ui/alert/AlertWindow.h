@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QQuickView>
+#include "vantro/ui/style/Dialog.h"
 
 #include <functional>
 #include <optional>
@@ -9,7 +9,7 @@ namespace vantro {
 
 /// A title, a text and one or more buttons. The first button has the keyboard; Escape and the close button are no
 /// button. Deletes itself when closed. Main thread.
-class AlertWindow final : public QQuickView
+class AlertWindow final : public Dialog
 {
     Q_OBJECT
 public:
@@ -20,15 +20,11 @@ public:
 
     AlertWindow(QQmlEngine& engine, Kind kind, const QString& title, const QString& text, const QStringList& buttons,
                 Answered answered = {});
-    ~AlertWindow() override;
-
-    void present();
 
 private Q_SLOTS:
     void pressed(int button);
 
 private:
-    void fitToContent();
     void answer(std::optional<int> button);
 
     Answered answered_;

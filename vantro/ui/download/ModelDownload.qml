@@ -61,13 +61,8 @@ Rectangle {
                     Accessible.name: qsTr("Size %1").arg(text)
                 }
             }
-            Text {
-                width: parent.width
+            VNote {
                 text: page.model.description
-                textFormat: Text.PlainText
-                color: Theme.textSecondary
-                font.pixelSize: Theme.sizeSecondary
-                wrapMode: Text.Wrap
             }
         }
         Text {

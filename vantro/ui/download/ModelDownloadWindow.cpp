@@ -2,28 +2,17 @@
 
 #include "vantro/ui/style/UiEngine.h"
 
-#include <QGuiApplication>
-#include <QQuickItem>
-#include <QScreen>
-
 void qml_register_types_Vantro_Download();
 
 namespace vantro {
 
 ModelDownloadWindow::ModelDownloadWindow(QQmlEngine& engine, ModelDownloader& downloader,
                                          NotificationCenter& notifications)
-    : QQuickView(&engine, nullptr)
+    : Dialog(engine, tr("Speech model"), Qt::WindowMinimizeButtonHint)
     , model_(downloader)
 {
     keepModule(qml_register_types_Vantro_Download);
-    setFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint |
-             Qt::WindowMinimizeButtonHint);
-    setTitle(tr("Speech model"));
-    setResizeMode(SizeRootObjectToView);
-    setInitialProperties({{QStringLiteral("model"), QVariant::fromValue(&model_)}});
-    setSource(QUrl(QStringLiteral("qrc:/qt/qml/Vantro/Download/ModelDownload.qml")));
-    connect(rootObject(), SIGNAL(closed()), this, SLOT(close()));
-    connect(rootObject(), &QQuickItem::implicitHeightChanged, this, &ModelDownloadWindow::fitToContent);
+    load(QStringLiteral("Download/ModelDownload.qml"), {{QStringLiteral("model"), QVariant::fromValue(&model_)}});
     connect(&model_, &ModelDownloadModel::succeeded, this,
             [&notifications] { notifications.post(QStringLiteral("download:model:success")); });
 }
@@ -39,31 +28,14 @@ void ModelDownloadWindow::present(const TranscriptionModel& model, const QString
         model_.setModel(model, reason);
         model_.retry();
     }
-    fitToContent();
-    if (const QScreen* screen = QGuiApplication::primaryScreen(); screen != nullptr && !isVisible()) {
-        QRect rect(QPoint(), size());
-        rect.moveCenter(screen->availableGeometry().center());
-        setGeometry(rect);
-    }
-    show();
-    raise();
-    requestActivate();
-}
-
-void ModelDownloadWindow::fitToContent()
-{
-    const QSize wanted(static_cast<int>(rootObject()->implicitWidth()),
-                       static_cast<int>(rootObject()->implicitHeight()));
-    setMinimumSize(wanted);
-    setMaximumSize(wanted);
-    resize(wanted);
+    Dialog::present();
 }
 
 bool ModelDownloadWindow::event(QEvent* event)
 {
     if (event->type() == QEvent::Close)
         model_.cancel();
-    return QQuickView::event(event);
+    return Dialog::event(event);
 }
 
 } // namespace vantro

@@ -2,15 +2,14 @@
 
 #include "base/NotificationCenter.h"
 #include "vantro/ui/download/ModelDownloadModel.h"
-
-#include <QQuickView>
+#include "vantro/ui/style/Dialog.h"
 
 namespace vantro {
 
 /// Downloads a model before anyone's eyes: name, size, bar, what is going on, cancel and retry. Posts
 /// "download:model:success" when the model is ready. Closing it stops the download; what was fetched is kept. Main
 /// thread.
-class ModelDownloadWindow final : public QQuickView
+class ModelDownloadWindow final : public Dialog
 {
     Q_OBJECT
 public:
@@ -25,8 +24,6 @@ protected:
     bool event(QEvent* event) override;
 
 private:
-    void fitToContent();
-
     ModelDownloadModel model_;
 };
 

@@ -109,13 +109,9 @@ Rectangle {
         anchors { left: side.right; right: parent.right; top: parent.top; bottom: actions.top; margins: Theme.space24 }
         visible: window.model.hasSelection
 
-        Text {
+        VNote {
             id: details
-            width: parent.width
             text: window.model.details
-            color: Theme.textSecondary
-            font.pixelSize: Theme.sizeSecondary
-            wrapMode: Text.Wrap
         }
         Flickable {
             anchors { left: parent.left; right: parent.right; top: details.bottom; topMargin: Theme.space12; bottom: parent.bottom }

@@ -41,12 +41,8 @@ VPage {
     }
     VCard {
         heading: qsTr("Write to the makers")
-        Text {
-            width: parent.width
+        VNote {
             text: qsTr("Both open a mail in your mail program. Nothing is sent before you send it.")
-            color: Theme.textSecondary
-            font.pixelSize: Theme.sizeSecondary
-            wrapMode: Text.Wrap
         }
         Row {
             spacing: Theme.space8
@@ -74,13 +70,8 @@ VPage {
     }
     VCard {
         heading: qsTr("This computer")
-        Text {
-            width: parent.width
+        VNote {
             text: page.about.system
-            textFormat: Text.PlainText
-            color: Theme.textSecondary
-            font.pixelSize: Theme.sizeSecondary
-            wrapMode: Text.Wrap
         }
     }
     VButton {

@@ -14,12 +14,8 @@ VPage {
 
     VCard {
         heading: qsTr("Dictate")
-        Text {
-            width: parent.width
+        VNote {
             text: qsTr("Works in every program. Press Space or click, then press the keys.")
-            color: Theme.textSecondary
-            font.pixelSize: Theme.sizeSecondary
-            wrapMode: Text.Wrap
         }
         ShortcutRecorder {
             width: parent.width
@@ -34,12 +30,8 @@ VPage {
     }
     VCard {
         heading: qsTr("End the recording")
-        Text {
-            width: parent.width
+        VNote {
             text: qsTr("Only while vantro listens.")
-            color: Theme.textSecondary
-            font.pixelSize: Theme.sizeSecondary
-            wrapMode: Text.Wrap
         }
         ShortcutRecorder {
             width: parent.width

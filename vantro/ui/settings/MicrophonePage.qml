@@ -36,13 +36,9 @@ VPage {
                 onActivated: index => page.settings.device = index
             }
         }
-        Text {
-            width: parent.width
+        VNote {
             visible: page.settings.mode === 2
             text: qsTr("The first one that is connected is used.")
-            color: Theme.textSecondary
-            font.pixelSize: Theme.sizeSecondary
-            wrapMode: Text.Wrap
         }
         Repeater {
             model: page.settings.mode === 2 ? page.settings.order : []

@@ -70,13 +70,8 @@ VCard {
                     font.pixelSize: Theme.sizeBody
                 }
             }
-            Text {
-                width: parent.width
+            VNote {
                 text: row.about
-                textFormat: Text.PlainText
-                color: Theme.textSecondary
-                font.pixelSize: Theme.sizeSecondary
-                wrapMode: Text.Wrap
             }
             Flow {
                 width: parent.width

@@ -15,15 +15,6 @@ VCard {
     // What is missing most. The choice of the type would open when the Space that opened the form is let go.
     Component.onCompleted: key.forceActiveFocus()
 
-    component Note: Text {
-        width: parent ? parent.width : implicitWidth
-        visible: text !== ""
-        textFormat: Text.PlainText
-        color: Theme.textSecondary
-        font.pixelSize: Theme.sizeSecondary
-        wrapMode: Text.Wrap
-    }
-
     VSettingRow {
         title: qsTr("Type")
         VChoice {
@@ -55,7 +46,7 @@ VCard {
                     onTextEdited: sheet.settings.setField(field.index, text)
                     onAccepted: sheet.settings.save(key.text)
                 }
-                Note {
+                VNote {
                     width: Theme.wideFieldWidth
                     text: field.problem
                     color: Theme.error
@@ -75,7 +66,7 @@ VCard {
             onAccepted: sheet.settings.save(text)
         }
     }
-    Note {
+    VNote {
         text: sheet.settings.report
         color: sheet.settings.reportIsProblem ? Theme.error : Theme.textSecondary
         Accessible.role: Accessible.AlertMessage

@@ -39,8 +39,6 @@ constexpr std::array formFields{
               QT_TRANSLATE_NOOP("ProvidersModel", "Reasoning effort"), true},
 };
 
-const auto hiddenKey = QStringLiteral("••••••••••••");
-
 std::optional<QString> given(const QString& key)
 {
     const QString trimmed = key.trimmed();
@@ -83,7 +81,9 @@ QVariantList ProvidersModel::providers() const
 {
     QVariantList list;
     for (const ProviderConfiguration& provider : parts_.manager.configurations()) {
-        const QString key = !accounts_ ? QString() : hasKey(provider) ? hiddenKey : tr("No API key configured");
+        const QString key = !accounts_         ? QString()
+                            : hasKey(provider) ? ProviderForm::maskedKey()
+                                               : tr("No API key configured");
         list.append(QVariantMap{{QStringLiteral("name"), provider.name},
                                 {QStringLiteral("details"),
                                  QStringLiteral("%1  ·  %2").arg(displayName(provider.providerType), provider.model)},
@@ -229,7 +229,7 @@ bool ProvidersModel::showProblems()
 
 QString ProvidersModel::keyState() const
 {
-    return edited_ && hasKey(*edited_) ? hiddenKey : tr("No API key configured");
+    return edited_ && hasKey(*edited_) ? ProviderForm::maskedKey() : tr("No API key configured");
 }
 
 QString ProvidersModel::keyHint() const

@@ -19,15 +19,6 @@ VPage {
             replacement.clear()
     }
 
-    component Note: Text {
-        width: parent ? parent.width : implicitWidth
-        visible: text !== ""
-        textFormat: Text.PlainText
-        color: Theme.textSecondary
-        font.pixelSize: Theme.sizeSecondary
-        wrapMode: Text.Wrap
-    }
-
     VCard {
         visible: page.settings.removed !== ""
         VSettingRow {
@@ -41,7 +32,7 @@ VPage {
     }
     VCard {
         heading: qsTr("Text replacements")
-        Note {
+        VNote {
             text: qsTr("Exact replacements will be applied to the transcription output using word boundaries.")
                   + " " + qsTr("Leave the second field empty to delete a filler word such as \"um\".")
         }
@@ -51,11 +42,11 @@ VPage {
             action: qsTr("Add")
             onAccepted: page.addReplacement()
         }
-        Note {
+        VNote {
             text: page.settings.replacementsLimit
             color: Theme.warning
         }
-        Note {
+        VNote {
             visible: page.settings.replacements.length === 0
             text: qsTr("No text replacements configured yet.")
         }
@@ -73,10 +64,10 @@ VPage {
     }
     VCard {
         heading: qsTr("Words")
-        Note {
+        VNote {
             text: qsTr("These words are used alongside your audio to help the model recognize and accurately transcribe.")
         }
-        Note {
+        VNote {
             text: qsTr("Use sparingly. Too many words can confuse the AI and may affect punctuation, language detection, and formatting.")
             color: Theme.warning
         }
@@ -98,11 +89,11 @@ VPage {
                 onClicked: page.addWord()
             }
         }
-        Note {
+        VNote {
             text: page.settings.wordsLimit
             color: Theme.warning
         }
-        Note {
+        VNote {
             visible: page.settings.words.length === 0
             text: qsTr("No custom vocabulary words added yet.")
         }

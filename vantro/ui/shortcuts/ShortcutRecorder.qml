@@ -124,13 +124,9 @@ FocusScope {
             text: recorder.model.forceText
             onClicked: recorder.model.useAnyway()
         }
-        Text {
-            width: parent.width
+        VNote {
             visible: recorder.model.recording && recorder.model.message === ""
             text: qsTr("Esc keeps the former one, Backspace clears it.")
-            color: Theme.textSecondary
-            font.pixelSize: Theme.sizeSecondary
-            wrapMode: Text.Wrap
         }
     }
 }

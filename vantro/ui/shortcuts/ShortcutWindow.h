@@ -1,13 +1,12 @@
 #pragma once
 
 #include "KeyboardShortcuts/RecorderCocoa.h"
-
-#include <QQuickView>
+#include "vantro/ui/style/Dialog.h"
 
 namespace vantro {
 
 /// Asks for the shortcut of a dictation. Main thread.
-class ShortcutWindow final : public QQuickView
+class ShortcutWindow final : public Dialog
 {
     Q_OBJECT
 public:
@@ -17,11 +16,8 @@ public:
     ~ShortcutWindow() override;
 
     [[nodiscard]] RecorderCocoa& recorder() { return recorder_; }
-    void present();
 
 private:
-    void fitToContent();
-
     RecorderCocoa recorder_;
 };
 

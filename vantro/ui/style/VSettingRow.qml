@@ -24,14 +24,8 @@ Item {
             font.pixelSize: Theme.sizeBody
             wrapMode: Text.Wrap
         }
-        Text {
-            width: parent.width
-            visible: text !== ""
+        VNote {
             text: row.hint
-            textFormat: Text.PlainText
-            color: Theme.textSecondary
-            font.pixelSize: Theme.sizeSecondary
-            wrapMode: Text.Wrap
         }
     }
     Item {

@@ -1,8 +1,8 @@
 // The adapter of the Secret Service against a real keyring on a private bus, and against its absence.
+#include "base/RunTask.h"
 #include "platform/linux/secretservice/SecretServiceStore.h"
+#include "tests/WaitFor.h"
 
-#include <QCoreApplication>
-#include <QDeadlineTimer>
 #include <QDir>
 #include <QFile>
 #include <QProcess>
@@ -11,58 +11,33 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
-
 using namespace std::chrono_literals;
 using namespace vantro;
 
 namespace {
 
-bool waitFor(const std::function<bool()>& condition)
-{
-    const QDeadlineTimer deadline(20s);
-    while (!condition() && !deadline.hasExpired())
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
-    return condition();
-}
-
 template <typename Result>
 struct Outcome
 {
-    bool isThere = false;
-    Result result{};
+    Result result{}; ///< whether it ended well where there is none
     std::optional<SecretStoreError> failure;
 };
 
 template <typename Result>
-QCoro::Task<> follow(QCoro::Task<Result> task, std::shared_ptr<Outcome<Result>> outcome)
+auto outcome(QCoro::Task<Result> task)
 {
+    Outcome<std::conditional_t<std::is_void_v<Result>, bool, Result>> outcome;
     try {
-        outcome->result = co_await task;
+        if constexpr (std::is_void_v<Result>) {
+            runTask(std::move(task));
+            outcome.result = true;
+        } else {
+            outcome.result = runTask(std::move(task));
+        }
     } catch (const SecretStoreError& error) {
-        outcome->failure = error;
+        outcome.failure = error;
     }
-    outcome->isThere = true;
-}
-
-QCoro::Task<bool> succeeded(QCoro::Task<> task)
-{
-    co_await task;
-    co_return true;
-}
-
-template <typename Result>
-Outcome<Result> outcome(QCoro::Task<Result> task)
-{
-    auto outcome = std::make_shared<Outcome<Result>>();
-    follow(std::move(task), outcome);
-    EXPECT_TRUE(waitFor([&] { return outcome->isThere; }));
-    return *outcome;
-}
-
-Outcome<bool> outcome(QCoro::Task<> task)
-{
-    return outcome(succeeded(std::move(task)));
+    return outcome;
 }
 
 const auto account = QStringLiteral("provider-1");

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "vantro/ai/services/HttpExchange.h"
+#include "base/network/HttpExchange.h"
 
 #include <QNetworkReply>
 #include <QObject>
@@ -24,11 +24,9 @@ public:
     /// Ends the call with @p failure, wherever it is.
     void abort(const std::exception_ptr& failure);
 
-    /// What every request to @p url has in common.
-    [[nodiscard]] static QNetworkRequest networkRequest(const QUrl& url);
-
 private:
     void send(const QUrl& url);
+    QNetworkReply* post(QNetworkRequest& request);
     void readHead();
     void readBody();
     void finished();
@@ -44,7 +42,6 @@ private:
     HttpExchange::Reader read_;
     std::shared_ptr<QPromise<QString>> promise_;
     QPointer<QNetworkReply> reply_; ///< the manager's
-    QString certificateProblem_;
     QByteArray body_;
     int redirects_ = 0;
     bool hasEnded_ = false;

@@ -1,9 +1,7 @@
-#include "vantro/ai/services/HttpCall.h"
+#include "base/network/HttpCall.h"
 
-#include "base/network/UsersAuthorities.h"
-#include "vantro/ai/services/HttpError.h"
-
-#include <QSslError>
+#include "base/network/NetworkError.h"
+#include "base/network/NetworkRequest.h"
 
 #include <algorithm>
 #include <cstring>
@@ -17,14 +15,6 @@ namespace {
 constexpr int mostRedirects = 3;
 constexpr int temporaryRedirect = 307;
 constexpr int permanentRedirect = 308;
-
-bool isSameOrigin(const QUrl& one, const QUrl& other)
-{
-    const auto port = [](const QUrl& url) {
-        return url.port(url.scheme() == QLatin1String("https") ? 443 : 80);
-    };
-    return one.scheme() == other.scheme() && one.host() == other.host() && port(one) == port(other);
-}
 
 /// A body that can be read once. Qt would send a request up to four times when the server closes the connection without
 /// an answer; a provider may have charged for each of them.
@@ -72,7 +62,7 @@ HttpCall::HttpCall(QNetworkAccessManager& manager, HttpRequest request, HttpExch
 
 HttpCall::~HttpCall()
 {
-    settle(std::make_exception_ptr(HttpError::cancelled()));
+    settle(std::make_exception_ptr(NetworkError::cancelled()));
 }
 
 void HttpCall::start()
@@ -86,37 +76,26 @@ void HttpCall::abort(const std::exception_ptr& failure)
     end(failure);
 }
 
-QNetworkRequest HttpCall::networkRequest(const QUrl& url)
-{
-    QNetworkRequest request(url);
-    request.setHeader(QNetworkRequest::UserAgentHeader, QStringLiteral("vantro/" VANTRO_VERSION));
-    request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::ManualRedirectPolicy);
-    request.setAttribute(QNetworkRequest::CookieLoadControlAttribute, QNetworkRequest::Manual);
-    request.setAttribute(QNetworkRequest::CookieSaveControlAttribute, QNetworkRequest::Manual);
-    request.setAttribute(QNetworkRequest::Http2AllowedAttribute, false); // one request at a time gains nothing from it
-    if (url.scheme().endsWith(QLatin1String("https")))
-        trustUsersAuthorities(request);
-    return request;
-}
-
 void HttpCall::send(const QUrl& url)
 {
-    QNetworkRequest request = networkRequest(url);
-    request.setHeader(QNetworkRequest::ContentTypeHeader, QStringLiteral("application/json"));
+    QNetworkRequest request = network::request(url);
     for (const auto& [name, value] : request_.headers)
         request.setRawHeader(name, value);
-    // Without both Qt would make a copy that it can send again.
-    request.setHeader(QNetworkRequest::ContentLengthHeader, request_.body.size());
-    request.setAttribute(QNetworkRequest::DoNotBufferUploadDataAttribute, true);
     body_.clear();
-    reply_ = manager_.post(request, new OneTimeBody(request_.body, this));
+    reply_ = request_.body.isEmpty() ? manager_.get(request) : post(request);
     connect(reply_, &QNetworkReply::metaDataChanged, this, &HttpCall::readHead);
     connect(reply_, &QNetworkReply::readyRead, this, &HttpCall::readBody);
     connect(reply_, &QNetworkReply::finished, this, &HttpCall::finished);
-    connect(reply_, &QNetworkReply::sslErrors, this, [this](const QList<QSslError>& errors) {
-        if (!errors.isEmpty())
-            certificateProblem_ = errors.first().errorString();
-    });
+}
+
+QNetworkReply* HttpCall::post(QNetworkRequest& request)
+{
+    request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::ManualRedirectPolicy);
+    request.setHeader(QNetworkRequest::ContentTypeHeader, QStringLiteral("application/json"));
+    // Without both Qt would make a copy that it can send again.
+    request.setHeader(QNetworkRequest::ContentLengthHeader, request_.body.size());
+    request.setAttribute(QNetworkRequest::DoNotBufferUploadDataAttribute, true);
+    return manager_.post(request, new OneTimeBody(request_.body, this));
 }
 
 int HttpCall::status() const
@@ -127,14 +106,14 @@ int HttpCall::status() const
 void HttpCall::readHead()
 {
     if (reply_->header(QNetworkRequest::ContentLengthHeader).toLongLong() > HttpExchange::largestAnswerBytes)
-        abort(std::make_exception_ptr(HttpError::tooLarge(request_.url.host(), HttpExchange::largestAnswerBytes)));
+        abort(std::make_exception_ptr(NetworkError::tooLarge(request_.url.host(), HttpExchange::largestAnswerBytes)));
 }
 
 void HttpCall::readBody()
 {
     body_ += reply_->readAll();
     if (body_.size() > HttpExchange::largestAnswerBytes)
-        abort(std::make_exception_ptr(HttpError::tooLarge(request_.url.host(), HttpExchange::largestAnswerBytes)));
+        abort(std::make_exception_ptr(NetworkError::tooLarge(request_.url.host(), HttpExchange::largestAnswerBytes)));
 }
 
 void HttpCall::finished()
@@ -152,7 +131,8 @@ bool HttpCall::followRedirect()
 {
     const QUrl target = request_.url.resolved(reply_->attribute(QNetworkRequest::RedirectionTargetAttribute).toUrl());
     const bool meansTheSameRequest = status() == temporaryRedirect || status() == permanentRedirect;
-    if (!meansTheSameRequest || !isSameOrigin(target, request_.url) || redirects_ >= mostRedirects)
+    if (request_.body.isEmpty() || !meansTheSameRequest || redirects_ >= mostRedirects ||
+        network::originOf(target) != network::originOf(request_.url))
         return false;
     ++redirects_;
     reply_->disconnect(this);
@@ -166,24 +146,12 @@ std::exception_ptr HttpCall::transportFailure() const
     const auto error = reply_->error();
     const QString host = request_.url.host();
     if (error == QNetworkReply::ContentReSendError && status() == 0)
-        return std::make_exception_ptr(HttpError::cutOff(host));
+        return std::make_exception_ptr(NetworkError::cutOff(host));
     // From here on Qt counts what the server says as an error; that is the reader's business.
     const bool isServersWord = status() != 0 && error >= QNetworkReply::ContentAccessDenied;
     if (error == QNetworkReply::NoError || (isServersWord && error != QNetworkReply::ProtocolFailure))
-        return status() != 0 ? nullptr : std::make_exception_ptr(HttpError::notHttp(host));
-    if (status() != 0 || error == QNetworkReply::RemoteHostClosedError)
-        return std::make_exception_ptr(HttpError::cutOff(host));
-    switch (error) {
-    case QNetworkReply::SslHandshakeFailedError:
-        return std::make_exception_ptr(
-            HttpError::notTrusted(host, certificateProblem_.isEmpty() ? reply_->errorString() : certificateProblem_));
-    case QNetworkReply::ProtocolFailure:
-    case QNetworkReply::ProtocolUnknownError:
-    case QNetworkReply::ProtocolInvalidOperationError:
-        return std::make_exception_ptr(HttpError::notHttp(host));
-    default:
-        return std::make_exception_ptr(HttpError::unreachable(host, reply_->errorString()));
-    }
+        return status() != 0 ? nullptr : std::make_exception_ptr(NetworkError::notHttp(host));
+    return std::make_exception_ptr(status() != 0 ? NetworkError::cutOff(host) : NetworkError::of(*reply_));
 }
 
 void HttpCall::answer()

@@ -9,7 +9,8 @@
 
 namespace vantro {
 
-/// A body to be posted. The address and the headers may hold a key: neither is ever logged.
+/// A body to be posted; without one the address is only read. The address and the headers may hold a key: neither is
+/// ever logged.
 struct HttpRequest
 {
     QUrl url;

@@ -1,0 +1,87 @@
+#include "base/network/NetworkError.h"
+
+#include <QLocale>
+#include <QNetworkReply>
+
+namespace vantro {
+
+namespace {
+
+constexpr char certificateProblem[] = "certificateProblem";
+
+} // namespace
+
+QString NetworkError::withoutFullStop(QString sentence)
+{
+    while (sentence.endsWith(QLatin1Char('.')))
+        sentence.chop(1);
+    return sentence;
+}
+
+void NetworkError::keepCertificateProblem(QNetworkReply* reply, const QList<QSslError>& errors)
+{
+    if (!errors.isEmpty())
+        reply->setProperty(certificateProblem, errors.first().errorString());
+}
+
+NetworkError NetworkError::of(const QNetworkReply& reply)
+{
+    const QString host = reply.url().host();
+    const QString reason = withoutFullStop(reply.errorString());
+    switch (reply.error()) {
+    case QNetworkReply::SslHandshakeFailedError: {
+        const QVariant problem = reply.property(certificateProblem);
+        return {Kind::notTrusted, tr("The encrypted connection to %1 cannot be trusted (%2). Check this computer's "
+                                     "clock, or install the certificate of your own server.")
+                                      .arg(host, problem.isNull() ? reason : withoutFullStop(problem.toString()))};
+    }
+    case QNetworkReply::TooManyRedirectsError:
+    case QNetworkReply::InsecureRedirectError:
+        return {Kind::redirected, tr("%1 sends the request on to a place where it cannot end (%2). Check the address.")
+                                      .arg(reply.request().url().host(), reason)};
+    case QNetworkReply::RemoteHostClosedError:
+        return cutOff(host);
+    case QNetworkReply::ProtocolFailure:
+    case QNetworkReply::ProtocolUnknownError:
+    case QNetworkReply::ProtocolInvalidOperationError:
+        return notHttp(host);
+    default:
+        return unreachable(host, reason);
+    }
+}
+
+NetworkError NetworkError::unreachable(const QString& host, const QString& reason)
+{
+    return {Kind::unreachable, tr("%1 cannot be reached (%2). Check the network connection, the proxy and the "
+                                  "address.")
+                                   .arg(host, withoutFullStop(reason))};
+}
+
+NetworkError NetworkError::cutOff(const QString& host)
+{
+    return {Kind::cutOff, tr("The connection to %1 broke off before the answer was complete. Try again.").arg(host)};
+}
+
+NetworkError NetworkError::timedOut(const QString& host, std::chrono::milliseconds timeout)
+{
+    const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(timeout).count();
+    return {Kind::timedOut, tr("%1 has not answered within %2 seconds.").arg(host).arg(seconds)};
+}
+
+NetworkError NetworkError::tooLarge(const QString& host, qint64 limitBytes)
+{
+    const QString limit = QLocale().formattedDataSize(limitBytes, 0, QLocale::DataSizeIecFormat);
+    return {Kind::tooLarge, tr("The answer of %1 is larger than %2.").arg(host, limit)};
+}
+
+NetworkError NetworkError::notHttp(const QString& host)
+{
+    return {Kind::notHttp, tr("What answers at %1 is no web server.").arg(host)};
+}
+
+NetworkError NetworkError::cancelled()
+{
+    return {Kind::cancelled, tr("The request was cancelled.")};
+}
+
+} // namespace vantro

@@ -1,0 +1,52 @@
+#include "base/network/NetworkThread.h"
+
+#include "base/network/NetworkError.h"
+
+#include <QNetworkProxyFactory>
+#include <QNetworkReply>
+
+#include <utility>
+
+namespace vantro {
+
+namespace {
+
+class SystemProxies final : public QNetworkProxyFactory
+{
+public:
+    QList<QNetworkProxy> queryProxy(const QNetworkProxyQuery& query) override { return systemProxyForQuery(query); }
+};
+
+} // namespace
+
+NetworkThread::NetworkThread(const QString& name)
+{
+    thread_.setObjectName(name);
+    context_.moveToThread(&thread_);
+    thread_.start();
+}
+
+NetworkThread::~NetworkThread()
+{
+    QMetaObject::invokeMethod(
+        &context_, [this] { manager_.reset(); }, Qt::BlockingQueuedConnection);
+    thread_.quit();
+    thread_.wait();
+}
+
+void NetworkThread::run(Work work)
+{
+    QMetaObject::invokeMethod(&context_, [this, work = std::move(work)] { work(manager()); });
+}
+
+QNetworkAccessManager& NetworkThread::manager()
+{
+    if (!manager_) {
+        manager_ = std::make_unique<QNetworkAccessManager>();
+        manager_->setProxyFactory(new SystemProxies); // owned by the manager
+        QObject::connect(manager_.get(), &QNetworkAccessManager::sslErrors, &NetworkError::keepCertificateProblem);
+    }
+    return *manager_;
+}
+
+} // namespace vantro

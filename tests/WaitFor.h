@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QCoreApplication>
+#include <QDeadlineTimer>
+
+#include <functional>
+
+namespace vantro {
+
+/// Runs the event loop until @p condition holds; false when it does not in half a minute.
+inline bool waitFor(const std::function<bool()>& condition)
+{
+    const QDeadlineTimer deadline(std::chrono::seconds(30));
+    while (!condition() && !deadline.hasExpired())
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+    return condition();
+}
+
+} // namespace vantro
