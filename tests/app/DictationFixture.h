@@ -261,7 +261,6 @@ protected:
          shortcuts,
          delivery,
          models,
-         [this] { steps << QStringLiteral("theme"); },
          [this] { steps << QStringLiteral("update check"); },
          migrations,
          [this]() -> QCoro::Task<> {

@@ -1,5 +1,7 @@
 // One dictation from the shortcut to the delivered text: everything of the program but the adapters, the windows and
 // the speech engine is the real thing.
+#include "base/Notifications.h"
+#include "base/Settings.h"
 #include "tests/app/DictationFixture.h"
 
 using namespace vantro;
@@ -11,27 +13,27 @@ TEST_F(DictationWithoutModel, ShowsTheDownloadInsteadOfTheLauncherUntilTheModelI
     EXPECT_EQ(openPanels, 0) << "nobody should speak in vain";
     EXPECT_EQ(downloads.size(), 2) << "the window is brought back";
 
-    notifications.post(QStringLiteral("download:model:success"));
+    notifications.post(notification::modelDownloaded);
     EXPECT_TRUE(downloads.isEmpty()) << "the window closes by itself";
     pressShortcut();
     EXPECT_EQ(openPanels, 0) << "it was another model";
     isModelReady = true;
-    notifications.post(QStringLiteral("download:model:success"));
+    notifications.post(notification::modelDownloaded);
     dictate(QStringLiteral("Now it works."));
     EXPECT_EQ(delivered, QStringLiteral("Now it works."));
 }
 
 TEST_F(Dictation, LaunchRunsItsStepsInOrderAndShowsWhatIsMissing)
 {
-    EXPECT_EQ(steps, QStringList({QStringLiteral("theme"), QStringLiteral("model")}));
+    EXPECT_EQ(steps, QStringList{QStringLiteral("model")});
     steps.clear();
-    defaults.setBoolean(QStringLiteral("checkForUpdatesOnLaunch"), true);
+    defaults.set(setting::checkForUpdatesOnLaunch, true);
     permissions.microphone = false;
     delegate.applicationDidFinishLaunching();
-    EXPECT_EQ(steps, QStringList({QStringLiteral("theme"), QStringLiteral("update check"), QStringLiteral("onboarding"),
-                                  QStringLiteral("model"), QStringLiteral("onboarding")}))
+    EXPECT_EQ(steps, QStringList({QStringLiteral("update check"), QStringLiteral("onboarding"), QStringLiteral("model"),
+                                  QStringLiteral("onboarding")}))
         << "shown once more when the model turns out to be there";
-    notifications.post(QStringLiteral("permissions:close"));
+    notifications.post(notification::onboardingClosed);
     EXPECT_EQ(steps.last(), QStringLiteral("onboarding closed"));
 }
 
@@ -41,7 +43,7 @@ TEST_F(Dictation, PutsOwnWindowsAsideAndBringsBackThoseThatWereThere)
     pressShortcut();
     EXPECT_FALSE(settingsWindow.visible);
     delegate.cancelDictation();
-    notifications.post(QStringLiteral("launcher:closed"));
+    notifications.post(notification::launcherClosed);
     EXPECT_TRUE(settingsWindow.visible);
     EXPECT_FALSE(historyWindow.visible) << "it was not there before";
 
@@ -95,7 +97,7 @@ TEST_F(Dictation, EndsInTheWindowThatTheUserWasWorkingIn)
 
 TEST_F(Dictation, WithoutAutoPasteLeavesTheTextOnTheClipboardAndSaysSo)
 {
-    defaults.setBoolean(QStringLiteral("autoPasteEnabled"), false);
+    defaults.set(setting::autoPasteEnabled, false);
     dictate(QStringLiteral("Keep me."));
     EXPECT_FALSE(delivered);
     EXPECT_EQ(pasteboard.string(clipboard), QStringLiteral("Keep me."));
@@ -108,7 +110,7 @@ TEST_F(Dictation, SoundsOnlyWhenTheUserWantsItAndTextWasDelivered)
 {
     dictate(QStringLiteral("In silence."));
     EXPECT_TRUE(sounds.played.isEmpty());
-    defaults.setBoolean(QStringLiteral("playSoundOnComplete"), true);
+    defaults.set(setting::playSoundOnComplete, true);
     dictate(QStringLiteral(" "));
     EXPECT_TRUE(sounds.played.isEmpty());
     dictate(QStringLiteral("And now?"));

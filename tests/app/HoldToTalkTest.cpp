@@ -1,5 +1,6 @@
 #include "vantro/app/HoldToTalk.h"
 
+#include "base/Settings.h"
 #include "base/testing/ManualClock.h"
 #include "platform/KeyCode.h"
 #include "platform/testing/FakeAudioEngine.h"
@@ -34,7 +35,7 @@ protected:
         hold(true);
     }
 
-    void hold(bool on) { defaults.setBoolean(QStringLiteral("holdToTalk"), on); }
+    void hold(bool on) { defaults.set(setting::holdToTalk, on); }
     void use(doubles::FakeHotKeyManager::Combination keys)
     {
         shortcuts.setShortcut(KeyboardShortcuts::Name::openModal,

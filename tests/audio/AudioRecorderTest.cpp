@@ -1,5 +1,6 @@
 #include "vantro/audio/AudioRecorder.h"
 
+#include "base/Notifications.h"
 #include "base/UserDefaults.h"
 #include "base/testing/ManualClock.h"
 #include "platform/testing/FakeAudioEngine.h"
@@ -91,12 +92,12 @@ protected:
     std::vector<NotificationCenter::UserInfo> finishes;
     std::vector<std::string> lost;
     NotificationCenter::Observation atStart =
-        notifications.observe(QStringLiteral("recorder:process:start"), [this](const auto& info) {
+        notifications.observe(notification::recordingProcesses, [this](const auto& info) {
             EXPECT_TRUE(info.isEmpty());
             ++processStarts;
         });
-    NotificationCenter::Observation atFinish = notifications.observe(
-        QStringLiteral("recorder:finish"), [this](const auto& info) { finishes.push_back(info); });
+    NotificationCenter::Observation atFinish =
+        notifications.observe(notification::recordingFinished, [this](const auto& info) { finishes.push_back(info); });
     std::unique_ptr<AudioRecorder> recorder =
         std::make_unique<AudioRecorder>(engines.factory(), devices, permissions, notifications, clock, processing);
 };

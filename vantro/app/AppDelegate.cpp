@@ -1,5 +1,7 @@
 #include "vantro/app/AppDelegate.h"
 
+#include "base/Notifications.h"
+#include "base/Settings.h"
 #include "platform/Wording.h"
 #include "vantro/ai/DefaultMode.h"
 #include "vantro/ai/providers/LegacyKeyName.h"
@@ -19,8 +21,7 @@ AppDelegate::~AppDelegate()
 
 void AppDelegate::applicationDidFinishLaunching()
 {
-    parts_.applyTheme();
-    if (parts_.defaults.boolean(QStringLiteral("checkForUpdatesOnLaunch"), false))
+    if (parts_.defaults.get(setting::checkForUpdatesOnLaunch))
         parts_.checkForUpdates();
     renameLegacyKey(parts_.defaults);
     parts_.migrations.runTranscriptionTrimMigrationIfNeeded();
@@ -62,22 +63,22 @@ void AppDelegate::applicationWillTerminate()
 void AppDelegate::observeNotifications()
 {
     auto& center = parts_.notifications;
-    observations_.push_back(center.observe(QStringLiteral("recorder:process:start"), [this](const auto&) {
+    observations_.push_back(center.observe(notification::recordingProcesses, [this](const auto&) {
         timings_.stopped = parts_.clock.now();
         if (parts_.audioRecorder.processingMode() == ProcessingMode::Notes)
             closeWindow();
     }));
-    observations_.push_back(center.observe(QStringLiteral("recorder:finish"),
-                                           [this](const auto& userInfo) { recordingFinished(userInfo); }));
-    observations_.push_back(center.observe(QStringLiteral("permissions:close"),
-                                           [this](const auto&) { parts_.surfaces.closeOnboarding(); }));
+    observations_.push_back(
+        center.observe(notification::recordingFinished, [this](const auto& userInfo) { recordingFinished(userInfo); }));
+    observations_.push_back(
+        center.observe(notification::onboardingClosed, [this](const auto&) { parts_.surfaces.closeOnboarding(); }));
     connect(&parts_.audioRecorder, &AudioRecorder::captureLost, this, &AppDelegate::captureLost);
     connect(&parts_.shortcuts, &KeyboardShortcuts::shortcutFailed, this, &AppDelegate::shortcutFailed);
 }
 
 void AppDelegate::observeLauncher()
 {
-    observations_.push_back(parts_.notifications.observe(QStringLiteral("launcher:closed"), [this](const auto&) {
+    observations_.push_back(parts_.notifications.observe(notification::launcherClosed, [this](const auto&) {
         // Not between the text and the window it is meant for.
         if (!isDelivering_)
             bringWindowsBack();
@@ -130,8 +131,8 @@ void AppDelegate::downloadModel(const TranscriptionModel& model)
 {
     isModelMissing_ = true;
     printLine(QStringLiteral("Need to download model: ") + model.name);
-    observations_.push_back(parts_.notifications.observe(QStringLiteral("download:model:success"),
-                                                         [this](const auto&) { modelDownloaded(); }));
+    observations_.push_back(
+        parts_.notifications.observe(notification::modelDownloaded, [this](const auto&) { modelDownloaded(); }));
     parts_.surfaces.showModelDownload(model);
 }
 
@@ -232,7 +233,7 @@ QCoro::Task<> AppDelegate::handleFinish(QString finalText, ProcessingMode mode)
     co_await deliver(text, frame);
     isDelivering_ = false;
     bringWindowsBack();
-    if (parts_.defaults.boolean(QStringLiteral("playSoundOnComplete"), false))
+    if (parts_.defaults.get(setting::playSoundOnComplete))
         parts_.sounds.play(QStringLiteral("Blow"));
     tellOfStoreProblem(); // not before: its window takes the keyboard
 }
@@ -257,7 +258,7 @@ QString AppDelegate::saveFromLoss(const QString& text)
 
 QCoro::Task<> AppDelegate::deliver(QString text, std::optional<QRect> frame)
 {
-    if (!parts_.defaults.boolean(QStringLiteral("autoPasteEnabled"), true)) {
+    if (!parts_.defaults.get(setting::autoPasteEnabled)) {
         parts_.delivery.copy(text);
         parts_.surfaces.showPasteHUD(frame);
         closeWindow();

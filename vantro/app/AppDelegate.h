@@ -63,7 +63,6 @@ public:
         KeyboardShortcuts& shortcuts;
         PasteDelivery& delivery;
         ModelSelection& models;
-        std::function<void()> applyTheme;
         /// Runs in the background; called when the user wants a check at every launch.
         std::function<void()> checkForUpdates;
         MigrationManager& migrations;
@@ -77,7 +76,7 @@ public:
     explicit AppDelegate(Parts parts);
     ~AppDelegate() override;
 
-    /// The launch handler: theme, update check, repairs, observers, onboarding when something is missing, model.
+    /// The launch handler: update check, repairs, observers, onboarding when something is missing, model.
     void applicationDidFinishLaunching();
     /// Before the process ends: what is being recorded is thrown away, and the clipboard gets back what it held.
     void applicationWillTerminate();

@@ -1,12 +1,11 @@
 #include "vantro/app/HoldToTalk.h"
 
+#include "base/Settings.h"
 #include "vantro/audio/AudioRecorder.h"
 
 #include <utility>
 
 namespace vantro {
-
-const QString HoldToTalk::settingKey = QStringLiteral("holdToTalk");
 
 HoldToTalk::HoldToTalk(KeyboardShortcuts& shortcuts, AudioRecorder& recorder, UserDefaults& defaults, Clock& clock,
                        Actions actions)
@@ -29,7 +28,7 @@ HoldToTalk::HoldToTalk(KeyboardShortcuts& shortcuts, AudioRecorder& recorder, Us
 
 void HoldToTalk::pressed()
 {
-    isHold_ = defaults_.boolean(settingKey, false);
+    isHold_ = defaults_.get(setting::holdToTalk);
     if (!isHold_ || recorder_.isBusy())
         return;
     const Clock::Instant now = clock_.now();

@@ -1,5 +1,6 @@
 #include "vantro/audio/AudioRecorder.h"
 
+#include "base/Notifications.h"
 #include "platform/Permissions.h"
 #include "vantro/audio/AudioDeviceManager.h"
 #include "vantro/audio/EngineSession.h"
@@ -231,7 +232,7 @@ void AudioRecorder::stopRecording()
                     .startedAt = recordingStartedAt_,
                     .mode = processingMode_,
                     .job = processing_.prepare(processingMode_)};
-    notifications_.post(QStringLiteral("recorder:process:start"));
+    notifications_.post(notification::recordingProcesses);
     process(std::move(stopped));
 }
 
@@ -340,7 +341,7 @@ void AudioRecorder::postFinish(const DictationResult& result, ProcessingMode mod
         info[QStringLiteral("hasError")] = true;
         info[QStringLiteral("errorMessage")] = *result.errorMessage;
     }
-    notifications_.post(QStringLiteral("recorder:finish"), info);
+    notifications_.post(notification::recordingFinished, info);
 }
 
 void AudioRecorder::setProcessingMode(ProcessingMode mode)

@@ -1,6 +1,7 @@
 #include "vantro/main/Program.h"
 
 #include "KeyboardShortcuts/RawKeyMonitor.h"
+#include "base/Settings.h"
 #include "platform/KeyCode.h"
 #include "platform/linux/LinuxPlatform.h"
 #include "vantro/app/AppDelegate.h"
@@ -99,9 +100,9 @@ private:
     FileDownloader fileDownloader_;
     WhisperModelFiles whisperFiles_{fileDownloader_, modelStore_};
     FluidModelDownloads fluidDownloads_{fileDownloader_, fluidFiles_};
-    ModelDownloader modelDownloader_{[this](const TranscriptionModel& model) {
-        return &filesOf(model);
-    }};
+    ModelDownloader modelDownloader_{catalogue_, [this](const TranscriptionModel& model) {
+                                         return &filesOf(model);
+                                     }};
     QString modelProblem_; ///< why a model that was there has to be fetched again
     VocabularySettings vocabulary_{defaults_};
     WhisperInProcessEngine whisperEngine_;
@@ -144,8 +145,7 @@ Program::Program(const ProgramOptions& options)
     , platform_(makeLinuxPlatform())
     , delivery_(*platform_.pasteboard, *platform_.keyEvents, *platform_.workspace, defaults_, clock_)
     , delegate_({defaults_, notifications_, clock_, *platform_.permissions, *platform_.sounds, recorder_, shortcuts_,
-                 delivery_, models_, [this] { windows_.applyTheme(); },
-                 [this] { windows_.updates().check(UpdateChecker::Asker::launch); }, migrations_,
+                 delivery_, models_, [this] { windows_.updates().check(UpdateChecker::Asker::launch); }, migrations_,
                  [this] { return modelPreparation_.run(); },
                  [this](TranscriptionModel model) { return modelIsReady(std::move(model)); }, lenientStore_,
                  surfaces()})
@@ -165,6 +165,10 @@ void Program::connectShell()
     QObject::connect(&recorder_, &AudioRecorder::isBusyChanged, &windows_, [this] { followRecorder(); });
     shortcutObservation_ = notifications_.observe(KeyboardShortcuts::shortcutByNameDidChange,
                                                   [this](const auto&) { windows_.tray().setShortcut(shortcutName()); });
+    QObject::connect(&defaults_, &UserDefaults::changed, &delegate_, [this](const QString& key) {
+        if (key == setting::modelHostBaseURL.key)
+            catalogue_.setHost(ModelHost::address(defaults_, options_.modelHost));
+    });
     // A session that only saves itself, or whose end is called off, costs no dictation: nothing is lost before the end.
     for (const auto request : {&QGuiApplication::commitDataRequest, &QGuiApplication::saveStateRequest})
         QObject::connect(qGuiApp, request, &delegate_, &leaveStartToAutostart);

@@ -63,7 +63,6 @@ public:
     [[nodiscard]] TrayIcon& tray() { return tray_; }
     [[nodiscard]] UpdateChecker& updates() { return updates_; }
 
-    void applyTheme() { ui_.applyTheme(); }
     /// What a user who starts the program once more wants to see.
     void showMain();
     void showSettings(const QString& page);

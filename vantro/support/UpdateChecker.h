@@ -54,8 +54,6 @@ public:
 
     [[nodiscard]] bool isChecking() const { return isChecking_; }
     [[nodiscard]] bool isShowingAlert() const { return isShowingAlert_; }
-    /// The settings key of the version the user chose to skip.
-    [[nodiscard]] const QString& skippedVersionKey() const { return skippedVersionKey_; }
 
 Q_SIGNALS:
     void isCheckingChanged();
@@ -70,7 +68,6 @@ private:
 
     Parts parts_;
     bool isChecking_ = false;
-    const QString skippedVersionKey_ = QStringLiteral("skippedUpdateVersion");
     bool isShowingAlert_ = false;
     bool userAsks_ = false;
 };

@@ -1,5 +1,6 @@
 #include "vantro/ui/download/ModelDownloadWindow.h"
 
+#include "base/Notifications.h"
 #include "vantro/ui/style/UiEngine.h"
 
 #include <QGuiApplication>
@@ -25,7 +26,7 @@ ModelDownloadWindow::ModelDownloadWindow(QQmlEngine& engine, ModelDownloader& do
     connect(rootObject(), SIGNAL(closed()), this, SLOT(close()));
     connect(rootObject(), &QQuickItem::implicitHeightChanged, this, &ModelDownloadWindow::fitToContent);
     connect(&model_, &ModelDownloadModel::succeeded, this,
-            [&notifications] { notifications.post(QStringLiteral("download:model:success")); });
+            [&notifications] { notifications.post(notification::modelDownloaded); });
 }
 
 ModelDownloadWindow::~ModelDownloadWindow()

@@ -1,5 +1,6 @@
 #include "vantro/ui/launcher/LauncherModel.h"
 
+#include "base/Notifications.h"
 #include "vantro/audio/AudioRecorder.h"
 #include "vantro/ui/launcher/WaveformItem.h"
 
@@ -33,7 +34,7 @@ LauncherModel::LauncherModel(AudioRecorder& recorder, NotificationCenter& notifi
             [this] { loudestSinceTick_ = std::max(loudestSinceTick_, recorder_.currentAmplitude()); });
     connect(&recorder, &AudioRecorder::processingModeChanged, this, &LauncherModel::chosenModeChanged);
     observations_.push_back(
-        notifications.observe(QStringLiteral("recorder:process:start"), [this](const auto&) { processingStarted(); }));
+        notifications.observe(notification::recordingProcesses, [this](const auto&) { processingStarted(); }));
     connect(&ticker_, &QTimer::timeout, this, &LauncherModel::tick);
     ticker_.start(barDuration);
 }

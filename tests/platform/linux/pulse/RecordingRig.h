@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/Notifications.h"
 #include "base/UserDefaults.h"
 #include "platform/Permissions.h"
 #include "platform/linux/pulse/PulseAudioEngine.h"
@@ -78,8 +79,8 @@ struct RecordingRig
     std::vector<NotificationCenter::UserInfo> finished;
     std::vector<std::string> lost;
     int levelCount = 0;
-    NotificationCenter::Observation observation = notifications.observe(
-        QStringLiteral("recorder:finish"), [this](const auto& info) { finished.push_back(info); });
+    NotificationCenter::Observation observation =
+        notifications.observe(notification::recordingFinished, [this](const auto& info) { finished.push_back(info); });
     AudioRecorder recorder{[this] { return std::make_unique<PulseAudioEngine>(connection); },
                            devices,
                            permissions,
