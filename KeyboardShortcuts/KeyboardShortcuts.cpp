@@ -88,7 +88,7 @@ KeyboardShortcuts::KeyboardShortcuts(HotKeyManager& hotKeys, UserDefaults& defau
     connect(&hotKeys_, &HotKeyManager::hotKeyPressed, this, [this](std::uint32_t id) { dispatch(id, Phase::Down); });
     connect(&hotKeys_, &HotKeyManager::hotKeyReleased, this, [this](std::uint32_t id) { dispatch(id, Phase::Up); });
     connect(&hotKeys_, &HotKeyManager::hotKeyLost, this, &KeyboardShortcuts::hotKeyLost);
-    connect(&defaults_, &UserDefaults::changedElsewhere, this, &KeyboardShortcuts::adoptSettings);
+    connect(&defaults_, &UserDefaults::changed, this, &KeyboardShortcuts::adoptSetting);
 }
 
 KeyboardShortcuts::~KeyboardShortcuts() = default;
@@ -152,7 +152,7 @@ bool KeyboardShortcuts::isEnabled(const Name& name) const
 
 std::optional<KeyboardShortcuts::Shortcut> KeyboardShortcuts::shortcut(const Name& name) const
 {
-    const auto text = defaults_.string(storageKey(name.rawValue));
+    const auto text = defaults_.read<QString>(storageKey(name.rawValue));
     if (!text)
         return name.defaultShortcut;
     const auto stored = Shortcut::fromJson(*text);
@@ -163,24 +163,23 @@ std::optional<KeyboardShortcuts::Shortcut> KeyboardShortcuts::shortcut(const Nam
 
 void KeyboardShortcuts::setShortcut(const Name& name, const std::optional<Shortcut>& shortcut)
 {
-    if (shortcut)
-        defaults_.setString(storageKey(name.rawValue), shortcut->toJson());
+    const QString key = storageKey(name.rawValue);
+    const auto json = shortcut ? std::optional(shortcut->toJson()) : std::nullopt;
+    if (json == defaults_.read<QString>(key))
+        adoptSetting(key); // what could not be registered is tried again
+    else if (json)
+        defaults_.write(key, *json);
     else
-        defaults_.remove(storageKey(name.rawValue));
-    update(name.rawValue);
-    notifications_.post(shortcutByNameDidChange, {{QStringLiteral("name"), name.rawValue}});
+        defaults_.remove(key);
 }
 
-// "vantro shortcuts set" while this program runs.
-void KeyboardShortcuts::adoptSettings(const QStringList& keys)
+void KeyboardShortcuts::adoptSetting(const QString& key)
 {
-    for (const QString& key : keys) {
-        if (!key.startsWith(storagePrefix))
-            continue;
-        const QString name = key.mid(storagePrefix.size());
-        update(name);
-        notifications_.post(shortcutByNameDidChange, {{QStringLiteral("name"), name}});
-    }
+    if (!key.startsWith(storagePrefix))
+        return;
+    const QString name = key.mid(storagePrefix.size());
+    update(name);
+    notifications_.post(shortcutByNameDidChange, {{QStringLiteral("name"), name}});
 }
 
 std::optional<QString> KeyboardShortcuts::failure(const Name& name) const

@@ -174,7 +174,7 @@ private:
     /// Brings what is registered for a name in line with what should be.
     void update(const QString& name);
     void endHold(const QString& name);
-    void adoptSettings(const QStringList& keys);
+    void adoptSetting(const QString& key);
     void updateAll();
     [[nodiscard]] std::optional<Shortcut> wanted(const QString& name) const;
     void registerHotKey(const QString& name, const Shortcut& shortcut);

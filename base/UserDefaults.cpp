@@ -8,6 +8,8 @@
 #include <QFileSystemWatcher>
 #include <QStandardPaths>
 
+#include <utility>
+
 namespace vantro {
 
 namespace {
@@ -21,6 +23,12 @@ QHash<QString, QVariant> contents(const QSettings& settings)
     for (const QString& key : keys)
         values.insert(key, settings.value(key));
     return values;
+}
+
+/// As text: what this process set keeps its type until it is read back.
+bool isSame(const QVariant& one, const QVariant& other)
+{
+    return one.toStringList() == other.toStringList() && one.toString() == other.toString();
 }
 
 } // namespace
@@ -40,7 +48,8 @@ QString UserDefaults::standardPath()
            QStringLiteral("/vantro/vantro.ini");
 }
 
-std::optional<QString> UserDefaults::string(const QString& key) const
+template <>
+std::optional<QString> UserDefaults::read(const QString& key) const
 {
     const QVariant value = settings_.value(key);
     if (value.metaType().id() != QMetaType::QString)
@@ -48,28 +57,34 @@ std::optional<QString> UserDefaults::string(const QString& key) const
     return value.toString();
 }
 
-bool UserDefaults::boolean(const QString& key, bool absent) const
+template <>
+std::optional<bool> UserDefaults::read(const QString& key) const
 {
     // The INI format keeps no types: a Boolean comes back as the text it was written as.
     const QString text = settings_.value(key).toString();
-    if (text == QLatin1String("true"))
-        return true;
-    if (text == QLatin1String("false"))
-        return false;
-    return absent;
+    const bool isTrue = text == QLatin1String("true");
+    return isTrue || text == QLatin1String("false") ? std::optional(isTrue) : std::nullopt;
 }
 
-std::optional<qint64> UserDefaults::integer(const QString& key) const
+template <>
+std::optional<qint64> UserDefaults::read(const QString& key) const
 {
     bool ok = false;
     const qint64 value = settings_.value(key).toLongLong(&ok);
     return ok ? std::optional(value) : std::nullopt;
 }
 
-std::optional<QByteArray> UserDefaults::data(const QString& key) const
+template <>
+std::optional<QByteArray> UserDefaults::read(const QString& key) const
 {
-    const auto text = string(key);
+    const auto text = read<QString>(key);
     return text ? std::optional(text->toUtf8()) : std::nullopt;
+}
+
+template <>
+void UserDefaults::write(const QString& key, const QByteArray& value)
+{
+    write(key, QString::fromUtf8(value));
 }
 
 bool UserDefaults::contains(const QString& key) const
@@ -77,30 +92,10 @@ bool UserDefaults::contains(const QString& key) const
     return settings_.contains(key);
 }
 
-void UserDefaults::setString(const QString& key, const QString& value)
-{
-    store(key, value);
-}
-
-void UserDefaults::setBoolean(const QString& key, bool value)
-{
-    store(key, value);
-}
-
-void UserDefaults::setInteger(const QString& key, qint64 value)
-{
-    store(key, value);
-}
-
-void UserDefaults::setData(const QString& key, const QByteArray& value)
-{
-    store(key, QString::fromUtf8(value));
-}
-
 void UserDefaults::remove(const QString& key)
 {
     settings_.remove(key);
-    written(key);
+    writeThrough();
 }
 
 void UserDefaults::keepUnreadable(const QString& key)
@@ -114,22 +109,18 @@ void UserDefaults::keepUnreadable(const QString& key)
 void UserDefaults::reload()
 {
     settings_.sync();
-    const QHash<QString, QVariant> now = contents(settings_);
-    QStringList changed;
-    for (auto entry = now.cbegin(); entry != now.cend(); ++entry) {
-        // As text: what this process set keeps its type until it is read back.
-        const auto former = known_.constFind(entry.key());
-        if (former == known_.cend() || former->toStringList() != entry->toStringList() ||
-            former->toString() != entry->toString())
-            changed << entry.key();
-    }
+    const QHash<QString, QVariant> former = std::exchange(known_, contents(settings_));
+    QStringList changedKeys;
     for (auto entry = known_.cbegin(); entry != known_.cend(); ++entry) {
-        if (!now.contains(entry.key()))
-            changed << entry.key();
+        if (const auto before = former.constFind(entry.key()); before == former.cend() || !isSame(*before, *entry))
+            changedKeys << entry.key();
     }
-    known_ = now;
-    if (!changed.isEmpty())
-        Q_EMIT changedElsewhere(changed);
+    for (auto entry = former.cbegin(); entry != former.cend(); ++entry) {
+        if (!known_.contains(entry.key()))
+            changedKeys << entry.key();
+    }
+    for (const QString& key : changedKeys)
+        Q_EMIT changed(key);
 }
 
 void UserDefaults::watch()
@@ -160,20 +151,14 @@ void UserDefaults::watchFile()
 
 void UserDefaults::store(const QString& key, const QVariant& value)
 {
-    if (!settings_.contains(versionKey)) {
+    if (!settings_.contains(versionKey))
         settings_.setValue(versionKey, settingsVersion);
-        known_.insert(versionKey, settingsVersion);
-    }
     settings_.setValue(key, value);
-    written(key);
+    writeThrough();
 }
 
-void UserDefaults::written(const QString& key)
+void UserDefaults::writeThrough()
 {
-    if (settings_.contains(key))
-        known_.insert(key, settings_.value(key));
-    else
-        known_.remove(key);
     reload();
     if (settings_.status() != QSettings::NoError) {
         Logger("UserDefaults").error(QStringLiteral("Could not write the settings file %1").arg(settings_.fileName()));

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/Setting.h"
 #include "base/SettingsFile.h"
 
 #include <QByteArray>
@@ -7,7 +8,6 @@
 #include <QObject>
 #include <QSettings>
 #include <QString>
-#include <QStringList>
 #include <QVariant>
 
 #include <memory>
@@ -17,8 +17,8 @@ class QFileSystemWatcher;
 
 namespace vantro {
 
-/// The user's preferences: typed values under lower camel case keys in one INI file below the XDG configuration folder.
-/// Every setter writes through. A value of another type than the one asked for counts as absent. Main thread only.
+/// The user's preferences, which base/Settings.h lists: one INI file below the XDG configuration folder. Every setter
+/// writes through. Main thread only.
 ///
 /// Several processes may hold the same file: a write stores the keys that were set and leaves the others as they are in
 /// the file.
@@ -34,17 +34,35 @@ public:
     /// "vantro/vantro.ini" below the XDG configuration folder.
     static QString standardPath();
 
-    [[nodiscard]] std::optional<QString> string(const QString& key) const;
-    [[nodiscard]] bool boolean(const QString& key, bool absent) const;
-    [[nodiscard]] std::optional<qint64> integer(const QString& key) const;
-    [[nodiscard]] std::optional<QByteArray> data(const QString& key) const;
-    [[nodiscard]] bool contains(const QString& key) const;
+    template <typename T>
+    [[nodiscard]] T get(const Setting<T>& setting) const
+    {
+        if constexpr (std::is_arithmetic_v<T>)
+            return stored(setting).value_or(setting.absent);
+        else
+            return stored(setting).value_or(T::fromStdString(setting.absent));
+    }
+    /// Nothing as well when a value of another type is stored.
+    template <typename T>
+    [[nodiscard]] std::optional<T> stored(const Setting<T>& setting) const
+    {
+        return read<T>(setting.key);
+    }
+    template <typename T>
+    void set(const Setting<T>& setting, const std::type_identity_t<T>& value)
+    {
+        write<T>(setting.key, value);
+    }
 
-    void setString(const QString& key, const QString& value);
-    void setBoolean(const QString& key, bool value);
-    void setInteger(const QString& key, qint64 value);
-    /// Lists and maps are stored as JSON data.
-    void setData(const QString& key, const QByteArray& value);
+    // For keys that are made while the program runs.
+    template <typename T>
+    [[nodiscard]] std::optional<T> read(const QString& key) const;
+    template <typename T>
+    void write(const QString& key, const T& value)
+    {
+        store(key, QVariant(value));
+    }
+    [[nodiscard]] bool contains(const QString& key) const;
     void remove(const QString& key);
     /// Copies the text under @p key to @p key and ".unreadable": what this program cannot read is not lost when it is
     /// overwritten.
@@ -53,26 +71,37 @@ public:
     /// The file that was found and could not be used; nothing in the usual case.
     [[nodiscard]] const std::optional<KeptAside>& keptAside() const { return keptAside_; }
 
-    /// Re-reads what another process has written meanwhile; changedElsewhere() tells what that was.
+    /// Reads what another process has written meanwhile.
     void reload();
     /// From now on another process's writes are noticed by themselves. Needs an event loop.
     void watch();
 
 Q_SIGNALS:
-    /// Another process has set, changed or removed these keys; their new values are in place.
-    void changedElsewhere(const QStringList& keys);
+    /// @p key was set to another value, or removed, by this process or by another one; the new value is in place.
+    void changed(const QString& key);
     /// A change could not be written to @p file; it is in force until the process ends.
     void writeFailed(const QString& file);
 
 private:
     void store(const QString& key, const QVariant& value);
-    void written(const QString& key);
+    void writeThrough();
     void watchFile();
 
     std::optional<KeptAside> keptAside_; ///< before the settings are read
     QSettings settings_;
-    QHash<QString, QVariant> known_; ///< the values as this process last saw them
+    QHash<QString, QVariant> known_; ///< the values that changed() has told of
     std::unique_ptr<QFileSystemWatcher> watcher_;
 };
+
+template <>
+std::optional<QString> UserDefaults::read(const QString& key) const;
+template <>
+std::optional<bool> UserDefaults::read(const QString& key) const;
+template <>
+std::optional<qint64> UserDefaults::read(const QString& key) const;
+template <>
+std::optional<QByteArray> UserDefaults::read(const QString& key) const;
+template <>
+void UserDefaults::write(const QString& key, const QByteArray& value);
 
 } // namespace vantro

@@ -74,8 +74,7 @@ TEST_F(KeyboardShortcutsTest, FallsBackToTheNamesDefaultAndIgnoresADamagedRecord
     EXPECT_EQ(shortcuts_.shortcut(Name::stopRecordingAndCloseModal), shortcutOf(ctrlAltD));
     for (const char* const damaged :
          {"", "{", "[]", R"({"carbonKeyCode":2})", R"({"carbonKeyCode":"2","carbonModifiers":0})"}) {
-        defaults_.setString(QStringLiteral("KeyboardShortcuts_stopRecordingAndCloseModal"),
-                            QString::fromLatin1(damaged));
+        defaults_.write(QStringLiteral("KeyboardShortcuts_stopRecordingAndCloseModal"), QString::fromLatin1(damaged));
         EXPECT_EQ(shortcuts_.shortcut(Name::stopRecordingAndCloseModal), shortcutOf(space)) << damaged;
     }
 }

@@ -1,5 +1,6 @@
 #include "base/Error.h"
 #include "base/RunTask.h"
+#include "base/Settings.h"
 #include "vantro/ai/BuiltInPrompts.h"
 #include "vantro/ai/FormattingModeHandler.h"
 #include "vantro/ai/NormalModeHandler.h"
@@ -125,7 +126,7 @@ TEST_F(Modes, SettingsAreCompletedAndWhatTheUserSetStays)
     prompts.setPrompt(ProcessingMode::Email, QStringLiteral("mine"));
     prompts.setConfiguration(ProcessingMode::Email, {false, provider});
     prompts.setCustomModeName(ProcessingMode::Custom, QStringLiteral("Translate"));
-    defaults.setData(QStringLiteral("customPrompts"), R"({"Email":"mine","Poem":"?"})");
+    defaults.set(setting::customPrompts, R"({"Email":"mine","Poem":"?"})");
 
     UserDefaults again(path);
     PromptSettings later(again);
@@ -149,7 +150,7 @@ TEST_F(Modes, SettingsAreCompletedAndWhatTheUserSetStays)
 TEST_F(Modes, WhatCannotBeReadIsPutAside)
 {
     const QByteArray broken = R"({"Email":{"useLocalAI":"yes"}})";
-    defaults.setData(QStringLiteral("modeConfigurations"), broken);
+    defaults.set(setting::modeConfigurations, broken);
     UserDefaults again(path);
     const PromptSettings later(again);
     EXPECT_EQ(later.configuration(ProcessingMode::Email), ModeConfiguration());

@@ -1,6 +1,8 @@
 #pragma once
 
 // The dictation put together of real parts, with doubles where the desktop begins, and a clock that tests move.
+#include "base/Notifications.h"
+#include "base/Settings.h"
 #include "base/testing/ManualClock.h"
 #include "platform/KeyCode.h"
 #include "platform/Wording.h"
@@ -156,7 +158,6 @@ public:
     {
     }
 
-    void applyTheme() override { steps << QStringLiteral("theme"); }
     void checkForUpdates() override { steps << QStringLiteral("update check"); }
     std::unique_ptr<LauncherPanel> makeLauncher(Dictation& dictation) override
     {

@@ -11,28 +11,27 @@ TEST_F(DictationWithoutModel, ShowsTheDownloadInsteadOfTheLauncherUntilTheModelI
     EXPECT_EQ(shell.openPanels, 0) << "nobody should speak in vain";
     EXPECT_EQ(shell.downloads.size(), 2) << "the window is brought back";
 
-    notifications.post(QStringLiteral("download:model:success"));
+    notifications.post(notification::modelDownloaded);
     EXPECT_TRUE(shell.downloads.isEmpty()) << "the window closes by itself";
     pressShortcut();
     EXPECT_EQ(shell.openPanels, 0) << "it was another model";
     isModelReady = true;
-    notifications.post(QStringLiteral("download:model:success"));
+    notifications.post(notification::modelDownloaded);
     dictate(QStringLiteral("Now it works."));
     EXPECT_EQ(delivered, QStringLiteral("Now it works."));
 }
 
 TEST_F(DictationTest, LaunchRunsItsStepsInOrderAndShowsWhatIsMissing)
 {
-    EXPECT_EQ(shell.steps, QStringList({QStringLiteral("theme"), QStringLiteral("model")}));
+    EXPECT_EQ(shell.steps, QStringList{QStringLiteral("model")});
     shell.steps.clear();
-    defaults.setBoolean(QStringLiteral("checkForUpdatesOnLaunch"), true);
+    defaults.set(setting::checkForUpdatesOnLaunch, true);
     permissions.microphone = false;
     delegate.applicationDidFinishLaunching();
-    EXPECT_EQ(shell.steps,
-              QStringList({QStringLiteral("theme"), QStringLiteral("update check"), QStringLiteral("onboarding"),
-                           QStringLiteral("model"), QStringLiteral("onboarding")}))
+    EXPECT_EQ(shell.steps, QStringList({QStringLiteral("update check"), QStringLiteral("onboarding"),
+                                        QStringLiteral("model"), QStringLiteral("onboarding")}))
         << "shown once more when the model turns out to be there";
-    notifications.post(QStringLiteral("permissions:close"));
+    notifications.post(notification::onboardingClosed);
     EXPECT_EQ(shell.steps.last(), QStringLiteral("onboarding closed"));
 }
 
@@ -87,7 +86,7 @@ TEST_F(DictationTest, AnnouncesItsMilestonesWithTheModeOfTheStop)
                                              [&](const auto& info) { starts.push_back(info); });
     const auto finish =
         notifications.observe(QStringLiteral("recorder:finish"), [&](const auto& info) { finishes.push_back(info); });
-    defaults.setString(QStringLiteral("defaultProcessingMode"), QStringLiteral("Grammar"));
+    defaults.set(setting::defaultProcessingMode, QStringLiteral("Grammar"));
     pressShortcut();
     EXPECT_EQ(recorder.processingMode(), ProcessingMode::Grammar);
     recorder.setProcessingMode(ProcessingMode::Email);
@@ -149,7 +148,7 @@ TEST_F(DictationTest, EndsInTheWindowThatTheUserWasWorkingIn)
 
 TEST_F(DictationTest, WithoutAutoPasteLeavesTheTextOnTheClipboardAndSaysSo)
 {
-    defaults.setBoolean(QStringLiteral("autoPasteEnabled"), false);
+    defaults.set(setting::autoPasteEnabled, false);
     dictate(QStringLiteral("Keep me."));
     EXPECT_FALSE(delivered);
     EXPECT_EQ(pasteboard.string(clipboard), QStringLiteral("Keep me."));
@@ -162,7 +161,7 @@ TEST_F(DictationTest, SoundsOnlyWhenTheUserWantsItAndTextWasDelivered)
 {
     dictate(QStringLiteral("In silence."));
     EXPECT_TRUE(sounds.played.isEmpty());
-    defaults.setBoolean(QStringLiteral("playSoundOnComplete"), true);
+    defaults.set(setting::playSoundOnComplete, true);
     dictate(QStringLiteral(" "));
     EXPECT_TRUE(sounds.played.isEmpty());
     dictate(QStringLiteral("And now?"));

@@ -12,7 +12,7 @@ class HoldToTalkTest : public DictationTest
 protected:
     HoldToTalkTest() { hold(true); }
 
-    void hold(bool on) { defaults.setBoolean(QStringLiteral("holdToTalk"), on); }
+    void hold(bool on) { defaults.set(setting::holdToTalk, on); }
     void press(std::chrono::milliseconds duration)
     {
         hotKeys.press(keys);

@@ -1,5 +1,6 @@
 #include "vantro/app/PasteDelivery.h"
 
+#include "base/Settings.h"
 #include "base/testing/ManualClock.h"
 #include "platform/testing/FakeKeyEventPoster.h"
 #include "platform/testing/FakePasteboard.h"
@@ -106,7 +107,7 @@ TEST_F(PasteDeliveryTest, BlankTextTouchesNothing)
 
 TEST_F(PasteDeliveryTest, TheTextStaysOnTheClipboardWhenTheUserWantsIt)
 {
-    defaults_.setBoolean(QStringLiteral("copyToClipboardEnabled"), true);
+    defaults_.set(setting::copyToClipboardEnabled, true);
     deliver();
     clock_.advance(10s);
     EXPECT_EQ(received_, words);
@@ -271,14 +272,13 @@ TEST_F(PasteDeliveryTest, TheChordComesFromTheWindowClassAndTheUsersTable)
     EXPECT_EQ(chord(names("XTerm", "uxterm")), Chord::ShiftInsert);
     EXPECT_EQ(chord(names("XTerm", "a title of its own")), Chord::ShiftInsert);
 
-    defaults_.setData(QStringLiteral("pasteChords"),
-                      R"({"Mousepad":"shift + insert","xterm":"Ctrl+Shift+V","kitty":"Ctrl+P"})");
+    defaults_.set(setting::pasteChords, R"({"Mousepad":"shift + insert","xterm":"Ctrl+Shift+V","kitty":"Ctrl+P"})");
     ::testing::internal::CaptureStderr();
     EXPECT_EQ(chord(names("kitty", "kitty")), Chord::ControlShiftV) << "an unknown keystroke changes nothing";
     EXPECT_THAT(::testing::internal::GetCapturedStderr(), ::testing::HasSubstr("kitty"));
     EXPECT_EQ(chord(names("Mousepad", "mousepad")), Chord::ShiftInsert);
     EXPECT_EQ(chord(names("XTerm", "xterm")), Chord::ControlShiftV);
 
-    defaults_.setData(QStringLiteral("pasteChords"), "no json");
+    defaults_.set(setting::pasteChords, "no json");
     EXPECT_EQ(chord(names("XTerm", "xterm")), Chord::ShiftInsert);
 }

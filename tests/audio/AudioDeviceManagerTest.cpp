@@ -1,5 +1,6 @@
 #include "vantro/audio/AudioDeviceManager.h"
 
+#include "base/Settings.h"
 #include "base/UserDefaults.h"
 #include "platform/testing/FakeAudioHardware.h"
 
@@ -35,9 +36,9 @@ protected:
 TEST_F(AudioDeviceManagerTest, WithoutSettingsNothingIsSelected)
 {
     EXPECT_EQ(manager->effectiveDeviceID(), std::nullopt);
-    defaults.setString(QStringLiteral("audioInputMode"), QStringLiteral("Telepathy"));
-    defaults.setString(QStringLiteral("selectedAudioDeviceID"), QStringLiteral("-4"));
-    defaults.setData(QStringLiteral("prioritizedDevices"), R"([{"id":"table"}])");
+    defaults.set(setting::audioInputMode, QStringLiteral("Telepathy"));
+    defaults.set(setting::selectedAudioDeviceID, QStringLiteral("-4"));
+    defaults.set(setting::prioritizedDevices, R"([{"id":"table"}])");
     restart();
     EXPECT_EQ(manager->inputMode(), AudioInputMode::systemDefault);
     EXPECT_EQ(manager->selectedDeviceID(), std::nullopt);
@@ -50,7 +51,7 @@ TEST_F(AudioDeviceManagerTest, TheChosenDeviceIsFoundAgainUnderAnotherNumberAndM
     EXPECT_EQ(manager->effectiveDeviceID(), builtIn.id) << "none chosen: the system default, but selected";
     manager->setSelectedDeviceID(headset.id);
     EXPECT_EQ(manager->effectiveDeviceID(), headset.id);
-    EXPECT_EQ(defaults.integer(QStringLiteral("selectedAudioDeviceID")), headset.id);
+    EXPECT_EQ(defaults.stored(setting::selectedAudioDeviceID), headset.id);
 
     // The next run: the numbers are dealt anew, and the chosen one's belongs to another device.
     AudioInputDevice renumberedTable = table;
@@ -65,15 +66,15 @@ TEST_F(AudioDeviceManagerTest, TheChosenDeviceIsFoundAgainUnderAnotherNumberAndM
     EXPECT_EQ(manager->selectedDeviceID(), 12U) << "what the settings show";
 
     manager->setSelectedDeviceID(std::nullopt);
-    EXPECT_FALSE(defaults.contains(QStringLiteral("selectedAudioDeviceID")));
+    EXPECT_FALSE(defaults.contains(setting::selectedAudioDeviceID.key));
     restart();
     EXPECT_EQ(manager->effectiveDeviceID(), builtIn.id);
 }
 
 TEST_F(AudioDeviceManagerTest, ABareNumberIsTakenForWhatBearsIt)
 {
-    defaults.setString(QStringLiteral("audioInputMode"), QStringLiteral("Custom Device"));
-    defaults.setInteger(QStringLiteral("selectedAudioDeviceID"), table.id);
+    defaults.set(setting::audioInputMode, QStringLiteral("Custom Device"));
+    defaults.set(setting::selectedAudioDeviceID, table.id);
     restart();
     EXPECT_EQ(manager->effectiveDeviceID(), table.id);
 }
@@ -140,7 +141,7 @@ TEST_F(AudioDeviceManagerTest, AdoptsWhatAnotherProcessHasSet)
     EXPECT_EQ(manager->inputMode(), AudioInputMode::custom);
     EXPECT_EQ(manager->effectiveDeviceID(), headset.id);
     EXPECT_EQ(manager->selectedDeviceID(), headset.id);
-    EXPECT_EQ(defaults.integer(QStringLiteral("selectedAudioDeviceID")), otherHeadset.id) << "no tug-of-war";
+    EXPECT_EQ(defaults.stored(setting::selectedAudioDeviceID), otherHeadset.id) << "no tug-of-war";
 
     other.addPrioritizedDevice({.id = 3, .uid = table.uid, .name = table.name});
     other.setInputMode(AudioInputMode::prioritized);

@@ -1,5 +1,6 @@
 #include "vantro/audio/HeadsetSwitch.h"
 
+#include "base/Settings.h"
 #include "base/UserDefaults.h"
 #include "base/testing/ManualClock.h"
 #include "platform/testing/FakeAudioCards.h"
@@ -47,7 +48,7 @@ protected:
         devices.addPrioritizedDevice(headset);
         devices.setInputMode(AudioInputMode::prioritized);
         hardware.setDevices({builtIn}, builtIn.id);
-        defaults.setBoolean(QStringLiteral("bluetoothHeadsetProfile"), true);
+        defaults.set(setting::bluetoothHeadsetProfile, true);
     }
 
     doubles::ManualClock clock;
@@ -126,12 +127,12 @@ TEST_F(HeadsetSwitchTest, WithoutAnyOtherMicrophoneTheRecordingWaitsForTheHeadse
 
 TEST_F(HeadsetSwitchTest, LeavesTheHeadsetAloneUnlessTheUserWantsItAndNeverLeavesItSwitched)
 {
-    defaults.setBoolean(QStringLiteral("bluetoothHeadsetProfile"), false);
+    defaults.set(setting::bluetoothHeadsetProfile, false);
     EXPECT_TRUE(recorder.startRecording());
     EXPECT_THAT(cards.asked, IsEmpty());
     recorder.cancelRecording();
 
-    defaults.setBoolean(QStringLiteral("bluetoothHeadsetProfile"), true);
+    defaults.set(setting::bluetoothHeadsetProfile, true);
     EXPECT_TRUE(recorder.startRecording());
     recorder.cancelRecording();
     EXPECT_TRUE(recorder.startRecording()); // before it was switched back

@@ -1,7 +1,7 @@
 #include "base/Error.h"
 #include "base/NotificationCenter.h"
 #include "base/SerialExecutor.h"
-#include "base/UserDefaults.h"
+#include "base/Settings.h"
 #include "base/testing/ManualClock.h"
 
 #include <QEventLoop>
@@ -14,6 +14,7 @@
 
 #include <chrono>
 #include <string>
+#include <utility>
 #include <vector>
 
 using namespace std::chrono_literals;
@@ -87,54 +88,70 @@ TEST(UserDefaults, AnotherTypeCountsAsAbsentAndValuesSurviveARestart)
 {
     const QTemporaryDir folder;
     const QString path = folder.filePath(QStringLiteral("deep/vantro.ini"));
+    const QByteArray list = R"([{"find":"a, b; \"c\"","replace":"ä\n"}])";
     {
         UserDefaults defaults(path);
-        EXPECT_TRUE(defaults.boolean(QStringLiteral("autoPasteEnabled"), true));
-        defaults.setString(QStringLiteral("autoPasteEnabled"), QStringLiteral("maybe"));
-        EXPECT_TRUE(defaults.boolean(QStringLiteral("autoPasteEnabled"), true));
-        defaults.setBoolean(QStringLiteral("autoPasteEnabled"), false);
-        defaults.setData(QStringLiteral("list"), R"([{"find":"a, b; \"c\"","replace":"ä\n"}])");
-        defaults.setInteger(QStringLiteral("number"), 4294967295);
+        EXPECT_TRUE(defaults.get(setting::autoPasteEnabled));
+        defaults.write(setting::autoPasteEnabled.key, QStringLiteral("maybe"));
+        EXPECT_TRUE(defaults.get(setting::autoPasteEnabled));
+        defaults.set(setting::autoPasteEnabled, false);
+        defaults.set(setting::textReplacements, list);
+        defaults.set(setting::selectedAudioDeviceID, 4294967295);
     }
     UserDefaults defaults(path);
-    EXPECT_FALSE(defaults.boolean(QStringLiteral("autoPasteEnabled"), true));
-    EXPECT_EQ(defaults.data(QStringLiteral("list")), R"([{"find":"a, b; \"c\"","replace":"ä\n"}])");
-    EXPECT_EQ(defaults.integer(QStringLiteral("number")), 4294967295);
+    EXPECT_FALSE(defaults.get(setting::autoPasteEnabled));
+    EXPECT_EQ(defaults.get(setting::textReplacements), list);
+    EXPECT_EQ(defaults.get(setting::selectedAudioDeviceID), 4294967295);
     EXPECT_EQ(QFile::permissions(path) & (QFileDevice::ReadGroup | QFileDevice::ReadOther), QFileDevice::Permissions());
 }
 
-TEST(UserDefaults, TwoProcessesKeepEachOthersValuesAndHearOfThem)
+TEST(UserDefaults, EveryChangeIsToldOnceWhoeverMadeIt)
 {
     const QTemporaryDir folder;
     const QString path = folder.filePath(QStringLiteral("deep/vantro.ini"));
     UserDefaults program(path);
+    program.watch();
+    program.set(setting::autoPasteEnabled, false);
     QStringList heard;
     QEventLoop loop;
-    QObject::connect(&program, &UserDefaults::changedElsewhere, &loop, [&](const QStringList& keys) {
-        heard += keys;
+    QObject::connect(&program, &UserDefaults::changed, &loop, [&](const QString& key) {
+        heard << key;
         loop.quit();
     });
-    program.watch();
-    program.setBoolean(QStringLiteral("autoPasteEnabled"), false);
+    const auto heardInTime = [&] {
+        QTimer::singleShot(10s, &loop, &QEventLoop::quit);
+        loop.exec();
+        return std::exchange(heard, {});
+    };
+    program.set(setting::holdToTalk, true);
+    program.set(setting::holdToTalk, true);
+    EXPECT_EQ(std::exchange(heard, {}), QStringList(setting::holdToTalk.key));
 
     UserDefaults command(path);
-    command.setString(QStringLiteral("SelectedLanguage"), QStringLiteral("de"));
-    QTimer::singleShot(10s, &loop, &QEventLoop::quit);
-    loop.exec();
-    EXPECT_EQ(heard, QStringList(QStringLiteral("SelectedLanguage")));
-    EXPECT_EQ(program.string(QStringLiteral("SelectedLanguage")), QStringLiteral("de"));
+    command.set(setting::selectedLanguage, QStringLiteral("de"));
+    EXPECT_EQ(heardInTime(), QStringList(setting::selectedLanguage.key));
+    EXPECT_EQ(program.get(setting::selectedLanguage), QStringLiteral("de"));
+    command.remove(setting::selectedLanguage.key);
+    EXPECT_EQ(heardInTime(), QStringList(setting::selectedLanguage.key));
+    EXPECT_EQ(program.get(setting::selectedLanguage), QStringLiteral("auto"));
 
-    heard.clear();
-    command.remove(QStringLiteral("SelectedLanguage"));
-    QTimer::singleShot(10s, &loop, &QEventLoop::quit);
-    loop.exec();
-    EXPECT_EQ(heard, QStringList(QStringLiteral("SelectedLanguage")));
-    EXPECT_FALSE(program.contains(QStringLiteral("SelectedLanguage")));
+    program.set(setting::appearance, QStringLiteral("dark"));
+    EXPECT_EQ(command.stored(setting::autoPasteEnabled), false);
+    EXPECT_EQ(UserDefaults(path).stored(setting::autoPasteEnabled), false) << "each keeps the other's values";
+    EXPECT_EQ(UserDefaults(path).get(setting::appearance), QStringLiteral("dark"));
+}
 
-    program.setString(QStringLiteral("userName"), QStringLiteral("A"));
-    EXPECT_TRUE(UserDefaults(path).contains(QStringLiteral("autoPasteEnabled")));
-    EXPECT_TRUE(UserDefaults(path).contains(QStringLiteral("userName")));
-    EXPECT_TRUE(command.contains(QStringLiteral("autoPasteEnabled")));
+// The table that the user reads is the one that the program reads.
+TEST(Settings, StandInTheReadme)
+{
+    QFile readme(qEnvironmentVariable("VANTRO_SOURCE_DIR") + QStringLiteral("/README.md"));
+    ASSERT_TRUE(readme.open(QIODevice::ReadOnly));
+    QByteArray table = "| Key | Default | Meaning |\n|---|---|---|\n";
+    for (const SettingKey* row : setting::documented) {
+        const QByteArray otherwise = *row->otherwise != '\0' ? QByteArray(row->otherwise) + ' ' : QByteArray();
+        table += "| `" + QByteArray(row->key.data()) + "` | " + otherwise + "| " + row->meaning + " |\n";
+    }
+    EXPECT_TRUE(readme.readAll().contains("\n\n" + table + "\n")) << "it should read:\n" << table.toStdString();
 }
 
 TEST(UserDefaults, AFileThatCannotBeUsedIsKeptAsideAndNeverOverwritten)
@@ -157,7 +174,7 @@ TEST(UserDefaults, AFileThatCannotBeUsedIsKeptAsideAndNeverOverwritten)
         UserDefaults defaults(path);
         ASSERT_TRUE(defaults.keptAside()) << file.toStdString();
         EXPECT_EQ(defaults.keptAside()->reason, KeptAside::Reason::damaged);
-        defaults.setBoolean(QStringLiteral("autoPasteEnabled"), true);
+        defaults.set(setting::autoPasteEnabled, true);
         EXPECT_EQ(contents(defaults.keptAside()->file), file) << "every one of them is kept";
     }
     EXPECT_FALSE(UserDefaults(path).keptAside()) << "what was written since is whole";

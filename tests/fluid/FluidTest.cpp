@@ -1,4 +1,5 @@
 // The engine behind the catalogue's Parakeet entries, with the small real model under their files' names.
+#include "base/Settings.h"
 #include "tests/asr/AsrTestSupport.h"
 #include "vantro/fluid/FluidTranscriptionProvider.h"
 #include "vantro/fluid/ProgressGate.h"
@@ -88,7 +89,7 @@ TEST_F(Fluid, TheLanguageSettingLimitsTheMultilingualModelOnly)
         return QCoro::waitFor(provider.transcribe(std::move(request)));
     };
     const QString said = QStringLiteral("Can you show me the plan?");
-    defaults.setString(QStringLiteral("SelectedLanguage"), QStringLiteral("uk"));
+    defaults.set(setting::selectedLanguage, QStringLiteral("uk"));
     EXPECT_NE(text("Parakeet v3 (Fluid)", {}), said);
     EXPECT_EQ(text("Parakeet v3 (Fluid)", QStringLiteral("auto")), said);
     EXPECT_EQ(text("Parakeet v3 (Fluid)", QStringLiteral("ja")), said);

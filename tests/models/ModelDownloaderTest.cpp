@@ -184,7 +184,8 @@ TEST_F(Download, TheInterfaceShowsARealDownloadToItsEnd)
     serve();
     FileDownloader files;
     WhisperModelFiles provider(files, store);
-    ModelDownloader downloader([&](const auto&) { return &provider; });
+    const ModelCatalogue catalogue;
+    ModelDownloader downloader(catalogue, [&](const auto&) { return &provider; });
     QList<float> shown;
     QObject::connect(&downloader, &ModelDownloader::progressChanged, &downloader,
                      [&] { shown << downloader.progress(); });
@@ -201,6 +202,7 @@ TEST_F(Download, TheInterfaceShowsARealDownloadToItsEnd)
 
 TEST(ModelDownloader, PublishesOncePerPercentOnTheMainThread)
 {
+    const ModelCatalogue catalogue;
     ProviderDouble provider;
     provider.work = [](const FileDownloader::OnProgress& onProgress) {
         for (qint64 received = 0; received <= 20'000; ++received) {
@@ -210,7 +212,7 @@ TEST(ModelDownloader, PublishesOncePerPercentOnTheMainThread)
             onProgress(progress);
         }
     };
-    ModelDownloader downloader([&](const auto&) { return &provider; });
+    ModelDownloader downloader(catalogue, [&](const auto&) { return &provider; });
     int published = 0;
     QObject::connect(&downloader, &ModelDownloader::progressChanged, &downloader, [&] {
         ++published;
@@ -230,9 +232,10 @@ TEST(ModelDownloader, PublishesOncePerPercentOnTheMainThread)
 
 TEST(ModelDownloader, LeavesTheReasonOfAFailureToBeRead)
 {
+    const ModelCatalogue catalogue;
     ProviderDouble provider;
     ModelProviding* offered = &provider;
-    ModelDownloader downloader([&](const auto&) { return offered; });
+    ModelDownloader downloader(catalogue, [&](const auto&) { return offered; });
     const auto statusAfterDownload = [&downloader](const TranscriptionModel& model) {
         std::optional<bool> isReady;
         auto task = downloader.download(model).then([&isReady](bool ready) { isReady = ready; });

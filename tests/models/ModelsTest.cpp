@@ -1,3 +1,4 @@
+#include "base/Settings.h"
 #include "vantro/models/ModelPreparation.h"
 #include "vantro/models/ModelSelection.h"
 #include "vantro/models/ModelStore.h"
@@ -95,7 +96,7 @@ TEST_F(Models, ANewInstallationAdoptsWhatIsThereElseTheDefaultAndNeverChangesIts
     EXPECT_EQ(selection.selectedModel().name, QStringLiteral("small - default"));
     selection.select(*catalogue.find(QStringLiteral("base.en")));
     EXPECT_EQ(selection.selectedModel().name, QStringLiteral("base.en"));
-    EXPECT_EQ(fresh.string(QStringLiteral("selectedModelName")), QStringLiteral("base.en"));
+    EXPECT_EQ(fresh.stored(setting::selectedModelName), QStringLiteral("base.en"));
 }
 
 TEST_F(Models, AFileThatCannotBeReadIsNotReadyAndStays)
@@ -160,13 +161,14 @@ TEST(ModelHost, TheNearestWordCounts)
     UserDefaults defaults(folder.filePath(QStringLiteral("vantro.ini")));
     qunsetenv("VANTRO_MODEL_HOST");
     EXPECT_EQ(ModelHost::address(defaults, {}), ModelHost::publicAddress());
-    defaults.setString(QStringLiteral("modelHostBaseURL"), QStringLiteral("https://setting.example/models/"));
+    defaults.set(setting::modelHostBaseURL, QStringLiteral("https://setting.example/models/"));
     EXPECT_EQ(ModelHost::address(defaults, {}), QStringLiteral("https://setting.example/models"));
     qputenv("VANTRO_MODEL_HOST", "https://environment.example");
     EXPECT_EQ(ModelHost::address(defaults, {}), QStringLiteral("https://environment.example"));
     EXPECT_EQ(ModelHost::address(defaults, QStringLiteral("file:///mnt/models")), QStringLiteral("file:///mnt/models"));
     qunsetenv("VANTRO_MODEL_HOST");
-    const ModelCatalogue catalogue(ModelHost::address(defaults, {}));
+    ModelCatalogue catalogue;
+    catalogue.setHost(ModelHost::address(defaults, {}));
     EXPECT_EQ(catalogue.find(QStringLiteral("small - default"))->url,
               QStringLiteral("https://setting.example/models/resolve/main/ggml-small.bin"));
 }

@@ -1,6 +1,7 @@
 // The update check against a real HTTP server that answers rightly, wrongly or not at all.
 #include "vantro/support/UpdateChecker.h"
 
+#include "base/Settings.h"
 #include "platform/testing/FakeWorkspace.h"
 #include "tests/WaitFor.h"
 
@@ -131,7 +132,7 @@ TEST_F(Updates, SkippedVersionIsOfferedOnlyToWhoAsks)
     server.serve(manifest("1.10"));
     check(Asker::launch);
     press(1);
-    EXPECT_EQ(defaults.string(QStringLiteral("skippedUpdateVersion")), QStringLiteral("1.10"));
+    EXPECT_EQ(defaults.stored(setting::skippedUpdateVersion), QStringLiteral("1.10"));
     check(Asker::launch);
     EXPECT_EQ(alerts.size(), 1U);
     check(Asker::user);

@@ -1,6 +1,9 @@
 // What the pages of the settings do with the user's lists, and what they say when it cannot be done.
+#include "base/Settings.h"
 #include "platform/testing/FakeSecretStore.h"
+#include "platform/testing/FakeWorkspace.h"
 #include "vantro/ai/providers/KeychainService.h"
+#include "vantro/ui/settings/GeneralSettings.h"
 #include "vantro/ui/settings/ModesModel.h"
 #include "vantro/ui/settings/ProvidersModel.h"
 #include "vantro/ui/settings/VocabularyModel.h"
@@ -17,6 +20,12 @@ constexpr int nameField = 0;
 constexpr int modelField = 1;
 constexpr int addressField = 2;
 constexpr int temperatureField = 5;
+
+struct NoLoginItem final : LoginItem
+{
+    [[nodiscard]] bool isEnabled() const override { return false; }
+    void setEnabled(bool /*enabled*/) override {}
+};
 
 class SettingsPages : public testing::Test
 {
@@ -61,6 +70,40 @@ QString text(const QVariantList& list, int row, const char* member)
 }
 
 } // namespace
+
+TEST_F(SettingsPages, OpenPagesFollowWhatACommandSets)
+{
+    doubles::FakeWorkspace workspace;
+    NoLoginItem loginItem;
+    UpdateChecker updates({defaults, workspace, {}, {}, {}});
+    GeneralSettings general({defaults, loginItem, updates});
+    ModesModel modes({defaults, prompts, manager, [](ProcessingMode) {
+                          return true;
+                      }});
+    int generalChanges = 0;
+    int modesChanges = 0;
+    QObject::connect(&general, &GeneralSettings::changed, [&] { ++generalChanges; });
+    QObject::connect(&modes, &ModesModel::changed, [&] { ++modesChanges; });
+
+    UserDefaults command(folder.filePath(QStringLiteral("vantro.ini")));
+    command.set(setting::holdToTalk, true);
+    command.set(setting::reduceMotion, false);
+    command.set(setting::selectedLanguage, QStringLiteral("de"));
+    command.set(setting::defaultProcessingMode, QStringLiteral("Notes"));
+    defaults.reload();
+    EXPECT_GE(generalChanges, 1);
+    EXPECT_EQ(modesChanges, 1);
+    EXPECT_TRUE(general.holdToTalk());
+    EXPECT_EQ(general.motion(), 1) << "with movement, whatever the desktop wants";
+    EXPECT_TRUE(general.languages().at(general.language()).contains(QStringLiteral("German")));
+    EXPECT_EQ(modes.defaultMode(), static_cast<int>(ProcessingMode::Notes));
+
+    general.setMotion(0);
+    general.setAppearance(2);
+    command.reload();
+    EXPECT_FALSE(command.stored(setting::reduceMotion));
+    EXPECT_EQ(command.get(setting::appearance), QStringLiteral("dark"));
+}
 
 TEST_F(SettingsPages, AFullListTakesNoMoreAndARemovedWordComesBackToItsPlace)
 {
@@ -133,7 +176,7 @@ TEST_F(SettingsPages, AModesProviderFollowsTheListOfProviders)
     EXPECT_EQ(prompts.configuration(ProcessingMode::Grammar), ModeConfiguration());
 
     page.setDefaultMode(static_cast<int>(ProcessingMode::Notes));
-    EXPECT_EQ(defaults.string(QStringLiteral("defaultProcessingMode")), QStringLiteral("Notes"));
+    EXPECT_EQ(defaults.stored(setting::defaultProcessingMode), QStringLiteral("Notes"));
     page.setDefaultMode(5);
     EXPECT_EQ(page.defaultMode(), static_cast<int>(ProcessingMode::Notes));
 }

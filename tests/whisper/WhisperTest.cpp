@@ -1,4 +1,5 @@
 // The engine with a real model (scripts/get-model puts it where the program looks) and people's recordings.
+#include "base/Settings.h"
 #include "vantro/cli/AudioFile.h"
 #include "vantro/models/ModelCatalogue.h"
 #include "vantro/whisper/WhisperTranscriptionProvider.h"
@@ -175,7 +176,7 @@ TEST_F(Whisper, TheProviderLoadsWhileTheUserSpeaksAndUnloadsAfterwardsUnlessTold
     EXPECT_TRUE(isLoaded());
     provider.dictationEnded();
     EXPECT_FALSE(isLoaded());
-    defaults.setBoolean(QStringLiteral("whisperKeepModelInMemory"), true);
+    defaults.set(setting::whisperKeepModelInMemory, true);
     provider.prepare(tiny);
     provider.dictationEnded();
     EXPECT_TRUE(isLoaded());

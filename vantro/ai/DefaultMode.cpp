@@ -1,16 +1,17 @@
 #include "vantro/ai/DefaultMode.h"
 
+#include "base/Settings.h"
+
 namespace vantro {
 
 ProcessingMode defaultMode(const UserDefaults& defaults)
 {
-    return processingModeFromRawValue(defaults.string(defaultModeKey).value_or(QString()))
-        .value_or(ProcessingMode::Normal);
+    return processingModeFromRawValue(defaults.get(setting::defaultProcessingMode)).value_or(ProcessingMode::Normal);
 }
 
 void setDefaultMode(UserDefaults& defaults, ProcessingMode mode)
 {
-    defaults.setString(defaultModeKey, rawValue(mode));
+    defaults.set(setting::defaultProcessingMode, rawValue(mode));
 }
 
 } // namespace vantro

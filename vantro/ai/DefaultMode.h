@@ -5,8 +5,6 @@
 
 namespace vantro {
 
-inline const QString defaultModeKey = QStringLiteral("defaultProcessingMode");
-
 /// The mode in which dictations begin: Normal until the user chooses another.
 ProcessingMode defaultMode(const UserDefaults& defaults);
 void setDefaultMode(UserDefaults& defaults, ProcessingMode mode);

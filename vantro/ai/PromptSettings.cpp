@@ -1,5 +1,6 @@
 #include "vantro/ai/PromptSettings.h"
 
+#include "base/Settings.h"
 #include "vantro/ai/BuiltInPrompts.h"
 
 #include <QJsonDocument>
@@ -14,9 +15,9 @@ namespace {
 /// The members of a stored object that are named after a mode, each decoded. Nothing when the object or one of its
 /// members is of another kind.
 template <typename Value, typename Decode>
-std::optional<std::map<ProcessingMode, Value>> decoded(const std::optional<QByteArray>& json, Decode decode)
+std::optional<std::map<ProcessingMode, Value>> decoded(const QByteArray& json, Decode decode)
 {
-    const QJsonDocument document = QJsonDocument::fromJson(json.value_or(QByteArray()));
+    const QJsonDocument document = QJsonDocument::fromJson(json);
     if (!document.isObject())
         return std::nullopt;
     std::map<ProcessingMode, Value> values;
@@ -72,16 +73,16 @@ QJsonValue configurationToJson(const ModeConfiguration& configuration)
     return object;
 }
 
-/// Reads @p map from @p key; absent or unreadable leaves it as it is.
+/// Reads @p map from @p setting; absent or unreadable leaves it as it is.
 template <typename Map, typename Decode>
-void load(UserDefaults& defaults, const QString& key, Map& map, Decode decode)
+void load(UserDefaults& defaults, const Setting<QByteArray>& setting, Map& map, Decode decode)
 {
-    if (!defaults.contains(key))
+    if (!defaults.contains(setting.key))
         return;
-    if (auto values = decoded<typename Map::mapped_type>(defaults.data(key), decode))
+    if (auto values = decoded<typename Map::mapped_type>(defaults.get(setting), decode))
         map = std::move(*values);
     else
-        defaults.keepUnreadable(key);
+        defaults.keepUnreadable(setting.key);
 }
 
 } // namespace
@@ -92,22 +93,23 @@ PromptSettings::PromptSettings(UserDefaults& defaults) : defaults_(defaults)
     loadCustomModeNames();
     loadModeConfigurations();
     complete();
-    connect(&defaults, &UserDefaults::changedElsewhere, this, &PromptSettings::read);
+    connect(&defaults, &UserDefaults::changed, this, &PromptSettings::read);
 }
 
 void PromptSettings::loadPrompts()
 {
-    load(defaults_, userDefaultsKey_, prompts_, stringFromJson);
+    load(defaults_, setting::customPrompts, prompts_, stringFromJson);
 }
 
 void PromptSettings::loadCustomModeNames()
 {
-    load(defaults_, customModeNamesKey_, customModeNames_, stringFromJson);
+    customModeNames_.clear();
+    load(defaults_, setting::customModeNames, customModeNames_, stringFromJson);
 }
 
 void PromptSettings::loadModeConfigurations()
 {
-    load(defaults_, modeConfigurationsKey_, modeConfigurations_, configurationFromJson);
+    load(defaults_, setting::modeConfigurations, modeConfigurations_, configurationFromJson);
 }
 
 void PromptSettings::complete()
@@ -121,32 +123,32 @@ void PromptSettings::complete()
     saveModeConfigurations();
 }
 
-void PromptSettings::read(const QStringList& keys)
+void PromptSettings::read(const QString& key)
 {
-    if (keys.contains(userDefaultsKey_))
+    if (key == setting::customPrompts.key)
         loadPrompts();
-    if (keys.contains(customModeNamesKey_)) {
-        customModeNames_.clear();
+    else if (key == setting::customModeNames.key)
         loadCustomModeNames();
-    }
-    if (keys.contains(modeConfigurationsKey_))
+    else if (key == setting::modeConfigurations.key)
         loadModeConfigurations();
+    else
+        return;
     Q_EMIT changed();
 }
 
 void PromptSettings::savePrompts()
 {
-    defaults_.setData(userDefaultsKey_, encoded(prompts_, stringToJson));
+    defaults_.set(setting::customPrompts, encoded(prompts_, stringToJson));
 }
 
 void PromptSettings::saveCustomModeNames()
 {
-    defaults_.setData(customModeNamesKey_, encoded(customModeNames_, stringToJson));
+    defaults_.set(setting::customModeNames, encoded(customModeNames_, stringToJson));
 }
 
 void PromptSettings::saveModeConfigurations()
 {
-    defaults_.setData(modeConfigurationsKey_, encoded(modeConfigurations_, configurationToJson));
+    defaults_.set(setting::modeConfigurations, encoded(modeConfigurations_, configurationToJson));
 }
 
 void PromptSettings::setSelectedMode(ProcessingMode mode)
@@ -167,7 +169,6 @@ void PromptSettings::setPrompt(ProcessingMode mode, const QString& prompt)
 {
     prompts_[mode] = prompt;
     savePrompts();
-    Q_EMIT changed();
 }
 
 ModeConfiguration PromptSettings::configuration(ProcessingMode mode) const
@@ -180,7 +181,6 @@ void PromptSettings::setConfiguration(ProcessingMode mode, const ModeConfigurati
 {
     modeConfigurations_[mode] = configuration;
     saveModeConfigurations();
-    Q_EMIT changed();
 }
 
 QString PromptSettings::displayName(ProcessingMode mode) const
@@ -196,7 +196,6 @@ void PromptSettings::setCustomModeName(ProcessingMode mode, const QString& name)
     else
         customModeNames_[mode] = name;
     saveCustomModeNames();
-    Q_EMIT changed();
 }
 
 } // namespace vantro

@@ -53,11 +53,8 @@ private:
     void savePrompts();
     void saveCustomModeNames();
     void saveModeConfigurations();
-    void read(const QStringList& keys);
+    void read(const QString& key);
 
-    const QString userDefaultsKey_ = QStringLiteral("customPrompts");
-    const QString customModeNamesKey_ = QStringLiteral("customModeNames");
-    const QString modeConfigurationsKey_ = QStringLiteral("modeConfigurations");
     UserDefaults& defaults_;
     ProcessingMode selectedMode_ = ProcessingMode::Email;
     Prompts prompts_;

@@ -1,5 +1,7 @@
 #include "vantro/app/AppDelegate.h"
 
+#include "base/Notifications.h"
+#include "base/Settings.h"
 #include "platform/Wording.h"
 #include "vantro/ai/providers/LegacyKeyName.h"
 
@@ -15,8 +17,7 @@ AppDelegate::AppDelegate(Parts parts) : parts_(std::move(parts)) {}
 void AppDelegate::applicationDidFinishLaunching()
 {
     UserDefaults& defaults = parts_.dictation.defaults;
-    shell().applyTheme();
-    if (defaults.boolean(QStringLiteral("checkForUpdatesOnLaunch"), false))
+    if (defaults.get(setting::checkForUpdatesOnLaunch))
         shell().checkForUpdates();
     renameLegacyKey(defaults);
     parts_.migrations.runTranscriptionTrimMigrationIfNeeded();
@@ -53,9 +54,8 @@ void AppDelegate::observeNotifications()
 {
     auto& center = parts_.dictation.notifications;
     observations_.push_back(
-        center.observe(QStringLiteral("permissions:close"), [this](const auto&) { shell().closeOnboarding(); }));
-    observations_.push_back(
-        center.observe(QStringLiteral("download:model:success"), [this](const auto&) { modelDownloaded(); }));
+        center.observe(notification::onboardingClosed, [this](const auto&) { shell().closeOnboarding(); }));
+    observations_.push_back(center.observe(notification::modelDownloaded, [this](const auto&) { modelDownloaded(); }));
     connect(&parts_.shortcuts, &KeyboardShortcuts::shortcutFailed, this, &AppDelegate::shortcutFailed);
 }
 

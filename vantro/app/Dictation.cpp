@@ -1,5 +1,7 @@
 #include "vantro/app/Dictation.h"
 
+#include "base/Notifications.h"
+#include "base/Settings.h"
 #include "platform/Wording.h"
 #include "vantro/ai/DefaultMode.h"
 #include "vantro/app/ProcessingErrorMessage.h"
@@ -115,7 +117,7 @@ void Dictation::endRecording()
     if (parts_.chooseService)
         service_ = parts_.chooseService(mode_, stop_.get_token());
     enter(State::draining);
-    parts_.notifications.post(QStringLiteral("recorder:process:start"));
+    parts_.notifications.post(notification::recordingProcesses);
     if (mode_ == ProcessingMode::Notes) {
         closeLauncher();
         parts_.shell.bringWindowsBack();
@@ -199,7 +201,7 @@ void Dictation::announce(const QString& finalText, const std::optional<QString>&
         info[QStringLiteral("hasError")] = true;
         info[QStringLiteral("errorMessage")] = *errorMessage;
     }
-    parts_.notifications.post(QStringLiteral("recorder:finish"), info);
+    parts_.notifications.post(notification::recordingFinished, info);
 }
 
 /// A note has been filed by its handler and goes nowhere else.
@@ -210,13 +212,13 @@ QCoro::Task<> Dictation::deliver(QString text)
         co_return;
     enter(State::delivering);
     const QRect launcherFrame = launcher_->frame();
-    if (parts_.defaults.boolean(QStringLiteral("autoPasteEnabled"), true)) {
+    if (parts_.defaults.get(setting::autoPasteEnabled)) {
         co_await paste(text, launcherFrame);
     } else {
         parts_.delivery.copy(text);
         parts_.shell.showPasteHUD(launcherFrame);
     }
-    if (parts_.defaults.boolean(QStringLiteral("playSoundOnComplete"), false))
+    if (parts_.defaults.get(setting::playSoundOnComplete))
         parts_.sounds.play(QStringLiteral("Blow"));
 }
 

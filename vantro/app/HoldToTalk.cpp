@@ -1,10 +1,10 @@
 #include "vantro/app/HoldToTalk.h"
 
+#include "base/Settings.h"
+
 #include <utility>
 
 namespace vantro {
-
-const QString HoldToTalk::settingKey = QStringLiteral("holdToTalk");
 
 HoldToTalk::HoldToTalk(KeyboardShortcuts& shortcuts, UserDefaults& defaults, Clock& clock, Begin begin)
     : defaults_(defaults)
@@ -21,7 +21,7 @@ HoldToTalk::HoldToTalk(KeyboardShortcuts& shortcuts, UserDefaults& defaults, Clo
 
 void HoldToTalk::pressed()
 {
-    isHold_ = defaults_.boolean(settingKey, false);
+    isHold_ = defaults_.get(setting::holdToTalk);
     if (isHold_)
         held_ = begin_(Dictation::Keyboard::left);
 }

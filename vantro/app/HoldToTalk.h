@@ -21,7 +21,6 @@ class HoldToTalk : public QObject
 {
     Q_OBJECT
 public:
-    static const QString settingKey;
     static constexpr std::chrono::milliseconds shortestHold{300};
 
     /// Begins a dictation, unless one is under way.

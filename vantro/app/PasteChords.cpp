@@ -1,6 +1,7 @@
 #include "vantro/app/PasteChords.h"
 
 #include "base/Logger.h"
+#include "base/Settings.h"
 
 #include <QHash>
 #include <QJsonDocument>
@@ -87,7 +88,7 @@ std::optional<Chord> chordNamed(const QString& name)
 Table fromSettings(const UserDefaults& defaults)
 {
     static const Logger logger("PasteChords");
-    const auto json = defaults.data(QStringLiteral("pasteChords"));
+    const auto json = defaults.stored(setting::pasteChords);
     if (!json)
         return {};
     const QJsonDocument document = QJsonDocument::fromJson(*json);

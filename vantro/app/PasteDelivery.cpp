@@ -1,6 +1,7 @@
 #include "vantro/app/PasteDelivery.h"
 
 #include "base/Logger.h"
+#include "base/Settings.h"
 #include "platform/Wording.h"
 #include "vantro/app/PasteChords.h"
 
@@ -119,7 +120,7 @@ PasteDelivery::Restore PasteDelivery::takeFormer(const QString& dictated)
     const auto pending = std::exchange(pending_, std::nullopt);
     ++generation_;
     Restore result;
-    if (!defaults_.boolean(QStringLiteral("copyToClipboardEnabled"), false))
+    if (!defaults_.get(setting::copyToClipboardEnabled))
         result.clipboard = former(Selection::Clipboard, dictated, pending ? pending->clipboard : std::nullopt);
     if (pending)
         result.primary = pending->primary;

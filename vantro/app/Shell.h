@@ -19,7 +19,6 @@ class Shell
 public:
     virtual ~Shell() = default;
 
-    virtual void applyTheme() = 0;
     /// In the background.
     virtual void checkForUpdates() = 0;
 

@@ -1,6 +1,6 @@
 #include "vantro/audio/AudioDeviceManager.h"
 
-#include "base/UserDefaults.h"
+#include "base/Settings.h"
 
 #include <algorithm>
 #include <limits>
@@ -10,17 +10,12 @@ namespace vantro {
 
 namespace {
 
-const QString modeKey = QStringLiteral("audioInputMode");
-const QString deviceKey = QStringLiteral("selectedAudioDeviceID");
-const QString deviceUidKey = QStringLiteral("selectedAudioDeviceUID");
-const QString prioritiesKey = QStringLiteral("prioritizedDevices");
-
 std::optional<AudioDeviceID> storedDevice(const UserDefaults& defaults)
 {
-    const auto number = defaults.integer(deviceKey);
-    if (!number || *number < 0 || *number > std::numeric_limits<AudioDeviceID>::max())
+    const qint64 number = defaults.get(setting::selectedAudioDeviceID);
+    if (number < 0 || number > std::numeric_limits<AudioDeviceID>::max())
         return std::nullopt;
-    return static_cast<AudioDeviceID>(*number);
+    return static_cast<AudioDeviceID>(number);
 }
 
 template <typename Member, typename Value>
@@ -37,36 +32,46 @@ AudioDeviceManager::AudioDeviceManager(AudioHardware& hardware, UserDefaults& de
     , defaults_(defaults)
     , availableDevices_(hardware.inputDevices())
 {
-    readSettings();
-    followSelectedDevice();
+    adoptSelectedDevice();
+    adoptInputMode();
+    adoptPrioritizedDevices();
     connect(&hardware_, &AudioHardware::devicesChanged, this, &AudioDeviceManager::refreshAvailableDevices);
-    connect(&defaults_, &UserDefaults::changedElsewhere, this, &AudioDeviceManager::adoptSettings);
+    connect(&defaults_, &UserDefaults::changed, this, &AudioDeviceManager::adoptSetting);
 }
 
-void AudioDeviceManager::readSettings()
+void AudioDeviceManager::adoptSetting(const QString& key)
 {
+    if (key == setting::selectedAudioDeviceID.key || key == setting::selectedAudioDeviceUID.key)
+        adoptSelectedDevice();
+    else if (key == setting::audioInputMode.key)
+        adoptInputMode();
+    else if (key == setting::prioritizedDevices.key)
+        adoptPrioritizedDevices();
+}
+
+void AudioDeviceManager::adoptSelectedDevice()
+{
+    const auto former = std::pair(selectedDeviceID_, selectedUid_);
     selectedDeviceID_ = storedDevice(defaults_);
-    selectedUid_ = defaults_.string(deviceUidKey).value_or(QString());
-    inputMode_ = audioInputModeFromRawValue(defaults_.string(modeKey).value_or(QString()))
-                     .value_or(AudioInputMode::systemDefault);
-    prioritizedDevices_ = decodePrioritizedDevices(defaults_.data(prioritiesKey).value_or(QByteArray()));
+    selectedUid_ = defaults_.get(setting::selectedAudioDeviceUID);
+    // Each process numbers the devices in its own way.
+    if (const AudioInputDevice* const device = customDevice(availableDevices_))
+        selectedDeviceID_ = device->id;
+    if (former != std::pair(selectedDeviceID_, selectedUid_))
+        Q_EMIT selectedDeviceIDChanged();
 }
 
-void AudioDeviceManager::adoptSettings(const QStringList& keys)
+void AudioDeviceManager::adoptInputMode()
 {
-    const auto concerns = [&keys](const QString& key) {
-        return keys.contains(key);
-    };
-    const bool isOtherDevice = concerns(deviceKey) || concerns(deviceUidKey);
-    readSettings();
-    // The other process numbers the devices in its own way.
-    followSelectedDevice();
-    if (isOtherDevice)
-        Q_EMIT selectedDeviceIDChanged();
-    if (concerns(modeKey))
-        Q_EMIT inputModeChanged();
-    if (concerns(prioritiesKey))
-        Q_EMIT prioritizedDevicesChanged();
+    inputMode_ =
+        audioInputModeFromRawValue(defaults_.get(setting::audioInputMode)).value_or(AudioInputMode::systemDefault);
+    Q_EMIT inputModeChanged();
+}
+
+void AudioDeviceManager::adoptPrioritizedDevices()
+{
+    prioritizedDevices_ = decodePrioritizedDevices(defaults_.get(setting::prioritizedDevices));
+    Q_EMIT prioritizedDevicesChanged();
 }
 
 // Asks the hardware itself: the list that is shown may be an announcement behind.
@@ -139,11 +144,8 @@ void AudioDeviceManager::followSelectedDevice()
 
 void AudioDeviceManager::setInputMode(AudioInputMode mode)
 {
-    if (mode == inputMode_)
-        return;
-    inputMode_ = mode;
-    defaults_.setString(modeKey, rawValue(mode));
-    Q_EMIT inputModeChanged();
+    if (mode != inputMode_)
+        defaults_.set(setting::audioInputMode, rawValue(mode));
 }
 
 void AudioDeviceManager::setSelectedDeviceID(std::optional<AudioDeviceID> device)
@@ -153,26 +155,21 @@ void AudioDeviceManager::setSelectedDeviceID(std::optional<AudioDeviceID> device
     const QString uid = known != nullptr ? known->uid : QString();
     if (device == selectedDeviceID_ && uid == selectedUid_)
         return;
-    selectedDeviceID_ = device;
-    selectedUid_ = uid;
-    if (device)
-        defaults_.setInteger(deviceKey, *device);
-    else
-        defaults_.remove(deviceKey);
+    // The identifier first: the number follows it.
     if (uid.isEmpty())
-        defaults_.remove(deviceUidKey);
+        defaults_.remove(setting::selectedAudioDeviceUID.key);
     else
-        defaults_.setString(deviceUidKey, uid);
-    Q_EMIT selectedDeviceIDChanged();
+        defaults_.set(setting::selectedAudioDeviceUID, uid);
+    if (device)
+        defaults_.set(setting::selectedAudioDeviceID, *device);
+    else
+        defaults_.remove(setting::selectedAudioDeviceID.key);
 }
 
 void AudioDeviceManager::setPrioritizedDevices(const std::vector<PrioritizedDevice>& devices)
 {
-    if (devices == prioritizedDevices_)
-        return;
-    prioritizedDevices_ = devices;
-    defaults_.setData(prioritiesKey, encodePrioritizedDevices(devices));
-    Q_EMIT prioritizedDevicesChanged();
+    if (devices != prioritizedDevices_)
+        defaults_.set(setting::prioritizedDevices, encodePrioritizedDevices(devices));
 }
 
 std::vector<PrioritizedDevice> AudioDeviceManager::priorityOrder() const

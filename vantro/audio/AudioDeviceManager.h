@@ -62,8 +62,10 @@ private:
     [[nodiscard]] const AudioInputDevice* customDevice(const std::vector<AudioInputDevice>& present) const;
     [[nodiscard]] const AudioInputDevice* firstPrioritizedDevice(const std::vector<AudioInputDevice>& present) const;
     void followSelectedDevice();
-    void readSettings();
-    void adoptSettings(const QStringList& keys);
+    void adoptSetting(const QString& key);
+    void adoptSelectedDevice();
+    void adoptInputMode();
+    void adoptPrioritizedDevices();
     void setPriorityOrder(std::vector<PrioritizedDevice> order);
 
     AudioHardware& hardware_;

@@ -1,6 +1,6 @@
 #include "vantro/audio/HeadsetSwitch.h"
 
-#include "base/UserDefaults.h"
+#include "base/Settings.h"
 #include "vantro/audio/AudioDeviceManager.h"
 #include "vantro/audio/AudioRecorder.h"
 
@@ -23,8 +23,6 @@ bool belongsTo(const QString& uid, const HeadsetCard& card)
 }
 
 } // namespace
-
-const QString HeadsetSwitch::settingKey = QStringLiteral("bluetoothHeadsetProfile");
 
 std::optional<HeadsetSwitch::Plan> HeadsetSwitch::plan(const std::vector<QString>& wanted,
                                                        const std::vector<AudioInputDevice>& present,
@@ -75,7 +73,7 @@ void HeadsetSwitch::recordingChanged()
 void HeadsetSwitch::begin()
 {
     // Still switched for the recording before.
-    if (switched_ || !defaults_.boolean(settingKey, false))
+    if (switched_ || !defaults_.get(setting::bluetoothHeadsetProfile))
         return;
     const auto wanted = plan(devices_.wantedDevices(), devices_.availableDevices(), cards_.headsets());
     if (!wanted)

@@ -25,7 +25,6 @@ class HeadsetSwitch : public QObject
 {
     Q_OBJECT
 public:
-    static const QString settingKey;
     /// After the recording, so that its last block is not cut off.
     static constexpr std::chrono::milliseconds switchBackDelay{300};
 

@@ -1,7 +1,7 @@
 #include "vantro/cli/DevicesCommand.h"
 
+#include "base/Settings.h"
 #include "platform/Wording.h"
-#include "vantro/audio/HeadsetSwitch.h"
 #include "vantro/cli/DevicesSession.h"
 #include "vantro/cli/ExitCode.h"
 #include "vantro/cli/Terminal.h"
@@ -194,9 +194,9 @@ int bluetooth(DevicesSession& session, const QStringList& words)
     if (words.size() > 1 || !QStringList{QString(), QStringLiteral("on"), QStringLiteral("off")}.contains(wanted))
         return wrongUsage(QStringLiteral("devices bluetooth is on or off"));
     if (!wanted.isEmpty())
-        session.defaults.setBoolean(HeadsetSwitch::settingKey, wanted == QLatin1String("on"));
-    terminal::writeLine(session.defaults.boolean(HeadsetSwitch::settingKey, false) ? QStringLiteral("on")
-                                                                                   : QStringLiteral("off"));
+        session.defaults.set(setting::bluetoothHeadsetProfile, wanted == QLatin1String("on"));
+    terminal::writeLine(session.defaults.get(setting::bluetoothHeadsetProfile) ? QStringLiteral("on")
+                                                                               : QStringLiteral("off"));
     return ExitCode::done;
 }
 

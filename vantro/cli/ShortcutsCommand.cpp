@@ -1,9 +1,9 @@
 #include "vantro/cli/ShortcutsCommand.h"
 
 #include "KeyboardShortcuts/ShortcutValidator.h"
+#include "base/Settings.h"
 #include "platform/KeyCode.h"
 #include "platform/Platform.h"
-#include "vantro/app/HoldToTalk.h"
 #include "vantro/cli/ExitCode.h"
 #include "vantro/cli/RunningProgram.h"
 #include "vantro/cli/Terminal.h"
@@ -64,7 +64,7 @@ struct Session
 
     [[nodiscard]] QString mode() const
     {
-        return defaults.boolean(HoldToTalk::settingKey, false) ? QStringLiteral("hold") : QStringLiteral("press");
+        return defaults.get(setting::holdToTalk) ? QStringLiteral("hold") : QStringLiteral("press");
     }
 };
 
@@ -256,7 +256,7 @@ int test(Session& session, const Name& name)
 int mode(Session& session, const QString& wanted)
 {
     if (!wanted.isEmpty())
-        session.defaults.setBoolean(HoldToTalk::settingKey, wanted == QLatin1String("hold"));
+        session.defaults.set(setting::holdToTalk, wanted == QLatin1String("hold"));
     if (session.json)
         writeJson({{QStringLiteral("mode"), session.mode()}});
     else

@@ -1,5 +1,6 @@
 #include "vantro/fluid/FluidTranscriptionProvider.h"
 
+#include "base/Settings.h"
 #include "vantro/text/TextReplacer.h"
 
 #include <utility>
@@ -62,8 +63,7 @@ std::optional<asr::Language> FluidTranscriptionProvider::languageHint(const Tran
 {
     if (!request.model.fluidModel.value().isMultilingual)
         return std::nullopt;
-    const QString code =
-        request.language.value_or(defaults_.string(QStringLiteral("SelectedLanguage")).value_or(QString()));
+    const QString code = request.language.value_or(defaults_.get(setting::selectedLanguage));
     return asr::languageFromCode(code.toStdString()).value_or(asr::Language::english);
 }
 

@@ -1,6 +1,7 @@
 #include "vantro/main/Program.h"
 
 #include "KeyboardShortcuts/RawKeyMonitor.h"
+#include "base/Settings.h"
 #include "platform/KeyCode.h"
 #include "platform/Platform.h"
 #include "vantro/ai/ModeHandlers.h"
@@ -85,9 +86,9 @@ private:
     FileDownloader fileDownloader_;
     WhisperModelFiles whisperFiles_{fileDownloader_, modelStore_};
     FluidModelDownloads fluidDownloads_{fileDownloader_, fluidFiles_};
-    ModelDownloader modelDownloader_{[this](const TranscriptionModel& model) {
-        return &filesOf(model);
-    }};
+    ModelDownloader modelDownloader_{catalogue_, [this](const TranscriptionModel& model) {
+                                         return &filesOf(model);
+                                     }};
     VocabularySettings vocabulary_{defaults_};
     WhisperInProcessEngine whisperEngine_;
     WhisperTranscriptionProvider whisper_{whisperEngine_, modelStore_, defaults_, vocabulary_};
@@ -139,6 +140,10 @@ void Program::connectShell()
 {
     QObject::connect(&windows_, &Windows::dictateRequested, &delegate_, [this] { delegate_.showLauncherAndRecord(); });
     QObject::connect(&windows_, &Windows::quitRequested, qApp, &QCoreApplication::quit);
+    QObject::connect(&defaults_, &UserDefaults::changed, &delegate_, [this](const QString& key) {
+        if (key == setting::modelHostBaseURL.key)
+            catalogue_.setHost(ModelHost::address(defaults_, options_.modelHost));
+    });
     // A session that only saves itself, or whose end is called off, costs no dictation: nothing is lost before the end.
     for (const auto request : {&QGuiApplication::commitDataRequest, &QGuiApplication::saveStateRequest})
         QObject::connect(qGuiApp, request, &delegate_, &leaveStartToAutostart);

@@ -1,5 +1,7 @@
 #include "vantro/main/Windows.h"
 
+#include "base/Notifications.h"
+#include "base/Settings.h"
 #include "vantro/app/Dictation.h"
 #include "vantro/app/VisibleModes.h"
 #include "vantro/support/SupportMail.h"
@@ -76,7 +78,7 @@ Windows::Windows(Parts parts)
     onboarding_.onClosed([this] {
         isSandboxMode_ = false;
         parts_.downloader.cancel(); // what was fetched is kept
-        parts_.notifications.post(QStringLiteral("permissions:close"));
+        parts_.notifications.post(notification::onboardingClosed);
     });
     // Later: who changes a setting does not expect a window meanwhile.
     connect(&parts_.defaults, &UserDefaults::writeFailed, this, &Windows::tellOfUnsavedSettings, Qt::QueuedConnection);
@@ -186,9 +188,7 @@ LazyWindow::Content Windows::settingsContent()
     LazyWindow::Content content;
     put(content, "general",
         std::make_unique<GeneralSettings>(
-            GeneralSettings::Parts{parts_.defaults, *parts_.platform.loginItem, updates_, [this] {
-                                       ui_.applyTheme();
-                                   }}));
+            GeneralSettings::Parts{parts_.defaults, *parts_.platform.loginItem, updates_}));
     put(content, "microphone",
         std::make_unique<MicrophoneSettings>(parts_.platform.makeAudioEngine, parts_.devices, parts_.clock));
     put(content, "openRecorder", makeRecorder(KeyboardShortcuts::Name::openModal));
@@ -213,6 +213,10 @@ std::unique_ptr<ModelListModel> Windows::makeModelList()
         [this](const TranscriptionModel& model) { parts_.models.select(model); },
         [this](const TranscriptionModel& model) { showModelDownload(model, {}); }, parts_.removeModel});
     connect(&parts_.downloader, &ModelDownloader::isRunningChanged, models.get(), &ModelListModel::refresh);
+    connect(&parts_.defaults, &UserDefaults::changed, models.get(), [list = models.get()](const QString& key) {
+        if (key == setting::selectedModelName.key)
+            list->refresh();
+    });
     return models;
 }
 

@@ -60,7 +60,6 @@ public:
     explicit Windows(Parts parts);
     ~Windows() override;
 
-    void applyTheme() override { ui_.applyTheme(); }
     void checkForUpdates() override { updates_.check(UpdateChecker::Asker::launch); }
     [[nodiscard]] std::unique_ptr<LauncherPanel> makeLauncher(Dictation& dictation) override;
     void showPasteHUD(std::optional<QRect> anchor) override { hud_.showHUD(anchor); }

@@ -61,7 +61,7 @@ constexpr FluidEntry fluidEntries[] = {
      "parakeet-tdt-0.6b-v2-en", "ggml-parakeet-tdt-0.6b-v2-q8_0.bin"},
 };
 
-TranscriptionModel fluidEntry(const FluidEntry& entry, const QString& modelHost)
+TranscriptionModel fluidEntry(const FluidEntry& entry)
 {
     TranscriptionModel model;
     model.id = QUuid::createUuid();
@@ -73,13 +73,12 @@ TranscriptionModel fluidEntry(const FluidEntry& entry, const QString& modelHost)
     model.description = wording::fluidModel() + QLatin1Char(' ') + QLatin1String(entry.merit);
     model.supportedLanguages = entry.languages;
     model.engine = TranscriptionEngine::fluid;
-    model.fluidModel = FluidModel{
-        QLatin1String(entry.repository), entry.languages == SupportedLanguages::multilingual, QLatin1String(entry.file),
-        ModelHost::fluidAddress(modelHost) + QLatin1String("/resolve/main/") + QLatin1String(entry.file)};
+    model.fluidModel = FluidModel{QLatin1String(entry.repository), entry.languages == SupportedLanguages::multilingual,
+                                  QLatin1String(entry.file)};
     return model;
 }
 
-TranscriptionModel whisperEntry(const WhisperEntry& entry, const QString& modelHost)
+TranscriptionModel whisperEntry(const WhisperEntry& entry)
 {
     TranscriptionModel model;
     model.id = QUuid::createUuid();
@@ -91,7 +90,7 @@ TranscriptionModel whisperEntry(const WhisperEntry& entry, const QString& modelH
     model.description = QLatin1String(entry.description);
     model.supportedLanguages = entry.languages;
     model.hash = QLatin1String(entry.sha1);
-    model.url = modelHost + QLatin1String("/resolve/main/") + QLatin1String(entry.file);
+    model.url = QLatin1String(entry.file);
     return model;
 }
 
@@ -100,9 +99,21 @@ TranscriptionModel whisperEntry(const WhisperEntry& entry, const QString& modelH
 ModelCatalogue::ModelCatalogue(const QString& modelHost)
 {
     for (const FluidEntry& entry : fluidEntries)
-        models_.push_back(fluidEntry(entry, modelHost));
+        models_.push_back(fluidEntry(entry));
     for (const WhisperEntry& entry : whisperEntries)
-        models_.push_back(whisperEntry(entry, modelHost));
+        models_.push_back(whisperEntry(entry));
+    setHost(modelHost);
+}
+
+void ModelCatalogue::setHost(const QString& modelHost)
+{
+    const auto folder = QStringLiteral("/resolve/main/");
+    for (TranscriptionModel& model : models_) {
+        if (model.fluidModel)
+            model.fluidModel->url = ModelHost::fluidAddress(modelHost) + folder + model.fluidModel->file;
+        else
+            model.url = modelHost + folder + model.fileName();
+    }
 }
 
 const TranscriptionModel* ModelCatalogue::find(const QString& name) const

@@ -9,12 +9,15 @@
 
 namespace vantro {
 
-/// The fixed, ordered list of speech models. Built once, immutable afterwards, readable from any thread.
+/// The fixed, ordered list of speech models; only the host that serves them may change. Main thread.
 class ModelCatalogue
 {
 public:
     /// @p modelHost: base address that serves the files under "/resolve/main/", as ModelHost finds it.
     explicit ModelCatalogue(const QString& modelHost = ModelHost::publicAddress());
+
+    /// Writes the addresses anew; pointers to entries stay valid.
+    void setHost(const QString& modelHost);
 
     [[nodiscard]] const std::vector<TranscriptionModel>& models() const { return models_; }
     /// Exact comparison; null when the catalogue has no such entry.

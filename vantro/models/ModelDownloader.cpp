@@ -20,7 +20,11 @@ bool ModelDownloader::PublishGate::opensFor(float fraction)
     return true;
 }
 
-ModelDownloader::ModelDownloader(ProviderOf providerOf) : providerOf_(std::move(providerOf)) {}
+ModelDownloader::ModelDownloader(const ModelCatalogue& catalogue, ProviderOf providerOf)
+    : catalogue_(catalogue)
+    , providerOf_(std::move(providerOf))
+{
+}
 
 ModelDownloader::~ModelDownloader()
 {
@@ -69,6 +73,9 @@ QCoro::Task<bool> ModelDownloader::download(TranscriptionModel model)
 
 QCoro::Task<> ModelDownloader::fetch(TranscriptionModel model)
 {
+    // The host may be another one since the caller took its copy.
+    if (const auto* current = catalogue_.find(model.name))
+        model = *current;
     ModelProviding* provider = providerOf_(model);
     if (provider == nullptr)
         throw Error(tr("This installation has no engine for the model \"%1\". Choose another model.").arg(model.name));

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "vantro/models/ModelCatalogue.h"
 #include "vantro/models/ModelProviding.h"
 #include "vantro/models/TransferRate.h"
 
@@ -33,7 +34,7 @@ public:
     /// The provider of a model's engine; null where this installation has none.
     using ProviderOf = std::function<ModelProviding*(const TranscriptionModel&)>;
 
-    explicit ModelDownloader(ProviderOf providerOf);
+    ModelDownloader(const ModelCatalogue& catalogue, ProviderOf providerOf);
     ~ModelDownloader() override;
 
     /// Whether the model is ready afterwards. A failure is left in statusText. A download that runs is not disturbed:
@@ -67,6 +68,7 @@ private:
     void setProgress(float progress, const QString& rateText);
     void setStatusText(const std::optional<QString>& text);
 
+    const ModelCatalogue& catalogue_;
     ProviderOf providerOf_;
     std::shared_ptr<DownloadTask> downloadTask_;
     float progress_ = 0;

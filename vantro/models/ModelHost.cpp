@@ -1,5 +1,7 @@
 #include "vantro/models/ModelHost.h"
 
+#include "base/Settings.h"
+
 namespace vantro {
 
 QString ModelHost::publicAddress()
@@ -23,7 +25,7 @@ QString ModelHost::address(const UserDefaults& defaults, const QString& option)
     if (address.isEmpty())
         address = qEnvironmentVariable("VANTRO_MODEL_HOST");
     if (address.isEmpty())
-        address = defaults.string(QStringLiteral("modelHostBaseURL")).value_or(QString());
+        address = defaults.get(setting::modelHostBaseURL);
     if (address.isEmpty())
         address = publicAddress();
     while (address.endsWith(QLatin1Char('/')))

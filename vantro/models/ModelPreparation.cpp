@@ -1,6 +1,7 @@
 #include "vantro/models/ModelPreparation.h"
 
 #include "base/Logger.h"
+#include "base/Settings.h"
 #include "vantro/models/PartFile.h"
 #include "vantro/models/Sha1.h"
 
@@ -18,7 +19,6 @@ namespace vantro {
 
 namespace {
 
-constexpr QLatin1String migratedKey("whisperLegacyCacheMigrated");
 constexpr qint64 chunkBytes = 1'048'576;
 
 /// For a legacy folder on another disk: the file arrives whole or not at all.
@@ -39,7 +39,7 @@ void copyAndSettle(QFile& source, PartFile& part, const QString& sha1)
 
 ModelPreparation::ModelPreparation(const ModelCatalogue& catalogue, const ModelStore& store, UserDefaults& defaults,
                                    QString legacyFolder)
-    : catalogue_(catalogue)
+    : models_(catalogue.models())
     , store_(store)
     , defaults_(defaults)
     , legacyFolder_(std::move(legacyFolder))
@@ -53,16 +53,16 @@ QString ModelPreparation::standardLegacyFolder()
 
 QCoro::Task<> ModelPreparation::run()
 {
-    if (!defaults_.boolean(migratedKey, false)) {
+    if (!defaults_.get(setting::whisperLegacyCacheMigrated)) {
         co_await files_.run([this] { migrateLegacyFiles(); });
-        defaults_.setBoolean(migratedKey, true);
+        defaults_.set(setting::whisperLegacyCacheMigrated, true);
     }
     co_await files_.run([this] { verifyUncheckedFiles(); });
 }
 
 void ModelPreparation::migrateLegacyFiles() const
 {
-    for (const TranscriptionModel& model : catalogue_.models()) {
+    for (const TranscriptionModel& model : models_) {
         if (model.engine != TranscriptionEngine::whisper)
             continue;
         const QString file = legacyFolder_ + QLatin1Char('/') + model.fileName();
@@ -104,7 +104,7 @@ void ModelPreparation::migrate(const TranscriptionModel& model, const QString& l
 
 void ModelPreparation::verifyUncheckedFiles() const
 {
-    for (const TranscriptionModel& model : catalogue_.models()) {
+    for (const TranscriptionModel& model : models_) {
         if (store_.status(model).state == ModelStatus::State::unchecked)
             store_.check(model);
     }

@@ -28,7 +28,7 @@ private:
     void migrate(const TranscriptionModel& model, const QString& legacyFile) const;
     void verifyUncheckedFiles() const;
 
-    const ModelCatalogue& catalogue_;
+    const std::vector<TranscriptionModel> models_; ///< a copy of its own, for the worker thread
     const ModelStore& store_;
     UserDefaults& defaults_;
     QString legacyFolder_;

@@ -1,6 +1,7 @@
 #include "vantro/models/ModelSelection.h"
 
 #include "base/Logger.h"
+#include "base/Settings.h"
 
 #include <algorithm>
 #include <utility>
@@ -9,9 +10,6 @@ namespace vantro {
 
 namespace {
 
-constexpr QLatin1String selectedModelName("selectedModelName");
-constexpr QLatin1String adoptedFromCache("selectedModelAdoptedFromCache");
-constexpr QLatin1String defaultedOnce("selectedModelDefaultedOnce");
 constexpr QLatin1String defaultModel("small - default");
 
 } // namespace
@@ -25,25 +23,24 @@ ModelSelection::ModelSelection(const ModelCatalogue& catalogue, UserDefaults& de
 
 const TranscriptionModel* ModelSelection::stored() const
 {
-    const auto name = defaults_.string(selectedModelName);
+    const auto name = defaults_.stored(setting::selectedModelName);
     return name ? catalogue_.find(*name) : nullptr;
 }
 
 const TranscriptionModel& ModelSelection::selectedModel()
 {
-    defaults_.reload(); // a command may have selected another one meanwhile
     if (const auto* model = stored())
         return *model;
-    if (!defaults_.boolean(adoptedFromCache, false)) {
-        defaults_.setBoolean(adoptedFromCache, true);
-        if (!defaults_.contains(selectedModelName))
+    if (!defaults_.get(setting::selectedModelAdoptedFromCache)) {
+        defaults_.set(setting::selectedModelAdoptedFromCache, true);
+        if (!defaults_.contains(setting::selectedModelName.key))
             adoptReadyModel(QStringLiteral("Adopted cached model as selection: "));
     }
-    if (!defaults_.boolean(defaultedOnce, false)) {
-        defaults_.setBoolean(defaultedOnce, true);
-        if (!defaults_.contains(selectedModelName) &&
+    if (!defaults_.get(setting::selectedModelDefaultedOnce)) {
+        defaults_.set(setting::selectedModelDefaultedOnce, true);
+        if (!defaults_.contains(setting::selectedModelName.key) &&
             !adoptReadyModel(QStringLiteral("Adopted cached model as default selection: "))) {
-            defaults_.setString(selectedModelName, defaultModel);
+            defaults_.set(setting::selectedModelName, defaultModel);
             printLine(QStringLiteral("Defaulted new installation to whisper small"));
         }
     }
@@ -54,7 +51,7 @@ const TranscriptionModel& ModelSelection::selectedModel()
 
 void ModelSelection::select(const TranscriptionModel& model)
 {
-    defaults_.setString(selectedModelName, model.name);
+    defaults_.set(setting::selectedModelName, model.name);
 }
 
 bool ModelSelection::adoptReadyModel(const QString& announcement)

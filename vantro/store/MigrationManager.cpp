@@ -1,6 +1,7 @@
 #include "vantro/store/MigrationManager.h"
 
 #include "base/Logger.h"
+#include "base/Settings.h"
 #include "vantro/store/SearchText.h"
 
 #include <limits>
@@ -40,7 +41,7 @@ MigrationManager::MigrationManager(UserDefaults& userDefaults, CoreDataStack& co
 
 void MigrationManager::runTranscriptionTrimMigrationIfNeeded()
 {
-    runIfNeeded({trimMigrationKey_, QStringLiteral("transcription trim migration"),
+    runIfNeeded({setting::hasRunTranscriptionTrimMigration, QStringLiteral("transcription trim migration"),
                  QStringLiteral("Transcription trim migration"), [this] {
                      trimTranscriptions();
                  }});
@@ -48,7 +49,8 @@ void MigrationManager::runTranscriptionTrimMigrationIfNeeded()
 
 void MigrationManager::runEmptyTranscriptionDeleteMigrationIfNeeded()
 {
-    runIfNeeded({emptyDeleteMigrationKey_, QStringLiteral("empty transcription deletion migration"),
+    runIfNeeded({setting::hasRunEmptyTranscriptionDeleteMigration,
+                 QStringLiteral("empty transcription deletion migration"),
                  QStringLiteral("Empty transcription deletion migration"), [this] {
                      deleteEmptyTranscriptions();
                  }});
@@ -56,7 +58,7 @@ void MigrationManager::runEmptyTranscriptionDeleteMigrationIfNeeded()
 
 void MigrationManager::runIfNeeded(const Repair& repair)
 {
-    if (userDefaults_.boolean(repair.key, false)) {
+    if (userDefaults_.get(repair.isDone)) {
         printLine(QStringLiteral("%1 already run, skipping").arg(repair.headline));
         return;
     }
@@ -66,7 +68,7 @@ void MigrationManager::runIfNeeded(const Repair& repair)
     } catch (const std::exception& error) {
         printLine(QStringLiteral("Error during %1: %2").arg(repair.name, localizedDescription(error)));
     }
-    userDefaults_.setBoolean(repair.key, true);
+    userDefaults_.set(repair.isDone, true);
     printLine(QStringLiteral("%1 completed").arg(repair.headline));
 }
 

@@ -25,7 +25,7 @@ public:
 private:
     struct Repair
     {
-        QString key;
+        const Setting<bool>& isDone;
         QString name;     ///< as in "Running NAME..."
         QString headline; ///< the same with a capital
         std::function<void()> run;
@@ -37,8 +37,6 @@ private:
 
     UserDefaults& userDefaults_;
     CoreDataStack& coreDataStack_;
-    const QString trimMigrationKey_ = QStringLiteral("hasRunTranscriptionTrimMigration");
-    const QString emptyDeleteMigrationKey_ = QStringLiteral("hasRunEmptyTranscriptionDeleteMigration");
 };
 
 } // namespace vantro

@@ -1,6 +1,7 @@
 #include "vantro/support/UpdateChecker.h"
 
 #include "base/Logger.h"
+#include "base/Settings.h"
 
 #include <QPointer>
 
@@ -77,7 +78,7 @@ QCoro::Task<std::optional<UpdateInfo>> UpdateChecker::fetch()
 
 bool UpdateChecker::isSkipped(const UpdateInfo& update) const
 {
-    return parts_.defaults.string(skippedVersionKey_) == update.version;
+    return parts_.defaults.stored(setting::skippedUpdateVersion) == update.version;
 }
 
 void UpdateChecker::setChecking(bool checking)
@@ -106,7 +107,7 @@ void UpdateChecker::answer(const UpdateInfo& update, std::optional<int> button)
     if (button == downloadButton && update.url.scheme() == QLatin1String("https"))
         parts_.workspace.openUrl(update.url.toString(QUrl::FullyEncoded));
     else if (button == skipButton)
-        parts_.defaults.setString(skippedVersionKey_, update.version);
+        parts_.defaults.set(setting::skippedUpdateVersion, update.version);
     isShowingAlert_ = false;
     userAsks_ = false;
 }

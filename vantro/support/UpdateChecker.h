@@ -56,8 +56,6 @@ public:
 
     [[nodiscard]] bool isChecking() const { return isChecking_; }
     [[nodiscard]] bool isShowingAlert() const { return isShowingAlert_; }
-    /// The settings key of the version the user chose to skip.
-    [[nodiscard]] const QString& skippedVersionKey() const { return skippedVersionKey_; }
 
 Q_SIGNALS:
     void isCheckingChanged();
@@ -73,7 +71,6 @@ private:
     Parts parts_;
     std::optional<HttpExchange> http_; ///< during a check
     bool isChecking_ = false;
-    const QString skippedVersionKey_ = QStringLiteral("skippedUpdateVersion");
     bool isShowingAlert_ = false;
     bool userAsks_ = false;
 };

@@ -1,5 +1,6 @@
 #include "vantro/text/VocabularySettings.h"
 
+#include "base/Settings.h"
 #include "vantro/text/VocabularyJson.h"
 
 #include <QSet>
@@ -12,12 +13,11 @@ VocabularySettings::VocabularySettings(UserDefaults& defaults) : defaults_(defau
 {
     loadVocabulary();
     loadReplacements();
-    connect(&defaults, &UserDefaults::changedElsewhere, this, [this](const QStringList& keys) {
-        if (keys.contains(vocabularyKey_)) {
+    connect(&defaults, &UserDefaults::changed, this, [this](const QString& key) {
+        if (key == setting::customVocabulary.key) {
             loadVocabulary();
             Q_EMIT customVocabularyChanged();
-        }
-        if (keys.contains(replacementsKey_)) {
+        } else if (key == setting::textReplacements.key) {
             loadReplacements();
             Q_EMIT textReplacementsChanged();
         }
@@ -27,9 +27,9 @@ VocabularySettings::VocabularySettings(UserDefaults& defaults) : defaults_(defau
 void VocabularySettings::loadVocabulary()
 {
     customVocabulary_.clear();
-    const auto data = defaults_.data(vocabularyKey_);
+    const auto data = defaults_.stored(setting::customVocabulary);
     const auto words = data ? vocabularyFromJson(*data) : std::nullopt;
-    vocabularyUnreadable_ = defaults_.contains(vocabularyKey_) && !words;
+    vocabularyUnreadable_ = defaults_.contains(setting::customVocabulary.key) && !words;
     QSet<QString> taken;
     for (const QString& stored : words.value_or(QStringList())) {
         const QString word = stored.trimmed();
@@ -42,29 +42,27 @@ void VocabularySettings::loadVocabulary()
 
 void VocabularySettings::loadReplacements()
 {
-    const auto data = defaults_.data(replacementsKey_);
+    const auto data = defaults_.stored(setting::textReplacements);
     auto replacements = data ? replacementsFromJson(*data) : std::nullopt;
-    replacementsUnreadable_ = defaults_.contains(replacementsKey_) && !replacements;
+    replacementsUnreadable_ = defaults_.contains(setting::textReplacements.key) && !replacements;
     textReplacements_ = std::move(replacements).value_or(std::vector<TextReplacement>());
 }
 
 void VocabularySettings::saveVocabulary()
 {
-    save(vocabularyKey_, toJson(customVocabulary_), vocabularyUnreadable_);
-    Q_EMIT customVocabularyChanged();
+    save(setting::customVocabulary, toJson(customVocabulary_), vocabularyUnreadable_);
 }
 
 void VocabularySettings::saveReplacements()
 {
-    save(replacementsKey_, toJson(textReplacements_), replacementsUnreadable_);
-    Q_EMIT textReplacementsChanged();
+    save(setting::textReplacements, toJson(textReplacements_), replacementsUnreadable_);
 }
 
-void VocabularySettings::save(const QString& key, const QByteArray& json, bool& unreadable)
+void VocabularySettings::save(const Setting<QByteArray>& setting, const QByteArray& json, bool unreadable)
 {
-    if (std::exchange(unreadable, false))
-        defaults_.keepUnreadable(key);
-    defaults_.setData(key, json);
+    if (unreadable)
+        defaults_.keepUnreadable(setting.key);
+    defaults_.set(setting, json);
 }
 
 void VocabularySettings::addVocabularyWord(const QString& word)

@@ -67,10 +67,8 @@ private:
     void loadReplacements();
     void saveVocabulary();
     void saveReplacements();
-    void save(const QString& key, const QByteArray& json, bool& unreadable);
+    void save(const Setting<QByteArray>& setting, const QByteArray& json, bool unreadable);
 
-    const QString vocabularyKey_ = QStringLiteral("customVocabulary");
-    const QString replacementsKey_ = QStringLiteral("textReplacements");
     UserDefaults& defaults_;
     QStringList customVocabulary_;
     std::vector<TextReplacement> textReplacements_;

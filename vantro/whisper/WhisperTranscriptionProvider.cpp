@@ -1,5 +1,6 @@
 #include "vantro/whisper/WhisperTranscriptionProvider.h"
 
+#include "base/Settings.h"
 #include "vantro/text/TextReplacer.h"
 
 #include <qcoro/qcorofuture.h>
@@ -64,8 +65,7 @@ QCoro::Task<QString> WhisperTranscriptionProvider::transcribe(TranscriptionReque
     co_await loaded;
     if (cancelled != cancelCount_)
         throw WhisperInProcessError::transcriptionFailed(codeOfAbort);
-    const QString language = request.language.value_or(
-        defaults_.string(QStringLiteral("SelectedLanguage")).value_or(QStringLiteral("auto")));
+    const QString language = request.language.value_or(defaults_.get(setting::selectedLanguage));
     WhisperInProcessEngine::Request work;
     work.samples = std::move(request.samples);
     work.language = language;
@@ -85,7 +85,7 @@ void WhisperTranscriptionProvider::cancel()
 void WhisperTranscriptionProvider::dictationEnded()
 {
     ++endedCount_;
-    if (!defaults_.boolean(QStringLiteral("whisperKeepModelInMemory"), false))
+    if (!defaults_.get(setting::whisperKeepModelInMemory))
         engine_.unload();
 }
 

@@ -1,5 +1,6 @@
 // The list of providers, its stored form, the rules of its form, and the keys that belong to it.
 #include "base/RunTask.h"
+#include "base/Settings.h"
 #include "platform/testing/FakeSecretStore.h"
 #include "vantro/ai/providers/KeychainError.h"
 #include "vantro/ai/providers/KeychainService.h"
@@ -22,7 +23,7 @@ class Providers : public ::testing::Test
 protected:
     [[nodiscard]] QJsonArray stored() const
     {
-        return QJsonDocument::fromJson(*defaults.data(ProviderConfigurationManager::userDefaultsKey)).array();
+        return QJsonDocument::fromJson(defaults.get(setting::providerConfigurations)).array();
     }
 
     QTemporaryDir folder;
@@ -83,7 +84,7 @@ TEST_F(Providers, TheStoredFormHasTheFieldsUnderTheirNames)
         "parameters": {"maxTokens": 5, "temperature": 0.25, "reasoningEffort": "low"}},
         {"id": "6f9619ff-8b86-4d01-b42d-00cf4fc964fe", "name": "Plain", "providerType": "Google Gemini", "model": "g",
         "isEnabled": true}])");
-    defaults.setData(ProviderConfigurationManager::userDefaultsKey, text.toUtf8());
+    defaults.set(setting::providerConfigurations, text.toUtf8());
     ProviderConfigurationManager manager(defaults, keychain);
     ASSERT_EQ(manager.configurations().size(), 2U);
     const ProviderConfiguration& home = manager.configurations().front();
@@ -111,10 +112,10 @@ TEST_F(Providers, AListThatCannotBeReadIsKeptAsideAndNoKeyIsLost)
                "isEnabled": true}])",
           R"([{"id": "6f9619ff-8b86-4d01-b42d-00cf4fc964ff", "name": "n", "providerType": "OpenAI", "model": "m",
                "isEnabled": true, "parameters": {"maxTokens": "5"}}])"}) {
-        defaults.setData(ProviderConfigurationManager::userDefaultsKey, damaged);
+        defaults.set(setting::providerConfigurations, damaged);
         ProviderConfigurationManager manager(defaults, keychain);
         EXPECT_EQ(manager.configurations().size(), 3U) << damaged;
-        EXPECT_EQ(defaults.data(ProviderConfigurationManager::unreadableListKey), QByteArray(damaged));
+        EXPECT_EQ(defaults.read<QByteArray>(QStringLiteral("providerConfigurations.unreadable")), QByteArray(damaged));
         EXPECT_EQ(stored().size(), 3) << damaged;
         EXPECT_EQ(failure(manager.cleanUpOrphanedKeys()), std::nullopt);
         EXPECT_EQ(store.secrets.size(), 1U);
@@ -203,9 +204,9 @@ TEST(LegacyKeyName, MovesTheTextAndNothingElse)
     const QTemporaryDir folder;
     UserDefaults defaults(folder.filePath(QStringLiteral("settings.ini")));
     renameLegacyKey(defaults);
-    EXPECT_FALSE(defaults.contains(QStringLiteral("userKey")));
-    defaults.setString(QStringLiteral("userOpenAIKey"), QStringLiteral("value"));
+    EXPECT_FALSE(defaults.contains(setting::userKey.key));
+    defaults.set(setting::formerUserKey, QStringLiteral("value"));
     renameLegacyKey(defaults);
-    EXPECT_EQ(defaults.string(QStringLiteral("userKey")), QStringLiteral("value"));
-    EXPECT_FALSE(defaults.contains(QStringLiteral("userOpenAIKey")));
+    EXPECT_EQ(defaults.stored(setting::userKey), QStringLiteral("value"));
+    EXPECT_FALSE(defaults.contains(setting::formerUserKey.key));
 }

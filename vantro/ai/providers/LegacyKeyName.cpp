@@ -1,20 +1,19 @@
 #include "vantro/ai/providers/LegacyKeyName.h"
 
 #include "base/Logger.h"
+#include "base/Settings.h"
 
 namespace vantro {
 
 void renameLegacyKey(UserDefaults& defaults)
 {
-    const auto formerName = QStringLiteral("userOpenAIKey");
-    const auto name = QStringLiteral("userKey");
-    const auto value = defaults.string(formerName);
+    const auto value = defaults.stored(setting::formerUserKey);
     if (!value)
         return;
     printLine(QStringLiteral("Migrating key name"));
-    defaults.setString(name, *value);
-    if (defaults.string(name) == value)
-        defaults.remove(formerName);
+    defaults.set(setting::userKey, *value);
+    if (defaults.stored(setting::userKey) == value)
+        defaults.remove(setting::formerUserKey.key);
 }
 
 } // namespace vantro

@@ -1,5 +1,6 @@
 #include "vantro/ai/providers/ProviderConfigurationManager.h"
 
+#include "base/Settings.h"
 #include "vantro/ai/providers/KeychainError.h"
 
 #include <QJsonArray>
@@ -11,7 +12,7 @@ namespace vantro {
 
 namespace {
 
-const auto cleanUpDueKey = QStringLiteral("providerKeyCleanUpDue");
+const QString unreadableListKey = setting::providerConfigurations.key + QStringLiteral(".unreadable");
 const auto accountPrefix = QStringLiteral("provider-");
 
 } // namespace
@@ -21,8 +22,8 @@ ProviderConfigurationManager::ProviderConfigurationManager(UserDefaults& default
     , keychain_(keychain)
 {
     load();
-    connect(&defaults_, &UserDefaults::changedElsewhere, this, [this](const QStringList& keys) {
-        if (keys.contains(userDefaultsKey))
+    connect(&defaults_, &UserDefaults::changed, this, [this](const QString& key) {
+        if (key == setting::providerConfigurations.key)
             load();
     });
 }
@@ -36,10 +37,10 @@ const ProviderConfiguration* ProviderConfigurationManager::find(const QUuid& id)
 void ProviderConfigurationManager::load()
 {
     const auto former = configurations_;
-    const auto data = defaults_.data(userDefaultsKey);
+    const auto data = defaults_.stored(setting::providerConfigurations);
     if (!data || !decode(*data)) {
         if (data)
-            setAside(*data);
+            defaults_.keepUnreadable(setting::providerConfigurations.key);
         configurations_ = ProviderConfiguration::defaults();
         save();
     } else if (configurations_ != former) {
@@ -63,20 +64,12 @@ bool ProviderConfigurationManager::decode(const QByteArray& data)
     return true;
 }
 
-void ProviderConfigurationManager::setAside(const QByteArray& data)
-{
-    defaults_.setData(unreadableListKey, data);
-    logger_.error(tr("The stored list of providers cannot be read. It is kept in the settings as %1; the list begins "
-                     "anew with the defaults")
-                      .arg(unreadableListKey));
-}
-
 void ProviderConfigurationManager::save()
 {
     QJsonArray array;
     for (const ProviderConfiguration& configuration : configurations_)
         array.append(configuration.toJson());
-    defaults_.setData(userDefaultsKey, QJsonDocument(array).toJson(QJsonDocument::Compact));
+    defaults_.set(setting::providerConfigurations, QJsonDocument(array).toJson(QJsonDocument::Compact));
     Q_EMIT configurationsChanged();
 }
 
@@ -99,7 +92,7 @@ void ProviderConfigurationManager::remove(const QUuid& id)
 {
     if (std::erase_if(configurations_, [&id](const auto& configuration) { return configuration.id == id; }) == 0)
         return;
-    defaults_.setBoolean(cleanUpDueKey, true);
+    defaults_.set(setting::providerKeyCleanUpDue, true);
     save();
 }
 
@@ -128,7 +121,7 @@ QCoro::Task<> ProviderConfigurationManager::cleanUpOrphanedKeys()
         co_await keychain_.remove(account);
         printLine(QStringLiteral("Cleaned up orphaned API key: ") + account);
     }
-    defaults_.remove(cleanUpDueKey);
+    defaults_.remove(setting::providerKeyCleanUpDue.key);
 }
 
 QCoro::Task<> ProviderConfigurationManager::cleanUpWhenPossible()
@@ -142,7 +135,7 @@ QCoro::Task<> ProviderConfigurationManager::cleanUpWhenPossible()
 
 bool ProviderConfigurationManager::isCleanUpDue() const
 {
-    return defaults_.boolean(cleanUpDueKey, false);
+    return defaults_.get(setting::providerKeyCleanUpDue);
 }
 
 } // namespace vantro

@@ -18,10 +18,6 @@ class ProviderConfigurationManager final : public QObject
 {
     Q_OBJECT
 public:
-    static inline const QString userDefaultsKey = QStringLiteral("providerConfigurations");
-    /// Where a stored list goes that cannot be read, so that nothing of it is lost.
-    static inline const QString unreadableListKey = userDefaultsKey + QStringLiteral(".unreadable");
-
     ProviderConfigurationManager(UserDefaults& defaults, KeychainServicing& keychain);
 
     [[nodiscard]] const std::vector<ProviderConfiguration>& configurations() const { return configurations_; }
@@ -54,7 +50,6 @@ Q_SIGNALS:
 
 private:
     [[nodiscard]] bool decode(const QByteArray& data);
-    void setAside(const QByteArray& data);
 
     Logger logger_{"ProviderConfigurationManager"};
     UserDefaults& defaults_;

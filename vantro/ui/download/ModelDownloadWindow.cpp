@@ -1,5 +1,6 @@
 #include "vantro/ui/download/ModelDownloadWindow.h"
 
+#include "base/Notifications.h"
 #include "vantro/ui/style/UiEngine.h"
 
 void qml_register_types_Vantro_Download();
@@ -14,7 +15,7 @@ ModelDownloadWindow::ModelDownloadWindow(QQmlEngine& engine, ModelDownloader& do
     keepModule(qml_register_types_Vantro_Download);
     load(QStringLiteral("Download/ModelDownload.qml"), {{QStringLiteral("model"), QVariant::fromValue(&model_)}});
     connect(&model_, &ModelDownloadModel::succeeded, this,
-            [&notifications] { notifications.post(QStringLiteral("download:model:success")); });
+            [&notifications] { notifications.post(notification::modelDownloaded); });
 }
 
 ModelDownloadWindow::~ModelDownloadWindow()

@@ -1,5 +1,6 @@
 #include "vantro/ui/launcher/Launcher.h"
 
+#include "base/Notifications.h"
 #include "vantro/app/Dictation.h"
 #include "vantro/ui/style/PanelShape.h"
 #include "vantro/ui/style/UiEngine.h"
@@ -145,7 +146,7 @@ void Launcher::closePanel()
     dictation_.cancelRecording();
     inFocusActionObserver_.reset();
     setSource(QUrl());
-    notifications_.post(QStringLiteral("launcher:closed"));
+    notifications_.post(notification::launcherClosed);
     // The window manager gives the keyboard back to the window that had it before.
     hide();
 }

@@ -1,5 +1,6 @@
 #include "vantro/ui/onboarding/OnboardingModel.h"
 
+#include "base/Notifications.h"
 #include "platform/Wording.h"
 
 #include <algorithm>
@@ -34,7 +35,7 @@ OnboardingModel::OnboardingModel(Parts parts)
     download_.setModel(parts_.model, {});
     connect(&download_, &ModelDownloadModel::statusChanged, this, &OnboardingModel::changed);
     connect(&download_, &ModelDownloadModel::succeeded, this,
-            [this] { parts_.notifications.post(QStringLiteral("download:model:success")); });
+            [this] { parts_.notifications.post(notification::modelDownloaded); });
     setStep(Microphone);
 }
 
@@ -148,7 +149,7 @@ void OnboardingModel::startDownload()
 
 void OnboardingModel::finish()
 {
-    parts_.notifications.post(QStringLiteral("permissions:close"));
+    parts_.notifications.post(notification::onboardingClosed);
 }
 
 } // namespace vantro

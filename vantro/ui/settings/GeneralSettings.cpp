@@ -1,5 +1,6 @@
 #include "vantro/ui/settings/GeneralSettings.h"
 
+#include "base/Settings.h"
 #include "vantro/ui/settings/SpokenLanguages.h"
 
 #include <algorithm>
@@ -7,107 +8,41 @@
 
 namespace vantro {
 
-namespace {
-
-const QString appearanceKey = QStringLiteral("appearance");
-const QString motionKey = QStringLiteral("reduceMotion");
-const QString languageKey = QStringLiteral("SelectedLanguage");
-
-} // namespace
-
 GeneralSettings::GeneralSettings(Parts parts) : parts_(std::move(parts))
 {
     connect(&parts_.updates, &UpdateChecker::isCheckingChanged, this, &GeneralSettings::checkingChanged);
-}
-
-void GeneralSettings::store(const char* key, bool value)
-{
-    parts_.defaults.setBoolean(QLatin1String(key), value);
-    problem_.clear();
-    Q_EMIT changed();
-}
-
-bool GeneralSettings::autoPaste() const
-{
-    return parts_.defaults.boolean(QStringLiteral("autoPasteEnabled"), true);
-}
-
-void GeneralSettings::setAutoPaste(bool on)
-{
-    store("autoPasteEnabled", on);
-}
-
-bool GeneralSettings::keepOnClipboard() const
-{
-    return parts_.defaults.boolean(QStringLiteral("copyToClipboardEnabled"), false);
-}
-
-void GeneralSettings::setKeepOnClipboard(bool on)
-{
-    store("copyToClipboardEnabled", on);
-}
-
-bool GeneralSettings::playSound() const
-{
-    return parts_.defaults.boolean(QStringLiteral("playSoundOnComplete"), false);
-}
-
-void GeneralSettings::setPlaySound(bool on)
-{
-    store("playSoundOnComplete", on);
-}
-
-bool GeneralSettings::keepModelInMemory() const
-{
-    return parts_.defaults.boolean(QStringLiteral("whisperKeepModelInMemory"), false);
-}
-
-void GeneralSettings::setKeepModelInMemory(bool on)
-{
-    store("whisperKeepModelInMemory", on);
-}
-
-bool GeneralSettings::holdToTalk() const
-{
-    return parts_.defaults.boolean(QStringLiteral("holdToTalk"), false);
-}
-
-void GeneralSettings::setHoldToTalk(bool on)
-{
-    store("holdToTalk", on);
+    connect(&parts_.defaults, &UserDefaults::changed, this, [this] {
+        problem_.clear();
+        Q_EMIT changed();
+    });
 }
 
 int GeneralSettings::appearance() const
 {
-    const QString stored = parts_.defaults.string(appearanceKey).value_or(QString());
+    const QString stored = parts_.defaults.get(setting::appearance);
     return stored == QLatin1String("light") ? 1 : stored == QLatin1String("dark") ? 2 : 0;
 }
 
 void GeneralSettings::setAppearance(int index)
 {
     if (index == 0)
-        parts_.defaults.remove(appearanceKey);
+        parts_.defaults.remove(setting::appearance.key);
     else
-        parts_.defaults.setString(appearanceKey, index == 1 ? QStringLiteral("light") : QStringLiteral("dark"));
-    parts_.applyTheme();
-    Q_EMIT changed();
+        parts_.defaults.set(setting::appearance, index == 1 ? QStringLiteral("light") : QStringLiteral("dark"));
 }
 
 int GeneralSettings::motion() const
 {
-    if (!parts_.defaults.contains(motionKey))
-        return 0;
-    return parts_.defaults.boolean(motionKey, false) ? 2 : 1;
+    const auto reduced = parts_.defaults.stored(setting::reduceMotion);
+    return !reduced ? 0 : *reduced ? 2 : 1;
 }
 
 void GeneralSettings::setMotion(int index)
 {
     if (index == 0)
-        parts_.defaults.remove(motionKey);
+        parts_.defaults.remove(setting::reduceMotion.key);
     else
-        parts_.defaults.setBoolean(motionKey, index == 2);
-    parts_.applyTheme();
-    Q_EMIT changed();
+        parts_.defaults.set(setting::reduceMotion, index == 2);
 }
 
 void GeneralSettings::setLaunchAtLogin(bool on)
@@ -121,16 +56,6 @@ void GeneralSettings::setLaunchAtLogin(bool on)
     Q_EMIT changed();
 }
 
-bool GeneralSettings::checkForUpdates() const
-{
-    return parts_.defaults.boolean(QStringLiteral("checkForUpdatesOnLaunch"), false);
-}
-
-void GeneralSettings::setCheckForUpdates(bool on)
-{
-    store("checkForUpdatesOnLaunch", on);
-}
-
 void GeneralSettings::checkForUpdatesNow()
 {
     parts_.updates.check(UpdateChecker::Asker::user);
@@ -138,7 +63,7 @@ void GeneralSettings::checkForUpdatesNow()
 
 int GeneralSettings::language() const
 {
-    const QString code = parts_.defaults.string(languageKey).value_or(QStringLiteral("auto"));
+    const QString code = parts_.defaults.get(setting::selectedLanguage);
     const auto& all = spokenLanguages();
     const auto found = std::ranges::find(all, code, &SpokenLanguage::code);
     return found != all.end() ? static_cast<int>(found - all.begin()) : 0;
@@ -148,8 +73,7 @@ void GeneralSettings::setLanguage(int index)
 {
     const auto& all = spokenLanguages();
     if (index >= 0 && index < static_cast<int>(all.size()))
-        parts_.defaults.setString(languageKey, all[static_cast<std::size_t>(index)].code);
-    Q_EMIT changed();
+        parts_.defaults.set(setting::selectedLanguage, all[static_cast<std::size_t>(index)].code);
 }
 
 QStringList GeneralSettings::languages() const

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "base/UserDefaults.h"
+#include "base/Settings.h"
 #include "platform/LoginItem.h"
 #include "vantro/support/UpdateChecker.h"
 
@@ -8,11 +8,10 @@
 #include <QStringList>
 #include <QtQml/qqmlregistration.h>
 
-#include <functional>
-
 namespace vantro {
 
-/// The page "General": every change is written at once. Main thread; lives as long as its window.
+/// The page "General": every change is written at once, and a change from elsewhere is shown at once. Main thread;
+/// lives as long as its window.
 class GeneralSettings : public QObject
 {
     Q_OBJECT
@@ -37,21 +36,20 @@ public:
         UserDefaults& defaults;
         LoginItem& loginItem;
         UpdateChecker& updates;
-        std::function<void()> applyTheme;
     };
 
     explicit GeneralSettings(Parts parts);
 
-    [[nodiscard]] bool autoPaste() const;
-    void setAutoPaste(bool on);
-    [[nodiscard]] bool keepOnClipboard() const;
-    void setKeepOnClipboard(bool on);
-    [[nodiscard]] bool playSound() const;
-    void setPlaySound(bool on);
-    [[nodiscard]] bool keepModelInMemory() const;
-    void setKeepModelInMemory(bool on);
-    [[nodiscard]] bool holdToTalk() const;
-    void setHoldToTalk(bool on);
+    [[nodiscard]] bool autoPaste() const { return parts_.defaults.get(setting::autoPasteEnabled); }
+    void setAutoPaste(bool on) { parts_.defaults.set(setting::autoPasteEnabled, on); }
+    [[nodiscard]] bool keepOnClipboard() const { return parts_.defaults.get(setting::copyToClipboardEnabled); }
+    void setKeepOnClipboard(bool on) { parts_.defaults.set(setting::copyToClipboardEnabled, on); }
+    [[nodiscard]] bool playSound() const { return parts_.defaults.get(setting::playSoundOnComplete); }
+    void setPlaySound(bool on) { parts_.defaults.set(setting::playSoundOnComplete, on); }
+    [[nodiscard]] bool keepModelInMemory() const { return parts_.defaults.get(setting::whisperKeepModelInMemory); }
+    void setKeepModelInMemory(bool on) { parts_.defaults.set(setting::whisperKeepModelInMemory, on); }
+    [[nodiscard]] bool holdToTalk() const { return parts_.defaults.get(setting::holdToTalk); }
+    void setHoldToTalk(bool on) { parts_.defaults.set(setting::holdToTalk, on); }
     /// 0 the desktop's, 1 light, 2 dark.
     [[nodiscard]] int appearance() const;
     void setAppearance(int index);
@@ -60,8 +58,8 @@ public:
     void setMotion(int index);
     [[nodiscard]] bool launchAtLogin() const { return parts_.loginItem.isEnabled(); }
     void setLaunchAtLogin(bool on);
-    [[nodiscard]] bool checkForUpdates() const;
-    void setCheckForUpdates(bool on);
+    [[nodiscard]] bool checkForUpdates() const { return parts_.defaults.get(setting::checkForUpdatesOnLaunch); }
+    void setCheckForUpdates(bool on) { parts_.defaults.set(setting::checkForUpdatesOnLaunch, on); }
     [[nodiscard]] bool isCheckingForUpdates() const { return parts_.updates.isChecking(); }
     /// Of the speech; an index into languages().
     [[nodiscard]] int language() const;
@@ -77,8 +75,6 @@ Q_SIGNALS:
     void checkingChanged();
 
 private:
-    void store(const char* key, bool value);
-
     Parts parts_;
     QString problem_;
 };

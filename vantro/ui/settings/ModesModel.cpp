@@ -1,5 +1,6 @@
 #include "vantro/ui/settings/ModesModel.h"
 
+#include "base/Settings.h"
 #include "vantro/ai/BuiltInPrompts.h"
 #include "vantro/ai/DefaultMode.h"
 
@@ -27,8 +28,8 @@ ModesModel::ModesModel(Parts parts) : parts_(std::move(parts))
         Q_EMIT changed();
     });
     connect(&parts_.providers, &ProviderConfigurationManager::configurationsChanged, this, &ModesModel::changed);
-    connect(&parts_.defaults, &UserDefaults::changedElsewhere, this, [this](const QStringList& keys) {
-        if (keys.contains(defaultModeKey))
+    connect(&parts_.defaults, &UserDefaults::changed, this, [this](const QString& key) {
+        if (key == setting::defaultProcessingMode.key)
             Q_EMIT changed();
     });
 }
@@ -48,10 +49,8 @@ int ModesModel::defaultMode() const
 
 void ModesModel::setDefaultMode(int index)
 {
-    if (const auto mode = modeAt(index); mode && index != defaultMode()) {
+    if (const auto mode = modeAt(index))
         vantro::setDefaultMode(parts_.defaults, *mode);
-        Q_EMIT changed();
-    }
 }
 
 void ModesModel::setShown(int index)

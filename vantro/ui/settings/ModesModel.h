@@ -1,6 +1,5 @@
 #pragma once
 
-#include "base/UserDefaults.h"
 #include "vantro/ai/PromptSettings.h"
 #include "vantro/ai/providers/ProviderConfigurationManager.h"
 

@@ -1,5 +1,7 @@
 #include "vantro/ui/style/UiEngine.h"
 
+#include "base/Settings.h"
+
 #include <QEvent>
 #include <QGuiApplication>
 #include <QPalette>
@@ -43,6 +45,7 @@ UiEngine::UiEngine(const UserDefaults& defaults, const DesktopAppearance& deskto
     applyTheme();
     qGuiApp->installEventFilter(this);
     connect(&desktop_, &DesktopAppearance::changed, this, &UiEngine::applyTheme);
+    connect(&defaults_, &UserDefaults::changed, this, &UiEngine::applyTheme);
 }
 
 bool UiEngine::eventFilter(QObject* watched, QEvent* event)
@@ -54,12 +57,12 @@ bool UiEngine::eventFilter(QObject* watched, QEvent* event)
 
 void UiEngine::applyTheme()
 {
-    const QString appearance = defaults_.string(QStringLiteral("appearance")).value_or(QString());
+    const QString appearance = defaults_.get(setting::appearance);
     const bool desktopIsDark = desktop_.isDark().value_or(paletteIsDark());
     const bool dark = appearance == QLatin1String("dark") || (appearance != QLatin1String("light") && desktopIsDark);
     theme_->setProperty("dark", dark);
-    theme_->setProperty("reducedMotion", defaults_.boolean(QStringLiteral("reduceMotion"),
-                                                           !desktop_.animationsEnabled().value_or(true)));
+    theme_->setProperty("reducedMotion",
+                        defaults_.stored(setting::reduceMotion).value_or(!desktop_.animationsEnabled().value_or(true)));
 }
 
 } // namespace vantro

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "base/UserDefaults.h"
+#include "base/Settings.h"
 #include "platform/DesktopAppearance.h"
 
 #include <QObject>
@@ -25,12 +25,11 @@ public:
     UiEngine(const UserDefaults& defaults, const DesktopAppearance& desktop);
 
     [[nodiscard]] QQmlEngine& engine() { return engine_; }
-    /// Applies the look again, after the setting or the desktop's palette has changed.
-    void applyTheme();
-
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void applyTheme();
+
     const UserDefaults& defaults_;
     const DesktopAppearance& desktop_;
     QQmlEngine engine_;

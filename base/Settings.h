@@ -1,0 +1,83 @@
+#pragma once
+
+#include "base/UserDefaults.h"
+
+#include <array>
+
+/// Every setting: key, default, and what it means to the user. The table stands below all rooms because each of them
+/// reads a few settings and the table needs nothing from any room. Only the keys of the shortcuts, which are made from
+/// their names, are not here. The README's table is checked against `documented`.
+namespace vantro::setting {
+
+// In the order in which the user is told of them.
+inline constexpr Setting<bool> autoPasteEnabled{"autoPasteEnabled", true, "false: copy, and show that Ctrl+V pastes"};
+inline constexpr Setting<bool> copyToClipboardEnabled{
+    "copyToClipboardEnabled", false, "true: the dictated text stays on the clipboard after it was pasted"};
+inline constexpr Setting<bool> playSoundOnComplete{"playSoundOnComplete", false,
+                                                   "a short sound when the text is there"};
+inline constexpr Setting<bool> holdToTalk{
+    "holdToTalk", false, "true: the recording lasts as long as the shortcut is held; `vantro shortcuts mode` sets it"};
+inline constexpr Setting<QString> audioInputMode{"audioInputMode", "System Default",
+                                                 "or `Custom Device`, `Prioritized`; `vantro devices` sets it"};
+inline constexpr Setting<bool> bluetoothHeadsetProfile{
+    "bluetoothHeadsetProfile", false,
+    "true: a wanted Bluetooth headset is switched to its headset profile while recording"};
+inline constexpr Setting<QString> defaultProcessingMode{"defaultProcessingMode", "Normal",
+                                                        "the mode a dictation starts in"};
+inline constexpr Setting<QString> selectedLanguage{"SelectedLanguage", "auto",
+                                                   "language of the speech, as a code like `en`"};
+inline constexpr Setting<QString> selectedModelName{"selectedModelName", "",
+                                                    "the speech model; `vantro models select NAME` sets it",
+                                                    "a model that is there, else small"};
+inline constexpr Setting<QString> modelHostBaseURL{"modelHostBaseURL", "", "where speech models are fetched from",
+                                                   "the public repository"};
+inline constexpr Setting<bool> whisperKeepModelInMemory{"whisperKeepModelInMemory", false,
+                                                        "true: the model stays loaded between dictations"};
+inline constexpr Setting<QString> appearance{"appearance", "", "`light` or `dark`", "the desktop's"};
+inline constexpr Setting<bool> reduceMotion{"reduceMotion", false, "true: nothing moves", "the desktop's"};
+inline constexpr Setting<bool> checkForUpdatesOnLaunch{"checkForUpdatesOnLaunch", false,
+                                                       "true: look for a newer version at every start"};
+inline constexpr Setting<QByteArray> pasteChords{
+    "pasteChords", "", "more windows with their paste keystroke, as JSON: `{\"my-terminal\": \"Ctrl+Shift+V\"}`"};
+
+/// Those above.
+inline constexpr std::array<const SettingKey*, 15> documented{&autoPasteEnabled,
+                                                              &copyToClipboardEnabled,
+                                                              &playSoundOnComplete,
+                                                              &holdToTalk,
+                                                              &audioInputMode,
+                                                              &bluetoothHeadsetProfile,
+                                                              &defaultProcessingMode,
+                                                              &selectedLanguage,
+                                                              &selectedModelName,
+                                                              &modelHostBaseURL,
+                                                              &whisperKeepModelInMemory,
+                                                              &appearance,
+                                                              &reduceMotion,
+                                                              &checkForUpdatesOnLaunch,
+                                                              &pasteChords};
+
+// What pages and commands keep here in forms of their own.
+inline constexpr Setting<qint64> selectedAudioDeviceID{"selectedAudioDeviceID", -1};
+inline constexpr Setting<QString> selectedAudioDeviceUID{"selectedAudioDeviceUID", ""};
+inline constexpr Setting<QByteArray> prioritizedDevices{"prioritizedDevices", ""};
+inline constexpr Setting<QByteArray> customVocabulary{"customVocabulary", ""};
+inline constexpr Setting<QByteArray> textReplacements{"textReplacements", ""};
+inline constexpr Setting<QByteArray> customPrompts{"customPrompts", ""};
+inline constexpr Setting<QByteArray> customModeNames{"customModeNames", ""};
+inline constexpr Setting<QByteArray> modeConfigurations{"modeConfigurations", ""};
+inline constexpr Setting<QByteArray> providerConfigurations{"providerConfigurations", ""};
+inline constexpr Setting<QString> skippedUpdateVersion{"skippedUpdateVersion", ""};
+
+// What has been done, or is still to do, once.
+inline constexpr Setting<bool> providerKeyCleanUpDue{"providerKeyCleanUpDue", false};
+inline constexpr Setting<bool> selectedModelAdoptedFromCache{"selectedModelAdoptedFromCache", false};
+inline constexpr Setting<bool> selectedModelDefaultedOnce{"selectedModelDefaultedOnce", false};
+inline constexpr Setting<bool> whisperLegacyCacheMigrated{"whisperLegacyCacheMigrated", false};
+inline constexpr Setting<bool> hasRunTranscriptionTrimMigration{"hasRunTranscriptionTrimMigration", false};
+inline constexpr Setting<bool> hasRunEmptyTranscriptionDeleteMigration{"hasRunEmptyTranscriptionDeleteMigration",
+                                                                       false};
+inline constexpr Setting<QString> userKey{"userKey", ""};
+inline constexpr Setting<QString> formerUserKey{"userOpenAIKey", ""}; ///< its name before
+
+} // namespace vantro::setting
