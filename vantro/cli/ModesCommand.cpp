@@ -3,7 +3,6 @@
 #include "vantro/ai/BuiltInPrompts.h"
 #include "vantro/ai/DefaultMode.h"
 #include "vantro/ai/PromptSettings.h"
-#include "vantro/app/VisibleModes.h"
 #include "vantro/cli/ExitCode.h"
 #include "vantro/cli/ListFile.h"
 #include "vantro/cli/ProvidersSession.h"
@@ -41,7 +40,7 @@ struct Session
     [[nodiscard]] QJsonObject toJson(ProcessingMode mode) const;
 
     ProvidersSession providers;
-    PromptSettings prompts{providers.defaults};
+    PromptSettings& prompts = providers.rewriting.prompts();
 };
 
 std::optional<ProcessingMode> Session::find(const QString& text) const
@@ -74,7 +73,7 @@ QJsonObject Session::toJson(ProcessingMode mode) const
     QJsonObject object{{QStringLiteral("mode"), rawValue(mode)},
                        {QStringLiteral("name"), prompts.displayName(mode)},
                        {QStringLiteral("default"), mode == defaultMode(providers.defaults)},
-                       {QStringLiteral("usable"), isUsable(mode, prompts, providers.manager)},
+                       {QStringLiteral("usable"), providers.rewriting.isUsable(mode)},
                        {QStringLiteral("useLocalAI"), configuration.useLocalAI},
                        {QStringLiteral("prompt"), prompts.prompt(mode)}};
     if (configuration.providerConfigId)
@@ -108,7 +107,7 @@ int list(const Session& session, bool json)
         QStringList remarks{session.providerText(mode)};
         if (mode == defaultMode(session.providers.defaults))
             remarks << QStringLiteral("default");
-        if (!isUsable(mode, session.prompts, session.providers.manager))
+        if (!session.providers.rewriting.isUsable(mode))
             remarks << QStringLiteral("not offered");
         const QString remark = remarks.join(QStringLiteral(", "));
         terminal::writeLine(terminal::outputIsTerminal() ? label.leftJustified(24) + remark

@@ -2,7 +2,7 @@
 
 #include "base/RunTask.h"
 #include "platform/Platform.h"
-#include "vantro/app/LanguageModels.h"
+#include "vantro/app/Rewriting.h"
 #include "vantro/cli/ExitCode.h"
 #include "vantro/cli/HistorySession.h"
 #include "vantro/cli/Terminal.h"
@@ -180,14 +180,13 @@ int summarize(HistorySession& session, const DailyNote& day)
 {
     UserDefaults defaults(UserDefaults::standardPath());
     const Platform platform = makePlatform(PlatformPart::services);
-    const PromptSettings prompts(defaults);
-    const LanguageModels models(defaults, platform, session.clock, prompts);
+    Rewriting rewriting(defaults, platform, session.clock);
     CoreDataStack& store = session.store;
-    store.setSummaryPrompt([&prompts] { return prompts.prompt(ProcessingMode::Notes); });
+    store.setSummaryPrompt([&rewriting] { return rewriting.prompts().prompt(ProcessingMode::Notes); });
     printToStandardError();
     bool isStored = false;
     QObject::connect(&store, &CoreDataStack::dailyNoteChanged, &store, [&isStored] { isStored = true; });
-    runTask(store.regenerateSummary(day, models.choose(ProcessingMode::Notes)));
+    runTask(store.regenerateSummary(day, rewriting.choose(ProcessingMode::Notes)));
     // It has told what failed.
     if (!isStored)
         return ExitCode::failed;

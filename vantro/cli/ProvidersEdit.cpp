@@ -224,16 +224,12 @@ int removeProvider(ProvidersSession& session, const ProviderConfiguration& provi
 
 int testProvider(ProvidersSession& session, const ProviderConfiguration& provider, bool json)
 {
-    SystemClock clock;
-    HttpExchange http(clock);
-    const FormatServiceFactory factory(session.manager, {http, session.keychain, *session.platform.languages});
-    const auto service = factory.makeRemote(provider.remoteConfig());
     QElapsedTimer timer;
     timer.start();
     QString problem;
     int code = ExitCode::done;
     try {
-        runTask(service->verifyCredentials(provider.keychainAccount()));
+        runTask(session.rewriting.verify(provider));
     } catch (const Error& error) {
         problem = error.localizedDescription();
         code = exitCode(error);

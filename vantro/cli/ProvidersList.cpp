@@ -18,7 +18,7 @@ public:
     explicit StoredKeys(ProvidersSession& session)
     {
         try {
-            accounts_ = runTask(session.keychain.accounts());
+            accounts_ = runTask(session.rewriting.keyAccounts());
         } catch (const KeychainError& error) {
             terminal::writeError(error.localizedDescription());
         }

@@ -2,9 +2,8 @@
 
 #include "base/UserDefaults.h"
 #include "platform/Platform.h"
-#include "vantro/ai/providers/KeychainService.h"
-#include "vantro/ai/providers/ProviderConfigurationManager.h"
 #include "vantro/ai/providers/ProviderForm.h"
+#include "vantro/app/Rewriting.h"
 
 #include <QCommandLineParser>
 
@@ -18,8 +17,9 @@ struct ProvidersSession
 
     UserDefaults defaults{UserDefaults::standardPath()};
     Platform platform = makePlatform(PlatformPart::services);
-    KeychainService keychain{*platform.secrets};
-    ProviderConfigurationManager manager{defaults, keychain};
+    SystemClock clock;
+    Rewriting rewriting{defaults, platform, clock};
+    ProviderConfigurationManager& manager = rewriting.providers();
 };
 
 /// The options that say what a provider's settings shall be.

@@ -7,8 +7,8 @@
 #include "vantro/ai/ModeHandlers.h"
 #include "vantro/app/AppDelegate.h"
 #include "vantro/app/ControlService.h"
-#include "vantro/app/LanguageModels.h"
-#include "vantro/app/LenientStore.h"
+#include "vantro/app/History.h"
+#include "vantro/app/Rewriting.h"
 #include "vantro/audio/AudioDeviceManager.h"
 #include "vantro/audio/HeadsetSwitch.h"
 #include "vantro/cli/ExitCode.h"
@@ -22,8 +22,6 @@
 #include "vantro/main/Windows.h"
 #include "vantro/models/ModelPreparation.h"
 #include "vantro/models/WhisperModelFiles.h"
-#include "vantro/store/CoreDataStack.h"
-#include "vantro/store/MigrationManager.h"
 #include "vantro/whisper/WhisperTranscriptionProvider.h"
 
 #include <QDBusConnection>
@@ -96,20 +94,17 @@ private:
     FluidTranscriptionProvider fluid_{fluidEngine_, fluidFiles_, defaults_, vocabulary_};
     TranscriptionFacade facade_{models_, whisper_, fluid_};
 
-    CoreDataStack store_{clock_};
-    LenientStore lenientStore_{store_};
-    MigrationManager migrations_{defaults_, store_};
-    PromptSettings prompts_{defaults_};
-    LanguageModels languageModels_{defaults_, platform_, clock_, prompts_};
-    const ModeHandlers modeHandlers_ = makeModeHandlers(lenientStore_, prompts_);
+    History history_{defaults_, clock_};
+    Rewriting rewriting_{defaults_, platform_, clock_};
+    const ModeHandlers modeHandlers_ = makeModeHandlers(history_.dictations, rewriting_.prompts());
     AudioDeviceManager devices_{*platform_.audioHardware, defaults_};
     AudioRecorder recorder_{platform_.makeAudioEngine, devices_, *platform_.permissions, clock_};
     HeadsetSwitch headsetSwitch_{*platform_.audioCards, devices_, recorder_, defaults_, clock_};
     KeyboardShortcuts shortcuts_{*platform_.hotKeys, defaults_, notifications_};
     RawKeyMonitor rawKeys_{shortcuts_, *platform_.hotKeys};
     PasteDelivery delivery_;
-    Windows windows_{{defaults_, notifications_, clock_, platform_, catalogue_, models_, modelDownloader_, store_,
-                      devices_, recorder_, shortcuts_, vocabulary_, prompts_, languageModels_,
+    Windows windows_{{defaults_, notifications_, clock_, platform_, catalogue_, models_, modelDownloader_,
+                      history_.store, devices_, recorder_, shortcuts_, vocabulary_, rewriting_,
                       [this](const auto& model) { return modelStatus(model); },
                       [this](const auto& model) {
                           removeModel(model);
@@ -125,7 +120,7 @@ Program::Program(const ProgramOptions& options)
     , soleInstance_(SoleInstance::standardFolder(), [this](const QStringList& arguments) { handOver(arguments); })
     , platform_(makePlatform())
     , delivery_(*platform_.pasteboard, *platform_.keyEvents, *platform_.workspace, defaults_, clock_)
-    , delegate_({dictationParts(), *platform_.permissions, shortcuts_, models_, migrations_,
+    , delegate_({dictationParts(), *platform_.permissions, shortcuts_, models_, history_.migrations,
                  [this] { return modelPreparation_.run(); },
                  [this](TranscriptionModel model) {
                      return filesOf(model).check(model);
@@ -158,9 +153,9 @@ Dictation::Parts Program::dictationParts()
             recorder_,
             facade_,
             modeHandlers_,
-            [this](ProcessingMode mode) { languageModels_.expectUse(mode); },
-            [this](ProcessingMode mode, std::stop_token stop) { return languageModels_.choose(mode, std::move(stop)); },
-            lenientStore_,
+            [this](ProcessingMode mode) { rewriting_.expectUse(mode); },
+            [this](ProcessingMode mode, std::stop_token stop) { return rewriting_.choose(mode, std::move(stop)); },
+            history_.dictations,
             delivery_,
             *platform_.sounds,
             windows_};
@@ -181,17 +176,17 @@ bool Program::becomeTheRunningInstance()
 
 void Program::launch()
 {
-    store_.loadPersistentStores();
+    history_.store.loadPersistentStores();
     endSignals_.emplace();
     marker_.emplace(RunMarker::standardPath());
-    store_.setSummaryPrompt([this] { return prompts_.prompt(ProcessingMode::Notes); });
+    history_.store.setSummaryPrompt([this] { return rewriting_.prompts().prompt(ProcessingMode::Notes); });
     defaults_.watch();
     const bool isFirstStart = options_.shortcut.isEmpty() && !shortcuts_.shortcut(KeyboardShortcuts::Name::openModal);
     settleShortcut(options_.shortcut);
     if (isFirstStart)
         windows_.showOnboarding();
     delegate_.applicationDidFinishLaunching();
-    languageModels_.start();
+    rewriting_.start();
     if (marker_->foundCrash())
         windows_.tellOfCrash();
     if (defaults_.keptAside())

@@ -3,7 +3,6 @@
 #include "base/Notifications.h"
 #include "base/Settings.h"
 #include "vantro/app/Dictation.h"
-#include "vantro/app/VisibleModes.h"
 #include "vantro/support/SupportMail.h"
 #include "vantro/ui/history/HistoryModel.h"
 #include "vantro/ui/launcher/Launcher.h"
@@ -121,9 +120,8 @@ void Windows::followShortcut()
 std::unique_ptr<LauncherPanel> Windows::makeLauncher(Dictation& dictation)
 {
     std::vector<LauncherModel::Mode> modes;
-    for (const ProcessingMode mode :
-         visibleModes(parts_.prompts, parts_.languageModels.providers(), dictation.recorder().processingMode()))
-        modes.push_back({mode, parts_.prompts.displayName(mode)});
+    for (const ProcessingMode mode : parts_.rewriting.visibleModes(dictation.recorder().processingMode()))
+        modes.push_back({mode, parts_.rewriting.prompts().displayName(mode)});
     const QString microphone = parts_.devices.effectiveDeviceName();
     return std::make_unique<Launcher>(
         Launcher::Context{ui_.engine(), dictation, parts_.shortcuts, *parts_.platform.workspace, parts_.notifications,
@@ -195,10 +193,10 @@ LazyWindow::Content Windows::settingsContent()
     put(content, "stopRecorder", makeRecorder(KeyboardShortcuts::Name::stopRecordingAndCloseModal));
     put(content, "models", makeModelList());
     put(content, "modes",
-        std::make_unique<ModesModel>(ModesModel::Parts{
-            parts_.defaults, parts_.prompts, parts_.languageModels.providers(), [this](ProcessingMode mode) {
-                return isUsable(mode, parts_.prompts, parts_.languageModels.providers());
-            }}));
+        std::make_unique<ModesModel>(ModesModel::Parts{parts_.defaults, parts_.rewriting.prompts(),
+                                                       parts_.rewriting.providers(), [this](ProcessingMode mode) {
+                                                           return parts_.rewriting.isUsable(mode);
+                                                       }}));
     put(content, "providers", makeProvidersModel());
     put(content, "vocabulary", makeVocabularyModel());
     put(content, "about", std::move(about));
@@ -236,11 +234,11 @@ std::unique_ptr<VocabularyModel> Windows::makeVocabularyModel()
 
 std::unique_ptr<ProvidersModel> Windows::makeProvidersModel()
 {
-    LanguageModels& models = parts_.languageModels;
+    Rewriting& rewriting = parts_.rewriting;
     return std::make_unique<ProvidersModel>(
-        ProvidersModel::Parts{models.providers(), [&models] { return models.keyAccounts(); },
-                              [&models](const ProviderConfiguration& provider, const std::optional<QString>& key) {
-                                  return models.verify(provider, key);
+        ProvidersModel::Parts{rewriting.providers(), [&rewriting] { return rewriting.keyAccounts(); },
+                              [&rewriting](const ProviderConfiguration& provider, const std::optional<QString>& key) {
+                                  return rewriting.verify(provider, key);
                               },
                               [this](const QString& question, std::function<void()> confirmed) {
                                   confirm(tr("Delete Provider"), question, tr("Delete"), std::move(confirmed));

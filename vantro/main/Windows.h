@@ -2,8 +2,7 @@
 
 #include "KeyboardShortcuts/RecorderCocoa.h"
 #include "platform/Platform.h"
-#include "vantro/ai/PromptSettings.h"
-#include "vantro/app/LanguageModels.h"
+#include "vantro/app/Rewriting.h"
 #include "vantro/app/Shell.h"
 #include "vantro/audio/AudioDeviceManager.h"
 #include "vantro/audio/AudioRecorder.h"
@@ -49,8 +48,7 @@ public:
         const AudioRecorder& recorder;
         KeyboardShortcuts& shortcuts;
         VocabularySettings& vocabulary;
-        PromptSettings& prompts;
-        LanguageModels& languageModels;
+        Rewriting& rewriting;
         /// Which of its files are there; reads none of them.
         std::function<ModelStatus(const TranscriptionModel&)> modelStatus;
         /// Throws Error.

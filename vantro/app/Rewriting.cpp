@@ -1,0 +1,74 @@
+#include "vantro/app/Rewriting.h"
+
+#include <utility>
+
+namespace vantro {
+
+Rewriting::Rewriting(UserDefaults& defaults, const Platform& platform, Clock& clock)
+    : prompts_(defaults)
+    , keychain_(*platform.secrets)
+    , providers_(defaults, keychain_)
+    , http_(clock)
+    , factory_(providers_, {http_, keychain_, *platform.languages})
+{
+}
+
+void Rewriting::start()
+{
+    if (providers_.isCleanUpDue())
+        providers_.cleanUpWhenPossible();
+}
+
+bool Rewriting::isUsable(ProcessingMode mode) const
+{
+    if (mode == ProcessingMode::Normal || mode == ProcessingMode::Notes)
+        return true;
+    if (mode == ProcessingMode::Custom && prompts_.prompt(mode).isEmpty())
+        return false;
+    const ModeConfiguration configuration = prompts_.configuration(mode);
+    if (configuration.useLocalAI || !configuration.providerConfigId)
+        return false;
+    const auto* provider = providers_.find(*configuration.providerConfigId);
+    return provider != nullptr && provider->isEnabled;
+}
+
+std::vector<ProcessingMode> Rewriting::visibleModes(ProcessingMode defaultMode) const
+{
+    std::vector<ProcessingMode> modes;
+    for (const ProcessingMode mode : allProcessingModes) {
+        if (mode == defaultMode || isUsable(mode))
+            modes.push_back(mode);
+    }
+    return modes;
+}
+
+void Rewriting::expectUse(ProcessingMode mode) const
+{
+    if (asksModel(mode))
+        factory_.preconnect(prompts_.configuration(mode));
+}
+
+std::shared_ptr<FormatRequestServicing> Rewriting::choose(ProcessingMode mode, std::stop_token stop) const
+{
+    auto service = factory_.make(mode, prompts_.configuration(mode), std::move(stop));
+    if (asksModel(mode))
+        service->prepare();
+    return service;
+}
+
+QCoro::Task<> Rewriting::verify(ProviderConfiguration provider, std::optional<QString> key) const
+{
+    RemoteProviderConfig config = provider.remoteConfig();
+    config.apiKeyOverride = std::move(key);
+    const auto service = factory_.makeRemote(config);
+    const auto verified = service->verifyCredentials(provider.keychainAccount());
+    co_await verified;
+}
+
+bool Rewriting::asksModel(ProcessingMode mode) const
+{
+    // Normal has no prompt, and Custom asks nobody as long as it has none.
+    return !prompts_.prompt(mode).isEmpty();
+}
+
+} // namespace vantro
