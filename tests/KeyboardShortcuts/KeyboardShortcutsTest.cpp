@@ -58,7 +58,7 @@ TEST_F(KeyboardShortcutsTest, StoresAShortcutAsTheJsonTextOfItsRecordAndForgetsI
 
     // Read as another run of the program would.
     UserDefaults later(folder_.filePath(QStringLiteral("vantro.ini")));
-    EXPECT_EQ(later.string(QStringLiteral("KeyboardShortcuts_openModal")),
+    EXPECT_EQ(later.read<QString>(QStringLiteral("KeyboardShortcuts_openModal")),
               QStringLiteral(R"({"carbonKeyCode":2,"carbonModifiers":2304})"));
     EXPECT_EQ(KeyboardShortcuts(hotKeys_, later, notifications_).shortcut(Name::openModal), shortcutOf(ctrlAltD));
 
