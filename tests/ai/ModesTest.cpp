@@ -154,5 +154,5 @@ TEST_F(Modes, WhatCannotBeReadIsPutAside)
     UserDefaults again(path);
     const PromptSettings later(again);
     EXPECT_EQ(later.configuration(ProcessingMode::Email), ModeConfiguration());
-    EXPECT_EQ(again.data(QStringLiteral("modeConfigurations.unreadable")), broken);
+    EXPECT_EQ(again.read<QByteArray>(QStringLiteral("modeConfigurations.unreadable")), broken);
 }

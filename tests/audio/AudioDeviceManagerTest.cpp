@@ -37,7 +37,7 @@ TEST_F(AudioDeviceManagerTest, WithoutSettingsNothingIsSelected)
 {
     EXPECT_EQ(manager->effectiveDeviceID(), std::nullopt);
     defaults.set(setting::audioInputMode, QStringLiteral("Telepathy"));
-    defaults.set(setting::selectedAudioDeviceID, QStringLiteral("-4"));
+    defaults.set(setting::selectedAudioDeviceID, -4);
     defaults.set(setting::prioritizedDevices, R"([{"id":"table"}])");
     restart();
     EXPECT_EQ(manager->inputMode(), AudioInputMode::systemDefault);

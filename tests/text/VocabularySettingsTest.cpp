@@ -16,11 +16,11 @@ protected:
     [[nodiscard]] QString path() const { return folder.filePath(QStringLiteral("vantro.ini")); }
     [[nodiscard]] QByteArray stored(const char* key) const
     {
-        return UserDefaults(path()).data(QLatin1String(key)).value_or(QByteArray());
+        return UserDefaults(path()).read<QByteArray>(QLatin1String(key)).value_or(QByteArray());
     }
     void store(const char* key, const QByteArray& value) const
     {
-        UserDefaults(path()).setData(QLatin1String(key), value);
+        UserDefaults(path()).write(QLatin1String(key), value);
     }
 
     QTemporaryDir folder;
