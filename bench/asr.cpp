@@ -2,7 +2,7 @@
 // Prints the text, then for each run the time of the recognition and at the end the process's peak memory.
 #include "asr/ASRError.h"
 #include "asr/AsrManager.h"
-#include "vantro/cli/AudioFile.h"
+#include "vantro/audio/AudioFile.h"
 
 #include <sys/resource.h>
 

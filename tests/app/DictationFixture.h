@@ -18,6 +18,7 @@
 #include "vantro/app/DictationPipeline.h"
 #include "vantro/app/LenientStore.h"
 #include "vantro/audio/AudioDeviceManager.h"
+#include "vantro/models/testing/FakeSpeechEngine.h"
 
 #include <QCoreApplication>
 #include <QPromise>
@@ -35,18 +36,20 @@ inline constexpr WindowID otherWindow = 78;
 inline const auto clipboard = Pasteboard::Selection::Clipboard;
 
 /// A speech engine that answers when the test says so.
-class SlowProvider final : public TranscriptionProviding
+class SlowProvider final : public doubles::FakeSpeechEngine
 {
 public:
+    using FakeSpeechEngine::FakeSpeechEngine;
+
     void prepare(const TranscriptionModel&) override { ++prepared; }
     QCoro::Task<QString> transcribe(TranscriptionRequest request) override
     {
         sampleCount = request.samples.size();
+        const std::stop_callback onStop(request.stop, [this] { ++cancelled; });
         answer_ = std::make_shared<QPromise<QString>>();
         answer_->start();
         co_return co_await answer_->future();
     }
-    void cancel() override { ++cancelled; }
     void dictationEnded() override { ++ended; }
 
     [[nodiscard]] bool isAsked() const { return answer_ != nullptr; }
@@ -234,8 +237,9 @@ protected:
     MemoryStore store;
     CoreDataStack history{true, clock}; ///< what the repairs at the launch run on
     MigrationManager migrations{defaults, history};
-    SlowProvider neuralProvider;
-    TranscriptionFacade facade{models, provider, neuralProvider};
+    SlowProvider neuralProvider{TranscriptionEngine::fluid};
+    SpeechEngines speechEngines{{&provider, &neuralProvider}};
+    TranscriptionFacade facade{models, speechEngines};
     LenientStore lenientStore{store};
     DictationPipeline pipeline{facade, handlers(lenientStore)};
     AudioDeviceManager devices{hardware, defaults};

@@ -1,7 +1,12 @@
 #include "vantro/models/ModelDownloader.h"
 
+#include "base/Error.h"
 #include "tests/models/ModelServer.h"
-#include "vantro/models/WhisperModelFiles.h"
+#include "vantro/models/ModelDownloadError.h"
+#include "vantro/models/ModelHost.h"
+#include "vantro/models/testing/FakeSpeechEngine.h"
+#include "vantro/text/VocabularySettings.h"
+#include "vantro/whisper/WhisperTranscriptionProvider.h"
 
 #include <QCoreApplication>
 #include <QCryptographicHash>
@@ -78,34 +83,14 @@ protected:
 
     [[nodiscard]] qint64 partBytes() const
     {
-        return QFileInfo(store.userFolder() + QStringLiteral("/.work/ggml-test.bin.part")).size();
+        return QFileInfo(folder.path() + QStringLiteral("/user/.work/ggml-test.bin.part")).size();
     }
 
     QTemporaryDir folder;
     QByteArray content;
     TranscriptionModel model;
-    ModelStore store{folder.filePath(QStringLiteral("user")), {}};
+    WhisperModelFiles store{{folder.filePath(QStringLiteral("user"))}};
     std::unique_ptr<ModelServer> server;
-};
-
-/// A provider whose downloads go as the test says.
-class ProviderDouble final : public ModelProviding
-{
-public:
-    std::function<void(const FileDownloader::OnProgress&)> work;
-    ModelCheck answer{true, {}};
-
-    QCoro::Task<ModelCheck> check(TranscriptionModel /*model*/) override { co_return answer; }
-    QCoro::Task<QString> downloadModel(TranscriptionModel /*model*/, FileDownloader::OnProgress onProgress,
-                                       std::stop_token /*stop*/) override
-    {
-        const QFuture<void> done = executor_.run([this, onProgress] { work(onProgress); });
-        co_await done;
-        co_return QString();
-    }
-
-private:
-    SerialExecutor executor_{QStringLiteral("provider")};
 };
 
 } // namespace
@@ -173,7 +158,7 @@ TEST_F(Download, APartIsSafeFromTheCheckThatRemovesWrongFiles)
 {
     // A wrong file under the model's name, and a download that is about to replace it.
     serve(QStringLiteral(R"({"stall_after": %1})").arg(middle));
-    QDir().mkpath(store.userFolder());
+    QDir().mkpath(folder.filePath(QStringLiteral("user")));
     QFile wrong(store.ownFile(model));
     ASSERT_TRUE(wrong.open(QIODevice::WriteOnly));
     wrong.write("wrong");
@@ -191,8 +176,12 @@ TEST_F(Download, TheInterfaceShowsARealDownloadToItsEnd)
 {
     serve();
     FileDownloader files;
-    WhisperModelFiles provider(files, store);
-    ModelDownloader downloader([&](const auto&) { return &provider; });
+    UserDefaults defaults(folder.filePath(QStringLiteral("vantro.ini")));
+    const VocabularySettings vocabulary(defaults);
+    WhisperInProcessEngine engine;
+    WhisperTranscriptionProvider provider(engine, store, files, defaults, vocabulary);
+    const SpeechEngines engines({&provider});
+    ModelDownloader downloader(engines);
     QList<float> shown;
     QObject::connect(&downloader, &ModelDownloader::progressChanged, &downloader,
                      [&] { shown << downloader.progress(); });
@@ -209,8 +198,8 @@ TEST_F(Download, TheInterfaceShowsARealDownloadToItsEnd)
 
 TEST(ModelDownloader, PublishesOncePerPercentOnTheMainThread)
 {
-    ProviderDouble provider;
-    provider.work = [](const FileDownloader::OnProgress& onProgress) {
+    doubles::FakeSpeechEngine provider;
+    provider.fetch = [](const FileDownloader::OnProgress& onProgress) {
         for (qint64 received = 0; received <= 20'000; ++received) {
             DownloadProgress progress;
             progress.receivedBytes = received;
@@ -218,7 +207,8 @@ TEST(ModelDownloader, PublishesOncePerPercentOnTheMainThread)
             onProgress(progress);
         }
     };
-    ModelDownloader downloader([&](const auto&) { return &provider; });
+    const SpeechEngines engines({&provider});
+    ModelDownloader downloader(engines);
     int published = 0;
     QObject::connect(&downloader, &ModelDownloader::progressChanged, &downloader, [&] {
         ++published;
@@ -238,9 +228,9 @@ TEST(ModelDownloader, PublishesOncePerPercentOnTheMainThread)
 
 TEST(ModelDownloader, LeavesTheReasonOfAFailureToBeRead)
 {
-    ProviderDouble provider;
-    ModelProviding* offered = &provider;
-    ModelDownloader downloader([&](const auto&) { return offered; });
+    doubles::FakeSpeechEngine provider;
+    const SpeechEngines engines({&provider});
+    ModelDownloader downloader(engines);
     const auto statusAfterDownload = [&downloader](const TranscriptionModel& model) {
         std::optional<bool> isReady;
         auto task = downloader.download(model).then([&isReady](bool ready) { isReady = ready; });
@@ -248,31 +238,25 @@ TEST(ModelDownloader, LeavesTheReasonOfAFailureToBeRead)
         EXPECT_EQ(isReady, false);
         return downloader.statusText().value_or(QString());
     };
-    provider.work = [](const auto&) {
+    provider.fetch = [](const auto&) {
         throw ModelDownloadError::diskFull(QStringLiteral("/models"));
     };
     EXPECT_EQ(statusAfterDownload({}),
               QStringLiteral("Download failed: The disk of /models is full. What was fetched is "
                              "kept: make room, then try again to continue there."));
-    provider.work = [](const auto&) {
+    provider.fetch = [](const auto&) {
     };
     provider.answer = ModelCheck(false, QStringLiteral("ggml-x.bin is not the published file."));
     EXPECT_EQ(statusAfterDownload({}), QStringLiteral("Download failed: ggml-x.bin is not the published file."));
+}
 
-    const QTemporaryDir folder;
-    const ModelStore store(folder.path(), {});
-    FileDownloader files;
-    WhisperModelFiles whisper(files, store);
-    offered = &whisper;
+TEST(ModelHost, FetchesNothingFromAnAddressThatIsNone)
+{
     TranscriptionModel model;
-    model.name = QStringLiteral("tiny");
     for (const QString& url : {QString(), QStringLiteral("ftp://h/f"), QStringLiteral("http:///f")}) {
         model.url = url;
-        EXPECT_EQ(statusAfterDownload(model),
-                  QStringLiteral("Download failed: Model \"tiny\" has no valid download URL."));
+        EXPECT_THROW(ModelHost::urlOf(model), Error) << url.toStdString();
     }
-    offered = nullptr;
-    EXPECT_TRUE(statusAfterDownload(model).contains(QStringLiteral("no engine for the model \"tiny\"")));
 }
 
 TEST(TransferRate, CountsOnlyWhatArrivesNow)

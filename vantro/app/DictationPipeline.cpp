@@ -70,13 +70,12 @@ void DictationPipeline::recordingStarted()
 
 void DictationPipeline::recordingDiscarded()
 {
-    facade_.cancel();
     recordingUse_.reset();
 }
 
 void DictationPipeline::runAbandoned()
 {
-    facade_.cancel();
+    stop_.request_stop();
     if (const auto service = serviceInUse_.lock())
         service->cancel();
 }
@@ -97,6 +96,8 @@ QCoro::Task<QString> DictationPipeline::transcribe(QString recordingID, std::vec
                 self, [self, fraction] { Q_EMIT self->transcriptionProgress(fraction); }, Qt::QueuedConnection);
         }
     };
+    stop_ = std::stop_source();
+    options.stop = stop_.get_token();
     const auto begun = std::chrono::steady_clock::now();
     const auto timed = qScopeGuard([this, begun] {
         lastEngineTime_ =

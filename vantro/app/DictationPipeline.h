@@ -11,6 +11,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <stop_token>
 
 namespace vantro {
 
@@ -57,6 +58,7 @@ private:
     FormatServices formatServices_;
     std::weak_ptr<FormatRequestServicing> serviceInUse_; ///< of the job that runs
     TranscriptionFacade::EngineUse recordingUse_;        ///< until a job takes it over
+    std::stop_source stop_;                              ///< of the transcription that runs
     std::chrono::microseconds lastEngineTime_{0};
 };
 

@@ -9,25 +9,21 @@
 #include "vantro/app/LanguageModels.h"
 #include "vantro/app/LenientStore.h"
 #include "vantro/app/ModeHandlers.h"
+#include "vantro/app/Speech.h"
 #include "vantro/app/VisibleModes.h"
 #include "vantro/audio/AudioDeviceManager.h"
 #include "vantro/audio/HeadsetSwitch.h"
 #include "vantro/cli/ExitCode.h"
 #include "vantro/cli/Terminal.h"
-#include "vantro/fluid/FluidModelDownloads.h"
-#include "vantro/fluid/FluidTranscriptionProvider.h"
 #include "vantro/main/EndSignals.h"
 #include "vantro/main/RunMarker.h"
 #include "vantro/main/SecondStart.h"
 #include "vantro/main/SoleInstance.h"
 #include "vantro/main/Windows.h"
-#include "vantro/models/ModelPreparation.h"
-#include "vantro/models/WhisperModelFiles.h"
 #include "vantro/store/CoreDataStack.h"
 #include "vantro/store/MigrationManager.h"
 #include "vantro/ui/launcher/Launcher.h"
 #include "vantro/ui/shortcuts/ShortcutWindow.h"
-#include "vantro/whisper/WhisperTranscriptionProvider.h"
 
 #include <QDBusConnection>
 #include <QGuiApplication>
@@ -61,10 +57,6 @@ public:
     void launch();
 
 private:
-    [[nodiscard]] bool isReady(const TranscriptionModel& model);
-    [[nodiscard]] ModelProviding& filesOf(const TranscriptionModel& model);
-    [[nodiscard]] ModelStatus modelStatus(const TranscriptionModel& model) const;
-    void removeModel(const TranscriptionModel& model);
     void settleShortcut(const QString& wanted);
     void askForShortcut();
     void showOnboarding();
@@ -89,33 +81,16 @@ private:
     NotificationCenter notifications_;
     Platform platform_;
 
-    ModelCatalogue catalogue_{ModelHost::address(defaults_, options_.modelHost)};
-    ModelStore modelStore_ = ModelStore::standard();
-    FluidModelFiles fluidFiles_{modelStore_.folders()};
-    ModelSelection models_{catalogue_, defaults_, [this](const auto& model) {
-                               return isReady(model);
-                           }};
-    ModelPreparation modelPreparation_{catalogue_, modelStore_, defaults_};
-    FileDownloader fileDownloader_;
-    WhisperModelFiles whisperFiles_{fileDownloader_, modelStore_};
-    FluidModelDownloads fluidDownloads_{fileDownloader_, fluidFiles_};
-    ModelDownloader modelDownloader_{[this](const TranscriptionModel& model) {
-        return &filesOf(model);
-    }};
-    QString modelProblem_; ///< why a model that was there has to be fetched again
     VocabularySettings vocabulary_{defaults_};
-    WhisperInProcessEngine whisperEngine_;
-    WhisperTranscriptionProvider whisper_{whisperEngine_, modelStore_, defaults_, vocabulary_};
-    FluidAsrEngine fluidEngine_{processorModuleFolders()};
-    FluidTranscriptionProvider fluid_{fluidEngine_, fluidFiles_, defaults_, vocabulary_};
-    TranscriptionFacade facade_{models_, whisper_, fluid_};
+    Speech speech_{defaults_, vocabulary_, options_.modelHost};
+    QString modelProblem_; ///< why a model that was there has to be fetched again
 
     CoreDataStack store_{clock_};
     LenientStore lenientStore_{store_};
     MigrationManager migrations_{defaults_, store_};
     PromptSettings prompts_{defaults_};
     LanguageModels languageModels_{defaults_, platform_, clock_, prompts_};
-    DictationPipeline pipeline_{facade_, makeModeHandlers(lenientStore_, prompts_), formatServices()};
+    DictationPipeline pipeline_{speech_.facade, makeModeHandlers(lenientStore_, prompts_), formatServices()};
     AudioDeviceManager devices_{*platform_.audioHardware, defaults_};
     AudioRecorder recorder_{
         platform_.makeAudioEngine, devices_, *platform_.permissions, notifications_, clock_, pipeline_};
@@ -123,10 +98,10 @@ private:
     KeyboardShortcuts shortcuts_{*platform_.hotKeys, defaults_, notifications_};
     RawKeyMonitor rawKeys_{shortcuts_, *platform_.hotKeys};
     PasteDelivery delivery_;
-    Windows windows_{{defaults_, notifications_, clock_, platform_, catalogue_, models_, modelDownloader_, store_,
-                      devices_, shortcuts_, vocabulary_, prompts_, languageModels_,
-                      [this](const auto& model) { return modelStatus(model); },
-                      [this](const auto& model) { removeModel(model); },
+    Windows windows_{{defaults_, notifications_, clock_, platform_, speech_.catalogue, speech_.selection,
+                      speech_.downloader, store_, devices_, shortcuts_, vocabulary_, prompts_, languageModels_,
+                      [this](const auto& model) { return speech_.status(model); },
+                      [this](const auto& model) { speech_.remove(model); },
                       [this](bool sandbox) {
                           delegate_.setSandboxMode(sandbox);
                       }}};
@@ -144,9 +119,9 @@ Program::Program(const ProgramOptions& options)
     , platform_(makeLinuxPlatform())
     , delivery_(*platform_.pasteboard, *platform_.keyEvents, *platform_.workspace, defaults_, clock_)
     , delegate_({defaults_, notifications_, clock_, *platform_.permissions, *platform_.sounds, recorder_, shortcuts_,
-                 delivery_, models_, [this] { windows_.applyTheme(); },
+                 delivery_, speech_.selection, [this] { windows_.applyTheme(); },
                  [this] { windows_.updates().check(UpdateChecker::Asker::launch); }, migrations_,
-                 [this] { return modelPreparation_.run(); },
+                 [this] { return speech_.preparation.run(); },
                  [this](TranscriptionModel model) { return modelIsReady(std::move(model)); }, lenientStore_,
                  surfaces()})
     , control_(
@@ -231,32 +206,6 @@ void Program::showOnboarding()
         windows_.showOnboarding();
 }
 
-ModelStatus Program::modelStatus(const TranscriptionModel& model) const
-{
-    return model.engine == TranscriptionEngine::fluid ? fluidFiles_.status(model) : modelStore_.status(model);
-}
-
-void Program::removeModel(const TranscriptionModel& model)
-{
-    if (model.engine == TranscriptionEngine::fluid)
-        fluidFiles_.remove(model);
-    else
-        modelStore_.remove(model);
-}
-
-bool Program::isReady(const TranscriptionModel& model)
-{
-    // On the main thread: a Parakeet file that is there counts, and is looked into before the first dictation.
-    return model.engine == TranscriptionEngine::fluid ? !fluidFiles_.find(model).isEmpty() : modelStore_.isReady(model);
-}
-
-ModelProviding& Program::filesOf(const TranscriptionModel& model)
-{
-    if (model.engine == TranscriptionEngine::fluid)
-        return fluidDownloads_;
-    return whisperFiles_;
-}
-
 void Program::settleShortcut(const QString& wanted)
 {
     const auto name = KeyboardShortcuts::Name::openModal;
@@ -318,7 +267,7 @@ Surfaces Program::surfaces()
 
 QCoro::Task<bool> Program::modelIsReady(TranscriptionModel model)
 {
-    const auto checked = filesOf(model).check(model);
+    const auto checked = speech_.engines.of(model).check(model);
     const ModelCheck check = co_await checked;
     modelProblem_ = check.problem;
     co_return check.isReady;
@@ -361,7 +310,7 @@ QJsonObject Program::statusDetails()
 {
     DictationTimings timings = delegate_.timings();
     timings.engine = pipeline_.lastEngineTime();
-    const auto* model = models_.stored();
+    const auto* model = speech_.selection.stored();
     QJsonObject details{{QStringLiteral("model"), model != nullptr ? model->name : QString()},
                         {QStringLiteral("microphone"), microphoneName()},
                         {QStringLiteral("shortcut"), shortcutName()},

@@ -7,7 +7,7 @@
 #include "vantro/app/LanguageModels.h"
 #include "vantro/audio/AudioDeviceManager.h"
 #include "vantro/models/ModelDownloader.h"
-#include "vantro/models/ModelStore.h"
+#include "vantro/models/ModelStatus.h"
 #include "vantro/store/CoreDataStack.h"
 #include "vantro/support/UpdateChecker.h"
 #include "vantro/text/VocabularySettings.h"

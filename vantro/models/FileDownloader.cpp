@@ -97,7 +97,6 @@ FileDownloader::FileDownloader(TransferOptions options)
 {
     thread_.setObjectName(QStringLiteral("model downloads"));
     network_->moveToThread(&thread_);
-    thread_.start();
 }
 
 FileDownloader::~FileDownloader()
@@ -109,6 +108,8 @@ FileDownloader::~FileDownloader()
         while (running_ > 0)
             allEnded_.wait(&pendingLock_);
     }
+    if (!thread_.isRunning())
+        return;
     QMetaObject::invokeMethod(
         network_.get(), [this] { network_->close(); }, Qt::BlockingQueuedConnection);
     thread_.quit();
@@ -129,6 +130,8 @@ QFuture<void> FileDownloader::download(TransferRequest request, OnProgress onPro
         entry = std::make_shared<PendingDownload>();
         entry->request = std::move(request);
         ++running_;
+        if (!thread_.isRunning())
+            thread_.start();
     }
     const PendingPointer download = entry;
     download->listeners.push_back(listener);

@@ -64,7 +64,6 @@ constexpr FluidEntry fluidEntries[] = {
 TranscriptionModel fluidEntry(const FluidEntry& entry, const QString& modelHost)
 {
     TranscriptionModel model;
-    model.id = QUuid::createUuid();
     model.name = QLatin1String(entry.name);
     model.size = QLatin1String(entry.size);
     model.speed = 0.99;
@@ -73,16 +72,15 @@ TranscriptionModel fluidEntry(const FluidEntry& entry, const QString& modelHost)
     model.description = wording::fluidModel() + QLatin1Char(' ') + QLatin1String(entry.merit);
     model.supportedLanguages = entry.languages;
     model.engine = TranscriptionEngine::fluid;
-    model.fluidModel = FluidModel{
-        QLatin1String(entry.repository), entry.languages == SupportedLanguages::multilingual, QLatin1String(entry.file),
-        ModelHost::fluidAddress(modelHost) + QLatin1String("/resolve/main/") + QLatin1String(entry.file)};
+    model.fluidModel =
+        FluidModel{QLatin1String(entry.repository), entry.languages == SupportedLanguages::multilingual,
+                   ModelHost::fluidAddress(modelHost) + QLatin1String("/resolve/main/") + QLatin1String(entry.file)};
     return model;
 }
 
 TranscriptionModel whisperEntry(const WhisperEntry& entry, const QString& modelHost)
 {
     TranscriptionModel model;
-    model.id = QUuid::createUuid();
     model.name = QLatin1String(entry.name);
     model.size = QLatin1String(entry.size);
     model.speed = entry.speed;
