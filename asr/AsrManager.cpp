@@ -63,12 +63,11 @@ ASRResult AsrManager::transcribe(std::span<const float> samples, TdtDecoderState
     if (asrModels_ == nullptr)
         throw ASRError(ASRError::Kind::notInitialized);
     const auto begun = std::chrono::steady_clock::now();
-    stop_.reset();
     try {
         const std::optional<TokenFilter> allowed = filterFor(options.language);
         const ChunkProcessor processor(samples, options.chunks, logger_);
         const auto tokens = processor.process(
-            {*asrModels_, config_, allowed ? &*allowed : nullptr, &stop_, options.onProgress}, decoderState);
+            {*asrModels_, config_, allowed ? &*allowed : nullptr, &options.stop, options.onProgress}, decoderState);
         ASRResult result = makeResult(tokens, samples.size());
         result.processingTime = std::chrono::steady_clock::now() - begun;
         return result;

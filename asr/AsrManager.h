@@ -11,12 +11,13 @@
 #include <memory>
 #include <optional>
 #include <span>
+#include <stop_token>
 
 namespace vantro::asr {
 
 /// The recogniser: whole recordings to text with the time of every token.
 ///
-/// One transcription at a time, on the caller's thread and workers of its own; stop() may come from any thread.
+/// One transcription at a time, on the caller's thread and workers of its own.
 class AsrManager
 {
 public:
@@ -30,14 +31,12 @@ public:
         std::optional<Language> language;      ///< leaves out letters of other scripts, with the version 3 model only
         std::function<void(float)> onProgress; ///< 0..1, on the calling thread; may be empty
         ChunkProcessor::Options chunks;
+        std::stop_token stop; ///< ends this transcription: it throws processingFailed
     };
 
     /// @p samples: 16 kHz mono, nominally -1..1. @p decoderState is fresh for a new recording. Throws ASRError:
     /// notInitialized, invalidAudioData (shorter than 20 ms, or not finite), processingFailed.
     ASRResult transcribe(std::span<const float> samples, TdtDecoderState& decoderState, const Options& options);
-
-    /// Ends the transcription that runs: it throws processingFailed. Does nothing to the next one.
-    void stop() { stop_.stop(); }
 
     [[nodiscard]] const ASRConfig& config() const { return config_; }
 
@@ -48,7 +47,6 @@ private:
     ASRConfig config_;
     LogSink logger_;
     std::shared_ptr<const AsrModels> asrModels_;
-    StopFlag stop_;
 };
 
 } // namespace vantro::asr

@@ -57,7 +57,7 @@ public:
         const AsrModels& models;
         const ASRConfig& config;
         const TokenFilter* allowed = nullptr;
-        const StopFlag* stop = nullptr;
+        const std::stop_token* stop = nullptr;
         std::function<void(float)> onProgress; ///< 0..1, on a worker's thread; may be empty
     };
     /// Tokens in order, with frames from the start of the recording. Throws ASRError.

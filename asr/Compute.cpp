@@ -25,9 +25,9 @@ Function moduleFunction(const char* name)
     return reinterpret_cast<Function>(ggml_backend_reg_get_proc_address(module, name));
 }
 
-bool isStopped(void* flag)
+bool isStopped(void* token)
 {
-    return static_cast<const StopFlag*>(flag)->isStopped();
+    return static_cast<const std::stop_token*>(token)->stop_requested();
 }
 
 /// ggml ends the program where the lists that it keeps of a graph find no memory. Asks for as much first, so that
@@ -64,12 +64,6 @@ void loadProcessorModule(std::span<const std::filesystem::path> folders)
         throw ASRError(ASRError::Kind::unsupportedPlatform, "no ggml module for this processor was found");
 }
 
-void StopFlag::check() const
-{
-    if (isStopped())
-        throw ASRError(ASRError::Kind::processingFailed, "stopped");
-}
-
 Graph::Graph(std::size_t nodes)
     : context_(nodes * ggml_tensor_overhead() + ggml_graph_overhead_custom(nodes, false))
     , graph_(ggml_new_graph_custom(context_.get(), nodes, false))
@@ -96,7 +90,7 @@ void Graph::output(ggml_tensor* tensor)
     ggml_build_forward_expand(graph_, tensor);
 }
 
-GraphRunner::GraphRunner(int threads, const StopFlag* stop) : threads_(threads), stop_(stop)
+GraphRunner::GraphRunner(int threads, const std::stop_token* stop) : threads_(threads), stop_(stop)
 {
     if (processor() == nullptr)
         throw ASRError(ASRError::Kind::unsupportedPlatform, "no ggml module for this processor is loaded");
@@ -106,7 +100,7 @@ GraphRunner::GraphRunner(int threads, const StopFlag* stop) : threads_(threads),
     moduleFunction<ggml_backend_set_n_threads_t>("ggml_backend_set_n_threads")(backend_.get(), threads);
     if (stop_ != nullptr)
         moduleFunction<ggml_backend_set_abort_callback_t>("ggml_backend_set_abort_callback")(
-            backend_.get(), isStopped, const_cast<StopFlag*>(stop_));
+            backend_.get(), isStopped, const_cast<std::stop_token*>(stop_));
     allocator_.reset(ggml_gallocr_new(ggml_backend_get_default_buffer_type(backend_.get())));
 }
 
@@ -149,8 +143,8 @@ void GraphRunner::fail()
 
 void GraphRunner::compute(const Graph& graph)
 {
-    if (stop_ != nullptr)
-        stop_->check();
+    if (stop_ != nullptr && stop_->stop_requested())
+        throw ASRError(ASRError::Kind::processingFailed, "stopped");
     if (backend_ == nullptr)
         fail();
     requireThreads();

@@ -4,11 +4,11 @@
 #include <ggml-backend.h>
 #include <ggml.h>
 
-#include <atomic>
 #include <cstddef>
 #include <filesystem>
 #include <memory>
 #include <span>
+#include <stop_token>
 #include <vector>
 
 namespace vantro::asr {
@@ -40,20 +40,6 @@ private:
 /// known already. Throws ASRError::unsupportedPlatform when there is none.
 void loadProcessorModule(std::span<const std::filesystem::path> folders);
 
-/// Tells a computation that nobody waits for it any more. Any thread.
-class StopFlag
-{
-public:
-    void stop() { stopped_.store(true, std::memory_order_relaxed); }
-    void reset() { stopped_.store(false, std::memory_order_relaxed); }
-    [[nodiscard]] bool isStopped() const { return stopped_.load(std::memory_order_relaxed); }
-    /// Throws ASRError::processingFailed when stopped.
-    void check() const;
-
-private:
-    std::atomic<bool> stopped_ = false;
-};
-
 /// A ggml graph under construction: its tensors' descriptions, without their memory.
 class Graph
 {
@@ -78,8 +64,8 @@ private:
 class GraphRunner
 {
 public:
-    /// @p stop may be null. Throws ASRError::unsupportedPlatform without a processor module.
-    GraphRunner(int threads, const StopFlag* stop);
+    /// @p stop outlives the runner, or is null. Throws ASRError::unsupportedPlatform without a processor module.
+    GraphRunner(int threads, const std::stop_token* stop);
 
     /// Gives the graph its memory; inputs can then be set. Throws ASRError::processingFailed when there is not enough.
     void allocate(const Graph& graph);
@@ -93,7 +79,7 @@ private:
     GgmlPointer<ggml_backend> backend_; ///< null after a failure
     GgmlPointer<ggml_gallocr> allocator_;
     int threads_;
-    const StopFlag* stop_;
+    const std::stop_token* stop_;
 };
 
 void setTensor(ggml_tensor* tensor, std::span<const float> values);

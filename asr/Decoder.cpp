@@ -43,7 +43,7 @@ Decoder::Decoder(ModelFile& file)
     weights_.load(file);
 }
 
-Decoder::Step::Step(const Decoder& decoder, int threads, const StopFlag* stop)
+Decoder::Step::Step(const Decoder& decoder, int threads, const std::stop_token* stop)
     : startToken_(decoder.startToken_)
     , size_(static_cast<std::size_t>(decoder.size_))
     , graph_(others + decoder.layers_.size() * nodesPerLayer)

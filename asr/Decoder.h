@@ -21,7 +21,7 @@ public:
     class Step
     {
     public:
-        Step(const Decoder& decoder, int threads, const StopFlag* stop);
+        Step(const Decoder& decoder, int threads, const std::stop_token* stop);
         /// Feeds state.lastToken, or the start of the text when there is none, and caches the output in @p state.
         void advance(TdtDecoderState& state);
 

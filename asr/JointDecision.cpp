@@ -33,7 +33,7 @@ EncoderFrames JointDecision::project(const EncoderFrames& encoded, GraphRunner& 
     return {encoded.frames, tensorValues(projected)};
 }
 
-JointDecision::Step::Step(const JointDecision& joint, int threads, const StopFlag* stop)
+JointDecision::Step::Step(const JointDecision& joint, int threads, const std::stop_token* stop)
     : tokenCount_(joint.tokenCount_)
     , graph_(maximumTensors)
     , runner_(threads, stop)

@@ -31,7 +31,7 @@ public:
     class Step
     {
     public:
-        Step(const JointDecision& joint, int threads, const StopFlag* stop);
+        Step(const JointDecision& joint, int threads, const std::stop_token* stop);
         /// @p frame of project(); @p prediction as cached in the decoder's state. Valid until the next call.
         Scores decide(std::span<const float> frame, std::span<const float> prediction);
 

@@ -6,7 +6,7 @@
 namespace vantro::asr {
 
 TdtDecoderV3::TdtDecoderV3(const AsrModels& models, const TdtConfig& config, const TokenFilter* allowed,
-                           const StopFlag* stop)
+                           const std::stop_token* stop)
     : config_(config)
     , allowed_(allowed)
     , predict_(models.decoder, 1, stop)

@@ -25,7 +25,8 @@ class TdtDecoderV3
 {
 public:
     /// @p models outlives the decoder. @p allowed may be null: every token is allowed.
-    TdtDecoderV3(const AsrModels& models, const TdtConfig& config, const TokenFilter* allowed, const StopFlag* stop);
+    TdtDecoderV3(const AsrModels& models, const TdtConfig& config, const TokenFilter* allowed,
+                 const std::stop_token* stop);
 
     /// Part of a matrix of projected encoder frames (JointDecision::project).
     struct Stretch

@@ -33,8 +33,8 @@ public:
     struct Options
     {
         std::int32_t workers = 1;
-        const StopFlag* stop = nullptr; ///< may be null
-        LogSink logger;                 ///< may be empty
+        const std::stop_token* stop = nullptr; ///< may be null
+        LogSink logger;                        ///< may be empty
     };
 
     /// Everything that is referred to outlives the pool.
@@ -65,7 +65,7 @@ private:
     std::span<const float> samples_;
     std::span<const Window> windows_;
     const AsrModels& models_;
-    const StopFlag* stop_;
+    const std::stop_token* stop_;
 
     std::mutex lock_; ///< guards everything below
     std::condition_variable changed_;

@@ -616,13 +616,6 @@
     </message>
 </context>
 <context>
-    <name>ModelDownloader</name>
-    <message>
-        <source>This installation has no engine for the model &quot;%1&quot;. Choose another model.</source>
-        <translation>Diese Installation kann das Modell „%1“ nicht ausführen. Wähle ein anderes.</translation>
-    </message>
-</context>
-<context>
     <name>ModelListModel</name>
     <message>
         <source>English</source>

@@ -19,6 +19,7 @@
 #include "vantro/app/AppDelegate.h"
 #include "vantro/app/LenientStore.h"
 #include "vantro/audio/AudioDeviceManager.h"
+#include "vantro/models/testing/FakeSpeechEngine.h"
 
 #include <QCoreApplication>
 #include <QPromise>
@@ -36,9 +37,11 @@ inline constexpr WindowID otherWindow = 78;
 inline const auto clipboard = Pasteboard::Selection::Clipboard;
 
 /// A speech engine that answers when the test says so.
-class SlowProvider final : public TranscriptionProviding
+class SlowProvider final : public doubles::FakeSpeechEngine
 {
 public:
+    using FakeSpeechEngine::FakeSpeechEngine;
+
     void prepare(const TranscriptionModel&) override { ++prepared; }
     QCoro::Task<QString> transcribe(TranscriptionRequest request) override
     {
@@ -48,7 +51,6 @@ public:
         answer_->start();
         co_return co_await answer_->future();
     }
-    void cancel() override {}
     void dictationEnded() override { ++ended; }
 
     [[nodiscard]] bool isAsked() const { return answer_ != nullptr; }
@@ -272,8 +274,9 @@ protected:
     MemoryStore store;
     CoreDataStack history{true, clock}; ///< what the repairs at the launch run on
     MigrationManager migrations{defaults, history};
-    SlowProvider neuralProvider;
-    TranscriptionFacade facade{models, provider, neuralProvider};
+    SlowProvider neuralProvider{TranscriptionEngine::fluid};
+    SpeechEngines speechEngines{{&provider, &neuralProvider}};
+    TranscriptionFacade facade{models, speechEngines};
     LenientStore lenientStore{store};
     const ModeHandlers handlers = makeHandlers(lenientStore);
     AudioDeviceManager devices{hardware, defaults};
@@ -293,9 +296,8 @@ protected:
              shell.steps << QStringLiteral("model");
              co_return;
          },
-         [this](const auto&) -> QCoro::Task<ModelCheck> {
-             ModelCheck check(isModelReady, QString());
-             co_return check;
+         [this](const auto&) {
+             return QtFuture::makeReadyFuture(ModelCheck(isModelReady, QString()));
          }}};
 };
 

@@ -1,6 +1,6 @@
 #include "tests/asr/AsrTestSupport.h"
 
-#include "vantro/cli/AudioFile.h"
+#include "vantro/audio/AudioFile.h"
 
 #include <cstdlib>
 #include <fstream>

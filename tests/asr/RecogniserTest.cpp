@@ -168,9 +168,11 @@ TEST(Recognising, RefusesWhatIsNoAudioAndGoesOnWorking)
 TEST(Recognising, StopsInTheMiddleAndIsReadyForTheNextRecording)
 {
     Recogniser recogniser(loadMicro());
+    std::stop_source stop;
     AsrManager::Options options;
+    options.stop = stop.get_token();
     options.onProgress = [&](float) {
-        recogniser.manager.stop();
+        stop.request_stop();
     };
     const std::vector<float> minutes(windowSamples * 20, 0.01F);
     EXPECT_EQ(errorOf([&] { recogniser.text(minutes, options); }), ASRError::Kind::processingFailed);

@@ -1,8 +1,13 @@
 #include "vantro/models/ModelDownloader.h"
 
+#include "base/Error.h"
 #include "tests/WaitFor.h"
 #include "tests/models/ModelServer.h"
-#include "vantro/models/WhisperModelFiles.h"
+#include "vantro/models/ModelDownloadError.h"
+#include "vantro/models/ModelHost.h"
+#include "vantro/models/testing/FakeSpeechEngine.h"
+#include "vantro/text/VocabularySettings.h"
+#include "vantro/whisper/WhisperTranscriptionProvider.h"
 
 #include <QCoreApplication>
 #include <QCryptographicHash>
@@ -70,34 +75,14 @@ protected:
 
     [[nodiscard]] qint64 partBytes() const
     {
-        return QFileInfo(store.userFolder() + QStringLiteral("/.work/ggml-test.bin.part")).size();
+        return QFileInfo(folder.path() + QStringLiteral("/user/.work/ggml-test.bin.part")).size();
     }
 
     QTemporaryDir folder;
     QByteArray content;
     TranscriptionModel model;
-    ModelStore store{folder.filePath(QStringLiteral("user")), {}};
+    WhisperModelFiles store{{folder.filePath(QStringLiteral("user"))}};
     std::unique_ptr<ModelServer> server;
-};
-
-/// A provider whose downloads go as the test says.
-class ProviderDouble final : public ModelProviding
-{
-public:
-    std::function<void(const FileDownloader::OnProgress&)> work;
-    ModelCheck answer{true, {}};
-
-    QCoro::Task<ModelCheck> check(TranscriptionModel /*model*/) override { co_return answer; }
-    QCoro::Task<QString> downloadModel(TranscriptionModel /*model*/, FileDownloader::OnProgress onProgress,
-                                       std::stop_token /*stop*/) override
-    {
-        const QFuture<void> done = executor_.run([this, onProgress] { work(onProgress); });
-        co_await done;
-        co_return QString();
-    }
-
-private:
-    SerialExecutor executor_{QStringLiteral("provider")};
 };
 
 } // namespace
@@ -165,7 +150,7 @@ TEST_F(Download, APartIsSafeFromTheCheckThatRemovesWrongFiles)
 {
     // A wrong file under the model's name, and a download that is about to replace it.
     serve(QStringLiteral(R"({"stall_after": %1})").arg(middle));
-    QDir().mkpath(store.userFolder());
+    QDir().mkpath(folder.filePath(QStringLiteral("user")));
     QFile wrong(store.ownFile(model));
     ASSERT_TRUE(wrong.open(QIODevice::WriteOnly));
     wrong.write("wrong");
@@ -183,9 +168,13 @@ TEST_F(Download, TheInterfaceShowsARealDownloadToItsEnd)
 {
     serve();
     FileDownloader files;
-    WhisperModelFiles provider(files, store);
+    UserDefaults defaults(folder.filePath(QStringLiteral("vantro.ini")));
+    const VocabularySettings vocabulary(defaults);
+    WhisperInProcessEngine engine;
+    WhisperTranscriptionProvider provider(engine, store, files, defaults, vocabulary);
+    const SpeechEngines engines({&provider});
     const ModelCatalogue catalogue;
-    ModelDownloader downloader(catalogue, [&](const auto&) { return &provider; });
+    ModelDownloader downloader(catalogue, engines);
     QList<float> shown;
     QObject::connect(&downloader, &ModelDownloader::progressChanged, &downloader,
                      [&] { shown << downloader.progress(); });
@@ -202,9 +191,8 @@ TEST_F(Download, TheInterfaceShowsARealDownloadToItsEnd)
 
 TEST(ModelDownloader, PublishesOncePerPercentOnTheMainThread)
 {
-    const ModelCatalogue catalogue;
-    ProviderDouble provider;
-    provider.work = [](const FileDownloader::OnProgress& onProgress) {
+    doubles::FakeSpeechEngine provider;
+    provider.fetch = [](const FileDownloader::OnProgress& onProgress) {
         for (qint64 received = 0; received <= 20'000; ++received) {
             DownloadProgress progress;
             progress.receivedBytes = received;
@@ -212,7 +200,9 @@ TEST(ModelDownloader, PublishesOncePerPercentOnTheMainThread)
             onProgress(progress);
         }
     };
-    ModelDownloader downloader(catalogue, [&](const auto&) { return &provider; });
+    const SpeechEngines engines({&provider});
+    const ModelCatalogue catalogue;
+    ModelDownloader downloader(catalogue, engines);
     int published = 0;
     QObject::connect(&downloader, &ModelDownloader::progressChanged, &downloader, [&] {
         ++published;
@@ -232,10 +222,10 @@ TEST(ModelDownloader, PublishesOncePerPercentOnTheMainThread)
 
 TEST(ModelDownloader, LeavesTheReasonOfAFailureToBeRead)
 {
+    doubles::FakeSpeechEngine provider;
+    const SpeechEngines engines({&provider});
     const ModelCatalogue catalogue;
-    ProviderDouble provider;
-    ModelProviding* offered = &provider;
-    ModelDownloader downloader(catalogue, [&](const auto&) { return offered; });
+    ModelDownloader downloader(catalogue, engines);
     const auto statusAfterDownload = [&downloader](const TranscriptionModel& model) {
         std::optional<bool> isReady;
         auto task = downloader.download(model).then([&isReady](bool ready) { isReady = ready; });
@@ -243,31 +233,25 @@ TEST(ModelDownloader, LeavesTheReasonOfAFailureToBeRead)
         EXPECT_EQ(isReady, false);
         return downloader.statusText().value_or(QString());
     };
-    provider.work = [](const auto&) {
+    provider.fetch = [](const auto&) {
         throw ModelDownloadError::diskFull(QStringLiteral("/models"));
     };
     EXPECT_EQ(statusAfterDownload({}),
               QStringLiteral("Download failed: The disk of /models is full. What was fetched is "
                              "kept: make room, then try again to continue there."));
-    provider.work = [](const auto&) {
+    provider.fetch = [](const auto&) {
     };
     provider.answer = ModelCheck(false, QStringLiteral("ggml-x.bin is not the published file."));
     EXPECT_EQ(statusAfterDownload({}), QStringLiteral("Download failed: ggml-x.bin is not the published file."));
+}
 
-    const QTemporaryDir folder;
-    const ModelStore store(folder.path(), {});
-    FileDownloader files;
-    WhisperModelFiles whisper(files, store);
-    offered = &whisper;
+TEST(ModelHost, FetchesNothingFromAnAddressThatIsNone)
+{
     TranscriptionModel model;
-    model.name = QStringLiteral("tiny");
     for (const QString& url : {QString(), QStringLiteral("ftp://h/f"), QStringLiteral("http:///f")}) {
         model.url = url;
-        EXPECT_EQ(statusAfterDownload(model),
-                  QStringLiteral("Download failed: Model \"tiny\" has no valid download URL."));
+        EXPECT_THROW(ModelHost::urlOf(model), Error) << url.toStdString();
     }
-    offered = nullptr;
-    EXPECT_TRUE(statusAfterDownload(model).contains(QStringLiteral("no engine for the model \"tiny\"")));
 }
 
 TEST(TransferRate, CountsOnlyWhatArrivesNow)

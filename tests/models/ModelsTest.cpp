@@ -1,7 +1,6 @@
 #include "base/Settings.h"
-#include "vantro/models/ModelPreparation.h"
 #include "vantro/models/ModelSelection.h"
-#include "vantro/models/ModelStore.h"
+#include "vantro/whisper/WhisperModelPreparation.h"
 
 #include <QCryptographicHash>
 #include <QDateTime>
@@ -38,7 +37,7 @@ protected:
     QTemporaryDir folder;
     QString user = folder.filePath(QStringLiteral("user"));
     QString system = folder.filePath(QStringLiteral("system"));
-    ModelStore store{user, {system}};
+    WhisperModelFiles store{{user, system}};
     void SetUp() override
     {
         QDir().mkpath(user);
@@ -52,7 +51,7 @@ TEST_F(Models, AFileIsTrustedOnlyAfterItsContentWasSeen)
 {
     const QByteArray content(3'000'000, 'm');
     const auto model = modelWithContent(content);
-    const QString path = store.modelFile(model);
+    const QString path = store.find(model);
     const QString marker = path + QStringLiteral(".verified");
     EXPECT_FALSE(store.isReady(model));
 
@@ -74,10 +73,10 @@ TEST_F(Models, TheUsersCopyComesBeforeTheSystemsOne)
     const QByteArray content("model");
     const auto model = modelWithContent(content);
     write(system + QStringLiteral("/ggml-test.bin"), content);
-    EXPECT_EQ(store.modelFile(model), system + QStringLiteral("/ggml-test.bin"));
+    EXPECT_EQ(store.find(model), system + QStringLiteral("/ggml-test.bin"));
     EXPECT_TRUE(store.isReady(model));
     write(user + QStringLiteral("/ggml-test.bin"), content);
-    EXPECT_EQ(store.modelFile(model), user + QStringLiteral("/ggml-test.bin"));
+    EXPECT_EQ(store.find(model), user + QStringLiteral("/ggml-test.bin"));
 }
 
 TEST_F(Models, ANewInstallationAdoptsWhatIsThereElseTheDefaultAndNeverChangesItsMindLater)
@@ -123,11 +122,11 @@ TEST_F(Models, AWrongOwnCopyGivesWayToTheSystemsRightOne)
     }
     write(store.ownFile(model), "wrong");
     EXPECT_TRUE(store.isReady(model));
-    EXPECT_EQ(store.modelFile(model), shared);
-    EXPECT_TRUE(store.isVerified(model)) << "remembered in the user's folder";
+    EXPECT_EQ(store.find(model), shared);
+    EXPECT_EQ(store.status(model).state, ModelStatus::State::ready) << "remembered in the user's folder";
     EXPECT_EQ(QDir(system).entryList(QDir::Files), QStringList{QStringLiteral("ggml-test.bin")});
     write(shared, "other");
-    EXPECT_FALSE(store.isVerified(model)) << "it is not the file that was verified";
+    EXPECT_EQ(store.status(model).state, ModelStatus::State::unchecked) << "it is not the file that was verified";
     EXPECT_FALSE(store.isReady(model));
     EXPECT_TRUE(QFile::exists(shared));
 }
@@ -143,7 +142,7 @@ TEST_F(Models, FilesOfTheLibrarysOwnScriptAreTakenOverOnce)
     write(folder.filePath(QStringLiteral("elsewhere.bin")), "mine");
     QFile::link(folder.filePath(QStringLiteral("elsewhere.bin")), legacy + QStringLiteral("/ggml-base.en.bin"));
     UserDefaults defaults(folder.filePath(QStringLiteral("vantro.ini")));
-    ModelPreparation preparation(catalogue, store, defaults, legacy);
+    WhisperModelPreparation preparation(catalogue, store, defaults, legacy);
     QCoro::waitFor(preparation.run());
     EXPECT_FALSE(QFile::exists(legacy + QStringLiteral("/ggml-tiny.bin")));
     EXPECT_TRUE(QFile::exists(legacy + QStringLiteral("/notes.txt")));

@@ -1,6 +1,6 @@
 // The engine with a real model (scripts/get-model puts it where the program looks) and people's recordings.
 #include "base/Settings.h"
-#include "vantro/cli/AudioFile.h"
+#include "vantro/audio/AudioFile.h"
 #include "vantro/models/ModelCatalogue.h"
 #include "vantro/whisper/WhisperTranscriptionProvider.h"
 
@@ -29,7 +29,7 @@ protected:
         tiny = *catalogue.find(QStringLiteral("tiny.en"));
         if (!store.isReady(tiny))
             GTEST_SKIP() << "tiny.en is not there: run scripts/get-model";
-        tinyFile = store.modelFile(tiny);
+        tinyFile = store.find(tiny);
     }
 
     [[nodiscard]] static WhisperInProcessEngine::Request request(const QString& file)
@@ -47,12 +47,17 @@ protected:
             return future.result();
     }
 
-    QString textOf(WhisperTranscriptionProvider& provider, const char* file);
+    QString textOf(const char* file);
 
     TranscriptionModel tiny;
     QString tinyFile;
-    ModelStore store = ModelStore::standard();
+    WhisperModelFiles store{modelFolders()};
     WhisperInProcessEngine engine;
+    FileDownloader downloader;
+    const QTemporaryDir folder;
+    UserDefaults defaults{folder.filePath(QStringLiteral("vantro.ini"))};
+    VocabularySettings vocabulary{defaults};
+    WhisperTranscriptionProvider provider{engine, store, downloader, defaults, vocabulary};
 };
 
 } // namespace
@@ -82,7 +87,6 @@ TEST_F(Whisper, WritesWhatPeopleSayInOneGoAndAcrossTheThirtySecondWindow)
 
 TEST_F(Whisper, KeepsTheLoadedModelWhenAnotherFileIsNoModel)
 {
-    const QTemporaryDir folder;
     const QString foreign = folder.filePath(QStringLiteral("foreign.bin"));
     const QString truncated = folder.filePath(QStringLiteral("truncated.bin"));
     const QString cutInTheLastTensor = folder.filePath(QStringLiteral("cut.bin"));
@@ -117,8 +121,10 @@ TEST_F(Whisper, GivesWayAtOnceWhenNobodyWaitsAnyMore)
     get(engine.load(tinyFile));
     auto work = request(recording("en-harvard-spk1-snt1.flac"));
     work.samples.resize(10U * 60 * 16'000, 0.01F); // would take many seconds
+    std::stop_source stop;
+    work.stop = stop.get_token();
     const auto abandoned = engine.transcribe(work);
-    engine.abortTranscription();
+    stop.request_stop();
     EXPECT_THROW(get(abandoned), WhisperInProcessError);
     EXPECT_EQ(get(engine.transcribe(request(recording("en-harvard-spk1-snt1.flac")))),
               QStringLiteral("The child almost hurt the small dog."));
@@ -135,33 +141,29 @@ QCoro::Task<> settle(QCoro::Task<QString> task, QString& outcome)
 
 TEST_F(Whisper, ACancelWhileTheModelStillLoadsEndsTheTranscription)
 {
-    const QTemporaryDir folder;
-    UserDefaults defaults(folder.filePath(QStringLiteral("vantro.ini")));
-    VocabularySettings vocabulary(defaults);
-    WhisperTranscriptionProvider provider(engine, store, defaults, vocabulary);
     const auto speech = request(recording("en-harvard-spk1-snt1.flac")).samples;
-    const auto transcribe = [&](QString& outcome) {
+    const auto transcribe = [&](QString& outcome, std::stop_token stop) {
         TranscriptionRequest work;
         work.samples = speech;
         work.model = tiny;
+        work.stop = std::move(stop);
         return settle(provider.transcribe(std::move(work)), outcome);
     };
     QString cancelled;
     QString wanted;
-    const auto first = transcribe(cancelled);
-    provider.cancel();
-    const auto second = transcribe(wanted);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return !cancelled.isEmpty() && !wanted.isEmpty(); }, 60'000));
+    std::stop_source stop;
+    const auto first = transcribe(cancelled, stop.get_token());
+    stop.request_stop();
+    const auto second = transcribe(wanted, {});
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !cancelled.isEmpty(); }, 60'000));
     EXPECT_EQ(cancelled, QStringLiteral("ended"));
+    EXPECT_TRUE(wanted.isEmpty()) << "the end waits for no load";
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !wanted.isEmpty(); }, 60'000));
     EXPECT_EQ(wanted, QStringLiteral("The child almost hurt the small dog."));
 }
 
 TEST_F(Whisper, TheProviderLoadsWhileTheUserSpeaksAndUnloadsAfterwardsUnlessToldOtherwise)
 {
-    const QTemporaryDir folder;
-    UserDefaults defaults(folder.filePath(QStringLiteral("vantro.ini")));
-    VocabularySettings vocabulary(defaults);
-    WhisperTranscriptionProvider provider(engine, store, defaults, vocabulary);
     const auto isLoaded = [this] {
         try {
             WhisperInProcessEngine::Request silence;
@@ -182,7 +184,7 @@ TEST_F(Whisper, TheProviderLoadsWhileTheUserSpeaksAndUnloadsAfterwardsUnlessTold
     EXPECT_TRUE(isLoaded());
 }
 
-QString Whisper::textOf(WhisperTranscriptionProvider& provider, const char* file)
+QString Whisper::textOf(const char* file)
 {
     TranscriptionRequest work;
     work.samples = request(recording(file)).samples;
@@ -195,23 +197,14 @@ QString Whisper::textOf(WhisperTranscriptionProvider& provider, const char* file
 
 TEST_F(Whisper, TheProviderAppliesTheReplacementsInOrder)
 {
-    const QTemporaryDir folder;
-    UserDefaults defaults(folder.filePath(QStringLiteral("vantro.ini")));
-    VocabularySettings vocabulary(defaults);
-    WhisperTranscriptionProvider provider(engine, store, defaults, vocabulary);
     vocabulary.addReplacement(QStringLiteral("small dog"), QStringLiteral("cat"));
     vocabulary.addReplacement(QStringLiteral("the cat"), QStringLiteral("Tom"));
     vocabulary.addReplacement(QStringLiteral("almost"), QString());
-    EXPECT_EQ(textOf(provider, "en-harvard-spk1-snt1.flac"), QStringLiteral("The child hurt Tom."));
+    EXPECT_EQ(textOf("en-harvard-spk1-snt1.flac"), QStringLiteral("The child hurt Tom."));
 }
 
 TEST_F(Whisper, TheProviderHintsAtTheSpellingOfTheUsersWords)
 {
-    const QTemporaryDir folder;
-    UserDefaults defaults(folder.filePath(QStringLiteral("vantro.ini")));
-    VocabularySettings vocabulary(defaults);
-    WhisperTranscriptionProvider provider(engine, store, defaults, vocabulary);
     vocabulary.addVocabularyWord(QStringLiteral("Gregsson"));
-    EXPECT_EQ(textOf(provider, "en-arctic-a0009.flac"),
-              QStringLiteral("He turned sharply and faced Gregsson across the table."));
+    EXPECT_EQ(textOf("en-arctic-a0009.flac"), QStringLiteral("He turned sharply and faced Gregsson across the table."));
 }

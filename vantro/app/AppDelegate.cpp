@@ -7,6 +7,7 @@
 
 #include <QCoreApplication>
 #include <QTimer>
+#include <qcoro/qcorofuture.h>
 
 #include <utility>
 
@@ -64,7 +65,8 @@ QCoro::Task<> AppDelegate::settleModel()
     co_await parts_.prepareModels();
     const TranscriptionModel model = parts_.models.selectedModel();
     printLine(QStringLiteral("Checking model: ") + model.name);
-    const ModelCheck check = co_await parts_.checkModel(model);
+    const QFuture<ModelCheck> checking = parts_.checkModel(model);
+    const ModelCheck check = co_await checking;
     if (!check.isReady) {
         downloadModel(model, check.problem);
         co_return;
@@ -92,7 +94,8 @@ QCoro::Task<> AppDelegate::modelDownloaded()
     shell().closeModelDownload();
     // The settings may have fetched another one than the one that is missing.
     const TranscriptionModel model = parts_.models.selectedModel();
-    const ModelCheck check = co_await parts_.checkModel(model);
+    const QFuture<ModelCheck> checking = parts_.checkModel(model);
+    const ModelCheck check = co_await checking;
     if (check.isReady && modelProblem_)
         modelBecameReady(model);
 }

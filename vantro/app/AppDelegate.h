@@ -5,10 +5,11 @@
 #include "platform/Permissions.h"
 #include "vantro/app/Dictation.h"
 #include "vantro/app/HoldToTalk.h"
-#include "vantro/models/ModelCheck.h"
 #include "vantro/models/ModelSelection.h"
+#include "vantro/models/ModelStatus.h"
 #include "vantro/store/MigrationManager.h"
 
+#include <QFuture>
 #include <QObject>
 #include <qcoro/qcorotask.h>
 
@@ -33,7 +34,7 @@ public:
         MigrationManager& migrations;
         /// Makes models that lie on this machine usable; before the selection is settled.
         std::function<QCoro::Task<>()> prepareModels;
-        std::function<QCoro::Task<ModelCheck>(TranscriptionModel)> checkModel;
+        std::function<QFuture<ModelCheck>(const TranscriptionModel&)> checkModel;
     };
 
     explicit AppDelegate(Parts parts);

@@ -1,6 +1,7 @@
 #include "vantro/app/Dictation.h"
 
 #include "base/Notifications.h"
+#include "base/SampleFormat.h"
 #include "base/Settings.h"
 #include "platform/Wording.h"
 #include "vantro/ai/DefaultMode.h"
@@ -129,7 +130,7 @@ void Dictation::noteLostMicrophone()
     const auto& lost = parts_.recorder.lostCapture();
     if (!lost)
         return;
-    if (parts_.recorder.sampleCount() < AudioRecorder::minimumSampleCount)
+    if (parts_.recorder.sampleCount() < minimumSampleCount)
         throw Failure(lost->localizedDescription());
     notice_ =
         tr("The microphone was lost during the recording; what was said after that is missing. %1").arg(lost->reason());
@@ -145,7 +146,7 @@ QCoro::Task<std::vector<float>> Dictation::drain()
 
 QCoro::Task<QString> Dictation::transcribe(std::vector<float> samples)
 {
-    if (samples.size() < AudioRecorder::minimumSampleCount)
+    if (samples.size() < minimumSampleCount)
         co_return QString();
     enter(State::transcribing);
     logger_.info(QStringLiteral("Extracting transcription"));

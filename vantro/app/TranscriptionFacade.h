@@ -1,9 +1,8 @@
 #pragma once
 
-#include "base/Error.h"
 #include "base/Logger.h"
 #include "vantro/models/ModelSelection.h"
-#include "vantro/models/TranscriptionProviding.h"
+#include "vantro/models/SpeechEngine.h"
 
 #include <memory>
 
@@ -23,7 +22,7 @@ public:
         std::stop_token stop = {}; ///< ends this transcription soon: it throws
     };
 
-    TranscriptionFacade(ModelSelection& selection, TranscriptionProviding& whisper, TranscriptionProviding& fluid);
+    TranscriptionFacade(ModelSelection& selection, const SpeechEngines& engines);
 
     /// Held by a dictation from its recording's start to its end. When the last one is released the engine may let go
     /// of its model: a cancelled dictation that is still being wound up takes nothing from the next one.
@@ -34,26 +33,12 @@ public:
     /// @p samples: 16 kHz mono. Errors of the engine pass through unchanged; a transcription that is stopped throws,
     /// too.
     QCoro::Task<QString> transcribe(QString recordingID, std::vector<float> samples, Options options);
-    void cancel();
 
 private:
-    [[nodiscard]] TranscriptionProviding& provider(const TranscriptionModel& model);
-
     Logger logger_{"TranscriptionEngine"};
     ModelSelection& selection_;
-    TranscriptionProviding& whisper_;
-    TranscriptionProviding& fluid_;
+    const SpeechEngines& engines_;
     std::weak_ptr<void> use_;
-};
-
-/// The selected model cannot be run by the engine it claims.
-class TranscriptionEngineError : public Error
-{
-public:
-    static TranscriptionEngineError misconfiguredFluidModel(const QString& modelName);
-
-private:
-    using Error::Error;
 };
 
 } // namespace vantro

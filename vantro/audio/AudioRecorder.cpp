@@ -1,5 +1,6 @@
 #include "vantro/audio/AudioRecorder.h"
 
+#include "base/SampleFormat.h"
 #include "platform/Permissions.h"
 #include "vantro/audio/AudioDeviceManager.h"
 #include "vantro/audio/EngineSession.h"
@@ -13,8 +14,6 @@
 namespace vantro {
 
 namespace {
-
-constexpr double samplesPerSecond = 16'000.0;
 
 Clock::Instant::rep steadyNow()
 {
@@ -222,8 +221,7 @@ std::vector<float> AudioRecorder::takeSamples()
     std::vector<float> samples = collector->takeSamples();
     const std::chrono::duration<double> wallClock = clock_.now() - recordingStartedAt_;
     logger_.info(QStringLiteral("Recording %1: wall clock %2s, captured %3s%4")
-                     .arg(activeRecordingID_, seconds(wallClock.count()),
-                          seconds(static_cast<double>(samples.size()) / samplesPerSecond),
+                     .arg(activeRecordingID_, seconds(wallClock.count()), seconds(durationOf(samples.size()).count()),
                           collector->overflowed() ? QStringLiteral(" (hit the 10-minute cap)") : QString()));
     return samples;
 }

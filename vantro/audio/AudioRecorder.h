@@ -48,8 +48,6 @@ class AudioRecorder : public QObject
     Q_PROPERTY(
         vantro::ProcessingMode processingMode READ processingMode WRITE setProcessingMode NOTIFY processingModeChanged)
 public:
-    /// 0.3 s; what is shorter is not transcribed.
-    static constexpr std::size_t minimumSampleCount = 4'800;
     /// Between stop and the end of the capture, so that the last word arrives.
     static constexpr std::chrono::milliseconds drainDelay{150};
     /// How long a recording that has lost its microphone waits for another one.

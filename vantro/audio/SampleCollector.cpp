@@ -1,12 +1,14 @@
 #include "vantro/audio/SampleCollector.h"
 
+#include "base/SampleFormat.h"
+
 #include <utility>
 
 namespace vantro {
 
 SampleCollector::SampleCollector()
 {
-    samples_.reserve(reserveSampleCount);
+    samples_.reserve(std::size_t{60} * sampleRateHz);
 }
 
 void SampleCollector::append(std::span<const float> samples)
@@ -14,7 +16,7 @@ void SampleCollector::append(std::span<const float> samples)
     if (samples.empty())
         return;
     const std::lock_guard guard(lock_);
-    if (samples_.size() < capSampleCount)
+    if (samples_.size() < maximumSampleCount)
         samples_.insert(samples_.end(), samples.begin(), samples.end());
     else
         overflowed_ = true;

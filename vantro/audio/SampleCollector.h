@@ -12,14 +12,10 @@ namespace vantro {
 class SampleCollector
 {
 public:
-    static constexpr std::size_t reserveSampleCount = 960'000;
-    /// Ten minutes.
-    static constexpr std::size_t capSampleCount = 9'600'000;
-
     SampleCollector();
 
-    /// Adds all of @p samples while fewer than the cap are held, so the last addition may pass it; afterwards adds
-    /// nothing and notes the overflow.
+    /// Adds all of @p samples while fewer than maximumSampleCount are held, so the last addition may pass it;
+    /// afterwards adds nothing and notes the overflow.
     void append(std::span<const float> samples);
     /// Hands out everything and leaves the collector empty.
     [[nodiscard]] std::vector<float> takeSamples();

@@ -1,10 +1,8 @@
 #include "vantro/cli/ModelsCommand.h"
 
-#include "base/Logger.h"
 #include "vantro/cli/ExitCode.h"
 #include "vantro/cli/ModelsSession.h"
 #include "vantro/cli/Terminal.h"
-#include "vantro/models/ModelDownloadError.h"
 
 #include <QCommandLineParser>
 #include <QJsonArray>
@@ -53,8 +51,8 @@ void writeJson(const QJsonObject& object)
 
 int selectModel(ModelsSession& session, const TranscriptionModel& model, const Options& options)
 {
-    session.selection.select(model);
-    const bool isThere = session.status(model).state != ModelStatus::State::missing;
+    session.speech.selection.select(model);
+    const bool isThere = session.speech.status(model).state != ModelStatus::State::missing;
     if (options.json)
         writeJson({{QStringLiteral("selected"), model.name}});
     else
@@ -69,8 +67,8 @@ int verifyModels(ModelsSession& session, const std::vector<TranscriptionModel>& 
 {
     int exitCode = ExitCode::done;
     for (const TranscriptionModel& model : models) {
-        const QString file = session.status(model).file;
-        const ModelCheck check = session.check(model, ModelStore::Trust::contentOnly);
+        const QString file = session.speech.status(model).file;
+        const ModelCheck check = session.speech.check(model, Trust::contentOnly);
         if (json)
             writeJson({{QStringLiteral("model"), model.name},
                        {QStringLiteral("file"), file},
@@ -90,11 +88,11 @@ int verifyModels(ModelsSession& session, const std::vector<TranscriptionModel>& 
 int verify(ModelsSession& session, const TranscriptionModel* model, const Options& options)
 {
     const auto hasFile = [&session](const TranscriptionModel& entry) {
-        return !session.status(entry).file.isEmpty();
+        return !session.speech.status(entry).file.isEmpty();
     };
     std::vector<TranscriptionModel> models;
     if (model == nullptr) {
-        std::ranges::copy_if(session.catalogue.models(), std::back_inserter(models), hasFile);
+        std::ranges::copy_if(session.speech.catalogue.models(), std::back_inserter(models), hasFile);
     } else if (hasFile(*model)) {
         models.push_back(*model);
     } else {
@@ -107,7 +105,7 @@ int verify(ModelsSession& session, const TranscriptionModel* model, const Option
 
 int removeModel(ModelsSession& session, const TranscriptionModel& model, const Options& options)
 {
-    const ModelStatus status = session.status(model);
+    const ModelStatus status = session.speech.status(model);
     if (status.state == ModelStatus::State::missing) {
         terminal::writeError(QStringLiteral("%1 is not downloaded").arg(model.name));
         return ExitCode::notFound;
@@ -121,7 +119,7 @@ int removeModel(ModelsSession& session, const TranscriptionModel& model, const O
             QStringLiteral("%1 is selected: select another model first, or use --force").arg(model.name));
         return ExitCode::failed;
     }
-    const qint64 freed = session.remove(model);
+    const qint64 freed = session.speech.remove(model);
     if (options.json)
         writeJson({{QStringLiteral("removed"), model.name}, {QStringLiteral("freed_bytes"), freed}});
     else
@@ -131,9 +129,9 @@ int removeModel(ModelsSession& session, const TranscriptionModel& model, const O
 
 int clearModels(ModelsSession& session, const Options& options)
 {
-    const TranscriptionModel selected = session.selection.selectedModel();
-    const qint64 freed = session.removeAllExcept(selected);
-    const qint64 used = session.bytesUsed();
+    const TranscriptionModel selected = session.speech.selection.selectedModel();
+    const qint64 freed = session.speech.removeAllExcept(selected);
+    const qint64 used = session.speech.bytesUsed();
     if (options.json) {
         writeJson({{QStringLiteral("kept"), selected.name},
                    {QStringLiteral("freed_bytes"), freed},
@@ -186,8 +184,8 @@ const TranscriptionModel* ModelsSession::find(const QString& text) const
 {
     const TranscriptionModel* begins = nullptr;
     int count = 0;
-    for (const TranscriptionModel& model : catalogue.models()) {
-        if (model.name == text || (model.fluidModel ? model.fluidModel->file : model.fileName()) == text)
+    for (const TranscriptionModel& model : speech.catalogue.models()) {
+        if (model.name == text || model.fileName() == text)
             return &model;
         if (model.name.startsWith(text, Qt::CaseInsensitive)) {
             begins = &model;
@@ -197,49 +195,9 @@ const TranscriptionModel* ModelsSession::find(const QString& text) const
     return count == 1 ? begins : nullptr;
 }
 
-ModelStatus ModelsSession::status(const TranscriptionModel& model) const
-{
-    return model.fluidModel ? fluidFiles.checkedStatus(model) : store.status(model);
-}
-
-ModelCheck ModelsSession::check(const TranscriptionModel& model, ModelStore::Trust trust) const
-{
-    return model.fluidModel ? fluidFiles.check(model) : store.check(model, trust);
-}
-
-qint64 ModelsSession::remove(const TranscriptionModel& model) const
-{
-    return model.fluidModel ? fluidFiles.remove(model) : store.remove(model);
-}
-
-qint64 ModelsSession::removeAllExcept(const TranscriptionModel& keep) const
-{
-    qint64 freed = store.removeAllExcept(catalogue, &keep);
-    for (const TranscriptionModel& model : catalogue.models()) {
-        if (!model.fluidModel || model.name == keep.name)
-            continue;
-        try {
-            freed += fluidFiles.remove(model);
-        } catch (const Error& error) {
-            printLine(QStringLiteral("Error: ") + error.localizedDescription());
-        }
-    }
-    return freed;
-}
-
-qint64 ModelsSession::bytesUsed() const
-{
-    qint64 bytes = store.bytesUsed(catalogue);
-    for (const TranscriptionModel& model : catalogue.models()) {
-        const ModelStatus known = model.fluidModel ? fluidFiles.status(model) : ModelStatus();
-        bytes += known.isSystemCopy ? 0 : known.bytes;
-    }
-    return bytes;
-}
-
 bool ModelsSession::isSelected(const TranscriptionModel& model) const
 {
-    const auto* selected = selection.stored();
+    const auto* selected = speech.selection.stored();
     return selected != nullptr && selected->name == model.name;
 }
 

@@ -2,9 +2,8 @@
 #include "vantro/cli/Interruption.h"
 #include "vantro/cli/ModelsSession.h"
 #include "vantro/cli/Terminal.h"
-#include "vantro/fluid/FluidModelDownloads.h"
+#include "vantro/models/ModelDownloadError.h"
 #include "vantro/models/TransferRate.h"
-#include "vantro/models/WhisperModelFiles.h"
 
 #include <QElapsedTimer>
 #include <QFileInfo>
@@ -89,19 +88,14 @@ struct Failure
 };
 
 /// Answers what went wrong: a task that throws cannot be waited for.
-QCoro::Task<std::optional<Failure>> fetch(ModelProviding& files, TranscriptionModel model, ProgressDisplay& display,
+QCoro::Task<std::optional<Failure>> fetch(SpeechEngine& engine, TranscriptionModel model, ProgressDisplay& display,
                                           std::stop_token stop)
 {
     try {
         const FileDownloader::OnProgress onProgress = [&display](const auto& progress) {
             display.show(progress);
         };
-        const auto stored = files.downloadModel(model, onProgress, stop);
-        co_await stored;
-        const auto checked = files.check(model);
-        const ModelCheck check = co_await checked;
-        if (!check.isReady)
-            throw ModelDownloadError::wrongContent(check.problem);
+        co_await engine.download(model, onProgress, stop);
     } catch (const ModelDownloadError& error) {
         const bool isHosts = error.isHostsFault();
         co_return Failure(error.localizedDescription(), isHosts ? ExitCode::noService : ExitCode::failed);
@@ -113,7 +107,7 @@ QCoro::Task<std::optional<Failure>> fetch(ModelProviding& files, TranscriptionMo
 
 void report(const ModelsSession& session, const TranscriptionModel& model, qint64 elapsedMs, bool json)
 {
-    const QString file = session.status(model).file;
+    const QString file = session.speech.status(model).file;
     if (!json) {
         terminal::writeLine(terminal::outputIsTerminal() ? QStringLiteral("%1 is ready: %2").arg(model.name, file)
                                                          : file);
@@ -128,22 +122,18 @@ void report(const ModelsSession& session, const TranscriptionModel& model, qint6
 
 } // namespace
 
-int downloadModel(ModelsSession& session, const TranscriptionModel& model, bool json)
+int downloadModel(const ModelsSession& session, const TranscriptionModel& model, bool json)
 {
     QElapsedTimer timer;
     timer.start();
-    const ModelCheck before = session.check(model);
+    const ModelCheck before = session.speech.check(model);
     if (!before.isReady) {
         if (!before.problem.isEmpty())
             terminal::writeError(before.problem);
         const Interruption interruption;
         ProgressDisplay display(model.name);
-        FileDownloader downloader;
-        WhisperModelFiles whisperFiles(downloader, session.store);
-        FluidModelDownloads fluidFiles(downloader, session.fluidFiles);
-        ModelProviding& files =
-            model.fluidModel ? static_cast<ModelProviding&>(fluidFiles) : static_cast<ModelProviding&>(whisperFiles);
-        const auto failure = QCoro::waitFor(fetch(files, model, display, interruption.token()));
+        SpeechEngine& engine = session.speech.engines.of(model);
+        const auto failure = QCoro::waitFor(fetch(engine, model, display, interruption.token()));
         terminal::showProgress({});
         if (failure) {
             terminal::writeError(QStringLiteral("download of %1: %2").arg(model.name, failure->description));

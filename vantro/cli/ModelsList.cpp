@@ -40,7 +40,7 @@ QString partText(const ModelStatus& status)
 
 QString stateText(const ModelsSession& session, const TranscriptionModel& model)
 {
-    const ModelStatus status = session.status(model);
+    const ModelStatus status = session.speech.status(model);
     QStringList words;
     if (session.isSelected(model))
         words << QStringLiteral("selected");
@@ -72,17 +72,18 @@ void printTable(const ModelsSession& session)
     std::vector<QStringList> rows{{QStringLiteral("NAME"), QStringLiteral("SIZE"), QStringLiteral("LANGUAGES"),
                                    QStringLiteral("SPEED"), QStringLiteral("ACCURACY"), QStringLiteral("MEMORY"),
                                    QStringLiteral("STATE")}};
-    for (const TranscriptionModel& model : session.catalogue.models())
+    for (const TranscriptionModel& model : session.speech.catalogue.models())
         rows.push_back({model.name, model.size, languages(model), bar(model.speed), bar(model.accuracy),
                         QStringLiteral("%1 GB").arg(model.ramUsage, 0, 'f', 1), stateText(session, model)});
     terminal::writeTable(rows);
-    terminal::writeLine(QStringLiteral("\nDownloaded models use %1 of disk space.").arg(sizeText(session.bytesUsed())));
+    terminal::writeLine(
+        QStringLiteral("\nDownloaded models use %1 of disk space.").arg(sizeText(session.speech.bytesUsed())));
 }
 
 void printPlain(const ModelsSession& session)
 {
-    for (const TranscriptionModel& model : session.catalogue.models()) {
-        const ModelStatus status = session.status(model);
+    for (const TranscriptionModel& model : session.speech.catalogue.models()) {
+        const ModelStatus status = session.speech.status(model);
         const QStringList fields{model.name,
                                  model.size,
                                  languages(model),
@@ -98,7 +99,7 @@ void printPlain(const ModelsSession& session)
 
 QJsonObject toJson(const ModelsSession& session, const TranscriptionModel& model)
 {
-    const ModelStatus status = session.status(model);
+    const ModelStatus status = session.speech.status(model);
     QJsonObject object{
         {QStringLiteral("name"), model.name},
         {QStringLiteral("size"), model.size},
@@ -114,7 +115,7 @@ QJsonObject toJson(const ModelsSession& session, const TranscriptionModel& model
     };
     if (!status.file.isEmpty())
         object.insert(QStringLiteral("file"), status.file);
-    if (const QString url = model.fluidModel ? model.fluidModel->url : model.url; !url.isEmpty())
+    if (const QString url = model.address(); !url.isEmpty())
         object.insert(QStringLiteral("url"), url);
     if (!model.hash.isEmpty())
         object.insert(QStringLiteral("sha1"), model.hash);
@@ -127,7 +128,7 @@ int listModels(const ModelsSession& session, bool json)
 {
     if (json) {
         QJsonArray array;
-        for (const TranscriptionModel& model : session.catalogue.models())
+        for (const TranscriptionModel& model : session.speech.catalogue.models())
             array.append(toJson(session, model));
         terminal::writeLine(QString::fromUtf8(QJsonDocument(array).toJson(QJsonDocument::Compact)));
     } else if (terminal::outputIsTerminal()) {

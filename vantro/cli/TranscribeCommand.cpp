@@ -1,12 +1,11 @@
 #include "vantro/cli/TranscribeCommand.h"
 
 #include "asr/ASRError.h"
-#include "vantro/app/TranscriptionFacade.h"
-#include "vantro/cli/AudioFile.h"
+#include "base/SampleFormat.h"
+#include "vantro/app/Speech.h"
+#include "vantro/audio/AudioFile.h"
 #include "vantro/cli/ExitCode.h"
 #include "vantro/cli/Terminal.h"
-#include "vantro/fluid/FluidTranscriptionProvider.h"
-#include "vantro/whisper/WhisperTranscriptionProvider.h"
 
 #include <QCommandLineParser>
 #include <QElapsedTimer>
@@ -14,7 +13,6 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QUrl>
 #include <qcoro/qcorotask.h>
 
 #include <exception>
@@ -23,9 +21,6 @@
 namespace vantro {
 
 namespace {
-
-constexpr double samplesPerSecond = 16'000;
-constexpr std::size_t minimumSamples = 4'800;
 
 struct Options
 {
@@ -69,56 +64,33 @@ QString waitFor(QCoro::Task<QString> task)
 class Session
 {
 public:
-    Session() : selection_(catalogue_, defaults_, [this](const auto& model) { return isReady(model); }) {}
-
     /// The model the user named, by its catalogue name or as a file; the selected one for an empty text. Throws Error
     /// when it is not there.
     [[nodiscard]] TranscriptionModel model(const QString& nameOrPath);
     [[nodiscard]] Transcript transcribe(const QString& file, const TranscriptionModel& model, const Options& options);
 
 private:
-    [[nodiscard]] bool isReady(const TranscriptionModel& model);
-
     UserDefaults defaults_{UserDefaults::standardPath()};
-    ModelCatalogue catalogue_;
-    ModelStore store_ = ModelStore::standard();
-    ModelSelection selection_;
     VocabularySettings vocabulary_{defaults_};
-    WhisperInProcessEngine engine_;
-    WhisperTranscriptionProvider provider_{engine_, store_, defaults_, vocabulary_};
-    FluidAsrEngine fluidEngine_{processorModuleFolders()};
-    FluidModelFiles fluidFiles_{store_.folders()};
-    FluidTranscriptionProvider fluid_{fluidEngine_, fluidFiles_, defaults_, vocabulary_};
-    TranscriptionFacade facade_{selection_, provider_, fluid_};
+    Speech speech_{defaults_, vocabulary_};
 };
-
-bool Session::isReady(const TranscriptionModel& model)
-{
-    return model.engine == TranscriptionEngine::fluid ? fluidFiles_.check(model).isReady : store_.isReady(model);
-}
 
 TranscriptionModel Session::model(const QString& nameOrPath)
 {
     if (nameOrPath.contains(QLatin1Char('/')) || nameOrPath.endsWith(QLatin1String(".bin"))) {
-        const QFileInfo file(nameOrPath);
-        if (!file.isFile())
+        if (!QFileInfo(nameOrPath).isFile())
             throw Error(QStringLiteral("There is no model file %1").arg(nameOrPath));
-        if (const auto fluid = FluidModelFiles::describe(nameOrPath))
-            return *fluid;
-        TranscriptionModel model;
-        model.name = file.fileName();
-        model.url = QUrl::fromLocalFile(file.absoluteFilePath()).toString();
-        return model;
+        return speech_.describe(nameOrPath);
     }
-    const auto* entry = nameOrPath.isEmpty() ? &selection_.selectedModel() : catalogue_.find(nameOrPath);
+    const auto* entry = nameOrPath.isEmpty() ? &speech_.selection.selectedModel() : speech_.catalogue.find(nameOrPath);
     if (entry == nullptr) {
         QStringList names;
-        for (const TranscriptionModel& known : catalogue_.models())
+        for (const TranscriptionModel& known : speech_.catalogue.models())
             names << QStringLiteral("\"%1\"").arg(known.name);
         throw Error(QStringLiteral("There is no model \"%1\". The catalogue has %2; a file's path works too")
                         .arg(nameOrPath, names.join(QStringLiteral(", "))));
     }
-    if (!isReady(*entry)) {
+    if (!speech_.check(*entry).isReady) {
         throw Error(
             QStringLiteral("The model \"%1\" is not downloaded: run vantro models download \"%1\"").arg(entry->name));
     }
@@ -132,8 +104,8 @@ Transcript Session::transcribe(const QString& file, const TranscriptionModel& mo
     timer.start();
     AudioFile audio = AudioFile::read(file);
     result.readMs = timer.restart();
-    result.seconds = static_cast<double>(audio.samples.size()) / samplesPerSecond;
-    if (audio.samples.size() < minimumSamples)
+    result.seconds = durationOf(audio.samples.size()).count();
+    if (audio.samples.size() < minimumSampleCount)
         return result;
     const auto showProgress = [&file](float fraction) {
         terminal::showProgress(QStringLiteral("%1: %2 %").arg(file).arg(static_cast<int>(fraction * 100)));
@@ -141,8 +113,8 @@ Transcript Session::transcribe(const QString& file, const TranscriptionModel& mo
     const auto keepTokens = [&result](const std::vector<TranscribedToken>& tokens) {
         result.tokens = tokens;
     };
-    result.text = waitFor(
-        facade_.transcribe(file, std::move(audio.samples), {&model, options.language, showProgress, keepTokens}));
+    result.text = waitFor(speech_.facade.transcribe(file, std::move(audio.samples),
+                                                    {&model, options.language, showProgress, keepTokens}));
     terminal::showProgress({});
     result.transcribeMs = timer.elapsed();
     return result;

@@ -2,6 +2,7 @@
 
 #include "asr/ASRError.h"
 #include "base/Error.h"
+#include "base/Stop.h"
 #include "vantro/fluid/TailCoverage.h"
 
 #include <QCoreApplication>
@@ -23,6 +24,12 @@ QString detailOf(const std::exception& error)
                : localizedDescription(error);
 }
 
+void requireWanted(const std::stop_token& stop)
+{
+    if (stop.stop_requested())
+        throw asr::ASRError(asr::ASRError::Kind::processingFailed, "stopped");
+}
+
 } // namespace
 
 std::vector<std::filesystem::path> processorModuleFolders()
@@ -36,11 +43,6 @@ FluidAsrEngine::FluidAsrEngine(std::vector<std::filesystem::path> moduleFolders)
     , loader_(QStringLiteral("fluid-load"))
     , executor_(QStringLiteral("fluid"))
 {
-}
-
-FluidAsrEngine::~FluidAsrEngine()
-{
-    stop();
 }
 
 QFuture<FluidAsrEngine::Manager> FluidAsrEngine::startLoad(const FluidModelSource& model)
@@ -57,7 +59,7 @@ QFuture<FluidAsrEngine::Manager> FluidAsrEngine::startLoad(const FluidModelSourc
     });
 }
 
-QCoro::Task<FluidAsrEngine::Manager> FluidAsrEngine::load(FluidModelSource model)
+QCoro::Task<FluidAsrEngine::Manager> FluidAsrEngine::load(FluidModelSource model, std::stop_token stop)
 {
     if (manager_ != nullptr && loadedModelID_ == model.id) {
         // GCC 12 would move the member itself out of a co_return.
@@ -69,15 +71,14 @@ QCoro::Task<FluidAsrEngine::Manager> FluidAsrEngine::load(FluidModelSource model
         loadTaskModelID_ = model.id;
     }
     const QFuture<Manager> task = *loadTask_;
+    co_await finishedOrStopped(task, stop);
+    requireWanted(stop);
     try {
         Manager loaded = co_await task;
-        // After unload() nobody wants the result kept.
-        if (loadTask_) {
-            manager_ = loaded;
-            loadedModelID_ = model.id;
-            if (loadTaskModelID_ == model.id)
-                loadTask_.reset();
-        }
+        manager_ = loaded;
+        loadedModelID_ = model.id;
+        if (loadTaskModelID_ == model.id)
+            loadTask_.reset();
         logger_.info(QStringLiteral("Fluid model %1 ready").arg(model.id));
         co_return loaded;
     } catch (const std::exception& error) {
@@ -99,7 +100,10 @@ QCoro::Task<> FluidAsrEngine::prepare(FluidModelSource model)
 
 QCoro::Task<asr::ASRResult> FluidAsrEngine::transcribe(Request request)
 {
-    const Manager manager = co_await load(request.model);
+    const Manager manager = co_await load(request.model, request.stop);
+    const QFuture<void> turn = executor_.run([] {});
+    co_await finishedOrStopped(turn, request.stop);
+    requireWanted(request.stop);
     QElapsedTimer timer;
     timer.start();
     const QString label = request.label;
@@ -121,6 +125,7 @@ QFuture<asr::ASRResult> FluidAsrEngine::start(Manager manager, Request request)
         asr::AsrManager::Options options;
         options.language = work.language;
         options.onProgress = work.onProgress;
+        options.stop = work.stop;
         return manager->transcribe(work.samples, state, options);
     });
 }
@@ -134,20 +139,6 @@ void FluidAsrEngine::report(const QString& label, std::size_t sampleCount, const
         logger_.error(message);
     else
         logger_.info(message);
-}
-
-void FluidAsrEngine::unload()
-{
-    manager_.reset();
-    loadedModelID_.clear();
-    loadTask_.reset(); // a load that runs ends by itself; its result is given to who awaits it and not kept
-    loadTaskModelID_.clear();
-}
-
-void FluidAsrEngine::stop()
-{
-    if (manager_ != nullptr)
-        manager_->stop();
 }
 
 } // namespace vantro

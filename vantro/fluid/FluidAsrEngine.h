@@ -12,6 +12,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <stop_token>
 #include <vector>
 
 namespace vantro {
@@ -41,23 +42,18 @@ public:
         FluidModelSource model;
         std::optional<asr::Language> language;
         std::function<void(float)> onProgress; ///< 0..1, on the engine's thread; may be empty
+        std::stop_token stop = {};
     };
 
     /// @p moduleFolders: where ggml's module for this processor is looked for.
     explicit FluidAsrEngine(std::vector<std::filesystem::path> moduleFolders);
-    ~FluidAsrEngine();
-    FluidAsrEngine(const FluidAsrEngine&) = delete;
-    FluidAsrEngine& operator=(const FluidAsrEngine&) = delete;
 
     /// Throws asr::ASRError; the model that was loaded stays.
-    QCoro::Task<Manager> load(FluidModelSource model);
+    QCoro::Task<Manager> load(FluidModelSource model, std::stop_token stop = {});
     /// Loads ahead of the first dictation. Failures are only logged.
     QCoro::Task<> prepare(FluidModelSource model);
-    /// Throws asr::ASRError.
+    /// Throws asr::ASRError, processingFailed soon after it was stopped.
     QCoro::Task<asr::ASRResult> transcribe(Request request);
-    void unload();
-    /// Ends the transcription that runs.
-    void stop();
 
 private:
     [[nodiscard]] QFuture<Manager> startLoad(const FluidModelSource& model);

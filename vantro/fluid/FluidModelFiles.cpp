@@ -70,7 +70,7 @@ QString FluidModelFiles::find(const TranscriptionModel& model) const
     if (names.first().endsWith(QLatin1String("-en")))
         names << names.first().chopped(3);
     for (const QString& folder : folders_) {
-        QString published = folder + QLatin1Char('/') + model.fluidModel->file;
+        QString published = folder + QLatin1Char('/') + model.fileName();
         if (QFileInfo(published).isFile())
             return published;
         for (const char* precision : {"-q4_0", "-q5_0", "-q8_0", "-f16", "", "-f32"}) {
@@ -89,7 +89,7 @@ QString FluidModelFiles::find(const TranscriptionModel& model) const
 
 QString FluidModelFiles::ownFile(const TranscriptionModel& model) const
 {
-    return folders_.first() + QLatin1Char('/') + model.fluidModel.value().file;
+    return folders_.first() + QLatin1Char('/') + model.fileName();
 }
 
 bool FluidModelFiles::isOwn(const QString& path) const
@@ -100,21 +100,11 @@ bool FluidModelFiles::isOwn(const QString& path) const
 ModelStatus FluidModelFiles::status(const TranscriptionModel& model) const
 {
     if (const QFileInfo file(find(model)); !file.filePath().isEmpty()) {
-        const auto state = whole_->has(file) ? ModelStatus::State::ready : ModelStatus::State::unchecked;
+        const bool isWhole = damageOf(file.filePath()).isEmpty();
+        const auto state = isWhole ? ModelStatus::State::ready : ModelStatus::State::unchecked;
         return {state, file.filePath(), !isOwn(file.filePath()), file.size(), -1};
     }
-    const PartFile part(ownFile(model));
-    const auto note = part.note();
-    if (!note || part.bytes() == 0)
-        return {};
-    return {ModelStatus::State::partial, {}, false, part.bytes(), note->totalBytes};
-}
-
-ModelStatus FluidModelFiles::checkedStatus(const TranscriptionModel& model) const
-{
-    if (const QString file = find(model); !file.isEmpty())
-        static_cast<void>(damageOf(file));
-    return status(model);
+    return PartFile(ownFile(model)).status();
 }
 
 ModelCheck FluidModelFiles::check(const TranscriptionModel& model) const
@@ -143,19 +133,7 @@ ModelCheck FluidModelFiles::check(const TranscriptionModel& model) const
 qint64 FluidModelFiles::remove(const TranscriptionModel& model) const
 {
     const QString found = find(model);
-    const QString path = !found.isEmpty() && isOwn(found) ? found : ownFile(model);
-    PartFile part(path);
-    if (!QFileInfo::exists(path) && part.bytes() == 0)
-        return 0;
-    const auto lock = part.tryLock();
-    if (!lock)
-        throw Error(QStringLiteral("%1 is being downloaded. Stop the download first.").arg(QFileInfo(path).fileName()));
-    const qint64 bytes = QFileInfo(path).size() + part.bytes();
-    part.discard();
-    QFile file(path);
-    if (file.exists() && !file.remove())
-        throw Error(QStringLiteral("%1 could not be removed: %2").arg(path, file.errorString()));
-    return bytes;
+    return PartFile(!found.isEmpty() && isOwn(found) ? found : ownFile(model)).removeAll();
 }
 
 std::optional<TranscriptionModel> FluidModelFiles::describe(const QString& file)

@@ -1,13 +1,13 @@
 #pragma once
 
-#include "vantro/models/ModelCheck.h"
-#include "vantro/models/ModelStore.h"
+#include "vantro/models/ModelStatus.h"
 #include "vantro/models/TranscriptionModel.h"
 
 #include <QString>
 #include <QStringList>
 
 #include <memory>
+#include <optional>
 
 namespace vantro {
 
@@ -17,7 +17,7 @@ namespace vantro {
 class FluidModelFiles
 {
 public:
-    /// @p folders are searched in order; the first is the user's own, where downloads go.
+    /// @p folders are searched in order; the first is the user's own, where downloads go. See modelFolders().
     explicit FluidModelFiles(QStringList folders);
 
     /// The model's file, or an empty text: the container that is downloaded, else one of another precision that
@@ -25,10 +25,8 @@ public:
     [[nodiscard]] QString find(const TranscriptionModel& model) const;
     /// Where the user's own copy stands or would stand.
     [[nodiscard]] QString ownFile(const TranscriptionModel& model) const;
-    /// Reads no file: one that nobody has asked check() or checkedStatus() for is unchecked.
+    /// A damaged file is unchecked and stays where it is.
     [[nodiscard]] ModelStatus status(const TranscriptionModel& model) const;
-    /// As status(), after a look into the file; a damaged one stays unchecked and where it is.
-    [[nodiscard]] ModelStatus checkedStatus(const TranscriptionModel& model) const;
     /// Whether the model is there and whole. The user's copy is removed when it is not, another one is left alone.
     [[nodiscard]] ModelCheck check(const TranscriptionModel& model) const;
     /// Removes the user's copy and what was fetched of it; answers how many bytes that freed. Throws Error when it is

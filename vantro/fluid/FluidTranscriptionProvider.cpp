@@ -1,8 +1,11 @@
 #include "vantro/fluid/FluidTranscriptionProvider.h"
 
 #include "base/Settings.h"
+#include "vantro/fluid/ProgressGate.h"
+#include "vantro/models/ModelHost.h"
 #include "vantro/text/TextReplacer.h"
 
+#include <memory>
 #include <utility>
 
 namespace vantro {
@@ -22,10 +25,17 @@ std::vector<TranscribedToken> tokensOf(const asr::ASRResult& result)
 
 } // namespace
 
-FluidTranscriptionProvider::FluidTranscriptionProvider(FluidAsrEngine& engine, const FluidModelFiles& files,
-                                                       UserDefaults& defaults, const VocabularySettings& vocabulary)
+TranscriptionEngineError TranscriptionEngineError::misconfiguredFluidModel(const QString& modelName)
+{
+    return TranscriptionEngineError(QStringLiteral("Model \"%1\" is missing its Fluid configuration.").arg(modelName));
+}
+
+FluidTranscriptionProvider::FluidTranscriptionProvider(FluidAsrEngine& engine, FluidModelFiles files,
+                                                       FileDownloader& downloader, UserDefaults& defaults,
+                                                       const VocabularySettings& vocabulary)
     : engine_(engine)
-    , files_(files)
+    , files_(std::move(files))
+    , downloader_(downloader)
     , defaults_(defaults)
     , vocabulary_(vocabulary)
 {
@@ -33,14 +43,18 @@ FluidTranscriptionProvider::FluidTranscriptionProvider(FluidAsrEngine& engine, c
 
 FluidModelSource FluidTranscriptionProvider::source(const TranscriptionModel& model) const
 {
-    const FluidModel& fluid = model.fluidModel.value();
+    if (!model.fluidModel)
+        throw TranscriptionEngineError::misconfiguredFluidModel(model.name);
+    const FluidModel& fluid = *model.fluidModel;
     return {fluid.repository, fluid.isMultilingual ? asr::AsrModelVersion::v3 : asr::AsrModelVersion::v2,
             files_.find(model)};
 }
 
 void FluidTranscriptionProvider::prepare(const TranscriptionModel& model)
 {
-    engine_.prepare(source(model));
+    // A model that cannot be run is reported by transcribe(), where somebody waits for the answer.
+    if (model.fluidModel)
+        engine_.prepare(source(model));
 }
 
 QCoro::Task<QString> FluidTranscriptionProvider::transcribe(TranscriptionRequest request)
@@ -51,6 +65,7 @@ QCoro::Task<QString> FluidTranscriptionProvider::transcribe(TranscriptionRequest
     work.language = languageHint(request);
     work.samples = std::move(request.samples);
     work.onProgress = std::move(request.onProgress);
+    work.stop = request.stop;
     const asr::ASRResult result = co_await engine_.transcribe(std::move(work));
     if (request.onTokens)
         request.onTokens(tokensOf(result));
@@ -67,11 +82,37 @@ std::optional<asr::Language> FluidTranscriptionProvider::languageHint(const Tran
     return asr::languageFromCode(code.toStdString()).value_or(asr::Language::english);
 }
 
-void FluidTranscriptionProvider::cancel()
+QFuture<ModelCheck> FluidTranscriptionProvider::check(const TranscriptionModel& model, Trust /*trust*/)
 {
-    engine_.stop();
+    return checks_.run([this, model] { return files_.check(model); });
 }
 
-void FluidTranscriptionProvider::dictationEnded() {}
+QFuture<void> FluidTranscriptionProvider::startDownload(const TranscriptionModel& model,
+                                                        FileDownloader::OnProgress onProgress, std::stop_token stop)
+{
+    TransferRequest request;
+    request.url = ModelHost::urlOf(model);
+    request.destination = files_.ownFile(model);
+    // No digest is published: the file's name, which tells version and precision, says what a part belongs to.
+    request.sha1 = model.fileName();
+    request.isThere = [files = files_, model] {
+        return files.check(model).isReady;
+    };
+    const auto report = [this, id = source(model).id, gate = std::make_shared<ProgressGate>(),
+                         onProgress = std::move(onProgress)](const DownloadProgress& progress) {
+        if (const auto percent = gate->pass(progress.fraction()))
+            logger_.info(QStringLiteral("Fluid download %1: %2% [%3]")
+                             .arg(id)
+                             .arg(*percent)
+                             .arg(progress.statusText.value_or(QStringLiteral("downloading"))));
+        onProgress(progress);
+    };
+    return downloader_.download(std::move(request), report, std::move(stop));
+}
+
+std::optional<TranscriptionModel> FluidTranscriptionProvider::describe(const QString& file) const
+{
+    return FluidModelFiles::describe(file);
+}
 
 } // namespace vantro

@@ -1,33 +1,57 @@
 #pragma once
 
+#include "base/Error.h"
 #include "base/UserDefaults.h"
 #include "vantro/fluid/FluidAsrEngine.h"
 #include "vantro/fluid/FluidModelFiles.h"
-#include "vantro/models/TranscriptionProviding.h"
+#include "vantro/models/SpeechEngine.h"
 #include "vantro/text/VocabularySettings.h"
 
 namespace vantro {
 
-/// The Parakeet side of the facade: which file, which language. The model stays in memory once it is loaded.
-class FluidTranscriptionProvider final : public TranscriptionProviding
+/// The selected model cannot be run by the engine it claims.
+class TranscriptionEngineError : public Error
 {
 public:
-    FluidTranscriptionProvider(FluidAsrEngine& engine, const FluidModelFiles& files, UserDefaults& defaults,
-                               const VocabularySettings& vocabulary);
+    static TranscriptionEngineError misconfiguredFluidModel(const QString& modelName);
+
+private:
+    using Error::Error;
+};
+
+/// The Parakeet engine: which file, which language. The model stays in memory once it is loaded.
+class FluidTranscriptionProvider final : public SpeechEngine
+{
+public:
+    FluidTranscriptionProvider(FluidAsrEngine& engine, FluidModelFiles files, FileDownloader& downloader,
+                               UserDefaults& defaults, const VocabularySettings& vocabulary);
+
+    [[nodiscard]] TranscriptionEngine kind() const override { return TranscriptionEngine::fluid; }
+    [[nodiscard]] QString label() const override { return QStringLiteral("Fluid"); }
+    [[nodiscard]] ModelStatus status(const TranscriptionModel& model) const override { return files_.status(model); }
+    [[nodiscard]] QFuture<ModelCheck> check(const TranscriptionModel& model, Trust trust) override;
+    qint64 remove(const TranscriptionModel& model) override { return files_.remove(model); }
+    [[nodiscard]] std::optional<TranscriptionModel> describe(const QString& file) const override;
 
     void prepare(const TranscriptionModel& model) override;
     QCoro::Task<QString> transcribe(TranscriptionRequest request) override;
-    void cancel() override;
-    void dictationEnded() override;
+    void dictationEnded() override {}
+
+protected:
+    [[nodiscard]] QFuture<void> startDownload(const TranscriptionModel& model, FileDownloader::OnProgress onProgress,
+                                              std::stop_token stop) override;
 
 private:
     [[nodiscard]] FluidModelSource source(const TranscriptionModel& model) const;
     [[nodiscard]] std::optional<asr::Language> languageHint(const TranscriptionRequest& request) const;
 
     FluidAsrEngine& engine_;
-    const FluidModelFiles& files_;
+    FluidModelFiles files_;
+    FileDownloader& downloader_;
     UserDefaults& defaults_;
     const VocabularySettings& vocabulary_;
+    Logger logger_{"FluidAsrEngine"};
+    SerialExecutor checks_{QStringLiteral("fluid model checks")};
 };
 
 } // namespace vantro

@@ -1,12 +1,12 @@
 #include "vantro/fluid/TailCoverage.h"
 
+#include "base/SampleFormat.h"
+
 #include <algorithm>
 
 namespace vantro {
 
 namespace {
-
-constexpr double samplesPerSecond = 16'000;
 
 QString tenths(asr::Seconds seconds)
 {
@@ -18,7 +18,7 @@ QString tenths(asr::Seconds seconds)
 TailCoverage TailCoverage::of(std::size_t sampleCount, const asr::ASRResult& result)
 {
     TailCoverage coverage;
-    coverage.audio = asr::Seconds(static_cast<double>(sampleCount) / samplesPerSecond);
+    coverage.audio = durationOf(sampleCount);
     if (result.tokenTimings && !result.tokenTimings->empty())
         coverage.reach = std::ranges::max(*result.tokenTimings, {}, &asr::TokenTiming::endTime).endTime;
     const asr::Seconds reached = std::clamp(coverage.reach.value_or(asr::Seconds(0)), asr::Seconds(0), coverage.audio);

@@ -9,20 +9,16 @@
 #include "vantro/app/ControlService.h"
 #include "vantro/app/History.h"
 #include "vantro/app/Rewriting.h"
+#include "vantro/app/Speech.h"
 #include "vantro/audio/AudioDeviceManager.h"
 #include "vantro/audio/HeadsetSwitch.h"
 #include "vantro/cli/ExitCode.h"
 #include "vantro/cli/Terminal.h"
-#include "vantro/fluid/FluidModelDownloads.h"
-#include "vantro/fluid/FluidTranscriptionProvider.h"
 #include "vantro/main/EndSignals.h"
 #include "vantro/main/RunMarker.h"
 #include "vantro/main/SecondStart.h"
 #include "vantro/main/SoleInstance.h"
 #include "vantro/main/Windows.h"
-#include "vantro/models/ModelPreparation.h"
-#include "vantro/models/WhisperModelFiles.h"
-#include "vantro/whisper/WhisperTranscriptionProvider.h"
 
 #include <QDBusConnection>
 #include <QGuiApplication>
@@ -56,10 +52,6 @@ public:
     void launch();
 
 private:
-    [[nodiscard]] bool isReady(const TranscriptionModel& model);
-    [[nodiscard]] ModelProviding& filesOf(const TranscriptionModel& model);
-    [[nodiscard]] ModelStatus modelStatus(const TranscriptionModel& model) const;
-    void removeModel(const TranscriptionModel& model);
     void settleShortcut(const QString& wanted);
     void useShortcut(const QString& text);
     void handOver(const QStringList& arguments);
@@ -74,25 +66,8 @@ private:
     NotificationCenter notifications_;
     Platform platform_;
 
-    ModelCatalogue catalogue_{ModelHost::address(defaults_, options_.modelHost)};
-    ModelStore modelStore_ = ModelStore::standard();
-    FluidModelFiles fluidFiles_{modelStore_.folders()};
-    ModelSelection models_{catalogue_, defaults_, [this](const auto& model) {
-                               return isReady(model);
-                           }};
-    ModelPreparation modelPreparation_{catalogue_, modelStore_, defaults_};
-    FileDownloader fileDownloader_;
-    WhisperModelFiles whisperFiles_{fileDownloader_, modelStore_};
-    FluidModelDownloads fluidDownloads_{fileDownloader_, fluidFiles_};
-    ModelDownloader modelDownloader_{catalogue_, [this](const TranscriptionModel& model) {
-                                         return &filesOf(model);
-                                     }};
     VocabularySettings vocabulary_{defaults_};
-    WhisperInProcessEngine whisperEngine_;
-    WhisperTranscriptionProvider whisper_{whisperEngine_, modelStore_, defaults_, vocabulary_};
-    FluidAsrEngine fluidEngine_{processorModuleFolders()};
-    FluidTranscriptionProvider fluid_{fluidEngine_, fluidFiles_, defaults_, vocabulary_};
-    TranscriptionFacade facade_{models_, whisper_, fluid_};
+    Speech speech_{defaults_, vocabulary_, options_.modelHost};
 
     History history_{defaults_, clock_};
     Rewriting rewriting_{defaults_, platform_, clock_};
@@ -103,11 +78,11 @@ private:
     KeyboardShortcuts shortcuts_{*platform_.hotKeys, defaults_, notifications_};
     RawKeyMonitor rawKeys_{shortcuts_, *platform_.hotKeys};
     PasteDelivery delivery_;
-    Windows windows_{{defaults_, notifications_, clock_, platform_, catalogue_, models_, modelDownloader_,
-                      history_.store, devices_, recorder_, shortcuts_, vocabulary_, rewriting_,
-                      [this](const auto& model) { return modelStatus(model); },
+    Windows windows_{{defaults_, notifications_, clock_, platform_, speech_.catalogue, speech_.selection,
+                      speech_.downloader, history_.store, devices_, recorder_, shortcuts_, vocabulary_, rewriting_,
+                      [this](const auto& model) { return speech_.status(model); },
                       [this](const auto& model) {
-                          removeModel(model);
+                          speech_.remove(model);
                       }}};
     std::optional<RunMarker> marker_;
     std::optional<EndSignals> endSignals_;
@@ -120,12 +95,12 @@ Program::Program(const ProgramOptions& options)
     , soleInstance_(SoleInstance::standardFolder(), [this](const QStringList& arguments) { handOver(arguments); })
     , platform_(makePlatform())
     , delivery_(*platform_.pasteboard, *platform_.keyEvents, *platform_.workspace, defaults_, clock_)
-    , delegate_({dictationParts(), *platform_.permissions, shortcuts_, models_, history_.migrations,
-                 [this] { return modelPreparation_.run(); },
-                 [this](TranscriptionModel model) {
-                     return filesOf(model).check(model);
+    , delegate_({dictationParts(), *platform_.permissions, shortcuts_, speech_.selection, history_.migrations,
+                 [this] { return speech_.preparation.run(); },
+                 [this](const TranscriptionModel& model) {
+                     return speech_.engines.of(model).check(model);
                  }})
-    , control_(delegate_, {recorder_, devices_, models_, shortcuts_},
+    , control_(delegate_, {recorder_, devices_, speech_.selection, shortcuts_},
                [this](const QStringList& arguments) { handOver(arguments); })
 {
     connectShell();
@@ -137,7 +112,7 @@ void Program::connectShell()
     QObject::connect(&windows_, &Windows::quitRequested, qApp, &QCoreApplication::quit);
     QObject::connect(&defaults_, &UserDefaults::changed, &delegate_, [this](const QString& key) {
         if (key == setting::modelHostBaseURL.key)
-            catalogue_.setHost(ModelHost::address(defaults_, options_.modelHost));
+            speech_.catalogue.setHost(ModelHost::address(defaults_, options_.modelHost));
     });
     // A session that only saves itself, or whose end is called off, costs no dictation: nothing is lost before the end.
     for (const auto request : {&QGuiApplication::commitDataRequest, &QGuiApplication::saveStateRequest})
@@ -151,7 +126,7 @@ Dictation::Parts Program::dictationParts()
             notifications_,
             clock_,
             recorder_,
-            facade_,
+            speech_.facade,
             modeHandlers_,
             [this](ProcessingMode mode) { rewriting_.expectUse(mode); },
             [this](ProcessingMode mode, std::stop_token stop) { return rewriting_.choose(mode, std::move(stop)); },
@@ -191,32 +166,6 @@ void Program::launch()
         windows_.tellOfCrash();
     if (defaults_.keptAside())
         windows_.tellOfSettings(*defaults_.keptAside());
-}
-
-ModelStatus Program::modelStatus(const TranscriptionModel& model) const
-{
-    return model.engine == TranscriptionEngine::fluid ? fluidFiles_.status(model) : modelStore_.status(model);
-}
-
-void Program::removeModel(const TranscriptionModel& model)
-{
-    if (model.engine == TranscriptionEngine::fluid)
-        fluidFiles_.remove(model);
-    else
-        modelStore_.remove(model);
-}
-
-bool Program::isReady(const TranscriptionModel& model)
-{
-    // On the main thread: a Parakeet file that is there counts, and is looked into before the first dictation.
-    return model.engine == TranscriptionEngine::fluid ? !fluidFiles_.find(model).isEmpty() : modelStore_.isReady(model);
-}
-
-ModelProviding& Program::filesOf(const TranscriptionModel& model)
-{
-    if (model.engine == TranscriptionEngine::fluid)
-        return fluidDownloads_;
-    return whisperFiles_;
 }
 
 void Program::settleShortcut(const QString& wanted)

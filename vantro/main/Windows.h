@@ -8,7 +8,7 @@
 #include "vantro/audio/AudioRecorder.h"
 #include "vantro/models/ModelDownloader.h"
 #include "vantro/models/ModelSelection.h"
-#include "vantro/models/ModelStore.h"
+#include "vantro/models/ModelStatus.h"
 #include "vantro/store/CoreDataStack.h"
 #include "vantro/support/UpdateChecker.h"
 #include "vantro/text/VocabularySettings.h"

@@ -14,7 +14,8 @@
 
 namespace vantro {
 
-/// Fetches large files over HTTP, HTTPS or from a local folder, on a thread of its own.
+/// Fetches large files over HTTP, HTTPS or from a local folder, on a thread of its own, which the first download
+/// starts.
 ///
 /// A file is first collected in a part (PartFile) that survives breaks, and continued by a range request as long as the
 /// server still has the same file. However many ask for a file, here or in another process, it is fetched once. System

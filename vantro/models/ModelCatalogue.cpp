@@ -64,7 +64,6 @@ constexpr FluidEntry fluidEntries[] = {
 TranscriptionModel fluidEntry(const FluidEntry& entry)
 {
     TranscriptionModel model;
-    model.id = QUuid::createUuid();
     model.name = QLatin1String(entry.name);
     model.size = QLatin1String(entry.size);
     model.speed = 0.99;
@@ -81,7 +80,6 @@ TranscriptionModel fluidEntry(const FluidEntry& entry)
 TranscriptionModel whisperEntry(const WhisperEntry& entry)
 {
     TranscriptionModel model;
-    model.id = QUuid::createUuid();
     model.name = QLatin1String(entry.name);
     model.size = QLatin1String(entry.size);
     model.speed = entry.speed;

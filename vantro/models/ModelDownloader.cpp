@@ -20,9 +20,9 @@ bool ModelDownloader::PublishGate::opensFor(float fraction)
     return true;
 }
 
-ModelDownloader::ModelDownloader(const ModelCatalogue& catalogue, ProviderOf providerOf)
+ModelDownloader::ModelDownloader(const ModelCatalogue& catalogue, const SpeechEngines& engines)
     : catalogue_(catalogue)
-    , providerOf_(std::move(providerOf))
+    , engines_(engines)
 {
 }
 
@@ -41,9 +41,11 @@ QCoro::Task<bool> ModelDownloader::download(TranscriptionModel model)
 {
     if (downloadTask_)
         co_return false;
-    const bool isFluid = model.engine == TranscriptionEngine::fluid;
-    printLine(QStringLiteral("Starting download via %1 provider: %2")
-                  .arg(isFluid ? QStringLiteral("Fluid") : QStringLiteral("whisper.cpp"), model.name));
+    // The host may be another one since the caller took its copy.
+    if (const auto* current = catalogue_.find(model.name))
+        model = *current;
+    SpeechEngine& engine = engines_.of(model);
+    printLine(QStringLiteral("Starting download via %1 provider: %2").arg(engine.label(), model.name));
     const auto task = std::make_shared<DownloadTask>();
     downloadTask_ = task;
     setStatusText(std::nullopt);
@@ -52,7 +54,10 @@ QCoro::Task<bool> ModelDownloader::download(TranscriptionModel model)
     const QPointer<ModelDownloader> self(this);
     QString failure;
     try {
-        co_await fetch(model);
+        const auto onProgress = [this, task](const auto& progress) {
+            receive(task, progress);
+        };
+        co_await engine.download(model, onProgress, task->stop.get_token());
     } catch (const std::exception& error) {
         failure = localizedDescription(error);
     }
@@ -69,25 +74,6 @@ QCoro::Task<bool> ModelDownloader::download(TranscriptionModel model)
     downloadTask_.reset();
     Q_EMIT isRunningChanged();
     co_return failure.isEmpty();
-}
-
-QCoro::Task<> ModelDownloader::fetch(TranscriptionModel model)
-{
-    // The host may be another one since the caller took its copy.
-    if (const auto* current = catalogue_.find(model.name))
-        model = *current;
-    ModelProviding* provider = providerOf_(model);
-    if (provider == nullptr)
-        throw Error(tr("This installation has no engine for the model \"%1\". Choose another model.").arg(model.name));
-    const auto onProgress = [this, task = downloadTask_](const auto& progress) {
-        receive(task, progress);
-    };
-    const auto stop = downloadTask_->stop.get_token();
-    co_await provider->downloadModel(model, onProgress, stop);
-    // A file with the wrong content is stored but never used: the check removes it.
-    const ModelCheck check = co_await provider->check(model);
-    if (!check.isReady)
-        throw ModelDownloadError::wrongContent(check.problem);
 }
 
 void ModelDownloader::receive(const std::shared_ptr<DownloadTask>& task, const DownloadProgress& progress)

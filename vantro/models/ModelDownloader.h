@@ -1,14 +1,13 @@
 #pragma once
 
 #include "vantro/models/ModelCatalogue.h"
-#include "vantro/models/ModelProviding.h"
+#include "vantro/models/SpeechEngine.h"
 #include "vantro/models/TransferRate.h"
 
 #include <QMutex>
 #include <QObject>
 #include <qcoro/qcorotask.h>
 
-#include <functional>
 #include <memory>
 #include <optional>
 
@@ -31,10 +30,7 @@ public:
         int lastPercent_ = -1;
     };
 
-    /// The provider of a model's engine; null where this installation has none.
-    using ProviderOf = std::function<ModelProviding*(const TranscriptionModel&)>;
-
-    ModelDownloader(const ModelCatalogue& catalogue, ProviderOf providerOf);
+    ModelDownloader(const ModelCatalogue& catalogue, const SpeechEngines& engines);
     ~ModelDownloader() override;
 
     /// Whether the model is ready afterwards. A failure is left in statusText. A download that runs is not disturbed:
@@ -63,13 +59,12 @@ private:
         std::optional<QString> statusText; ///< network thread
     };
 
-    QCoro::Task<> fetch(TranscriptionModel model);
     void receive(const std::shared_ptr<DownloadTask>& task, const DownloadProgress& progress);
     void setProgress(float progress, const QString& rateText);
     void setStatusText(const std::optional<QString>& text);
 
     const ModelCatalogue& catalogue_;
-    ProviderOf providerOf_;
+    const SpeechEngines& engines_;
     std::shared_ptr<DownloadTask> downloadTask_;
     float progress_ = 0;
     std::optional<QString> statusText_;

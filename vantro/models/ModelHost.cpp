@@ -1,5 +1,6 @@
 #include "vantro/models/ModelHost.h"
 
+#include "base/Error.h"
 #include "base/Settings.h"
 
 namespace vantro {
@@ -41,6 +42,13 @@ std::optional<QUrl> ModelHost::usable(const QString& text)
     if (!url.isValid() || !(isWeb ? !url.host().isEmpty() : url.isLocalFile()))
         return std::nullopt;
     return url;
+}
+
+QUrl ModelHost::urlOf(const TranscriptionModel& model)
+{
+    if (const auto url = usable(model.address()))
+        return *url;
+    throw Error(QStringLiteral("Model \"%1\" has no valid download URL.").arg(model.name));
 }
 
 } // namespace vantro

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/UserDefaults.h"
+#include "vantro/models/TranscriptionModel.h"
 
 #include <QString>
 #include <QUrl>
@@ -27,6 +28,8 @@ QString address(const UserDefaults& defaults, const QString& option);
 
 /// @p text as an address that a file can be fetched from; absent for anything else.
 std::optional<QUrl> usable(const QString& text);
+/// The address that @p model is fetched from. Throws Error when nothing can be fetched from there.
+QUrl urlOf(const TranscriptionModel& model);
 
 } // namespace ModelHost
 

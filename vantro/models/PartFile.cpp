@@ -59,11 +59,6 @@ std::optional<FileLock> PartFile::tryLock() const
     }
 }
 
-bool PartFile::isLocked() const
-{
-    return QFileInfo::exists(beside(".lock")) && !tryLock();
-}
-
 qint64 PartFile::bytes() const
 {
     return note() ? QFileInfo(data_.fileName()).size() : 0;
@@ -87,6 +82,30 @@ void PartFile::discard()
     data_.close();
     QFile::remove(beside(".json"));
     data_.remove();
+}
+
+ModelStatus PartFile::status() const
+{
+    const auto known = note();
+    if (!known || bytes() == 0)
+        return {};
+    return {ModelStatus::State::partial, {}, false, bytes(), known->totalBytes};
+}
+
+qint64 PartFile::removeAll()
+{
+    QFile file(destination_);
+    if (!file.exists() && bytes() == 0)
+        return 0;
+    const auto lock = tryLock();
+    if (!lock)
+        throw Error(
+            QStringLiteral("%1 is being downloaded. Stop the download first.").arg(QFileInfo(destination_).fileName()));
+    const qint64 freed = file.size() + bytes();
+    discard();
+    if (file.exists() && !file.remove())
+        throw Error(QStringLiteral("%1 could not be removed: %2").arg(destination_, file.errorString()));
+    return freed;
 }
 
 void PartFile::begin(const PartNote& note)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/FileLock.h"
+#include "vantro/models/ModelStatus.h"
 
 #include <QFile>
 #include <QString>
@@ -31,14 +32,17 @@ public:
     /// The right to write the part and the destination; absent while somebody else has it. Makes the folders, and
     /// throws Error when they cannot be written to.
     [[nodiscard]] std::optional<FileLock> tryLock() const;
-    /// Where the right is kept, for others that change the destination.
-    [[nodiscard]] bool isLocked() const;
 
     [[nodiscard]] const QString& destination() const { return destination_; }
     /// What is there already; 0 when there is no part or nobody knows what it is a part of.
     [[nodiscard]] qint64 bytes() const;
     [[nodiscard]] std::optional<PartNote> note() const;
     void discard();
+    /// For a destination that is not there.
+    [[nodiscard]] ModelStatus status() const;
+    /// Removes the destination and what was fetched of it; answers how many bytes that freed. Throws Error when it is
+    /// being fetched, or cannot be removed.
+    qint64 removeAll();
 
     /// Starts a new part: what was there is given up.
     void begin(const PartNote& note);

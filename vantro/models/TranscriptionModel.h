@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QString>
-#include <QUuid>
 
 #include <optional>
 
@@ -13,19 +12,17 @@ enum class TranscriptionEngine { fluid, whisper };
 enum class SupportedLanguages { multilingual, english };
 
 /// A model of the neural engine: the repository it is published in, whether it is the multilingual variant, and the
-/// file of its container with the address it is fetched from.
+/// address its container is fetched from.
 struct FluidModel
 {
     QString repository;
     bool isMultilingual = false;
-    QString file = {};
     QString url = {};
 };
 
 /// One speech model of the catalogue. Identified by `name`, which is also what is stored as the selection.
 struct TranscriptionModel
 {
-    QUuid id; ///< made fresh when the catalogue is built
     QString name;
     QString size;        ///< download size as shown
     double speed = 0;    ///< relative, 0..1
@@ -38,8 +35,10 @@ struct TranscriptionModel
     TranscriptionEngine engine = TranscriptionEngine::whisper;
     std::optional<FluidModel> fluidModel;
 
-    /// The file's name on disk: the URL's last path component.
-    [[nodiscard]] QString fileName() const { return url.section(QLatin1Char('/'), -1); }
+    /// Where the file is fetched from.
+    [[nodiscard]] QString address() const { return fluidModel ? fluidModel->url : url; }
+    /// The file's name on disk.
+    [[nodiscard]] QString fileName() const { return address().section(QLatin1Char('/'), -1); }
 };
 
 } // namespace vantro

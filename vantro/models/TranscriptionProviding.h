@@ -37,7 +37,7 @@ struct TranscriptionRequest
     std::stop_token stop = {};
 };
 
-/// One speech engine as the facade sees it. Main thread; the heavy work is done on the engine's own.
+/// The recognising half of a speech engine. Main thread; the heavy work is done on the engine's own.
 class TranscriptionProviding
 {
 public:
@@ -45,10 +45,9 @@ public:
 
     /// A recording has begun that @p model will transcribe: what can be done before the stop is begun now.
     virtual void prepare(const TranscriptionModel& model) = 0;
-    /// The final text, with the user's replacements applied. Throws an Error.
+    /// The final text, with the user's replacements applied. Throws an Error, soon when it is stopped: also while it
+    /// waits for other work or for its model.
     virtual QCoro::Task<QString> transcribe(TranscriptionRequest request) = 0;
-    /// Ends a transcription that nobody waits for any more as soon as the engine can.
-    virtual void cancel() = 0;
     /// No dictation is under way any more, delivered or not: what was held for them may go.
     virtual void dictationEnded() = 0;
 };

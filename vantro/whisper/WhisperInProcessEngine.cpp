@@ -1,5 +1,7 @@
 #include "vantro/whisper/WhisperInProcessEngine.h"
 
+#include "base/SampleFormat.h"
+
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QFile>
@@ -19,7 +21,8 @@ namespace vantro {
 
 namespace {
 
-constexpr int sampleRateHz = 16'000;
+/// What the library answers when it was told to stop.
+constexpr std::int32_t codeOfAbort = -6;
 
 /// Frees a model that is still loaded when the process ends without tearing the engine down: GPU back ends complain, or
 /// crash, when their memory outlives them.
@@ -127,9 +130,14 @@ private:
     bool isTruncated_ = false;
 };
 
-bool isSet(void* flag)
+bool isAnybodyWaiting(void* count)
 {
-    return static_cast<std::atomic<bool>*>(flag)->load(std::memory_order_relaxed);
+    return static_cast<const std::atomic<int>*>(count)->load(std::memory_order_relaxed) > 0;
+}
+
+bool isStopped(void* token)
+{
+    return static_cast<const std::stop_token*>(token)->stop_requested();
 }
 
 QString elapsedText(const QElapsedTimer& timer)
@@ -167,6 +175,11 @@ WhisperInProcessError WhisperInProcessError::modelNotLoaded()
     return {Kind::modelNotLoaded, QStringLiteral("The whisper model is not loaded.")};
 }
 
+WhisperInProcessError WhisperInProcessError::stopped()
+{
+    return transcriptionFailed(codeOfAbort);
+}
+
 WhisperInProcessEngine::WhisperInProcessEngine() : executor_(QStringLiteral("whisper"))
 {
     whisper_log_set(logWhisperLine, nullptr);
@@ -174,39 +187,37 @@ WhisperInProcessEngine::WhisperInProcessEngine() : executor_(QStringLiteral("whi
 
 WhisperInProcessEngine::~WhisperInProcessEngine()
 {
-    abortWarmUp_ = true;
-    abortTranscription_ = true;
-    executor_.run([this] { unloadNow(); }).waitForFinished();
+    unload().waitForFinished();
+}
+
+template <typename Work>
+auto WhisperInProcessEngine::enqueue(Work work)
+{
+    ++waitingCount_;
+    return executor_.run([this, work = std::move(work)] {
+        --waitingCount_;
+        return work();
+    });
 }
 
 QFuture<void> WhisperInProcessEngine::load(const QString& modelPath)
 {
-    // Whoever asks now is about to use the model.
-    abortWarmUp_ = true;
-    return executor_.run([this, modelPath] { loadNow(modelPath); });
+    return enqueue([this, modelPath] { loadNow(modelPath); });
 }
 
 QFuture<void> WhisperInProcessEngine::warmUp()
 {
-    abortWarmUp_ = false;
     return executor_.run([this] { warmUpNow(); });
 }
 
 QFuture<QString> WhisperInProcessEngine::transcribe(Request request)
 {
-    abortWarmUp_ = true;
-    abortTranscription_ = false;
-    return executor_.run([this, request = std::move(request)] { return transcribeNow(request); });
+    return enqueue([this, request = std::move(request)] { return transcribeNow(request); });
 }
 
 QFuture<void> WhisperInProcessEngine::unload()
 {
-    return executor_.run([this] { unloadNow(); });
-}
-
-void WhisperInProcessEngine::abortTranscription()
-{
-    abortTranscription_ = true;
+    return enqueue([this] { unloadNow(); });
 }
 
 void WhisperInProcessEngine::loadNow(const QString& modelPath)
@@ -232,16 +243,16 @@ void WhisperInProcessEngine::loadNow(const QString& modelPath)
 
 void WhisperInProcessEngine::warmUpNow()
 {
-    if (!resident_ || abortWarmUp_)
+    if (!resident_ || waitingCount_ > 0)
         return;
     QElapsedTimer timer;
     timer.start();
     const std::vector<float> silence(sampleRateHz, 0.0F);
     whisper_full_params parameters = quietParameters();
-    parameters.abort_callback = isSet;
-    parameters.abort_callback_user_data = &abortWarmUp_;
+    parameters.abort_callback = isAnybodyWaiting;
+    parameters.abort_callback_user_data = &waitingCount_;
     const int code = whisper_full(resident_->context, parameters, silence.data(), sampleRateHz);
-    if (abortWarmUp_)
+    if (code != 0 && waitingCount_ > 0)
         logger_.debug(QStringLiteral("whisper warmup gave way after %1").arg(elapsedText(timer)));
     else if (code != 0)
         logger_.error(QStringLiteral("whisper warmup inference failed (code %1)").arg(code));
@@ -251,6 +262,8 @@ void WhisperInProcessEngine::warmUpNow()
 
 QString WhisperInProcessEngine::transcribeNow(const Request& request)
 {
+    if (request.stop.stop_requested())
+        throw WhisperInProcessError::stopped();
     if (!resident_)
         throw WhisperInProcessError::modelNotLoaded();
     QElapsedTimer timer;
@@ -268,8 +281,8 @@ QString WhisperInProcessEngine::transcribeNow(const Request& request)
     parameters.suppress_blank = true;
     parameters.temperature = 0.0F;
     parameters.temperature_inc = 0.0F; // no fall-back to a higher temperature
-    parameters.abort_callback = isSet;
-    parameters.abort_callback_user_data = &abortTranscription_;
+    parameters.abort_callback = isStopped;
+    parameters.abort_callback_user_data = const_cast<std::stop_token*>(&request.stop);
     if (request.onProgress) {
         parameters.progress_callback = [](whisper_context*, whisper_state*, int percent, void* sink) {
             (*static_cast<const std::function<void(float)>*>(sink))(static_cast<float>(percent) / 100.0F);
@@ -287,7 +300,7 @@ QString WhisperInProcessEngine::transcribeNow(const Request& request)
             text += segment;
     }
     logger_.info(QStringLiteral("whisper transcribed %1s in %2")
-                     .arg(static_cast<double>(count) / sampleRateHz, 0, 'f', 1)
+                     .arg(durationOf(request.samples.size()).count(), 0, 'f', 1)
                      .arg(elapsedText(timer)));
     return QString::fromUtf8(text).trimmed();
 }

@@ -12,6 +12,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <stop_token>
 #include <vector>
 
 struct whisper_context;
@@ -26,6 +27,8 @@ public:
     static WhisperInProcessError modelLoadFailed(const QString& path);
     static WhisperInProcessError transcriptionFailed(std::int32_t code);
     static WhisperInProcessError modelNotLoaded();
+    /// What a transcription throws that was stopped.
+    static WhisperInProcessError stopped();
 
     [[nodiscard]] Kind kind() const { return kind_; }
 
@@ -47,9 +50,11 @@ public:
         QString language;                      ///< a whisper language code, or "auto" to have it recognised
         QString prompt;                        ///< may be empty
         std::function<void(float)> onProgress; ///< 0..1, on the engine's thread
+        std::stop_token stop;                  ///< ends this transcription
     };
 
     WhisperInProcessEngine();
+    /// Waits for what was asked for: whoever wants to end sooner stops the transcriptions first.
     ~WhisperInProcessEngine();
     WhisperInProcessEngine(const WhisperInProcessEngine&) = delete;
     WhisperInProcessEngine& operator=(const WhisperInProcessEngine&) = delete;
@@ -57,14 +62,11 @@ public:
     /// Does nothing when this very file is loaded. A failed load (modelLoadFailed) leaves the loaded model in place.
     [[nodiscard]] QFuture<void> load(const QString& modelPath);
     /// Runs a second of silence through the model, so that the first dictation finds everything paged in. Failures are
-    /// logged only. Gives way at once when a load or a transcription is asked for.
+    /// logged only. Gives way at once to whatever is asked for afterwards.
     QFuture<void> warmUp();
-    /// The text, trimmed at both ends. Throws modelNotLoaded or transcriptionFailed.
+    /// The text, trimmed at both ends. Throws modelNotLoaded, transcriptionFailed or stopped.
     [[nodiscard]] QFuture<QString> transcribe(Request request);
     QFuture<void> unload();
-
-    /// Ends the transcription that runs; its future then throws transcriptionFailed.
-    void abortTranscription();
 
 private:
     struct ResidentModel
@@ -73,6 +75,8 @@ private:
         QString modelPath;
     };
 
+    template <typename Work>
+    auto enqueue(Work work);
     void loadNow(const QString& modelPath);
     void warmUpNow();
     [[nodiscard]] QString transcribeNow(const Request& request);
@@ -80,9 +84,8 @@ private:
 
     Logger logger_{"WhisperInProcess"};
     std::optional<ResidentModel> resident_; ///< worker thread only
-    std::atomic<bool> abortWarmUp_ = false;
-    std::atomic<bool> abortTranscription_ = false;
-    SerialExecutor executor_; ///< last: its destructor waits for work that uses the members above
+    std::atomic<int> waitingCount_ = 0;     ///< what a warm-up gives way to
+    SerialExecutor executor_;               ///< last: its destructor waits for work that uses the members above
 };
 
 } // namespace vantro

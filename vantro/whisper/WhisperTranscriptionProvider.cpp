@@ -1,9 +1,12 @@
 #include "vantro/whisper/WhisperTranscriptionProvider.h"
 
 #include "base/Settings.h"
+#include "base/Stop.h"
+#include "vantro/models/ModelHost.h"
 #include "vantro/text/TextReplacer.h"
 
-#include <qcoro/qcorofuture.h>
+#include <QFileInfo>
+#include <QUrl>
 
 #include <utility>
 
@@ -11,80 +14,104 @@ namespace vantro {
 
 namespace {
 
-/// What the library answers when it was told to stop.
-constexpr std::int32_t codeOfAbort = -6;
+void requireWanted(const std::stop_token& stop)
+{
+    if (stop.stop_requested())
+        throw WhisperInProcessError::stopped();
+}
 
 } // namespace
 
-WhisperTranscriptionProvider::WhisperTranscriptionProvider(WhisperInProcessEngine& engine, const ModelStore& store,
-                                                           UserDefaults& defaults, const VocabularySettings& vocabulary)
+WhisperTranscriptionProvider::WhisperTranscriptionProvider(WhisperInProcessEngine& engine, WhisperModelFiles files,
+                                                           FileDownloader& downloader, UserDefaults& defaults,
+                                                           const VocabularySettings& vocabulary)
     : engine_(engine)
-    , store_(store)
+    , files_(std::move(files))
+    , downloader_(downloader)
     , defaults_(defaults)
     , vocabulary_(vocabulary)
 {
 }
 
-void WhisperTranscriptionProvider::prepare(const TranscriptionModel& model)
+QFuture<ModelCheck> WhisperTranscriptionProvider::check(const TranscriptionModel& model, Trust trust)
 {
-    loadAndWarmUp(model);
+    return checks_.run([this, model, trust] { return files_.check(model, trust); });
 }
 
-QCoro::Task<> WhisperTranscriptionProvider::loadAndWarmUp(TranscriptionModel model)
+QFuture<void> WhisperTranscriptionProvider::startDownload(const TranscriptionModel& model,
+                                                          FileDownloader::OnProgress onProgress, std::stop_token stop)
 {
-    const std::uint64_t ended = endedCount_;
+    TransferRequest request;
+    request.url = ModelHost::urlOf(model);
+    request.destination = files_.ownFile(model);
+    request.sha1 = model.hash;
+    request.isThere = [files = files_, model] {
+        return files.isReady(model);
+    };
+    request.onStored = [files = files_, model] {
+        files.markIfRight(model);
+    };
+    return downloader_.download(std::move(request), std::move(onProgress), std::move(stop));
+}
+
+std::optional<TranscriptionModel> WhisperTranscriptionProvider::describe(const QString& file) const
+{
+    const QFileInfo info(file);
+    TranscriptionModel model;
+    model.name = info.fileName();
+    model.url = QUrl::fromLocalFile(info.absoluteFilePath()).toString();
+    return model;
+}
+
+void WhisperTranscriptionProvider::prepare(const TranscriptionModel& model)
+{
+    loadAndWarmUp(model, preparations_.get_token());
+}
+
+QCoro::Task<> WhisperTranscriptionProvider::loadAndWarmUp(TranscriptionModel model, std::stop_token stop)
+{
     try {
-        co_await check(model);
-        if (ended != endedCount_)
-            co_return;
-        const QFuture<void> loaded = engine_.load(store_.modelFile(model));
-        co_await loaded;
+        co_await load(model, stop);
     } catch (const std::exception&) {
         // Reported by transcribe(), where somebody waits for the answer.
         co_return;
     }
-    if (ended == endedCount_)
-        engine_.warmUp();
+    engine_.warmUp();
 }
 
-// A file that nobody has verified may be anything: it is read to its end before the engine sees it.
-QCoro::Task<> WhisperTranscriptionProvider::check(TranscriptionModel model)
+QCoro::Task<> WhisperTranscriptionProvider::load(TranscriptionModel model, std::stop_token stop)
 {
-    if (store_.isVerified(model))
-        co_return;
-    const QFuture<bool> answer = checks_.run([this, model] { return store_.isReady(model); });
-    if (!co_await answer)
-        throw WhisperInProcessError::modelLoadFailed(store_.modelFile(model));
+    // A file that nobody has verified may be anything: it is read to its end before the engine sees it.
+    if (files_.status(model).state != ModelStatus::State::ready) {
+        const QFuture<ModelCheck> checked = check(model, Trust::markers);
+        co_await finishedOrStopped(checked, stop);
+        requireWanted(stop);
+        if (!checked.result().isReady)
+            throw WhisperInProcessError::modelLoadFailed(files_.find(model));
+    }
+    const QFuture<void> loaded = engine_.load(files_.find(model));
+    co_await finishedOrStopped(loaded, stop);
+    requireWanted(stop);
+    co_await loaded;
 }
 
 QCoro::Task<QString> WhisperTranscriptionProvider::transcribe(TranscriptionRequest request)
 {
-    const std::uint64_t cancelled = cancelCount_;
-    co_await check(request.model);
-    const QFuture<void> loaded = engine_.load(store_.modelFile(request.model));
-    co_await loaded;
-    if (cancelled != cancelCount_)
-        throw WhisperInProcessError::transcriptionFailed(codeOfAbort);
-    const QString language = request.language.value_or(defaults_.get(setting::selectedLanguage));
+    co_await load(request.model, request.stop);
     WhisperInProcessEngine::Request work;
     work.samples = std::move(request.samples);
-    work.language = language;
+    work.language = request.language.value_or(defaults_.get(setting::selectedLanguage));
     work.prompt = vocabulary_.customVocabulary().join(QStringLiteral(", "));
     work.onProgress = std::move(request.onProgress);
+    work.stop = request.stop;
     const QFuture<QString> transcribed = engine_.transcribe(std::move(work));
     const QString text = co_await transcribed;
     co_return TextReplacer::applyReplacements(text.trimmed(), vocabulary_.textReplacements());
 }
 
-void WhisperTranscriptionProvider::cancel()
-{
-    ++cancelCount_;
-    engine_.abortTranscription();
-}
-
 void WhisperTranscriptionProvider::dictationEnded()
 {
-    ++endedCount_;
+    std::exchange(preparations_, std::stop_source()).request_stop();
     if (!defaults_.get(setting::whisperKeepModelInMemory))
         engine_.unload();
 }

@@ -1,42 +1,53 @@
 #pragma once
 
+#include "base/SerialExecutor.h"
 #include "base/UserDefaults.h"
-#include "vantro/models/ModelStore.h"
-#include "vantro/models/TranscriptionProviding.h"
+#include "vantro/models/SpeechEngine.h"
 #include "vantro/text/VocabularySettings.h"
 #include "vantro/whisper/WhisperInProcessEngine.h"
+#include "vantro/whisper/WhisperModelFiles.h"
 
-#include <cstdint>
+#include <stop_token>
 
 namespace vantro {
 
-/// The whisper side of the facade: which file, which language, when the model is in memory.
+/// The whisper engine: which file, which language, when the model is in memory.
 ///
 /// The model begins to load when a recording starts, so that the stop never waits for it, and leaves memory after the
 /// dictation unless "whisperKeepModelInMemory" is set.
-class WhisperTranscriptionProvider final : public TranscriptionProviding
+class WhisperTranscriptionProvider final : public SpeechEngine
 {
 public:
-    WhisperTranscriptionProvider(WhisperInProcessEngine& engine, const ModelStore& store, UserDefaults& defaults,
-                                 const VocabularySettings& vocabulary);
+    WhisperTranscriptionProvider(WhisperInProcessEngine& engine, WhisperModelFiles files, FileDownloader& downloader,
+                                 UserDefaults& defaults, const VocabularySettings& vocabulary);
+
+    [[nodiscard]] TranscriptionEngine kind() const override { return TranscriptionEngine::whisper; }
+    [[nodiscard]] QString label() const override { return QStringLiteral("whisper.cpp"); }
+    [[nodiscard]] ModelStatus status(const TranscriptionModel& model) const override { return files_.status(model); }
+    [[nodiscard]] QFuture<ModelCheck> check(const TranscriptionModel& model, Trust trust) override;
+    qint64 remove(const TranscriptionModel& model) override { return files_.remove(model); }
+    /// Takes any file: only loading it tells.
+    [[nodiscard]] std::optional<TranscriptionModel> describe(const QString& file) const override;
 
     void prepare(const TranscriptionModel& model) override;
     QCoro::Task<QString> transcribe(TranscriptionRequest request) override;
-    void cancel() override;
     void dictationEnded() override;
 
+protected:
+    [[nodiscard]] QFuture<void> startDownload(const TranscriptionModel& model, FileDownloader::OnProgress onProgress,
+                                              std::stop_token stop) override;
+
 private:
-    QCoro::Task<> check(TranscriptionModel model);
-    QCoro::Task<> loadAndWarmUp(TranscriptionModel model);
+    QCoro::Task<> load(TranscriptionModel model, std::stop_token stop);
+    QCoro::Task<> loadAndWarmUp(TranscriptionModel model, std::stop_token stop);
 
     WhisperInProcessEngine& engine_;
-    const ModelStore& store_;
+    WhisperModelFiles files_;
+    FileDownloader& downloader_;
     UserDefaults& defaults_;
     const VocabularySettings& vocabulary_;
-    // What was awaited may come when nobody wants it any more.
-    std::uint64_t cancelCount_ = 0;
-    std::uint64_t endedCount_ = 0;
-    SerialExecutor checks_{QStringLiteral("model check")};
+    std::stop_source preparations_; ///< those since the last dictation's end
+    SerialExecutor checks_{QStringLiteral("model checks")};
 };
 
 } // namespace vantro

@@ -1,3 +1,4 @@
+#include "base/SampleFormat.h"
 #include "platform/Wording.h"
 #include "tests/platform/linux/pulse/PulseServer.h"
 #include "tests/platform/linux/pulse/RecordingRig.h"
@@ -203,7 +204,7 @@ TEST_F(PulseRecording, KeepsWhatWasSaidWhenTheServerDiesAndWorksAgainAfterwards)
     EXPECT_THAT(rig->lost[0], HasSubstr(wording::noSoundServer().toStdString()));
     const Comparison comparison = compare(rig->stop(), played);
     ASSERT_EQ(comparison.stretches.size(), 1U);
-    EXPECT_GE(comparison.stretches[0].length, AudioRecorder::minimumSampleCount);
+    EXPECT_GE(comparison.stretches[0].length, minimumSampleCount);
     EXPECT_FALSE(rig->start());
 
     server.start();
@@ -226,7 +227,7 @@ TEST_F(PulseRecording, GoesOnWhenTheServerRestartsAtOnce)
     ASSERT_TRUE(rig->hears(10));
     ASSERT_TRUE(hasEnded(*player));
     const std::vector<float> recorded = rig->stop();
-    EXPECT_GE(compare(recorded, played).stretches.front().length, AudioRecorder::minimumSampleCount);
+    EXPECT_GE(compare(recorded, played).stretches.front().length, minimumSampleCount);
     EXPECT_GE(compare(recorded, second).stretches.back().length, second.size() / 2);
     EXPECT_TRUE(rig->lost.empty());
 }
@@ -272,7 +273,7 @@ TEST_F(PulseRecording, AServerThatHangsNeverHoldsTheProgramForLong)
     time.start();
     const std::vector<float> recorded = rig->stop();
     EXPECT_LT(time.elapsed(), 500);
-    EXPECT_GE(compare(recorded, played).stretches.front().length, AudioRecorder::minimumSampleCount);
+    EXPECT_GE(compare(recorded, played).stretches.front().length, minimumSampleCount);
 
     time.restart();
     EXPECT_FALSE(rig->start());

@@ -1,23 +1,23 @@
-#include "vantro/cli/AudioFile.h"
+#include "vantro/audio/AudioFile.h"
+
+#include "vantro/audio/Resampler.h"
 
 #include <QByteArray>
 #include <QFile>
 
 #include <sndfile.h>
-#include <soxr.h>
 
 #include <algorithm>
-#include <array>
 #include <cstdio>
 #include <cstring>
 #include <memory>
 #include <numeric>
+#include <span>
 
 namespace vantro {
 
 namespace {
 
-constexpr double targetRateHz = 16'000;
 constexpr std::size_t blockFrames = 16'384;
 
 struct CloseSoundFile
@@ -25,11 +25,6 @@ struct CloseSoundFile
     void operator()(SNDFILE* file) const { sf_close(file); }
 };
 using SoundFile = std::unique_ptr<SNDFILE, CloseSoundFile>;
-
-struct DeleteResampler
-{
-    void operator()(soxr* resampler) const { soxr_delete(resampler); }
-};
 
 /// Standard input cannot seek, which the containers need: it is read into memory first.
 struct MemoryFile
@@ -68,67 +63,29 @@ constexpr SF_VIRTUAL_IO memoryFileAccess{
     .tell = [](void* user) -> sf_count_t { return memoryFile(user).position; },
 };
 
-/// Resamples a stream of mono blocks and gathers the result.
-class MonoResampler
-{
-public:
-    explicit MonoResampler(double inputRateHz)
-    {
-        const soxr_quality_spec_t quality = soxr_quality_spec(SOXR_HQ, 0);
-        soxr_error_t error = nullptr;
-        resampler_.reset(soxr_create(inputRateHz, targetRateHz, 1, &error, nullptr, &quality, nullptr));
-        if (error != nullptr)
-            throw AudioFileError(QStringLiteral("its sample rate of %1 Hz cannot be converted").arg(inputRateHz));
-        output_.resize(static_cast<std::size_t>(blockFrames * targetRateHz / inputRateHz) + blockFrames);
-    }
-
-    void add(const float* block, std::size_t frames, std::vector<float>& result) { process(block, frames, result); }
-
-    /// What the filter still holds.
-    void finish(std::vector<float>& result)
-    {
-        while (process(nullptr, 0, result) > 0) {
-        }
-    }
-
-private:
-    std::size_t process(const float* block, std::size_t frames, std::vector<float>& result)
-    {
-        std::size_t consumed = 0;
-        std::size_t produced = 0;
-        const float* input = block;
-        do {
-            soxr_process(resampler_.get(), input, frames, &consumed, output_.data(), output_.size(), &produced);
-            result.insert(result.end(), output_.begin(), output_.begin() + static_cast<std::ptrdiff_t>(produced));
-            if (input != nullptr)
-                input += consumed;
-            frames -= consumed;
-        } while (frames > 0 && consumed > 0);
-        return produced;
-    }
-
-    std::unique_ptr<soxr, DeleteResampler> resampler_;
-    std::vector<float> output_;
-};
-
 std::vector<float> readMono16k(SNDFILE* file, const SF_INFO& info)
 {
     std::vector<float> samples;
     const auto channels = static_cast<std::size_t>(info.channels);
     std::vector<float> block(blockFrames * channels);
     std::vector<float> mono(blockFrames);
-    MonoResampler resampler(info.samplerate);
+    const auto resampler = Resampler::create(info.samplerate);
+    if (!resampler)
+        throw AudioFileError(QStringLiteral("its sample rate of %1 Hz cannot be converted").arg(info.samplerate));
+    const auto append = [&samples](std::span<const float> converted) {
+        samples.insert(samples.end(), converted.begin(), converted.end());
+    };
     sf_count_t frames = 0;
     while ((frames = sf_readf_float(file, block.data(), blockFrames)) > 0) {
         for (std::size_t i = 0; i < static_cast<std::size_t>(frames); ++i) {
             const auto* frame = block.data() + i * channels;
             mono[i] = std::accumulate(frame, frame + channels, 0.0F) / static_cast<float>(channels);
         }
-        resampler.add(mono.data(), static_cast<std::size_t>(frames), samples);
+        append(resampler->convert(std::span(mono).first(static_cast<std::size_t>(frames))));
     }
     if (sf_error(file) != SF_ERR_NO_ERROR)
         throw AudioFileError(QString::fromUtf8(sf_strerror(file)));
-    resampler.finish(samples);
+    append(resampler->drain());
     return samples;
 }
 

@@ -1,5 +1,6 @@
-#include "vantro/models/ModelPreparation.h"
+#include "vantro/whisper/WhisperModelPreparation.h"
 
+#include "base/Error.h"
 #include "base/Logger.h"
 #include "base/Settings.h"
 #include "vantro/models/PartFile.h"
@@ -37,21 +38,21 @@ void copyAndSettle(QFile& source, PartFile& part, const QString& sha1)
 
 } // namespace
 
-ModelPreparation::ModelPreparation(const ModelCatalogue& catalogue, const ModelStore& store, UserDefaults& defaults,
-                                   QString legacyFolder)
+WhisperModelPreparation::WhisperModelPreparation(const ModelCatalogue& catalogue, const WhisperModelFiles& modelFiles,
+                                                 UserDefaults& defaults, QString legacyFolder)
     : models_(catalogue.models())
-    , store_(store)
+    , modelFiles_(modelFiles)
     , defaults_(defaults)
     , legacyFolder_(std::move(legacyFolder))
 {
 }
 
-QString ModelPreparation::standardLegacyFolder()
+QString WhisperModelPreparation::standardLegacyFolder()
 {
     return QDir::homePath() + QStringLiteral("/whisper.cpp/models");
 }
 
-QCoro::Task<> ModelPreparation::run()
+QCoro::Task<> WhisperModelPreparation::run()
 {
     if (!defaults_.get(setting::whisperLegacyCacheMigrated)) {
         co_await files_.run([this] { migrateLegacyFiles(); });
@@ -60,7 +61,7 @@ QCoro::Task<> ModelPreparation::run()
     co_await files_.run([this] { verifyUncheckedFiles(); });
 }
 
-void ModelPreparation::migrateLegacyFiles() const
+void WhisperModelPreparation::migrateLegacyFiles() const
 {
     for (const TranscriptionModel& model : models_) {
         if (model.engine != TranscriptionEngine::whisper)
@@ -77,7 +78,7 @@ void ModelPreparation::migrateLegacyFiles() const
     }
 }
 
-void ModelPreparation::migrate(const TranscriptionModel& model, const QString& legacyFile) const
+void WhisperModelPreparation::migrate(const TranscriptionModel& model, const QString& legacyFile) const
 {
     QFile source(legacyFile);
     if (!source.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
@@ -87,7 +88,7 @@ void ModelPreparation::migrate(const TranscriptionModel& model, const QString& l
         printLine(QStringLiteral("Removed invalid legacy model file: ") + model.fileName());
         return;
     }
-    PartFile part(store_.ownFile(model));
+    PartFile part(modelFiles_.ownFile(model));
     const auto lock = part.tryLock();
     if (!lock || QFileInfo::exists(part.destination()))
         return;
@@ -98,15 +99,16 @@ void ModelPreparation::migrate(const TranscriptionModel& model, const QString& l
         copyAndSettle(source, part, model.hash);
         source.remove();
     }
-    store_.markIfRight(model);
+    modelFiles_.markIfRight(model);
     printLine(QStringLiteral("Migrated legacy model file ") + model.fileName());
 }
 
-void ModelPreparation::verifyUncheckedFiles() const
+void WhisperModelPreparation::verifyUncheckedFiles() const
 {
     for (const TranscriptionModel& model : models_) {
-        if (store_.status(model).state == ModelStatus::State::unchecked)
-            store_.check(model);
+        if (model.engine == TranscriptionEngine::whisper &&
+            modelFiles_.status(model).state == ModelStatus::State::unchecked)
+            modelFiles_.check(model);
     }
 }
 

@@ -1,5 +1,6 @@
-#include "vantro/models/ModelStore.h"
+#include "vantro/whisper/WhisperModelFiles.h"
 
+#include "base/Error.h"
 #include "base/Logger.h"
 #include "vantro/models/PartFile.h"
 #include "vantro/models/Sha1.h"
@@ -7,7 +8,6 @@
 #include <QDateTime>
 #include <QDir>
 #include <QFileInfo>
-#include <QStandardPaths>
 #include <QUrl>
 
 #include <sys/stat.h>
@@ -17,8 +17,6 @@
 namespace vantro {
 
 namespace {
-
-constexpr QLatin1String subfolder("/vantro/models");
 
 QString markerFor(const QString& path)
 {
@@ -51,39 +49,22 @@ bool isStillThere(const QString& path, const QFile& opened)
 
 } // namespace
 
-ModelStore::ModelStore(QString userFolder, QStringList systemFolders)
-    : userFolder_(std::move(userFolder))
-    , systemFolders_(std::move(systemFolders))
+WhisperModelFiles::WhisperModelFiles(QStringList folders) : folders_(std::move(folders)) {}
+
+QString WhisperModelFiles::ownFile(const TranscriptionModel& model) const
 {
+    return folders_.first() + QLatin1Char('/') + model.fileName();
 }
 
-ModelStore ModelStore::standard()
+QStringList WhisperModelFiles::candidates(const TranscriptionModel& model) const
 {
-    const QString user = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
-    QStringList system;
-    for (const QString& folder : QStandardPaths::standardLocations(QStandardPaths::GenericDataLocation)) {
-        if (folder != user)
-            system << folder + subfolder;
-    }
-    system << QStringLiteral("/usr/share") + subfolder;
-    system.removeDuplicates();
-    return {user + subfolder, system};
-}
-
-QString ModelStore::ownFile(const TranscriptionModel& model) const
-{
-    return userFolder_ + QLatin1Char('/') + model.fileName();
-}
-
-QStringList ModelStore::candidates(const TranscriptionModel& model) const
-{
-    QStringList paths{ownFile(model)};
-    for (const QString& folder : systemFolders_)
-        paths << folder + QLatin1Char('/') + model.fileName();
+    QStringList paths = folders_;
+    for (QString& path : paths)
+        path += QLatin1Char('/') + model.fileName();
     return paths;
 }
 
-QString ModelStore::modelFile(const TranscriptionModel& model) const
+QString WhisperModelFiles::find(const TranscriptionModel& model) const
 {
     if (isPlainFile(model))
         return QUrl(model.url).toLocalFile();
@@ -100,33 +81,20 @@ QString ModelStore::modelFile(const TranscriptionModel& model) const
     return existing.isEmpty() ? ownFile(model) : existing;
 }
 
-ModelStatus ModelStore::status(const TranscriptionModel& model) const
+ModelStatus WhisperModelFiles::status(const TranscriptionModel& model) const
 {
-    if (model.engine != TranscriptionEngine::whisper)
-        return {};
-    const QString path = modelFile(model);
+    const QString path = find(model);
     if (const QFileInfo file(path); file.exists()) {
         const bool ready = model.hash.isEmpty() || isTrusted(path);
         return {ready ? ModelStatus::State::ready : ModelStatus::State::unchecked, path, !isOwn(path), file.size(), -1};
     }
-    const PartFile part(ownFile(model));
-    const auto note = part.note();
-    if (!note || part.bytes() == 0)
-        return {};
-    return {ModelStatus::State::partial, {}, false, part.bytes(), note->totalBytes};
+    return PartFile(ownFile(model)).status();
 }
 
-bool ModelStore::isVerified(const TranscriptionModel& model) const
+ModelCheck WhisperModelFiles::check(const TranscriptionModel& model, Trust trust) const
 {
-    return status(model).state == ModelStatus::State::ready;
-}
-
-ModelCheck ModelStore::check(const TranscriptionModel& model, Trust trust) const
-{
-    if (model.engine != TranscriptionEngine::whisper)
-        return {};
     if (isPlainFile(model))
-        return {QFileInfo::exists(modelFile(model)), {}};
+        return {QFileInfo::exists(find(model)), {}};
     ModelCheck result;
     for (const QString& path : candidates(model)) {
         if (!QFileInfo::exists(path)) {
@@ -145,7 +113,7 @@ ModelCheck ModelStore::check(const TranscriptionModel& model, Trust trust) const
     return result;
 }
 
-ModelCheck ModelStore::checkContent(const QString& path, const TranscriptionModel& model) const
+ModelCheck WhisperModelFiles::checkContent(const QString& path, const TranscriptionModel& model) const
 {
     QFile file(path);
     QString found;
@@ -176,7 +144,7 @@ ModelCheck ModelStore::checkContent(const QString& path, const TranscriptionMode
     return {false, wrong + QStringLiteral(". It has been removed and will be fetched again.")};
 }
 
-bool ModelStore::removeWrongFile(const QString& path, const QFile& hashed) const
+bool WhisperModelFiles::removeWrongFile(const QString& path, const QFile& hashed) const
 {
     // A download that has ended meanwhile may have put the right file in its place.
     const auto lock = PartFile(path).tryLock();
@@ -191,24 +159,24 @@ bool ModelStore::removeWrongFile(const QString& path, const QFile& hashed) const
     return true;
 }
 
-void ModelStore::markIfRight(const TranscriptionModel& model) const
+void WhisperModelFiles::markIfRight(const TranscriptionModel& model) const
 {
     const QString path = ownFile(model);
     if (sha1OfFile(path) == model.hash)
         remember(path);
 }
 
-bool ModelStore::isOwn(const QString& path) const
+bool WhisperModelFiles::isOwn(const QString& path) const
 {
-    return path.startsWith(userFolder_ + QLatin1Char('/'));
+    return path.startsWith(folders_.first() + QLatin1Char('/'));
 }
 
-QString ModelStore::memoryOf(const QString& systemPath) const
+QString WhisperModelFiles::memoryOf(const QString& systemPath) const
 {
-    return userFolder_ + QStringLiteral("/.work/") + QFileInfo(systemPath).fileName() + QStringLiteral(".system");
+    return folders_.first() + QStringLiteral("/.work/") + QFileInfo(systemPath).fileName() + QStringLiteral(".system");
 }
 
-bool ModelStore::isTrusted(const QString& path) const
+bool WhisperModelFiles::isTrusted(const QString& path) const
 {
     if (QFileInfo::exists(markerFor(path)))
         return true;
@@ -218,58 +186,23 @@ bool ModelStore::isTrusted(const QString& path) const
     return memory.open(QIODevice::ReadOnly) && memory.readAll() == fingerprint(path);
 }
 
-void ModelStore::remember(const QString& path) const
+void WhisperModelFiles::remember(const QString& path) const
 {
     const bool own = isOwn(path);
     if (!own)
-        QDir().mkpath(userFolder_ + QStringLiteral("/.work"));
+        QDir().mkpath(folders_.first() + QStringLiteral("/.work"));
     QFile file(own ? markerFor(path) : memoryOf(path));
     // Where nothing can be written the file is hashed again next time, which is slow but right.
     if (file.open(QIODevice::WriteOnly | QIODevice::Truncate) && !own)
         file.write(fingerprint(path));
 }
 
-qint64 ModelStore::remove(const TranscriptionModel& model) const
+qint64 WhisperModelFiles::remove(const TranscriptionModel& model) const
 {
     const QString path = ownFile(model);
-    PartFile part(path);
-    if (!QFileInfo::exists(path) && part.bytes() == 0)
-        return 0;
-    const auto lock = part.tryLock();
-    if (!lock)
-        throw Error(QStringLiteral("%1 is being downloaded. Stop the download first.").arg(model.fileName()));
-    const qint64 bytes = QFileInfo(path).size() + part.bytes();
-    part.discard();
+    const qint64 freed = PartFile(path).removeAll();
     QFile::remove(markerFor(path));
-    QFile file(path);
-    if (file.exists() && !file.remove())
-        throw Error(QStringLiteral("%1 could not be removed: %2").arg(path, file.errorString()));
-    return bytes;
-}
-
-qint64 ModelStore::removeAllExcept(const ModelCatalogue& catalogue, const TranscriptionModel* keep) const
-{
-    qint64 freed = 0;
-    for (const TranscriptionModel& model : catalogue.models()) {
-        if (model.engine != TranscriptionEngine::whisper || (keep != nullptr && model.name == keep->name))
-            continue;
-        try {
-            freed += remove(model);
-        } catch (const Error& error) {
-            printLine(QStringLiteral("Error: ") + error.localizedDescription());
-        }
-    }
     return freed;
-}
-
-qint64 ModelStore::bytesUsed(const ModelCatalogue& catalogue) const
-{
-    qint64 bytes = 0;
-    for (const TranscriptionModel& model : catalogue.models()) {
-        if (model.engine == TranscriptionEngine::whisper)
-            bytes += QFileInfo(ownFile(model)).size() + PartFile(ownFile(model)).bytes();
-    }
-    return bytes;
 }
 
 } // namespace vantro

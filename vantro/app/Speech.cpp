@@ -1,0 +1,60 @@
+#include "vantro/app/Speech.h"
+
+#include "base/Error.h"
+#include "base/Logger.h"
+
+#include <utility>
+
+namespace vantro {
+
+Speech::Speech(UserDefaults& defaults, const VocabularySettings& vocabulary, const QString& modelHost,
+               std::vector<std::filesystem::path> moduleFolders)
+    : fluidEngine_(std::move(moduleFolders))
+    , whisper_(whisperEngine_, whisperFiles_, fileDownloader_, defaults, vocabulary)
+    , fluid_(fluidEngine_, FluidModelFiles(modelFolders()), fileDownloader_, defaults, vocabulary)
+    , catalogue(ModelHost::address(defaults, modelHost))
+    , selection(catalogue, defaults, [this](const auto& model) { return check(model).isReady; })
+    , preparation(catalogue, whisperFiles_, defaults)
+{
+}
+
+ModelCheck Speech::check(const TranscriptionModel& model, Trust trust) const
+{
+    return engines.of(model).check(model, trust).result();
+}
+
+qint64 Speech::removeAllExcept(const TranscriptionModel& keep) const
+{
+    qint64 freed = 0;
+    for (const TranscriptionModel& model : catalogue.models()) {
+        if (model.name == keep.name)
+            continue;
+        try {
+            freed += remove(model);
+        } catch (const Error& error) {
+            printLine(QStringLiteral("Error: ") + error.localizedDescription());
+        }
+    }
+    return freed;
+}
+
+qint64 Speech::bytesUsed() const
+{
+    qint64 bytes = 0;
+    for (const TranscriptionModel& model : catalogue.models()) {
+        const ModelStatus known = status(model);
+        bytes += known.isSystemCopy ? 0 : known.bytes;
+    }
+    return bytes;
+}
+
+TranscriptionModel Speech::describe(const QString& file) const
+{
+    for (const SpeechEngine* engine : engines.all()) {
+        if (auto model = engine->describe(file))
+            return *model;
+    }
+    throw Error(QStringLiteral("No engine runs %1").arg(file));
+}
+
+} // namespace vantro
