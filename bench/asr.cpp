@@ -3,7 +3,7 @@
 #include "asr/ASRError.h"
 #include "asr/AsrManager.h"
 #include "platform/ThisProcess.h"
-#include "vantro/audio/AudioFile.h"
+#include "vantro/sound/AudioFile.h"
 
 #include <sys/resource.h>
 

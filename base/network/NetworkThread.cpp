@@ -23,11 +23,12 @@ NetworkThread::NetworkThread(const QString& name)
 {
     thread_.setObjectName(name);
     context_.moveToThread(&thread_);
-    thread_.start();
 }
 
 NetworkThread::~NetworkThread()
 {
+    if (!thread_.isRunning())
+        return;
     QMetaObject::invokeMethod(
         &context_, [this] { manager_.reset(); }, Qt::BlockingQueuedConnection);
     thread_.quit();
@@ -36,6 +37,7 @@ NetworkThread::~NetworkThread()
 
 void NetworkThread::run(Work work)
 {
+    std::call_once(isStarted_, [this] { thread_.start(); });
     QMetaObject::invokeMethod(&context_, [this, work = std::move(work)] { work(manager()); });
 }
 

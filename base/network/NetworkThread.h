@@ -5,11 +5,12 @@
 
 #include <functional>
 #include <memory>
+#include <mutex>
 
 namespace vantro {
 
 /// A thread for requests, which the system's proxies are used for: the main thread neither waits for a proxy or a
-/// certificate nor reads what comes.
+/// certificate nor reads what comes. It starts with the first work.
 class NetworkThread
 {
 public:
@@ -27,6 +28,7 @@ public:
 private:
     QNetworkAccessManager& manager();
 
+    std::once_flag isStarted_;
     QThread thread_;
     QObject context_;                                ///< lives on the thread
     std::unique_ptr<QNetworkAccessManager> manager_; ///< made on the thread when it is first needed

@@ -5,7 +5,7 @@
 #include "platform/linux/x11/X11KeyEventPoster.h"
 #include "platform/linux/x11/X11Pasteboard.h"
 #include "tests/desktop/X11Session.h"
-#include "vantro/app/PasteDelivery.h"
+#include "vantro/delivery/PasteDelivery.h"
 
 #include <QElapsedTimer>
 #include <QProcess>

@@ -1,11 +1,11 @@
-#include "vantro/app/PasteDelivery.h"
+#include "vantro/delivery/PasteDelivery.h"
 
 #include "base/Settings.h"
 #include "base/testing/ManualClock.h"
 #include "platform/testing/FakeKeyEventPoster.h"
 #include "platform/testing/FakePasteboard.h"
 #include "platform/testing/FakeWorkspace.h"
-#include "vantro/app/PasteChords.h"
+#include "vantro/delivery/PasteChords.h"
 
 #include <QTemporaryDir>
 

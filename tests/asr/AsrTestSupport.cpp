@@ -1,6 +1,6 @@
 #include "tests/asr/AsrTestSupport.h"
 
-#include "vantro/audio/AudioFile.h"
+#include "vantro/sound/AudioFile.h"
 
 #include <cstdlib>
 #include <fstream>

@@ -1,4 +1,4 @@
-#include "vantro/audio/AudioFile.h"
+#include "vantro/sound/AudioFile.h"
 
 #include <QFile>
 #include <QTemporaryDir>

@@ -1,7 +1,7 @@
 // The engine with a real model (scripts/get-model puts it where the program looks) and people's recordings.
 #include "base/Settings.h"
-#include "vantro/audio/AudioFile.h"
 #include "vantro/models/ModelCatalogue.h"
+#include "vantro/sound/AudioFile.h"
 #include "vantro/whisper/WhisperTranscriptionProvider.h"
 
 #include <QFile>

@@ -11,10 +11,10 @@
 #include "vantro/app/DictationTimings.h"
 #include "vantro/app/LauncherPanel.h"
 #include "vantro/app/LenientStore.h"
-#include "vantro/app/PasteDelivery.h"
 #include "vantro/app/Shell.h"
 #include "vantro/app/TranscriptionFacade.h"
 #include "vantro/audio/AudioRecorder.h"
+#include "vantro/delivery/PasteDelivery.h"
 
 #include <QObject>
 #include <qcoro/qcorotask.h>

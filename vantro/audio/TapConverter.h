@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/AudioEngine.h"
-#include "vantro/audio/Resampler.h"
+#include "vantro/sound/Resampler.h"
 
 #include <memory>
 #include <span>

@@ -3,9 +3,9 @@
 #include "asr/ASRError.h"
 #include "base/SampleFormat.h"
 #include "vantro/app/Speech.h"
-#include "vantro/audio/AudioFile.h"
 #include "vantro/cli/ExitCode.h"
 #include "vantro/cli/Terminal.h"
+#include "vantro/sound/AudioFile.h"
 
 #include <QCommandLineParser>
 #include <QElapsedTimer>

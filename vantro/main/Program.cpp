@@ -163,9 +163,9 @@ void Program::launch()
     delegate_.applicationDidFinishLaunching();
     rewriting_.start();
     if (marker_->foundCrash())
-        windows_.tellOfCrash();
+        windows_.alerts().tellOfCrash();
     if (defaults_.keptAside())
-        windows_.tellOfSettings(*defaults_.keptAside());
+        windows_.alerts().tellOfSettings(*defaults_.keptAside());
 }
 
 void Program::settleShortcut(const QString& wanted)
@@ -202,10 +202,9 @@ void Program::handOver(const QStringList& arguments)
     // A shortcut that does not work has its own alert.
     if (!shortcut || shortcuts_.failure(KeyboardShortcuts::Name::openModal))
         return;
-    windows_.showAlert(
+    windows_.alerts().show(
         AlertWindow::Kind::informational, QGuiApplication::tr("vantro is running"),
-        QGuiApplication::tr("Press %1 to dictate into the window you are working in.").arg(shortcut->displayText()),
-        {QGuiApplication::tr("OK")});
+        QGuiApplication::tr("Press %1 to dictate into the window you are working in.").arg(shortcut->displayText()));
 }
 
 } // namespace

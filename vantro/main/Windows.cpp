@@ -53,8 +53,10 @@ void put(LazyWindow::Content& content, const char* property, std::unique_ptr<Mod
 Windows::Windows(Parts parts)
     : parts_(std::move(parts))
     , ui_(parts_.defaults, *parts_.platform.appearance)
+    , alerts_(ui_.engine(), parts_.defaults, parts_.platform)
     , hud_(ui_.engine(), *parts_.platform.workspace, parts_.clock)
-    , updates_({parts_.defaults, *parts_.platform.workspace, parts_.clock, manifestAddress(), version, updateAlert()})
+    , updates_(
+          {parts_.defaults, *parts_.platform.workspace, parts_.clock, manifestAddress(), version, alerts_.forUpdates()})
     , settings_(ui_.engine(), *parts_.platform.workspace,
                 {tr("vantro settings"), QUrl(QStringLiteral("qrc:/qt/qml/Vantro/Settings/Settings.qml")), settingsSize,
                  leastSettingsSize},
@@ -79,8 +81,6 @@ Windows::Windows(Parts parts)
         parts_.downloader.cancel(); // what was fetched is kept
         parts_.notifications.post(notification::onboardingClosed);
     });
-    // Later: who changes a setting does not expect a window meanwhile.
-    connect(&parts_.defaults, &UserDefaults::writeFailed, this, &Windows::tellOfUnsavedSettings, Qt::QueuedConnection);
     connectTray();
 }
 
@@ -99,8 +99,8 @@ void Windows::connectTray()
     connect(&tray_, &TrayIcon::aboutRequested, this, [this] { showSettings(QStringLiteral("about")); });
     connect(&tray_, &TrayIcon::historyRequested, this, [this] { transcriptions_.open(); });
     connect(&tray_, &TrayIcon::updateCheckRequested, this, [this] { updates_.check(UpdateChecker::Asker::user); });
-    connect(&tray_, &TrayIcon::errorReportRequested, this, &Windows::reportError);
-    connect(&tray_, &TrayIcon::feedbackRequested, this, &Windows::sendFeedback);
+    connect(&tray_, &TrayIcon::errorReportRequested, &alerts_, &Alerts::reportError);
+    connect(&tray_, &TrayIcon::feedbackRequested, &alerts_, &Alerts::sendFeedback);
     connect(&tray_, &TrayIcon::quitRequested, this, &Windows::quitRequested);
 }
 
@@ -176,7 +176,8 @@ void Windows::showSettings(const QString& page)
 
 LazyWindow::Content Windows::settingsContent()
 {
-    auto about = std::make_unique<AboutModel>(AboutModel::Actions{[this] { reportError(); }, [this] { sendFeedback(); },
+    auto about = std::make_unique<AboutModel>(AboutModel::Actions{[this] { alerts_.reportError(); },
+                                                                  [this] { alerts_.sendFeedback(); },
                                                                   [this] {
                                                                       Q_EMIT quitRequested();
                                                                   }});
@@ -223,12 +224,12 @@ std::unique_ptr<VocabularyModel> Windows::makeVocabularyModel()
     return std::make_unique<VocabularyModel>(VocabularyModel::Parts{
         parts_.vocabulary,
         [this](const LimitNotice& notice) {
-            showAlert(AlertWindow::Kind::informational, notice.title, notice.message, {tr("OK")});
+            alerts_.show(AlertWindow::Kind::informational, notice.title, notice.message);
         },
         [this](std::function<void()> confirmed) {
-            confirm(tr("Reset All Vocabulary & Replacements"),
-                    tr("All words and replacements are removed. This action cannot be undone."), tr("Reset"),
-                    std::move(confirmed));
+            alerts_.confirm(tr("Reset All Vocabulary & Replacements"),
+                            tr("All words and replacements are removed. This action cannot be undone."), tr("Reset"),
+                            std::move(confirmed));
         }});
 }
 
@@ -241,18 +242,8 @@ std::unique_ptr<ProvidersModel> Windows::makeProvidersModel()
                                   return rewriting.verify(provider, key);
                               },
                               [this](const QString& question, std::function<void()> confirmed) {
-                                  confirm(tr("Delete Provider"), question, tr("Delete"), std::move(confirmed));
+                                  alerts_.confirm(tr("Delete Provider"), question, tr("Delete"), std::move(confirmed));
                               }});
-}
-
-void Windows::confirm(const QString& title, const QString& question, const QString& verb,
-                      std::function<void()> confirmed)
-{
-    showAlert(AlertWindow::Kind::warning, title, question, {verb, tr("Cancel")},
-              [confirmed = std::move(confirmed)](std::optional<int> button) {
-                  if (button == 0)
-                      confirmed();
-              });
 }
 
 std::unique_ptr<RecorderCocoa> Windows::makeRecorder(const KeyboardShortcuts::Name& name)
@@ -298,23 +289,7 @@ ModelListModel::State Windows::stateOf(const TranscriptionModel& model) const
 
 void Windows::showAlert(const QString& title, const QString& text)
 {
-    showAlert(AlertWindow::Kind::warning, title, text, {tr("OK")});
-}
-
-void Windows::showAlert(AlertWindow::Kind kind, const QString& title, const QString& text, const QStringList& buttons,
-                        AlertWindow::Answered answered)
-{
-    Logger("Alert").info(QStringLiteral("%1: %2").arg(title, text.simplified()));
-    // Deletes itself when it is closed.
-    (new AlertWindow(ui_.engine(), kind, title, text, buttons, std::move(answered)))->present();
-}
-
-UpdateChecker::ShowAlert Windows::updateAlert()
-{
-    return [this](const UpdateChecker::Alert& alert, UpdateChecker::Answered answered) {
-        showAlert(AlertWindow::Kind::informational, alert.message, alert.informativeText, alert.buttons,
-                  std::move(answered));
-    };
+    alerts_.show(AlertWindow::Kind::warning, title, text);
 }
 
 void Windows::showModelDownload(const TranscriptionModel& model, const QString& problem)
@@ -336,58 +311,6 @@ void Windows::closeModelDownload()
     // It is what announced the end.
     downloadWindow_->close();
     downloadWindow_.release()->deleteLater();
-}
-
-void Windows::reportError()
-{
-    const QString address = QLatin1String(product::supportAddress);
-    openMail(mail::errorReportUrl(address, version, *parts_.platform.systemInfo), address);
-}
-
-void Windows::sendFeedback()
-{
-    const QString address = QLatin1String(product::feedbackAddress);
-    openMail(mail::feedbackUrl(address), address);
-}
-
-void Windows::tellOfCrash()
-{
-    showAlert(
-        AlertWindow::Kind::warning, tr("vantro ended unexpectedly"),
-        tr("It has been started again and works. What was dictated before is in the history; a dictation that was "
-           "under way is lost."),
-        {tr("OK"), tr("Report an Error")}, [this](std::optional<int> button) {
-            if (button == 1)
-                reportError();
-        });
-}
-
-void Windows::tellOfSettings(const KeptAside& settings)
-{
-    const QString why = settings.reason == KeptAside::Reason::newer
-                            ? tr("The settings come from a newer version of vantro.")
-                            : tr("The settings file was damaged.");
-    showAlert(AlertWindow::Kind::warning, tr("vantro starts with fresh settings"),
-              why + QLatin1Char(' ') +
-                  tr("It is kept as %1. Shortcut and microphone may have to be chosen anew.").arg(settings.file),
-              {tr("OK")});
-}
-
-void Windows::tellOfUnsavedSettings(const QString& file)
-{
-    if (std::exchange(hasToldOfUnsavedSettings_, true))
-        return;
-    showAlert(AlertWindow::Kind::warning, tr("Settings Not Saved"),
-              tr("The settings file %1 cannot be written. What you change lasts until vantro ends.").arg(file),
-              {tr("OK")});
-}
-
-void Windows::openMail(const QString& url, const QString& address)
-{
-    if (parts_.platform.workspace->openUrl(url))
-        return;
-    showAlert(AlertWindow::Kind::warning, tr("No Mail Program"),
-              tr("No mail program could be started. Write to %1.").arg(address), {tr("OK")});
 }
 
 } // namespace vantro

@@ -6,13 +6,13 @@
 #include "vantro/app/Shell.h"
 #include "vantro/audio/AudioDeviceManager.h"
 #include "vantro/audio/AudioRecorder.h"
+#include "vantro/main/Alerts.h"
 #include "vantro/models/ModelDownloader.h"
 #include "vantro/models/ModelSelection.h"
 #include "vantro/models/ModelStatus.h"
 #include "vantro/store/CoreDataStack.h"
 #include "vantro/support/UpdateChecker.h"
 #include "vantro/text/VocabularySettings.h"
-#include "vantro/ui/alert/AlertWindow.h"
 #include "vantro/ui/download/ModelDownloadWindow.h"
 #include "vantro/ui/hud/PasteHUDWindow.h"
 #include "vantro/ui/settings/ModelListModel.h"
@@ -70,17 +70,12 @@ public:
     void showOnboarding() override;
     void closeOnboarding() override { onboarding_.close(); }
 
+    [[nodiscard]] Alerts& alerts() { return alerts_; }
     /// What a user who starts the program once more wants to see.
     void showMain();
     void showSettings(const QString& page);
     /// @p reason: a sentence that says why.
     void askForShortcut(const QString& reason);
-    void showAlert(AlertWindow::Kind kind, const QString& title, const QString& text, const QStringList& buttons,
-                   AlertWindow::Answered answered = {});
-    void tellOfCrash();
-    void tellOfSettings(const KeptAside& settings);
-    void reportError();
-    void sendFeedback();
 
 Q_SIGNALS:
     void dictateRequested();
@@ -91,22 +86,17 @@ private:
     [[nodiscard]] std::unique_ptr<ModelListModel> makeModelList();
     [[nodiscard]] std::unique_ptr<VocabularyModel> makeVocabularyModel();
     [[nodiscard]] std::unique_ptr<ProvidersModel> makeProvidersModel();
-    /// Calls @p confirmed when the first of two buttons is chosen, which bears @p verb.
-    void confirm(const QString& title, const QString& question, const QString& verb, std::function<void()> confirmed);
     [[nodiscard]] LazyWindow::Content onboardingContent();
     [[nodiscard]] LazyWindow::Content historyContent();
     [[nodiscard]] std::unique_ptr<RecorderCocoa> makeRecorder(const KeyboardShortcuts::Name& name);
     [[nodiscard]] ModelListModel::State stateOf(const TranscriptionModel& model) const;
-    [[nodiscard]] UpdateChecker::ShowAlert updateAlert();
     void connectTray();
     void followRecorder();
     void followShortcut();
-    void tellOfUnsavedSettings(const QString& file);
-    void openMail(const QString& url, const QString& address);
 
     Parts parts_;
-    bool hasToldOfUnsavedSettings_ = false;
     UiEngine ui_;
+    Alerts alerts_;
     PasteHUDWindow hud_;
     UpdateChecker updates_;
     NotificationCenter::Observation shortcutObservation_;

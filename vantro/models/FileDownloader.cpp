@@ -83,8 +83,6 @@ QFuture<void> FileDownloader::download(TransferRequest request, OnProgress onPro
         entry = std::make_shared<PendingDownload>();
         entry->request = std::move(request);
         ++running_;
-        if (!thread_.isRunning())
-            thread_.start();
     }
     const PendingPointer download = entry;
     download->listeners.push_back(listener);

@@ -108,7 +108,7 @@ void ModelCatalogue::setHost(const QString& modelHost)
     const auto folder = QStringLiteral("/resolve/main/");
     for (TranscriptionModel& model : models_) {
         if (model.fluidModel)
-            model.fluidModel->url = ModelHost::fluidAddress(modelHost) + folder + model.fluidModel->file;
+            model.fluidModel->url = ModelHost::fluidAddress(modelHost) + folder + model.fileName();
         else
             model.url = modelHost + folder + model.fileName();
     }

@@ -1,9 +1,9 @@
-#include "vantro/app/PasteDelivery.h"
+#include "vantro/delivery/PasteDelivery.h"
 
 #include "base/Logger.h"
 #include "base/Settings.h"
 #include "platform/Wording.h"
-#include "vantro/app/PasteChords.h"
+#include "vantro/delivery/PasteChords.h"
 
 #include <QCoreApplication>
 

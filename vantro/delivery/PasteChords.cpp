@@ -1,4 +1,4 @@
-#include "vantro/app/PasteChords.h"
+#include "vantro/delivery/PasteChords.h"
 
 #include "base/Logger.h"
 #include "base/Settings.h"

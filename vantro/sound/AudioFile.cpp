@@ -1,6 +1,6 @@
-#include "vantro/audio/AudioFile.h"
+#include "vantro/sound/AudioFile.h"
 
-#include "vantro/audio/Resampler.h"
+#include "vantro/sound/Resampler.h"
 
 #include <QByteArray>
 #include <QFile>

@@ -1,4 +1,4 @@
-#include "vantro/audio/Resampler.h"
+#include "vantro/sound/Resampler.h"
 
 #include "base/SampleFormat.h"
 

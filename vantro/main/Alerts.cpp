@@ -1,0 +1,95 @@
+#include "vantro/main/Alerts.h"
+
+#include "base/Logger.h"
+#include "vantro/support/SupportMail.h"
+
+#include "generated/Product.h"
+
+#include <utility>
+
+namespace vantro {
+
+Alerts::Alerts(QQmlEngine& engine, const UserDefaults& defaults, const Platform& platform)
+    : engine_(engine)
+    , platform_(platform)
+{
+    // Later: who changes a setting does not expect a window meanwhile.
+    connect(&defaults, &UserDefaults::writeFailed, this, &Alerts::tellOfUnsavedSettings, Qt::QueuedConnection);
+}
+
+void Alerts::show(AlertWindow::Kind kind, const QString& title, const QString& text, const QStringList& buttons,
+                  AlertWindow::Answered answered)
+{
+    Logger("Alert").info(QStringLiteral("%1: %2").arg(title, text.simplified()));
+    // Deletes itself when it is closed.
+    (new AlertWindow(engine_, kind, title, text, buttons, std::move(answered)))->present();
+}
+
+void Alerts::confirm(const QString& title, const QString& question, const QString& verb,
+                     std::function<void()> confirmed)
+{
+    show(AlertWindow::Kind::warning, title, question, {verb, tr("Cancel")},
+         [confirmed = std::move(confirmed)](std::optional<int> button) {
+             if (button == 0)
+                 confirmed();
+         });
+}
+
+UpdateChecker::ShowAlert Alerts::forUpdates()
+{
+    return [this](const UpdateChecker::Alert& alert, UpdateChecker::Answered answered) {
+        show(AlertWindow::Kind::informational, alert.message, alert.informativeText, alert.buttons,
+             std::move(answered));
+    };
+}
+
+void Alerts::reportError()
+{
+    const QString address = QLatin1String(product::supportAddress);
+    openMail(mail::errorReportUrl(address, QStringLiteral(VANTRO_VERSION), *platform_.systemInfo), address);
+}
+
+void Alerts::sendFeedback()
+{
+    const QString address = QLatin1String(product::feedbackAddress);
+    openMail(mail::feedbackUrl(address), address);
+}
+
+void Alerts::tellOfCrash()
+{
+    show(AlertWindow::Kind::warning, tr("vantro ended unexpectedly"),
+         tr("It has been started again and works. What was dictated before is in the history; a dictation that was "
+            "under way is lost."),
+         {tr("OK"), tr("Report an Error")}, [this](std::optional<int> button) {
+             if (button == 1)
+                 reportError();
+         });
+}
+
+void Alerts::tellOfSettings(const KeptAside& settings)
+{
+    const QString why = settings.reason == KeptAside::Reason::newer
+                            ? tr("The settings come from a newer version of vantro.")
+                            : tr("The settings file was damaged.");
+    show(AlertWindow::Kind::warning, tr("vantro starts with fresh settings"),
+         why + QLatin1Char(' ') +
+             tr("It is kept as %1. Shortcut and microphone may have to be chosen anew.").arg(settings.file));
+}
+
+void Alerts::tellOfUnsavedSettings(const QString& file)
+{
+    if (std::exchange(hasToldOfUnsavedSettings_, true))
+        return;
+    show(AlertWindow::Kind::warning, tr("Settings Not Saved"),
+         tr("The settings file %1 cannot be written. What you change lasts until vantro ends.").arg(file));
+}
+
+void Alerts::openMail(const QString& url, const QString& address)
+{
+    if (platform_.workspace->openUrl(url))
+        return;
+    show(AlertWindow::Kind::warning, tr("No Mail Program"),
+         tr("No mail program could be started. Write to %1.").arg(address), {tr("OK")});
+}
+
+} // namespace vantro
