@@ -972,10 +972,6 @@
 <context>
     <name>ProviderConfigurationManager</name>
     <message>
-        <source>The stored list of providers cannot be read. It is kept in the settings as %1; the list begins anew with the defaults</source>
-        <translation>Die gespeicherte Liste der Anbieter ist nicht lesbar. Sie bleibt in den Einstellungen als %1; die Liste beginnt neu mit den Vorgaben</translation>
-    </message>
-    <message>
         <source>Keys of removed providers stay until the next start: </source>
         <translation>Schlüssel entfernter Anbieter bleiben bis zum nächsten Start: </translation>
     </message>

@@ -2,6 +2,7 @@
 
 #include "base/Error.h"
 #include "base/Logger.h"
+#include "base/Settings.h"
 
 #include <utility>
 
@@ -16,6 +17,10 @@ Speech::Speech(UserDefaults& defaults, const VocabularySettings& vocabulary, con
     , selection(catalogue, defaults, [this](const auto& model) { return check(model).isReady; })
     , preparation(catalogue, whisperFiles_, defaults)
 {
+    QObject::connect(&defaults, &UserDefaults::changed, &context_, [this, &defaults, modelHost](const QString& key) {
+        if (key == setting::modelHostBaseURL.key)
+            catalogue.setHost(ModelHost::address(defaults, modelHost));
+    });
 }
 
 ModelCheck Speech::check(const TranscriptionModel& model, Trust trust) const

@@ -43,6 +43,9 @@ public:
     WhisperModelPreparation preparation;
     ModelDownloader downloader{catalogue, engines};
     TranscriptionFacade facade{selection, engines};
+
+private:
+    QObject context_; ///< for as long as it follows the setting of the model host
 };
 
 } // namespace vantro

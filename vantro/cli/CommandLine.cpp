@@ -1,28 +1,20 @@
 #include "vantro/cli/CommandLine.h"
 
 #include "platform/KeyCode.h"
-#include "vantro/cli/ControlCommands.h"
-#include "vantro/cli/DevicesCommand.h"
-#include "vantro/cli/ExitCode.h"
-#include "vantro/cli/HistoryCommand.h"
-#include "vantro/cli/LogsCommand.h"
+#include "vantro/cli/Commands.h"
 #include "vantro/cli/ModelsCommand.h"
-#include "vantro/cli/ModesCommand.h"
-#include "vantro/cli/NotesCommand.h"
-#include "vantro/cli/ProvidersCommand.h"
-#include "vantro/cli/ShortcutsCommand.h"
 #include "vantro/cli/Terminal.h"
 #include "vantro/cli/TranscribeCommand.h"
-#include "vantro/cli/VocabularyCommands.h"
 #include "vantro/models/ModelHost.h"
 
-#include <QHash>
+#include <algorithm>
+#include <iterator>
 
 namespace vantro {
 
 namespace {
 
-const char helpText[] =
+const char usageText[] =
     R"(Usage: vantro [--shortcut KEYS] [--model-host URL] [--verbose]
        vantro COMMAND [OPTION...]
 
@@ -38,50 +30,30 @@ Options:
   --version        Show the version.
 
 Commands:
-  transcribe FILE...  Write the text of recordings to standard output.
-  models [ACTION]     List, download, select, verify or remove speech models.
-  devices [ACTION]    List microphones, choose one, or rank them.
-  shortcuts [ACTION]  Show, set, test and clear the shortcuts; press or hold to talk.
-  modes [ACTION]      Show and set what becomes of a dictation: prompts, names, language models.
-  replacements [ACTION]
-                      Show and edit what is written instead of what.
-  vocabulary [ACTION] Show and edit the words that the engine is told of.
-  providers [ACTION]  List, add, edit, remove or test language models that rewrite texts.
-  history [ACTION]    List, search, show, delete or export what was dictated.
-  notes [ACTION]      List, show, add or delete notes.
-  toggle              Start a dictation, or end and transcribe the running one.
-  start, stop         Open the launcher and record; end the recording.
-  cancel              Discard the dictation.
-  status              Tell what the running program is doing.
-  logs                Show what the program has logged.
+)";
 
+const char exitStatusText[] =
+    R"(
 Exit status: 0 done, 1 failed, 2 wrong usage, 3 not found, 4 no service (sound,
 model, network, keys).)";
 
-using Command = int (*)(const QStringList& arguments);
-
-const QHash<QString, Command>& commands()
+/// A name, and what it is for from the 23rd column on; a long name has a line of its own.
+QString helpLine(const Command& command)
 {
-    static const QHash<QString, Command> commands{
-        {QStringLiteral("devices"), runDevices},
-        {QStringLiteral("history"), runHistory},
-        {QStringLiteral("logs"), runLogs},
-        {QStringLiteral("modes"), runModes},
-        {QStringLiteral("notes"), runNotes},
-        {QStringLiteral("providers"), runProviders},
-        {QStringLiteral("replacements"), runReplacements},
-        {QStringLiteral("shortcuts"), runShortcuts},
-        {QStringLiteral("transcribe"), runTranscribe},
-        {QStringLiteral("vocabulary"), runVocabulary},
-    };
-    return commands;
+    constexpr int column = 22;
+    const QString name = QStringLiteral("  %1 %2").arg(QLatin1String(command.name), command.synopsis()).trimmed();
+    QString line = QStringLiteral("  ") + name;
+    line = line.size() < column ? line.leftJustified(column)
+                                : line + QLatin1Char('\n') + QString(column, QLatin1Char(' '));
+    return line + QLatin1String(command.summary) + QLatin1Char('\n');
 }
 
-bool isControlCommand(const QString& command)
+QString helpText(const std::vector<Command>& commands)
 {
-    static const QStringList commands{QStringLiteral("toggle"), QStringLiteral("start"), QStringLiteral("stop"),
-                                      QStringLiteral("cancel"), QStringLiteral("status")};
-    return commands.contains(command);
+    QString text = QLatin1String(usageText);
+    for (const Command& command : commands)
+        text += helpLine(command);
+    return text + QLatin1String(exitStatusText);
 }
 
 } // namespace
@@ -158,25 +130,49 @@ int CommandLine::run() const
         terminal::writeError(usageError_);
         return ExitCode::usage;
     }
+    const std::vector<Command> commands = allCommands(options_.modelHost);
     if (command_ == QLatin1String("--help") || command_ == QLatin1String("-h") || command_ == QLatin1String("help")) {
-        terminal::writeLine(QLatin1String(helpText));
+        terminal::writeLine(helpText(commands));
         return ExitCode::done;
     }
     if (command_ == QLatin1String("--version")) {
         terminal::writeLine(QStringLiteral("vantro " VANTRO_VERSION));
         return ExitCode::done;
     }
+    if (command_ == QLatin1String("transcribe"))
+        return runTranscribe(arguments_);
     if (command_ == QLatin1String("models"))
         return runModels(arguments_, options_.modelHost);
-    if (const Command command = commands().value(command_, nullptr))
-        return command(arguments_);
-    if (isControlCommand(command_))
-        return runControl(command_, arguments_);
+    const auto command =
+        std::ranges::find_if(commands, [this](const Command& c) { return command_ == QLatin1String(c.name); });
+    if (command != commands.end())
+        return command->run(arguments_);
     terminal::writeError(
         QStringLiteral("unknown %1 \"%2\" (see vantro --help)")
             .arg(command_.startsWith(QLatin1Char('-')) ? QStringLiteral("option") : QStringLiteral("command"),
                  command_));
     return ExitCode::usage;
+}
+
+std::vector<Command> allCommands(const QString& /*modelHost*/)
+{
+    std::vector<Command> commands{
+        {.name = "transcribe",
+         .summary = "Write the text of recordings to standard output.",
+         .actions = {{""}},
+         .words = {{"FILE", "", "FILE..."}}},
+        {.name = "models", .summary = "List, download, select, verify or remove speech models.", .actions = {{"list"}}},
+        devicesCommand(),
+        shortcutsCommand(),
+        modesCommand(),
+        replacementsCommand(),
+        vocabularyCommand(),
+        providersCommand(),
+        historyCommand(),
+        notesCommand()};
+    std::ranges::move(controlCommands(), std::back_inserter(commands));
+    commands.push_back(logsCommand());
+    return commands;
 }
 
 } // namespace vantro

@@ -1,12 +1,8 @@
-#include "vantro/cli/DevicesCommand.h"
-
 #include "base/Settings.h"
 #include "platform/Wording.h"
+#include "vantro/cli/Commands.h"
 #include "vantro/cli/DevicesSession.h"
-#include "vantro/cli/ExitCode.h"
 #include "vantro/cli/Terminal.h"
-
-#include <QCommandLineParser>
 
 #include <algorithm>
 
@@ -35,12 +31,7 @@ NAME is a microphone's name, its number, or the beginning of its description. A 
 
 Exit status: 0 done, 2 wrong usage, 3 no such microphone, 4 no sound server.)";
 
-int wrongUsage(const QString& text)
-{
-    terminal::writeError(text + QStringLiteral(" (see vantro devices --help)"));
-    return ExitCode::usage;
-}
-
+/// Null when none is meant, or several are.
 const AudioInputDevice* find(const DevicesSession& session, const QString& text)
 {
     const auto& devices = session.devices.availableDevices();
@@ -57,10 +48,18 @@ const AudioInputDevice* find(const DevicesSession& session, const QString& text)
     return count == 1 ? begins : nullptr;
 }
 
-int tellMissing(const QString& text)
+[[noreturn]] void tellMissing(const QString& text)
 {
-    terminal::writeError(QStringLiteral("there is no microphone \"%1\": vantro devices lists them").arg(text));
-    return ExitCode::notFound;
+    throw CommandError(ExitCode::notFound,
+                       QStringLiteral("there is no microphone \"%1\": vantro devices lists them").arg(text));
+}
+
+const AudioInputDevice& present(const DevicesSession& session, const QString& text)
+{
+    const AudioInputDevice* const device = find(session, text);
+    if (device == nullptr)
+        tellMissing(text);
+    return *device;
 }
 
 QString modeWord(AudioInputMode mode)
@@ -91,30 +90,27 @@ int mode(DevicesSession& session, const QStringList& words)
         return ExitCode::done;
     }
     const auto wanted = std::ranges::find(allAudioInputModes, words.first(), modeWord);
-    if (wanted == allAudioInputModes.end() || words.size() > 1)
-        return wrongUsage(QStringLiteral("the mode is system, custom or prioritized"));
+    if (wanted == allAudioInputModes.end())
+        throw WrongUsage(QStringLiteral("the mode is system, custom or prioritized"));
     session.devices.setInputMode(*wanted);
     return confirm(session);
 }
 
 int use(DevicesSession& session, const QStringList& words)
 {
-    if (words.size() != 1)
-        return wrongUsage(QStringLiteral("devices use needs a microphone's name"));
-    const AudioInputDevice* const device = find(session, words.first());
-    if (device == nullptr)
-        return tellMissing(words.first());
-    session.devices.setSelectedDeviceID(device->id);
+    session.devices.setSelectedDeviceID(present(session, words.first()).id);
     session.devices.setInputMode(AudioInputMode::custom);
     return confirm(session);
 }
 
 /// The listed device that is meant: also one that is not there, by its name.
-std::optional<QString> findListed(const DevicesSession& session, const QString& text)
+QString listed(const DevicesSession& session, const QString& text)
 {
-    const AudioInputDevice* const present = find(session, text);
-    const QString uid = present != nullptr ? present->uid : text;
-    return session.rank(uid) > 0 ? std::optional(uid) : std::nullopt;
+    const AudioInputDevice* const device = find(session, text);
+    const QString uid = device != nullptr ? device->uid : text;
+    if (session.rank(uid) == 0)
+        tellMissing(text);
+    return uid;
 }
 
 std::optional<std::size_t> placeOf(const QString& text, std::size_t current, std::size_t count)
@@ -137,7 +133,7 @@ int move(DevicesSession& session, const QString& uid, const QString& place)
     const auto current = static_cast<std::size_t>(session.rank(uid) - 1);
     const auto wanted = placeOf(place, current, session.devices.prioritizedDevices().size());
     if (!wanted)
-        return wrongUsage(QStringLiteral("the place is a number from 1, or first, last, up, down"));
+        throw WrongUsage(QStringLiteral("the place is a number from 1, or first, last, up, down"));
     session.devices.movePrioritizedDevice(uid, *wanted);
     return confirm(session);
 }
@@ -152,10 +148,7 @@ int listPriorities(const DevicesSession& session)
 
 int add(DevicesSession& session, const QString& name)
 {
-    const AudioInputDevice* const device = find(session, name);
-    if (device == nullptr)
-        return tellMissing(name);
-    session.devices.addPrioritizedDevice(*device);
+    session.devices.addPrioritizedDevice(present(session, name));
     session.devices.setInputMode(AudioInputMode::prioritized);
     return confirm(session);
 }
@@ -168,7 +161,7 @@ int priority(DevicesSession& session, const QStringList& words)
                                : action == QLatin1String("list") || action == QLatin1String("clear") ? 1
                                                                                                      : 2;
     if (!words.isEmpty() && words.size() != expected)
-        return wrongUsage(QStringLiteral("devices priority %1: wrong number of words").arg(action));
+        throw WrongUsage(QStringLiteral("devices priority %1: wrong number of words").arg(action));
     if (action == QLatin1String("list"))
         return session.json ? listDevices(session) : listPriorities(session);
     if (action == QLatin1String("clear")) {
@@ -178,21 +171,19 @@ int priority(DevicesSession& session, const QStringList& words)
     if (action == QLatin1String("add"))
         return add(session, name);
     if (action != QLatin1String("remove") && action != QLatin1String("move"))
-        return wrongUsage(QStringLiteral("there is no action \"priority %1\"").arg(action));
-    const auto uid = findListed(session, name);
-    if (!uid)
-        return tellMissing(name);
+        throw WrongUsage(QStringLiteral("there is no action \"priority %1\"").arg(action));
+    const QString uid = listed(session, name);
     if (action == QLatin1String("move"))
-        return move(session, *uid, words.value(2));
-    session.devices.removePrioritizedDevice(*uid);
+        return move(session, uid, words.value(2));
+    session.devices.removePrioritizedDevice(uid);
     return confirm(session);
 }
 
 int bluetooth(DevicesSession& session, const QStringList& words)
 {
     const QString wanted = words.value(0);
-    if (words.size() > 1 || !QStringList{QString(), QStringLiteral("on"), QStringLiteral("off")}.contains(wanted))
-        return wrongUsage(QStringLiteral("devices bluetooth is on or off"));
+    if (!QStringList{QString(), QStringLiteral("on"), QStringLiteral("off")}.contains(wanted))
+        throw WrongUsage(QStringLiteral("devices bluetooth is on or off"));
     if (!wanted.isEmpty())
         session.defaults.set(setting::bluetoothHeadsetProfile, wanted == QLatin1String("on"));
     terminal::writeLine(session.defaults.get(setting::bluetoothHeadsetProfile) ? QStringLiteral("on")
@@ -200,49 +191,40 @@ int bluetooth(DevicesSession& session, const QStringList& words)
     return ExitCode::done;
 }
 
-int carryOut(QStringList words, bool json)
+int list(DevicesSession& session, const QStringList& /*words*/)
 {
-    using Action = int (*)(DevicesSession&, const QStringList&);
-    static const QHash<QString, Action> withWords{{QStringLiteral("mode"), mode},
-                                                  {QStringLiteral("use"), use},
-                                                  {QStringLiteral("priority"), priority},
-                                                  {QStringLiteral("bluetooth"), bluetooth}};
-    const QString action = words.isEmpty() ? QStringLiteral("list") : words.takeFirst();
-    const bool isList = action == QLatin1String("list");
-    if (!isList && action != QLatin1String("watch") && !withWords.contains(action))
-        return wrongUsage(QStringLiteral("there is no action \"%1\"").arg(action));
-    DevicesSession session;
-    session.json = json;
-    if (withWords.contains(action))
-        return withWords.value(action)(session, words);
-    if (!words.isEmpty())
-        return wrongUsage(QStringLiteral("too many words"));
-    if (!isList)
-        return watchDevices(session);
-    if (!session.isReachable) {
-        terminal::writeError(wording::noSoundServer());
-        return ExitCode::noService;
-    }
+    if (!session.isReachable)
+        throw CommandError(ExitCode::noService, wording::noSoundServer());
     return listDevices(session);
+}
+
+int watch(DevicesSession& session, const QStringList& /*words*/)
+{
+    return watchDevices(session);
 }
 
 } // namespace
 
-int runDevices(const QStringList& arguments)
+Command devicesCommand()
 {
-    QCommandLineParser parser;
-    parser.setApplicationDescription(QLatin1String(description));
-    terminal::addHelpOption(parser);
-    parser.addOption({QStringLiteral("json"), QStringLiteral("JSON instead of text.")});
-    parser.addPositionalArgument(QStringLiteral("ACTION"), QStringLiteral("What to do."),
-                                 QStringLiteral("[ACTION [WORD...]]"));
-    if (!parser.parse(QStringList{QStringLiteral("vantro devices")} + arguments))
-        return wrongUsage(parser.errorText());
-    if (parser.isSet(QStringLiteral("help"))) {
-        terminal::writeLine(terminal::helpText(parser, QStringLiteral("devices")));
-        return ExitCode::done;
-    }
-    return carryOut(parser.positionalArguments(), parser.isSet(QStringLiteral("json")));
+    const auto on = [](int (*action)(DevicesSession&, const QStringList&)) {
+        return [action](const CommandCall& call) {
+            DevicesSession session;
+            session.json = call.json();
+            return action(session, call.words);
+        };
+    };
+    return {.name = "devices",
+            .summary = "List microphones, choose one, or rank them.",
+            .description = description,
+            .actions = {{"list", on(list)},
+                        {"watch", on(watch)},
+                        {"mode", on(mode), 0, 1},
+                        {"use", on(use), 1, 1, "needs a microphone's name"},
+                        {"priority", on(priority), 0, 3},
+                        {"bluetooth", on(bluetooth), 0, 1}},
+            .options = {Command::jsonOption},
+            .words = {{"WORD", "What the action needs.", "[WORD...]]"}}};
 }
 
 } // namespace vantro

@@ -4,9 +4,6 @@
 #include "vantro/cli/Terminal.h"
 
 #include <QEventLoop>
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
 #include <QTimer>
 
 #include <algorithm>
@@ -89,7 +86,7 @@ int DevicesSession::rank(const QString& uid) const
 int listDevices(const DevicesSession& session)
 {
     if (session.json) {
-        terminal::writeLine(QString::fromUtf8(QJsonDocument(toJson(session)).toJson(QJsonDocument::Compact)));
+        terminal::writeJson(toJson(session));
         return ExitCode::done;
     }
     std::vector<QStringList> rows{{QStringLiteral("ID"), QStringLiteral("NAME"), QStringLiteral("DESCRIPTION"),

@@ -1,12 +1,8 @@
-#include "vantro/cli/HistoryCommand.h"
-
-#include "vantro/cli/ExitCode.h"
+#include "vantro/cli/Commands.h"
 #include "vantro/cli/HistorySession.h"
 #include "vantro/cli/Terminal.h"
 
-#include <QCommandLineParser>
 #include <QFile>
-#include <QJsonDocument>
 #include <QSaveFile>
 
 namespace vantro {
@@ -29,52 +25,58 @@ Exit status: 0 done, 1 failed, 2 wrong usage, 3 no such dictation.)";
 
 constexpr int defaultLimit = 50;
 
-struct Options
+HistoryFilter filterFrom(const CommandCall& call)
 {
-    QString action;
-    QStringList words;
     HistoryFilter filter;
-    int limit = defaultLimit; ///< 0 for all
-    std::optional<ExportFormat> format;
-    bool json = false;
-    bool yes = false;
-};
-
-int wrongUsage(const QString& text)
-{
-    terminal::writeError(text + QStringLiteral(" (see vantro history --help)"));
-    return ExitCode::usage;
+    filter.search = call.value("search");
+    if (call.has("mode")) {
+        const QString name = call.value("mode");
+        filter.mode = processingModeFromRawValue(name.left(1).toUpper() + name.mid(1).toLower());
+        if (!filter.mode)
+            throw WrongUsage(
+                QStringLiteral("there is no mode \"%1\": Normal, Email, Grammar, Custom, Notes").arg(name));
+    }
+    if (call.has("since")) {
+        const auto since = momentFrom(call.value("since"), QDateTime::currentDateTime());
+        if (!since)
+            throw WrongUsage(QStringLiteral("\"%1\" is no date: write it as 2026-11-01").arg(call.value("since")));
+        filter.since = *since;
+    }
+    return filter;
 }
 
-void listAsTable(const CoreDataStack& store, const Options& options)
+void listAsTable(const CoreDataStack& store, const HistoryFilter& filter, int limit)
 {
     std::vector<QStringList> rows{
         {QStringLiteral("ID"), QStringLiteral("TIME"), QStringLiteral("MODE"), QStringLiteral("TEXT")}};
     // The width of the columns before the text, of which the mode's may be a little less.
     constexpr int before = 8 + 2 + 16 + 2 + 7 + 2;
     const int width = std::max(terminal::outputWidth() - before, 20);
-    forEachTranscription(store, options.filter, options.limit, [&](const Transcription& row) {
+    forEachTranscription(store, filter, limit, [&](const Transcription& row) {
         rows.push_back({shortIdentity(row.id), shownDate(row.created_at), row.processingMode,
                         terminal::elided(terminal::singleLine(row.text()), width)});
     });
     if (rows.size() == 1) {
-        terminal::writeMessage(options.filter == HistoryFilter() ? QStringLiteral("Nothing was dictated yet.")
-                                                                 : QStringLiteral("No dictation is like that."));
+        terminal::writeMessage(filter == HistoryFilter() ? QStringLiteral("Nothing was dictated yet.")
+                                                         : QStringLiteral("No dictation is like that."));
         return;
     }
     terminal::writeTable(rows);
 }
 
-int list(const CoreDataStack& store, const Options& options)
+int list(const CommandCall& call)
 {
-    if (options.json) {
+    const HistoryFilter filter = filterFrom(call);
+    const int limit = call.limit(defaultLimit, "dictations");
+    const HistorySession session;
+    if (call.json()) {
         QFile output;
         std::ignore = output.open(stdout, QIODevice::WriteOnly);
-        exportHistory(store, options.filter, options.limit, ExportFormat::json, output);
+        exportHistory(session.store, filter, limit, ExportFormat::json, output);
     } else if (terminal::outputIsTerminal()) {
-        listAsTable(store, options);
+        listAsTable(session.store, filter, limit);
     } else {
-        forEachTranscription(store, options.filter, options.limit, [](const Transcription& row) {
+        forEachTranscription(session.store, filter, limit, [](const Transcription& row) {
             terminal::writeLine(QStringList{row.id.toString(QUuid::WithoutBraces),
                                             row.created_at.toLocalTime().toString(Qt::ISODate), row.processingMode,
                                             terminal::singleLine(row.text())}
@@ -93,15 +95,20 @@ void showToPerson(const Transcription& row)
         terminal::writeLine(QStringLiteral("\nAs it was dictated:\n\n") + terminal::printable(row.transcription));
 }
 
-int show(const CoreDataStack& store, const QUuid& id, bool json)
+std::vector<QUuid> dictationsFrom(const CommandCall& call, const CoreDataStack& store)
 {
-    const auto row = store.transcription(id);
-    if (!row) {
-        terminal::writeError(QStringLiteral("the dictation was just deleted"));
-        return ExitCode::notFound;
-    }
-    if (json)
-        terminal::writeLine(QString::fromUtf8(QJsonDocument(toJson(*row)).toJson(QJsonDocument::Compact)));
+    return identitiesFrom(call.words, QStringLiteral("dictation"),
+                          [&store](const QString& prefix, int limit) { return store.transcriptionIDs(prefix, limit); });
+}
+
+int show(const CommandCall& call)
+{
+    const HistorySession session;
+    const auto row = session.store.transcription(dictationsFrom(call, session.store).front());
+    if (!row)
+        throw CommandError(ExitCode::notFound, QStringLiteral("the dictation was just deleted"));
+    if (call.json())
+        terminal::writeJson(toJson(*row));
     else if (terminal::outputIsTerminal())
         showToPerson(*row);
     else
@@ -109,156 +116,68 @@ int show(const CoreDataStack& store, const QUuid& id, bool json)
     return ExitCode::done;
 }
 
-int remove(CoreDataStack& store, const std::vector<QUuid>& ids, const Options& options)
+int remove(const CommandCall& call)
 {
-    int exitCode = ExitCode::done;
+    HistorySession session;
+    const auto ids = dictationsFrom(call, session.store);
     const auto question = ids.size() == 1 ? QStringLiteral("Delete this dictation for good?")
                                           : QStringLiteral("Delete these %1 dictations for good?").arg(ids.size());
-    if (!isConfirmed(question, options.yes, exitCode))
-        return exitCode;
-    store.deleteTranscriptions(ids);
-    if (options.json)
+    if (!isConfirmed(question, call))
+        return ExitCode::failed;
+    session.store.deleteTranscriptions(ids);
+    if (call.json())
         terminal::writeLine(QStringLiteral("{\"deleted\":%1}").arg(ids.size()));
     else
         terminal::writeMessage(QStringLiteral("Deleted: %1").arg(ids.size()));
     return ExitCode::done;
 }
 
-int exportTo(const CoreDataStack& store, const Options& options)
+int exportTo(const CommandCall& call)
 {
-    const QString path = options.words.value(0, QStringLiteral("-"));
-    const ExportFormat format = options.format.value_or(exportFormatOf(path));
+    const QString path = call.words.value(0, QStringLiteral("-"));
+    const auto format = call.has("format") ? exportFormatFrom(call.value("format")) : exportFormatOf(path);
+    if (!format)
+        throw WrongUsage(QStringLiteral("there is no format \"%1\"").arg(call.value("format")));
+    const HistoryFilter filter = filterFrom(call);
+    const int limit = call.limit(0, "dictations");
+    const HistorySession session;
     if (path == QLatin1String("-")) {
         QFile output;
         std::ignore = output.open(stdout, QIODevice::WriteOnly);
-        exportHistory(store, options.filter, options.limit, format, output);
+        exportHistory(session.store, filter, limit, *format, output);
         return ExitCode::done;
     }
     QSaveFile file(path);
     if (file.open(QIODevice::WriteOnly)) {
         file.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner);
-        exportHistory(store, options.filter, options.limit, format, file);
+        exportHistory(session.store, filter, limit, *format, file);
         if (file.commit())
             return ExitCode::done;
     }
-    terminal::writeError(QStringLiteral("%1 could not be written: %2").arg(path, file.errorString()));
-    return ExitCode::failed;
-}
-
-int carryOut(const Options& options)
-{
-    HistorySession session;
-    session.store.loadPersistentStores();
-    if (options.action == QLatin1String("list"))
-        return list(session.store, options);
-    if (options.action == QLatin1String("export"))
-        return exportTo(session.store, options);
-    int exitCode = ExitCode::done;
-    const auto find = [&session](const QString& prefix, int limit) {
-        return session.store.transcriptionIDs(prefix, limit);
-    };
-    const auto ids = identitiesFrom(options.words, QStringLiteral("dictation"), find, exitCode);
-    if (!ids)
-        return exitCode;
-    if (options.action == QLatin1String("show"))
-        return show(session.store, ids->front(), options.json);
-    return remove(session.store, *ids, options);
-}
-
-/// Answers what is wrong; empty when nothing is.
-QString takeFilter(const QCommandLineParser& parser, Options& options)
-{
-    options.filter.search = parser.value(QStringLiteral("search"));
-    if (parser.isSet(QStringLiteral("mode"))) {
-        const QString name = parser.value(QStringLiteral("mode"));
-        options.filter.mode = processingModeFromRawValue(name.left(1).toUpper() + name.mid(1).toLower());
-        if (!options.filter.mode)
-            return QStringLiteral("there is no mode \"%1\": Normal, Email, Grammar, Custom, Notes").arg(name);
-    }
-    if (parser.isSet(QStringLiteral("since"))) {
-        const QString text = parser.value(QStringLiteral("since"));
-        const auto since = momentFrom(text, QDateTime::currentDateTime());
-        if (!since)
-            return QStringLiteral("\"%1\" is no date: write it as 2026-11-01").arg(text);
-        options.filter.since = *since;
-    }
-    if (parser.isSet(QStringLiteral("limit"))) {
-        bool isNumber = false;
-        options.limit = parser.value(QStringLiteral("limit")).toInt(&isNumber);
-        if (!isNumber || options.limit < 0)
-            return QStringLiteral("\"%1\" is no number of dictations").arg(parser.value(QStringLiteral("limit")));
-    } else if (options.action == QLatin1String("export")) {
-        options.limit = 0;
-    }
-    return {};
-}
-
-QString checkWords(const Options& options)
-{
-    const auto count = options.words.size();
-    if (options.action == QLatin1String("list"))
-        return count > 0 ? QStringLiteral("too many words") : QString();
-    if (options.action == QLatin1String("export"))
-        return count > 1 ? QStringLiteral("too many words") : QString();
-    if (options.action == QLatin1String("show"))
-        return count != 1 ? QStringLiteral("history show needs one identity") : QString();
-    if (options.action == QLatin1String("delete"))
-        return count < 1 ? QStringLiteral("history delete needs identities") : QString();
-    return QStringLiteral("there is no action \"%1\"").arg(options.action);
-}
-
-void addOptions(QCommandLineParser& parser)
-{
-    terminal::addHelpOption(parser);
-    parser.addOption({QStringLiteral("search"), QStringLiteral("Those with these words."), QStringLiteral("TEXT")});
-    parser.addOption({QStringLiteral("mode"), QStringLiteral("Those of one mode."), QStringLiteral("MODE")});
-    parser.addOption({QStringLiteral("since"), QStringLiteral("Those from then on."), QStringLiteral("DATE")});
-    parser.addOption({QStringLiteral("limit"), QStringLiteral("At most so many; 0 for all. The list shows 50."),
-                      QStringLiteral("N")});
-    parser.addOption({QStringLiteral("format"),
-                      QStringLiteral("Of the export: json, csv or markdown. Without it the "
-                                     "ending of FILE decides."),
-                      QStringLiteral("FORMAT")});
-    parser.addOption({QStringLiteral("yes"), QStringLiteral("Delete without asking.")});
-    parser.addOption({QStringLiteral("json"), QStringLiteral("JSON instead of text.")});
-    parser.addPositionalArgument(QStringLiteral("ACTION"), QStringLiteral("What to do."), QStringLiteral("[ACTION"));
-    parser.addPositionalArgument(QStringLiteral("ID"), QStringLiteral("Identities, or a file."),
-                                 QStringLiteral("[ID... | FILE]]"));
+    throw Error(QStringLiteral("%1 could not be written: %2").arg(path, file.errorString()));
 }
 
 } // namespace
 
-int runHistory(const QStringList& arguments)
+Command historyCommand()
 {
-    QCommandLineParser parser;
-    parser.setApplicationDescription(QLatin1String(description));
-    addOptions(parser);
-    if (!parser.parse(QStringList{QStringLiteral("vantro history")} + arguments))
-        return wrongUsage(parser.errorText());
-    if (parser.isSet(QStringLiteral("help"))) {
-        terminal::writeLine(terminal::helpText(parser, QStringLiteral("history")));
-        return ExitCode::done;
-    }
-    Options options;
-    options.words = parser.positionalArguments();
-    options.action = options.words.isEmpty() ? QStringLiteral("list") : options.words.takeFirst();
-    options.json = parser.isSet(QStringLiteral("json"));
-    options.yes = parser.isSet(QStringLiteral("yes"));
-    if (parser.isSet(QStringLiteral("format"))) {
-        options.format = exportFormatFrom(parser.value(QStringLiteral("format")));
-        if (!options.format)
-            return wrongUsage(QStringLiteral("there is no format \"%1\"").arg(parser.value(QStringLiteral("format"))));
-    }
-    for (const QString& problem : {checkWords(options), takeFilter(parser, options)}) {
-        if (!problem.isEmpty())
-            return wrongUsage(problem);
-    }
-    try {
-        return carryOut(options);
-    } catch (const Error& error) {
-        terminal::writeError(error.localizedDescription());
-        return ExitCode::failed;
-    }
+    return {.name = "history",
+            .summary = "List, search, show, delete or export what was dictated.",
+            .description = description,
+            .actions = {{"list", list},
+                        {"show", show, 1, 1, "needs one identity"},
+                        {"delete", remove, 1, Command::anyNumber, "needs identities"},
+                        {"export", exportTo, 0, 1}},
+            .options = {{"search", "Those with these words.", "TEXT"},
+                        {"mode", "Those of one mode.", "MODE"},
+                        {"since", "Those from then on.", "DATE"},
+                        {"limit", "At most so many; 0 for all. The list shows 50.", "N"},
+                        {"format", "Of the export: json, csv or markdown. Without it the ending of FILE decides.",
+                         "FORMAT"},
+                        {"yes", "Delete without asking."},
+                        Command::jsonOption},
+            .words = {{"ID", "Identities, or a file.", "[ID... | FILE]]"}},
+            .namesFailedAction = false};
 }
 
 } // namespace vantro

@@ -1,6 +1,5 @@
 #include "vantro/cli/HistorySession.h"
 
-#include "vantro/cli/ExitCode.h"
 #include "vantro/cli/Terminal.h"
 
 #include <QJsonValue>
@@ -77,42 +76,32 @@ std::optional<QDateTime> momentFrom(const QString& text, const QDateTime& now)
     return moment.isValid() ? std::optional(moment) : std::nullopt;
 }
 
-std::optional<std::vector<QUuid>>
-identitiesFrom(const QStringList& words, const QString& noun,
-               const std::function<std::vector<QUuid>(const QString&, int limit)>& find, int& exitCode)
+std::vector<QUuid> identitiesFrom(const QStringList& words, const QString& noun,
+                                  const std::function<std::vector<QUuid>(const QString&, int limit)>& find)
 {
     std::vector<QUuid> ids;
     for (const QString& word : words) {
         const auto meant = find(word, 2);
-        if (meant.size() > 1 || word.isEmpty()) {
-            terminal::writeError(QStringLiteral("several %1s begin with \"%2\": write more of it").arg(noun, word));
-            exitCode = ExitCode::usage;
-            return std::nullopt;
-        }
-        if (meant.empty()) {
-            terminal::writeError(QStringLiteral("there is no %1 \"%2\"").arg(noun, word));
-            exitCode = ExitCode::notFound;
-            return std::nullopt;
-        }
+        if (meant.size() > 1 || word.isEmpty())
+            throw CommandError(ExitCode::usage,
+                               QStringLiteral("several %1s begin with \"%2\": write more of it").arg(noun, word));
+        if (meant.empty())
+            throw CommandError(ExitCode::notFound, QStringLiteral("there is no %1 \"%2\"").arg(noun, word));
         if (std::ranges::find(ids, meant.front()) == ids.end())
             ids.push_back(meant.front());
     }
     return ids;
 }
 
-bool isConfirmed(const QString& question, bool yes, int& exitCode)
+bool isConfirmed(const QString& question, const CommandCall& call)
 {
-    if (yes)
+    if (call.has("yes"))
         return true;
-    if (!terminal::canAsk()) {
-        terminal::writeError(QStringLiteral("nobody is there to ask: say --yes to delete"));
-        exitCode = ExitCode::usage;
-        return false;
-    }
+    if (!terminal::canAsk())
+        throw CommandError(ExitCode::usage, QStringLiteral("nobody is there to ask: say --yes to delete"));
     if (terminal::ask(question))
         return true;
     terminal::writeMessage(QStringLiteral("Nothing was deleted."));
-    exitCode = ExitCode::failed;
     return false;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "vantro/cli/Command.h"
 #include "vantro/store/CoreDataStack.h"
 
 #include <QJsonObject>
@@ -11,9 +12,11 @@ class QIODevice;
 
 namespace vantro {
 
-/// What the commands about history and notes work on. The constructor does not open the store.
+/// What the commands about history and notes work on. Throws StoreError when the store cannot be opened.
 struct HistorySession
 {
+    HistorySession() { store.loadPersistentStores(); }
+
     SystemClock clock;
     CoreDataStack store{clock};
 };
@@ -32,14 +35,13 @@ QString shortIdentity(const QUuid& id);
 /// The moment a person means by "2026-11-01", "2026-11-01T10:00", "today", "yesterday" or "7d" (days ago).
 std::optional<QDateTime> momentFrom(const QString& text, const QDateTime& now);
 
-/// The identity meant by each of @p words, which are beginnings of identities as @p find answers them. Writes what is
-/// wrong and answers nothing when one means none or several; @p exitCode is then set.
-std::optional<std::vector<QUuid>>
-identitiesFrom(const QStringList& words, const QString& noun,
-               const std::function<std::vector<QUuid>(const QString&, int limit)>& find, int& exitCode);
-/// Whether the user wants what @p question asks: @p yes says so already, else a person at the terminal is asked. Writes
-/// why not, and sets @p exitCode.
-bool isConfirmed(const QString& question, bool yes, int& exitCode);
+/// The identity meant by each of @p words, which are beginnings of identities as @p find answers them. Throws
+/// CommandError when one means none or several.
+std::vector<QUuid> identitiesFrom(const QStringList& words, const QString& noun,
+                                  const std::function<std::vector<QUuid>(const QString&, int limit)>& find);
+/// Whether the user wants what @p question asks: --yes says so already, else a person at the terminal is asked, and
+/// told that nothing was done. Throws CommandError when there is none.
+bool isConfirmed(const QString& question, const CommandCall& call);
 
 enum class ExportFormat { json, csv, markdown };
 /// "json", "csv" or "markdown".

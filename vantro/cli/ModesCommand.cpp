@@ -1,17 +1,10 @@
-#include "vantro/cli/ModesCommand.h"
-
 #include "vantro/ai/BuiltInPrompts.h"
 #include "vantro/ai/DefaultMode.h"
 #include "vantro/ai/PromptSettings.h"
-#include "vantro/cli/ExitCode.h"
+#include "vantro/cli/Commands.h"
 #include "vantro/cli/ListFile.h"
 #include "vantro/cli/ProvidersSession.h"
 #include "vantro/cli/Terminal.h"
-
-#include <QCommandLineParser>
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
 
 #include <algorithm>
 
@@ -35,7 +28,8 @@ Exit status: 0 done, 1 failed, 2 wrong usage, 3 no such mode or provider.)";
 struct Session
 {
     /// By its raw value or its display name, upper and lower case being equal.
-    [[nodiscard]] std::optional<ProcessingMode> find(const QString& text) const;
+    /// Throws CommandError when there is none.
+    [[nodiscard]] ProcessingMode find(const QString& text) const;
     [[nodiscard]] QString providerText(ProcessingMode mode) const;
     [[nodiscard]] QJsonObject toJson(ProcessingMode mode) const;
 
@@ -43,13 +37,16 @@ struct Session
     PromptSettings& prompts = providers.rewriting.prompts();
 };
 
-std::optional<ProcessingMode> Session::find(const QString& text) const
+ProcessingMode Session::find(const QString& text) const
 {
     const auto mode = std::ranges::find_if(allProcessingModes, [&](ProcessingMode candidate) {
         return rawValue(candidate).compare(text, Qt::CaseInsensitive) == 0 ||
                prompts.displayName(candidate).compare(text, Qt::CaseInsensitive) == 0;
     });
-    return mode != allProcessingModes.end() ? std::optional(*mode) : std::nullopt;
+    if (mode == allProcessingModes.end())
+        throw CommandError(ExitCode::notFound,
+                           QStringLiteral("there is no mode \"%1\": vantro modes lists them").arg(text));
+    return *mode;
 }
 
 QString Session::providerText(ProcessingMode mode) const
@@ -82,23 +79,12 @@ QJsonObject Session::toJson(ProcessingMode mode) const
     return object;
 }
 
-int wrongUsage(const QString& text)
+int list(const CommandCall& call)
 {
-    terminal::writeError(text + QStringLiteral(" (see vantro modes --help)"));
-    return ExitCode::usage;
-}
-
-template <typename Json>
-void writeJson(const Json& json)
-{
-    terminal::writeLine(QString::fromUtf8(QJsonDocument(json).toJson(QJsonDocument::Compact)));
-}
-
-int list(const Session& session, bool json)
-{
+    const Session session;
     QJsonArray array;
     for (const ProcessingMode mode : allProcessingModes) {
-        if (json) {
+        if (call.json()) {
             array.append(session.toJson(mode));
             continue;
         }
@@ -113,15 +99,15 @@ int list(const Session& session, bool json)
         terminal::writeLine(terminal::outputIsTerminal() ? label.leftJustified(24) + remark
                                                          : label + QLatin1Char('\t') + remark);
     }
-    if (json)
-        writeJson(array);
+    if (call.json())
+        terminal::writeJson(array);
     return ExitCode::done;
 }
 
-int show(const Session& session, ProcessingMode mode, bool json)
+int tell(const Session& session, ProcessingMode mode, const CommandCall& call)
 {
-    if (json) {
-        writeJson(session.toJson(mode));
+    if (call.json()) {
+        terminal::writeJson(session.toJson(mode));
         return ExitCode::done;
     }
     terminal::writeLine(QStringLiteral("Mode:      %1").arg(rawValue(mode)));
@@ -132,105 +118,75 @@ int show(const Session& session, ProcessingMode mode, bool json)
     return ExitCode::done;
 }
 
-void setPrompt(Session& session, ProcessingMode mode, const QCommandLineParser& parser)
+int show(const CommandCall& call)
 {
-    if (parser.isSet(QStringLiteral("prompt")))
-        session.prompts.setPrompt(mode, parser.value(QStringLiteral("prompt")));
-    if (parser.isSet(QStringLiteral("prompt-file")))
-        session.prompts.setPrompt(
-            mode, QString::fromUtf8(readListFile(parser.value(QStringLiteral("prompt-file")))).trimmed());
-    if (parser.isSet(QStringLiteral("built-in-prompt")))
+    const Session session;
+    return tell(session, session.find(call.words.front()), call);
+}
+
+void setPrompt(Session& session, ProcessingMode mode, const CommandCall& call)
+{
+    if (call.has("prompt"))
+        session.prompts.setPrompt(mode, call.value("prompt"));
+    if (call.has("prompt-file"))
+        session.prompts.setPrompt(mode, QString::fromUtf8(readListFile(call.value("prompt-file"))).trimmed());
+    if (call.has("built-in-prompt"))
         session.prompts.setPrompt(mode, builtInPrompt(mode).value_or(QString()));
 }
 
-int set(Session& session, ProcessingMode mode, const QCommandLineParser& parser)
+int set(const CommandCall& call)
 {
+    Session session;
+    const ProcessingMode mode = session.find(call.words.front());
     ModeConfiguration configuration = session.prompts.configuration(mode);
-    if (parser.isSet(QStringLiteral("provider"))) {
-        const QString name = parser.value(QStringLiteral("provider"));
-        const auto* provider = session.providers.find(name);
-        if (provider == nullptr) {
-            terminal::writeError(
+    if (call.has("provider")) {
+        const auto* provider = session.providers.find(call.value("provider"));
+        if (provider == nullptr)
+            throw CommandError(
+                ExitCode::notFound,
                 QStringLiteral("there is no provider \"%1\": vantro providers lists them. Nothing was changed")
-                    .arg(name));
-            return ExitCode::notFound;
-        }
+                    .arg(call.value("provider")));
         configuration = {false, provider->id};
     }
-    if (parser.isSet(QStringLiteral("no-provider")))
+    if (call.has("no-provider"))
         configuration = {};
     // What can fail comes before what is stored.
-    setPrompt(session, mode, parser);
+    setPrompt(session, mode, call);
     if (configuration != session.prompts.configuration(mode))
         session.prompts.setConfiguration(mode, configuration);
-    if (parser.isSet(QStringLiteral("name")))
-        session.prompts.setCustomModeName(mode, parser.value(QStringLiteral("name")).trimmed());
-    return show(session, mode, parser.isSet(QStringLiteral("json")));
+    if (call.has("name"))
+        session.prompts.setCustomModeName(mode, call.value("name").trimmed());
+    return tell(session, mode, call);
 }
 
-int carryOut(Session& session, const QString& action, ProcessingMode mode, const QCommandLineParser& parser)
+int beginIn(const CommandCall& call)
 {
-    if (action == QLatin1String("show"))
-        return show(session, mode, parser.isSet(QStringLiteral("json")));
-    if (action == QLatin1String("set"))
-        return set(session, mode, parser);
+    Session session;
+    const ProcessingMode mode = session.find(call.words.front());
     setDefaultMode(session.providers.defaults, mode);
     terminal::writeLine(QStringLiteral("Dictations begin in %1").arg(session.prompts.displayName(mode)));
     return ExitCode::done;
 }
 
-void addOptions(QCommandLineParser& parser)
-{
-    const auto add = [&parser](const char* name, const char* text, const char* value = "") {
-        parser.addOption({QLatin1String(name), QLatin1String(text), QLatin1String(value)});
-    };
-    parser.setApplicationDescription(QLatin1String(description));
-    terminal::addHelpOption(parser);
-    add("json", "JSON instead of text.");
-    add("name", "set: what the launcher calls the mode; empty for its own name.", "NAME");
-    add("prompt", "set: the instruction to the language model.", "TEXT");
-    add("prompt-file", "set: the same from a file; \"-\" is standard input.", "FILE");
-    add("built-in-prompt", "set: the instruction that vantro came with.");
-    add("provider", "set: who serves the mode (see vantro providers).", "NAME");
-    add("no-provider", "set: nobody does.");
-    parser.addPositionalArgument(QStringLiteral("ACTION"), QStringLiteral("What to do."), QStringLiteral("[ACTION"));
-    parser.addPositionalArgument(QStringLiteral("MODE"), QStringLiteral("A mode."), QStringLiteral("[MODE]]"));
-}
-
 } // namespace
 
-int runModes(const QStringList& arguments)
+Command modesCommand()
 {
-    QCommandLineParser parser;
-    addOptions(parser);
-    if (!parser.parse(QStringList{QStringLiteral("vantro modes")} + arguments))
-        return wrongUsage(parser.errorText());
-    if (parser.isSet(QStringLiteral("help"))) {
-        terminal::writeLine(terminal::helpText(parser, QStringLiteral("modes")));
-        return ExitCode::done;
-    }
-    const QStringList words = parser.positionalArguments();
-    const QString action = words.value(0, QStringLiteral("list"));
-    static const QStringList withMode{QStringLiteral("show"), QStringLiteral("set"), QStringLiteral("default")};
-    if (action != QLatin1String("list") && !withMode.contains(action))
-        return wrongUsage(QStringLiteral("there is no action \"%1\"").arg(action));
-    if (words.size() != (withMode.contains(action) ? 2 : std::min<qsizetype>(words.size(), 1)))
-        return wrongUsage(QStringLiteral("modes %1 needs one mode").arg(action));
-
-    Session session;
-    if (action == QLatin1String("list"))
-        return list(session, parser.isSet(QStringLiteral("json")));
-    const auto mode = session.find(words[1]);
-    if (!mode) {
-        terminal::writeError(QStringLiteral("there is no mode \"%1\": vantro modes lists them").arg(words[1]));
-        return ExitCode::notFound;
-    }
-    try {
-        return carryOut(session, action, *mode, parser);
-    } catch (const Error& error) {
-        terminal::writeError(QStringLiteral("modes %1: %2").arg(action, error.localizedDescription()));
-        return ExitCode::failed;
-    }
+    return {.name = "modes",
+            .summary = "Show and set what becomes of a dictation: prompts, names, language models.",
+            .description = description,
+            .actions = {{"list", list},
+                        {"show", show, 1, 1, "needs one mode"},
+                        {"set", set, 1, 1, "needs one mode"},
+                        {"default", beginIn, 1, 1, "needs one mode"}},
+            .options = {Command::jsonOption,
+                        {"name", "set: what the launcher calls the mode; empty for its own name.", "NAME"},
+                        {"prompt", "set: the instruction to the language model.", "TEXT"},
+                        {"prompt-file", "set: the same from a file; \"-\" is standard input.", "FILE"},
+                        {"built-in-prompt", "set: the instruction that vantro came with."},
+                        {"provider", "set: who serves the mode (see vantro providers).", "NAME"},
+                        {"no-provider", "set: nobody does."}},
+            .words = {{"MODE", "A mode.", "[MODE]]"}}};
 }
 
 } // namespace vantro

@@ -1,16 +1,11 @@
-#include "vantro/cli/NotesCommand.h"
-
 #include "base/RunTask.h"
 #include "platform/Platform.h"
 #include "vantro/app/Rewriting.h"
-#include "vantro/cli/ExitCode.h"
+#include "vantro/cli/Commands.h"
 #include "vantro/cli/HistorySession.h"
 #include "vantro/cli/Terminal.h"
 
-#include <QCommandLineParser>
 #include <QFile>
-#include <QJsonArray>
-#include <QJsonDocument>
 
 #include <algorithm>
 
@@ -35,21 +30,6 @@ Exit status: 0 done, 1 failed, 2 wrong usage, 3 no such day or note.)";
 
 constexpr int defaultLimit = 50;
 
-struct Options
-{
-    QString action;
-    QStringList words;
-    int limit = defaultLimit; ///< 0 for all
-    bool json = false;
-    bool yes = false;
-};
-
-int wrongUsage(const QString& text)
-{
-    terminal::writeError(text + QStringLiteral(" (see vantro notes --help)"));
-    return ExitCode::usage;
-}
-
 QString dayName(const DailyNote& day)
 {
     return day.created_at.isValid() ? day.created_at.toLocalTime().date().toString(Qt::ISODate) : QStringLiteral("-");
@@ -71,18 +51,15 @@ QJsonObject toJson(const Note& note)
             {QStringLiteral("transcription"), note.transcription}};
 }
 
-void writeJson(const QJsonDocument& document)
+int list(const CommandCall& call)
 {
-    terminal::writeLine(QString::fromUtf8(document.toJson(QJsonDocument::Compact)));
-}
-
-int list(const CoreDataStack& store, const Options& options)
-{
-    const auto days = store.dailyNotes({}, options.limit == 0 ? std::numeric_limits<int>::max() : options.limit);
-    if (options.json) {
+    const int limit = call.limit(defaultLimit, "days");
+    const HistorySession session;
+    const auto days = session.store.dailyNotes({}, limit == 0 ? std::numeric_limits<int>::max() : limit);
+    if (call.json()) {
         QJsonArray array;
         std::ranges::for_each(days, [&array](const DailyNote& day) { array.append(toJson(day)); });
-        writeJson(QJsonDocument(array));
+        terminal::writeJson(array);
     } else if (terminal::outputIsTerminal() && days.empty()) {
         terminal::writeMessage(QStringLiteral("There are no notes yet."));
     } else if (terminal::outputIsTerminal()) {
@@ -101,15 +78,31 @@ int list(const CoreDataStack& store, const Options& options)
     return ExitCode::done;
 }
 
-int show(const CoreDataStack& store, const DailyNote& day, bool json)
+/// The day that is named, else today.
+DailyNote dayFrom(const CommandCall& call, const HistorySession& session)
 {
-    const auto notes = store.notes(day);
-    if (json) {
+    const QString word = call.words.value(0, QStringLiteral("today"));
+    const auto moment = momentFrom(word, session.clock.wallClock());
+    if (!moment)
+        throw WrongUsage(QStringLiteral("\"%1\" is no date: write it as 2026-11-01").arg(word));
+    const auto day = session.store.dailyNote(moment->date());
+    if (!day)
+        throw CommandError(ExitCode::notFound,
+                           QStringLiteral("there are no notes of %1").arg(moment->date().toString(Qt::ISODate)));
+    return *day;
+}
+
+int show(const CommandCall& call)
+{
+    const HistorySession session;
+    const DailyNote day = dayFrom(call, session);
+    const auto notes = session.store.notes(day);
+    if (call.json()) {
         QJsonObject object = toJson(day);
         QJsonArray array;
         std::ranges::for_each(notes, [&array](const Note& note) { array.append(toJson(note)); });
         object.insert(QStringLiteral("notes"), array);
-        writeJson(QJsonDocument(object));
+        terminal::writeJson(object);
         return ExitCode::done;
     }
     const bool isPerson = terminal::outputIsTerminal();
@@ -130,54 +123,51 @@ int show(const CoreDataStack& store, const DailyNote& day, bool json)
     return ExitCode::done;
 }
 
-int add(CoreDataStack& store, const Options& options)
+int add(const CommandCall& call)
 {
-    QString text = options.words.join(QLatin1Char(' '));
+    QString text = call.words.join(QLatin1Char(' '));
     if (text == QLatin1String("-")) {
         QFile input;
         std::ignore = input.open(stdin, QIODevice::ReadOnly);
         text = QString::fromUtf8(input.readAll());
     }
     text = text.trimmed();
-    if (text.isEmpty()) {
-        terminal::writeError(QStringLiteral("a note needs a text"));
-        return ExitCode::usage;
-    }
-    try {
-        runTask(store.addNote(text));
-        return ExitCode::done;
-    } catch (const std::exception& error) {
-        terminal::writeError(localizedDescription(error));
-        return ExitCode::failed;
-    }
+    if (text.isEmpty())
+        throw CommandError(ExitCode::usage, QStringLiteral("a note needs a text"));
+    HistorySession session;
+    runTask(session.store.addNote(text));
+    return ExitCode::done;
 }
 
-int removeDay(CoreDataStack& store, const DailyNote& day, const Options& options)
+int removeDay(HistorySession& session, const CommandCall& call)
 {
-    int exitCode = ExitCode::done;
+    const DailyNote day = dayFrom(call, session);
     const auto question =
         QStringLiteral("Delete %1 with its summary and %2 notes for good?").arg(dayName(day)).arg(day.noteCount);
-    if (!isConfirmed(question, options.yes, exitCode))
-        return exitCode;
-    store.deleteDailyNote(day);
+    if (!isConfirmed(question, call))
+        return ExitCode::failed;
+    session.store.deleteDailyNote(day);
     return ExitCode::done;
 }
 
-int removeNotes(CoreDataStack& store, const Options& options)
+int remove(const CommandCall& call)
 {
-    int exitCode = ExitCode::done;
-    const auto find = [&store](const QString& prefix, int limit) {
-        return store.noteIDs(prefix, limit);
-    };
-    const auto ids = identitiesFrom(options.words, QStringLiteral("note"), find, exitCode);
-    if (!ids || !isConfirmed(QStringLiteral("Delete %1 notes for good?").arg(ids->size()), options.yes, exitCode))
-        return exitCode;
-    store.deleteNotes(*ids);
+    HistorySession session;
+    if (momentFrom(call.words.front(), session.clock.wallClock()))
+        return removeDay(session, call);
+    const auto ids = identitiesFrom(call.words, QStringLiteral("note"), [&session](const QString& prefix, int limit) {
+        return session.store.noteIDs(prefix, limit);
+    });
+    if (!isConfirmed(QStringLiteral("Delete %1 notes for good?").arg(ids.size()), call))
+        return ExitCode::failed;
+    session.store.deleteNotes(ids);
     return ExitCode::done;
 }
 
-int summarize(HistorySession& session, const DailyNote& day)
+int summarize(const CommandCall& call)
 {
+    HistorySession session;
+    const DailyNote day = dayFrom(call, session);
     UserDefaults defaults(UserDefaults::standardPath());
     const Platform platform = makePlatform(PlatformPart::services);
     Rewriting rewriting(defaults, platform, session.clock);
@@ -194,92 +184,23 @@ int summarize(HistorySession& session, const DailyNote& day)
     return ExitCode::done;
 }
 
-std::optional<QDate> dateFrom(const QString& text, const QDateTime& now)
-{
-    const auto moment = momentFrom(text, now);
-    return moment ? std::optional(moment->date()) : std::nullopt;
-}
-
-int carryOut(const Options& options)
-{
-    HistorySession session;
-    CoreDataStack& store = session.store;
-    store.loadPersistentStores();
-    if (options.action == QLatin1String("list"))
-        return list(store, options);
-    if (options.action == QLatin1String("add"))
-        return add(store, options);
-    const QString word = options.words.value(0, QStringLiteral("today"));
-    const auto date = dateFrom(word, session.clock.wallClock());
-    if (!date && options.action == QLatin1String("delete"))
-        return removeNotes(store, options);
-    if (!date)
-        return wrongUsage(QStringLiteral("\"%1\" is no date: write it as 2026-11-01").arg(word));
-    const auto day = store.dailyNote(*date);
-    if (!day) {
-        terminal::writeError(QStringLiteral("there are no notes of %1").arg(date->toString(Qt::ISODate)));
-        return ExitCode::notFound;
-    }
-    if (options.action == QLatin1String("show"))
-        return show(store, *day, options.json);
-    if (options.action == QLatin1String("summarize"))
-        return summarize(session, *day);
-    return removeDay(store, *day, options);
-}
-
-QString checkWords(const Options& options)
-{
-    const auto count = options.words.size();
-    if (options.action == QLatin1String("list"))
-        return count > 0 ? QStringLiteral("too many words") : QString();
-    if (options.action == QLatin1String("show") || options.action == QLatin1String("summarize"))
-        return count > 1 ? QStringLiteral("too many words") : QString();
-    if (options.action == QLatin1String("add"))
-        return count < 1 ? QStringLiteral("notes add needs a text") : QString();
-    if (options.action == QLatin1String("delete"))
-        return count < 1 ? QStringLiteral("notes delete needs a day or identities") : QString();
-    return QStringLiteral("there is no action \"%1\"").arg(options.action);
-}
-
 } // namespace
 
-int runNotes(const QStringList& arguments)
+Command notesCommand()
 {
-    QCommandLineParser parser;
-    parser.setApplicationDescription(QLatin1String(description));
-    terminal::addHelpOption(parser);
-    parser.addOption({QStringLiteral("limit"), QStringLiteral("List at most so many days; 0 for all, else 50."),
-                      QStringLiteral("N")});
-    parser.addOption({QStringLiteral("yes"), QStringLiteral("Delete without asking.")});
-    parser.addOption({QStringLiteral("json"), QStringLiteral("JSON instead of text.")});
-    parser.addPositionalArgument(QStringLiteral("ACTION"), QStringLiteral("What to do."), QStringLiteral("[ACTION"));
-    parser.addPositionalArgument(QStringLiteral("WORDS"), QStringLiteral("A day, identities or a text."),
-                                 QStringLiteral("[DATE | ID... | TEXT...]]"));
-    if (!parser.parse(QStringList{QStringLiteral("vantro notes")} + arguments))
-        return wrongUsage(parser.errorText());
-    if (parser.isSet(QStringLiteral("help"))) {
-        terminal::writeLine(terminal::helpText(parser, QStringLiteral("notes")));
-        return ExitCode::done;
-    }
-    Options options;
-    options.words = parser.positionalArguments();
-    options.action = options.words.isEmpty() ? QStringLiteral("list") : options.words.takeFirst();
-    options.json = parser.isSet(QStringLiteral("json"));
-    options.yes = parser.isSet(QStringLiteral("yes"));
-    if (const QString problem = checkWords(options); !problem.isEmpty())
-        return wrongUsage(problem);
-    if (parser.isSet(QStringLiteral("limit"))) {
-        bool isNumber = false;
-        options.limit = parser.value(QStringLiteral("limit")).toInt(&isNumber);
-        if (!isNumber || options.limit < 0)
-            return wrongUsage(QStringLiteral("\"%1\" is no number of days").arg(parser.value(QStringLiteral("limit"))));
-    }
-    try {
-        return carryOut(options);
-    } catch (const Error& error) {
-        terminal::writeError(error.localizedDescription());
-        return ExitCode::failed;
-    }
+    return {.name = "notes",
+            .summary = "List, show, add or delete notes.",
+            .description = description,
+            .actions = {{"list", list},
+                        {"show", show, 0, 1},
+                        {"add", add, 1, Command::anyNumber, "needs a text"},
+                        {"delete", remove, 1, Command::anyNumber, "needs a day or identities"},
+                        {"summarize", summarize, 0, 1}},
+            .options = {{"limit", "List at most so many days; 0 for all, else 50.", "N"},
+                        {"yes", "Delete without asking."},
+                        Command::jsonOption},
+            .words = {{"WORDS", "A day, identities or a text.", "[DATE | ID... | TEXT...]]"}},
+            .namesFailedAction = false};
 }
 
 } // namespace vantro

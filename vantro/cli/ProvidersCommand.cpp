@@ -1,9 +1,8 @@
-#include "vantro/cli/ProvidersCommand.h"
-
-#include "vantro/ai/providers/KeychainError.h"
-#include "vantro/cli/ExitCode.h"
+#include "vantro/cli/Commands.h"
 #include "vantro/cli/ProvidersSession.h"
-#include "vantro/cli/Terminal.h"
+
+#include <algorithm>
+#include <iterator>
 
 namespace vantro {
 
@@ -24,46 +23,6 @@ Secret Service and nowhere else. A server that wants no key gets one all the sam
 Exit status: 0 done, 1 failed, 2 wrong usage, 3 no such provider, 4 no service: the Secret Service does not answer or
 is locked, or the provider cannot be reached.)";
 
-int wrongUsage(const QString& text)
-{
-    terminal::writeError(text + QStringLiteral(" (see vantro providers --help)"));
-    return ExitCode::usage;
-}
-
-int carryOut(ProvidersSession& session, const QString& action, const QString& name, const QCommandLineParser& parser)
-{
-    const bool json = parser.isSet(QStringLiteral("json"));
-    if (action == QLatin1String("list"))
-        return listProviders(session, json);
-    if (action == QLatin1String("add"))
-        return addProvider(session, parser);
-    const auto* found = session.find(name);
-    if (found == nullptr) {
-        terminal::writeError(QStringLiteral("there is no provider \"%1\": vantro providers lists them").arg(name));
-        return ExitCode::notFound;
-    }
-    const ProviderConfiguration provider = *found;
-    if (action == QLatin1String("edit"))
-        return editProvider(session, provider, parser);
-    if (action == QLatin1String("remove"))
-        return removeProvider(session, provider, parser);
-    return testProvider(session, provider, json);
-}
-
-int carryOutGuarded(const QString& action, const QString& name, const QCommandLineParser& parser)
-{
-    try {
-        ProvidersSession session;
-        return carryOut(session, action, name, parser);
-    } catch (const KeychainError& error) {
-        terminal::writeError(QStringLiteral("providers %1: %2").arg(action, error.localizedDescription()));
-        return error.kind() == KeychainError::Kind::serviceMissing ? ExitCode::noService : ExitCode::failed;
-    } catch (const Error& error) {
-        terminal::writeError(QStringLiteral("providers %1: %2").arg(action, error.localizedDescription()));
-        return ExitCode::failed;
-    }
-}
-
 } // namespace
 
 const ProviderConfiguration* ProvidersSession::find(const QString& text) const
@@ -81,34 +40,31 @@ const ProviderConfiguration* ProvidersSession::find(const QString& text) const
     return count == 1 ? begins : nullptr;
 }
 
-int runProviders(const QStringList& arguments)
+ProviderConfiguration providerFrom(const CommandCall& call, const ProvidersSession& session)
 {
-    QCommandLineParser parser;
-    parser.setApplicationDescription(QLatin1String(description));
-    terminal::addHelpOption(parser);
-    parser.addOption({QStringLiteral("json"), QStringLiteral("JSON instead of text.")});
-    parser.addOption({QStringLiteral("yes"), QStringLiteral("Remove without asking.")});
-    addProviderOptions(parser);
-    parser.addPositionalArgument(QStringLiteral("ACTION"), QStringLiteral("What to do."), QStringLiteral("[ACTION"));
-    parser.addPositionalArgument(QStringLiteral("NAME"), QStringLiteral("A provider's name or id."),
-                                 QStringLiteral("[NAME]]"));
-    if (!parser.parse(QStringList{QStringLiteral("vantro providers")} + arguments))
-        return wrongUsage(parser.errorText());
-    if (parser.isSet(QStringLiteral("help"))) {
-        terminal::writeLine(terminal::helpText(parser, QStringLiteral("providers")));
-        return ExitCode::done;
-    }
-    const QStringList words = parser.positionalArguments();
-    const QString action = words.value(0, QStringLiteral("list"));
-    static const QStringList withName{QStringLiteral("edit"), QStringLiteral("remove"), QStringLiteral("test")};
-    static const QStringList without{QStringLiteral("list"), QStringLiteral("add")};
-    if (!withName.contains(action) && !without.contains(action))
-        return wrongUsage(QStringLiteral("there is no action \"%1\"").arg(action));
-    if (withName.contains(action) && words.size() < 2)
-        return wrongUsage(QStringLiteral("providers %1 needs a provider's name").arg(action));
-    if (words.size() > (without.contains(action) ? 1 : 2))
-        return wrongUsage(QStringLiteral("too many words"));
-    return carryOutGuarded(action, words.value(1), parser);
+    const auto* found = session.find(call.words.front());
+    if (found == nullptr)
+        throw CommandError(
+            ExitCode::notFound,
+            QStringLiteral("there is no provider \"%1\": vantro providers lists them").arg(call.words.front()));
+    return *found;
+}
+
+Command providersCommand()
+{
+    std::vector<CommandOption> options{Command::jsonOption, {"yes", "Remove without asking."}};
+    std::ranges::move(providerOptions(), std::back_inserter(options));
+    return {.name = "providers",
+            .summary = "List, add, edit, remove or test language models that rewrite texts.",
+            .description = description,
+            .actions = {{"list", listProviders},
+                        {"add", addProvider},
+                        {"edit", editProvider, 1, 1, "needs a provider's name"},
+                        {"remove", removeProvider, 1, 1, "needs a provider's name"},
+                        {"test", testProvider, 1, 1, "needs a provider's name"}},
+            .options = std::move(options),
+            .words = {{"NAME", "A provider's name or id.", "[NAME]]"}},
+            .exitCodeOf = providersExitCode};
 }
 
 } // namespace vantro

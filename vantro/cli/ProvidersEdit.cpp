@@ -3,13 +3,11 @@
 #include "vantro/ai/providers/KeychainError.h"
 #include "vantro/ai/services/FormatServiceFactory.h"
 #include "vantro/ai/services/RemoteFormatError.h"
-#include "vantro/cli/ExitCode.h"
 #include "vantro/cli/ProvidersSession.h"
 #include "vantro/cli/Terminal.h"
 
 #include <QElapsedTimer>
 #include <QHostAddress>
-#include <QJsonDocument>
 #include <QUrl>
 
 #include <algorithm>
@@ -43,56 +41,50 @@ constexpr std::array textOptions{
                "Reasoning effort."},
 };
 
-const auto typeOption = QStringLiteral("type");
-const auto enableOption = QStringLiteral("enable");
-const auto disableOption = QStringLiteral("disable");
-const auto keyStdinOption = QStringLiteral("key-stdin");
-const auto askKeyOption = QStringLiteral("ask-key");
+constexpr char typeOption[] = "type";
+constexpr char enableOption[] = "enable";
+constexpr char disableOption[] = "disable";
+constexpr char keyStdinOption[] = "key-stdin";
+constexpr char askKeyOption[] = "ask-key";
 
-int wrongUsage(const QString& text)
+/// Puts what the options say into @p form; throws WrongUsage.
+void takeOptions(const CommandCall& call, ProviderForm& form)
 {
-    terminal::writeError(text + QStringLiteral(" (see vantro providers --help)"));
-    return ExitCode::usage;
-}
-
-/// Puts what the options say into @p form; what is wrong with them, or nothing.
-QString takeOptions(const QCommandLineParser& parser, ProviderForm& form)
-{
-    if (parser.isSet(typeOption)) {
-        const auto type = remoteProviderType(parser.value(typeOption));
+    if (call.has(typeOption)) {
+        const auto type = remoteProviderType(call.value(typeOption));
         if (!type)
-            return QStringLiteral("--type: there is no type \"%1\": choose OpenAI, Anthropic, Gemini or Custom")
-                .arg(parser.value(typeOption));
+            throw WrongUsage(
+                QStringLiteral("--type: there is no type \"%1\": choose OpenAI, Anthropic, Gemini or Custom")
+                    .arg(call.value(typeOption)));
         form.type = *type;
     }
-    if (parser.isSet(enableOption) && parser.isSet(disableOption))
-        return QStringLiteral("choose either --enable or --disable");
+    if (call.has(enableOption) && call.has(disableOption))
+        throw WrongUsage(QStringLiteral("choose either --enable or --disable"));
     for (const TextOption& option : textOptions) {
-        if (parser.isSet(QLatin1String(option.name)))
-            form.*option.text = parser.value(QLatin1String(option.name));
+        if (call.has(option.name))
+            form.*option.text = call.value(option.name);
     }
     const auto problems = form.problems();
     if (problems.empty())
-        return {};
+        return;
     const auto option = std::ranges::find(textOptions, problems.front().field, &TextOption::field);
-    return QStringLiteral("--%1: %2").arg(QLatin1String(option->name), problems.front().message);
+    throw WrongUsage(QStringLiteral("--%1: %2").arg(QLatin1String(option->name), problems.front().message));
 }
 
-ProviderConfiguration configured(const QCommandLineParser& parser, const ProviderForm& form,
-                                 const ProviderConfiguration& former)
+ProviderConfiguration configured(const CommandCall& call, const ProviderForm& form, const ProviderConfiguration& former)
 {
     ProviderConfiguration provider = form.applied(former);
-    if (parser.isSet(enableOption))
+    if (call.has(enableOption))
         provider.isEnabled = true;
-    if (parser.isSet(disableOption))
+    if (call.has(disableOption))
         provider.isEnabled = false;
     return provider;
 }
 
 /// A key that was given or typed; nothing when there is none.
-std::optional<QString> readKey(const QCommandLineParser& parser, bool asks)
+std::optional<QString> readKey(const CommandCall& call, bool asks)
 {
-    if (!parser.isSet(keyStdinOption) && !(asks && terminal::inputIsTerminal()))
+    if (!call.has(keyStdinOption) && !(asks && terminal::inputIsTerminal()))
         return std::nullopt;
     return terminal::readSecret(QStringLiteral("API key (Return for none): "));
 }
@@ -108,19 +100,10 @@ void warnOfOpenTransport(const ProviderConfiguration& provider)
 int tell(const ProviderConfiguration& provider, const QString& what, bool json)
 {
     if (json)
-        terminal::writeLine(QString::fromUtf8(QJsonDocument(providerJson(provider)).toJson(QJsonDocument::Compact)));
+        terminal::writeJson(providerJson(provider));
     else
         terminal::writeLine(QStringLiteral("%1 %2").arg(provider.name, what));
     return ExitCode::done;
-}
-
-int exitCode(const Error& error)
-{
-    const auto* remote = dynamic_cast<const RemoteFormatError*>(&error);
-    const auto* keychain = dynamic_cast<const KeychainError*>(&error);
-    const bool isMissing = (remote != nullptr && remote->kind() == RemoteFormatError::Kind::networkError) ||
-                           (keychain != nullptr && keychain->kind() == KeychainError::Kind::serviceMissing);
-    return isMissing ? ExitCode::noService : ExitCode::failed;
 }
 
 /// A public provider needs no more than its type: the rest is as in a new installation.
@@ -150,54 +133,64 @@ void addWithKey(ProviderConfigurationManager& manager, const ProviderConfigurati
 
 } // namespace
 
-void addProviderOptions(QCommandLineParser& parser)
+int providersExitCode(const Error& error)
 {
-    parser.addOption({typeOption,
-                      QStringLiteral("OpenAI, Anthropic, Gemini or Custom (any server that speaks OpenAI's "
-                                     "chat completions: vLLM, Ollama, llama.cpp)."),
-                      QStringLiteral("TYPE")});
-    for (const TextOption& option : textOptions) {
-        const QString help = QLatin1String(option.help) + QLatin1Char(' ') + ProviderForm::hint(option.field);
-        parser.addOption({QLatin1String(option.name), help.trimmed(), QLatin1String(option.placeholder)});
-    }
-    parser.addOption({enableOption, QStringLiteral("Let modes use it.")});
-    parser.addOption({disableOption, QStringLiteral("Send it nothing any more.")});
-    parser.addOption({keyStdinOption, QStringLiteral("Read the key from standard input.")});
-    parser.addOption({askKeyOption, QStringLiteral("With edit: ask for a new key.")});
+    const auto* remote = dynamic_cast<const RemoteFormatError*>(&error);
+    const auto* keychain = dynamic_cast<const KeychainError*>(&error);
+    const bool isMissing = (remote != nullptr && remote->kind() == RemoteFormatError::Kind::networkError) ||
+                           (keychain != nullptr && keychain->kind() == KeychainError::Kind::serviceMissing);
+    return isMissing ? ExitCode::noService : ExitCode::failed;
 }
 
-int addProvider(ProvidersSession& session, const QCommandLineParser& parser)
+std::vector<CommandOption> providerOptions()
 {
-    if (!parser.isSet(typeOption))
-        return wrongUsage(QStringLiteral("providers add needs --type"));
-    ProviderForm form = formForType(parser.value(typeOption));
-    if (const QString problem = takeOptions(parser, form); !problem.isEmpty())
-        return wrongUsage(problem);
+    std::vector<CommandOption> options{{typeOption,
+                                        "OpenAI, Anthropic, Gemini or Custom (any server that speaks OpenAI's chat "
+                                        "completions: vLLM, Ollama, llama.cpp).",
+                                        "TYPE"}};
+    for (const TextOption& option : textOptions) {
+        const QString help = QLatin1String(option.help) + QLatin1Char(' ') + ProviderForm::hint(option.field);
+        options.push_back({option.name, help.trimmed().toStdString(), option.placeholder});
+    }
+    options.push_back({enableOption, "Let modes use it."});
+    options.push_back({disableOption, "Send it nothing any more."});
+    options.push_back({keyStdinOption, "Read the key from standard input."});
+    options.push_back({askKeyOption, "With edit: ask for a new key."});
+    return options;
+}
+
+int addProvider(const CommandCall& call)
+{
+    ProvidersSession session;
+    if (!call.has(typeOption))
+        throw WrongUsage(QStringLiteral("providers add needs --type"));
+    ProviderForm form = formForType(call.value(typeOption));
+    takeOptions(call, form);
     ProviderConfiguration fresh;
     fresh.id = QUuid::createUuid();
-    const ProviderConfiguration provider = configured(parser, form, fresh);
+    const ProviderConfiguration provider = configured(call, form, fresh);
     if (std::ranges::any_of(session.manager.configurations(),
-                            [&provider](const auto& other) { return other.name == provider.name; })) {
-        terminal::writeError(
+                            [&provider](const auto& other) { return other.name == provider.name; }))
+        throw CommandError(
+            ExitCode::failed,
             QStringLiteral("there is a provider \"%1\" already: edit it, or choose another --name").arg(provider.name));
-        return ExitCode::failed;
-    }
-    const auto key = readKey(parser, true);
+    const auto key = readKey(call, true);
     addWithKey(session.manager, provider, key);
     warnOfOpenTransport(provider);
     terminal::writeMessage(
         key ? wording::keyIsStoredSecurely()
             : QStringLiteral("No API key configured: vantro providers edit \"%1\" --ask-key").arg(provider.name));
-    return tell(provider, QStringLiteral("is added"), parser.isSet(QStringLiteral("json")));
+    return tell(provider, QStringLiteral("is added"), call.json());
 }
 
-int editProvider(ProvidersSession& session, const ProviderConfiguration& former, const QCommandLineParser& parser)
+int editProvider(const CommandCall& call)
 {
+    ProvidersSession session;
+    const ProviderConfiguration former = providerFrom(call, session);
     ProviderForm form(former);
-    if (const QString problem = takeOptions(parser, form); !problem.isEmpty())
-        return wrongUsage(problem);
-    const ProviderConfiguration provider = configured(parser, form, former);
-    const auto key = readKey(parser, parser.isSet(askKeyOption));
+    takeOptions(call, form);
+    const ProviderConfiguration provider = configured(call, form, former);
+    const auto key = readKey(call, call.has(askKeyOption));
     if (key) {
         runTask(session.manager.storeKey(provider.id, *key));
         terminal::writeMessage(wording::keyIsStoredSecurely());
@@ -205,25 +198,29 @@ int editProvider(ProvidersSession& session, const ProviderConfiguration& former,
     if (provider != former)
         session.manager.update(provider);
     warnOfOpenTransport(provider);
-    return tell(provider, QStringLiteral("is changed"), parser.isSet(QStringLiteral("json")));
+    return tell(provider, QStringLiteral("is changed"), call.json());
 }
 
-int removeProvider(ProvidersSession& session, const ProviderConfiguration& provider, const QCommandLineParser& parser)
+int removeProvider(const CommandCall& call)
 {
-    if (!parser.isSet(QStringLiteral("yes"))) {
+    ProvidersSession session;
+    const ProviderConfiguration provider = providerFrom(call, session);
+    if (!call.has("yes")) {
         if (!terminal::inputIsTerminal())
-            return wrongUsage(QStringLiteral("providers remove needs --yes where nobody can be asked"));
+            throw WrongUsage(QStringLiteral("providers remove needs --yes where nobody can be asked"));
         if (!terminal::ask(QStringLiteral("Are you sure you want to delete '%1'? This action cannot be undone.")
                                .arg(provider.name)))
             return ExitCode::failed;
     }
     session.manager.remove(provider.id);
     runTask(session.manager.cleanUpWhenPossible());
-    return tell(provider, QStringLiteral("is removed"), parser.isSet(QStringLiteral("json")));
+    return tell(provider, QStringLiteral("is removed"), call.json());
 }
 
-int testProvider(ProvidersSession& session, const ProviderConfiguration& provider, bool json)
+int testProvider(const CommandCall& call)
 {
+    ProvidersSession session;
+    const ProviderConfiguration provider = providerFrom(call, session);
     QElapsedTimer timer;
     timer.start();
     QString problem;
@@ -232,14 +229,14 @@ int testProvider(ProvidersSession& session, const ProviderConfiguration& provide
         runTask(session.rewriting.verify(provider));
     } catch (const Error& error) {
         problem = error.localizedDescription();
-        code = exitCode(error);
+        code = providersExitCode(error);
     }
-    if (json) {
+    if (call.json()) {
         const QJsonObject object{{QStringLiteral("name"), provider.name},
                                  {QStringLiteral("ok"), problem.isEmpty()},
                                  {QStringLiteral("problem"), problem},
                                  {QStringLiteral("ms"), timer.elapsed()}};
-        terminal::writeLine(QString::fromUtf8(QJsonDocument(object).toJson(QJsonDocument::Compact)));
+        terminal::writeJson(object);
     } else if (problem.isEmpty()) {
         terminal::writeLine(QStringLiteral("%1 accepts the key (%2 ms)").arg(provider.name).arg(timer.elapsed()));
     }

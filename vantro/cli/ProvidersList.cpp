@@ -1,11 +1,7 @@
 #include "base/RunTask.h"
 #include "vantro/ai/providers/KeychainError.h"
-#include "vantro/cli/ExitCode.h"
 #include "vantro/cli/ProvidersSession.h"
 #include "vantro/cli/Terminal.h"
-
-#include <QJsonArray>
-#include <QJsonDocument>
 
 namespace vantro {
 
@@ -91,10 +87,11 @@ QJsonObject providerJson(const ProviderConfiguration& provider)
     return object;
 }
 
-int listProviders(ProvidersSession& session, bool json)
+int listProviders(const CommandCall& call)
 {
+    ProvidersSession session;
     const StoredKeys keys(session);
-    if (!json) {
+    if (!call.json()) {
         terminal::outputIsTerminal() ? printTable(session, keys) : printPlain(session, keys);
         return ExitCode::done;
     }
@@ -105,7 +102,7 @@ int listProviders(ProvidersSession& session, bool json)
         object.insert(QStringLiteral("has_key"), hasKey ? QJsonValue(*hasKey) : QJsonValue());
         array.append(object);
     }
-    terminal::writeLine(QString::fromUtf8(QJsonDocument(array).toJson(QJsonDocument::Compact)));
+    terminal::writeJson(array);
     return ExitCode::done;
 }
 

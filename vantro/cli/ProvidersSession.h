@@ -4,8 +4,7 @@
 #include "platform/Platform.h"
 #include "vantro/ai/providers/ProviderForm.h"
 #include "vantro/app/Rewriting.h"
-
-#include <QCommandLineParser>
+#include "vantro/cli/Command.h"
 
 namespace vantro {
 
@@ -23,16 +22,20 @@ struct ProvidersSession
 };
 
 /// The options that say what a provider's settings shall be.
-void addProviderOptions(QCommandLineParser& parser);
+std::vector<CommandOption> providerOptions();
 
-/// "vantro providers list".
-int listProviders(ProvidersSession& session, bool json);
-/// "vantro providers add": @p parser has the options.
-int addProvider(ProvidersSession& session, const QCommandLineParser& parser);
-int editProvider(ProvidersSession& session, const ProviderConfiguration& former, const QCommandLineParser& parser);
-int removeProvider(ProvidersSession& session, const ProviderConfiguration& provider, const QCommandLineParser& parser);
-/// "vantro providers test": one request with the stored key.
-int testProvider(ProvidersSession& session, const ProviderConfiguration& provider, bool json);
+/// The provider that @p call names; throws CommandError when there is none.
+[[nodiscard]] ProviderConfiguration providerFrom(const CommandCall& call, const ProvidersSession& session);
+/// noService when the key store or the provider does not answer.
+[[nodiscard]] int providersExitCode(const Error& error);
+
+// "vantro providers" with its actions.
+int listProviders(const CommandCall& call);
+int addProvider(const CommandCall& call);
+int editProvider(const CommandCall& call);
+int removeProvider(const CommandCall& call);
+/// One request with the stored key.
+int testProvider(const CommandCall& call);
 
 /// What scripts read about a provider.
 [[nodiscard]] QJsonObject providerJson(const ProviderConfiguration& provider);

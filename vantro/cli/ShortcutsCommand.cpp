@@ -1,19 +1,14 @@
-#include "vantro/cli/ShortcutsCommand.h"
-
 #include "KeyboardShortcuts/ShortcutValidator.h"
 #include "base/Settings.h"
 #include "platform/KeyCode.h"
 #include "platform/Platform.h"
-#include "vantro/cli/ExitCode.h"
+#include "vantro/cli/Commands.h"
 #include "vantro/cli/RunningProgram.h"
 #include "vantro/cli/Terminal.h"
 
-#include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QEventLoop>
-#include <QJsonArray>
-#include <QJsonDocument>
 #include <QTimer>
 
 #include <array>
@@ -60,7 +55,6 @@ struct Session
     KeyboardShortcuts shortcuts{*keyboard.hotKeys, defaults, notifications};
     ShortcutValidator validator{shortcuts, *keyboard.desktopShortcuts};
     std::optional<QJsonObject> running = runningProgramStatus();
-    bool json = false;
 
     [[nodiscard]] QString mode() const
     {
@@ -74,24 +68,21 @@ const std::array<Slot, 2>& slotList()
     return all;
 }
 
-const Name* nameOf(const QString& text)
+const Name& nameFrom(const CommandCall& call)
 {
+    const QString& text = call.words.front();
     for (const Slot& slot : slotList()) {
         if (text == QLatin1String(slot.word) || text == slot.name.rawValue)
-            return &slot.name;
+            return slot.name;
     }
-    return nullptr;
+    throw WrongUsage(QStringLiteral("there is no shortcut \"%1\": take open or stop").arg(text));
 }
 
-int wrongUsage(const QString& text)
+void requireKeyboard()
 {
-    terminal::writeError(text + QStringLiteral(" (see vantro shortcuts --help)"));
-    return ExitCode::usage;
-}
-
-void writeJson(const QJsonObject& object)
-{
-    terminal::writeLine(QString::fromUtf8(QJsonDocument(object).toJson(QJsonDocument::Compact)));
+    if (qEnvironmentVariableIsEmpty("DISPLAY"))
+        throw CommandError(ExitCode::noService,
+                           QStringLiteral("there is no X server: run it inside the desktop session"));
 }
 
 QString textOf(const std::optional<Shortcut>& shortcut)
@@ -117,8 +108,9 @@ QString problemOf(Session& session, const Name& name)
     return session.shortcuts.whyUnavailable(*shortcut).value_or(QString());
 }
 
-int show(Session& session)
+int show(const CommandCall& call)
 {
+    Session session;
     QJsonArray list;
     std::vector<QStringList> rows{
         {QStringLiteral("NAME"), QStringLiteral("KEYS"), QStringLiteral("FOR"), QStringLiteral("STATE")}};
@@ -137,10 +129,10 @@ int show(Session& session)
                         : isGlobal         ? QStringLiteral("works")
                                            : QStringLiteral("in the launcher")});
     }
-    if (session.json) {
-        writeJson({{QStringLiteral("mode"), session.mode()},
-                   {QStringLiteral("running"), session.running.has_value()},
-                   {QStringLiteral("shortcuts"), list}});
+    if (call.json()) {
+        terminal::writeJson(QJsonObject{{QStringLiteral("mode"), session.mode()},
+                                        {QStringLiteral("running"), session.running.has_value()},
+                                        {QStringLiteral("shortcuts"), list}});
         return ExitCode::done;
     }
     terminal::writeTable(rows);
@@ -167,43 +159,47 @@ QString followed(const Shortcut& shortcut)
     return QStringLiteral("the running vantro has not adopted it: start it again");
 }
 
-int set(Session& session, const Name& name, const QString& keys, bool force)
+int set(const CommandCall& call)
 {
+    const Name& name = nameFrom(call);
+    requireKeyboard();
+    Session session;
+    const QString& keys = call.words.back();
     const auto parsed = parseShortcut(keys);
     if (!parsed)
-        return wrongUsage(
+        throw WrongUsage(
             QStringLiteral("\"%1\" is no shortcut: name modifiers and a key, for example Ctrl+Alt+D").arg(keys));
     const Shortcut shortcut({parsed->keyCode}, parsed->modifiers);
     const bool isOwn = isHeldByRunningProgram(session, name) && session.shortcuts.shortcut(name) == shortcut;
     const auto refusal = isOwn ? std::nullopt : session.validator.refusal(name, shortcut);
-    if (refusal && !(force && refusal->canForce)) {
+    if (refusal && !(call.has("force") && refusal->canForce)) {
         QStringList sentences{refusal->message, refusal->advice};
         if (refusal->canForce)
             sentences << QStringLiteral("--force uses it anyway.");
         sentences.removeAll(QString());
-        terminal::writeError(sentences.join(QLatin1Char(' ')));
-        return ExitCode::failed;
+        throw CommandError(ExitCode::failed, sentences.join(QLatin1Char(' ')));
     }
     session.shortcuts.setShortcut(name, shortcut);
     if (isHeldByRunningProgram(session, name)) {
-        if (const QString problem = followed(shortcut); !problem.isEmpty()) {
-            terminal::writeError(problem);
-            return ExitCode::failed;
-        }
+        if (const QString problem = followed(shortcut); !problem.isEmpty())
+            throw CommandError(ExitCode::failed, problem);
     }
-    if (session.json)
-        writeJson({{QStringLiteral("name"), name.rawValue}, {QStringLiteral("keys"), shortcut.displayText()}});
+    if (call.json())
+        terminal::writeJson(
+            QJsonObject{{QStringLiteral("name"), name.rawValue}, {QStringLiteral("keys"), shortcut.displayText()}});
     else
         terminal::writeLine(QStringLiteral("%1: %2").arg(ShortcutValidator::title(name), shortcut.displayText()));
     return ExitCode::done;
 }
 
-int clear(Session& session, const Name& name)
+int clear(const CommandCall& call)
 {
+    const Name& name = nameFrom(call);
+    Session session;
     session.shortcuts.setShortcut(name, std::nullopt);
     const QString keys = textOf(session.shortcuts.shortcut(name));
-    if (session.json)
-        writeJson({{QStringLiteral("name"), name.rawValue}, {QStringLiteral("keys"), keys}});
+    if (call.json())
+        terminal::writeJson(QJsonObject{{QStringLiteral("name"), name.rawValue}, {QStringLiteral("keys"), keys}});
     else
         terminal::writeLine(QStringLiteral("%1: %2").arg(ShortcutValidator::title(name),
                                                          keys.isEmpty() ? QStringLiteral("no shortcut") : keys));
@@ -211,12 +207,10 @@ int clear(Session& session, const Name& name)
 }
 
 /// Registers the shortcut here and waits for the user to press it.
-int waitForPress(Session& session, const Shortcut& shortcut)
+int waitForPress(Session& session, const Shortcut& shortcut, bool json)
 {
-    if (const auto problem = session.shortcuts.whyUnavailable(shortcut)) {
-        terminal::writeError(*problem);
-        return ExitCode::failed;
-    }
+    if (const auto problem = session.shortcuts.whyUnavailable(shortcut))
+        throw CommandError(ExitCode::failed, *problem);
     const Name trial{QStringLiteral("trial"), shortcut};
     QEventLoop loop;
     QElapsedTimer held;
@@ -224,105 +218,66 @@ int waitForPress(Session& session, const Shortcut& shortcut)
     const auto up = session.shortcuts.onKeyUp(trial, loop, [&] { loop.quit(); });
     QTimer::singleShot(std::chrono::seconds(secondsToPress), &loop, [&] { loop.exit(ExitCode::failed); });
     terminal::writeMessage(QStringLiteral("Press %1 within %2 s.").arg(shortcut.displayText()).arg(secondsToPress));
-    if (loop.exec() != ExitCode::done) {
-        terminal::writeError(QStringLiteral("%1 was not pressed, or did not come here").arg(shortcut.displayText()));
-        return ExitCode::failed;
-    }
+    if (loop.exec() != ExitCode::done)
+        throw CommandError(ExitCode::failed,
+                           QStringLiteral("%1 was not pressed, or did not come here").arg(shortcut.displayText()));
     const qint64 heldMs = held.elapsed();
-    if (session.json)
-        writeJson({{QStringLiteral("keys"), shortcut.displayText()}, {QStringLiteral("held_ms"), heldMs}});
+    if (json)
+        terminal::writeJson(
+            QJsonObject{{QStringLiteral("keys"), shortcut.displayText()}, {QStringLiteral("held_ms"), heldMs}});
     else
         terminal::writeLine(QStringLiteral("%1 works: it was held for %2 ms").arg(shortcut.displayText()).arg(heldMs));
     return ExitCode::done;
 }
 
-int test(Session& session, const Name& name)
+int test(const CommandCall& call)
 {
+    const Name& name = nameFrom(call);
+    requireKeyboard();
+    Session session;
     const auto shortcut = session.shortcuts.shortcut(name);
     const QString problem = problemOf(session, name);
-    if (!shortcut || !problem.isEmpty()) {
-        terminal::writeError(problem);
-        return ExitCode::failed;
-    }
+    if (!shortcut || !problem.isEmpty())
+        throw CommandError(ExitCode::failed, problem);
     if (!isHeldByRunningProgram(session, name))
-        return waitForPress(session, *shortcut);
-    if (session.json)
-        writeJson({{QStringLiteral("keys"), shortcut->displayText()}, {QStringLiteral("running"), true}});
+        return waitForPress(session, *shortcut, call.json());
+    if (call.json())
+        terminal::writeJson(
+            QJsonObject{{QStringLiteral("keys"), shortcut->displayText()}, {QStringLiteral("running"), true}});
     else
         terminal::writeLine(QStringLiteral("%1 works: the running vantro has it").arg(shortcut->displayText()));
     return ExitCode::done;
 }
 
-int mode(Session& session, const QString& wanted)
+int mode(const CommandCall& call)
 {
+    const QString wanted = call.words.value(0);
+    if (!QStringList{QString(), QStringLiteral("press"), QStringLiteral("hold")}.contains(wanted))
+        throw WrongUsage(QStringLiteral("the mode is press or hold"));
+    Session session;
     if (!wanted.isEmpty())
         session.defaults.set(setting::holdToTalk, wanted == QLatin1String("hold"));
-    if (session.json)
-        writeJson({{QStringLiteral("mode"), session.mode()}});
+    if (call.json())
+        terminal::writeJson(QJsonObject{{QStringLiteral("mode"), session.mode()}});
     else
         terminal::writeLine(session.mode());
     return ExitCode::done;
 }
 
-bool needsKeyboard(const QString& action)
-{
-    return action == QLatin1String("set") || action == QLatin1String("test");
-}
-
-int carryOut(const QStringList& words, bool json, bool force)
-{
-    const QString action = words.value(0, QStringLiteral("show"));
-    const qsizetype expected = action == QLatin1String("set") ? 3 : action == QLatin1String("show") ? 1 : 2;
-    static const QStringList actions{QStringLiteral("show"), QStringLiteral("set"), QStringLiteral("test"),
-                                     QStringLiteral("clear"), QStringLiteral("mode")};
-    if (!actions.contains(action))
-        return wrongUsage(QStringLiteral("there is no action \"%1\"").arg(action));
-    const bool isMode = action == QLatin1String("mode");
-    if (words.size() > expected || (words.size() < expected && !isMode && action != QLatin1String("show")))
-        return wrongUsage(
-            QStringLiteral("shortcuts %1 takes %2")
-                .arg(action, expected == 3 ? QStringLiteral("a name and keys") : QStringLiteral("one name")));
-    Session session;
-    session.json = json;
-    if (isMode) {
-        static const QStringList modes{QString(), QStringLiteral("press"), QStringLiteral("hold")};
-        return modes.contains(words.value(1)) ? mode(session, words.value(1))
-                                              : wrongUsage(QStringLiteral("the mode is press or hold"));
-    }
-    if (action == QLatin1String("show"))
-        return show(session);
-    const Name* const name = nameOf(words.value(1));
-    if (name == nullptr)
-        return wrongUsage(QStringLiteral("there is no shortcut \"%1\": take open or stop").arg(words.value(1)));
-    if (needsKeyboard(action) && qEnvironmentVariableIsEmpty("DISPLAY")) {
-        terminal::writeError(QStringLiteral("there is no X server: run it inside the desktop session"));
-        return ExitCode::noService;
-    }
-    if (action == QLatin1String("set"))
-        return set(session, *name, words.value(2), force);
-    return action == QLatin1String("test") ? test(session, *name) : clear(session, *name);
-}
-
 } // namespace
 
-int runShortcuts(const QStringList& arguments)
+Command shortcutsCommand()
 {
-    QCommandLineParser parser;
-    parser.setApplicationDescription(QLatin1String(description));
-    terminal::addHelpOption(parser);
-    parser.addOption({QStringLiteral("json"), QStringLiteral("JSON instead of text.")});
-    parser.addOption({QStringLiteral("force"), QStringLiteral("Use a shortcut that something else uses too.")});
-    parser.addPositionalArgument(QStringLiteral("ACTION"), QStringLiteral("What to do."), QStringLiteral("[ACTION"));
-    parser.addPositionalArgument(QStringLiteral("NAME"), QStringLiteral("open or stop."), QStringLiteral("[NAME"));
-    parser.addPositionalArgument(QStringLiteral("KEYS"), QStringLiteral("The keys."), QStringLiteral("[KEYS]]]"));
-    if (!parser.parse(QStringList{QStringLiteral("vantro shortcuts")} + arguments))
-        return wrongUsage(parser.errorText());
-    if (parser.isSet(QStringLiteral("help"))) {
-        terminal::writeLine(terminal::helpText(parser, QStringLiteral("shortcuts")));
-        return ExitCode::done;
-    }
-    return carryOut(parser.positionalArguments(), parser.isSet(QStringLiteral("json")),
-                    parser.isSet(QStringLiteral("force")));
+    return {.name = "shortcuts",
+            .summary = "Show, set, test and clear the shortcuts; press or hold to talk.",
+            .description = description,
+            .actions = {{"show", show},
+                        {"set", set, 2, 2, "takes a name and keys"},
+                        {"test", test, 1, 1, "takes one name"},
+                        {"clear", clear, 1, 1, "takes one name"},
+                        {"mode", mode, 0, 1}},
+            .options = {Command::jsonOption, {"force", "Use a shortcut that something else uses too."}},
+            .words = {{"NAME", "open or stop.", "[NAME"}, {"KEYS", "The keys.", "[KEYS]]]"}}};
 }
 
 } // namespace vantro

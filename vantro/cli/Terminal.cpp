@@ -1,5 +1,7 @@
 #include "vantro/cli/Terminal.h"
 
+#include <QJsonDocument>
+
 #include <langinfo.h>
 #include <sys/ioctl.h>
 #include <termios.h>
@@ -49,6 +51,16 @@ void terminal::writeLine(const QString& line)
     const QByteArray bytes = line.toUtf8() + '\n';
     std::fwrite(bytes.constData(), 1, static_cast<std::size_t>(bytes.size()), stdout);
     std::fflush(stdout);
+}
+
+void terminal::writeJson(const QJsonObject& object)
+{
+    writeLine(QString::fromUtf8(QJsonDocument(object).toJson(QJsonDocument::Compact)));
+}
+
+void terminal::writeJson(const QJsonArray& array)
+{
+    writeLine(QString::fromUtf8(QJsonDocument(array).toJson(QJsonDocument::Compact)));
 }
 
 void terminal::writeTable(const std::vector<QStringList>& rows)

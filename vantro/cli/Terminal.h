@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QCommandLineParser>
+#include <QJsonArray>
+#include <QJsonObject>
 #include <QString>
 #include <QStringList>
 
@@ -19,6 +21,8 @@ int outputWidth();
 
 /// One line on standard output.
 void writeLine(const QString& line);
+void writeJson(const QJsonObject& object);
+void writeJson(const QJsonArray& array);
 /// Puts @p question and reads the answer; false for all that is no yes.
 bool ask(const QString& question);
 /// A text from elsewhere as one line that cannot steer a terminal: control characters and line breaks become blanks.

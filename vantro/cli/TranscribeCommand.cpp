@@ -1,6 +1,7 @@
 #include "vantro/cli/TranscribeCommand.h"
 
 #include "asr/ASRError.h"
+#include "base/RunTask.h"
 #include "base/SampleFormat.h"
 #include "vantro/app/Speech.h"
 #include "vantro/cli/ExitCode.h"
@@ -13,7 +14,6 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <qcoro/qcorotask.h>
 
 #include <exception>
 #include <utility>
@@ -39,26 +39,6 @@ struct Transcript
     qint64 transcribeMs = 0;
     std::optional<std::vector<TranscribedToken>> tokens = {};
 };
-
-QCoro::Task<> settle(QCoro::Task<QString> task, QString& text, std::exception_ptr& error)
-{
-    try {
-        text = co_await task;
-    } catch (...) {
-        error = std::current_exception();
-    }
-}
-
-/// What the task answers or throws; QCoro's own waiting never ends when it throws.
-QString waitFor(QCoro::Task<QString> task)
-{
-    QString text;
-    std::exception_ptr error;
-    QCoro::waitFor(settle(std::move(task), text, error));
-    if (error)
-        std::rethrow_exception(error);
-    return text;
-}
 
 /// Everything a transcription without windows needs.
 class Session
@@ -113,7 +93,7 @@ Transcript Session::transcribe(const QString& file, const TranscriptionModel& mo
     const auto keepTokens = [&result](const std::vector<TranscribedToken>& tokens) {
         result.tokens = tokens;
     };
-    result.text = waitFor(speech_.facade.transcribe(file, std::move(audio.samples),
+    result.text = runTask(speech_.facade.transcribe(file, std::move(audio.samples),
                                                     {&model, options.language, showProgress, keepTokens}));
     terminal::showProgress({});
     result.transcribeMs = timer.elapsed();

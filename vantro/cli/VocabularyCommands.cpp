@@ -1,13 +1,8 @@
-#include "vantro/cli/VocabularyCommands.h"
-
-#include "base/Error.h"
-#include "vantro/cli/ExitCode.h"
+#include "vantro/cli/Commands.h"
 #include "vantro/cli/ListFile.h"
 #include "vantro/cli/Terminal.h"
 #include "vantro/text/VocabularyFile.h"
 #include "vantro/text/VocabularySettings.h"
-
-#include <QCommandLineParser>
 
 #include <algorithm>
 #include <optional>
@@ -46,8 +41,6 @@ class EditedList
 public:
     virtual ~EditedList() = default;
 
-    [[nodiscard]] virtual QString command() const = 0;
-    [[nodiscard]] virtual QLatin1String description() const = 0;
     [[nodiscard]] virtual bool acceptsToAdd(const QStringList& words) const = 0;
     /// One row of fields per entry.
     [[nodiscard]] virtual std::vector<QStringList> rows() const = 0;
@@ -72,8 +65,6 @@ protected:
 class ReplacementList final : public EditedList
 {
 public:
-    [[nodiscard]] QString command() const override { return QStringLiteral("replacements"); }
-    [[nodiscard]] QLatin1String description() const override { return QLatin1String(replacementsDescription); }
     [[nodiscard]] bool acceptsToAdd(const QStringList& words) const override
     {
         return (words.size() == 1 || words.size() == 2) && !words[0].trimmed().isEmpty();
@@ -125,8 +116,6 @@ public:
 class WordList final : public EditedList
 {
 public:
-    [[nodiscard]] QString command() const override { return QStringLiteral("vocabulary"); }
-    [[nodiscard]] QLatin1String description() const override { return QLatin1String(vocabularyDescription); }
     [[nodiscard]] bool acceptsToAdd(const QStringList& words) const override
     {
         return !words.isEmpty() &&
@@ -166,23 +155,9 @@ public:
     void removeAt(std::size_t index) override { settings_.removeVocabularyWord(static_cast<qsizetype>(index)); }
 };
 
-struct Options
+int show(EditedList& list, const CommandCall& call)
 {
-    QString action;
-    QStringList words;
-    bool json = false;
-    std::optional<ListFormat> format;
-};
-
-int wrongUsage(const EditedList& list, const QString& text)
-{
-    terminal::writeError(QStringLiteral("%1 (see vantro %2 --help)").arg(text, list.command()));
-    return ExitCode::usage;
-}
-
-int show(const EditedList& list, const Options& options)
-{
-    if (options.json) {
+    if (call.json()) {
         writeListFile({}, list.content(ListFormat::json));
         return ExitCode::done;
     }
@@ -205,8 +180,9 @@ int show(const EditedList& list, const Options& options)
     return ExitCode::done;
 }
 
-int remove(EditedList& list, const QString& text)
+int remove(EditedList& list, const CommandCall& call)
 {
+    const QString& text = call.words.front();
     const auto rows = list.rows();
     bool isNumber = false;
     const qsizetype number = text.startsWith(QLatin1Char('#')) ? text.mid(1).toLongLong(&isNumber) : 0;
@@ -218,28 +194,38 @@ int remove(EditedList& list, const QString& text)
             ++removed;
         }
     }
-    if (removed == 0) {
-        terminal::writeError(
-            QStringLiteral("there is no entry \"%1\": vantro %2 lists them").arg(text, list.command()));
-        return ExitCode::notFound;
-    }
+    if (removed == 0)
+        throw CommandError(ExitCode::notFound,
+                           QStringLiteral("there is no entry \"%1\": vantro %2 lists them").arg(text, call.command));
     terminal::writeLine(QStringLiteral("%1 removed").arg(removed));
     return ExitCode::done;
 }
 
-int add(EditedList& list, const QStringList& words)
+int add(EditedList& list, const CommandCall& call)
 {
-    const qsizetype added = list.add(words);
+    if (!list.acceptsToAdd(call.words))
+        throw WrongUsage(QStringLiteral("tell what to add"));
+    const qsizetype added = list.add(call.words);
     terminal::writeLine(added > 0 ? QStringLiteral("%1 added").arg(added) : QStringLiteral("Nothing new"));
     return ExitCode::done;
 }
 
-int import(EditedList& list, const Options& options)
+/// That of the option, else that of the file's name.
+ListFormat formatFrom(const CommandCall& call, const QString& path)
 {
-    const QString& path = options.words[0];
+    const QString format = call.value("format");
+    if (!format.isEmpty() && format != QLatin1String("json") && format != QLatin1String("csv"))
+        throw WrongUsage(QStringLiteral("there is no format \"%1\"").arg(format));
+    return format.isEmpty() ? listFormatOf(path) : format == QLatin1String("csv") ? ListFormat::csv : ListFormat::json;
+}
+
+int import(EditedList& list, const CommandCall& call)
+{
+    const QString& path = call.words.front();
+    const ListFormat format = formatFrom(call, path);
     try {
         const qsizetype before = static_cast<qsizetype>(list.rows().size());
-        const qsizetype added = list.addAll(readListFile(path), options.format.value_or(listFormatOf(path)));
+        const qsizetype added = list.addAll(readListFile(path), format);
         terminal::writeLine(QStringLiteral("%1 added to %2").arg(added).arg(before));
         return ExitCode::done;
     } catch (const Error& error) {
@@ -247,84 +233,46 @@ int import(EditedList& list, const Options& options)
     }
 }
 
-int carryOut(EditedList& list, const Options& options)
+int exportTo(EditedList& list, const CommandCall& call)
 {
-    if (options.action == QLatin1String("list"))
-        return show(list, options);
-    if (options.action == QLatin1String("add"))
-        return add(list, options.words);
-    if (options.action == QLatin1String("remove"))
-        return remove(list, options.words[0]);
-    if (options.action == QLatin1String("import"))
-        return import(list, options);
-    const QString path = options.words.value(0);
-    writeListFile(path, list.content(options.format.value_or(listFormatOf(path))));
+    const QString path = call.words.value(0);
+    writeListFile(path, list.content(formatFrom(call, path)));
     return ExitCode::done;
 }
 
-QString problemWith(const EditedList& list, const Options& options)
+template <typename List>
+Command listCommand(const char* name, const char* summary, const char* description)
 {
-    const qsizetype count = options.words.size();
-    if (options.action == QLatin1String("list"))
-        return count > 0 ? QStringLiteral("too many words") : QString();
-    if (options.action == QLatin1String("add"))
-        return list.acceptsToAdd(options.words) ? QString() : QStringLiteral("tell what to add");
-    if (options.action == QLatin1String("remove") || options.action == QLatin1String("import"))
-        return count == 1 ? QString() : QStringLiteral("%1 %2 takes one word").arg(list.command(), options.action);
-    if (options.action == QLatin1String("export"))
-        return count < 2 ? QString() : QStringLiteral("too many words");
-    return QStringLiteral("there is no action \"%1\"").arg(options.action);
-}
-
-int run(EditedList& list, const QStringList& arguments)
-{
-    QCommandLineParser parser;
-    parser.setApplicationDescription(list.description());
-    terminal::addHelpOption(parser);
-    parser.addOption({QStringLiteral("json"), QStringLiteral("JSON instead of text.")});
-    parser.addOption({QStringLiteral("format"), QStringLiteral("json or csv, whatever the file is called."),
-                      QStringLiteral("FORMAT")});
-    parser.addPositionalArgument(QStringLiteral("ACTION"), QStringLiteral("What to do."), QStringLiteral("[ACTION"));
-    parser.addPositionalArgument(QStringLiteral("WORD"), QStringLiteral("With what."), QStringLiteral("[WORD...]]"));
-    if (!parser.parse(QStringList{QStringLiteral("vantro ") + list.command()} + arguments))
-        return wrongUsage(list, parser.errorText());
-    if (parser.isSet(QStringLiteral("help"))) {
-        terminal::writeLine(terminal::helpText(parser, list.command()));
-        return ExitCode::done;
-    }
-    QStringList words = parser.positionalArguments();
-    Options options;
-    options.action = words.isEmpty() ? QStringLiteral("list") : words.takeFirst();
-    options.words = words;
-    options.json = parser.isSet(QStringLiteral("json"));
-    const QString format = parser.value(QStringLiteral("format"));
-    if (!format.isEmpty() && format != QLatin1String("json") && format != QLatin1String("csv"))
-        return wrongUsage(list, QStringLiteral("there is no format \"%1\"").arg(format));
-    if (!format.isEmpty())
-        options.format = format == QLatin1String("csv") ? ListFormat::csv : ListFormat::json;
-    if (const QString problem = problemWith(list, options); !problem.isEmpty())
-        return wrongUsage(list, problem);
-    try {
-        return carryOut(list, options);
-    } catch (const Error& error) {
-        terminal::writeError(
-            QStringLiteral("%1 %2: %3").arg(list.command(), options.action, error.localizedDescription()));
-        return ExitCode::failed;
-    }
+    const auto on = [](int (*action)(EditedList&, const CommandCall&)) {
+        return [action](const CommandCall& call) {
+            List list;
+            return action(list, call);
+        };
+    };
+    return {.name = name,
+            .summary = summary,
+            .description = description,
+            .actions = {{"list", on(show)},
+                        {"add", on(add), 0, Command::anyNumber},
+                        {"remove", on(remove), 1, 1, "takes one word"},
+                        {"import", on(import), 1, 1, "takes one word"},
+                        {"export", on(exportTo), 0, 1}},
+            .options = {Command::jsonOption, {"format", "json or csv, whatever the file is called.", "FORMAT"}},
+            .words = {{"WORD", "With what.", "[WORD...]]"}}};
 }
 
 } // namespace
 
-int runReplacements(const QStringList& arguments)
+Command replacementsCommand()
 {
-    ReplacementList list;
-    return run(list, arguments);
+    return listCommand<ReplacementList>("replacements", "Show and edit what is written instead of what.",
+                                        replacementsDescription);
 }
 
-int runVocabulary(const QStringList& arguments)
+Command vocabularyCommand()
 {
-    WordList list;
-    return run(list, arguments);
+    return listCommand<WordList>("vocabulary", "Show and edit the words that the engine is told of.",
+                                 vocabularyDescription);
 }
 
 } // namespace vantro

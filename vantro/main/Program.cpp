@@ -1,7 +1,6 @@
 #include "vantro/main/Program.h"
 
 #include "KeyboardShortcuts/RawKeyMonitor.h"
-#include "base/Settings.h"
 #include "platform/KeyCode.h"
 #include "platform/Platform.h"
 #include "vantro/ai/ModeHandlers.h"
@@ -110,10 +109,6 @@ void Program::connectShell()
 {
     QObject::connect(&windows_, &Windows::dictateRequested, &delegate_, [this] { delegate_.showLauncherAndRecord(); });
     QObject::connect(&windows_, &Windows::quitRequested, qApp, &QCoreApplication::quit);
-    QObject::connect(&defaults_, &UserDefaults::changed, &delegate_, [this](const QString& key) {
-        if (key == setting::modelHostBaseURL.key)
-            speech_.catalogue.setHost(ModelHost::address(defaults_, options_.modelHost));
-    });
     // A session that only saves itself, or whose end is called off, costs no dictation: nothing is lost before the end.
     for (const auto request : {&QGuiApplication::commitDataRequest, &QGuiApplication::saveStateRequest})
         QObject::connect(qGuiApp, request, &delegate_, &leaveStartToAutostart);
