@@ -1,5 +1,6 @@
 #include "vantro/support/UpdateChecker.h"
 
+#include "base/Error.h"
 #include "base/Logger.h"
 
 #include <QPointer>

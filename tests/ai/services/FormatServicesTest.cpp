@@ -3,6 +3,7 @@
 #include "vantro/ai/services/LocalFormatError.h"
 
 #include <QJsonArray>
+#include <QMutex>
 #include <QRegularExpression>
 
 using namespace vantro;
