@@ -1,5 +1,6 @@
 // What the pages of the settings do with the user's lists, and what they say when it cannot be done.
 #include "base/Settings.h"
+#include "base/testing/ManualClock.h"
 #include "platform/testing/FakeSecretStore.h"
 #include "platform/testing/FakeWorkspace.h"
 #include "vantro/ai/providers/KeychainService.h"
@@ -75,7 +76,8 @@ TEST_F(SettingsPages, OpenPagesFollowWhatACommandSets)
 {
     doubles::FakeWorkspace workspace;
     NoLoginItem loginItem;
-    UpdateChecker updates({defaults, workspace, {}, {}, {}});
+    doubles::ManualClock clock;
+    UpdateChecker updates({defaults, workspace, clock, {}, {}, {}});
     GeneralSettings general({defaults, loginItem, updates});
     ModesModel modes({defaults, prompts, manager, [](ProcessingMode) {
                           return true;
