@@ -5,14 +5,11 @@
 
 namespace vantro {
 
-/// Holds one coroutine until somebody opens it; it goes on before open() returns. Main thread.
+/// Holds one coroutine at "co_await gate.opened()" until somebody opens it; the coroutine goes on before open()
+/// returns. Main thread.
 class Gate
 {
 public:
-    [[nodiscard]] bool await_ready() const { return isOpen_; }
-    void await_suspend(std::coroutine_handle<> waiting) { waiting_ = waiting; }
-    void await_resume() const {}
-
     /// Opening it again does nothing.
     void open()
     {
@@ -20,8 +17,19 @@ public:
         if (const auto waiting = std::exchange(waiting_, nullptr))
             waiting.resume();
     }
+    /// An object of its own, since GCC 12 awaits a copy of what is not a temporary.
+    [[nodiscard]] auto opened() { return Opened{*this}; }
 
 private:
+    struct Opened
+    {
+        [[nodiscard]] bool await_ready() const { return gate.isOpen_; }
+        void await_suspend(std::coroutine_handle<> waiting) { gate.waiting_ = waiting; }
+        void await_resume() const {}
+
+        Gate& gate;
+    };
+
     bool isOpen_ = false;
     std::coroutine_handle<> waiting_;
 };

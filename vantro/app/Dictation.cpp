@@ -48,7 +48,7 @@ QCoro::Task<> Dictation::run(Keyboard keyboard)
         const auto engineUse = parts_.transcription.prepare(); // loads its model while the user speaks
         openLauncher(keyboard);
 
-        co_await spoken_;
+        co_await spoken_.opened();
         endRecording();
         std::vector<float> samples = co_await drain();
         const QString transcript = co_await transcribe(std::move(samples));

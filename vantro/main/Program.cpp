@@ -1,7 +1,6 @@
 #include "vantro/main/Program.h"
 
 #include "KeyboardShortcuts/RawKeyMonitor.h"
-#include "platform/KeyCode.h"
 #include "platform/Platform.h"
 #include "vantro/ai/ModeHandlers.h"
 #include "vantro/app/AppDelegate.h"
@@ -16,6 +15,7 @@
 #include "vantro/main/EndSignals.h"
 #include "vantro/main/RunMarker.h"
 #include "vantro/main/SecondStart.h"
+#include "vantro/main/ShortcutSetup.h"
 #include "vantro/main/SoleInstance.h"
 #include "vantro/main/Windows.h"
 
@@ -51,9 +51,6 @@ public:
     void launch();
 
 private:
-    void settleShortcut(const QString& wanted);
-    void useShortcut(const QString& text);
-    void handOver(const QStringList& arguments);
     void connectShell();
     [[nodiscard]] Dictation::Parts dictationParts();
 
@@ -77,12 +74,9 @@ private:
     KeyboardShortcuts shortcuts_{*platform_.hotKeys, defaults_, notifications_};
     RawKeyMonitor rawKeys_{shortcuts_, *platform_.hotKeys};
     PasteDelivery delivery_;
-    Windows windows_{{defaults_, notifications_, clock_, platform_, speech_.catalogue, speech_.selection,
-                      speech_.downloader, history_.store, devices_, recorder_, shortcuts_, vocabulary_, rewriting_,
-                      [this](const auto& model) { return speech_.status(model); },
-                      [this](const auto& model) {
-                          speech_.remove(model);
-                      }}};
+    Windows windows_{{defaults_, notifications_, clock_, platform_, speech_, history_.store, devices_, recorder_,
+                      shortcuts_, vocabulary_, rewriting_}};
+    ShortcutSetup shortcutSetup_{shortcuts_, windows_};
     std::optional<RunMarker> marker_;
     std::optional<EndSignals> endSignals_;
     AppDelegate delegate_;
@@ -91,7 +85,8 @@ private:
 
 Program::Program(const ProgramOptions& options)
     : options_(options)
-    , soleInstance_(SoleInstance::standardFolder(), [this](const QStringList& arguments) { handOver(arguments); })
+    , soleInstance_(SoleInstance::standardFolder(),
+                    [this](const QStringList& arguments) { shortcutSetup_.handOver(arguments); })
     , platform_(makePlatform())
     , delivery_(*platform_.pasteboard, *platform_.keyEvents, *platform_.workspace, defaults_, clock_)
     , delegate_({dictationParts(), *platform_.permissions, shortcuts_, speech_.selection, history_.migrations,
@@ -100,7 +95,7 @@ Program::Program(const ProgramOptions& options)
                      return speech_.engines.of(model).check(model);
                  }})
     , control_(delegate_, {recorder_, devices_, speech_.selection, shortcuts_},
-               [this](const QStringList& arguments) { handOver(arguments); })
+               [this](const QStringList& arguments) { shortcutSetup_.handOver(arguments); })
 {
     connectShell();
 }
@@ -151,55 +146,13 @@ void Program::launch()
     marker_.emplace(RunMarker::standardPath());
     history_.store.setSummaryPrompt([this] { return rewriting_.prompts().prompt(ProcessingMode::Notes); });
     defaults_.watch();
-    const bool isFirstStart = options_.shortcut.isEmpty() && !shortcuts_.shortcut(KeyboardShortcuts::Name::openModal);
-    settleShortcut(options_.shortcut);
-    if (isFirstStart)
-        windows_.showOnboarding();
+    shortcutSetup_.settle(options_.shortcut);
     delegate_.applicationDidFinishLaunching();
     rewriting_.start();
     if (marker_->foundCrash())
         windows_.alerts().tellOfCrash();
     if (defaults_.keptAside())
         windows_.alerts().tellOfSettings(*defaults_.keptAside());
-}
-
-void Program::settleShortcut(const QString& wanted)
-{
-    const auto name = KeyboardShortcuts::Name::openModal;
-    if (!wanted.isEmpty()) {
-        useShortcut(wanted);
-    } else if (!shortcuts_.shortcut(name)) {
-        if (const auto proposed = shortcuts_.proposeShortcut(name))
-            printLine(QStringLiteral("Press %1 to dictate").arg(proposed->displayText()));
-        else
-            windows_.askForShortcut(
-                QGuiApplication::tr("The usual shortcuts are all used by other programs. Take one of your own."));
-    }
-}
-
-void Program::useShortcut(const QString& text)
-{
-    const auto parsed = parseShortcut(text);
-    if (!parsed)
-        return;
-    const auto name = KeyboardShortcuts::Name::openModal;
-    shortcuts_.setShortcut(name, KeyboardShortcuts::Shortcut({parsed->keyCode}, parsed->modifiers));
-}
-
-void Program::handOver(const QStringList& arguments)
-{
-    if (arguments.isEmpty()) {
-        windows_.showMain();
-        return;
-    }
-    useShortcut(arguments.first());
-    const auto shortcut = shortcuts_.shortcut(KeyboardShortcuts::Name::openModal);
-    // A shortcut that does not work has its own alert.
-    if (!shortcut || shortcuts_.failure(KeyboardShortcuts::Name::openModal))
-        return;
-    windows_.alerts().show(
-        AlertWindow::Kind::informational, QGuiApplication::tr("vantro is running"),
-        QGuiApplication::tr("Press %1 to dictate into the window you are working in.").arg(shortcut->displayText()));
 }
 
 } // namespace

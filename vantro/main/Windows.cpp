@@ -78,7 +78,7 @@ Windows::Windows(Parts parts)
     QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/com.vantro.app.svg")));
     onboarding_.onClosed([this] {
         isSandboxMode_ = false;
-        parts_.downloader.cancel(); // what was fetched is kept
+        parts_.speech.downloader.cancel(); // what was fetched is kept
         parts_.notifications.post(notification::onboardingClosed);
     });
     connectTray();
@@ -207,11 +207,14 @@ LazyWindow::Content Windows::settingsContent()
 std::unique_ptr<ModelListModel> Windows::makeModelList()
 {
     auto models = std::make_unique<ModelListModel>(ModelListModel::Parts{
-        parts_.catalogue.models(), [this](const TranscriptionModel& model) { return stateOf(model); },
-        [this] { return parts_.models.selectedModel().name; },
-        [this](const TranscriptionModel& model) { parts_.models.select(model); },
-        [this](const TranscriptionModel& model) { showModelDownload(model, {}); }, parts_.removeModel});
-    connect(&parts_.downloader, &ModelDownloader::isRunningChanged, models.get(), &ModelListModel::refresh);
+        parts_.speech.catalogue.models(), [this](const TranscriptionModel& model) { return stateOf(model); },
+        [this] { return parts_.speech.selection.selectedModel().name; },
+        [this](const TranscriptionModel& model) { parts_.speech.selection.select(model); },
+        [this](const TranscriptionModel& model) { showModelDownload(model, {}); },
+        [this](const TranscriptionModel& model) {
+            parts_.speech.remove(model);
+        }});
+    connect(&parts_.speech.downloader, &ModelDownloader::isRunningChanged, models.get(), &ModelListModel::refresh);
     connect(&parts_.defaults, &UserDefaults::changed, models.get(), [list = models.get()](const QString& key) {
         if (key == setting::selectedModelName.key)
             list->refresh();
@@ -265,8 +268,9 @@ LazyWindow::Content Windows::onboardingContent()
 {
     auto model = std::make_unique<OnboardingModel>(OnboardingModel::Parts{
         parts_.platform.makeAudioEngine, parts_.devices, *parts_.platform.permissions, *parts_.platform.keyEvents,
-        parts_.shortcuts, parts_.notifications, parts_.clock, parts_.downloader, parts_.models.selectedModel(),
-        [this] { return !parts_.modelStatus(parts_.models.selectedModel()).file.isEmpty(); },
+        parts_.shortcuts, parts_.notifications, parts_.clock, parts_.speech.downloader,
+        parts_.speech.selection.selectedModel(),
+        [this] { return !parts_.speech.status(parts_.speech.selection.selectedModel()).file.isEmpty(); },
         [this](bool sandbox) {
             isSandboxMode_ = sandbox;
         }});
@@ -281,7 +285,7 @@ LazyWindow::Content Windows::onboardingContent()
 
 ModelListModel::State Windows::stateOf(const TranscriptionModel& model) const
 {
-    const ModelStatus status = parts_.modelStatus(model);
+    const ModelStatus status = parts_.speech.status(model);
     if (!status.file.isEmpty())
         return ModelListModel::Ready;
     return status.state == ModelStatus::State::partial ? ModelListModel::Partial : ModelListModel::Missing;
@@ -300,7 +304,8 @@ void Windows::showModelDownload(const TranscriptionModel& model, const QString& 
         return;
     }
     if (!downloadWindow_)
-        downloadWindow_ = std::make_unique<ModelDownloadWindow>(ui_.engine(), parts_.downloader, parts_.notifications);
+        downloadWindow_ =
+            std::make_unique<ModelDownloadWindow>(ui_.engine(), parts_.speech.downloader, parts_.notifications);
     downloadWindow_->present(model, problem);
 }
 

@@ -4,12 +4,10 @@
 #include "platform/Platform.h"
 #include "vantro/app/Rewriting.h"
 #include "vantro/app/Shell.h"
+#include "vantro/app/Speech.h"
 #include "vantro/audio/AudioDeviceManager.h"
 #include "vantro/audio/AudioRecorder.h"
 #include "vantro/main/Alerts.h"
-#include "vantro/models/ModelDownloader.h"
-#include "vantro/models/ModelSelection.h"
-#include "vantro/models/ModelStatus.h"
 #include "vantro/store/CoreDataStack.h"
 #include "vantro/support/UpdateChecker.h"
 #include "vantro/text/VocabularySettings.h"
@@ -40,19 +38,13 @@ public:
         NotificationCenter& notifications;
         Clock& clock;
         Platform& platform;
-        const ModelCatalogue& catalogue;
-        ModelSelection& models;
-        ModelDownloader& downloader;
+        Speech& speech;
         CoreDataStack& store;
         AudioDeviceManager& devices;
         const AudioRecorder& recorder;
         KeyboardShortcuts& shortcuts;
         VocabularySettings& vocabulary;
         Rewriting& rewriting;
-        /// Which of its files are there; reads none of them.
-        std::function<ModelStatus(const TranscriptionModel&)> modelStatus;
-        /// Throws Error.
-        std::function<void(const TranscriptionModel&)> removeModel;
     };
 
     explicit Windows(Parts parts);
