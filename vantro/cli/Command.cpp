@@ -78,7 +78,8 @@ int Command::run(const QStringList& arguments) const
         terminal::writeError(error.localizedDescription());
         return error.exitCode();
     } catch (const Error& error) {
-        const QString place = namesFailedAction ? QStringLiteral("%1 %2: ").arg(command, call.action) : QString();
+        const QString place =
+            namesFailedAction && hasActions() ? QStringLiteral("%1 %2: ").arg(command, call.action) : QString();
         terminal::writeError(place + error.localizedDescription());
         return exitCodeOf != nullptr ? exitCodeOf(error) : ExitCode::failed;
     }

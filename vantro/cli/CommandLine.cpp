@@ -2,9 +2,7 @@
 
 #include "platform/KeyCode.h"
 #include "vantro/cli/Commands.h"
-#include "vantro/cli/ModelsCommand.h"
 #include "vantro/cli/Terminal.h"
-#include "vantro/cli/TranscribeCommand.h"
 #include "vantro/models/ModelHost.h"
 
 #include <algorithm>
@@ -139,10 +137,6 @@ int CommandLine::run() const
         terminal::writeLine(QStringLiteral("vantro " VANTRO_VERSION));
         return ExitCode::done;
     }
-    if (command_ == QLatin1String("transcribe"))
-        return runTranscribe(arguments_);
-    if (command_ == QLatin1String("models"))
-        return runModels(arguments_, options_.modelHost);
     const auto command =
         std::ranges::find_if(commands, [this](const Command& c) { return command_ == QLatin1String(c.name); });
     if (command != commands.end())
@@ -154,22 +148,11 @@ int CommandLine::run() const
     return ExitCode::usage;
 }
 
-std::vector<Command> allCommands(const QString& /*modelHost*/)
+std::vector<Command> allCommands(const QString& modelHost)
 {
     std::vector<Command> commands{
-        {.name = "transcribe",
-         .summary = "Write the text of recordings to standard output.",
-         .actions = {{""}},
-         .words = {{"FILE", "", "FILE..."}}},
-        {.name = "models", .summary = "List, download, select, verify or remove speech models.", .actions = {{"list"}}},
-        devicesCommand(),
-        shortcutsCommand(),
-        modesCommand(),
-        replacementsCommand(),
-        vocabularyCommand(),
-        providersCommand(),
-        historyCommand(),
-        notesCommand()};
+        transcribeCommand(),   modelsCommand(modelHost), devicesCommand(),   shortcutsCommand(), modesCommand(),
+        replacementsCommand(), vocabularyCommand(),      providersCommand(), historyCommand(),   notesCommand()};
     std::ranges::move(controlCommands(), std::back_inserter(commands));
     commands.push_back(logsCommand());
     return commands;

@@ -7,6 +7,8 @@ namespace vantro {
 /// In the order in which the help tells of them. @p modelHost: the value of --model-host, empty without it.
 std::vector<Command> allCommands(const QString& modelHost);
 
+Command transcribeCommand();
+Command modelsCommand(const QString& modelHost);
 Command devicesCommand();
 Command shortcutsCommand();
 Command modesCommand();

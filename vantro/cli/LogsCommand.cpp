@@ -1,6 +1,5 @@
 #include "platform/SystemLog.h"
 #include "vantro/cli/Commands.h"
-#include "vantro/cli/Terminal.h"
 
 namespace vantro {
 
@@ -13,13 +12,11 @@ Exit status: 0 done, 2 wrong usage, 4 there is no journal: start vantro in a ter
 
 int show(const CommandCall& call)
 {
-    if (!systemlog::isPresent()) {
-        terminal::writeError(
-            QStringLiteral("logs: this system has no journal: start vantro in a terminal to see what it logs"));
-        return ExitCode::noService;
-    }
-    terminal::writeError(QStringLiteral("logs: ") + systemlog::read(call.value("since"), call.has("follow")));
-    return ExitCode::noService;
+    const QString problem =
+        systemlog::isPresent()
+            ? systemlog::read(call.value("since"), call.has("follow"))
+            : QStringLiteral("this system has no journal: start vantro in a terminal to see what it logs");
+    throw CommandError(ExitCode::noService, QStringLiteral("logs: ") + problem);
 }
 
 } // namespace

@@ -7,8 +7,6 @@
 
 #include <QElapsedTimer>
 #include <QFileInfo>
-#include <QJsonDocument>
-#include <QJsonObject>
 #include <qcoro/qcorotask.h>
 
 #include <optional>
@@ -117,7 +115,7 @@ void report(const ModelsSession& session, const TranscriptionModel& model, qint6
                              {QStringLiteral("file"), file},
                              {QStringLiteral("bytes"), QFileInfo(file).size()},
                              {QStringLiteral("elapsed_ms"), elapsedMs}};
-    terminal::writeLine(QString::fromUtf8(QJsonDocument(object).toJson(QJsonDocument::Compact)));
+    terminal::writeJson(object);
 }
 
 } // namespace

@@ -3,10 +3,6 @@
 #include "vantro/cli/Terminal.h"
 #include "vantro/models/ModelDownloadError.h"
 
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
-
 #include <cmath>
 #include <vector>
 
@@ -130,7 +126,7 @@ int listModels(const ModelsSession& session, bool json)
         QJsonArray array;
         for (const TranscriptionModel& model : session.speech.catalogue.models())
             array.append(toJson(session, model));
-        terminal::writeLine(QString::fromUtf8(QJsonDocument(array).toJson(QJsonDocument::Compact)));
+        terminal::writeJson(array);
     } else if (terminal::outputIsTerminal()) {
         printTable(session);
     } else {

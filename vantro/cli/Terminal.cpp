@@ -214,17 +214,4 @@ bool terminal::inputIsTerminal()
     return isatty(STDIN_FILENO) != 0;
 }
 
-void terminal::addHelpOption(QCommandLineParser& parser)
-{
-    parser.addOption({{QStringLiteral("h"), QStringLiteral("help")}, QStringLiteral("Show this text.")});
-}
-
-QString terminal::helpText(const QCommandLineParser& parser, const QString& command)
-{
-    const QString text = parser.helpText().trimmed();
-    // The first line begins with this program's path.
-    const auto options = text.indexOf(QLatin1String(" [options]"));
-    return QStringLiteral("Usage: vantro ") + command + (options >= 0 ? text.mid(options) : text);
-}
-
 } // namespace vantro

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QCommandLineParser>
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QString>
@@ -47,10 +46,5 @@ void writeTable(const std::vector<QStringList>& rows);
 /// typed is not; nothing when it is empty.
 std::optional<QString> readSecret(const QString& prompt);
 bool inputIsTerminal();
-
-/// Gives @p parser the option --help, without the ones for Qt's own options.
-void addHelpOption(QCommandLineParser& parser);
-/// What --help prints for @p command ("transcribe"), which the parser does not know by its name.
-QString helpText(const QCommandLineParser& parser, const QString& command);
 
 } // namespace vantro::terminal

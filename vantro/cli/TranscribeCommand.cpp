@@ -1,34 +1,19 @@
-#include "vantro/cli/TranscribeCommand.h"
-
 #include "asr/ASRError.h"
 #include "base/RunTask.h"
 #include "base/SampleFormat.h"
 #include "vantro/app/Speech.h"
-#include "vantro/cli/ExitCode.h"
+#include "vantro/cli/Commands.h"
 #include "vantro/cli/Terminal.h"
 #include "vantro/sound/AudioFile.h"
 
-#include <QCommandLineParser>
 #include <QElapsedTimer>
 #include <QFileInfo>
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
 
-#include <exception>
 #include <utility>
 
 namespace vantro {
 
 namespace {
-
-struct Options
-{
-    QStringList files;
-    QString model;
-    std::optional<QString> language;
-    bool json = false;
-};
 
 struct Transcript
 {
@@ -47,7 +32,8 @@ public:
     /// The model the user named, by its catalogue name or as a file; the selected one for an empty text. Throws Error
     /// when it is not there.
     [[nodiscard]] TranscriptionModel model(const QString& nameOrPath);
-    [[nodiscard]] Transcript transcribe(const QString& file, const TranscriptionModel& model, const Options& options);
+    [[nodiscard]] Transcript transcribe(const QString& file, const TranscriptionModel& model,
+                                        const std::optional<QString>& language);
 
 private:
     UserDefaults defaults_{UserDefaults::standardPath()};
@@ -77,7 +63,8 @@ TranscriptionModel Session::model(const QString& nameOrPath)
     return *entry;
 }
 
-Transcript Session::transcribe(const QString& file, const TranscriptionModel& model, const Options& options)
+Transcript Session::transcribe(const QString& file, const TranscriptionModel& model,
+                               const std::optional<QString>& language)
 {
     Transcript result{.file = file, .text = {}};
     QElapsedTimer timer;
@@ -93,8 +80,8 @@ Transcript Session::transcribe(const QString& file, const TranscriptionModel& mo
     const auto keepTokens = [&result](const std::vector<TranscribedToken>& tokens) {
         result.tokens = tokens;
     };
-    result.text = runTask(speech_.facade.transcribe(file, std::move(audio.samples),
-                                                    {&model, options.language, showProgress, keepTokens}));
+    result.text = runTask(
+        speech_.facade.transcribe(file, std::move(audio.samples), {&model, language, showProgress, keepTokens}));
     terminal::showProgress({});
     result.transcribeMs = timer.elapsed();
     return result;
@@ -127,24 +114,26 @@ void print(const Transcript& transcript, const TranscriptionModel& model, bool j
     };
     if (transcript.tokens)
         object[QStringLiteral("tokens")] = tokensAsJson(*transcript.tokens);
-    terminal::writeLine(QString::fromUtf8(QJsonDocument(object).toJson(QJsonDocument::Compact)));
+    terminal::writeJson(object);
 }
 
-int transcribeAll(const Options& options)
+int transcribe(const CommandCall& call)
 {
+    if (call.words.isEmpty())
+        throw WrongUsage(QStringLiteral("no recording given"));
+    const auto language = call.has("language") ? std::optional(call.value("language")) : std::nullopt;
     Session session;
     TranscriptionModel model;
     try {
-        model = session.model(options.model);
+        model = session.model(call.value("model"));
     } catch (const Error& error) {
-        terminal::writeError(QStringLiteral("no model: ") + error.localizedDescription());
-        return ExitCode::noService;
+        throw CommandError(ExitCode::noService, QStringLiteral("no model: ") + error.localizedDescription());
     }
     int exitCode = ExitCode::done;
-    for (const QString& file : options.files) {
+    for (const QString& file : call.words) {
         int outcome = ExitCode::done;
         try {
-            print(session.transcribe(file, model, options), model, options.json);
+            print(session.transcribe(file, model, language), model, call.json());
         } catch (const AudioFileError& error) {
             terminal::writeError(error.localizedDescription());
             outcome = ExitCode::notFound;
@@ -169,40 +158,18 @@ int transcribeAll(const Options& options)
 
 } // namespace
 
-int runTranscribe(const QStringList& arguments)
+Command transcribeCommand()
 {
-    QCommandLineParser parser;
-    parser.setApplicationDescription(
-        QStringLiteral("Writes the text of recordings (WAV, FLAC, OGG, MP3) to standard output.\n\n"
-                       "Exit status: 0 done, 1 recognition failed, 2 wrong usage, 3 a recording could not be read, "
-                       "4 the model is missing or cannot be loaded."));
-    terminal::addHelpOption(parser);
-    parser.addOption(
-        {QStringLiteral("model"), QStringLiteral("Catalogue name or path of a model file."), QStringLiteral("NAME")});
-    parser.addOption(
-        {QStringLiteral("language"), QStringLiteral("Language code, or \"auto\"."), QStringLiteral("CODE")});
-    parser.addOption({QStringLiteral("json"), QStringLiteral("One JSON object a line, with duration and timings.")});
-    parser.addPositionalArgument(QStringLiteral("FILE"), QStringLiteral("Recordings; - is standard input."),
-                                 QStringLiteral("FILE..."));
-    if (!parser.parse(QStringList{QStringLiteral("vantro transcribe")} + arguments)) {
-        terminal::writeError(parser.errorText() + QStringLiteral(" (see vantro transcribe --help)"));
-        return ExitCode::usage;
-    }
-    if (parser.isSet(QStringLiteral("help"))) {
-        terminal::writeLine(terminal::helpText(parser, QStringLiteral("transcribe")));
-        return ExitCode::done;
-    }
-    Options options;
-    options.files = parser.positionalArguments();
-    options.model = parser.value(QStringLiteral("model"));
-    if (parser.isSet(QStringLiteral("language")))
-        options.language = parser.value(QStringLiteral("language"));
-    options.json = parser.isSet(QStringLiteral("json"));
-    if (options.files.isEmpty()) {
-        terminal::writeError(QStringLiteral("no recording given (see vantro transcribe --help)"));
-        return ExitCode::usage;
-    }
-    return transcribeAll(options);
+    return {.name = "transcribe",
+            .summary = "Write the text of recordings to standard output.",
+            .description = "Writes the text of recordings (WAV, FLAC, OGG, MP3) to standard output.\n\n"
+                           "Exit status: 0 done, 1 recognition failed, 2 wrong usage, 3 a recording could not be read, "
+                           "4 the model is missing or cannot be loaded.",
+            .actions = {{"", transcribe, 0, Command::anyNumber}},
+            .options = {{"model", "Catalogue name or path of a model file.", "NAME"},
+                        {"language", "Language code, or \"auto\".", "CODE"},
+                        {"json", "One JSON object a line, with duration and timings."}},
+            .words = {{"FILE", "Recordings; - is standard input.", "FILE..."}}};
 }
 
 } // namespace vantro
