@@ -67,7 +67,8 @@ void Dictation::startCapture()
 {
     AudioRecorder& recorder = parts_.recorder;
     timings_.shortcut = parts_.clock.now();
-    recorder.setProcessingMode(defaultMode(parts_.defaults));
+    mode_ = defaultMode(parts_.defaults);
+    recorder.setProcessingMode(mode_);
     connect(&recorder, &AudioRecorder::captureGivenUp, this, &Dictation::stop);
     try {
         if (!recorder.startRecording()) {
@@ -111,8 +112,8 @@ void Dictation::endRecording()
     giveUpIfCancelled();
     timings_.stopped = parts_.clock.now();
     parts_.recorder.stopRecording();
-    noteLostMicrophone();
     mode_ = parts_.recorder.processingMode();
+    noteLostMicrophone();
     const auto handler = parts_.handlers.find(mode_);
     handler_ = (handler != parts_.handlers.end() ? handler->second : parts_.handlers.at(ProcessingMode::Normal)).get();
     if (parts_.chooseService)
