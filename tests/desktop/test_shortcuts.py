@@ -8,7 +8,7 @@ import unittest
 from contextlib import ExitStack
 from pathlib import Path
 
-from dictationcase import CHILD, CHILD_WORDS, SHORTCUT_KEYS, STOP_KEY, DictationCase, main, words
+from dictationcase import CHILD, CHILD_WORDS, FORMER, SHORTCUT_KEYS, STOP_KEY, DictationCase, main, words
 
 from program import poll_until
 
@@ -70,6 +70,7 @@ class ShortcutsTest(DictationCase):
         self.desktop.display.chord_up(SHORTCUT_KEYS)
         self.assertEqual(words(self.wait_for_text()), CHILD_WORDS)
         self.wait_until_over()
+        self.wait(lambda: self.desktop.clipboard() == FORMER, 5, "the former clipboard")
 
         with self.delivers_nothing():
             self.desktop.display.chord_down(SHORTCUT_KEYS)
