@@ -49,6 +49,7 @@ class BadModelTest(DictationCase):
             self.wait_until_over()
 
     def test_a_dictation_without_a_usable_model_says_so_and_the_next_one_with_a_model_works(self):
+        self.wait(lambda: "Model tiny.en is downloaded" in self.vantro.log(), 20, "the check of the start")
         whole = self.model.read_bytes()
         faults = {"missing": None, "truncated": whole[:20_000_000], "cut inside the last tensor": whole[:-4],
                   "foreign": b"RIFF" + bytes(100_000)}
