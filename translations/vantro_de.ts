@@ -400,8 +400,8 @@
 <context>
     <name>KeychainService</name>
     <message>
-        <source>API key of vantro (%1)</source>
-        <translation>API-Schlüssel von vantro (%1)</translation>
+        <source>vantro API key (%1)</source>
+        <translation>API-Schlüssel für vantro (%1)</translation>
     </message>
 </context>
 <context>
@@ -972,8 +972,8 @@
 <context>
     <name>ProviderConfigurationManager</name>
     <message>
-        <source>Keys of removed providers stay until the next start: </source>
-        <translation>Schlüssel entfernter Anbieter bleiben bis zum nächsten Start: </translation>
+        <source>The keys of removed providers will be deleted at the next start: </source>
+        <translation>Die Schlüssel entfernter Anbieter werden beim nächsten Start gelöscht: </translation>
     </message>
 </context>
 <context>

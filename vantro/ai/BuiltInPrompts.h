@@ -8,7 +8,7 @@
 
 namespace vantro {
 
-/// The prompt a mode has until the user writes another; none for Normal and Custom.
+/// The default prompt of a mode; none for Normal and Custom.
 std::optional<QString> builtInPrompt(ProcessingMode mode);
 
 } // namespace vantro

@@ -5,7 +5,7 @@
 
 namespace vantro {
 
-/// The mode in which dictations begin: Normal until the user chooses another.
+/// The mode a dictation starts in: Normal unless the user has chosen another.
 ProcessingMode defaultMode(const UserDefaults& defaults);
 void setDefaultMode(UserDefaults& defaults, ProcessingMode mode);
 

@@ -5,15 +5,15 @@
 
 namespace vantro {
 
-/// A language model that rewrites a text by an instruction. One object serves one dictation. Main thread.
+/// A language model that rewrites a text as a prompt tells it to. One object per dictation. Main thread.
 class FormatRequestServicing
 {
 public:
     virtual ~FormatRequestServicing() = default;
 
-    /// A text is on its way: whatever can be had without it may be fetched now. Asking for nothing is allowed.
+    /// Called when a text is expected, so that keys and connections can be fetched early. format() need not follow.
     virtual void prepare() {}
-    /// The rewritten text; throws an Error. @p prompt says what to do with @p text.
+    /// Returns @p text rewritten as @p prompt says. Throws Error.
     virtual QCoro::Task<QString> format(QString prompt, QString text) = 0;
 };
 

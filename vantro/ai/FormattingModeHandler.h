@@ -6,8 +6,8 @@
 
 namespace vantro {
 
-/// What the modes that a language model rewrites have in common: the transcript is stored before the model is asked, so
-/// that no failure costs it.
+/// Common to the modes that use a language model: the transcript is stored before the model is asked, so that no
+/// failure loses it.
 class FormattingModeHandler : public ModeHandler
 {
 protected:
@@ -41,7 +41,7 @@ public:
     }
 };
 
-/// Nobody is asked while the user has written no prompt: the transcript stays as it is.
+/// Without a prompt the transcript stays as it is.
 class CustomModeHandler final : public FormattingModeHandler
 {
 public:

@@ -6,14 +6,15 @@ namespace vantro {
 
 namespace {
 
-/// The language's own bare name ("español", "Deutsch"): Qt's names carry a country ("español de España").
+/// The language's name in itself ("español", "Deutsch"). ICU rather than Qt, whose names include a country ("español de
+/// España").
 QString nativeName(const QString& code)
 {
     const icu::Locale locale(code.toLatin1().constData());
     icu::UnicodeString name;
     locale.getDisplayLanguage(locale, name);
     const QString text = QStringView(name.getBuffer(), name.length()).toString();
-    // A code without a name comes back as it went in.
+    // ICU returns an unknown code unchanged.
     return text.isEmpty() || text == code ? QStringLiteral("English") : text;
 }
 

@@ -6,8 +6,8 @@
 
 namespace vantro {
 
-/// What is appended to a prompt so that the language model answers in the language of @p transcript; English when none
-/// is recognised. Begins with an empty line. Any thread.
+/// The sentence appended to a prompt so that the model answers in the language of @p transcript, or in English when the
+/// language is not recognised. Starts with an empty line. Any thread.
 QString languageInstruction(const LanguageRecognizer& recognizer, const QString& transcript);
 
 } // namespace vantro

@@ -6,12 +6,12 @@
 
 namespace vantro {
 
-/// Which language model serves a mode.
+/// Which language model a mode uses.
 struct ModeConfiguration
 {
-    /// The service on this machine instead of a remote provider.
+    /// Use the model on this machine instead of a remote provider.
     bool useLocalAI = false;
-    /// The provider configuration that is asked when useLocalAI is false.
+    /// The provider to use when useLocalAI is false.
     std::optional<QUuid> providerConfigId = std::nullopt;
 
     bool operator==(const ModeConfiguration&) const = default;

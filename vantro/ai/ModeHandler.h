@@ -9,14 +9,14 @@
 
 namespace vantro {
 
-/// Runs one transcript through one mode: stores it, has it rewritten where the mode calls for that, and answers with
-/// the text to deliver. Main thread.
+/// Processes a transcript in one mode: stores it, has it rewritten if the mode asks for it, and returns the text to
+/// deliver. Main thread.
 class ModeHandler
 {
 public:
     virtual ~ModeHandler() = default;
 
-    /// @p service: the mode's language model. Throws an Error; what was stored until then stays.
+    /// @p service: the mode's language model. Throws Error; anything already stored is kept.
     virtual QCoro::Task<QString> process(QString transcript, std::shared_ptr<FormatRequestServicing> service) = 0;
 };
 

@@ -11,7 +11,7 @@ namespace vantro {
 class PromptSettings;
 class TranscriptionStoring;
 
-/// What becomes of a transcript in each mode. A mode without a handler is handled as Normal.
+/// The handler of each mode. A mode without one is treated as Normal.
 using ModeHandlers = std::map<ProcessingMode, std::unique_ptr<ModeHandler>>;
 
 /// Both arguments must outlive the handlers.

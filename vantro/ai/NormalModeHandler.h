@@ -5,7 +5,7 @@
 
 namespace vantro {
 
-/// Keeps the transcript as it is.
+/// Stores and delivers the transcript unchanged.
 class NormalModeHandler final : public ModeHandler
 {
 public:

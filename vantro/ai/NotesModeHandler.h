@@ -5,7 +5,7 @@
 
 namespace vantro {
 
-/// Files the transcript as a note of the day and has the day's summary written anew.
+/// Adds the transcript to today's notes and has their summary rewritten.
 class NotesModeHandler final : public ModeHandler
 {
 public:

@@ -7,7 +7,7 @@
 
 namespace vantro {
 
-/// What happens to a transcript before it is delivered. The raw value is what is stored and posted.
+/// What happens to a transcript before delivery. Stored and posted as its raw value.
 enum class ProcessingMode { Normal, Email, Grammar, Custom, Notes };
 
 inline constexpr std::array allProcessingModes{ProcessingMode::Normal, ProcessingMode::Email, ProcessingMode::Grammar,
@@ -15,7 +15,7 @@ inline constexpr std::array allProcessingModes{ProcessingMode::Normal, Processin
 
 /// "Normal", "Email", "Grammar", "Custom", "Notes".
 QString rawValue(ProcessingMode mode);
-/// Nothing for a text that is no mode's raw value; upper and lower case differ.
+/// Case-sensitive; nullopt when no mode has this raw value.
 std::optional<ProcessingMode> processingModeFromRawValue(const QString& text);
 
 } // namespace vantro

@@ -12,8 +12,8 @@ namespace vantro {
 
 namespace {
 
-/// The members of a stored object that are named after a mode, each decoded. Nothing when the object or one of its
-/// members is of another kind.
+/// Decodes a stored JSON object of one value per mode; unknown modes are ignored. Nullopt when it is not an object or a
+/// value cannot be decoded.
 template <typename Value, typename Decode>
 std::optional<std::map<ProcessingMode, Value>> decoded(const QByteArray& json, Decode decode)
 {
@@ -73,7 +73,7 @@ QJsonValue configurationToJson(const ModeConfiguration& configuration)
     return object;
 }
 
-/// Reads @p map from @p setting; absent or unreadable leaves it as it is.
+/// Reads @p map from @p setting; leaves it unchanged when the setting is missing or unreadable.
 template <typename Map, typename Decode>
 void load(UserDefaults& defaults, const Setting<QByteArray>& setting, Map& map, Decode decode)
 {

@@ -12,18 +12,18 @@
 
 namespace vantro {
 
-/// What the user has set for each mode: its prompt, its name, the language model that serves it. Every change is
-/// written through; what another process changes is read anew. Main thread.
+/// The user's settings for each mode: prompt, name and language model. Changes are written at once; changes made by
+/// another process are picked up. Main thread.
 ///
-/// A mode without a stored prompt gets the built-in one, a mode without a stored configuration one that points to no
-/// provider. A stored map that cannot be read is put aside under its key and ".unreadable".
+/// A mode without a stored prompt has the built-in one; a mode without a stored configuration has no provider. A map
+/// that cannot be read is kept under its key with ".unreadable" appended.
 class PromptSettings final : public QObject
 {
     Q_OBJECT
 public:
     explicit PromptSettings(UserDefaults& defaults);
 
-    /// The mode whose prompt is being edited; not the mode of a dictation.
+    /// The mode being edited, not that of a dictation.
     [[nodiscard]] ProcessingMode selectedMode() const { return selectedMode_; }
     void setSelectedMode(ProcessingMode mode);
 
@@ -32,14 +32,14 @@ public:
     void setPrompt(ProcessingMode mode, const QString& prompt);
     [[nodiscard]] ModeConfiguration configuration(ProcessingMode mode) const;
     void setConfiguration(ProcessingMode mode, const ModeConfiguration& configuration);
-    /// The user's name for the mode, otherwise its raw value.
+    /// The user's name for the mode, or its raw value.
     [[nodiscard]] QString displayName(ProcessingMode mode) const;
-    /// An empty name brings the raw value back.
+    /// An empty name restores the raw value.
     void setCustomModeName(ProcessingMode mode, const QString& name);
 
 Q_SIGNALS:
     void selectedModeChanged();
-    /// Prompts, names or configurations.
+    /// A prompt, name or configuration has changed.
     void changed();
 
 private:

@@ -11,22 +11,22 @@
 
 namespace vantro {
 
-/// Where dictations are kept, as the mode handlers see it. Main thread. Every operation has stored durably when it
-/// returns, or throws an Error.
+/// The store of dictations as the mode handlers see it. When an operation returns, its data is on disk; otherwise it
+/// throws Error. Main thread.
 class TranscriptionStoring
 {
 public:
     virtual ~TranscriptionStoring() = default;
 
     virtual void saveTranscription(const QString& transcription, const QString& formatted, ProcessingMode mode) = 0;
-    /// Without a formatted text yet; the identity is for updateFormatted().
+    /// Stores it without a formatted text; pass the returned id to updateFormatted().
     virtual QUuid saveTranscription(const QString& transcription, ProcessingMode mode) = 0;
-    /// Does nothing when there is no such row any more.
+    /// Does nothing when the row no longer exists.
     virtual void updateFormatted(const QUuid& id, const QString& formatted) = 0;
 
-    /// A note of today.
+    /// Adds to today's notes.
     virtual QCoro::Task<> addNote(QString transcription) = 0;
-    /// Writes today's summary anew; a failure is printed and leaves the former one.
+    /// Rewrites today's summary; a failure is printed and leaves the old one.
     virtual QCoro::Task<> summarizeToday(std::shared_ptr<FormatRequestServicing> service) = 0;
 };
 

@@ -14,15 +14,15 @@ public:
     enum class Kind {
         itemNotFound,
         duplicateItem,
-        invalidData,     ///< what is stored is no key
-        encodingFailed,  ///< what is to be stored is no text
-        decodingFailed,  ///< what is stored is no text
-        serviceMissing,  ///< there is no key store, or it is locked
-        unexpectedStatus ///< the key store's own complaint
+        invalidData,     ///< the stored value is empty
+        encodingFailed,  ///< the key to store is empty or not valid text
+        decodingFailed,  ///< the stored value is not valid UTF-8
+        serviceMissing,  ///< no key store is running, or it is locked
+        unexpectedStatus ///< an error reported by the key store
     };
 
     explicit KeychainError(Kind kind);
-    /// serviceMissing or unexpectedStatus; @p status are the key store's own words.
+    /// For serviceMissing and unexpectedStatus; @p status is the key store's own message.
     KeychainError(Kind kind, const QString& status);
 
     [[nodiscard]] Kind kind() const { return kind_; }

@@ -27,7 +27,7 @@ QCoro::Task<> KeychainService::save(QString key, QString account)
     const QByteArray secret = encode(key);
     if (encode.hasError() || secret.isEmpty())
         throw KeychainError(KeychainError::Kind::encodingFailed);
-    const QString label = QCoreApplication::translate("KeychainService", "API key of vantro (%1)").arg(account);
+    const QString label = QCoreApplication::translate("KeychainService", "vantro API key (%1)").arg(account);
     try {
         co_await store_.store(account, label, secret);
     } catch (const SecretStoreError& error) {

@@ -5,7 +5,7 @@
 
 namespace vantro {
 
-/// API keys in the desktop's store of secrets.
+/// Keeps API keys in the desktop's secret store.
 class KeychainService final : public KeychainServicing
 {
 public:

@@ -8,7 +8,7 @@
 
 namespace vantro {
 
-/// Where API keys are kept, one for each account. Main thread; no operation blocks it. All throw KeychainError.
+/// A store of API keys, one per account. Main thread, never blocks it. Everything throws KeychainError.
 class KeychainServicing
 {
 public:
@@ -16,11 +16,11 @@ public:
 
     /// Replaces the account's key.
     virtual QCoro::Task<> save(QString key, QString account) = 0;
-    /// Nothing when there is none.
+    /// Nullopt when the account has none.
     virtual QCoro::Task<std::optional<QString>> read(QString account) = 0;
-    /// Throws itemNotFound when there is none.
+    /// Throws itemNotFound when the account has none.
     virtual QCoro::Task<> remove(QString account) = 0;
-    /// The accounts that have a key.
+    /// Every account that has a key.
     virtual QCoro::Task<QStringList> accounts() = 0;
 };
 

@@ -4,8 +4,7 @@
 
 namespace vantro {
 
-/// Gives the settings key "userOpenAIKey" of former versions its present name "userKey". Does nothing when there is
-/// none.
+/// Renames the settings key "userOpenAIKey" of earlier versions to "userKey", if it is there.
 void renameLegacyKey(UserDefaults& defaults);
 
 } // namespace vantro

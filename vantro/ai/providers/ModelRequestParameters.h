@@ -7,7 +7,7 @@
 
 namespace vantro {
 
-/// How a model is to answer. What is not set is left to the provider.
+/// Parameters of a request to a model. Unset ones are left to the provider.
 struct ModelRequestParameters
 {
     std::optional<qint64> maxTokens;
@@ -19,9 +19,9 @@ struct ModelRequestParameters
 
     [[nodiscard]] bool operator==(const ModelRequestParameters&) const = default;
 
-    /// The stored form: members that are set, under their own names.
+    /// The stored form: the members that are set, under their own names.
     [[nodiscard]] QJsonObject toJson() const;
-    /// Nothing when a member is of another type than it should be.
+    /// Nullopt when a member has the wrong type.
     [[nodiscard]] static std::optional<ModelRequestParameters> fromJson(const QJsonObject& object);
     /// The members of an OpenAI-style request. Empty texts are left out.
     [[nodiscard]] QJsonObject requestMembers() const;

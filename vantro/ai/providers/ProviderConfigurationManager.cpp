@@ -108,7 +108,7 @@ QCoro::Task<std::optional<QString>> ProviderConfigurationManager::readKey(QUuid 
 
 QCoro::Task<> ProviderConfigurationManager::cleanUpOrphanedKeys()
 {
-    // The ids of a list that could not be read are not known: its keys stay until it has been mended or given up.
+    // An unreadable list hides its ids, so its keys stay until the list is repaired or deleted.
     if (defaults_.contains(unreadableListKey))
         co_return;
     const QStringList accounts = co_await keychain_.accounts();
@@ -129,7 +129,8 @@ QCoro::Task<> ProviderConfigurationManager::cleanUpWhenPossible()
     try {
         co_await cleanUpOrphanedKeys();
     } catch (const KeychainError& error) {
-        logger_.info(tr("Keys of removed providers stay until the next start: ") + error.localizedDescription());
+        logger_.info(tr("The keys of removed providers will be deleted at the next start: ") +
+                     error.localizedDescription());
     }
 }
 

@@ -12,8 +12,8 @@
 
 namespace vantro {
 
-/// The user's list of providers, written through to the settings and read anew when another process changes it, and
-/// their keys in the key store. Main thread.
+/// The user's list of providers and their API keys. Changes are written to the settings at once; changes made by
+/// another process are picked up. Main thread.
 class ProviderConfigurationManager final : public QObject
 {
     Q_OBJECT
@@ -21,27 +21,26 @@ public:
     ProviderConfigurationManager(UserDefaults& defaults, KeychainServicing& keychain);
 
     [[nodiscard]] const std::vector<ProviderConfiguration>& configurations() const { return configurations_; }
-    /// Null when there is none.
+    /// Null when the list has no such id.
     [[nodiscard]] const ProviderConfiguration* find(const QUuid& id) const;
 
-    /// Reads the stored list. Where nothing is stored, or nothing that can be read, the defaults are taken and stored,
-    /// so that they keep their ids.
+    /// Reads the stored list. If it is missing or unreadable, the defaults are stored in its place, which fixes their
+    /// ids.
     void load();
     void save();
     void add(const ProviderConfiguration& configuration);
-    /// Does nothing for one that is not in the list.
+    /// Does nothing when the list has no such id.
     void update(const ProviderConfiguration& configuration);
-    /// Its key goes with the next clean-up.
+    /// Its key is deleted by the next clean-up.
     void remove(const QUuid& id);
 
-    // The keys; all throw KeychainError.
+    // These throw KeychainError.
     QCoro::Task<> storeKey(QUuid id, QString key);
     QCoro::Task<std::optional<QString>> readKey(QUuid id);
 
-    /// Deletes the keys of configurations that are no more.
+    /// Deletes the keys of removed configurations.
     QCoro::Task<> cleanUpOrphanedKeys();
-    /// The same, without a word when the key store is not at hand; a clean-up that was missed is made up for at a later
-    /// start.
+    /// The same, but only logs errors; a clean-up that fails is retried at the next start.
     QCoro::Task<> cleanUpWhenPossible();
     [[nodiscard]] bool isCleanUpDue() const;
 

@@ -84,7 +84,7 @@ ProviderConfiguration ProviderForm::applied(ProviderConfiguration former) const
     former.name = name.trimmed();
     former.model = model.trimmed();
     former.customBaseURL = word(baseURL);
-    // The path of a request begins with its own slash.
+    // Request paths start with a slash.
     while (former.customBaseURL && former.customBaseURL->endsWith(QLatin1Char('/')))
         former.customBaseURL->chop(1);
     const ModelRequestParameters wanted = parameters();
@@ -106,7 +106,7 @@ bool ProviderForm::isUsableUrl(const QString& text)
 {
     const QUrl url(text.trimmed(), QUrl::StrictMode);
     const bool isWeb = url.scheme() == QLatin1String("http") || url.scheme() == QLatin1String("https");
-    // A login in the address would be stored in the open; a query or fragment would swallow the path of a request.
+    // A login in the address would be stored in plain text; a query or fragment would swallow the request path.
     return url.isValid() && isWeb && !url.host().isEmpty() && url.userInfo().isEmpty() && !url.hasQuery() &&
            !url.hasFragment();
 }

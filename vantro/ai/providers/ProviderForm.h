@@ -9,8 +9,7 @@
 
 namespace vantro {
 
-/// A provider's settings as texts, the way a sheet or a command line has them, and the rules they must keep before they
-/// are stored.
+/// A provider's settings as text, as typed into a form or on the command line, with their validation.
 class ProviderForm
 {
     Q_DECLARE_TR_FUNCTIONS(ProviderForm)
@@ -35,16 +34,16 @@ public:
     ProviderForm() = default;
     explicit ProviderForm(const ProviderConfiguration& configuration);
 
-    /// What is wrong, in the order of the fields; nothing when it may be stored.
+    /// The problems in field order; empty when the form is valid.
     [[nodiscard]] std::vector<Problem> problems() const;
-    /// @p former with what the form says; only without problems.
+    /// Returns @p former changed as the form says. Requires that there are no problems.
     [[nodiscard]] ProviderConfiguration applied(ProviderConfiguration former) const;
 
-    /// Whether @p text is an address that requests can be sent to: http or https, with a host, without a login.
+    /// Whether requests can be sent to @p text: http or https, with a host, without login, query or fragment.
     [[nodiscard]] static bool isUsableUrl(const QString& text);
-    /// What is to be known about a field beside it; empty for those that explain themselves.
+    /// The hint shown beside a field; may be empty.
     [[nodiscard]] static QString hint(Field field);
-    /// What stands in the place of a key that is there.
+    /// Shown in place of a stored key.
     [[nodiscard]] static QString maskedKey() { return QStringLiteral("••••••••••••"); }
 
     RemoteProviderType type = RemoteProviderType::OpenAI;

@@ -4,7 +4,7 @@
 
 namespace vantro {
 
-/// The addresses of the three public providers, without a path.
+/// The base addresses of the three public providers.
 struct ProviderHosts
 {
     QString openAI = QStringLiteral("https://api.openai.com");

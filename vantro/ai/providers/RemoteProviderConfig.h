@@ -9,15 +9,15 @@
 
 namespace vantro {
 
-/// What a remote service is made with.
+/// What a remote service is created from.
 struct RemoteProviderConfig
 {
     RemoteProviderType provider = RemoteProviderType::OpenAI;
     QString model;
     std::optional<QString> customBaseURL;
-    /// The key store's account whose key is used.
+    /// The key store account to take the key from.
     std::optional<QString> keychainIdentifierOverride;
-    /// A key that was typed and is not stored yet; goes before the stored one.
+    /// A key that is not stored yet; overrides the stored one.
     std::optional<QString> apiKeyOverride;
     std::optional<ModelRequestParameters> parameters;
 };

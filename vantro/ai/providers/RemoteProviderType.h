@@ -7,17 +7,17 @@
 
 namespace vantro {
 
-/// Whose language model rewrites, and with that the shape of a request.
+/// The kind of provider, which decides the format of requests.
 enum class RemoteProviderType { OpenAI, Anthropic, Gemini, Custom };
 
 inline constexpr std::array allRemoteProviderTypes{RemoteProviderType::OpenAI, RemoteProviderType::Anthropic,
                                                    RemoteProviderType::Gemini, RemoteProviderType::Custom};
 
-/// "OpenAI", "Anthropic", "Gemini", "Custom": what is stored, and what log lines begin with.
+/// "OpenAI", "Anthropic", "Gemini", "Custom": stored, and used as the prefix of log lines.
 QString rawValue(RemoteProviderType type);
-/// "OpenAI", "Anthropic", "Google Gemini", "Custom (OpenAI-compatible)": what users read.
+/// "OpenAI", "Anthropic", "Google Gemini", "Custom (OpenAI-compatible)": shown to users.
 QString displayName(RemoteProviderType type);
-/// Takes either name, in upper or lower case.
+/// Accepts either name, in any case.
 std::optional<RemoteProviderType> remoteProviderType(const QString& name);
 
 } // namespace vantro

@@ -5,7 +5,7 @@
 
 namespace vantro {
 
-/// Anthropic's messages.
+/// Anthropic's Messages API.
 class AnthropicService final : public RemoteFormatService
 {
 public:

@@ -44,7 +44,7 @@ void ChatCompletions::addParameters(QJsonObject& body) const
     QJsonObject members{{QStringLiteral("temperature"), 0.3},
                         {QStringLiteral("frequency_penalty"), 0},
                         {QStringLiteral("presence_penalty"), 0}};
-    // Whoever has set one of them wants nothing else to be sent.
+    // Parameters set by the user replace all the defaults.
     if (config().parameters)
         members = config().parameters->requestMembers();
     for (auto member = members.constBegin(); member != members.constEnd(); ++member)

@@ -4,7 +4,7 @@
 
 namespace vantro {
 
-/// The request shape that OpenAI made and many servers speak.
+/// OpenAI's chat completions API, which many servers offer.
 class ChatCompletions : public RemoteFormatService
 {
 protected:

@@ -14,7 +14,7 @@ constexpr qsizetype loggedAnswerBytes = 4'096;
 void noteAnswer(const Logger& logger, const RemoteAnswer& answer)
 {
     logger.info(QStringLiteral("[Custom] HTTP Status: %1").arg(answer.status()));
-    // It holds what the user has said: only who asks for details gets it.
+    // Contains what the user said, hence debug level only.
     logger.debug(QStringLiteral("[Custom] Response: ") + QString::fromUtf8(answer.body().left(loggedAnswerBytes)));
 }
 

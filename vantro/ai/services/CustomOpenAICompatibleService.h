@@ -4,7 +4,7 @@
 
 namespace vantro {
 
-/// Any server that speaks OpenAI's chat completions, at an address that the user gives.
+/// Any server with OpenAI's chat completions API, at an address given by the user.
 class CustomOpenAICompatibleService final : public ChatCompletions
 {
 public:

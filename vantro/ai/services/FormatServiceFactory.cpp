@@ -19,9 +19,8 @@ FormatServiceFactory::FormatServiceFactory(const ProviderConfigurationManager& p
 {
 }
 
-std::shared_ptr<FormatRequestServicing> FormatServiceFactory::make(ProcessingMode mode,
-                                                                   const ModeConfiguration& configuration,
-                                                                   std::stop_token stop) const
+std::shared_ptr<FormatRequestServicing>
+FormatServiceFactory::make(ProcessingMode mode, const ModeConfiguration& configuration, std::stop_token stop) const
 {
     if (configuration.useLocalAI) {
         printLine(QStringLiteral("LocalFormatService unavailable for %1: %2")
@@ -49,7 +48,6 @@ const ProviderConfiguration* FormatServiceFactory::provider(const ModeConfigurat
     if (configuration.useLocalAI || !configuration.providerConfigId)
         return nullptr;
     const auto* found = providers_.find(*configuration.providerConfigId);
-    // Nothing is sent to a provider that the user has switched off.
     return found != nullptr && found->isEnabled ? found : nullptr;
 }
 

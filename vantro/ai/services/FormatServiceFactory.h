@@ -10,24 +10,24 @@
 
 namespace vantro {
 
-/// Chooses the language model of a dictation by its mode's configuration. Main thread.
+/// Creates the language model service for a mode's configuration. Main thread.
 class FormatServiceFactory
 {
 public:
     FormatServiceFactory(const ProviderConfigurationManager& providers, RemoteServiceParts parts,
                          ProviderHosts hosts = {});
 
-    /// Never fails: what cannot be served remotely gets the service on this machine, which tells why it cannot either.
-    /// @p stop ends the service's requests.
+    /// Never fails: without a usable provider it returns the local service, whose requests fail with the reason. @p
+    /// stop ends the service's requests.
     [[nodiscard]] std::shared_ptr<FormatRequestServicing>
     make(ProcessingMode mode, const ModeConfiguration& configuration, std::stop_token stop = {}) const;
-    /// Opens the connection that a service for @p configuration would use, if it would use one.
+    /// Opens the connection that a service for @p configuration would use, if any.
     void preconnect(const ModeConfiguration& configuration) const;
     [[nodiscard]] std::shared_ptr<RemoteFormatService> makeRemote(const RemoteProviderConfig& config,
                                                                   std::stop_token stop = {}) const;
 
 private:
-    /// Null when nothing is to be sent anywhere.
+    /// Null unless a remote provider is configured and enabled.
     [[nodiscard]] const ProviderConfiguration* provider(const ModeConfiguration& configuration) const;
 
     const ProviderConfigurationManager& providers_;

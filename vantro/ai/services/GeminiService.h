@@ -5,7 +5,7 @@
 
 namespace vantro {
 
-/// Google's generateContent. The key travels in the address, which is therefore shown nowhere.
+/// Google's generateContent. Never log or show its address: it contains the key.
 class GeminiService final : public RemoteFormatService
 {
 public:

@@ -6,7 +6,7 @@
 
 namespace vantro {
 
-/// Why the system's own language model did not rewrite a text.
+/// Why the system's own language model failed to rewrite a text.
 class LocalFormatError : public Error
 {
     Q_DECLARE_TR_FUNCTIONS(LocalFormatError)
@@ -19,12 +19,12 @@ public:
         contextWindowExceeded,
     };
 
-    /// One of the kinds that need no further words.
+    /// For every kind but generationFailed.
     explicit LocalFormatError(Kind kind);
     static LocalFormatError generationFailed(const QString& detail);
 
     [[nodiscard]] Kind kind() const { return kind_; }
-    /// Of generationFailed.
+    /// For generationFailed only.
     [[nodiscard]] const QString& detail() const { return detail_; }
 
 private:

@@ -4,7 +4,7 @@
 
 namespace vantro {
 
-/// The system's own language model. No system that vantro runs on has one yet, so every request ends with
+/// The system's own language model. No supported system has one yet, so every request fails with
 /// LocalFormatError::Kind::modelUnavailable.
 class LocalFormatService final : public FormatRequestServicing
 {

@@ -22,7 +22,7 @@ const Logger& logger()
     return logger;
 }
 
-/// What providers and servers write when the text does not fit into the model. There is no common code for it.
+/// Recognises the message that the text exceeds the context window; there is no common code for it.
 bool tellsOfContextLength(const QByteArray& body)
 {
     static constexpr std::array signs{
@@ -48,7 +48,7 @@ QString RemoteAnswer::text(TextPath path) const
 {
     check();
     const QJsonValue value = path(QJsonDocument::fromJson(answer_.body).object());
-    // Nobody asks for nothing: an empty text means that the model got no further than its own thoughts.
+    // An empty text means that the model used up its tokens on reasoning.
     if (!value.isString() || value.toString().trimmed().isEmpty())
         throw RemoteFormatError(RemoteFormatError::Kind::invalidResponse);
     return value.toString();

@@ -10,19 +10,19 @@
 
 namespace vantro {
 
-/// Reads what a provider answers. Any thread.
+/// A provider's response. Any thread.
 class RemoteAnswer
 {
 public:
-    /// Where a provider's answer has the text; not a string when it is not there.
+    /// Extracts the text from a provider's response; not a string when it is missing.
     using TextPath = QJsonValue (*)(const QJsonObject& answer);
 
-    /// @p label begins each log line: "OpenAI".
+    /// @p label: prefix of log lines, such as "OpenAI".
     RemoteAnswer(QString label, HttpAnswer answer);
 
-    /// The text of a success; throws RemoteFormatError for anything else, an empty text included.
+    /// Returns the text of a successful response. Throws RemoteFormatError otherwise, also for an empty text.
     [[nodiscard]] QString text(TextPath path) const;
-    /// Throws RemoteFormatError unless it is a success, whatever its body.
+    /// Throws RemoteFormatError unless the status is 200.
     void check() const;
     [[nodiscard]] int status() const { return answer_.status; }
     [[nodiscard]] const QByteArray& body() const { return answer_.body; }

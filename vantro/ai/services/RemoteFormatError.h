@@ -8,7 +8,7 @@
 
 namespace vantro {
 
-/// Why a remote language model did not rewrite a text.
+/// Why a remote language model failed to rewrite a text.
 class RemoteFormatError : public Error
 {
     Q_DECLARE_TR_FUNCTIONS(RemoteFormatError)
@@ -16,17 +16,17 @@ public:
     enum class Kind {
         networkError,
         apiError,
-        notConfigured, ///< there is no key, or no address
+        notConfigured, ///< the key or the address is missing
         invalidCredentials,
         invalidResponse,
         rateLimitExceeded,
         contextWindowExceeded,
     };
 
-    /// One of the kinds that need no further words.
+    /// For every kind but networkError and apiError.
     explicit RemoteFormatError(Kind kind);
     static RemoteFormatError networkError(const QString& message);
-    /// @p message: the provider's own words, if it had any.
+    /// @p message: the provider's own message, if any.
     static RemoteFormatError apiError(int status, const std::optional<QString>& message);
 
     [[nodiscard]] Kind kind() const { return kind_; }

@@ -23,8 +23,8 @@ QString beginOf(const QString& key)
     return key.left(loggedKeyCharacters) + QStringLiteral("...");
 }
 
-/// What can stand in a header and in an address. Anything else was pasted by mistake, and a line break would let it
-/// write headers of its own.
+/// Whether @p key may go into a header or an address. Anything else was pasted by mistake, and a line break would
+/// inject headers.
 bool isPrintable(const QString& key)
 {
     return std::ranges::all_of(key, [](QChar c) { return c > QLatin1Char(' ') && c < QChar(0x7f); });
@@ -32,7 +32,7 @@ bool isPrintable(const QString& key)
 
 } // namespace
 
-/// A key that is being read from the key store. Outlives the service when that is dropped meanwhile.
+/// A key being read from the key store. May outlive the service.
 struct RemoteFormatService::KeyRead
 {
     KeyRead() { promise.start(); }
@@ -73,7 +73,7 @@ void RemoteFormatService::preconnect()
     try {
         parts_.http.preconnect(endpoint());
     } catch (const RemoteFormatError&) {
-        // The request will tell.
+        // The request itself will report it.
     }
 }
 
@@ -124,7 +124,7 @@ QCoro::Task<QString> RemoteFormatService::resolveKey(QString keychainIdentifier)
     if (key) {
         logger().debug(line(QStringLiteral("Using API key from modal: ") + beginOf(*key)));
     } else {
-        // The key that was read ahead serves one request; the next one asks anew.
+        // A key read ahead serves one request only.
         auto reading = std::exchange(keyAhead_, nullptr);
         if (!reading || keychainIdentifier != config_.keychainIdentifierOverride) {
             reading = std::make_shared<KeyRead>();

@@ -18,31 +18,31 @@
 
 namespace vantro {
 
-/// What a remote service works with; the objects outlive it.
+/// What a remote service needs; the referenced objects must outlive it.
 struct RemoteServiceParts
 {
     HttpExchange& http;
     KeychainServicing& keychain;
     const LanguageRecognizer& languages;
-    /// Ends what is under way, with an error, when nobody waits for it any more.
+    /// Makes pending requests fail at once.
     std::stop_token stop = {};
 };
 
-/// A hosted language model, asked over HTTP: one request, one answer, no second try. Everything is common to the
-/// providers but the address, the headers, the bodies and the place of the text. Throws RemoteFormatError.
+/// A hosted language model, asked over HTTP with a single request and no retry. Subclasses supply what differs between
+/// providers: address, headers, bodies and where the text is. Throws RemoteFormatError.
 class RemoteFormatService : public FormatRequestServicing
 {
 public:
     static constexpr std::chrono::milliseconds standardTimeout{30'000};
     static constexpr std::chrono::milliseconds verificationTimeout{10'000};
 
-    /// Reads the key and opens the connection.
+    /// Starts reading the key and opens the connection.
     void prepare() override;
-    /// The connection alone, for when it is not sure yet that it will be needed.
+    /// Opens the connection only, when a request is likely but not certain.
     void preconnect();
     QCoro::Task<QString> format(QString prompt, QString text) override;
 
-    /// Sends the smallest possible request with the key of that account, or the one that the configuration carries.
+    /// Sends a minimal request with the key of that account, or the apiKeyOverride of the configuration.
     QCoro::Task<> verifyCredentials(QString keychainIdentifier);
 
     [[nodiscard]] const RemoteProviderConfig& config() const { return config_; }
@@ -50,21 +50,22 @@ public:
 protected:
     RemoteFormatService(RemoteServiceParts parts, RemoteProviderConfig config, std::chrono::milliseconds baseTimeout);
 
-    /// Without the key; throws RemoteFormatError when there is none that can be used.
+    /// The address without the key. Throws RemoteFormatError when it is not usable.
     [[nodiscard]] virtual QUrl endpoint() const = 0;
-    /// Puts @p key where the provider looks for it.
+    /// Adds @p key the way the provider expects it.
     virtual void authorize(HttpRequest& request, const QString& key) const = 0;
     [[nodiscard]] virtual QJsonObject formatBody(const QString& system, const QString& text) const = 0;
     [[nodiscard]] virtual QJsonObject verificationBody() const = 0;
     [[nodiscard]] virtual RemoteAnswer::TextPath textPath() const = 0;
-    /// Log lines of its own before a request is sent.
+    /// Called before a request is sent, for extra log lines.
     virtual void noteRequest() const {}
-    /// Log lines of its own about a whole answer. Runs on the network's thread, without the service.
+    /// Called with the complete response, for extra log lines. Runs on the network thread, where the service may be
+    /// gone.
     using AnswerNote = void (*)(const RemoteAnswer& answer);
     [[nodiscard]] virtual AnswerNote formatNote() const { return nullptr; }
     [[nodiscard]] virtual AnswerNote verificationNote() const { return nullptr; }
 
-    /// "[OpenAI] " and @p text.
+    /// @p text prefixed with "[OpenAI] ".
     [[nodiscard]] QString line(const QString& text) const;
     [[nodiscard]] static const Logger& logger();
 
@@ -79,7 +80,7 @@ private:
     RemoteServiceParts parts_;
     RemoteProviderConfig config_;
     std::chrono::milliseconds baseTimeout_;
-    std::shared_ptr<KeyRead> keyAhead_; ///< what prepare() has begun to read
+    std::shared_ptr<KeyRead> keyAhead_; ///< being read since prepare()
 };
 
 } // namespace vantro
