@@ -63,8 +63,8 @@
         <translation>Nicht im Verlauf</translation>
     </message>
     <message>
-        <source>What you dictate is delivered but not kept: %1</source>
-        <translation>Was du diktierst, kommt an, wird aber nicht aufbewahrt: %1</translation>
+        <source>Your dictations are delivered but not stored: %1</source>
+        <translation>Diktate kommen an, werden aber nicht gespeichert: %1</translation>
     </message>
     <message>
         <source>What you said is on the clipboard.</source>
@@ -97,8 +97,8 @@
         <translation>Das Mikrofon konnte nicht gestartet werden: %1</translation>
     </message>
     <message>
-        <source>The microphone was lost during the recording; what was said after that is missing. %1</source>
-        <translation>Das Mikrofon ging während der Aufnahme verloren; was danach gesagt wurde, fehlt. %1</translation>
+        <source>The microphone was lost during the recording. Anything said after that is missing. %1</source>
+        <translation>Das Mikrofon ist während der Aufnahme ausgefallen. Was danach gesagt wurde, fehlt. %1</translation>
     </message>
     <message>
         <source>The on-device model is not available on this device.</source>
@@ -128,12 +128,12 @@
 <context>
     <name>ControlService</name>
     <message>
-        <source>a dictation is under way</source>
-        <translation>es läuft gerade ein Diktat</translation>
+        <source>a dictation is already in progress</source>
+        <translation>es läuft bereits ein Diktat</translation>
     </message>
     <message>
-        <source>the recording could not start; the program&apos;s window tells why</source>
-        <translation>die Aufnahme konnte nicht beginnen; das Fenster des Programms sagt, warum</translation>
+        <source>the recording could not start; see the program&apos;s window</source>
+        <translation>die Aufnahme konnte nicht beginnen; siehe das Fenster des Programms</translation>
     </message>
     <message>
         <source>nothing is being recorded</source>
@@ -946,16 +946,16 @@
         <translation>Der Text ist in der Zwischenablage: Füge ihn mit %1 ein.</translation>
     </message>
     <message>
-        <source>No window had the keyboard when the dictation began. </source>
-        <translation>Kein Fenster hatte die Tastatur, als das Diktat begann. </translation>
+        <source>No window was active when the dictation began. </source>
+        <translation>Beim Beginn des Diktats war kein Fenster aktiv. </translation>
     </message>
     <message>
         <source>The window you were working in has been closed. </source>
         <translation>Das Fenster, in dem du gearbeitet hast, wurde geschlossen. </translation>
     </message>
     <message>
-        <source>The keyboard did not return to the window you were working in. </source>
-        <translation>Die Tastatur kam nicht zu dem Fenster zurück, in dem du gearbeitet hast. </translation>
+        <source>The window you were working in did not become active again. </source>
+        <translation>Das Fenster, in dem Sie gearbeitet haben, wurde nicht wieder aktiv. </translation>
     </message>
 </context>
 <context>
@@ -1182,8 +1182,8 @@
         <translation>dem Mikrofon</translation>
     </message>
     <message>
-        <source>The usual shortcuts are all used by other programs. Take one of your own.</source>
-        <translation>Die üblichen Tastenkürzel werden alle von anderen Programmen benutzt. Nimm ein eigenes.</translation>
+        <source>The usual shortcuts are all taken by other programs. Record one of your own.</source>
+        <translation>Die üblichen Tastenkürzel sind alle von anderen Programmen belegt. Nehmen Sie ein eigenes auf.</translation>
     </message>
 </context>
 <context>
@@ -1578,8 +1578,8 @@
         <translation>Kein Mailprogramm</translation>
     </message>
     <message>
-        <source>No mail program could be started. Write to %1.</source>
-        <translation>Es konnte kein Mailprogramm gestartet werden. Schreibe an %1.</translation>
+        <source>No mail program could be started. Please write to %1.</source>
+        <translation>Es konnte kein E-Mail-Programm gestartet werden. Schreiben Sie bitte an %1.</translation>
     </message>
     <message>
         <source>OK</source>
@@ -1594,16 +1594,16 @@
         <translation>vantro wurde unerwartet beendet</translation>
     </message>
     <message>
-        <source>It has been started again and works. What was dictated before is in the history; a dictation that was under way is lost.</source>
-        <translation>Es wurde neu gestartet und läuft. Was vorher diktiert wurde, steht im Verlauf; ein laufendes Diktat ist verloren.</translation>
+        <source>It is running again. Your earlier dictations are in the history; a dictation in progress was lost.</source>
+        <translation>Es läuft jetzt wieder. Ihre bisherigen Diktate stehen im Verlauf; ein Diktat, das gerade lief, ist verloren.</translation>
     </message>
     <message>
         <source>Report an Error</source>
         <translation>Fehler melden</translation>
     </message>
     <message>
-        <source>The settings come from a newer version of vantro.</source>
-        <translation>Die Einstellungen stammen von einer neueren Version von vantro.</translation>
+        <source>The settings file comes from a newer version of vantro.</source>
+        <translation>Die Einstellungsdatei stammt von einer neueren Version von vantro.</translation>
     </message>
     <message>
         <source>The settings file was damaged.</source>
@@ -1614,16 +1614,16 @@
         <translation>vantro beginnt mit frischen Einstellungen</translation>
     </message>
     <message>
-        <source>It is kept as %1. Shortcut and microphone may have to be chosen anew.</source>
-        <translation>Die Datei bleibt als %1 erhalten. Tastenkürzel und Mikrofon müssen vielleicht neu gewählt werden.</translation>
+        <source>It is kept as %1. Check your shortcut and microphone in the settings.</source>
+        <translation>Sie wurde als %1 aufgehoben. Prüfen Sie Tastenkürzel und Mikrofon in den Einstellungen.</translation>
     </message>
     <message>
         <source>Reset All Vocabulary &amp; Replacements</source>
         <translation>Alle Wörter und Ersetzungen entfernen</translation>
     </message>
     <message>
-        <source>All words and replacements are removed. This action cannot be undone.</source>
-        <translation>Alle Wörter und Ersetzungen werden entfernt. Das kann nicht rückgängig gemacht werden.</translation>
+        <source>All words and replacements will be removed. This action cannot be undone.</source>
+        <translation>Alle Wörter und Ersetzungen werden entfernt. Das lässt sich nicht rückgängig machen.</translation>
     </message>
     <message>
         <source>Reset</source>
@@ -1646,8 +1646,8 @@
         <translation>Einstellungen nicht gespeichert</translation>
     </message>
     <message>
-        <source>The settings file %1 cannot be written. What you change lasts until vantro ends.</source>
-        <translation>Die Einstellungsdatei %1 kann nicht geschrieben werden. Was du änderst, gilt, bis vantro beendet wird.</translation>
+        <source>The settings file %1 cannot be written. Your changes last until vantro quits.</source>
+        <translation>Die Einstellungsdatei %1 lässt sich nicht schreiben. Ihre Änderungen gelten nur, bis vantro beendet wird.</translation>
     </message>
 </context>
 <context>

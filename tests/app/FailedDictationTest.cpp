@@ -24,7 +24,7 @@ TEST_F(DictationTest, DeliversWhatCannotBeStoredAndTellsItOnce)
     dictate(QStringLiteral("One."));
     EXPECT_EQ(delivered, QStringLiteral("One."));
     EXPECT_EQ(shell.alerts,
-              QStringList{QStringLiteral("What you dictate is delivered but not kept: The disk is full.")});
+              QStringList{QStringLiteral("Your dictations are delivered but not stored: The disk is full.")});
     dictate(QStringLiteral("Two."));
     EXPECT_EQ(delivered, QStringLiteral("Two."));
     EXPECT_EQ(shell.alerts.size(), 1) << "known already";

@@ -31,7 +31,7 @@ void AppDelegate::applicationDidFinishLaunching()
         printLine(QStringLiteral("Missing permissions, showing onboarding"));
         shell().showOnboarding();
     }
-    // Attached in either case: a sound server or a shortcut that comes later works without a restart.
+    // In either case, so that a sound server or shortcut that appears later works without a restart.
     openModalAction_ =
         std::make_unique<HoldToTalk>(parts_.shortcuts, defaults, parts_.dictation.clock,
                                      [this](Dictation::Keyboard keyboard) { return showLauncherAndRecord(keyboard); });
@@ -47,7 +47,7 @@ bool AppDelegate::isReadyToDictate() const
 void AppDelegate::applicationWillTerminate()
 {
     cancelDictation();
-    QCoreApplication::sendPostedEvents(dictation_.get()); // its launcher goes while its engine is there
+    QCoreApplication::sendPostedEvents(dictation_.get()); // deletes its launcher while the QML engine still exists
     parts_.dictation.delivery.restoreNow();
 }
 
@@ -92,7 +92,7 @@ void AppDelegate::downloadModel(const TranscriptionModel& model, const QString& 
 QCoro::Task<> AppDelegate::modelDownloaded()
 {
     shell().closeModelDownload();
-    // The settings may have fetched another one than the one that is missing.
+    // The settings may have downloaded a different model.
     const TranscriptionModel model = parts_.models.selectedModel();
     const QFuture<ModelCheck> checking = parts_.checkModel(model);
     const ModelCheck check = co_await checking;

@@ -20,7 +20,7 @@
 
 namespace vantro {
 
-/// Launches the program, and begins and ends its dictations. Main thread.
+/// Runs the launch sequence, and starts and stops dictations. Main thread.
 class AppDelegate final : public QObject
 {
     Q_OBJECT
@@ -32,27 +32,27 @@ public:
         KeyboardShortcuts& shortcuts;
         ModelSelection& models;
         MigrationManager& migrations;
-        /// Makes models that lie on this machine usable; before the selection is settled.
+        /// Makes models found on this machine usable. Runs before the selected model is checked.
         std::function<QCoro::Task<>()> prepareModels;
         std::function<QFuture<ModelCheck>(const TranscriptionModel&)> checkModel;
     };
 
     explicit AppDelegate(Parts parts);
 
-    /// The launch handler: theme, update check, repairs, observers, onboarding when something is missing, model.
+    /// The launch sequence: update check, migrations, observers, onboarding if something is missing, shortcut, model.
     void applicationDidFinishLaunching();
-    /// Before the process ends: what is being recorded is thrown away, and the clipboard gets back what it held.
+    /// Call before the process ends: discards a running recording and restores the clipboard.
     void applicationWillTerminate();
     [[nodiscard]] bool isReadyToDictate() const;
 
-    /// The shortcut's action: opens the launcher and records. Answers the dictation that has begun; nothing when one is
-    /// under way or none can begin, of which the user has been told.
+    /// The shortcut's action: starts recording and opens the launcher. Returns the new dictation, or null when one is
+    /// already running or the model is missing, which the user is told.
     std::weak_ptr<Dictation> showLauncherAndRecord(Dictation::Keyboard keyboard = Dictation::Keyboard::taken);
     /// What Space does in the launcher.
     void stopRecording();
-    /// What Escape does in the launcher, also while the recording is being processed.
+    /// What Escape does in the launcher, even while the recording is being processed.
     void cancelDictation();
-    /// Of the latest dictation.
+    /// The timings of the latest dictation.
     [[nodiscard]] DictationTimings timings() const;
 
 private:
@@ -65,10 +65,10 @@ private:
     [[nodiscard]] Shell& shell() const { return parts_.dictation.shell; }
 
     Parts parts_;
-    std::shared_ptr<Dictation> dictation_; ///< the latest one, also when it is over
+    std::shared_ptr<Dictation> dictation_; ///< the latest one, even when it is over
     std::unique_ptr<HoldToTalk> openModalAction_;
     std::vector<NotificationCenter::Observation> observations_;
-    /// Set while the selected model is missing: why, where it was there before.
+    /// Set while the selected model is missing: the reason, or empty when it was never downloaded.
     std::optional<QString> modelProblem_;
 };
 

@@ -56,12 +56,12 @@ void ControlService::Toggle(const QDBusMessage& message)
 void ControlService::Start(const QDBusMessage& message)
 {
     if (parts_.recorder.isBusy()) {
-        refuse(message, tr("a dictation is under way"));
+        refuse(message, tr("a dictation is already in progress"));
         return;
     }
     delegate_.showLauncherAndRecord();
     if (!parts_.recorder.isRecording())
-        refuse(message, tr("the recording could not start; the program's window tells why"));
+        refuse(message, tr("the recording could not start; see the program's window"));
 }
 
 void ControlService::Stop(const QDBusMessage& message)

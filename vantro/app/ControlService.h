@@ -14,8 +14,8 @@ class AudioRecorder;
 class KeyboardShortcuts;
 class ModelSelection;
 
-/// The running program on the session bus: what "vantro toggle" and its like call, and what a second start hands over
-/// to. Owning the bus name is what makes an instance the running one. Main thread.
+/// The running program's D-Bus interface, used by commands such as "vantro toggle" and by a second start to pass on its
+/// arguments. Main thread.
 class ControlService final : public QDBusAbstractAdaptor
 {
     Q_OBJECT
@@ -33,12 +33,13 @@ public:
         const KeyboardShortcuts& shortcuts;
     };
 
-    /// @p handOver: called with the arguments of a program that was started a second time.
+    /// @p handOver: called with the arguments of a second start.
     ControlService(AppDelegate& delegate, Parts parts, std::function<void(const QStringList&)> handOver);
 
-    /// Takes the name. False when there is no bus or another instance has it.
+    /// Claims the bus name. False when there is no bus or another instance owns it.
     bool publish();
-    /// Has the program that owns the name carry out @p arguments. False when none answers, or there is no bus.
+    /// Passes @p arguments to the program that owns the name. False when there is no bus or it does not answer within 5
+    /// s. Blocks.
     [[nodiscard]] static bool handOver(const QStringList& arguments);
 
 public Q_SLOTS:

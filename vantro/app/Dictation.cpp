@@ -23,7 +23,7 @@ public:
     {
     }
 
-    /// What was recognised before it failed.
+    /// The text recognised before the failure; may be empty.
     [[nodiscard]] const QString& transcript() const { return transcript_; }
 
 private:
@@ -41,11 +41,11 @@ Dictation::~Dictation() = default;
 
 QCoro::Task<> Dictation::run(Keyboard keyboard)
 {
-    const auto self = shared_from_this(); // so that whatever it waits for finds it alive
+    const auto self = shared_from_this(); // keeps this alive while it waits
     try {
         parts_.delivery.rememberTarget();
         startCapture();
-        const auto engineUse = parts_.transcription.prepare(); // loads its model while the user speaks
+        const auto engineUse = parts_.transcription.prepare(); // loads the model while the user speaks
         openLauncher(keyboard);
 
         co_await spoken_.opened();
@@ -62,7 +62,7 @@ QCoro::Task<> Dictation::run(Keyboard keyboard)
     end();
 }
 
-/// Before anything is shown: the first word may come at once.
+/// Comes before anything is shown: the user may start speaking at once.
 void Dictation::startCapture()
 {
     AudioRecorder& recorder = parts_.recorder;
@@ -106,7 +106,7 @@ void Dictation::stop()
         spoken_.open();
 }
 
-/// Everything that the user has chosen counts as it is now.
+/// The mode and the settings count as they are at this moment.
 void Dictation::endRecording()
 {
     giveUpIfCancelled();
@@ -134,10 +134,10 @@ void Dictation::noteLostMicrophone()
     if (parts_.recorder.sampleCount() < minimumSampleCount)
         throw Failure(lost->localizedDescription());
     notice_ =
-        tr("The microphone was lost during the recording; what was said after that is missing. %1").arg(lost->reason());
+        tr("The microphone was lost during the recording. Anything said after that is missing. %1").arg(lost->reason());
 }
 
-/// What was spoken right before the stop is still on its way through the sound server.
+/// The last words before the stop are still in the sound server's buffers.
 QCoro::Task<std::vector<float>> Dictation::drain()
 {
     co_await parts_.clock.sleepFor(AudioRecorder::drainDelay);
@@ -206,7 +206,7 @@ void Dictation::announce(const QString& finalText, const std::optional<QString>&
     parts_.notifications.post(notification::recordingFinished, info);
 }
 
-/// A note has been filed by its handler and goes nowhere else.
+/// A note was stored by its handler and is not delivered anywhere else.
 QCoro::Task<> Dictation::deliver(QString text)
 {
     text = text.trimmed();
@@ -232,7 +232,7 @@ QCoro::Task<> Dictation::paste(QString text, QRect launcherFrame)
         timings_.pasted = parts_.clock.now();
         co_return;
     }
-    // The text stands on the clipboard; the user pastes it where it belongs.
+    // The text is on the clipboard for the user to paste.
     logger_.info(parts_.delivery.explanation(outcome));
     parts_.shell.showPasteHUD(launcherFrame);
 }
@@ -243,8 +243,8 @@ void Dictation::fail(const Failure& failure)
     notice_ = failure.localizedDescription() + saveFromLoss(failure.transcript());
 }
 
-/// What is not delivered is in the history. What is not there either, a note on a full disk for example, goes to the
-/// clipboard; answers what to tell of that.
+/// A text that was neither delivered nor stored, such as a note when the disk is full, goes to the clipboard. Returns
+/// what to tell the user about it.
 QString Dictation::saveFromLoss(const QString& text)
 {
     if (parts_.store.hasLatest() || text.trimmed().isEmpty())
@@ -265,10 +265,10 @@ void Dictation::cancel()
         return;
     stop_.request_stop();
     end();
-    spoken_.open(); // run() finds out by itself wherever else it waits
+    spoken_.open(); // anywhere else run() notices on its own
 }
 
-/// Alerts come last, since they take the keyboard.
+/// Alerts come last because they take the keyboard focus.
 void Dictation::end()
 {
     if (isOver())
@@ -288,7 +288,7 @@ void Dictation::tellOfStoreProblem()
 {
     if (const auto problem = parts_.store.takeProblem()) {
         parts_.shell.showAlert(tr("Not in the History"),
-                               tr("What you dictate is delivered but not kept: %1").arg(*problem));
+                               tr("Your dictations are delivered but not stored: %1").arg(*problem));
     }
 }
 
@@ -309,7 +309,7 @@ void Dictation::closeLauncher()
     if (!launcher_)
         return;
     launcher_->closePanel();
-    // Not now: the panel may be what asks for it.
+    // Deferred: the panel may be the caller.
     QMetaObject::invokeMethod(
         this, [this] { launcher_.reset(); }, Qt::QueuedConnection);
 }

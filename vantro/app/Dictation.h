@@ -26,12 +26,12 @@
 
 namespace vantro {
 
-/// One dictation, from the shortcut to the delivered text: run() is its whole course. Main thread.
+/// One dictation, from the shortcut to the delivered text; run() is the whole course. Main thread.
 class Dictation final : public QObject, public std::enable_shared_from_this<Dictation>
 {
     Q_OBJECT
 public:
-    /// What a dictation works with; outlives every one.
+    /// What a dictation needs; must outlive it.
     struct Parts
     {
         UserDefaults& defaults;
@@ -40,9 +40,9 @@ public:
         AudioRecorder& recorder;
         TranscriptionFacade& transcription;
         const ModeHandlers& handlers;
-        /// A dictation may end in this mode: the way to its language model is opened.
+        /// Called when this mode becomes likely, to connect to its language model early; may be empty.
         std::function<void(ProcessingMode)> expectService;
-        /// The language model that serves a mode, at the moment of stopping; null for none.
+        /// Returns the language model for a mode, or null. Called when the recording stops; may be empty.
         std::function<std::shared_ptr<FormatRequestServicing>(ProcessingMode, std::stop_token)> chooseService;
         LenientStore& store;
         PasteDelivery& delivery;
@@ -50,11 +50,11 @@ public:
         Shell& shell;
     };
 
-    /// In this order. What fails or is cancelled is over at once, wherever it is.
+    /// In this order. A failure or a cancel leads from any of them straight to over.
     enum class State { starting, recording, draining, transcribing, processing, delivering, over };
     enum class Keyboard { taken, left };
 
-    /// Begins to record, unless nothing can be recorded: then the user has been told, and it is over.
+    /// Starts recording. If that fails, the user is told and the dictation is over.
     [[nodiscard]] static std::shared_ptr<Dictation> begin(const Parts& parts, Keyboard keyboard);
     ~Dictation() override;
 
@@ -63,20 +63,20 @@ public:
     [[nodiscard]] const DictationTimings& timings() const { return timings_; }
     [[nodiscard]] AudioRecorder& recorder() const { return parts_.recorder; }
 
-    /// Ends the recording; what was said becomes text. Later than that it does nothing.
+    /// Ends the recording and goes on to transcribe it. Does nothing once it has stopped.
     void stop();
-    /// Throws a running recording away; does nothing once it is stopped.
+    /// Discards a running recording. Does nothing once it has stopped.
     void cancelRecording();
-    /// The same until the text is on its way to its window; nothing is told of it.
+    /// Abandons the dictation silently. Does nothing once the delivery has begun.
     void cancel();
 
 Q_SIGNALS:
     void stateChanged();
-    /// 0..1 while the engine works.
+    /// 0..1, while the engine is working.
     void transcriptionProgress(float fraction);
 
 private:
-    /// Ends run() without another word.
+    /// Ends run() without reporting an error.
     struct GivenUp
     {
     };
@@ -108,12 +108,12 @@ private:
     Parts parts_;
     Logger logger_{"Dictation"};
     State state_ = State::starting;
-    std::stop_source stop_; ///< reaches the engine and the language model
-    Gate spoken_;           ///< opens when the recording ends, however it does
+    std::stop_source stop_; ///< stops the engine and the language model
+    Gate spoken_;           ///< opens when the recording ends for any reason
     ProcessingMode mode_ = ProcessingMode::Normal;
     ModeHandler* handler_ = nullptr;
     std::shared_ptr<FormatRequestServicing> service_;
-    QString notice_; ///< what the user is told once it is over
+    QString notice_; ///< shown to the user at the end
     DictationTimings timings_;
     std::unique_ptr<LauncherPanel> launcher_;
 };

@@ -8,7 +8,7 @@
 
 namespace vantro {
 
-/// When the steps of the latest dictation happened, on the monotonic clock. What did not happen is absent.
+/// When each step of a dictation happened, on the monotonic clock. Steps that did not happen are absent.
 struct DictationTimings
 {
     std::optional<Clock::Instant> shortcut;
@@ -18,7 +18,7 @@ struct DictationTimings
     std::optional<Clock::Instant> pasted;
     std::chrono::microseconds engine{0};
 
-    /// Instants in microseconds of the monotonic clock, absent ones left out, and "engine_us".
+    /// The instants in microseconds of the monotonic clock, without the absent ones, and the duration "engine_us".
     [[nodiscard]] QJsonObject toJson() const;
 };
 

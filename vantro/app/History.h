@@ -6,7 +6,7 @@
 
 namespace vantro {
 
-/// Everything about what was dictated: the store, how dictations write into it, and its repairs. The constructor opens
+/// The history of dictations: the store, the way dictations write to it, and its migrations. The constructor opens
 /// nothing. Main thread.
 struct History
 {

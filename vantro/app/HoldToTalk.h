@@ -13,20 +13,20 @@
 
 namespace vantro {
 
-/// The two ways to use the dictation's shortcut. By default its release opens the launcher, which takes the keyboard.
-/// With the setting "holdToTalk" its press starts a recording that its release ends, and the keyboard stays where it
-/// is; what is released within 0.3 s was an accident and is thrown away. The setting counts from the next press on.
-/// Main thread.
+/// The two ways to use the dictation shortcut. By default, releasing it opens the launcher, which takes the keyboard
+/// focus. With the setting "holdToTalk", pressing it starts a recording and releasing it ends the recording, and the
+/// focus stays where it is; a press shorter than 0.3 s counts as accidental and is discarded. The setting takes effect
+/// at the next press. Main thread.
 class HoldToTalk : public QObject
 {
     Q_OBJECT
 public:
     static constexpr std::chrono::milliseconds shortestHold{300};
 
-    /// Begins a dictation, unless one is under way.
+    /// Starts a dictation; returns null when none has started.
     using Begin = std::function<std::weak_ptr<Dictation>(Dictation::Keyboard)>;
 
-    /// Everything outlives this object.
+    /// All references must outlive this object.
     HoldToTalk(KeyboardShortcuts& shortcuts, UserDefaults& defaults, Clock& clock, Begin begin);
 
 private:
@@ -39,7 +39,7 @@ private:
     Begin begin_;
     KeyboardShortcuts::Registration keyDown_;
     KeyboardShortcuts::Registration keyUp_;
-    /// The press was taken for a hold, whatever has become of its dictation.
+    /// The current press is a hold, whether or not its dictation is still running.
     bool isHold_ = false;
     std::weak_ptr<Dictation> held_;
 };

@@ -4,7 +4,7 @@
 
 namespace vantro {
 
-/// The recording panel as its dictation sees it. Main thread.
+/// The recording panel as the dictation sees it. Main thread.
 class LauncherPanel
 {
 public:
@@ -12,9 +12,9 @@ public:
 
     [[nodiscard]] virtual QRect frame() const = 0;
     virtual void makeKeyAndOrderFront() = 0;
-    /// Shows it while the keyboard stays where it is.
+    /// Shows it without taking the keyboard focus.
     virtual void orderFront() = 0;
-    /// Closes for good, cancels a recording that still runs, and posts "launcher:closed". Does nothing the second time.
+    /// Closes it for good, discards a running recording, and posts "launcher:closed". Does nothing the second time.
     virtual void closePanel() = 0;
 };
 

@@ -6,22 +6,22 @@
 
 namespace vantro {
 
-/// The store as dictations see it: a text that cannot be kept, on a full disk for example, is delivered all the same.
-/// A note is meant for the store alone: there a failure stays one. Main thread.
+/// The store as dictations see it: a text that cannot be stored, for example because the disk is full, is still
+/// delivered. Failing to store a note remains an error, since it goes nowhere else. Main thread.
 class LenientStore final : public TranscriptionStoring
 {
 public:
     /// @p store must outlive this object.
     explicit LenientStore(TranscriptionStoring& store) : store_(store) {}
 
-    /// Why texts are not kept. Told once: again only when something was stored in between.
+    /// Why texts are not being stored. Returned once per series of failures.
     [[nodiscard]] std::optional<QString> takeProblem();
 
-    /// Whether the latest text is in the store. One that is not and is not delivered either is nowhere.
+    /// Whether the latest text was stored.
     [[nodiscard]] bool hasLatest() const { return hasLatest_; }
 
     void saveTranscription(const QString& transcription, const QString& formatted, ProcessingMode mode) override;
-    /// A null identity when it could not be stored.
+    /// Returns a null id when it could not be stored.
     QUuid saveTranscription(const QString& transcription, ProcessingMode mode) override;
     void updateFormatted(const QUuid& id, const QString& formatted) override;
 

@@ -6,7 +6,7 @@
 
 namespace vantro {
 
-/// What the user reads when a dictation was transcribed but could not be processed in its mode.
+/// The message for the user when a dictation was transcribed but could not be processed in its mode.
 QString processingErrorMessage(const std::exception& error);
 
 } // namespace vantro

@@ -67,7 +67,7 @@ QCoro::Task<> Rewriting::verify(ProviderConfiguration provider, std::optional<QS
 
 bool Rewriting::asksModel(ProcessingMode mode) const
 {
-    // Normal has no prompt, and Custom asks nobody as long as it has none.
+    // Normal has no prompt; Custom may have none.
     return !prompts_.prompt(mode).isEmpty();
 }
 

@@ -14,8 +14,8 @@
 
 namespace vantro {
 
-/// Everything that texts are rewritten with: the modes' prompts, the providers of language models with their keys, and
-/// the exchange with them. What the arguments of the constructor refer to outlives it. Main thread.
+/// Everything needed to rewrite texts: the prompts of the modes, the providers with their keys, and the connection to
+/// them. The constructor's arguments must outlive it. Main thread.
 class Rewriting
 {
 public:
@@ -24,24 +24,24 @@ public:
     [[nodiscard]] PromptSettings& prompts() { return prompts_; }
     [[nodiscard]] ProviderConfigurationManager& providers() { return providers_; }
 
-    /// Makes up for a clean-up of keys that could not be done before.
+    /// Retries a pending clean-up of API keys.
     void start();
-    /// Whether a dictation can end in @p mode: one that a language model rewrites needs a provider that is there and
-    /// enabled, and Custom a prompt. Whether the provider has a key is known only when it is asked.
+    /// Whether @p mode is set up: Email, Grammar and Custom need an enabled provider, Custom a prompt as well. The key
+    /// is not checked.
     [[nodiscard]] bool isUsable(ProcessingMode mode) const;
-    /// The modes that the launcher offers, in their order: those that can be used, and @p defaultMode, so that a
-    /// default that cannot work says so.
+    /// The modes offered by the launcher, in order: the usable ones and @p defaultMode, so that an unusable default
+    /// reports its error.
     [[nodiscard]] std::vector<ProcessingMode> visibleModes(ProcessingMode defaultMode) const;
 
-    /// A dictation has begun that may end in @p mode: the way to its provider is opened.
+    /// Connects early to the provider of a mode that a running dictation is likely to use.
     void expectUse(ProcessingMode mode) const;
-    /// The service of a dictation that ends in @p mode, already reading its key when it will be asked. @p stop ends its
+    /// Returns the service for a dictation in @p mode, which already reads its key if it needs one. @p stop ends its
     /// requests.
     [[nodiscard]] std::shared_ptr<FormatRequestServicing> choose(ProcessingMode mode, std::stop_token stop = {}) const;
 
-    /// The key store's accounts that have a key; throws KeychainError.
+    /// The accounts that have a key. Throws KeychainError.
     [[nodiscard]] QCoro::Task<QStringList> keyAccounts() { return keychain_.accounts(); }
-    /// Asks @p provider whether it accepts @p key, or without one the stored key. Throws Error.
+    /// Checks that @p provider accepts @p key, or the stored key if none is given. Throws Error.
     [[nodiscard]] QCoro::Task<> verify(ProviderConfiguration provider, std::optional<QString> key = {}) const;
 
 private:

@@ -12,32 +12,32 @@ class Dictation;
 class LauncherPanel;
 struct TranscriptionModel;
 
-/// Everything that the program can be seen by, as the dictation and its delegate need it: windows, alerts, the tray and
-/// the notice of updates stand behind it. Main thread.
+/// The user interface as dictations and the application delegate see it: windows, alerts and the update notice. Main
+/// thread.
 class Shell
 {
 public:
     virtual ~Shell() = default;
 
-    /// In the background.
+    /// Returns at once; the check runs in the background.
     virtual void checkForUpdates() = 0;
 
-    /// A panel for @p dictation, not yet shown; it goes before the dictation does.
+    /// Creates a panel for @p dictation, which must outlive it. Not shown yet.
     [[nodiscard]] virtual std::unique_ptr<LauncherPanel> makeLauncher(Dictation& dictation) = 0;
     /// @p anchor: where the launcher was, in screen coordinates.
     virtual void showPasteHUD(std::optional<QRect> anchor) = 0;
     virtual void showAlert(const QString& title, const QString& text) = 0;
 
-    /// Hides own windows while a dictation is recorded, unless it is a practice; bringWindowsBack() shows those that
-    /// were there.
+    /// Hides the program's own windows during a recording, except in the practice step of the onboarding.
+    /// bringWindowsBack() shows them again.
     virtual void putWindowsAside() = 0;
     virtual void bringWindowsBack() = 0;
 
-    /// Begins to download @p model and shows how far it is; brings the window forward when it is there already. Its end
-    /// is announced as "download:model:success". @p problem: why a model that was there has to be fetched again.
+    /// Downloads @p model in a window that shows the progress, or brings that window to the front. Posts
+    /// "download:model:success" at the end. @p problem: why the model has to be downloaded again; may be empty.
     virtual void showModelDownload(const TranscriptionModel& model, const QString& problem) = 0;
     virtual void closeModelDownload() = 0;
-    /// Leads through what is missing; its end is announced as "permissions:close".
+    /// Guides the user through the setup. Posts "permissions:close" at the end.
     virtual void showOnboarding() = 0;
     virtual void closeOnboarding() = 0;
 };

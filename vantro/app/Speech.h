@@ -8,12 +8,11 @@
 
 namespace vantro {
 
-/// All that has to do with recognising speech, put together once for the program and every command: which models there
-/// are, where their files lie, which one is selected, and the engines that run them. Starts no thread and opens nothing
-/// until it is used. Main thread.
+/// Everything needed to recognise speech, for the program and all commands: the models, their files, the selection, and
+/// the engines that run them. Starts no thread and opens nothing until it is used. Main thread.
 class Speech
 {
-    // In the order in which they need each other.
+    // In order of dependency.
     FileDownloader fileDownloader_;
     WhisperInProcessEngine whisperEngine_;
     FluidAsrEngine fluidEngine_;
@@ -22,19 +21,19 @@ class Speech
     FluidTranscriptionProvider fluid_;
 
 public:
-    /// @p modelHost: as ModelHost::address() takes it. @p moduleFolders: where ggml's module for this processor lies.
+    /// @p modelHost: see ModelHost::address(). @p moduleFolders: where to look for ggml's module for this processor.
     Speech(UserDefaults& defaults, const VocabularySettings& vocabulary, const QString& modelHost = {},
            std::vector<std::filesystem::path> moduleFolders = processorModuleFolders());
 
     [[nodiscard]] ModelStatus status(const TranscriptionModel& model) const { return engines.of(model).status(model); }
-    /// Waits for the answer, which takes seconds for a file that nobody has checked yet.
+    /// Blocks; takes seconds for a file that has not been checked yet.
     [[nodiscard]] ModelCheck check(const TranscriptionModel& model, Trust trust = Trust::markers) const;
     qint64 remove(const TranscriptionModel& model) const { return engines.of(model).remove(model); }
-    /// Removes what was downloaded of every other model; skips what is being downloaded. Answers the bytes freed.
+    /// Removes the downloaded files of all other models, except those being downloaded. Returns the bytes freed.
     [[nodiscard]] qint64 removeAllExcept(const TranscriptionModel& keep) const;
-    /// What the user's copies and parts take up.
+    /// Disk space used by the user's own copies, including partial downloads.
     [[nodiscard]] qint64 bytesUsed() const;
-    /// A model for a file that the user named.
+    /// Returns a model for a file given by the user. Throws Error when no engine runs it.
     [[nodiscard]] TranscriptionModel describe(const QString& file) const;
 
     const SpeechEngines engines{{&fluid_, &whisper_}};
@@ -45,7 +44,7 @@ public:
     TranscriptionFacade facade{selection, engines};
 
 private:
-    QObject context_; ///< for as long as it follows the setting of the model host
+    QObject context_; ///< scope of the connection to the settings
 };
 
 } // namespace vantro

@@ -8,30 +8,28 @@
 
 namespace vantro {
 
-/// The one operation that turns a finished recording into text, whichever engine the selected model belongs to.
-/// Main thread.
+/// Turns a finished recording into text with the engine of the selected model. Main thread.
 class TranscriptionFacade
 {
 public:
     struct Options
     {
-        const TranscriptionModel* model = nullptr;                               ///< the user's selection when null
-        std::optional<QString> language;                                         ///< the user's setting when absent
+        const TranscriptionModel* model = nullptr;                               ///< the selected model when null
+        std::optional<QString> language;                                         ///< the setting when absent
         std::function<void(float)> onProgress;                                   ///< 0..1, on the engine's thread
         std::function<void(const std::vector<TranscribedToken>&)> onTokens = {}; ///< main thread
-        std::stop_token stop = {}; ///< ends this transcription soon: it throws
+        std::stop_token stop = {};                                               ///< makes the transcription throw soon
     };
 
     TranscriptionFacade(ModelSelection& selection, const SpeechEngines& engines);
 
-    /// Held by a dictation from its recording's start to its end. When the last one is released the engine may let go
-    /// of its model: a cancelled dictation that is still being wound up takes nothing from the next one.
+    /// Held by a dictation from beginning to end. The engine may unload its model when the last one is released, so a
+    /// cancelled dictation that is still winding down does not unload the model of the next.
     using EngineUse = std::shared_ptr<void>;
 
-    /// A recording has begun: the selected model is made ready meanwhile. The use must not outlive the facade.
+    /// Loads the selected model while the recording runs. The result must not outlive the facade.
     [[nodiscard]] EngineUse prepare();
-    /// @p samples: 16 kHz mono. Errors of the engine pass through unchanged; a transcription that is stopped throws,
-    /// too.
+    /// @p samples: 16 kHz mono. Throws the engine's errors unchanged, and throws when stopped.
     QCoro::Task<QString> transcribe(QString recordingID, std::vector<float> samples, Options options);
 
 private:

@@ -84,7 +84,7 @@ std::optional<Chord> chordNamed(const QString& name)
     return std::nullopt;
 }
 
-/// What the user has written; what cannot be understood is reported and left out.
+/// The user's own table. Invalid entries are logged and ignored.
 Table fromSettings(const UserDefaults& defaults)
 {
     static const Logger logger("PasteChords");
@@ -111,7 +111,7 @@ Table fromSettings(const UserDefaults& defaults)
 
 std::optional<Chord> find(const Table& table, const QStringList& windowClass)
 {
-    // The instance name comes last and says more than the class.
+    // The instance name comes last and is more specific than the class.
     for (auto name = windowClass.rbegin(); name != windowClass.rend(); ++name) {
         if (const auto found = table.find(name->toLower()); found != table.end())
             return *found;

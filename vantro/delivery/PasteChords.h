@@ -7,9 +7,9 @@
 
 namespace vantro {
 
-/// Which chord makes a program paste, by its window's class: most know Ctrl+V, terminal emulators Ctrl+Shift+V, and the
-/// plain X terminals only Shift+Insert. The user adds to the table under the settings key "pasteChords", a JSON object
-/// of class or instance name (in any case) to "Ctrl+V", "Ctrl+Shift+V" or "Shift+Insert".
+/// Returns the paste keystroke of a window, by its window class: Ctrl+V for most programs, Ctrl+Shift+V for terminal
+/// emulators, Shift+Insert for the traditional X terminals. The user can extend the table in the setting "pasteChords",
+/// a JSON object that maps a class or instance name (in any case) to "Ctrl+V", "Ctrl+Shift+V" or "Shift+Insert".
 KeyEventPoster::PasteChord pasteChordFor(const QStringList& windowClass, const UserDefaults& defaults);
 
 } // namespace vantro

@@ -23,7 +23,7 @@ constexpr auto restoreDelay = 300ms;
 constexpr auto fetchLimit = 2000ms;
 constexpr auto fetchPoll = 50ms;
 constexpr auto focusLimit = 500ms;
-/// Window managers give the focus back by themselves within a few milliseconds of a window's closing.
+/// Window managers usually return the focus on their own within milliseconds of a window closing.
 constexpr auto activateAfter = 100ms;
 constexpr auto keyReleaseLimit = 1000ms;
 constexpr auto lookAgain = 2ms;
@@ -41,8 +41,8 @@ QString tr(const char* text)
 
 } // namespace
 
-/// Resumes when another window has come to the front, or shortly after in any case: the keyboard follows the window
-/// manager's word with no announcement of its own. Never resumes once the delivery is destroyed.
+/// Resumes when the front window changes, or after 2 ms: the input focus follows the window manager without a signal of
+/// its own. Never resumes once the delivery is destroyed.
 class PasteDelivery::NextLook
 {
 public:
@@ -114,7 +114,7 @@ QCoro::Task<PasteDelivery::Outcome> PasteDelivery::deliver(QString text)
     co_return outcome;
 }
 
-/// When the former delivery's restore is still to come, what it would have put back is what this one must.
+/// If the previous delivery has not restored the clipboard yet, this one takes over what it would have restored.
 PasteDelivery::Restore PasteDelivery::takeFormer(const QString& dictated)
 {
     const auto pending = std::exchange(pending_, std::nullopt);
@@ -219,11 +219,11 @@ void PasteDelivery::restoreNow()
 
 void PasteDelivery::restore(Selection selection, const std::optional<Former>& former)
 {
-    // Somebody has copied something else meanwhile: that is what he expects to find.
+    // Leave anything that was copied in the meantime.
     if (!former || pasteboard_.string(selection) != former->ours)
         return;
     printLine(QStringLiteral("Restoring state"));
-    // Not cleared first: some clipboard managers answer an empty clipboard by filling it with the text before.
+    // Not cleared first: some clipboard managers fill an empty clipboard with its previous text.
     if (former->text) {
         printLine(QStringLiteral("Setting the old content"));
         pasteboard_.setString(selection, *former->text);
@@ -240,11 +240,11 @@ QString PasteDelivery::explanation(Outcome outcome) const
     case Outcome::Nothing:
         return {};
     case Outcome::NoTarget:
-        return tr("No window had the keyboard when the dictation began. ") + onClipboard;
+        return tr("No window was active when the dictation began. ") + onClipboard;
     case Outcome::TargetGone:
         return tr("The window you were working in has been closed. ") + onClipboard;
     case Outcome::FocusNotReturned:
-        return tr("The keyboard did not return to the window you were working in. ") + onClipboard;
+        return tr("The window you were working in did not become active again. ") + onClipboard;
     case Outcome::KeystrokeFailed:
         return keystrokeError_ + QLatin1Char(' ') + onClipboard;
     }

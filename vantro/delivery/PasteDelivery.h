@@ -14,10 +14,10 @@
 
 namespace vantro {
 
-/// Brings a dictation's text into the window that the user was working in. Main thread only.
+/// Pastes a dictation's text into the window the user was working in. Main thread.
 ///
-/// The keystroke goes to that very window or nowhere: when it is gone, or the keyboard does not come back to it, the
-/// text stays on the clipboard and the outcome says so.
+/// The keystroke goes to that window or nowhere: if the window is gone or does not get the focus back, the text stays
+/// on the clipboard and the outcome says so.
 class PasteDelivery
 {
 public:
@@ -25,40 +25,39 @@ public:
         Pasted,
         /// The text was empty; nothing was touched.
         Nothing,
-        // In all that follow the text is on the clipboard and stays there.
+        // For the following ones the text stays on the clipboard.
         NoTarget,
         TargetGone,
         FocusNotReturned,
         KeystrokeFailed,
     };
 
-    /// All of them must outlive this object.
+    /// All references must outlive this object.
     PasteDelivery(Pasteboard& pasteboard, KeyEventPoster& keyEvents, Workspace& workspace, UserDefaults& defaults,
                   Clock& clock);
 
-    /// Call when a dictation begins, before any window of ours is shown: the window in front is where its text will go.
+    /// Call when a dictation begins, before showing any window: its text will go to the window in front.
     void rememberTarget();
 
-    /// Puts @p text, trimmed, on the clipboard. False, with nothing changed, when nothing remains of it.
+    /// Puts @p text, trimmed, on the clipboard. Returns false and changes nothing when it is blank.
     bool copy(const QString& text);
 
-    /// Copies @p text, waits until the remembered window has the keyboard (500 ms at most) and no key is held down (one
-    /// second at most), posts the paste keystroke that this window understands and returns. Unless
-    /// "copyToClipboardEnabled" is set the clipboard's former text is put back later: 0.3 s after the keystroke, or
-    /// when the window's program has fetched the text if that takes longer (2 s at most), and not at all when somebody
-    /// else has set the clipboard meanwhile.
+    /// Copies @p text, waits until the remembered window has the focus (up to 500 ms) and no key is held down (up to 1
+    /// s), then posts the window's paste keystroke. Unless "copyToClipboardEnabled" is set, the previous clipboard text
+    /// is restored later: 0.3 s after the keystroke, or once the window has fetched the text if that takes longer (up
+    /// to 2 s), and not at all if the clipboard has been changed since.
     [[nodiscard]] QCoro::Task<Outcome> deliver(QString text);
 
-    /// Puts the clipboard's former text back without waiting for the program that pastes: the process is about to end.
+    /// Restores the clipboard without waiting for the pasting program. For when the process is about to end.
     void restoreNow();
 
-    /// A sentence for the user; empty for the outcomes that need none.
+    /// What to tell the user; empty when the outcome needs no explanation.
     [[nodiscard]] QString explanation(Outcome outcome) const;
 
 private:
     class NextLook;
 
-    /// What a selection held before, and the text of ours that has taken its place.
+    /// The previous text of a selection, and our text that has replaced it.
     struct Former
     {
         QString ours;
@@ -93,7 +92,7 @@ private:
     std::optional<Restore> pending_;
     quint64 generation_ = 0;
     QString keystrokeError_;
-    /// Gone with this object, so that nothing that waits touches it afterwards.
+    /// Context of all callbacks: none runs after this object is destroyed.
     QObject context_;
 };
 

@@ -13,7 +13,7 @@ Alerts::Alerts(QQmlEngine& engine, const UserDefaults& defaults, const Platform&
     : engine_(engine)
     , platform_(platform)
 {
-    // Later: who changes a setting does not expect a window meanwhile.
+    // Queued: code that changes a setting does not expect a window to open meanwhile.
     connect(&defaults, &UserDefaults::writeFailed, this, &Alerts::tellOfUnsavedSettings, Qt::QueuedConnection);
 }
 
@@ -21,7 +21,7 @@ void Alerts::show(AlertWindow::Kind kind, const QString& title, const QString& t
                   AlertWindow::Answered answered)
 {
     Logger("Alert").info(QStringLiteral("%1: %2").arg(title, text.simplified()));
-    // Deletes itself when it is closed.
+    // Deletes itself when closed.
     (new AlertWindow(engine_, kind, title, text, buttons, std::move(answered)))->present();
 }
 
@@ -58,8 +58,7 @@ void Alerts::sendFeedback()
 void Alerts::tellOfCrash()
 {
     show(AlertWindow::Kind::warning, tr("vantro ended unexpectedly"),
-         tr("It has been started again and works. What was dictated before is in the history; a dictation that was "
-            "under way is lost."),
+         tr("It is running again. Your earlier dictations are in the history; a dictation in progress was lost."),
          {tr("OK"), tr("Report an Error")}, [this](std::optional<int> button) {
              if (button == 1)
                  reportError();
@@ -69,11 +68,11 @@ void Alerts::tellOfCrash()
 void Alerts::tellOfSettings(const KeptAside& settings)
 {
     const QString why = settings.reason == KeptAside::Reason::newer
-                            ? tr("The settings come from a newer version of vantro.")
+                            ? tr("The settings file comes from a newer version of vantro.")
                             : tr("The settings file was damaged.");
     show(AlertWindow::Kind::warning, tr("vantro starts with fresh settings"),
          why + QLatin1Char(' ') +
-             tr("It is kept as %1. Shortcut and microphone may have to be chosen anew.").arg(settings.file));
+             tr("It is kept as %1. Check your shortcut and microphone in the settings.").arg(settings.file));
 }
 
 void Alerts::tellOfUnsavedSettings(const QString& file)
@@ -81,7 +80,7 @@ void Alerts::tellOfUnsavedSettings(const QString& file)
     if (std::exchange(hasToldOfUnsavedSettings_, true))
         return;
     show(AlertWindow::Kind::warning, tr("Settings Not Saved"),
-         tr("The settings file %1 cannot be written. What you change lasts until vantro ends.").arg(file));
+         tr("The settings file %1 cannot be written. Your changes last until vantro quits.").arg(file));
 }
 
 void Alerts::openMail(const QString& url, const QString& address)
@@ -89,7 +88,7 @@ void Alerts::openMail(const QString& url, const QString& address)
     if (platform_.workspace->openUrl(url))
         return;
     show(AlertWindow::Kind::warning, tr("No Mail Program"),
-         tr("No mail program could be started. Write to %1.").arg(address), {tr("OK")});
+         tr("No mail program could be started. Please write to %1.").arg(address), {tr("OK")});
 }
 
 } // namespace vantro

@@ -11,19 +11,19 @@
 
 namespace vantro {
 
-/// What the program has to tell or to ask, and the mails that a user may want to write of it. Main thread.
+/// Alerts and questions to the user, and the mails that some of them offer. Main thread.
 class Alerts final : public QObject
 {
     Q_OBJECT
 public:
-    /// All outlive this object.
+    /// All references must outlive this object.
     Alerts(QQmlEngine& engine, const UserDefaults& defaults, const Platform& platform);
 
     void show(AlertWindow::Kind kind, const QString& title, const QString& text,
               const QStringList& buttons = {tr("OK")}, AlertWindow::Answered answered = {});
-    /// Calls @p confirmed when the first of two buttons is chosen, which bears @p verb.
+    /// Asks with the buttons @p verb and Cancel; calls @p confirmed for @p verb.
     void confirm(const QString& title, const QString& question, const QString& verb, std::function<void()> confirmed);
-    /// How the update checker shows its own.
+    /// Lets the update checker show its alerts.
     [[nodiscard]] UpdateChecker::ShowAlert forUpdates();
 
     void tellOfCrash();

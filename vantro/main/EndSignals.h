@@ -9,8 +9,7 @@
 
 namespace vantro {
 
-/// Ends the event loop when the session or a user ends the process, so that destructors release what is held. One at a
-/// time. Main thread.
+/// Ends the event loop on SIGINT, SIGTERM and SIGHUP, so that destructors run. One instance at a time. Main thread.
 class EndSignals
 {
 public:
@@ -30,7 +29,7 @@ public:
 
 private:
     static constexpr std::array signals{SIGINT, SIGTERM, SIGHUP};
-    static inline ThreadWaker* waker = nullptr; ///< a signal's handler knows nothing else
+    static inline ThreadWaker* waker = nullptr; ///< for the signal handlers, which take no context
 
     ThreadWaker waker_{[] {
         QCoreApplication::quit();

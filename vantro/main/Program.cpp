@@ -31,21 +31,21 @@ namespace vantro {
 
 namespace {
 
-/// A session manager would start the program at the next login as well, and with arguments of its own.
+/// Otherwise the session manager would also start the program at the next login, with its own arguments.
 void leaveStartToAutostart(QSessionManager& session)
 {
     session.setRestartHint(QSessionManager::RestartNever);
 }
 
-/// Everything the desktop program consists of, in the order in which it is built; torn down in reverse.
+/// The parts of the desktop program in order of construction; destroyed in reverse.
 class Program
 {
 public:
     explicit Program(const ProgramOptions& options);
 
-    /// False when another instance runs already.
+    /// False when another instance is already running.
     [[nodiscard]] bool becomeTheRunningInstance();
-    /// Which runs, when this is another one.
+    /// For reaching that other instance.
     [[nodiscard]] const SoleInstance& soleInstance() const { return soleInstance_; }
     /// Throws PersistentStoreError.
     void launch();
@@ -55,7 +55,7 @@ private:
     [[nodiscard]] Dictation::Parts dictationParts();
 
     ProgramOptions options_;
-    /// Above all that the next one would have to share.
+    /// Before everything that two instances must not share.
     SoleInstance soleInstance_;
     SystemClock clock_;
     UserDefaults defaults_{UserDefaults::standardPath()};
@@ -104,7 +104,8 @@ void Program::connectShell()
 {
     QObject::connect(&windows_, &Windows::dictateRequested, &delegate_, [this] { delegate_.showLauncherAndRecord(); });
     QObject::connect(&windows_, &Windows::quitRequested, qApp, &QCoreApplication::quit);
-    // A session that only saves itself, or whose end is called off, costs no dictation: nothing is lost before the end.
+    // A dictation survives a session that only saves its state or whose logout is cancelled: cleaning up waits for the
+    // quit.
     for (const auto request : {&QGuiApplication::commitDataRequest, &QGuiApplication::saveStateRequest})
         QObject::connect(qGuiApp, request, &delegate_, &leaveStartToAutostart);
     QObject::connect(qApp, &QCoreApplication::aboutToQuit, &delegate_, &AppDelegate::applicationWillTerminate);
@@ -128,14 +129,14 @@ Dictation::Parts Program::dictationParts()
 
 bool Program::becomeTheRunningInstance()
 {
-    // The bus alone would not do: one of both may have been started where there is none.
+    // The bus name alone is not enough: one of the two may run without a bus.
     if (!soleInstance_.claim())
         return false;
     if (control_.publish())
         return true;
     if (QDBusConnection::sessionBus().isConnected())
         return false;
-    Logger("Program").error(QStringLiteral("There is no session bus: vantro's commands cannot reach this program"));
+    Logger("Program").error(QStringLiteral("No session bus: vantro's commands cannot reach this program"));
     return true;
 }
 
@@ -166,7 +167,8 @@ int runProgram(const ProgramOptions& options)
     try {
         program->launch();
     } catch (const PersistentStoreError& error) {
-        // Nothing is kept of whatever would be dictated. Who started it from a menu reads no standard error.
+        // Nothing dictated could be stored. Shown in a box as well: nobody reads standard error when it was started
+        // from a menu.
         terminal::writeError(error.localizedDescription());
         program.reset();
         QMessageBox::critical(nullptr, QStringLiteral("vantro"), error.localizedDescription());

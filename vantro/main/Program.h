@@ -4,8 +4,7 @@
 
 namespace vantro {
 
-/// Builds everything the desktop program consists of, hands it out, and runs the event loop. The only place where the
-/// parts meet. Answers the process's exit code.
+/// Puts the desktop program together and runs its event loop. Returns the exit code of the process.
 int runProgram(const ProgramOptions& options);
 
 } // namespace vantro

@@ -17,7 +17,7 @@ namespace vantro {
 
 namespace {
 
-/// Kept for the end of the process, which Qt brings about by exit() when the display is gone: no destructor runs then.
+/// Static because Qt calls exit() when the display is gone, which runs no destructors of automatic objects.
 std::array<char, 4096> markerPath{};
 
 void removeMarker()

@@ -4,19 +4,19 @@
 
 namespace vantro {
 
-/// A small file that is there while the program runs. One that is found at the start tells that the run before did not
-/// come to its end. What ended with the whole machine, or because the desktop went away, is no crash.
+/// A file that exists while the program runs. Finding it at the start means that the previous run crashed, unless the
+/// machine has been restarted since. Losing the display does not count as a crash.
 class RunMarker
 {
 public:
-    /// Looks for the file and puts it in place. A folder that cannot be written to leaves everything as it is.
+    /// Looks for the file, then creates it. Does nothing when the folder is not writable.
     explicit RunMarker(const QString& path);
-    /// Removes it.
+    /// Removes the file.
     ~RunMarker();
     RunMarker(const RunMarker&) = delete;
     RunMarker& operator=(const RunMarker&) = delete;
 
-    /// "vantro/running" below the XDG state folder.
+    /// "vantro/running" in the XDG state folder.
     static QString standardPath();
 
     [[nodiscard]] bool foundCrash() const { return foundCrash_; }

@@ -12,7 +12,7 @@ int endSecondStart(const SoleInstance& other, const QStringList& arguments)
 {
     const QString holder = other.holder();
     const QString place = holder.isEmpty() ? QString() : QStringLiteral(" (%1)").arg(holder);
-    const QString message = QStringLiteral("vantro is running already") + place;
+    const QString message = QStringLiteral("vantro is already running") + place;
     if (ControlService::handOver(arguments) || other.handOver(arguments)) {
         printLine(message);
         return ExitCode::done;

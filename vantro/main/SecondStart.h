@@ -6,8 +6,8 @@ namespace vantro {
 
 class SoleInstance;
 
-/// The end of a program that was started while another one runs: has that one do what this one was started for, over
-/// whatever both can reach, and says where it is. Answers the exit code.
+/// Ends a second start of the program: passes its arguments to the running instance, over D-Bus or the socket, and
+/// prints where that runs. Returns the exit code.
 int endSecondStart(const SoleInstance& other, const QStringList& arguments);
 
 } // namespace vantro

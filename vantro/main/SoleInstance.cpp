@@ -19,13 +19,13 @@ namespace vantro {
 
 namespace {
 
-/// A program that has just been started may still be looking at its model.
+/// A program that has just started may still be busy.
 constexpr std::chrono::milliseconds answerLimit{5000};
-/// A runtime folder is swept of files that nobody has touched for hours, unless they bear this bit.
+/// Runtime folders may be swept of files that have not been touched for hours, except those with the sticky bit.
 constexpr mode_t notToBeSwept = S_ISVTX;
 const QByteArray understood = "understood\n";
 
-/// Empty, which cannot be opened, where there is no folder.
+/// Empty, and so impossible to open, when there is no folder.
 QString pathIn(const QString& folder, const QString& name)
 {
     return folder.isEmpty() ? QString() : folder + QLatin1Char('/') + name;
@@ -60,7 +60,7 @@ bool SoleInstance::claim()
         lock_ = FileLock::tryTake(lockPath_);
     } catch (const Error& error) {
         Logger("SoleInstance")
-            .error(QStringLiteral("A second vantro would not be noticed: ") + error.localizedDescription());
+            .error(QStringLiteral("A second instance cannot be detected: ") + error.localizedDescription());
         return true;
     }
     if (!lock_)
@@ -89,7 +89,7 @@ QString SoleInstance::holder() const
 
 void SoleInstance::listen()
 {
-    QLocalServer::removeServer(socketPath_); // a crash has left it: the lock is ours
+    QLocalServer::removeServer(socketPath_); // left by a crash, since the lock is ours
     if (!server_.listen(socketPath_))
         Logger("SoleInstance").error(QStringLiteral("%1: %2").arg(socketPath_, server_.errorString()));
 }

@@ -12,16 +12,16 @@ class QLocalSocket;
 
 namespace vantro {
 
-/// Keeps a user from running two programs that fight for the shortcut, the settings and the history, also where no
-/// session bus could tell: a lock that the kernel lets go of when its process ends, however that ends. A socket beside
-/// it takes what a second start has to say. Main thread.
+/// Prevents a second instance, which would compete for the shortcut, the settings and the history. Works without a
+/// session bus: uses a file lock, which the kernel releases when the process ends, and a socket for the arguments of a
+/// second start. Main thread.
 class SoleInstance
 {
 public:
-    /// Called with the arguments of a program that was started a second time.
+    /// Called with the arguments of a second start.
     using HandOver = std::function<void(const QStringList&)>;
 
-    /// @p folder: for the lock and the socket, the user's own. Empty, or one that cannot be written to, guards nothing.
+    /// @p folder: the user's own, for the lock and the socket. If it is empty or not writable, nothing is prevented.
     SoleInstance(const QString& folder, HandOver handOver);
     ~SoleInstance();
     SoleInstance(const SoleInstance&) = delete;
@@ -30,11 +30,11 @@ public:
     /// The user's runtime folder.
     static QString standardFolder();
 
-    /// False when another process is the one; from then on holder() tells which.
+    /// False when another process is running; holder() then says which.
     [[nodiscard]] bool claim();
-    /// For people: "process 42 on display :0"; what is known of it.
+    /// For display: "process 42 on display :0"; empty when unknown.
     [[nodiscard]] QString holder() const;
-    /// Tells the one that runs what this one was started with. False when it does not answer within seconds.
+    /// Passes @p arguments to the running instance. False when it does not answer within 5 s. Blocks.
     [[nodiscard]] bool handOver(const QStringList& arguments) const;
 
 private:

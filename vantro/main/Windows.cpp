@@ -34,7 +34,7 @@ constexpr QSize onboardingSize(520, 420);
 
 QUrl manifestAddress()
 {
-    // For tests, and for companies that publish their own.
+    // For tests, and for companies that host their own.
     const QString own = qEnvironmentVariable("VANTRO_UPDATE_MANIFEST");
     return QUrl(own.isEmpty() ? QLatin1String(product::updateManifest) : own);
 }
@@ -231,8 +231,8 @@ std::unique_ptr<VocabularyModel> Windows::makeVocabularyModel()
         },
         [this](std::function<void()> confirmed) {
             alerts_.confirm(tr("Reset All Vocabulary & Replacements"),
-                            tr("All words and replacements are removed. This action cannot be undone."), tr("Reset"),
-                            std::move(confirmed));
+                            tr("All words and replacements will be removed. This action cannot be undone."),
+                            tr("Reset"), std::move(confirmed));
         }});
 }
 
@@ -298,7 +298,7 @@ void Windows::showAlert(const QString& title, const QString& text)
 
 void Windows::showModelDownload(const TranscriptionModel& model, const QString& problem)
 {
-    // While the onboarding is open it shows the model's download on its own page.
+    // The onboarding has its own page for the download.
     if (onboarding_.isVisible() && problem.isEmpty()) {
         onboarding_.open();
         return;
@@ -313,7 +313,7 @@ void Windows::closeModelDownload()
 {
     if (!downloadWindow_)
         return;
-    // It is what announced the end.
+    // Deferred: the window itself is the caller.
     downloadWindow_->close();
     downloadWindow_.release()->deleteLater();
 }

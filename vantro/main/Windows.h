@@ -27,7 +27,7 @@
 
 namespace vantro {
 
-/// Everything that the program can be seen by: windows, alerts, the tray and the notice of updates. Main thread.
+/// The user interface: windows, alerts, the tray icon and the update notice. Main thread.
 class Windows final : public QObject, public Shell
 {
     Q_OBJECT
@@ -58,15 +58,15 @@ public:
     void bringWindowsBack() override;
     void showModelDownload(const TranscriptionModel& model, const QString& problem) override;
     void closeModelDownload() override;
-    /// Not while the user is asked for a shortcut, which is missing most.
+    /// Does nothing while the user is being asked for a shortcut, which matters more.
     void showOnboarding() override;
     void closeOnboarding() override { onboarding_.close(); }
 
     [[nodiscard]] Alerts& alerts() { return alerts_; }
-    /// What a user who starts the program once more wants to see.
+    /// What a second start of the program shows.
     void showMain();
     void showSettings(const QString& page);
-    /// @p reason: a sentence that says why.
+    /// @p reason: a sentence for the user.
     void askForShortcut(const QString& reason);
 
 Q_SIGNALS:
@@ -98,8 +98,8 @@ private:
     LazyWindow transcriptions_;
     LazyWindow onboarding_;
     TrayIcon tray_;
-    std::vector<LazyWindow*> aside_; ///< while a dictation is recorded
-    bool isSandboxMode_ = false;     ///< a practice, for which own windows stay where they are
+    std::vector<LazyWindow*> aside_; ///< hidden during a recording
+    bool isSandboxMode_ = false;     ///< practising in the onboarding: windows are not hidden
 };
 
 } // namespace vantro

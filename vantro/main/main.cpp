@@ -23,10 +23,10 @@ void nameApplication()
     QGuiApplication::setDesktopFileName(QStringLiteral("com.vantro.app"));
 }
 
-/// The OpenMP runtime's threads spin while they wait for each other, by default for so long that a transcription takes
-/// ten times as long when another program keeps a core busy. A short spin, then sleep costs a few per cent on an idle
-/// machine (docs/performance.md). The runtime reads its settings from the environment when it is loaded, which is
-/// before main: so the program starts itself once more. What the user has set wins.
+/// OpenMP threads spin while they wait for each other, by default for so long that a transcription takes ten times as
+/// long when another program keeps a core busy. Spinning only briefly costs a few per cent on an idle machine
+/// (docs/performance.md). The runtime reads the environment when it is loaded, before main(), so the program executes
+/// itself again. The user's own settings take precedence.
 void limitOpenMpSpin(char** argv)
 {
     if (std::getenv("GOMP_SPINCOUNT") != nullptr || std::getenv("OMP_WAIT_POLICY") != nullptr)
@@ -34,7 +34,7 @@ void limitOpenMpSpin(char** argv)
     setenv("GOMP_SPINCOUNT", "300", 1);
     if (const auto program = vantro::process::programFile(); !program.empty())
         execv(program.c_str(), argv);
-    // Without the restart everything works, only slower on a busy machine.
+    // If that fails, transcriptions are slower on a busy machine.
 }
 
 } // namespace
@@ -53,9 +53,9 @@ int main(int argc, char** argv)
         const QCoreApplication application(argc, argv);
         return commandLine.run();
     }
-    // A panel of 500 x 200 needs no GPU, whose drivers would cost more memory and time than all the rest.
+    // A panel of 500 x 200 needs no GPU; its drivers would take more memory and time than everything else.
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
-    QApplication application(argc, argv); // the tray icon of the older kind and its menu are widgets
+    QApplication application(argc, argv); // the embedded tray icon and the tray menu are widgets
     application.setQuitOnLastWindowClosed(false);
     vantro::Translations translations;
     QCoreApplication::installTranslator(&translations);

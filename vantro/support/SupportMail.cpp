@@ -10,7 +10,7 @@ namespace vantro::mail {
 
 namespace {
 
-// English in every language: it is read by the makers.
+// Not translated: the developers read it.
 constexpr char issueTemplate[] =
     "📝 Issue details:\n"
     "* What steps did you take before the issue occurred?\n"
@@ -24,8 +24,8 @@ constexpr char issueTemplate[] =
     "\n"
     "System Information:\n";
 
-/// What a query may hold as it is (RFC 3986, 3.4), less what would end or change a field of a mail address: a
-/// computer's maker may be called "B&R".
+/// Keeps what RFC 3986, 3.4 allows in a query, except for what would end or change a field of the mailto address: a
+/// computer's vendor may be called "B&R".
 QString encoded(const QString& text)
 {
     return QString::fromLatin1(QUrl::toPercentEncoding(text, "!$'()*,;:@/?"));

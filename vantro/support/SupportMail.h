@@ -6,17 +6,16 @@
 
 namespace vantro::mail {
 
-/// "mailto:" addresses of mails that the user sends with a mail program of his own. Nothing is sent by vantro.
+/// "mailto:" URLs for the user's mail program. vantro itself sends nothing.
 
-/// A mail to @p address with the questions of an error report and what kind of system this is. @p appVersion may be
-/// empty when it is unknown.
+/// An error report with questions and a description of the system. @p appVersion: empty when unknown.
 [[nodiscard]] QString errorReportUrl(const QString& address, const QString& appVersion, const SystemInfo& system);
 [[nodiscard]] QString feedbackUrl(const QString& address);
 
-/// The system's description as it stands in the report, one fact a line.
+/// The description of the system in the report, one fact per line.
 [[nodiscard]] QString systemInformation(const QString& appVersion, const SystemInfo& system);
 
-/// "15.5 GB": multiples of 1024, as memory is counted; no decimals below a megabyte, one below a gigabyte, else two.
+/// "15.5 GB": in multiples of 1024; no decimals below 1 MB, at most one below 1 GB, at most two above.
 [[nodiscard]] QString memorySize(quint64 bytes);
 
 } // namespace vantro::mail

@@ -25,7 +25,7 @@ const Logger& logger()
 QString manifestOf(const HttpAnswer& answer)
 {
     if (answer.status != ok)
-        throw Error(QStringLiteral("the server answers with status %1").arg(answer.status));
+        throw Error(QStringLiteral("the server responded with status %1").arg(answer.status));
     return QString::fromUtf8(answer.body);
 }
 
@@ -40,7 +40,7 @@ QCoro::Task<> UpdateChecker::check(Asker asker)
         co_return;
     const QPointer<UpdateChecker> self(this);
     setChecking(true);
-    // Made for one request: a program that asks once a day keeps no connection and no thread for it.
+    // Created per check: so rare a request is not worth a permanent connection and thread.
     http_.emplace(parts_.clock);
     const auto fetched = fetch();
     const std::optional<UpdateInfo> update = co_await fetched;
@@ -70,7 +70,7 @@ QCoro::Task<std::optional<UpdateInfo>> UpdateChecker::fetch()
         const QString manifest = co_await http_->send(request, read, std::stop_token());
         update = UpdateInfo::fromJson(manifest.toUtf8());
         if (!update)
-            logger().info(QStringLiteral("The update manifest is not what it should be"));
+            logger().info(QStringLiteral("The update manifest is invalid"));
     } catch (const Error& error) {
         logger().info(QStringLiteral("No update manifest: ") + error.localizedDescription());
     }
@@ -104,7 +104,7 @@ void UpdateChecker::showUpdateAlert(const UpdateInfo& update)
 
 void UpdateChecker::answer(const UpdateInfo& update, std::optional<int> button)
 {
-    // Never a page that somebody on the way could have replaced.
+    // Only pages that cannot be tampered with in transit.
     if (button == downloadButton && update.url.scheme() == QLatin1String("https"))
         parts_.workspace.openUrl(update.url.toString(QUrl::FullyEncoded));
     else if (button == skipButton)

@@ -15,15 +15,14 @@
 
 namespace vantro {
 
-/// Asks the maker's manifest whether there is a newer release and offers it. Nothing is sent but the request itself. A
-/// manifest that cannot be fetched or read shows nothing. Main thread.
+/// Fetches the update manifest and offers a newer release. Sends nothing but the request itself. Errors are only
+/// logged. Main thread.
 class UpdateChecker final : public QObject
 {
     Q_OBJECT
     Q_PROPERTY(bool isChecking READ isChecking NOTIFY isCheckingChanged)
 public:
-    /// Who wants to know: the launch, which is silent about what the user has skipped and when there is nothing new, or
-    /// the user.
+    /// At launch, a skipped version and the absence of a new one are not reported; when the user asks, they are.
     enum class Asker { launch, user };
 
     struct Alert
@@ -32,7 +31,7 @@ public:
         QString informativeText;
         QStringList buttons;
     };
-    /// With the button's index, or nothing for any other way out.
+    /// Receives the index of the button, or nullopt when the alert was closed in another way.
     using Answered = std::function<void(std::optional<int> button)>;
     /// Shows an alert and calls @p answered once.
     using ShowAlert = std::function<void(const Alert& alert, Answered answered)>;
@@ -45,13 +44,13 @@ public:
         QUrl manifest;
         QString currentVersion;
         ShowAlert showAlert;
-        std::chrono::milliseconds patience{15'000}; ///< until the manifest is there
+        std::chrono::milliseconds patience{15'000}; ///< time limit for the manifest
     };
 
     explicit UpdateChecker(Parts parts);
 
-    /// At most one check runs and one alert is shown at a time; a user who asks while the launch's check is under way
-    /// gets the answer to that one.
+    /// Only one check runs and one alert is shown at a time. A user who asks during the check at launch gets its
+    /// result.
     QCoro::Task<> check(Asker asker);
 
     [[nodiscard]] bool isChecking() const { return isChecking_; }

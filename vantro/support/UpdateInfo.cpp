@@ -13,7 +13,7 @@ namespace {
 
 std::optional<qint64> number(const QString& text)
 {
-    // QString's own conversion would let blanks around the number pass.
+    // Unlike QString's conversion, rejects spaces around the number.
     const QByteArray latin = text.toLatin1();
     const char* begin = latin.cbegin();
     if (latin.startsWith('+') && !latin.startsWith("+-"))

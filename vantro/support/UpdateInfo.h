@@ -8,19 +8,19 @@
 
 namespace vantro {
 
-/// The newest release, as the manifest tells it. Its "file" field is for installers and is not looked at.
+/// The newest release, from the manifest. Its "file" field is for installers and is ignored.
 struct UpdateInfo
 {
     QString version; ///< dotted numbers such as 1.4.2
-    QUrl url;        ///< the page to download it from
+    QUrl url;        ///< the download page
     QString notes;   ///< empty when there are none
 
-    /// Nothing unless @p json is an object with a "version" and a "url" of the right types.
+    /// Nullopt unless @p json is an object with a "version" and a "url" of the right types.
     static std::optional<UpdateInfo> fromJson(const QByteArray& json);
 };
 
-/// Whether version @p a is newer than @p b. Both are split at the dots; what is no number is left out, and what one of
-/// them lacks at its end counts as 0.
+/// Whether version @p a is newer than @p b. Both are split at the dots; parts that are not numbers are ignored, and
+/// missing parts at the end count as 0.
 [[nodiscard]] bool isNewerVersion(const QString& a, const QString& b);
 
 } // namespace vantro
