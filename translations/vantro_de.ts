@@ -12,16 +12,16 @@
         <translation>vantro %1</translation>
     </message>
     <message>
-        <source>Speech is recognised on your own computer. Nothing leaves it unless you set up a service that rewrites your text.</source>
-        <translation>Die Sprache wird auf deinem eigenen Rechner erkannt. Nichts verlässt ihn, es sei denn, du richtest einen Dienst ein, der deinen Text umschreibt.</translation>
+        <source>Speech is recognised on your own computer. Your words never leave it unless you set up a provider to rewrite them.</source>
+        <translation>Die Sprache wird auf deinem eigenen Rechner erkannt. Deine Worte verlassen ihn nur, wenn du einen Anbieter einrichtest, der sie umschreibt.</translation>
     </message>
     <message>
-        <source>Write to the makers</source>
-        <translation>An die Macher schreiben</translation>
+        <source>Contact the developers</source>
+        <translation>Kontakt zu den Entwicklern</translation>
     </message>
     <message>
-        <source>Both open a mail in your mail program. Nothing is sent before you send it.</source>
-        <translation>Beides öffnet eine E-Mail in deinem Mailprogramm. Nichts wird gesendet, bevor du es sendest.</translation>
+        <source>Both open a draft in your mail program. Nothing is sent until you send it.</source>
+        <translation>Beides öffnet einen Entwurf in deinem Mailprogramm. Abgeschickt wird er erst von dir.</translation>
     </message>
     <message>
         <source>Report an Error</source>
@@ -36,8 +36,8 @@
         <translation>Lizenzen</translation>
     </message>
     <message>
-        <source>vantro is free software under the MIT licence. It stands on Qt (LGPL 3), whisper.cpp and ggml (MIT), QCoro (MIT), libpulse, libsoxr, libsndfile, libcanberra, libsecret, GLib and libsystemd (LGPL 2.1), OpenSSL and CLD2 (Apache 2.0), ICU (Unicode 3.0) and X11 (MIT).</source>
-        <translation>vantro ist freie Software unter der MIT-Lizenz. Es steht auf Qt (LGPL 3), whisper.cpp und ggml (MIT), QCoro (MIT), libpulse, libsoxr, libsndfile, libcanberra, libsecret, GLib und libsystemd (LGPL 2.1), OpenSSL und CLD2 (Apache 2.0), ICU (Unicode 3.0) und X11 (MIT).</translation>
+        <source>vantro is free software under the MIT licence. It is built on Qt (LGPL 3), whisper.cpp and ggml (MIT), QCoro (MIT), libpulse, libsoxr, libsndfile, libcanberra, libsecret, GLib and libsystemd (LGPL 2.1), OpenSSL and CLD2 (Apache 2.0), ICU (Unicode 3.0) and X11 (MIT).</source>
+        <translation>vantro ist freie Software unter der MIT-Lizenz. Es baut auf Qt (LGPL 3), whisper.cpp und ggml (MIT), QCoro (MIT), libpulse, libsoxr, libsndfile, libcanberra, libsecret, GLib und libsystemd (LGPL 2.1), OpenSSL und CLD2 (Apache 2.0), ICU (Unicode 3.0) und X11 (MIT) auf.</translation>
     </message>
     <message>
         <source>This computer</source>
@@ -196,20 +196,20 @@
         <translation>In das Fenster einfügen, in dem ich gearbeitet habe</translation>
     </message>
     <message>
-        <source>Off: the text waits on the clipboard.</source>
-        <translation>Aus: Der Text wartet in der Zwischenablage.</translation>
+        <source>When off, the text is only copied to the clipboard.</source>
+        <translation>Sonst wird der Text nur in die Zwischenablage kopiert.</translation>
     </message>
     <message>
         <source>Keep the text on the clipboard after pasting</source>
         <translation>Den Text nach dem Einfügen in der Zwischenablage lassen</translation>
     </message>
     <message>
-        <source>Off: the clipboard gets back what it held before.</source>
-        <translation>Aus: Die Zwischenablage bekommt ihren früheren Inhalt zurück.</translation>
+        <source>When off, the clipboard gets its previous text back.</source>
+        <translation>Sonst erhält die Zwischenablage ihren früheren Text zurück.</translation>
     </message>
     <message>
-        <source>Play a sound when the text is there</source>
-        <translation>Einen Ton spielen, wenn der Text da ist</translation>
+        <source>Play a sound when the text is ready</source>
+        <translation>Einen Ton spielen, wenn der Text fertig ist</translation>
     </message>
     <message>
         <source>Speech</source>
@@ -220,16 +220,16 @@
         <translation>Sprache, in der du sprichst</translation>
     </message>
     <message>
-        <source>Models for English only always hear English.</source>
-        <translation>Rein englische Modelle hören immer Englisch.</translation>
+        <source>English-only models always expect English.</source>
+        <translation>Rein englische Modelle erwarten immer Englisch.</translation>
     </message>
     <message>
         <source>Keep the speech model in memory</source>
-        <translation>Das Sprachmodell im Speicher behalten</translation>
+        <translation>Das Spracherkennungsmodell im Speicher behalten</translation>
     </message>
     <message>
-        <source>Starts sooner after the stop, and takes the memory of the model all the time.</source>
-        <translation>Beginnt nach dem Stopp früher und belegt den Speicher des Modells die ganze Zeit.</translation>
+        <source>Transcribing starts sooner, but the model takes up memory all the time.</source>
+        <translation>Die Transkription beginnt früher, aber das Modell belegt ständig Speicher.</translation>
     </message>
     <message>
         <source>Appearance</source>
@@ -240,7 +240,7 @@
         <translation>Farben</translation>
     </message>
     <message>
-        <source>Like the desktop</source>
+        <source>Same as the desktop</source>
         <translation>Wie der Desktop</translation>
     </message>
     <message>
@@ -252,8 +252,8 @@
         <translation>Dunkel</translation>
     </message>
     <message>
-        <source>Movement</source>
-        <translation>Bewegung</translation>
+        <source>Animations</source>
+        <translation>Animationen</translation>
     </message>
     <message>
         <source>On</source>
@@ -272,12 +272,12 @@
         <translation>Beim Anmelden starten</translation>
     </message>
     <message>
-        <source>Look for updates at every start</source>
-        <translation>Bei jedem Start nach Updates suchen</translation>
+        <source>Check for updates at startup</source>
+        <translation>Beim Start nach Updates suchen</translation>
     </message>
     <message>
-        <source>Asks the maker&apos;s server for the number of the newest version. Nothing is sent.</source>
-        <translation>Fragt den Server der Macher nach der Nummer der neuesten Version. Es wird nichts gesendet.</translation>
+        <source>Asks a server for the latest version number. Nothing about you is sent.</source>
+        <translation>Fragt einen Server nach der neuesten Versionsnummer. Es wird nichts über dich gesendet.</translation>
     </message>
     <message>
         <source>Checking...</source>
@@ -295,20 +295,20 @@
         <translation>Suchen</translation>
     </message>
     <message>
-        <source>Search in the history</source>
-        <translation>Im Verlauf suchen</translation>
+        <source>Search the history</source>
+        <translation>Verlauf durchsuchen</translation>
     </message>
     <message>
         <source>Dictations</source>
         <translation>Diktate</translation>
     </message>
     <message>
-        <source>Nothing that was dictated has these words.</source>
-        <translation>In keinem Diktat stehen diese Wörter.</translation>
+        <source>No dictation contains these words.</source>
+        <translation>Kein Diktat enthält diese Wörter.</translation>
     </message>
     <message>
-        <source>What you dictate will be listed here. Press your shortcut and speak.</source>
-        <translation>Hier wird stehen, was du diktierst. Drücke dein Tastenkürzel und sprich.</translation>
+        <source>Your dictations will appear here. Press your shortcut and speak.</source>
+        <translation>Hier erscheinen deine Diktate. Drücke dein Tastenkürzel und sprich.</translation>
     </message>
     <message>
         <source>Choose a dictation to read it.</source>
@@ -327,15 +327,15 @@
         <translation>Umgeschriebenen Text zeigen</translation>
     </message>
     <message>
-        <source>Show what was said</source>
-        <translation>Zeigen, was gesagt wurde</translation>
+        <source>Show the original text</source>
+        <translation>Ursprünglichen Text zeigen</translation>
     </message>
     <message>
         <source>Delete</source>
         <translation>Löschen</translation>
     </message>
     <message>
-        <source>Undo the deletion</source>
+        <source>Undo delete</source>
         <translation>Löschen rückgängig machen</translation>
     </message>
 </context>
@@ -382,7 +382,7 @@
     </message>
     <message>
         <source>Invalid data format</source>
-        <translation>Ungültige Form der Daten</translation>
+        <translation>Ungültiges Datenformat</translation>
     </message>
     <message>
         <source>Failed to encode data</source>
@@ -415,8 +415,8 @@
         <translation>Diktieren</translation>
     </message>
     <message>
-        <source>Works in every program. Press Space or click, then press the keys.</source>
-        <translation>Wirkt in jedem Programm. Drücke die Leertaste oder klicke, dann drücke die Tasten.</translation>
+        <source>Works in every program. To change it, click it or press Space, then press the new keys.</source>
+        <translation>Wirkt in jedem Programm. Zum Ändern klicke darauf oder drücke die Leertaste, dann die neuen Tasten.</translation>
     </message>
     <message>
         <source>Hold to talk</source>
@@ -431,15 +431,15 @@
         <translation>Die Aufnahme beenden</translation>
     </message>
     <message>
-        <source>Only while vantro listens.</source>
-        <translation>Nur während vantro zuhört.</translation>
+        <source>Works only while vantro is recording.</source>
+        <translation>Wirkt nur, während vantro aufnimmt.</translation>
     </message>
 </context>
 <context>
     <name>Launcher</name>
     <message>
         <source>vantro, transcribing</source>
-        <translation>vantro schreibt mit</translation>
+        <translation>vantro transkribiert</translation>
     </message>
     <message>
         <source>vantro, recording</source>
@@ -503,11 +503,11 @@
         <translation>Aufnehmen von</translation>
     </message>
     <message>
-        <source>None of those that are connected</source>
-        <translation>Keines der angeschlossenen</translation>
+        <source>Not connected</source>
+        <translation>Nicht angeschlossen</translation>
     </message>
     <message>
-        <source>The first one that is connected is used.</source>
+        <source>The first connected one is used.</source>
         <translation>Das erste angeschlossene wird benutzt.</translation>
     </message>
     <message>
@@ -515,12 +515,12 @@
         <translation>Nach oben</translation>
     </message>
     <message>
-        <source>What it hears</source>
-        <translation>Was es hört</translation>
+        <source>Input level</source>
+        <translation>Eingangspegel</translation>
     </message>
     <message>
-        <source>Level of the microphone</source>
-        <translation>Pegel des Mikrofons</translation>
+        <source>Microphone level</source>
+        <translation>Mikrofonpegel</translation>
     </message>
     <message>
         <source>Say something: the bar should move. Nothing is recorded.</source>
@@ -531,7 +531,7 @@
     <name>ModelDownload</name>
     <message>
         <source>Downloading the speech model</source>
-        <translation>Das Sprachmodell wird geladen</translation>
+        <translation>Das Spracherkennungsmodell wird heruntergeladen</translation>
     </message>
     <message>
         <source>Size %1</source>
@@ -612,7 +612,7 @@
     <name>ModelDownloadWindow</name>
     <message>
         <source>Speech model</source>
-        <translation>Sprachmodell</translation>
+        <translation>Spracherkennungsmodell</translation>
     </message>
 </context>
 <context>
@@ -649,8 +649,8 @@
         <translation>Verwenden</translation>
     </message>
     <message>
-        <source>Go on downloading</source>
-        <translation>Weiter laden</translation>
+        <source>Resume download</source>
+        <translation>Download fortsetzen</translation>
     </message>
     <message>
         <source>Download</source>
@@ -668,19 +668,19 @@
         <translation>Modelle</translation>
     </message>
     <message>
-        <source>What turns speech into text, on this computer. Larger models make fewer mistakes and take longer.</source>
-        <translation>Macht auf diesem Rechner Sprache zu Text. Größere Modelle machen weniger Fehler und brauchen länger.</translation>
+        <source>Models turn speech into text on this computer. Larger ones make fewer mistakes but take longer.</source>
+        <translation>Modelle machen auf diesem Rechner aus Sprache Text. Größere machen weniger Fehler, brauchen aber länger.</translation>
     </message>
 </context>
 <context>
     <name>ModesModel</name>
     <message>
-        <source>The text stays as it was recognised, but for your replacements.</source>
-        <translation>Der Text bleibt, wie er erkannt wurde, bis auf deine Ersetzungen.</translation>
+        <source>The text is kept as recognised; only your replacements are applied.</source>
+        <translation>Der Text bleibt, wie er erkannt wurde; nur deine Ersetzungen werden angewendet.</translation>
     </message>
     <message>
-        <source>A language model makes an e-mail of it.</source>
-        <translation>Ein Sprachmodell macht daraus eine E-Mail.</translation>
+        <source>A language model turns the text into an email.</source>
+        <translation>Ein Sprachmodell macht aus dem Text eine E-Mail.</translation>
     </message>
     <message>
         <source>A language model corrects grammar, spelling and punctuation.</source>
@@ -691,24 +691,24 @@
         <translation>Name und Anweisung kannst du nach deinem Bedarf wählen.</translation>
     </message>
     <message>
-        <source>The text is kept with the notes of the day, which a language model sums up.</source>
+        <source>The text is added to today&apos;s notes, which a language model summarises.</source>
         <translation>Der Text kommt zu den Notizen des Tages, die ein Sprachmodell zusammenfasst.</translation>
     </message>
     <message>
-        <source>Nobody</source>
-        <translation>Niemand</translation>
+        <source>None</source>
+        <translation>Keinem</translation>
     </message>
     <message>
-        <source>%1 (switched off)</source>
+        <source>%1 (disabled)</source>
         <translation>%1 (ausgeschaltet)</translation>
     </message>
     <message>
-        <source>The launcher offers this mode when it has a prompt and a provider.</source>
-        <translation>Dieser Modus steht zur Wahl, sobald er eine Anweisung und einen Anbieter hat.</translation>
+        <source>To use this mode, write a prompt and choose a provider.</source>
+        <translation>Um diesen Modus zu benutzen, schreibe eine Anweisung und wähle einen Anbieter.</translation>
     </message>
     <message>
-        <source>The launcher offers this mode when a provider that is switched on serves it. Their keys are kept under Settings, Providers.</source>
-        <translation>Dieser Modus steht zur Wahl, sobald ein eingeschalteter Anbieter für ihn arbeitet. Deren Schlüssel stehen unter Einstellungen, Anbieter.</translation>
+        <source>To use this mode, choose an enabled provider. Set up providers and their keys under Settings, Providers.</source>
+        <translation>Um diesen Modus zu benutzen, wähle einen eingeschalteten Anbieter. Anbieter und ihre Schlüssel richtest du unter Einstellungen, Anbieter ein.</translation>
     </message>
 </context>
 <context>
@@ -718,12 +718,12 @@
         <translation>Modi</translation>
     </message>
     <message>
-        <source>What becomes of a dictation. In the launcher the digit keys choose among the modes that can be used.</source>
-        <translation>Was aus einem Diktat wird. Beim Diktieren wählen die Zifferntasten unter den Modi, die benutzt werden können.</translation>
+        <source>The mode decides what happens to a dictation. While recording, press a digit to choose another mode.</source>
+        <translation>Der Modus bestimmt, was mit einem Diktat geschieht. Während der Aufnahme wählst du mit einer Zifferntaste einen anderen.</translation>
     </message>
     <message>
-        <source>Dictations begin in</source>
-        <translation>Diktate beginnen in</translation>
+        <source>Default mode</source>
+        <translation>Standardmodus</translation>
     </message>
     <message>
         <source>Mode</source>
@@ -746,16 +746,16 @@
         <translation>Umgeschrieben von</translation>
     </message>
     <message>
-        <source>A provider that was removed</source>
-        <translation>Ein Anbieter, der entfernt wurde</translation>
+        <source>A removed provider</source>
+        <translation>Einem entfernten Anbieter</translation>
     </message>
     <message>
         <source>Prompt</source>
         <translation>Anweisung</translation>
     </message>
     <message>
-        <source>What the language model is to do with the text.</source>
-        <translation>Was das Sprachmodell mit dem Text tun soll.</translation>
+        <source>Tell the language model what to do with the text.</source>
+        <translation>Sag dem Sprachmodell, was es mit dem Text tun soll.</translation>
     </message>
     <message>
         <source>Use the built-in prompt</source>
@@ -821,23 +821,23 @@
     </message>
     <message>
         <source>Can you be heard?</source>
-        <translation>Bist du zu hören?</translation>
+        <translation>Hört man dich?</translation>
     </message>
     <message>
         <source>Say something and watch the bar. Nothing is recorded here.</source>
         <translation>Sag etwas und beobachte den Balken. Hier wird nichts aufgenommen.</translation>
     </message>
     <message>
-        <source>Level of the microphone</source>
-        <translation>Pegel des Mikrofons</translation>
+        <source>Microphone level</source>
+        <translation>Mikrofonpegel</translation>
     </message>
     <message>
         <source>Can vantro type for you?</source>
         <translation>Kann vantro für dich tippen?</translation>
     </message>
     <message>
-        <source>The finished text is pasted into the window you were working in. This page sends itself the same keystroke.</source>
-        <translation>Der fertige Text wird in das Fenster eingefügt, in dem du gearbeitet hast. Diese Seite schickt sich selbst denselben Tastendruck.</translation>
+        <source>The finished text is pasted into the window you were working in. This page tests the keystroke for that on itself.</source>
+        <translation>Der fertige Text wird in das Fenster eingefügt, in dem du gearbeitet hast. Diese Seite probiert den Tastendruck dafür an sich selbst aus.</translation>
     </message>
     <message>
         <source>Try again</source>
@@ -853,19 +853,19 @@
     </message>
     <message>
         <source>The speech model</source>
-        <translation>Das Sprachmodell</translation>
+        <translation>Das Spracherkennungsmodell</translation>
     </message>
     <message>
-        <source>It turns your speech into text on this computer. It is fetched once.</source>
-        <translation>Es macht auf diesem Rechner aus deiner Sprache Text. Es wird einmal geladen.</translation>
+        <source>It turns your speech into text on this computer. It only has to be downloaded once.</source>
+        <translation>Es macht auf diesem Rechner aus deiner Sprache Text und muss nur einmal heruntergeladen werden.</translation>
     </message>
     <message>
-        <source>%1 is there.</source>
-        <translation>%1 ist da.</translation>
+        <source>%1 is ready.</source>
+        <translation>%1 ist bereit.</translation>
     </message>
     <message>
-        <source>%1, %2, is not on this computer yet.</source>
-        <translation>%1, %2, ist noch nicht auf diesem Rechner.</translation>
+        <source>%1 (%2) has not been downloaded yet.</source>
+        <translation>%1 (%2) ist noch nicht heruntergeladen.</translation>
     </message>
     <message>
         <source>Download of %1</source>
@@ -880,16 +880,16 @@
         <translation>Herunterladen</translation>
     </message>
     <message>
-        <source>Try it</source>
-        <translation>Ausprobieren</translation>
+        <source>Test</source>
+        <translation>Testen</translation>
     </message>
     <message>
-        <source>The speech model is not there yet. Go back one page to fetch it.</source>
-        <translation>Das Sprachmodell ist noch nicht da. Geh eine Seite zurück, um es zu laden.</translation>
+        <source>The speech model is still missing. Go back one page to download it.</source>
+        <translation>Das Spracherkennungsmodell fehlt noch. Geh eine Seite zurück, um es herunterzuladen.</translation>
     </message>
     <message>
-        <source>There is no shortcut yet. Until there is one, vantro&apos;s menu in the tray starts a dictation.</source>
-        <translation>Es gibt noch kein Tastenkürzel. Bis dahin beginnt ein Diktat über das Menü von vantro in der Leiste.</translation>
+        <source>No shortcut is set yet. You can start a dictation from vantro&apos;s tray menu instead.</source>
+        <translation>Es gibt noch kein Tastenkürzel. Du kannst ein Diktat stattdessen im Menü des vantro-Symbols beginnen.</translation>
     </message>
     <message>
         <source>Press %1, say a sentence, then press Space.</source>
@@ -903,16 +903,16 @@
 <context>
     <name>OnboardingModel</name>
     <message>
-        <source>The desktop&apos;s microphone</source>
-        <translation>Das Mikrofon des Desktops</translation>
+        <source>The default microphone</source>
+        <translation>Das Standardmikrofon</translation>
     </message>
     <message>
         <source>%1 hears you.</source>
         <translation>%1 hört dich.</translation>
     </message>
     <message>
-        <source>%1 is open. Say something.</source>
-        <translation>%1 ist offen. Sag etwas.</translation>
+        <source>%1 is listening. Say something.</source>
+        <translation>%1 hört zu. Sag etwas.</translation>
     </message>
     <message>
         <source>Trying the keyboard...</source>
@@ -927,12 +927,12 @@
         <translation>Der Tastendruck kam nicht an.</translation>
     </message>
     <message>
-        <source>Try again with this window in front. Without it your text waits on the clipboard, to be pasted with %1.</source>
-        <translation>Versuche es erneut, mit diesem Fenster vorn. Ohne ihn wartet dein Text in der Zwischenablage und wird mit %1 eingefügt.</translation>
+        <source>Bring this window to the front and try again. Otherwise you can paste your text yourself with %1.</source>
+        <translation>Hole dieses Fenster nach vorn und versuche es erneut. Sonst fügst du den Text selbst mit %1 ein.</translation>
     </message>
     <message>
-        <source>It works in every program. Press it once to begin, and Space when you have said everything.</source>
-        <translation>Es wirkt in jedem Programm. Drücke es einmal zum Beginnen und die Leertaste, wenn du alles gesagt hast.</translation>
+        <source>It works in every program. Press it to start, and Space when you are done.</source>
+        <translation>Es wirkt in jedem Programm. Drücke es, um zu beginnen, und die Leertaste, wenn du fertig bist.</translation>
     </message>
     <message>
         <source>None of the usual shortcuts is free. Record one of your own.</source>
@@ -955,7 +955,7 @@
     </message>
     <message>
         <source>The window you were working in did not become active again. </source>
-        <translation>Das Fenster, in dem Sie gearbeitet haben, wurde nicht wieder aktiv. </translation>
+        <translation>Das Fenster, in dem du gearbeitet hast, wurde nicht wieder aktiv. </translation>
     </message>
 </context>
 <context>
@@ -992,7 +992,7 @@
     </message>
     <message>
         <source>Invalid URL format</source>
-        <translation>Ungültige Form der URL</translation>
+        <translation>Ungültiges URL-Format</translation>
     </message>
     <message>
         <source>must be a whole number</source>
@@ -1043,11 +1043,11 @@
     </message>
     <message>
         <source>Save</source>
-        <translation>Sichern</translation>
+        <translation>Speichern</translation>
     </message>
     <message>
-        <source>Try it</source>
-        <translation>Ausprobieren</translation>
+        <source>Test</source>
+        <translation>Testen</translation>
     </message>
     <message>
         <source>Cancel</source>
@@ -1073,8 +1073,8 @@
         <translation>Neuer Anbieter</translation>
     </message>
     <message>
-        <source>Everything but the key is stored. %1</source>
-        <translation>Alles außer dem Schlüssel ist gesichert. %1</translation>
+        <source>Everything except the key has been saved. %1</source>
+        <translation>Alles außer dem Schlüssel ist gespeichert. %1</translation>
     </message>
     <message>
         <source>Asking %1...</source>
@@ -1128,16 +1128,16 @@
         <translation>Anbieter</translation>
     </message>
     <message>
-        <source>Language models that rewrite dictations. Which one serves a mode is chosen under Modes.</source>
-        <translation>Sprachmodelle, die Diktate umschreiben. Welches für einen Modus arbeitet, wird unter Modi gewählt.</translation>
+        <source>Language models that rewrite your dictations. Choose one for each mode under Modes.</source>
+        <translation>Sprachmodelle, die deine Diktate umschreiben. Unter Modi wählst du für jeden Modus eines.</translation>
     </message>
     <message>
-        <source>Whom dictations are sent to will be listed here.</source>
-        <translation>Hier steht, an wen Diktate geschickt werden.</translation>
+        <source>Your providers will appear here. Add one to have dictations rewritten.</source>
+        <translation>Hier erscheinen deine Anbieter. Füge einen hinzu, um Diktate umschreiben zu lassen.</translation>
     </message>
     <message>
-        <source>%1 may be used</source>
-        <translation>%1 darf benutzt werden</translation>
+        <source>Use %1</source>
+        <translation>%1 verwenden</translation>
     </message>
     <message>
         <source>Edit</source>
@@ -1183,7 +1183,7 @@
     </message>
     <message>
         <source>The usual shortcuts are all taken by other programs. Record one of your own.</source>
-        <translation>Die üblichen Tastenkürzel sind alle von anderen Programmen belegt. Nehmen Sie ein eigenes auf.</translation>
+        <translation>Die üblichen Tastenkürzel sind alle von anderen Programmen belegt. Nimm ein eigenes auf.</translation>
     </message>
 </context>
 <context>
@@ -1264,7 +1264,7 @@
     </message>
     <message>
         <source>Save</source>
-        <translation>Sichern</translation>
+        <translation>Speichern</translation>
     </message>
 </context>
 <context>
@@ -1328,8 +1328,8 @@
         <translation>Das Tastenkürzel löschen</translation>
     </message>
     <message>
-        <source>Esc keeps the former one, Backspace clears it.</source>
-        <translation>Esc behält das frühere, die Rücktaste löscht es.</translation>
+        <source>Esc keeps the current shortcut, Backspace clears it.</source>
+        <translation>Esc behält das bisherige Tastenkürzel, die Rücktaste löscht es.</translation>
     </message>
 </context>
 <context>
@@ -1438,8 +1438,8 @@
 <context>
     <name>UpdateChecker</name>
     <message>
-        <source>You have %1.</source>
-        <translation>Du hast %1.</translation>
+        <source>You have version %1.</source>
+        <translation>Du hast Version %1.</translation>
     </message>
     <message>
         <source>vantro %1 is available</source>
@@ -1484,8 +1484,8 @@
         <translation>Wortschatz</translation>
     </message>
     <message>
-        <source>&quot;%1&quot; is removed.</source>
-        <translation>„%1“ ist entfernt.</translation>
+        <source>&quot;%1&quot; has been removed.</source>
+        <translation>„%1“ wurde entfernt.</translation>
     </message>
     <message>
         <source>Undo</source>
@@ -1579,7 +1579,7 @@
     </message>
     <message>
         <source>No mail program could be started. Please write to %1.</source>
-        <translation>Es konnte kein E-Mail-Programm gestartet werden. Schreiben Sie bitte an %1.</translation>
+        <translation>Es konnte kein Mailprogramm gestartet werden. Bitte schreib an %1.</translation>
     </message>
     <message>
         <source>OK</source>
@@ -1595,7 +1595,7 @@
     </message>
     <message>
         <source>It is running again. Your earlier dictations are in the history; a dictation in progress was lost.</source>
-        <translation>Es läuft jetzt wieder. Ihre bisherigen Diktate stehen im Verlauf; ein Diktat, das gerade lief, ist verloren.</translation>
+        <translation>Es läuft wieder. Deine bisherigen Diktate stehen im Verlauf; ein laufendes Diktat ist verloren.</translation>
     </message>
     <message>
         <source>Report an Error</source>
@@ -1607,15 +1607,15 @@
     </message>
     <message>
         <source>The settings file was damaged.</source>
-        <translation>Die Datei mit den Einstellungen war beschädigt.</translation>
+        <translation>Die Einstellungsdatei war beschädigt.</translation>
     </message>
     <message>
         <source>vantro starts with fresh settings</source>
-        <translation>vantro beginnt mit frischen Einstellungen</translation>
+        <translation>vantro startet mit neuen Einstellungen</translation>
     </message>
     <message>
         <source>It is kept as %1. Check your shortcut and microphone in the settings.</source>
-        <translation>Sie wurde als %1 aufgehoben. Prüfen Sie Tastenkürzel und Mikrofon in den Einstellungen.</translation>
+        <translation>Sie wurde als %1 aufgehoben. Prüfe Tastenkürzel und Mikrofon in den Einstellungen.</translation>
     </message>
     <message>
         <source>Reset All Vocabulary &amp; Replacements</source>
@@ -1647,7 +1647,7 @@
     </message>
     <message>
         <source>The settings file %1 cannot be written. Your changes last until vantro quits.</source>
-        <translation>Die Einstellungsdatei %1 lässt sich nicht schreiben. Ihre Änderungen gelten nur, bis vantro beendet wird.</translation>
+        <translation>Die Einstellungsdatei %1 lässt sich nicht schreiben. Deine Änderungen gelten nur, bis vantro beendet wird.</translation>
     </message>
 </context>
 <context>

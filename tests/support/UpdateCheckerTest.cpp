@@ -116,7 +116,7 @@ TEST_F(Updates, NewReleaseIsOfferedWithItsNotes)
     check(Asker::launch);
     ASSERT_EQ(alerts.size(), 1U);
     EXPECT_EQ(alerts[0].message, QStringLiteral("vantro 1.10 is available"));
-    EXPECT_EQ(alerts[0].informativeText, QStringLiteral("You have 1.9.\n\nFaster."));
+    EXPECT_EQ(alerts[0].informativeText, QStringLiteral("You have version 1.9.\n\nFaster."));
     EXPECT_EQ(alerts[0].buttons, QStringList({QStringLiteral("Download"), QStringLiteral("Skip This Version")}));
     EXPECT_TRUE(checker.isShowingAlert());
 

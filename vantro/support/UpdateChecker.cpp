@@ -91,7 +91,7 @@ void UpdateChecker::setChecking(bool checking)
 void UpdateChecker::showUpdateAlert(const UpdateInfo& update)
 {
     isShowingAlert_ = true;
-    QString text = tr("You have %1.").arg(parts_.currentVersion);
+    QString text = tr("You have version %1.").arg(parts_.currentVersion);
     if (!update.notes.isEmpty())
         text += QStringLiteral("\n\n") + update.notes;
     parts_.showAlert(

@@ -16,7 +16,7 @@ AlertWindow::AlertWindow(QQmlEngine& engine, Kind kind, const QString& title, co
     , answered_(std::move(answered))
 {
     keepModule(qml_register_types_Vantro_Alert);
-    // Not modal: the launcher of the next dictation gets the keyboard although an alert is still open.
+    // Not modal, so that the next launcher can take the focus while an alert is still open.
     load(QStringLiteral("Alert/Alert.qml"), {{QStringLiteral("title"), title},
                                              {QStringLiteral("text"), text},
                                              {QStringLiteral("buttons"), buttons},

@@ -7,15 +7,15 @@
 
 namespace vantro {
 
-/// A title, a text and one or more buttons. The first button has the keyboard; Escape and the close button are no
-/// button. Deletes itself when closed. Main thread.
+/// An alert with a title, a text and one or more buttons, the first of which has the focus. Escape and the close button
+/// press none of them. Deletes itself when closed. Main thread.
 class AlertWindow final : public Dialog
 {
     Q_OBJECT
 public:
     enum class Kind { informational, warning };
 
-    /// Called once: with the button's index, or nothing for any other way out.
+    /// Called once, with the index of the button, or nullopt when the alert was closed in another way.
     using Answered = std::function<void(std::optional<int> button)>;
 
     AlertWindow(QQmlEngine& engine, Kind kind, const QString& title, const QString& text, const QStringList& buttons,

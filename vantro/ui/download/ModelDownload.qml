@@ -2,7 +2,7 @@ import QtQuick
 import Vantro.Style
 import Vantro.Download
 
-// One model on its way to this machine.
+// The download of a model.
 Rectangle {
     id: page
 
@@ -97,7 +97,7 @@ Rectangle {
         Text {
             id: status
             width: parent.width
-            // Keeps its line, so that the window does not jump when the first text comes.
+            // Never empty, so that the window does not change its height.
             text: page.model.statusText === "" ? " " : page.model.statusText
             textFormat: Text.PlainText
             color: page.model.failed ? Theme.error : Theme.textSecondary
@@ -117,7 +117,7 @@ Rectangle {
                 onClicked: page.closed()
             }
             VButton {
-                // One button, so that it keeps the keyboard while its meaning changes.
+                // A single button, so that it keeps the focus when its meaning changes.
                 secondary: page.model.running
                 focus: true
                 text: page.model.running ? qsTr("Cancel") : qsTr("Try again")

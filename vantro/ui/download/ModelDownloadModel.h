@@ -7,7 +7,7 @@
 
 namespace vantro {
 
-/// What the download window shows of one model's download. Main thread; lives as long as its window.
+/// The view model of a model download. Main thread; lives as long as its window.
 class ModelDownloadModel : public QObject
 {
     Q_OBJECT
@@ -27,10 +27,10 @@ public:
     [[nodiscard]] QString name() const { return model_.name; }
     [[nodiscard]] QString size() const { return model_.size; }
     [[nodiscard]] QString description() const { return model_.description; }
-    /// Why a model that was there is fetched again; empty when it is fetched for the first time.
+    /// Why the model has to be downloaded again; empty the first time.
     [[nodiscard]] QString reason() const { return reason_; }
     [[nodiscard]] qreal progress() const;
-    /// What the downloader says, else how far and how quick it is.
+    /// The status of the downloader, or else percentage and rate.
     [[nodiscard]] QString statusText() const;
     [[nodiscard]] bool isRunning() const { return downloader_.isRunning(); }
     [[nodiscard]] bool hasFailed() const;
@@ -45,7 +45,7 @@ Q_SIGNALS:
     void modelChanged();
     void progressChanged();
     void statusChanged();
-    /// The model is ready.
+    /// The model is ready to use.
     void succeeded();
 
 private:

@@ -20,7 +20,7 @@ ModelDownloadWindow::ModelDownloadWindow(QQmlEngine& engine, ModelDownloader& do
 
 ModelDownloadWindow::~ModelDownloadWindow()
 {
-    setSource(QUrl()); // what it shows is bound to the model, which goes first
+    setSource(QUrl()); // its bindings use the model, which is destroyed first
 }
 
 void ModelDownloadWindow::present(const TranscriptionModel& model, const QString& reason)

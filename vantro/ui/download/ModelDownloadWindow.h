@@ -6,9 +6,8 @@
 
 namespace vantro {
 
-/// Downloads a model before anyone's eyes: name, size, bar, what is going on, cancel and retry. Posts
-/// "download:model:success" when the model is ready. Closing it stops the download; what was fetched is kept. Main
-/// thread.
+/// Downloads a model with visible progress, cancel and retry. Posts "download:model:success" when the model is ready.
+/// Closing the window stops the download but keeps what has been downloaded. Main thread.
 class ModelDownloadWindow final : public Dialog
 {
     Q_OBJECT
@@ -16,8 +15,8 @@ public:
     ModelDownloadWindow(QQmlEngine& engine, ModelDownloader& downloader, NotificationCenter& notifications);
     ~ModelDownloadWindow() override;
 
-    /// Begins the download, or goes on with it, and comes forward. @p reason: why a model that was there is fetched
-    /// again, empty else.
+    /// Starts or resumes the download and brings the window to the front. @p reason: why the model has to be downloaded
+    /// again; may be empty.
     void present(const TranscriptionModel& model, const QString& reason);
 
 protected:

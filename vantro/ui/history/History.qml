@@ -3,7 +3,7 @@ import QtQuick.Templates as T
 import Vantro.Style
 import Vantro.History
 
-// What was dictated: searched at the left, read at the right.
+// Search and list on the left, the selected dictation on the right.
 Rectangle {
     id: window
 
@@ -38,7 +38,7 @@ Rectangle {
             focus: true
             placeholderText: qsTr("Search")
             Accessible.role: Accessible.EditableText
-            Accessible.name: qsTr("Search in the history")
+            Accessible.name: qsTr("Search the history")
             onTextChanged: window.model.search = text
             Keys.onDownPressed: list.takeKeyboard()
         }
@@ -96,8 +96,8 @@ Rectangle {
         anchors { left: side.right; right: parent.right; verticalCenter: parent.verticalCenter; margins: Theme.space32 }
         visible: !window.model.hasSelection
         text: window.model.problem !== "" ? window.model.problem
-            : search.text !== "" && list.count === 0 ? qsTr("Nothing that was dictated has these words.")
-            : list.count === 0 ? qsTr("What you dictate will be listed here. Press your shortcut and speak.")
+            : search.text !== "" && list.count === 0 ? qsTr("No dictation contains these words.")
+            : list.count === 0 ? qsTr("Your dictations will appear here. Press your shortcut and speak.")
             : qsTr("Choose a dictation to read it.")
         color: window.model.problem !== "" ? Theme.error : Theme.textSecondary
         font.pixelSize: Theme.sizeBody
@@ -151,7 +151,7 @@ Rectangle {
         VButton {
             visible: window.model.isFormatted
             secondary: true
-            text: window.showsRaw ? qsTr("Show the rewritten text") : qsTr("Show what was said")
+            text: window.showsRaw ? qsTr("Show the rewritten text") : qsTr("Show the original text")
             onClicked: window.showsRaw = !window.showsRaw
         }
         VButton {
@@ -164,7 +164,7 @@ Rectangle {
             id: undo
             visible: window.model.canUndo
             secondary: true
-            text: qsTr("Undo the deletion")
+            text: qsTr("Undo delete")
             onClicked: window.model.undo()
         }
     }

@@ -10,8 +10,8 @@
 
 namespace vantro {
 
-/// The history window: the list, the dictation that is looked at, and the one that was deleted last. Main thread; lives
-/// as long as its window.
+/// The view model of the history: the list, the selected dictation, and the one deleted last. Main thread; lives as
+/// long as its window.
 class HistoryModel : public QObject
 {
     Q_OBJECT
@@ -37,17 +37,17 @@ public:
     [[nodiscard]] bool isFormatted() const { return selection_ && !selection_->formatted.isEmpty(); }
     [[nodiscard]] QString rawText() const { return selection_ ? selection_->transcription : QString(); }
     [[nodiscard]] QString formattedText() const { return selection_ ? selection_->formatted : QString(); }
-    /// When, and in which mode.
+    /// Date and mode.
     [[nodiscard]] QString details() const;
     [[nodiscard]] bool canUndo() const { return deleted_.has_value(); }
-    /// Why the history cannot be read or changed; empty else.
+    /// Why the history could not be read or changed; otherwise empty.
     [[nodiscard]] QString problem() const { return problem_; }
 
     Q_INVOKABLE void select(const QUuid& identifier);
     Q_INVOKABLE void copy(const QString& text);
     Q_INVOKABLE void remove();
     Q_INVOKABLE void undo();
-    /// A time of the list, short: today's as a time, others as a date.
+    /// A time for the list: only the time for today, otherwise only the date.
     Q_INVOKABLE QString shortTime(const QDateTime& time) const;
 
 Q_SIGNALS:

@@ -1,7 +1,7 @@
 import QtQuick
 import Vantro.Style
 
-// One dictation of the list: when, in which mode, how it begins.
+// A dictation in the list: its first line, date and mode.
 Rectangle {
     id: row
 

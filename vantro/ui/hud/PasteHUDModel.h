@@ -6,7 +6,7 @@
 
 namespace vantro {
 
-/// How far the paste HUD has come: it grows from where the launcher was into its resting size.
+/// The animation state of the paste HUD, which grows from the launcher's size to its own.
 class PasteHUDModel : public QObject
 {
     Q_OBJECT

@@ -50,14 +50,14 @@ PasteHUDWindow::PasteHUDWindow(QQmlEngine& engine, const Workspace& workspace, C
 
 PasteHUDWindow::~PasteHUDWindow()
 {
-    setSource(QUrl()); // what it shows is bound to the model, which goes first
+    setSource(QUrl()); // its bindings use the model, which is destroyed first
 }
 
 void PasteHUDWindow::showHUD(std::optional<QRect> anchor)
 {
     dismissWorkItem_ = std::make_unique<QObject>();
     const QRect content = anchor.value_or(centredOnMainScreen());
-    // Growing and fading needs a window that is larger than what it shows, and so a compositor.
+    // The animation needs a window larger than its content, and so a compositor.
     model_.isAnimated = workspace_.isCompositing();
     QRect frame(QPoint(), restingSize);
     frame.moveCenter(content.center());

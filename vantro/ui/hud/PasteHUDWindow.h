@@ -10,8 +10,8 @@
 
 namespace vantro {
 
-/// "Ctrl+V to paste", for a moment, where the launcher was. Never takes the keyboard or a click. Made once and shown
-/// again; the latest show decides when it goes. Main thread.
+/// Shows "Ctrl+V to paste" for 1.5 s where the launcher was. Never takes the focus or a click. Reusable: showing it
+/// again restarts the time. Main thread.
 class PasteHUDWindow final : public QQuickView
 {
     Q_OBJECT
@@ -19,7 +19,7 @@ public:
     PasteHUDWindow(QQmlEngine& engine, const Workspace& workspace, Clock& clock);
     ~PasteHUDWindow() override;
 
-    /// @p anchor: the launcher's frame, in screen coordinates; the middle of the main screen when there is none.
+    /// @p anchor: the launcher's frame in screen coordinates; without it, the HUD is centred on the main screen.
     void showHUD(std::optional<QRect> anchor);
 
 private:
@@ -28,7 +28,7 @@ private:
     const Workspace& workspace_;
     Clock& clock_;
     PasteHUDModel model_;
-    std::unique_ptr<QObject> dismissWorkItem_; ///< its destruction cancels what is scheduled
+    std::unique_ptr<QObject> dismissWorkItem_; ///< its destruction cancels pending callbacks
 };
 
 } // namespace vantro

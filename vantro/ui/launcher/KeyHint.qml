@@ -1,7 +1,7 @@
 import QtQuick
 import Vantro.Style
 
-// A key and what it does: "<Space> Start transcription".
+// A key and what it does, such as "<Space> Start transcription".
 Text {
     color: Theme.textSecondary
     font.pixelSize: Theme.sizeSecondary

@@ -39,10 +39,10 @@ Launcher::Launcher(const Context& context)
     placeOnScreen();
     roundCorners(*this, cornerRadius, workspace_.isCompositing());
 
-    // The press acts when Space is released, so that the release does not end up in the window the text goes to.
+    // On release, so that the key release does not reach the window that receives the text.
     inFocusActionObserver_ =
         shortcuts_.onKeyUp(KeyboardShortcuts::Name::stopRecordingAndCloseModal, *this, [this] { dictation_.stop(); });
-    // The window system's focus events also come when a hot key merely fires; the front window does not lie.
+    // Focus events also arrive when a hot key merely fires, so follow the front window instead.
     connect(&workspace_, &Workspace::frontWindowChanged, this, &Launcher::followKeyboard);
     logger_.debug(QStringLiteral("I appeared"));
 }
@@ -147,7 +147,7 @@ void Launcher::closePanel()
     inFocusActionObserver_.reset();
     setSource(QUrl());
     notifications_.post(notification::launcherClosed);
-    // The window manager gives the keyboard back to the window that had it before.
+    // The window manager returns the focus to the previous window.
     hide();
 }
 

@@ -12,9 +12,9 @@
 
 namespace vantro {
 
-/// The small panel of one dictation. It takes the keyboard: Space (a global hot key while the panel is key) ends the
-/// recording, the digits choose a mode, Escape cancels. It closes itself, and so cancels a recording that still runs,
-/// when another window gets the keyboard. Main thread.
+/// The recording panel of one dictation. While it has the focus, Space (grabbed as a global hot key) ends the
+/// recording, a digit chooses a mode and Escape cancels. It closes itself, discarding a running recording, when another
+/// window gets the focus. Main thread.
 class Launcher final : public QQuickView, public LauncherPanel
 {
     Q_OBJECT

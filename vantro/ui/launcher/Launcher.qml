@@ -2,7 +2,7 @@ import QtQuick
 import Vantro.Style
 import Vantro.Launcher
 
-// The recording panel: am I heard, what will happen, how do I end.
+// The recording panel: the level, the mode, and how to finish.
 Rectangle {
     id: launcher
 

@@ -16,8 +16,7 @@ namespace vantro {
 class AudioRecorder;
 class Dictation;
 
-/// What the recording panel shows: level, time, modes and how far the engine is. Main thread; lives as long as the
-/// panel.
+/// The view model of the recording panel: level, time, modes and progress. Main thread; lives as long as the panel.
 class LauncherModel : public QObject
 {
     Q_OBJECT
@@ -31,7 +30,7 @@ class LauncherModel : public QObject
     Q_PROPERTY(bool timeRunsOut READ timeRunsOut NOTIFY timeChanged)
     Q_PROPERTY(QString notice READ notice NOTIFY noticeChanged)
     Q_PROPERTY(QStringList modes READ modeNames CONSTANT)
-    /// How the user ends the recording, and how the user gives it up.
+    /// How to end the recording, and how to cancel it; may be empty.
     Q_PROPERTY(QString endingHint READ endingHint NOTIFY hintsChanged)
     Q_PROPERTY(QString cancelHint READ cancelHint NOTIFY hintsChanged)
     Q_PROPERTY(int chosenMode READ chosenMode NOTIFY chosenModeChanged)
@@ -42,7 +41,7 @@ public:
         QString name;
     };
 
-    /// @p modes: the visible ones in display order. @p microphone: its name, for the notice that it stays silent.
+    /// @p modes: the visible ones in display order. @p microphone: its name, for the notice that no sound arrives.
     LauncherModel(Dictation& dictation, Clock& clock, std::vector<Mode> modes, QString microphone);
 
     [[nodiscard]] bool isProcessing() const { return processing_; }
@@ -72,7 +71,7 @@ Q_SIGNALS:
 
 private:
     void followState();
-    /// The engine's own figure, 0..1. Never moves the bar back.
+    /// @p fraction: 0..1. Never moves the bar back.
     void setProgress(float fraction);
     void tick();
     void setNotice(const QString& notice);
@@ -86,7 +85,7 @@ private:
     Clock::Instant openedAt_;
     Clock::Instant lastHeardAt_;
     Clock::Instant stoppedAt_;
-    QTimer ticker_; ///< one waveform bar
+    QTimer ticker_; ///< once per bar of the waveform
     float loudestSinceTick_ = 0;
     std::deque<qreal> levels_;
     bool processing_ = false;

@@ -1,7 +1,7 @@
 import QtQuick
 import Vantro.Style
 
-// One mode: its digit key and its name; the chosen one is filled.
+// A mode with its digit key; the chosen one is filled.
 Rectangle {
     id: pill
 

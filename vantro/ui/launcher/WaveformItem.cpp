@@ -8,7 +8,7 @@ namespace vantro {
 
 namespace {
 
-constexpr qreal barFraction = 0.55; // of a bar's share of the width
+constexpr qreal barFraction = 0.55; // the part of a bar's slot that is filled
 constexpr qreal dotPixels = 2;
 constexpr qreal linePixels = 3;
 

@@ -8,8 +8,8 @@
 
 namespace vantro {
 
-/// The level of the last five seconds as bars, the newest at the right; silent bars are dots. While the recording is
-/// being processed it is a thin line that fills from left to right instead.
+/// The level of the last 5 s as bars, the latest on the right; silence shows as dots. During processing, a thin
+/// progress bar instead.
 class WaveformItem : public QQuickPaintedItem
 {
     Q_OBJECT
@@ -18,7 +18,7 @@ class WaveformItem : public QQuickPaintedItem
     Q_PROPERTY(QColor idleColor MEMBER idleColor_ NOTIFY lookChanged)
     Q_PROPERTY(bool processing MEMBER processing_ NOTIFY lookChanged)
     Q_PROPERTY(qreal progress MEMBER progress_ NOTIFY lookChanged)
-    /// Levels of 0..1, oldest first; at most barCount of them are shown.
+    /// Levels from 0 to 1, oldest first; only the last barCount are shown.
     Q_PROPERTY(QList<qreal> levels READ levels WRITE setLevels NOTIFY lookChanged)
 public:
     /// One bar is 1/15 s.

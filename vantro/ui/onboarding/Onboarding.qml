@@ -3,7 +3,7 @@ import Vantro.Style
 import Vantro.Onboarding
 import Vantro.Shortcuts
 
-// Leads to the first dictation, one page after the other. Nothing here is a dead end: every page can be passed.
+// Guides the user to the first dictation. Every page can be skipped.
 Rectangle {
     id: window
 
@@ -76,7 +76,7 @@ Rectangle {
             VLevel {
                 width: parent.width
                 level: window.model.level
-                name: qsTr("Level of the microphone")
+                name: qsTr("Microphone level")
             }
         }
     }
@@ -84,11 +84,11 @@ Rectangle {
         id: keysPage
         OnboardingStep {
             title: qsTr("Can vantro type for you?")
-            explanation: qsTr("The finished text is pasted into the window you were working in. This page sends itself the same keystroke.")
+            explanation: qsTr("The finished text is pasted into the window you were working in. This page tests the keystroke for that on itself.")
             good: window.model.areKeysGood
             status: window.model.keysText
             Timer {
-                // Once the page has the keyboard; a key that is held would spoil the trial.
+                // Waits for the focus, then a moment for held keys to be released.
                 running: window.Window.active && !window.model.areKeysGood
                 interval: Theme.keyTrialMs
                 onTriggered: window.model.tryKeys()
@@ -118,12 +118,12 @@ Rectangle {
         id: modelPage
         OnboardingStep {
             title: qsTr("The speech model")
-            explanation: qsTr("It turns your speech into text on this computer. It is fetched once.")
+            explanation: qsTr("It turns your speech into text on this computer. It only has to be downloaded once.")
             good: window.model.isModelGood
-            status: window.model.isModelGood ? qsTr("%1 is there.").arg(window.model.download.name)
+            status: window.model.isModelGood ? qsTr("%1 is ready.").arg(window.model.download.name)
                   : window.model.download.running ? window.model.download.statusText
                   : window.model.download.failed ? window.model.download.statusText
-                  : qsTr("%1, %2, is not on this computer yet.").arg(window.model.download.name).arg(window.model.download.size)
+                  : qsTr("%1 (%2) has not been downloaded yet.").arg(window.model.download.name).arg(window.model.download.size)
             Rectangle {
                 width: parent.width
                 height: Theme.space8
@@ -152,9 +152,9 @@ Rectangle {
         OnboardingStep {
             title: qsTr("Try it")
             explanation: !window.model.isModelGood
-                ? qsTr("The speech model is not there yet. Go back one page to fetch it.")
+                ? qsTr("The speech model is still missing. Go back one page to download it.")
                 : window.model.shortcut === ""
-                ? qsTr("There is no shortcut yet. Until there is one, vantro's menu in the tray starts a dictation.")
+                ? qsTr("No shortcut is set yet. You can start a dictation from vantro's tray menu instead.")
                 : qsTr("Press %1, say a sentence, then press Space.").arg(window.model.shortcut)
             Rectangle {
                 width: parent.width

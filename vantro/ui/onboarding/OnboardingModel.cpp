@@ -44,7 +44,7 @@ OnboardingModel::~OnboardingModel() = default;
 void OnboardingModel::setStep(Step step)
 {
     step_ = step;
-    // The microphone is open only while its owner looks at it.
+    // The microphone is only open while its page is shown.
     if (step == Microphone)
         monitor_.start();
     else
@@ -66,8 +66,8 @@ QString OnboardingModel::microphoneText() const
         return wording::noMicrophone();
     const auto wanted = parts_.devices.effectiveDeviceID();
     const auto found = std::ranges::find_if(present, [&](const auto& device) { return wanted == device.id; });
-    const QString name = found != present.end() ? found->name : tr("The desktop's microphone");
-    return monitor_.hasHeard() ? tr("%1 hears you.").arg(name) : tr("%1 is open. Say something.").arg(name);
+    const QString name = found != present.end() ? found->name : tr("The default microphone");
+    return monitor_.hasHeard() ? tr("%1 hears you.").arg(name) : tr("%1 is listening. Say something.").arg(name);
 }
 
 void OnboardingModel::tryKeys()
@@ -85,7 +85,7 @@ void OnboardingModel::tryKeys()
 
 void OnboardingModel::keyArrived()
 {
-    // A user who presses the same keys himself proves nothing.
+    // The same keys pressed by the user prove nothing.
     if (keys_ != KeyTest::posted)
         return;
     keyPatience_.stop();
@@ -113,8 +113,7 @@ QString OnboardingModel::keysText() const
         return tr("The keystroke arrived: vantro can paste for you.");
     case KeyTest::lost:
         return (keysProblem_.isEmpty() ? tr("The keystroke did not arrive.") : keysProblem_) + QLatin1Char('\n') +
-               tr("Try again with this window in front. Without it your text waits on the clipboard, to be pasted with "
-                  "%1.")
+               tr("Bring this window to the front and try again. Otherwise you can paste your text yourself with %1.")
                    .arg(wording::pasteShortcut());
     }
     return {};
@@ -138,7 +137,7 @@ QString OnboardingModel::shortcutText() const
         return *failure;
     if (!isShortcutGood())
         return tr("None of the usual shortcuts is free. Record one of your own.");
-    return tr("It works in every program. Press it once to begin, and Space when you have said everything.");
+    return tr("It works in every program. Press it to start, and Space when you are done.");
 }
 
 void OnboardingModel::startDownload()

@@ -17,8 +17,8 @@
 
 namespace vantro {
 
-/// What has to work before the first dictation, each thing tried for real while its page is shown. Main thread; lives
-/// as long as its window.
+/// The view model of the onboarding. Each page really tries what the first dictation needs. Main thread; lives as long
+/// as its window.
 class OnboardingModel : public QObject
 {
     Q_OBJECT
@@ -51,7 +51,7 @@ public:
         ModelDownloader& downloader;
         TranscriptionModel model;
         std::function<bool()> isModelPresent;
-        /// Whether own windows stay where they are while a dictation is recorded.
+        /// Keeps the program's own windows visible during a recording.
         std::function<void(bool)> setSandboxMode;
     };
 
@@ -71,11 +71,11 @@ public:
     [[nodiscard]] bool isModelGood() const { return parts_.isModelPresent(); }
     [[nodiscard]] ModelDownloadModel* download() { return &download_; }
 
-    /// Posts the paste keystroke; the window that has the keyboard tells keyArrived() when it comes.
+    /// Posts the paste keystroke; the page calls keyArrived() when it receives it.
     Q_INVOKABLE void tryKeys();
     Q_INVOKABLE void keyArrived();
     Q_INVOKABLE void startDownload();
-    /// "permissions:close"
+    /// Posts "permissions:close".
     Q_INVOKABLE void finish();
 
 Q_SIGNALS:

@@ -1,7 +1,7 @@
 import QtQuick
 import Vantro.Style
 
-// One page: what is tried, whether it works, and what to do when it does not.
+// A page: what is tested, whether it works, and what to do if it does not.
 Column {
     id: step
 

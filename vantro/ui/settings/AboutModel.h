@@ -9,8 +9,8 @@
 
 namespace vantro {
 
-/// The page "About", and what without a tray can be reached from nowhere else. Main thread; lives as long as its
-/// window.
+/// The view model of the page "About", which also offers what is otherwise only in the tray menu. Main thread; lives as
+/// long as its window.
 class AboutModel : public QObject
 {
     Q_OBJECT
@@ -33,7 +33,7 @@ public:
     Q_INVOKABLE void quit() { actions_.quit(); }
 
     QString version;
-    QString system; ///< what an error report would tell of it
+    QString system; ///< the description of the system in error reports
 
 private:
     Actions actions_;

@@ -31,7 +31,7 @@ VPage {
                 }
                 Text {
                     width: parent.width
-                    text: qsTr("Speech is recognised on your own computer. Nothing leaves it unless you set up a service that rewrites your text.")
+                    text: qsTr("Speech is recognised on your own computer. Your words never leave it unless you set up a provider to rewrite them.")
                     color: Theme.textSecondary
                     font.pixelSize: Theme.sizeBody
                     wrapMode: Text.Wrap
@@ -40,9 +40,9 @@ VPage {
         }
     }
     VCard {
-        heading: qsTr("Write to the makers")
+        heading: qsTr("Contact the developers")
         VNote {
-            text: qsTr("Both open a mail in your mail program. Nothing is sent before you send it.")
+            text: qsTr("Both open a draft in your mail program. Nothing is sent until you send it.")
         }
         Row {
             spacing: Theme.space8
@@ -62,7 +62,7 @@ VPage {
         heading: qsTr("Licences")
         Text {
             width: parent.width
-            text: qsTr("vantro is free software under the MIT licence. It stands on Qt (LGPL 3), whisper.cpp and ggml (MIT), QCoro (MIT), libpulse, libsoxr, libsndfile, libcanberra, libsecret, GLib and libsystemd (LGPL 2.1), OpenSSL and CLD2 (Apache 2.0), ICU (Unicode 3.0) and X11 (MIT).")
+            text: qsTr("vantro is free software under the MIT licence. It is built on Qt (LGPL 3), whisper.cpp and ggml (MIT), QCoro (MIT), libpulse, libsoxr, libsndfile, libcanberra, libsecret, GLib and libsystemd (LGPL 2.1), OpenSSL and CLD2 (Apache 2.0), ICU (Unicode 3.0) and X11 (MIT).")
             color: Theme.text
             font.pixelSize: Theme.sizeBody
             wrapMode: Text.Wrap

@@ -26,18 +26,18 @@ VPage {
         heading: qsTr("Finished text")
         VToggleRow {
             title: qsTr("Paste into the window I was working in")
-            hint: qsTr("Off: the text waits on the clipboard.")
+            hint: qsTr("When off, the text is only copied to the clipboard.")
             checked: page.settings.autoPaste
             onToggled: on => page.settings.autoPaste = on
         }
         VToggleRow {
             title: qsTr("Keep the text on the clipboard after pasting")
-            hint: qsTr("Off: the clipboard gets back what it held before.")
+            hint: qsTr("When off, the clipboard gets its previous text back.")
             checked: page.settings.keepOnClipboard
             onToggled: on => page.settings.keepOnClipboard = on
         }
         VToggleRow {
-            title: qsTr("Play a sound when the text is there")
+            title: qsTr("Play a sound when the text is ready")
             checked: page.settings.playSound
             onToggled: on => page.settings.playSound = on
         }
@@ -46,7 +46,7 @@ VPage {
         heading: qsTr("Speech")
         VSettingRow {
             title: qsTr("Language you speak")
-            hint: qsTr("Models for English only always hear English.")
+            hint: qsTr("English-only models always expect English.")
             VChoice {
                 model: page.settings.languages
                 currentIndex: page.settings.language
@@ -56,7 +56,7 @@ VPage {
         }
         VToggleRow {
             title: qsTr("Keep the speech model in memory")
-            hint: qsTr("Starts sooner after the stop, and takes the memory of the model all the time.")
+            hint: qsTr("Transcribing starts sooner, but the model takes up memory all the time.")
             checked: page.settings.keepModelInMemory
             onToggled: on => page.settings.keepModelInMemory = on
         }
@@ -66,18 +66,18 @@ VPage {
         VSettingRow {
             title: qsTr("Colours")
             VChoice {
-                model: [qsTr("Like the desktop"), qsTr("Light"), qsTr("Dark")]
+                model: [qsTr("Same as the desktop"), qsTr("Light"), qsTr("Dark")]
                 currentIndex: page.settings.appearance
                 Accessible.name: qsTr("Colours")
                 onActivated: index => page.settings.appearance = index
             }
         }
         VSettingRow {
-            title: qsTr("Movement")
+            title: qsTr("Animations")
             VChoice {
-                model: [qsTr("Like the desktop"), qsTr("On"), qsTr("Off")]
+                model: [qsTr("Same as the desktop"), qsTr("On"), qsTr("Off")]
                 currentIndex: page.settings.motion
-                Accessible.name: qsTr("Movement")
+                Accessible.name: qsTr("Animations")
                 onActivated: index => page.settings.motion = index
             }
         }
@@ -90,8 +90,8 @@ VPage {
             onToggled: on => page.settings.launchAtLogin = on
         }
         VToggleRow {
-            title: qsTr("Look for updates at every start")
-            hint: qsTr("Asks the maker's server for the number of the newest version. Nothing is sent.")
+            title: qsTr("Check for updates at startup")
+            hint: qsTr("Asks a server for the latest version number. Nothing about you is sent.")
             checked: page.settings.checkForUpdates
             onToggled: on => page.settings.checkForUpdates = on
         }

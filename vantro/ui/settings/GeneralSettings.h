@@ -10,8 +10,8 @@
 
 namespace vantro {
 
-/// The page "General": every change is written at once, and a change from elsewhere is shown at once. Main thread;
-/// lives as long as its window.
+/// The view model of the page "General". Changes are written at once; changes made elsewhere are shown at once. Main
+/// thread; lives as long as its window.
 class GeneralSettings : public QObject
 {
     Q_OBJECT
@@ -50,10 +50,10 @@ public:
     void setKeepModelInMemory(bool on) { parts_.defaults.set(setting::whisperKeepModelInMemory, on); }
     [[nodiscard]] bool holdToTalk() const { return parts_.defaults.get(setting::holdToTalk); }
     void setHoldToTalk(bool on) { parts_.defaults.set(setting::holdToTalk, on); }
-    /// 0 the desktop's, 1 light, 2 dark.
+    /// 0: same as the desktop, 1: light, 2: dark.
     [[nodiscard]] int appearance() const;
     void setAppearance(int index);
-    /// 0 as the desktop wants it, 1 with movement, 2 without.
+    /// 0: same as the desktop, 1: animations on, 2: off.
     [[nodiscard]] int motion() const;
     void setMotion(int index);
     [[nodiscard]] bool launchAtLogin() const { return parts_.loginItem.isEnabled(); }
@@ -61,11 +61,11 @@ public:
     [[nodiscard]] bool checkForUpdates() const { return parts_.defaults.get(setting::checkForUpdatesOnLaunch); }
     void setCheckForUpdates(bool on) { parts_.defaults.set(setting::checkForUpdatesOnLaunch, on); }
     [[nodiscard]] bool isCheckingForUpdates() const { return parts_.updates.isChecking(); }
-    /// Of the speech; an index into languages().
+    /// The spoken language, as an index into languages().
     [[nodiscard]] int language() const;
     void setLanguage(int index);
     [[nodiscard]] QStringList languages() const;
-    /// Why the latest change could not be made; empty else.
+    /// Why the latest change failed; otherwise empty.
     [[nodiscard]] QString problem() const { return problem_; }
 
     Q_INVOKABLE void checkForUpdatesNow();

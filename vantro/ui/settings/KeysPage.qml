@@ -15,7 +15,7 @@ VPage {
     VCard {
         heading: qsTr("Dictate")
         VNote {
-            text: qsTr("Works in every program. Press Space or click, then press the keys.")
+            text: qsTr("Works in every program. To change it, click it or press Space, then press the new keys.")
         }
         ShortcutRecorder {
             width: parent.width
@@ -31,7 +31,7 @@ VPage {
     VCard {
         heading: qsTr("End the recording")
         VNote {
-            text: qsTr("Only while vantro listens.")
+            text: qsTr("Works only while vantro is recording.")
         }
         ShortcutRecorder {
             width: parent.width

@@ -31,14 +31,14 @@ VPage {
                 width: Theme.wideFieldWidth
                 model: page.settings.devices
                 currentIndex: page.settings.device
-                displayText: currentIndex < 0 ? qsTr("None of those that are connected") : currentText
+                displayText: currentIndex < 0 ? qsTr("Not connected") : currentText
                 Accessible.name: qsTr("Microphone")
                 onActivated: index => page.settings.device = index
             }
         }
         VNote {
             visible: page.settings.mode === 2
-            text: qsTr("The first one that is connected is used.")
+            text: qsTr("The first connected one is used.")
         }
         Repeater {
             model: page.settings.mode === 2 ? page.settings.order : []
@@ -57,11 +57,11 @@ VPage {
         }
     }
     VCard {
-        heading: qsTr("What it hears")
+        heading: qsTr("Input level")
         VLevel {
             width: parent.width
             level: page.settings.level
-            name: qsTr("Level of the microphone")
+            name: qsTr("Microphone level")
         }
         Text {
             width: parent.width

@@ -18,7 +18,7 @@ MicrophoneSettings::MicrophoneSettings(AudioEngineFactory makeEngine, AudioDevic
     connect(&devices_, &AudioDeviceManager::prioritizedDevicesChanged, this, &MicrophoneSettings::follow);
 }
 
-/// The level shown is that of the microphone that a dictation would use now.
+/// Shows the level of the microphone that a dictation would use now.
 void MicrophoneSettings::follow()
 {
     if (monitor_.isRunning()) {
@@ -41,7 +41,7 @@ void MicrophoneSettings::setMode(int mode)
     if (mode < 0 || mode >= static_cast<int>(allAudioInputModes.size()))
         return;
     devices_.setInputMode(allAudioInputModes.at(static_cast<std::size_t>(mode)));
-    // An order begins with what is there.
+    // The priority list starts with all connected microphones.
     if (devices_.inputMode() == AudioInputMode::prioritized) {
         for (const AudioInputDevice& device : std::vector(devices_.availableDevices()))
             devices_.addPrioritizedDevice(device);

@@ -9,8 +9,8 @@
 
 namespace vantro {
 
-/// The page "Microphone": which one is recorded from, and what it hears right now. Every change is written at once.
-/// Main thread; lives as long as its window.
+/// The view model of the page "Microphone": the choice of microphone and its current level. Changes are written at
+/// once. Main thread; lives as long as its window.
 class MicrophoneSettings : public QObject
 {
     Q_OBJECT
@@ -32,17 +32,17 @@ public:
     [[nodiscard]] int mode() const { return static_cast<int>(devices_.inputMode()); }
     void setMode(int mode);
     [[nodiscard]] QStringList devices() const;
-    /// The chosen one's place in devices(), or -1.
+    /// The chosen one as an index into devices(); -1 when it is not connected.
     [[nodiscard]] int device() const;
     void setDevice(int index);
-    /// Names, the preferred one first.
+    /// The names in the priority list, highest priority first.
     [[nodiscard]] QStringList order() const;
     [[nodiscard]] bool isListening() const { return monitor_.isRunning(); }
     void setListening(bool listening);
     [[nodiscard]] qreal level() const { return static_cast<qreal>(monitor_.level()); }
     [[nodiscard]] QString problem() const { return monitor_.problem(); }
 
-    /// Moves an entry of the order one place up.
+    /// Moves an entry of order() up by one.
     Q_INVOKABLE void prefer(int index);
 
 Q_SIGNALS:

@@ -10,7 +10,7 @@
 
 namespace vantro {
 
-/// The page "Models": one row per model of the catalogue. Main thread; lives as long as its window.
+/// The model list of the page "Models", one row per model of the catalogue. Main thread; lives as long as its window.
 class ModelListModel : public QAbstractListModel
 {
     Q_OBJECT
@@ -29,7 +29,7 @@ public:
         SelectedRole
     };
     Q_ENUM(Role)
-    /// What can be done about a model: use it, fetch it, or fetch the rest of it.
+    /// Whether a model can be used, downloaded, or its download resumed.
     enum State { Ready, Missing, Partial };
     Q_ENUM(State)
 
@@ -49,7 +49,7 @@ public:
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
     [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
-    /// Why the latest removal failed; empty else.
+    /// Why the latest removal failed; otherwise empty.
     [[nodiscard]] QString problem() const { return problem_; }
 
     Q_INVOKABLE void select(int row);

@@ -2,7 +2,7 @@ import QtQuick
 import Vantro.Style
 import Vantro.Settings
 
-// One model: what it is, how fast and how accurate, and the one thing to do about it.
+// A model: description, speed, accuracy, and the actions available.
 VCard {
     id: row
 
@@ -107,7 +107,7 @@ VCard {
                 anchors.right: parent.right
                 visible: row.modelState === ModelListModel.Missing || row.modelState === ModelListModel.Partial
                 secondary: true
-                text: row.modelState === ModelListModel.Partial ? qsTr("Go on downloading") : qsTr("Download")
+                text: row.modelState === ModelListModel.Partial ? qsTr("Resume download") : qsTr("Download")
                 Accessible.description: row.name
                 onClicked: row.downloadPressed()
             }

@@ -8,7 +8,7 @@ VPage {
     required property ModelListModel models
 
     title: qsTr("Models")
-    subtitle: qsTr("What turns speech into text, on this computer. Larger models make fewer mistakes and take longer.")
+    subtitle: qsTr("Models turn speech into text on this computer. Larger ones make fewer mistakes but take longer.")
 
     VCard {
         visible: page.models.problem !== ""

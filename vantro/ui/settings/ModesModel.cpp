@@ -63,15 +63,15 @@ QString ModesModel::purpose() const
 {
     switch (mode()) {
     case ProcessingMode::Normal:
-        return tr("The text stays as it was recognised, but for your replacements.");
+        return tr("The text is kept as recognised; only your replacements are applied.");
     case ProcessingMode::Email:
-        return tr("A language model makes an e-mail of it.");
+        return tr("A language model turns the text into an email.");
     case ProcessingMode::Grammar:
         return tr("A language model corrects grammar, spelling and punctuation.");
     case ProcessingMode::Custom:
         return tr("You can customize the name and prompt to suit your needs.");
     case ProcessingMode::Notes:
-        return tr("The text is kept with the notes of the day, which a language model sums up.");
+        return tr("The text is added to today's notes, which a language model summarises.");
     }
     return {};
 }
@@ -107,9 +107,9 @@ void ModesModel::useBuiltInPrompt()
 
 QStringList ModesModel::providers() const
 {
-    QStringList names{tr("Nobody")};
+    QStringList names{tr("None")};
     for (const ProviderConfiguration& provider : parts_.providers.configurations())
-        names << (provider.isEnabled ? provider.name : tr("%1 (switched off)").arg(provider.name));
+        names << (provider.isEnabled ? provider.name : tr("%1 (disabled)").arg(provider.name));
     return names;
 }
 
@@ -139,9 +139,9 @@ QString ModesModel::lacking() const
     if (parts_.isUsable(mode()))
         return {};
     if (mode() == ProcessingMode::Custom && prompt().isEmpty())
-        return tr("The launcher offers this mode when it has a prompt and a provider.");
-    return tr("The launcher offers this mode when a provider that is switched on serves it. Their keys are kept under "
-              "Settings, Providers.");
+        return tr("To use this mode, write a prompt and choose a provider.");
+    return tr(
+        "To use this mode, choose an enabled provider. Set up providers and their keys under Settings, Providers.");
 }
 
 } // namespace vantro

@@ -11,8 +11,8 @@
 
 namespace vantro {
 
-/// The page "Modes": in which one dictations begin, and what one of them does. Every change is written at once. Main
-/// thread; lives as long as its window.
+/// The view model of the page "Modes": the default mode, and the settings of the mode shown. Changes are written at
+/// once. Main thread; lives as long as its window.
 class ModesModel : public QObject
 {
     Q_OBJECT
@@ -36,37 +36,37 @@ public:
         UserDefaults& defaults;
         PromptSettings& prompts;
         const ProviderConfigurationManager& providers;
-        /// Whether the launcher can offer it.
+        /// Whether the mode is set up, so that the launcher offers it.
         std::function<bool(ProcessingMode)> isUsable;
     };
 
     explicit ModesModel(Parts parts);
 
-    /// In the order of ProcessingMode, by the names that the user knows.
+    /// The display names, in the order of ProcessingMode.
     [[nodiscard]] QStringList modes() const;
     [[nodiscard]] int defaultMode() const;
     void setDefaultMode(int index);
 
-    // The mode that is shown.
+    // The following concern the mode shown.
     [[nodiscard]] int shown() const { return static_cast<int>(mode()); }
     void setShown(int index);
-    /// What it does, in a sentence.
+    /// What it does, in one sentence.
     [[nodiscard]] QString purpose() const;
-    /// Whether a language model takes part at all.
+    /// Whether it uses a language model.
     [[nodiscard]] bool asksModel() const { return mode() != ProcessingMode::Normal; }
     [[nodiscard]] bool takesName() const { return mode() == ProcessingMode::Custom; }
     [[nodiscard]] bool hasBuiltInPrompt() const;
-    /// Empty when it goes by its own.
+    /// Empty when the user has not renamed it.
     [[nodiscard]] QString name() const;
     void setName(const QString& name);
     [[nodiscard]] QString prompt() const { return parts_.prompts.prompt(mode()); }
     void setPrompt(const QString& prompt);
-    /// "Nobody", and everybody in the list of providers.
+    /// "None", followed by all providers.
     [[nodiscard]] QStringList providers() const;
-    /// An index into providers(); -1 when the one that was chosen has been removed.
+    /// An index into providers(); -1 when the chosen one has been removed.
     [[nodiscard]] int provider() const;
     void setProvider(int index);
-    /// What to do before the launcher offers the mode; empty when nothing is missing.
+    /// What to do to be able to use the mode; empty when nothing is missing.
     [[nodiscard]] QString lacking() const;
 
     Q_INVOKABLE void useBuiltInPrompt();

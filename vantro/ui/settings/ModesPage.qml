@@ -8,15 +8,15 @@ VPage {
     required property ModesModel settings
 
     title: qsTr("Modes")
-    subtitle: qsTr("What becomes of a dictation. In the launcher the digit keys choose among the modes that can be used.")
+    subtitle: qsTr("The mode decides what happens to a dictation. While recording, press a digit to choose another mode.")
 
     VCard {
         VSettingRow {
-            title: qsTr("Dictations begin in")
+            title: qsTr("Default mode")
             VChoice {
                 model: page.settings.modes
                 currentIndex: page.settings.defaultMode
-                Accessible.name: qsTr("Dictations begin in")
+                Accessible.name: qsTr("Default mode")
                 onActivated: index => page.settings.defaultMode = index
             }
         }
@@ -60,7 +60,7 @@ VPage {
             VChoice {
                 model: page.settings.providers
                 currentIndex: page.settings.provider
-                displayText: currentIndex < 0 ? qsTr("A provider that was removed") : currentText
+                displayText: currentIndex < 0 ? qsTr("A removed provider") : currentText
                 Accessible.name: qsTr("Rewritten by")
                 onActivated: index => page.settings.provider = index
             }
@@ -79,7 +79,7 @@ VPage {
                 id: prompt
                 width: parent.width
                 text: page.settings.prompt
-                placeholderText: qsTr("What the language model is to do with the text.")
+                placeholderText: qsTr("Tell the language model what to do with the text.")
                 Accessible.name: qsTr("Prompt")
                 onTyped: text => page.settings.prompt = text
             }

@@ -2,7 +2,7 @@ import QtQuick
 import Vantro.Style
 import Vantro.Settings
 
-// The form in which a provider is added or changed.
+// The form for adding or editing a provider.
 VCard {
     id: sheet
 
@@ -12,7 +12,8 @@ VCard {
     heading: settings.heading
 
     Keys.onEscapePressed: settings.closeForm()
-    // What is missing most. The choice of the type would open when the Space that opened the form is let go.
+    // The key is usually what is missing. Focus on the type would open its list on release of the Space that opened the
+    // form.
     Component.onCompleted: key.forceActiveFocus()
 
     VSettingRow {
@@ -84,7 +85,7 @@ VCard {
         VButton {
             secondary: true
             enabled: !sheet.settings.isBusy
-            text: qsTr("Try it")
+            text: qsTr("Test")
             onClicked: sheet.settings.tryOut(key.text)
         }
         VButton {

@@ -18,7 +18,7 @@ struct FormField
     ProviderForm::Field field;
     QString ProviderForm::*text;
     const char* label;
-    bool isParameter; ///< most providers need none of them
+    bool isParameter; ///< a request parameter, which most users can ignore
 };
 
 constexpr std::array formFields{
@@ -176,7 +176,7 @@ void ProvidersModel::setType(int index)
     if (index < 0 || index >= static_cast<int>(allRemoteProviderTypes.size()) || index == type())
         return;
     form_.type = allRemoteProviderTypes.at(static_cast<std::size_t>(index));
-    // Another maker's name, model and address are of no use; what is meant for all of them stays.
+    // Name, model and address of another provider are useless; the parameters are kept.
     const auto defaults = ProviderConfiguration::defaults();
     const auto found = std::ranges::find(defaults, form_.type, &ProviderConfiguration::providerType);
     const ProviderForm fresh = found != defaults.end() ? ProviderForm(*found) : ProviderForm();
@@ -213,7 +213,7 @@ QStringList ProvidersModel::fieldProblems() const
     QStringList texts;
     for (const FormField& field : formFields) {
         const auto problem = std::ranges::find(problems, field.field, &ProviderForm::Problem::field);
-        // A form that was just opened does not complain about what nobody could have typed yet.
+        // Empty fields are not reported before the first attempt to save.
         const bool isDue = wasSubmitted_ || !(form_.*field.text).trimmed().isEmpty();
         texts << (problem != problems.end() && isDue ? problem->message : QString());
     }
@@ -246,7 +246,7 @@ void ProvidersModel::save(const QString& key)
 QCoro::Task<> ProvidersModel::store(ProviderConfiguration provider, QString key)
 {
     const QPointer<ProvidersModel> self(this);
-    // Listed first: another process's clean-up knows the key's owner then.
+    // Before the key, so that a clean-up by another process knows the key's owner.
     if (parts_.manager.find(provider.id) != nullptr)
         parts_.manager.update(provider);
     else
@@ -268,7 +268,7 @@ QCoro::Task<> ProvidersModel::store(ProviderConfiguration provider, QString key)
     if (problem.isEmpty())
         closeForm();
     else
-        say(tr("Everything but the key is stored. %1").arg(problem), true);
+        say(tr("Everything except the key has been saved. %1").arg(problem), true);
 }
 
 void ProvidersModel::tryOut(const QString& key)

@@ -14,8 +14,8 @@
 
 namespace vantro {
 
-/// The page "Providers": the list, and the form in which one of them is added or changed. What the form says is stored
-/// when it is saved, everything else at once. Main thread; lives as long as its window.
+/// The view model of the page "Providers": the list, and the form for adding or editing one. The form is stored when
+/// saved, everything else at once. Main thread; lives as long as its window.
 class ProvidersModel : public QObject
 {
     Q_OBJECT
@@ -38,11 +38,11 @@ public:
     struct Parts
     {
         ProviderConfigurationManager& manager;
-        /// The accounts that have a key; throws KeychainError.
+        /// Returns the accounts that have a key. Throws KeychainError.
         std::function<QCoro::Task<QStringList>()> keyAccounts;
-        /// Asks the provider whether it accepts the given key, or else the stored one; throws Error.
+        /// Checks that the provider accepts the given key, or the stored one if none is given. Throws Error.
         std::function<QCoro::Task<>(ProviderConfiguration, std::optional<QString>)> verify;
-        /// Asks a question, and calls back when the answer is yes.
+        /// Asks the user a question and calls back on yes.
         std::function<void(const QString& question, std::function<void()>)> confirm;
     };
 
@@ -50,7 +50,7 @@ public:
 
     /// Objects with "name", "details", "key" and "enabled".
     [[nodiscard]] QVariantList providers() const;
-    /// Why keys cannot be looked for; empty else.
+    /// Why the stored keys are unknown; otherwise empty.
     [[nodiscard]] QString problem() const { return problem_; }
 
     // The form.
@@ -62,15 +62,15 @@ public:
     void setType(int index);
     /// Objects with "label", "hint", "text" and "isParameter".
     [[nodiscard]] QVariantList fields() const;
-    /// One for each of fields(), empty where nothing is wrong.
+    /// One per entry of fields(); empty where there is no problem.
     [[nodiscard]] QStringList fieldProblems() const;
-    /// What stands in the empty key field.
+    /// The placeholder of the key field.
     [[nodiscard]] QString keyState() const;
     [[nodiscard]] QString keyHint() const;
-    /// How the latest saving or trial went.
+    /// The result of the latest save or test.
     [[nodiscard]] QString report() const { return report_; }
     [[nodiscard]] bool reportIsProblem() const { return reportIsProblem_; }
-    /// Until a key is stored or a provider has answered.
+    /// While a key is being stored or tested.
     [[nodiscard]] bool isBusy() const { return isBusy_; }
 
     Q_INVOKABLE void setEnabled(int row, bool enabled);
@@ -79,7 +79,7 @@ public:
     Q_INVOKABLE void edit(int row);
     Q_INVOKABLE void setField(int index, const QString& text);
     Q_INVOKABLE void closeForm();
-    /// @p key is stored unless it is empty. Closes the form when everything could be stored.
+    /// Stores the form, and @p key unless it is empty. Closes the form on success.
     Q_INVOKABLE void save(const QString& key);
     Q_INVOKABLE void tryOut(const QString& key);
 
@@ -100,9 +100,9 @@ private:
     void setBusy(bool busy);
 
     Parts parts_;
-    std::optional<QStringList> accounts_; ///< nothing as long as it is not known
+    std::optional<QStringList> accounts_; ///< with a key; nullopt while unknown
     QString problem_;
-    std::optional<ProviderConfiguration> edited_; ///< as it was when the form opened
+    std::optional<ProviderConfiguration> edited_; ///< as it was when the form was opened
     ProviderForm form_;
     bool wasSubmitted_ = false;
     bool isBusy_ = false;

@@ -8,11 +8,11 @@ VPage {
     required property ProvidersModel settings
 
     readonly property bool isEditing: settings.isEditing
-    // The form takes the keyboard with it when it goes.
+    // The focus would be lost with the form.
     onIsEditingChanged: if (!isEditing) addButton.forceActiveFocus()
 
     title: qsTr("Providers")
-    subtitle: qsTr("Language models that rewrite dictations. Which one serves a mode is chosen under Modes.")
+    subtitle: qsTr("Language models that rewrite your dictations. Choose one for each mode under Modes.")
 
     VCard {
         visible: page.settings.problem !== ""
@@ -33,7 +33,7 @@ VPage {
         Text {
             width: parent.width
             visible: page.settings.providers.length === 0
-            text: qsTr("Whom dictations are sent to will be listed here.")
+            text: qsTr("Your providers will appear here. Add one to have dictations rewritten.")
             color: Theme.textSecondary
             font.pixelSize: Theme.sizeBody
             wrapMode: Text.Wrap
@@ -51,7 +51,7 @@ VPage {
                     VSwitch {
                         anchors.verticalCenter: parent.verticalCenter
                         checked: provider.modelData.enabled
-                        Accessible.name: qsTr("%1 may be used").arg(provider.title)
+                        Accessible.name: qsTr("Use %1").arg(provider.title)
                         onToggled: page.settings.setEnabled(provider.index, checked)
                     }
                     VButton {

@@ -1,7 +1,7 @@
 import QtQuick
 import Vantro.Style
 
-// What to look for, what to put in its place, and the button that takes both.
+// The fields of a replacement and the button to accept it.
 Item {
     id: row
 

@@ -1,7 +1,7 @@
 import QtQuick
 import Vantro.Style
 
-// A replacement, read or being changed.
+// A replacement, as text or being edited.
 Item {
     id: row
 

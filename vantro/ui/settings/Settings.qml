@@ -3,7 +3,7 @@ import Vantro.Style
 import Vantro.Settings
 import Vantro.Shortcuts
 
-// The pages at the left, the chosen one at the right.
+// The list of pages on the left, the current page on the right.
 Rectangle {
     id: window
 

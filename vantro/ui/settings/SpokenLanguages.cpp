@@ -11,13 +11,13 @@ namespace vantro {
 
 namespace {
 
-/// What the multilingual whisper models were trained on.
+/// The languages of the multilingual Whisper models.
 constexpr char codes[] =
     "en zh de es ru ko fr ja pt tr pl ca nl ar sv it id hi fi vi he uk el ms cs ro da hu ta no th ur hr bg lt la mi ml "
     "cy sk te fa lv bn sr az sl kn et mk br eu is hy ne mn bs kk sq sw gl mr pa si km sn yo so af oc ka be tg sd gu am "
     "yi lo uz fo ht ps tk nn mt sa lb my bo tl mg as tt haw ln ha ba jw su yue";
 
-/// Where the locale data names a variety, or nothing.
+/// With our own names where the locale data names a variety or nothing at all.
 QString nameOf(const QString& code)
 {
     static const std::map<QString, QString> own{{QStringLiteral("en"), QStringLiteral("English")},

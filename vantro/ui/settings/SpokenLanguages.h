@@ -6,14 +6,14 @@
 
 namespace vantro {
 
-/// A language that speech can be in.
+/// A language that the models recognise.
 struct SpokenLanguage
 {
-    QString code; ///< as the engines know it: ISO 639, or "auto"
-    QString name; ///< in the language itself
+    QString code; ///< as the engines expect it: ISO 639, or "auto"
+    QString name; ///< in that language
 };
 
-/// "auto" first, then by name.
+/// "auto" first, the others sorted by name.
 [[nodiscard]] const std::vector<SpokenLanguage>& spokenLanguages();
 
 } // namespace vantro

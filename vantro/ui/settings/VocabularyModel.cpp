@@ -74,7 +74,7 @@ void VocabularyModel::updateReplacement(int row, const QString& find, const QStr
 {
     const auto& present = parts_.vocabulary.textReplacements();
     const auto index = static_cast<std::size_t>(row);
-    // One that looks for nothing would stay in the list and never do anything.
+    // A replacement with nothing to find would never have any effect.
     if (row < 0 || index >= present.size() || find.trimmed().isEmpty())
         return;
     TextReplacement replacement = present[index];

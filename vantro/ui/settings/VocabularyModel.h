@@ -11,8 +11,8 @@
 
 namespace vantro {
 
-/// The page "Vocabulary": the user's words and replacements. Every change is written at once. Main thread; lives as
-/// long as its window.
+/// The view model of the page "Vocabulary": the user's words and replacements. Changes are written at once. Main
+/// thread; lives as long as its window.
 class VocabularyModel : public QObject
 {
     Q_OBJECT
@@ -28,7 +28,7 @@ public:
     {
         VocabularySettings& vocabulary;
         std::function<void(const LimitNotice&)> showNotice;
-        /// Asks whether everything is to go, and calls back when it is.
+        /// Asks whether to remove everything, and calls back on yes.
         std::function<void(std::function<void()>)> confirmReset;
     };
 
@@ -37,13 +37,13 @@ public:
     [[nodiscard]] QStringList words() const { return parts_.vocabulary.customVocabulary(); }
     /// Objects with "find" and "replace".
     [[nodiscard]] QVariantList replacements() const;
-    /// That no more can be added; empty else.
+    /// A notice that the list is full; otherwise empty.
     [[nodiscard]] QString wordsLimit() const;
     [[nodiscard]] QString replacementsLimit() const;
-    /// What undo() would bring back; empty when there is nothing.
+    /// What undo() would restore; empty when there is nothing.
     [[nodiscard]] QString removed() const { return removed_; }
 
-    /// False when the list is full, which the user has then been told.
+    /// Tells the user and returns false when the list is full.
     Q_INVOKABLE bool addWord(const QString& word);
     Q_INVOKABLE void removeWord(int row);
     Q_INVOKABLE bool addReplacement(const QString& find, const QString& replace);

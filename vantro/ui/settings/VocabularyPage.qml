@@ -22,7 +22,7 @@ VPage {
     VCard {
         visible: page.settings.removed !== ""
         VSettingRow {
-            title: qsTr("\"%1\" is removed.").arg(page.settings.removed)
+            title: qsTr("\"%1\" has been removed.").arg(page.settings.removed)
             VButton {
                 secondary: true
                 text: qsTr("Undo")

@@ -2,7 +2,7 @@ import QtQuick
 import Vantro.Style
 import Vantro.Shortcuts
 
-// Asks for the shortcut of a dictation, with the reason for asking.
+// Asks for the dictation shortcut.
 Rectangle {
     id: page
 

@@ -2,14 +2,14 @@ import QtQuick
 import Vantro.Style
 import Vantro.Shortcuts
 
-// The field in which a shortcut is recorded: press Space, Return or click it, then press the keys. The line below says
-// why a shortcut was refused, or that the present one does not work. Width is the surrounding layout's affair.
+// Records a shortcut: click the field or press Space or Return, then press the keys. The line below says why a shortcut
+// was refused, or that the current one does not work. Set its width from outside.
 //
 //     ShortcutRecorder { model: page.openRecorder }
 FocusScope {
     id: recorder
 
-    // A RecorderCocoa, which the window's view model makes and owns.
+    // Owned by the window.
     required property RecorderCocoa model
 
     implicitWidth: Math.max(model.minimumWidth, row.implicitWidth)
@@ -126,7 +126,7 @@ FocusScope {
         }
         VNote {
             visible: recorder.model.recording && recorder.model.message === ""
-            text: qsTr("Esc keeps the former one, Backspace clears it.")
+            text: qsTr("Esc keeps the current shortcut, Backspace clears it.")
         }
     }
 }

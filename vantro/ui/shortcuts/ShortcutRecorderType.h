@@ -5,7 +5,7 @@
 #include <QtQml/qqml.h>
 #include <QtQml/qqmlregistration.h>
 
-/// Makes the recorder control's state known to QML, and keeps the module in a program that shows the control:
+/// Registers RecorderCocoa with QML. A program that shows ShortcutRecorder must call
 /// keepModule(qml_register_types_Vantro_Shortcuts).
 void qml_register_types_Vantro_Shortcuts();
 

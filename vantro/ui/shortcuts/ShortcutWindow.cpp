@@ -18,7 +18,7 @@ ShortcutWindow::ShortcutWindow(QQmlEngine& engine, KeyboardShortcuts& shortcuts,
 
 ShortcutWindow::~ShortcutWindow()
 {
-    setSource(QUrl()); // what it shows is bound to the recorder, which goes first
+    setSource(QUrl()); // its bindings use the recorder, which is destroyed first
 }
 
 } // namespace vantro

@@ -5,12 +5,12 @@
 
 namespace vantro {
 
-/// Asks for the shortcut of a dictation. Main thread.
+/// Asks the user for the dictation shortcut. Main thread.
 class ShortcutWindow final : public Dialog
 {
     Q_OBJECT
 public:
-    /// @p reason: a sentence that says why it asks; may be empty. Everything else outlives the window.
+    /// @p reason: why it asks; may be empty. All references must outlive the window.
     ShortcutWindow(QQmlEngine& engine, KeyboardShortcuts& shortcuts, const HotKeyManager& hotKeys,
                    const DesktopShortcuts& desktop, NotificationCenter& notifications, const QString& reason);
     ~ShortcutWindow() override;

@@ -4,19 +4,19 @@
 
 namespace vantro {
 
-/// A small window that is as large as its QML root wants to be. The root's signal "closed" closes it. Main thread.
+/// A small window with the implicit size of its QML root. The root's signal "closed" closes it. Main thread.
 class Dialog : public QQuickView
 {
     Q_OBJECT
 public:
-    /// Comes forward with the keyboard, at first in the middle of the screen.
+    /// Brings the window to the front with the focus; when hidden before, in the middle of the screen.
     void present();
 
 protected:
-    /// @p flags: besides a title and a button that closes.
+    /// @p flags: in addition to the title bar and the close button.
     Dialog(QQmlEngine& engine, const QString& title, Qt::WindowFlags flags = {});
 
-    /// What @p properties point to must outlive the root: see setSource().
+    /// Objects in @p properties must outlive the root, or call setSource({}) before they go.
     void load(const QString& qml, const QVariantMap& properties);
 
 private:

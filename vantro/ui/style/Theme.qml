@@ -1,7 +1,7 @@
 pragma Singleton
 import QtQuick
 
-// Every colour and size of the program. Nothing else in QML names one.
+// All colours, sizes and durations of the user interface.
 QtObject {
     property bool dark: false
     property bool reducedMotion: false

@@ -21,7 +21,7 @@ bool paletteIsDark()
     return palette.color(QPalette::WindowText).lightness() > palette.color(QPalette::Window).lightness();
 }
 
-/// The engine knows a QML singleton by its name only after some QML has imported the module.
+/// A QML singleton can only be looked up after some QML has imported its module.
 QObject* makeTheme(QQmlEngine& engine)
 {
     QQmlComponent component(&engine);

@@ -8,15 +8,14 @@
 
 namespace vantro {
 
-/// A QML module that lies in a static library is dropped by the linker unless something names its registration.
+/// Keeps the linker from dropping a QML module that is in a static library.
 inline void keepModule(void (*registration)())
 {
     [[maybe_unused]] volatile auto kept = registration;
 }
 
-/// The one QML engine behind every window, and the look they share. The look follows the desktop's wish for
-/// light or dark unless "appearance" is "light" or "dark", and its wish for movement unless "reduceMotion" is set. Main
-/// thread.
+/// The QML engine and theme shared by all windows. The theme follows the desktop's preference for light or dark unless
+/// "appearance" is "light" or "dark", and its preference for animations unless "reduceMotion" is set. Main thread.
 class UiEngine : public QObject
 {
     Q_OBJECT
@@ -33,7 +32,7 @@ private:
     const UserDefaults& defaults_;
     const DesktopAppearance& desktop_;
     QQmlEngine engine_;
-    QObject* theme_ = nullptr; ///< the engine's
+    QObject* theme_ = nullptr; ///< owned by the engine
 };
 
 } // namespace vantro

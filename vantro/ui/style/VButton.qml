@@ -1,6 +1,6 @@
 import QtQuick
 
-// A button that shows its focus and answers to Space, Return and a click.
+// A button for mouse, Space and Return.
 Rectangle {
     id: button
 

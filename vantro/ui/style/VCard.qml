@@ -1,6 +1,6 @@
 import QtQuick
 
-// A group of things that belong together, with an optional heading.
+// A group of controls with an optional heading.
 Column {
     id: card
 

@@ -1,7 +1,7 @@
 import QtQuick
 import QtQuick.Templates as T
 
-// One of a list.
+// A drop-down list.
 T.ComboBox {
     id: control
 

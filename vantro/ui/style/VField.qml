@@ -1,7 +1,7 @@
 import QtQuick
 import QtQuick.Templates as T
 
-// One line of text to be typed.
+// A text field.
 T.TextField {
     id: field
 

@@ -1,6 +1,6 @@
 import QtQuick
 
-// How loud a microphone is right now.
+// A level meter.
 Rectangle {
     id: meter
 

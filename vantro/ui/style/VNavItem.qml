@@ -1,6 +1,6 @@
 import QtQuick
 
-// One entry of the list of pages.
+// An entry in the list of pages.
 Rectangle {
     id: item
 

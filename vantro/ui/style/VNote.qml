@@ -1,6 +1,6 @@
 import QtQuick
 
-// The small text below or between what it explains; takes no place while it is empty.
+// Small explanatory text; hidden when empty.
 Text {
     width: parent ? parent.width : implicitWidth
     visible: text !== ""

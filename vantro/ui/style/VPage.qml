@@ -1,7 +1,7 @@
 import QtQuick
 import QtQuick.Templates as T
 
-// A page with a title, scrolled when it does not fit.
+// A scrollable page with a title.
 Flickable {
     id: page
 

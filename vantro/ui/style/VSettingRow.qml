@@ -1,6 +1,6 @@
 import QtQuick
 
-// A setting: what it is, what it does, and the control that changes it at the right.
+// A setting: title and hint, with its control on the right.
 Item {
     id: row
 

@@ -1,7 +1,7 @@
 import QtQuick
 import QtQuick.Templates as T
 
-// On or off.
+// An on/off switch.
 T.Switch {
     id: control
 

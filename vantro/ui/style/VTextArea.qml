@@ -1,7 +1,7 @@
 import QtQuick
 import QtQuick.Templates as T
 
-// Several lines of text to be typed. What is typed is handed over after a pause, and before the field goes.
+// A multi-line text field. Emits typed() after a pause in typing, and before it is destroyed.
 T.TextArea {
     id: area
 
@@ -28,7 +28,7 @@ T.TextArea {
     font.pixelSize: Theme.sizeBody
     textFormat: TextEdit.PlainText
     wrapMode: TextEdit.Wrap
-    // The key that leads to the next control in every other one.
+    // Tab moves the focus, as in every other control.
     Keys.onTabPressed: nextItemInFocusChain().forceActiveFocus(Qt.TabFocusReason)
     Keys.onBacktabPressed: nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
 

@@ -1,6 +1,6 @@
 import QtQuick
 
-// A setting that is on or off.
+// A setting with a switch.
 VSettingRow {
     id: row
 

@@ -22,7 +22,7 @@ EmbeddedIcon::EmbeddedIcon(TrayHost& host, QMenu& menu)
     setAttribute(Qt::WA_QuitOnClose, false);
     setAttribute(Qt::WA_AlwaysShowToolTips);
     setAttribute(Qt::WA_TranslucentBackground, host.embedsTranslucent());
-    setMinimumSize(leastSize); // some trays make a window as small as it lets them
+    setMinimumSize(leastSize); // some trays shrink the window as far as it allows
     resize(leastSize);
     const WindowID window = winId();
     connect(&host, &TrayHost::embedded, this, [this, window](WindowID embedded) {
@@ -40,7 +40,7 @@ void EmbeddedIcon::setIcon(const QIcon& icon)
 
 void EmbeddedIcon::paintEvent(QPaintEvent* /*event*/)
 {
-    // Before the first picture there is nothing on the window but the tray.
+    // Before the first paint the window shows only the tray behind it.
     if (ground_.isNull() && !testAttribute(Qt::WA_TranslucentBackground))
         ground_ = screen()->grabWindow(winId(), 0, 0, width(), height());
     QPainter painter(this);

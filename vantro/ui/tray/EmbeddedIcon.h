@@ -10,12 +10,12 @@ namespace vantro {
 
 class TrayHost;
 
-/// The small window that a tray of the embedding kind takes in. Main thread.
+/// The icon window for a tray that embeds windows (XEmbed). Main thread.
 class EmbeddedIcon final : public QWidget
 {
     Q_OBJECT
 public:
-    /// Asks @p host to take it in. @p menu: what the right button opens. Both must outlive the icon.
+    /// Asks @p host to embed it. @p menu: opened by the right button. Both must outlive the icon.
     EmbeddedIcon(TrayHost& host, QMenu& menu);
 
     void setIcon(const QIcon& icon);
@@ -32,7 +32,7 @@ protected:
 private:
     QMenu& menu_;
     QIcon icon_;
-    QPixmap ground_; ///< of the tray, where nothing blends windows with it
+    QPixmap ground_; ///< the tray behind the icon, where transparency is not supported
 };
 
 } // namespace vantro

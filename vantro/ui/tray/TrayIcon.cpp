@@ -12,8 +12,8 @@ QString iconFile(const QString& name)
     return QStringLiteral(":/icons/%1.svg").arg(name);
 }
 
-/// A tray that draws from the icon theme also paints symbolic icons in its own colour; into one that embeds windows
-/// goes a picture that stands out on light and dark.
+/// A StatusNotifier tray recolours symbolic icons from the icon theme; an embedded window needs an icon that works on
+/// light and dark.
 QIcon pictureFor(TrayIcon::State state, TrayHost::Kind kind)
 {
     const QString name =
@@ -38,7 +38,7 @@ TrayIcon::~TrayIcon() = default;
 void TrayIcon::makeMenu()
 {
     dictate_ = menu_.addAction(tr("Dictate"), this, [this] {
-        // Not before the menu has let go of the keyboard.
+        // Deferred until the menu has released its keyboard grab.
         QTimer::singleShot(0, this, &TrayIcon::dictateRequested);
     });
     menu_.addSeparator();
@@ -65,8 +65,8 @@ void TrayIcon::followHost()
     update();
 }
 
-/// Qt looks for a tray of the newer kind once, when the first icon is made, and takes the older kind for ever when
-/// there is none: so it is asked for an icon only while it will find one, and the older kind has an icon of our own.
+/// Qt looks for a StatusNotifier tray only once, when the first icon is created, and otherwise uses XEmbed for good. So
+/// create a QSystemTrayIcon only while such a tray is present, and use our own icon for XEmbed.
 void TrayIcon::makeIcon()
 {
     icon_ = std::make_unique<QSystemTrayIcon>();
@@ -101,7 +101,7 @@ void TrayIcon::setShortcut(const QString& shortcut)
 void TrayIcon::update()
 {
     const QString name = tr("Dictate");
-    // The shortcut is told, not assigned: it belongs to the whole desktop.
+    // Only shown, not assigned: the shortcut is a global one.
     dictate_->setText(shortcut_.isEmpty() ? name : name + QLatin1Char('\t') + shortcut_);
     dictate_->setEnabled(state_ == State::idle);
     const QIcon picture = pictureFor(state_, host_.kind());

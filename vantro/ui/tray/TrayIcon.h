@@ -10,8 +10,8 @@
 
 namespace vantro {
 
-/// The program's place in the desktop's tray: an icon that tells whether a dictation is under way, and a menu. Appears
-/// as soon as there is a tray, and moves to a better one. Main thread.
+/// The icon in the desktop's tray, which shows whether a dictation is running, and its menu. Appears as soon as there
+/// is a tray, and follows when its kind changes. Main thread.
 class TrayIcon final : public QObject
 {
     Q_OBJECT
@@ -23,7 +23,7 @@ public:
     ~TrayIcon() override;
 
     void setState(State state);
-    /// Shown beside "Dictate"; empty when there is none.
+    /// Shown next to "Dictate"; empty when there is none.
     void setShortcut(const QString& shortcut);
 
 Q_SIGNALS:
@@ -47,9 +47,9 @@ private:
 
     TrayHost& host_;
     QMenu menu_;
-    QAction* dictate_ = nullptr;             ///< the menu's
-    std::unique_ptr<QSystemTrayIcon> icon_;  ///< in a tray of the newer kind
-    std::unique_ptr<EmbeddedIcon> embedded_; ///< in one of the older kind, while there is no newer
+    QAction* dictate_ = nullptr;             ///< owned by the menu
+    std::unique_ptr<QSystemTrayIcon> icon_;  ///< in a StatusNotifier tray
+    std::unique_ptr<EmbeddedIcon> embedded_; ///< in an XEmbed tray, otherwise
     State state_ = State::idle;
     QString shortcut_;
 };

@@ -15,14 +15,14 @@ namespace vantro {
 
 namespace {
 
-/// What Qt's X11 windows know of showing without asking for the keyboard.
+/// Qt's X11 property for showing a window without activating it.
 constexpr char withoutActivating[] = "_q_showWithoutActivating";
-/// What the window manager adds is known when the window is shown; a title bar has to fit in above its middle.
+/// Room for the frame, whose size is not known before the window is shown.
 constexpr QSize roomForFrame(16, 96);
 
 } // namespace
 
-/// Tells when its user closes it; hiding it is no closing.
+/// Reports when the window is closed, as opposed to hidden.
 class LazyWindow::View final : public QQuickView
 {
 public:
@@ -51,7 +51,7 @@ LazyWindow::LazyWindow(QQmlEngine& engine, Workspace& workspace, Look look, std:
 LazyWindow::~LazyWindow()
 {
     if (view_)
-        view_->setSource(QUrl()); // what it shows is bound to the models
+        view_->setSource(QUrl()); // its bindings use the models
 }
 
 void LazyWindow::open()
@@ -127,7 +127,7 @@ void LazyWindow::orderFront()
     const bool hadKeyboard = formerFront_ == own;
     view_->setProperty(withoutActivating, !hadKeyboard);
     view_->show();
-    // Managers that have just lost the launcher may choose the newest window against its wish.
+    // Some window managers activate the newest window anyway after the launcher closes.
     if (hadKeyboard)
         workspace_.activateWindow(own);
     else if (formerFront_ && workspace_.windowExists(*formerFront_))

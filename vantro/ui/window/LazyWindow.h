@@ -11,15 +11,15 @@
 
 namespace vantro {
 
-/// A window that exists only while it is open: closing it gives back what it and its view models took. It can be put
-/// aside while a dictation is recorded. Main thread.
+/// A window that exists only while it is open: closing it frees it and its view models. Can be hidden temporarily
+/// during a recording. Main thread.
 class LazyWindow final
 {
 public:
     struct Content
     {
-        QVariantMap properties;                       ///< of the QML root, made when the window opens
-        std::vector<std::unique_ptr<QObject>> models; ///< what the properties point to; live as long as the window
+        QVariantMap properties;                       ///< of the QML root
+        std::vector<std::unique_ptr<QObject>> models; ///< used by the properties; live as long as the window
     };
     struct Look
     {
@@ -29,27 +29,27 @@ public:
         QSize minimumSize;
     };
 
-    /// @p engine and @p workspace must outlive this object. @p makeContent is called whenever the window opens. A
-    /// "closeRequested" signal of the QML root closes it.
+    /// @p engine and @p workspace must outlive this object. @p makeContent is called when the window opens. The QML
+    /// root's signal "closeRequested" closes it.
     LazyWindow(QQmlEngine& engine, Workspace& workspace, Look look, std::function<Content()> makeContent);
     ~LazyWindow();
     LazyWindow(const LazyWindow&) = delete;
     LazyWindow& operator=(const LazyWindow&) = delete;
 
-    /// Shows the window, or brings it forward, with the keyboard.
+    /// Shows the window, or brings it to the front, with the focus.
     void open();
     void close();
     /// The QML root; null while the window is closed.
     [[nodiscard]] QObject* root() const;
-    /// Called after the window has been closed by whomever.
+    /// Called after the window has been closed in any way.
     void onClosed(std::function<void()> action) { closed_ = std::move(action); }
 
-    /// Also true while a dictation has put it aside.
+    /// Also true while it is hidden for a dictation.
     [[nodiscard]] bool isOpen() const { return view_ != nullptr; }
     [[nodiscard]] bool isVisible() const;
     void orderOut();
-    /// Brings the window back where it was. It gets the keyboard only when it had it before: the dictation's text may
-    /// be meant for a field in it, or for a window of another program.
+    /// Shows the window again after orderOut(). It gets the focus only if it had it before, because the dictated text
+    /// may belong in it or in another program's window.
     void orderFront();
 
 private:
@@ -65,7 +65,7 @@ private:
     std::function<void()> closed_;
     Content content_;
     std::unique_ptr<View> view_;
-    std::optional<WindowID> formerFront_; ///< when it was put aside
+    std::optional<WindowID> formerFront_; ///< when it was hidden
 };
 
 } // namespace vantro
