@@ -89,7 +89,7 @@ class ListTest(HistoryCase):
     def test_a_first_list_is_empty_and_makes_a_private_file(self):
         self.assertEqual(self.listed(), [])
         self.assertEqual(stat.S_IMODE(self.file.stat().st_mode), 0o600)
-        self.assertEqual(self.at_terminal("history")[1].strip(), "Nothing was dictated yet.")
+        self.assertEqual(self.at_terminal("history")[1].strip(), "There are no dictations yet.")
 
     def test_filters_narrow_the_list(self):
         self.install()
@@ -142,7 +142,7 @@ class ShowAndDeleteTest(HistoryCase):
         self.history("delete", CAFE, expect=USAGE)
         code, seen = self.at_terminal("history", "delete", CAFE, answer=b"n\n")
         self.assertEqual(code, FAILED)
-        self.assertIn("Delete this dictation for good? [y/N]", seen)
+        self.assertIn("Delete this dictation permanently? [y/N]", seen)
         self.assertEqual(self.listed(), [WEATHER, ANNA, CAFE])
         self.history("delete", CAFE, "99999999", "--yes", expect=NOT_FOUND)
         self.assertEqual(self.listed(), [WEATHER, ANNA, CAFE], "all or none")

@@ -13,7 +13,7 @@ int CommandCall::limit(int otherwise, const char* noun) const
     bool isNumber = false;
     const int number = value("limit").toInt(&isNumber);
     if (!isNumber || number < 0)
-        throw WrongUsage(QStringLiteral("\"%1\" is no number of %2").arg(value("limit"), QLatin1String(noun)));
+        throw WrongUsage(QStringLiteral("\"%1\" is not a number of %2").arg(value("limit"), QLatin1String(noun)));
     return number;
 }
 
@@ -61,7 +61,7 @@ int Command::run(const QStringList& arguments) const
     const bool isParsed = parser.parse(QStringList{QStringLiteral("vantro ") + command} + arguments);
     if (isParsed && parser.isSet(QStringLiteral("help"))) {
         const QString text = parser.helpText().trimmed();
-        // The first line begins with this program's path.
+        // Starts with the path of this program.
         terminal::writeLine(QStringLiteral("Usage: vantro ") + command +
                             text.mid(text.indexOf(QLatin1String(" [options]"))));
         return ExitCode::done;

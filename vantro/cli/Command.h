@@ -14,14 +14,14 @@
 
 namespace vantro {
 
-/// The user has called a command wrongly: the text is followed by where its help is.
+/// Wrong usage of a command. The message is printed with a hint at the help.
 class WrongUsage : public Error
 {
 public:
     using Error::Error;
 };
 
-/// Ends a command with a text on standard error and an exit code.
+/// Ends a command with a message on standard error and an exit code.
 class CommandError : public Error
 {
 public:
@@ -32,18 +32,18 @@ private:
     int exitCode_;
 };
 
-/// What a command was called with.
+/// The arguments of a command.
 struct CommandCall
 {
     const QCommandLineParser& parser;
     QString command;
     QString action;    ///< empty for a command without actions
-    QStringList words; ///< behind the action
+    QStringList words; ///< after the action
 
     [[nodiscard]] bool has(const char* option) const { return parser.isSet(QLatin1String(option)); }
     [[nodiscard]] QString value(const char* option) const { return parser.value(QLatin1String(option)); }
     [[nodiscard]] bool json() const { return has("json"); }
-    /// The value of --limit, @p otherwise without it; 0 stands for all. @p noun: what is counted, in the plural.
+    /// The value of --limit, or @p otherwise; 0 means all. @p noun: what is counted, in the plural. Throws WrongUsage.
     [[nodiscard]] int limit(int otherwise, const char* noun) const;
 };
 
@@ -51,10 +51,10 @@ struct CommandOption
 {
     const char* name;
     std::string help;
-    const char* placeholder = ""; ///< of the option's value; empty when it takes none
+    const char* placeholder = ""; ///< for the value; empty when the option takes none
 };
 
-/// A word behind the action, or behind the command when it has no actions.
+/// A positional argument after the action, or after the command if it has no actions.
 struct CommandWord
 {
     const char* name;
@@ -64,32 +64,32 @@ struct CommandWord
 
 struct CommandAction
 {
-    const char* name; ///< empty for what a command does that has no actions
-    /// Answers the exit code; errors end the command with ExitCode::failed unless exitCodeOf says otherwise.
+    const char* name; ///< empty for a command without actions
+    /// Returns the exit code. An Error ends the command with exitCodeOf(error), by default ExitCode::failed.
     std::function<int(const CommandCall&)> run = {};
     qsizetype leastWords = 0;
     qsizetype mostWords = 0;
-    const char* needs = ""; ///< what is said when words are missing: "needs a name"
+    const char* needs = ""; ///< the error when words are missing, such as "needs a name"
 };
 
-/// One command of the command line: what it is called with, what its help says, and what it does.
+/// A command of the command line: its arguments, its help and what it does.
 struct Command
 {
     inline static const CommandOption jsonOption{"json", "JSON instead of text."};
     static constexpr qsizetype anyNumber = std::numeric_limits<qsizetype>::max();
 
     const char* name;
-    const char* summary; ///< what "vantro --help" says
+    const char* summary; ///< for "vantro --help"
     std::string description = {};
-    std::vector<CommandAction> actions; ///< the first is taken when none is named
+    std::vector<CommandAction> actions; ///< the first one is the default
     std::vector<CommandOption> options = {};
     std::vector<CommandWord> words = {};
     int (*exitCodeOf)(const Error&) = nullptr;
-    bool namesFailedAction = true; ///< errors are told as "models remove: ..."
+    bool namesFailedAction = true; ///< errors are prefixed, as in "models remove: ..."
 
-    /// @p arguments: what follows the command's name. Answers the process's exit code.
+    /// @p arguments: those after the command's name. Returns the exit code.
     [[nodiscard]] int run(const QStringList& arguments) const;
-    /// What stands for its words in the list of commands: "[ACTION]".
+    /// How its arguments appear in the list of commands, such as "[ACTION]".
     [[nodiscard]] QString synopsis() const;
 
 private:

@@ -16,15 +16,15 @@ const char usageText[] =
     R"(Usage: vantro [--shortcut KEYS] [--model-host URL] [--verbose]
        vantro COMMAND [OPTION...]
 
-Without a command vantro starts and waits for its shortcut: press it, speak, press
-Space, and the text stands in the window you were working in. Escape cancels.
+Without a command, vantro starts and waits for its shortcut: press it, speak, press
+Space, and the text appears in the window you were working in. Escape cancels.
 
 Options:
   --shortcut KEYS  Use this shortcut from now on, for example Ctrl+Alt+D.
-  --model-host URL Fetch speech models from there (http, https or file) instead of the
+  --model-host URL Download speech models from there (http, https or file) instead of the
                    public repository. VANTRO_MODEL_HOST does the same.
-  --verbose        Log what happens, in detail, to standard error.
-  --help           Show this text; after a command, the command's own.
+  --verbose        Log in detail to standard error.
+  --help           Show this help; after a command, that of the command.
   --version        Show the version.
 
 Commands:
@@ -35,7 +35,7 @@ const char exitStatusText[] =
 Exit status: 0 done, 1 failed, 2 wrong usage, 3 not found, 4 no service (sound,
 model, network, keys).)";
 
-/// A name, and what it is for from the 23rd column on; a long name has a line of its own.
+/// A command with its summary in column 23; a long name gets a line of its own.
 QString helpLine(const Command& command)
 {
     constexpr int column = 22;
@@ -90,9 +90,10 @@ void CommandLine::takeModelHost()
         else
             options_.modelHost = i < arguments_.size() ? arguments_.takeAt(i) : QString();
         if (!ModelHost::usable(options_.modelHost))
-            refuse(option, QStringLiteral("\"%1\" is no model host: give an address that begins with http:, https: or "
-                                          "file:")
-                               .arg(options_.modelHost));
+            refuse(option,
+                   QStringLiteral("\"%1\" is not a model host: use an address that starts with http:, https: or "
+                                  "file:")
+                       .arg(options_.modelHost));
         return;
     }
 }
@@ -111,8 +112,9 @@ void CommandLine::takeProgramOptions()
                 value = arguments_.takeFirst();
             options_.shortcut = value;
             if (!parseShortcut(value)) {
-                refuse(option, QStringLiteral("\"%1\" is no shortcut: name modifiers and a key, for example Ctrl+Alt+D")
-                                   .arg(value));
+                refuse(option,
+                       QStringLiteral("\"%1\" is not a shortcut: name modifiers and a key, for example Ctrl+Alt+D")
+                           .arg(value));
                 return;
             }
         } else {

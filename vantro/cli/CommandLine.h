@@ -4,27 +4,26 @@
 
 namespace vantro {
 
-/// What the desktop program was started with.
+/// The options of the desktop program.
 struct ProgramOptions
 {
     QString shortcut;  ///< the shortcut to set, as "Ctrl+Alt+D"; empty keeps the stored one
-    QString modelHost; ///< where models come from in this run; empty leaves it to the settings
+    QString modelHost; ///< the model host for this run; empty: as in the settings
 };
 
-/// The arguments of the process, taken apart before any application object exists: which kind is needed depends on
-/// them.
+/// Parses the arguments of the process, before the application object, whose kind depends on them, is created.
 class CommandLine
 {
 public:
     CommandLine(int argc, char** argv);
 
-    /// True for the desktop program itself, false for a command (also --help, and wrong usage).
+    /// Whether to start the desktop program; false for commands, --help and wrong usage.
     [[nodiscard]] bool startsProgram() const { return command_.isEmpty(); }
     /// Whether a speech engine will run in this process.
     [[nodiscard]] bool recognisesSpeech() const { return startsProgram() || command_ == QLatin1String("transcribe"); }
     [[nodiscard]] bool isVerbose() const { return isVerbose_; }
     [[nodiscard]] const ProgramOptions& programOptions() const { return options_; }
-    /// Carries out the command and answers the exit code. Needs an application object.
+    /// Runs the command and returns the exit code. Needs an application object.
     [[nodiscard]] int run() const;
 
 private:

@@ -4,7 +4,7 @@
 
 namespace vantro {
 
-/// In the order in which the help tells of them. @p modelHost: the value of --model-host, empty without it.
+/// All commands, in the order of the help. @p modelHost: the value of --model-host; may be empty.
 std::vector<Command> allCommands(const QString& modelHost);
 
 Command transcribeCommand();
@@ -17,7 +17,7 @@ Command vocabularyCommand();
 Command providersCommand();
 Command historyCommand();
 Command notesCommand();
-/// "toggle", "start", "stop", "cancel" and "status": they steer the running program over the session bus.
+/// "toggle", "start", "stop", "cancel" and "status", which control the running program over D-Bus.
 std::vector<Command> controlCommands();
 Command logsCommand();
 

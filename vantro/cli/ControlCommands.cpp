@@ -32,7 +32,7 @@ int control(const CommandCall& call)
     if (!bus.isConnected())
         throw CommandError(
             ExitCode::noService,
-            QStringLiteral("%1: there is no session bus: run it inside the desktop session").arg(call.command));
+            QStringLiteral("%1: there is no session bus: run it in your desktop session").arg(call.command));
     if (!bus.interface()->isServiceRegistered(ControlService::busName()))
         throw CommandError(ExitCode::notFound,
                            QStringLiteral("%1: vantro is not running: start it first").arg(call.command));
@@ -46,7 +46,7 @@ int control(const CommandCall& call)
     return ExitCode::done;
 }
 
-/// @p sentence is followed by what all of them say of their exit status.
+/// Appends the exit status, which is common to all of them, to @p sentence.
 Command controlCommand(const char* name, const char* summary, const std::string& sentence)
 {
     return {.name = name,
@@ -62,10 +62,10 @@ Command controlCommand(const char* name, const char* summary, const std::string&
 std::vector<Command> controlCommands()
 {
     Command status =
-        controlCommand("status", "Tell what the running program is doing.", "Tells what the running program is doing.");
+        controlCommand("status", "Show what the running program is doing.", "Shows what the running program is doing.");
     status.options.push_back({"json", "One JSON object."});
-    return {controlCommand("toggle", "Start a dictation, or end and transcribe the running one.",
-                           "Starts a dictation, or ends and transcribes the one that is being recorded."),
+    return {controlCommand("toggle", "Start a dictation, or end its recording.",
+                           "Starts a dictation, or ends the recording and has it transcribed."),
             controlCommand("start", "Open the launcher and record.", "Opens the launcher and records."),
             controlCommand("stop", "End the recording and have it transcribed.",
                            "Ends the recording and has it transcribed, as Space does."),

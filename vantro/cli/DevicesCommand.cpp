@@ -11,27 +11,27 @@ namespace vantro {
 namespace {
 
 constexpr char description[] =
-    R"(The microphones, and which of them is recorded.
+    R"(The microphones, and the one that vantro records from.
 
-  list                      All microphones. "used" is what a dictation would record from now. The default.
-  watch                     The list again whenever it changes, until Ctrl-C.
+  list                      List all microphones; "used" marks the one for the next dictation. The default.
+  watch                     Print the list again whenever it changes, until Ctrl-C.
   mode [system|custom|prioritized]
-                            Tell or set how the microphone is picked: the system's default, one of your choice, or the
-                            first of a list that is there.
-  use NAME                  Record from this one (mode custom).
-  priority [list]           The list of preferred microphones.
-  priority add NAME         Put one at its end, and use the list (mode prioritized).
-  priority remove NAME      Take one out.
-  priority move NAME PLACE  Move one: a number from 1, or first, last, up, down.
+                            Show or set how the microphone is chosen: the system default, a specific one, or the first
+                            connected one of a list.
+  use NAME                  Record from this one (sets mode custom).
+  priority [list]           Show the list of preferred microphones.
+  priority add NAME         Append one to the list (sets mode prioritized).
+  priority remove NAME      Remove one from the list.
+  priority move NAME PLACE  Move one to a number from 1, or first, last, up, down.
   priority clear            Empty the list.
-  bluetooth [on|off]        Whether a Bluetooth headset that is wanted as microphone is switched to its headset profile
-                            while vantro records, and back afterwards. What plays on it sounds worse meanwhile.
+  bluetooth [on|off]        Show or set whether to switch a Bluetooth headset to its headset profile while recording
+                            from it. Meanwhile everything it plays sounds worse.
 
-NAME is a microphone's name, its number, or the beginning of its description. A running vantro follows at once.
+NAME is a microphone's name, its number, or the beginning of its description. Takes effect at once.
 
 Exit status: 0 done, 2 wrong usage, 3 no such microphone, 4 no sound server.)";
 
-/// Null when none is meant, or several are.
+/// Null when none matches or several do.
 const AudioInputDevice* find(const DevicesSession& session, const QString& text)
 {
     const auto& devices = session.devices.availableDevices();
@@ -75,7 +75,7 @@ QString modeWord(AudioInputMode mode)
     Q_UNREACHABLE();
 }
 
-/// What the settings have become, as a list of all.
+/// Shows the outcome as a list of all devices, unless a script would have to parse it.
 int confirm(const DevicesSession& session)
 {
     return session.json || terminal::outputIsTerminal() ? listDevices(session) : ExitCode::done;
@@ -103,7 +103,7 @@ int use(DevicesSession& session, const QStringList& words)
     return confirm(session);
 }
 
-/// The listed device that is meant: also one that is not there, by its name.
+/// The uid of a device in the priority list, connected or not. Throws CommandError.
 QString listed(const DevicesSession& session, const QString& text)
 {
     const AudioInputDevice* const device = find(session, text);
@@ -224,7 +224,7 @@ Command devicesCommand()
                         {"priority", on(priority), 0, 3},
                         {"bluetooth", on(bluetooth), 0, 1}},
             .options = {Command::jsonOption},
-            .words = {{"WORD", "What the action needs.", "[WORD...]]"}}};
+            .words = {{"WORD", "Arguments of the action.", "[WORD...]]"}}};
 }
 
 } // namespace vantro

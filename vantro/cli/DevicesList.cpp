@@ -109,7 +109,7 @@ int watchDevices(DevicesSession& session)
     const Interruption interruption;
     QEventLoop loop;
     const std::stop_callback stopped(interruption.token(), [&loop] { loop.quit(); });
-    // The manager hears of a change before this does.
+    // Connected after the device manager, which therefore handles a change first.
     QObject::connect(session.sound.audioHardware.get(), &AudioHardware::devicesChanged, &loop,
                      [&session] { listDevices(session); });
     for (const auto changed : {&AudioDeviceManager::inputModeChanged, &AudioDeviceManager::selectedDeviceIDChanged,

@@ -6,18 +6,18 @@
 
 namespace vantro {
 
-/// What the commands about microphones work on.
+/// What the device commands work on.
 struct DevicesSession
 {
-    /// The device that a dictation would record from now; null without any.
+    /// The device that a dictation would record from now; null if none.
     [[nodiscard]] const AudioInputDevice* used() const;
     [[nodiscard]] bool isDefault(const AudioInputDevice& device) const;
-    /// The place in the priority list, from 1; 0 for a device that is not in it.
+    /// The position in the priority list, from 1; 0 for a device that is not in it.
     [[nodiscard]] int rank(const QString& uid) const;
 
     UserDefaults defaults{UserDefaults::standardPath()};
     Platform sound = makePlatform(PlatformPart::microphones);
-    /// Before the manager, which looks at the devices when it is made.
+    /// Before the manager, whose constructor looks at the devices.
     bool isReachable = sound.audioHardware->isReachable();
     AudioDeviceManager devices{*sound.audioHardware, defaults};
     bool json = false;
@@ -25,7 +25,7 @@ struct DevicesSession
 
 /// "vantro devices list".
 int listDevices(const DevicesSession& session);
-/// "vantro devices watch": the list again whenever it changes, until Ctrl-C.
+/// "vantro devices watch": prints the list whenever it changes, until Ctrl-C.
 int watchDevices(DevicesSession& session);
 
 } // namespace vantro

@@ -10,15 +10,15 @@ namespace vantro {
 namespace {
 
 constexpr char description[] =
-    R"(What was dictated, newest first.
+    R"(Your dictations, newest first.
 
-  list           The dictations that the options let through. The default.
-  show ID        The text of one: the formatted one where there is one.
-  delete ID...   Delete dictations for good. Asks before.
-  export [FILE]  Write them as JSON, CSV or Markdown; all of them unless options say otherwise.
+  list           List the dictations that match the options. The default.
+  show ID        Show one: the formatted text if there is one.
+  delete ID...   Delete dictations permanently, after asking.
+  export [FILE]  Write the dictations that match the options as JSON, CSV or Markdown.
 
-ID is an identity from the list, or so much of its beginning that only one is meant. A search finds
-the texts that hold all its words, or words that begin with them; case and accents do not count.
+ID is an id from the list or an unambiguous beginning of one. A search finds texts that contain all
+its words or words that begin with them; case and accents are ignored.
 DATE is 2026-11-01, 2026-11-01T10:00, today, yesterday, or 7d for the last seven days.
 
 Exit status: 0 done, 1 failed, 2 wrong usage, 3 no such dictation.)";
@@ -39,7 +39,7 @@ HistoryFilter filterFrom(const CommandCall& call)
     if (call.has("since")) {
         const auto since = momentFrom(call.value("since"), QDateTime::currentDateTime());
         if (!since)
-            throw WrongUsage(QStringLiteral("\"%1\" is no date: write it as 2026-11-01").arg(call.value("since")));
+            throw WrongUsage(QStringLiteral("\"%1\" is not a date: write it as 2026-11-01").arg(call.value("since")));
         filter.since = *since;
     }
     return filter;
@@ -49,7 +49,7 @@ void listAsTable(const CoreDataStack& store, const HistoryFilter& filter, int li
 {
     std::vector<QStringList> rows{
         {QStringLiteral("ID"), QStringLiteral("TIME"), QStringLiteral("MODE"), QStringLiteral("TEXT")}};
-    // The width of the columns before the text, of which the mode's may be a little less.
+    // The width of the columns before the text; the mode may be shorter.
     constexpr int before = 8 + 2 + 16 + 2 + 7 + 2;
     const int width = std::max(terminal::outputWidth() - before, 20);
     forEachTranscription(store, filter, limit, [&](const Transcription& row) {
@@ -57,8 +57,8 @@ void listAsTable(const CoreDataStack& store, const HistoryFilter& filter, int li
                         terminal::elided(terminal::singleLine(row.text()), width)});
     });
     if (rows.size() == 1) {
-        terminal::writeMessage(filter == HistoryFilter() ? QStringLiteral("Nothing was dictated yet.")
-                                                         : QStringLiteral("No dictation is like that."));
+        terminal::writeMessage(filter == HistoryFilter() ? QStringLiteral("There are no dictations yet.")
+                                                         : QStringLiteral("No dictation matches."));
         return;
     }
     terminal::writeTable(rows);
@@ -92,7 +92,7 @@ void showToPerson(const Transcription& row)
                             .arg(shownDate(row.created_at), row.processingMode, row.id.toString(QUuid::WithoutBraces)));
     terminal::writeLine(terminal::printable(row.text()));
     if (!row.formatted.isEmpty())
-        terminal::writeLine(QStringLiteral("\nAs it was dictated:\n\n") + terminal::printable(row.transcription));
+        terminal::writeLine(QStringLiteral("\nOriginal text:\n\n") + terminal::printable(row.transcription));
 }
 
 std::vector<QUuid> dictationsFrom(const CommandCall& call, const CoreDataStack& store)
@@ -106,7 +106,7 @@ int show(const CommandCall& call)
     const HistorySession session;
     const auto row = session.store.transcription(dictationsFrom(call, session.store).front());
     if (!row)
-        throw CommandError(ExitCode::notFound, QStringLiteral("the dictation was just deleted"));
+        throw CommandError(ExitCode::notFound, QStringLiteral("the dictation has just been deleted"));
     if (call.json())
         terminal::writeJson(toJson(*row));
     else if (terminal::outputIsTerminal())
@@ -120,8 +120,8 @@ int remove(const CommandCall& call)
 {
     HistorySession session;
     const auto ids = dictationsFrom(call, session.store);
-    const auto question = ids.size() == 1 ? QStringLiteral("Delete this dictation for good?")
-                                          : QStringLiteral("Delete these %1 dictations for good?").arg(ids.size());
+    const auto question = ids.size() == 1 ? QStringLiteral("Delete this dictation permanently?")
+                                          : QStringLiteral("Delete these %1 dictations permanently?").arg(ids.size());
     if (!isConfirmed(question, call))
         return ExitCode::failed;
     session.store.deleteTranscriptions(ids);
@@ -161,23 +161,24 @@ int exportTo(const CommandCall& call)
 
 Command historyCommand()
 {
-    return {.name = "history",
-            .summary = "List, search, show, delete or export what was dictated.",
-            .description = description,
-            .actions = {{"list", list},
-                        {"show", show, 1, 1, "needs one identity"},
-                        {"delete", remove, 1, Command::anyNumber, "needs identities"},
-                        {"export", exportTo, 0, 1}},
-            .options = {{"search", "Those with these words.", "TEXT"},
-                        {"mode", "Those of one mode.", "MODE"},
-                        {"since", "Those from then on.", "DATE"},
-                        {"limit", "At most so many; 0 for all. The list shows 50.", "N"},
-                        {"format", "Of the export: json, csv or markdown. Without it the ending of FILE decides.",
-                         "FORMAT"},
-                        {"yes", "Delete without asking."},
-                        Command::jsonOption},
-            .words = {{"ID", "Identities, or a file.", "[ID... | FILE]]"}},
-            .namesFailedAction = false};
+    return {
+        .name = "history",
+        .summary = "List, search, show, delete or export your dictations.",
+        .description = description,
+        .actions = {{"list", list},
+                    {"show", show, 1, 1, "needs an ID"},
+                    {"delete", remove, 1, Command::anyNumber, "needs an ID"},
+                    {"export", exportTo, 0, 1}},
+        .options = {{"search", "Only dictations with these words.", "TEXT"},
+                    {"mode", "Only dictations in this mode.", "MODE"},
+                    {"since", "Only dictations from that date on.", "DATE"},
+                    {"limit", "At most this many; 0 for all. The default is 50 for list, all for export.", "N"},
+                    {"format", "Format of the export: json, csv or markdown. The default depends on the name of FILE.",
+                     "FORMAT"},
+                    {"yes", "Delete without asking."},
+                    Command::jsonOption},
+        .words = {{"ID", "IDs, or a file.", "[ID... | FILE]]"}},
+        .namesFailedAction = false};
 }
 
 } // namespace vantro

@@ -69,7 +69,7 @@ std::optional<QDateTime> momentFrom(const QString& text, const QDateTime& now)
     static const QRegularExpression daysAgo(QStringLiteral("^(\\d{1,5})d$"));
     if (const auto match = daysAgo.match(text); match.hasMatch())
         return now.addDays(-match.captured(1).toLongLong());
-    // Qt reads a date out of a longer text too.
+    // Qt also accepts a date at the beginning of a longer text.
     if (const QDate date = QDate::fromString(text, Qt::ISODate); date.isValid() && !text.contains(QLatin1Char('T')))
         return date.startOfDay();
     const QDateTime moment = QDateTime::fromString(text, Qt::ISODate);
@@ -84,7 +84,7 @@ std::vector<QUuid> identitiesFrom(const QStringList& words, const QString& noun,
         const auto meant = find(word, 2);
         if (meant.size() > 1 || word.isEmpty())
             throw CommandError(ExitCode::usage,
-                               QStringLiteral("several %1s begin with \"%2\": write more of it").arg(noun, word));
+                               QStringLiteral("several %1s begin with \"%2\": give more of it").arg(noun, word));
         if (meant.empty())
             throw CommandError(ExitCode::notFound, QStringLiteral("there is no %1 \"%2\"").arg(noun, word));
         if (std::ranges::find(ids, meant.front()) == ids.end())
@@ -98,7 +98,7 @@ bool isConfirmed(const QString& question, const CommandCall& call)
     if (call.has("yes"))
         return true;
     if (!terminal::canAsk())
-        throw CommandError(ExitCode::usage, QStringLiteral("nobody is there to ask: say --yes to delete"));
+        throw CommandError(ExitCode::usage, QStringLiteral("there is no terminal to ask on: use --yes to delete"));
     if (terminal::ask(question))
         return true;
     terminal::writeMessage(QStringLiteral("Nothing was deleted."));

@@ -12,7 +12,7 @@ class QIODevice;
 
 namespace vantro {
 
-/// What the commands about history and notes work on. Throws StoreError when the store cannot be opened.
+/// What the history and notes commands work on. Throws StoreError when the store cannot be opened.
 struct HistorySession
 {
     HistorySession() { store.loadPersistentStores(); }
@@ -21,34 +21,33 @@ struct HistorySession
     CoreDataStack store{clock};
 };
 
-/// Calls @p visit for the newest @p limit dictations that pass @p filter, newest first; 0: for all. Throws StoreError.
+/// Calls @p visit for the newest @p limit dictations (0: all) that match @p filter, newest first. Throws StoreError.
 void forEachTranscription(const CoreDataStack& store, const HistoryFilter& filter, int limit,
                           const std::function<void(const Transcription&)>& visit);
 
 QJsonObject toJson(const Transcription& row);
-/// As it is written to files: UTC with milliseconds; a missing date is null.
+/// For files: UTC with milliseconds; null for an invalid date.
 QJsonValue jsonDate(const QDateTime& date);
-/// As a person reads it: local time to the minute.
+/// For display: local time to the minute.
 QString shownDate(const QDateTime& date);
-/// The beginning of an identity, which is enough to name it.
+/// The first 8 characters of an id, for display.
 QString shortIdentity(const QUuid& id);
-/// The moment a person means by "2026-11-01", "2026-11-01T10:00", "today", "yesterday" or "7d" (days ago).
+/// Parses "2026-11-01", "2026-11-01T10:00", "today", "yesterday" or "7d" (days ago).
 std::optional<QDateTime> momentFrom(const QString& text, const QDateTime& now);
 
-/// The identity meant by each of @p words, which are beginnings of identities as @p find answers them. Throws
-/// CommandError when one means none or several.
+/// Returns the ids that begin with @p words, as found by @p find. Throws CommandError when one matches none or several.
 std::vector<QUuid> identitiesFrom(const QStringList& words, const QString& noun,
                                   const std::function<std::vector<QUuid>(const QString&, int limit)>& find);
-/// Whether the user wants what @p question asks: --yes says so already, else a person at the terminal is asked, and
-/// told that nothing was done. Throws CommandError when there is none.
+/// Whether the user agrees: with --yes, or by answering @p question. Reports a refusal. Throws CommandError when there
+/// is no terminal to ask on.
 bool isConfirmed(const QString& question, const CommandCall& call);
 
 enum class ExportFormat { json, csv, markdown };
 /// "json", "csv" or "markdown".
 std::optional<ExportFormat> exportFormatFrom(const QString& name);
-/// By the ending of a file's name.
+/// By the extension of @p file; JSON by default.
 ExportFormat exportFormatOf(const QString& file);
-/// Writes the dictations that pass @p filter to @p target. Throws StoreError.
+/// Writes the newest @p limit dictations (0: all) that match @p filter to @p target. Throws StoreError.
 void exportHistory(const CoreDataStack& store, const HistoryFilter& filter, int limit, ExportFormat format,
                    QIODevice& target);
 

@@ -11,7 +11,7 @@ std::atomic<ThreadWaker*> wakerOfHandler{nullptr};
 
 void handleSignal(int)
 {
-    // wake() only writes a byte to a pipe, which a signal handler may do.
+    // wake() only writes a byte to a pipe, so it is async-signal-safe.
     if (auto* waker = wakerOfHandler.load())
         waker->wake();
 }

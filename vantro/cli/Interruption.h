@@ -6,8 +6,8 @@
 
 namespace vantro {
 
-/// Turns the first Ctrl-C (or SIGTERM) into a request to stop, so that a command can end in good order; a second one
-/// ends the process at once. One at a time. Main thread.
+/// Turns the first Ctrl-C (or SIGTERM) into a stop request, so that a command can end cleanly; the second one ends the
+/// process at once. One instance at a time. Main thread.
 class Interruption
 {
 public:

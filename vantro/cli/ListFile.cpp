@@ -24,7 +24,7 @@ void writeListFile(const QString& path, const QByteArray& content)
     if (path.isEmpty() || path == QLatin1String("-")) {
         std::fwrite(content.constData(), 1, static_cast<std::size_t>(content.size()), stdout);
         if (std::fflush(stdout) != 0)
-            throw Error(QStringLiteral("Standard output cannot be written"));
+            throw Error(QStringLiteral("Cannot write to standard output"));
         return;
     }
     QSaveFile file(path);

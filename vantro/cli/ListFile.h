@@ -5,9 +5,9 @@
 
 namespace vantro {
 
-/// The content of @p path; of standard input for "-". Throws an Error.
+/// Returns the content of @p path, or of standard input for "-". Throws Error.
 QByteArray readListFile(const QString& path);
-/// Writes a whole file or none; to standard output for an empty path or "-". Throws an Error.
+/// Writes a file atomically, or to standard output for an empty path or "-". Throws Error.
 void writeListFile(const QString& path, const QByteArray& content);
 
 } // namespace vantro

@@ -6,16 +6,16 @@ namespace vantro {
 namespace {
 
 constexpr char description[] =
-    R"(What vantro has logged, oldest first, from the system's journal.
+    R"(The log of vantro from the system journal, oldest first.
 
-Exit status: 0 done, 2 wrong usage, 4 there is no journal: start vantro in a terminal to see what it logs.)";
+Exit status: 0 done, 2 wrong usage, 4 there is no journal: start vantro in a terminal to see its log.)";
 
 int show(const CommandCall& call)
 {
     const QString problem =
         systemlog::isPresent()
             ? systemlog::read(call.value("since"), call.has("follow"))
-            : QStringLiteral("this system has no journal: start vantro in a terminal to see what it logs");
+            : QStringLiteral("this system has no journal: start vantro in a terminal to see its log");
     throw CommandError(ExitCode::noService, QStringLiteral("logs: ") + problem);
 }
 
@@ -24,11 +24,11 @@ int show(const CommandCall& call)
 Command logsCommand()
 {
     return {.name = "logs",
-            .summary = "Show what the program has logged.",
+            .summary = "Show the log of the program.",
             .description = description,
             .actions = {{"", show}},
-            .options = {{"follow", "Go on with what is logged from now on."},
-                        {"since", "Leave out what is older, for example \"-1h\" or \"today\".", "TIME"}}};
+            .options = {{"follow", "Keep printing new entries."},
+                        {"since", "Skip older entries; for example \"-1h\" or \"today\".", "TIME"}}};
 }
 
 } // namespace vantro

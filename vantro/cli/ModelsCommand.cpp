@@ -11,14 +11,14 @@ namespace {
 constexpr char description[] =
     R"(The speech models that vantro can use.
 
-  list           All models, and which are downloaded and selected. The default.
-  download NAME  Fetch a model, or the rest of it. Ctrl-C keeps what was fetched.
-  select NAME    Dictate with this model from now on.
-  verify [NAME]  Read the downloaded files again and compare them with what was published.
+  list           List all models, with those downloaded and selected. The default.
+  download NAME  Download a model or resume a download. Ctrl-C keeps the part already downloaded.
+  select NAME    Use this model for dictations.
+  verify [NAME]  Read the downloaded files and compare them with the published checksums.
   remove NAME    Remove a downloaded model; the selected one only with --force.
   clear          Remove all downloaded models but the selected one.
 
-Files come from the model host: the value of --model-host, else VANTRO_MODEL_HOST, else the setting
+The model host is the value of --model-host, else of VANTRO_MODEL_HOST, else of the setting
 "modelHostBaseURL", else the public repository.
 
 Exit status: 0 done, 1 failed, 2 wrong usage, 3 no such model, 4 the model host cannot deliver, 130 interrupted.)";
@@ -94,8 +94,9 @@ int remove(ModelsSession& session, const CommandCall& call)
     if (status.state == ModelStatus::State::missing)
         throw CommandError(ExitCode::notFound, QStringLiteral("%1 is not downloaded").arg(model.name));
     if (status.isSystemCopy)
-        throw CommandError(ExitCode::failed,
-                           QStringLiteral("%1 belongs to the system: %2 is left alone").arg(model.name, status.file));
+        throw CommandError(
+            ExitCode::failed,
+            QStringLiteral("%1 is installed for all users: %2 is left alone").arg(model.name, status.file));
     if (session.isSelected(model) && !call.has("force"))
         throw CommandError(
             ExitCode::failed,
@@ -105,7 +106,7 @@ int remove(ModelsSession& session, const CommandCall& call)
         terminal::writeJson(
             QJsonObject{{QStringLiteral("removed"), model.name}, {QStringLiteral("freed_bytes"), freed}});
     else
-        terminal::writeLine(QStringLiteral("%1 is removed, %2 are free again").arg(model.name, sizeText(freed)));
+        terminal::writeLine(QStringLiteral("%1 is removed, which frees %2").arg(model.name, sizeText(freed)));
     return ExitCode::done;
 }
 
@@ -120,7 +121,7 @@ int clear(ModelsSession& session, const CommandCall& call)
                                         {QStringLiteral("used_bytes"), used}});
         return ExitCode::done;
     }
-    terminal::writeLine(QStringLiteral("%1 are free again").arg(sizeText(freed)));
+    terminal::writeLine(QStringLiteral("Freed %1.").arg(sizeText(freed)));
     terminal::writeLine(
         QStringLiteral("Downloaded models use %1 of disk space. The selected model is kept.").arg(sizeText(used)));
     return ExitCode::done;

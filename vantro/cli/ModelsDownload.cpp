@@ -20,8 +20,8 @@ constexpr int barCells = 24;
 constexpr qint64 redrawIntervalMs = 100;
 constexpr int percentPerLogLine = 10;
 
-/// Shows a download to whoever reads standard error: a line that is drawn anew for a person, now and then a whole line
-/// for a log. Used by the network's thread only, until the download has ended.
+/// Shows a download on standard error: a line that is redrawn on a terminal, otherwise a line every 10 %. Used by the
+/// network thread only, until the download has ended.
 class ProgressDisplay
 {
 public:
@@ -85,7 +85,7 @@ struct Failure
     int exitCode;
 };
 
-/// Answers what went wrong: a task that throws cannot be waited for.
+/// Returns the failure, because a task that throws cannot be waited for.
 QCoro::Task<std::optional<Failure>> fetch(SpeechEngine& engine, TranscriptionModel model, ProgressDisplay& display,
                                           std::stop_token stop)
 {

@@ -4,12 +4,12 @@
 
 namespace vantro {
 
-/// What the commands about models work on.
+/// What the model commands work on.
 struct ModelsSession
 {
     explicit ModelsSession(const QString& modelHost) : speech(defaults, vocabulary, modelHost) {}
 
-    /// An entry by its name, by its file's name, or by the beginning of its name when no other begins so; null else.
+    /// Finds a model by name, file name, or unambiguous beginning of its name; otherwise null.
     [[nodiscard]] const TranscriptionModel* find(const QString& text) const;
     [[nodiscard]] bool isSelected(const TranscriptionModel& model) const;
 
@@ -20,7 +20,7 @@ struct ModelsSession
 
 /// "vantro models list".
 int listModels(const ModelsSession& session, bool json);
-/// "vantro models download": shows the progress on standard error, Ctrl-C keeps what was fetched.
+/// "vantro models download": shows the progress on standard error; Ctrl-C keeps the part already downloaded.
 int downloadModel(const ModelsSession& session, const TranscriptionModel& model, bool json);
 
 } // namespace vantro

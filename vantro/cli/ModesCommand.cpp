@@ -13,22 +13,21 @@ namespace vantro {
 namespace {
 
 constexpr char description[] =
-    R"(What becomes of a dictation. Normal keeps the text; Email, Grammar and Custom have a language model rewrite it;
-Notes files it under the day. In the launcher the digit keys choose among the modes that can be used.
+    R"(What happens to a dictation. Normal keeps the text; Email, Grammar and Custom have a language model rewrite it;
+Notes adds it to the notes of the day. In the launcher, the digit keys choose a mode.
 
-  list           All modes, and what serves them. The default.
-  show MODE      One mode with its whole prompt.
-  set MODE       Change it, by the options below.
-  default MODE   Dictations begin in this mode.
+  list           List all modes and their language models. The default.
+  show MODE      Show a mode with its prompt.
+  set MODE       Change a mode with the options below.
+  default MODE   Start dictations in this mode.
 
-A mode is named by its own or by the name that you gave it.
+MODE is its built-in name or the one you gave it.
 
 Exit status: 0 done, 1 failed, 2 wrong usage, 3 no such mode or provider.)";
 
 struct Session
 {
-    /// By its raw value or its display name, upper and lower case being equal.
-    /// Throws CommandError when there is none.
+    /// Finds a mode by raw value or display name, in any case. Throws CommandError when there is none.
     [[nodiscard]] ProcessingMode find(const QString& text) const;
     [[nodiscard]] QString providerText(ProcessingMode mode) const;
     [[nodiscard]] QJsonObject toJson(ProcessingMode mode) const;
@@ -55,13 +54,13 @@ QString Session::providerText(ProcessingMode mode) const
         return QStringLiteral("no language model");
     const ModeConfiguration configuration = prompts.configuration(mode);
     if (configuration.useLocalAI)
-        return QStringLiteral("this machine, which has no language model yet");
+        return QStringLiteral("the system's language model, which is not available");
     if (!configuration.providerConfigId)
         return QStringLiteral("no provider chosen");
     const auto* provider = providers.manager.find(*configuration.providerConfigId);
     if (provider == nullptr)
-        return QStringLiteral("its provider was removed");
-    return provider->isEnabled ? provider->name : QStringLiteral("%1, which is disabled").arg(provider->name);
+        return QStringLiteral("its provider has been removed");
+    return provider->isEnabled ? provider->name : QStringLiteral("%1 (disabled)").arg(provider->name);
 }
 
 QJsonObject Session::toJson(ProcessingMode mode) const
@@ -112,7 +111,7 @@ int tell(const Session& session, ProcessingMode mode, const CommandCall& call)
     }
     terminal::writeLine(QStringLiteral("Mode:      %1").arg(rawValue(mode)));
     terminal::writeLine(QStringLiteral("Name:      %1").arg(session.prompts.displayName(mode)));
-    terminal::writeLine(QStringLiteral("Served by: %1").arg(session.providerText(mode)));
+    terminal::writeLine(QStringLiteral("Provider:  %1").arg(session.providerText(mode)));
     if (mode != ProcessingMode::Normal)
         terminal::writeLine(QStringLiteral("\n%1").arg(session.prompts.prompt(mode)));
     return ExitCode::done;
@@ -150,7 +149,7 @@ int set(const CommandCall& call)
     }
     if (call.has("no-provider"))
         configuration = {};
-    // What can fail comes before what is stored.
+    // First what can fail, so that nothing is stored then.
     setPrompt(session, mode, call);
     if (configuration != session.prompts.configuration(mode))
         session.prompts.setConfiguration(mode, configuration);
@@ -164,7 +163,7 @@ int beginIn(const CommandCall& call)
     Session session;
     const ProcessingMode mode = session.find(call.words.front());
     setDefaultMode(session.providers.defaults, mode);
-    terminal::writeLine(QStringLiteral("Dictations begin in %1").arg(session.prompts.displayName(mode)));
+    terminal::writeLine(QStringLiteral("Dictations now start in %1").arg(session.prompts.displayName(mode)));
     return ExitCode::done;
 }
 
@@ -173,19 +172,19 @@ int beginIn(const CommandCall& call)
 Command modesCommand()
 {
     return {.name = "modes",
-            .summary = "Show and set what becomes of a dictation: prompts, names, language models.",
+            .summary = "Show and change modes: prompts, names, language models.",
             .description = description,
             .actions = {{"list", list},
                         {"show", show, 1, 1, "needs one mode"},
                         {"set", set, 1, 1, "needs one mode"},
                         {"default", beginIn, 1, 1, "needs one mode"}},
             .options = {Command::jsonOption,
-                        {"name", "set: what the launcher calls the mode; empty for its own name.", "NAME"},
-                        {"prompt", "set: the instruction to the language model.", "TEXT"},
-                        {"prompt-file", "set: the same from a file; \"-\" is standard input.", "FILE"},
-                        {"built-in-prompt", "set: the instruction that vantro came with."},
-                        {"provider", "set: who serves the mode (see vantro providers).", "NAME"},
-                        {"no-provider", "set: nobody does."}},
+                        {"name", "set: the name in the launcher; empty for the built-in name.", "NAME"},
+                        {"prompt", "set: the prompt for the language model.", "TEXT"},
+                        {"prompt-file", "set: the prompt from a file; \"-\" for standard input.", "FILE"},
+                        {"built-in-prompt", "set: the built-in prompt."},
+                        {"provider", "set: the provider (see vantro providers).", "NAME"},
+                        {"no-provider", "set: no provider."}},
             .words = {{"MODE", "A mode.", "[MODE]]"}}};
 }
 

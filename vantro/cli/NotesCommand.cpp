@@ -14,17 +14,16 @@ namespace vantro {
 namespace {
 
 constexpr char description[] =
-    R"(Notes, by the day they were taken on.
+    R"(Your notes by day.
 
-  list             The days with notes, newest first. The default.
-  show [DATE]      The summary and the notes of a day; of today without DATE.
-  add TEXT...      Take a note of today. - takes the text from standard input.
-  delete DATE      Delete a day: its summary and all its notes. Asks before.
-  delete ID...     Delete notes; the day stays. Asks before.
-  summarize [DATE] Have the language model of the mode Notes write a day's summary anew; of today without DATE.
+  list             List the days with notes, newest first. The default.
+  show [DATE]      Show the summary and the notes of a day, by default today.
+  add TEXT...      Add a note to today. - reads the text from standard input.
+  delete DATE      Delete a day with its summary and all its notes, after asking.
+  delete ID...     Delete notes but keep the day, after asking.
+  summarize [DATE] Have the language model of the mode Notes rewrite the summary of a day, by default today.
 
-DATE is 2026-11-01, today or yesterday. ID is an identity that show tells, or so much of its beginning
-that only one is meant.
+DATE is 2026-11-01, today or yesterday. ID is an id printed by show, or an unambiguous beginning of one.
 
 Exit status: 0 done, 1 failed, 2 wrong usage, 3 no such day or note.)";
 
@@ -78,17 +77,17 @@ int list(const CommandCall& call)
     return ExitCode::done;
 }
 
-/// The day that is named, else today.
+/// The day given, or today. Throws WrongUsage or CommandError.
 DailyNote dayFrom(const CommandCall& call, const HistorySession& session)
 {
     const QString word = call.words.value(0, QStringLiteral("today"));
     const auto moment = momentFrom(word, session.clock.wallClock());
     if (!moment)
-        throw WrongUsage(QStringLiteral("\"%1\" is no date: write it as 2026-11-01").arg(word));
+        throw WrongUsage(QStringLiteral("\"%1\" is not a date: write it as 2026-11-01").arg(word));
     const auto day = session.store.dailyNote(moment->date());
     if (!day)
         throw CommandError(ExitCode::notFound,
-                           QStringLiteral("there are no notes of %1").arg(moment->date().toString(Qt::ISODate)));
+                           QStringLiteral("there are no notes for %1").arg(moment->date().toString(Qt::ISODate)));
     return *day;
 }
 
@@ -143,7 +142,7 @@ int removeDay(HistorySession& session, const CommandCall& call)
 {
     const DailyNote day = dayFrom(call, session);
     const auto question =
-        QStringLiteral("Delete %1 with its summary and %2 notes for good?").arg(dayName(day)).arg(day.noteCount);
+        QStringLiteral("Permanently delete %1 with its summary and %2 notes?").arg(dayName(day)).arg(day.noteCount);
     if (!isConfirmed(question, call))
         return ExitCode::failed;
     session.store.deleteDailyNote(day);
@@ -158,7 +157,7 @@ int remove(const CommandCall& call)
     const auto ids = identitiesFrom(call.words, QStringLiteral("note"), [&session](const QString& prefix, int limit) {
         return session.store.noteIDs(prefix, limit);
     });
-    if (!isConfirmed(QStringLiteral("Delete %1 notes for good?").arg(ids.size()), call))
+    if (!isConfirmed(QStringLiteral("Permanently delete %1 notes?").arg(ids.size()), call))
         return ExitCode::failed;
     session.store.deleteNotes(ids);
     return ExitCode::done;
@@ -177,7 +176,7 @@ int summarize(const CommandCall& call)
     bool isStored = false;
     QObject::connect(&store, &CoreDataStack::dailyNoteChanged, &store, [&isStored] { isStored = true; });
     runTask(store.regenerateSummary(day, rewriting.choose(ProcessingMode::Notes)));
-    // It has told what failed.
+    // The reason has already been printed.
     if (!isStored)
         return ExitCode::failed;
     terminal::writeLine(store.dailyNotes({day.objectID, day.objectID}, 1).front().formatted);
@@ -194,12 +193,12 @@ Command notesCommand()
             .actions = {{"list", list},
                         {"show", show, 0, 1},
                         {"add", add, 1, Command::anyNumber, "needs a text"},
-                        {"delete", remove, 1, Command::anyNumber, "needs a day or identities"},
+                        {"delete", remove, 1, Command::anyNumber, "needs a DATE or an ID"},
                         {"summarize", summarize, 0, 1}},
-            .options = {{"limit", "List at most so many days; 0 for all, else 50.", "N"},
+            .options = {{"limit", "List at most this many days; 0 for all. The default is 50.", "N"},
                         {"yes", "Delete without asking."},
                         Command::jsonOption},
-            .words = {{"WORDS", "A day, identities or a text.", "[DATE | ID... | TEXT...]]"}},
+            .words = {{"WORDS", "A date, ids or a text.", "[DATE | ID... | TEXT...]]"}},
             .namesFailedAction = false};
 }
 

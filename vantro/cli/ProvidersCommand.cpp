@@ -11,17 +11,17 @@ namespace {
 constexpr char description[] =
     R"(The language models that rewrite dictations in the modes Email, Grammar, Custom and Notes.
 
-  list         All providers, and whether their keys are stored. The default.
-  add          A new one: --type, and for a server of your own --base-url and --model.
-  edit NAME    Change what the options say; the rest stays. An empty value ("") takes a parameter out.
-  remove NAME  Forget a provider and its key. Asks first, unless --yes is given.
-  test NAME    Ask the provider whether it accepts the key.
+  list         List all providers and whether they have a key. The default.
+  add          Add one: --type, and for your own server --base-url and --model.
+  edit NAME    Change what the options say. An empty value ("") removes a parameter.
+  remove NAME  Remove a provider and its key, after asking.
+  test NAME    Check that the provider accepts the key.
 
-The key is asked for without being shown, or read from standard input with --key-stdin. It goes to the desktop's
-Secret Service and nowhere else. A server that wants no key gets one all the same: any word.
+The key is read from the terminal without showing it, or from standard input with --key-stdin. It is stored only in the
+desktop's Secret Service. A server that needs no key still has to be given one: any word will do.
 
-Exit status: 0 done, 1 failed, 2 wrong usage, 3 no such provider, 4 no service: the Secret Service does not answer or
-is locked, or the provider cannot be reached.)";
+Exit status: 0 done, 1 failed, 2 wrong usage, 3 no such provider, 4 no service: the Secret Service is not available
+or locked, or the provider cannot be reached.)";
 
 } // namespace
 
@@ -55,7 +55,7 @@ Command providersCommand()
     std::vector<CommandOption> options{Command::jsonOption, {"yes", "Remove without asking."}};
     std::ranges::move(providerOptions(), std::back_inserter(options));
     return {.name = "providers",
-            .summary = "List, add, edit, remove or test language models that rewrite texts.",
+            .summary = "List, add, edit, remove or test providers of language models.",
             .description = description,
             .actions = {{"list", listProviders},
                         {"add", addProvider},

@@ -27,13 +27,14 @@ struct TextOption
 };
 
 constexpr std::array textOptions{
-    TextOption{"name", "NAME", ProviderForm::Field::name, &ProviderForm::name, "What the list calls it."},
-    TextOption{"model", "MODEL", ProviderForm::Field::model, &ProviderForm::model, "The model that is asked."},
+    TextOption{"name", "NAME", ProviderForm::Field::name, &ProviderForm::name, "Name in the list."},
+    TextOption{"model", "MODEL", ProviderForm::Field::model, &ProviderForm::model, "Model."},
     TextOption{"base-url", "URL", ProviderForm::Field::baseURL, &ProviderForm::baseURL,
-               "Address of a server of your own, up to /v1."},
-    TextOption{"max-tokens", "N", ProviderForm::Field::maxTokens, &ProviderForm::maxTokens, "Most tokens answered."},
+               "Address of your own server, up to /v1."},
+    TextOption{"max-tokens", "N", ProviderForm::Field::maxTokens, &ProviderForm::maxTokens,
+               "Maximum number of tokens in the answer."},
     TextOption{"max-completion-tokens", "N", ProviderForm::Field::maxCompletionTokens,
-               &ProviderForm::maxCompletionTokens, "The same under its newer name."},
+               &ProviderForm::maxCompletionTokens, "The same, under its newer name."},
     TextOption{"temperature", "X", ProviderForm::Field::temperature, &ProviderForm::temperature, "Temperature."},
     TextOption{"top-p", "X", ProviderForm::Field::topP, &ProviderForm::topP, "Top p."},
     TextOption{"service-tier", "TIER", ProviderForm::Field::serviceTier, &ProviderForm::serviceTier, "Service tier:"},
@@ -47,7 +48,7 @@ constexpr char disableOption[] = "disable";
 constexpr char keyStdinOption[] = "key-stdin";
 constexpr char askKeyOption[] = "ask-key";
 
-/// Puts what the options say into @p form; throws WrongUsage.
+/// Applies the options to @p form. Throws WrongUsage.
 void takeOptions(const CommandCall& call, ProviderForm& form)
 {
     if (call.has(typeOption)) {
@@ -81,7 +82,7 @@ ProviderConfiguration configured(const CommandCall& call, const ProviderForm& fo
     return provider;
 }
 
-/// A key that was given or typed; nothing when there is none.
+/// A key from standard input or typed by the user; nullopt when there is none.
 std::optional<QString> readKey(const CommandCall& call, bool asks)
 {
     if (!call.has(keyStdinOption) && !(asks && terminal::inputIsTerminal()))
@@ -94,7 +95,7 @@ void warnOfOpenTransport(const ProviderConfiguration& provider)
     const QUrl url(provider.customBaseURL.value_or(QString()));
     const bool isLocal = url.host() == QLatin1String("localhost") || QHostAddress(url.host()).isLoopback();
     if (provider.providerType == RemoteProviderType::Custom && url.scheme() == QLatin1String("http") && !isLocal)
-        terminal::writeError(QStringLiteral("texts and the key will travel to %1 unencrypted").arg(url.host()));
+        terminal::writeError(QStringLiteral("texts and the key will be sent to %1 unencrypted").arg(url.host()));
 }
 
 int tell(const ProviderConfiguration& provider, const QString& what, bool json)
@@ -106,7 +107,7 @@ int tell(const ProviderConfiguration& provider, const QString& what, bool json)
     return ExitCode::done;
 }
 
-/// A public provider needs no more than its type: the rest is as in a new installation.
+/// The defaults of a public provider, so that only its type has to be given.
 ProviderForm formForType(const QString& name)
 {
     const auto type = remoteProviderType(name);
@@ -120,7 +121,7 @@ ProviderForm formForType(const QString& name)
 void addWithKey(ProviderConfigurationManager& manager, const ProviderConfiguration& provider,
                 const std::optional<QString>& key)
 {
-    // Listed first: another process's clean-up knows the key's owner then.
+    // Before the key, so that a clean-up by another process knows the key's owner.
     manager.add(provider);
     try {
         if (key)
@@ -145,15 +146,15 @@ int providersExitCode(const Error& error)
 std::vector<CommandOption> providerOptions()
 {
     std::vector<CommandOption> options{{typeOption,
-                                        "OpenAI, Anthropic, Gemini or Custom (any server that speaks OpenAI's chat "
-                                        "completions: vLLM, Ollama, llama.cpp).",
+                                        "OpenAI, Anthropic, Gemini or Custom (any server with OpenAI's chat "
+                                        "completions API: vLLM, Ollama, llama.cpp).",
                                         "TYPE"}};
     for (const TextOption& option : textOptions) {
         const QString help = QLatin1String(option.help) + QLatin1Char(' ') + ProviderForm::hint(option.field);
         options.push_back({option.name, help.trimmed().toStdString(), option.placeholder});
     }
     options.push_back({enableOption, "Let modes use it."});
-    options.push_back({disableOption, "Send it nothing any more."});
+    options.push_back({disableOption, "Send nothing to it."});
     options.push_back({keyStdinOption, "Read the key from standard input."});
     options.push_back({askKeyOption, "With edit: ask for a new key."});
     return options;
@@ -173,14 +174,14 @@ int addProvider(const CommandCall& call)
                             [&provider](const auto& other) { return other.name == provider.name; }))
         throw CommandError(
             ExitCode::failed,
-            QStringLiteral("there is a provider \"%1\" already: edit it, or choose another --name").arg(provider.name));
+            QStringLiteral("there is already a provider \"%1\": edit it, or choose another --name").arg(provider.name));
     const auto key = readKey(call, true);
     addWithKey(session.manager, provider, key);
     warnOfOpenTransport(provider);
     terminal::writeMessage(
         key ? wording::keyIsStoredSecurely()
             : QStringLiteral("No API key configured: vantro providers edit \"%1\" --ask-key").arg(provider.name));
-    return tell(provider, QStringLiteral("is added"), call.json());
+    return tell(provider, QStringLiteral("has been added"), call.json());
 }
 
 int editProvider(const CommandCall& call)
@@ -198,7 +199,7 @@ int editProvider(const CommandCall& call)
     if (provider != former)
         session.manager.update(provider);
     warnOfOpenTransport(provider);
-    return tell(provider, QStringLiteral("is changed"), call.json());
+    return tell(provider, QStringLiteral("has been changed"), call.json());
 }
 
 int removeProvider(const CommandCall& call)
@@ -207,14 +208,14 @@ int removeProvider(const CommandCall& call)
     const ProviderConfiguration provider = providerFrom(call, session);
     if (!call.has("yes")) {
         if (!terminal::inputIsTerminal())
-            throw WrongUsage(QStringLiteral("providers remove needs --yes where nobody can be asked"));
+            throw WrongUsage(QStringLiteral("providers remove needs --yes when there is no terminal to ask on"));
         if (!terminal::ask(QStringLiteral("Are you sure you want to delete '%1'? This action cannot be undone.")
                                .arg(provider.name)))
             return ExitCode::failed;
     }
     session.manager.remove(provider.id);
     runTask(session.manager.cleanUpWhenPossible());
-    return tell(provider, QStringLiteral("is removed"), call.json());
+    return tell(provider, QStringLiteral("has been removed"), call.json());
 }
 
 int testProvider(const CommandCall& call)

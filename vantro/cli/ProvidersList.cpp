@@ -7,7 +7,7 @@ namespace vantro {
 
 namespace {
 
-/// Which providers have a key; nothing when the key store cannot be asked.
+/// Which providers have a key; unknown when the key store is not available.
 class StoredKeys
 {
 public:
@@ -39,7 +39,7 @@ QString address(const ProviderConfiguration& provider)
 QString keyText(std::optional<bool> hasKey)
 {
     if (!hasKey)
-        return QStringLiteral("not known");
+        return QStringLiteral("unknown");
     return *hasKey ? ProviderForm::maskedKey() : QStringLiteral("No API key configured");
 }
 

@@ -8,10 +8,10 @@
 
 namespace vantro {
 
-/// What the commands about providers work on.
+/// What the provider commands work on.
 struct ProvidersSession
 {
-    /// An entry by its id, its name, or the beginning of its name when no other begins so; null else.
+    /// Finds a provider by id, name, or unambiguous beginning of its name; otherwise null.
     [[nodiscard]] const ProviderConfiguration* find(const QString& text) const;
 
     UserDefaults defaults{UserDefaults::standardPath()};
@@ -21,12 +21,12 @@ struct ProvidersSession
     ProviderConfigurationManager& manager = rewriting.providers();
 };
 
-/// The options that say what a provider's settings shall be.
+/// The options for a provider's settings.
 std::vector<CommandOption> providerOptions();
 
-/// The provider that @p call names; throws CommandError when there is none.
+/// The provider named by @p call. Throws CommandError when there is none.
 [[nodiscard]] ProviderConfiguration providerFrom(const CommandCall& call, const ProvidersSession& session);
-/// noService when the key store or the provider does not answer.
+/// noService when the key store or the provider cannot be reached.
 [[nodiscard]] int providersExitCode(const Error& error);
 
 // "vantro providers" with its actions.
@@ -34,10 +34,10 @@ int listProviders(const CommandCall& call);
 int addProvider(const CommandCall& call);
 int editProvider(const CommandCall& call);
 int removeProvider(const CommandCall& call);
-/// One request with the stored key.
+/// Sends one request with the stored key.
 int testProvider(const CommandCall& call);
 
-/// What scripts read about a provider.
+/// The JSON output for a provider.
 [[nodiscard]] QJsonObject providerJson(const ProviderConfiguration& provider);
 
 } // namespace vantro

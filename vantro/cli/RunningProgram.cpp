@@ -12,7 +12,7 @@ namespace vantro {
 std::optional<QJsonObject> runningProgramStatus()
 {
     const QDBusConnection bus = QDBusConnection::sessionBus();
-    // Asked for by name, the bus would start the program.
+    // Calling an unregistered name could make the bus start the program.
     if (!bus.isConnected() || !bus.interface()->isServiceRegistered(ControlService::busName()))
         return std::nullopt;
     const QDBusMessage reply =

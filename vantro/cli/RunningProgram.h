@@ -6,7 +6,7 @@
 
 namespace vantro {
 
-/// What the running desktop program tells about itself; nothing when none runs in this session.
+/// The status of the running program; nullopt when none is running in this session.
 std::optional<QJsonObject> runningProgramStatus();
 
 } // namespace vantro

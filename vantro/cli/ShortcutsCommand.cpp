@@ -23,17 +23,17 @@ using Name = KeyboardShortcuts::Name;
 using Shortcut = KeyboardShortcuts::Shortcut;
 
 constexpr char description[] =
-    R"(The shortcuts of vantro.
+    R"(The keyboard shortcuts of vantro.
 
-  show            Both, and whether they work. The default.
+  show            Show both, and whether they work. The default.
   set NAME KEYS   Use these keys, for example Ctrl+Alt+D, F9 or MediaRecord.
   test NAME       Wait until the shortcut is pressed.
-  clear NAME      Take the shortcut away; "stop" goes back to Space.
-  mode [MODE]     press: the shortcut opens the launcher, Space ends the recording. hold: the recording lasts as long
-                  as the shortcut is held.
+  clear NAME      Remove a shortcut; "stop" goes back to Space.
+  mode [MODE]     Show or set the mode. press: the shortcut opens the launcher, Space ends the recording. hold: the
+                  recording lasts as long as the shortcut is held.
 
-NAME is "open" (openModal: start a dictation) or "stop" (stopRecordingAndCloseModal: end the recording; it counts only
-while the launcher has the keyboard). A running vantro follows at once.
+NAME is "open" (openModal: start a dictation) or "stop" (stopRecordingAndCloseModal: end the recording; only
+while the launcher has the focus). Changes take effect at once.
 
 Exit status: 0 done, 1 refused or not pressed, 2 wrong usage, 4 no X server.)";
 
@@ -46,7 +46,7 @@ struct Slot
     const Name& name;
 };
 
-/// What the command works on.
+/// What the actions work on.
 struct Session
 {
     UserDefaults defaults{UserDefaults::standardPath()};
@@ -75,14 +75,13 @@ const Name& nameFrom(const CommandCall& call)
         if (text == QLatin1String(slot.word) || text == slot.name.rawValue)
             return slot.name;
     }
-    throw WrongUsage(QStringLiteral("there is no shortcut \"%1\": take open or stop").arg(text));
+    throw WrongUsage(QStringLiteral("there is no shortcut \"%1\": use open or stop").arg(text));
 }
 
 void requireKeyboard()
 {
     if (qEnvironmentVariableIsEmpty("DISPLAY"))
-        throw CommandError(ExitCode::noService,
-                           QStringLiteral("there is no X server: run it inside the desktop session"));
+        throw CommandError(ExitCode::noService, QStringLiteral("there is no X server: run it in your desktop session"));
 }
 
 QString textOf(const std::optional<Shortcut>& shortcut)
@@ -95,7 +94,7 @@ bool isHeldByRunningProgram(const Session& session, const Name& name)
     return session.running && name.rawValue == Name::openModal.rawValue;
 }
 
-/// Why the shortcut does not work; empty when it does, or counts only in the launcher.
+/// Why the shortcut does not work; empty when it does, or when it only works in the launcher.
 QString problemOf(Session& session, const Name& name)
 {
     const auto shortcut = session.shortcuts.shortcut(name);
@@ -143,7 +142,8 @@ int show(const CommandCall& call)
     return ExitCode::done;
 }
 
-/// Waits until the running program has adopted what was stored; why it does not work there, if so.
+/// Waits until the running program has adopted the stored shortcut. Returns why it does not work there; empty if it
+/// does.
 QString followed(const Shortcut& shortcut)
 {
     QElapsedTimer time;
@@ -156,7 +156,7 @@ QString followed(const Shortcut& shortcut)
             return status->value(QStringLiteral("shortcut_failure")).toString();
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 20);
     }
-    return QStringLiteral("the running vantro has not adopted it: start it again");
+    return QStringLiteral("the running vantro has not adopted it: restart it");
 }
 
 int set(const CommandCall& call)
@@ -168,7 +168,7 @@ int set(const CommandCall& call)
     const auto parsed = parseShortcut(keys);
     if (!parsed)
         throw WrongUsage(
-            QStringLiteral("\"%1\" is no shortcut: name modifiers and a key, for example Ctrl+Alt+D").arg(keys));
+            QStringLiteral("\"%1\" is not a shortcut: name modifiers and a key, for example Ctrl+Alt+D").arg(keys));
     const Shortcut shortcut({parsed->keyCode}, parsed->modifiers);
     const bool isOwn = isHeldByRunningProgram(session, name) && session.shortcuts.shortcut(name) == shortcut;
     const auto refusal = isOwn ? std::nullopt : session.validator.refusal(name, shortcut);
@@ -220,7 +220,7 @@ int waitForPress(Session& session, const Shortcut& shortcut, bool json)
     terminal::writeMessage(QStringLiteral("Press %1 within %2 s.").arg(shortcut.displayText()).arg(secondsToPress));
     if (loop.exec() != ExitCode::done)
         throw CommandError(ExitCode::failed,
-                           QStringLiteral("%1 was not pressed, or did not come here").arg(shortcut.displayText()));
+                           QStringLiteral("%1 was not pressed, or did not arrive").arg(shortcut.displayText()));
     const qint64 heldMs = held.elapsed();
     if (json)
         terminal::writeJson(
@@ -245,7 +245,7 @@ int test(const CommandCall& call)
         terminal::writeJson(
             QJsonObject{{QStringLiteral("keys"), shortcut->displayText()}, {QStringLiteral("running"), true}});
     else
-        terminal::writeLine(QStringLiteral("%1 works: the running vantro has it").arg(shortcut->displayText()));
+        terminal::writeLine(QStringLiteral("%1 works: it is used by the running vantro").arg(shortcut->displayText()));
     return ExitCode::done;
 }
 
@@ -269,14 +269,14 @@ int mode(const CommandCall& call)
 Command shortcutsCommand()
 {
     return {.name = "shortcuts",
-            .summary = "Show, set, test and clear the shortcuts; press or hold to talk.",
+            .summary = "Show, set, test and clear shortcuts; press or hold to talk.",
             .description = description,
             .actions = {{"show", show},
-                        {"set", set, 2, 2, "takes a name and keys"},
-                        {"test", test, 1, 1, "takes one name"},
-                        {"clear", clear, 1, 1, "takes one name"},
+                        {"set", set, 2, 2, "needs a name and keys"},
+                        {"test", test, 1, 1, "needs a name"},
+                        {"clear", clear, 1, 1, "needs a name"},
                         {"mode", mode, 0, 1}},
-            .options = {Command::jsonOption, {"force", "Use a shortcut that something else uses too."}},
+            .options = {Command::jsonOption, {"force", "Use a shortcut even if something else uses it."}},
             .words = {{"NAME", "open or stop.", "[NAME"}, {"KEYS", "The keys.", "[KEYS]]]"}}};
 }
 

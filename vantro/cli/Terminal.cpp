@@ -47,7 +47,7 @@ int terminal::outputWidth()
 
 void terminal::writeLine(const QString& line)
 {
-    // A dictated text may hold any character, the one that ends a C string too.
+    // The text may contain NUL, so no C string functions.
     const QByteArray bytes = line.toUtf8() + '\n';
     std::fwrite(bytes.constData(), 1, static_cast<std::size_t>(bytes.size()), stdout);
     std::fflush(stdout);
@@ -148,14 +148,14 @@ void terminal::showProgress(const QString& text)
 
 namespace {
 
-/// Takes what is typed key by key, without showing it, while it lives.
+/// Puts the terminal into raw mode without echo for its lifetime.
 class HiddenTyping
 {
 public:
     HiddenTyping() : isTyped_(terminal::inputIsTerminal() && tcgetattr(STDIN_FILENO, &shown_) == 0)
     {
         termios hidden = shown_;
-        // Ctrl-C comes as a character: ending the process here would leave its terminal without an echo.
+        // Ctrl-C arrives as a character, since ending the process here would leave the terminal without echo.
         hidden.c_lflag &= ~static_cast<tcflag_t>(ECHO | ICANON | ISIG);
         if (isTyped_)
             tcsetattr(STDIN_FILENO, TCSAFLUSH, &hidden);

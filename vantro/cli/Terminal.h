@@ -10,40 +10,40 @@
 
 namespace vantro::terminal {
 
-/// Whether a person reads standard output / standard error.
+/// Whether standard output / standard error is a terminal.
 bool outputIsTerminal();
 bool errorIsTerminal();
-/// Whether a person can answer: standard input and standard error are a terminal.
+/// Whether questions can be asked: standard input and standard error are terminals.
 bool canAsk();
-/// Columns of the terminal behind standard output, 80 when it does not tell.
+/// Columns of the terminal on standard output; 80 if unknown.
 int outputWidth();
 
-/// One line on standard output.
+/// Writes a line to standard output.
 void writeLine(const QString& line);
 void writeJson(const QJsonObject& object);
 void writeJson(const QJsonArray& array);
-/// Puts @p question and reads the answer; false for all that is no yes.
+/// Asks @p question on standard error; false unless the answer is yes.
 bool ask(const QString& question);
-/// A text from elsewhere as one line that cannot steer a terminal: control characters and line breaks become blanks.
+/// Returns untrusted text as one line that cannot control the terminal: control characters become spaces.
 QString singleLine(const QString& text);
-/// The same, but its lines stay.
+/// The same, but keeps line breaks.
 QString printable(const QString& text);
-/// Cut to @p columns, with a mark where something is missing.
+/// Cuts the text to @p columns with an ellipsis.
 QString elided(const QString& text, qsizetype columns);
-/// "vantro: " and the text, on standard error.
+/// Writes "vantro: " and the text to standard error.
 void writeError(const QString& text);
-/// One line on standard error, as it is.
+/// Writes a line to standard error unchanged.
 void writeMessage(const QString& line);
-/// A bar of @p cells, the first @p filled of them filled; in plain letters where the locale knows no others.
+/// A bar of @p cells characters, the first @p filled of them filled; in ASCII unless the locale is UTF-8.
 QString bar(int filled, int cells);
-/// Replaces the current line of standard error when a person reads it; an empty text clears it. Otherwise nothing.
+/// Replaces the current line of standard error if that is a terminal; an empty text clears it.
 void showProgress(const QString& text);
 
-/// Rows of equal length, the first being their titles: columns of equal width for a person; tabs between the fields and
-/// no titles for a program.
+/// Writes rows of equal length, the first of which are the titles: aligned on a terminal, otherwise separated by tabs
+/// and without titles.
 void writeTable(const std::vector<QStringList>& rows);
-/// A line of standard input without its line break. On a terminal @p prompt is shown, on standard error, and what is
-/// typed is not; nothing when it is empty.
+/// Reads a line of standard input; nullopt when it is empty. On a terminal, shows @p prompt on standard error and hides
+/// the input.
 std::optional<QString> readSecret(const QString& prompt);
 bool inputIsTerminal();
 

@@ -25,12 +25,12 @@ struct Transcript
     std::optional<std::vector<TranscribedToken>> tokens = {};
 };
 
-/// Everything a transcription without windows needs.
+/// Everything needed to transcribe files.
 class Session
 {
 public:
-    /// The model the user named, by its catalogue name or as a file; the selected one for an empty text. Throws Error
-    /// when it is not there.
+    /// Returns the model with this catalogue name or file path; for an empty text, the selected one. Throws Error when
+    /// it is missing.
     [[nodiscard]] TranscriptionModel model(const QString& nameOrPath);
     [[nodiscard]] Transcript transcribe(const QString& file, const TranscriptionModel& model,
                                         const std::optional<QString>& language);
@@ -53,7 +53,7 @@ TranscriptionModel Session::model(const QString& nameOrPath)
         QStringList names;
         for (const TranscriptionModel& known : speech_.catalogue.models())
             names << QStringLiteral("\"%1\"").arg(known.name);
-        throw Error(QStringLiteral("There is no model \"%1\". The catalogue has %2; a file's path works too")
+        throw Error(QStringLiteral("There is no model \"%1\". The catalogue has %2; the path of a file works too")
                         .arg(nameOrPath, names.join(QStringLiteral(", "))));
     }
     if (!speech_.check(*entry).isReady) {
@@ -149,7 +149,7 @@ int transcribe(const CommandCall& call)
             terminal::writeError(QStringLiteral("%1: %2").arg(file, localizedDescription(error)));
             outcome = ExitCode::failed;
         }
-        // The first failure decides; the other files are transcribed all the same.
+        // The first failure decides; the remaining files are still transcribed.
         if (exitCode == ExitCode::done)
             exitCode = outcome;
     }
@@ -168,8 +168,8 @@ Command transcribeCommand()
             .actions = {{"", transcribe, 0, Command::anyNumber}},
             .options = {{"model", "Catalogue name or path of a model file.", "NAME"},
                         {"language", "Language code, or \"auto\".", "CODE"},
-                        {"json", "One JSON object a line, with duration and timings."}},
-            .words = {{"FILE", "Recordings; - is standard input.", "FILE..."}}};
+                        {"json", "One JSON object per line, with duration and timings."}},
+            .words = {{"FILE", "Recordings; - for standard input.", "FILE..."}}};
 }
 
 } // namespace vantro

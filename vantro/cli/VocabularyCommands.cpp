@@ -12,30 +12,30 @@ namespace vantro {
 namespace {
 
 constexpr char replacementsDescription[] =
-    R"(What vantro writes where the engine wrote something else. Whole words are replaced, in upper and lower case, in
-the order of the list, in every dictation and by vantro transcribe.
+    R"(Texts to replace in what was recognised. Whole words are replaced, in any case and in the order of the list, in
+every dictation and by vantro transcribe.
 
-  list               All of them, numbered. The default.
-  add FIND [WITH]    Write WITH instead of FIND; without WITH the word is deleted.
-  remove FIND|#N     Remove the entries that look for FIND, or the one with number N.
+  list               List all entries, numbered. The default.
+  add FIND [WITH]    Replace FIND by WITH; without WITH, delete it.
+  remove FIND|#N     Remove the entries for FIND, or entry number N.
   import FILE        Add the entries of a JSON or CSV file ("find,replace"); "-" is standard input.
   export [FILE]      Write all entries to a file, or to standard output.
 
 Exit status: 0 done, 1 failed, 2 wrong usage, 3 no such entry.)";
 
 constexpr char vocabularyDescription[] =
-    R"(Words that the engine is told of, so that it recognises and spells them right. Use sparingly: too many words can
+    R"(Words that help the engine to recognise and spell them correctly. Use sparingly: too many words can
 confuse it and may affect punctuation, language detection, and formatting.
 
-  list               All of them, numbered. The default.
+  list               List all words, numbered. The default.
   add WORD...        Add words.
-  remove WORD|#N     Remove a word, or the one with number N.
+  remove WORD|#N     Remove a word, or word number N.
   import FILE        Add the words of a JSON or CSV file ("word"); "-" is standard input.
   export [FILE]      Write all words to a file, or to standard output.
 
 Exit status: 0 done, 1 failed, 2 wrong usage, 3 no such word.)";
 
-/// One of the two lists, as the command works on it.
+/// One of the two lists, as the commands see it.
 class EditedList
 {
 public:
@@ -46,7 +46,7 @@ public:
     [[nodiscard]] virtual std::vector<QStringList> rows() const = 0;
     [[nodiscard]] virtual QByteArray content(ListFormat format) const = 0;
     [[nodiscard]] virtual QString emptyText() const = 0;
-    /// How many were added; throws an Error, having added none, where the limit is in the way.
+    /// Returns how many were added. Throws Error and adds none when the limit would be exceeded.
     virtual qsizetype add(const QStringList& words) = 0;
     virtual qsizetype addAll(const QByteArray& content, ListFormat format) = 0;
     virtual void removeAt(std::size_t index) = 0;
@@ -187,7 +187,7 @@ int remove(EditedList& list, const CommandCall& call)
     bool isNumber = false;
     const qsizetype number = text.startsWith(QLatin1Char('#')) ? text.mid(1).toLongLong(&isNumber) : 0;
     qsizetype removed = 0;
-    // From the end, so that the numbers before stay true.
+    // From the end, so that earlier indexes stay valid.
     for (qsizetype i = static_cast<qsizetype>(rows.size()); i > 0; --i) {
         if (isNumber ? i == number : rows[static_cast<std::size_t>(i - 1)][0].trimmed() == text.trimmed()) {
             list.removeAt(static_cast<std::size_t>(i - 1));
@@ -204,13 +204,13 @@ int remove(EditedList& list, const CommandCall& call)
 int add(EditedList& list, const CommandCall& call)
 {
     if (!list.acceptsToAdd(call.words))
-        throw WrongUsage(QStringLiteral("tell what to add"));
+        throw WrongUsage(QStringLiteral("give what to add"));
     const qsizetype added = list.add(call.words);
     terminal::writeLine(added > 0 ? QStringLiteral("%1 added").arg(added) : QStringLiteral("Nothing new"));
     return ExitCode::done;
 }
 
-/// That of the option, else that of the file's name.
+/// From the option, or else from the file name.
 ListFormat formatFrom(const CommandCall& call, const QString& path)
 {
     const QString format = call.value("format");
@@ -229,7 +229,7 @@ int import(EditedList& list, const CommandCall& call)
         terminal::writeLine(QStringLiteral("%1 added to %2").arg(added).arg(before));
         return ExitCode::done;
     } catch (const Error& error) {
-        throw Error(QStringLiteral("%1: %2. The list is as it was").arg(path, error.localizedDescription()));
+        throw Error(QStringLiteral("%1: %2. The list is unchanged").arg(path, error.localizedDescription()));
     }
 }
 
@@ -254,24 +254,23 @@ Command listCommand(const char* name, const char* summary, const char* descripti
             .description = description,
             .actions = {{"list", on(show)},
                         {"add", on(add), 0, Command::anyNumber},
-                        {"remove", on(remove), 1, 1, "takes one word"},
-                        {"import", on(import), 1, 1, "takes one word"},
+                        {"remove", on(remove), 1, 1, "needs an entry"},
+                        {"import", on(import), 1, 1, "needs a file"},
                         {"export", on(exportTo), 0, 1}},
-            .options = {Command::jsonOption, {"format", "json or csv, whatever the file is called.", "FORMAT"}},
-            .words = {{"WORD", "With what.", "[WORD...]]"}}};
+            .options = {Command::jsonOption, {"format", "json or csv, regardless of the file name.", "FORMAT"}},
+            .words = {{"WORD", "Arguments of the action.", "[WORD...]]"}}};
 }
 
 } // namespace
 
 Command replacementsCommand()
 {
-    return listCommand<ReplacementList>("replacements", "Show and edit what is written instead of what.",
-                                        replacementsDescription);
+    return listCommand<ReplacementList>("replacements", "Show and edit text replacements.", replacementsDescription);
 }
 
 Command vocabularyCommand()
 {
-    return listCommand<WordList>("vocabulary", "Show and edit the words that the engine is told of.",
+    return listCommand<WordList>("vocabulary", "Show and edit words that the engine should know.",
                                  vocabularyDescription);
 }
 

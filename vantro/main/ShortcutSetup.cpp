@@ -35,7 +35,7 @@ void ShortcutSetup::propose()
         printLine(QStringLiteral("Press %1 to dictate").arg(proposed->displayText()));
     else
         windows_.askForShortcut(
-            QGuiApplication::tr("The usual shortcuts are all used by other programs. Take one of your own."));
+            QGuiApplication::tr("The usual shortcuts are all taken by other programs. Record one of your own."));
 }
 
 void ShortcutSetup::use(const QString& text)

@@ -8,17 +8,17 @@ namespace vantro {
 class KeyboardShortcuts;
 class Windows;
 
-/// Which shortcut begins a dictation, as the program's starts decide it. Main thread.
+/// Decides on the dictation shortcut when the program is started. Main thread.
 class ShortcutSetup
 {
 public:
-    /// Both outlive this object.
+    /// Both must outlive this object.
     ShortcutSetup(KeyboardShortcuts& shortcuts, Windows& windows);
 
-    /// At the start: takes @p wanted, keeps the stored shortcut when that is empty, and proposes or asks for one when
-    /// there is none, which is a user's first start.
+    /// Sets @p wanted. If that is empty, keeps the stored shortcut; without one, which means the first start, proposes
+    /// or asks for one and opens the onboarding.
     void settle(const QString& wanted);
-    /// What a second start was started with: a shortcut to take; nothing brings the windows forward.
+    /// Handles the arguments of a second start: sets the shortcut, or brings a window to the front if there is none.
     void handOver(const QStringList& arguments);
 
 private:

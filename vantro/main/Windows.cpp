@@ -78,7 +78,7 @@ Windows::Windows(Parts parts)
     QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/com.vantro.app.svg")));
     onboarding_.onClosed([this] {
         isSandboxMode_ = false;
-        parts_.speech.downloader.cancel(); // what was fetched is kept
+        parts_.speech.downloader.cancel(); // keeps what has been downloaded
         parts_.notifications.post(notification::onboardingClosed);
     });
     connectTray();
