@@ -74,7 +74,7 @@ KeyboardShortcuts::SystemHotKey::SystemHotKey(HotKeyManager& hotKeys, std::uint3
 {
     if (!fits32Bits(shortcut.carbonKeyCode) || !fits32Bits(shortcut.carbonModifiers))
         throw HotKeyError(
-            QCoreApplication::translate("KeyboardShortcuts", "The stored shortcut is damaged. Record it anew."));
+            QCoreApplication::translate("KeyboardShortcuts", "The stored shortcut is damaged. Record it again."));
     hotKeys_.registerHotKey(id_, static_cast<std::uint32_t>(shortcut.carbonKeyCode),
                             static_cast<std::uint32_t>(shortcut.carbonModifiers));
 }

@@ -10,35 +10,34 @@
 namespace vantro::setting {
 
 // In the order in which the user is told of them.
-inline constexpr Setting<bool> autoPasteEnabled{"autoPasteEnabled", true, "false: copy, and show that Ctrl+V pastes"};
-inline constexpr Setting<bool> copyToClipboardEnabled{
-    "copyToClipboardEnabled", false, "true: the dictated text stays on the clipboard after it was pasted"};
+inline constexpr Setting<bool> autoPasteEnabled{"autoPasteEnabled", true, "false: only copy, and show how to paste"};
+inline constexpr Setting<bool> copyToClipboardEnabled{"copyToClipboardEnabled", false,
+                                                      "true: the dictated text stays on the clipboard after pasting"};
 inline constexpr Setting<bool> playSoundOnComplete{"playSoundOnComplete", false,
-                                                   "a short sound when the text is there"};
+                                                   "true: a short sound when the text is ready"};
 inline constexpr Setting<bool> holdToTalk{
     "holdToTalk", false, "true: the recording lasts as long as the shortcut is held; `vantro shortcuts mode` sets it"};
 inline constexpr Setting<QString> audioInputMode{"audioInputMode", "System Default",
                                                  "or `Custom Device`, `Prioritized`; `vantro devices` sets it"};
 inline constexpr Setting<bool> bluetoothHeadsetProfile{
     "bluetoothHeadsetProfile", false,
-    "true: a wanted Bluetooth headset is switched to its headset profile while recording"};
+    "true: switch a Bluetooth headset to its headset profile while recording from it"};
 inline constexpr Setting<QString> defaultProcessingMode{"defaultProcessingMode", "Normal",
                                                         "the mode a dictation starts in"};
 inline constexpr Setting<QString> selectedLanguage{"SelectedLanguage", "auto",
-                                                   "language of the speech, as a code like `en`"};
-inline constexpr Setting<QString> selectedModelName{"selectedModelName", "",
-                                                    "the speech model; `vantro models select NAME` sets it",
-                                                    "a model that is there, else small"};
-inline constexpr Setting<QString> modelHostBaseURL{"modelHostBaseURL", "", "where speech models are fetched from",
+                                                   "the spoken language, as a code such as `en`"};
+inline constexpr Setting<QString> selectedModelName{
+    "selectedModelName", "", "the speech model; `vantro models select NAME` sets it", "a downloaded model, else small"};
+inline constexpr Setting<QString> modelHostBaseURL{"modelHostBaseURL", "", "where speech models are downloaded from",
                                                    "the public repository"};
 inline constexpr Setting<bool> whisperKeepModelInMemory{"whisperKeepModelInMemory", false,
                                                         "true: the model stays loaded between dictations"};
 inline constexpr Setting<QString> appearance{"appearance", "", "`light` or `dark`", "the desktop's"};
-inline constexpr Setting<bool> reduceMotion{"reduceMotion", false, "true: nothing moves", "the desktop's"};
+inline constexpr Setting<bool> reduceMotion{"reduceMotion", false, "true: no animations", "the desktop's"};
 inline constexpr Setting<bool> checkForUpdatesOnLaunch{"checkForUpdatesOnLaunch", false,
-                                                       "true: look for a newer version at every start"};
+                                                       "true: check for updates at startup"};
 inline constexpr Setting<QByteArray> pasteChords{
-    "pasteChords", "", "more windows with their paste keystroke, as JSON: `{\"my-terminal\": \"Ctrl+Shift+V\"}`"};
+    "pasteChords", "", "paste keystrokes of more windows, as JSON: `{\"my-terminal\": \"Ctrl+Shift+V\"}`"};
 
 /// Those above.
 inline constexpr std::array<const SettingKey*, 15> documented{&autoPasteEnabled,

@@ -69,11 +69,11 @@ set(CPACK_DEBIAN_PACKAGE_DEPENDS
   "libqt6sql6-sqlite, libqt6svg6, qml6-module-qtquick, qml6-module-qtquick-window, qml6-module-qtquick-templates, qml6-module-qtqml-workerscript")
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "xdg-utils, pulseaudio | pipewire-pulse, gnome-keyring | kwalletmanager | keepassxc")
 set(CPACK_PACKAGE_DESCRIPTION
-"Press a shortcut, speak, press Space: the text stands in the window you were
-working in. Speech is recognised on this computer by a whisper model, which is
-fetched once; nothing leaves it.
+"Press a shortcut, speak, press Space: the text appears in the window you were
+working in. Speech is recognised on this computer, with a model that is
+downloaded once.
 .
-What was in the clipboard is put back, and what was dictated is kept in a local
+The clipboard is restored afterwards, and dictations are kept in a local
 history.")
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS OFF)
 include(CPack)

@@ -72,7 +72,7 @@ def plain(text):
 
 
 def term(text):
-    """What is typed as it stands in bold, what stands for something in italics."""
+    """Literal text in bold, placeholders in italics."""
 
     def part(match):
         placeholder, punctuation, literal = match.groups()

@@ -49,26 +49,65 @@
     </message>
 </context>
 <context>
+    <name>Alerts</name>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>vantro ended unexpectedly</source>
+        <translation>vantro wurde unerwartet beendet</translation>
+    </message>
+    <message>
+        <source>It is running again. Your earlier dictations are in the history; a dictation in progress was lost.</source>
+        <translation>Es läuft wieder. Deine bisherigen Diktate stehen im Verlauf; ein laufendes Diktat ist verloren.</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Report an Error</source>
+        <translation>Fehler melden</translation>
+    </message>
+    <message>
+        <source>The settings file comes from a newer version of vantro.</source>
+        <translation>Die Einstellungsdatei stammt von einer neueren Version von vantro.</translation>
+    </message>
+    <message>
+        <source>The settings file was damaged.</source>
+        <translation>Die Einstellungsdatei war beschädigt.</translation>
+    </message>
+    <message>
+        <source>vantro starts with fresh settings</source>
+        <translation>vantro startet mit neuen Einstellungen</translation>
+    </message>
+    <message>
+        <source>It is kept as %1. Check your shortcut and microphone in the settings.</source>
+        <translation>Sie wurde als %1 aufgehoben. Prüfe Tastenkürzel und Mikrofon in den Einstellungen.</translation>
+    </message>
+    <message>
+        <source>Settings Not Saved</source>
+        <translation>Einstellungen nicht gespeichert</translation>
+    </message>
+    <message>
+        <source>The settings file %1 cannot be written. Your changes last until vantro quits.</source>
+        <translation>Die Einstellungsdatei %1 lässt sich nicht schreiben. Deine Änderungen gelten nur, bis vantro beendet wird.</translation>
+    </message>
+    <message>
+        <source>No Mail Program</source>
+        <translation>Kein Mailprogramm</translation>
+    </message>
+    <message>
+        <source>No mail program could be started. Please write to %1.</source>
+        <translation>Es konnte kein Mailprogramm gestartet werden. Bitte schreib an %1.</translation>
+    </message>
+</context>
+<context>
     <name>AppDelegate</name>
     <message>
         <source>Shortcut Not Available</source>
         <translation>Tastenkürzel nicht verfügbar</translation>
-    </message>
-    <message>
-        <source>Transcription Error</source>
-        <translation>Fehler bei der Transkription</translation>
-    </message>
-    <message>
-        <source>Not in the History</source>
-        <translation>Nicht im Verlauf</translation>
-    </message>
-    <message>
-        <source>Your dictations are delivered but not stored: %1</source>
-        <translation>Diktate kommen an, werden aber nicht gespeichert: %1</translation>
-    </message>
-    <message>
-        <source>What you said is on the clipboard.</source>
-        <translation>Was du gesagt hast, liegt in der Zwischenablage.</translation>
     </message>
 </context>
 <context>
@@ -95,10 +134,6 @@
     <message>
         <source>Could not start the microphone: %1</source>
         <translation>Das Mikrofon konnte nicht gestartet werden: %1</translation>
-    </message>
-    <message>
-        <source>The microphone was lost during the recording. Anything said after that is missing. %1</source>
-        <translation>Das Mikrofon ist während der Aufnahme ausgefallen. Was danach gesagt wurde, fehlt. %1</translation>
     </message>
     <message>
         <source>The on-device model is not available on this device.</source>
@@ -152,14 +187,37 @@
     </message>
 </context>
 <context>
+    <name>Dictation</name>
+    <message>
+        <source>The microphone was lost during the recording. Anything said after that is missing. %1</source>
+        <translation>Das Mikrofon ist während der Aufnahme ausgefallen. Was danach gesagt wurde, fehlt. %1</translation>
+    </message>
+    <message>
+        <source>What you said is on the clipboard.</source>
+        <translation>Was du gesagt hast, liegt in der Zwischenablage.</translation>
+    </message>
+    <message>
+        <source>Transcription Error</source>
+        <translation>Fehler bei der Transkription</translation>
+    </message>
+    <message>
+        <source>Not in the History</source>
+        <translation>Nicht im Verlauf</translation>
+    </message>
+    <message>
+        <source>Your dictations are delivered but not stored: %1</source>
+        <translation>Diktate kommen an, werden aber nicht gespeichert: %1</translation>
+    </message>
+</context>
+<context>
     <name>Fetch</name>
     <message>
         <source>it ended after %1 of %2</source>
         <translation>sie endete nach %1 von %2</translation>
     </message>
     <message>
-        <source>nothing has come for %1 s</source>
-        <translation>seit %1 s kam nichts mehr</translation>
+        <source>no data for %1 s</source>
+        <translation>seit %1 s keine Daten</translation>
     </message>
 </context>
 <context>
@@ -169,16 +227,16 @@
         <translation>Die Datei wird geprüft</translation>
     </message>
     <message>
-        <source>Waiting for another vantro that downloads the same file</source>
+        <source>Waiting for another vantro to download the same file</source>
         <translation>Warten auf ein anderes vantro, das dieselbe Datei lädt</translation>
     </message>
     <message>
-        <source>the file changes all the time</source>
+        <source>the file keeps changing</source>
         <translation>die Datei ändert sich ständig</translation>
     </message>
     <message>
-        <source>The connection was lost, trying again</source>
-        <translation>Die Verbindung ging verloren, neuer Versuch</translation>
+        <source>Connection lost, trying again</source>
+        <translation>Verbindung verloren, neuer Versuch</translation>
     </message>
 </context>
 <context>
@@ -342,8 +400,8 @@
 <context>
     <name>KeyboardShortcuts</name>
     <message>
-        <source>The stored shortcut is damaged. Record it anew.</source>
-        <translation>Das gespeicherte Tastenkürzel ist beschädigt. Bitte neu aufnehmen.</translation>
+        <source>The stored shortcut is damaged. Record it again.</source>
+        <translation>Das gespeicherte Tastenkürzel ist beschädigt. Nimm es neu auf.</translation>
     </message>
     <message>
         <source>%1 is already used by the desktop: %2.</source>
@@ -565,36 +623,36 @@
         <translation>%1 hat keine Datei %2 (Fehler %3). Prüfe die Adresse des Modellservers.</translation>
     </message>
     <message>
-        <source>%1 does not hand out %2 (error %3). Check the model host&apos;s address and whether it asks for a login.</source>
-        <translation>%1 gibt %2 nicht heraus (Fehler %3). Prüfe die Adresse des Modellservers und ob er eine Anmeldung verlangt.</translation>
+        <source>%1 refuses access to %2 (error %3). Check the model host&apos;s address and whether it requires a login.</source>
+        <translation>%1 verweigert den Zugriff auf %2 (Fehler %3). Prüfe die Adresse des Modellservers und ob er eine Anmeldung verlangt.</translation>
     </message>
     <message>
         <source>%1 cannot deliver %2 at the moment (error %3). Try again later.</source>
         <translation>%1 kann %2 im Moment nicht liefern (Fehler %3). Versuche es später noch einmal.</translation>
     </message>
     <message>
-        <source>The connection to %1 was lost (%2). What was fetched is kept: try again to continue there.</source>
-        <translation>Die Verbindung zu %1 ging verloren (%2). Was geladen wurde, bleibt: Versuche es erneut, um dort weiterzumachen.</translation>
+        <source>The connection to %1 was lost (%2). Try again to resume the download.</source>
+        <translation>Die Verbindung zu %1 ging verloren (%2). Versuche es erneut, um den Download fortzusetzen.</translation>
     </message>
     <message>
-        <source>There is not enough space in %1: %2 more are needed, %3 are free. Make room, or choose a smaller model.</source>
-        <translation>In %1 ist nicht genug Platz: %2 fehlen noch, %3 sind frei. Schaffe Platz oder wähle ein kleineres Modell.</translation>
+        <source>There is not enough space in %1: %2 more needed, %3 free. Free some space, or choose a smaller model.</source>
+        <translation>In %1 ist nicht genug Platz: Es fehlen noch %2, frei sind %3. Schaffe Platz oder wähle ein kleineres Modell.</translation>
     </message>
     <message>
-        <source>The disk of %1 is full. What was fetched is kept: make room, then try again to continue there.</source>
-        <translation>Der Datenträger von %1 ist voll. Was geladen wurde, bleibt: Schaffe Platz und versuche es dann erneut.</translation>
+        <source>The disk of %1 is full. Free some space, then try again to resume the download.</source>
+        <translation>Der Datenträger von %1 ist voll. Schaffe Platz und versuche es erneut, um den Download fortzusetzen.</translation>
     </message>
     <message>
-        <source>The folder %1 cannot be written to (%2). Change its permissions.</source>
-        <translation>In den Ordner %1 kann nicht geschrieben werden (%2). Ändere seine Rechte.</translation>
+        <source>The folder %1 is not writable (%2). Change its permissions.</source>
+        <translation>Der Ordner %1 ist nicht beschreibbar (%2). Ändere seine Rechte.</translation>
     </message>
     <message>
         <source>%1 could not be written (%2). Check the disk.</source>
         <translation>%1 konnte nicht geschrieben werden (%2). Prüfe den Datenträger.</translation>
     </message>
     <message>
-        <source>The download was stopped. What was fetched is kept.</source>
-        <translation>Der Download wurde angehalten. Was geladen wurde, bleibt.</translation>
+        <source>The download was stopped. It can be resumed later.</source>
+        <translation>Der Download wurde angehalten. Er lässt sich später fortsetzen.</translation>
     </message>
 </context>
 <context>
@@ -769,28 +827,28 @@
         <translation>Der verschlüsselten Verbindung zu %1 ist nicht zu trauen (%2). Prüfe die Uhr dieses Rechners oder installiere das Zertifikat deines eigenen Servers.</translation>
     </message>
     <message>
-        <source>%1 sends the request on to a place where it cannot end (%2). Check the address.</source>
-        <translation>%1 leitet die Anfrage an eine Stelle, an der sie nicht enden kann (%2). Prüfe die Adresse.</translation>
+        <source>%1 redirects the request to where it cannot be answered (%2). Check the address.</source>
+        <translation>%1 leitet die Anfrage dorthin um, wo sie nicht beantwortet werden kann (%2). Prüfe die Adresse.</translation>
     </message>
     <message>
         <source>%1 cannot be reached (%2). Check the network connection, the proxy and the address.</source>
         <translation>%1 ist nicht erreichbar (%2). Prüfe die Netzwerkverbindung, den Proxy und die Adresse.</translation>
     </message>
     <message>
-        <source>The connection to %1 broke off before the answer was complete. Try again.</source>
+        <source>The connection to %1 was lost before the response was complete. Try again.</source>
         <translation>Die Verbindung zu %1 brach ab, bevor die Antwort vollständig war. Versuche es erneut.</translation>
     </message>
     <message>
-        <source>%1 has not answered within %2 seconds.</source>
-        <translation>%1 hat innerhalb von %2 Sekunden nicht geantwortet.</translation>
+        <source>%1 has not responded within %2 seconds.</source>
+        <translation>%1 hat nicht innerhalb von %2 Sekunden geantwortet.</translation>
     </message>
     <message>
-        <source>The answer of %1 is larger than %2.</source>
+        <source>The response from %1 is larger than %2.</source>
         <translation>Die Antwort von %1 ist größer als %2.</translation>
     </message>
     <message>
-        <source>What answers at %1 is no web server.</source>
-        <translation>Was bei %1 antwortet, ist kein Webserver.</translation>
+        <source>The server at %1 is not a web server.</source>
+        <translation>Der Server bei %1 ist kein Webserver.</translation>
     </message>
     <message>
         <source>The request was cancelled.</source>
@@ -880,10 +938,6 @@
         <translation>Herunterladen</translation>
     </message>
     <message>
-        <source>Test</source>
-        <translation>Testen</translation>
-    </message>
-    <message>
         <source>The speech model is still missing. Go back one page to download it.</source>
         <translation>Das Spracherkennungsmodell fehlt noch. Geh eine Seite zurück, um es herunterzuladen.</translation>
     </message>
@@ -898,6 +952,10 @@
     <message>
         <source>Your sentence appears here</source>
         <translation>Dein Satz erscheint hier</translation>
+    </message>
+    <message>
+        <source>Try it</source>
+        <translation>Ausprobieren</translation>
     </message>
 </context>
 <context>
@@ -1160,15 +1218,11 @@
     </message>
     <message>
         <source>The sound server does not let vantro record from &quot;%1&quot;. Choose another under Settings, Microphone.</source>
-        <translation>Der Tonserver lässt vantro nicht von „%1“ aufnehmen. Wähle ein anderes unter Einstellungen, Mikrofon.</translation>
+        <translation>Der Audioserver lässt vantro nicht von „%1“ aufnehmen. Wähle ein anderes unter Einstellungen, Mikrofon.</translation>
     </message>
 </context>
 <context>
     <name>QGuiApplication</name>
-    <message>
-        <source>OK</source>
-        <translation>OK</translation>
-    </message>
     <message>
         <source>vantro is running</source>
         <translation>vantro läuft</translation>
@@ -1176,10 +1230,6 @@
     <message>
         <source>Press %1 to dictate into the window you are working in.</source>
         <translation>Drücke %1, um in das Fenster zu diktieren, in dem du arbeitest.</translation>
-    </message>
-    <message>
-        <source>the microphone</source>
-        <translation>dem Mikrofon</translation>
     </message>
     <message>
         <source>The usual shortcuts are all taken by other programs. Record one of your own.</source>
@@ -1574,48 +1624,8 @@
         <translation>Willkommen bei vantro</translation>
     </message>
     <message>
-        <source>No Mail Program</source>
-        <translation>Kein Mailprogramm</translation>
-    </message>
-    <message>
-        <source>No mail program could be started. Please write to %1.</source>
-        <translation>Es konnte kein Mailprogramm gestartet werden. Bitte schreib an %1.</translation>
-    </message>
-    <message>
-        <source>OK</source>
-        <translation>OK</translation>
-    </message>
-    <message>
         <source>vantro history</source>
         <translation>vantro – Verlauf</translation>
-    </message>
-    <message>
-        <source>vantro ended unexpectedly</source>
-        <translation>vantro wurde unerwartet beendet</translation>
-    </message>
-    <message>
-        <source>It is running again. Your earlier dictations are in the history; a dictation in progress was lost.</source>
-        <translation>Es läuft wieder. Deine bisherigen Diktate stehen im Verlauf; ein laufendes Diktat ist verloren.</translation>
-    </message>
-    <message>
-        <source>Report an Error</source>
-        <translation>Fehler melden</translation>
-    </message>
-    <message>
-        <source>The settings file comes from a newer version of vantro.</source>
-        <translation>Die Einstellungsdatei stammt von einer neueren Version von vantro.</translation>
-    </message>
-    <message>
-        <source>The settings file was damaged.</source>
-        <translation>Die Einstellungsdatei war beschädigt.</translation>
-    </message>
-    <message>
-        <source>vantro starts with fresh settings</source>
-        <translation>vantro startet mit neuen Einstellungen</translation>
-    </message>
-    <message>
-        <source>It is kept as %1. Check your shortcut and microphone in the settings.</source>
-        <translation>Sie wurde als %1 aufgehoben. Prüfe Tastenkürzel und Mikrofon in den Einstellungen.</translation>
     </message>
     <message>
         <source>Reset All Vocabulary &amp; Replacements</source>
@@ -1638,16 +1648,8 @@
         <translation>Löschen</translation>
     </message>
     <message>
-        <source>Cancel</source>
-        <translation>Abbrechen</translation>
-    </message>
-    <message>
-        <source>Settings Not Saved</source>
-        <translation>Einstellungen nicht gespeichert</translation>
-    </message>
-    <message>
-        <source>The settings file %1 cannot be written. Your changes last until vantro quits.</source>
-        <translation>Die Einstellungsdatei %1 lässt sich nicht schreiben. Deine Änderungen gelten nur, bis vantro beendet wird.</translation>
+        <source>the microphone</source>
+        <translation>dem Mikrofon</translation>
     </message>
 </context>
 <context>
@@ -1679,16 +1681,16 @@
         <translation>Der X-Server hat den Tastendruck zum Einfügen abgelehnt.</translation>
     </message>
     <message>
-        <source>The X server does not tell what the keyboard&apos;s keys are.</source>
-        <translation>Der X-Server sagt nicht, welche Tasten die Tastatur hat.</translation>
+        <source>The X server does not report the keyboard layout.</source>
+        <translation>Der X-Server meldet keine Tastaturbelegung.</translation>
     </message>
     <message>
         <source>The keyboard layout has no Control or no Shift key, so nothing can be pasted.</source>
         <translation>Die Tastaturbelegung hat keine Strg- oder keine Umschalttaste, also kann nichts eingefügt werden.</translation>
     </message>
     <message>
-        <source>The keyboard layout has no key for the paste keystroke and no unused one to put it on.</source>
-        <translation>Die Tastaturbelegung hat keine Taste für den Tastendruck zum Einfügen und keine freie dafür.</translation>
+        <source>The keyboard layout has no key for the paste keystroke and no unused key to map it to.</source>
+        <translation>Die Tastaturbelegung hat keine Taste zum Einfügen und keine freie, der man sie zuweisen könnte.</translation>
     </message>
 </context>
 <context>
@@ -1730,6 +1732,13 @@
     </message>
 </context>
 <context>
+    <name>vantro::Alerts</name>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
     <name>wording</name>
     <message>
         <source>No microphone is connected. Plug one in or choose another under Settings, Microphone.</source>
@@ -1737,7 +1746,7 @@
     </message>
     <message>
         <source>The sound server does not answer. Start PulseAudio or PipeWire (for example: systemctl --user start pipewire-pulse) and try again.</source>
-        <translation>Der Tonserver antwortet nicht. Starte PulseAudio oder PipeWire (zum Beispiel: systemctl --user start pipewire-pulse) und versuche es erneut.</translation>
+        <translation>Der Audioserver antwortet nicht. Starte PulseAudio oder PipeWire (zum Beispiel: systemctl --user start pipewire-pulse) und versuche es erneut.</translation>
     </message>
     <message>
         <source>In a terminal: vantro --shortcut Ctrl+Alt+Space</source>
@@ -1748,20 +1757,20 @@
         <translation>Dein API-Schlüssel liegt sicher im Secret Service des Desktops</translation>
     </message>
     <message>
-        <source>No Secret Service answers, so keys cannot be kept. Install and start GNOME Keyring or KWallet, or switch on the Secret Service of KeePassXC.</source>
-        <translation>Kein Secret Service antwortet, also können keine Schlüssel aufbewahrt werden. Installiere und starte GNOME Keyring oder KWallet, oder schalte den Secret Service von KeePassXC ein.</translation>
+        <source>No Secret Service is running, so API keys cannot be stored. Install and start GNOME Keyring or KWallet, or enable the Secret Service in KeePassXC.</source>
+        <translation>Es läuft kein Secret Service, daher lassen sich keine API-Schlüssel speichern. Installiere und starte GNOME Keyring oder KWallet, oder schalte in KeePassXC den Secret Service ein.</translation>
     </message>
     <message>
-        <source>There is no session bus to ask the Secret Service over. Log in to a desktop session, or start one with dbus-run-session.</source>
-        <translation>Es gibt keinen Sitzungsbus, über den der Secret Service zu fragen wäre. Melde dich an einem Desktop an oder starte einen mit dbus-run-session.</translation>
+        <source>There is no session bus, so the Secret Service cannot be reached. Log in to a desktop session, or start one with dbus-run-session.</source>
+        <translation>Ohne Sitzungsbus ist der Secret Service nicht erreichbar. Melde dich an einem Desktop an oder starte eine Sitzung mit dbus-run-session.</translation>
     </message>
     <message>
         <source>The keyring is locked. Unlock it (Passwords and Keys, KWalletManager or KeePassXC) and try again.</source>
         <translation>Der Schlüsselbund ist gesperrt. Entsperre ihn (Passwörter und Verschlüsselung, KWalletManager oder KeePassXC) und versuche es erneut.</translation>
     </message>
     <message>
-        <source>The Secret Service could not do it: %1</source>
-        <translation>Der Secret Service konnte es nicht: %1</translation>
+        <source>The Secret Service reported an error: %1</source>
+        <translation>Der Secret Service meldet einen Fehler: %1</translation>
     </message>
     <message>
         <source>Local processing requires a language model that comes with the system; this one has none</source>

@@ -37,7 +37,7 @@ NetworkError NetworkError::of(const QNetworkReply& reply)
     }
     case QNetworkReply::TooManyRedirectsError:
     case QNetworkReply::InsecureRedirectError:
-        return {Kind::redirected, tr("%1 sends the request on to a place where it cannot end (%2). Check the address.")
+        return {Kind::redirected, tr("%1 redirects the request to where it cannot be answered (%2). Check the address.")
                                       .arg(reply.request().url().host(), reason)};
     case QNetworkReply::RemoteHostClosedError:
         return cutOff(host);
@@ -59,24 +59,24 @@ NetworkError NetworkError::unreachable(const QString& host, const QString& reaso
 
 NetworkError NetworkError::cutOff(const QString& host)
 {
-    return {Kind::cutOff, tr("The connection to %1 broke off before the answer was complete. Try again.").arg(host)};
+    return {Kind::cutOff, tr("The connection to %1 was lost before the response was complete. Try again.").arg(host)};
 }
 
 NetworkError NetworkError::timedOut(const QString& host, std::chrono::milliseconds timeout)
 {
     const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(timeout).count();
-    return {Kind::timedOut, tr("%1 has not answered within %2 seconds.").arg(host).arg(seconds)};
+    return {Kind::timedOut, tr("%1 has not responded within %2 seconds.").arg(host).arg(seconds)};
 }
 
 NetworkError NetworkError::tooLarge(const QString& host, qint64 limitBytes)
 {
     const QString limit = QLocale().formattedDataSize(limitBytes, 0, QLocale::DataSizeIecFormat);
-    return {Kind::tooLarge, tr("The answer of %1 is larger than %2.").arg(host, limit)};
+    return {Kind::tooLarge, tr("The response from %1 is larger than %2.").arg(host, limit)};
 }
 
 NetworkError NetworkError::notHttp(const QString& host)
 {
-    return {Kind::notHttp, tr("What answers at %1 is no web server.").arg(host)};
+    return {Kind::notHttp, tr("The server at %1 is not a web server.").arg(host)};
 }
 
 NetworkError NetworkError::cancelled()

@@ -237,8 +237,8 @@ TEST(ModelDownloader, LeavesTheReasonOfAFailureToBeRead)
         throw ModelDownloadError::diskFull(QStringLiteral("/models"));
     };
     EXPECT_EQ(statusAfterDownload({}),
-              QStringLiteral("Download failed: The disk of /models is full. What was fetched is "
-                             "kept: make room, then try again to continue there."));
+              QStringLiteral("Download failed: The disk of /models is full. Free some space, then "
+                             "try again to resume the download."));
     provider.fetch = [](const auto&) {
     };
     provider.answer = ModelCheck(false, QStringLiteral("ggml-x.bin is not the published file."));

@@ -124,7 +124,7 @@ class HostFaultTest(DownloadCase):
                                (f"file://{self.profile}", f"{self.profile}/resolve/main/ has no readable file {FILE}")):
                 with self.subTest(host):
                     self.check_failed(self.download(host), NO_SERVICE, text)
-        for status, text in ((404, "has no file"), (403, "does not hand out"), (500, "cannot deliver")):
+        for status, text in ((404, "has no file"), (403, "refuses access to"), (500, "cannot deliver")):
             with self.subTest(status):
                 self.server.fault = Fault(status=status)
                 self.check_failed(self.download(), NO_SERVICE, f"127.0.0.1 {text}", FILE, f"(error {status})")
@@ -142,7 +142,7 @@ class HostFaultTest(DownloadCase):
 
     def test_a_body_shorter_than_announced_is_no_model_and_what_came_is_kept(self):
         self.server.fault = Fault(announce=SIZE + 1000)
-        self.check_failed(self.download(), NO_SERVICE, "What was fetched is kept")
+        self.check_failed(self.download(), NO_SERVICE, "to resume the download")
         self.check_good_host_helps()
 
     def test_what_lies_beyond_the_announced_end_is_ignored(self):
@@ -200,7 +200,7 @@ class ContinuationTest(DownloadCase):
         download.send_signal(signal.SIGINT)
         _, message = download.communicate(timeout=TIMEOUT_S)
         self.assertEqual(download.returncode, INTERRUPTED)
-        self.assertIn("What was fetched is kept", message)
+        self.assertIn("It can be resumed later", message)
         self.assertEqual(self.part.stat().st_size, MIDDLE)
         listed = json.loads(self.run_models("list", "--json").stdout)
         self.assertEqual([entry["state"] for entry in listed if entry["name"] == MODEL], ["partial"])
@@ -294,7 +294,7 @@ class DiskTest(DownloadCase):
         result = self.download(prefix=self.in_mounted("-o size=100m", script),
                                env={"PART": str(self.part), "MODELS": str(self.models), "GO": str(go)})
         self.assertEqual(result.returncode, FAILED, result.stderr)
-        self.assertIn("is full. What was fetched is kept", result.stderr)
+        self.assertIn("is full. Free some space", result.stderr)
         self.assertIn("part ", result.stdout)
         self.assertIn("then 0", result.stdout, "with room again the rest is fetched")
 

@@ -24,7 +24,7 @@ every dictation and by vantro transcribe.
 Exit status: 0 done, 1 failed, 2 wrong usage, 3 no such entry.)";
 
 constexpr char vocabularyDescription[] =
-    R"(Words that help the engine to recognise and spell them correctly. Use sparingly: too many words can
+    R"(Words that the engine should recognise and spell correctly. Use sparingly: too many words can
 confuse it and may affect punctuation, language detection, and formatting.
 
   list               List all words, numbered. The default.

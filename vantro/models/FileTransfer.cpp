@@ -66,7 +66,7 @@ QCoro::Task<FileLock> FileTransfer::takeLock()
             progress_.receivedBytes = part_.bytes();
             progress_.totalBytes = note->totalBytes;
         }
-        co_await pause(lockPollInterval, tr("Waiting for another vantro that downloads the same file"));
+        co_await pause(lockPollInterval, tr("Waiting for another vantro to download the same file"));
     }
 }
 
@@ -95,7 +95,7 @@ QCoro::Task<> FileTransfer::fetchAll()
                 co_return;
             part_.discard();
             if (std::exchange(hasStartedAnew, true))
-                throw ModelDownloadError::connectionBroken(request_.url.host(), tr("the file changes all the time"));
+                throw ModelDownloadError::connectionBroken(request_.url.host(), tr("the file keeps changing"));
         } catch (const ModelDownloadError& error) {
             const bool isWorthwhile = error.kind() == ModelDownloadError::Kind::connectionBroken &&
                                       part_.bytes() > before && reconnections < options_.reconnections;
@@ -105,7 +105,7 @@ QCoro::Task<> FileTransfer::fetchAll()
         }
         if (broken) {
             ++reconnections;
-            co_await pause(options_.reconnectionPause, tr("The connection was lost, trying again"));
+            co_await pause(options_.reconnectionPause, tr("Connection lost, trying again"));
         }
     }
 }

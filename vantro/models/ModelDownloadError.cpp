@@ -38,7 +38,7 @@ ModelDownloadError ModelDownloadError::refusedByServer(const QString& host, int 
     else if (status == 404 || status == 410)
         text = tr("%1 has no file %2 (error %3). Check the model host's address.").arg(host, file).arg(status);
     else if (status == 401 || status == 403 || status == 407)
-        text = tr("%1 does not hand out %2 (error %3). Check the model host's address and whether it asks for a login.")
+        text = tr("%1 refuses access to %2 (error %3). Check the model host's address and whether it requires a login.")
                    .arg(host, file)
                    .arg(status);
     else
@@ -48,9 +48,8 @@ ModelDownloadError ModelDownloadError::refusedByServer(const QString& host, int 
 
 ModelDownloadError ModelDownloadError::connectionBroken(const QString& host, const QString& reason)
 {
-    return {Kind::connectionBroken,
-            tr("The connection to %1 was lost (%2). What was fetched is kept: try again to continue there.")
-                .arg(host, NetworkError::withoutFullStop(reason))};
+    return {Kind::connectionBroken, tr("The connection to %1 was lost (%2). Try again to resume the download.")
+                                        .arg(host, NetworkError::withoutFullStop(reason))};
 }
 
 ModelDownloadError ModelDownloadError::wrongContent(const QString& description)
@@ -60,21 +59,20 @@ ModelDownloadError ModelDownloadError::wrongContent(const QString& description)
 
 ModelDownloadError ModelDownloadError::notEnoughSpace(const QString& folder, qint64 neededBytes, qint64 freeBytes)
 {
-    return {Kind::notEnoughSpace, tr("There is not enough space in %1: %2 more are needed, %3 are free. Make room, or "
-                                     "choose a smaller model.")
-                                      .arg(folder, sizeText(neededBytes), sizeText(freeBytes))};
+    return {Kind::notEnoughSpace,
+            tr("There is not enough space in %1: %2 more needed, %3 free. Free some space, or choose a smaller model.")
+                .arg(folder, sizeText(neededBytes), sizeText(freeBytes))};
 }
 
 ModelDownloadError ModelDownloadError::diskFull(const QString& folder)
 {
     return {Kind::notEnoughSpace,
-            tr("The disk of %1 is full. What was fetched is kept: make room, then try again to continue there.")
-                .arg(folder)};
+            tr("The disk of %1 is full. Free some space, then try again to resume the download.").arg(folder)};
 }
 
 ModelDownloadError ModelDownloadError::folderNotWritable(const QString& folder, const QString& reason)
 {
-    return {Kind::folderNotWritable, tr("The folder %1 cannot be written to (%2). Change its permissions.")
+    return {Kind::folderNotWritable, tr("The folder %1 is not writable (%2). Change its permissions.")
                                          .arg(folder, NetworkError::withoutFullStop(reason))};
 }
 
@@ -86,7 +84,7 @@ ModelDownloadError ModelDownloadError::notWritten(const QString& file, const QSt
 
 ModelDownloadError ModelDownloadError::cancelled()
 {
-    return {Kind::cancelled, tr("The download was stopped. What was fetched is kept.")};
+    return {Kind::cancelled, tr("The download was stopped. It can be resumed later.")};
 }
 
 bool ModelDownloadError::isHostsFault() const

@@ -34,22 +34,21 @@ SecretStoreError noServiceError()
 {
     return {SecretStoreError::Kind::unavailable,
             QCoreApplication::translate("wording",
-                                        "No Secret Service answers, so keys cannot be kept. Install and start GNOME "
-                                        "Keyring or KWallet, or switch on the Secret Service of KeePassXC.")};
+                                        "No Secret Service is running, so API keys cannot be stored. Install and start "
+                                        "GNOME Keyring or KWallet, or enable the Secret Service in KeePassXC.")};
 }
 
 SecretStoreError noSessionBusError()
 {
     return {SecretStoreError::Kind::unavailable,
-            QCoreApplication::translate("wording",
-                                        "There is no session bus to ask the Secret Service over. Log in to a "
-                                        "desktop session, or start one with dbus-run-session.")};
+            QCoreApplication::translate("wording", "There is no session bus, so the Secret Service cannot be reached. "
+                                                   "Log in to a desktop session, or start one with dbus-run-session.")};
 }
 
 SecretStoreError failedError(const QString& reason)
 {
     return {SecretStoreError::Kind::failed,
-            QCoreApplication::translate("wording", "The Secret Service could not do it: %1").arg(reason)};
+            QCoreApplication::translate("wording", "The Secret Service reported an error: %1").arg(reason)};
 }
 
 /// Where libsecret puts its complaint; check() makes it an error of ours.

@@ -103,7 +103,7 @@ X11KeyEventPoster::Stroke X11KeyEventPoster::strokeFor(PasteChord chord)
 {
     const X11Keymap keymap(connection_);
     if (!keymap.isValid())
-        throw KeyEventError(tr("The X server does not tell what the keyboard's keys are."));
+        throw KeyEventError(tr("The X server does not report the keyboard layout."));
     // A hot key of ours that is held would swallow the keystroke.
     if (anyOrdinary(keysDown(), keymap))
         XUngrabKeyboard(connection_.display(), CurrentTime);
@@ -163,7 +163,7 @@ unsigned X11KeyEventPoster::borrowKey(const X11Keymap& keymap, unsigned long key
     const auto key = keymap.emptyKey();
     if (!key)
         throw KeyEventError(
-            tr("The keyboard layout has no key for the paste keystroke and no unused one to put it on."));
+            tr("The keyboard layout has no key for the paste keystroke and no unused key to map it to."));
     std::array<KeySym, 2> keysyms{keysym, keysym == XK_v ? XK_V : keysym};
     XChangeKeyboardMapping(connection_.display(), static_cast<int>(*key), keysyms.size(), keysyms.data(), 1);
     connection_.setBorrowedKeyCode(*key);

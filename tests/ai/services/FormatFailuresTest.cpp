@@ -91,7 +91,7 @@ TEST_F(FormatFailures, ABrokenConnectionNamesTheHost)
     const Outcome cut =
         formatWith({{QStringLiteral("body"), QString(5'000, QLatin1Char(' '))}, {QStringLiteral("cut_after"), 1'000}});
     EXPECT_EQ(cut.description(),
-              QStringLiteral("Network error: The connection to 127.0.0.1 broke off before the answer "
+              QStringLiteral("Network error: The connection to 127.0.0.1 was lost before the response "
                              "was complete. Try again."));
 
     const auto before = server.requests().size();
@@ -121,13 +121,14 @@ TEST_F(FormatFailures, ASilentServerIsGivenUpAfterThirtySecondsAndAfterTenByTheC
     EXPECT_FALSE(formatted->isThere);
     clock.advance(1ms);
     ASSERT_TRUE(waitFor([&] { return formatted->isThere; }));
-    EXPECT_EQ(formatted->description(), QStringLiteral("Network error: 127.0.0.1 has not answered within 30 seconds."));
+    EXPECT_EQ(formatted->description(),
+              QStringLiteral("Network error: 127.0.0.1 has not responded within 30 seconds."));
 
     const auto verified = begin(asked->verifyCredentials(account));
     ASSERT_TRUE(waitFor([&] { return server.requests().size() == 2; }));
     clock.advance(10s);
     ASSERT_TRUE(waitFor([&] { return verified->isThere; }));
-    EXPECT_EQ(verified->description(), QStringLiteral("Network error: 127.0.0.1 has not answered within 10 seconds."));
+    EXPECT_EQ(verified->description(), QStringLiteral("Network error: 127.0.0.1 has not responded within 10 seconds."));
 
     // An answer in time takes the limit back.
     server.answerChat(QStringLiteral("text"));
@@ -151,7 +152,7 @@ TEST_F(FormatFailures, ACancelEndsTheRequestInTheMiddle)
 
 TEST_F(FormatFailures, AnAnswerOverEightMebibytesIsRefused)
 {
-    const QString tooLarge = QStringLiteral("Network error: The answer of 127.0.0.1 is larger than 8 MiB.");
+    const QString tooLarge = QStringLiteral("Network error: The response from 127.0.0.1 is larger than 8 MiB.");
     for (const bool announced : {true, false}) {
         EXPECT_EQ(formatWith({{QStringLiteral("fill_bytes"), 9'000'000}, {QStringLiteral("announce"), announced}})
                       .description(),
