@@ -474,11 +474,11 @@
     </message>
     <message>
         <source>Works in every program. To change it, click it or press Space, then press the new keys.</source>
-        <translation>Wirkt in jedem Programm. Zum Ändern klicke darauf oder drücke die Leertaste, dann die neuen Tasten.</translation>
+        <translation>Funktioniert in jedem Programm. Zum Ändern klicke darauf oder drücke die Leertaste, dann die neuen Tasten.</translation>
     </message>
     <message>
         <source>Hold to talk</source>
-        <translation>Halten zum Sprechen</translation>
+        <translation>Zum Sprechen halten</translation>
     </message>
     <message>
         <source>The recording lasts as long as you hold the shortcut.</source>
@@ -490,7 +490,7 @@
     </message>
     <message>
         <source>Works only while vantro is recording.</source>
-        <translation>Wirkt nur, während vantro aufnimmt.</translation>
+        <translation>Funktioniert nur, während vantro aufnimmt.</translation>
     </message>
 </context>
 <context>
@@ -696,7 +696,7 @@
     </message>
     <message>
         <source>Speed</source>
-        <translation>Tempo</translation>
+        <translation>Geschwindigkeit</translation>
     </message>
     <message>
         <source>Accuracy</source>
@@ -990,7 +990,7 @@
     </message>
     <message>
         <source>It works in every program. Press it to start, and Space when you are done.</source>
-        <translation>Es wirkt in jedem Programm. Drücke es, um zu beginnen, und die Leertaste, wenn du fertig bist.</translation>
+        <translation>Es funktioniert in jedem Programm. Drücke es, um zu beginnen, und die Leertaste, wenn du fertig bist.</translation>
     </message>
     <message>
         <source>None of the usual shortcuts is free. Record one of your own.</source>
@@ -1199,7 +1199,7 @@
     </message>
     <message>
         <source>Edit</source>
-        <translation>Ändern</translation>
+        <translation>Bearbeiten</translation>
     </message>
     <message>
         <source>Remove</source>
@@ -1298,11 +1298,11 @@
     </message>
     <message>
         <source>Edit</source>
-        <translation>Ändern</translation>
+        <translation>Bearbeiten</translation>
     </message>
     <message>
         <source>Edit replacement</source>
-        <translation>Ersetzung ändern</translation>
+        <translation>Ersetzung bearbeiten</translation>
     </message>
     <message>
         <source>Remove</source>
