@@ -5,12 +5,12 @@
 
 namespace vantro {
 
-/// Holds one coroutine at "co_await gate.opened()" until somebody opens it; the coroutine goes on before open()
-/// returns. Main thread.
+/// Suspends one coroutine at "co_await gate.opened()" until open() is called, which resumes it synchronously. Main
+/// thread.
 class Gate
 {
 public:
-    /// Opening it again does nothing.
+    /// Calling it again is a no-op.
     void open()
     {
         isOpen_ = true;
