@@ -17,15 +17,14 @@ namespace vantro {
 class X11Connection;
 class X11Keymap;
 
-/// Hot keys as grabs on the root window. A combination is bound to the keys that carry its symbol in the layout in
-/// force, or else in another of the user's layouts, or else (a letter, when no layout has Latin letters) to the key in
-/// its place; it is bound anew when the layout changes.
-class X11HotKeyManager final : public HotKeyManager
+/// Implements hot keys as grabs on the root window. A combination is bound to the keys with its symbol in the active
+/// layout, else in another layout of the user, else (for letters, if no layout is Latin) to the key at its US position.
+/// Rebinds when the layout changes.
 {
     Q_OBJECT
 public:
     /// @p connection must outlive the manager.
-    explicit X11HotKeyManager(X11Connection& connection);
+    explicit X11HotKeyManager(X11Connection & connection);
     ~X11HotKeyManager() override;
 
     void registerHotKey(std::uint32_t id, std::uint32_t keyCode, std::uint32_t modifiers) override;
@@ -52,7 +51,7 @@ private:
         std::uint32_t id = 0;
     };
 
-    void handleEvent(_XEvent& event);
+    void handleEvent(_XEvent & event);
     void keyPressed(unsigned key, unsigned state);
     void keyReleased(unsigned key);
     void keyboardChanged();
@@ -62,7 +61,7 @@ private:
     void grab(const std::vector<Grab>& wanted);
     void release(const std::vector<Grab>& unwanted);
     [[nodiscard]] bool isWanted(const Grab& grab) const;
-    /// A sentence for the user when the other programs or the keyboard leave @p hotKey without effect.
+    /// Why @p hotKey has no effect (another program, or the keyboard), as a sentence for the user.
     [[nodiscard]] std::optional<QString> whyNotBound(const HotKey& hotKey) const;
 
     X11Connection& connection_;
