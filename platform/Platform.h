@@ -46,7 +46,8 @@ struct Platform
 
 /// What to create: everything for the desktop program, which needs a QGuiApplication, or one part for a command, which
 /// works with any Qt application and without a display. Other members stay null.
-everything,
+enum class PlatformPart {
+    everything,
     microphones, ///< only their list
     shortcuts,   ///< hot keys and the desktop's bindings
     services,    ///< secrets and languages

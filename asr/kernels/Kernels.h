@@ -44,8 +44,7 @@ struct Kernels
                            Share share);
     void (*subsample)(const Map& source, const Convolution& convolution, const Map& result, Share share);
     /// The middle of a convolution module. @p source: [frame][2 * channels], values followed by their gates. Each frame
-    /// of
-    /// @p result [frame][channels] is swish(convolution(value * sigmoid(gate))).
+    /// of @p result [frame][channels] is swish(convolution(value * sigmoid(gate))).
     void (*gatedConvolution)(const float* source, std::size_t frames, const TimeConvolution& convolution, float* result,
                              Share share);
 };

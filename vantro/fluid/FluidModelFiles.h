@@ -13,6 +13,7 @@ namespace vantro {
 
 /// Locates and checks Parakeet model files. No digests are published, so a file is accepted when it contains everything
 /// that its header announces. A checked file is not read again until its size or modification time changes. Any thread.
+class FluidModelFiles
 {
 public:
     /// @p folders are searched in order; downloads go to the first, the user's own. See modelFolders().

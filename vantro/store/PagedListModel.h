@@ -15,6 +15,7 @@ namespace vantro {
 /// A lazily loaded list of stored rows, newest first. Pages are fetched as the view asks for more, and only the most
 /// recently used ones are kept in memory; others are read again on demand. Changes are reported per row. A read failure
 /// is logged and ends the list there.
+class PagedListModel : public QAbstractListModel
 {
     Q_OBJECT
 public:
@@ -36,7 +37,7 @@ protected:
         QVariantList values; ///< for Qt::UserRole and the following roles
     };
 
-    explicit PagedListModel(QObject * parent);
+    explicit PagedListModel(QObject* parent);
 
     /// The newest rows of @p range, newest first. May throw StoreError, as may count().
     [[nodiscard]] virtual std::vector<Row> read(FetchRange range, int limit) const = 0;
@@ -65,7 +66,7 @@ private:
     void replaceRows(std::size_t page, const std::vector<Row>& now);
     void changeCount(std::size_t page, int now, int at);
     void split(std::size_t page);
-    [[nodiscard]] const std::vector<Row>& rowsOf(Page & page) const;
+    [[nodiscard]] const std::vector<Row>& rowsOf(Page& page) const;
     void dropLeastUsed() const;
     [[nodiscard]] int firstRowOf(std::size_t page) const;
     [[nodiscard]] int rowsNewerThan(qint64 objectID, const Page& page) const;

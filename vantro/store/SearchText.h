@@ -13,13 +13,11 @@ QString searchTerms(const QString& transcription, const QString& formatted);
 /// Converts a user's search text. A row matches if it contains all words, in any order, as whole words or prefixes,
 /// ignoring case and accents, and all symbols that are not words (emoji, "+", currency signs). There is no query
 /// syntax: all characters are literal.
+struct SearchQuery
 {
     explicit SearchQuery(const QString& typed);
 
-    [[nodiscard]] bool isEmpty() const
-    {
-        return match.isEmpty() && literals.isEmpty();
-    }
+    [[nodiscard]] bool isEmpty() const { return match.isEmpty() && literals.isEmpty(); }
 
     QString match;        ///< FTS5 query; empty without words
     QStringList literals; ///< each must occur literally in one of the texts

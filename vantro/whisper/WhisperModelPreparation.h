@@ -12,6 +12,7 @@ namespace vantro {
 /// Prepares whisper models that are already on this machine, before a model is selected: moves downloads of the whisper
 /// library's own script into the user's folder (once) and verifies unverified files (always). Hashes on a worker
 /// thread. Main thread.
+class WhisperModelPreparation
 {
 public:
     WhisperModelPreparation(const ModelCatalogue& catalogue, const WhisperModelFiles& modelFiles,

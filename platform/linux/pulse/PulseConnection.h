@@ -21,6 +21,7 @@ class PulseLoop;
 /// The program's single connection to the sound server (PulseAudio or PipeWire), shared by the device list and all
 /// engines, which it must outlive. Connects on construction, caches the available sources, and reconnects when the
 /// server returns. Purely event-driven. Main thread only.
+class PulseConnection : public QObject
 {
     Q_OBJECT
 public:
@@ -32,16 +33,10 @@ public:
     /// makes a new attempt. The snapshot is current on return; updated() follows from the event loop.
     [[nodiscard]] bool serverAnswers();
 
-    [[nodiscard]] const PulseSnapshot& snapshot() const
-    {
-        return snapshot_;
-    }
+    [[nodiscard]] const PulseSnapshot& snapshot() const { return snapshot_; }
 
     /// For this folder only: the thread that runs the streams.
-    [[nodiscard]] PulseLoop& loop()
-    {
-        return *loop_;
-    }
+    [[nodiscard]] PulseLoop& loop() { return *loop_; }
 
 Q_SIGNALS:
     /// The snapshot was replaced, possibly by an equal one, or a stream has an incident.
@@ -51,7 +46,7 @@ private:
     void attempt();
     void attemptLater();
     void takeSnapshot();
-    void assignIds(PulseSnapshot & snapshot);
+    void assignIds(PulseSnapshot& snapshot);
 
     Logger logger_{"PulseConnection"};
     QString server_;

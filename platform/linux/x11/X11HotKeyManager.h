@@ -20,11 +20,12 @@ class X11Keymap;
 /// Implements hot keys as grabs on the root window. A combination is bound to the keys with its symbol in the active
 /// layout, else in another layout of the user, else (for letters, if no layout is Latin) to the key at its US position.
 /// Rebinds when the layout changes.
+class X11HotKeyManager final : public HotKeyManager
 {
     Q_OBJECT
 public:
     /// @p connection must outlive the manager.
-    explicit X11HotKeyManager(X11Connection & connection);
+    explicit X11HotKeyManager(X11Connection& connection);
     ~X11HotKeyManager() override;
 
     void registerHotKey(std::uint32_t id, std::uint32_t keyCode, std::uint32_t modifiers) override;
@@ -51,7 +52,7 @@ private:
         std::uint32_t id = 0;
     };
 
-    void handleEvent(_XEvent & event);
+    void handleEvent(_XEvent& event);
     void keyPressed(unsigned key, unsigned state);
     void keyReleased(unsigned key);
     void keyboardChanged();

@@ -11,6 +11,7 @@ class X11SelectionService;
 /// The CLIPBOARD and PRIMARY selections, served by a thread with its own connection: other programs (and Qt in this
 /// one, which blocks the main thread) get the text even while the main thread is busy, and waits for an unresponsive
 /// program are bounded.
+class X11Pasteboard final : public Pasteboard
 {
 public:
     /// @p displayName: by default $DISPLAY. Without an X server, selections are empty and setters are no-ops.
