@@ -158,7 +158,7 @@
         <translation>sie endete nach %1 von %2</translation>
     </message>
     <message>
-        <source>nothing has come for %1 s</source>
+        <source>no data for %1 s</source>
         <translation>seit %1 s kam nichts mehr</translation>
     </message>
 </context>
@@ -173,7 +173,7 @@
         <translation>Warten auf ein anderes vantro, das dieselbe Datei lädt</translation>
     </message>
     <message>
-        <source>the file changes all the time</source>
+        <source>the file keeps changing</source>
         <translation>die Datei ändert sich ständig</translation>
     </message>
     <message>
@@ -769,8 +769,8 @@
         <translation>Der verschlüsselten Verbindung zu %1 ist nicht zu trauen (%2). Prüfe die Uhr dieses Rechners oder installiere das Zertifikat deines eigenen Servers.</translation>
     </message>
     <message>
-        <source>%1 sends the request on to a place where it cannot end (%2). Check the address.</source>
-        <translation>%1 leitet die Anfrage an eine Stelle, an der sie nicht enden kann (%2). Prüfe die Adresse.</translation>
+        <source>%1 redirects in a loop or to an insecure address (%2). Check the address.</source>
+        <translation>%1 leitet im Kreis oder an eine unsichere Adresse weiter (%2). Prüfe die Adresse.</translation>
     </message>
     <message>
         <source>%1 cannot be reached (%2). Check the network connection, the proxy and the address.</source>
@@ -789,8 +789,8 @@
         <translation>Die Antwort von %1 ist größer als %2.</translation>
     </message>
     <message>
-        <source>What answers at %1 is no web server.</source>
-        <translation>Was bei %1 antwortet, ist kein Webserver.</translation>
+        <source>%1 is not a web server. Check the address.</source>
+        <translation>%1 ist kein Webserver. Prüfe die Adresse.</translation>
     </message>
     <message>
         <source>The request was cancelled.</source>
@@ -1679,8 +1679,8 @@
         <translation>Der X-Server hat den Tastendruck zum Einfügen abgelehnt.</translation>
     </message>
     <message>
-        <source>The X server does not tell what the keyboard&apos;s keys are.</source>
-        <translation>Der X-Server sagt nicht, welche Tasten die Tastatur hat.</translation>
+        <source>The X server did not report the keyboard layout.</source>
+        <translation>Der X-Server hat die Tastaturbelegung nicht mitgeteilt.</translation>
     </message>
     <message>
         <source>The keyboard layout has no Control or no Shift key, so nothing can be pasted.</source>
@@ -1760,8 +1760,8 @@
         <translation>Der Schlüsselbund ist gesperrt. Entsperre ihn (Passwörter und Verschlüsselung, KWalletManager oder KeePassXC) und versuche es erneut.</translation>
     </message>
     <message>
-        <source>The Secret Service could not do it: %1</source>
-        <translation>Der Secret Service konnte es nicht: %1</translation>
+        <source>The Secret Service reported an error: %1</source>
+        <translation>Der Secret Service meldet einen Fehler: %1</translation>
     </message>
     <message>
         <source>Local processing requires a language model that comes with the system; this one has none</source>

@@ -223,7 +223,7 @@ void Fetch::checkStall()
     if (std::chrono::milliseconds(lastHeard_.elapsed()) < options_.stallTimeout)
         return;
     const QString reason =
-        tr("nothing has come for %1 s").arg(static_cast<double>(options_.stallTimeout.count()) / 1000);
+        tr("no data for %1 s").arg(static_cast<double>(options_.stallTimeout.count()) / 1000);
     throw isAccepted_ ? ModelDownloadError::connectionBroken(host(), reason)
                       : ModelDownloadError(NetworkError::unreachable(host(), reason));
 }

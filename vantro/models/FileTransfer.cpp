@@ -95,7 +95,7 @@ QCoro::Task<> FileTransfer::fetchAll()
                 co_return;
             part_.discard();
             if (std::exchange(hasStartedAnew, true))
-                throw ModelDownloadError::connectionBroken(request_.url.host(), tr("the file changes all the time"));
+                throw ModelDownloadError::connectionBroken(request_.url.host(), tr("the file keeps changing"));
         } catch (const ModelDownloadError& error) {
             const bool isWorthwhile = error.kind() == ModelDownloadError::Kind::connectionBroken &&
                                       part_.bytes() > before && reconnections < options_.reconnections;

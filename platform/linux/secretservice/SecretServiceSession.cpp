@@ -49,7 +49,7 @@ SecretStoreError noSessionBusError()
 SecretStoreError failedError(const QString& reason)
 {
     return {SecretStoreError::Kind::failed,
-            QCoreApplication::translate("wording", "The Secret Service could not do it: %1").arg(reason)};
+            QCoreApplication::translate("wording", "The Secret Service reported an error: %1").arg(reason)};
 }
 
 /// Receives a GError; check() throws it as a SecretStoreError.

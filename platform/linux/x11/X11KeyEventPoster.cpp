@@ -103,7 +103,7 @@ X11KeyEventPoster::Stroke X11KeyEventPoster::strokeFor(PasteChord chord)
 {
     const X11Keymap keymap(connection_);
     if (!keymap.isValid())
-        throw KeyEventError(tr("The X server does not tell what the keyboard's keys are."));
+        throw KeyEventError(tr("The X server did not report the keyboard layout."));
     // The grab of our own held hot key would swallow the keystroke.
     if (anyOrdinary(keysDown(), keymap))
         XUngrabKeyboard(connection_.display(), CurrentTime);
