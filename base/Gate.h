@@ -17,7 +17,7 @@ public:
         if (const auto waiting = std::exchange(waiting_, nullptr))
             waiting.resume();
     }
-    /// An object of its own, since GCC 12 awaits a copy of what is not a temporary.
+    /// A separate object, because GCC 12 awaits a copy of anything that is not a temporary.
     [[nodiscard]] auto opened() { return Opened{*this}; }
 
 private:
