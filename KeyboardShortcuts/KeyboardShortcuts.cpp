@@ -28,12 +28,12 @@ QString storageKey(const QString& name)
     return storagePrefix + name;
 }
 
-/// Never the same twice while the program runs, so that a late event of a former hot key cannot reach a new one.
+/// Never reuses an identifier, so a late event of a released hot key cannot reach a new one.
 std::uint32_t nextHotKeyId()
 {
     static std::uint32_t last = 0;
     if (last == std::numeric_limits<std::uint32_t>::max())
-        qFatal("The hot key identifiers are used up");
+        qFatal("Out of hot key identifiers");
     return ++last;
 }
 
@@ -110,7 +110,7 @@ KeyboardShortcuts::Registration KeyboardShortcuts::add(const Name& name, Phase p
     const bool isFirst = handlers.isEmpty();
     (phase == Phase::Down ? handlers.keyDown : handlers.keyUp).push_back({token, &owner, std::move(action)});
     defaultShortcuts_[name.rawValue] = name.defaultShortcut;
-    // A shortcut that could not be registered for the first action would fail, and be told, again.
+    // Otherwise a shortcut whose first registration failed would fail and be reported again.
     if (isFirst)
         update(name.rawValue);
     return {*this, token};
@@ -157,7 +157,7 @@ std::optional<KeyboardShortcuts::Shortcut> KeyboardShortcuts::shortcut(const Nam
         return name.defaultShortcut;
     const auto stored = Shortcut::fromJson(*text);
     if (!stored)
-        logger().error(QStringLiteral("The stored shortcut of %1 cannot be read: %2").arg(name.rawValue, *text));
+        logger().error(QStringLiteral("The stored shortcut for %1 cannot be read: %2").arg(name.rawValue, *text));
     return stored ? stored : name.defaultShortcut;
 }
 
@@ -166,7 +166,7 @@ void KeyboardShortcuts::setShortcut(const Name& name, const std::optional<Shortc
     const QString key = storageKey(name.rawValue);
     const auto json = shortcut ? std::optional(shortcut->toJson()) : std::nullopt;
     if (json == defaults_.read<QString>(key))
-        adoptSetting(key); // what could not be registered is tried again
+        adoptSetting(key); // retries a failed registration
     else if (json)
         defaults_.write(key, *json);
     else
@@ -290,7 +290,7 @@ void KeyboardShortcuts::dispatch(std::uint32_t id, Phase phase)
     if (found == registered_.end())
         return;
     const QString name = found->first;
-    // A copy: the action may well end its own registration.
+    // A copy, because the action may end its own registration.
     const Action action = phase == Phase::Down ? found->second.onKeyDown : found->second.onKeyUp;
     if (phase == Phase::Down)
         held_[name] = std::nullopt;
@@ -334,7 +334,7 @@ void KeyboardShortcuts::run(const QString& name, Phase phase)
     };
     std::vector<std::uint64_t> tokens;
     std::ranges::transform(handlers(), std::back_inserter(tokens), &Handler::token);
-    // An action may end any registration or make new ones.
+    // Actions may add and end registrations.
     for (const auto token : tokens) {
         const auto handler = std::ranges::find(handlers(), token, &Handler::token);
         if (handler == handlers().end() || handler->owner == nullptr)

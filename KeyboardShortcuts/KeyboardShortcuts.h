@@ -18,13 +18,13 @@
 
 namespace vantro {
 
-/// Named global shortcuts: stored in the preferences, registered as system-wide hot keys while something listens to
-/// them, and dispatched to the actions of their name. Main owns the one object; main thread only.
+/// Named global shortcuts: stored in the preferences, registered as system-wide hot keys while they have handlers, and
+/// dispatched to those handlers. Created once, in main; main thread only.
 class KeyboardShortcuts : public QObject
 {
     Q_OBJECT
 public:
-    /// A virtual key code as platform/KeyCode.h describes it.
+    /// A virtual key code; see platform/KeyCode.h.
     struct Key
     {
         qint64 rawValue = 0;
@@ -41,30 +41,29 @@ public:
         Shortcut() = default;
         Shortcut(Key key, std::uint32_t modifiers) : carbonKeyCode(key.rawValue), carbonModifiers(modifiers) {}
 
-        /// The JSON text it is stored as, and back; nothing when the text is not such a record.
+        /// The stored JSON form, and back; nullopt for malformed text.
         [[nodiscard]] QString toJson() const;
         static std::optional<Shortcut> fromJson(const QString& text);
-        /// "Ctrl+Alt+D" as this desktop writes it.
+        /// "Ctrl+Alt+D", with this desktop's key names.
         [[nodiscard]] QString displayText() const;
         friend bool operator==(const Shortcut&, const Shortcut&) = default;
     };
 
-    /// A slot for a shortcut that the user can choose.
+    /// An action that the user can assign a shortcut to.
     struct Name
     {
         QString rawValue;
         std::optional<Shortcut> defaultShortcut;
 
-        /// Shows the launcher and starts recording. None until the user has chosen one.
+        /// Shows the launcher and starts recording. No default.
         static const Name openModal;
-        /// Ends the recording while the launcher has the keyboard; starts out disabled, so that Space types a space
-        /// everywhere else.
+        /// Ends the recording. Enabled only while the launcher has the keyboard, because its default is a plain Space.
         static const Name stopRecordingAndCloseModal;
     };
 
     using Action = std::function<void()>;
 
-    /// Ends the registration of an action when destroyed. Outliving the shortcuts is allowed.
+    /// Unregisters an action when destroyed. May outlive the KeyboardShortcuts object.
     class Registration
     {
     public:
@@ -81,15 +80,15 @@ public:
         std::uint64_t token_ = 0;
     };
 
-    /// "KeyboardShortcuts_shortcutByNameDidChange"; posted with the raw name under "name".
+    /// "KeyboardShortcuts_shortcutByNameDidChange"; posted with the raw name as "name".
     static const QString shortcutByNameDidChange;
 
     /// All three must outlive this object.
     KeyboardShortcuts(HotKeyManager& hotKeys, UserDefaults& defaults, NotificationCenter& notifications);
     ~KeyboardShortcuts() override;
 
-    /// Runs @p action when @p name's shortcut is pressed or released, after the actions that were there before. @p
-    /// owner is held weakly: once it is destroyed the action is not run any more.
+    /// Runs @p action when @p name's shortcut is pressed or released; actions run in registration order. @p owner is
+    /// held weakly: once it is destroyed, the action no longer runs.
     [[nodiscard]] Registration onKeyDown(const Name& name, QObject& owner, Action action);
     [[nodiscard]] Registration onKeyUp(const Name& name, QObject& owner, Action action);
 
@@ -99,40 +98,40 @@ public:
 
     /// The stored shortcut, else the name's default.
     [[nodiscard]] std::optional<Shortcut> shortcut(const Name& name) const;
-    /// Stores @p shortcut, or removes what is stored; registers it in the place of the former one and posts
-    /// shortcutByNameDidChange. Whether it could be registered is told by failure().
+    /// Stores or removes @p shortcut, re-registers it and posts shortcutByNameDidChange. See failure() for the outcome
+    /// of the registration.
     void setShortcut(const Name& name, const std::optional<Shortcut>& shortcut);
 
-    /// A sentence for the user when @p name's shortcut should be in force and is not.
+    /// Why @p name's shortcut is not active although it should be, as a sentence for the user.
     [[nodiscard]] std::optional<QString> failure(const Name& name) const;
 
-    /// The same shortcuts from key events that reached one of the program's own windows: while an open menu of ours
-    /// holds the keyboard, and where another program holds the combination, no hot key fires. False when the event
-    /// means nothing here. A release belongs to the press that came this way, whatever modifiers are still held.
+    /// The same shortcuts from key events in the program's own windows: no hot key fires while one of our menus has the
+    /// keyboard, or where another program has grabbed the combination. Returns false for an unrelated event. A release
+    /// matches its press by key alone, whatever modifiers are still held.
     bool handleRawKeyDown(const Shortcut& shortcut);
     bool handleRawKeyUp(Key key);
 
-    /// Registers and releases @p shortcut to see whether that is possible; the reason for the user when it is not.
+    /// Tries to register @p shortcut and releases it again; returns the reason for the user when that fails.
     [[nodiscard]] std::optional<QString> whyUnavailable(const Shortcut& shortcut);
 
-    /// Gives @p name the first of a few customary combinations that is free, if it has none. What it then has.
+    /// Assigns the first free one of a few common combinations if @p name has none. Returns the resulting shortcut.
     std::optional<Shortcut> proposeShortcut(const Name& name);
 
-    /// No hot key is registered between suspend() and the matching resume(), so that a control that records a shortcut
-    /// sees the keys. Calls nest.
+    /// Unregisters all hot keys until the matching resume(), so that a control that records a shortcut receives the
+    /// keys. Calls nest.
     void suspend();
     void resume();
 
 Q_SIGNALS:
-    /// @p name's shortcut does not work for the sentence in @p reason: it could not be registered, or was lost later.
+    /// @p name's shortcut could not be registered, or was lost later. @p reason is a sentence for the user.
     void shortcutFailed(const QString& name, const QString& reason);
-    /// @p name's shortcut was changed, disabled or lost while it was held down: its key-up actions will not run.
+    /// @p name's shortcut was changed, disabled or lost while held down: its key-up actions will not run.
     void holdEnded(const QString& name);
 
 private:
     enum class Phase { Down, Up };
 
-    /// A hot key held with the system; released when destroyed.
+    /// A registered hot key; unregisters when destroyed.
     class SystemHotKey
     {
     public:
@@ -171,7 +170,7 @@ private:
 
     Registration add(const Name& name, Phase phase, QObject& owner, Action action);
     void remove(std::uint64_t token);
-    /// Brings what is registered for a name in line with what should be.
+    /// Makes the registered hot key match wanted().
     void update(const QString& name);
     void endHold(const QString& name);
     void adoptSetting(const QString& key);
@@ -191,7 +190,7 @@ private:
     std::set<QString> disabled_;
     std::map<QString, HotKey> registered_;
     std::map<QString, QString> failures_;
-    /// Names whose shortcut is down, with the key where it came as a raw event.
+    /// Names whose shortcut is held down; the key is set for raw events only.
     std::map<QString, std::optional<Key>> held_;
     std::uint64_t lastToken_ = 0;
     int suspensions_ = 0;

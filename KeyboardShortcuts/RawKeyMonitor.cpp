@@ -17,7 +17,7 @@ RawKeyMonitor::RawKeyMonitor(KeyboardShortcuts& shortcuts, const HotKeyManager& 
 
 bool RawKeyMonitor::eventFilter(QObject* watched, QEvent* event)
 {
-    // A window gets each event once; the items inside are handed it again.
+    // Windows receive each event once; Qt then delivers it again to the items inside.
     if (!watched->isWindowType() || (event->type() != QEvent::KeyPress && event->type() != QEvent::KeyRelease))
         return false;
     const auto& key = static_cast<const QKeyEvent&>(*event);

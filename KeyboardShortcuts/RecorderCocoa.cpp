@@ -12,7 +12,7 @@ namespace vantro {
 
 namespace {
 
-/// What a modifier key itself contributes; Qt's events tell the modifiers from before the key.
+/// The modifier of a modifier key itself; Qt reports the state from before the event.
 std::uint32_t modifierOfKey(int key)
 {
     switch (key) {
@@ -192,7 +192,7 @@ bool RecorderCocoa::editingKeyPressed(int key)
     }
 }
 
-// Its release must still come here: the hot key, once it is in force, would fire on it.
+// The combination is taken on release: an active hot key would fire on it.
 void RecorderCocoa::keyReleased(const QKeyEvent& event)
 {
     if (event.isAutoRepeat())

@@ -13,41 +13,41 @@ namespace vantro {
 
 class HotKeyManager;
 
-/// The control in which the user presses the shortcut for a name, apart from how it is drawn. While it records, no hot
-/// key of the program fires, and the key events of the program's windows come here: a combination is taken when its key
-/// is released, or refused with the reason. Escape, Tab and the loss of the keyboard end the recording, Backspace and
-/// Delete clear the shortcut. Needs the Qt Gui application object. Main thread only.
+/// View model of the control that records the shortcut for a name. While recording, the program's hot keys are
+/// suspended and its windows' key events come here: a combination is taken when its key is released, or refused with
+/// a reason. Escape, Tab and focus loss end the recording; Backspace and Delete clear the shortcut. Requires a
+/// QGuiApplication. Main thread only.
 class RecorderCocoa : public QObject
 {
     Q_OBJECT
-    /// The raw name of the slot: "openModal", "stopRecordingAndCloseModal".
+    /// The raw name: "openModal", "stopRecordingAndCloseModal".
     Q_PROPERTY(QString shortcutName READ shortcutName WRITE setShortcutName NOTIFY changed)
     Q_PROPERTY(int minimumWidth READ minimumWidth CONSTANT)
-    /// What the slot is for.
+    /// What the shortcut does.
     Q_PROPERTY(QString title READ title NOTIFY changed)
-    /// The shortcut as the desktop writes it; while recording the modifiers that are held.
+    /// The shortcut with the desktop's key names; while recording, the modifiers held down.
     Q_PROPERTY(QString text READ text NOTIFY changed)
     Q_PROPERTY(bool recording READ isRecording NOTIFY changed)
-    /// Why the last shortcut was refused, or why the present one does not work; and what to do.
+    /// Why the last shortcut was refused or the current one does not work, and what to do.
     Q_PROPERTY(QString message READ message NOTIFY changed)
     Q_PROPERTY(QString advice READ advice NOTIFY changed)
-    /// Whether useAnyway() takes what was refused.
+    /// Whether useAnyway() accepts the refused shortcut.
     Q_PROPERTY(bool canForce READ canForce NOTIFY changed)
     Q_PROPERTY(QString forceText READ forceText CONSTANT)
 public:
     using OnChange = std::function<void(const std::optional<KeyboardShortcuts::Shortcut>&)>;
 
-    /// "KeyboardShortcuts_recorderActiveStatusDidChange"; posted with "isActive" when recording begins and ends.
+    /// "KeyboardShortcuts_recorderActiveStatusDidChange"; posted with "isActive" when recording starts and ends.
     static const QString recorderActiveStatusDidChange;
 
-    /// Everything but @p name outlives the control.
+    /// All references but @p name must outlive the control.
     RecorderCocoa(KeyboardShortcuts& shortcuts, const HotKeyManager& hotKeys, const DesktopShortcuts& desktop,
                   NotificationCenter& notifications, const KeyboardShortcuts::Name& name);
     ~RecorderCocoa() override;
 
     [[nodiscard]] QString shortcutName() const { return name_.rawValue; }
     void setShortcutName(const QString& rawName);
-    /// Of the control, in pixels, so that the longest usual shortcut fits.
+    /// In pixels; fits the longest common shortcut.
     [[nodiscard]] int minimumWidth() const { return 200; }
     [[nodiscard]] QString title() const { return ShortcutValidator::title(name_); }
     [[nodiscard]] QString text() const;
@@ -56,11 +56,11 @@ public:
     [[nodiscard]] QString advice() const { return refusal_ ? refusal_->advice : QString(); }
     [[nodiscard]] bool canForce() const { return refusal_ && refusal_->canForce; }
     [[nodiscard]] QString forceText() const { return ShortcutValidator::forceText(); }
-    /// Called after the user has set or cleared the shortcut here.
+    /// Called after the user sets or clears the shortcut here.
     void setOnChange(OnChange onChange) { onChange_ = std::move(onChange); }
 
     Q_INVOKABLE void beginRecording();
-    /// Keeps what was there before, unless a new combination was already taken.
+    /// Keeps the previous shortcut unless a new combination was already accepted.
     Q_INVOKABLE void endRecording();
     Q_INVOKABLE void clear();
     Q_INVOKABLE void useAnyway();
@@ -87,7 +87,7 @@ private:
     bool isRecording_ = false;
     std::uint32_t heldModifiers_ = 0;
     std::optional<KeyboardShortcuts::Shortcut> accepted_;
-    /// What was refused last, and why.
+    /// The last refused shortcut, and why.
     std::optional<KeyboardShortcuts::Shortcut> refused_;
     std::optional<ShortcutRefusal> refusal_;
 };

@@ -91,7 +91,7 @@ std::optional<ShortcutRefusal> ShortcutValidator::refusal(const Name& name, cons
 std::optional<ShortcutRefusal> ShortcutValidator::whyDisallowed(const Name& name, const Shortcut& shortcut) const
 {
     constexpr std::uint32_t realModifiers = Modifier::all & ~Modifier::shift;
-    // What is in force only while the launcher has the keyboard is in nobody's way.
+    // Shortcuts that are active only in the launcher cannot interfere with typing elsewhere.
     const bool isGlobal = name.rawValue == Name::openModal.rawValue;
     if (!isGlobal || (shortcut.carbonModifiers & realModifiers) != 0 || !KeyCode::isForTyping(keyCodeOf(shortcut)))
         return std::nullopt;

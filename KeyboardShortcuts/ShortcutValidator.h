@@ -10,33 +10,33 @@ namespace vantro {
 
 class DesktopShortcuts;
 
-/// Why a shortcut is not simply taken, for the user.
+/// Why a shortcut is refused, for the user.
 struct ShortcutRefusal
 {
     enum class Reason { usedBySystem, usedByMenuItem, disallowed };
 
     Reason reason = Reason::disallowed;
     QString message;
-    /// What to do about it; may be empty.
+    /// What to do; may be empty.
     QString advice;
-    /// Whether the shortcut can work all the same when the user wants it.
+    /// Whether the user may use it anyway.
     bool canForce = false;
 };
 
-/// Judges a shortcut before it becomes a name's. Main thread only.
+/// Checks a shortcut before it is assigned to a name. Main thread only.
 class ShortcutValidator
 {
 public:
-    /// Everything outlives the validator.
+    /// Both must outlive the validator.
     ShortcutValidator(KeyboardShortcuts& shortcuts, const DesktopShortcuts& desktop);
 
-    /// Nothing when @p shortcut can be had for @p name. Asks the window system and the desktop's settings.
+    /// Returns nullopt when @p name can have @p shortcut. Queries the window system and the desktop's settings.
     [[nodiscard]] std::optional<ShortcutRefusal> refusal(const KeyboardShortcuts::Name& name,
                                                          const KeyboardShortcuts::Shortcut& shortcut);
 
-    /// What @p name is for, as its settings call it.
+    /// @p name's label in the settings.
     static QString title(const KeyboardShortcuts::Name& name);
-    /// The caption of the button that takes a refused shortcut all the same.
+    /// Label of the button that accepts a refused shortcut.
     static QString forceText();
 
 private:

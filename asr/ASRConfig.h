@@ -6,15 +6,15 @@
 
 namespace vantro::asr {
 
-/// How the token-and-duration search runs. blankId and durationBins are replaced by the loaded model's own.
+/// Parameters of the token-and-duration search. blankId and durationBins are replaced by the loaded model's.
 struct TdtConfig
 {
     bool includeTokenDuration = true;
     std::int32_t maxSymbolsPerStep = 10;
     std::vector<std::int32_t> durationBins = {0, 1, 2, 3, 4}; ///< encoder frames
     std::int32_t blankId = 8192;
-    std::int32_t boundarySearchFrames = 20; ///< to each side of an overlap's middle
-    // No rule ends a chunk early (docs/decisions/parakeet-decoding.md says why); these two are read by nobody.
+    std::int32_t boundarySearchFrames = 20; ///< on each side of an overlap's centre
+    // Unused: chunks are never ended early (see docs/decisions/parakeet-decoding.md).
     std::int32_t maxTokensPerChunk = 150;
     std::int32_t consecutiveBlankLimit = 5;
 };

@@ -22,7 +22,7 @@ const char* ASRError::what() const noexcept
     case Kind::notInitialized:
         return "The speech recogniser has no model loaded.";
     case Kind::invalidAudioData:
-        return "The recording holds no usable audio.";
+        return "The recording contains no usable audio.";
     case Kind::modelLoadFailed:
         return "Failed to load Parakeet CoreML models.";
     }

@@ -5,7 +5,7 @@
 
 namespace vantro::asr {
 
-/// Every failure of the recogniser. what() is a sentence for the user; detail() says what exactly was wrong, for a log.
+/// All errors of the recogniser. what() is a sentence for the user; detail() is the technical reason, for logs.
 class ASRError : public std::exception
 {
 public:

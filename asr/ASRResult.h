@@ -22,11 +22,11 @@ struct TokenTiming
 struct ASRResult
 {
     std::string text;     ///< UTF-8
-    float confidence = 0; ///< mean over the tokens, 0 without any
+    float confidence = 0; ///< mean over the tokens; 0 if there are none
     Seconds duration{};   ///< of the audio
     Seconds processingTime{};
     std::optional<std::vector<TokenTiming>> tokenTimings;
-    // Filled when boosting runs inside the recogniser.
+    // Set when boosting runs inside the recogniser.
     std::optional<std::vector<std::string>> ctcDetectedTerms;
     std::optional<std::vector<std::string>> ctcAppliedTerms;
 };

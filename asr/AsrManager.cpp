@@ -98,7 +98,7 @@ ASRResult AsrManager::makeResult(std::span<const DecodedToken> tokens, std::size
     for (const DecodedToken& token : tokens) {
         const std::string& piece = asrModels_->vocabulary[static_cast<std::size_t>(token.id)];
         appendPiece(result.text, piece);
-        // A token without a duration still takes the frame it was heard in.
+        // A token without a duration still occupies its own frame.
         const std::int32_t length = config_.tdtConfig.includeTokenDuration ? std::max(token.duration, 1) : 1;
         timings.push_back({piece, token.id, std::min(token.frame * frameDuration, result.duration),
                            std::min((token.frame + length) * frameDuration, result.duration), token.confidence});

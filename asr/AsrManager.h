@@ -15,26 +15,25 @@
 
 namespace vantro::asr {
 
-/// The recogniser: whole recordings to text with the time of every token.
-///
-/// One transcription at a time, on the caller's thread and workers of its own.
+/// The recogniser: transcribes whole recordings, with the time of every token. One transcription at a time, on the
+/// caller's thread and its own workers.
 class AsrManager
 {
 public:
     explicit AsrManager(ASRConfig config = {}, LogSink logger = {});
 
-    /// Takes the blank and the durations from the models.
+    /// Takes over the models' blank and durations.
     void initialize(std::shared_ptr<const AsrModels> models);
 
     struct Options
     {
-        std::optional<Language> language;      ///< leaves out letters of other scripts, with the version 3 model only
+        std::optional<Language> language;      ///< excludes letters of other scripts; v3 model only
         std::function<void(float)> onProgress; ///< 0..1, on the calling thread; may be empty
         ChunkProcessor::Options chunks;
-        std::stop_token stop; ///< ends this transcription: it throws processingFailed
+        std::stop_token stop; ///< stops this transcription, which throws processingFailed
     };
 
-    /// @p samples: 16 kHz mono, nominally -1..1. @p decoderState is fresh for a new recording. Throws ASRError:
+    /// @p samples: 16 kHz mono, nominally -1..1. @p decoderState must be fresh for a new recording. Throws ASRError:
     /// notInitialized, invalidAudioData (shorter than 20 ms, or not finite), processingFailed.
     ASRResult transcribe(std::span<const float> samples, TdtDecoderState& decoderState, const Options& options);
 

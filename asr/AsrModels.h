@@ -17,7 +17,7 @@ namespace vantro::asr {
 
 enum class AsrModelVersion { v2, v3, tdtCtc110m, tdtJa };
 
-/// What a loaded model says about itself.
+/// A loaded model's parameters.
 struct AsrModelConfiguration
 {
     AsrModelVersion version = AsrModelVersion::v3;
@@ -30,9 +30,9 @@ struct AsrModelConfiguration
 /// The networks of one Parakeet TDT model, loaded from one file. Immutable and thread-safe after loading.
 struct AsrModels
 {
-    /// Any thread. @p moduleFolders: where ggml's module for this processor is looked for. Throws
-    /// ASRError::modelLoadFailed for a file that is missing, damaged or of another architecture, and for too little
-    /// memory; ASRError::unsupportedPlatform without a module.
+    /// Any thread. @p moduleFolders are searched for ggml's module for this processor. Throws
+    /// ASRError::modelLoadFailed for a missing, damaged or unsupported file or if memory runs out, and
+    /// ASRError::unsupportedPlatform without a module.
     static std::shared_ptr<const AsrModels> load(const std::filesystem::path& file, AsrModelVersion version,
                                                  std::span<const std::filesystem::path> moduleFolders);
 
@@ -44,8 +44,8 @@ struct AsrModels
     std::vector<std::string> vocabulary; ///< text piece by token id; U+2581 marks the start of a word
 };
 
-/// Which published model @p file has the vocabulary of, by its header alone; nothing when it is no Parakeet model or
-/// cannot be read.
+/// Which published model @p file is, judging by the vocabulary size in its header; nullopt if it is not a Parakeet
+/// model or unreadable.
 std::optional<AsrModelVersion> parakeetVersionOf(const std::filesystem::path& file);
 
 } // namespace vantro::asr

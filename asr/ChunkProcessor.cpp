@@ -10,7 +10,7 @@ namespace vantro::asr {
 namespace {
 
 constexpr std::int64_t sampleRate = 16'000;
-constexpr std::int64_t centringSamples = Preprocessor::hopSamples; ///< kept free: the features add one frame
+constexpr std::int64_t centringSamples = Preprocessor::hopSamples; ///< reserved: the features add one frame
 
 std::int64_t wholeFrames(std::int64_t samples)
 {
@@ -55,7 +55,7 @@ std::vector<Window> ChunkProcessor::windows(const ASRConfig& config) const
     const bool warmup = config.melChunkContext;
     for (ChunkStartDecision decision; decision.start < totalSamples_;) {
         const ChunkLayout cut = layout(warmup, decision);
-        // What the window before reaches to the end of needs no window of its own.
+        // The previous window already reaches the end.
         if (!windows.empty() && windows.back().end == totalSamples_)
             break;
         const std::int64_t begin = std::max<std::int64_t>(decision.start - cut.context - cut.prefix, 0);
@@ -65,7 +65,7 @@ std::vector<Window> ChunkProcessor::windows(const ASRConfig& config) const
     return windows;
 }
 
-/// The tokens of the range that two windows have decoded.
+/// Joins the tokens of a range that two windows have decoded.
 std::vector<DecodedToken> ChunkProcessor::join(std::span<const DecodedToken> earlier,
                                                std::span<const DecodedToken> later, FrameRange range,
                                                const Request& request) const
@@ -88,7 +88,7 @@ std::vector<DecodedToken> ChunkProcessor::process(const Request& request, TdtDec
     const auto append = [&tokens](std::span<const DecodedToken> found) {
         tokens.insert(tokens.end(), found.begin(), found.end());
     };
-    std::vector<DecodedToken> before; // what the earlier window has in the range that both decode
+    std::vector<DecodedToken> before; // the earlier window's tokens in the shared range
     FrameRange shared;
     for (std::size_t i = 0; i < cut.size(); ++i) {
         const EncoderFrames frames = pool.take(i);

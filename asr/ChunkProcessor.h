@@ -12,17 +12,17 @@
 
 namespace vantro::asr {
 
-/// How a recording that is longer than the model's input is cut. Samples at 16 kHz.
+/// How a recording longer than the model's input is split. In samples at 16 kHz.
 struct ChunkLayout
 {
-    std::int64_t context = 0; ///< before a chunk's start, to be heard but not transcribed
+    std::int64_t context = 0; ///< before a chunk's start: encoded but not transcribed
     std::int64_t chunk = 0;
-    std::int64_t overlap = 0; ///< with the chunk before
+    std::int64_t overlap = 0; ///< with the previous chunk
     std::int64_t stride = 0;
-    std::int64_t prefix = 0; ///< warm-up frames before the start when there is no context
+    std::int64_t prefix = 0; ///< warm-up frames before the start if there is no context
 };
 
-/// Where a chunk begins and whether it wants warm-up frames in front.
+/// Where a chunk begins and whether warm-up frames precede it.
 struct ChunkStartDecision
 {
     std::int64_t start = 0;
@@ -31,9 +31,8 @@ struct ChunkStartDecision
 
 /// Transcribes a recording of any length in windows of the model's input.
 ///
-/// The windows are encoded by a pool of workers and searched one after another, each from a fresh state. Both windows
-/// of an overlap are decoded there, their words are aligned, and the transcript goes over from the one to the other
-/// between two words (Seam).
+/// A worker pool encodes the windows; they are decoded in order, each from a fresh state. Overlaps are decoded in both
+/// windows, their words are aligned, and the transcript switches windows between two words (see Seam).
 class ChunkProcessor
 {
 public:
@@ -47,7 +46,7 @@ public:
         std::int64_t noMelWarmupPrefixFrames = 0;
     };
 
-    /// @p samples: 16 kHz mono; they outlive the processor. @p logger may be empty.
+    /// @p samples: 16 kHz mono; must outlive the processor. @p logger may be empty.
     ChunkProcessor(std::span<const float> samples, const Options& options, LogSink logger);
 
     [[nodiscard]] ChunkLayout layout(bool warmup, const ChunkStartDecision& decision) const;
@@ -58,9 +57,9 @@ public:
         const ASRConfig& config;
         const TokenFilter* allowed = nullptr;
         const std::stop_token* stop = nullptr;
-        std::function<void(float)> onProgress; ///< 0..1, on a worker's thread; may be empty
+        std::function<void(float)> onProgress; ///< 0..1, on the calling thread; may be empty
     };
-    /// Tokens in order, with frames from the start of the recording. Throws ASRError.
+    /// Returns the tokens in order; frames count from the start of the recording. Throws ASRError.
     [[nodiscard]] std::vector<DecodedToken> process(const Request& request, TdtDecoderState& state) const;
 
 private:

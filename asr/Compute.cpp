@@ -16,8 +16,7 @@ ggml_backend_dev_t processor()
     return ggml_backend_dev_by_type(GGML_BACKEND_DEVICE_TYPE_CPU);
 }
 
-/// A function that the processor's module offers by name: the module is loaded while the program runs and is not
-/// linked.
+/// Looks up a function of the processor's module, which is loaded at run time and not linked.
 template <typename Function>
 Function moduleFunction(const char* name)
 {
@@ -30,15 +29,15 @@ bool isStopped(void* token)
     return static_cast<const std::stop_token*>(token)->stop_requested();
 }
 
-/// ggml ends the program where the lists that it keeps of a graph find no memory. Asks for as much first, so that
-/// scarcity shows here. Throws std::bad_alloc.
+/// ggml aborts the process when it cannot allocate its per-graph lists. Allocate as much first, so that low memory
+/// throws std::bad_alloc here.
 void requireMemoryForLists(const ggml_cgraph* graph)
 {
     constexpr std::size_t bytesPerNode = 1024;
-    constexpr std::size_t bytesPerGraph = std::size_t{1} << 20; // the lists of free blocks
+    constexpr std::size_t bytesPerGraph = std::size_t{1} << 20; // lists of free blocks
     const std::size_t bytes =
         bytesPerGraph + bytesPerNode * static_cast<std::size_t>(ggml_graph_n_nodes(const_cast<ggml_cgraph*>(graph)));
-    // Not a new expression: those may be optimised away.
+    // Not a new-expression, which could be optimised away.
     ::operator delete(::operator new(bytes));
 }
 
@@ -55,7 +54,7 @@ void loadProcessorModule(std::span<const std::filesystem::path> folders)
     for (const std::filesystem::path& folder : folders) {
         if (processor() != nullptr)
             return;
-        // ggml crashes on a folder that is not there.
+        // ggml crashes on a missing folder.
         std::error_code error;
         if (std::filesystem::is_directory(folder, error))
             ggml_backend_load_all_from_path(folder.c_str());
@@ -113,8 +112,8 @@ void GraphRunner::allocate(const Graph& graph)
         fail();
 }
 
-/// OpenMP ends the program when it finds no memory for its threads, which it starts once for every thread that computes
-/// with several. Starts as many first: what they leave behind is used again.
+/// OpenMP aborts the process when it cannot create its threads, which it does once per computing thread. Create as many
+/// threads first; their memory is reused.
 void GraphRunner::requireThreads() const
 {
     thread_local int proven = 1;
@@ -133,8 +132,8 @@ void GraphRunner::requireThreads() const
     proven = threads_;
 }
 
-/// After a failure ggml's allocator believes to have memory that it has not, and its back end still has the address of
-/// what it gave back: the one must not be used any more and the other not even destroyed.
+/// After a failure, ggml's allocator assumes memory that it does not have, and its back end holds a dangling pointer:
+/// the allocator must not be used again, and the back end must not even be destroyed.
 void GraphRunner::fail()
 {
     static_cast<void>(backend_.release());

@@ -24,7 +24,7 @@ struct GgmlDeleter
 template <typename T>
 using GgmlPointer = std::unique_ptr<T, GgmlDeleter>;
 
-/// Descriptions of tensors and graphs. Throws std::bad_alloc.
+/// Metadata of tensors and graphs. Throws std::bad_alloc.
 class GgmlContext
 {
 public:
@@ -36,11 +36,11 @@ private:
     GgmlPointer<ggml_context> context_;
 };
 
-/// Makes ggml's module for this processor known, from the first of @p folders that has one; does nothing when it is
-/// known already. Throws ASRError::unsupportedPlatform when there is none.
+/// Loads ggml's module for this processor from the first of @p folders that has one; a no-op if already loaded. Throws
+/// ASRError::unsupportedPlatform if there is none.
 void loadProcessorModule(std::span<const std::filesystem::path> folders);
 
-/// A ggml graph under construction: its tensors' descriptions, without their memory.
+/// A ggml graph under construction: its tensors' metadata without their data.
 class Graph
 {
 public:
@@ -48,7 +48,7 @@ public:
 
     [[nodiscard]] ggml_context* context() const { return context_.get(); }
     [[nodiscard]] ggml_cgraph* get() const { return graph_; }
-    /// A float32 tensor that is set before the graph is computed.
+    /// A float32 tensor to be set before the graph is computed.
     ggml_tensor* input(std::int64_t columns, std::int64_t rows = 1);
     ggml_tensor* integerInput(std::int64_t count);
     /// Keeps @p tensor readable after the computation.
@@ -59,17 +59,17 @@ private:
     ggml_cgraph* graph_ = nullptr;
 };
 
-/// Runs graphs on the processor, one at a time, reusing its memory from one to the next. Not thread-safe: one each.
-/// One that has run out of memory stays unusable.
+/// Runs graphs on the CPU, one at a time, reusing memory between them. Not thread-safe: use one per thread. Unusable
+/// after it has run out of memory.
 class GraphRunner
 {
 public:
-    /// @p stop outlives the runner, or is null. Throws ASRError::unsupportedPlatform without a processor module.
+    /// @p stop must outlive the runner; may be null. Throws ASRError::unsupportedPlatform without a module.
     GraphRunner(int threads, const std::stop_token* stop);
 
-    /// Gives the graph its memory; inputs can then be set. Throws ASRError::processingFailed when there is not enough.
+    /// Allocates the graph; inputs can then be set. Throws ASRError::processingFailed when out of memory.
     void allocate(const Graph& graph);
-    /// Throws ASRError::processingFailed, also when stopped.
+    /// Throws ASRError::processingFailed on failure or when stopped.
     void compute(const Graph& graph);
 
 private:

@@ -19,7 +19,7 @@ std::size_t layerCount(const ModelFile& file)
     return static_cast<std::size_t>(file.hyperparameters().predictionLayers);
 }
 
-/// One quarter of the gates: input, forget and output gate, then the candidate.
+/// One quarter of the gates, in the order input, forget, output, candidate.
 ggml_tensor* quarter(ggml_context* context, ggml_tensor* gates, std::int64_t size, int index)
 {
     return ggml_view_1d(context, gates, size, static_cast<std::size_t>(index * size) * sizeof(float));

@@ -10,19 +10,19 @@
 
 namespace vantro::asr {
 
-/// The prediction network of the transducer: an embedding and LSTM layers that have seen the tokens so far. Immutable
-/// and thread-safe; each thread steps with a Step of its own.
+/// The transducer's prediction network: an embedding and LSTM layers over the tokens so far. Immutable and thread-safe;
+/// each thread needs its own Step.
 class Decoder
 {
 public:
     explicit Decoder(ModelFile& file);
 
-    /// A step's graph, built once and computed for every token.
+    /// The graph of one step, built once and computed per token.
     class Step
     {
     public:
         Step(const Decoder& decoder, int threads, const std::stop_token* stop);
-        /// Feeds state.lastToken, or the start of the text when there is none, and caches the output in @p state.
+        /// Feeds state.lastToken, or the start token if there is none, and caches the output in @p state.
         void advance(TdtDecoderState& state);
 
     private:

@@ -9,15 +9,15 @@
 
 namespace vantro::asr {
 
-/// Frames of 80 ms, as a matrix [frame][width].
+/// Frames of 80 ms as a matrix [frame][width].
 struct EncoderFrames
 {
     std::size_t frames = 0;
     std::vector<float> values;
 };
 
-/// The FastConformer encoder: log-mel features to encoder frames, each seeing the whole input. Immutable and
-/// thread-safe; each thread brings a GraphRunner of its own.
+/// The FastConformer encoder: converts log-mel features to encoder frames, with attention over the whole input.
+/// Immutable and thread-safe; each thread needs its own GraphRunner.
 class Encoder
 {
 public:

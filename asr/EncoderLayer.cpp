@@ -18,8 +18,8 @@ LayerNorm readNorm(ModelFile& file, Weights& weights, const std::string& name)
     return {weights.tensor(file, name + ".weight"), weights.tensor(file, name + ".bias")};
 }
 
-/// The batch normalisation behind the convolution scales and shifts each channel: that goes into the taps. Its variance
-/// comes with the epsilon inside.
+/// Folds the batch normalisation after the convolution, a scale and shift per channel, into the taps. The stored
+/// variance already includes epsilon.
 std::unique_ptr<EncoderLayer::Depthwise> readDepthwise(ModelFile& file, const std::string& prefix)
 {
     const std::vector<float> stored = file.readFloats(prefix + "depthwise_conv.weight"); // [channel][tap]
@@ -49,15 +49,15 @@ void runGatedConvolution(ggml_tensor* result, int thread, int threads, void* use
         static_cast<float*>(result->data), {static_cast<std::size_t>(thread), static_cast<std::size_t>(threads)});
 }
 
-/// [state size, frames] seen as [head size, frames, heads].
+/// Views [state size, frames] as [head size, frames, heads].
 ggml_tensor* byHead(ggml_context* context, ggml_tensor* tensor, std::int64_t heads)
 {
     ggml_tensor* split = ggml_reshape_3d(context, tensor, tensor->ne[0] / heads, heads, tensor->ne[1]);
     return ggml_permute(context, split, 0, 2, 1, 3);
 }
 
-/// Row i of @p scores has a column per distance, from frames - 1 down. Seen from frame i, the column of frame 0 is
-/// frames - 1 - i: with rows that are one element shorter, the columns of the frames stand below each other.
+/// Row i of @p scores has one column per distance, from frames - 1 down, so frame 0 is in column frames - 1 - i. A view
+/// with rows one element shorter aligns the frames in columns.
 ggml_tensor* aligned(ggml_context* context, ggml_tensor* scores, std::int64_t frames)
 {
     const std::size_t element = ggml_element_size(scores);

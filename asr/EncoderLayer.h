@@ -21,17 +21,17 @@ struct LayerNorm
     ggml_tensor* apply(ggml_context* context, ggml_tensor* input) const;
 };
 
-/// One FastConformer block (arXiv:2305.05084): half a feed-forward, self-attention with relative positions
-/// (Transformer-XL, arXiv:1901.02860), a convolution module, the other half feed-forward, a closing norm.
+/// One FastConformer block (arXiv:2305.05084): a half-step feed-forward module, self-attention with relative positions
+/// (Transformer-XL, arXiv:1901.02860), a convolution module, another half-step feed-forward module, a final norm.
 class EncoderLayer
 {
 public:
     EncoderLayer(ModelFile& file, Weights& weights, std::int32_t layer);
 
-    /// @p x: [state size, frames]; @p positions: relativePositions() of as many frames. Gives the shape of @p x.
+    /// @p x: [state size, frames]; @p positions: relativePositions() for as many frames. Returns the shape of @p x.
     ggml_tensor* build(ggml_context* context, ggml_tensor* x, Activations& positions) const;
 
-    /// Taps with the batch normalisation folded in.
+    /// Includes the folded batch normalisation.
     struct Depthwise
     {
         std::vector<float> taps; ///< [tap][channel]
@@ -64,7 +64,7 @@ private:
     ggml_tensor* positionBias_ = nullptr; ///< v of the paper
     LayerNorm normConvolution_;
     Linear pointwise1_;
-    std::unique_ptr<Depthwise> depthwise_; // on the heap: graphs keep its address
+    std::unique_ptr<Depthwise> depthwise_; // on the heap, because graphs keep its address
     Linear pointwise2_;
     FeedForward feedForward2_;
     LayerNorm normOut_;

@@ -50,7 +50,7 @@ bool FileMapping::load(std::size_t offset, std::size_t size) const
 #ifdef MADV_POPULATE_READ
     if (::madvise(memory, length, MADV_POPULATE_READ) == 0)
         return true;
-    // Kernels before 5.14 do not know it.
+    // Not supported by kernels before 5.14.
     if (errno != EINVAL)
         return false;
 #endif

@@ -6,23 +6,22 @@
 
 namespace vantro::asr {
 
-/// A file seen as memory. What is computed with straight from it needs no copy: a loaded model is the system's own copy
-/// of its file, which other programs share and which gives way when memory is scarce. Immutable; any thread.
+/// A read-only memory mapping. Weights used directly from it are not copied: they stay in the page cache, which is
+/// shared with other processes and reclaimed under memory pressure. Immutable; any thread.
 class FileMapping
 {
 public:
-    /// @p descriptor of an open file, which need not stay open. Throws ASRError::modelLoadFailed.
+    /// @p descriptor may be closed afterwards. Throws ASRError::modelLoadFailed.
     explicit FileMapping(int descriptor);
     ~FileMapping();
     FileMapping(const FileMapping&) = delete;
     FileMapping& operator=(const FileMapping&) = delete;
 
     [[nodiscard]] std::span<const std::byte> bytes() const { return bytes_; }
-    /// Reads a stretch into memory, as far as it is not there, so that nobody waits for it later; false when the disk
-    /// cannot.
+    /// Pre-faults a range, so that later accesses do not wait for the disk. Returns false on a read failure.
     [[nodiscard]] bool load(std::size_t offset, std::size_t size) const;
-    /// False when somebody has written to the file or cut it off. The memory of a file that was cut off must not be
-    /// touched: that ends the program.
+    /// False if the file has been modified or truncated. Accessing the memory of a truncated file crashes the process
+    /// (SIGBUS).
     [[nodiscard]] bool isUnchanged() const;
 
 private:

@@ -11,7 +11,7 @@
 
 namespace vantro::asr {
 
-// O_NONBLOCK: a pipe that somebody calls a model is refused below instead of waited for.
+// O_NONBLOCK, so that a pipe is rejected below instead of blocking.
 FileReader::FileReader(const std::filesystem::path& path)
     : descriptor_(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK))
 {

@@ -10,20 +10,20 @@ namespace vantro::asr {
 
 class FileMapping;
 
-/// A file that several threads read at once, each where it likes.
+/// Random access to a file, thread-safe for concurrent reads.
 class FileReader
 {
 public:
-    /// Throws ASRError::modelLoadFailed when there is no such file.
+    /// Throws ASRError::modelLoadFailed if the file cannot be opened.
     explicit FileReader(const std::filesystem::path& path);
     ~FileReader();
     FileReader(const FileReader&) = delete;
     FileReader& operator=(const FileReader&) = delete;
 
     [[nodiscard]] std::uint64_t size() const { return size_; }
-    /// Fills @p target; false when the file ends before or cannot be read.
+    /// Fills @p target; returns false on a read failure or if the file is too short.
     [[nodiscard]] bool read(std::uint64_t offset, std::span<std::byte> target) const;
-    /// The whole file in memory; outlives the reader. Throws ASRError::modelLoadFailed.
+    /// Maps the whole file; the mapping may outlive the reader. Throws ASRError::modelLoadFailed.
     [[nodiscard]] std::shared_ptr<const FileMapping> map() const;
 
 private:

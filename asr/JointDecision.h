@@ -10,29 +10,29 @@
 
 namespace vantro::asr {
 
-/// The joint network: from one encoder frame and the prediction network's output to a score per token and per duration
-/// (token-and-duration transducer, arXiv:2304.06795). Immutable and thread-safe; each thread decides with a Step.
+/// The joint network: computes a score per token and per duration from an encoder frame and the prediction network's
+/// output (token-and-duration transducer, arXiv:2304.06795). Immutable and thread-safe; each thread needs its own Step.
 class JointDecision
 {
 public:
     explicit JointDecision(ModelFile& file);
 
-    /// The encoder's frames in the joint network's space, all at once.
+    /// Projects all encoder frames into the joint network's space.
     [[nodiscard]] EncoderFrames project(const EncoderFrames& encoded, GraphRunner& runner) const;
 
-    /// The scores of one decision: the pieces and the blank, then the durations.
+    /// The scores of one decision; tokens are the pieces and the blank.
     struct Scores
     {
         std::span<const float> tokens;
         std::span<const float> durations;
     };
 
-    /// A decision's graph, built once and computed for every decision.
+    /// The graph of one decision, built once and computed per decision.
     class Step
     {
     public:
         Step(const JointDecision& joint, int threads, const std::stop_token* stop);
-        /// @p frame of project(); @p prediction as cached in the decoder's state. Valid until the next call.
+        /// @p frame from project(); @p prediction from the decoder state. The result is valid until the next call.
         Scores decide(std::span<const float> frame, std::span<const float> prediction);
 
     private:

@@ -17,7 +17,7 @@ constexpr std::pair<std::string_view, Language> codes[] = {
     {"sl", Language::slovenian},  {"sr", Language::serbian},   {"sv", Language::swedish}, {"uk", Language::ukrainian},
 };
 
-/// The code points of a piece; a byte that is no UTF-8 stands for itself.
+/// The code points of a piece; invalid UTF-8 bytes are kept as they are.
 std::vector<char32_t> codePoints(std::string_view piece)
 {
     std::vector<char32_t> result;
@@ -33,7 +33,7 @@ std::vector<char32_t> codePoints(std::string_view piece)
     return result;
 }
 
-/// By Unicode block; nothing for digits, punctuation and scripts that no supported language uses.
+/// By Unicode block; nullopt for digits, punctuation and scripts of no supported language.
 std::optional<Script> scriptOfLetter(char32_t point)
 {
     const auto isIn = [point](char32_t first, char32_t last) {

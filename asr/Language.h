@@ -10,7 +10,7 @@
 
 namespace vantro::asr {
 
-/// The languages that a hint can name: the 25 of the multilingual model and three that share their scripts and much of
+/// Possible language hints: the 25 languages of the multilingual model and three that share their scripts and much of
 /// their vocabulary.
 enum class Language {
     belarusian,
@@ -45,11 +45,11 @@ enum class Language {
 
 enum class Script { latin, cyrillic, greek };
 
-/// From an ISO 639-1 code in lower case.
+/// @p code: ISO 639-1, lower case.
 std::optional<Language> languageFromCode(std::string_view code);
 Script scriptOf(Language language);
 
-/// Which tokens a language hint leaves: those without letters of another script.
+/// The tokens allowed by a language hint: those without letters of another script.
 class TokenFilter
 {
 public:

@@ -6,7 +6,7 @@ namespace {
 
 using kernels::MatrixFormat;
 
-// ggml hands one pointer to a custom operation: the address of the format is what it needs to know.
+// ggml passes one pointer to a custom operation: the address of the format.
 constexpr std::array formats = {MatrixFormat::none, MatrixFormat::bfloat16, MatrixFormat::float16, MatrixFormat::int8,
                                 MatrixFormat::q8,   MatrixFormat::q5,       MatrixFormat::q4};
 
@@ -33,7 +33,7 @@ void runPack(ggml_tensor* result, int thread, int threads, void* userData)
                                         static_cast<std::size_t>(source->ne[1]), result->data, share(thread, threads));
 }
 
-/// Sources: the packed matrix, the packed columns, the columns themselves for their number, perhaps a bias.
+/// Sources: packed matrix, packed columns, unpacked columns (for their size), optional bias.
 void runMultiply(ggml_tensor* result, int thread, int threads, void* userData)
 {
     const ggml_tensor* bias = result->src[3];

@@ -9,7 +9,7 @@
 
 namespace vantro::asr {
 
-/// Columns that several matrices are multiplied with: [inputs, columns], arranged once for each format that is used.
+/// Columns multiplied by several matrices: [inputs, columns], packed once per format used.
 class Activations
 {
 public:
@@ -17,7 +17,7 @@ public:
 
     [[nodiscard]] ggml_context* context() const { return context_; }
     [[nodiscard]] ggml_tensor* values() const { return values_; }
-    /// The node that arranges them for @p format.
+    /// The node that packs them for @p format.
     ggml_tensor* packed(kernels::MatrixFormat format);
 
 private:
@@ -29,7 +29,7 @@ private:
 /// y = W x + b. A tensor of [inputs, columns] becomes [outputs, columns].
 struct Linear
 {
-    ggml_tensor* weight = nullptr; ///< bytes of a matrix in its format, or a matrix in ggml's layout
+    ggml_tensor* weight = nullptr; ///< packed bytes in the format, or a matrix in ggml's layout
     ggml_tensor* bias = nullptr;   ///< may be null
     kernels::MatrixFormat format = kernels::MatrixFormat::none;
     std::int64_t inputs = 0;

@@ -23,7 +23,7 @@ constexpr std::int64_t maximumDimension = 1 << 24;
 
 bool isIgnored(const std::string& name)
 {
-    return name.ends_with(".num_batches_tracked"); // a counter of the training
+    return name.ends_with(".num_batches_tracked"); // a training counter
 }
 
 bool isUsableMatrixType(ggml_type type)
@@ -55,7 +55,7 @@ std::optional<Hyperparameters> ModelFile::headerOf(const std::filesystem::path& 
     }
 }
 
-/// Small fields come out of one block that is read ahead.
+/// Serves small fields from a read-ahead block.
 void ModelFile::readBytes(void* target, std::uint64_t bytes, const char* what)
 {
     bool isRead = bytes <= remaining();
@@ -88,14 +88,14 @@ std::vector<float> ModelFile::readFiniteFloats(std::uint64_t count, const char* 
     std::vector<float> values(count);
     readBytes(values.data(), count * sizeof(float), what);
     if (!std::ranges::all_of(values, [](float value) { return std::isfinite(value); }))
-        fail(std::string(what) + " holds a value that is no number");
+        fail(std::string(what) + " contains a value that is not finite");
     return values;
 }
 
 void ModelFile::readHeader()
 {
     if (readInt("the header") != containerMagic)
-        fail("the file is no ggml model container");
+        fail("the file is not a ggml model container");
     for (std::int32_t Hyperparameters::*field :
          {&Hyperparameters::vocabularySize, &Hyperparameters::audioContext, &Hyperparameters::stateSize,
           &Hyperparameters::headCount, &Hyperparameters::layerCount, &Hyperparameters::melBands,
@@ -160,7 +160,7 @@ void ModelFile::readTensorEntry()
     for (int i = 0; i < dimensions; ++i) {
         tensor.shape.at(static_cast<std::size_t>(i)) = readInt("a tensor's header");
         const std::int64_t extent = tensor.shape.at(static_cast<std::size_t>(i));
-        // Each factor has 24 bits: the product can overflow only after it has outgrown every file.
+        // Each factor has 24 bits, so the product exceeds any file size before it can overflow.
         if (extent < 1 || extent > maximumDimension || elements > file_.size())
             fail("a tensor's dimension is out of range");
         elements *= static_cast<std::uint64_t>(extent);
@@ -171,7 +171,7 @@ void ModelFile::readTensorEntry()
         fail("the tensor " + name + " has an unknown type");
     tensor.type = static_cast<ggml_type>(type);
     if (tensor.shape[0] % ggml_blck_size(tensor.type) != 0)
-        fail("the tensor " + name + " has rows that its type cannot have");
+        fail("the tensor " + name + " has a row length that does not fit its type");
     tensor.bytes = elements / static_cast<std::uint64_t>(ggml_blck_size(tensor.type)) * ggml_type_size(tensor.type);
     tensor.offset = position_;
     if (tensor.bytes > remaining())
@@ -191,10 +191,10 @@ void ModelFile::checkLayout()
         if (found.shape != expected.shape)
             fail("the tensor " + expected.name + " does not have the shape the header announces");
         if (expected.isMatrix ? !isUsableMatrixType(found.type) : found.type != GGML_TYPE_F32)
-            fail("the tensor " + expected.name + " has a type it cannot have");
+            fail("the tensor " + expected.name + " has an unsupported type");
     }
     if (layout.size() != tensors_.size())
-        fail("the file holds tensors that this architecture does not have");
+        fail("the file contains tensors that are not part of this architecture");
 }
 
 const ModelFile::Tensor& ModelFile::tensor(const std::string& name) const

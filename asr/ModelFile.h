@@ -17,11 +17,11 @@
 
 namespace vantro::asr {
 
-/// A Parakeet model in the ggml container that whisper.cpp's converter writes: header, filter bank, window, durations,
-/// text pieces, tensors; all little-endian.
+/// A Parakeet model in the ggml container of whisper.cpp's converter: header, filter bank, window, durations, text
+/// pieces, tensors; all little-endian.
 ///
-/// The file is not trusted: open() checks every size against what is left of the file before anything is allocated, and
-/// every tensor's presence, shape and type against what the header announces. Throws ASRError::modelLoadFailed.
+/// The file is untrusted: the constructor checks every size against the rest of the file before allocating, and every
+/// tensor's presence, shape and type against the header. Throws ASRError::modelLoadFailed.
 class ModelFile
 {
 public:
@@ -35,7 +35,7 @@ public:
 
     explicit ModelFile(const std::filesystem::path& path);
 
-    /// The header of a file that begins like one of these containers; nothing when it is another or cannot be read.
+    /// Reads only the header; nullopt if the file is not such a container or unreadable.
     static std::optional<Hyperparameters> headerOf(const std::filesystem::path& path);
 
     [[nodiscard]] const Hyperparameters& hyperparameters() const { return parameters_; }
@@ -48,11 +48,11 @@ public:
 
     /// A tensor of modelLayout().
     [[nodiscard]] const Tensor& tensor(const std::string& name) const;
-    /// A stretch of a tensor that begins @p skipped bytes behind its first. Any thread, several at once.
+    /// Reads part of a tensor, from byte @p skipped on. Any thread, also concurrently.
     void read(const Tensor& tensor, std::uint64_t skipped, std::span<std::byte> target) const;
-    /// The whole file in memory; outlives this object. Throws ASRError::modelLoadFailed.
+    /// Maps the whole file; the mapping may outlive this object. Throws ASRError::modelLoadFailed.
     [[nodiscard]] std::shared_ptr<const FileMapping> map() const { return file_.map(); }
-    /// A float32 tensor as values.
+    /// The values of a float32 tensor.
     [[nodiscard]] std::vector<float> readFloats(const std::string& name) const;
 
 private:
@@ -74,9 +74,9 @@ private:
     [[nodiscard]] std::vector<float> readFiniteFloats(std::uint64_t count, const char* what);
 
     FileReader file_;
-    std::uint64_t position_ = 0; ///< what readBytes() reads next
+    std::uint64_t position_ = 0; ///< of the next readBytes()
     std::array<std::byte, 4096> ahead_{};
-    std::uint64_t aheadBegin_ = 0; ///< where in the file ahead_ comes from
+    std::uint64_t aheadBegin_ = 0; ///< file offset of ahead_
     std::uint64_t aheadEnd_ = 0;
     Hyperparameters parameters_;
     std::vector<float> filterBank_;

@@ -116,7 +116,7 @@ void Hyperparameters::validate() const
     require(inRange(audioContext, 8, 1 << 24), "audio context");
     require(inRange(stateSize, 1, 1 << 14), "encoder width");
     require(inRange(headCount, 1, 256) && stateSize % headCount == 0, "number of heads");
-    require(stateSize % 2 == 0, "encoder width"); // sines and cosines take half of it each
+    require(stateSize % 2 == 0, "encoder width"); // half sines, half cosines
     require(inRange(layerCount, 1, 256), "number of layers");
     require(inRange(melBands, 8, 1024), "number of mel bands");
     require(inRange(fileType % 1000, 0, 64), "file type");

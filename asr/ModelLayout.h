@@ -7,7 +7,7 @@
 
 namespace vantro::asr {
 
-/// What the header of a model container says, in its order.
+/// The header of a model container, in file order.
 struct Hyperparameters
 {
     std::int32_t vocabularySize = 0; ///< text pieces; the blank has this index
@@ -26,17 +26,17 @@ struct Hyperparameters
     std::int32_t durationCount = 0;
     std::int32_t maxSymbolsPerStep = 0;
 
-    /// Throws ASRError::modelLoadFailed when a value is outside what the architecture can have.
+    /// Throws ASRError::modelLoadFailed for a value that the architecture does not allow.
     void validate() const;
 
     [[nodiscard]] std::int32_t headSize() const { return stateSize / headCount; }
     [[nodiscard]] std::int32_t frequencyBins() const { return fftSize / 2 + 1; }
-    /// Bands left after the three halvings of the subsampling, each of which rounds up.
+    /// Bands after the subsampling's three halvings, each rounded up.
     [[nodiscard]] std::int32_t subsampledBands() const;
     [[nodiscard]] std::int32_t jointOutputs() const { return vocabularySize + 1 + durationCount; }
 };
 
-/// Dimensions as ggml has them: the fastest first, unused ones 1.
+/// Dimensions in ggml's order, fastest first; unused ones are 1.
 using TensorShape = std::array<std::int64_t, 4>;
 
 struct TensorLayout
@@ -47,12 +47,12 @@ struct TensorLayout
     bool isMatrix = false; ///< a weight that may be half precision or quantised; everything else is float32
 };
 
-/// Every tensor of a model, in file order. @p feedForwardSize and @p jointSize are not in the header: they are taken
-/// from the tensors themselves.
+/// All tensors of a model, in file order. @p feedForwardSize and @p jointSize are not in the header but derived from
+/// the tensors.
 std::vector<TensorLayout> modelLayout(const Hyperparameters& parameters, std::int64_t feedForwardSize,
                                       std::int64_t jointSize);
 
-/// The names that tell the two sizes: the second dimension of the one, the first of the other.
+/// The tensors that determine these sizes: by their second and first dimension respectively.
 extern const char* const feedForwardSizeTensor;
 extern const char* const jointSizeTensor;
 

@@ -16,7 +16,7 @@ constexpr float preEmphasis = 0.97F;
 constexpr float logGuard = 0x1p-24F;
 constexpr double deviationGuard = 1e-5;
 
-/// The samples after pre-emphasis, with half a frame of zeros at both ends so that frame n is centred on n hops.
+/// Pre-emphasised samples with half a frame of zero padding at both ends, so that frame n is centred on n hops.
 std::vector<float> emphasised(std::span<const float> samples, std::size_t padding)
 {
     std::vector<float> padded(samples.size() + 2 * padding, 0.0F);
@@ -64,7 +64,7 @@ Preprocessor::Features Preprocessor::process(std::span<const float> samples) con
     if (samples.size() < minimumSamples)
         throw ASRError(ASRError::Kind::invalidAudioData, "the audio is shorter than two feature frames");
     if (!std::ranges::all_of(samples, [](float sample) { return std::isfinite(sample); }))
-        throw ASRError(ASRError::Kind::invalidAudioData, "the audio holds samples that are no numbers");
+        throw ASRError(ASRError::Kind::invalidAudioData, "the audio contains samples that are not finite");
     const std::size_t size = window_.size();
     const std::vector<float> padded = emphasised(samples, size / 2);
     Features features{samples.size() / hopSamples + 1, {}};
@@ -84,8 +84,8 @@ Preprocessor::Features Preprocessor::process(std::span<const float> samples) con
     return features;
 }
 
-/// Iterative radix-2 transform, decimation in time, in double precision: the features are differences of logarithms of
-/// bands with hardly any energy, where single precision shows.
+/// Iterative radix-2 FFT, decimation in time, in double precision: the features are differences of logarithms of bands
+/// with very little energy, where single precision shows.
 void Preprocessor::powerSpectrum(std::span<const float> frame, std::vector<double>& work,
                                  std::vector<float>& power) const
 {
@@ -131,7 +131,7 @@ void Preprocessor::normalise(Features& features, std::size_t countedFrames) cons
         }
         const double deviation = std::sqrt(squares / (count - 1)) + deviationGuard;
         if (!std::isfinite(deviation))
-            throw ASRError(ASRError::Kind::invalidAudioData, "the audio is louder than can be computed with");
+            throw ASRError(ASRError::Kind::invalidAudioData, "the audio is too loud to be processed");
         for (std::size_t frame = 0; frame < features.frames; ++frame) {
             float& value = features.values[frame * width + band];
             value = static_cast<float>((static_cast<double>(value) - mean) / deviation);

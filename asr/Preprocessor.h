@@ -16,7 +16,7 @@ class Preprocessor
 {
 public:
     static constexpr std::size_t hopSamples = 160;
-    /// Shorter audio has no deviation to normalise by.
+    /// Shorter audio has no standard deviation to normalise by.
     static constexpr std::size_t minimumSamples = 2 * hopSamples;
 
     struct Features
@@ -28,12 +28,12 @@ public:
     explicit Preprocessor(const ModelFile& model);
 
     [[nodiscard]] std::size_t bands() const { return bands_.size(); }
-    /// @p samples: 16 kHz mono, at least minimumSamples. Gives samples / 160 + 1 frames. Throws
+    /// @p samples: 16 kHz mono, at least minimumSamples. Returns samples / 160 + 1 frames. Throws
     /// ASRError::invalidAudioData for audio that is too short or not finite.
     [[nodiscard]] Features process(std::span<const float> samples) const;
 
 private:
-    /// One mel band's weights, without the zeros around them.
+    /// One mel band's weights without leading and trailing zeros.
     struct Band
     {
         std::size_t firstBin = 0;
@@ -44,7 +44,7 @@ private:
     void normalise(Features& features, std::size_t countedFrames) const;
 
     std::vector<Band> bands_;
-    std::vector<float> window_;    ///< padded with zeros on both sides to the FFT's size
+    std::vector<float> window_;    ///< zero-padded on both sides to the FFT size
     std::vector<double> twiddles_; ///< cosine and negative sine of 2 pi k / size, interleaved
     std::vector<std::uint32_t> bitReversal_;
 };

@@ -9,11 +9,10 @@ namespace vantro::asr {
 namespace {
 
 constexpr std::string_view wordStart = "\u2581";
-// How far apart the two windows may hear the same word, or different ones in its place.
+// How far apart in time words of the two windows may be paired: the same word, or different ones.
 constexpr std::int32_t sameWordFrames = 6;
 constexpr std::int32_t otherWordFrames = 1;
-// What a neighbour of the seam costs that the windows do not agree on, as if the seam were so much further from the
-// middle.
+// Penalties for a disagreement next to the seam, in frames of distance from the centre.
 constexpr std::int32_t differentWordFrames = 8;
 constexpr std::int32_t loneWordFrames = 12;
 
@@ -25,7 +24,7 @@ struct Word
     std::string text;
 };
 
-/// One place of the transcript as both windows have it; one of the sides may lack it.
+/// One aligned position of the transcript; one of the windows may have no word there.
 struct Column
 {
     const Word* earlier = nullptr;
@@ -52,7 +51,7 @@ struct Column
     }
 };
 
-/// Without the tokens at the beginning that continue a word from before.
+/// Skips leading tokens that continue an earlier word.
 std::vector<Word> wordsOf(std::span<const DecodedToken> tokens, std::span<const std::string> vocabulary)
 {
     std::vector<Word> words;
@@ -74,7 +73,7 @@ bool meet(const Word& a, const Word& b)
     return a.begin < b.end + tolerance && b.begin < a.end + tolerance;
 }
 
-/// The pairs of the alignment with the fewest differences, in which only words are paired that meet in time.
+/// The pairs of the minimum edit-distance alignment in which paired words must overlap in time.
 std::vector<Column> pairs(std::span<const Word> earlier, std::span<const Word> later)
 {
     const std::size_t width = later.size() + 1;
@@ -82,7 +81,7 @@ std::vector<Column> pairs(std::span<const Word> earlier, std::span<const Word> l
     const auto at = [&](std::size_t i, std::size_t j) -> std::size_t& {
         return cost[i * width + j];
     };
-    // From the ends to the beginnings, so that the way through can be read forwards.
+    // Filled from the end, so that the path can be read forwards.
     const auto pairCost = [&](std::size_t i, std::size_t j) {
         return meet(earlier[i], later[j]) ? at(i + 1, j + 1) + (earlier[i].text == later[j].text ? 0 : 1)
                                           : std::numeric_limits<std::size_t>::max();
@@ -107,7 +106,7 @@ std::vector<Column> pairs(std::span<const Word> earlier, std::span<const Word> l
     return result;
 }
 
-/// The pairs with the words between them that only one window has, in the order of their times.
+/// The pairs and, between them in time order, the words that only one window has.
 std::vector<Column> columns(std::span<const Word> earlier, std::span<const Word> later)
 {
     std::vector<Column> result;
@@ -129,7 +128,7 @@ std::vector<Column> columns(std::span<const Word> earlier, std::span<const Word>
     return result;
 }
 
-/// How good it is to go over in front of column @p index: 0 is best.
+/// The cost of a seam before column @p index; 0 is best.
 std::int32_t costOf(std::span<const Column> columns, std::size_t index, FrameRange range)
 {
     const Column* left = index > 0 ? &columns[index - 1] : nullptr;

@@ -17,21 +17,20 @@ struct FrameRange
     std::int32_t end = 0;
 };
 
-/// The part of the overlap of two windows that both decode: around its middle, at most boundarySearchFrames to each
-/// side.
+/// The part of an overlap that both windows decode: its centre, at most boundarySearchFrames to each side.
 FrameRange seamSearchRange(FrameRange overlap, const TdtConfig& config);
 
-/// Where the transcript goes over from one window to the next.
+/// Where the transcript switches from one window to the next.
 struct Seam
 {
-    std::size_t kept = 0;    ///< tokens of the earlier window that stay
-    std::size_t dropped = 0; ///< tokens at the beginning of the later window that do not count
-    std::size_t agreed = 0;  ///< words in a row around the seam that both windows have
+    std::size_t kept = 0;    ///< tokens of the earlier window to keep
+    std::size_t dropped = 0; ///< leading tokens of the later window to drop
+    std::size_t agreed = 0;  ///< consecutive words around the seam that both windows have
 };
 
-/// Aligns the words that both windows have heard in @p range by their times and their letters, and goes over between
-/// two aligned places, so that no word is left out and none comes twice. Among those it takes one near the middle whose
-/// neighbours both windows agree on. @p earlier and @p later: the tokens that each window has in @p range.
+/// Aligns the words of both windows in @p range by time and spelling, and switches between two aligned positions, so
+/// that no word is lost or repeated. Prefers a position near the centre whose neighbours agree. @p earlier and @p
+/// later: each window's tokens in @p range.
 Seam chooseSeam(std::span<const DecodedToken> earlier, std::span<const DecodedToken> later, FrameRange range,
                 std::span<const std::string> vocabulary);
 

@@ -62,7 +62,7 @@ void runDepthwise(ggml_tensor* result, int thread, int threads, void* userData)
                                 {static_cast<std::size_t>(thread), static_cast<std::size_t>(threads)});
 }
 
-/// [channels, bands, frames] through a product over the channels of each point.
+/// Applies a matrix to the channels of each point of [channels, bands, frames].
 ggml_tensor* pointwise(ggml_context* context, const Linear& linear, ggml_tensor* input)
 {
     ggml_tensor* points = ggml_reshape_2d(context, input, input->ne[0], input->ne[1] * input->ne[2]);
@@ -101,7 +101,7 @@ ggml_tensor* Subsampling::build(ggml_context* context, ggml_tensor* mel) const
     ggml_tensor* eighth = ggml_custom_4d(context, GGML_TYPE_F32, channels_, halved(quarterBands), halved(quarterFrames),
                                          1, &quarter, 1, runDepthwise, GGML_N_TASKS_MAX, third_.get());
     eighth = pointwise(context, pointwise2_, eighth);
-    // The projection counts its inputs channel by channel, with the bands inside.
+    // The projection's inputs are ordered by channel, then band.
     ggml_tensor* flat = ggml_cont(context, ggml_permute(context, eighth, 1, 0, 2, 3));
     flat = ggml_reshape_2d(context, flat, eighth->ne[0] * eighth->ne[1], eighth->ne[2]);
     return out_.apply(context, flat);

@@ -13,26 +13,26 @@ namespace vantro::asr {
 class ModelFile;
 class Weights;
 
-/// The encoder's front: three convolutions of stride 2 in time and frequency make one frame of 80 ms out of eight mel
-/// frames (FastConformer, arXiv:2305.05084). The second and third are depthwise with a pointwise one behind.
+/// The encoder's front end: three convolutions with stride 2 in time and frequency turn eight mel frames into one frame
+/// of 80 ms (FastConformer, arXiv:2305.05084). The second and third are depthwise, each followed by a pointwise one.
 class Subsampling
 {
 public:
     Subsampling(ModelFile& file, Weights& weights);
 
-    /// @p mel: [bands, frames]. Gives [state size, encoder frames].
+    /// @p mel: [bands, frames]. Returns [state size, encoder frames].
     ggml_tensor* build(ggml_context* context, ggml_tensor* mel) const;
 
-    /// Frames left of @p melFrames.
+    /// The number of frames after subsampling.
     static std::int64_t encoderFrames(std::int64_t melFrames);
 
-    /// A 3x3 convolution per channel: [tap][channel], and one bias per channel. A tap's index is time * 3 + band.
+    /// A 3x3 convolution per channel: taps [time * 3 + band][channel] and one bias per channel.
     struct Depthwise
     {
         std::vector<float> taps;
         std::vector<float> bias;
     };
-    /// The first two convolutions, run as one so that the large map between them never exists as a whole.
+    /// The first two convolutions, fused so that the large intermediate map is never materialised.
     struct Front
     {
         Depthwise first;
@@ -40,7 +40,7 @@ public:
     };
 
 private:
-    // On the heap: graphs keep their addresses.
+    // On the heap, because graphs keep their addresses.
     std::unique_ptr<Front> front_ = std::make_unique<Front>();
     std::unique_ptr<Depthwise> third_ = std::make_unique<Depthwise>();
     Linear pointwise1_;

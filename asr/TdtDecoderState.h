@@ -6,13 +6,13 @@
 
 namespace vantro::asr {
 
-/// What the search remembers between decisions and from one stretch of frames to the next.
+/// The search's state between decisions and between stretches of frames.
 struct TdtDecoderState
 {
     std::vector<float> hiddenState; ///< of the prediction network, [layer][size]; empty at the start of a recording
     std::vector<float> cellState;
     std::optional<std::int32_t> lastToken;
-    std::vector<float> predictorOutput; ///< cached for lastToken, as the joint network takes it
+    std::vector<float> predictorOutput; ///< cached for lastToken; input of the joint network
     std::int32_t timeJump = 0;          ///< frames still to skip at the start of the next stretch
 };
 

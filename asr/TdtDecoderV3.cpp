@@ -28,7 +28,7 @@ std::vector<DecodedToken> TdtDecoderV3::decode(const Stretch& stretch, TdtDecode
                            state.predictorOutput);
         const Choice choice = choose(scores);
         if (choice.token == config_.blankId) {
-            // A blank that stays where it is would be chosen again for ever.
+            // A blank of duration 0 would loop forever.
             frame += std::max(choice.duration, 1);
             symbolsHere = 0;
             continue;

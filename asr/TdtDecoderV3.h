@@ -24,7 +24,7 @@ struct DecodedToken
 class TdtDecoderV3
 {
 public:
-    /// @p models outlives the decoder. @p allowed may be null: every token is allowed.
+    /// @p models must outlive the decoder. A null @p allowed allows every token.
     TdtDecoderV3(const AsrModels& models, const TdtConfig& config, const TokenFilter* allowed,
                  const std::stop_token* stop);
 
@@ -34,10 +34,9 @@ public:
         const EncoderFrames& frames;
         std::int32_t begin = 0; ///< rows of @ref frames
         std::int32_t end = 0;
-        std::int32_t offset = 0; ///< place of row 0 in the recording
+        std::int32_t offset = 0; ///< frame of row 0 in the recording
     };
-    /// Decodes one stretch. @p state is carried along: its timeJump frames at the beginning are skipped, and it is left
-    /// as it stands behind the last frame.
+    /// Decodes one stretch and updates @p state; skips the first state.timeJump frames.
     std::vector<DecodedToken> decode(const Stretch& stretch, TdtDecoderState& state);
 
 private:

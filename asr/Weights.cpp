@@ -21,7 +21,7 @@ using kernels::MatrixFormat;
 
 constexpr unsigned maximumLoadThreads = 4;
 
-/// The format that this processor multiplies a matrix of that type fastest in.
+/// The fastest format on this processor for a matrix of that type.
 MatrixFormat formatFor(const ModelFile::Tensor& entry, Weights::Place place)
 {
     constexpr std::int64_t inputsMultiple = 32;
@@ -102,7 +102,7 @@ void Weights::allocate(const ModelFile& file)
             continue;
         if (mapping_ == nullptr)
             mapping_ = file.map();
-        // Never written to: what is multiplied is only read.
+        // Only read, never written.
         target.tensor->data = const_cast<std::byte*>(mapping_->bytes().data() + file.tensor(target.name).offset);
     }
     ggml_backend_dev_t processor = ggml_backend_dev_by_type(GGML_BACKEND_DEVICE_TYPE_CPU);
@@ -119,7 +119,7 @@ void Weights::check() const
         throw ASRError(ASRError::Kind::processingFailed, "the model's file has been changed since it was loaded");
 }
 
-/// Several threads, a tensor at a time: the first touch of the memory and the rearranging take longer than reading.
+/// Uses several threads, one tensor at a time: page faults and packing take longer than reading.
 void Weights::readAll(const ModelFile& file) const
 {
     std::atomic<std::size_t> next = 0;
@@ -142,7 +142,7 @@ void Weights::readAll(const ModelFile& file) const
             for (unsigned i = 1; i < std::min(std::thread::hardware_concurrency(), maximumLoadThreads); ++i)
                 helpers.emplace_back(work);
         } catch (const std::system_error&) {
-            // The system has no more threads: those that there are do the work.
+            // No more threads available: continue with those there are.
         }
         work();
     }
@@ -150,7 +150,7 @@ void Weights::readAll(const ModelFile& file) const
         std::rethrow_exception(failure);
 }
 
-/// A panel is read into @p stored and rearranged while it is still in the processor's cache.
+/// Reads one panel at a time into @p stored and packs it while it is still in the cache.
 void Weights::readTensor(const ModelFile& file, const FileTensor& target, std::vector<std::byte>& stored) const
 {
     const ModelFile::Tensor& entry = file.tensor(target.name);

@@ -17,28 +17,27 @@ namespace vantro::asr {
 class FileMapping;
 class ModelFile;
 
-/// The parameters of one network, in memory that ggml computes with. Tensors are announced first and filled together,
-/// so that the memory is one block of the size that is needed. Immutable after load() and shared by all runners.
+/// The parameters of one network in ggml's memory. Tensors are declared first and loaded together, in one allocation of
+/// the right size. Immutable after load() and shared by all runners.
 class Weights
 {
 public:
-    /// Where matrices stay that this processor can multiply either way: copied and rearranged, which is best for those
-    /// that are multiplied with one column at a time, or in the file, which costs no time to load and no memory of the
-    /// program's own.
+    /// Where matrices that this processor supports either way are kept: packed copies in memory, best for products with
+    /// single columns, or unchanged in the mapped file, which costs neither load time nor private memory.
     enum class Place { memory, file };
 
     Weights(std::size_t maximumTensors, Place place);
 
-    /// The tensor of that name in its own type.
+    /// The tensor @p name in its stored type.
     ggml_tensor* tensor(ModelFile& file, const std::string& name);
     /// A matrix product with an optional bias.
     Linear linear(ModelFile& file, const std::string& weight, const std::string& bias = {});
-    /// A float32 tensor of values that are computed from the file's.
+    /// A float32 tensor of computed values.
     ggml_tensor* values(std::vector<float> values, std::int64_t columns, std::int64_t rows = 1);
 
-    /// Throws ASRError::modelLoadFailed when there is not enough memory or the file cannot be read to its end.
+    /// Throws ASRError::modelLoadFailed when out of memory or on a read failure.
     void load(ModelFile& file);
-    /// Throws ASRError::processingFailed when the file that matrices stayed in has been written to.
+    /// Throws ASRError::processingFailed if the mapped file has been modified.
     void check() const;
 
 private:
@@ -61,7 +60,7 @@ private:
     GgmlContext context_;
     Place place_;
     GgmlPointer<ggml_backend_buffer> buffer_;
-    std::shared_ptr<const FileMapping> mapping_; ///< null when no matrix stays in the file
+    std::shared_ptr<const FileMapping> mapping_; ///< null if no matrix is used from the file
     std::vector<FileTensor> fromFile_;
     std::vector<ComputedTensor> computed_;
 };

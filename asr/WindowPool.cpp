@@ -11,7 +11,7 @@ namespace vantro::asr {
 
 namespace {
 
-/// More threads than this are better spent on another window: the operations between the products are too small.
+/// Beyond this, threads are better used for another window: the operations between products are too small.
 constexpr unsigned threadsPerEncoder = 4;
 
 } // namespace
@@ -44,7 +44,7 @@ void WindowPool::startWorkers(unsigned count)
         for (unsigned i = 0; i < count; ++i)
             workers_.emplace_back([this] { work(); });
     } catch (const std::system_error&) {
-        // The system has no more threads: one does the work as well.
+        // No more threads available: one is enough.
         if (workers_.empty())
             throw ASRError(ASRError::Kind::processingFailed, "no thread can be started");
     }

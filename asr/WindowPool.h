@@ -17,16 +17,16 @@ namespace vantro::asr {
 
 using LogSink = std::function<void(const std::string&)>;
 
-/// A stretch of the recording that is encoded at once, in samples.
+/// A part of the recording that is encoded at once, in samples.
 struct Window
 {
-    std::int64_t begin = 0; ///< with the context
+    std::int64_t begin = 0; ///< including the context
     std::int64_t end = 0;
     std::int64_t start = 0; ///< where the chunk itself begins
 };
 
-/// Workers that encode windows in order, ahead of whoever takes them. The processor's cores are shared out among as
-/// many encoders as can use them; the other workers prepare features meanwhile.
+/// Workers that encode windows in order, ahead of take(). The cores are divided among as many encoders as they support;
+/// the other workers prepare features meanwhile.
 class WindowPool
 {
 public:
@@ -37,15 +37,15 @@ public:
         LogSink logger;                        ///< may be empty
     };
 
-    /// Everything that is referred to outlives the pool.
+    /// All references must outlive the pool.
     WindowPool(std::span<const float> samples, std::span<const Window> windows, const AsrModels& models,
                const Options& options);
-    /// Waits for the windows that are being encoded.
+    /// Waits for windows in progress.
     ~WindowPool();
     WindowPool(const WindowPool&) = delete;
     WindowPool& operator=(const WindowPool&) = delete;
 
-    /// The projected frames of window @p index, once each. Waits for them; throws what their worker threw.
+    /// Blocks until window @p index is encoded and returns its projected frames, once per window. Rethrows errors.
     EncoderFrames take(std::size_t index);
 
 private:
@@ -74,7 +74,7 @@ private:
     bool isAbandoned_ = false;
     std::vector<GraphRunner> runners_;
     std::vector<GraphRunner*> idleRunners_;
-    std::vector<std::jthread> workers_; ///< last: they use the members above
+    std::vector<std::jthread> workers_; ///< last: uses the other members
 };
 
 } // namespace vantro::asr

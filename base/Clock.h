@@ -9,7 +9,7 @@
 
 namespace vantro {
 
-/// Time as the program sees it, so that a test can move it. Main thread only.
+/// The program's source of time, replaceable in tests. Main thread only.
 class Clock
 {
 public:
@@ -19,11 +19,11 @@ public:
 
     /// Monotonic, for durations.
     [[nodiscard]] virtual Instant now() const = 0;
-    /// The calendar's time, for what is stored and shown.
+    /// Wall-clock time, for storage and display.
     [[nodiscard]] virtual QDateTime wallClock() const = 0;
 
     [[nodiscard]] virtual QCoro::Task<> sleepFor(std::chrono::milliseconds duration) = 0;
-    /// Calls @p action from the event loop unless @p context is destroyed before.
+    /// Calls @p action from the event loop unless @p context has been destroyed by then.
     virtual void callAfter(std::chrono::milliseconds delay, QObject* context, std::function<void()> action) = 0;
 };
 

@@ -7,8 +7,8 @@
 
 namespace vantro {
 
-/// Base of every failure that can reach the user. Each error enumeration is one class derived from it; the description
-/// is a whole sentence that says what was wrong and, where the user can do something, what to do.
+/// Base of all errors that can reach the user. The description is a whole sentence that says what went wrong and,
+/// where possible, what to do.
 class Error : public std::exception
 {
 public:
@@ -22,7 +22,7 @@ private:
     std::string utf8_;
 };
 
-/// The description of whatever was thrown: an Error's own words, what() of any other standard exception.
+/// An Error's description, or what() of any other standard exception.
 QString localizedDescription(const std::exception& error);
 
 } // namespace vantro

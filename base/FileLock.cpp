@@ -17,7 +17,7 @@ std::optional<FileLock> FileLock::tryTake(const QString& path)
 {
     const int descriptor = ::open(QFile::encodeName(path).constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
     if (descriptor < 0)
-        throw Error(QStringLiteral("%1 could not be made: %2").arg(path, qt_error_string(errno)));
+        throw Error(QStringLiteral("%1 could not be created: %2").arg(path, qt_error_string(errno)));
     FileLock lock(descriptor);
     if (::flock(descriptor, LOCK_EX | LOCK_NB) == 0)
         return lock;

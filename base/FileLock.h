@@ -6,13 +6,13 @@
 
 namespace vantro {
 
-/// A right that one of all threads of all processes has at a time. The system takes it back from a process that ends in
-/// whatever way. Any thread; may be handed from one to another.
+/// An exclusive lock across threads and processes (flock). The system releases it however the process ends. Any
+/// thread; movable between threads.
 class FileLock
 {
 public:
-    /// The lock named by the file @p path, which is made when missing and never removed; absent while somebody else has
-    /// it. Throws Error when the file cannot be made.
+    /// Locks the file @p path, which is created when missing and never removed; nullopt while somebody else holds the
+    /// lock. Throws Error when the file cannot be created.
     static std::optional<FileLock> tryTake(const QString& path);
 
     FileLock(FileLock&& other) noexcept;

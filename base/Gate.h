@@ -5,19 +5,19 @@
 
 namespace vantro {
 
-/// Holds one coroutine at "co_await gate.opened()" until somebody opens it; the coroutine goes on before open()
-/// returns. Main thread.
+/// Suspends one coroutine at "co_await gate.opened()" until open() is called, which resumes it synchronously. Main
+/// thread.
 class Gate
 {
 public:
-    /// Opening it again does nothing.
+    /// Calling it again is a no-op.
     void open()
     {
         isOpen_ = true;
         if (const auto waiting = std::exchange(waiting_, nullptr))
             waiting.resume();
     }
-    /// An object of its own, since GCC 12 awaits a copy of what is not a temporary.
+    /// A separate object, because GCC 12 awaits a copy of anything that is not a temporary.
     [[nodiscard]] auto opened() { return Opened{*this}; }
 
 private:

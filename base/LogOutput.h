@@ -7,13 +7,13 @@
 
 namespace vantro {
 
-/// Takes a log line of the type named @p typeName. Called on the thread that logs.
+/// Receives a log line from the type @p typeName. Called on the logging thread.
 using LogSink = void (*)(QtMsgType level, const char* typeName, const QString& line);
 
-/// One "vantro[Type] level: text" line on standard error.
+/// Writes "vantro[Type] level: text" to standard error.
 void logToStandardError(QtMsgType level, const char* typeName, const QString& line);
 
-/// Routes log lines to @p sinks, debug lines only when @p verbose. Call once from main before the first logger is used.
+/// Routes log lines to @p sinks, debug lines only if @p verbose. Call once from main, before any logger is used.
 void installLogOutput(bool verbose, std::vector<LogSink> sinks);
 
 } // namespace vantro

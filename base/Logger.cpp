@@ -29,7 +29,7 @@ const char* levelName(QtMsgType type)
     }
 }
 
-/// Set before the first line is logged, and not changed afterwards.
+/// Set before the first line is logged and constant from then on.
 std::vector<LogSink> logSinks;
 
 void distribute(QtMsgType type, const QMessageLogContext& context, const QString& text)

@@ -7,8 +7,8 @@
 
 namespace vantro {
 
-/// One logger per type: the category is "com.vantro.app." and the type's name, so that QT_LOGGING_RULES or a journal
-/// filter picks one type's lines. Any thread except the audio thread, which logs nothing.
+/// One logger per type, with the category "com.vantro.app.TYPE", so that QT_LOGGING_RULES or a journal filter can
+/// select one type's lines. Any thread except the audio thread, which must not log.
 class Logger
 {
 public:
@@ -23,8 +23,8 @@ private:
     QLoggingCategory category_;
 };
 
-/// A plain progress line of the desktop program ("Attempting to paste..."), written to standard output unless
-/// printToStandardError() has moved such lines out of the way of a command's real output.
+/// Prints a progress line of the desktop program ("Attempting to paste...") to standard output, or to standard error
+/// after printToStandardError(), which commands call to keep their own output clean.
 void printLine(const QString& line);
 void printToStandardError();
 

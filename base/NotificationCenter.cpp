@@ -14,7 +14,7 @@ NotificationCenter::Observation NotificationCenter::observe(const QString& name,
 void NotificationCenter::post(const QString& name, const UserInfo& userInfo)
 {
     std::erase_if(entries_, [](const Entry& entry) { return entry.observer.expired(); });
-    // A copy: an observer may observe, or end an observation, while it is called.
+    // A copy, because observers may add and end observations.
     const std::vector<Entry> current = entries_;
     for (const Entry& entry : current) {
         if (entry.name != name)

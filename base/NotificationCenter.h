@@ -10,15 +10,15 @@
 
 namespace vantro {
 
-/// Named announcements between objects that do not know each other. Main thread only; observers are called in the
-/// order in which they began to observe, before post() returns.
+/// Publishes named notifications between decoupled objects. Main thread only; observers are called synchronously, in
+/// the order of registration.
 class NotificationCenter
 {
 public:
     using UserInfo = QVariantMap;
     using Observer = std::function<void(const UserInfo&)>;
 
-    /// Ends the observation when destroyed. Outliving the centre is allowed.
+    /// Ends the observation when destroyed. May outlive the centre.
     class Observation
     {
     public:

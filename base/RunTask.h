@@ -10,8 +10,8 @@
 
 namespace vantro {
 
-/// Runs the event loop until @p task has ended; answers its result, or throws what it threw. For commands and tests:
-/// the program itself awaits. QCoro::waitFor() never returns from a task that throws.
+/// Runs the event loop until @p task finishes; returns its result or rethrows its exception. For commands and tests;
+/// the program itself awaits. Unlike QCoro::waitFor(), this also returns when the task throws.
 template <typename Result>
 Result runTask(QCoro::Task<Result> task)
 {

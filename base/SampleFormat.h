@@ -5,10 +5,10 @@
 
 namespace vantro {
 
-// What is recorded and what every engine takes: mono floats, nominally -1..1.
+// The format of recordings and of every engine's input: mono floats, nominally -1..1.
 
 inline constexpr int sampleRateHz = 16'000;
-/// 0.3 s: nobody says anything in less.
+/// 0.3 s; shorter recordings contain no speech.
 inline constexpr std::size_t minimumSampleCount = 4'800;
 /// Ten minutes.
 inline constexpr std::size_t maximumSampleCount = 9'600'000;

@@ -6,7 +6,7 @@ SerialExecutor::SerialExecutor(const QString& threadName)
 {
     pool_.setObjectName(threadName);
     pool_.setMaxThreadCount(1);
-    // The thread keeps its caches (and an inference library its thread-local state) between dictations.
+    // Never expires: keeps warm caches, and an inference library's thread-local state, between dictations.
     pool_.setExpiryTimeout(-1);
 }
 

@@ -14,9 +14,8 @@
 
 namespace vantro {
 
-/// One worker thread that runs what it is given one after another: the "serial owner" behind each engine.
-/// run() may be called from any thread; its future is awaited on the caller's. What the work throws is thrown again,
-/// with its type, where the future is awaited. Work that was accepted is always run: the destructor waits for it.
+/// A worker thread that runs tasks in order. run() may be called from any thread; exceptions thrown by the task
+/// propagate through its future. Accepted tasks always run: the destructor waits for them.
 class SerialExecutor
 {
 public:

@@ -6,16 +6,16 @@
 
 namespace vantro {
 
-/// A setting by its key, whatever its type.
+/// A setting's key and documentation, independent of its type.
 struct SettingKey
 {
     QLatin1String key;
-    const char* meaning;   ///< a line of Markdown for the user; null for what the program notes for itself
-    const char* otherwise; ///< what counts where nothing is stored, in words
+    const char* meaning;   ///< a line of Markdown for the user; null for internal settings
+    const char* otherwise; ///< the default, in words
 };
 
-/// A setting whose values are of type @p T: bool, qint64, QString, or QByteArray with JSON. Where nothing is stored, or
-/// something of another type, `absent` counts.
+/// A setting of type @p T: bool, qint64, QString, or QByteArray holding JSON. `absent` is the default, also when the
+/// stored value has another type.
 template <typename T>
 struct Setting : SettingKey
 {

@@ -4,12 +4,11 @@
 
 #include <array>
 
-/// Every setting: key, default, and what it means to the user. The table stands below all rooms because each of them
-/// reads a few settings and the table needs nothing from any room. Only the keys of the shortcuts, which are made from
-/// their names, are not here. The README's table is checked against `documented`.
+/// All settings with key, default and description, except the shortcuts, whose keys are derived from their names.
+/// `documented` must match the table in the README.
 namespace vantro::setting {
 
-// In the order in which the user is told of them.
+// In the order of the README.
 inline constexpr Setting<bool> autoPasteEnabled{"autoPasteEnabled", true, "false: only copy, and show how to paste"};
 inline constexpr Setting<bool> copyToClipboardEnabled{"copyToClipboardEnabled", false,
                                                       "true: the dictated text stays on the clipboard after pasting"};
@@ -39,7 +38,6 @@ inline constexpr Setting<bool> checkForUpdatesOnLaunch{"checkForUpdatesOnLaunch"
 inline constexpr Setting<QByteArray> pasteChords{
     "pasteChords", "", "paste keystrokes of more windows, as JSON: `{\"my-terminal\": \"Ctrl+Shift+V\"}`"};
 
-/// Those above.
 inline constexpr std::array<const SettingKey*, 15> documented{&autoPasteEnabled,
                                                               &copyToClipboardEnabled,
                                                               &playSoundOnComplete,
@@ -56,7 +54,7 @@ inline constexpr std::array<const SettingKey*, 15> documented{&autoPasteEnabled,
                                                               &checkForUpdatesOnLaunch,
                                                               &pasteChords};
 
-// What pages and commands keep here in forms of their own.
+// Edited through pages and commands of their own.
 inline constexpr Setting<qint64> selectedAudioDeviceID{"selectedAudioDeviceID", -1};
 inline constexpr Setting<QString> selectedAudioDeviceUID{"selectedAudioDeviceUID", ""};
 inline constexpr Setting<QByteArray> prioritizedDevices{"prioritizedDevices", ""};
@@ -68,7 +66,7 @@ inline constexpr Setting<QByteArray> modeConfigurations{"modeConfigurations", ""
 inline constexpr Setting<QByteArray> providerConfigurations{"providerConfigurations", ""};
 inline constexpr Setting<QString> skippedUpdateVersion{"skippedUpdateVersion", ""};
 
-// What has been done, or is still to do, once.
+// State of one-time jobs.
 inline constexpr Setting<bool> providerKeyCleanUpDue{"providerKeyCleanUpDue", false};
 inline constexpr Setting<bool> selectedModelAdoptedFromCache{"selectedModelAdoptedFromCache", false};
 inline constexpr Setting<bool> selectedModelDefaultedOnce{"selectedModelDefaultedOnce", false};
@@ -77,6 +75,6 @@ inline constexpr Setting<bool> hasRunTranscriptionTrimMigration{"hasRunTranscrip
 inline constexpr Setting<bool> hasRunEmptyTranscriptionDeleteMigration{"hasRunEmptyTranscriptionDeleteMigration",
                                                                        false};
 inline constexpr Setting<QString> userKey{"userKey", ""};
-inline constexpr Setting<QString> formerUserKey{"userOpenAIKey", ""}; ///< its name before
+inline constexpr Setting<QString> formerUserKey{"userOpenAIKey", ""}; ///< its former name
 
 } // namespace vantro::setting

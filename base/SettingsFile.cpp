@@ -35,7 +35,7 @@ bool isNewer(const QByteArray& contents)
     return false;
 }
 
-/// The first name beside @p path that is free: what was kept before is not overwritten either.
+/// The first free name beside @p path, so that earlier backups are not overwritten.
 QString freeName(const QString& path, const QString& ending)
 {
     QString name = path + ending;
@@ -60,7 +60,7 @@ std::optional<KeptAside> keepAsideIfUnusable(const QString& path)
                    freeName(path, damaged ? QStringLiteral(".damaged") : QStringLiteral(".newer"))};
     if (!file.rename(kept.file))
         return std::nullopt;
-    Logger("UserDefaults").error(QStringLiteral("The settings file cannot be used and is kept as %1").arg(kept.file));
+    Logger("UserDefaults").error(QStringLiteral("The settings file is unusable and was kept as %1").arg(kept.file));
     return kept;
 }
 

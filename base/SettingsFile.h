@@ -6,10 +6,10 @@
 
 namespace vantro {
 
-/// What this version writes as "settingsVersion". Goes up when an older version would misread the file.
+/// Written as "settingsVersion". Increment when older versions would misread the file.
 inline constexpr int settingsVersion = 1;
 
-/// A settings file that this version must not write into, and where it lies now.
+/// Why a settings file was moved aside, and its new path.
 struct KeptAside
 {
     enum class Reason { damaged, newer };
@@ -18,9 +18,9 @@ struct KeptAside
     QString file;
 };
 
-/// Renames the settings file at @p path when it is damaged (a half-written line, bytes that no text has) or comes from
-/// a newer version, so that neither is overwritten: the program goes on with defaults. A file that cannot be renamed
-/// stays where it is; nothing is answered then.
+/// Renames the settings file at @p path if it is damaged (a partial line, NUL bytes) or from a newer version, so that
+/// it is not overwritten; the program continues with defaults. Returns nullopt if the file is usable or cannot be
+/// renamed.
 std::optional<KeptAside> keepAsideIfUnusable(const QString& path);
 
 } // namespace vantro

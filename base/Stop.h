@@ -17,13 +17,13 @@ QCoro::Task<> finishWith(QFuture<Result> future, std::shared_ptr<QPromise<void>>
     try {
         co_await future;
     } catch (...) {
-        // Whoever asks the future for its result learns of it.
+        // The caller gets the exception from the future itself.
     }
     end->finish();
 }
 
-/// Ends when @p future has finished, whatever it brings, or as soon as @p stop is requested. The work behind a future
-/// that was not waited for goes on.
+/// Completes when @p future has finished or failed, or as soon as @p stop is requested. The work behind the future is
+/// not cancelled.
 template <typename Result>
 QCoro::Task<> finishedOrStopped(QFuture<Result> future, std::stop_token stop)
 {

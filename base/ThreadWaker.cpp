@@ -28,7 +28,7 @@ void ThreadWaker::wake() noexcept
 {
     if (pending_.exchange(true))
         return;
-    // One byte at most is under way, so the pipe is never full and the write cannot block.
+    // At most one byte is in the pipe, so the write never blocks.
     const char byte = 0;
     while (::write(pipe_[1], &byte, 1) < 0 && errno == EINTR) {
     }

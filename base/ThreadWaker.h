@@ -9,9 +9,9 @@
 
 namespace vantro {
 
-/// Calls a handler on the thread that made it, from that thread's event loop, whenever another thread asks for it.
-/// wake() takes no lock and allocates nothing, so even the audio thread may call it; calls that come before the handler
-/// has run are answered by one run. Whatever the caller wrote before wake() is seen by that run.
+/// Calls a handler from the event loop of the thread that constructed it whenever another thread calls wake(), which is
+/// lock-free and does not allocate, so it is safe on the audio thread. Calls made before the handler runs are
+/// coalesced. Everything written before wake() is visible to the handler.
 class ThreadWaker
 {
 public:

@@ -25,7 +25,7 @@ QHash<QString, QVariant> contents(const QSettings& settings)
     return values;
 }
 
-/// As text: what this process set keeps its type until it is read back.
+/// Compares as text, because values keep their type until they are read back from the file.
 bool isSame(const QVariant& one, const QVariant& other)
 {
     return one.toStringList() == other.toStringList() && one.toString() == other.toString();
@@ -60,7 +60,7 @@ std::optional<QString> UserDefaults::read(const QString& key) const
 template <>
 std::optional<bool> UserDefaults::read(const QString& key) const
 {
-    // The INI format keeps no types: a Boolean comes back as the text it was written as.
+    // The INI format is untyped: a Boolean is read back as text.
     const QString text = settings_.value(key).toString();
     const bool isTrue = text == QLatin1String("true");
     return isTrue || text == QLatin1String("false") ? std::optional(isTrue) : std::nullopt;
@@ -138,7 +138,7 @@ void UserDefaults::watch()
     reload();
 }
 
-/// The file is replaced at every write, which ends the watch on the former one; the folder tells of the new one.
+/// Every write replaces the file, which ends its watch; watching the folder catches the new file.
 void UserDefaults::watchFile()
 {
     const QFileInfo file(settings_.fileName());

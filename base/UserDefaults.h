@@ -17,17 +17,14 @@ class QFileSystemWatcher;
 
 namespace vantro {
 
-/// The user's preferences, which base/Settings.h lists: one INI file below the XDG configuration folder. Every setter
-/// writes through. Main thread only.
-///
-/// Several processes may hold the same file: a write stores the keys that were set and leaves the others as they are in
-/// the file.
+/// The user's preferences (see base/Settings.h) in one INI file below the XDG configuration folder. Every setter writes
+/// through. Several processes may share the file: a write stores only the keys that were set. Main thread only.
 class UserDefaults final : public QObject
 {
     Q_OBJECT
 public:
-    /// @p path: the INI file; it is made, readable by its owner only, on the first write. One that is damaged or comes
-    /// from a newer version is put aside before.
+    /// @p path: the INI file, created with mode 0600 on the first write. A damaged file, or one from a newer version,
+    /// is moved aside first.
     explicit UserDefaults(const QString& path);
     ~UserDefaults() override;
 
@@ -42,7 +39,7 @@ public:
         else
             return stored(setting).value_or(T::fromStdString(setting.absent));
     }
-    /// Nothing as well when a value of another type is stored.
+    /// Also nullopt when the stored value has another type.
     template <typename T>
     [[nodiscard]] std::optional<T> stored(const Setting<T>& setting) const
     {
@@ -54,7 +51,7 @@ public:
         write<T>(setting.key, value);
     }
 
-    // For keys that are made while the program runs.
+    // For keys that are composed at run time.
     template <typename T>
     [[nodiscard]] std::optional<T> read(const QString& key) const;
     template <typename T>
@@ -64,22 +61,21 @@ public:
     }
     [[nodiscard]] bool contains(const QString& key) const;
     void remove(const QString& key);
-    /// Copies the text under @p key to @p key and ".unreadable": what this program cannot read is not lost when it is
-    /// overwritten.
+    /// Copies @p key's value to "KEY.unreadable", so that overwriting it loses nothing.
     void keepUnreadable(const QString& key);
 
-    /// The file that was found and could not be used; nothing in the usual case.
+    /// Set if the file was unusable and has been moved aside.
     [[nodiscard]] const std::optional<KeptAside>& keptAside() const { return keptAside_; }
 
-    /// Reads what another process has written meanwhile.
+    /// Picks up changes made by other processes.
     void reload();
-    /// From now on another process's writes are noticed by themselves. Needs an event loop.
+    /// Starts watching the file for writes by other processes. Requires an event loop.
     void watch();
 
 Q_SIGNALS:
-    /// @p key was set to another value, or removed, by this process or by another one; the new value is in place.
+    /// @p key was changed or removed, by this or another process; get() already returns the new value.
     void changed(const QString& key);
-    /// A change could not be written to @p file; it is in force until the process ends.
+    /// A change could not be written to @p file and is lost when the process ends.
     void writeFailed(const QString& file);
 
 private:
@@ -87,9 +83,9 @@ private:
     void writeThrough();
     void watchFile();
 
-    std::optional<KeptAside> keptAside_; ///< before the settings are read
+    std::optional<KeptAside> keptAside_; ///< initialised before settings_ opens the file
     QSettings settings_;
-    QHash<QString, QVariant> known_; ///< the values that changed() has told of
+    QHash<QString, QVariant> known_; ///< the values last reported by changed()
     std::unique_ptr<QFileSystemWatcher> watcher_;
 };
 

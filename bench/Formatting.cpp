@@ -1,5 +1,5 @@
-// Sends requests to a server on this machine through the real service, and tells how long each took and for how long
-// the main thread was busy with one event. bench/formatting starts the server and reads what this prints.
+// Sends requests to a local server through the real service and prints how long each took and the longest time one
+// event blocked the main thread. bench/formatting starts the server and parses the output.
 #include "base/Error.h"
 #include "base/RunTask.h"
 #include "vantro/ai/services/CustomOpenAICompatibleService.h"
@@ -16,7 +16,7 @@ using namespace vantro;
 
 namespace {
 
-/// Measures how long the main thread is kept by each event.
+/// Measures how long each event blocks the main thread.
 class TimedApplication final : public QCoreApplication
 {
 public:
@@ -36,7 +36,7 @@ public:
     qint64 longestNs = 0;
 };
 
-/// A key without a key store: reading it is over when a request begins.
+/// A key without a key store, read synchronously.
 class OneKey final : public KeychainServicing
 {
 public:
@@ -81,7 +81,7 @@ int main(int argc, char** argv)
         timer.start();
         qint64 mainNs = 0;
         {
-            // What runs before the first wait counts as an event of its own.
+            // Code that runs before the first suspension counts as an event.
             auto asked = service.format(QStringLiteral("Be brief."), text);
             mainNs = timer.nsecsElapsed();
             try {

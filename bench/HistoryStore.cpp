@@ -1,10 +1,10 @@
-// What bench/history measures inside a process.
+// The in-process measurements of bench/history.
 //
 //   vantro_bench_history fill PATH ROWS
 //   vantro_bench_history measure PATH RUNS
 //   vantro_bench_history scroll PATH ROWS
 //
-// measure prints lists of times in milliseconds, scroll the resident memory before and after; both one JSON object.
+// Prints one JSON object: measure, lists of times in milliseconds; scroll, the resident memory before and after.
 #include "vantro/store/CoreDataStack.h"
 #include "vantro/store/HistoryListModel.h"
 
@@ -30,7 +30,7 @@ namespace {
 constexpr int vocabularySize = 30'000;
 constexpr qint64 millisecondsPerDay = 86'400'000;
 
-/// Sentences whose words are as unevenly frequent as those of a language (Zipf's law), always the same ones.
+/// Generates reproducible sentences with natural word frequencies (Zipf's law).
 class Speaker
 {
 public:
@@ -110,7 +110,7 @@ void fill(CoreDataStack& store, int rows)
     transaction.commit();
 }
 
-/// Reads what a window shows of the list.
+/// Reads everything that a window displays.
 void lookAtFirstPage(const HistoryListModel& model)
 {
     for (int row = 0; row < model.rowCount(); ++row) {
@@ -180,7 +180,7 @@ QJsonArray saves(CoreDataStack& store, int runs)
     return times;
 }
 
-/// What the disk takes alone: as many bytes as a small commit appends, and their way to the disk.
+/// The disk alone: appends and syncs as many bytes as a small commit.
 QJsonArray syncs(const QString& folder, int runs)
 {
     QFile file(folder + QStringLiteral("/sync"));

@@ -1,5 +1,5 @@
-// Presses a shortcut many times on a real X server. One line for each press: the microseconds from the key event to the
-// shortcut's handler, and to a bare X client that waits for nothing else.
+// Presses a shortcut many times on a real X server. Prints one line per press: the microseconds from the key event to
+// the shortcut's handler, and to a bare X client that only waits for it.
 #include "KeyboardShortcuts/KeyboardShortcuts.h"
 #include "platform/KeyCode.h"
 #include "platform/linux/x11/X11Connection.h"

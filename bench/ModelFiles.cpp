@@ -1,9 +1,9 @@
-// What bench/models measures inside a process: hashing a file, and downloading one as the program does.
+// The in-process measurements of bench/models: hashing a file, and downloading one with the program's downloader.
 //
 //   vantro_bench_models hash FILE
 //   vantro_bench_models download URL DESTINATION
 //
-// Prints one JSON object: times in milliseconds, the largest resident memory in MiB.
+// Prints one JSON object: times in milliseconds, peak resident memory in MiB.
 #include "vantro/models/FileDownloader.h"
 #include "vantro/models/Sha1.h"
 

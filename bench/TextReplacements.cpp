@@ -1,4 +1,4 @@
-// Applies a list of replacements to a text and prints the times of the runs in milliseconds, one a line:
+// Applies a list of replacements to a text and prints the time of each run in milliseconds, one per line:
 //   vantro_bench_text RUNS REPLACEMENTS.json < TEXT
 
 #include "vantro/text/TextReplacer.h"

@@ -1,5 +1,5 @@
-// A window with a text field that tells when what was put into it stood on the screen: one line per change in the file
-// named on the command line, with the microseconds of the monotonic clock and the number of characters.
+// A window with a text field that records when new text is on the screen: one line per change in the file named on the
+// command line, with the monotonic clock in microseconds and the number of characters.
 #include <QApplication>
 #include <QFile>
 #include <QPlainTextEdit>
@@ -23,7 +23,7 @@ protected:
     void paintEvent(QPaintEvent* event) override
     {
         QPlainTextEdit::paintEvent(event);
-        // What was painted reaches the X server before the next event is handled.
+        // Painted content reaches the X server before the next event is handled.
         if (std::exchange(changed_, false))
             QMetaObject::invokeMethod(this, &Field::note, Qt::QueuedConnection);
     }

@@ -1,5 +1,5 @@
-// One recording through the Parakeet recogniser: asr MODEL RECORDING [RUNS]
-// Prints the text, then for each run the time of the recognition and at the end the process's peak memory.
+// Runs the Parakeet recogniser on one recording: asr MODEL RECORDING [RUNS]
+// Prints the text, the recognition time of each run, and the process's peak memory.
 #include "asr/ASRError.h"
 #include "asr/AsrManager.h"
 #include "platform/ThisProcess.h"

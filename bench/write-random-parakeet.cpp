@@ -1,4 +1,4 @@
-// Writes a Parakeet model of 0.6 billion random parameters: write-random-parakeet FILE v2|v3 f32|f16|q8_0|q5_0|q4_0
+// Writes a Parakeet model with 0.6 billion random parameters: write-random-parakeet FILE v2|v3 f32|f16|q8_0|q5_0|q4_0
 #include "asr/testing/ModelWriter.h"
 
 #include <cstdio>

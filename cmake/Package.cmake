@@ -1,13 +1,13 @@
-# What an installation consists of, and the Debian package that CPack makes of it (cpack -G DEB in the build folder).
+# Installation rules and the Debian package that CPack builds from them (cpack -G DEB in the build folder).
 include(GNUInstallDirs)
 set(VANTRO_PRIVATE_LIBS "${CMAKE_INSTALL_LIBDIR}/vantro")
 if(CMAKE_INSTALL_LIBDIR MATCHES "/")
-  set(VANTRO_PRIVATE_LIBS "lib/vantro") # where the program looks: beside its own folder
+  set(VANTRO_PRIVATE_LIBS "lib/vantro") # where the program searches, relative to its own folder
 endif()
 
 install(TARGETS vantro RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 if(NOT whisper_FOUND)
-  # Ours alone: another version in the system's folder must not get in its way.
+  # Private, so that another version in the system's folder does not conflict.
   set(libraries whisper ggml ggml-base)
   get_property(cpu_variants DIRECTORY "${VANTRO_WHISPER_SOURCE}/ggml/src" PROPERTY BUILDSYSTEM_TARGETS)
   list(FILTER cpu_variants INCLUDE REGEX "^ggml-cpu(-[a-z0-9]+)?$")
@@ -29,7 +29,7 @@ install(FILES "${packaging}/icons/com.vantro.app-symbolic.svg" "${packaging}/ico
   DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/symbolic/apps)
 install(FILES "${packaging}/sounds/Blow.wav" DESTINATION ${CMAKE_INSTALL_DATADIR}/vantro/sounds)
 
-# Debian wants manual and changes compressed, without a time in the file.
+# Debian requires a compressed manual and changelog without a timestamp.
 find_program(GZIP gzip REQUIRED)
 set(compressed_folder "${CMAKE_BINARY_DIR}/packaging")
 configure_file("${packaging}/debian/changelog.in" "${compressed_folder}/changelog.Debian" @ONLY)
@@ -64,7 +64,7 @@ set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
 set(CPACK_DEBIAN_PACKAGE_SECTION sound)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS "${CMAKE_RUNTIME_OUTPUT_DIRECTORY}")
-# What is loaded while the program runs, and so is not seen by the tool that looks at linked libraries.
+# Loaded at run time, so dpkg-shlibdeps does not find them.
 set(CPACK_DEBIAN_PACKAGE_DEPENDS
   "libqt6sql6-sqlite, libqt6svg6, qml6-module-qtquick, qml6-module-qtquick-window, qml6-module-qtquick-templates, qml6-module-qtqml-workerscript")
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "xdg-utils, pulseaudio | pipewire-pulse, gnome-keyring | kwalletmanager | keepassxc")

@@ -1,5 +1,5 @@
-# Applied to everything that is compiled here, the speech library included: a race or an overflow that crosses the
-# border between our code and the library would otherwise go unseen.
+# Applies to everything compiled here, including the speech library, so that races and overflows across the boundary are
+# found.
 if(VANTRO_SANITIZE)
   add_compile_options(-fsanitize=${VANTRO_SANITIZE} -fno-omit-frame-pointer)
   add_link_options(-fsanitize=${VANTRO_SANITIZE})

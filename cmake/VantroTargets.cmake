@@ -1,6 +1,6 @@
-# One CMake target per folder; what a target links is what its folder may include.
+# One CMake target per folder; a folder may include only what its target links.
 
-# Compiler settings of our own code; other people's headers come in as SYSTEM.
+# Compiler settings for our own code; third-party headers are SYSTEM.
 add_library(vantro_settings INTERFACE)
 target_compile_options(vantro_settings INTERFACE -Wall -Wextra -Wpedantic)
 if(VANTRO_WARNINGS_AS_ERRORS)
@@ -10,7 +10,7 @@ target_compile_definitions(vantro_settings INTERFACE
   QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS QT_NO_NARROWING_CONVERSIONS_IN_CONNECT
   VANTRO_VERSION="${PROJECT_VERSION}")
 if(VANTRO_SANITIZE)
-  # GCC's instrumentation makes it see uninitialised optionals where there are none.
+  # With sanitizers, GCC reports false positives for std::optional.
   target_compile_options(vantro_settings INTERFACE -Wno-maybe-uninitialized)
 endif()
 if(VANTRO_ASSERTIONS)
@@ -18,7 +18,7 @@ if(VANTRO_ASSERTIONS)
 endif()
 
 # vantro_room(NAME SOURCES ... LINK ... [PRIVATE_LINK ...]): a static library for one folder of the tree.
-# LINK is what the room's public headers need; PRIVATE_LINK what only its sources need.
+# LINK: needed by the public headers; PRIVATE_LINK: needed by the sources only.
 function(vantro_room name)
   cmake_parse_arguments(ARG "" "" "SOURCES;LINK;PRIVATE_LINK" ${ARGN})
   add_library(${name} STATIC ${ARG_SOURCES})

@@ -1,19 +1,19 @@
-# whisper.cpp with ggml. An installed library of the tested version wins; otherwise the pinned source tree that
-# scripts/setup fetched is built with the project. Either way the target is vantro::whisper.
+# whisper.cpp with ggml: an installed library of the tested version if found, else the pinned source tree fetched by
+# scripts/setup. Either way, the target is vantro::whisper.
 set(VANTRO_WHISPER_VERSION 1.9.1)
 set(VANTRO_WHISPER_SOURCE "${CMAKE_SOURCE_DIR}/third_party/node_modules/nodejs-whisper/cpp/whisper.cpp"
   CACHE PATH "whisper.cpp source tree")
 
-# A function, so that what is set for the library stays with the library.
+# A function, so that the settings below apply to the library only.
 function(vantro_add_whisper_source)
-  set(CMAKE_BUILD_TYPE Release) # an unoptimised recogniser is of no use in a development build either
-  string(APPEND CMAKE_C_FLAGS " -w") # its warnings are its authors' business
+  set(CMAKE_BUILD_TYPE Release) # an unoptimised recogniser is too slow even for development builds
+  string(APPEND CMAKE_C_FLAGS " -w") # third-party warnings
   string(APPEND CMAKE_CXX_FLAGS " -w")
-  set(CMAKE_POLICY_DEFAULT_CMP0077 NEW) # the settings below reach the library's own options
+  set(CMAKE_POLICY_DEFAULT_CMP0077 NEW) # lets the settings below override the library's options
   set(BUILD_SHARED_LIBS ON)
-  set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${CMAKE_RUNTIME_OUTPUT_DIRECTORY}") # modules are looked for beside the program
+  set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${CMAKE_RUNTIME_OUTPUT_DIRECTORY}") # modules are searched beside the program
 
-  # Half the time of a whisper dictation on two cores (docs/performance.md).
+  # Halves the time of a whisper dictation on two cores (docs/performance.md).
   set(GGML_LLAMAFILE ON)
   set(GGML_NATIVE OFF)
   set(GGML_CCACHE OFF)
@@ -23,15 +23,15 @@ function(vantro_add_whisper_source)
   if(VANTRO_SANITIZE)
     set(GGML_OPENMP OFF) # its runtime is not instrumented
   else()
-    # The CPU back end is built once per instruction-set level as a loadable module and the best one is chosen when the
-    # program starts, so the result does not depend on the processor that built it.
+    # The CPU back end is built once per instruction-set level as a loadable module and the best one is chosen at start-up,
+    # so that the build does not depend on the build machine's processor.
     set(GGML_BACKEND_DL ON)
     set(GGML_CPU_ALL_VARIANTS ON)
   endif()
   add_subdirectory("${VANTRO_WHISPER_SOURCE}" "${CMAKE_BINARY_DIR}/whisper" EXCLUDE_FROM_ALL SYSTEM)
 
-  # GCC 12 compiles ggml's AMX tile configuration wrongly: quantised models crash on processors that have AMX. The
-  # variant for those processors keeps everything else.
+  # GCC 12 miscompiles ggml's AMX tile configuration: quantised models crash on processors with AMX. The variant for
+  # those processors keeps everything else.
   if(TARGET ggml-cpu-sapphirerapids AND CMAKE_C_COMPILER_ID STREQUAL "GNU")
     target_compile_options(ggml-cpu-sapphirerapids PRIVATE -mno-amx-tile -mno-amx-int8 -mno-amx-bf16)
   endif()
@@ -40,7 +40,7 @@ endfunction()
 find_package(whisper ${VANTRO_WHISPER_VERSION} QUIET)
 if(NOT whisper_FOUND)
   if(NOT EXISTS "${VANTRO_WHISPER_SOURCE}/CMakeLists.txt")
-    message(FATAL_ERROR "No whisper.cpp ${VANTRO_WHISPER_VERSION} is installed and none lies in "
+    message(FATAL_ERROR "whisper.cpp ${VANTRO_WHISPER_VERSION} is neither installed nor in "
       "${VANTRO_WHISPER_SOURCE}. Run scripts/setup first.")
   endif()
   vantro_add_whisper_source()

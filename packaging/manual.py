@@ -1,9 +1,9 @@
 #!/usr/bin/python3
-"""Writes the manual page: what the program's help says of every command, set between the sections of a prose file.
+"""Writes the manual page: inserts the help texts of all commands into a prose file.
 
     manual.py PROGRAM PROSE > vantro.1
 
-PROSE is roff with four lines that are replaced: @TITLE@, @SYNOPSIS@, @OPTIONS@, @COMMANDS@.
+PROSE is roff in which four lines are replaced: @TITLE@, @SYNOPSIS@, @OPTIONS@, @COMMANDS@.
 """
 
 import os
@@ -12,15 +12,15 @@ import subprocess
 import sys
 from pathlib import Path
 
-# The page's section OPTIONS has them: every command knows them.
+# Common to all commands; described in the section OPTIONS.
 COMMON_OPTIONS = {"-h, --help"}
 _ENTRY = re.compile(r"  (?! )(\S.*?)(  +)\S")
 
 
 class Help:
-    """One help text, taken apart.
+    """A parsed help text.
 
-    usage        lines behind "Usage:"
+    usage        lines after "Usage:"
     sections     (heading, blocks); the first heading is empty. A block is a paragraph (text) or a table
                  (list of term and description)
     """
@@ -53,7 +53,7 @@ class Help:
 
 
 def _table(lines):
-    """Terms begin in the third column, descriptions all in one column further right."""
+    """Terms start in the third column; descriptions share a column to the right."""
     column = min(match.end() - 1 for match in map(_ENTRY.match, lines) if match)
     rows = []
     for line in lines:

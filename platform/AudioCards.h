@@ -7,29 +7,29 @@
 
 namespace vantro {
 
-/// A Bluetooth headset. It has several profiles, of which one is in force: music in good quality without a microphone,
-/// or a microphone with the sound of a telephone.
+/// A Bluetooth headset. Exactly one of its profiles is active: high-quality playback without a microphone, or a
+/// microphone with telephone-quality sound.
 struct HeadsetCard
 {
-    /// The same in every run.
+    /// Stable across runs.
     QString uid;
     QString name;
-    /// What the identifiers of its microphones contain; they exist only while a profile with a microphone is in force.
+    /// Part of its microphones' UIDs; they exist only while a profile with a microphone is active.
     QString address;
     QString activeProfile;
-    /// The best profile with a microphone that can be had now; empty when there is none.
+    /// The best available profile with a microphone; empty if there is none.
     QString headsetProfile;
 
     friend bool operator==(const HeadsetCard&, const HeadsetCard&) = default;
 };
 
-/// The headsets that are connected. Main thread only.
+/// The connected headsets. Main thread only.
 class AudioCards : public QObject
 {
     Q_OBJECT
 public:
     [[nodiscard]] virtual std::vector<HeadsetCard> headsets() const = 0;
-    /// Asks for a profile and returns at once. Whether it came into force shows in the devices that come and go.
+    /// Requests a profile and returns immediately; success shows as devices appearing and disappearing.
     virtual void setProfile(const QString& cardUid, const QString& profile) = 0;
 };
 

@@ -21,12 +21,12 @@ struct AudioFormat
     double sampleRateHz = 0;
     std::uint32_t channelCount = 0;
 
-    /// Whether anything can be recorded in it.
+    /// Whether it is a valid recording format.
     [[nodiscard]] bool isUsable() const { return sampleRateHz > 0 && channelCount > 0; }
     friend bool operator==(const AudioFormat&, const AudioFormat&) = default;
 };
 
-/// One block from the microphone, valid during the tap call only.
+/// A block of audio, valid only during the tap call.
 class AudioTapBuffer
 {
 public:
@@ -51,41 +51,41 @@ public:
     using Error::Error;
 };
 
-/// Captures from one input device. Made for one session and thrown away after it. All calls on the main thread; the tap
-/// is called on the system's audio thread, never after removeTap() or stop() has returned.
+/// Captures from one input device for a single session. All calls on the main thread; the tap is called on the system's
+/// audio thread, never after removeTap() or stop() has returned.
 class AudioEngine : public QObject
 {
     Q_OBJECT
 public:
-    /// Called on the audio thread with blocks of exactly the agreed number of frames (the last one, delivered while
-    /// stop() runs, may be shorter).
+    /// Called on the audio thread with blocks of exactly the requested number of frames; the last one, delivered during
+    /// stop(), may be shorter.
     using Tap = std::function<void(const AudioTapBuffer&)>;
 
-    /// Records from @p device instead of the system's default input. Throws AudioEngineError when that cannot be done;
-    /// the engine then stays on the default. After a successful selection the engine announces exactly one
-    /// configurationChanged() of its own making, once it runs.
+    /// Selects @p device instead of the system's default input. Throws AudioEngineError and stays on the default if
+    /// that fails. After a successful selection, the engine emits exactly one configurationChanged() of its own once it
+    /// runs.
     virtual void selectInputDevice(AudioDeviceID device) = 0;
 
-    /// The selected device's own stream format; nothing when none is selected or it cannot be read.
+    /// The selected device's native format; nullopt if none is selected or it is unknown.
     [[nodiscard]] virtual std::optional<AudioFormat> deviceFormat() const = 0;
-    /// The format the input node delivers when left alone. Without any microphone a usual one, so that start() is
-    /// reached and can say why there is no sound; not usable when the format cannot be told.
+    /// The default input's native format. A common format if there is no microphone, so that start() can report that;
+    /// not usable if the format cannot be determined.
     [[nodiscard]] virtual AudioFormat inputFormat() const = 0;
 
     virtual void installTap(std::size_t blockFrames, AudioFormat format, Tap tap) = 0;
     virtual void removeTap() = 0;
 
-    /// Returns once sound is on its way. Throws AudioEngineError with a sentence for the user. A loudspeaker's monitor
-    /// is never opened in a microphone's place.
+    /// Returns once audio is flowing. Throws AudioEngineError with a sentence for the user. Never opens a loudspeaker
+    /// monitor in place of a microphone.
     virtual void start() = 0;
-    /// Delivers what was captured until now to the tap, then ends the capture. Does nothing when not running.
+    /// Delivers the remaining audio to the tap, then ends the capture. A no-op when not running.
     virtual void stop() = 0;
-    /// True from a successful start() until stop(), also when the device has died in between.
+    /// True from a successful start() until stop(), even if the device fails in between.
     [[nodiscard]] virtual bool isRunning() const = 0;
 
 Q_SIGNALS:
-    /// The device was lost, moved, suspended or changed, the default input changed under an engine that follows it, or
-    /// the echo of selectInputDevice(). Emitted on the main thread; a slot may destroy the engine.
+    /// The device was lost, moved, suspended or changed, the default input changed while in use, or selectInputDevice()
+    /// took effect. Emitted on the main thread; a slot may destroy the engine.
     void configurationChanged();
 };
 

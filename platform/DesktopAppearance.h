@@ -6,7 +6,7 @@
 
 namespace vantro {
 
-/// How the user wants programs of this desktop to look. Nothing where the desktop does not say. Main thread only.
+/// The desktop's appearance preferences; nullopt where the desktop has none. Main thread only.
 class DesktopAppearance : public QObject
 {
     Q_OBJECT

@@ -8,12 +8,12 @@
 
 namespace vantro {
 
-/// A key combination that the desktop's own settings give a meaning, in the encoding of platform/KeyCode.h.
+/// A key combination bound in the desktop's settings, encoded as in platform/KeyCode.h.
 struct DesktopShortcut
 {
     std::uint32_t keyCode = 0;
     std::uint32_t modifiers = 0;
-    /// What it does there, as its settings call it ("Show desktop"); may be a command.
+    /// The name of its action in those settings ("Show desktop"); may be a command.
     QString action;
 
     friend bool operator==(const DesktopShortcut&, const DesktopShortcut&) = default;
@@ -25,9 +25,9 @@ class DesktopShortcuts
 public:
     virtual ~DesktopShortcuts() = default;
 
-    /// Read anew at every call, in a few milliseconds. Empty on a desktop whose settings are not known here.
+    /// Reads the settings on every call, which takes a few milliseconds. Empty on unsupported desktops.
     [[nodiscard]] virtual std::vector<DesktopShortcut> bound() const = 0;
-    /// What the system does with a combination before any program sees it; nothing for those that programs can have.
+    /// What the system uses a combination for before any program sees it; nullopt if programs can have it.
     [[nodiscard]] virtual std::optional<QString> reservedFor(std::uint32_t keyCode, std::uint32_t modifiers) const = 0;
 };
 

@@ -16,7 +16,7 @@ struct Key
     const char* name;
 };
 
-// Keysyms are the X protocol's numbers (printable Latin-1 characters stand for themselves).
+// Keysyms as in the X protocol; printable Latin-1 characters are their own keysyms.
 constexpr std::array keys{
     Key{0, 'a', "A"},
     Key{11, 'b', "B"},
@@ -100,7 +100,7 @@ constexpr std::array keys{
     Key{79, 0xffcf, "F18"},
     Key{80, 0xffd0, "F19"},
     Key{90, 0xffd1, "F20"},
-    // What the keypad's keys carry without Num Lock, under the names that are printed on them.
+    // The keypad's keysyms without Num Lock, under the names printed on the keys.
     Key{82, 0xff9e, "Keypad0"},
     Key{83, 0xff9c, "Keypad1"},
     Key{84, 0xff99, "Keypad2"},
@@ -117,7 +117,7 @@ constexpr std::array keys{
     Key{75, 0xffaf, "KeypadDivide"},
     Key{76, 0xff8d, "KeypadEnter"},
     Key{78, 0xffad, "KeypadMinus"},
-    // Keys without a virtual key code of their own.
+    // Keys without a virtual key code.
     Key{KeyCode::keysymBase + 0xff13, 0xff13, "Pause"},
     Key{KeyCode::keysymBase + 0xff61, 0xff61, "Print"},
     Key{KeyCode::keysymBase + 0xff14, 0xff14, "ScrollLock"},
@@ -145,7 +145,7 @@ constexpr std::array keys{
 
 constexpr std::uint32_t unicodeKeysyms = 0x01000000;
 
-/// The character that a keysym outside the table stands for: Latin-1 ones are themselves, others carry their number.
+/// The character of a keysym that is not in the table: Latin-1 directly, others by their Unicode number.
 QString characterOf(std::uint32_t keysym)
 {
     if (keysym > ' ' && keysym < 0x100)

@@ -12,21 +12,21 @@ public:
     using Error::Error;
 };
 
-/// Keystrokes into whatever window has the focus. Main thread only.
+/// Sends keystrokes to the focused window. Main thread only.
 class KeyEventPoster
 {
 public:
-    /// The chords that make programs paste.
+    /// The keystrokes that programs paste on.
     enum class PasteChord { ControlV, ControlShiftV, ShiftInsert };
 
     virtual ~KeyEventPoster() = default;
 
-    /// Whether the user holds a key down that is not a modifier. If that key is a hot key, of this program or another,
-    /// it swallows every keystroke until it is released: wait a while before posting.
+    /// Whether a key other than a modifier is held down. If it is a hot key, of this or another program, its grab
+    /// swallows all keystrokes until it is released, so wait before posting.
     [[nodiscard]] virtual bool isOrdinaryKeyDown() const = 0;
 
-    /// Presses and releases @p chord, whatever the keyboard layout and whatever modifiers the user holds. Nothing stays
-    /// pressed, also when it throws KeyEventError.
+    /// Presses and releases @p chord, independently of the keyboard layout and held modifiers. Leaves no key pressed,
+    /// even when it throws KeyEventError.
     virtual void postPaste(PasteChord chord) = 0;
 };
 

@@ -6,13 +6,13 @@
 
 namespace vantro {
 
-/// Tells which language a text is written in. May be called on any thread.
+/// Detects the language of a text. Any thread.
 class LanguageRecognizer
 {
 public:
     virtual ~LanguageRecognizer() = default;
 
-    /// The language of most of @p text as a BCP 47 code ("es", "zh-Hant"); nothing when none is found, as in digits.
+    /// The main language of @p text as a BCP 47 code ("es", "zh-Hant"); nullopt if undetected, e.g. for digits.
     [[nodiscard]] virtual std::optional<QString> dominantLanguage(const QString& text) const = 0;
 };
 

@@ -10,7 +10,7 @@ public:
     using Error::Error;
 };
 
-/// Whether the desktop starts the program when the user logs in. Main thread only.
+/// Whether the desktop starts the program at login. Main thread only.
 class LoginItem
 {
 public:
@@ -20,7 +20,7 @@ public:
     LoginItem& operator=(const LoginItem&) = delete;
 
     [[nodiscard]] virtual bool isEnabled() const = 0;
-    /// Throws LoginItemError with the reason when it cannot be stored.
+    /// Throws LoginItemError if it cannot be stored.
     virtual void setEnabled(bool enabled) = 0;
 };
 

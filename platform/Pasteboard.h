@@ -12,20 +12,20 @@ namespace vantro {
 class Pasteboard
 {
 public:
-    /// `Primary` is what a middle click or xterm's Shift+Insert pastes; systems without it treat it as always empty.
+    /// `Primary` is pasted by a middle click or by Shift+Insert in xterm; always empty on systems without it.
     enum class Selection { Clipboard, Primary };
 
     virtual ~Pasteboard() = default;
 
-    /// Nothing when the clipboard is empty, holds no text, or its owner does not answer within a moment.
+    /// nullopt if the clipboard is empty, holds no text, or its owner does not answer in time.
     [[nodiscard]] virtual std::optional<QString> string(Selection selection) const = 0;
     virtual void setString(Selection selection, const QString& text) = 0;
-    /// Leaves the selection without an owner, which is not the same as holding an empty text.
+    /// Leaves the selection without an owner, as opposed to holding an empty text.
     virtual void clear(Selection selection) = 0;
-    /// Whether some program has fetched the text of the last setString() since it was set.
+    /// Whether any program has fetched the text of the last setString().
     [[nodiscard]] virtual bool wasFetched(Selection selection) const = 0;
-    /// The same for the program that owns @p window: clipboard managers fetch every text as soon as it is set, which
-    /// says nothing about the program that is to paste it. Systems that do not tell who fetches answer wasFetched().
+    /// The same for the program that owns @p window, because clipboard managers fetch every text at once. Where the
+    /// system does not tell who fetched it, returns wasFetched().
     [[nodiscard]] virtual bool wasFetchedBy(Selection selection, WindowID window) const = 0;
 };
 

@@ -21,10 +21,10 @@
 
 namespace vantro {
 
-/// What the operating system gives, handed out as one bundle that outlives everything that uses it.
+/// All operating system interfaces; must outlive all users.
 struct Platform
 {
-    /// The connections that the adapters share; goes last.
+    /// The adapters' shared connections; first, so that it is destroyed last.
     std::shared_ptr<void> connections;
     std::unique_ptr<AudioHardware> audioHardware;
     std::unique_ptr<AudioCards> audioCards;
@@ -44,16 +44,16 @@ struct Platform
     std::unique_ptr<Workspace> workspace;
 };
 
-/// What a process wants of it: the desktop program everything, which needs a QGuiApplication; a command the part that
-/// it works on, with any Qt application and without a display. The other members stay null.
+/// What to create: everything for the desktop program, which needs a QGuiApplication, or one part for a command, which
+/// works with any Qt application and without a display. Other members stay null.
 enum class PlatformPart {
     everything,
-    microphones, ///< their list alone
-    shortcuts,   ///< hot keys, and what the desktop has bound
+    microphones, ///< only their list
+    shortcuts,   ///< hot keys and the desktop's bindings
     services,    ///< secrets and languages
 };
 
-/// The running system's. What is missing on this desktop answers with a clear error when it is used.
+/// The running system's implementation. Facilities that are missing throw a clear error on use.
 [[nodiscard]] Platform makePlatform(PlatformPart part = PlatformPart::everything);
 
 } // namespace vantro

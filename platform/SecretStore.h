@@ -16,9 +16,9 @@ class SecretStoreError : public Error
 {
 public:
     enum class Kind {
-        unavailable, ///< there is no such service in this session
-        locked,      ///< it is there, but the user has not unlocked it, or has declined to
-        failed,      ///< it answered with an error
+        unavailable, ///< no such service in this session
+        locked,      ///< locked, or the user declined to unlock it
+        failed,      ///< the service returned an error
     };
 
     SecretStoreError(Kind kind, const QString& description) : Error(description), kind_(kind) {}
@@ -29,21 +29,21 @@ private:
     Kind kind_;
 };
 
-/// The desktop's store of secrets: small items, encrypted on the disk, each under the name of an account. Main thread;
-/// no operation blocks it. All throw SecretStoreError.
+/// The desktop's secret store: small encrypted items, one per account. Main thread; operations are asynchronous and
+/// throw SecretStoreError.
 class SecretStore
 {
 public:
     virtual ~SecretStore() = default;
 
-    /// Replaces what the account had. Asks the user to unlock the store where it is locked. @p label is what the
-    /// desktop's own tool for passwords shows.
+    /// Replaces the account's secret; may prompt the user to unlock the store. @p label is shown by the desktop's
+    /// password manager.
     virtual QCoro::Task<> store(QString account, QString label, QByteArray secret) = 0;
-    /// Nothing when the account has none. Asks the user to unlock the store where it is locked.
+    /// nullopt if the account has none. May prompt the user to unlock the store.
     virtual QCoro::Task<std::optional<QByteArray>> read(QString account) = 0;
-    /// False when there was nothing to remove. Asks the user to unlock the store where it is locked.
+    /// Returns false if there was nothing to remove. May prompt the user to unlock the store.
     virtual QCoro::Task<bool> remove(QString account) = 0;
-    /// The accounts that have a secret. Asks nobody: a locked store is an error.
+    /// The accounts that have a secret. Never prompts: a locked store is an error.
     virtual QCoro::Task<QStringList> accounts() = 0;
 };
 

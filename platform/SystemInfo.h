@@ -4,8 +4,7 @@
 
 namespace vantro {
 
-/// What machine and system the program runs on, for reports that a person reads. A value that the system does not tell
-/// is empty. Main thread only.
+/// The machine and system the program runs on, for human-readable reports. Unknown values are empty. Main thread only.
 class SystemInfo
 {
 public:
@@ -16,7 +15,7 @@ public:
 
     /// "Debian GNU/Linux 12 (bookworm), kernel 6.1.0-26-amd64"
     [[nodiscard]] virtual QString operatingSystemVersion() const = 0;
-    /// Maker and model of the computer.
+    /// Vendor and model of the computer.
     [[nodiscard]] virtual QString deviceModel() const = 0;
     [[nodiscard]] virtual QString processorName() const = 0;
     /// 0 when unknown.

@@ -2,16 +2,16 @@
 
 #include "base/LogOutput.h"
 
-/// The log that the system keeps for its programs.
+/// The system's log.
 namespace vantro::systemlog {
 
-/// Where the desktop program's lines go: into the system's log where there is one, and to standard error unless that
-/// leads there too.
+/// The desktop program's log sinks: the system's log if present, and standard error unless that ends up in the same
+/// log.
 [[nodiscard]] std::vector<LogSink> sinks();
-/// Whether the system keeps a log here.
+/// Whether the system has a log.
 [[nodiscard]] bool isPresent();
-/// Turns this process into the system's own reader of the program's lines. @p since: as that reader understands it;
-/// empty for all. Returns only when that fails, with the reason.
+/// Replaces this process with the system's log viewer, filtered for the program's lines. @p since: in that viewer's
+/// syntax, empty for all. Returns only on failure, with the reason.
 [[nodiscard]] QString read(const QString& since, bool follow);
 
 } // namespace vantro::systemlog

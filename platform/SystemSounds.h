@@ -4,7 +4,7 @@
 
 namespace vantro {
 
-/// Short sounds, by name.
+/// Plays short sounds by name.
 class SystemSounds
 {
 public:
@@ -13,8 +13,7 @@ public:
     SystemSounds(const SystemSounds&) = delete;
     SystemSounds& operator=(const SystemSounds&) = delete;
 
-    /// Plays the program's own sound of that name ("Blow"). Returns at once; without a sound server nothing is heard.
-    /// Main thread.
+    /// Plays the program's sound @p name ("Blow"). Returns immediately; silent without a sound server. Main thread.
     virtual void play(const QString& name) = 0;
 };
 

@@ -4,14 +4,14 @@
 
 #include <filesystem>
 
-/// What the system tells this process about itself. Any thread.
+/// Process-level system calls. Any thread.
 namespace vantro::process {
 
-/// The file that the process was started from; empty when the system does not tell.
+/// The path of the running executable; empty if unknown.
 [[nodiscard]] std::filesystem::path programFile();
-/// Another one after each start of the machine; empty when unknown.
+/// A different value after each boot; empty if unknown.
 [[nodiscard]] QByteArray bootIdentity();
-/// What large objects took lies in many small pieces that an allocator keeps: has it return them to the system.
+/// Makes the allocator return free memory to the system, e.g. after large objects have been freed.
 void giveMemoryBack();
 
 } // namespace vantro::process

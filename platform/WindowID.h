@@ -4,7 +4,7 @@
 
 namespace vantro {
 
-/// Another program's window, in the window system's own numbering.
+/// The window system's native window ID.
 using WindowID = std::uint64_t;
 
 } // namespace vantro

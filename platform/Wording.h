@@ -2,19 +2,19 @@
 
 #include <QString>
 
-/// The few texts that name a facility of the running system, worded for each system on its own.
+/// Texts that mention facilities of the system, with one version per system.
 namespace vantro::wording {
 
 QString pasteShortcut();
-/// What a catalogue entry of the fluid engine begins with. Like the other entries' descriptions it is not translated.
+/// The beginning of a Fluid model's description; not translated, like all of them.
 QString fluidModel();
 QString noMicrophone();
 QString noSoundServer();
-/// Stands before the system's name in an error report, which is read by the makers: not translated.
+/// Label of the system's version in an error report; not translated.
 QString systemVersionLabel();
-/// Below the field for an API key.
+/// Shown below the field for an API key.
 QString keyIsStoredSecurely();
-/// Why nothing is rewritten on this machine itself.
+/// Why local rewriting is unavailable.
 QString localProcessingNeeds();
 QString localProcessingIsOff();
 QString howToChooseShortcut();

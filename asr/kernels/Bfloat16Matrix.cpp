@@ -1,7 +1,7 @@
-// Compiled for AVX-512 with BF16: like KernelsVariant.cpp it shares no inline function with other files.
+// Compiled for AVX-512 with BF16; like KernelsVariant.cpp, it must not share inline functions with other files.
 //
-// Layout of a matrix: panels of 32 outputs; in a panel, for each pair of inputs, the pair of each output. Activations:
-// panels of 12 columns, arranged alike. One vdpbf16ps adds two products to each of 16 float32 sums.
+// Matrix layout: panels of 32 outputs; within a panel, for each pair of inputs, the pair of each output. Activations:
+// panels of 12 columns, laid out alike. One vdpbf16ps adds two products to each of 16 float32 sums.
 #include "asr/kernels/Levels.h"
 #include "asr/kernels/Matrix.h"
 
@@ -15,7 +15,7 @@ namespace {
 
 constexpr std::size_t panelColumns = 12;
 constexpr std::size_t lanes = 16;
-constexpr std::size_t storedInputs = 256; ///< a block of as many takes 16 KiB
+constexpr std::size_t storedInputs = 256; ///< per block, which takes 16 KiB
 
 std::size_t panels(std::size_t count, std::size_t size)
 {
@@ -61,7 +61,7 @@ void transpose(__m512i (&rows)[lanes])
         rows[i + 2] = _mm512_unpacklo_epi64(mixed[i + 1], mixed[i + 3]);
         rows[i + 3] = _mm512_unpackhi_epi64(mixed[i + 1], mixed[i + 3]);
     }
-    // Now a row holds four quarters: of columns i, 4 + i, 8 + i and 12 + i, each with four of the former rows.
+    // Each row now has four quarters, from columns i, 4 + i, 8 + i and 12 + i, each with four of the original rows.
     constexpr int even = 0x88;
     constexpr int odd = 0xdd;
 #pragma GCC unroll 4
@@ -77,7 +77,7 @@ void transpose(__m512i (&rows)[lanes])
     }
 }
 
-/// Rows of float16 in a file, which aligns them to nothing.
+/// Rows of float16 in a file, unaligned.
 struct Rows
 {
     const unsigned char* first = nullptr;
@@ -90,7 +90,7 @@ struct Rows
     }
 };
 
-/// 16 outputs of a panel: each line of the cache is written once and whole. Missing outputs become zeros.
+/// Packs 16 outputs of a panel, writing whole cache lines. Missing outputs become zeros.
 void packOutputs(const Rows& rows, std::size_t inputs, std::uint32_t* panel)
 {
     for (std::size_t input = 0; input < inputs; input += 2 * lanes) {
@@ -114,7 +114,7 @@ void packPanel(const Rows& rows, std::size_t inputs, std::uint32_t* panel)
     packOutputs({rows.first + low * rows.rowBytes, rows.rowBytes, rows.count - low}, inputs, panel + lanes);
 }
 
-/// The rows of the panel that begins with @p output.
+/// The rows of the panel that starts at @p output.
 Rows panelRows(const void* matrix, std::size_t inputs, std::size_t outputs, std::size_t output)
 {
     const std::size_t rowBytes = inputs * sizeof(std::uint16_t);
@@ -156,7 +156,7 @@ __mmask16 maskFor(std::size_t output, std::size_t outputs)
     return static_cast<__mmask16>(left >= lanes ? 0xFFFF : (1U << left) - 1);
 }
 
-/// What a part of a product begins with: @p result may be null.
+/// The initial sum of a partial product; zero if @p result is null.
 __m512 begunSum(const float* result, std::size_t output, std::size_t outputs)
 {
     return result != nullptr ? _mm512_maskz_loadu_ps(maskFor(output, outputs), result + output) : _mm512_setzero_ps();
@@ -170,7 +170,7 @@ void store(__m512 sum, const float* bias, float* target, std::size_t output, std
     _mm512_mask_storeu_ps(target + output, mask, sum);
 }
 
-/// Columns as packActivations() leaves them.
+/// Columns packed by packActivations().
 struct Activations
 {
     const std::uint16_t* values;
@@ -184,10 +184,10 @@ struct Product
     std::size_t outputs;
     const float* bias;
     float* result;
-    bool isContinued = false; ///< goes on with the sums that stand in the result
+    bool isContinued = false; ///< adds to the sums in result
 };
 
-/// @p Columns columns of a panel times one panel of the matrix, or the first product.inputs of both.
+/// Multiplies @p Columns columns of a panel by a panel of the matrix, over product.inputs inputs.
 template <std::size_t Columns>
 void multiplyPanels(const Product& product, const std::uint16_t* matrix, std::size_t output,
                     const std::uint16_t* activations, std::size_t column)
@@ -224,7 +224,7 @@ constexpr PanelFunction panelFunctions[panelColumns] = {multiplyPanels<1>,  mult
                                                         multiplyPanels<7>,  multiplyPanels<8>,  multiplyPanels<9>,
                                                         multiplyPanels<10>, multiplyPanels<11>, multiplyPanels<12>};
 
-/// All columns times a panel of the matrix, whose inputs are those from @p skipped on.
+/// Multiplies all columns by a panel of the matrix whose inputs start at @p skipped.
 void multiplyColumns(const Product& product, const std::uint16_t* weights, std::size_t output,
                      const Activations& activations, std::size_t skipped)
 {
@@ -246,7 +246,7 @@ void multiply(const void* matrix, std::size_t inputs, std::size_t outputs, const
                         p * panelOutputs, {static_cast<const std::uint16_t*>(activations), inputs, columns}, 0);
 }
 
-/// The next block comes out of memory while this one is multiplied.
+/// Prefetches the next block while this one is multiplied.
 void prefetch(const Rows& rows, std::size_t inputs)
 {
     constexpr std::size_t line = 64;
@@ -258,8 +258,8 @@ void prefetch(const Rows& rows, std::size_t inputs)
     }
 }
 
-/// The matrix as it stands in the file: a block of a panel is rearranged into the processor's cache and used for
-/// all columns there.
+/// Multiplies by the matrix as stored in the file: packs one block of a panel at a time into the cache and uses it for
+/// all columns.
 void multiplyStored(const void* matrix, std::size_t inputs, std::size_t outputs, const void* activations,
                     std::size_t columns, const float* bias, float* result, Share share)
 {

@@ -7,8 +7,8 @@ namespace vantro::asr::kernels {
 
 namespace {
 
-/// e^x to within two units in the last place, without branches or calls, so that loops over it become vector code. The
-/// argument is cut to where the result is a normal number.
+/// e^x to within two units in the last place, without branches or calls, so that loops can be vectorised. The argument
+/// is clamped to the range of normal results.
 inline float fastExp(float x)
 {
     constexpr float limit = 87.0F;
@@ -21,7 +21,7 @@ inline float fastExp(float x)
     const float shifted = x * log2OfE + roundToInteger;
     const float n = shifted - roundToInteger;
     const float r = x - n * ln2High - n * ln2Low;
-    // Taylor's series: |r| <= ln 2 / 2 makes the next term smaller than the last bit.
+    // Taylor series; for |r| <= ln 2 / 2, the next term is smaller than the last bit.
     float power = 1.0F / 5040.0F;
     power = power * r + 1.0F / 720.0F;
     power = power * r + 1.0F / 120.0F;

@@ -1,4 +1,4 @@
-// Compiled for AVX-512 with VNNI: like KernelsVariant.cpp it shares no inline function with files that are not.
+// Compiled for AVX-512 with VNNI; like KernelsVariant.cpp, it must not share inline functions with other files.
 #include "asr/kernels/Int8Panels.h"
 #include "asr/kernels/Levels.h"
 
@@ -21,7 +21,7 @@ std::size_t matrixBytes(std::size_t inputs, std::size_t outputs)
     return panels(outputs, panelOutputs) * inputs / blockInputs * matrixBlockBytes;
 }
 
-/// One output's 32 inputs into their places among those of the panel's other outputs.
+/// Packs one output's 32 inputs, interleaved with the panel's other outputs.
 void packBlock(const unsigned char* stored, unsigned char* packed, std::size_t place)
 {
     std::memcpy(packed + scalesOffset + place * sizeof(std::uint16_t), stored, sizeof(std::uint16_t));
@@ -37,7 +37,7 @@ __m128i fourGroups(const unsigned char* stored)
     return _mm_loadu_si128(reinterpret_cast<const __m128i*>(stored + sizeof(std::uint16_t)));
 }
 
-/// 4 groups of 16 outputs: what packBlock() does for one, with whole lines of the cache.
+/// Packs 4 groups of 16 outputs like packBlock(), writing whole cache lines.
 void packGroups(const Rows& rows, unsigned char* packed)
 {
     __m512i r[4]; // in lane l of r[i]: row 4 * l + i
@@ -47,7 +47,7 @@ void packGroups(const Rows& rows, unsigned char* packed)
         r[i] = _mm512_inserti32x4(r[i], fourGroups(rows.at(4 + i)), 1);
         r[i] = _mm512_inserti32x4(r[i], fourGroups(rows.at(8 + i)), 2);
         r[i] = _mm512_inserti32x4(r[i], fourGroups(rows.at(12 + i)), 3);
-        r[i] = _mm512_xor_si512(r[i], _mm512_set1_epi8(static_cast<char>(weightOffset))); // adds it, in 8 bits
+        r[i] = _mm512_xor_si512(r[i], _mm512_set1_epi8(static_cast<char>(weightOffset))); // adds the offset modulo 256
     }
     const __m512i low01 = _mm512_unpacklo_epi32(r[0], r[1]);
     const __m512i high01 = _mm512_unpackhi_epi32(r[0], r[1]);
@@ -116,7 +116,7 @@ std::size_t int8::activationBytes(std::size_t inputs, std::size_t columns)
 
 namespace {
 
-/// 32 values as bytes with one scale, rounded to the nearest.
+/// Quantises 32 values to bytes with one scale, rounding to nearest.
 void quantise(const float* values, ActivationBlock& block, std::size_t column)
 {
     const __m512 low = _mm512_loadu_ps(values);
@@ -160,7 +160,7 @@ __mmask16 maskFor(std::size_t output, std::size_t outputs)
     return static_cast<__mmask16>(left >= lanes ? 0xFFFF : (1U << left) - 1);
 }
 
-/// What a part of a product begins with: @p result may be null.
+/// The initial sum of a partial product; zero if @p result is null.
 __m512 begunSum(const float* result, std::size_t output, std::size_t outputs)
 {
     return result != nullptr ? _mm512_maskz_loadu_ps(maskFor(output, outputs), result + output) : _mm512_setzero_ps();
@@ -206,7 +206,7 @@ inline void addBlock(const unsigned char* matrix, const ActivationBlock& activat
     }
 }
 
-/// The first @p Columns columns of a panel times one panel of the matrix.
+/// Multiplies the first @p Columns columns of a panel by a panel of the matrix.
 template <std::size_t Columns>
 void multiplyPanels(const Product& product, const unsigned char* matrix, std::size_t output,
                     const ActivationBlock* activations, std::size_t column)

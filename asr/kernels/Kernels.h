@@ -2,8 +2,8 @@
 
 #include <cstddef>
 
-/// The inner loops that ggml has no fast operation for. They are compiled once per instruction-set level; active()
-/// gives the best set that this processor runs. Every function does the share of one thread of several.
+/// Inner loops for which ggml has no fast operation, compiled once per instruction-set level; active() returns the best
+/// set for this processor. Every function does one thread's share of the work.
 namespace vantro::asr::kernels {
 
 struct Share
@@ -12,7 +12,7 @@ struct Share
     std::size_t threads = 1;
 };
 
-/// [row][column][channel]: rows are in time, columns are frequency bands.
+/// [row][column][channel]: rows are time, columns are frequency bands.
 struct Map
 {
     float* values = nullptr;
@@ -20,7 +20,7 @@ struct Map
     std::size_t columns = 0;
 };
 
-/// A 3x3 convolution of stride 2 with a zero border, per channel. taps: [time * 3 + band][channel].
+/// A 3x3 convolution per channel, with stride 2 and zero padding. taps: [time * 3 + band][channel].
 struct Convolution
 {
     const float* taps = nullptr;
@@ -28,8 +28,7 @@ struct Convolution
     std::size_t channels = 0;
 };
 
-/// A convolution in time, per channel, of @p size taps [tap][channel] centred on the frame; its bias is one per
-/// channel.
+/// A convolution in time per channel, with @p size taps [tap][channel] centred on the frame and one bias per channel.
 struct TimeConvolution
 {
     const float* taps = nullptr;
@@ -40,12 +39,12 @@ struct TimeConvolution
 
 struct Kernels
 {
-    /// A first convolution from one channel to many with a ReLU, and a second one per channel behind it.
+    /// A convolution from one channel to many with ReLU, followed by a depthwise one.
     void (*subsampleTwice)(const Map& source, const Convolution& first, const Convolution& second, const Map& result,
                            Share share);
     void (*subsample)(const Map& source, const Convolution& convolution, const Map& result, Share share);
-    /// The middle of a convolution module. @p source: [frame][2 * channels], values and then their gates. Each frame of
-    /// @p result [frame][channels] is swish(convolution(value * sigmoid(gate))).
+    /// The middle of a convolution module. @p source: [frame][2 * channels], values followed by their gates. Each frame
+    /// of @p result [frame][channels] is swish(convolution(value * sigmoid(gate))).
     void (*gatedConvolution)(const float* source, std::size_t frames, const TimeConvolution& convolution, float* result,
                              Share share);
 };

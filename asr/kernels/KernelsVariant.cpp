@@ -1,6 +1,5 @@
-// Compiled once per instruction-set level, with VANTRO_ASR_LEVEL naming it. Everything here is local to this file and
-// nothing is taken from the standard library's templates: a function shared with other files could be linked from the
-// wrong level.
+// Compiled once per instruction-set level, named by VANTRO_ASR_LEVEL. Everything is local to this file and no templates
+// of the standard library are used, because the linker might pick a shared function from the wrong level.
 #include "asr/kernels/FastExp.h"
 #include "asr/kernels/Kernels.h"
 #include "asr/kernels/Levels.h"
@@ -10,7 +9,7 @@ namespace vantro::asr::kernels {
 namespace {
 
 constexpr std::size_t blockChannels = 32;
-constexpr std::size_t maximumColumns = 512; ///< half of the largest number of mel bands a header may announce
+constexpr std::size_t maximumColumns = 512; ///< half of the maximum number of mel bands
 constexpr std::size_t maximumTaps = 255;
 constexpr std::size_t blockFrames = 64;
 
@@ -25,7 +24,7 @@ Range rangeOf(std::size_t count, Share share)
     return {count * share.thread / share.threads, count * (share.thread + 1) / share.threads};
 }
 
-/// A number of channels known to the compiler, for whole blocks, or only at run time.
+/// A number of channels known at compile time (whole blocks) or at run time.
 struct WholeBlock
 {
     static constexpr std::size_t count = blockChannels;
@@ -35,7 +34,7 @@ struct PartBlock
     std::size_t count;
 };
 
-/// One row of the first map, [column][blockChannels]; false where the row lies in the border.
+/// Computes one row of the first map, [column][blockChannels]; returns false for a row in the padding.
 template <typename Block>
 bool firstRow(const Map& source, std::ptrdiff_t row, const Convolution& convolution, std::size_t channel, Block block,
               float* result)
@@ -65,8 +64,7 @@ bool firstRow(const Map& source, std::ptrdiff_t row, const Convolution& convolut
     return true;
 }
 
-/// A result row out of three source rows, of which those in the border are null. @p stride: floats from column to
-/// column.
+/// Computes a result row from three source rows; rows in the padding are null. @p stride: floats between columns.
 template <typename Block>
 void depthwiseRow(const float* const (&rows)[3], std::size_t columns, std::size_t stride,
                   const Convolution& convolution, std::size_t channel, Block block, float* result)
@@ -99,7 +97,7 @@ void subsampleTwiceBlock(const Map& source, const Convolution& first, const Conv
     bool isSet[3] = {};
     for (std::size_t row = rows.begin; row < rows.end; ++row) {
         const auto centre = static_cast<std::ptrdiff_t>(2 * row);
-        // The last of the three rows is the first of the next three.
+        // The last of the three rows is reused as the first of the next three.
         const std::size_t kept = 2 * row % 3;
         for (std::size_t i = row == rows.begin ? 0 : 1; i < 3; ++i) {
             const std::size_t slot = (kept + i) % 3;
@@ -135,7 +133,7 @@ void subsampleBlock(const Map& source, const Convolution& convolution, const Map
 {
     const float* three[3];
     for (std::size_t i = 0; i < 3; ++i) {
-        const std::size_t y = 2 * row + i; // one more than the source row, so that the border is 0
+        const std::size_t y = 2 * row + i; // source row + 1, so that the padding is 0
         three[i] = y == 0 || y > source.rows
                        ? nullptr
                        : source.values + (y - 1) * source.columns * convolution.channels + channel;
@@ -158,7 +156,7 @@ void subsample(const Map& source, const Convolution& convolution, const Map& res
     }
 }
 
-/// The gated values of the frames from @p begin - reach on, zeros outside the audio.
+/// The gated values of @p count frames from @p begin on; zeros outside the audio.
 template <typename Block>
 void gateFrames(const float* source, std::size_t frames, std::size_t channels, std::ptrdiff_t begin, std::size_t count,
                 std::size_t channel, Block block, float* gated)

@@ -10,9 +10,9 @@ Kernels baselineKernels();
 Kernels avx2Kernels();
 Kernels avx512Kernels();
 
-const MatrixKernels& bfloat16Matrices();   ///< needs AVX-512 with BF16
+const MatrixKernels& bfloat16Matrices();   ///< requires AVX-512 with BF16
 const MatrixKernels& float16Matrices();    ///< the same
-const MatrixKernels& int8Matrices();       ///< needs AVX-512 with VNNI
+const MatrixKernels& int8Matrices();       ///< requires AVX-512 with VNNI
 const MatrixKernels& storedInt8Matrices(); ///< the same
 const MatrixKernels& storedInt5Matrices(); ///< the same
 const MatrixKernels& storedInt4Matrices(); ///< the same

@@ -1,4 +1,4 @@
-// Products with matrices as they stand in a model's file. Compiled for AVX-512 with VNNI, like Int8Matrix.cpp.
+// Products with matrices as stored in a model file. Compiled for AVX-512 with VNNI, like Int8Matrix.cpp.
 #include "asr/kernels/Int8Panels.h"
 #include "asr/kernels/Levels.h"
 
@@ -13,9 +13,9 @@ using namespace int8;
 
 namespace {
 
-constexpr std::size_t storedBlocks = 16; ///< as many of a panel take 17 KiB
+constexpr std::size_t storedBlocks = 16; ///< per panel, which takes 17 KiB
 
-/// The next blocks come out of memory while these are multiplied.
+/// Prefetches the next blocks while these are multiplied.
 void prefetch(const Rows& rows, std::size_t blocks)
 {
     constexpr std::size_t line = 64;
@@ -27,20 +27,20 @@ void prefetch(const Rows& rows, std::size_t blocks)
     }
 }
 
-/// A q8_0 file's block: a scale and 32 bytes.
+/// A q8_0 block: a scale and 32 bytes.
 struct StoredBytes
 {
     static constexpr std::size_t bytes = storedBlockBytes;
 };
 
-/// The 32 numbers of 0 to 15 whose halves of a byte stand together in a file: first all low ones, then all high ones.
+/// Unpacks 32 nibbles (0 to 15) from 16 bytes: first all low ones, then all high ones.
 __m256i nibbles(const unsigned char* stored)
 {
     const __m128i pairs = _mm_loadu_si128(reinterpret_cast<const __m128i*>(stored));
     return _mm256_and_si256(_mm256_set_m128i(_mm_srli_epi16(pairs, 4), pairs), _mm256_set1_epi8(0x0F));
 }
 
-/// A q4_0 file's block: a scale and 32 numbers of 4 bits, from -8 on.
+/// A q4_0 block: a scale and 32 numbers of 4 bits with an offset of -8.
 struct StoredNibbles
 {
     static constexpr std::size_t bytes = sizeof(std::uint16_t) + blockInputs / 2;
@@ -51,7 +51,7 @@ struct StoredNibbles
     }
 };
 
-/// A q5_0 file's block: a scale, the fifth bits of 32 numbers, and their lower four; from -16 on.
+/// A q5_0 block: a scale, the fifth bits of 32 numbers, and their lower four bits, with an offset of -16.
 struct StoredFiveBits
 {
     static constexpr std::size_t bytes = sizeof(std::uint16_t) + sizeof(std::uint32_t) + blockInputs / 2;
@@ -65,7 +65,7 @@ struct StoredFiveBits
     }
 };
 
-/// The first @p blocks of up to 32 rows as they would stand in a q8_0 file: that loses nothing.
+/// Converts the first @p blocks of up to 32 rows to q8_0, which is lossless.
 template <typename Stored>
 Rows asBytes(const Rows& rows, std::size_t blocks, unsigned char* target)
 {
@@ -85,8 +85,8 @@ Rows asBytes(const Rows& rows, std::size_t blocks, unsigned char* target)
     }
 }
 
-/// The matrix as it stands in the file: some blocks of a panel are rearranged into the processor's cache and used for
-/// all columns there.
+/// Multiplies by the matrix as stored in the file: packs some blocks of a panel at a time into the cache and uses them
+/// for all columns.
 template <typename Stored>
 void multiplyStored(const void* matrix, std::size_t inputs, std::size_t outputs, const void* activations,
                     std::size_t columns, const float* bias, float* result, Share share)

@@ -37,7 +37,7 @@ private:
     std::ofstream file_;
 };
 
-/// The header's word for "most tensors have this type"; ggml counts quantised types in generations of 1000.
+/// The header's file type; ggml adds 1000 * quantisation version for quantised types.
 std::int32_t fileTypeOf(ggml_type type)
 {
     switch (type) {
@@ -64,7 +64,7 @@ void writeHeader(Writer& writer, const Hyperparameters& p, ggml_type type)
         writer.integer(value);
 }
 
-/// Overlapping triangles of equal width: not the mel scale, but as many multiplications.
+/// Overlapping triangles of equal width: not the mel scale, but the same amount of work.
 void writeFilters(Writer& writer, const Hyperparameters& p)
 {
     writer.integer(p.melBands);
@@ -112,7 +112,7 @@ std::vector<float> randomValues(const TensorLayout& tensor, const Hyperparameter
     for (float& value : values)
         value = scale * (2.0F * static_cast<float>(random()) / range - 1.0F);
     if (tensor.name == "joint.joint_net.2.bias") {
-        // About every second decision is a blank, and most decisions skip some frames, as with real speech.
+        // As with real speech, about every second decision is a blank and most decisions skip some frames.
         values[static_cast<std::size_t>(p.vocabularySize)] = 2.6F;
         values.back() = 1.5F;
     }
@@ -145,7 +145,7 @@ std::size_t tensorHeaderBytes(const TensorLayout& tensor)
     return sizeof(std::int32_t) * static_cast<std::size_t>(3 + tensor.dimensions) + tensor.name.size();
 }
 
-/// The counter of training batches that the converter writes behind every running variance.
+/// The training counter that the converter writes after every running variance.
 void writeBatchCounter(Writer& writer, const std::string& variance)
 {
     const std::string name = variance.substr(0, variance.rfind('.')) + ".num_batches_tracked";
@@ -197,7 +197,7 @@ void writeRequantised(const std::filesystem::path& path, const std::filesystem::
 {
     const ModelFile model(source);
     const auto layout = modelLayout(model.hyperparameters(), model.feedForwardSize(), model.jointSize());
-    // What comes before the first tensor stays as it is.
+    // Copy everything before the first tensor.
     const TensorLayout& first = layout.front();
     std::vector<char> beginning(model.tensor(first.name).offset - tensorHeaderBytes(first));
     std::ifstream(source, std::ios::binary).read(beginning.data(), std::ssize(beginning));

@@ -10,16 +10,16 @@
 
 namespace vantro::asr::testing {
 
-/// The shapes of the two published models of 0.6 billion parameters, with @p vocabularySize text pieces.
+/// The shape of the published models with 0.6 billion parameters, with @p vocabularySize text pieces.
 Hyperparameters publishedShape(std::int32_t vocabularySize);
 
-/// Writes a model with seeded random weights into the container that ModelFile reads: every shape and the amount of
-/// arithmetic of a real model, and a decoder that emits about as often as one that hears speech. It recognises nothing.
-/// Matrices have @p matrixType (float32, float16 or any type ggml can quantise to without an importance matrix).
+/// Writes a model with seeded random weights in ModelFile's format. It has the shapes and the amount of arithmetic of a
+/// real model, and a decoder that emits about as often as for speech, but recognises nothing. Matrices have @p
+/// matrixType (float32, float16 or any type ggml can quantise to without an importance matrix).
 void writeRandomModel(const std::filesystem::path& path, const Hyperparameters& parameters, ggml_type matrixType,
                       std::uint32_t seed = 1);
 
-/// Writes the float32 model @p source again with matrices of @p matrixType.
+/// Converts the matrices of the float32 model @p source to @p matrixType.
 void writeRequantised(const std::filesystem::path& path, const std::filesystem::path& source, ggml_type matrixType);
 
 } // namespace vantro::asr::testing

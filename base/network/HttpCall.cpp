@@ -16,8 +16,8 @@ constexpr int mostRedirects = 3;
 constexpr int temporaryRedirect = 307;
 constexpr int permanentRedirect = 308;
 
-/// A body that can be read once. Qt would send a request up to four times when the server closes the connection without
-/// an answer; a provider may have charged for each of them.
+/// A request body that can be read only once. Otherwise Qt resends the request up to four times when the server closes
+/// the connection without an answer, and a provider may charge for each attempt.
 class OneTimeBody final : public QIODevice
 {
 public:
@@ -92,7 +92,7 @@ QNetworkReply* HttpCall::post(QNetworkRequest& request)
 {
     request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::ManualRedirectPolicy);
     request.setHeader(QNetworkRequest::ContentTypeHeader, QStringLiteral("application/json"));
-    // Without both Qt would make a copy that it can send again.
+    // Without both, Qt buffers a copy that it can resend.
     request.setHeader(QNetworkRequest::ContentLengthHeader, request_.body.size());
     request.setAttribute(QNetworkRequest::DoNotBufferUploadDataAttribute, true);
     return manager_.post(request, new OneTimeBody(request_.body, this));
@@ -147,7 +147,7 @@ std::exception_ptr HttpCall::transportFailure() const
     const QString host = request_.url.host();
     if (error == QNetworkReply::ContentReSendError && status() == 0)
         return std::make_exception_ptr(NetworkError::cutOff(host));
-    // From here on Qt counts what the server says as an error; that is the reader's business.
+    // Qt reports HTTP error statuses as errors too; those are left to the reader.
     const bool isServersWord = status() != 0 && error >= QNetworkReply::ContentAccessDenied;
     if (error == QNetworkReply::NoError || (isServersWord && error != QNetworkReply::ProtocolFailure))
         return status() != 0 ? nullptr : std::make_exception_ptr(NetworkError::notHttp(host));

@@ -11,7 +11,7 @@
 
 namespace vantro {
 
-/// One request and its answer, on the network's thread. Deletes itself when it has ended.
+/// One request and its answer, on the network thread. Deletes itself when finished.
 class HttpCall final : public QObject
 {
     Q_OBJECT
@@ -21,7 +21,7 @@ public:
     ~HttpCall() override;
 
     void start();
-    /// Ends the call with @p failure, wherever it is.
+    /// Ends the call with @p failure at any stage.
     void abort(const std::exception_ptr& failure);
 
 private:
@@ -41,7 +41,7 @@ private:
     HttpRequest request_;
     HttpExchange::Reader read_;
     std::shared_ptr<QPromise<QString>> promise_;
-    QPointer<QNetworkReply> reply_; ///< the manager's
+    QPointer<QNetworkReply> reply_; ///< owned by the manager
     QByteArray body_;
     int redirects_ = 0;
     bool hasEnded_ = false;

@@ -12,7 +12,7 @@ namespace vantro {
 
 void HttpExchange::preconnect(const QUrl& url)
 {
-    // As connectToHost() does it, which would open a connection for HTTP/2 and keep its reply for ever.
+    // connectToHost() works the same way, but negotiates HTTP/2 and leaks its reply.
     QUrl address;
     address.setScheme(QStringLiteral("preconnect-") + url.scheme());
     address.setHost(url.host());
@@ -29,15 +29,15 @@ QCoro::Task<QString> HttpExchange::send(HttpRequest request, Reader read, std::s
     const auto promise = std::make_shared<QPromise<QString>>();
     promise->start();
     const QFuture<QString> answer = promise->future();
-    const auto call = std::make_shared<QPointer<HttpCall>>(); // the network thread's
+    const auto call = std::make_shared<QPointer<HttpCall>>(); // used on the network thread only
     const QString host = request.url.host();
     const auto timeout = request.timeout;
 
     network_.run([this, call, request, read, promise](QNetworkAccessManager& manager) {
-        // Owned by the manager: what is still under way ends with it.
+        // Owned by the manager, which ends outstanding calls.
         *call = new HttpCall(manager, request, read, promise);
         const QPointer<QNetworkReply> opening = opening_.value(network::originOf(request.url));
-        // A request that meets a connection on its way would open a second one beside it.
+        // A request sent while a connection is being opened would open a second one.
         if (opening != nullptr && !opening->isFinished())
             QObject::connect(opening, &QNetworkReply::finished, call->data(), &HttpCall::start, Qt::QueuedConnection);
         else
@@ -49,7 +49,7 @@ QCoro::Task<QString> HttpExchange::send(HttpRequest request, Reader read, std::s
                 (*call)->abort(failure);
         });
     };
-    QObject waiting; // the end of its life takes the time limit back
+    QObject waiting; // cancels the timeout when it goes out of scope
     clock_.callAfter(timeout, &waiting, [abort, host, timeout] { abort(NetworkError::timedOut(host, timeout)); });
     const std::stop_callback onStop(stop, [abort] { abort(NetworkError::cancelled()); });
     co_return co_await answer;

@@ -14,28 +14,26 @@
 
 namespace vantro {
 
-/// Requests over HTTP and HTTPS, on a thread of its own. Connections stay open for the next request.
-///
-/// A redirect of a request with a body is followed only to the same origin, and only where it means the same request
-/// again. No cookies, no cache. Main thread.
+/// HTTP and HTTPS requests on a thread of its own, with persistent connections, no cookies and no cache. A request with
+/// a body follows redirects only within its origin, and only with status 307 or 308. Main thread.
 class HttpExchange
 {
 public:
     static constexpr qint64 largestAnswerBytes = 8 * 1'048'576;
 
-    /// Makes of an answer what is wanted of it. Runs on the network's thread; what it throws is thrown by send().
+    /// Extracts the result from an answer. Runs on the network thread; send() rethrows its exceptions.
     using Reader = std::function<QString(const HttpAnswer&)>;
 
     explicit HttpExchange(Clock& clock) : clock_(clock) {}
 
-    /// Opens a connection that the next request there will use; nobody is told when that fails.
+    /// Opens a connection for the next request to that origin; best effort.
     void preconnect(const QUrl& url);
-    /// Throws NetworkError when there is no answer, whatever @p read throws when there is one.
+    /// Throws NetworkError when there is no answer, or whatever @p read throws.
     QCoro::Task<QString> send(HttpRequest request, Reader read, std::stop_token stop);
 
 private:
     Clock& clock_;
-    QHash<QString, QPointer<QNetworkReply>> opening_; ///< network thread: the latest attempt for each origin
+    QHash<QString, QPointer<QNetworkReply>> opening_; ///< network thread; the latest attempt per origin
     NetworkThread network_{QStringLiteral("vantro requests")};
 };
 

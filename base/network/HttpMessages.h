@@ -9,14 +9,13 @@
 
 namespace vantro {
 
-/// A body to be posted; without one the address is only read. The address and the headers may hold a key: neither is
-/// ever logged.
+/// A POST if there is a body, else a GET. The URL and the headers may contain a key and must never be logged.
 struct HttpRequest
 {
     QUrl url;
     std::vector<std::pair<QByteArray, QByteArray>> headers;
     QByteArray body;
-    /// From the call to the last byte of the answer.
+    /// Until the last byte of the answer.
     std::chrono::milliseconds timeout{0};
 };
 

@@ -37,7 +37,7 @@ NetworkError NetworkError::of(const QNetworkReply& reply)
     }
     case QNetworkReply::TooManyRedirectsError:
     case QNetworkReply::InsecureRedirectError:
-        return {Kind::redirected, tr("%1 redirects the request to where it cannot be answered (%2). Check the address.")
+        return {Kind::redirected, tr("%1 redirects in a loop or to an insecure address (%2). Check the address.")
                                       .arg(reply.request().url().host(), reason)};
     case QNetworkReply::RemoteHostClosedError:
         return cutOff(host);
@@ -76,7 +76,7 @@ NetworkError NetworkError::tooLarge(const QString& host, qint64 limitBytes)
 
 NetworkError NetworkError::notHttp(const QString& host)
 {
-    return {Kind::notHttp, tr("The server at %1 is not a web server.").arg(host)};
+    return {Kind::notHttp, tr("%1 is not a web server. Check the address.").arg(host)};
 }
 
 NetworkError NetworkError::cancelled()

@@ -11,7 +11,7 @@ class QNetworkReply;
 
 namespace vantro {
 
-/// Why there is no answer to a request. Descriptions name the host and nothing else of an address.
+/// Why a request has no answer. Descriptions contain the host but no other part of the URL.
 class NetworkError : public Error
 {
     Q_DECLARE_TR_FUNCTIONS(NetworkError)
@@ -20,16 +20,16 @@ public:
         unreachable, ///< no such name, no connection, no network
         cutOff,
         notTrusted, ///< the server's certificate
-        redirected, ///< in a loop, or from an encrypted to an open address
+        redirected, ///< in a loop, or from https to http
         timedOut,
         tooLarge,
-        notHttp, ///< whatever answered does not speak HTTP
+        notHttp, ///< the server does not speak HTTP
         cancelled,
     };
 
-    /// Why @p reply, which has ended with an error, brought no answer.
+    /// @p reply must have finished with an error.
     static NetworkError of(const QNetworkReply& reply);
-    /// Has of() tell what is wrong with a certificate; Qt's own error does not. Slot of the access manager.
+    /// Slot of the access manager: records the certificate problem for of(), because Qt's own error omits it.
     static void keepCertificateProblem(QNetworkReply* reply, const QList<QSslError>& errors);
 
     static NetworkError unreachable(const QString& host, const QString& reason);
@@ -41,7 +41,7 @@ public:
 
     [[nodiscard]] Kind kind() const { return kind_; }
 
-    /// A reason that goes into brackets in the middle of a sentence.
+    /// For a reason that is put in parentheses within a sentence.
     static QString withoutFullStop(QString sentence);
 
 private:

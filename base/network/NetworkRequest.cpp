@@ -10,8 +10,7 @@ namespace {
 
 constexpr int mostRedirects = 10;
 
-/// Does nothing where SSL_CERT_FILE names no file, so that Qt reads the system's certificates only when they are
-/// needed.
+/// A no-op without SSL_CERT_FILE, so that Qt loads the system's certificates only on demand.
 void trustUsersAuthorities(QNetworkRequest& request)
 {
     const QString file = qEnvironmentVariable("SSL_CERT_FILE");
@@ -36,7 +35,7 @@ QNetworkRequest network::request(const QUrl& url)
     request.setMaximumRedirectsAllowed(mostRedirects);
     request.setAttribute(QNetworkRequest::CookieLoadControlAttribute, QNetworkRequest::Manual);
     request.setAttribute(QNetworkRequest::CookieSaveControlAttribute, QNetworkRequest::Manual);
-    // One long stream, or one request at a time, gains nothing from it.
+    // HTTP/2 gains nothing for one long stream or one request at a time.
     request.setAttribute(QNetworkRequest::Http2AllowedAttribute, false);
     trustUsersAuthorities(request);
     return request;

@@ -2,12 +2,11 @@
 
 #include <QNetworkRequest>
 
-/// What requests over HTTP have in common, whoever makes them. Any thread.
+/// Common to all HTTP requests. Any thread.
 namespace vantro::network {
 
-/// Without cookies; redirects are followed, but not from an encrypted address to an open one. Besides the system's
-/// certificates it trusts those in the file that SSL_CERT_FILE names, a company's own authority for example; each
-/// thread reads such a file once, for a bundle takes longer than many a request.
+/// A request without cookies that follows redirects except from https to http. Trusts the system's certificates and
+/// those in the file named by SSL_CERT_FILE, which is read once per thread because parsing a bundle is slow.
 [[nodiscard]] QNetworkRequest request(const QUrl& url);
 
 /// "https://example.org:443"

@@ -9,20 +9,20 @@
 
 namespace vantro {
 
-/// A thread for requests, which the system's proxies are used for: the main thread neither waits for a proxy or a
-/// certificate nor reads what comes. It starts with the first work.
+/// A thread for requests through the system's proxies, so that the main thread never waits for proxy lookups,
+/// certificates or data. Started by the first run().
 class NetworkThread
 {
 public:
     using Work = std::function<void(QNetworkAccessManager&)>;
 
     explicit NetworkThread(const QString& name);
-    /// Ends what is under way.
+    /// Aborts outstanding requests.
     ~NetworkThread();
     NetworkThread(const NetworkThread&) = delete;
     NetworkThread& operator=(const NetworkThread&) = delete;
 
-    /// Does @p work on the thread, after what it was given before. Any thread.
+    /// Runs @p work on the thread, in order. Any thread.
     void run(Work work);
 
 private:
@@ -31,7 +31,7 @@ private:
     std::once_flag isStarted_;
     QThread thread_;
     QObject context_;                                ///< lives on the thread
-    std::unique_ptr<QNetworkAccessManager> manager_; ///< made on the thread when it is first needed
+    std::unique_ptr<QNetworkAccessManager> manager_; ///< created on the thread on first use
 };
 
 } // namespace vantro

@@ -10,7 +10,7 @@
 
 namespace vantro::doubles {
 
-/// A clock that stands still until the test moves it.
+/// A clock that only moves when the test advances it.
 class ManualClock final : public Clock
 {
 public:
@@ -19,10 +19,10 @@ public:
     [[nodiscard]] QCoro::Task<> sleepFor(std::chrono::milliseconds duration) override;
     void callAfter(std::chrono::milliseconds delay, QObject* context, std::function<void()> action) override;
 
-    /// Moves time forward and runs what falls due, in order of time; actions set up meanwhile run too when due.
+    /// Runs everything that falls due, in order of time, including actions scheduled meanwhile.
     void advance(std::chrono::milliseconds duration);
     void setWallClock(const QDateTime& time) { wallClock_ = time; }
-    /// How many sleepers and actions are waiting.
+    /// The number of pending sleeps and actions.
     [[nodiscard]] std::size_t pending() const { return waiting_.size(); }
 
 private:

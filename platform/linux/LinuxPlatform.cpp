@@ -27,7 +27,7 @@ namespace vantro {
 
 namespace {
 
-/// Made when the first part needs them.
+/// Created on demand.
 struct Connections
 {
     std::optional<PulseConnection> pulse;
@@ -51,7 +51,7 @@ void addServices(Platform& platform)
     platform.secrets = std::make_unique<SecretServiceStore>(QStringLiteral("com.vantro.app"));
 }
 
-/// What only the desktop program uses.
+/// Used by the desktop program only.
 void addDesktop(Platform& platform, PulseConnection& pulse, X11Connection& x11)
 {
     platform.audioCards = std::make_unique<PulseAudioCards>(pulse);

@@ -6,7 +6,7 @@
 
 namespace vantro::doubles {
 
-/// Headsets that a test connects; what profiles they were asked for is noted.
+/// Headsets set by a test; records the requested profiles.
 class FakeAudioCards final : public AudioCards
 {
     Q_OBJECT

@@ -9,17 +9,17 @@
 
 namespace vantro::doubles {
 
-/// What a FakeAudioEngine is told to do; shared by all that one factory makes and read at each call.
+/// Controls all FakeAudioEngines of one factory; read on each call.
 struct FakeAudioSettings
 {
     AudioFormat inputFormat{.sampleRateHz = 16'000, .channelCount = 1};
     std::optional<AudioFormat> deviceFormat;
-    /// The error of selectInputDevice() and of start(); none lets them succeed.
+    /// The errors of selectInputDevice() and start(); nullopt for success.
     std::optional<QString> selectionError;
     std::optional<QString> startError;
 };
 
-/// A microphone that hears what the test says, in the test's own thread.
+/// A microphone that is fed by the test, on the test's thread.
 class FakeAudioEngine final : public AudioEngine
 {
     Q_OBJECT
@@ -35,9 +35,9 @@ public:
     void stop() override;
     [[nodiscard]] bool isRunning() const override { return isRunning_; }
 
-    /// The same sound on every channel. What does not fill a block is delivered with the next sound or by stop().
+    /// The same samples on every channel. A partial block is delivered with the next samples or by stop().
     void hear(std::span<const float> samples);
-    /// That many frames of one value.
+    /// @p frames frames of one value.
     void hear(std::size_t frames, float value);
     void changeConfiguration() { Q_EMIT configurationChanged(); }
 
@@ -57,14 +57,14 @@ private:
     std::vector<float> pending_;
 };
 
-/// Makes engines and keeps sight of the newest. Outlives them.
+/// Creates engines and tracks the newest. Must outlive them.
 class FakeAudioEngines
 {
 public:
     FakeAudioSettings settings;
 
     [[nodiscard]] AudioEngineFactory factory();
-    /// The newest engine, null when it has been destroyed or none was made.
+    /// The newest engine; null if it has been destroyed or there is none.
     [[nodiscard]] FakeAudioEngine* current() const { return current_; }
     [[nodiscard]] int madeCount() const { return madeCount_; }
 

@@ -4,7 +4,7 @@
 
 namespace vantro::doubles {
 
-/// A desktop that looks as a test says; without animations, so that a picture is final at once.
+/// A configurable desktop without animations, so that screenshots are final at once.
 class FakeDesktopAppearance final : public DesktopAppearance
 {
 public:

@@ -4,7 +4,7 @@
 
 namespace vantro::doubles {
 
-/// A desktop with the shortcuts that a test gives it.
+/// A desktop with configurable shortcuts.
 class FakeDesktopShortcuts final : public DesktopShortcuts
 {
 public:

@@ -9,7 +9,7 @@
 
 namespace vantro::doubles {
 
-/// Hot keys that a test presses; combinations can be taken by "another program".
+/// Hot keys pressed by a test; combinations can be refused as if taken by another program.
 class FakeHotKeyManager final : public HotKeyManager
 {
     Q_OBJECT
@@ -23,23 +23,23 @@ public:
 
     void registerHotKey(std::uint32_t id, std::uint32_t keyCode, std::uint32_t modifiers) override;
     void unregisterHotKey(std::uint32_t id) override;
-    /// The keys of this keyboard bear their own codes' numbers.
+    /// Scan codes equal key codes on this keyboard.
     [[nodiscard]] std::optional<std::uint32_t> keyCodeOf(std::uint32_t nativeScanCode) const override
     {
         return nativeScanCode;
     }
 
-    /// From now on registering @p combination throws HotKeyError with @p reason.
+    /// Makes registering @p combination throw HotKeyError with @p reason.
     void refuse(Combination combination, const QString& reason) { refused_[combination] = reason; }
     void allow(Combination combination) { refused_.erase(combination); }
 
-    /// What the keyboard does; nothing happens for a combination that nobody registered. A release reaches the hot keys
-    /// that had the press and are still registered.
+    /// Simulates the keyboard; a no-op for unregistered combinations. A release reaches the hot keys that received the
+    /// press and are still registered.
     void press(Combination combination);
     void release(Combination combination);
     /// A press and a release.
     void strike(Combination combination);
-    /// Another program takes @p combination away, as after a layout change.
+    /// Another program takes @p combination over, as after a layout change.
     void lose(Combination combination, const QString& reason);
 
     [[nodiscard]] bool isRegistered(Combination combination) const;

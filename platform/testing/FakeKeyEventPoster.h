@@ -11,7 +11,7 @@
 
 namespace vantro::doubles {
 
-/// Notes the paste keystrokes instead of posting them.
+/// Records the paste keystrokes instead of posting them.
 class FakeKeyEventPoster final : public KeyEventPoster
 {
 public:
@@ -25,10 +25,10 @@ public:
             target_(chord);
     }
 
-    /// From now on postPaste() throws with @p reason, or works again for nothing.
+    /// Makes postPaste() throw with @p reason; nullopt makes it succeed again.
     void refuse(std::optional<QString> reason) { refusal_ = std::move(reason); }
     void setOrdinaryKeyDown(bool down) { keyDown_ = down; }
-    /// What the program with the focus does when the keystroke reaches it.
+    /// Called as the focused program when it receives the keystroke.
     void setTarget(std::function<void(PasteChord)> target) { target_ = std::move(target); }
 
     [[nodiscard]] const std::vector<PasteChord>& posted() const { return posted_; }

@@ -7,7 +7,7 @@
 
 namespace vantro::doubles {
 
-/// A clipboard that a test fills, reads and fetches from as other programs would.
+/// A clipboard that a test uses in place of other programs.
 class FakePasteboard final : public Pasteboard
 {
 public:
@@ -20,7 +20,7 @@ public:
     [[nodiscard]] bool wasFetched(Selection selection) const override { return !of(selection).fetchedBy.empty(); }
     [[nodiscard]] bool wasFetchedBy(Selection selection, WindowID window) const override;
 
-    /// Another program copies @p text (or, for nothing, something that is no text).
+    /// Another program copies @p text, or non-text content for nullopt.
     void setByOther(Selection selection, std::optional<QString> text);
     /// The program that owns @p window pastes.
     std::optional<QString> fetch(Selection selection, WindowID window);

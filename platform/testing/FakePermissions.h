@@ -4,7 +4,7 @@
 
 namespace vantro::doubles {
 
-/// Permissions that the test grants and takes away; at first all are granted.
+/// Permissions, all granted by default.
 class FakePermissions final : public Permissions
 {
 public:

@@ -6,7 +6,7 @@
 
 namespace vantro::doubles {
 
-/// Secrets in memory, and the fault that the test wants.
+/// Secrets in memory, with an optional fault.
 class FakeSecretStore final : public SecretStore
 {
 public:

@@ -6,7 +6,7 @@
 
 namespace vantro::doubles {
 
-/// Notes instead of sounding.
+/// Records sounds instead of playing them.
 class FakeSystemSounds final : public SystemSounds
 {
 public:

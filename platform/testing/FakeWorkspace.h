@@ -9,7 +9,7 @@
 
 namespace vantro::doubles {
 
-/// Windows that a test opens, closes and gives the keyboard to.
+/// Windows opened, closed and focused by a test.
 class FakeWorkspace final : public Workspace
 {
     Q_OBJECT
@@ -27,16 +27,16 @@ public:
     [[nodiscard]] bool isCompositing() const override { return true; }
 
     void openWindow(WindowID window, const QStringList& windowClass = {}) { windows_[window] = windowClass; }
-    /// Closes @p window; the keyboard goes nowhere if it was there.
+    /// Closes @p window; if it had the focus, no window has.
     void closeWindow(WindowID window);
-    /// What the window manager says, and tells with frontWindowChanged().
+    /// The window manager's view; emits frontWindowChanged().
     void setFrontWindow(std::optional<WindowID> window);
-    /// Where key presses really go.
+    /// The actual recipient of key presses.
     void setInputFocus(std::optional<WindowID> window) { focus_ = window; }
     /// Both at once.
     void focus(WindowID window);
 
-    /// How the window manager answers activateWindow(); without it the request is granted at once.
+    /// Handles activateWindow(); by default it is granted at once.
     void setActivationPolicy(std::function<void(WindowID)> policy) { policy_ = std::move(policy); }
     [[nodiscard]] const std::vector<WindowID>& activations() const { return activations_; }
     [[nodiscard]] const QStringList& openedUrls() const { return opened_; }

@@ -1,4 +1,4 @@
-"""A private PulseAudio server: a loudspeaker nobody hears, and a microphone that hears what is played to it."""
+"""A private PulseAudio server with a silent loudspeaker, and a microphone that records what is played to it."""
 
 import os
 import signal
@@ -7,12 +7,12 @@ from contextlib import contextmanager
 
 MICROPHONE = "microphone"
 LOUDSPEAKER = "loudspeaker"
-# What is played into this sink is what the microphone hears.
+# Audio played into this sink is recorded by the microphone.
 VOICE = "voice"
 RATE_HZ = 48000
 
-# Without norewinds the first frames of a recording that is played can get lost. The remapped source is there
-# because programs tell microphones from the monitors of loudspeakers.
+# Without norewinds, the first frames of a played recording can get lost. The remapped source is needed because programs
+# distinguish microphones from loudspeaker monitors.
 _SCRIPT = f"""
 load-module module-native-protocol-unix auth-anonymous=1 socket={{socket}}
 load-module module-null-sink sink_name={LOUDSPEAKER} rate={RATE_HZ} sink_properties=device.description=Loudspeaker
@@ -24,7 +24,7 @@ set-default-source {MICROPHONE}
 
 
 class AudioServer:
-    """The desktop starts it; tests take devices away from it, add some, or kill it."""
+    """Started by the desktop; tests add and remove devices, or kill it."""
 
     def __init__(self, desktop):
         self._desktop = desktop
@@ -43,12 +43,12 @@ class AudioServer:
         self._desktop.wait_until(lambda: self._default_source() == MICROPHONE, 10, "the sound server")
 
     def kill(self):
-        """Ends the server the way a crash does. start() brings a new one."""
+        """Ends the server like a crash. start() starts a new one."""
         self._desktop.end_service(self._program)
 
     @contextmanager
     def frozen(self):
-        """The server stands still while the context lasts, as on a machine that sleeps, and goes on afterwards."""
+        """Suspends the server during the context, as on a sleeping machine."""
         os.kill(self._program.pid, signal.SIGSTOP)
         try:
             yield
@@ -89,7 +89,7 @@ class AudioServer:
         return [line.split("\t")[1] for line in self._pactl("list", "short", "sources").splitlines()]
 
     def recording_sources(self):
-        """The names of the sources that somebody records from, once for each stream."""
+        """The names of the sources being recorded from, once per stream."""
         names = dict(line.split("\t")[:2] for line in self._pactl("list", "short", "sources").splitlines())
         return [names.get(line.split("\t")[1]) for line in
                 self._pactl("list", "short", "source-outputs").splitlines()
@@ -99,14 +99,14 @@ class AudioServer:
         self._pactl("set-default-source", name)
 
     def start_playing(self, recording):
-        """Speaks a recording (WAV, FLAC, OGG, MP3) into the microphone. Returns the program that plays it."""
+        """Plays a recording (WAV, FLAC, OGG, MP3) into the microphone. Returns the player's Program."""
         return self.start_playing_into(VOICE, recording)
 
     def start_playing_into(self, sink, recording):
         return self._desktop.start("paplay", f"--device={sink}", "--latency-msec=20", recording)
 
     def play(self, recording, timeout_s=120):
-        """The same, until the last frame was heard."""
+        """The same, but waits for the end of playback."""
         self.play_into(VOICE, recording, timeout_s)
 
     def play_into(self, sink, recording, timeout_s=120):

@@ -1,4 +1,4 @@
-# What the shell scripts share: where things are kept, and how progress and errors are told. To be sourced.
+# Shared by the shell scripts: paths, progress and error messages. To be sourced.
 
 build_cache=${XDG_CACHE_HOME:-$HOME/.cache}/vantro-build
 models_folder=${XDG_DATA_HOME:-$HOME/.local/share}/vantro/models
@@ -22,7 +22,7 @@ fail_with_log() { # TEXT LOG
   exit 1
 }
 
-# Runs a command with its output in a log, which is shown only when it fails.
+# Runs a command with its output in a log, which is shown only on failure.
 quietly() { # LOG COMMAND...
   local log=$1
   shift
@@ -32,7 +32,7 @@ quietly() { # LOG COMMAND...
 
 build_preset() { # PRESET
   phase "Building ($1)"
-  # The compiler's output is kept from one build to the next, also across build folders.
+  # Compiler output is cached between builds, even across build folders.
   export CMAKE_C_COMPILER_LAUNCHER=ccache CMAKE_CXX_COMPILER_LAUNCHER=ccache
   quietly "build/logs/$1-configure.log" cmake --preset "$1" -DCMAKE_EXPORT_COMPILE_COMMANDS=ON
   quietly "build/logs/$1-build.log" cmake --build --preset "$1" --parallel "$(nproc)"

@@ -1,4 +1,4 @@
-"""A desktop without a display, for trying vantro as its users do: with a real microphone, real keys, a real editor.
+"""A virtual desktop for testing vantro as its users use it: with a real microphone, real keys and a real editor.
 
     with VirtualDesktop() as desktop:
         editor = desktop.open_editor()
@@ -6,8 +6,8 @@
         desktop.audio.play("speech.wav")
         desktop.wait_until(lambda: "word" in editor.text(), 10, "the dictated text")
 
-Everything runs in a private folder with its own HOME and XDG folders and ends with the context, also when the
-context is left by an error or a signal. Nothing waits for a fixed time. Use it from the main thread.
+Everything runs in a private folder with its own HOME and XDG folders and ends with the context, even on an error or a
+signal. There are no fixed sleeps. Use it from the main thread.
 """
 
 import os
@@ -29,10 +29,10 @@ _KEYRING_PASSWORD = b"vantro"
 
 
 class Editor:
-    """Another program that text is delivered to.
+    """A program that text is delivered to.
 
-    text()      all that it holds
-    changed()   whether something arrived since text() was read last; quick enough for measuring
+    text()      its whole contents
+    changed()   whether something arrived since the last text(); fast enough for measurements
     """
 
     def __init__(self, window, program, text, changed):
@@ -45,10 +45,10 @@ class Editor:
 class VirtualDesktop:
     """X server, window manager, compositor, D-Bus session, Secret Service and sound server.
 
-    folder          holds everything, logs included; VANTRO_KEEP_DESKTOP=1 keeps it
+    folder          contains everything, including logs; VANTRO_KEEP_DESKTOP=1 keeps it
     home, config_home, data_home, cache_home, runtime_folder    the fresh profile
-    env             the environment of programs in this desktop
-    display         an XDisplay: windows, and keys at their lowest level
+    env             the environment of programs on this desktop
+    display         an XDisplay: windows and low-level keys
     audio           an AudioServer
     """
 
@@ -81,11 +81,11 @@ class VirtualDesktop:
     # --- programs
 
     def start(self, *command, env=None, stdin=None):
-        """Starts a program in the desktop. Its output goes to a log; env adds to or replaces the environment."""
+        """Starts a program on the desktop. Its output goes to a log; env extends or overrides the environment."""
         return self._launch(self._programs, command, env, stdin)
 
     def start_service(self, *command, stdin=None, pass_fds=()):
-        """Starts a part of the desktop itself: its unexpected end fails every waiting."""
+        """Starts a part of the desktop itself; if it exits unexpectedly, every wait fails."""
         return self._launch(self._services, command, None, stdin, pass_fds)
 
     def end_service(self, service):
@@ -93,7 +93,7 @@ class VirtualDesktop:
         service.kill()
 
     def run(self, *command, env=None, timeout_s=10):
-        """Runs a command to its end and returns its standard output; anything but success raises."""
+        """Runs a command to its end and returns its standard output; raises unless it succeeds."""
         command = [str(part) for part in command]
         result = subprocess.run(command, env=self.env | (env or {}), capture_output=True, text=True, timeout=timeout_s,
                                 stdin=subprocess.DEVNULL)
@@ -105,11 +105,11 @@ class VirtualDesktop:
         """Waits for the first true value of predicate() and returns it."""
         value = poll_until(lambda: self._check_services() or predicate(), timeout_s)
         if not value:
-            raise self.failure(f"waited {timeout_s} s in vain for {what}")
+            raise self.failure(f"timed out after {timeout_s} s waiting for {what}")
         return value
 
     def failure(self, text):
-        """An error that tells what stands on the screen and carries the ends of all logs."""
+        """Returns an error with the visible windows and the ends of all logs."""
         for window in self.display.windows() if self.display else []:
             mark = "*" if window.id == self.display.active_window() else " "
             text += f"\n  window{mark} {window.wm_class}: {window.title}"
@@ -117,7 +117,7 @@ class VirtualDesktop:
                                            [program.log_tail() for program in self._programs]))
 
     def call_bus(self, service, path, method, *arguments):
-        """Calls a method over the session bus. Arguments and the answer are in GVariant's text format."""
+        """Calls a method on the session bus. Arguments and result are in GVariant's text format."""
         return self.run("gdbus", "call", "--session", "--dest", service, "--object-path", path, "--method", method,
                         *arguments)
 
@@ -153,7 +153,7 @@ class VirtualDesktop:
         self.wait_until(lambda: self.display.active_window() == window.id, timeout_s, f"{window.title} to be active")
 
     def open_editor(self):
-        """Opens an empty document in a text editor. text() is what the document holds."""
+        """Opens an empty document in a text editor; text() is its contents."""
         document = self.home / "document.txt"
         document.write_text("")
         program = self.start("mousepad", document)
@@ -165,7 +165,7 @@ class VirtualDesktop:
 
         def saved():
             if unsaved():
-                # Over the bus, as its own menu does it: no key is pressed and no window needs the focus.
+                # Over the bus, like its own menu, so that neither keys nor the focus are needed.
                 service, menu = (self.display.text(window.id, name) for name in
                                  ("_GTK_UNIQUE_BUS_NAME", "_GTK_WINDOW_OBJECT_PATH"))
                 self.call_bus(service, menu, "org.gtk.Actions.Activate", "file.save", "[]", "{}")
@@ -178,7 +178,7 @@ class VirtualDesktop:
         return Editor(window, program, read, unsaved)
 
     def open_xterm(self):
-        """Opens a terminal that keeps what is typed or pasted into it; text() is all of it."""
+        """Opens a terminal that records everything typed or pasted into it; text() returns all of it."""
         typed = self.home / "typed.txt"
         program = self.start("xterm", "-e", "sh", "-c", 'stty -icanon; exec cat > "$1"', "sh", typed)
         window = self.wait_for_window("xterm")
@@ -195,12 +195,12 @@ class VirtualDesktop:
         return Editor(window, program, read, lambda: typed.stat().st_size > seen_bytes)
 
     def clipboard(self, selection="clipboard"):
-        """The clipboard's text as another program sees it; None when nobody owns it."""
+        """The clipboard's text as another program sees it; None if it has no owner."""
         while self.display.selection_owner(selection.upper()):
             try:
                 return self.run("xclip", "-selection", selection, "-out")
             except DesktopError:
-                # An owner that gave it up meanwhile is none; one that has no text is a fault.
+                # Ignore an owner that has given it up meanwhile; one without text is a fault.
                 if self.display.selection_owner(selection.upper()):
                     raise
         return None
@@ -280,7 +280,7 @@ class VirtualDesktop:
             answer = self.call_bus("org.freedesktop.secrets", "/org/freedesktop/secrets/aliases/default",
                                    "org.freedesktop.DBus.Properties.Get", "org.freedesktop.Secret.Collection",
                                    "Locked")
-        except DesktopError:  # the service is there before its keyring is
+        except DesktopError:  # the service is ready before its keyring
             return False
         return "false" in answer
 

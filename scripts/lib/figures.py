@@ -1,4 +1,4 @@
-"""How benchmarks tell what they have measured: a table for people and a last line for programs."""
+"""Output of benchmarks: a table and, for programs, a last line with JSON."""
 
 import json
 import os
@@ -8,7 +8,7 @@ LOAD_WORTH_TELLING = 0.7
 
 
 def percentiles(values):
-    """p50 and p95; p95 is the smallest value that is not exceeded by 95 of 100."""
+    """p50 and p95; p95 is the smallest value that 95 of 100 do not exceed."""
     ordered = sorted(values)
     return {"p50": round(statistics.median(ordered), 2), "p95": round(ordered[-(-95 * len(ordered) // 100) - 1], 2)}
 
@@ -21,9 +21,9 @@ def print_table(header, rows):
 
 
 def print_conditions():
-    """What else the machine was doing, without which no time means anything."""
+    """Prints the machine's load, without which times mean nothing."""
     load = os.getloadavg()[0]
-    busy = " (others were using the machine)" if load > LOAD_WORTH_TELLING * os.cpu_count() else ""
+    busy = " (other programs were using the machine)" if load > LOAD_WORTH_TELLING * os.cpu_count() else ""
     print(f"{os.cpu_count()} processors, load {load:.1f} at the start{busy}")
 
 

@@ -1,6 +1,6 @@
-"""The part of a desktop that shows StatusNotifier icons: a watcher with a host, and what a user does with an icon.
+"""A StatusNotifier watcher and host, and a user's actions on an icon.
 
-Run as a program it is the watcher until it is ended. In a test:
+Run as a program, it is the watcher. In a test:
 
     watcher = desktop.start(*WATCHER)
     item = desktop.wait_until(lambda: find_item(desktop), 5, "the icon")
@@ -29,7 +29,7 @@ _INTROSPECTION = f"""<node><interface name='{_NAME}'>
 
 
 class Item:
-    """One icon, as a host sees it."""
+    """An icon as a host sees it."""
 
     def __init__(self, bus, service):
         self._bus = bus
@@ -41,11 +41,11 @@ class Item:
                           GLib.Variant("(ss)", (_ITEM_INTERFACE, name)))[0]
 
     def labels(self):
-        """What the menu offers, without its separators."""
+        """The menu's labels, without separators."""
         return list(self._entries())
 
     def choose(self, label):
-        """Clicks the menu's entry of that name."""
+        """Clicks the menu entry with that label."""
         number = self._entries()[label]
         self._call(self.property("Menu"), _MENU_INTERFACE, "Event",
                    GLib.Variant("(isvu)", (number, "clicked", GLib.Variant("s", ""), 0)))
@@ -62,7 +62,7 @@ class Item:
 
 
 def find_item(desktop):
-    """The first icon that has been registered with the watcher, or None."""
+    """The first icon registered with the watcher, or None."""
     bus = Gio.DBusConnection.new_for_address_sync(
         desktop.env["DBUS_SESSION_BUS_ADDRESS"],
         Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT | Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION, None, None)

@@ -1,4 +1,4 @@
-"""Child processes of a virtual desktop: logged, in a process group of their own, gone when their parent is gone."""
+"""Child processes of a virtual desktop: logged, in their own process groups, ending with their parent."""
 
 import ctypes
 import os
@@ -16,11 +16,11 @@ _POLL_INTERVAL_S = 0.004
 
 
 class DesktopError(RuntimeError):
-    """Something in the virtual desktop did not happen; the text ends with what the programs logged."""
+    """Something on the virtual desktop did not happen; the text ends with the programs' logs."""
 
 
 def poll_until(predicate, timeout_s):
-    """The first true value of predicate(), or None when there was none in time."""
+    """Returns the first true value of predicate(), or None on timeout."""
     deadline = time.monotonic() + timeout_s
     while True:
         value = predicate()
@@ -43,7 +43,7 @@ def _die_with_parent():
 
 
 class Program:
-    """One running command. To be started from the main thread: the kernel ends it with the thread that made it."""
+    """A running command. Start it from the main thread: the kernel ends it with the thread that created it."""
 
     def __init__(self, command, *, env, log, stdin=None, pass_fds=()):
         self.command = [str(part) for part in command]
@@ -64,7 +64,7 @@ class Program:
 
     @property
     def exit_code(self):
-        """None while it runs; negative when a signal ended it."""
+        """None while it runs; negative if a signal ended it."""
         return self._process.poll()
 
     @property
@@ -81,7 +81,7 @@ class Program:
             raise DesktopError(f"{self.name} ended with {actual} instead of {code}{self.log_tail()}")
 
     def stop(self, sig=signal.SIGTERM, patience_s=3):
-        """Ends the whole process group, by force when it does not go in time. Returns the exit code."""
+        """Ends the whole process group, by force after a timeout. Returns the exit code."""
         if self.running:
             self._signal_group(sig)
             try:
@@ -92,7 +92,7 @@ class Program:
         return self._process.wait()
 
     def kill(self):
-        """Ends it the way a crash does."""
+        """Ends it like a crash."""
         return self.stop(signal.SIGKILL)
 
     def log_tail(self, lines=15):
@@ -107,12 +107,12 @@ class Program:
 
 
 def adopt_orphans():
-    """Makes detached descendants this process's children, so that it can clear them away."""
+    """Reparents detached descendants to this process, so that it can end them."""
     _libc.prctl(_PR_SET_CHILD_SUBREAPER, 1)
 
 
 def end_strays(folder):
-    """Kills every process whose environment points into folder: services that detached from what started them."""
+    """Kills every process whose environment refers to folder, i.e. detached services."""
     marker = str(folder).encode() + b"/"
     for entry in Path("/proc").iterdir():
         if not entry.name.isdigit() or int(entry.name) == os.getpid():
@@ -126,7 +126,7 @@ def end_strays(folder):
 
 
 def start_guard(folder):
-    """Starts a process that clears folder and its strays away when this one was killed and could not do it."""
+    """Starts a process that removes folder and its strays if this process is killed."""
     return subprocess.Popen([sys.executable, "-I", __file__, str(folder)], stdin=subprocess.PIPE,
                             start_new_session=True)
 

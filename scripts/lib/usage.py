@@ -1,4 +1,4 @@
-"""What a running process costs, as the kernel counts it."""
+"""Resource usage of a running process, as counted by the kernel."""
 
 import os
 import time
@@ -29,14 +29,14 @@ class ProcessUsage:
                      _number(self._folder / "status", "VmRSS") * 1024 / 1e6)
 
     def rests_for(self, duration_s):
-        """Whether no thread does anything for that long."""
+        """Whether no thread wakes up during that time."""
         before = self.look()
         time.sleep(duration_s)
         return self.look().wakeups == before.wakeups
 
 
 def _number(path, name):
-    """The value behind a name in one of the kernel's lists; 0 when the thread has just ended."""
+    """The value of a field in one of the kernel's files; 0 if the thread has just ended."""
     try:
         lines = path.read_text().splitlines()
     except (FileNotFoundError, ProcessLookupError):

@@ -1,4 +1,4 @@
-"""vantro on a virtual desktop, the way its user and its command line meet it.
+"""vantro on a virtual desktop, driven through its user interface and command line.
 
     with VirtualDesktop() as desktop:
         vantro = Vantro(desktop, program)
@@ -31,7 +31,7 @@ TEXT_TIMEOUT_S = 60
 
 
 class Vantro:
-    """One installation: its profile lies in the desktop's folders and outlives restarts of the program."""
+    """One installation; its profile is in the desktop's folders and survives restarts of the program."""
 
     def __init__(self, desktop, program):
         self.desktop = desktop
@@ -49,7 +49,7 @@ class Vantro:
                        stdout=subprocess.DEVNULL)
 
     def configure(self, **settings):
-        """Writes the user's settings. Takes effect with the next start."""
+        """Writes the user's settings, which take effect on the next start."""
         path = self.desktop.config_home / "vantro" / "vantro.ini"
         path.parent.mkdir(parents=True, exist_ok=True)
         lines = "".join(f"{key}={str(value).lower() if isinstance(value, bool) else value}\n"
@@ -68,25 +68,25 @@ class Vantro:
             return self.desktop.bus_name_owned(BUS_NAME)
 
         self.desktop.wait_until(ready, START_TIMEOUT_S, f"{BUS_NAME} on the session bus")
-        # It answers calls when it is done with starting: from then on it has its shortcut.
+        # It answers calls once it has started and registered its shortcut.
         self.status()
 
     def quit(self):
-        """Ends the program as the end of a session does; it must go of its own accord."""
+        """Ends the program like the end of a session; it must exit by itself."""
         self.process.stop()
 
     def log(self):
-        """What the program has written so far, normal output and log."""
+        """The program's output so far, including the log."""
         return self.process.log.read_text(errors="replace")
 
     def run(self, *arguments, stdin=None, env=None, timeout_s=60):
-        """Runs a command of vantro to its end, whatever its exit code."""
+        """Runs a vantro command to its end, whatever its exit code."""
         return subprocess.run([str(part) for part in (self.program, *arguments)], env=self.desktop.env | (env or {}),
                               capture_output=True, text=stdin is None, timeout=timeout_s,
                               **({"stdin": subprocess.DEVNULL} if stdin is None else {"input": stdin}))
 
     def status(self):
-        """What `vantro status --json` tells."""
+        """The output of `vantro status --json`."""
         result = self.run("status", "--json")
         if result.returncode != 0:
             raise self.desktop.failure(f"vantro status ended with {result.returncode}: {result.stderr.strip()}")
@@ -98,7 +98,7 @@ class Vantro:
     # --- what the user sees and does
 
     def window(self, title):
-        """The program's visible window of exactly that title, or None."""
+        """The program's visible window with exactly that title, or None."""
         return next((window for window in self.desktop.display.windows()
                      if window.wm_class == WINDOW_CLASS and window.title == title), None)
 
@@ -106,7 +106,7 @@ class Vantro:
         return self.window(LAUNCHER_TITLE)
 
     def alerts(self):
-        """All other windows that want to be read."""
+        """All other visible windows."""
         return [window for window in self.desktop.display.windows()
                 if window.wm_class == WINDOW_CLASS and window.title not in (LAUNCHER_TITLE, HUD_TITLE)]
 

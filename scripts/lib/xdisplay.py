@@ -1,4 +1,4 @@
-"""A small X client: looks at windows and presses keys through XTest, within a fraction of a millisecond."""
+"""A small, fast X client: inspects windows and presses keys through XTest."""
 
 import ctypes
 from contextlib import contextmanager
@@ -30,7 +30,7 @@ class _Event(ctypes.Union):
 
 _ErrorHandler = ctypes.CFUNCTYPE(c_int, c_void_p, c_void_p)
 _ExitHandler = ctypes.CFUNCTYPE(None, c_void_p, c_void_p)
-# A window that vanishes between two requests is an answer, not a reason to end the process; nor is a dying server.
+# Neither a window that vanishes between two requests nor a dying server may end the process.
 _ignore_error = _ErrorHandler(lambda display, event: 0)
 _ignore_exit = _ExitHandler(lambda display, data: None)
 
@@ -74,7 +74,7 @@ def _load():
 
 @dataclass(frozen=True)
 class Window:
-    """A mapped window of a program, positions in pixels of the screen."""
+    """A mapped window; positions are in screen pixels."""
 
     id: int
     instance: str
@@ -87,7 +87,7 @@ class Window:
 
 
 class XDisplay:
-    """One connection. Not for use from several threads."""
+    """One connection. Not thread-safe."""
 
     def __init__(self, name):
         self._x11, self._xtst = _load()
@@ -107,7 +107,7 @@ class XDisplay:
     # --- windows
 
     def property_bytes(self, window, name):
-        """A property's raw contents, None when the window lacks it. Items of 32 bits take the size of a C long."""
+        """A property's raw contents, None if the window lacks it. Items of 32 bits have the size of a C long."""
         kind, item_bits, items, left, data = c_ulong(), c_int(), c_ulong(), c_ulong(), c_void_p()
         status = self._x11.XGetWindowProperty(
             self._display, window, self._atom(name), 0, _PROPERTY_LIMIT_WORDS, False, _ANY_PROPERTY_TYPE,
@@ -130,7 +130,7 @@ class XDisplay:
         return self.text(window, "_NET_WM_NAME") or self.text(window, "WM_NAME")
 
     def active_window(self):
-        """The active window as the window manager names it; 0 when there is none."""
+        """The active window according to the window manager; 0 if there is none."""
         return next(iter(self.numbers(self.root, "_NET_ACTIVE_WINDOW")), 0)
 
     def window_manager_runs(self):
@@ -140,7 +140,7 @@ class XDisplay:
         return self._x11.XGetSelectionOwner(self._display, self._atom(name))
 
     def windows(self):
-        """The visible windows of all programs, the lowest in the stack first."""
+        """The visible windows of all programs, bottom of the stack first."""
         return [self._describe(window, attributes) for window, attributes in self._visible_clients(self.root, 3)]
 
     def _visible_clients(self, parent, depth):
@@ -180,7 +180,7 @@ class XDisplay:
 
     @contextmanager
     def grabbed(self, chord):
-        """Owns a chord as its hot key while the context lasts, as another program would."""
+        """Grabs a chord as a hot key during the context, like another program."""
         *modifiers, key = chord.split("+")
         keycode = self._x11.XKeysymToKeycode(self._display, self._x11.XStringToKeysym(key.encode()))
         mask = sum(_MODIFIER_MASKS[name] for name in modifiers)
@@ -196,11 +196,11 @@ class XDisplay:
         keysym = self._x11.XStringToKeysym(_MODIFIERS.get(name.lower(), name).encode())
         keycode = self._x11.XKeysymToKeycode(self._display, keysym) if keysym else 0
         if not keycode:
-            raise ValueError(f"no key of the current layout bears {name}")
+            raise ValueError(f"the current layout has no key {name}")
         self.key_code(keycode, down)
 
     def key_code(self, code, down):
-        """Presses or releases the key of that number, whatever the layout has on it."""
+        """Presses or releases a key by its key code, independently of the layout."""
         self._xtst.XTestFakeKeyEvent(self._display, code, down, 0)
         self._x11.XSync(self._display, False)
 

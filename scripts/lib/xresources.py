@@ -1,4 +1,4 @@
-"""What programs hold in the X server: windows, pixmaps, grabs and the like, counted by the X-Resource extension."""
+"""Counts programs' resources in the X server (windows, pixmaps, grabs, ...) through the X-Resource extension."""
 
 import ctypes
 from ctypes import POINTER, byref, c_char_p, c_int, c_long, c_uint, c_ulong, c_void_p
@@ -19,7 +19,7 @@ class _Type(ctypes.Structure):
 
 
 class XResources:
-    """One connection of its own to the display of that name."""
+    """Has its own connection to the display."""
 
     def __init__(self, display_name):
         self._x11 = ctypes.CDLL("libX11.so.6")
@@ -39,7 +39,7 @@ class XResources:
         self._x11.XCloseDisplay(self._display)
 
     def count(self, pid):
-        """How many resources all connections of a process hold."""
+        """The number of resources held by all connections of a process."""
         return sum(self._count_client(client) for client in self._clients(pid))
 
     def _clients(self, pid):

@@ -71,7 +71,7 @@ class PoorDesktopTest(ShellCase):
         self.has_keyboard(message)
         self.desktop.press("Return")
         process.expect_exit(1)
-        self.assertIn("Failed to load persistent stores: The folder /proc/data/vantro cannot be made",
+        self.assertIn("Failed to load persistent stores: The folder /proc/data/vantro cannot be created",
                       process.log.read_text())
         self.vantro.start()
 

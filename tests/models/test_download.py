@@ -159,7 +159,7 @@ class HostFaultTest(DownloadCase):
     def test_redirects_lead_to_another_host_but_not_in_circles(self):
         other = self.enterContext(ModelServer(mirror))
         self.server.fault = Fault(redirect_to=self.server.address("localhost"))
-        self.check_failed(self.download(), NO_SERVICE, "127.0.0.1 sends the request on", "Too many redirects")
+        self.check_failed(self.download(), NO_SERVICE, "127.0.0.1 redirects in a loop", "Too many redirects")
         self.server.fault = Fault(redirect_to=other.address("localhost"), redirect_body=b"not the model " * 1000)
         other.fault = Fault(cut_after=MIDDLE, once=True)
         result = self.download()
@@ -187,7 +187,7 @@ class EncryptionTest(DownloadCase):
         with ModelServer(mirror, authority.valid()) as server:
             self.check_failed(self.download(server.url), NO_SERVICE, "cannot be trusted")
             server.fault = Fault(redirect_to=self.server.url)
-            self.check_failed(self.download(server.url, env=trusting), NO_SERVICE, "sends the request on")
+            self.check_failed(self.download(server.url, env=trusting), NO_SERVICE, "redirects in a loop or to an insecure address")
             server.fault = Fault(cut_after=MIDDLE, once=True)
             result = self.download(server.url, env=trusting)
             self.assertEqual(result.returncode, DONE, result.stderr)

@@ -104,7 +104,7 @@ class ParakeetTest(DownloadCase):
             served.write_bytes(wrong)
             result = self.fetch()
             self.assertEqual(result.returncode, FAILED, result.stderr)
-            self.assertIn(f"{FILE} is no whole Parakeet model", result.stderr)
+            self.assertIn(f"{FILE} is not a complete Parakeet model", result.stderr)
             self.assertFalse(self.file.exists())
         served.write_bytes(whole)
         self.assertEqual(self.fetch().returncode, DONE)

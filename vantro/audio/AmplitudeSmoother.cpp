@@ -11,10 +11,10 @@ namespace vantro {
 
 namespace {
 
-// Speech at a usual distance has an RMS of about a seventh of full scale at its loudest.
+// At a normal distance, loud speech has an RMS of about a seventh of full scale.
 constexpr float levelGain = 7.0F;
 
-// As many running sums as a vector register has lanes: the compiler may not reorder a single one.
+// One running sum per vector lane, because the compiler must not reorder a single floating-point sum.
 float sumOfSquares(std::span<const float> samples)
 {
     constexpr std::size_t laneCount = 16;

@@ -8,8 +8,8 @@
 
 namespace vantro {
 
-/// The input level for the waveform, 0..1, measured on the raw blocks of the microphone and published about thirty
-/// times a second, at once when it changes by a hundredth. Audio thread; takes its own lock.
+/// The input level for the waveform, 0..1, measured on raw microphone blocks. Published about thirty times a second, or
+/// at once when it changes by 0.01. Audio thread; has its own mutex.
 class AmplitudeSmoother
 {
 public:

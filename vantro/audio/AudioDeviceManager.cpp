@@ -54,7 +54,7 @@ void AudioDeviceManager::adoptSelectedDevice()
     const auto former = std::pair(selectedDeviceID_, selectedUid_);
     selectedDeviceID_ = storedDevice(defaults_);
     selectedUid_ = defaults_.get(setting::selectedAudioDeviceUID);
-    // Each process numbers the devices in its own way.
+    // Device IDs are local to each process.
     if (const AudioInputDevice* const device = customDevice(availableDevices_))
         selectedDeviceID_ = device->id;
     if (former != std::pair(selectedDeviceID_, selectedUid_))
@@ -74,7 +74,7 @@ void AudioDeviceManager::adoptPrioritizedDevices()
     Q_EMIT prioritizedDevicesChanged();
 }
 
-// Asks the hardware itself: the list that is shown may be an announcement behind.
+// Queries the hardware, because availableDevices_ may be one notification behind.
 std::optional<AudioDeviceID> AudioDeviceManager::effectiveDeviceID() const
 {
     if (inputMode_ == AudioInputMode::systemDefault)
@@ -89,7 +89,7 @@ const AudioInputDevice* AudioDeviceManager::customDevice(const std::vector<Audio
 {
     if (!selectedDeviceID_)
         return nullptr;
-    // Without a stored identifier the number is all there is to go by.
+    // Without a stored UID, fall back to the ID.
     return selectedUid_.isEmpty() ? deviceWith(&AudioInputDevice::id, *selectedDeviceID_, present)
                                   : deviceWith(&AudioInputDevice::uid, selectedUid_, present);
 }
@@ -132,7 +132,7 @@ void AudioDeviceManager::refreshAvailableDevices()
     Q_EMIT availableDevicesChanged();
 }
 
-// The number is this process's own: written back it would be corrected by every other process in turn.
+// Not written back: IDs are local to this process, and every other process would correct it in turn.
 void AudioDeviceManager::followSelectedDevice()
 {
     const AudioInputDevice* const device = customDevice(availableDevices_);
@@ -155,7 +155,7 @@ void AudioDeviceManager::setSelectedDeviceID(std::optional<AudioDeviceID> device
     const QString uid = known != nullptr ? known->uid : QString();
     if (device == selectedDeviceID_ && uid == selectedUid_)
         return;
-    // The identifier first: the number follows it.
+    // The UID first: the ID is derived from it.
     if (uid.isEmpty())
         defaults_.remove(setting::selectedAudioDeviceUID.key);
     else

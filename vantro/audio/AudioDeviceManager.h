@@ -13,8 +13,8 @@ namespace vantro {
 
 class UserDefaults;
 
-/// The microphones that are there, the user's way of picking one, and the one to record from. Settings are written
-/// through at once, and what another process writes ("vantro devices") is adopted. Main thread only.
+/// The available microphones, the user's choice, and the device to record from. Setters write through to the settings,
+/// and changes by other processes ("vantro devices") are adopted. Main thread only.
 class AudioDeviceManager : public QObject
 {
     Q_OBJECT
@@ -27,29 +27,29 @@ public:
     [[nodiscard]] AudioInputMode inputMode() const { return inputMode_; }
     [[nodiscard]] const std::vector<PrioritizedDevice>& prioritizedDevices() const { return prioritizedDevices_; }
 
-    /// The device to record from; none means: the system's default, without selecting any. A chosen device that is
-    /// unplugged, and in prioritized mode a list of which nothing is there, give the system default's number.
+    /// The device to record from; nullopt means the system default, without an explicit selection. Falls back to the
+    /// system default's ID when the chosen device, or every prioritized one, is unplugged.
     [[nodiscard]] std::optional<AudioDeviceID> effectiveDeviceID() const;
 
-    /// Of the device that would be recorded from now, the system's default included; empty when there is none.
+    /// Name of the device that a recording would use now, system default included; empty if there is none.
     [[nodiscard]] QString effectiveDeviceName() const;
 
-    /// The unique identifiers of the microphones that the user would record from, the most wanted first, whether they
-    /// are there or not; empty when the system decides.
+    /// The UIDs of the microphones that the user prefers, most preferred first, whether present or not; empty when the
+    /// system decides.
     [[nodiscard]] std::vector<QString> wantedDevices() const;
 
     void refreshAvailableDevices();
     void setInputMode(AudioInputMode mode);
-    /// Nothing forgets the choice.
+    /// nullopt clears the selection.
     void setSelectedDeviceID(std::optional<AudioDeviceID> device);
     void setPrioritizedDevices(const std::vector<PrioritizedDevice>& devices);
 
-    /// The list in the order in which it is tried.
+    /// Sorted by priority.
     [[nodiscard]] std::vector<PrioritizedDevice> priorityOrder() const;
-    /// Puts a device behind all others; one that is listed stays where it is.
+    /// Appends a device; no-op if it is already listed.
     void addPrioritizedDevice(const AudioInputDevice& device);
     void removePrioritizedDevice(const QString& uid);
-    /// @p position counts from 0; behind the end means last.
+    /// @p position is zero-based and clamped to the end.
     void movePrioritizedDevice(const QString& uid, std::size_t position);
 
 Q_SIGNALS:
@@ -72,8 +72,7 @@ private:
     UserDefaults& defaults_;
     std::vector<AudioInputDevice> availableDevices_;
     std::optional<AudioDeviceID> selectedDeviceID_;
-    /// The selected device's unique identifier, by which it is found again when its number is another one in a later
-    /// run.
+    /// The selected device's UID, which is stable across runs, unlike its ID.
     QString selectedUid_;
     AudioInputMode inputMode_ = AudioInputMode::systemDefault;
     std::vector<PrioritizedDevice> prioritizedDevices_;

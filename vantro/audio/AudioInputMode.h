@@ -7,7 +7,7 @@
 
 namespace vantro {
 
-/// How the microphone is picked. The raw value is what is stored.
+/// How the microphone is chosen. Stored as the raw value.
 enum class AudioInputMode { systemDefault, custom, prioritized };
 
 inline constexpr std::array allAudioInputModes{AudioInputMode::systemDefault, AudioInputMode::custom,
@@ -15,9 +15,9 @@ inline constexpr std::array allAudioInputModes{AudioInputMode::systemDefault, Au
 
 /// "System Default", "Custom Device", "Prioritized".
 QString rawValue(AudioInputMode mode);
-/// Nothing for a text that is no mode's raw value.
+/// nullopt for an unknown raw value.
 std::optional<AudioInputMode> audioInputModeFromRawValue(const QString& text);
-/// The sentence beside the choice in the settings.
+/// The description shown in the settings.
 QString caption(AudioInputMode mode);
 
 } // namespace vantro

@@ -46,7 +46,7 @@ AudioRecorder::AudioRecorder(AudioEngineFactory makeEngine, AudioDeviceManager& 
 
 AudioRecorder::~AudioRecorder()
 {
-    // The audio thread must not outlive what it writes to.
+    // The audio thread must not outlive the collector.
     if (currentSession_)
         currentSession_->tearDown(nullptr);
 }
@@ -76,7 +76,7 @@ bool AudioRecorder::startRecording()
     activeRecordingID_ = QStringLiteral("audio-") + QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper();
     recordingStartedAt_ = clock_.now();
     firstTap_ = 0;
-    setRecording(true); // who hears of it may announce a microphone
+    setRecording(true); // a slot may call expectMicrophone()
     try {
         startEngineSession();
     } catch (CaptureError& error) {
@@ -89,7 +89,7 @@ bool AudioRecorder::startRecording()
     return true;
 }
 
-// Fails with the recording left as it is.
+// On failure, leaves the recording unchanged.
 void AudioRecorder::startEngineSession()
 {
     logger_.info(QStringLiteral("Starting recording %1").arg(activeRecordingID_));
@@ -178,7 +178,7 @@ void AudioRecorder::useExpectedMicrophone()
         rebuildEngine();
 }
 
-// A restarting sound server, a headset that changes its profile or a loose plug is back within a second or so.
+// A restarting sound server, a headset changing its profile or a loose plug recovers within a second or so.
 void AudioRecorder::awaitMicrophone(CaptureError failure)
 {
     lostCapture_ = std::move(failure);

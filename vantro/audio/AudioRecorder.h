@@ -23,22 +23,21 @@ class EngineSession;
 class Permissions;
 class SampleCollector;
 
-/// Why nothing can be captured.
+/// Why capturing failed.
 class CaptureError : public Error
 {
 public:
     CaptureError(const QString& description, QString reason) : Error(description), reason_(std::move(reason)) {}
 
-    /// The description without what was attempted, for a sentence that tells that itself.
+    /// The cause alone, for a sentence that already says what was attempted.
     [[nodiscard]] const QString& reason() const { return reason_; }
 
 private:
     QString reason_;
 };
 
-/// The microphone of one dictation: captures into a collector, survives changes of the audio route by rebuilding its
-/// engine, and hands out the samples. Publishes what the interface shows of the dictation that uses it. Main thread
-/// only; everything that it is given outlives it.
+/// Captures one dictation's audio into a collector, rebuilds its engine when the audio route changes, and publishes the
+/// dictation's state for the user interface. Main thread only; everything passed in must outlive it.
 class AudioRecorder : public QObject
 {
     Q_OBJECT
@@ -48,11 +47,11 @@ class AudioRecorder : public QObject
     Q_PROPERTY(
         vantro::ProcessingMode processingMode READ processingMode WRITE setProcessingMode NOTIFY processingModeChanged)
 public:
-    /// Between stop and the end of the capture, so that the last word arrives.
+    /// Time between stop and the end of the capture, so that the last word arrives.
     static constexpr std::chrono::milliseconds drainDelay{150};
-    /// How long a recording that has lost its microphone waits for another one.
+    /// How long a recording that lost its microphone waits for another one.
     static constexpr std::chrono::milliseconds microphonePatience{1500};
-    /// The same for one that is known to be coming: a headset needs seconds for another profile.
+    /// The same when a microphone is expected: a headset takes seconds to change its profile.
     static constexpr std::chrono::milliseconds expectedMicrophonePatience{5000};
 
     AudioRecorder(AudioEngineFactory makeEngine, AudioDeviceManager& devices, Permissions& permissions, Clock& clock);
@@ -60,35 +59,35 @@ public:
     ~AudioRecorder() override;
 
     [[nodiscard]] bool isRecording() const { return isRecording_; }
-    /// From the start until the dictation is over; set by the dictation.
+    /// From the start to the end of the dictation, which sets it.
     [[nodiscard]] bool isBusy() const { return isBusy_; }
     void setBusy(bool busy);
     /// 0..1, for the waveform.
     [[nodiscard]] float currentAmplitude() const { return currentAmplitude_; }
-    /// When the first sound of the latest recording arrived; nothing before it has.
+    /// When the latest recording's first block arrived; nullopt until then.
     [[nodiscard]] std::optional<Clock::Instant> firstSampleAt() const;
-    /// The one in force when the recording is stopped counts.
+    /// The value at the time of the stop applies.
     [[nodiscard]] ProcessingMode processingMode() const { return processingMode_; }
     void setProcessingMode(ProcessingMode mode);
 
-    /// False, with nothing changed, while one runs or without permission. Throws CaptureError.
+    /// Returns false if already recording or without permission. Throws CaptureError.
     [[nodiscard]] bool startRecording();
-    /// The recording is over. The capture goes on until takeSamples(): what was spoken last is still on its way.
+    /// Ends the recording. The capture continues until takeSamples(), because the last audio is still arriving.
     void stopRecording();
-    /// Ends the capture; 16 kHz mono, nominally -1..1.
+    /// Ends the capture and returns its samples: 16 kHz mono, nominally -1..1.
     [[nodiscard]] std::vector<float> takeSamples();
-    /// Throws away what was captured, before or after the stop.
+    /// Discards the capture, before or after the stop.
     void cancelRecording();
 
-    /// "audio-" and an identity of its own.
+    /// "audio-" and a UUID.
     [[nodiscard]] const QString& activeRecordingID() const { return activeRecordingID_; }
     [[nodiscard]] std::size_t sampleCount() const;
-    /// Why nothing is being captured, while a microphone is waited for and when none has come.
+    /// Why there is no capture, while waiting for a microphone and after giving up.
     [[nodiscard]] const std::optional<CaptureError>& lostCapture() const { return lostCapture_; }
 
-    /// A microphone is about to come, for the recording that begins: a start without any waits for it, for a while.
+    /// Announces a microphone for the recording that is starting: a start without any device waits for it.
     void expectMicrophone() { isMicrophoneExpected_ = true; }
-    /// It is there: a running recording goes on with the device that is the effective one now.
+    /// The expected microphone has arrived: a running recording switches to the effective device.
     void useExpectedMicrophone();
 
 Q_SIGNALS:
@@ -96,7 +95,7 @@ Q_SIGNALS:
     void isBusyChanged();
     void currentAmplitudeChanged();
     void processingModeChanged();
-    /// The microphone was lost in the middle of a recording and no other has come: lostCapture() tells why.
+    /// The microphone was lost during a recording and none has replaced it; see lostCapture().
     void captureGivenUp();
 
 private:
@@ -126,13 +125,13 @@ private:
     Logger logger_{"AudioRecorder"};
 
     bool isMicrophoneExpected_ = false;
-    /// What the current session was told to record from.
+    /// The device requested for the current session.
     std::optional<AudioDeviceID> sessionDevice_;
     std::optional<CaptureError> lostCapture_;
-    std::unique_ptr<QObject> patience_; ///< its destruction ends the wait for a microphone
+    std::unique_ptr<QObject> patience_; ///< destroying it ends the wait for a microphone
 
     std::atomic<float> tapLevel_{0};
-    std::atomic<Clock::Instant::rep> firstTap_{0}; ///< 0 until the first block of a recording
+    std::atomic<Clock::Instant::rep> firstTap_{0}; ///< steady clock ticks; 0 until a recording's first block
     ThreadWaker levelWaker_;
 };
 

@@ -45,7 +45,7 @@ void EngineSession::tearDown(SampleCollector* drainInto)
     engine_->stop();
     engine_->removeTap();
     stopObserving();
-    // Whoever still holds the session may outlive what the engine runs on.
+    // The session may outlive the resources that the engine uses.
     engine_.reset();
     if (drainInto != nullptr)
         converter_->drain(*drainInto);

@@ -12,7 +12,7 @@
 
 namespace vantro {
 
-/// One running engine with what its tap feeds. Main thread; the tap works on the audio thread, with nothing but the
+/// One running engine and the objects fed by its tap. Main thread; the tap runs on the audio thread and uses only the
 /// session's converter and smoother and the collector.
 class EngineSession
 {
@@ -26,19 +26,18 @@ public:
     EngineSession(const EngineSession&) = delete;
     EngineSession& operator=(const EngineSession&) = delete;
 
-    /// Calls @p changed on the main thread at every configuration change of the engine.
+    /// Calls @p changed on the main thread whenever the engine's configuration changes.
     void observeConfiguration(QObject* context, std::function<void()> changed);
     void stopObserving();
 
     /// Captures in @p format into @p collector. Throws AudioEngineError.
     void start(AudioFormat format, std::shared_ptr<SampleCollector> collector);
     [[nodiscard]] bool isRunning() const { return engine_ && engine_->isRunning(); }
-    /// Ends the capture and the engine; what the converter still holds goes into @p drainInto unless that is null. A
-    /// second call does nothing.
+    /// Stops capture and engine and drains the converter into @p drainInto unless that is null. Idempotent.
     void tearDown(SampleCollector* drainInto);
 
-    /// Whether the next configuration change is the echo of the device selection that this session made; asking for it
-    /// uses it up.
+    /// Returns once whether the next configuration change results from this session's own device selection, then
+    /// resets.
     [[nodiscard]] bool takeOwnConfigChange();
 
 private:

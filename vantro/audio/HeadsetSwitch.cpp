@@ -16,7 +16,7 @@ bool isPresent(const QString& uid, const std::vector<AudioInputDevice>& present)
     return std::ranges::find(present, uid, &AudioInputDevice::uid) != present.end();
 }
 
-/// Identifiers write the address with colons or with underscores.
+/// UIDs contain the address with colons or with underscores.
 bool belongsTo(const QString& uid, const HeadsetCard& card)
 {
     return !card.address.isEmpty() && QString(uid).replace(QLatin1Char(':'), QLatin1Char('_')).contains(card.address);
@@ -72,7 +72,7 @@ void HeadsetSwitch::recordingChanged()
 
 void HeadsetSwitch::begin()
 {
-    // Still switched for the recording before.
+    // Still switched from the previous recording.
     if (switched_ || !defaults_.get(setting::bluetoothHeadsetProfile))
         return;
     const auto wanted = plan(devices_.wantedDevices(), devices_.availableDevices(), cards_.headsets());

@@ -17,33 +17,31 @@ class AudioDeviceManager;
 class AudioRecorder;
 class UserDefaults;
 
-/// Switches a Bluetooth headset that the user wants to record from, and that plays music in a profile without a
-/// microphone, to its headset profile while a recording runs, and back afterwards. Only when the setting
-/// "bluetoothHeadsetProfile" is on: what plays on the headset sounds like a telephone meanwhile. Until the headset's
-/// microphone is there the recording runs with the one that is. Main thread.
+/// While recording, switches a preferred Bluetooth headset from a playback-only profile to its headset profile. Only if
+/// "bluetoothHeadsetProfile" is set, because playback drops to telephone quality meanwhile. Until the headset's
+/// microphone appears, the recording uses the current one. Main thread.
 class HeadsetSwitch : public QObject
 {
     Q_OBJECT
 public:
-    /// After the recording, so that its last block is not cut off.
+    /// Delay after the recording, so that its last block is not cut off.
     static constexpr std::chrono::milliseconds switchBackDelay{300};
 
     struct Plan
     {
         HeadsetCard card;
-        /// The wanted microphone that the switch is to bring.
+        /// UID of the microphone that should appear.
         QString microphone;
     };
 
-    /// Which headset to switch: the one of the first wanted microphone, unless that microphone, or one that is wanted
-    /// more, is there.
+    /// The headset of the first wanted microphone, unless that one or a more preferred one is already present.
     static std::optional<Plan> plan(const std::vector<QString>& wanted, const std::vector<AudioInputDevice>& present,
                                     const std::vector<HeadsetCard>& cards);
 
-    /// Everything outlives this object.
+    /// Everything must outlive this object.
     HeadsetSwitch(AudioCards& cards, AudioDeviceManager& devices, AudioRecorder& recorder, const UserDefaults& defaults,
                   Clock& clock);
-    /// A headset that is still switched is switched back.
+    /// Switches the headset back.
     ~HeadsetSwitch() override;
 
 private:
@@ -58,9 +56,9 @@ private:
     AudioRecorder& recorder_;
     const UserDefaults& defaults_;
     Clock& clock_;
-    /// What was switched, with the profile that it had.
+    /// The switched headset with its previous profile.
     std::optional<Plan> switched_;
-    /// Its microphone is not there yet.
+    /// Its microphone has not appeared yet.
     bool isAwaited_ = false;
     std::uint64_t recordingCount_ = 0;
 };

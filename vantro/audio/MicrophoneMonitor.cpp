@@ -11,7 +11,7 @@ namespace vantro {
 
 namespace {
 
-/// Above what an idle sound card murmurs, below a whisper.
+/// Above an idle sound card's noise, below a whisper.
 constexpr float heardLevel = 0.02F;
 constexpr auto retryDelay = 1000ms;
 
@@ -73,7 +73,7 @@ void MicrophoneMonitor::open()
         engine_ = std::move(engine);
     } catch (const AudioEngineError& error) {
         problem_ = error.localizedDescription();
-        // A sound server that was started meanwhile announces nothing here.
+        // Nothing signals that a sound server has been started.
         clock_.callAfter(retryDelay, this, [this] {
             if (isWanted_ && !engine_)
                 open();
@@ -88,7 +88,7 @@ void MicrophoneMonitor::close()
         return;
     engine_->stop();
     engine_->removeTap();
-    // It may be its own announcement that ends it.
+    // This may be called from the engine's own signal.
     engine_.release()->deleteLater();
     level_ = 0;
 }

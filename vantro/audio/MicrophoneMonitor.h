@@ -15,8 +15,8 @@ namespace vantro {
 
 class AudioDeviceManager;
 
-/// Listens to the effective microphone for its level alone: nothing is kept. Follows a change of devices while it runs.
-/// Main thread.
+/// Measures the effective microphone's level without keeping any audio. Follows device changes while running. Main
+/// thread.
 class MicrophoneMonitor final : public QObject
 {
     Q_OBJECT
@@ -32,7 +32,7 @@ public:
     [[nodiscard]] float level() const { return level_; }
     /// Whether anything but silence has been heard since start().
     [[nodiscard]] bool hasHeard() const { return hasHeard_; }
-    /// Why there is no sound, for the user; empty when it is on its way.
+    /// Why there is no sound, for the user; empty if there is no problem.
     [[nodiscard]] QString problem() const { return problem_; }
 
 Q_SIGNALS:

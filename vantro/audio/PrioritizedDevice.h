@@ -10,9 +10,9 @@ namespace vantro {
 /// One entry of the user's list of preferred microphones.
 struct PrioritizedDevice
 {
-    /// The device's unique identifier, which it has in every run.
+    /// The device's UID, stable across runs.
     QString id;
-    /// Its name when it was added.
+    /// Its name at the time it was added.
     QString name;
     /// Lower comes first.
     int priority = 0;
@@ -22,7 +22,7 @@ struct PrioritizedDevice
 
 /// A JSON list of objects with the keys "id", "name" and "priority".
 QByteArray encodePrioritizedDevices(const std::vector<PrioritizedDevice>& devices);
-/// Empty for data that is not such a list: settings that cannot be read count as absent.
+/// Returns an empty list for malformed data.
 std::vector<PrioritizedDevice> decodePrioritizedDevices(const QByteArray& data);
 
 } // namespace vantro

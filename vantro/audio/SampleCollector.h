@@ -7,19 +7,19 @@
 
 namespace vantro {
 
-/// The samples of one recording: 16 kHz mono, nominally -1..1. Filled on the audio thread, emptied on the main thread;
-/// every operation takes the collector's own lock.
+/// The samples of one recording: 16 kHz mono, nominally -1..1. Filled on the audio thread and emptied on the main
+/// thread; every operation takes the collector's mutex.
 class SampleCollector
 {
 public:
     SampleCollector();
 
-    /// Adds all of @p samples while fewer than maximumSampleCount are held, so the last addition may pass it;
-    /// afterwards adds nothing and notes the overflow.
+    /// Appends all of @p samples while fewer than maximumSampleCount are held, so the last call may exceed it; later
+    /// calls only set overflowed().
     void append(std::span<const float> samples);
-    /// Hands out everything and leaves the collector empty.
+    /// Returns all samples and leaves the collector empty.
     [[nodiscard]] std::vector<float> takeSamples();
-    /// Forgets the samples and the overflow.
+    /// Also resets overflowed().
     void clear();
 
     [[nodiscard]] std::size_t sampleCount() const;

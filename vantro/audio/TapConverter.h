@@ -12,17 +12,17 @@ namespace vantro {
 
 class SampleCollector;
 
-/// Turns the microphone's blocks into 16 kHz mono: the mean of the channels, resampled as one continuous signal. Audio
+/// Converts microphone blocks to 16 kHz mono: averages the channels and resamples them as one continuous signal. Audio
 /// thread; drain() after the capture has ended.
 class TapConverter
 {
 public:
-    /// Null when nothing can be recorded in @p inputFormat or there is no way from it to 16 kHz.
+    /// Null when @p inputFormat is unusable or cannot be converted to 16 kHz.
     static std::unique_ptr<TapConverter> create(AudioFormat inputFormat);
 
-    /// Appends what the block gives. A block of another channel count than announced is mixed all the same.
+    /// Appends the converted block. Accepts any channel count, whatever the input format said.
     void convert(const AudioTapBuffer& buffer, SampleCollector& collector);
-    /// Appends what the resampler still holds.
+    /// Appends the samples still held by the resampler.
     void drain(SampleCollector& collector);
 
 private:
@@ -30,7 +30,7 @@ private:
     std::span<const float> mix(const AudioTapBuffer& buffer);
 
     std::unique_ptr<Resampler> resampler_;
-    std::vector<float> mono_; ///< kept between blocks, so that the audio thread allocates for the first one only
+    std::vector<float> mono_; ///< reused, so that the audio thread allocates for the first block only
 };
 
 } // namespace vantro

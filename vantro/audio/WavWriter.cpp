@@ -59,7 +59,7 @@ void writeWav(std::span<const float> samples, const QString& path)
     const auto count = static_cast<sf_count_t>(samples.size());
     const bool written = sf_write_short(file.get(), pcm.get(), count) == count;
     const QString reason = QString::fromLocal8Bit(sf_strerror(file.get()));
-    // The header's sizes are written on closing.
+    // Closing writes the sizes into the header.
     if (sf_close(file.release()) != 0 || !written) {
         if (QFileInfo(path).isFile())
             QFile::remove(path);

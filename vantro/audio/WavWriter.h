@@ -22,8 +22,8 @@ private:
     Code code_;
 };
 
-/// Writes @p samples (16 kHz mono, nominally -1..1; what lies outside is clipped) as a 16-bit PCM WAV file. Any thread.
-/// Throws WavWriterError; a file that could not be written whole is removed.
+/// Writes @p samples (16 kHz mono, nominally -1..1, clipped) as a 16-bit PCM WAV file. Any thread. Throws
+/// WavWriterError after removing an incomplete file.
 void writeWav(std::span<const float> samples, const QString& path);
 
 } // namespace vantro

@@ -62,7 +62,7 @@ QFuture<FluidAsrEngine::Manager> FluidAsrEngine::startLoad(const FluidModelSourc
 QCoro::Task<FluidAsrEngine::Manager> FluidAsrEngine::load(FluidModelSource model, std::stop_token stop)
 {
     if (manager_ != nullptr && loadedModelID_ == model.id) {
-        // GCC 12 would move the member itself out of a co_return.
+        // With GCC 12, co_return would move from the member itself.
         Manager loaded = manager_;
         co_return loaded;
     }
@@ -117,7 +117,7 @@ QCoro::Task<asr::ASRResult> FluidAsrEngine::transcribe(Request request)
     co_return result;
 }
 
-// Not inside the coroutine: GCC 12 destroys a lambda's captures twice when it is a temporary of a co_await expression.
+// Not inside the coroutine: GCC 12 destroys a lambda's captures twice when it is a temporary in a co_await expression.
 QFuture<asr::ASRResult> FluidAsrEngine::start(Manager manager, Request request)
 {
     return executor_.run([manager = std::move(manager), work = std::move(request)] {

@@ -17,7 +17,7 @@
 
 namespace vantro {
 
-/// Which Parakeet model is wanted, and where its file lies.
+/// A Parakeet model and its file.
 struct FluidModelSource
 {
     QString id;
@@ -25,11 +25,11 @@ struct FluidModelSource
     QString file;
 };
 
-/// Turns finished recordings into text with the one Parakeet model that is loaded. Main thread; loading and recognition
-/// run on threads of their own, and the results are awaited.
+/// Transcribes finished recordings with the one loaded Parakeet model. Main thread; loading and recognition run on
+/// threads of their own and are awaited.
 ///
-/// Callers that ask for a model while it is being loaded share the load. Another model replaces the loaded one only
-/// when it is ready; when two loads overlap, the one that ends last stays.
+/// Concurrent requests for the same model share one load. A new model replaces the loaded one only once it is ready; of
+/// two overlapping loads, the one that finishes last stays.
 class FluidAsrEngine
 {
 public:
@@ -37,7 +37,7 @@ public:
 
     struct Request
     {
-        QString label;              ///< names the recording in logs
+        QString label;              ///< identifies the recording in the log
         std::vector<float> samples; ///< 16 kHz mono
         FluidModelSource model;
         std::optional<asr::Language> language;
@@ -45,14 +45,14 @@ public:
         std::stop_token stop = {};
     };
 
-    /// @p moduleFolders: where ggml's module for this processor is looked for.
+    /// @p moduleFolders are searched for ggml's module for this processor.
     explicit FluidAsrEngine(std::vector<std::filesystem::path> moduleFolders);
 
-    /// Throws asr::ASRError; the model that was loaded stays.
+    /// Throws asr::ASRError and keeps the previously loaded model.
     QCoro::Task<Manager> load(FluidModelSource model, std::stop_token stop = {});
-    /// Loads ahead of the first dictation. Failures are only logged.
+    /// Preloads a model. Failures are only logged.
     QCoro::Task<> prepare(FluidModelSource model);
-    /// Throws asr::ASRError, processingFailed soon after it was stopped.
+    /// Throws asr::ASRError; processingFailed soon after a stop request.
     QCoro::Task<asr::ASRResult> transcribe(Request request);
 
 private:
@@ -70,7 +70,7 @@ private:
     SerialExecutor executor_;
 };
 
-/// Beside the program, and where an installed program keeps its modules.
+/// The program's folder, and the module folder of an installation.
 std::vector<std::filesystem::path> processorModuleFolders();
 
 } // namespace vantro

@@ -44,10 +44,10 @@ FluidModelFiles::FluidModelFiles(QStringList folders) : folders_(std::move(folde
 {
 }
 
-/// What is wrong with a container, as its reader says; empty for one that is whole.
+/// The reader's error for a damaged container; empty for a complete one.
 QString FluidModelFiles::damageOf(const QString& path) const
 {
-    const QFileInfo found(path); // before the file is read: what replaces it meanwhile is another one
+    const QFileInfo found(path); // stat before reading, in case the file is replaced meanwhile
     if (whole_->has(found))
         return {};
     try {
@@ -66,7 +66,7 @@ QString FluidModelFiles::find(const TranscriptionModel& model) const
     if (!model.fluidModel)
         return {};
     QStringList names = {model.fluidModel->repository};
-    // The English repository's files go without the language.
+    // File names of the English repository omit the language.
     if (names.first().endsWith(QLatin1String("-en")))
         names << names.first().chopped(3);
     for (const QString& folder : folders_) {
@@ -116,13 +116,13 @@ ModelCheck FluidModelFiles::check(const TranscriptionModel& model) const
     if (damage.isEmpty())
         return {true, {}};
     const QString problem =
-        QStringLiteral("%1 is no whole Parakeet model (%2)").arg(QFileInfo(path).fileName(), damage);
+        QStringLiteral("%1 is not a complete Parakeet model (%2)").arg(QFileInfo(path).fileName(), damage);
     if (path != ownFile(model))
         return {false, problem + QStringLiteral(". It was not downloaded by vantro and is left alone: %1").arg(path)};
-    // A download that runs may be about to put the right file in its place.
+    // A running download may be about to replace the file.
     const auto lock = PartFile(path).tryLock();
     if (!lock)
-        return {false, problem + QStringLiteral(" and is just being replaced.")};
+        return {false, problem + QStringLiteral(" and is being replaced right now. Try again later.")};
     printLine(QStringLiteral("Error: Invalid model file detected - removing corrupted file: ") +
               QFileInfo(path).fileName());
     if (!QFile::remove(path))

@@ -11,33 +11,32 @@
 
 namespace vantro {
 
-/// Where the files of Parakeet models lie and whether they are whole. No digest of them is published: a file counts as
-/// right when everything that its header announces is there. A file that was found whole is not read again until its
-/// size or its time changes. Any thread.
+/// Locates and checks Parakeet model files. No digests are published, so a file is accepted when it contains everything
+/// that its header announces. A checked file is not read again until its size or modification time changes. Any thread.
 class FluidModelFiles
 {
 public:
-    /// @p folders are searched in order; the first is the user's own, where downloads go. See modelFolders().
+    /// @p folders are searched in order; downloads go to the first, the user's own. See modelFolders().
     explicit FluidModelFiles(QStringList folders);
 
-    /// The model's file, or an empty text: the container that is downloaded, else one of another precision that
-    /// somebody has put there. A model whose URL is a local file is that file.
+    /// The model's file, or an empty string: the published container, else one with another precision. A model whose
+    /// URL is a local file is that file.
     [[nodiscard]] QString find(const TranscriptionModel& model) const;
-    /// Where the user's own copy stands or would stand.
+    /// The path of the user's copy, whether it exists or not.
     [[nodiscard]] QString ownFile(const TranscriptionModel& model) const;
-    /// A damaged file is unchecked and stays where it is.
+    /// Reports a damaged file as unchecked and keeps it.
     [[nodiscard]] ModelStatus status(const TranscriptionModel& model) const;
-    /// Whether the model is there and whole. The user's copy is removed when it is not, another one is left alone.
+    /// Whether the model is present and complete. Removes the user's copy if it is damaged, never another one.
     [[nodiscard]] ModelCheck check(const TranscriptionModel& model) const;
-    /// Removes the user's copy and what was fetched of it; answers how many bytes that freed. Throws Error when it is
-    /// being downloaded, or cannot be removed.
+    /// Removes the user's copy and any partial download; returns the number of bytes freed. Throws Error while it is
+    /// being downloaded or when it cannot be removed.
     qint64 remove(const TranscriptionModel& model) const;
 
-    /// A model for a Parakeet file that the user named; nothing when the file is of another kind.
+    /// A model for the user's Parakeet file; nullopt for any other file.
     static std::optional<TranscriptionModel> describe(const QString& file);
 
 private:
-    /// The files that were found whole, for all copies of this object.
+    /// The files known to be complete, shared by all copies of this object.
     class Whole;
 
     [[nodiscard]] bool isOwn(const QString& path) const;

@@ -52,7 +52,7 @@ FluidModelSource FluidTranscriptionProvider::source(const TranscriptionModel& mo
 
 void FluidTranscriptionProvider::prepare(const TranscriptionModel& model)
 {
-    // A model that cannot be run is reported by transcribe(), where somebody waits for the answer.
+    // transcribe() reports a misconfigured model.
     if (model.fluidModel)
         engine_.prepare(source(model));
 }
@@ -73,7 +73,7 @@ QCoro::Task<QString> FluidTranscriptionProvider::transcribe(TranscriptionRequest
                                               vocabulary_.textReplacements());
 }
 
-/// The multilingual model works in one language at a time and does not recognise which.
+/// The multilingual model transcribes one language at a time and does not detect it.
 std::optional<asr::Language> FluidTranscriptionProvider::languageHint(const TranscriptionRequest& request) const
 {
     if (!request.model.fluidModel.value().isMultilingual)
@@ -93,7 +93,7 @@ QFuture<void> FluidTranscriptionProvider::startDownload(const TranscriptionModel
     TransferRequest request;
     request.url = ModelHost::urlOf(model);
     request.destination = files_.ownFile(model);
-    // No digest is published: the file's name, which tells version and precision, says what a part belongs to.
+    // No digest is published; the file name contains version and precision, so it identifies the content of a part.
     request.sha1 = model.fileName();
     request.isThere = [files = files_, model] {
         return files.check(model).isReady;

@@ -9,7 +9,7 @@
 
 namespace vantro {
 
-/// The selected model cannot be run by the engine it claims.
+/// The selected model's engine cannot run it.
 class TranscriptionEngineError : public Error
 {
 public:
@@ -19,7 +19,7 @@ private:
     using Error::Error;
 };
 
-/// The Parakeet engine: which file, which language. The model stays in memory once it is loaded.
+/// The Parakeet engine: chooses file and language. A loaded model stays in memory.
 class FluidTranscriptionProvider final : public SpeechEngine
 {
 public:

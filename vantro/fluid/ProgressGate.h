@@ -5,16 +5,16 @@
 
 namespace vantro {
 
-/// Lets a load's progress through in steps of ten per cent. Any thread.
+/// Limits progress reports to steps of ten per cent. Any thread.
 class ProgressGate
 {
 public:
-    /// The percent to report for a @p fraction of 0..1, which is finite; nothing when the last report was close.
+    /// The percentage to report for a finite @p fraction of 0..1; nullopt if less than a step since the last report.
     std::optional<int> pass(double fraction);
 
 private:
     std::mutex lock_;
-    int lastPercent_ = -10; ///< so that the very first progress is reported
+    int lastPercent_ = -10; ///< so that the first progress is reported
 };
 
 } // namespace vantro

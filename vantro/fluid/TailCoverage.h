@@ -9,17 +9,17 @@
 
 namespace vantro {
 
-/// How much of a recording's end its transcript does not reach. It is only reported: no audio is ever kept.
+/// How much of a recording's end its transcript does not cover. Only logged; audio is never kept.
 struct TailCoverage
 {
     asr::Seconds audio{};
-    std::optional<asr::Seconds> reach; ///< the last token's end; nothing without token times
+    std::optional<asr::Seconds> reach; ///< the last token's end; nullopt without token timings
     asr::Seconds uncovered{};
 
     static TailCoverage of(std::size_t sampleCount, const asr::ASRResult& result);
 
     [[nodiscard]] bool isSuspicious() const { return uncovered > asr::Seconds(1.5); }
-    /// The line for the log; @p label names the recording.
+    /// The log line; @p label identifies the recording.
     [[nodiscard]] QString message(const QString& label, bool hasText) const;
 };
 

@@ -14,11 +14,11 @@ namespace vantro {
 namespace {
 
 constexpr qint64 mebibyte = 1'048'576;
-/// Small enough to be still in the processor's cache when it is written: a mebibyte costs a third more time.
+/// Still in the processor's cache when written: chunks of one MiB take a third longer.
 constexpr qint64 chunkBytes = mebibyte / 16;
-/// What may wait in memory while the disk is busy.
+/// Buffered in memory while the disk is busy.
 constexpr qint64 readAheadBytes = 4 * mebibyte;
-/// So much is written before other events get their turn.
+/// Written before returning to the event loop.
 constexpr qint64 turnBytes = 8 * mebibyte;
 constexpr int stallChecks = 4;
 
@@ -57,7 +57,7 @@ QFuture<void> Fetch::start()
 QNetworkRequest Fetch::networkRequest() const
 {
     QNetworkRequest request = network::request(request_.url);
-    request.setRawHeader("Accept-Encoding", "identity"); // sizes and positions are those of the file
+    request.setRawHeader("Accept-Encoding", "identity"); // sizes and offsets must be those of the file
     if (const qint64 have = part_.bytes(); have > 0 && !request_.url.isLocalFile()) {
         request.setRawHeader("Range", QByteArray("bytes=") + QByteArray::number(have) + '-');
         if (const QString validator = part_.note()->validator(); !validator.isEmpty())
@@ -133,7 +133,7 @@ void Fetch::acceptWhole()
     const qint64 length = reply_->header(QNetworkRequest::ContentLengthHeader).toLongLong(&isKnown);
     totalBytes_ = isKnown ? length : -1;
     receivedBytes_ = 0;
-    // The space of a part that is given up now comes free.
+    // Truncating an old part frees its space before checkSpace().
     part_.begin(noteFromHead());
     isAccepted_ = true;
     checkSpace();
@@ -161,14 +161,14 @@ void Fetch::checkSpace() const
 {
     const QString folder = QFileInfo(request_.destination).absolutePath();
     const qint64 needed = totalBytes_ - receivedBytes_;
-    const qint64 available = QStorageInfo(folder).bytesAvailable(); // negative where it cannot be told
+    const qint64 available = QStorageInfo(folder).bytesAvailable(); // negative if unknown
     if (totalBytes_ > 0 && available >= 0 && available < needed)
         throw ModelDownloadError::notEnoughSpace(folder, needed, available);
 }
 
 void Fetch::pump()
 {
-    // The body of a refusal or a redirect is not read; the error tells enough.
+    // Ignore the body of an error or a redirect.
     if (!isAccepted_)
         return;
     const qint64 before = receivedBytes_;
@@ -202,7 +202,7 @@ void Fetch::replyFinished()
     isFinished_ = true;
     pump();
     if (isAccepted_ && reply_->bytesAvailable() > 0)
-        return; // pump() comes back here
+        return; // pump() calls this again
     if (reply_->error() != QNetworkReply::NoError)
         throw replyError();
     if (!isAccepted_)

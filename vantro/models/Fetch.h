@@ -14,7 +14,7 @@
 
 namespace vantro {
 
-/// One request for a file, or for the rest of it, and the answer's way into the part. Lives on the network's thread.
+/// One request for a file or the rest of it, written into the part. Lives on the network thread.
 class Fetch final : public QObject
 {
     Q_OBJECT
@@ -25,10 +25,10 @@ public:
           const TransferOptions& options, OnBytes onBytes);
     ~Fetch() override;
 
-    /// Ends when the whole body has been written, or when mustStartAnew(); throws ModelDownloadError.
+    /// Finishes when the whole body has been written or mustStartAnew() is set; throws ModelDownloadError.
     [[nodiscard]] QFuture<void> start();
     void stop();
-    /// Whether the server cannot continue the part that is there.
+    /// Whether the server cannot continue the existing part.
     [[nodiscard]] bool mustStartAnew() const { return mustStartAnew_; }
 
 private:
@@ -59,10 +59,10 @@ private:
     QTimer stallTimer_;
     QElapsedTimer lastHeard_;
     std::vector<char> buffer_;
-    qint64 receivedBytes_ = 0; ///< with what the part had
+    qint64 receivedBytes_ = 0; ///< including the part's previous bytes
     qint64 totalBytes_ = -1;
-    bool isAccepted_ = false; ///< the body is the file, or the rest of it
-    bool isFinished_ = false; ///< the reply has ended; what it still holds is being written
+    bool isAccepted_ = false; ///< the body is the file or the rest of it
+    bool isFinished_ = false; ///< the reply has finished; its buffer is still being written
     bool mustStartAnew_ = false;
 };
 

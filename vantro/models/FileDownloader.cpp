@@ -10,7 +10,7 @@
 
 namespace vantro {
 
-/// One who waits. Destroyed without the lock: its stop callback may be running and wanting it.
+/// A caller waiting for a download. Never destroyed under the lock: its stop callback may be waiting for it.
 struct FileDownloader::Listener
 {
     OnProgress onProgress;
@@ -25,7 +25,7 @@ struct FileDownloader::Listener
     }
 };
 
-/// A file that is being fetched, and all who wait for it.
+/// A file being fetched, and its listeners.
 struct FileDownloader::PendingDownload
 {
     TransferRequest request;
@@ -90,7 +90,7 @@ QFuture<void> FileDownloader::download(TransferRequest request, OnProgress onPro
 
     if (isNew)
         network_.run([this, download](QNetworkAccessManager& manager) { transfer(manager, download); });
-    // Calls at once when the stop has been requested already.
+    // Calls leave() immediately if the stop has already been requested.
     listener->stopCallback.emplace(std::move(stop),
                                    [this, download, waiting = listener.get()] { leave(download, waiting); });
     return future;
@@ -107,7 +107,7 @@ void FileDownloader::leave(const PendingPointer& download, const Listener* liste
         leaving = std::move(*position);
         download->listeners.erase(position);
         if (download->listeners.empty()) {
-            // Who asks from now on begins a download of its own, which waits until this one has let go of the file.
+            // Later requests start a new download, which waits until this one releases the file.
             if (const auto entry = pending_.find(download->request.destination);
                 entry != pending_.end() && entry->second == download)
                 pending_.erase(entry);

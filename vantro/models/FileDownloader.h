@@ -14,27 +14,26 @@
 
 namespace vantro {
 
-/// Fetches large files over HTTP, HTTPS or from a local folder, on a thread of its own, which the first download
-/// starts.
+/// Fetches large files over HTTP or HTTPS, or from a local folder, on a thread that the first download starts.
 ///
-/// A file is first collected in a part (PartFile) that survives breaks, and continued by a range request as long as the
-/// server still has the same file. However many ask for a file, here or in another process, it is fetched once. System
-/// proxies are used; certificates are checked against the system's and those in the file that SSL_CERT_FILE names.
+/// Data is collected in a PartFile that survives interruptions and is resumed with a range request as long as the
+/// server still has the same file. Concurrent requests for one file, even from other processes, fetch it once. Uses the
+/// system's proxies; trusts the system's certificates and those in the file named by SSL_CERT_FILE.
 class FileDownloader
 {
 public:
-    /// Called on the network's thread, and not any more once a stop has been requested. Must not request one itself.
+    /// Called on the network thread, never after a stop request. Must not request a stop itself.
     using OnProgress = std::function<void(const DownloadProgress&)>;
 
     explicit FileDownloader(TransferOptions options = {});
-    /// Stops what is running; the parts stay.
+    /// Stops running downloads; their parts are kept.
     ~FileDownloader();
     FileDownloader(const FileDownloader&) = delete;
     FileDownloader& operator=(const FileDownloader&) = delete;
 
-    /// The future ends when the file stands under its name, or throws ModelDownloadError or what the request's own
-    /// functions threw. Asking for a destination that is being fetched joins that download; it ends early only when
-    /// all who asked have stopped. Any thread.
+    /// The future finishes when the file is in place; it throws ModelDownloadError or what the request's callbacks
+    /// threw. Requests for a destination already being fetched join that download, which is stopped only when all of
+    /// them have been. Any thread.
     [[nodiscard]] QFuture<void> download(TransferRequest request, OnProgress onProgress, std::stop_token stop = {});
 
 private:
@@ -42,7 +41,7 @@ private:
     struct PendingDownload;
     using PendingPointer = std::shared_ptr<PendingDownload>;
 
-    /// Runs on the network's thread.
+    /// Runs on the network thread.
     QCoro::Task<> transfer(QNetworkAccessManager& manager, PendingPointer download);
     static void stop(PendingDownload& download);
     void leave(const PendingPointer& download, const Listener* listener);
@@ -53,7 +52,7 @@ private:
     SerialExecutor files_{QStringLiteral("model files")}; ///< hashing and syncing, which take seconds
     QMutex pendingLock_;
     QWaitCondition allEnded_;
-    std::map<QString, PendingPointer> pending_; ///< by destination; what nobody waits for has left
+    std::map<QString, PendingPointer> pending_; ///< by destination; abandoned downloads are removed
     int running_ = 0;
     NetworkThread network_{QStringLiteral("model downloads")};
 };

@@ -84,7 +84,7 @@ bool FileTransfer::isPartComplete() const
 
 QCoro::Task<> FileTransfer::fetchAll()
 {
-    // A process that was killed between the last byte and the file's name left a complete part.
+    // The part may already be complete if a process was killed before renaming it.
     int reconnections = 0;
     bool hasStartedAnew = false;
     while (!isPartComplete()) {

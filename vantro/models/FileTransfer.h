@@ -18,12 +18,12 @@ namespace vantro {
 
 class Fetch;
 
-/// How far a download is. Comes some hundred times a second when the network is quick.
+/// A download's progress, reported some hundred times a second on a fast network.
 struct DownloadProgress
 {
     qint64 receivedBytes = 0;
     qint64 totalBytes = -1; ///< negative while unknown
-    /// What is going on when it is not plain receiving.
+    /// What is happening, unless it is simply receiving data.
     std::optional<QString> statusText;
 
     /// received / total in 32-bit floating point; 0 while the total is unknown.
@@ -35,9 +35,9 @@ struct DownloadProgress
 
 struct TransferOptions
 {
-    /// How long nothing at all may come.
+    /// The longest time without any data.
     std::chrono::milliseconds stallTimeout = std::chrono::seconds(30);
-    /// A connection that breaks after it has brought something is made again, at most so often.
+    /// How often a connection that made progress before it broke is re-established.
     int reconnections = 4;
     std::chrono::milliseconds reconnectionPause = std::chrono::seconds(1);
 };
@@ -45,15 +45,15 @@ struct TransferOptions
 struct TransferRequest
 {
     QUrl url;
-    QString destination; ///< the file's path; its folder is made when missing
-    QString sha1;        ///< names the wanted content: a part of another content is not continued
-    /// Asked once the right to write the file was obtained: somebody else may have fetched it. On a worker thread.
+    QString destination; ///< the file's path; its folder is created when missing
+    QString sha1;        ///< identifies the content; a part of other content is not resumed
+    /// Called once the lock is held, because somebody else may have fetched the file. On a worker thread.
     std::function<bool()> isThere;
-    /// Called when the file stands under its name, before anybody else may write it. On a worker thread.
+    /// Called when the file is in place, with the lock still held. On a worker thread.
     std::function<void()> onStored;
 };
 
-/// One file on its way from its place in the network to its place on the disk. Lives on the network's thread.
+/// Fetches one file to its destination, with resumption and retries. Lives on the network thread.
 class FileTransfer
 {
     Q_DECLARE_TR_FUNCTIONS(FileTransfer)
@@ -64,9 +64,9 @@ public:
                  TransferRequest request, OnProgress onProgress);
     ~FileTransfer();
 
-    /// Ends when the file stands under its name; throws ModelDownloadError, or what the request's own functions throw.
+    /// Finishes when the file is in place; throws ModelDownloadError or what the request's callbacks throw.
     [[nodiscard]] QCoro::Task<> run();
-    /// Makes run() end soon, with ModelDownloadError::cancelled unless the file is complete by then.
+    /// Makes run() throw ModelDownloadError::cancelled soon, unless the file is complete by then.
     void stop();
 
 private:

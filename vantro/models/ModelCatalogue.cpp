@@ -48,10 +48,10 @@ struct FluidEntry
     const char* name;
     const char* size;
     double accuracy;
-    const char* merit; ///< the end of the description
+    const char* merit; ///< last sentence of the description
     SupportedLanguages languages;
     const char* repository;
-    const char* file; ///< docs/models.md says how sure the names are
+    const char* file; ///< see docs/models.md on how reliable these names are
 };
 
 constexpr FluidEntry fluidEntries[] = {

@@ -13,10 +13,10 @@ namespace vantro {
 class ModelCatalogue
 {
 public:
-    /// @p modelHost: base address that serves the files under "/resolve/main/", as ModelHost finds it.
+    /// @p modelHost: base URL that serves the files under "/resolve/main/"; see ModelHost.
     explicit ModelCatalogue(const QString& modelHost = ModelHost::publicAddress());
 
-    /// Writes the addresses anew; pointers to entries stay valid.
+    /// Updates the URLs; pointers to entries stay valid.
     void setHost(const QString& modelHost);
 
     [[nodiscard]] const std::vector<TranscriptionModel>& models() const { return models_; }

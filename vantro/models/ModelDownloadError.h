@@ -8,25 +8,25 @@
 
 namespace vantro {
 
-/// Why a file could not be fetched. The description says what was wrong and what to do; what was fetched so far is kept
-/// and continued next time, unless the kind says that it is of no use.
+/// Why a file could not be fetched. The description says what went wrong and what to do. The part is kept and resumed
+/// next time unless the kind says otherwise.
 class ModelDownloadError : public Error
 {
     Q_DECLARE_TR_FUNCTIONS(ModelDownloadError)
 public:
     enum class Kind {
         hostUnreachable,   ///< no such name, no connection, no network
-        refusedByServer,   ///< 403, 404, 500 and whatever else is no file
-        connectionBroken,  ///< cut off, or stalled, or the body ended too early
-        redirectedInLoop,  ///< or from an encrypted to an open address
+        refusedByServer,   ///< 403, 404, 500 or anything else that is not the file
+        connectionBroken,  ///< closed, stalled, or the body ended early
+        redirectedInLoop,  ///< or from https to http
         notTrusted,        ///< the server's certificate
-        wrongContent,      ///< not the published file; nothing of it is kept
-        notEnoughSpace,    ///< also a disk that became full meanwhile
-        folderNotWritable, ///< and every other failure to write
+        wrongContent,      ///< not the published file; nothing is kept
+        notEnoughSpace,    ///< also when the disk fills up during the download
+        folderNotWritable, ///< or any other write failure
         cancelled,
     };
 
-    /// A request that got no answer.
+    /// For a request without an answer.
     explicit ModelDownloadError(const NetworkError& error);
     static ModelDownloadError refusedByServer(const QString& host, int status, const QString& file);
     static ModelDownloadError connectionBroken(const QString& host, const QString& reason);
@@ -47,7 +47,7 @@ private:
     Kind kind_;
 };
 
-/// "453.0 MiB", as sizes are written everywhere.
+/// "453.0 MiB"
 QString sizeText(qint64 bytes);
 
 } // namespace vantro

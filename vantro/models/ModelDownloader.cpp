@@ -41,7 +41,7 @@ QCoro::Task<bool> ModelDownloader::download(TranscriptionModel model)
 {
     if (downloadTask_)
         co_return false;
-    // The host may be another one since the caller took its copy.
+    // The host may have changed since the caller copied the model.
     if (const auto* current = catalogue_.find(model.name))
         model = *current;
     SpeechEngine& engine = engines_.of(model);

@@ -13,13 +13,13 @@
 
 namespace vantro {
 
-/// One download as an interface shows it: its progress is published at most once for every whole per cent. One at a
-/// time. Main thread.
+/// One download at a time, as the user interface shows it; progress is published at most once per whole per cent. Main
+/// thread.
 class ModelDownloader : public QObject
 {
     Q_OBJECT
 public:
-    /// Lets a value through when its whole per cent differs from the last one's. Any thread.
+    /// Passes a value when its whole per cent differs from the last one's. Any thread.
     class PublishGate
     {
     public:
@@ -33,15 +33,15 @@ public:
     ModelDownloader(const ModelCatalogue& catalogue, const SpeechEngines& engines);
     ~ModelDownloader() override;
 
-    /// Whether the model is ready afterwards. A failure is left in statusText. A download that runs is not disturbed:
-    /// false at once.
+    /// Returns whether the model is ready; statusText holds the failure. Returns false at once while another download
+    /// is running.
     QCoro::Task<bool> download(TranscriptionModel model);
-    /// Ends the running download; what was fetched is kept.
+    /// Stops the running download and keeps its part.
     void cancel();
 
     [[nodiscard]] float progress() const { return progress_; }
     [[nodiscard]] std::optional<QString> statusText() const { return statusText_; }
-    /// Rate and time left, as of the last published progress; empty while unknown.
+    /// Rate and time left at the last published progress; empty while unknown.
     [[nodiscard]] QString rateText() const { return rateText_; }
     [[nodiscard]] bool isRunning() const { return downloadTask_ != nullptr; }
 

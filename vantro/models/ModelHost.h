@@ -10,7 +10,7 @@
 
 namespace vantro {
 
-/// Where model files are fetched from: a base address (http, https or file) that serves them under "/resolve/main/".
+/// Where model files come from: a base URL (http, https or file) that serves them under "/resolve/main/".
 namespace ModelHost {
 
 /// The public repository of the whisper.cpp model files.
@@ -18,17 +18,16 @@ QString publicAddress();
 
 /// The public repository of the Parakeet containers.
 QString publicFluidAddress();
-/// Where the Parakeet containers are fetched from when @p address serves the whisper models: a host that somebody named
-/// serves both.
+/// The base URL of the Parakeet containers when @p address serves the whisper models: a custom host serves both.
 QString fluidAddress(const QString& address);
 
-/// The first that is not empty of: @p option (from the command line), the environment's VANTRO_MODEL_HOST, the setting
-/// "modelHostBaseURL", the public repository. Not checked; a trailing slash is dropped.
+/// The first non-empty of: @p option (from the command line), VANTRO_MODEL_HOST, the setting "modelHostBaseURL", the
+/// public repository. Not validated; trailing slashes are removed.
 QString address(const UserDefaults& defaults, const QString& option);
 
-/// @p text as an address that a file can be fetched from; absent for anything else.
+/// Parses @p text as a URL that files can be fetched from; nullopt for anything else.
 std::optional<QUrl> usable(const QString& text);
-/// The address that @p model is fetched from. Throws Error when nothing can be fetched from there.
+/// The URL of @p model's file. Throws Error when it is unusable.
 QUrl urlOf(const TranscriptionModel& model);
 
 } // namespace ModelHost

@@ -44,7 +44,7 @@ const TranscriptionModel& ModelSelection::selectedModel()
             printLine(QStringLiteral("Defaulted new installation to whisper small"));
         }
     }
-    // A stored name that the catalogue no longer has stays stored; meanwhile the default model serves.
+    // A stored name that is no longer in the catalogue is kept; the default model is used instead.
     const auto* model = stored();
     return model != nullptr ? *model : *catalogue_.find(defaultModel);
 }

@@ -6,13 +6,13 @@
 
 namespace vantro {
 
-/// What is known of a model without hashing its file.
+/// What is known about a model without hashing its file.
 struct ModelStatus
 {
     enum class State {
         missing,
-        partial,   ///< a part has been fetched
-        unchecked, ///< there is a file, its content has not been verified yet
+        partial,   ///< partly downloaded
+        unchecked, ///< present but not verified yet
         ready,
     };
 
@@ -20,21 +20,21 @@ struct ModelStatus
     QString file; ///< empty when missing or partial
     bool isSystemCopy = false;
     qint64 bytes = 0;       ///< of the file or the part
-    qint64 totalBytes = -1; ///< of the whole file where a part knows it
+    qint64 totalBytes = -1; ///< of the whole file, if a part knows it
 };
 
 /// Whether a model can be used.
 struct ModelCheck
 {
-    // Constructors, because GCC 12 destroys an aggregate that is listed in braces twice in a coroutine.
+    // Constructors, because GCC 12 destroys a brace-initialised aggregate twice in a coroutine.
     ModelCheck() = default;
     ModelCheck(bool isReady, QString problem) : isReady(isReady), problem(std::move(problem)) {}
 
     bool isReady = false;
-    QString problem; ///< what was wrong with a file that is there, as a sentence; empty when there is none
+    QString problem; ///< what is wrong with an existing file, as a sentence; empty if it is missing or fine
 };
 
-/// Whether a check believes what an earlier one has noted, or reads the file again.
+/// Whether a check trusts the marker of an earlier one or reads the file again.
 enum class Trust { markers, contentOnly };
 
 } // namespace vantro

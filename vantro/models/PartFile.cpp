@@ -23,7 +23,7 @@ constexpr QLatin1String etagKey("etag");
 constexpr QLatin1String lastModifiedKey("lastModified");
 constexpr QLatin1String totalKey("totalBytes");
 
-/// A rename is on the disk only when its folder is.
+/// A rename is durable only once its folder is synced.
 void syncFolder(const QString& folder)
 {
     const int descriptor = ::open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
@@ -110,7 +110,7 @@ qint64 PartFile::removeAll()
 
 void PartFile::begin(const PartNote& note)
 {
-    // Without its note a part counts as nothing, so the old note goes first and the new one comes before any data.
+    // A part without a note is ignored, so remove the old note first and write the new one before any data.
     QFile::remove(beside(".json"));
     openAt(QIODevice::WriteOnly | QIODevice::Truncate);
     QSaveFile file(beside(".json"));
@@ -137,7 +137,7 @@ void PartFile::openAt(QIODevice::OpenMode mode)
 
 void PartFile::append(const char* data, qint64 count)
 {
-    // A disk that is nearly full takes the beginning; why it does not take the rest is only told when asked again.
+    // A nearly full disk accepts a partial write; only the next write reports the reason.
     qint64 written = 0;
     qint64 step = 0;
     while (written < count && (step = data_.write(data + written, count - written)) > 0)

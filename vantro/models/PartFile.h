@@ -10,46 +10,46 @@
 
 namespace vantro {
 
-/// What a server said about the file that a part belongs to, so that the rest is only asked of the very same file.
+/// What the server said about a part's file, so that only the same file is resumed.
 struct PartNote
 {
-    QString wanted;       ///< the SHA-1 of the file that is wanted
-    QString etag;         ///< a strong entity tag, else empty
-    QString lastModified; ///< as the server wrote it, else empty
+    QString wanted;       ///< identifies the wanted content; TransferRequest::sha1
+    QString etag;         ///< strong entity tag, or empty
+    QString lastModified; ///< as sent by the server, or empty
     qint64 totalBytes = -1;
 
-    /// What a request for the rest is made conditional on; empty when the server gave nothing to go by.
+    /// For If-Range; empty if the server sent neither.
     [[nodiscard]] const QString& validator() const { return etag.isEmpty() ? lastModified : etag; }
 };
 
-/// What has been fetched of a file so far, kept in the hidden folder ".work" beside its destination until it is whole.
-/// A part survives whatever ends the process; only what settle() has moved counts as the file. One thread at a time.
+/// The part of a file that has been fetched so far, kept in the hidden folder ".work" beside its destination. It
+/// survives crashes; settle() moves it to the destination. One thread at a time.
 class PartFile
 {
 public:
     explicit PartFile(const QString& destination);
 
-    /// The right to write the part and the destination; absent while somebody else has it. Makes the folders, and
-    /// throws Error when they cannot be written to.
+    /// Locks the part and the destination; nullopt while somebody else holds the lock. Creates the folders and throws
+    /// Error when they are not writable.
     [[nodiscard]] std::optional<FileLock> tryLock() const;
 
     [[nodiscard]] const QString& destination() const { return destination_; }
-    /// What is there already; 0 when there is no part or nobody knows what it is a part of.
+    /// Size of the part; 0 if there is none or its note is missing.
     [[nodiscard]] qint64 bytes() const;
     [[nodiscard]] std::optional<PartNote> note() const;
     void discard();
-    /// For a destination that is not there.
+    /// For a destination that does not exist.
     [[nodiscard]] ModelStatus status() const;
-    /// Removes the destination and what was fetched of it; answers how many bytes that freed. Throws Error when it is
-    /// being fetched, or cannot be removed.
+    /// Removes the destination and the part; returns the number of bytes freed. Throws Error while it is being fetched
+    /// or when it cannot be removed.
     qint64 removeAll();
 
-    /// Starts a new part: what was there is given up.
+    /// Starts a new part, discarding the old one.
     void begin(const PartNote& note);
-    /// Goes on at the end of the part that is there.
+    /// Continues at the end of the existing part.
     void resume();
     void append(const char* data, qint64 count);
-    /// Everything is written: puts it on the disk itself, and only then under its name, in one step.
+    /// Syncs the complete part to disk, then renames it to the destination atomically.
     void settle();
 
 private:

@@ -30,7 +30,7 @@ QString sha1OfFile(QFile& file)
 {
     const std::unique_ptr<EVP_MD_CTX, DigestDeleter> digest(EVP_MD_CTX_new());
     if (!digest || EVP_DigestInit_ex(digest.get(), EVP_sha1(), nullptr) != 1)
-        throw Error(QStringLiteral("SHA-1 is switched off on this system, so model files cannot be verified"));
+        throw Error(QStringLiteral("SHA-1 is disabled on this system, so model files cannot be verified"));
     std::vector<char> chunk(chunkBytes);
     qint64 count = 0;
     while ((count = file.read(chunk.data(), chunkBytes)) > 0)

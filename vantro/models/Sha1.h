@@ -5,11 +5,11 @@
 
 namespace vantro {
 
-/// The SHA-1 of everything in an open file from its current position on, as 40 lower-case hex digits. Reads chunks of
-/// 1 MiB and keeps nothing else. Throws Error when the file cannot be read to its end. Any thread.
+/// The SHA-1 of an open file from its current position to its end, as 40 lower-case hex digits. Reads in chunks of 1
+/// MiB. Throws Error on a read failure. Any thread.
 QString sha1OfFile(QFile& file);
 
-/// The same for a whole file by its path.
+/// The same for a whole file.
 QString sha1OfFile(const QString& path);
 
 } // namespace vantro

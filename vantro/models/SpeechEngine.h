@@ -14,39 +14,39 @@
 
 namespace vantro {
 
-/// One speech engine: its recogniser and the files of its models. Main thread; what takes long runs on threads of its
-/// own. Nothing is started before it is needed.
+/// One speech engine: its recogniser and its model files. Main thread; long operations run on threads of its own.
+/// Everything is created on demand.
 class SpeechEngine : public TranscriptionProviding
 {
 public:
-    /// Which models of the catalogue it runs.
+    /// Identifies the catalogue models it runs.
     [[nodiscard]] virtual TranscriptionEngine kind() const = 0;
     /// Its name in the log.
     [[nodiscard]] virtual QString label() const = 0;
 
     /// Reads at most a file's header.
     [[nodiscard]] virtual ModelStatus status(const TranscriptionModel& model) const = 0;
-    /// Whether @p model is there and right. The user's copy is removed when it is not, another one is left alone.
+    /// Whether @p model is present and valid. Removes the user's copy if it is invalid, never another one.
     [[nodiscard]] virtual QFuture<ModelCheck> check(const TranscriptionModel& model, Trust trust = Trust::markers) = 0;
-    /// Fetches @p model and checks it. Throws ModelDownloadError, or an Error when there is nothing to fetch.
+    /// Fetches and checks @p model. Throws ModelDownloadError, or Error when its URL is unusable.
     QCoro::Task<> download(TranscriptionModel model, FileDownloader::OnProgress onProgress, std::stop_token stop);
-    /// Removes the user's copy and what was fetched of it; answers how many bytes that freed. Throws Error when it is
-    /// being downloaded, or cannot be removed.
+    /// Removes the user's copy and any partial download; returns the number of bytes freed. Throws Error while it is
+    /// being downloaded or when it cannot be removed.
     virtual qint64 remove(const TranscriptionModel& model) = 0;
-    /// A model for a file that the user named; nothing when it is another engine's.
+    /// A model for the user's file; nullopt when it belongs to another engine.
     [[nodiscard]] virtual std::optional<TranscriptionModel> describe(const QString& file) const = 0;
 
 protected:
-    /// A wrong file may have been stored afterwards: the check finds out.
+    /// Does not validate the stored file; check() does.
     [[nodiscard]] virtual QFuture<void> startDownload(const TranscriptionModel& model,
                                                       FileDownloader::OnProgress onProgress, std::stop_token stop) = 0;
 };
 
-/// The engines of this installation.
+/// All engines.
 class SpeechEngines
 {
 public:
-    /// One for each TranscriptionEngine; they outlive the list. A named file goes to the first that takes it.
+    /// One per TranscriptionEngine; they must outlive the list. The first whose describe() accepts a file gets it.
     explicit SpeechEngines(std::vector<SpeechEngine*> engines) : engines_(std::move(engines)) {}
 
     /// The one that runs @p model.
@@ -57,8 +57,8 @@ private:
     std::vector<SpeechEngine*> engines_;
 };
 
-/// Where model files are searched: first the user's own folder, the only one that is written to, then those in which an
-/// administrator can install models for everybody. "vantro/models" below the XDG data folders and below /usr/share.
+/// The folders searched for model files: "vantro/models" below the XDG data folders and /usr/share. The first is the
+/// user's own, the only one written to; administrators can install models in the others.
 [[nodiscard]] QStringList modelFolders();
 
 } // namespace vantro

@@ -11,8 +11,7 @@ enum class TranscriptionEngine { fluid, whisper };
 
 enum class SupportedLanguages { multilingual, english };
 
-/// A model of the neural engine: the repository it is published in, whether it is the multilingual variant, and the
-/// address its container is fetched from.
+/// A Parakeet model: the repository it is published in, whether it is multilingual, and its container's URL.
 struct FluidModel
 {
     QString repository;
@@ -20,7 +19,7 @@ struct FluidModel
     QString url = {};
 };
 
-/// One speech model of the catalogue. Identified by `name`, which is also what is stored as the selection.
+/// A speech model of the catalogue, identified by `name`, which is also stored as the selection.
 struct TranscriptionModel
 {
     QString name;
@@ -35,9 +34,9 @@ struct TranscriptionModel
     TranscriptionEngine engine = TranscriptionEngine::whisper;
     std::optional<FluidModel> fluidModel;
 
-    /// Where the file is fetched from.
+    /// The download URL.
     [[nodiscard]] QString address() const { return fluidModel ? fluidModel->url : url; }
-    /// The file's name on disk.
+    /// The file name on disk.
     [[nodiscard]] QString fileName() const { return address().section(QLatin1Char('/'), -1); }
 };
 

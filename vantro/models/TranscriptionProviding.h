@@ -13,7 +13,7 @@
 
 namespace vantro {
 
-/// A piece of the transcript as an engine that knows its tokens found it; times from the start of the recording.
+/// A token of the transcript; times are relative to the start of the recording.
 struct TranscribedToken
 {
     QString piece; ///< U+2581 marks the start of a word
@@ -31,24 +31,24 @@ struct TranscriptionRequest
     std::optional<QString> language;
     /// Called on the engine's thread with 0..1.
     std::function<void(float)> onProgress;
-    /// Called on the main thread before the text is there, by engines that know their tokens.
+    /// Called on the main thread before transcribe() returns, by engines that provide tokens.
     std::function<void(const std::vector<TranscribedToken>&)> onTokens = {};
-    /// Ends this transcription, wherever it stands, and no other one.
+    /// Cancels this transcription at any stage.
     std::stop_token stop = {};
 };
 
-/// The recognising half of a speech engine. Main thread; the heavy work is done on the engine's own.
+/// The recognition half of a speech engine. Main thread; the work is done on the engine's own thread.
 class TranscriptionProviding
 {
 public:
     virtual ~TranscriptionProviding() = default;
 
-    /// A recording has begun that @p model will transcribe: what can be done before the stop is begun now.
+    /// Called when a recording starts that @p model will transcribe, to load it in the meantime.
     virtual void prepare(const TranscriptionModel& model) = 0;
-    /// The final text, with the user's replacements applied. Throws an Error, soon when it is stopped: also while it
-    /// waits for other work or for its model.
+    /// Returns the final text with the user's replacements applied. Throws Error; soon after a stop request, even while
+    /// waiting for other work or for the model.
     virtual QCoro::Task<QString> transcribe(TranscriptionRequest request) = 0;
-    /// No dictation is under way any more, delivered or not: what was held for them may go.
+    /// Called when no dictation is active any more, whether delivered or not; resources may be released.
     virtual void dictationEnded() = 0;
 };
 

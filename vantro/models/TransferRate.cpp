@@ -12,7 +12,7 @@ namespace {
 
 constexpr auto window = 5s;
 constexpr auto sampleDistance = 100ms;
-/// Before that a rate is mere chance.
+/// Rates over shorter spans are noise.
 constexpr auto shortestSpan = 300ms;
 
 } // namespace
@@ -32,7 +32,7 @@ QString TransferRate::timeText(std::chrono::seconds time)
 void TransferRate::note(Instant now, qint64 receivedBytes)
 {
     if (!samples_.empty() && receivedBytes < samples_.back().bytes)
-        samples_.clear(); // begun anew
+        samples_.clear(); // restarted
     if (samples_.size() < 2 || now - samples_[samples_.size() - 2].at >= sampleDistance)
         samples_.push_back({now, receivedBytes});
     else

@@ -9,19 +9,19 @@
 
 namespace vantro {
 
-/// How quickly something arrives, over the last seconds. One thread.
+/// The transfer rate over the last five seconds. Not thread-safe.
 class TransferRate
 {
     Q_DECLARE_TR_FUNCTIONS(TransferRate)
 public:
     using Instant = std::chrono::steady_clock::time_point;
 
-    /// @p receivedBytes: the total so far; what a resumed download had before does not count as speed.
+    /// @p receivedBytes: the total so far; the initial bytes of a resumed download do not count.
     void note(Instant now, qint64 receivedBytes);
 
     [[nodiscard]] std::optional<double> bytesPerSecond() const;
-    /// "3.4 MiB/s, 20 s left"; the second part only when @p remainingBytes is known (not negative). Empty in the first
-    /// moments.
+    /// "3.4 MiB/s, 20 s left"; without the time if @p remainingBytes is negative (unknown). Empty until a rate is
+    /// known.
     [[nodiscard]] QString text(qint64 remainingBytes) const;
 
 private:

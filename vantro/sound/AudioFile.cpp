@@ -26,7 +26,7 @@ struct CloseSoundFile
 };
 using SoundFile = std::unique_ptr<SNDFILE, CloseSoundFile>;
 
-/// Standard input cannot seek, which the containers need: it is read into memory first.
+/// Containers require seeking, so standard input is read into memory first.
 struct MemoryFile
 {
     QByteArray bytes;

@@ -20,8 +20,8 @@ struct AudioFile
     /// Mono, 16,000 samples a second, nominally -1..1.
     std::vector<float> samples;
 
-    /// Reads WAV, FLAC, OGG, MP3 and whatever else libsndfile knows, at any rate and with any number of channels.
-    /// @p path "-" is standard input. Throws AudioFileError, saying what was wrong with which file.
+    /// Reads any format that libsndfile supports (WAV, FLAC, OGG, MP3, ...), at any sample rate and channel count; "-"
+    /// is standard input. Throws AudioFileError, which names the file and the problem.
     static AudioFile read(const QString& path);
 };
 

@@ -11,7 +11,7 @@ namespace vantro {
 
 namespace {
 
-/// The library works in strides of its own: what it owes from earlier blocks comes in one piece with a later one's.
+/// The library works in strides: output owed for earlier blocks may arrive at once with a later one.
 constexpr std::size_t strideSamples = 4'096;
 
 } // namespace
@@ -54,7 +54,7 @@ std::span<const float> Resampler::drain()
     return resampler_ ? process(nullptr, 0) : std::span<const float>();
 }
 
-/// @p input null ends the signal.
+/// A null @p input marks the end of the signal.
 std::span<const float> Resampler::process(const float* input, std::size_t count)
 {
     const auto share = static_cast<std::size_t>(std::ceil(static_cast<double>(count) * ratio_));

@@ -9,18 +9,17 @@ struct soxr;
 
 namespace vantro {
 
-/// Brings one continuous signal to 16 kHz with libsoxr in its high quality, whose delay drain() makes up for. Sound
-/// that is at 16 kHz already passes untouched. Any thread, one at a time; allocates only while its buffer grows.
+/// Resamples one continuous signal to 16 kHz with libsoxr (high quality); drain() compensates for its delay. Input that
+/// is already at 16 kHz passes through. Any thread, one at a time; allocates only to grow its buffer.
 class Resampler
 {
 public:
-    /// Null when there is no way from @p inputRateHz to 16 kHz.
+    /// Null when @p inputRateHz cannot be converted.
     static std::unique_ptr<Resampler> create(double inputRateHz);
 
-    /// What @p input brings, at first nothing, while the filter fills. Valid until the next call, and no longer than
-    /// @p input.
+    /// The output for @p input, empty at first while the filter fills. Valid until the next call and while @p input is.
     [[nodiscard]] std::span<const float> convert(std::span<const float> input);
-    /// What the filter still holds. Valid until the next call.
+    /// The rest of the output. Valid until the next call.
     [[nodiscard]] std::span<const float> drain();
 
 private:
@@ -32,7 +31,7 @@ private:
     Resampler(double inputRateHz, soxr* resampler);
     std::span<const float> process(const float* input, std::size_t count);
 
-    double ratio_; ///< of the rates
+    double ratio_; ///< output rate / input rate
     std::unique_ptr<soxr, Release> resampler_;
     std::vector<float> output_;
 };

@@ -72,7 +72,7 @@ std::vector<QUuid> CoreDataStack::transcriptionIDs(const QString& prefix, int li
 
 std::vector<QUuid> CoreDataStack::identities(const QString& entity, const QString& prefix, int limit) const
 {
-    // "g" is behind every digit that an identity is written with.
+    // "g" sorts after all hex digits.
     const QString begin = presentText(prefix.toLower());
     StoreQuery query =
         persistentContainer_.run(QStringLiteral("SELECT id FROM %1 WHERE id >= ?1 AND id < ?2 LIMIT ?3").arg(entity),

@@ -20,8 +20,8 @@
 
 namespace vantro {
 
-/// The history: dictations, and the notes of each day with their summary. Main thread. What an operation has stored is
-/// on the disk when it returns; where it throws a StoreError nothing of it is stored.
+/// The history: dictations, and each day's notes with their summary. Main thread. Changes are durable when an operation
+/// returns; an operation that throws StoreError changes nothing.
 class CoreDataStack final : public QObject, public TranscriptionStoring
 {
     Q_OBJECT
@@ -30,12 +30,11 @@ public:
     static QString standardPath();
 
     explicit CoreDataStack(Clock& clock, const QString& path = standardPath());
-    /// @p inMemory: for previews and throw-away stores.
+    /// @p inMemory: for previews and temporary stores.
     CoreDataStack(bool inMemory, Clock& clock);
     ~CoreDataStack() override;
 
-    /// Opens the store and takes over what earlier versions kept in other files. Before everything else; throws
-    /// PersistentStoreError.
+    /// Opens the store and migrates it to the current schema. Must be called first; throws PersistentStoreError.
     void loadPersistentStores();
 
     void saveTranscription(const QString& transcription, const QString& formatted, ProcessingMode mode) override;
@@ -43,24 +42,24 @@ public:
     void updateFormatted(const QUuid& id, const QString& formatted) override;
 
     [[nodiscard]] std::optional<Transcription> transcription(const QUuid& id) const;
-    /// The identities that begin with @p prefix, at most @p limit.
+    /// At most @p limit IDs that start with @p prefix.
     [[nodiscard]] std::vector<QUuid> transcriptionIDs(const QString& prefix, int limit) const;
-    /// All or none; what is not there is passed over.
+    /// All or nothing; unknown IDs are ignored.
     void deleteTranscriptions(const std::vector<QUuid>& ids);
 
-    /// Files @p transcription under today, which is made when this is its first note.
+    /// Adds a note to today's DailyNote, creating it if necessary.
     QCoro::Task<> addNote(QString transcription) override;
     /// Oldest first.
     [[nodiscard]] std::vector<Note> todaysNotes() const;
-    /// The instruction by which a day's notes are condensed, asked for at each summary.
+    /// The prompt for summaries; called for each one.
     void setSummaryPrompt(std::function<QString()> prompt) { summaryPrompt_ = std::move(prompt); }
-    /// Has @p service condense today's notes and keeps that as the day's summary. Never throws: what fails is printed,
-    /// and the former summary stays.
+    /// Has @p service summarise today's notes and stores the result. Never throws: failures are printed and the
+    /// previous summary is kept.
     QCoro::Task<> summarizeToday(std::shared_ptr<FormatRequestServicing> service) override;
-    /// The same for a chosen day.
+    /// The same for any day.
     QCoro::Task<> regenerateSummary(DailyNote day, std::shared_ptr<FormatRequestServicing> service);
 
-    /// The day of the calendar in the clock's time zone. Absent without notes.
+    /// @p date is in the clock's time zone. nullopt without notes.
     [[nodiscard]] std::optional<DailyNote> dailyNote(QDate date) const;
     /// Newest first.
     [[nodiscard]] std::vector<DailyNote> dailyNotes(FetchRange range, int limit) const;
@@ -68,23 +67,23 @@ public:
     /// Oldest first.
     [[nodiscard]] std::vector<Note> notes(const DailyNote& day) const;
     [[nodiscard]] std::vector<QUuid> noteIDs(const QString& prefix, int limit) const;
-    /// With all its notes.
+    /// Also deletes its notes.
     void deleteDailyNote(const DailyNote& day);
-    /// The day stays, with its summary.
+    /// Keeps the day and its summary.
     void deleteNotes(const std::vector<QUuid>& ids);
 
-    /// For repairs and for lists, whose changes the stack has to hear of.
+    /// For migrations and list models. After changes made through it, call announceChanges().
     [[nodiscard]] const PersistentContainer& persistentContainer() const { return persistentContainer_; }
     void announceChanges();
-    /// From now on changedAtLarge() tells of other processes' changes too.
+    /// Makes changedAtLarge() also report changes by other processes.
     void watchOtherProcesses();
 
 Q_SIGNALS:
-    /// One row was stored, changed or deleted.
+    /// One row was inserted, updated or deleted.
     void transcriptionChanged(qint64 objectID);
-    /// A day, or one of its notes.
+    /// The same for a day or one of its notes.
     void dailyNoteChanged(qint64 objectID);
-    /// Many rows of this process, or any of another one.
+    /// Many rows changed, or another process changed any.
     void changedAtLarge();
 
 private:
@@ -111,7 +110,7 @@ private:
     std::unique_ptr<StoreWatch> watch_;
 };
 
-/// Stores a dictation made at @p created_at, unless one with this identity is there; answers its place, 0 for none.
+/// Inserts a dictation unless its ID already exists; returns its key, 0 if it does.
 qint64 insertTranscription(const PersistentContainer& container, const Transcription& row);
 
 } // namespace vantro

@@ -5,19 +5,19 @@
 
 namespace vantro {
 
-/// The days with notes, newest first, changing with the store whoever changes it. Main thread.
+/// The days with notes, newest first; follows all changes of the store. Main thread.
 class DailyNoteListModel final : public PagedListModel
 {
     Q_OBJECT
 public:
     enum Role {
         Identifier = Qt::UserRole, ///< QUuid
-        CreatedAt,                 ///< QDateTime in local time, some moment of the day
+        CreatedAt,                 ///< QDateTime in local time, any time of the day
         Summary,                   ///< empty until there is one
         NoteCount,                 ///< int
     };
 
-    /// @p store must be loaded, and live longer.
+    /// @p store must be loaded and must outlive the model.
     explicit DailyNoteListModel(CoreDataStack& store, QObject* parent = nullptr);
 
     [[nodiscard]] QHash<int, QByteArray> roleNames() const override;

@@ -1,4 +1,4 @@
-// The part of CoreDataStack that keeps notes by the day.
+// The part of CoreDataStack for daily notes.
 #include "base/Logger.h"
 #include "vantro/store/CoreDataStack.h"
 
@@ -53,7 +53,7 @@ QCoro::Task<> CoreDataStack::addNote(QString transcription)
     co_return;
 }
 
-/// To be called inside a transaction, so that two processes make one day.
+/// Call within a transaction, so that concurrent processes create only one day.
 qint64 CoreDataStack::todaysDailyNote(const QDateTime& now)
 {
     if (const auto today = dailyNoteWithin(day(now.date())))
@@ -99,7 +99,7 @@ QCoro::Task<> CoreDataStack::summarizeToday(std::shared_ptr<FormatRequestServici
     }
     try {
         PersistentContainer::Transaction transaction(persistentContainer_);
-        // It may be past midnight now, and the day may have been deleted.
+        // By now it may be past midnight, or the day may have been deleted.
         const auto summarized = dailyNoteWithin(day(today));
         const qint64 dailyNote = summarized ? *summarized : todaysDailyNote(clock_.wallClock());
         setSummary(dailyNote, summary);

@@ -8,20 +8,20 @@
 
 namespace vantro {
 
-/// Copies of what is stored, named as in the store. Every attribute may be missing: a null text, an invalid date, a
-/// null identity.
+/// Copies of stored rows, with the store's names. Every attribute may be missing: a null string, an invalid date, a
+/// null UUID.
 
 /// One dictation.
 struct Transcription
 {
-    qint64 objectID = 0; ///< place in the order of time, newest highest; never that of another row
+    qint64 objectID = 0; ///< unique key, increasing with time
     QUuid id;
     QDateTime created_at;
     QString processingMode; ///< a mode's raw value
     QString transcription;
-    QString formatted; ///< empty while there is none
+    QString formatted; ///< empty if there is none
 
-    /// What was delivered: the formatted text where there is one.
+    /// The delivered text: formatted if available.
     [[nodiscard]] const QString& text() const { return formatted.isEmpty() ? transcription : formatted; }
 };
 
@@ -40,12 +40,12 @@ struct DailyNote
 {
     qint64 objectID = 0;
     QUuid id;
-    QDateTime created_at; ///< some moment of the day
+    QDateTime created_at; ///< any time of the day
     QString formatted;    ///< the day's summary; empty until there is one
     int noteCount = 0;
 };
 
-/// A stretch of the order of time, both ends included.
+/// A range of keys in time order, inclusive.
 struct FetchRange
 {
     qint64 newest = std::numeric_limits<qint64>::max();

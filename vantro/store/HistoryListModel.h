@@ -5,8 +5,7 @@
 
 namespace vantro {
 
-/// The dictations as the history window lists them: newest first, those that pass the filter, changing with the store
-/// whoever changes it. Main thread.
+/// The history window's list of dictations: filtered, newest first; follows all changes of the store. Main thread.
 class HistoryListModel final : public PagedListModel
 {
     Q_OBJECT
@@ -18,11 +17,11 @@ public:
         Identifier = Qt::UserRole, ///< QUuid, for CoreDataStack::transcription()
         CreatedAt,                 ///< QDateTime in local time
         Mode,                      ///< raw value
-        FirstLine,                 ///< of the formatted text where there is one
+        FirstLine,                 ///< of the formatted text if available
         IsFormatted,               ///< bool
     };
 
-    /// @p store must be loaded, and live longer.
+    /// @p store must be loaded and must outlive the model.
     explicit HistoryListModel(CoreDataStack& store, QObject* parent = nullptr);
 
     [[nodiscard]] QHash<int, QByteArray> roleNames() const override;

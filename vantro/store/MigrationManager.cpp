@@ -12,7 +12,7 @@ namespace {
 
 constexpr int batchRows = 500;
 
-/// False when there was nothing to take off. Trimming gives up a missing text's being missing.
+/// Returns whether @p text changed. A null text stays null; a trimmed one becomes non-null.
 bool trim(QString& text)
 {
     if (text.isNull())

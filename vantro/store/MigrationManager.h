@@ -9,17 +9,17 @@
 
 namespace vantro {
 
-/// Two repairs of the history, each run once per user, at the launch before the first dictation: the trim repair first,
-/// so that a row which held only white space is empty when the second one looks. A repair that fails is printed and not
-/// tried again. Main thread; never throws.
+/// Two repairs of the history, each run once per user, before the first dictation. Trimming comes first, so that
+/// whitespace-only rows are empty when the second repair runs. A failed repair is printed and not retried. Main thread;
+/// never throws.
 class MigrationManager
 {
 public:
     MigrationManager(UserDefaults& userDefaults, CoreDataStack& coreDataStack);
 
-    /// Takes white space off both ends of every text.
+    /// Trims every text.
     void runTranscriptionTrimMigrationIfNeeded();
-    /// Deletes the dictations without a text.
+    /// Deletes dictations without text.
     void runEmptyTranscriptionDeleteMigrationIfNeeded();
 
 private:
@@ -27,7 +27,7 @@ private:
     {
         const Setting<bool>& isDone;
         QString name;     ///< as in "Running NAME..."
-        QString headline; ///< the same with a capital
+        QString headline; ///< the same, capitalised
         std::function<void()> run;
     };
 

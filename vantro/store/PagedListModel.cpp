@@ -13,7 +13,7 @@ namespace {
 
 constexpr qint64 newestEnd = std::numeric_limits<qint64>::max();
 constexpr qint64 oldestEnd = std::numeric_limits<qint64>::min();
-/// Beyond this many new rows at once in one page the list begins anew.
+/// The list is reset if more rows than this are added to a page at once.
 constexpr int manyRows = 4 * PagedListModel::pageRows;
 
 } // namespace
@@ -43,7 +43,7 @@ QVariant PagedListModel::data(const QModelIndex& index, int role) const
         return {};
     try {
         const auto& rows = rowsOf(*page);
-        // Another process may just have deleted the row; the list hears of it in a moment.
+        // Another process may just have deleted the row; the notification follows.
         if (static_cast<std::size_t>(row) >= rows.size())
             return {};
         return rows[static_cast<std::size_t>(row)].values.value(role - Qt::UserRole);
@@ -93,7 +93,7 @@ FetchRange PagedListModel::behindLastPage() const
 
 void PagedListModel::fetchMore(const QModelIndex& parent)
 {
-    // Whoever hears of a change may ask for more before it is over.
+    // Slots may request more rows during a change.
     if (!canFetchMore(parent) || isChanging_)
         return;
     try {
@@ -108,7 +108,7 @@ void PagedListModel::fetchMore(const QModelIndex& parent)
     }
 }
 
-/// Announces that @p difference rows come, or go when it is negative, from row @p at on, and lets them by @p apply.
+/// Inserts @p difference rows at row @p at (removes them if negative) by calling @p apply, with notifications.
 void PagedListModel::changeRows(int at, int difference, const std::function<void()>& apply)
 {
     isChanging_ = true;
@@ -128,7 +128,7 @@ void PagedListModel::appendPage(std::vector<Row> rows)
 {
     isComplete_ = rows.size() < pageRows;
     Page page;
-    // The last page also stands for what is older than its last row, the first for what will be newer than its first.
+    // The first page extends to the newest end and the last one, when complete, to the oldest.
     page.range = {behindLastPage().newest, isComplete_ ? oldestEnd : rows.back().objectID};
     page.count = static_cast<int>(rows.size());
     page.rows = std::move(rows);
@@ -183,7 +183,7 @@ void PagedListModel::rowChanged(qint64 objectID)
     }
 }
 
-/// Lets rows appear or go from row @p at on.
+/// Changes a page's row count to @p now by inserting or removing rows at row @p at.
 void PagedListModel::changeCount(std::size_t page, int now, int at)
 {
     changeRows(at, now - pages_[page].count, [&] { pages_[page].count = now; });
@@ -191,7 +191,7 @@ void PagedListModel::changeCount(std::size_t page, int now, int at)
         split(page);
 }
 
-/// A page that rows were added to becomes two.
+/// Splits a page that has grown too large.
 void PagedListModel::split(std::size_t page)
 {
     const std::vector<Row> rows = read(pages_[page].range, pageRows);
@@ -217,7 +217,7 @@ void PagedListModel::anyRowChanged()
     }
 }
 
-/// Makes the list agree with the store again within one page.
+/// Synchronises one page with the store.
 void PagedListModel::compare(std::size_t page)
 {
     const int now = count(pages_[page].range);
@@ -228,7 +228,7 @@ void PagedListModel::compare(std::size_t page)
     if (pages_[page].rows) {
         replaceRows(page, read(pages_[page].range, now));
     } else if (now != pages_[page].count) {
-        // Nobody looks at these rows: which of them came or went does not matter.
+        // These rows are not loaded, so it does not matter which of them changed.
         changeCount(page, now, firstRowOf(page) + std::min(now, pages_[page].count));
     }
 }
@@ -237,7 +237,7 @@ void PagedListModel::replaceRows(std::size_t page, const std::vector<Row>& now)
 {
     std::vector<Row> rows = pages_[page].rows.value();
     const int first = firstRowOf(page);
-    // Whoever hears of a change may ask for values at once: every step leaves a page that agrees with itself.
+    // Slots may read values at once, so every step must leave the page consistent.
     const auto keep = [&] {
         pages_[page].count = static_cast<int>(rows.size());
         pages_[page].rows = rows;

@@ -12,9 +12,9 @@
 
 namespace vantro {
 
-/// Stored rows, newest first, for a view. Rows come a page at a time as the view asks for more, and only the pages that
-/// were looked at last are kept, whatever the length: one that is scrolled back to is read again. Rows that are added,
-/// changed or deleted appear, change and go in their places. A failure to read is logged and ends the list there.
+/// A lazily loaded list of stored rows, newest first. Pages are fetched as the view asks for more, and only the most
+/// recently used ones are kept in memory; others are read again on demand. Changes are reported per row. A read failure
+/// is logged and ends the list there.
 class PagedListModel : public QAbstractListModel
 {
     Q_OBJECT
@@ -27,14 +27,14 @@ public:
     [[nodiscard]] bool canFetchMore(const QModelIndex& parent) const override;
     void fetchMore(const QModelIndex& parent) override;
 
-    /// Rows whose contents are in memory.
+    /// The number of rows in memory.
     [[nodiscard]] int keptRows() const;
 
 protected:
     struct Row
     {
         qint64 objectID = 0;
-        QVariantList values; ///< for Qt::UserRole and the roles after it
+        QVariantList values; ///< for Qt::UserRole and the following roles
     };
 
     explicit PagedListModel(QObject* parent);
@@ -43,20 +43,20 @@ protected:
     [[nodiscard]] virtual std::vector<Row> read(FetchRange range, int limit) const = 0;
     [[nodiscard]] virtual int count(FetchRange range) const = 0;
 
-    /// Begins anew, with the first page.
+    /// Resets the list to the first page.
     void reload();
-    /// The row may be new, changed, gone, or none of this list.
+    /// Call when a row was inserted, updated or deleted; it need not be in this list.
     void rowChanged(qint64 objectID);
-    /// Any rows may have changed.
+    /// Call when any rows may have changed.
     void anyRowChanged();
 
 private:
-    /// A stretch of the order without gaps to its neighbours; the first reaches to the newest end.
+    /// A range adjacent to its neighbours'; the first one extends to the newest end.
     struct Page
     {
         FetchRange range;
         int count = 0;
-        std::optional<std::vector<Row>> rows; ///< while it is kept
+        std::optional<std::vector<Row>> rows; ///< while it is in memory
         quint64 lastUse = 0;
     };
 
@@ -76,7 +76,7 @@ private:
     mutable std::vector<Page> pages_;
     mutable quint64 uses_ = 0;
     bool isComplete_ = false;
-    bool isChanging_ = false; ///< rows are just coming or going
+    bool isChanging_ = false; ///< during row insertion, removal or reset
 };
 
 } // namespace vantro

@@ -21,7 +21,7 @@ namespace {
 
 const auto driverName = QStringLiteral("QSQLITE");
 
-/// Qt counts placeholders and does not know numbered ones: it gets the value of each place in their order.
+/// Converts numbered placeholders, which Qt does not support, to positional ones.
 struct PositionalStatement
 {
     PositionalStatement(const QString& statement, const QVariantList& numbered)
@@ -71,13 +71,13 @@ void PersistentContainer::makeFile() const
     const QByteArray name = QFile::encodeName(path_);
     const QString folder = QFileInfo(path_).path();
     if (!QDir().mkpath(folder))
-        throw PersistentStoreError(QStringLiteral("The folder %1 cannot be made").arg(folder));
+        throw PersistentStoreError(QStringLiteral("The folder %1 cannot be created").arg(folder));
     const int made = ::open(name.constData(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, S_IRUSR | S_IWUSR);
     if (made >= 0) {
         ::close(made);
         return;
     }
-    // Never opened here: closing it would take away the locks that another connection of this process has on it.
+    // Not opened here: closing the file would drop the locks of this process's other connections (POSIX locks).
     if (errno != EEXIST || ::access(name.constData(), R_OK | W_OK) != 0)
         throw PersistentStoreError(
             QStringLiteral("The history %1 cannot be written to: %2").arg(path_, qt_error_string(errno)));
@@ -93,7 +93,7 @@ void PersistentContainer::open()
     database_.setDatabaseName(isInMemory() ? QStringLiteral(":memory:") : path_);
     if (!database_.open())
         throw StoreError::from(database_.lastError(), path_);
-    // Before anything that writes.
+    // Before any write.
     StoreSchema::check(*this);
     run(QStringLiteral("PRAGMA journal_mode = WAL"));
     run(QStringLiteral("PRAGMA synchronous = FULL"));
@@ -123,7 +123,7 @@ QVariant PersistentContainer::value(const QString& statement, const QVariantList
     if (!query.next())
         return {};
     QVariant first = query.value(0);
-    // A change that answers with a row is committed behind its last one.
+    // A statement with RETURNING commits after its last row.
     while (query.next()) {
     }
     return first;
@@ -158,7 +158,7 @@ PersistentContainer::Transaction::~Transaction()
     if (!isOpen_)
         return;
     QSqlQuery query(container_.database_);
-    // A full disk may have taken it back already.
+    // SQLite may already have rolled back, e.g. on a full disk.
     query.exec(QStringLiteral("ROLLBACK"));
 }
 

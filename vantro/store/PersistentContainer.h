@@ -11,14 +11,14 @@
 
 namespace vantro {
 
-/// What a statement answers. It keeps the write-ahead log from being emptied, so it must not outlive the task at hand.
+/// A statement's result. Keep it short-lived: it blocks checkpoints of the write-ahead log.
 class StoreQuery
 {
 public:
     StoreQuery(QSqlQuery query, QString path);
 
-    /// Goes on to the first or the next row; false behind the last one. A change is stored for certain only then.
-    /// Throws StoreError.
+    /// Moves to the next row; returns false after the last one. Only then is a change certainly stored. Throws
+    /// StoreError.
     bool next();
     [[nodiscard]] QVariant value(int column) const { return query_.value(column); }
 
@@ -27,21 +27,21 @@ private:
     QString path_;
 };
 
-/// The connection to the history's SQLite file: write-ahead log, and a commit is on the disk when it returns. Main
-/// thread only. Every process may have its own; they wait busyTimeout for each other.
+/// The connection to the history's SQLite file, in WAL mode with durable commits. Main thread only. Other processes may
+/// have their own; they wait up to busyTimeout for each other.
 class PersistentContainer
 {
 public:
     static constexpr std::chrono::milliseconds busyTimeout{2000};
 
-    /// @p path: the database file; empty for a store in memory.
+    /// @p path: the database file; empty for an in-memory store.
     explicit PersistentContainer(QString path);
     ~PersistentContainer();
     PersistentContainer(const PersistentContainer&) = delete;
     PersistentContainer& operator=(const PersistentContainer&) = delete;
 
-    /// Opens the file, which is made, readable by its owner only, when there is none, and brings its schema up to date.
-    /// Throws PersistentStoreError; a file that is not understood is left as it is.
+    /// Opens the file, creating it with mode 0600 if necessary, and migrates its schema. Throws PersistentStoreError
+    /// and leaves an unknown file unchanged.
     void load();
 
     [[nodiscard]] const QString& path() const { return path_; }
@@ -49,13 +49,13 @@ public:
 
     /// Runs one statement with values for ?1, ?2, ... Throws StoreError.
     StoreQuery run(const QString& statement, const QVariantList& values = {}) const;
-    /// The first column of the first row; invalid without a row. Throws StoreError.
+    /// Returns the first column of the first row, invalid without a row. Throws StoreError.
     QVariant value(const QString& statement, const QVariantList& values = {}) const;
 
-    /// As an expression, the first key of @p entity that is free from the millisecond ?1 on.
+    /// SQL expression for the first unused key of @p entity from the millisecond ?1 on.
     [[nodiscard]] static QString freeKey(const QString& entity);
 
-    /// All changes of its lifetime or none: taken back unless commit() was called.
+    /// Rolls back on destruction unless commit() was called.
     class Transaction
     {
     public:
@@ -82,8 +82,7 @@ private:
     QSqlDatabase database_;
 };
 
-/// How a text is bound so that an empty one is stored as one: Qt knows two empty texts, and SQLite is told that one of
-/// them is a missing value.
+/// Makes a null text empty, because Qt binds null strings as NULL.
 [[nodiscard]] QString presentText(const QString& text);
 
 } // namespace vantro

@@ -9,7 +9,7 @@ namespace vantro {
 namespace {
 
 constexpr char16_t firstWithoutBlanks = 0x0e01;
-constexpr char32_t prolongedSoundMark = 0x30fc; // belongs to two scripts, so to none
+constexpr char32_t prolongedSoundMark = 0x30fc; // used in two scripts, so it has none
 
 bool isWrittenWithoutBlanks(char32_t character)
 {
@@ -32,7 +32,7 @@ bool isWrittenWithoutBlanks(char32_t character)
     }
 }
 
-/// With blanks around every character of such a script; null when there is none.
+/// @p text with spaces around every character of such a script; null if there is none.
 QString spaced(const QString& text)
 {
     if (std::ranges::none_of(text, [](QChar unit) { return unit >= QChar(firstWithoutBlanks); }))
@@ -67,7 +67,7 @@ QString asPhrase(const QString& piece)
     return QStringLiteral("\"%1\"*").arg(words);
 }
 
-/// Runs of signs, such as the "++" of "C++".
+/// Runs of symbols, such as the "++" in "C++".
 QStringList symbolRuns(const QString& piece)
 {
     QStringList runs;
@@ -102,7 +102,7 @@ QString searchTerms(const QString& transcription, const QString& formatted)
 SearchQuery::SearchQuery(const QString& typed)
 {
     QString text = typed;
-    // FTS5 would read no further.
+    // FTS5 stops at a NUL.
     text.replace(QChar(u'\0'), QLatin1Char(' '));
     QStringList phrases;
     const QStringList pieces = text.simplified().split(QLatin1Char(' '), Qt::SkipEmptyParts);

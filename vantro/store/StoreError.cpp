@@ -17,18 +17,18 @@ QString explain(int code, const QString& path, const QString& detail)
     case SQLITE_LOCKED:
         return QStringLiteral("The history %1 is locked by another program: end that program and try again").arg(path);
     case SQLITE_FULL:
-        return QStringLiteral("There is no space left on the disk for the history %1").arg(path);
+        return QStringLiteral("There is no space left on the disk for the history %1: free some space").arg(path);
     case SQLITE_READONLY:
     case SQLITE_PERM:
     case SQLITE_AUTH:
         return QStringLiteral("The history %1 cannot be written to").arg(path);
     case SQLITE_NOTADB:
     case SQLITE_CORRUPT:
-        return QStringLiteral("The history %1 is damaged (%2): it is left as it is, put a copy of it in its place or "
+        return QStringLiteral("The history %1 is damaged (%2) and was left unchanged: replace it with a backup or "
                               "move it away")
             .arg(path, detail);
     case SQLITE_CANTOPEN:
-        return QStringLiteral("The history %1 cannot be opened: are its folder and its files yours to write to?")
+        return QStringLiteral("The history %1 cannot be opened: check that you can write to its folder and files")
             .arg(path);
     default:
         return QStringLiteral("The history %1 cannot be used: %2").arg(path, detail);
@@ -40,7 +40,7 @@ QString explain(int code, const QString& path, const QString& detail)
 StoreError StoreError::from(const QSqlError& error, const QString& path)
 {
     const int code = error.nativeErrorCode().toInt() & primaryCodeMask;
-    // The driver puts its own words first, SQLite's second; when it cannot open a file there is no second.
+    // databaseText() is SQLite's message; it is empty when the file cannot be opened.
     const QString detail = error.databaseText().isEmpty() ? error.driverText() : error.databaseText();
     return StoreError(explain(code, path, detail));
 }

@@ -6,18 +6,18 @@ class QSqlError;
 
 namespace vantro {
 
-/// The history could not be read or changed. The description tells which file and what the user can do.
+/// The history could not be read or changed. The description names the file and says what to do.
 class StoreError : public Error
 {
 public:
     using Error::Error;
 
-    /// From what SQLite answered about the file @p path.
+    /// Translates an SQLite error for the file @p path.
     static StoreError from(const QSqlError& error, const QString& path);
 };
 
-/// The history cannot be opened at all: another version's, damaged, locked or read-only. Nothing was changed in it. The
-/// program cannot go on with it: what is dictated would not be kept.
+/// The history cannot be opened: newer version, damaged, locked or read-only. It has not been changed. The program must
+/// not continue, because dictations would not be stored.
 class PersistentStoreError : public Error
 {
 public:

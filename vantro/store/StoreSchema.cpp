@@ -11,7 +11,7 @@ namespace vantro {
 
 namespace {
 
-/// "vant": tells other programs what the file is.
+/// "vant"; identifies the file.
 constexpr int applicationID = 0x76616e74;
 
 int integerPragma(const PersistentContainer& container, const char* name)
@@ -19,8 +19,8 @@ int integerPragma(const PersistentContainer& container, const char* name)
     return container.value(QStringLiteral("PRAGMA ") + QLatin1String(name)).toInt();
 }
 
-/// pk is the time in microseconds since 1970, counted on where rows share a millisecond: in its order rows lie newest
-/// last, without an index, in the tables and in the full-text index alike. created_at is in milliseconds.
+/// pk is the time in microseconds since 1970, incremented for rows in the same millisecond, so that the tables and the
+/// full-text index are in time order without another index. created_at is in milliseconds.
 void makeEntities(const PersistentContainer& container)
 {
     for (const char* statement : {
@@ -46,7 +46,7 @@ void fillTerms(const PersistentContainer& container)
     }
 }
 
-/// The index holds no texts of its own. terms stands in for the texts of a row where they are written without blanks.
+/// An external-content index. terms replaces a row's texts if they contain scripts written without spaces.
 void makeFullTextIndex(const PersistentContainer& container)
 {
     container.run(QStringLiteral("ALTER TABLE Transcription ADD COLUMN terms TEXT"));
@@ -75,7 +75,7 @@ void makeFullTextIndex(const PersistentContainer& container)
 }
 
 using Step = void (*)(const PersistentContainer&);
-/// Step n makes version n + 1 of version n. Released steps never change.
+/// Step n upgrades version n to n + 1. Released steps never change.
 constexpr std::array<Step, StoreSchema::currentVersion> steps{makeEntities, makeFullTextIndex};
 
 } // namespace
@@ -101,7 +101,7 @@ void StoreSchema::migrate(const PersistentContainer& container)
     if (integerPragma(container, "user_version") == currentVersion)
         return;
     PersistentContainer::Transaction transaction(container);
-    // Another process may have been faster.
+    // Another process may have migrated it meanwhile.
     check(container);
     for (int version = integerPragma(container, "user_version"); version < currentVersion; ++version)
         steps[static_cast<std::size_t>(version)](container);

@@ -4,16 +4,16 @@ namespace vantro {
 
 class PersistentContainer;
 
-/// The tables of the history and how files of earlier versions become files of this one. The file's version is its
-/// PRAGMA user_version; docs/decisions/history-store.md describes the tables.
+/// The history's tables and the migration from earlier versions. The file's version is its PRAGMA user_version;
+/// docs/decisions/history-store.md describes the tables.
 class StoreSchema
 {
 public:
     static constexpr int currentVersion = 2;
 
-    /// Throws StoreError unless the file is empty or a history of this or an earlier version. Only reads.
+    /// Throws StoreError unless the file is empty or a history of this or an earlier version. Read-only.
     static void check(const PersistentContainer& container);
-    /// Brings the file to the current version in one transaction. Throws StoreError; the file is then as it was.
+    /// Migrates the file to the current version in one transaction. Throws StoreError without changing it.
     static void migrate(const PersistentContainer& container);
 };
 

@@ -11,8 +11,8 @@ namespace vantro {
 
 namespace {
 
-/// The log is written before the commit counts, and the commit itself makes no event: so look again, later and later,
-/// until a slow disk has certainly done its work.
+/// The write-ahead log is written before the commit takes effect, which causes no event itself. So check repeatedly,
+/// with growing delays for slow disks.
 constexpr std::array<std::chrono::milliseconds, 5> pauses{0ms, 20ms, 100ms, 500ms, 3000ms};
 
 } // namespace

@@ -8,8 +8,8 @@
 
 namespace vantro {
 
-/// Tells when another connection, of whatever process, has changed the store. Sleeps until the file system reports that
-/// the write-ahead log was written; an idle store costs nothing. Main thread.
+/// Signals changes of the store by other connections, in any process. Triggered by file system events for the
+/// write-ahead log, so an idle store costs nothing. Main thread.
 class StoreWatch final : public QObject
 {
     Q_OBJECT

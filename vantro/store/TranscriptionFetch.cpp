@@ -21,7 +21,7 @@ TranscriptionFetch::TranscriptionFetch(const PersistentContainer& container, con
     };
     const SearchQuery query(filter.search);
     if (!query.match.isEmpty()) {
-        // In this order, and by the index's own key: what it finds comes newest first and is not sorted.
+        // In this order and with the index's rowid, results come newest first without sorting.
         from_ = QStringLiteral("TranscriptionIndex i CROSS JOIN Transcription t ON t.pk = i.rowid");
         key_ = QStringLiteral("i.rowid");
         conditions_ << QStringLiteral("TranscriptionIndex MATCH ") + place(query.match);

@@ -11,17 +11,17 @@
 
 namespace vantro {
 
-/// Which dictations are wanted.
+/// Selects dictations.
 struct HistoryFilter
 {
-    QString search; ///< as it was typed, see SearchQuery
+    QString search; ///< as typed; see SearchQuery
     std::optional<ProcessingMode> mode;
-    QDateTime since; ///< invalid: from the beginning
+    QDateTime since; ///< invalid for no limit
 
     bool operator==(const HistoryFilter&) const = default;
 };
 
-/// What a list shows of a dictation.
+/// A dictation as shown in lists.
 struct TranscriptionExcerpt
 {
     qint64 objectID = 0;
@@ -32,11 +32,11 @@ struct TranscriptionExcerpt
     bool isFormatted = false;
 };
 
-/// Reads the dictations that pass a filter, newest first, a stretch at a time. All operations throw StoreError.
+/// Reads ranges of the dictations that pass a filter, newest first. All operations throw StoreError.
 class TranscriptionFetch
 {
 public:
-    /// Characters of an excerpt.
+    /// Length of an excerpt in characters.
     static constexpr int excerptLength = 240;
 
     TranscriptionFetch(const PersistentContainer& container, const HistoryFilter& filter);
@@ -46,7 +46,7 @@ public:
     [[nodiscard]] int count(FetchRange range) const;
 
 private:
-    /// Without a @p limit in no order.
+    /// Unordered without a @p limit.
     [[nodiscard]] StoreQuery run(const QString& columns, FetchRange range, std::optional<int> limit) const;
 
     const PersistentContainer& container_;
@@ -56,10 +56,10 @@ private:
     QVariantList values_;
 };
 
-/// The stored form of a date: milliseconds since 1970; a missing one is a missing value.
+/// The stored form of a date: milliseconds since 1970, or NULL if invalid.
 QVariant storedDate(const QDateTime& date);
 QDateTime dateFromStored(const QVariant& value);
-/// The stored form of an identity: small letters, without braces.
+/// The stored form of a UUID: lower case, without braces.
 QString storedIdentity(const QUuid& id);
 
 } // namespace vantro

@@ -7,13 +7,13 @@
 
 namespace vantro {
 
-/// Comma-separated values as RFC 4180 describes them; lines may end in LF alone. Any thread.
+/// Comma-separated values (RFC 4180); lines may end in LF alone. Any thread.
 namespace csv {
 
-/// The rows of @p text, a byte order mark and empty lines left out. Throws an Error that names the line where a quote
-/// is not closed or text stands beside a closing one.
+/// Returns the rows of @p text without a byte order mark and empty lines. Throws Error with the line number for an
+/// unclosed quote or text after a closing one.
 std::vector<QStringList> parse(const QString& text);
-/// One line, without its end. Fields are quoted where they must be.
+/// Returns one line without its line ending; quotes fields if necessary.
 QString line(const QStringList& fields);
 
 } // namespace csv

@@ -5,7 +5,7 @@
 
 namespace vantro {
 
-/// What is to be written where the engine wrote something else.
+/// A replacement applied to transcripts.
 struct TextReplacement
 {
     QUuid id;

@@ -26,7 +26,7 @@ bool isWordCharacter(char32_t character)
            u_getNumericValue(static_cast<UChar32>(character)) != U_NO_NUMERIC_VALUE;
 }
 
-/// Accents belong to the letter before them.
+/// Skips combining marks at the end.
 bool beginsWithWordCharacter(const QString& pattern)
 {
     return isWordCharacter(pattern.toUcs4().constFirst());
@@ -61,13 +61,13 @@ QString wholeWordExpression(const QString& pattern)
     return prefix + escaped(pattern) + suffix;
 }
 
-/// The same characters, not copied: @p text must outlive it.
+/// A read-only alias without copying; @p text must outlive it.
 icu::UnicodeString aliasOf(const QString& text)
 {
     return {false, reinterpret_cast<const UChar*>(text.utf16()), static_cast<std::int32_t>(text.size())};
 }
 
-/// Whether a character becomes several when upper and lower case are made equal ("ß" is "ss").
+/// Whether case folding changes the length ("ß" becomes "ss").
 bool growsWhenFolded(const QString& text)
 {
     icu::UnicodeString folded(reinterpret_cast<const UChar*>(text.utf16()), static_cast<std::int32_t>(text.size()));
@@ -81,7 +81,7 @@ void findEverywhere(icu::RegexMatcher& matcher, std::vector<Match>& matches)
         matches.push_back({matcher.start(status), matcher.end(status)});
 }
 
-/// The same where no character grows: the expression is tried only where the pattern's letters stand.
+/// The same, faster, if case folding keeps the length: tries the expression only at occurrences of @p pattern.
 void findAtOccurrences(icu::RegexMatcher& matcher, const QString& text, const QString& pattern,
                        std::vector<Match>& matches)
 {
@@ -147,8 +147,8 @@ bool isDoubled(const QString& text, QLatin1Char mark)
     return false;
 }
 
-/// Removes what a deleted word leaves behind: doubled blanks and commas, a blank before a full stop. Looks before it
-/// rewrites: most texts need nothing.
+/// Cleans up after a deleted word: double spaces and commas, spaces before punctuation. Checks before rewriting,
+/// because most texts need nothing.
 QString tidied(QString text)
 {
     constexpr auto unicode = QRegularExpression::UseUnicodePropertiesOption;

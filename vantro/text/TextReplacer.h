@@ -8,20 +8,18 @@
 
 namespace vantro {
 
-/// Replaces whole words. Has no state; any thread.
+/// Replaces whole words. Stateless; any thread.
 class TextReplacer
 {
 public:
-    /// @p text with every whole-word occurrence of @p find, in upper or lower case, replaced by @p replace as it
-    /// stands.
+    /// Returns @p text with every whole-word, case-insensitive occurrence of @p find replaced by @p replace.
     ///
-    /// White space around @p find does not count; an empty one changes nothing. Where it begins or ends with a letter,
-    /// a number or "_", it must not touch another of these; where it begins or ends with something else ("c++"), white
-    /// space or the text's edge must follow. An empty @p replace deletes the word together with the blank and the comma
-    /// that it leaves behind.
+    /// Surrounding white space of @p find is ignored; an empty one changes nothing. An edge that is a letter, a digit
+    /// or "_" must not be adjacent to another of these; any other edge ("c++") must be followed by white space or the
+    /// end of the text. An empty @p replace deletes the word along with the leftover space and comma.
     [[nodiscard]] static QString applyReplacement(const QString& text, const QString& find, const QString& replace);
 
-    /// One after the other, each on the result of the one before.
+    /// Applies them in order, each to the result of the previous one.
     [[nodiscard]] static QString applyReplacements(QString text, const std::vector<TextReplacement>& replacements);
 };
 

@@ -50,7 +50,7 @@ TextReplacement replacementOf(const QJsonValue& value, qsizetype number)
     return {id.isNull() ? QUuid::createUuid() : id, find.toString(), replace.toString()};
 }
 
-/// The rows below the heading, if there is one.
+/// The rows without the optional header.
 std::vector<QStringList> rowsOf(const QByteArray& content, const QStringList& heading)
 {
     std::vector<QStringList> rows = csv::parse(decoded(content));

@@ -9,12 +9,11 @@
 
 namespace vantro {
 
-/// Lists of words and replacements as files that people exchange: JSON (as it is stored; identities may be absent) or
-/// CSV
-/// ("find,replace" and "word", a heading line being optional). Reading throws an Error that says what is wrong where.
+/// Import and export of words and replacements as JSON (the stored form; IDs are optional) or CSV ("find,replace" and
+/// "word"; the header line is optional). Readers throw Error, which says what is wrong and where.
 enum class ListFormat { json, csv };
 
-/// By the name's ending: CSV for ".csv", JSON otherwise.
+/// By file name: CSV for ".csv", otherwise JSON.
 ListFormat listFormatOf(const QString& fileName);
 
 std::vector<TextReplacement> readReplacements(const QByteArray& content, ListFormat format);

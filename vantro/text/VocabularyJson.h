@@ -10,8 +10,8 @@
 
 namespace vantro {
 
-/// The lists as JSON: an array of strings; an array of objects with exactly "id" (upper-case UUID), "find" and
-/// "replace". Reading answers nothing where anything in the text is of another kind. Any thread.
+/// The lists as JSON: an array of strings, and an array of objects with exactly "id" (upper-case UUID), "find" and
+/// "replace". Readers return nullopt for anything else. Any thread.
 QByteArray toJson(const QStringList& words);
 QByteArray toJson(const std::vector<TextReplacement>& replacements);
 std::optional<QStringList> vocabularyFromJson(const QByteArray& json);

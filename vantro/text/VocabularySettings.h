@@ -12,18 +12,16 @@
 
 namespace vantro {
 
-/// What the limits of the lists are told with.
+/// The message shown when a list is full.
 struct LimitNotice
 {
     QString title;
     QString message;
 };
 
-/// The user's words and replacements. Every change is written through; what another process changes is read anew.
-/// Main thread.
-///
-/// A stored list that cannot be read counts as empty, and is put aside under its key and ".unreadable" before a change
-/// overwrites it.
+/// The user's words and replacements. Changes are written through, and changes by other processes are adopted. An
+/// unreadable stored list counts as empty and is backed up under "KEY.unreadable" before it is overwritten. Main
+/// thread.
 class VocabularySettings final : public QObject
 {
     Q_OBJECT
@@ -38,23 +36,21 @@ public:
     /// In the order in which they are applied.
     [[nodiscard]] const std::vector<TextReplacement>& textReplacements() const { return textReplacements_; }
 
-    /// Without the white space around it; nothing for an empty word or one that is in the list, upper and lower case
-    /// being different.
+    /// Adds the trimmed word; a no-op for an empty or existing word (case-sensitive).
     void addVocabularyWord(const QString& word);
-    /// Like the following ones nothing for an index beyond the list.
+    /// Like the functions below, a no-op for an index out of range.
     void removeVocabularyWord(qsizetype index);
-    /// Nothing when @p find is empty or white space. The same text may be there twice.
+    /// A no-op if @p find is blank. Duplicates are allowed.
     void addReplacement(const QString& find, const QString& replace);
     void removeReplacement(std::size_t index);
     void updateReplacement(const TextReplacement& replacement, std::size_t index);
-    /// All at once, as an import brings them.
+    /// Replaces the whole list, e.g. after an import.
     void setVocabulary(const QStringList& words);
     void setReplacements(std::vector<TextReplacement> replacements);
     /// "Reset All Vocabulary & Replacements".
     void reset();
 
-    /// What to tell instead of adding @p more to a list that would grow beyond its limit. The adding functions do not
-    /// ask.
+    /// The message to show if adding @p more would exceed the limit. The adding functions do not check this.
     [[nodiscard]] std::optional<LimitNotice> vocabularyLimitNotice(qsizetype more = 1) const;
     [[nodiscard]] std::optional<LimitNotice> replacementLimitNotice(std::size_t more = 1) const;
 

@@ -21,17 +21,17 @@ namespace vantro {
 
 namespace {
 
-/// What the library answers when it was told to stop.
+/// The library's return code after an abort.
 constexpr std::int32_t codeOfAbort = -6;
 
-/// Frees a model that is still loaded when the process ends without tearing the engine down: GPU back ends complain, or
-/// crash, when their memory outlives them.
+/// Frees a model that is still loaded when the process exits without destroying the engine: GPU back ends complain or
+/// crash when their memory outlives them.
 class ResidentContextTracker
 {
 public:
     static ResidentContextTracker& shared()
     {
-        static auto* tracker = new ResidentContextTracker; // never destroyed: the exit handler needs it to the end
+        static auto* tracker = new ResidentContextTracker; // never destroyed: used by the exit handler
         return *tracker;
     }
 
@@ -73,8 +73,8 @@ bool hasProcessorBackend()
     return ggml_backend_dev_by_type(GGML_BACKEND_DEVICE_TYPE_CPU) != nullptr;
 }
 
-/// Finds the module for this processor beside the program, or where an installed program keeps its own. The library's
-/// own search would also look into the current folder, which anybody can write to.
+/// Loads the module for this processor from the program's or the installation's folder. The library's own search would
+/// include the current folder, which anybody may be able to write to.
 bool loadProcessorBackend()
 {
     for (const char* folder : {"", "/../lib/vantro"}) {
@@ -86,13 +86,13 @@ bool loadProcessorBackend()
     return hasProcessorBackend();
 }
 
-/// Reads a model file for the library, whose own reader takes a file that ends inside its last tensor for whole.
+/// Reads a model file for the library, whose own reader accepts files truncated inside the last tensor.
 class ModelFile
 {
 public:
     explicit ModelFile(const QString& path) : file_(path), isOpen_(file_.open(QIODevice::ReadOnly)) {}
 
-    /// Null when it cannot be read, is no model or is incomplete.
+    /// Null when the file is unreadable, not a model, or truncated.
     [[nodiscard]] whisper_context* load()
     {
         if (!isOpen_)
@@ -118,7 +118,7 @@ private:
         if (count < bytes) {
             std::memset(static_cast<char*>(output) + count, 0, bytes - count);
             hasEnded_ = true;
-            // The library learns of the end by asking in vain for one more tensor, beginning with one number.
+            // The library detects the end by trying to read the next tensor's first number.
             isTruncated_ = isTruncated_ || count > 0 || bytes > sizeof(std::int32_t);
         }
         return count;

@@ -27,7 +27,7 @@ public:
     static WhisperInProcessError modelLoadFailed(const QString& path);
     static WhisperInProcessError transcriptionFailed(std::int32_t code);
     static WhisperInProcessError modelNotLoaded();
-    /// What a transcription throws that was stopped.
+    /// Thrown by a stopped transcription.
     static WhisperInProcessError stopped();
 
     [[nodiscard]] Kind kind() const { return kind_; }
@@ -38,33 +38,32 @@ private:
     Kind kind_;
 };
 
-/// Runs whisper.cpp inside this process with at most one model in memory. Calls may come from any thread; they are
-/// carried out one after another on the engine's own, and their futures are awaited by the caller. The engine executes;
-/// when to load, warm up and unload is its provider's policy.
+/// Runs whisper.cpp in this process with at most one model in memory. Calls may come from any thread; they run in order
+/// on the engine's own, and callers await their futures. The provider decides when to load, warm up and unload.
 class WhisperInProcessEngine
 {
 public:
     struct Request
     {
         std::vector<float> samples;            ///< 16 kHz mono, nominally -1..1
-        QString language;                      ///< a whisper language code, or "auto" to have it recognised
+        QString language;                      ///< a whisper language code, or "auto" to detect it
         QString prompt;                        ///< may be empty
         std::function<void(float)> onProgress; ///< 0..1, on the engine's thread
         std::stop_token stop;                  ///< ends this transcription
     };
 
     WhisperInProcessEngine();
-    /// Waits for what was asked for: whoever wants to end sooner stops the transcriptions first.
+    /// Waits for pending work; stop transcriptions first to end sooner.
     ~WhisperInProcessEngine();
     WhisperInProcessEngine(const WhisperInProcessEngine&) = delete;
     WhisperInProcessEngine& operator=(const WhisperInProcessEngine&) = delete;
 
-    /// Does nothing when this very file is loaded. A failed load (modelLoadFailed) leaves the loaded model in place.
+    /// A no-op when this file is loaded. A failed load (modelLoadFailed) keeps the loaded model.
     [[nodiscard]] QFuture<void> load(const QString& modelPath);
-    /// Runs a second of silence through the model, so that the first dictation finds everything paged in. Failures are
-    /// logged only. Gives way at once to whatever is asked for afterwards.
+    /// Runs a second of silence through the model, so that the first dictation finds it paged in. Aborts as soon as
+    /// other work arrives. Failures are only logged.
     QFuture<void> warmUp();
-    /// The text, trimmed at both ends. Throws modelNotLoaded, transcriptionFailed or stopped.
+    /// Returns the trimmed text. Throws modelNotLoaded, transcriptionFailed or stopped.
     [[nodiscard]] QFuture<QString> transcribe(Request request);
     QFuture<void> unload();
 
@@ -84,8 +83,8 @@ private:
 
     Logger logger_{"WhisperInProcess"};
     std::optional<ResidentModel> resident_; ///< worker thread only
-    std::atomic<int> waitingCount_ = 0;     ///< what a warm-up gives way to
-    SerialExecutor executor_;               ///< last: its destructor waits for work that uses the members above
+    std::atomic<int> waitingCount_ = 0;     ///< queued work; aborts a warm-up
+    SerialExecutor executor_;               ///< last: its destructor waits for work that uses the other members
 };
 
 } // namespace vantro

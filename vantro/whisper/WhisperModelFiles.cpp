@@ -28,7 +28,7 @@ bool isPlainFile(const TranscriptionModel& model)
     return model.hash.isEmpty() && QUrl(model.url).isLocalFile();
 }
 
-/// Identifies a file whose content was seen without reading it again.
+/// Identifies a verified file without reading it again.
 QByteArray fingerprint(const QString& path)
 {
     const QFileInfo file(path);
@@ -72,7 +72,7 @@ QString WhisperModelFiles::find(const TranscriptionModel& model) const
     for (const QString& path : candidates(model)) {
         if (!QFileInfo::exists(path))
             continue;
-        // A wrong copy of the user's own is not passed over but removed by the check.
+        // A wrong user's copy is not skipped: check() removes it.
         if (isOwn(path) || isTrusted(path))
             return path;
         if (existing.isEmpty())
@@ -133,11 +133,11 @@ ModelCheck WhisperModelFiles::checkContent(const QString& path, const Transcript
                               .arg(QFileInfo(path).fileName(), found, model.hash);
     if (!isOwn(path)) {
         printLine(QStringLiteral("Error: Invalid model file detected in a system folder: ") + path);
-        return {false, wrong + QStringLiteral(" and belongs to the system, so it is left alone and not used.")};
+        return {false, wrong + QStringLiteral(". It is a system file, so it is left in place and not used.")};
     }
     try {
         if (!removeWrongFile(path, file))
-            return {false, wrong + QStringLiteral(" and is just being replaced.")};
+            return {false, wrong + QStringLiteral(" and is being replaced right now. Try again later.")};
     } catch (const Error& error) {
         return {false, wrong + QStringLiteral(" and cannot be removed. ") + error.localizedDescription()};
     }
@@ -146,7 +146,7 @@ ModelCheck WhisperModelFiles::checkContent(const QString& path, const Transcript
 
 bool WhisperModelFiles::removeWrongFile(const QString& path, const QFile& hashed) const
 {
-    // A download that has ended meanwhile may have put the right file in its place.
+    // A download may have replaced the file meanwhile.
     const auto lock = PartFile(path).tryLock();
     if (!lock || !isStillThere(path, hashed))
         return false;
@@ -192,7 +192,7 @@ void WhisperModelFiles::remember(const QString& path) const
     if (!own)
         QDir().mkpath(folders_.first() + QStringLiteral("/.work"));
     QFile file(own ? markerFor(path) : memoryOf(path));
-    // Where nothing can be written the file is hashed again next time, which is slow but right.
+    // Best effort: if this cannot be written, the file is hashed again next time.
     if (file.open(QIODevice::WriteOnly | QIODevice::Truncate) && !own)
         file.write(fingerprint(path));
 }

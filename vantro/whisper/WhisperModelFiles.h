@@ -9,35 +9,34 @@
 
 namespace vantro {
 
-/// Where whisper model files lie and whether they can be trusted. Everything it knows lies in files, so any thread and
-/// any number of processes may use it.
+/// Locates and verifies whisper model files. All state is on disk, so any thread and any number of processes may use
+/// it.
 ///
-/// An empty file "NAME.verified" beside a model says that its content has been seen to be right; for a system copy the
-/// user's folder remembers it.
+/// An empty file "NAME.verified" beside a model marks its content as verified; for system copies, the mark is kept in
+/// the user's folder.
 class WhisperModelFiles
 {
 public:
-    /// @p folders are searched in order; the first is the user's own, made when it is first needed. See modelFolders().
+    /// @p folders are searched in order; the first is the user's own, created on demand. See modelFolders().
     explicit WhisperModelFiles(QStringList folders);
 
-    /// The file of @p model: the user's copy, else the first verified system copy, else the first system copy, else
-    /// where the user's copy would stand. A model whose URL is a local file without a hash is that file.
+    /// The file of @p model: the user's copy, else the first verified system copy, else the first system copy, else the
+    /// path for a user's copy. A model without a hash whose URL is a local file is that file.
     [[nodiscard]] QString find(const TranscriptionModel& model) const;
-    /// Where the user's own copy stands or would stand.
+    /// The path of the user's copy, whether it exists or not.
     [[nodiscard]] QString ownFile(const TranscriptionModel& model) const;
 
     /// Never reads a model file.
     [[nodiscard]] ModelStatus status(const TranscriptionModel& model) const;
-    /// Whether @p model is downloaded and its content verified. Hashes a file that has no marker yet; the user's copy
-    /// is removed with its marker when its content is wrong, a system copy is left alone. A file that cannot be read
-    /// counts as not ready and stays.
+    /// Whether @p model is present and verified. Hashes files without a marker; removes a wrong user's copy and its
+    /// marker, but never a system copy. An unreadable file counts as not ready and is kept.
     ModelCheck check(const TranscriptionModel& model, Trust trust = Trust::markers) const;
     [[nodiscard]] bool isReady(const TranscriptionModel& model) const { return check(model).isReady; }
-    /// Hashes the user's copy after a download and marks it when it is right; a wrong one stays, unmarked, for check().
+    /// Hashes the user's copy after a download and marks it if valid; a wrong one is kept unmarked for check().
     void markIfRight(const TranscriptionModel& model) const;
 
-    /// Removes the user's copy, its marker and what was fetched of it; answers how many bytes that freed. Throws Error
-    /// when it is being downloaded, or cannot be removed.
+    /// Removes the user's copy, its marker and any partial download; returns the number of bytes freed. Throws Error
+    /// while it is being downloaded or when it cannot be removed.
     qint64 remove(const TranscriptionModel& model) const;
 
 private:

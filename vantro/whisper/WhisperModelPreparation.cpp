@@ -22,7 +22,7 @@ namespace {
 
 constexpr qint64 chunkBytes = 1'048'576;
 
-/// For a legacy folder on another disk: the file arrives whole or not at all.
+/// For a legacy folder on another file system; the copy is atomic.
 void copyAndSettle(QFile& source, PartFile& part, const QString& sha1)
 {
     source.seek(0);
@@ -67,7 +67,7 @@ void WhisperModelPreparation::migrateLegacyFiles() const
         if (model.engine != TranscriptionEngine::whisper)
             continue;
         const QString file = legacyFolder_ + QLatin1Char('/') + model.fileName();
-        // A link belongs to an arrangement of the user's own.
+        // Leave the user's own symbolic links alone.
         if (const QFileInfo info(file); !info.isFile() || info.isSymLink())
             continue;
         try {

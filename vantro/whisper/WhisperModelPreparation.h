@@ -9,16 +9,16 @@
 
 namespace vantro {
 
-/// Makes the whisper models that already lie on this machine usable before the selection is settled: once, moves what
-/// the whisper library's own download script has fetched into the user's folder; always, verifies files that nobody has
-/// verified yet. All hashing is done on a worker thread. Main thread.
+/// Prepares whisper models that are already on this machine, before a model is selected: moves downloads of the whisper
+/// library's own script into the user's folder (once) and verifies unverified files (always). Hashes on a worker
+/// thread. Main thread.
 class WhisperModelPreparation
 {
 public:
     WhisperModelPreparation(const ModelCatalogue& catalogue, const WhisperModelFiles& modelFiles,
                             UserDefaults& defaults, QString legacyFolder = standardLegacyFolder());
 
-    /// Where that script puts its files in a checkout in the user's home: "whisper.cpp/models".
+    /// That script's folder in a checkout in the user's home: "whisper.cpp/models".
     static QString standardLegacyFolder();
 
     /// Never throws.
@@ -29,7 +29,7 @@ private:
     void migrate(const TranscriptionModel& model, const QString& legacyFile) const;
     void verifyUncheckedFiles() const;
 
-    const std::vector<TranscriptionModel> models_; ///< a copy of its own, for the worker thread
+    const std::vector<TranscriptionModel> models_; ///< a copy for the worker thread
     const WhisperModelFiles& modelFiles_;
     UserDefaults& defaults_;
     QString legacyFolder_;

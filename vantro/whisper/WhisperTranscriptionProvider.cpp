@@ -73,7 +73,7 @@ QCoro::Task<> WhisperTranscriptionProvider::loadAndWarmUp(TranscriptionModel mod
     try {
         co_await load(model, stop);
     } catch (const std::exception&) {
-        // Reported by transcribe(), where somebody waits for the answer.
+        // transcribe() reports it.
         co_return;
     }
     engine_.warmUp();
@@ -81,7 +81,7 @@ QCoro::Task<> WhisperTranscriptionProvider::loadAndWarmUp(TranscriptionModel mod
 
 QCoro::Task<> WhisperTranscriptionProvider::load(TranscriptionModel model, std::stop_token stop)
 {
-    // A file that nobody has verified may be anything: it is read to its end before the engine sees it.
+    // Verify the whole file before the engine parses it.
     if (files_.status(model).state != ModelStatus::State::ready) {
         const QFuture<ModelCheck> checked = check(model, Trust::markers);
         co_await finishedOrStopped(checked, stop);

@@ -11,10 +11,8 @@
 
 namespace vantro {
 
-/// The whisper engine: which file, which language, when the model is in memory.
-///
-/// The model begins to load when a recording starts, so that the stop never waits for it, and leaves memory after the
-/// dictation unless "whisperKeepModelInMemory" is set.
+/// The whisper engine: chooses file and language and manages the model's lifetime. Loading starts with the recording,
+/// so that it is done by the stop; the model is unloaded after the dictation unless "whisperKeepModelInMemory" is set.
 class WhisperTranscriptionProvider final : public SpeechEngine
 {
 public:
@@ -26,7 +24,7 @@ public:
     [[nodiscard]] ModelStatus status(const TranscriptionModel& model) const override { return files_.status(model); }
     [[nodiscard]] QFuture<ModelCheck> check(const TranscriptionModel& model, Trust trust) override;
     qint64 remove(const TranscriptionModel& model) override { return files_.remove(model); }
-    /// Takes any file: only loading it tells.
+    /// Accepts any file; only loading can tell whether it is a model.
     [[nodiscard]] std::optional<TranscriptionModel> describe(const QString& file) const override;
 
     void prepare(const TranscriptionModel& model) override;
@@ -46,7 +44,7 @@ private:
     FileDownloader& downloader_;
     UserDefaults& defaults_;
     const VocabularySettings& vocabulary_;
-    std::stop_source preparations_; ///< those since the last dictation's end
+    std::stop_source preparations_; ///< since the last dictation ended
     SerialExecutor checks_{QStringLiteral("model checks")};
 };
 

@@ -10,7 +10,7 @@ namespace vantro {
 
 namespace {
 
-/// In the data folders, else beside the program, wherever that has been put.
+/// Searches the data folders, then relative to the program.
 QString soundFile(const QString& name)
 {
     const QString file = QStringLiteral("vantro/sounds/%1.wav").arg(name);
@@ -34,12 +34,12 @@ void CanberraSounds::play(const QString& name)
 {
     const QString path = soundFile(name);
     if (path.isEmpty()) {
-        logger_.info(QStringLiteral("There is no sound %1").arg(name));
+        logger_.info(QStringLiteral("Sound file not found: %1").arg(name));
         return;
     }
     if (!player_)
         player_ = std::make_unique<SerialExecutor>(QStringLiteral("vantro sounds"));
-    // Nobody waits for a sound.
+    // Fire and forget.
     static_cast<void>(player_->run([this, path = QFile::encodeName(path)] { playFile(path); }));
 }
 

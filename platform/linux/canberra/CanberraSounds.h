@@ -10,8 +10,8 @@ struct ca_context;
 
 namespace vantro {
 
-/// Sound files below the data folders, through libcanberra: it speaks to the sound server that is there and keeps to
-/// the loudness that the user has set for events.
+/// Plays sound files from the data folders through libcanberra, which uses the available sound server and the user's
+/// volume for event sounds.
 class CanberraSounds final : public SystemSounds
 {
 public:
@@ -24,8 +24,8 @@ private:
     void playFile(const QByteArray& path);
 
     Logger logger_{"CanberraSounds"};
-    ca_context* context_ = nullptr; ///< made with the first sound; belongs to the player's thread until that has ended
-    std::unique_ptr<SerialExecutor> player_; ///< connecting to the sound server may take its time
+    ca_context* context_ = nullptr;          ///< created by the first play(); used on the player's thread only
+    std::unique_ptr<SerialExecutor> player_; ///< connecting to the sound server may block
 };
 
 } // namespace vantro

@@ -15,7 +15,7 @@ namespace vantro {
 
 namespace {
 
-/// What the library writes in the codes of an older standard.
+/// Maps outdated codes of the library to current ones.
 QString modernCode(const QString& code)
 {
     if (code == QLatin1String("iw"))
@@ -30,7 +30,7 @@ QString modernCode(const QString& code)
 std::optional<QString> Cld2LanguageRecognizer::dominantLanguage(const QString& text) const
 {
     const QByteArray utf8 = text.toUtf8();
-    // The simpler calls of the library answer English where they found nothing.
+    // The library's simpler functions return English if nothing is detected.
     const CLD2::CLDHints noHints{nullptr, nullptr, CLD2::UNKNOWN_ENCODING, CLD2::UNKNOWN_LANGUAGE};
     std::array<CLD2::Language, 3> languages{};
     std::array<int, 3> percents{};

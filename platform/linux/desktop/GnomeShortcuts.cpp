@@ -38,7 +38,7 @@ Schema find(const char* id)
     return Schema(source != nullptr ? g_settings_schema_source_lookup(source, id, TRUE) : nullptr);
 }
 
-/// A binding is one text or a list of them.
+/// A binding is a string or a list of strings.
 std::vector<QString> texts(GVariant* value)
 {
     std::vector<QString> result;

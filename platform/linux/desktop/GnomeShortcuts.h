@@ -4,7 +4,7 @@
 
 namespace vantro {
 
-/// What GNOME's settings bind: windows, shell, media keys and the user's own commands. Empty where its schemas are not
+/// Shortcuts bound in GNOME's settings: windows, shell, media keys and custom commands. Empty if its schemas are not
 /// installed.
 std::vector<DesktopShortcut> readGnomeShortcuts();
 

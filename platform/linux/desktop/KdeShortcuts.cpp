@@ -9,7 +9,7 @@ namespace vantro {
 
 namespace {
 
-/// The parts of a list between commas; a comma that belongs to a part is written with a backslash before it.
+/// Splits a comma-separated list with backslash escapes.
 QStringList fields(const QString& value)
 {
     QStringList result{QString()};
@@ -28,8 +28,8 @@ QStringList fields(const QString& value)
 
 } // namespace
 
-// "Name=shortcuts in force,shortcuts by default,description"; several shortcuts stand with a tab between them. Programs
-// that are started have one field only.
+// "Name=active shortcuts,default shortcuts,description", with tabs between several shortcuts. Entries for launching a
+// program have the first field only.
 std::vector<DesktopShortcut> readKdeShortcuts(const QString& path)
 {
     QFile file(path);

@@ -6,8 +6,8 @@
 
 namespace vantro {
 
-/// What KDE's global shortcuts file binds. @p path: "kglobalshortcutsrc" in the configuration folder; empty when it
-/// cannot be read.
+/// Shortcuts bound in KDE's global shortcuts file. @p path: "kglobalshortcutsrc" in the configuration folder; empty if
+/// it cannot be read.
 std::vector<DesktopShortcut> readKdeShortcuts(const QString& path);
 
 } // namespace vantro

@@ -38,7 +38,7 @@ struct QtKey
     std::uint32_t keysym;
 };
 
-// Letters, digits and signs bear their Latin-1 numbers in both worlds, function keys follow one another.
+// Letters, digits and symbols are Latin-1 in both encodings, and function keys are consecutive in both.
 constexpr std::array qtKeys{
     QtKey{Qt::Key_Escape, XK_Escape},
     QtKey{Qt::Key_Tab, XK_Tab},
@@ -89,7 +89,7 @@ std::optional<std::uint32_t> keysymOf(Qt::Key key)
 
 std::optional<std::uint32_t> keysymNamed(const QString& name)
 {
-    // What is above Tab differs from layout to layout; on most it is this one.
+    // The key above Tab depends on the layout; on most it is this one.
     if (name.compare(QLatin1String("Above_Tab"), Qt::CaseInsensitive) == 0)
         return XK_grave;
     const QByteArray latin1 = name.toLatin1();

@@ -8,11 +8,11 @@
 
 namespace vantro {
 
-/// "<Primary><Alt>t", as GNOME and Xfce write a key combination; nothing for "disabled", for keys that are not known
-/// and for modifiers that no shortcut of ours can have.
+/// Parses "<Primary><Alt>t", the format of GNOME and Xfce; nullopt for "disabled", unknown keys and modifiers that our
+/// shortcuts cannot have.
 std::optional<ParsedShortcut> parseGtkAccelerator(const QString& text);
 
-/// "Meta+Ctrl+PgUp", as KDE writes it; nothing likewise.
+/// The same for KDE's format, "Meta+Ctrl+PgUp".
 std::optional<ParsedShortcut> parseQtSequence(const QString& text);
 
 } // namespace vantro

@@ -4,7 +4,7 @@
 
 namespace vantro {
 
-/// The shortcuts of the desktop that $XDG_CURRENT_DESKTOP names: GNOME, KDE or Xfce.
+/// The shortcuts of the desktop in $XDG_CURRENT_DESKTOP: GNOME, KDE or Xfce.
 class LinuxDesktopShortcuts final : public DesktopShortcuts
 {
 public:

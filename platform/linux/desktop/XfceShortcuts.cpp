@@ -11,8 +11,7 @@ namespace vantro {
 
 namespace {
 
-/// One side of the channel, the desktop's commands or the window manager's actions: what comes with the desktop and
-/// what the user has made of it.
+/// One section of the channel (commands or window manager actions): the defaults and the user's version.
 struct Bindings
 {
     std::vector<DesktopShortcut> byDefault;

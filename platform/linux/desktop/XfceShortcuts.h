@@ -6,8 +6,8 @@
 
 namespace vantro {
 
-/// What Xfce's settings channel "xfce4-keyboard-shortcuts" binds. @p folders: the configuration folders, the user's
-/// first; the first one that has the channel's file counts.
+/// Shortcuts bound in Xfce's settings channel "xfce4-keyboard-shortcuts", read from the first of the configuration
+/// @p folders that has it.
 std::vector<DesktopShortcut> readXfceShortcuts(const QStringList& folders);
 
 } // namespace vantro

@@ -1,4 +1,4 @@
-#define SD_JOURNAL_SUPPRESS_LOCATION // it would be this file's, in every line
+#define SD_JOURNAL_SUPPRESS_LOCATION // it would always be this file's
 #include "platform/SystemLog.h"
 
 #include <sys/stat.h>
@@ -28,11 +28,11 @@ int priority(QtMsgType level)
     }
 }
 
-/// Whether standard error leads into the journal anyway, as for programs that the session starts.
+/// Whether standard error already goes to the journal, as for programs started by the session.
 bool isStandardError()
 {
-    // "device:inode" of the stream that the journal has given to the process; it is inherited by children that have
-    // another standard error.
+    // "device:inode" of the stream that the journal gave to the process; children with a different standard error
+    // inherit the variable too.
     const char* const stream = std::getenv("JOURNAL_STREAM");
     struct stat file = {};
     if (stream == nullptr || fstat(STDERR_FILENO, &file) != 0)
@@ -40,7 +40,7 @@ bool isStandardError()
     return QString::fromLatin1(stream) == QStringLiteral("%1:%2").arg(file.st_dev).arg(file.st_ino);
 }
 
-/// The type stands in the field "VANTRO_TYPE". Any thread.
+/// Writes the type to the field "VANTRO_TYPE". Any thread.
 void write(QtMsgType level, const char* typeName, const QString& line)
 {
     sd_journal_send("MESSAGE=%s", qUtf8Printable(line), "PRIORITY=%i", priority(level), "SYSLOG_IDENTIFIER=vantro",

@@ -18,7 +18,7 @@ QString unquoted(const QString& text)
     return text;
 }
 
-/// What board makers leave in a field that they did not care to fill.
+/// Filters placeholders that board vendors leave in.
 bool isFilledIn(const QString& field)
 {
     static const QStringList fillers{QStringLiteral("To Be Filled By O.E.M."), QStringLiteral("To be filled by O.E.M."),
@@ -62,7 +62,7 @@ QString ProcSystemInfo::deviceModel() const
 QString ProcSystemInfo::processorName() const
 {
     const QString path = QStringLiteral("proc/cpuinfo");
-    // x86 names it "model name"; some ARM kernels only the whole chip, as "Hardware".
+    // "model name" on x86; some ARM kernels have only the SoC, as "Hardware".
     const QString name = value(path, QStringLiteral("model name"), QLatin1Char(':'));
     return name.isEmpty() ? value(path, QStringLiteral("Hardware"), QLatin1Char(':')) : name;
 }
@@ -78,7 +78,7 @@ QString ProcSystemInfo::contents(const QString& path) const
     QFile file(root_ + path);
     if (!file.open(QIODevice::ReadOnly))
         return {};
-    // The device tree's texts end with a zero byte.
+    // Device tree strings end with a NUL byte.
     return QString::fromUtf8(file.readAll()).remove(QChar(u'\0')).trimmed();
 }
 

@@ -4,11 +4,11 @@
 
 namespace vantro {
 
-/// Read from /etc/os-release (man 5 os-release), /proc and /sys each time it is asked for.
+/// Reads /etc/os-release (man 5 os-release), /proc and /sys on every call.
 class ProcSystemInfo final : public SystemInfo
 {
 public:
-    /// @p root: the folder that holds etc, proc and sys.
+    /// @p root: the folder that contains etc, proc and sys.
     explicit ProcSystemInfo(QString root = QStringLiteral("/"));
 
     [[nodiscard]] QString operatingSystemVersion() const override;

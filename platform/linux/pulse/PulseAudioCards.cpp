@@ -9,7 +9,7 @@ namespace vantro {
 
 namespace {
 
-// "bluez_card.AA_BB_CC_DD_EE_FF" is what PulseAudio and PipeWire call them.
+// Both PulseAudio and PipeWire name them "bluez_card.AA_BB_CC_DD_EE_FF".
 const QString bluetoothPrefix = QStringLiteral("bluez_card.");
 
 } // namespace

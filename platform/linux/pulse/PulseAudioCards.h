@@ -19,7 +19,7 @@ public:
     [[nodiscard]] std::vector<HeadsetCard> headsets() const override;
     void setProfile(const QString& cardUid, const QString& profile) override;
 
-    /// @p card as a headset; nothing for cards of other kinds.
+    /// Converts @p card; nullopt if it is not a Bluetooth card.
     static std::optional<HeadsetCard> headsetOf(const PulseCard& card);
 
 private:

@@ -17,11 +17,11 @@ namespace {
 
 constexpr auto openPatience = 2s;
 
-// The stream goes on meanwhile, so waiting loses nothing, and a burst of changes leads to one rebuild.
+// Coalesces bursts of changes into one rebuild; the stream continues meanwhile, so nothing is lost.
 constexpr auto settlingTime = 100ms;
 constexpr auto incidentPatience = 200ms;
 
-// Stands in while there is no microphone: start() then tells the user so.
+// Used while there is no microphone; start() reports that.
 constexpr AudioFormat usualFormat{.sampleRateHz = 48000, .channelCount = 1};
 
 QString couldNotOpen(const PulseSource& source, PulseCapture::Outcome outcome)
@@ -81,7 +81,7 @@ void PulseAudioEngine::removeTap()
         capture_->removeTap();
 }
 
-// Copies: the snapshot may be renewed while they are tried.
+// Copies, because the snapshot may be replaced meanwhile.
 std::vector<PulseSource> PulseAudioEngine::candidates() const
 {
     const PulseSnapshot& snapshot = connection_.snapshot();
@@ -161,8 +161,7 @@ void PulseAudioEngine::observe()
         announce();
 }
 
-// What a new engine would record from now, as far as this one is concerned: an engine with a device of its own only
-// minds that one.
+// What a new engine would record from now. An engine with a selected device only considers that device.
 std::optional<PulseAudioEngine::Offer> PulseAudioEngine::offer() const
 {
     const PulseSnapshot& snapshot = connection_.snapshot();
@@ -182,7 +181,7 @@ void PulseAudioEngine::observeOffer()
     }
 }
 
-// Whoever listens may destroy this engine.
+// A slot may destroy this engine.
 void PulseAudioEngine::announce()
 {
     awaitedListing_.reset();

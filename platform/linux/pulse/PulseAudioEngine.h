@@ -17,8 +17,8 @@ class PulseCapture;
 class PulseConnection;
 struct PulseSource;
 
-/// One recording through the sound server. Its stream is bound to one source and is never moved by the server, which
-/// would take any other source for a lost microphone, loudspeakers included.
+/// One recording through the sound server. Its stream is bound to one source: the server would otherwise replace a lost
+/// microphone by any other source, even a loudspeaker monitor.
 class PulseAudioEngine final : public AudioEngine
 {
     Q_OBJECT
@@ -33,8 +33,8 @@ public:
     void installTap(std::size_t blockFrames, AudioFormat format, Tap tap) override;
     void removeTap() override;
 
-    /// Tries the selected device, then the default, then every other microphone. Blocks until the stream runs, at most
-    /// two seconds.
+    /// Tries the selected device, the default, then all other microphones. Blocks until the stream runs, at most two
+    /// seconds.
     void start() override;
     void stop() override;
     [[nodiscard]] bool isRunning() const override { return isRunning_; }
@@ -58,15 +58,15 @@ private:
     PulseConnection& connection_;
     std::unique_ptr<PulseCapture> capture_;
     AudioFormat tapFormat_;
-    /// Sources go by their names, which outlive the server's numbers.
+    /// Names, because the server's indexes do not survive its restart.
     std::optional<QString> selected_;
     QString opened_;
     bool isRunning_ = false;
 
-    /// The listing to wait for before an incident is announced, so that who hears of it sees the world after it.
+    /// The listing to wait for before announcing an incident, so that slots see the state after it.
     std::optional<std::uint64_t> awaitedListing_;
     QTimer incidentPatience_;
-    /// What was there when the recording began, and what is there instead, until it has stayed so for a moment.
+    /// The source in use, and a different one that has to stay unchanged for settlingTime.
     std::optional<Offer> accepted_;
     std::optional<Offer> offered_;
     QTimer settling_;

@@ -6,8 +6,8 @@ namespace vantro {
 
 class PulseConnection;
 
-/// The sound server's microphones: id = the number of the source (kept while the program runs), uid = the source's
-/// name, name = its description.
+/// The sound server's microphones: id = PulseSource::id, stable while the program runs; uid = the source's name; name =
+/// its description.
 class PulseAudioHardware final : public AudioHardware
 {
     Q_OBJECT

@@ -11,11 +11,11 @@ namespace vantro {
 
 namespace {
 
-// How much sound the server gathers before it sends it: short enough that the first block is here soon after it was
-// spoken, long enough that the machine is not woken for every few samples.
+// Audio buffered by the server before sending: short enough for a prompt first block, long enough not to wake the
+// machine for every few samples.
 constexpr std::chrono::milliseconds fragment{5};
 
-// A source that slept while nobody used it wakes with the stream; one that was switched off stays so.
+// An idle source resumes with the stream; one that was switched off stays suspended.
 constexpr auto resumePatience = 100ms;
 
 } // namespace
@@ -134,7 +134,7 @@ void PulseCapture::read()
         std::size_t bytes = 0;
         if (pa_stream_peek(stream_, &data, &bytes) < 0 || bytes == 0)
             return;
-        // Data is null where the server has lost some: silence in its place keeps what follows at its time.
+        // Data is null for a hole in the stream; fill it with silence to keep the timing.
         append(static_cast<const float*>(data), bytes / (sizeof(float) * block_.size()));
         pa_stream_drop(stream_);
     }

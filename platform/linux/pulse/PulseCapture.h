@@ -1,5 +1,5 @@
 #pragma once
-// Private to this folder: includes the sound server's own headers.
+// Private to this folder: includes libpulse headers.
 
 #include "platform/AudioEngine.h"
 #include "platform/linux/pulse/PulseLoop.h"
@@ -13,18 +13,18 @@
 
 namespace vantro {
 
-/// One recording stream, cut into blocks of equal length. Made, opened and closed on the main thread; the tap is called
-/// on the loop's thread, and by finish() for what is left.
+/// One recording stream, split into blocks of equal length. Created, opened and closed on the main thread; the tap is
+/// called on the loop's thread, and by finish() for the rest.
 class PulseCapture
 {
 public:
     enum class Outcome {
         Running,
-        /// The server has no such source or does not let us record from it.
+        /// The server has no such source or refuses access.
         Refused,
-        /// The stream is there but its source is switched off, so no sound would come.
+        /// The stream exists, but its source is switched off and delivers nothing.
         Suspended,
-        /// The server did not say anything in time.
+        /// The server did not answer in time.
         NoAnswer,
     };
 
@@ -33,15 +33,14 @@ public:
     PulseCapture(const PulseCapture&) = delete;
     PulseCapture& operator=(const PulseCapture&) = delete;
 
-    /// Records from @p source and from nothing else. @p native: the format is the source's own, so its channels come
-    /// as they are.
+    /// Records from exactly @p source. @p native: the format is the source's own, so channels are not remapped.
     Outcome open(const std::string& source, bool native, PulseLoop::Deadline deadline);
-    /// Gives the tap what has arrived since the last whole block, then ends the stream. Waits for nobody.
+    /// Delivers the last partial block to the tap, then ends the stream. Does not block.
     void finish();
     void removeTap();
 
-    /// When the stream has been lost, moved or suspended since the last call: the number of the listing that shows the
-    /// world after it.
+    /// If the stream was lost, moved or suspended since the last call: the number of the listing that shows the state
+    /// after that.
     [[nodiscard]] std::optional<std::uint64_t> takeIncident();
 
 private:
@@ -59,7 +58,7 @@ private:
     const AudioFormat format_;
     const std::size_t blockFrames_;
 
-    // Guarded by the library's lock.
+    // Guarded by PulseLoop::Lock.
     AudioEngine::Tap tap_;
     pa_stream* stream_ = nullptr;
     std::vector<std::vector<float>> block_;

@@ -13,8 +13,8 @@ namespace {
 
 constexpr auto answerPatience = 1s;
 
-// A socket that is just there does not accept yet, and a restarting server leaves the old one behind for a moment.
-// After these the next sign of life in the socket's folder, or the next time somebody asks, tries again.
+// A new socket may not accept connections yet, and a restarting server briefly leaves the old one. After these retries,
+// only a change in the socket's folder or a call to serverAnswers() tries again.
 constexpr std::array retryDelays{10ms, 30ms, 100ms, 300ms, 1000ms, 3000ms};
 
 } // namespace
@@ -39,7 +39,7 @@ PulseConnection::PulseConnection(std::optional<QString> server)
 
 PulseConnection::~PulseConnection()
 {
-    // Before the waker that its thread calls.
+    // Destroy it before the waker, which its thread calls.
     loop_.reset();
 }
 
@@ -88,7 +88,7 @@ void PulseConnection::takeSnapshot()
     }
 }
 
-// The server's numbers begin anew after its restart, and a device that is plugged in again gets another one.
+// The server's indexes restart with it, and a device gets a new one when plugged in again.
 void PulseConnection::assignIds(PulseSnapshot& snapshot)
 {
     for (PulseSource& source : snapshot.sources) {

@@ -18,29 +18,28 @@ namespace vantro {
 
 class PulseLoop;
 
-/// The program's one connection to the sound server (PulseAudio, or PipeWire in its place), shared by the device list
-/// and every engine; it outlives them. It begins to connect when it is made, keeps a copy of what there is to record
-/// from, and connects again when the server comes back. Nothing runs while nothing happens. Main thread only.
+/// The program's single connection to the sound server (PulseAudio or PipeWire), shared by the device list and all
+/// engines, which it must outlive. Connects on construction, caches the available sources, and reconnects when the
+/// server returns. Purely event-driven. Main thread only.
 class PulseConnection : public QObject
 {
     Q_OBJECT
 public:
-    /// @p server: an address as in PULSE_SERVER; without one the user's own settings decide.
+    /// @p server: an address as in PULSE_SERVER; by default, the user's configuration.
     explicit PulseConnection(std::optional<QString> server = {});
     ~PulseConnection() override;
 
-    /// Whether there is a server that answers. Right after the program's start, and when the server had gone, waits for
-    /// the answer to the running attempt, at most one second after that began. The snapshot is new when this returns;
-    /// updated() follows from the event loop.
+    /// Whether a server answers. While connecting, blocks until one second after the attempt began; after a failure,
+    /// makes a new attempt. The snapshot is current on return; updated() follows from the event loop.
     [[nodiscard]] bool serverAnswers();
 
     [[nodiscard]] const PulseSnapshot& snapshot() const { return snapshot_; }
 
-    /// For this folder: what the streams run on.
+    /// For this folder only: the thread that runs the streams.
     [[nodiscard]] PulseLoop& loop() { return *loop_; }
 
 Q_SIGNALS:
-    /// The snapshot was renewed, perhaps with the same content, or a stream has something to tell.
+    /// The snapshot was replaced, possibly by an equal one, or a stream has an incident.
     void updated();
 
 private:
@@ -58,7 +57,7 @@ private:
     PulseServerWatch watch_;
     QTimer retry_;
     std::size_t retries_ = 0;
-    /// Since an attempt began, until it or the connection it led to has failed.
+    /// Set from the start of an attempt until it, or the resulting connection, fails.
     bool isAttempting_ = false;
     std::chrono::steady_clock::time_point attemptBegan_;
 

@@ -50,7 +50,7 @@ PulseLoop::PulseLoop(std::function<void()> published) : published_(std::move(pub
     mainloop_ = pa_threaded_mainloop_new();
     if (mainloop_ == nullptr)
         throw std::bad_alloc();
-    // Once the thread runs the library gives the name to the caller's thread instead.
+    // Before the start; later, the library would name the calling thread instead.
     pa_threaded_mainloop_set_name(mainloop_, "vantro-audio");
     if (pa_threaded_mainloop_start(mainloop_) < 0)
         throw std::bad_alloc();
@@ -84,7 +84,7 @@ void PulseLoop::connect(const std::optional<std::string>& server)
 
     pa_context_set_state_callback(
         context_, [](pa_context*, void* self) { static_cast<PulseLoop*>(self)->contextChanged(); }, this);
-    // Spawning a daemon would block the caller until it is up; a desktop starts its sound server itself.
+    // Autospawning would block until the daemon is up; desktops start their sound server themselves.
     if (pa_context_connect(context_, server ? server->c_str() : nullptr, PA_CONTEXT_NOAUTOSPAWN, nullptr) < 0)
         contextChanged();
 }
@@ -98,7 +98,7 @@ void PulseLoop::dropContext()
     pa_context_disconnect(context_);
     pa_context_unref(context_);
     context_ = nullptr;
-    // What was asked of it is never answered.
+    // Its pending requests are never answered.
     isListing_ = false;
     listAgain_ = false;
 }
@@ -145,7 +145,7 @@ void PulseLoop::beginListing()
     listAgain_ = false;
     incoming_ = {
         .phase = PulseSnapshot::Phase::Ready, .listing = listing_, .defaultSourceName = {}, .sources = {}, .cards = {}};
-    // Answered in this order.
+    // The answers arrive in this order.
     release(pa_context_get_server_info(context_, &PulseLoop::takeServerInfo, this));
     release(pa_context_get_card_info_list(context_, &PulseLoop::addCard, this));
     release(pa_context_get_source_info_list(context_, &PulseLoop::addSource, this));
@@ -182,7 +182,7 @@ void PulseLoop::addSource(pa_context* context, const pa_source_info* info, int e
 void PulseLoop::endListing(bool timedOut)
 {
     isListing_ = false;
-    // A server that hung may have recovered since; one that refuses to list has no microphone for us.
+    // Retry after a timeout; a server that refuses the listing has no microphone for us.
     if (!timedOut)
         publish(std::move(incoming_));
     if (timedOut || listAgain_)

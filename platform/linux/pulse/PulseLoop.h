@@ -1,5 +1,5 @@
 #pragma once
-// Private to this folder: includes the sound server's own headers.
+// Private to this folder: includes libpulse headers.
 
 #include "platform/linux/pulse/PulseSnapshot.h"
 
@@ -15,14 +15,14 @@
 
 namespace vantro {
 
-/// The client library's own thread with the one connection (context) that everything shares. Streams run on this thread
-/// too: it is the audio thread. Never waits for the server while it holds the library's lock.
+/// libpulse's thread and the shared connection (context). Streams run on it too: it is the audio thread. Never waits
+/// for the server while holding the library's lock.
 class PulseLoop
 {
 public:
     using Deadline = std::chrono::steady_clock::time_point;
 
-    /// Holds the library's lock, which the audio thread holds whenever it runs our code.
+    /// Holds the library's lock, which is also held during all callbacks on the audio thread.
     class Lock
     {
     public:
@@ -35,29 +35,29 @@ public:
         PulseLoop& loop_;
     };
 
-    /// @p published: called after every new snapshot, on the loop's thread.
+    /// @p published is called on the loop's thread after every new snapshot.
     explicit PulseLoop(std::function<void()> published);
     ~PulseLoop();
     PulseLoop(const PulseLoop&) = delete;
     PulseLoop& operator=(const PulseLoop&) = delete;
 
-    /// Gives up the connection there was and begins a new one; returns at once. Without @p server the user's own
-    /// settings name it. Takes the lock.
+    /// Replaces the connection by a new one and returns immediately. Without @p server, the user's configuration
+    /// applies. Takes the lock.
     void connect(const std::optional<std::string>& server);
 
-    /// Only while holding the lock; may be null.
+    /// Requires the lock; may be null.
     [[nodiscard]] pa_context* context() const { return context_; }
-    /// Asks the server for its sources once more. Only while holding the lock. The number that the listing will bear:
-    /// it shows everything that has happened until now. Requests in quick succession share one listing.
+    /// Requests a new listing of the sources. Requires the lock. Returns the number of the listing, which shows
+    /// everything that has happened so far. Requests in quick succession share one listing.
     std::uint64_t requestListing();
-    /// Returns at once. Takes the lock.
+    /// Returns immediately. Takes the lock.
     void setCardProfile(const std::string& card, const std::string& profile);
-    /// Has published() called without a new listing. Any thread.
+    /// Calls published() without a new listing. Any thread.
     void wake() { published_(); }
 
-    /// The newest snapshot. Any thread.
+    /// The latest snapshot. Any thread.
     [[nodiscard]] PulseSnapshot latest() const;
-    /// Waits until the connection has been made or refused; false when the deadline came first. Not with the lock held.
+    /// Blocks until the connection is made or refused; returns false on timeout. Must not be called with the lock held.
     bool waitForAnswer(Deadline deadline) const;
 
 private:

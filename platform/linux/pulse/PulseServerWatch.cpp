@@ -32,7 +32,7 @@ std::optional<QString> PulseServerWatch::socketPath(const QString& server)
 {
     if (server.isEmpty())
         return sessionSocket();
-    // One or more addresses, each perhaps preceded by the machine it is valid on: "{id}unix:/path tcp:host".
+    // One or more addresses, optionally prefixed with a machine ID: "{id}unix:/path tcp:host".
     static const QRegularExpression local(QStringLiteral("(?:^|\\s)(?:\\{[^}]*\\})?(?:unix:)?(/\\S+)"));
     const QRegularExpressionMatch match = local.match(server);
     return match.hasMatch() ? std::optional(match.captured(1)) : std::nullopt;
@@ -55,7 +55,7 @@ void PulseServerWatch::stop()
         watcher_.removePaths(watcher_.directories());
 }
 
-// The socket's folder may itself come and go with the server.
+// The socket's folder may be created and removed by the server.
 void PulseServerWatch::watchNearestFolder()
 {
     QString folder = QFileInfo(*socket_).path();

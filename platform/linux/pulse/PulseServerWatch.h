@@ -8,20 +8,20 @@
 
 namespace vantro {
 
-/// Tells when a sound server's socket appears in the file system. Costs nothing while nothing happens there.
+/// Signals when a sound server's socket appears in the file system. Event-driven.
 class PulseServerWatch : public QObject
 {
     Q_OBJECT
 public:
-    /// @p server: an address as PULSE_SERVER has it; empty for the session's own server.
+    /// @p server: an address as in PULSE_SERVER; empty for the session's server.
     explicit PulseServerWatch(const QString& server);
 
     void start();
     void stop();
-    /// Whether trying to connect can be of use: always for a server that has no socket here.
+    /// Whether connecting may succeed; always true for a server without a local socket.
     [[nodiscard]] bool mayBeThere() const;
 
-    /// The first local socket that @p server names; nothing for servers on other machines.
+    /// The first local socket in @p server; nullopt for remote servers.
     static std::optional<QString> socketPath(const QString& server);
 
 Q_SIGNALS:

@@ -9,12 +9,12 @@
 
 namespace vantro {
 
-/// One thing the sound server can record from.
+/// A recording source of the sound server.
 struct PulseSource
 {
-    /// The server's number, which it may give to another source after a restart.
+    /// The server's index, which may be reused after its restart.
     std::uint32_t index = 0;
-    /// The number the program goes by: one source keeps it for as long as the program runs.
+    /// Our own ID, stable while the program runs.
     AudioDeviceID id = 0;
     QString name;
     QString description;
@@ -24,7 +24,7 @@ struct PulseSource
     friend bool operator==(const PulseSource&, const PulseSource&) = default;
 };
 
-/// One device that has profiles, of which one is in force.
+/// A device with profiles, one of which is active.
 struct PulseCard
 {
     struct Profile
@@ -41,23 +41,23 @@ struct PulseCard
     std::vector<Profile> profiles;
 };
 
-/// What is known of the sound server at one moment.
+/// The sound server's state at one moment.
 struct PulseSnapshot
 {
     enum class Phase { Connecting, Ready, Failed };
 
     Phase phase = Phase::Connecting;
-    /// Number of the listing it comes from; a later one has a higher number, across reconnections too.
+    /// Number of the listing it comes from; increases monotonically, even across reconnections.
     std::uint64_t listing = 0;
     QString defaultSourceName;
     /// Empty unless ready.
     std::vector<PulseSource> sources;
     std::vector<PulseCard> cards;
 
-    /// The source of that name or number unless it is missing or a loudspeaker's monitor.
+    /// Returns null if the source is missing or a loudspeaker monitor.
     [[nodiscard]] const PulseSource* microphone(const QString& name) const;
     [[nodiscard]] const PulseSource* microphone(AudioDeviceID id) const;
-    /// The server's default source; where that is a monitor or missing, the first microphone; null without any.
+    /// The server's default source, or the first microphone if that is missing or a monitor; may be null.
     [[nodiscard]] const PulseSource* defaultMicrophone() const;
     [[nodiscard]] std::vector<const PulseSource*> microphones() const;
 };

@@ -51,7 +51,7 @@ SecretStoreError failedError(const QString& reason)
             QCoreApplication::translate("wording", "The Secret Service reported an error: %1").arg(reason)};
 }
 
-/// Where libsecret puts its complaint; check() makes it an error of ours.
+/// Receives a GError; check() throws it as a SecretStoreError.
 class Complaint
 {
 public:
@@ -107,7 +107,7 @@ SecretServiceSession::SecretServiceSession(QByteArray service, GCancellable* can
     connection_.reset(secret_service_open_sync(SECRET_TYPE_SERVICE, nullptr, SECRET_SERVICE_OPEN_SESSION, cancellable_,
                                                complaint.receiver()));
     complaint.check();
-    // GLib would end the process with the session bus.
+    // By default, GLib exits the process when the session bus closes.
     g_dbus_connection_set_exit_on_close(g_dbus_proxy_get_connection(G_DBUS_PROXY(connection_.get())), FALSE);
 }
 
@@ -154,7 +154,7 @@ bool SecretServiceSession::remove(const QByteArray& account)
 
 QStringList SecretServiceSession::accounts()
 {
-    // A locked collection tells neither what it holds nor that it holds anything.
+    // A locked collection looks empty.
     if (isLocked())
         throw lockedError();
     QStringList names;
@@ -226,7 +226,7 @@ void SecretServiceSession::unlock(GDBusProxy* lockedObject)
         secret_service_unlock_sync(connection_.get(), &objects, cancellable_, &unlocked, complaint.receiver());
     g_list_free_full(unlocked, g_object_unref);
     complaint.check();
-    // A prompt that was dismissed, or that no desktop could show, is no error to libsecret.
+    // libsecret does not treat a dismissed or failed prompt as an error.
     if (count < 1)
         throw lockedError();
 }

@@ -3,7 +3,7 @@
 #include <QByteArray>
 #include <QStringList>
 
-// GLib has members that are called like Qt's keywords; those are switched off (QT_NO_KEYWORDS).
+// GLib has members named like Qt's keywords, hence QT_NO_KEYWORDS.
 #include <libsecret/secret.h>
 
 #include <memory>
@@ -19,8 +19,8 @@ struct ObjectRelease
 template <typename T>
 using ObjectPointer = std::unique_ptr<T, ObjectRelease>;
 
-/// One conversation with the Secret Service, opened anew for each operation: what libsecret remembers of collections
-/// and sessions goes stale when the service is locked or restarted meanwhile. Blocks; throws SecretStoreError.
+/// A session with the Secret Service, opened for each operation because libsecret's cache of collections and sessions
+/// goes stale when the service is locked or restarted. Blocks; throws SecretStoreError.
 class SecretServiceSession
 {
 public:
@@ -34,9 +34,9 @@ public:
 private:
     using Items = std::vector<ObjectPointer<SecretItem>>;
 
-    /// Of @p account, or of all when it is empty.
+    /// The items of @p account, or all if it is empty.
     [[nodiscard]] Items search(const QByteArray& account);
-    /// The same, all of them unlocked.
+    /// The same, unlocked.
     [[nodiscard]] Items searchUnlocked(const QByteArray& account);
     [[nodiscard]] ObjectPointer<SecretCollection> defaultCollection();
     [[nodiscard]] bool isLocked();

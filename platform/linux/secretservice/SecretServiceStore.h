@@ -9,15 +9,14 @@ typedef struct _GCancellable GCancellable; // NOLINT(modernize-use-using): GLib'
 
 namespace vantro {
 
-/// The Secret Service of the session bus (GNOME Keyring, KWallet, KeePassXC), through libsecret. Secrets lie in its
-/// default collection. The service is asked on a thread of its own, because a prompt takes as long as its user; the
-/// main thread's event loop need not be GLib's.
+/// The session's Secret Service (GNOME Keyring, KWallet, KeePassXC) through libsecret, using its default collection.
+/// Runs on a worker thread, because prompts wait for the user and the main thread's event loop may not be GLib's.
 class SecretServiceStore final : public SecretStore
 {
 public:
-    /// @p service tells this program's secrets from those of others, as "com.vantro.app".
+    /// @p service identifies this program's secrets, e.g. "com.vantro.app".
     explicit SecretServiceStore(const QString& service);
-    /// Ends an open prompt.
+    /// Cancels an open prompt.
     ~SecretServiceStore() override;
 
     QCoro::Task<> store(QString account, QString label, QByteArray secret) override;

@@ -36,7 +36,7 @@ LinuxTrayHost::LinuxTrayHost(X11Connection& connection) : connection_(connection
         const std::string selection = "_NET_SYSTEM_TRAY_S" + std::to_string(DefaultScreen(display));
         selectionAtom_ = XInternAtom(display, selection.c_str(), False);
         managerAtom_ = XInternAtom(display, "MANAGER", False);
-        // A tray announces itself to the root window.
+        // A new tray sends MANAGER to the root window.
         connection_.selectRootEvents(StructureNotifyMask);
         connection_.addListener(this, [this](XEvent& event) {
             if (event.type == ReparentNotify && event.xreparent.window == embeddedWindow_ &&
@@ -55,7 +55,7 @@ LinuxTrayHost::LinuxTrayHost(X11Connection& connection) : connection_(connection
         watcher_.addWatchedService(watcherService);
         connect(&watcher_, &QDBusServiceWatcher::serviceRegistered, this, &LinuxTrayHost::askWatcher);
         connect(&watcher_, &QDBusServiceWatcher::serviceUnregistered, this, [this] { setHasNotifierHost(false); });
-        // A watcher may be there before anything that shows icons is.
+        // A watcher may exist without any host.
         for (const char* signal : {"StatusNotifierHostRegistered", "StatusNotifierHostUnregistered"})
             bus.connect(watcherService, watcherPath, watcherService, QLatin1String(signal), this, SLOT(askWatcher()));
         askWatcher();
@@ -89,7 +89,7 @@ void LinuxTrayHost::setHasNotifierHost(bool hasHost)
 void LinuxTrayHost::look()
 {
     const unsigned long formerTray = std::exchange(trayWindow_, findTrayWindow());
-    // Until the watcher has answered it is unknown whether the better kind is there.
+    // The preferred kind is unknown until the watcher has answered.
     const Kind kind = hasNotifierHost_                 ? Kind::statusNotifier
                       : trayWindow_ != 0 && !isAsking_ ? Kind::embedding
                                                        : Kind::none;
@@ -103,7 +103,7 @@ unsigned long LinuxTrayHost::findTrayWindow()
     if (!connection_.isOpen())
         return 0;
     Display* const display = connection_.display();
-    const X11ErrorTrap trap(connection_); // it may go at any moment
+    const X11ErrorTrap trap(connection_); // the owner may disappear at any time
     const Window owner = XGetSelectionOwner(display, selectionAtom_);
     if (owner != None)
         XSelectInput(display, owner, StructureNotifyMask);
@@ -139,7 +139,7 @@ void LinuxTrayHost::embed(WindowID window)
     const auto* const application = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
     if (application == nullptr || !connection_.isOpen() || trayWindow_ == 0)
         return;
-    // Over the connection that makes it, and waited for: the server has to know the window before anybody asks for it.
+    // Sync Qt's connection, which created the window: the server must know it before the tray does.
     if (!embedsTranslucent())
         XSetWindowBackgroundPixmap(application->display(), window, ParentRelative);
     XSync(application->display(), False);

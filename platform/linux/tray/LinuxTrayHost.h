@@ -9,8 +9,8 @@ namespace vantro {
 
 class X11Connection;
 
-/// StatusNotifier hosts by their watcher on the session bus, and trays of the older kind by the selection that they own
-/// on the X server (System Tray Protocol). A host that comes later is noticed.
+/// Finds StatusNotifier hosts through their watcher on the session bus, and XEmbed trays through their X selection
+/// (System Tray Protocol). Notices hosts that appear later.
 class LinuxTrayHost final : public TrayHost
 {
     Q_OBJECT
@@ -32,8 +32,8 @@ private:
 
     X11Connection& connection_;
     QDBusServiceWatcher watcher_;
-    unsigned long trayWindow_ = 0;     ///< of the older kind; 0 for none
-    unsigned long embeddedWindow_ = 0; ///< the one that was given to it last
+    unsigned long trayWindow_ = 0;     ///< of an XEmbed tray; 0 if there is none
+    unsigned long embeddedWindow_ = 0; ///< the window passed to it last
     unsigned long selectionAtom_ = 0;
     unsigned long managerAtom_ = 0;
     bool hasNotifierHost_ = false;

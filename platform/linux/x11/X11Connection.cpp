@@ -34,8 +34,8 @@ struct X11Connection::State
                     QStringLiteral("Request %1 failed with X error %2").arg(error.request_code).arg(error.error_code));
     }
 
-    // Xlib keeps its two error handlers per process, so something per process must tell our connections from others'.
-    // Whoever was there first (Qt among them) still hears of everything that is not ours.
+    // Xlib's error handlers are per process, so a per-process registry tells our connections from others. Previous
+    // handlers (Qt's among them) still receive all other errors.
     class Registry
     {
     public:
@@ -95,7 +95,7 @@ struct X11Connection::State
         XIOErrorHandler previousIoError_ = nullptr;
     };
 
-    // Called in the middle of whatever Xlib call noticed; that call then returns as failed.
+    // Called from within the Xlib call that detected the error, which then fails.
     static void onIoErrorExit(Display*, void* data)
     {
         auto* const state = static_cast<State*>(data);
@@ -124,7 +124,7 @@ X11Connection::X11Connection(const QString& displayName) : state_(std::make_uniq
 
     notifier_ = std::make_unique<QSocketNotifier>(ConnectionNumber(state_->display), QSocketNotifier::Read);
     connect(notifier_.get(), &QSocketNotifier::activated, this, &X11Connection::dispatchPending);
-    // A round trip anywhere may have moved events from the socket, where the notifier sees them, into Xlib's queue.
+    // Any round trip may move events into Xlib's queue, where the socket notifier does not see them.
     connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, this,
             &X11Connection::dispatchPending);
 }
@@ -198,7 +198,7 @@ void X11Connection::close()
 
 X11ErrorTrap::X11ErrorTrap(X11Connection& connection) : connection_(connection), outer_(connection.state_->trap)
 {
-    // Errors of earlier requests belong to whoever made them.
+    // Flush errors of earlier requests.
     if (connection_.isOpen())
         XSync(connection_.display(), False);
     connection_.state_->trap = this;

@@ -9,48 +9,47 @@
 #include <vector>
 
 class QSocketNotifier;
-// The X library's own names.
+// Xlib's names.
 struct _XDisplay; // NOLINT(bugprone-reserved-identifier)
 union _XEvent;    // NOLINT(bugprone-reserved-identifier)
 
 namespace vantro {
 
-/// The program's own connection to the X server, apart from Qt's: grabs, synthesised keys and other programs' windows.
-/// Requests that fail are reported where they were made (X11ErrorTrap) or logged; neither they nor the end of the
-/// connection end the program. Needs the Qt application object. Main thread only.
+/// The program's X connection, separate from Qt's, for grabs, synthetic keys and other programs' windows. Failed
+/// requests are reported through X11ErrorTrap or logged; neither they nor a lost connection end the program. Requires a
+/// Qt application object. Main thread only.
 class X11Connection : public QObject
 {
     Q_OBJECT
 public:
     using Listener = std::function<void(_XEvent&)>;
 
-    /// Connects to @p displayName, or to $DISPLAY when it is empty. Without an X server the object exists and is not
-    /// open.
+    /// Connects to @p displayName, by default $DISPLAY. Not open if there is no X server.
     explicit X11Connection(const QString& displayName = {});
     ~X11Connection() override;
 
-    /// False when there was no server and once the connection has been lost.
+    /// False if there is no server or the connection has been lost.
     [[nodiscard]] bool isOpen() const;
     /// A sentence for the user that says why isOpen() is false.
     [[nodiscard]] static QString unavailableReason();
-    /// To be used while isOpen(). A connection that is lost in the middle of a function stays valid for Xlib, whose
-    /// calls then do nothing; without a server it is null.
+    /// Use only while isOpen(). If the connection is lost meanwhile, the pointer stays valid and Xlib calls become
+    /// no-ops; null without a server.
     [[nodiscard]] _XDisplay* display() const;
     [[nodiscard]] unsigned long rootWindow() const;
-    /// The event type of keyboard extension events; negative when the server lacks the extension.
+    /// The event type of XKB events; negative without the extension.
     [[nodiscard]] int xkbEventBase() const { return xkbEventBase_; }
 
     /// Calls @p listener with every event until @p context is destroyed.
     void addListener(QObject* context, Listener listener);
-    /// Adds to what the root window's changes tell; each adapter asks for what it needs.
+    /// Adds @p mask to the events selected on the root window.
     void selectRootEvents(long mask);
 
-    /// The key that stands in for a letter which the layout lacks, while it does; 0 otherwise.
+    /// The key currently remapped to a letter that the layout lacks; 0 if none.
     [[nodiscard]] unsigned borrowedKeyCode() const { return borrowedKeyCode_; }
     void setBorrowedKeyCode(unsigned keyCode) { borrowedKeyCode_ = keyCode; }
 
 Q_SIGNALS:
-    /// The server is gone or has cut the connection. Emitted once, from the event loop.
+    /// The connection was lost. Emitted once, from the event loop.
     void lost();
 
 private:

@@ -6,8 +6,7 @@ namespace vantro {
 
 class X11Connection;
 
-/// Catches the errors of the requests made while it exists, instead of Xlib's handler that ends the program. Traps
-/// nest.
+/// Catches the errors of requests made during its lifetime instead of Xlib's handler, which would exit. Nestable.
 class X11ErrorTrap
 {
 public:
@@ -20,7 +19,7 @@ public:
     X11ErrorTrap(const X11ErrorTrap&) = delete;
     X11ErrorTrap& operator=(const X11ErrorTrap&) = delete;
 
-    /// Waits until the server has worked off all requests; the first error among them.
+    /// Blocks until all requests have been processed; returns the first error.
     [[nodiscard]] std::optional<ErrorCode> sync();
 
 private:

@@ -29,7 +29,7 @@ constexpr unsigned realModifiers =
 
 unsigned toXModifiers(const X11Keymap& keymap, std::uint32_t modifiers)
 {
-    // Where the keyboard has no such key the customary bit keeps the combination distinct from the one without it.
+    // Without such a key, the usual bit keeps the combination distinct from the one without the modifier.
     const auto bitOf = [&](const std::vector<X11Keymap::Keysym>& keysyms, unsigned customary) {
         const unsigned mask = keymap.modifierMask(keysyms);
         return (mask & customary) != 0 || mask == 0 ? customary : mask & (~mask + 1);
@@ -46,7 +46,7 @@ unsigned toXModifiers(const X11Keymap& keymap, std::uint32_t modifiers)
     return result;
 }
 
-/// Latin letters, digits and the keys that do something: what a shortcut is best stored as.
+/// Latin letters, digits and function keys: stable across layouts, so preferred for storage.
 bool isInEveryLayout(X11Keymap::Keysym keysym)
 {
     constexpr X11Keymap::Keysym firstOtherScript = 0x100;
@@ -57,7 +57,7 @@ bool isInEveryLayout(X11Keymap::Keysym keysym)
            keysym >= firstVendorKey;
 }
 
-/// Every combination of the bits of @p mask, the empty one included.
+/// All subsets of the bits of @p mask, including the empty one.
 std::vector<unsigned> subsets(unsigned mask)
 {
     std::vector<unsigned> result;
@@ -76,7 +76,7 @@ X11HotKeyManager::X11HotKeyManager(X11Connection& connection) : connection_(conn
     if (!connection_.isOpen())
         return;
     Display* const display = connection_.display();
-    // Without it a held key looks like a series of presses and releases.
+    // Otherwise auto-repeat looks like a series of presses and releases.
     Bool supported = False;
     XkbSetDetectableAutoRepeat(display, True, &supported);
     if (supported == 0)
@@ -220,7 +220,7 @@ void X11HotKeyManager::handleEvent(XEvent& event)
     }
     if (event.type != MappingNotify && event.type != connection_.xkbEventBase())
         return;
-    // A layout change comes as dozens of events.
+    // A layout change causes dozens of events.
     if (!std::exchange(rebindPending_, true))
         QMetaObject::invokeMethod(this, &X11HotKeyManager::keyboardChanged, Qt::QueuedConnection);
 }
@@ -241,7 +241,7 @@ void X11HotKeyManager::keyPressed(unsigned key, unsigned state)
         Q_EMIT hotKeyPressed(id);
 }
 
-// By the key alone: by now the modifiers may be up already and the layout another one.
+// Matched by key alone: the modifiers may be up already, and the layout may have changed.
 void X11HotKeyManager::keyReleased(unsigned key)
 {
     std::vector<std::uint32_t> ids;

@@ -17,9 +17,9 @@ namespace vantro {
 class X11Connection;
 class X11Keymap;
 
-/// Hot keys as grabs on the root window. A combination is bound to the keys that carry its symbol in the layout in
-/// force, or else in another of the user's layouts, or else (a letter, when no layout has Latin letters) to the key in
-/// its place; it is bound anew when the layout changes.
+/// Implements hot keys as grabs on the root window. A combination is bound to the keys with its symbol in the active
+/// layout, else in another layout of the user, else (for letters, if no layout is Latin) to the key at its US position.
+/// Rebinds when the layout changes.
 class X11HotKeyManager final : public HotKeyManager
 {
     Q_OBJECT
@@ -62,7 +62,7 @@ private:
     void grab(const std::vector<Grab>& wanted);
     void release(const std::vector<Grab>& unwanted);
     [[nodiscard]] bool isWanted(const Grab& grab) const;
-    /// A sentence for the user when the other programs or the keyboard leave @p hotKey without effect.
+    /// Why @p hotKey has no effect (another program, or the keyboard), as a sentence for the user.
     [[nodiscard]] std::optional<QString> whyNotBound(const HotKey& hotKey) const;
 
     X11Connection& connection_;

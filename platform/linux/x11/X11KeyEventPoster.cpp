@@ -20,7 +20,7 @@ namespace vantro {
 
 namespace {
 
-/// A program reads the keyboard's description when it gets to the key press, however late that is.
+/// Programs look up the keymap when they process the key press, which may be late.
 constexpr auto borrowedKeyTime = 3000ms;
 
 QString tr(const char* text)
@@ -40,7 +40,7 @@ bool anyOrdinary(const std::vector<unsigned>& keys, const X11Keymap& keymap)
 
 } // namespace
 
-/// Keys in the order of pressing, and the layout group in which the last one means what it should.
+/// Keys in the order of pressing, and the layout group that gives the last one its symbol.
 struct X11KeyEventPoster::Stroke
 {
     std::vector<unsigned> keys;
@@ -84,7 +84,7 @@ void X11KeyEventPoster::postPaste(PasteChord chord)
     XkbStateRec state{};
     XkbGetState(display, XkbUseCoreKbd, &state);
     const bool capsLock = (state.locked_mods & LockMask) != 0;
-    // From here to the last release all goes to the server in one piece: either it comes whole or not at all.
+    // Everything up to the last release is sent in one flush: all or nothing.
     if (capsLock)
         XkbLockModifiers(display, XkbUseCoreKbd, LockMask, 0);
     if (state.group != stroke.group)
@@ -103,8 +103,8 @@ X11KeyEventPoster::Stroke X11KeyEventPoster::strokeFor(PasteChord chord)
 {
     const X11Keymap keymap(connection_);
     if (!keymap.isValid())
-        throw KeyEventError(tr("The X server does not report the keyboard layout."));
-    // A hot key of ours that is held would swallow the keystroke.
+        throw KeyEventError(tr("The X server did not report the keyboard layout."));
+    // The grab of our own held hot key would swallow the keystroke.
     if (anyOrdinary(keysDown(), keymap))
         XUngrabKeyboard(connection_.display(), CurrentTime);
     freeModifiers(keymap);
@@ -149,7 +149,7 @@ void X11KeyEventPoster::freeModifiers(const X11Keymap& keymap)
         if (keymap.isModifier(key) && !keymap.isLock(key))
             fakeKey(display, key, false);
     }
-    // Sticky keys hold a modifier without a key being down.
+    // Sticky keys latch modifiers without a key being down.
     XkbStateRec state{};
     XkbGetState(display, XkbUseCoreKbd, &state);
     if ((state.latched_mods & ~keymap.lockMask()) != 0)
@@ -179,7 +179,7 @@ void X11KeyEventPoster::returnBorrowedKey()
     if (key == 0 || !connection_.isOpen())
         return;
     const X11ErrorTrap trap(connection_);
-    // The user may have loaded another layout meanwhile, in which the key has a meaning of its own.
+    // The user may have switched to a layout that uses the key.
     const auto carriers = X11Keymap(connection_).keysWith(borrowedKeysym_, 0);
     if (std::ranges::find(carriers, key) != carriers.end()) {
         std::array<KeySym, 2> nothing{NoSymbol, NoSymbol};
@@ -193,7 +193,7 @@ std::vector<unsigned> X11KeyEventPoster::keysDown() const
     std::array<char, 32> bits{};
     XQueryKeymap(connection_.display(), bits.data());
     std::vector<unsigned> result;
-    // A connection lost meanwhile leaves anything in the bits.
+    // If the connection is lost meanwhile, the bits are undefined.
     for (unsigned key = 0; connection_.isOpen() && key < bits.size() * 8; ++key) {
         if ((static_cast<unsigned char>(bits[key / 8]) >> (key % 8) & 1) != 0)
             result.push_back(key);

@@ -11,11 +11,10 @@ namespace vantro {
 class X11Connection;
 class X11Keymap;
 
-/// Keystrokes through the XTest extension, which reaches every X11 program as a real keyboard would.
+/// Posts keystrokes through the XTest extension, which reaches every X11 program like a real keyboard.
 ///
-/// Modifiers that the user holds are released first and not pressed again: the user does not expect to type with them
-/// after the paste, and a key pressed in his place could stay down. A layout without a Latin `v` gets one on an unused
-/// key for a few seconds.
+/// Held modifiers are released first and not pressed again: the user does not expect them to apply after the paste, and
+/// a synthetic press could get stuck. A layout without a Latin `v` gets one on an unused key for a few seconds.
 class X11KeyEventPoster final : public KeyEventPoster
 {
 public:
@@ -41,7 +40,7 @@ private:
     QTimer returnTimer_;
 };
 
-/// Whether the server behind @p connection lets programs synthesise keys.
+/// Whether the server has the XTest extension.
 bool hasXTest(X11Connection& connection);
 
 } // namespace vantro

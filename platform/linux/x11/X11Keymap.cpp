@@ -23,7 +23,7 @@ XkbDescPtr asDescription(const std::unique_ptr<void, Deleter>& pointer)
     return static_cast<XkbDescPtr>(pointer.get());
 }
 
-// The keyboard extension names keys by row and column: AB01 is the key right of the left Shift.
+// XKB names keys by row and column: AB01 is the key right of the left Shift.
 struct Row
 {
     std::string_view name;
@@ -96,7 +96,7 @@ std::optional<X11Keymap::Keysym> X11Keymap::keysym(KeyCode key, unsigned group) 
     const unsigned groups = XkbKeyNumGroups(description, key);
     if (groups == 0)
         return std::nullopt;
-    // A key with fewer groups than the layout says itself what it does in the others.
+    // A key with fewer groups than the layout defines how to map the others.
     if (group >= groups) {
         const unsigned info = XkbKeyGroupInfo(description, key);
         switch (XkbOutOfRangeGroupAction(info)) {
@@ -183,7 +183,7 @@ bool X11Keymap::carries(KeyCode key, const std::vector<Keysym>& keysyms) const
 
 bool X11Keymap::isModifier(KeyCode key) const
 {
-    // Modern layouts give AltGr its effect without listing it among the core protocol's modifiers.
+    // Modern layouts do not list AltGr among the core protocol's modifiers.
     const auto own = isValid() ? keysym(key, activeGroup_) : std::nullopt;
     return (key < keyModifiers_.size() && keyModifiers_[key] != 0) ||
            (own && (IsModifierKey(*own) || *own == XK_Scroll_Lock));

@@ -10,8 +10,8 @@ namespace vantro {
 
 class X11Connection;
 
-/// The keyboard as the server describes it at this moment: which key carries which symbol in which layout group, and
-/// which keys are modifiers. A snapshot; take a new one after every change. Key codes are the X server's (8 to 255).
+/// A snapshot of the server's keyboard mapping: the symbol of each key in each layout group, and the modifiers. Create
+/// a new one after every change. Key codes are the X server's (8 to 255).
 class X11Keymap
 {
 public:
@@ -23,33 +23,33 @@ public:
     X11Keymap(const X11Keymap&) = delete;
     X11Keymap& operator=(const X11Keymap&) = delete;
 
-    /// False when the server would not tell; every question below then has an empty answer.
+    /// False if the mapping could not be read; all queries then return empty results.
     [[nodiscard]] bool isValid() const { return description_ != nullptr; }
 
-    /// The layout group in force, 0 to 3.
+    /// The active layout group, 0 to 3.
     [[nodiscard]] unsigned activeGroup() const { return activeGroup_; }
     [[nodiscard]] unsigned groupCount() const { return groupCount_; }
 
-    /// The keys that give @p keysym in @p group without any modifier.
+    /// The keys with the unmodified symbol @p keysym in @p group.
     [[nodiscard]] std::vector<KeyCode> keysWith(Keysym keysym, unsigned group) const;
-    /// The key in the place where a US keyboard has the Latin letter @p keysym.
+    /// The key at the US position of the Latin letter @p keysym.
     [[nodiscard]] std::optional<KeyCode> keyInPlaceOf(Keysym keysym) const;
-    /// The Latin letter that a US keyboard has in the place of @p key.
+    /// The Latin letter of a US keyboard at the position of @p key.
     [[nodiscard]] std::optional<Keysym> letterInPlaceOf(KeyCode key) const;
-    /// What @p key gives in @p group without any modifier.
+    /// The unmodified symbol of @p key in @p group.
     [[nodiscard]] std::optional<Keysym> keysym(KeyCode key, unsigned group) const;
-    /// A key that carries nothing in any group.
+    /// A key without a symbol in any group.
     [[nodiscard]] std::optional<KeyCode> emptyKey() const;
 
-    /// The modifier bits that keys with one of @p keysyms set.
+    /// The modifier bits set by keys with one of @p keysyms.
     [[nodiscard]] unsigned modifierMask(const std::vector<Keysym>& keysyms) const;
     /// A key with one of @p keysyms that sets one of the bits of @p mask.
     [[nodiscard]] std::optional<KeyCode> modifierKey(unsigned mask, const std::vector<Keysym>& keysyms) const;
-    /// Keys that change what others mean (AltGr and the locks among them) rather than do something themselves.
+    /// Includes AltGr and the locks.
     [[nodiscard]] bool isModifier(KeyCode key) const;
-    /// A modifier that is switched on and off rather than held.
+    /// A modifier that is toggled rather than held.
     [[nodiscard]] bool isLock(KeyCode key) const;
-    /// Caps Lock, Num Lock and Scroll Lock: states that must not matter to a shortcut.
+    /// Caps Lock, Num Lock and Scroll Lock, which shortcuts must ignore.
     [[nodiscard]] unsigned lockMask() const { return lockMask_; }
 
 private:

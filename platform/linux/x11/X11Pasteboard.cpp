@@ -9,8 +9,8 @@ namespace vantro {
 
 namespace {
 
-/// Qt, the owner when a field of this program was copied from, answers on the main thread, which would be waiting for
-/// it.
+/// Whether Qt owns the selection, after copying from one of our fields: it answers on the main thread, so waiting there
+/// would deadlock.
 bool isQts(WindowID window)
 {
     const auto* const application = qobject_cast<QGuiApplication*>(QCoreApplication::instance());

@@ -8,15 +8,15 @@ namespace vantro {
 
 class X11SelectionService;
 
-/// The CLIPBOARD and PRIMARY selections. They are served from a thread and a connection of their own, so that other
-/// programs (and Qt inside this one, which waits for the answer on the main thread) get the text at once whatever the
-/// main thread is doing, and a program that does not answer costs a bounded time.
+/// The CLIPBOARD and PRIMARY selections, served by a thread with its own connection: other programs (and Qt in this
+/// one, which blocks the main thread) get the text even while the main thread is busy, and waits for an unresponsive
+/// program are bounded.
 class X11Pasteboard final : public Pasteboard
 {
 public:
-    /// @p displayName: the X server, $DISPLAY when empty. Without one every selection is empty and nothing can be set.
+    /// @p displayName: by default $DISPLAY. Without an X server, selections are empty and setters are no-ops.
     explicit X11Pasteboard(const QString& displayName = {});
-    /// Leaves the clipboard's text to the clipboard manager, if one runs.
+    /// Hands the clipboard's text over to the clipboard manager, if there is one.
     ~X11Pasteboard() override;
 
     [[nodiscard]] std::optional<QString> string(Selection selection) const override;

@@ -8,11 +8,11 @@ namespace vantro {
 
 class X11Connection;
 
-/// Every X11 program may synthesise keys where the server has the XTest extension; there is nobody to ask.
+/// X11 has no permissions: every program may synthesise keys if the server has the XTest extension.
 class X11Permissions final : public Permissions
 {
 public:
-    /// @p connection must outlive this object. @p microphoneAuthorized is the sound system's word.
+    /// @p connection must outlive this object. @p microphoneAuthorized asks the sound system.
     X11Permissions(X11Connection& connection, std::function<bool()> microphoneAuthorized);
 
     [[nodiscard]] bool microphoneAuthorized() const override { return microphoneAuthorized_(); }

@@ -1,4 +1,4 @@
-// The side of X11SelectionService that gives the owned text to other programs.
+// The part of X11SelectionService that serves the owned text to other programs.
 #include "platform/linux/x11/X11SelectionService.h"
 
 #include <algorithm>
@@ -23,10 +23,10 @@ std::vector<xcb_atom_t> X11SelectionService::textTargets() const
 
 void X11SelectionService::answer(const xcb_selection_request_event_t& request)
 {
-    // Programs from before the conventions leave the choice of the property to the owner.
+    // Pre-ICCCM programs leave the choice of the property to the owner.
     const xcb_atom_t property = request.property != XCB_NONE ? request.property : request.target;
-    // A request from before the text was set is answered too: programs that have seen no event since then (those of Qt)
-    // send an old time.
+    // Requests older than the text are answered too, because programs that have seen no event since then (Qt's) send an
+    // old time.
     auto* const mine = owned(request.selection);
     bool given = mine != nullptr && mine->has_value();
     if (given)
@@ -72,7 +72,7 @@ bool X11SelectionService::give(Owned& mine, xcb_window_t requestor, xcb_atom_t t
     return true;
 }
 
-/// The property lists pairs of target and property; the ones that cannot be given are struck out.
+/// The property lists pairs of target and property; unsupported ones are set to None.
 bool X11SelectionService::giveMultiple(Owned& mine, xcb_window_t requestor, xcb_atom_t property)
 {
     constexpr std::uint32_t maxAtoms = 256;

@@ -171,14 +171,14 @@ bool X11SelectionService::pumpUntil(const std::function<bool()>& done, std::opti
                 return false;
             timeoutMs = static_cast<int>(left.count());
         }
-        // What done() asked the server may have brought events in beside the answers.
+        // Requests in done() may have queued events along with their replies.
         if (const auto event = owner(xcb_poll_for_queued_event(connection_.get()))) {
             handle(*event);
             continue;
         }
         std::array<pollfd, 2> sources{pollfd{xcb_get_file_descriptor(connection_.get()), POLLIN, 0},
                                       pollfd{wakeFd_, POLLIN, 0}};
-        // While something is awaited new work waits, so its wake-up must not be taken away here.
+        // With a deadline, new work has to wait, so leave its wake-up in the eventfd.
         poll(sources.data(), deadline ? 1 : 2, timeoutMs);
         std::uint64_t count = 0;
         if (!deadline)
@@ -213,7 +213,7 @@ void X11SelectionService::handle(const xcb_generic_event_t& event)
         break;
     }
     default:
-        // Errors among them: the window of a program that has ended meanwhile.
+        // Includes errors, e.g. for windows of programs that have exited.
         break;
     }
 }
@@ -245,7 +245,7 @@ void X11SelectionService::own(Selection selection, const QByteArray& utf8)
             connection_.get(), xcb_get_selection_owner(connection_.get(), atomOf(selection)), nullptr));
         if (!reply || reply->owner != window_) {
             owned(selection).reset();
-            Logger("X11Pasteboard").error(QStringLiteral("The X server did not give the clipboard away"));
+            Logger("X11Pasteboard").error(QStringLiteral("The X server did not grant clipboard ownership"));
         }
     });
 }
@@ -255,7 +255,7 @@ void X11SelectionService::disown(Selection selection)
     onThread([&] {
         owned(selection).reset();
         xcb_set_selection_owner(connection_.get(), XCB_NONE, atomOf(selection), serverTime());
-        // Whoever asks next, over whatever connection, finds no owner.
+        // A round trip, so that later queries on any connection find no owner.
         std::ignore = owner(xcb_get_selection_owner_reply(
             connection_.get(), xcb_get_selection_owner(connection_.get(), atomOf(selection)), nullptr));
     });
@@ -323,7 +323,7 @@ std::optional<QByteArray> X11SelectionService::fetch(xcb_atom_t selection, xcb_a
     }
 }
 
-/// Removing the property is what tells a sender of pieces to go on.
+/// Deletes the property, which makes an INCR sender continue.
 std::optional<QByteArray> X11SelectionService::takeProperty(xcb_atom_t& type)
 {
     constexpr std::uint32_t everything = 0x1fffffff;
@@ -338,7 +338,7 @@ std::optional<QByteArray> X11SelectionService::takeProperty(xcb_atom_t& type)
                       xcb_get_property_value_length(reply.get()));
 }
 
-/// The time of a property change is the only way to learn the server's clock.
+/// The server's clock can only be read from the timestamp of a property change.
 xcb_timestamp_t X11SelectionService::serverTime()
 {
     time_.reset();

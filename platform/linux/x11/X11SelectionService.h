@@ -18,12 +18,12 @@
 
 namespace vantro {
 
-/// Whether two windows (or other resources) were made over the same connection: their numbers begin alike.
+/// Whether two windows (or other resources) belong to the same connection, i.e. share its ID prefix.
 bool sameClient(xcb_connection_t* connection, std::uint32_t left, std::uint32_t right);
 
-/// Owns and reads X selections on a thread of its own (the exchange is described in the Inter-Client Communication
-/// Conventions Manual, section 2). The public functions may be called from any other thread; they wait for the thread's
-/// answer, which a foreign program can delay by half a second of silence, and by two seconds altogether.
+/// Owns and reads X selections on a thread of its own (see the Inter-Client Communication Conventions Manual, section
+/// 2). Public functions may be called from any other thread and block until it is done: a foreign program can delay
+/// that by half a second of silence, and by two seconds in total.
 class X11SelectionService
 {
 public:
@@ -34,11 +34,11 @@ public:
     X11SelectionService(const X11SelectionService&) = delete;
     X11SelectionService& operator=(const X11SelectionService&) = delete;
 
-    /// UTF-8; nothing when the selection has no owner, its owner has no text, or does not answer.
+    /// UTF-8; nullopt if the selection has no owner, or the owner has no text or does not answer.
     [[nodiscard]] std::optional<QByteArray> read(Selection selection);
     void own(Selection selection, const QByteArray& utf8);
     void disown(Selection selection);
-    /// The window in whose name the selection is held, of whichever program.
+    /// The window that owns the selection, in any program.
     [[nodiscard]] std::optional<WindowID> ownerOf(Selection selection);
     /// Whether a program has fetched the owned text: any, or the one that owns @p window.
     [[nodiscard]] bool wasFetchedBy(Selection selection, std::optional<WindowID> window);
@@ -56,7 +56,7 @@ private:
         xcb_timestamp_t since = XCB_CURRENT_TIME;
         std::vector<xcb_window_t> fetchedBy;
     };
-    /// A text too long for one property, handed over piece by piece as the other program takes the pieces away.
+    /// An INCR transfer: a long text sent in chunks as the other program deletes the property.
     struct Transfer
     {
         xcb_window_t requestor = XCB_NONE;
@@ -87,12 +87,12 @@ private:
         AtomCount
     };
 
-    /// Runs @p action on the thread and waits for it. False when there is no server (any more).
+    /// Runs @p action on the thread and waits for it. Returns false without a server.
     bool onThread(std::function<void()> action);
     void run();
     void runWork();
     void internAtoms();
-    /// Handles events until @p done or @p deadline; whether it was @p done.
+    /// Handles events until @p done (returns true) or @p deadline (returns false).
     bool pumpUntil(const std::function<bool()>& done, std::optional<Clock::time_point> deadline);
     void handle(const xcb_generic_event_t& event);
 
@@ -116,7 +116,7 @@ private:
     std::size_t maxPropertyBytes_ = 0;
     std::array<xcb_atom_t, AtomCount> atoms_{};
 
-    // Only the thread touches these once it runs.
+    // Used only on the thread once it runs.
     std::array<std::optional<Owned>, 2> owned_;
     std::vector<Transfer> transfers_;
     std::optional<xcb_selection_notify_event_t> notify_;

@@ -24,7 +24,7 @@ struct XFreeDeleter
     void operator()(void* data) const { XFree(data); }
 };
 
-/// What a window manager trusts: a request made for the user, not by a program that wants to be in front.
+/// Source indication "pager" (EWMH): window managers grant requests on the user's behalf.
 constexpr long sourceIsUser = 2;
 constexpr long maxPropertyLongs = 4096;
 
@@ -54,7 +54,7 @@ std::optional<WindowID> X11Workspace::frontWindow() const
     const X11ErrorTrap trap(connection_);
     if (!managerSupports(activeWindowAtom_))
         return focusedTopLevel(TopLevel::Any);
-    // Managers are late, and some leave the name of a closed window in place when nothing comes after it.
+    // The property lags, and some managers leave a closed window in it when no other one follows.
     const auto active = windowProperty(connection_.rootWindow(), activeWindowAtom_, XA_WINDOW);
     if (!active.empty() && windowExists(active.front()))
         return active.front();
@@ -148,8 +148,8 @@ std::vector<unsigned long> X11Workspace::windowProperty(unsigned long window, un
     return {values, values + count};
 }
 
-/// The program's window around the one with the focus. A manager marks it with its state, and may put a frame around
-/// it; windows without that mark are the manager's own.
+/// The top-level window that contains the focus. Managed windows have WM_STATE and may be inside a frame; windows
+/// without it belong to the window manager.
 std::optional<WindowID> X11Workspace::focusedTopLevel(TopLevel kind) const
 {
     std::optional<WindowID> outermost;
@@ -161,7 +161,7 @@ std::optional<WindowID> X11Workspace::focusedTopLevel(TopLevel kind) const
     return kind == TopLevel::Any ? outermost : std::nullopt;
 }
 
-/// The window that key presses are sent to; with the focus at PointerRoot, the innermost one below the pointer.
+/// The window that receives key presses; with focus PointerRoot, the innermost one below the pointer.
 std::optional<unsigned long> X11Workspace::focusedWindow() const
 {
     Display* const display = connection_.display();

@@ -9,8 +9,7 @@ namespace vantro {
 
 class X11Connection;
 
-/// Windows through EWMH, the window managers' common protocol; where the manager does not speak it (or there is none),
-/// through the input focus itself.
+/// Accesses windows through EWMH, or through the input focus if there is no window manager that supports it.
 class X11Workspace final : public Workspace
 {
     Q_OBJECT

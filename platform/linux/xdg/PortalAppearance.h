@@ -6,8 +6,8 @@
 
 namespace vantro {
 
-/// The desktop portal's settings (org.freedesktop.portal.Settings). They are asked for without waiting: until the
-/// answer comes, and where there is no portal, the desktop says nothing.
+/// The desktop portal's settings (org.freedesktop.portal.Settings), read asynchronously. All values are nullopt until
+/// the answer arrives, or without a portal.
 class PortalAppearance final : public DesktopAppearance
 {
     Q_OBJECT

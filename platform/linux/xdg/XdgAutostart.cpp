@@ -24,7 +24,7 @@ QString tr(const char* text)
     return QCoreApplication::translate("XdgAutostart", text);
 }
 
-/// As the Exec key wants an argument: in quotes, with the characters that mean something there escaped.
+/// Quotes and escapes an argument of the Exec key.
 QString quoted(const QString& argument)
 {
     QString result;
@@ -35,7 +35,7 @@ QString quoted(const QString& argument)
             result += QLatin1Char('%');
         result += character;
     }
-    // The file's own escapes come on top of the quoting.
+    // Desktop entry strings need another level of escaping.
     return QLatin1Char('"') + result.replace(QLatin1Char('\\'), QStringLiteral("\\\\")) + QLatin1Char('"');
 }
 

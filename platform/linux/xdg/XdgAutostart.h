@@ -10,10 +10,10 @@ namespace vantro {
 class XdgAutostart final : public LoginItem
 {
 public:
-    /// @p folder: the user's configuration folder; @p program: what is to be started.
+    /// @p folder: the user's configuration folder; @p program: the executable.
     XdgAutostart(const QString& folder, QString program);
 
-    /// The entry may be there and switched off, as desktops' own session settings do it.
+    /// False for an entry that is disabled, as desktops' session settings do.
     [[nodiscard]] bool isEnabled() const override;
     void setEnabled(bool enabled) override;
 

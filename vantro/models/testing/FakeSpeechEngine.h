@@ -5,7 +5,7 @@
 
 namespace vantro::doubles {
 
-/// An engine whose models are there, whose downloads go as the test says, and that hears nothing.
+/// An engine with scripted downloads and checks; transcribes to an empty text.
 class FakeSpeechEngine : public SpeechEngine
 {
 public:
