@@ -827,10 +827,6 @@
         <translation>Der verschlüsselten Verbindung zu %1 ist nicht zu trauen (%2). Prüfe die Uhr dieses Rechners oder installiere das Zertifikat deines eigenen Servers.</translation>
     </message>
     <message>
-        <source>%1 redirects the request to where it cannot be answered (%2). Check the address.</source>
-        <translation>%1 leitet die Anfrage dorthin um, wo sie nicht beantwortet werden kann (%2). Prüfe die Adresse.</translation>
-    </message>
-    <message>
         <source>%1 cannot be reached (%2). Check the network connection, the proxy and the address.</source>
         <translation>%1 ist nicht erreichbar (%2). Prüfe die Netzwerkverbindung, den Proxy und die Adresse.</translation>
     </message>
@@ -847,12 +843,16 @@
         <translation>Die Antwort von %1 ist größer als %2.</translation>
     </message>
     <message>
-        <source>The server at %1 is not a web server.</source>
-        <translation>Der Server bei %1 ist kein Webserver.</translation>
-    </message>
-    <message>
         <source>The request was cancelled.</source>
         <translation>Die Anfrage wurde abgebrochen.</translation>
+    </message>
+    <message>
+        <source>%1 redirects in a loop or to an insecure address (%2). Check the address.</source>
+        <translation>%1 leitet im Kreis oder an eine unsichere Adresse weiter (%2). Prüfe die Adresse.</translation>
+    </message>
+    <message>
+        <source>%1 is not a web server. Check the address.</source>
+        <translation>%1 ist kein Webserver. Prüfe die Adresse.</translation>
     </message>
 </context>
 <context>
@@ -1681,16 +1681,16 @@
         <translation>Der X-Server hat den Tastendruck zum Einfügen abgelehnt.</translation>
     </message>
     <message>
-        <source>The X server does not report the keyboard layout.</source>
-        <translation>Der X-Server meldet keine Tastaturbelegung.</translation>
-    </message>
-    <message>
         <source>The keyboard layout has no Control or no Shift key, so nothing can be pasted.</source>
         <translation>Die Tastaturbelegung hat keine Strg- oder keine Umschalttaste, also kann nichts eingefügt werden.</translation>
     </message>
     <message>
         <source>The keyboard layout has no key for the paste keystroke and no unused key to map it to.</source>
         <translation>Die Tastaturbelegung hat keine Taste zum Einfügen und keine freie, der man sie zuweisen könnte.</translation>
+    </message>
+    <message>
+        <source>The X server did not report the keyboard layout.</source>
+        <translation>Der X-Server hat die Tastaturbelegung nicht mitgeteilt.</translation>
     </message>
 </context>
 <context>

@@ -3,8 +3,6 @@
 #include "base/Settings.h"
 #include "vantro/ai/BuiltInPrompts.h"
 #include "vantro/ai/FormattingModeHandler.h"
-#include "vantro/ai/NormalModeHandler.h"
-#include "vantro/ai/NotesModeHandler.h"
 
 #include <QTemporaryDir>
 #include <qcoro/qcorotask.h>
@@ -80,12 +78,6 @@ protected:
 
 } // namespace
 
-TEST_F(Modes, NormalKeepsTheTextAndNeverAsks)
-{
-    NormalModeHandler handler(diary);
-    EXPECT_EQ(process(handler), QStringList({QStringLiteral("row Normal [hello][]"), QStringLiteral("hello")}));
-}
-
 TEST_F(Modes, EmailAndGrammarStoreBeforeTheyAskAndAfterwards)
 {
     prompts.setPrompt(ProcessingMode::Email, QStringLiteral("as mail"));
@@ -111,13 +103,6 @@ TEST_F(Modes, CustomAsksOnlyWithAPromptAndWhiteSpaceIsOne)
     EXPECT_EQ(process(handler),
               QStringList({QStringLiteral("row Custom [hello][]"), QStringLiteral("asked [ ][hello]"),
                            QStringLiteral("formatted it [Dear hello]"), QStringLiteral("Dear hello")}));
-}
-
-TEST_F(Modes, NotesFileTheTextAndRenewTheSummary)
-{
-    NotesModeHandler handler(diary);
-    EXPECT_EQ(process(handler),
-              QStringList({QStringLiteral("note [hello]"), QStringLiteral("summary"), QStringLiteral("hello")}));
 }
 
 TEST_F(Modes, SettingsAreCompletedAndWhatTheUserSetStays)

@@ -210,6 +210,15 @@ protected:
         history.loadPersistentStores();
         delegate.applicationDidFinishLaunching();
     }
+    /// What still waits would otherwise go on in the next test, with objects of this one.
+    ~DictationTest() override
+    {
+        delegate.applicationWillTerminate();
+        if (provider.isAsked())
+            provider.answer({});
+        clock.advance(1min);
+        pump();
+    }
 
     static ModeHandlers makeHandlers(TranscriptionStoring& store)
     {

@@ -146,17 +146,6 @@ TEST_F(DictationTest, EndsInTheWindowThatTheUserWasWorkingIn)
     EXPECT_EQ(provider.ended, 1);
 }
 
-TEST_F(DictationTest, WithoutAutoPasteLeavesTheTextOnTheClipboardAndSaysSo)
-{
-    defaults.set(setting::autoPasteEnabled, false);
-    dictate(QStringLiteral("Keep me."));
-    EXPECT_FALSE(delivered);
-    EXPECT_EQ(pasteboard.string(clipboard), QStringLiteral("Keep me."));
-    ASSERT_EQ(shell.huds.size(), 1U);
-    EXPECT_EQ(shell.huds.front(), QRect(1, 2, 500, 200)) << "the HUD starts where the launcher was";
-    EXPECT_EQ(shell.openPanels, 0);
-}
-
 TEST_F(DictationTest, SoundsOnlyWhenTheUserWantsItAndTextWasDelivered)
 {
     dictate(QStringLiteral("In silence."));
@@ -166,22 +155,6 @@ TEST_F(DictationTest, SoundsOnlyWhenTheUserWantsItAndTextWasDelivered)
     EXPECT_TRUE(sounds.played.isEmpty());
     dictate(QStringLiteral("And now?"));
     EXPECT_EQ(sounds.played, QStringList{QStringLiteral("Blow")});
-}
-
-TEST_F(DictationTest, NeverPastesIntoAnotherWindow)
-{
-    pressShortcut();
-    speak(16'000);
-    workspace.closeWindow(editor);
-    stopAndDrain();
-    provider.answer(QStringLiteral("For the editor only."));
-    pump();
-    clock.advance(600ms);
-    pump();
-    EXPECT_FALSE(delivered);
-    EXPECT_TRUE(keyEvents.posted().empty());
-    EXPECT_EQ(pasteboard.string(clipboard), QStringLiteral("For the editor only."));
-    EXPECT_EQ(shell.huds.size(), 1U);
 }
 
 TEST_F(DictationTest, WithNothingSaidClosesWithoutATrace)
@@ -199,23 +172,6 @@ TEST_F(DictationTest, WithNothingSaidClosesWithoutATrace)
     EXPECT_TRUE(shell.huds.empty());
     EXPECT_EQ(pasteboard.changes(clipboard), 0);
     EXPECT_EQ(provider.ended, 2) << "the model is released after either";
-}
-
-TEST_F(DictationTest, IgnoresTheShortcutWhileOneIsUnderWay)
-{
-    for (int i = 0; i < 10; ++i)
-        pressShortcut();
-    EXPECT_EQ(shell.openPanels, 1);
-    EXPECT_EQ(engines.madeCount(), 1);
-    speak(16'000);
-    stopAndDrain();
-    pressShortcut();
-    EXPECT_EQ(engines.madeCount(), 1);
-    provider.answer(QStringLiteral("Once."));
-    pump();
-    EXPECT_EQ(delivered, QStringLiteral("Once."));
-    dictate(QStringLiteral("Again."));
-    EXPECT_EQ(delivered, QStringLiteral("Again."));
 }
 
 TEST_F(DictationTest, CancelledAtAnyMomentDeliversNothingAndLeavesTheNextOneFree)

@@ -112,18 +112,3 @@ TEST_F(DictationTest, WhatWasSaidBeforeTheMicrophoneWasLostIsDelivered)
     EXPECT_FALSE(recorder.isBusy());
     EXPECT_EQ(engines.current(), nullptr);
 }
-
-TEST_F(DictationTest, ASecondProgramsHotKeyIsToldToTheUser)
-{
-    const doubles::FakeHotKeyManager::Combination taken{3, Modifier::command | Modifier::option};
-    hotKeys.refuse(taken, QStringLiteral("That one is taken."));
-    shortcuts.setShortcut(KeyboardShortcuts::Name::openModal, KeyboardShortcuts::Shortcut{{3}, taken.modifiers});
-    pump();
-    ASSERT_EQ(shell.alerts.size(), 1);
-    EXPECT_TRUE(shell.alerts.front().startsWith(QStringLiteral("That one is taken.")));
-
-    shortcuts.setShortcut(KeyboardShortcuts::Name::openModal, shortcut);
-    pressShortcut();
-    EXPECT_EQ(shell.openPanels, 1);
-    EXPECT_EQ(shell.alerts.size(), 1);
-}

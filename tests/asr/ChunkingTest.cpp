@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <iterator>
-#include <random>
 #include <sstream>
 #include <utility>
 
@@ -14,30 +13,6 @@ using namespace vantro::asr;
 using namespace vantro::asr::testing;
 
 namespace {
-
-constexpr std::size_t samplesPerSecond = 16'000;
-
-/// As long as a whole number of encoder frames: what is appended is heard at the same phase of the model's frames.
-constexpr double framesPerSecond = 12.5;
-
-/// The hiss of a quiet room.
-std::vector<float> hiss(std::size_t samples)
-{
-    std::minstd_rand random(1);
-    std::uniform_real_distribution<float> level(-0.003F, 0.003F);
-    std::vector<float> values(samples);
-    for (float& value : values)
-        value = level(random);
-    return values;
-}
-
-std::vector<float> paddedToFrames(std::vector<float> samples)
-{
-    const std::size_t frame = ChunkProcessor::frameSamples;
-    const std::vector<float> rest = hiss((frame - samples.size() % frame) % frame);
-    samples.insert(samples.end(), rest.begin(), rest.end());
-    return samples;
-}
 
 std::vector<std::string> words(const std::string& text)
 {
@@ -71,36 +46,7 @@ std::size_t lostOrDoubled(const std::vector<std::string>& expected, const std::v
     return row.back().lostOrDoubled;
 }
 
-void append(std::vector<float>& target, const std::vector<float>& samples)
-{
-    target.insert(target.end(), samples.begin(), samples.end());
-}
-
 } // namespace
-
-TEST(Chunking, CutsTheRecordingIntoWholeFramesThatFitTheWindow)
-{
-    const auto layout = [](double overlapSeconds, std::int64_t context, bool warmup) {
-        return ChunkProcessor({}, {overlapSeconds, context, 3}, {}).layout(warmup, {0, true});
-    };
-    const ChunkLayout plain = layout(2.0, 1'280, false);
-    EXPECT_EQ(plain.context, 0);
-    EXPECT_EQ(plain.chunk, 239'360);
-    EXPECT_EQ(plain.overlap, 32'000);
-    EXPECT_EQ(plain.stride, 207'360);
-    EXPECT_EQ(plain.prefix, 3 * 1'280);
-    const ChunkLayout warm = layout(2.9, 1'280, true);
-    EXPECT_EQ(warm.context, 1'280);
-    EXPECT_EQ(warm.chunk, 238'080);
-    EXPECT_EQ(warm.overlap, 32'000) << "whole seconds only";
-    EXPECT_EQ(warm.prefix, 0);
-    EXPECT_LE(warm.context + warm.chunk, ChunkProcessor::maximumWindowSamples);
-    const ChunkLayout greedy = layout(60, 0, true);
-    EXPECT_EQ(greedy.overlap, greedy.chunk / 2 / 1'280 * 1'280);
-    const ChunkLayout hopeless = layout(1, 240'000, true);
-    EXPECT_EQ(hopeless.chunk, 1'280);
-    EXPECT_EQ(hopeless.stride, 1'280);
-}
 
 TEST(Chunking, EveryRecordingLengthAroundTheWindowIsReadToItsEnd)
 {
@@ -118,47 +64,6 @@ TEST(Chunking, EveryRecordingLengthAroundTheWindowIsReadToItsEnd)
         EXPECT_LE(lostOrDoubled(head, {found.begin(), found.end() - 1}), 1U) << samples << ": " << result.text;
         EXPECT_GT(result.tokenTimings->back().endTime, result.duration - Seconds(3)) << samples;
     }
-}
-
-TEST(Chunking, TenMinutesKeepEveryWordAndItsTime)
-{
-    std::string log;
-    AsrManager manager({}, [&](const std::string& line) { log += line + "\n"; });
-    manager.initialize(loadMicro());
-    const std::vector<float> speech = paddedToFrames(recording("long-02.flac"));
-    const auto once = words(transcribe(manager, speech).text);
-    std::vector<float> samples;
-    std::vector<std::string> expected;
-    while (samples.size() < 600 * samplesPerSecond) {
-        append(samples, speech);
-        expected.insert(expected.end(), once.begin(), once.end());
-    }
-    std::vector<float> progress;
-    AsrManager::Options options;
-    options.onProgress = [&](float fraction) {
-        progress.push_back(fraction);
-    };
-    const ASRResult result = transcribe(manager, samples, options);
-    EXPECT_LE(lostOrDoubled(expected, words(result.text)), expected.size() / 100);
-    EXPECT_NE(log.find("ChunkProcessor using worker pool of size 4\n"), std::string::npos) << log;
-    EXPECT_NE(log.find("Found exact suffix-prefix overlap of length "), std::string::npos);
-    EXPECT_TRUE(std::ranges::is_sorted(progress));
-    EXPECT_FLOAT_EQ(progress.back(), 1.0F);
-    // Each round begins with "My", a period after the last one's; only the first is heard at the window's very edge.
-    const double period = static_cast<double>(speech.size()) / samplesPerSecond;
-    std::size_t rounds = 0;
-    double previous = 0;
-    for (std::size_t i = 0; i + 1 < result.tokenTimings->size(); ++i) {
-        const TokenTiming& timing = (*result.tokenTimings)[i];
-        if (timing.token == "\u2581M" && (*result.tokenTimings)[i + 1].token == "y") {
-            if (rounds > 1) {
-                EXPECT_NEAR(timing.startTime.count() - previous, period, 0.2);
-            }
-            previous = timing.startTime.count();
-            ++rounds;
-        }
-    }
-    EXPECT_EQ(rounds, expected.size() / once.size());
 }
 
 TEST(Chunking, TheSeamLeavesOutNoWordAndTakesNoneTwice)

@@ -1,6 +1,5 @@
 #include "vantro/audio/TapConverter.h"
 
-#include "base/SampleFormat.h"
 #include "vantro/audio/SampleCollector.h"
 
 #include <gtest/gtest.h>
@@ -97,27 +96,4 @@ TEST(TapConverter, IsNotMadeForAFormatWithoutSound)
                                      AudioFormat{std::numeric_limits<double>::quiet_NaN(), 1},
                                      AudioFormat{std::numeric_limits<double>::infinity(), 1}})
         EXPECT_EQ(TapConverter::create(format), nullptr) << format.sampleRateHz << " Hz, " << format.channelCount;
-}
-
-TEST(SampleCollector, StopsAtTenMinutesWithoutCuttingTheBlockThatReachesThem)
-{
-    SampleCollector collector;
-    const std::vector<float> block(342, 0.1F);
-    collector.append(std::vector<float>(maximumSampleCount - 1, 0.0F));
-    collector.append(block);
-    EXPECT_EQ(collector.sampleCount(), maximumSampleCount - 1 + block.size());
-    EXPECT_FALSE(collector.overflowed());
-    collector.append(block);
-    EXPECT_EQ(collector.sampleCount(), maximumSampleCount - 1 + block.size());
-    EXPECT_TRUE(collector.overflowed());
-
-    EXPECT_EQ(collector.takeSamples().back(), 0.1F);
-    EXPECT_EQ(collector.sampleCount(), 0U);
-    collector.clear();
-    EXPECT_FALSE(collector.overflowed());
-
-    collector.append(std::vector<float>(maximumSampleCount, 0.0F));
-    EXPECT_FALSE(collector.overflowed());
-    collector.append(block);
-    EXPECT_TRUE(collector.overflowed());
 }

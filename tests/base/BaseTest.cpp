@@ -2,7 +2,6 @@
 #include "base/NotificationCenter.h"
 #include "base/SerialExecutor.h"
 #include "base/Settings.h"
-#include "base/testing/ManualClock.h"
 
 #include <QEventLoop>
 #include <QFile>
@@ -185,23 +184,4 @@ TEST(UserDefaults, AFileThatCannotBeUsedIsKeptAsideAndNeverOverwritten)
     EXPECT_EQ(defaults.keptAside()->reason, KeptAside::Reason::newer);
     EXPECT_FALSE(defaults.contains(QStringLiteral("settingsVersion")));
     EXPECT_TRUE(contents(defaults.keptAside()->file).contains("99"));
-}
-
-TEST(ManualClock, RunsWhatFallsDueInOrderOfTime)
-{
-    doubles::ManualClock clock;
-    std::vector<int> order;
-    QObject context;
-    auto gone = std::make_unique<QObject>();
-    clock.callAfter(300ms, &context, [&] { order.push_back(3); });
-    clock.callAfter(100ms, &context, [&] {
-        order.push_back(1);
-        clock.callAfter(100ms, &context, [&] { order.push_back(2); });
-    });
-    clock.callAfter(150ms, gone.get(), [&] { order.push_back(-1); });
-    gone.reset();
-    clock.advance(299ms);
-    EXPECT_EQ(order, (std::vector{1, 2}));
-    clock.advance(1ms);
-    EXPECT_EQ(order, (std::vector{1, 2, 3}));
 }

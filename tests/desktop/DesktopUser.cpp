@@ -23,9 +23,6 @@ namespace {
 
 constexpr int limitMs = 10'000;
 constexpr int pollMs = 2;
-// The X server's own.
-constexpr std::chrono::milliseconds usualRepeatDelay{500};
-constexpr std::chrono::milliseconds usualRepeatInterval{33};
 
 } // namespace
 
@@ -92,7 +89,6 @@ DesktopUser::~DesktopUser()
         state_->key(key, false);
     XkbLockModifiers(state_->display, XkbUseCoreKbd, 0xff, 0);
     setLayout(QStringLiteral("us"));
-    setAutoRepeat(usualRepeatDelay, usualRepeatInterval);
     XCloseDevice(state_->display, state_->keyboard);
     XCloseDisplay(state_->display);
 }
@@ -131,13 +127,6 @@ void DesktopUser::setLayout(const QString& layouts, unsigned group)
         throw std::runtime_error("setxkbmap failed");
     state_->layouts = layouts;
     XkbLockGroup(state_->display, XkbUseCoreKbd, group);
-    XSync(state_->display, False);
-}
-
-void DesktopUser::setAutoRepeat(std::chrono::milliseconds delay, std::chrono::milliseconds interval)
-{
-    XkbSetAutoRepeatRate(state_->display, XkbUseCoreKbd, static_cast<unsigned>(delay.count()),
-                         static_cast<unsigned>(interval.count()));
     XSync(state_->display, False);
 }
 

@@ -2,7 +2,6 @@
 
 #include <QString>
 
-#include <chrono>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -50,8 +49,6 @@ public:
 
     /// Loads keyboard layouts ("us", "us,ru") and makes the one numbered @p group the active one.
     void setLayout(const QString& layouts, unsigned group = 0);
-    /// How long a key is held until it repeats, and how fast it does then, until the user object goes.
-    void setAutoRepeat(std::chrono::milliseconds delay, std::chrono::milliseconds interval);
     /// Makes a sticky Shift, as the accessibility feature does.
     void lockShift(bool on);
 

@@ -1,9 +1,7 @@
 #!/usr/bin/python3
 """Fresh profiles: the real model comes from a local mirror by the real downloader, is adopted, and is dictated with."""
 
-import os
 import shutil
-import signal
 import subprocess
 import sys
 import tempfile
@@ -21,7 +19,6 @@ SIZE = 77_704_715
 FORTY_PERCENT = SIZE * 4 // 10
 READ_AHEAD = 8 * 1024 * 1024  # what may be under way when a connection ends
 WINDOW_TITLE = "Speech model"
-INTERRUPTED = 130
 
 
 class ModelsTest(DictationCase):
@@ -91,20 +88,6 @@ class ModelsTest(DictationCase):
         result = self.download()
         self.assertEqual(result.returncode, 0, result.stderr)
         self.assertEqual(result.stdout.strip(), str(self.file))
-        self.check_adopted_and_dictate()
-
-    def test_so_is_one_whose_download_was_interrupted_at_forty_percent(self):
-        self.pause_at_forty_percent()
-        download = self.desktop.start(self.vantro.program, "models", "download", MODEL, "--model-host",
-                                      self.server.url)
-        self.wait_for_forty_percent()
-        os.kill(download.pid, signal.SIGINT)
-        download.expect_exit(INTERRUPTED)
-        self.server.resume.set()
-        self.assertEqual(self.part.stat().st_size, FORTY_PERCENT)
-        result = self.download()
-        self.assertEqual(result.returncode, 0, result.stderr)
-        self.check_that_only_the_rest_was_fetched()
         self.check_adopted_and_dictate()
 
     def test_the_window_at_the_start_goes_on_where_a_killed_program_was(self):

@@ -74,16 +74,6 @@ class ModesTest(DictationCase):
         system = json.loads(self.server.requests[0]["body"])["messages"][0]["content"]
         self.assertTrue(system.startswith(PROMPT), system)
 
-    def test_a_failure_of_the_model_keeps_the_transcript(self):
-        self.server.answer = Answer(status=503)
-        with self.delivers_nothing():
-            self.dictate_in("2", CHILD)
-            self.dismiss_alert_saying("API error (503): Unknown error")
-            self.wait_until_over()
-        row, = self.history()
-        self.assertEqual((row["processingMode"], words(row["transcription"]), row["formatted"]),
-                         ("Custom", CHILD_WORDS, ""))
-
     def test_notes_are_filed_and_summarized_and_not_pasted(self):
         self.server.answer = Answer.chat(SUMMARY)
         with self.delivers_nothing():

@@ -39,7 +39,7 @@ class PoorDesktopTest(ShellCase):
             with self.subTest(kind):
                 second = self.vantro.run(env=env)
                 self.assertEqual(second.returncode, 0, second.stderr)
-                self.assertIn(f"running already (process {first.pid} on display {self.desktop.env['DISPLAY']})",
+                self.assertIn(f"already running (process {first.pid} on display {self.desktop.env['DISPLAY']})",
                               second.stdout)
                 self.close(SETTINGS_TITLE)
 

@@ -6,7 +6,6 @@ import re
 import time
 import unittest
 from contextlib import ExitStack
-from pathlib import Path
 
 from dictationcase import CHILD, CHILD_WORDS, FORMER, SHORTCUT_KEYS, STOP_KEY, DictationCase, main, words
 
@@ -122,12 +121,6 @@ class ShortcutsTest(DictationCase):
             self.speak(CHILD)
             self.desktop.press(STOP_KEY)
             self.assertEqual(words(self.wait_for_text()), CHILD_WORDS)
-
-    def test_the_threads_bear_their_own_names(self):
-        process = Path("/proc") / str(self.vantro.process.pid)
-        names = [(task / "comm").read_text().strip() for task in (process / "task").iterdir()]
-        self.assertEqual((process / "comm").read_text().strip(), "vantro")
-        self.assertIn("vantro-audio", names)
 
 
 class LostDisplayTest(DictationCase):

@@ -2,7 +2,6 @@
 """The program meets a system that is not as it should be: a taken hot key, a damaged model. And it rests at rest."""
 
 import time
-import unittest
 
 from dictationcase import CHILD, CHILD_WORDS, SHORTCUT_KEYS, STOP_KEY, DictationCase, main, words
 

@@ -14,7 +14,7 @@ from dictationcase import CHILD, CHILD_WORDS, ROOT, TABLE, TABLE_WORDS, main, pr
 # Of sndfile.h.
 _READ, _WRITE = 0x10, 0x20
 _FORMATS = {"wav": 0x010002, "flac": 0x170002, "ogg": 0x200060, "mp3": 0x230082}
-DONE, _, USAGE, UNREADABLE, NO_MODEL = range(5)
+DONE, UNREADABLE, NO_MODEL = 0, 3, 4
 
 
 class _Info(ctypes.Structure):
@@ -90,12 +90,6 @@ class TranscribeTest(unittest.TestCase):
             self.assertEqual(result.returncode, UNREADABLE)
             self.assertIn(str(bad), result.stderr.decode())
             self.assertEqual(words(result.stdout.decode()), CHILD_WORDS)
-
-    def test_wrong_usage(self):
-        for arguments in ((), ("--no-such-option", CHILD), ("--model",)):
-            result = self.transcribe(*arguments)
-            self.assertEqual((result.returncode, result.stdout), (USAGE, b""))
-            self.assertIn(b"--help", result.stderr)
 
     def test_a_model_that_cannot_be_used_is_told_from_other_failures(self):
         cut = self.folder / "cut.bin"

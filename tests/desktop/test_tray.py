@@ -3,14 +3,13 @@
 
 import os
 import re
-import unittest
 from pathlib import Path
 
-from dictationcase import CHILD, CHILD_WORDS, STOP_KEY, DesktopError, DictationCase, main, words
+from dictationcase import CHILD, CHILD_WORDS, STOP_KEY, DesktopError, main, words
+from shellcase import SETTINGS_TITLE, ShellCase
 
 from notifier import WATCHER, find_item
 
-SETTINGS_TITLE = "vantro settings"
 TRAY_HEIGHT = 24
 ENTRIES = ["Dictate", "History", "Settings", "Models", "Check for Updates", "Report an Error", "Send Feedback",
            "About vantro", "Quit"]
@@ -19,7 +18,7 @@ printf '%s\\n' "$1" >> "$HOME/opened.txt"
 """
 
 
-class StatusNotifierTest(DictationCase):
+class StatusNotifierTest(ShellCase):
     @classmethod
     def prepare_profile(cls):
         super().prepare_profile()
@@ -33,14 +32,6 @@ class StatusNotifierTest(DictationCase):
     def find_icon(self):
         return self.wait(lambda: find_item(self.desktop), 10, "the icon")
 
-    def settings(self):
-        return self.wait(lambda: self.vantro.window(SETTINGS_TITLE), 10, "the settings window")
-
-    def close(self, window):
-        self.desktop.activate(window)
-        self.desktop.press("Escape")
-        self.wait(lambda: not self.vantro.window(window.title), 5, "the window to close")
-
     def test_a_tray_that_comes_after_the_program_gets_the_icon_and_gets_it_again_after_a_crash(self):
         watcher = self.desktop.start(*WATCHER)
         icon = self.find_icon()
@@ -50,7 +41,7 @@ class StatusNotifierTest(DictationCase):
         watcher = self.desktop.start(*WATCHER)
         self.addCleanup(watcher.stop)
         self.find_icon().choose("Settings")
-        self.close(self.settings())
+        self.close(SETTINGS_TITLE)
 
     def test_the_menu_dictates_opens_windows_and_writes_mails(self):
         watcher = self.desktop.start(*WATCHER)
@@ -67,7 +58,7 @@ class StatusNotifierTest(DictationCase):
 
         for entry in ("Models", "About vantro"):
             icon.choose(entry)
-            self.close(self.settings())
+            self.close(SETTINGS_TITLE)
 
         for entry in ("Report an Error", "Send Feedback"):
             icon.choose(entry)
@@ -88,7 +79,7 @@ class StatusNotifierTest(DictationCase):
         self.restart()
 
 
-class EmbeddingTrayTest(DictationCase):
+class EmbeddingTrayTest(ShellCase):
     def start_tray(self):
         tray = self.desktop.start("trayer", "--widthtype", "request", "--height", str(TRAY_HEIGHT))
         self.addCleanup(tray.stop)
@@ -121,10 +112,7 @@ class EmbeddingTrayTest(DictationCase):
     def check_icon(self):
         x, y = self.settled_icon()
         self.desktop.run("xdotool", "mousemove", str(x), str(y), "click", "1")
-        settings = self.wait(lambda: self.vantro.window(SETTINGS_TITLE), 10, "the settings window")
-        self.desktop.activate(settings)
-        self.desktop.press("Escape")
-        self.wait(lambda: not self.vantro.window(SETTINGS_TITLE), 5, "the window to close")
+        self.close(SETTINGS_TITLE)
 
     def test_an_old_tray_that_comes_later_gets_the_icon_and_gets_it_again_after_a_crash(self):
         self.assertIsNone(self.icon())

@@ -6,8 +6,7 @@
 #include "vantro/models/ModelDownloadError.h"
 #include "vantro/models/ModelHost.h"
 #include "vantro/models/testing/FakeSpeechEngine.h"
-#include "vantro/text/VocabularySettings.h"
-#include "vantro/whisper/WhisperTranscriptionProvider.h"
+#include "vantro/whisper/WhisperModelFiles.h"
 
 #include <QCoreApplication>
 #include <QCryptographicHash>
@@ -164,31 +163,6 @@ TEST_F(Download, APartIsSafeFromTheCheckThatRemovesWrongFiles)
     EXPECT_EQ(partBytes(), middle);
 }
 
-TEST_F(Download, TheInterfaceShowsARealDownloadToItsEnd)
-{
-    serve();
-    FileDownloader files;
-    UserDefaults defaults(folder.filePath(QStringLiteral("vantro.ini")));
-    const VocabularySettings vocabulary(defaults);
-    WhisperInProcessEngine engine;
-    WhisperTranscriptionProvider provider(engine, store, files, defaults, vocabulary);
-    const SpeechEngines engines({&provider});
-    const ModelCatalogue catalogue;
-    ModelDownloader downloader(catalogue, engines);
-    QList<float> shown;
-    QObject::connect(&downloader, &ModelDownloader::progressChanged, &downloader,
-                     [&] { shown << downloader.progress(); });
-    std::optional<bool> isReady;
-    auto task = downloader.download(model).then([&isReady](bool ready) { isReady = ready; });
-    EXPECT_TRUE(downloader.isRunning());
-    ASSERT_TRUE(waitFor([&] { return isReady.has_value(); }));
-    EXPECT_TRUE(*isReady);
-    EXPECT_EQ(downloader.progress(), 1.0F);
-    EXPECT_EQ(downloader.statusText(), std::nullopt);
-    EXPECT_TRUE(std::ranges::is_sorted(shown));
-    EXPECT_TRUE(QFile::exists(store.ownFile(model) + QStringLiteral(".verified")));
-}
-
 TEST(ModelDownloader, PublishesOncePerPercentOnTheMainThread)
 {
     doubles::FakeSpeechEngine provider;
@@ -213,11 +187,6 @@ TEST(ModelDownloader, PublishesOncePerPercentOnTheMainThread)
     ASSERT_TRUE(waitFor([&] { return isReady.has_value(); }));
     EXPECT_LE(published, 102) << "0 to 100, and the end";
     EXPECT_GE(published, 2);
-
-    ModelDownloader::PublishGate gate;
-    EXPECT_TRUE(gate.opensFor(0.505F));
-    EXPECT_FALSE(gate.opensFor(0.509F));
-    EXPECT_TRUE(gate.opensFor(0.51F));
 }
 
 TEST(ModelDownloader, LeavesTheReasonOfAFailureToBeRead)

@@ -58,19 +58,6 @@ TEST_F(MigrationManagerTest, TrimsThenDeletesWhatIsEmptyAndNeverAgain)
     EXPECT_EQ(rows().size(), 3U);
 }
 
-TEST_F(MigrationManagerTest, FindsNothingInACleanHistory)
-{
-    insert(QStringLiteral("clean"), QStringLiteral(""));
-    EXPECT_EQ(launch(store), "Running transcription trim migration...\n"
-                             "Found 1 transcriptions to process\n"
-                             "No transcriptions needed trimming\n"
-                             "Transcription trim migration completed\n"
-                             "Running empty transcription deletion migration...\n"
-                             "Found 0 empty transcriptions to delete\n"
-                             "No empty transcriptions found\n"
-                             "Empty transcription deletion migration completed\n");
-}
-
 TEST_F(MigrationManagerTest, AFailedRepairIsPrintedAndNotTriedAgain)
 {
     insert(QStringLiteral(" word"), {});

@@ -130,16 +130,6 @@ TEST_F(StoreFileTest, WhatIsNotUnderstoodIsReportedAndLeftAsItIs)
     refused("foreign", foreign, "another program's database");
 }
 
-TEST_F(StoreFileTest, AFolderThatCannotBeMadeAndADirectoryInItsPlaceAreReported)
-{
-    write(folder.filePath(QStringLiteral("file")), "x");
-    EXPECT_TRUE(loadFailure(folder.filePath(QStringLiteral("file/deep/MainModel.sqlite")))
-                    .contains(QStringLiteral("cannot be created")));
-    const QString taken = anotherPath("taken");
-    ASSERT_TRUE(QDir().mkpath(taken));
-    EXPECT_TRUE(loadFailure(taken).startsWith(QStringLiteral("Failed to load persistent stores: ")));
-}
-
 TEST_F(StoreFileTest, ALockIsWaitedForAndThenNamed)
 {
     store.saveTranscription(QStringLiteral("before"), {}, ProcessingMode::Normal);

@@ -85,31 +85,3 @@ TEST_F(TranscriptionTest, KeepTheirOrderWhenTheyShareAMillisecondOrTheClockIsSet
         ASSERT_EQ(all[static_cast<std::size_t>(i)].transcription, QString::number(1'499 - i));
     EXPECT_EQ(all.back().transcription, QStringLiteral("an hour earlier"));
 }
-
-TEST_F(TranscriptionTest, CanBeNamedByTheBeginningOfItsIdentity)
-{
-    std::vector<QUuid> ids;
-    for (int i = 0; i < 40; ++i)
-        ids.push_back(store.saveTranscription(QStringLiteral("x"), ProcessingMode::Email));
-    for (const QUuid& id : ids)
-        EXPECT_EQ(store.transcriptionIDs(id.toString(QUuid::WithoutBraces).left(13).toUpper(), 2), std::vector{id});
-    EXPECT_EQ(store.transcriptionIDs(QString(), 7).size(), 7U);
-    EXPECT_TRUE(store.transcriptionIDs(QStringLiteral("%"), 2).empty());
-}
-
-TEST_F(TranscriptionTest, AreFilteredByModeAndDate)
-{
-    for (const ProcessingMode mode : allProcessingModes) {
-        store.saveTranscription(rawValue(mode), QStringLiteral("same"), mode);
-        clock.advance(1h);
-    }
-    HistoryFilter filter;
-    filter.since = clock.wallClock().addSecs(-3 * 3600);
-    EXPECT_EQ(rows(filter).size(), 3U);
-    filter.mode = ProcessingMode::Custom;
-    filter.search = QStringLiteral("SAME");
-    ASSERT_EQ(rows(filter).size(), 1U);
-    EXPECT_EQ(rows(filter).front().transcription, QStringLiteral("Custom"));
-    filter.mode = ProcessingMode::Email;
-    EXPECT_TRUE(rows(filter).empty()) << "too old";
-}

@@ -231,13 +231,6 @@ class StoreTest(HistoryCase):
         self.assertEqual(self.file.read_bytes(), before)
         self.assertEqual([path.name for path in self.folder.iterdir()], [self.file.name])
 
-    def test_a_newer_history_is_left_to_the_newer_program(self):
-        self.install()
-        self.edit("PRAGMA user_version = 7")
-        before = self.file.read_bytes()
-        self.check_refused(self.run_vantro("history"), "newer version of vantro (schema 7")
-        self.assertEqual(self.file.read_bytes(), before)
-
     @unittest.skipUnless(can_mount(), "file systems cannot be mounted here")
     def test_a_read_only_disk_is_told(self):
         self.install()

@@ -10,8 +10,6 @@
 #include <QUrlQuery>
 
 #include <gtest/gtest.h>
-#include <sys/utsname.h>
-#include <unistd.h>
 
 using namespace vantro;
 
@@ -67,17 +65,6 @@ TEST(SupportMail, ErrorReportReachesAMailProgramWhole)
         << body.toStdString();
 }
 
-TEST(SupportMail, UnknownVersionIsSaidToBeUnknown)
-{
-    EXPECT_TRUE(mail::systemInformation({}, Machine()).startsWith(QStringLiteral("App Version: Unknown\n")));
-}
-
-TEST(SupportMail, FeedbackHasASubjectAndNoBody)
-{
-    EXPECT_EQ(mail::feedbackUrl(QStringLiteral("hello@example.org")),
-              QStringLiteral("mailto:hello@example.org?subject=vantro%20feedback"));
-}
-
 TEST(SupportMail, MemoryIsCountedInMultiplesOf1024)
 {
     EXPECT_EQ(mail::memorySize(0), QStringLiteral("0 bytes"));
@@ -85,17 +72,6 @@ TEST(SupportMail, MemoryIsCountedInMultiplesOf1024)
     EXPECT_EQ(mail::memorySize(1536ULL << 20), QStringLiteral("1.5 GB"));
     EXPECT_EQ(mail::memorySize(25'165'824ULL * 1024 - 512ULL * 1024 * 1024), QStringLiteral("23.5 GB"));
     EXPECT_EQ(mail::memorySize(2ULL << 40), QStringLiteral("2 TB"));
-}
-
-TEST(ProcSystemInfoTest, TellsTheRunningSystem)
-{
-    const ProcSystemInfo system;
-    utsname name{};
-    ASSERT_EQ(uname(&name), 0);
-    EXPECT_TRUE(
-        system.operatingSystemVersion().endsWith(QStringLiteral("kernel ") + QString::fromLatin1(name.release)));
-    const auto pages = static_cast<quint64>(sysconf(_SC_PHYS_PAGES)) * static_cast<quint64>(sysconf(_SC_PAGESIZE));
-    EXPECT_EQ(system.physicalMemoryBytes(), pages);
 }
 
 TEST_F(SystemFolder, IsReadAsItsFilesAreWritten)

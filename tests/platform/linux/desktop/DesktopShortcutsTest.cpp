@@ -1,5 +1,4 @@
 #include "platform/KeyCode.h"
-#include "platform/linux/desktop/KeyNames.h"
 #include "platform/linux/desktop/LinuxDesktopShortcuts.h"
 
 #include <QDir>
@@ -30,11 +29,6 @@ bool isReserved(const char* shortcut)
 {
     const auto keys = parseShortcut(QString::fromUtf8(shortcut)).value();
     return LinuxDesktopShortcuts().reservedFor(keys.keyCode, keys.modifiers).has_value();
-}
-
-std::string text(const std::optional<ParsedShortcut>& parsed)
-{
-    return parsed ? shortcutText(parsed->keyCode, parsed->modifiers).toStdString() : "nothing";
 }
 
 class DesktopShortcutsTest : public ::testing::Test
@@ -128,22 +122,6 @@ constexpr char gnomeSchemas[] = R"(<?xml version="1.0" encoding="UTF-8"?>
 </schemalist>)";
 
 } // namespace
-
-TEST(KeyNames, AreReadAsTheDesktopsWriteThem)
-{
-    EXPECT_EQ(text(parseGtkAccelerator(QStringLiteral("<Primary><Alt>T"))), "Ctrl+Alt+T");
-    EXPECT_EQ(text(parseGtkAccelerator(QStringLiteral("<Shift><Super>space"))), "Shift+Super+Space");
-    EXPECT_EQ(text(parseGtkAccelerator(QStringLiteral("<Ctrl>Page_Up"))), "Ctrl+PageUp");
-    EXPECT_EQ(text(parseGtkAccelerator(QStringLiteral("XF86AudioRaiseVolume"))), "VolumeUp");
-    EXPECT_EQ(text(parseQtSequence(QStringLiteral("Meta+Ctrl+Alt+F5"))), "Ctrl+Alt+Super+F5");
-    EXPECT_EQ(text(parseQtSequence(QStringLiteral("Meta++"))),
-              text(parseGtkAccelerator(QStringLiteral("<Super>plus"))));
-    EXPECT_EQ(text(parseQtSequence(QStringLiteral("Microphone Mute"))), "MicrophoneMute");
-    for (const char* const none : {"", "disabled", "<Super>", "<Hyper>a", "<Primary", "NoSuchKey"})
-        EXPECT_EQ(text(parseGtkAccelerator(QString::fromLatin1(none))), "nothing") << none;
-    for (const char* const none : {"", "none", "Ctrl+X, Ctrl+C"})
-        EXPECT_EQ(text(parseQtSequence(QString::fromLatin1(none))), "nothing") << none;
-}
 
 TEST_F(DesktopShortcutsTest, OnXfceTheUsersSideReplacesTheDefaultsOnlyWhereItSaysSo)
 {

@@ -83,70 +83,11 @@ protected:
         ASSERT_TRUE(QTest::qWaitFor([&] { return player->hasEnded(); }, RecordingRig::patienceMs));
     }
 
-    /// Whether every sample of @p sound is in the recording, which may hold another sound too.
-    [[nodiscard]] static bool isWhole(const std::vector<float>& sound, const std::vector<float>& recording)
-    {
-        return std::ranges::any_of(compare(recording, sound).stretches,
-                                   [&](const Stretch& stretch) { return stretch.length == sound.size(); });
-    }
-
     PulseServer server;
     std::optional<RecordingRig> rig;
 };
 
 } // namespace
-
-TEST_F(PulseHotplug, AHeadsetSwitchedOnWhileIdleIsRecordedNextWhenItRanksFirst)
-{
-    rankFirst(headset, table);
-    ASSERT_TRUE(rig->start()) << rig->error;
-    EXPECT_THAT(recorded(), ElementsAre(table));
-    rig->recorder.cancelRecording();
-
-    server.addMicrophone(headset, speech);
-    ASSERT_TRUE(knows({table, headset}));
-    ASSERT_TRUE(rig->start()) << rig->error;
-    EXPECT_THAT(recorded(), ElementsAre(headset));
-    const std::vector<float> sound = noise(second, 1);
-    speak(sound, headset);
-    const Comparison comparison = compare(rig->stop(), sound);
-    EXPECT_EQ(comparison.recordedCount(), sound.size());
-    EXPECT_EQ(comparison.foreignCount, 0U);
-
-    rankFirst(table, headset);
-    ASSERT_TRUE(rig->start()) << rig->error;
-    EXPECT_THAT(recorded(), ElementsAre(table)) << "the new order counts at once";
-}
-
-TEST_F(PulseHotplug, AHeadsetSwitchedOffInTheMiddleCostsNoEarlierSampleAndTheNextInTheOrderTakesOver)
-{
-    server.addMicrophone(headset, speech);
-    ASSERT_TRUE(knows({table, headset}));
-    rankFirst(headset, table);
-    ASSERT_TRUE(rig->start()) << rig->error;
-    const std::vector<float> before = noise(second, 1);
-    speak(before, headset);
-    server.removeMicrophone(headset);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return recorded() == std::vector<QString>{table}; }, RecordingRig::patienceMs));
-    const std::vector<float> after = noise(second, 2);
-    speak(after, table);
-    const std::vector<float> samples = rig->stop();
-    EXPECT_TRUE(isWhole(before, samples));
-    EXPECT_TRUE(isWhole(after, samples));
-    EXPECT_THAT(rig->lost, IsEmpty());
-}
-
-TEST_F(PulseHotplug, AMicrophoneUnpluggedDuringTheDrainCostsNothingThatWasSaidBefore)
-{
-    ASSERT_TRUE(rig->start()) << rig->error;
-    const std::vector<float> sound = noise(second, 1);
-    speak(sound, table);
-    ASSERT_TRUE(rig->hears(1));
-    rig->recorder.stopRecording();
-    server.removeMicrophone(table);
-    EXPECT_EQ(compare(rig->stop(), sound).recordedCount(), sound.size());
-    EXPECT_THAT(rig->lost, IsEmpty()) << "it was over already";
-}
 
 TEST_F(PulseHotplug, AMicrophoneUnpluggedRightBeforeTheStartIsReplacedByAnother)
 {

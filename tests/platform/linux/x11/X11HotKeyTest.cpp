@@ -128,26 +128,6 @@ TEST_F(X11HotKeyTest, AHeldKeyDoesNotRepeat)
         << "Space must type a space again";
 }
 
-TEST_F(X11HotKeyTest, AKeyHeldForAMinuteIsOnePress)
-{
-    // As many repetitions as in a minute at the usual 25 a second.
-    constexpr std::chrono::milliseconds delay{10};
-    constexpr std::chrono::milliseconds interval{1};
-    constexpr int repetitions = 1500;
-    user_->setAutoRepeat(delay, interval);
-    manager_->registerHotKey(1, keyD, ctrlAlt);
-    for (const unsigned place : ctrlAltD)
-        user_->press(place);
-    QElapsedTimer held;
-    held.start();
-    EXPECT_TRUE(eventually([&] { return held.elapsed() > (delay + repetitions * interval).count(); }));
-    EXPECT_THAT(seen_, ElementsAre(std::pair(Seen::Pressed, 1U)));
-    for (const unsigned place : ctrlAltD)
-        user_->release(place);
-    EXPECT_TRUE(eventually([&] { return seen_.size() > 1; }));
-    EXPECT_THAT(seen_, ElementsAre(std::pair(Seen::Pressed, 1U), std::pair(Seen::Released, 1U)));
-}
-
 TEST_F(X11HotKeyTest, MediaKeysAndFunctionKeysNeedNoModifier)
 {
     constexpr unsigned placeF9 = 75;

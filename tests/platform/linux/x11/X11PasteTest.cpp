@@ -1,6 +1,5 @@
 #include "platform/linux/x11/X11KeyEventPoster.h"
 #include "platform/linux/x11/X11Pasteboard.h"
-#include "platform/linux/x11/X11Permissions.h"
 #include "tests/desktop/X11Session.h"
 
 #include <QElapsedTimer>
@@ -172,9 +171,4 @@ TEST_F(X11PasteTest, SeesOrdinaryKeysThatAreDown)
     user_->release(Place::d);
     user_->release(Place::leftShift);
     EXPECT_FALSE(poster_->isOrdinaryKeyDown());
-}
-
-TEST_F(X11PasteTest, IsAllowedWhereTheServerHasXTest)
-{
-    EXPECT_TRUE(X11Permissions(*connection_, [] { return true; }).trustedForAccessibility());
 }

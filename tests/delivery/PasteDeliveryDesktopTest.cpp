@@ -95,44 +95,6 @@ protected:
 
 } // namespace
 
-TEST_F(PasteDeliveryDesktopTest, TheWordsAppearWhereTheUserWasAndTheClipboardIsAsBefore)
-{
-    const auto elsewhere = TargetProgram::qtEditor(*workspace_);
-    const auto editor = TargetProgram::qtEditor(*workspace_);
-    openLauncher();
-    EXPECT_EQ(closeLauncherAndDeliver(), Outcome::Pasted);
-    EXPECT_TRUE(eventually([&] { return editor->text() == words; }));
-    EXPECT_TRUE(eventually([] { return clipboardElsewhere() == former; }));
-    EXPECT_EQ(elsewhere->text(), QString());
-}
-
-TEST_F(PasteDeliveryDesktopTest, TheWordsAppearInXtermAndTheHighlightedTextIsKept)
-{
-    const auto terminal = TargetProgram::xterm(*workspace_);
-    otherPasteboard_->setString(Selection::Primary, QStringLiteral("highlighted"));
-    openLauncher();
-    EXPECT_EQ(closeLauncherAndDeliver(), Outcome::Pasted);
-    EXPECT_TRUE(eventually([&] { return terminal->text() == words; }));
-    EXPECT_TRUE(eventually([&] {
-        return otherPasteboard_->string(Selection::Primary) == QStringLiteral("highlighted") &&
-               otherPasteboard_->string(Selection::Clipboard) == former;
-    }));
-}
-
-TEST_F(PasteDeliveryDesktopTest, NothingIsTypedIntoAnotherWindowWhenTheTargetIsGone)
-{
-    const auto elsewhere = TargetProgram::qtEditor(*workspace_);
-    auto editor = TargetProgram::qtEditor(*workspace_);
-    openLauncher();
-    editor.reset();
-    EXPECT_EQ(closeLauncherAndDeliver(), Outcome::TargetGone);
-    EXPECT_TRUE(eventually([&] { return workspace_->hasInputFocus(elsewhere->window()); }));
-    EXPECT_EQ(clipboardElsewhere(), words);
-    // The user does as he is told.
-    user_->chord({Place::leftControl, Place::v});
-    EXPECT_TRUE(eventually([&] { return elsewhere->text() == words; })) << "it must have come once, by the user's hand";
-}
-
 TEST_F(PasteDeliveryDesktopTest, ABusyTargetGetsTheWordsAlthoughAClipboardManagerWasFaster)
 {
     const auto editor = TargetProgram::qtEditor(*workspace_);
