@@ -20,13 +20,7 @@ EngineSession::~EngineSession()
 
 void EngineSession::observeConfiguration(QObject* context, std::function<void()> changed)
 {
-    configurationObserver_ =
-        QObject::connect(engine_.get(), &AudioEngine::configurationChanged, context, std::move(changed));
-}
-
-void EngineSession::stopObserving()
-{
-    QObject::disconnect(configurationObserver_);
+    QObject::connect(engine_.get(), &AudioEngine::configurationChanged, context, std::move(changed));
 }
 
 void EngineSession::start(AudioFormat format, std::shared_ptr<SampleCollector> collector)
@@ -44,7 +38,6 @@ void EngineSession::tearDown(SampleCollector* drainInto)
         return;
     engine_->stop();
     engine_->removeTap();
-    stopObserving();
     // The session may outlive the resources that the engine uses.
     engine_.reset();
     if (drainInto != nullptr)

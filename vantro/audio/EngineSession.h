@@ -26,9 +26,8 @@ public:
     EngineSession(const EngineSession&) = delete;
     EngineSession& operator=(const EngineSession&) = delete;
 
-    /// Calls @p changed on the main thread whenever the engine's configuration changes.
+    /// Calls @p changed on the main thread whenever the engine's configuration changes, until tearDown().
     void observeConfiguration(QObject* context, std::function<void()> changed);
-    void stopObserving();
 
     /// Captures in @p format into @p collector. Throws AudioEngineError.
     void start(AudioFormat format, std::shared_ptr<SampleCollector> collector);
@@ -44,7 +43,6 @@ private:
     std::unique_ptr<TapConverter> converter_;
     AmplitudeSmoother smoother_;
     std::unique_ptr<AudioEngine> engine_;
-    QMetaObject::Connection configurationObserver_;
     bool awaitingOwnConfigChange_;
 };
 

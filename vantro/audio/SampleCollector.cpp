@@ -28,13 +28,6 @@ std::vector<float> SampleCollector::takeSamples()
     return std::exchange(samples_, {});
 }
 
-void SampleCollector::clear()
-{
-    const std::lock_guard guard(lock_);
-    samples_.clear();
-    overflowed_ = false;
-}
-
 std::size_t SampleCollector::sampleCount() const
 {
     const std::lock_guard guard(lock_);

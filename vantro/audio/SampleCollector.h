@@ -19,8 +19,6 @@ public:
     void append(std::span<const float> samples);
     /// Returns all samples and leaves the collector empty.
     [[nodiscard]] std::vector<float> takeSamples();
-    /// Also resets overflowed().
-    void clear();
 
     [[nodiscard]] std::size_t sampleCount() const;
     [[nodiscard]] bool overflowed() const;

@@ -1,5 +1,7 @@
 #include "vantro/audio/WavWriter.h"
 
+#include "base/SampleFormat.h"
+
 #include <QFile>
 #include <QFileInfo>
 
@@ -15,8 +17,6 @@
 namespace vantro {
 
 namespace {
-
-constexpr int sampleRateHz = 16'000;
 
 using Code = WavWriterError::Code;
 
