@@ -67,7 +67,7 @@ inline constexpr Setting<QByteArray> providerConfigurations{"providerConfigurati
 inline constexpr Setting<QString> skippedUpdateVersion{"skippedUpdateVersion", ""};
 
 // State of one-time jobs.
-inline constexpr Setting<bool> providerKeyCleanUpDue{"providerKeyCleanUpDue", false};
+inline constexpr Setting<QByteArray> removedProviderKeys{"removedProviderKeys", ""};
 inline constexpr Setting<bool> selectedModelAdoptedFromCache{"selectedModelAdoptedFromCache", false};
 inline constexpr Setting<bool> selectedModelDefaultedOnce{"selectedModelDefaultedOnce", false};
 inline constexpr Setting<bool> whisperLegacyCacheMigrated{"whisperLegacyCacheMigrated", false};

@@ -117,6 +117,8 @@ TEST_F(Providers, AListThatCannotBeReadIsKeptAsideAndNoKeyIsLost)
         EXPECT_EQ(manager.configurations().size(), 3U) << damaged;
         EXPECT_EQ(defaults.read<QByteArray>(QStringLiteral("providerConfigurations.unreadable")), QByteArray(damaged));
         EXPECT_EQ(stored().size(), 3) << damaged;
+        defaults.remove(QStringLiteral("providerConfigurations.unreadable"));
+        manager.remove(manager.configurations().front().id);
         EXPECT_EQ(failure(manager.cleanUpOrphanedKeys()), std::nullopt);
         EXPECT_EQ(store.secrets.size(), 1U);
     }
@@ -129,7 +131,8 @@ TEST_F(Providers, AKeyStaysWithItsConfigurationAndGoesAfterIt)
     const ProviderConfiguration second = manager.configurations()[1];
     EXPECT_EQ(failure(manager.storeKey(first.id, QStringLiteral("one"))), std::nullopt);
     EXPECT_EQ(failure(manager.storeKey(second.id, QStringLiteral("two"))), std::nullopt);
-    store.secrets[QStringLiteral("somebody else's")] = "three";
+    const auto otherProfiles = QStringLiteral("provider-6F9619FF-8B86-4D01-B42D-00CF4FC964FF");
+    store.secrets[otherProfiles] = "three";
     first.name = QStringLiteral("Renamed");
     first.providerType = RemoteProviderType::Custom;
     manager.update(first);
@@ -144,7 +147,11 @@ TEST_F(Providers, AKeyStaysWithItsConfigurationAndGoesAfterIt)
     EXPECT_EQ(failure(manager.cleanUpWhenPossible()), std::nullopt);
     EXPECT_FALSE(manager.isCleanUpDue());
     EXPECT_EQ(store.secrets.size(), 2U);
+    EXPECT_TRUE(store.secrets.contains(otherProfiles)) << "two profiles share one key store";
     EXPECT_FALSE(store.secrets.contains(second.keychainAccount()));
+    manager.remove(manager.configurations().back().id);
+    EXPECT_EQ(failure(manager.cleanUpOrphanedKeys()), std::nullopt) << "it never had a key";
+    EXPECT_FALSE(manager.isCleanUpDue());
 }
 
 TEST_F(Providers, AKeyThatIsNoTextIsRefusedBothWays)

@@ -12,8 +12,14 @@ namespace vantro {
 
 namespace {
 
-const QString unreadableListKey = setting::providerConfigurations.key + QStringLiteral(".unreadable");
-const auto accountPrefix = QStringLiteral("provider-");
+void storeOrForget(UserDefaults& defaults, const QStringList& accounts)
+{
+    if (accounts.isEmpty())
+        defaults.remove(setting::removedProviderKeys.key);
+    else
+        defaults.set(setting::removedProviderKeys,
+                     QJsonDocument(QJsonArray::fromStringList(accounts)).toJson(QJsonDocument::Compact));
+}
 
 } // namespace
 
@@ -92,7 +98,7 @@ void ProviderConfigurationManager::remove(const QUuid& id)
 {
     if (std::erase_if(configurations_, [&id](const auto& configuration) { return configuration.id == id; }) == 0)
         return;
-    defaults_.set(setting::providerKeyCleanUpDue, true);
+    storeOrForget(defaults_, removedKeys() << keychainAccount(id));
     save();
 }
 
@@ -106,22 +112,40 @@ QCoro::Task<std::optional<QString>> ProviderConfigurationManager::readKey(QUuid 
     co_return co_await keychain_.read(keychainAccount(id));
 }
 
+QStringList ProviderConfigurationManager::removedKeys() const
+{
+    return QJsonDocument::fromJson(defaults_.get(setting::removedProviderKeys)).toVariant().toStringList();
+}
+
+bool ProviderConfigurationManager::isListed(const QString& account) const
+{
+    return std::ranges::any_of(configurations_, [&account](const auto& configuration) {
+        return account.compare(configuration.keychainAccount(), Qt::CaseInsensitive) == 0;
+    });
+}
+
 QCoro::Task<> ProviderConfigurationManager::cleanUpOrphanedKeys()
 {
-    // An unreadable list hides its ids, so its keys stay until the list is repaired or deleted.
-    if (defaults_.contains(unreadableListKey))
-        co_return;
-    const QStringList accounts = co_await keychain_.accounts();
+    const QStringList accounts = removedKeys();
     for (const QString& account : accounts) {
-        const bool isKnown = std::ranges::any_of(configurations_, [&account](const auto& configuration) {
-            return account.compare(configuration.keychainAccount(), Qt::CaseInsensitive) == 0;
-        });
-        if (isKnown || !account.startsWith(accountPrefix))
-            continue;
-        co_await keychain_.remove(account);
-        printLine(QStringLiteral("Cleaned up orphaned API key: ") + account);
+        if (!isListed(account))
+            co_await removeKey(account);
+        QStringList left = removedKeys();
+        left.removeAll(account);
+        storeOrForget(defaults_, left);
     }
-    defaults_.remove(setting::providerKeyCleanUpDue.key);
+}
+
+QCoro::Task<> ProviderConfigurationManager::removeKey(QString account)
+{
+    try {
+        co_await keychain_.remove(account);
+    } catch (const KeychainError& error) {
+        if (error.kind() != KeychainError::Kind::itemNotFound)
+            throw;
+        co_return;
+    }
+    printLine(QStringLiteral("Cleaned up orphaned API key: ") + account);
 }
 
 QCoro::Task<> ProviderConfigurationManager::cleanUpWhenPossible()
@@ -136,7 +160,7 @@ QCoro::Task<> ProviderConfigurationManager::cleanUpWhenPossible()
 
 bool ProviderConfigurationManager::isCleanUpDue() const
 {
-    return defaults_.get(setting::providerKeyCleanUpDue);
+    return !removedKeys().isEmpty();
 }
 
 } // namespace vantro

@@ -38,7 +38,8 @@ public:
     QCoro::Task<> storeKey(QUuid id, QString key);
     QCoro::Task<std::optional<QString>> readKey(QUuid id);
 
-    /// Deletes the keys of removed configurations.
+    /// Deletes the keys of the configurations that remove() has taken out. Keys that are merely unknown stay: another
+    /// profile may own them, or a list that was lost.
     QCoro::Task<> cleanUpOrphanedKeys();
     /// The same, but only logs errors; a clean-up that fails is retried at the next start.
     QCoro::Task<> cleanUpWhenPossible();
@@ -49,6 +50,9 @@ Q_SIGNALS:
 
 private:
     [[nodiscard]] bool decode(const QByteArray& data);
+    [[nodiscard]] QStringList removedKeys() const;
+    [[nodiscard]] bool isListed(const QString& account) const;
+    QCoro::Task<> removeKey(QString account);
 
     Logger logger_{"ProviderConfigurationManager"};
     UserDefaults& defaults_;
