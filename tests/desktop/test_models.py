@@ -113,9 +113,10 @@ class ModelsTest(DictationCase):
         legacy = self.desktop.home / "whisper.cpp/models" / FILE
         legacy.parent.mkdir(parents=True, exist_ok=True)
         shutil.copy(self.server.folder / FILE, legacy)
-        self.check_adopted_and_dictate(on_start=lambda: self.wait(self.file.exists, 20, "the file to be moved"))
+        self.check_adopted_and_dictate(on_start=lambda: self.wait(self.file.exists, 20, "the file to be taken over"))
         self.assertIn(f"Migrated legacy model file {FILE}", self.vantro.log())
-        self.assertFalse(legacy.exists())
+        self.assertEqual(self.vantro.run("models", "remove", MODEL, "--force").returncode, 0)
+        self.assertEqual(sha1(legacy), SHA1, "another program's file stays as it was")
 
     def test_the_window_says_what_is_wrong_and_tries_again_on_return(self):
         self.assertEqual(self.vantro.run("models", "select", MODEL).returncode, 0)

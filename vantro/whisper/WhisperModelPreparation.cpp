@@ -11,8 +11,8 @@
 #include <QFileInfo>
 #include <qcoro/qcorofuture.h>
 
-#include <cerrno>
-#include <cstdio>
+#include <unistd.h>
+
 #include <utility>
 #include <vector>
 
@@ -22,7 +22,7 @@ namespace {
 
 constexpr qint64 chunkBytes = 1'048'576;
 
-/// For a legacy folder on another file system; the copy is atomic.
+/// The copy is atomic.
 void copyAndSettle(QFile& source, PartFile& part, const QString& sha1)
 {
     source.seek(0);
@@ -55,13 +55,13 @@ QString WhisperModelPreparation::standardLegacyFolder()
 QCoro::Task<> WhisperModelPreparation::run()
 {
     if (!defaults_.get(setting::whisperLegacyCacheMigrated)) {
-        co_await files_.run([this] { migrateLegacyFiles(); });
+        co_await files_.run([this] { takeOverLegacyFiles(); });
         defaults_.set(setting::whisperLegacyCacheMigrated, true);
     }
     co_await files_.run([this] { verifyUncheckedFiles(); });
 }
 
-void WhisperModelPreparation::migrateLegacyFiles() const
+void WhisperModelPreparation::takeOverLegacyFiles() const
 {
     for (const TranscriptionModel& model : models_) {
         if (model.engine != TranscriptionEngine::whisper)
@@ -71,34 +71,29 @@ void WhisperModelPreparation::migrateLegacyFiles() const
         if (const QFileInfo info(file); !info.isFile() || info.isSymLink())
             continue;
         try {
-            migrate(model, file);
+            takeOver(model, file);
         } catch (const std::exception& error) {
             printLine(QStringLiteral("Error migrating legacy model file: ") + localizedDescription(error));
         }
     }
 }
 
-void WhisperModelPreparation::migrate(const TranscriptionModel& model, const QString& legacyFile) const
+void WhisperModelPreparation::takeOver(const TranscriptionModel& model, const QString& legacyFile) const
 {
     QFile source(legacyFile);
     if (!source.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
         throw Error(QStringLiteral("%1 could not be read: %2").arg(legacyFile, source.errorString()));
     if (sha1OfFile(source) != model.hash) {
-        source.remove();
-        printLine(QStringLiteral("Removed invalid legacy model file: ") + model.fileName());
+        printLine(QStringLiteral("Left invalid legacy model file: ") + model.fileName());
         return;
     }
     PartFile part(modelFiles_.ownFile(model));
     const auto lock = part.tryLock();
     if (!lock || QFileInfo::exists(part.destination()))
         return;
-    if (std::rename(QFile::encodeName(legacyFile).constData(), QFile::encodeName(part.destination()).constData()) !=
-        0) {
-        if (errno != EXDEV)
-            throw Error(qt_error_string(errno));
+    // A second name costs no space; another disk, or another owner's file, takes a copy.
+    if (::link(QFile::encodeName(legacyFile).constData(), QFile::encodeName(part.destination()).constData()) != 0)
         copyAndSettle(source, part, model.hash);
-        source.remove();
-    }
     modelFiles_.markIfRight(model);
     printLine(QStringLiteral("Migrated legacy model file ") + model.fileName());
 }

@@ -9,9 +9,9 @@
 
 namespace vantro {
 
-/// Prepares whisper models that are already on this machine, before a model is selected: moves downloads of the whisper
-/// library's own script into the user's folder (once) and verifies unverified files (always). Hashes on a worker
-/// thread. Main thread.
+/// Prepares whisper models that are already on this machine, before a model is selected: links or copies downloads of
+/// the whisper library's own script into the user's folder (once) and verifies unverified files (always). Never changes
+/// the script's folder. Hashes on a worker thread. Main thread.
 class WhisperModelPreparation
 {
 public:
@@ -25,8 +25,8 @@ public:
     QCoro::Task<> run();
 
 private:
-    void migrateLegacyFiles() const;
-    void migrate(const TranscriptionModel& model, const QString& legacyFile) const;
+    void takeOverLegacyFiles() const;
+    void takeOver(const TranscriptionModel& model, const QString& legacyFile) const;
     void verifyUncheckedFiles() const;
 
     const std::vector<TranscriptionModel> models_; ///< a copy for the worker thread
