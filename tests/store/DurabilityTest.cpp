@@ -67,25 +67,17 @@ TEST_F(DurabilityTest, KillingTheWriterAtAnyMomentLosesNothingThatWasAcknowledge
 
 TEST_F(DurabilityTest, OnAFullDiskASaveFailsAndWhatIsThereStays)
 {
-    // A small disk of its own in a mount namespace. Behind the failure a file is removed, and there is room again.
-    const QString script = QStringLiteral(
-        "mount -t tmpfs -o size=8m none \"$1\" || exit 99; head -c 5000000 /dev/zero > \"$1/filler\"; "
-        "\"$2\" \"$1/history.sqlite\" 100000; code=$?; rm \"$1/filler\"; "
-        "\"$2\" \"$1/history.sqlite\" 50 > /dev/null || exit 98; cp \"$1\"/history.sqlite* \"$3\"; exit $code");
-    const QString disk = folder.filePath(QStringLiteral("disk"));
-    const QString copy = folder.filePath(QStringLiteral("copy"));
-    ASSERT_TRUE(QDir().mkpath(disk) && QDir().mkpath(copy));
+    // Every file may grow to 2 MiB, which needs no right and works wherever programs run; then there is room again.
+    const QString script = QStringLiteral("trap '' XFSZ; (ulimit -f 4096; exec \"$1\" \"$2\" 100000); code=$?; "
+                                          "\"$1\" \"$2\" 50 > /dev/null || exit 98; exit $code");
     QProcess process;
-    process.start(QStringLiteral("unshare"), {QStringLiteral("-rm"), QStringLiteral("sh"), QStringLiteral("-c"), script,
-                                              QStringLiteral("sh"), disk, writer(), copy});
-    if (!process.waitForFinished(60'000) || process.exitCode() == 99)
-        GTEST_SKIP() << "file systems cannot be mounted here";
+    process.start(QStringLiteral("sh"), {QStringLiteral("-c"), script, QStringLiteral("sh"), writer(), path});
+    ASSERT_TRUE(process.waitForFinished(60'000));
     const QByteArray message = process.readAllStandardError();
     ASSERT_EQ(process.exitCode(), 1) << message.constData();
-    EXPECT_TRUE(message.contains("There is no space left on the disk for the history")) << message.constData();
+    EXPECT_TRUE(message.contains("Nothing more can be written to the history")) << message.constData();
     QByteArrayList acknowledged = process.readAllStandardOutput().split('\n');
     acknowledged.removeAll(QByteArray());
     EXPECT_GT(acknowledged.size(), 20);
-    path = copy + QStringLiteral("/history.sqlite");
     check(acknowledged);
 }

@@ -12,7 +12,9 @@ constexpr int primaryCodeMask = 0xff;
 
 QString explain(int code, const QString& path, const QString& detail)
 {
-    switch (code) {
+    if (code == SQLITE_IOERR_WRITE)
+        return QStringLiteral("Nothing more can be written to the history %1: is a quota used up?").arg(path);
+    switch (code & primaryCodeMask) {
     case SQLITE_BUSY:
     case SQLITE_LOCKED:
         return QStringLiteral("The history %1 is locked by another program: end that program and try again").arg(path);
@@ -39,7 +41,7 @@ QString explain(int code, const QString& path, const QString& detail)
 
 StoreError StoreError::from(const QSqlError& error, const QString& path)
 {
-    const int code = error.nativeErrorCode().toInt() & primaryCodeMask;
+    const int code = error.nativeErrorCode().toInt();
     // databaseText() is SQLite's message; it is empty when the file cannot be opened.
     const QString detail = error.databaseText().isEmpty() ? error.driverText() : error.databaseText();
     return StoreError(explain(code, path, detail));
