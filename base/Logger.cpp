@@ -2,6 +2,8 @@
 
 #include "base/LogOutput.h"
 
+#include <unistd.h>
+
 #include <atomic>
 #include <cstdio>
 #include <cstring>
@@ -82,6 +84,12 @@ void printLine(const QString& line)
     FILE* stream = printStream.load();
     std::fprintf(stream, "%s\n", qUtf8Printable(line));
     std::fflush(stream);
+}
+
+void printToPerson(const QString& line)
+{
+    if (::isatty(::fileno(printStream.load())) != 0)
+        printLine(line);
 }
 
 void printToStandardError()

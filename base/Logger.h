@@ -26,6 +26,9 @@ private:
 /// Prints a progress line of the desktop program ("Attempting to paste...") to standard output, or to standard error
 /// after printToStandardError(), which commands call to keep their own output clean.
 void printLine(const QString& line);
+/// The same for a line with words of the user: only where a person reads it at a terminal. A journal would keep what is
+/// deleted from the history.
+void printToPerson(const QString& line);
 void printToStandardError();
 
 } // namespace vantro

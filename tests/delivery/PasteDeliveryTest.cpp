@@ -9,10 +9,15 @@
 
 #include <QTemporaryDir>
 
+#include <fcntl.h>
 #include <gmock/gmock.h>
+#include <unistd.h>
 
+#include <array>
+#include <cstdlib>
 #include <memory>
 #include <optional>
+#include <string>
 
 using namespace std::chrono_literals;
 using namespace vantro;
@@ -103,6 +108,27 @@ TEST_F(PasteDeliveryTest, BlankTextTouchesNothing)
     EXPECT_FALSE(delivery_->copy(QString()));
     EXPECT_EQ(pasteboard_.changes(Selection::Clipboard), 0);
     EXPECT_THAT(keys_.posted(), IsEmpty());
+}
+
+// What is deleted from the history must not be left in a journal.
+TEST_F(PasteDeliveryTest, TheTextIsPrintedForAPersonAtATerminalOnly)
+{
+    ::testing::internal::CaptureStdout();
+    ASSERT_TRUE(delivery_->copy(words));
+    EXPECT_EQ(::testing::internal::GetCapturedStdout(), std::string());
+
+    const int terminal = ::posix_openpt(O_RDWR | O_NOCTTY);
+    ASSERT_TRUE(terminal >= 0 && ::grantpt(terminal) == 0 && ::unlockpt(terminal) == 0);
+    const int former = ::dup(STDOUT_FILENO);
+    const int screen = ::open(::ptsname(terminal), O_RDWR | O_NOCTTY);
+    ::dup2(screen, STDOUT_FILENO);
+    ASSERT_TRUE(delivery_->copy(words));
+    ::dup2(former, STDOUT_FILENO);
+    std::array<char, 100> shown{};
+    EXPECT_GT(::read(terminal, shown.data(), shown.size() - 1), 0);
+    EXPECT_EQ(std::string(shown.data()), "Copied to clipboard: \"spoken words\"\r\n");
+    for (const int descriptor : {terminal, former, screen})
+        ::close(descriptor);
 }
 
 TEST_F(PasteDeliveryTest, TheTextStaysOnTheClipboardWhenTheUserWantsIt)

@@ -87,7 +87,7 @@ bool PasteDelivery::copy(const QString& text)
     if (trimmed.isEmpty())
         return false;
     pasteboard_.setString(Selection::Clipboard, trimmed);
-    printLine(QStringLiteral("Copied to clipboard: \"%1\"").arg(trimmed));
+    printToPerson(QStringLiteral("Copied to clipboard: \"%1\"").arg(trimmed));
     return true;
 }
 
