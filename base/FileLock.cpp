@@ -2,7 +2,9 @@
 
 #include "base/Error.h"
 
+#include <QDeadlineTimer>
 #include <QFile>
+#include <QThread>
 
 #include <fcntl.h>
 #include <sys/file.h>
@@ -24,6 +26,18 @@ std::optional<FileLock> FileLock::tryTake(const QString& path)
     if (errno != EWOULDBLOCK && errno != EINTR)
         throw Error(QStringLiteral("%1 could not be locked: %2").arg(path, qt_error_string(errno)));
     return std::nullopt;
+}
+
+std::optional<FileLock> FileLock::take(const QString& path, std::chrono::milliseconds patience)
+{
+    constexpr unsigned long pauseMs = 2;
+    const QDeadlineTimer end(patience);
+    auto lock = tryTake(path);
+    while (!lock && !end.hasExpired()) {
+        QThread::msleep(pauseMs);
+        lock = tryTake(path);
+    }
+    return lock;
 }
 
 FileLock::FileLock(FileLock&& other) noexcept : descriptor_(std::exchange(other.descriptor_, -1)) {}

@@ -2,6 +2,7 @@
 
 #include <QString>
 
+#include <chrono>
 #include <optional>
 
 namespace vantro {
@@ -14,6 +15,8 @@ public:
     /// Locks the file @p path, which is created when missing and never removed; nullopt while somebody else holds the
     /// lock. Throws Error when the file cannot be created.
     static std::optional<FileLock> tryTake(const QString& path);
+    /// The same, waiting for up to @p patience.
+    static std::optional<FileLock> take(const QString& path, std::chrono::milliseconds patience);
 
     FileLock(FileLock&& other) noexcept;
     FileLock& operator=(FileLock&& other) noexcept;

@@ -9,7 +9,7 @@ namespace vantro {
 /// Written as "settingsVersion". Increment when older versions would misread the file.
 inline constexpr int settingsVersion = 1;
 
-/// Why a settings file was moved aside, and its new path.
+/// A backup of a settings file that could not be read completely.
 struct KeptAside
 {
     enum class Reason { damaged, newer };
@@ -18,9 +18,7 @@ struct KeptAside
     QString file;
 };
 
-/// Renames the settings file at @p path if it is damaged (a partial line, NUL bytes) or from a newer version, so that
-/// it is not overwritten; the program continues with defaults. Returns nullopt if the file is usable or cannot be
-/// renamed.
-std::optional<KeptAside> keepAsideIfUnusable(const QString& path);
+/// Copies the settings file at @p path under the first free name beside it. Returns nullopt if that fails.
+std::optional<KeptAside> keepAside(const QString& path, KeptAside::Reason reason);
 
 } // namespace vantro

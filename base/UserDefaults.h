@@ -1,15 +1,16 @@
 #pragma once
 
+#include "base/Error.h"
 #include "base/Setting.h"
 #include "base/SettingsFile.h"
 
 #include <QByteArray>
 #include <QHash>
 #include <QObject>
-#include <QSettings>
 #include <QString>
 #include <QVariant>
 
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -17,14 +18,26 @@ class QFileSystemWatcher;
 
 namespace vantro {
 
+/// A setting could not be written.
+class SettingsNotSaved : public Error
+{
+public:
+    using Error::Error;
+};
+
 /// The user's preferences (see base/Settings.h) in one INI file below the XDG configuration folder. Every setter writes
-/// through. Several processes may share the file: a write stores only the keys that were set. Main thread only.
+/// through; a value that cannot be written stays in force until the process ends. Main thread only.
+///
+/// Several processes may share the file: a write stores only the keys that were set. Use change() to read a value,
+/// modify it and write it back.
+///
+/// Of a damaged file, or one from a newer version, every readable value is used. Reading never touches such a file;
+/// before the first write it is copied.
 class UserDefaults final : public QObject
 {
     Q_OBJECT
 public:
-    /// @p path: the INI file, created with mode 0600 on the first write. A damaged file, or one from a newer version,
-    /// is moved aside first.
+    /// @p path: the INI file, created with mode 0600 on the first write.
     explicit UserDefaults(const QString& path);
     ~UserDefaults() override;
 
@@ -64,8 +77,12 @@ public:
     /// Copies @p key's value to "KEY.unreadable", so that overwriting it loses nothing.
     void keepUnreadable(const QString& key);
 
-    /// Set if the file was unusable and has been moved aside.
-    [[nodiscard]] const std::optional<KeptAside>& keptAside() const { return keptAside_; }
+    /// Reloads, runs @p edit and writes what it has set, under a lock that all processes share. May be nested.
+    void change(const std::function<void()>& edit);
+    /// Throws SettingsNotSaved if a value could not be written.
+    void requireSaved() const;
+    /// Rewrites a damaged or newer file. Returns the backup, if this or an earlier write made one.
+    const std::optional<KeptAside>& repair();
 
     /// Picks up changes made by other processes.
     void reload();
@@ -79,13 +96,23 @@ Q_SIGNALS:
     void writeFailed(const QString& file);
 
 private:
+    class Scope;
+    using Values = QHash<QString, QVariant>;
+
     void store(const QString& key, const QVariant& value);
+    void read();
+    void tell();
     void writeThrough();
+    [[nodiscard]] bool isWritten();
     void watchFile();
 
-    std::optional<KeptAside> keptAside_; ///< initialised before settings_ opens the file
-    QSettings settings_;
-    QHash<QString, QVariant> known_; ///< the values last reported by changed()
+    QString path_;
+    Values values_;
+    Values told_;    ///< those that changed() has told of
+    Values pending_; ///< not in the file yet; an invalid one is to be removed
+    int depth_ = 0;  ///< of nested changes
+    std::optional<KeptAside::Reason> unusable_;
+    std::optional<KeptAside> keptAside_;
     std::unique_ptr<QFileSystemWatcher> watcher_;
 };
 

@@ -79,12 +79,12 @@
         <translation>Die Einstellungsdatei war beschädigt.</translation>
     </message>
     <message>
-        <source>vantro starts with fresh settings</source>
-        <translation>vantro startet mit neuen Einstellungen</translation>
+        <source>Some settings could not be read</source>
+        <translation>Einige Einstellungen sind nicht lesbar</translation>
     </message>
     <message>
-        <source>It is kept as %1. Check your shortcut and microphone in the settings.</source>
-        <translation>Sie wurde als %1 aufgehoben. Prüfe Tastenkürzel und Mikrofon in den Einstellungen.</translation>
+        <source>Everything readable is still in force. A copy of the file is kept as %1.</source>
+        <translation>Alles Lesbare gilt weiter. Eine Kopie der Datei wurde als %1 aufgehoben.</translation>
     </message>
     <message>
         <source>Settings Not Saved</source>

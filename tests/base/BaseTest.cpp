@@ -153,7 +153,7 @@ TEST(Settings, StandInTheReadme)
     EXPECT_TRUE(readme.readAll().contains("\n\n" + table + "\n")) << "it should read:\n" << table.toStdString();
 }
 
-TEST(UserDefaults, AFileThatCannotBeUsedIsKeptAsideAndNeverOverwritten)
+TEST(UserDefaults, WhatCannotBeReadIsKeptBeforeTheFirstWriteAndTheRestCounts)
 {
     const QTemporaryDir folder;
     const QString path = folder.filePath(QStringLiteral("vantro.ini"));
@@ -166,22 +166,47 @@ TEST(UserDefaults, AFileThatCannotBeUsedIsKeptAsideAndNeverOverwritten)
         QFile file(name);
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     };
-    const QByteArrayList damaged{"[General]\nautoPasteEnabled=false\nSelectedLang",
-                                 QByteArray("[General]\na=\0b\n", 16), "{\"autoPasteEnabled\": false}\n"};
-    for (const QByteArray& file : damaged) {
+    for (const QByteArray file : {"[General]\nautoPasteEnabled=false\nSelectedLang",
+                                  "a line\n[General]\nautoPasteEnabled=false\nselectedModelName=tiny\n",
+                                  "[General]\nautoPasteEnabled=false\nsettingsVersion=99\n"}) {
         write(file);
         UserDefaults defaults(path);
-        ASSERT_TRUE(defaults.keptAside()) << file.toStdString();
-        EXPECT_EQ(defaults.keptAside()->reason, KeptAside::Reason::damaged);
-        defaults.set(setting::autoPasteEnabled, true);
-        EXPECT_EQ(contents(defaults.keptAside()->file), file) << "every one of them is kept";
+        EXPECT_FALSE(defaults.get(setting::autoPasteEnabled)) << file.constData();
+        EXPECT_EQ(contents(path), file) << "reading changes nothing";
+        defaults.set(setting::holdToTalk, true);
+        const auto kept = defaults.repair();
+        ASSERT_TRUE(kept) << file.constData();
+        EXPECT_EQ(kept->reason, file.contains("99") ? KeptAside::Reason::newer : KeptAside::Reason::damaged);
+        EXPECT_EQ(contents(kept->file), file) << "every one of them is kept";
+        UserDefaults again(path);
+        EXPECT_FALSE(again.repair()) << "what was written since is whole";
+        EXPECT_FALSE(again.get(setting::autoPasteEnabled));
+        EXPECT_TRUE(again.get(setting::holdToTalk));
     }
-    EXPECT_FALSE(UserDefaults(path).keptAside()) << "what was written since is whole";
+    for (const QByteArray sound : {"; by hand\n[General]\n\nholdToTalk=true\n", "# a remark = its end\n", ""}) {
+        write(sound);
+        EXPECT_FALSE(UserDefaults(path).repair()) << sound.constData();
+    }
+}
 
-    write("; by hand\n[General]\n\nsettingsVersion=99\n");
-    UserDefaults defaults(path);
-    ASSERT_TRUE(defaults.keptAside());
-    EXPECT_EQ(defaults.keptAside()->reason, KeptAside::Reason::newer);
-    EXPECT_FALSE(defaults.contains(QStringLiteral("settingsVersion")));
-    EXPECT_TRUE(contents(defaults.keptAside()->file).contains("99"));
+TEST(UserDefaults, AWriteThatFailsIsMadeUpForByTheNextAndThenForgotten)
+{
+    const QTemporaryDir folder;
+    const QString place = folder.filePath(QStringLiteral("vantro"));
+    QFile obstacle(place);
+    ASSERT_TRUE(obstacle.open(QIODevice::WriteOnly));
+    UserDefaults defaults(place + QStringLiteral("/vantro.ini"));
+    int failures = 0;
+    QObject::connect(&defaults, &UserDefaults::writeFailed, &defaults, [&] { ++failures; });
+    defaults.set(setting::holdToTalk, true);
+    EXPECT_EQ(failures, 1);
+    EXPECT_THROW(defaults.requireSaved(), SettingsNotSaved);
+    EXPECT_TRUE(defaults.get(setting::holdToTalk)) << "in force until the process ends";
+
+    ASSERT_TRUE(obstacle.remove());
+    defaults.set(setting::appearance, QStringLiteral("dark"));
+    defaults.set(setting::reduceMotion, true);
+    EXPECT_EQ(failures, 1);
+    EXPECT_NO_THROW(defaults.requireSaved());
+    EXPECT_TRUE(UserDefaults(place + QStringLiteral("/vantro.ini")).get(setting::holdToTalk));
 }

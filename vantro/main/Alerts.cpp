@@ -70,9 +70,9 @@ void Alerts::tellOfSettings(const KeptAside& settings)
     const QString why = settings.reason == KeptAside::Reason::newer
                             ? tr("The settings file comes from a newer version of vantro.")
                             : tr("The settings file was damaged.");
-    show(AlertWindow::Kind::warning, tr("vantro starts with fresh settings"),
+    show(AlertWindow::Kind::warning, tr("Some settings could not be read"),
          why + QLatin1Char(' ') +
-             tr("It is kept as %1. Check your shortcut and microphone in the settings.").arg(settings.file));
+             tr("Everything readable is still in force. A copy of the file is kept as %1.").arg(settings.file));
 }
 
 void Alerts::tellOfUnsavedSettings(const QString& file)

@@ -152,8 +152,8 @@ void Program::launch()
     rewriting_.start();
     if (marker_->foundCrash())
         windows_.alerts().tellOfCrash();
-    if (defaults_.keptAside())
-        windows_.alerts().tellOfSettings(*defaults_.keptAside());
+    if (const auto& kept = defaults_.repair())
+        windows_.alerts().tellOfSettings(*kept);
 }
 
 } // namespace
