@@ -6,6 +6,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+#include <algorithm>
 #include <optional>
 
 namespace vantro {
@@ -89,11 +90,16 @@ void load(UserDefaults& defaults, const Setting<QByteArray>& setting, Map& map, 
 
 PromptSettings::PromptSettings(UserDefaults& defaults) : defaults_(defaults)
 {
+    loadAll();
+    complete();
+    connect(&defaults, &UserDefaults::changed, this, &PromptSettings::read);
+}
+
+void PromptSettings::loadAll()
+{
     loadPrompts();
     loadCustomModeNames();
     loadModeConfigurations();
-    complete();
-    connect(&defaults, &UserDefaults::changed, this, &PromptSettings::read);
 }
 
 void PromptSettings::loadPrompts()
@@ -114,13 +120,21 @@ void PromptSettings::loadModeConfigurations()
 
 void PromptSettings::complete()
 {
-    for (const ProcessingMode mode : allProcessingModes) {
-        if (const auto prompt = builtInPrompt(mode))
-            prompts_.try_emplace(mode, *prompt);
-        modeConfigurations_.try_emplace(mode);
-    }
-    savePrompts();
-    saveModeConfigurations();
+    const bool isComplete = std::ranges::all_of(allProcessingModes, [this](ProcessingMode mode) {
+        return modeConfigurations_.contains(mode) && (prompts_.contains(mode) || !builtInPrompt(mode));
+    });
+    if (isComplete)
+        return;
+    defaults_.change([this] {
+        loadAll();
+        for (const ProcessingMode mode : allProcessingModes) {
+            if (const auto prompt = builtInPrompt(mode))
+                prompts_.try_emplace(mode, *prompt);
+            modeConfigurations_.try_emplace(mode);
+        }
+        savePrompts();
+        saveModeConfigurations();
+    });
 }
 
 void PromptSettings::read(const QString& key)
@@ -167,8 +181,10 @@ QString PromptSettings::prompt(ProcessingMode mode) const
 
 void PromptSettings::setPrompt(ProcessingMode mode, const QString& prompt)
 {
-    prompts_[mode] = prompt;
-    savePrompts();
+    defaults_.change([&] {
+        prompts_[mode] = prompt;
+        savePrompts();
+    });
 }
 
 ModeConfiguration PromptSettings::configuration(ProcessingMode mode) const
@@ -179,8 +195,10 @@ ModeConfiguration PromptSettings::configuration(ProcessingMode mode) const
 
 void PromptSettings::setConfiguration(ProcessingMode mode, const ModeConfiguration& configuration)
 {
-    modeConfigurations_[mode] = configuration;
-    saveModeConfigurations();
+    defaults_.change([&] {
+        modeConfigurations_[mode] = configuration;
+        saveModeConfigurations();
+    });
 }
 
 QString PromptSettings::displayName(ProcessingMode mode) const
@@ -191,11 +209,13 @@ QString PromptSettings::displayName(ProcessingMode mode) const
 
 void PromptSettings::setCustomModeName(ProcessingMode mode, const QString& name)
 {
-    if (name.isEmpty())
-        customModeNames_.erase(mode);
-    else
-        customModeNames_[mode] = name;
-    saveCustomModeNames();
+    defaults_.change([&] {
+        if (name.isEmpty())
+            customModeNames_.erase(mode);
+        else
+            customModeNames_[mode] = name;
+        saveCustomModeNames();
+    });
 }
 
 } // namespace vantro

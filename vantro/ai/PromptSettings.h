@@ -46,6 +46,7 @@ private:
     using Prompts = std::map<ProcessingMode, QString>;
     using Configurations = std::map<ProcessingMode, ModeConfiguration>;
 
+    void loadAll();
     void loadPrompts();
     void loadCustomModeNames();
     void loadModeConfigurations();

@@ -189,30 +189,36 @@ void AudioDeviceManager::setPriorityOrder(std::vector<PrioritizedDevice> order)
 
 void AudioDeviceManager::addPrioritizedDevice(const AudioInputDevice& device)
 {
-    std::vector<PrioritizedDevice> order = priorityOrder();
-    if (std::ranges::find(order, device.uid, &PrioritizedDevice::id) != order.end())
-        return;
-    order.push_back({.id = device.uid, .name = device.name});
-    setPriorityOrder(std::move(order));
+    defaults_.change([&] {
+        std::vector<PrioritizedDevice> order = priorityOrder();
+        if (std::ranges::find(order, device.uid, &PrioritizedDevice::id) != order.end())
+            return;
+        order.push_back({.id = device.uid, .name = device.name});
+        setPriorityOrder(std::move(order));
+    });
 }
 
 void AudioDeviceManager::removePrioritizedDevice(const QString& uid)
 {
-    std::vector<PrioritizedDevice> order = priorityOrder();
-    if (std::erase_if(order, [&uid](const auto& device) { return device.id == uid; }) > 0)
-        setPriorityOrder(std::move(order));
+    defaults_.change([&] {
+        std::vector<PrioritizedDevice> order = priorityOrder();
+        if (std::erase_if(order, [&uid](const auto& device) { return device.id == uid; }) > 0)
+            setPriorityOrder(std::move(order));
+    });
 }
 
 void AudioDeviceManager::movePrioritizedDevice(const QString& uid, std::size_t position)
 {
-    std::vector<PrioritizedDevice> order = priorityOrder();
-    const auto found = std::ranges::find(order, uid, &PrioritizedDevice::id);
-    if (found == order.end())
-        return;
-    PrioritizedDevice device = std::move(*found);
-    order.erase(found);
-    order.insert(order.begin() + static_cast<std::ptrdiff_t>(std::min(position, order.size())), std::move(device));
-    setPriorityOrder(std::move(order));
+    defaults_.change([&] {
+        std::vector<PrioritizedDevice> order = priorityOrder();
+        const auto found = std::ranges::find(order, uid, &PrioritizedDevice::id);
+        if (found == order.end())
+            return;
+        PrioritizedDevice device = std::move(*found);
+        order.erase(found);
+        order.insert(order.begin() + static_cast<std::ptrdiff_t>(std::min(position, order.size())), std::move(device));
+        setPriorityOrder(std::move(order));
+    });
 }
 
 } // namespace vantro

@@ -1,5 +1,6 @@
 #include "vantro/cli/Command.h"
 
+#include "base/UserDefaults.h"
 #include "vantro/cli/Terminal.h"
 
 #include <algorithm>
@@ -81,6 +82,8 @@ int Command::run(const QStringList& arguments) const
         const QString place =
             namesFailedAction && hasActions() ? QStringLiteral("%1 %2: ").arg(command, call.action) : QString();
         terminal::writeError(place + error.localizedDescription());
+        if (dynamic_cast<const SettingsNotSaved*>(&error) != nullptr)
+            return ExitCode::notSaved;
         return exitCodeOf != nullptr ? exitCodeOf(error) : ExitCode::failed;
     }
 }

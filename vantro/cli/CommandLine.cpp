@@ -33,7 +33,7 @@ Commands:
 const char exitStatusText[] =
     R"(
 Exit status: 0 done, 1 failed, 2 wrong usage, 3 not found, 4 no service (sound,
-model, network, keys).)";
+model, network, keys), 5 the settings cannot be written.)";
 
 /// A command with its summary in column 23; a long name gets a line of its own.
 QString helpLine(const Command& command)

@@ -29,7 +29,7 @@ constexpr char description[] =
 
 NAME is a microphone's name, its number, or the beginning of its description. Takes effect at once.
 
-Exit status: 0 done, 2 wrong usage, 3 no such microphone, 4 no sound server.)";
+Exit status: 0 done, 2 wrong usage, 3 no such microphone, 4 no sound server, 5 the settings cannot be written.)";
 
 /// Null when none matches or several do.
 const AudioInputDevice* find(const DevicesSession& session, const QString& text)
@@ -78,6 +78,7 @@ QString modeWord(AudioInputMode mode)
 /// Shows the outcome as a list of all devices, unless a script would have to parse it.
 int confirm(const DevicesSession& session)
 {
+    session.defaults.requireSaved();
     return session.json || terminal::outputIsTerminal() ? listDevices(session) : ExitCode::done;
 }
 
@@ -184,8 +185,10 @@ int bluetooth(DevicesSession& session, const QStringList& words)
     const QString wanted = words.value(0);
     if (!QStringList{QString(), QStringLiteral("on"), QStringLiteral("off")}.contains(wanted))
         throw WrongUsage(QStringLiteral("devices bluetooth is on or off"));
-    if (!wanted.isEmpty())
+    if (!wanted.isEmpty()) {
         session.defaults.set(setting::bluetoothHeadsetProfile, wanted == QLatin1String("on"));
+        session.defaults.requireSaved();
+    }
     terminal::writeLine(session.defaults.get(setting::bluetoothHeadsetProfile) ? QStringLiteral("on")
                                                                                : QStringLiteral("off"));
     return ExitCode::done;

@@ -21,7 +21,8 @@ constexpr char description[] =
 The model host is the value of --model-host, else of VANTRO_MODEL_HOST, else of the setting
 "modelHostBaseURL", else the public repository.
 
-Exit status: 0 done, 1 failed, 2 wrong usage, 3 no such model, 4 the model host cannot deliver, 130 interrupted.)";
+Exit status: 0 done, 1 failed, 2 wrong usage, 3 no such model, 4 the model host cannot deliver, 5 the settings
+cannot be written, 130 interrupted.)";
 
 const TranscriptionModel& modelFrom(const CommandCall& call, const ModelsSession& session)
 {
@@ -37,6 +38,7 @@ int select(ModelsSession& session, const CommandCall& call)
 {
     const TranscriptionModel& model = modelFrom(call, session);
     session.speech.selection.select(model);
+    session.defaults.requireSaved();
     const bool isThere = session.speech.status(model).state != ModelStatus::State::missing;
     if (call.json())
         terminal::writeJson(QJsonObject{{QStringLiteral("selected"), model.name}});

@@ -23,7 +23,7 @@ Notes adds it to the notes of the day. In the launcher, the digit keys choose a 
 
 MODE is its built-in name or the one you gave it.
 
-Exit status: 0 done, 1 failed, 2 wrong usage, 3 no such mode or provider.)";
+Exit status: 0 done, 1 failed, 2 wrong usage, 3 no such mode or provider, 5 the settings cannot be written.)";
 
 struct Session
 {
@@ -155,6 +155,7 @@ int set(const CommandCall& call)
         session.prompts.setConfiguration(mode, configuration);
     if (call.has("name"))
         session.prompts.setCustomModeName(mode, call.value("name").trimmed());
+    session.providers.defaults.requireSaved();
     return tell(session, mode, call);
 }
 
@@ -163,6 +164,7 @@ int beginIn(const CommandCall& call)
     Session session;
     const ProcessingMode mode = session.find(call.words.front());
     setDefaultMode(session.providers.defaults, mode);
+    session.providers.defaults.requireSaved();
     terminal::writeLine(QStringLiteral("Dictations now start in %1").arg(session.prompts.displayName(mode)));
     return ExitCode::done;
 }

@@ -21,7 +21,7 @@ The key is read from the terminal without showing it, or from standard input wit
 desktop's Secret Service. A server that needs no key still has to be given one: any word will do.
 
 Exit status: 0 done, 1 failed, 2 wrong usage, 3 no such provider, 4 no service: the Secret Service is not available
-or locked, or the provider cannot be reached.)";
+or locked, or the provider cannot be reached, 5 the settings cannot be written.)";
 
 } // namespace
 

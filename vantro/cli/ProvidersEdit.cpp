@@ -118,11 +118,12 @@ ProviderForm formForType(const QString& name)
     return {};
 }
 
-void addWithKey(ProviderConfigurationManager& manager, const ProviderConfiguration& provider,
-                const std::optional<QString>& key)
+void addWithKey(ProvidersSession& session, const ProviderConfiguration& provider, const std::optional<QString>& key)
 {
+    ProviderConfigurationManager& manager = session.manager;
     // Before the key, so that a clean-up by another process knows the key's owner.
     manager.add(provider);
+    session.defaults.requireSaved();
     try {
         if (key)
             runTask(manager.storeKey(provider.id, *key));
@@ -176,7 +177,7 @@ int addProvider(const CommandCall& call)
             ExitCode::failed,
             QStringLiteral("there is already a provider \"%1\": edit it, or choose another --name").arg(provider.name));
     const auto key = readKey(call, true);
-    addWithKey(session.manager, provider, key);
+    addWithKey(session, provider, key);
     warnOfOpenTransport(provider);
     terminal::writeMessage(
         key ? wording::keyIsStoredSecurely()
@@ -198,6 +199,7 @@ int editProvider(const CommandCall& call)
     }
     if (provider != former)
         session.manager.update(provider);
+    session.defaults.requireSaved();
     warnOfOpenTransport(provider);
     return tell(provider, QStringLiteral("has been changed"), call.json());
 }
@@ -214,6 +216,7 @@ int removeProvider(const CommandCall& call)
             return ExitCode::failed;
     }
     session.manager.remove(provider.id);
+    session.defaults.requireSaved();
     runTask(session.manager.cleanUpWhenPossible());
     return tell(provider, QStringLiteral("has been removed"), call.json());
 }

@@ -35,7 +35,7 @@ constexpr char description[] =
 NAME is "open" (openModal: start a dictation) or "stop" (stopRecordingAndCloseModal: end the recording; only
 while the launcher has the focus). Changes take effect at once.
 
-Exit status: 0 done, 1 refused or not pressed, 2 wrong usage, 4 no X server.)";
+Exit status: 0 done, 1 refused or not pressed, 2 wrong usage, 4 no X server, 5 the settings cannot be written.)";
 
 constexpr auto followPatience = 3s;
 constexpr int secondsToPress = 10;
@@ -180,6 +180,7 @@ int set(const CommandCall& call)
         throw CommandError(ExitCode::failed, sentences.join(QLatin1Char(' ')));
     }
     session.shortcuts.setShortcut(name, shortcut);
+    session.defaults.requireSaved();
     if (isHeldByRunningProgram(session, name)) {
         if (const QString problem = followed(shortcut); !problem.isEmpty())
             throw CommandError(ExitCode::failed, problem);
@@ -197,6 +198,7 @@ int clear(const CommandCall& call)
     const Name& name = nameFrom(call);
     Session session;
     session.shortcuts.setShortcut(name, std::nullopt);
+    session.defaults.requireSaved();
     const QString keys = textOf(session.shortcuts.shortcut(name));
     if (call.json())
         terminal::writeJson(QJsonObject{{QStringLiteral("name"), name.rawValue}, {QStringLiteral("keys"), keys}});
@@ -255,8 +257,10 @@ int mode(const CommandCall& call)
     if (!QStringList{QString(), QStringLiteral("press"), QStringLiteral("hold")}.contains(wanted))
         throw WrongUsage(QStringLiteral("the mode is press or hold"));
     Session session;
-    if (!wanted.isEmpty())
+    if (!wanted.isEmpty()) {
         session.defaults.set(setting::holdToTalk, wanted == QLatin1String("hold"));
+        session.defaults.requireSaved();
+    }
     if (call.json())
         terminal::writeJson(QJsonObject{{QStringLiteral("mode"), session.mode()}});
     else

@@ -21,7 +21,8 @@ every dictation and by vantro transcribe.
   import FILE        Add the entries of a JSON or CSV file ("find,replace"); "-" is standard input.
   export [FILE]      Write all entries to a file, or to standard output.
 
-Exit status: 0 done, 1 failed, 2 wrong usage, 3 no such entry.)";
+Exit status: 0 done, 1 failed, 2 wrong usage, 3 no such entry, 5 the settings cannot be
+written.)";
 
 constexpr char vocabularyDescription[] =
     R"(Words that the engine should recognise and spell correctly. Use sparingly: too many words can
@@ -33,7 +34,8 @@ confuse it and may affect punctuation, language detection, and formatting.
   import FILE        Add the words of a JSON or CSV file ("word"); "-" is standard input.
   export [FILE]      Write all words to a file, or to standard output.
 
-Exit status: 0 done, 1 failed, 2 wrong usage, 3 no such word.)";
+Exit status: 0 done, 1 failed, 2 wrong usage, 3 no such word, 5 the settings cannot be
+written.)";
 
 /// One of the two lists, as the commands see it.
 class EditedList
@@ -50,6 +52,12 @@ public:
     virtual qsizetype add(const QStringList& words) = 0;
     virtual qsizetype addAll(const QByteArray& content, ListFormat format) = 0;
     virtual void removeAt(std::size_t index) = 0;
+    /// Nobody else changes the list during @p edit; throws when it could not be written.
+    void change(const std::function<void()>& edit)
+    {
+        defaults_.change(edit);
+        defaults_.requireSaved();
+    }
 
 protected:
     static void refuse(const std::optional<LimitNotice>& notice)
@@ -183,17 +191,19 @@ int show(EditedList& list, const CommandCall& call)
 int remove(EditedList& list, const CommandCall& call)
 {
     const QString& text = call.words.front();
-    const auto rows = list.rows();
     bool isNumber = false;
     const qsizetype number = text.startsWith(QLatin1Char('#')) ? text.mid(1).toLongLong(&isNumber) : 0;
     qsizetype removed = 0;
-    // From the end, so that earlier indexes stay valid.
-    for (qsizetype i = static_cast<qsizetype>(rows.size()); i > 0; --i) {
-        if (isNumber ? i == number : rows[static_cast<std::size_t>(i - 1)][0].trimmed() == text.trimmed()) {
-            list.removeAt(static_cast<std::size_t>(i - 1));
-            ++removed;
+    list.change([&] {
+        const auto rows = list.rows();
+        // From the end, so that earlier indexes stay valid.
+        for (qsizetype i = static_cast<qsizetype>(rows.size()); i > 0; --i) {
+            if (isNumber ? i == number : rows[static_cast<std::size_t>(i - 1)][0].trimmed() == text.trimmed()) {
+                list.removeAt(static_cast<std::size_t>(i - 1));
+                ++removed;
+            }
         }
-    }
+    });
     if (removed == 0)
         throw CommandError(ExitCode::notFound,
                            QStringLiteral("there is no entry \"%1\": vantro %2 lists them").arg(text, call.command));
@@ -205,7 +215,8 @@ int add(EditedList& list, const CommandCall& call)
 {
     if (!list.acceptsToAdd(call.words))
         throw WrongUsage(QStringLiteral("give what to add"));
-    const qsizetype added = list.add(call.words);
+    qsizetype added = 0;
+    list.change([&] { added = list.add(call.words); });
     terminal::writeLine(added > 0 ? QStringLiteral("%1 added").arg(added) : QStringLiteral("Nothing new"));
     return ExitCode::done;
 }
@@ -224,10 +235,17 @@ int import(EditedList& list, const CommandCall& call)
     const QString& path = call.words.front();
     const ListFormat format = formatFrom(call, path);
     try {
-        const qsizetype before = static_cast<qsizetype>(list.rows().size());
-        const qsizetype added = list.addAll(readListFile(path), format);
+        const QByteArray content = readListFile(path);
+        std::size_t before = 0;
+        qsizetype added = 0;
+        list.change([&] {
+            before = list.rows().size();
+            added = list.addAll(content, format);
+        });
         terminal::writeLine(QStringLiteral("%1 added to %2").arg(added).arg(before));
         return ExitCode::done;
+    } catch (const SettingsNotSaved&) {
+        throw;
     } catch (const Error& error) {
         throw Error(QStringLiteral("%1: %2. The list is unchanged").arg(path, error.localizedDescription()));
     }

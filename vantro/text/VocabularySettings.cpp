@@ -5,6 +5,7 @@
 
 #include <QSet>
 
+#include <algorithm>
 #include <utility>
 
 namespace vantro {
@@ -68,42 +69,61 @@ void VocabularySettings::save(const Setting<QByteArray>& setting, const QByteArr
 void VocabularySettings::addVocabularyWord(const QString& word)
 {
     const QString trimmed = word.trimmed();
-    if (trimmed.isEmpty() || customVocabulary_.contains(trimmed))
-        return;
-    customVocabulary_ << trimmed;
-    saveVocabulary();
+    defaults_.change([&] {
+        if (trimmed.isEmpty() || customVocabulary_.contains(trimmed))
+            return;
+        customVocabulary_ << trimmed;
+        saveVocabulary();
+    });
 }
 
 void VocabularySettings::removeVocabularyWord(qsizetype index)
 {
     if (index < 0 || index >= customVocabulary_.size())
         return;
-    customVocabulary_.removeAt(index);
-    saveVocabulary();
+    defaults_.change([this, word = customVocabulary_[index]] {
+        if (customVocabulary_.removeOne(word))
+            saveVocabulary();
+    });
 }
 
 void VocabularySettings::addReplacement(const QString& find, const QString& replace)
 {
     if (find.trimmed().isEmpty())
         return;
-    textReplacements_.push_back({QUuid::createUuid(), find, replace});
-    saveReplacements();
+    defaults_.change([&] {
+        textReplacements_.push_back({QUuid::createUuid(), find, replace});
+        saveReplacements();
+    });
+}
+
+/// The entry that is seen at @p index may stand somewhere else by now, or nowhere.
+void VocabularySettings::changeReplacement(std::size_t index, const std::function<void(Replacements::iterator)>& edit)
+{
+    if (index >= textReplacements_.size())
+        return;
+    defaults_.change([&, id = textReplacements_[index].id] {
+        const auto isMeant = [&id](const TextReplacement& entry) {
+            return entry.id == id;
+        };
+        auto entry = textReplacements_.begin() + static_cast<std::ptrdiff_t>(std::min(index, textReplacements_.size()));
+        if (entry == textReplacements_.end() || !isMeant(*entry))
+            entry = std::ranges::find_if(textReplacements_, isMeant);
+        if (entry == textReplacements_.end())
+            return;
+        edit(entry);
+        saveReplacements();
+    });
 }
 
 void VocabularySettings::removeReplacement(std::size_t index)
 {
-    if (index >= textReplacements_.size())
-        return;
-    textReplacements_.erase(textReplacements_.begin() + static_cast<std::ptrdiff_t>(index));
-    saveReplacements();
+    changeReplacement(index, [this](auto entry) { textReplacements_.erase(entry); });
 }
 
 void VocabularySettings::updateReplacement(const TextReplacement& replacement, std::size_t index)
 {
-    if (index >= textReplacements_.size())
-        return;
-    textReplacements_[index] = replacement;
-    saveReplacements();
+    changeReplacement(index, [&replacement](auto entry) { *entry = replacement; });
 }
 
 void VocabularySettings::setVocabulary(const QStringList& words)

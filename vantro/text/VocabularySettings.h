@@ -7,6 +7,7 @@
 #include <QStringList>
 
 #include <cstddef>
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -59,10 +60,13 @@ Q_SIGNALS:
     void textReplacementsChanged();
 
 private:
+    using Replacements = std::vector<TextReplacement>;
+
     void loadVocabulary();
     void loadReplacements();
     void saveVocabulary();
     void saveReplacements();
+    void changeReplacement(std::size_t index, const std::function<void(Replacements::iterator)>& edit);
     void save(const Setting<QByteArray>& setting, const QByteArray& json, bool unreadable);
 
     UserDefaults& defaults_;

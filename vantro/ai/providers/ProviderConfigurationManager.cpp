@@ -44,14 +44,24 @@ void ProviderConfigurationManager::load()
 {
     const auto former = configurations_;
     const auto data = defaults_.stored(setting::providerConfigurations);
-    if (!data || !decode(*data)) {
+    if (!data || !decode(*data))
+        makeDefaults();
+    if (configurations_ != former)
+        Q_EMIT configurationsChanged();
+}
+
+void ProviderConfigurationManager::makeDefaults()
+{
+    defaults_.change([this] {
+        // Another process may just have made them, with ids of its own.
+        const auto data = defaults_.stored(setting::providerConfigurations);
+        if (data && decode(*data))
+            return;
         if (data)
             defaults_.keepUnreadable(setting::providerConfigurations.key);
         configurations_ = ProviderConfiguration::defaults();
         save();
-    } else if (configurations_ != former) {
-        Q_EMIT configurationsChanged();
-    }
+    });
 }
 
 bool ProviderConfigurationManager::decode(const QByteArray& data)
@@ -81,25 +91,31 @@ void ProviderConfigurationManager::save()
 
 void ProviderConfigurationManager::add(const ProviderConfiguration& configuration)
 {
-    configurations_.push_back(configuration);
-    save();
+    defaults_.change([&] {
+        configurations_.push_back(configuration);
+        save();
+    });
 }
 
 void ProviderConfigurationManager::update(const ProviderConfiguration& configuration)
 {
-    const auto found = std::ranges::find(configurations_, configuration.id, &ProviderConfiguration::id);
-    if (found == configurations_.end())
-        return;
-    *found = configuration;
-    save();
+    defaults_.change([&] {
+        const auto found = std::ranges::find(configurations_, configuration.id, &ProviderConfiguration::id);
+        if (found == configurations_.end())
+            return;
+        *found = configuration;
+        save();
+    });
 }
 
 void ProviderConfigurationManager::remove(const QUuid& id)
 {
-    if (std::erase_if(configurations_, [&id](const auto& configuration) { return configuration.id == id; }) == 0)
-        return;
-    storeOrForget(defaults_, removedKeys() << keychainAccount(id));
-    save();
+    defaults_.change([&] {
+        if (std::erase_if(configurations_, [&id](const auto& configuration) { return configuration.id == id; }) == 0)
+            return;
+        storeOrForget(defaults_, removedKeys() << keychainAccount(id));
+        save();
+    });
 }
 
 QCoro::Task<> ProviderConfigurationManager::storeKey(QUuid id, QString key)
@@ -130,10 +146,17 @@ QCoro::Task<> ProviderConfigurationManager::cleanUpOrphanedKeys()
     for (const QString& account : accounts) {
         if (!isListed(account))
             co_await removeKey(account);
+        forgetRemovedKey(account);
+    }
+}
+
+void ProviderConfigurationManager::forgetRemovedKey(const QString& account)
+{
+    defaults_.change([&] {
         QStringList left = removedKeys();
         left.removeAll(account);
         storeOrForget(defaults_, left);
-    }
+    });
 }
 
 QCoro::Task<> ProviderConfigurationManager::removeKey(QString account)

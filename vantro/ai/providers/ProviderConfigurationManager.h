@@ -50,7 +50,9 @@ Q_SIGNALS:
 
 private:
     [[nodiscard]] bool decode(const QByteArray& data);
+    void makeDefaults();
     [[nodiscard]] QStringList removedKeys() const;
+    void forgetRemovedKey(const QString& account);
     [[nodiscard]] bool isListed(const QString& account) const;
     QCoro::Task<> removeKey(QString account);
 

@@ -1,0 +1,106 @@
+#!/usr/bin/python3
+"""What commands make of the settings file: many at once, one that cannot be written, one that was damaged.
+
+VANTRO_PROGRAM names the program.
+"""
+
+import json
+import os
+import subprocess
+import tempfile
+import unittest
+from pathlib import Path
+
+PROGRAM = Path(os.environ.get("VANTRO_PROGRAM", "build/dev/bin/vantro"))
+TIMEOUT_S = 60
+NOT_SAVED = 5
+SERVER = ("--type", "Custom", "--model", "m", "--base-url", "http://localhost:1/v1")
+
+
+class SettingsCase(unittest.TestCase):
+    def setUp(self):
+        self.profile = Path(self.enterContext(tempfile.TemporaryDirectory(prefix="vantro-settings-")))
+        self.env = {name: value for name, value in os.environ.items()
+                    if not name.startswith("XDG_") and name not in ("DISPLAY", "DBUS_SESSION_BUS_ADDRESS")}
+        self.env |= {"XDG_DATA_HOME": str(self.profile / "data"), "XDG_CONFIG_HOME": str(self.profile / "config"),
+                     "DISPLAY": ":99999", "DBUS_SESSION_BUS_ADDRESS": "unix:path=/nowhere"}
+        self.folder = self.profile / "config/vantro"
+        self.file = self.folder / "vantro.ini"
+
+    def start(self, *words):
+        return subprocess.Popen([PROGRAM, *words], env=self.env, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
+                                stderr=subprocess.PIPE, text=True)
+
+    def run_vantro(self, *words):
+        process = self.start(*words)
+        output, errors = process.communicate(timeout=TIMEOUT_S)
+        return subprocess.CompletedProcess(words, process.returncode, output, errors)
+
+    def listed(self, command):
+        result = self.run_vantro(command, "list", "--json")
+        self.assertEqual(result.returncode, 0, result.stderr)
+        return json.loads(result.stdout)
+
+    def test_of_many_changes_at_once_none_is_lost(self):
+        names = [f"name{number}" for number in range(8)]
+        calls = [("vocabulary", "add", name) for name in names]
+        calls += [("replacements", "add", name, "with") for name in names]
+        calls += [("providers", "add", "--name", name, *SERVER) for name in names]
+        calls += [("modes", "set", mode, "--prompt", mode) for mode in ("Email", "Grammar", "Custom", "Notes")]
+        processes = [self.start(*call) for call in calls]
+        for process in processes:
+            _, errors = process.communicate(timeout=TIMEOUT_S)
+            self.assertEqual(process.returncode, 0, errors)
+        self.assertEqual(sorted(self.listed("vocabulary")), names)
+        self.assertEqual(sorted(entry["find"] for entry in self.listed("replacements")), names)
+        self.assertEqual(sorted(entry["name"] for entry in self.listed("providers") if entry["name"] in names), names)
+        self.assertEqual(len(self.listed("providers")), 3 + len(names), "the public ones are made once")
+        prompts = {entry["mode"]: entry["prompt"] for entry in self.listed("modes") if entry["mode"] != "Normal"}
+        self.assertEqual(prompts, {mode: mode for mode in prompts})
+
+    def test_what_is_not_written_is_an_error_and_reading_goes_on(self):
+        self.run_vantro("vocabulary", "add", "old")
+        (self.profile / "file").touch()
+        self.env["XDG_CONFIG_HOME"] = str(self.profile / "file")
+        for call in (("vocabulary", "add", "word"), ("replacements", "add", "find", "with"),
+                     ("modes", "set", "Email", "--prompt", "p"), ("modes", "default", "Notes"),
+                     ("providers", "add", "--name", "mine", *SERVER), ("providers", "edit", "OpenAI", "--name", "b"),
+                     ("providers", "remove", "OpenAI", "--yes"), ("models", "select", "tiny.en"),
+                     ("shortcuts", "mode", "hold"), ("devices", "bluetooth", "on")):
+            with self.subTest(call):
+                result = self.run_vantro(*call)
+                self.assertEqual(result.returncode, NOT_SAVED, result.stdout + result.stderr)
+                self.assertEqual(result.stdout, "")
+                self.assertIn("vantro.ini cannot be written", result.stderr)
+        for command in ("vocabulary", "modes", "providers", "models"):
+            self.assertEqual(self.run_vantro(command).returncode, 0, command)
+
+    def test_a_file_that_cannot_be_read_is_not_written_over(self):
+        self.run_vantro("vocabulary", "add", "old")
+        if os.geteuid() == 0:
+            self.skipTest("nothing is unreadable for root")
+        self.file.chmod(0)
+        self.assertEqual(self.run_vantro("vocabulary", "add", "new").returncode, NOT_SAVED)
+        self.file.chmod(0o600)
+        self.assertEqual(self.listed("vocabulary")[0], "old")
+
+    def test_a_stray_line_costs_nothing(self):
+        for words in (("vocabulary", "add", "old"), ("shortcuts", "mode", "hold"), ("modes",)):
+            self.assertEqual(self.run_vantro(*words).returncode, 0)
+        damaged = self.file.read_text() + "a stray line\n"
+        self.file.write_text(damaged)
+        for command in ("vocabulary", "modes", "providers", "models", "shortcuts", "replacements"):
+            self.run_vantro(command)
+        self.assertEqual(self.file.read_text(), damaged, "reading changes nothing")
+        self.assertEqual(self.listed("vocabulary")[0], "old")
+
+        self.assertEqual(self.run_vantro("vocabulary", "add", "new").returncode, 0)
+        self.assertEqual(self.listed("vocabulary"), ["old", "new"])
+        self.assertEqual(self.run_vantro("shortcuts", "mode").stdout, "hold\n")
+        self.assertEqual((self.folder / "vantro.ini.damaged").read_text(), damaged)
+        self.run_vantro("vocabulary", "add", "more")
+        self.assertEqual([path.name for path in self.folder.glob("*damaged*")], ["vantro.ini.damaged"])
+
+
+if __name__ == "__main__":
+    unittest.main()
