@@ -39,7 +39,7 @@ bool isSame(const QVariant& one, const QVariant& other)
 /// Absent where no file can be made, where nothing can be written either, and when somebody keeps it for too long.
 std::optional<FileLock> lockFor(const QString& path)
 {
-    constexpr auto patience = 10s;
+    constexpr auto patience = 2s; // a stopped process must not hold up the windows
     const QFileInfo file(path);
     try {
         return FileLock::take(file.absolutePath() + QStringLiteral("/.") + file.fileName() + QStringLiteral(".change"),
