@@ -215,10 +215,12 @@ std::unique_ptr<ModelListModel> Windows::makeModelList()
             parts_.speech.remove(model);
         }});
     connect(&parts_.speech.downloader, &ModelDownloader::isRunningChanged, models.get(), &ModelListModel::refresh);
-    connect(&parts_.defaults, &UserDefaults::changed, models.get(), [list = models.get()](const QString& key) {
+    // Queued: looking for the selection while a row is shown may be what settles it.
+    const auto follow = [list = models.get()](const QString& key) {
         if (key == setting::selectedModelName.key)
             list->refresh();
-    });
+    };
+    connect(&parts_.defaults, &UserDefaults::changed, models.get(), follow, Qt::QueuedConnection);
     return models;
 }
 
