@@ -281,7 +281,7 @@ class DiskTest(DownloadCase):
                                                       "exit $code"), env={"PART": str(self.part)})
         self.assertEqual(result.returncode, FAILED)
         self.assertIn("There is not enough space", result.stderr)
-        self.assertIn("20.0 MiB are free", result.stderr)
+        self.assertIn("20.0 MiB free", result.stderr)
         self.assertIn("part 0", result.stdout)
 
     def test_a_disk_that_becomes_full_meanwhile_keeps_the_part(self):
@@ -301,7 +301,7 @@ class DiskTest(DownloadCase):
     def test_a_read_only_folder_is_named(self):
         result = self.download(prefix=self.in_mounted("-o size=1m,ro", '"$@"'))
         self.assertEqual(result.returncode, FAILED)
-        self.assertIn(f"The folder {self.models} cannot be written to", result.stderr)
+        self.assertIn(f"The folder {self.models} is not writable", result.stderr)
 
 
 class StoreTest(DownloadCase):

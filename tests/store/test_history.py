@@ -133,7 +133,7 @@ class ShowAndDeleteTest(HistoryCase):
         self.assertEqual(self.history("show", CAFE).stdout.decode(), text + "\n")
         self.assertEqual(json.loads(self.history("show", CAFE, "--json").stdout)["transcription"], text)
         self.assertEqual(self.history("show", ANNA).stdout, b"Hi Anna, the report is late. Best, \n")
-        self.assertIn("As it was dictated:", self.at_terminal("history", "show", ANNA)[1])
+        self.assertIn("Original text:", self.at_terminal("history", "show", ANNA)[1])
         self.history("show", "99999999", expect=NOT_FOUND)
         self.history("show", "not-an-id", expect=NOT_FOUND)
 
@@ -206,7 +206,7 @@ class NotesTest(HistoryCase):
         self.assertIn("One note about milk.", self.at_terminal("notes", "show", "2023-11-14")[1])
 
         self.notes("delete", "2023-11-14", expect=USAGE)
-        self.assertIn("Delete 2023-11-14 with its summary and 1 notes", self.at_terminal("notes", "delete", "2023-11-14",
+        self.assertIn("Permanently delete 2023-11-14 with its summary and 1 note?", self.at_terminal("notes", "delete", "2023-11-14",
                                                                                     answer=b"n\n")[1])
         self.notes("delete", "2023-11-14", "--yes")
         self.notes("delete", "2023-11-14", "--yes", expect=NOT_FOUND)

@@ -34,6 +34,13 @@ QString dayName(const DailyNote& day)
     return day.created_at.isValid() ? day.created_at.toLocalTime().date().toString(Qt::ISODate) : QStringLiteral("-");
 }
 
+/// "1 note", "2 notes".
+template <typename Count>
+QString notesText(Count count)
+{
+    return count == 1 ? QStringLiteral("1 note") : QStringLiteral("%1 notes").arg(count);
+}
+
 QJsonObject toJson(const DailyNote& day)
 {
     return {{QStringLiteral("id"), day.id.toString(QUuid::WithoutBraces)},
@@ -142,7 +149,7 @@ int removeDay(HistorySession& session, const CommandCall& call)
 {
     const DailyNote day = dayFrom(call, session);
     const auto question =
-        QStringLiteral("Permanently delete %1 with its summary and %2 notes?").arg(dayName(day)).arg(day.noteCount);
+        QStringLiteral("Permanently delete %1 with its summary and %2?").arg(dayName(day), notesText(day.noteCount));
     if (!isConfirmed(question, call))
         return ExitCode::failed;
     session.store.deleteDailyNote(day);
@@ -157,7 +164,7 @@ int remove(const CommandCall& call)
     const auto ids = identitiesFrom(call.words, QStringLiteral("note"), [&session](const QString& prefix, int limit) {
         return session.store.noteIDs(prefix, limit);
     });
-    if (!isConfirmed(QStringLiteral("Permanently delete %1 notes?").arg(ids.size()), call))
+    if (!isConfirmed(QStringLiteral("Permanently delete %1?").arg(notesText(ids.size())), call))
         return ExitCode::failed;
     session.store.deleteNotes(ids);
     return ExitCode::done;
