@@ -104,7 +104,7 @@ TEST_F(PasteDeliveryDesktopTest, ABusyTargetGetsTheWordsAlthoughAClipboardManage
     EXPECT_EQ(clipboardElsewhere(), words);
     QElapsedTimer busy;
     busy.start();
-    EXPECT_TRUE(eventually([&] { return busy.elapsed() > 900; }));
+    EXPECT_TRUE(eventually([&] { return busy.elapsed() > 400; }));
     editor->thaw();
     EXPECT_TRUE(eventually([&] { return editor->text() == words; }));
     EXPECT_TRUE(eventually([] { return clipboardElsewhere() == former; }));
