@@ -20,6 +20,12 @@ public:
     /// nullopt if the clipboard is empty, holds no text, or its owner does not answer in time.
     [[nodiscard]] virtual std::optional<QString> string(Selection selection) const = 0;
     virtual void setString(Selection selection, const QString& text) = 0;
+    /// The same with the mark that password managers set: clipboard histories leave the text out.
+    virtual void setSecret(Selection selection, const QString& text) = 0;
+    /// Whether the text that is there bears that mark, whoever has set it.
+    [[nodiscard]] virtual bool isSecret(Selection selection) const = 0;
+    /// Whether it is still this program that gives the text of the last setString() or setSecret() to others.
+    [[nodiscard]] virtual bool isOwner(Selection selection) const = 0;
     /// Leaves the selection without an owner, as opposed to holding an empty text.
     virtual void clear(Selection selection) = 0;
     /// Whether any program has fetched the text of the last setString().

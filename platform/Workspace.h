@@ -23,6 +23,10 @@ public:
     [[nodiscard]] virtual bool hasInputFocus(WindowID window) const = 0;
     /// Asks the window manager to activate @p window; success is signalled by frontWindowChanged().
     virtual void activateWindow(WindowID window) = 0;
+    /// Whether @p window is one of this program's.
+    [[nodiscard]] virtual bool isOwn(WindowID window) const = 0;
+    /// Whether @p window, one of this program's, would put a pasted text into a field.
+    [[nodiscard]] virtual bool takesText(WindowID window) const = 0;
     /// The window's class and instance names, most specific last ("XTerm", "xterm"); empty if it has none.
     [[nodiscard]] virtual QStringList windowClass(WindowID window) const = 0;
     /// Opens @p url in the desktop's default program. Returns false if none could be started.

@@ -193,10 +193,6 @@
         <translation>Das Mikrofon ist während der Aufnahme ausgefallen. Was danach gesagt wurde, fehlt. %1</translation>
     </message>
     <message>
-        <source>What you said is on the clipboard.</source>
-        <translation>Was du gesagt hast, liegt in der Zwischenablage.</translation>
-    </message>
-    <message>
         <source>Transcription Error</source>
         <translation>Fehler bei der Transkription</translation>
     </message>
@@ -207,6 +203,18 @@
     <message>
         <source>Your dictations are delivered but not stored: %1</source>
         <translation>Diktate kommen an, werden aber nicht gespeichert: %1</translation>
+    </message>
+    <message>
+        <source>What you said was not kept. Please say it again.</source>
+        <translation>Was du gesagt hast, ist nicht erhalten. Bitte sag es noch einmal.</translation>
+    </message>
+    <message>
+        <source>What you said is in the history, as it was said: copy it from there.</source>
+        <translation>Was du gesagt hast, steht im Wortlaut im Verlauf: Kopiere es von dort.</translation>
+    </message>
+    <message>
+        <source>What you said is on the clipboard: paste it with %1.</source>
+        <translation>Was du gesagt hast, ist in der Zwischenablage: Füge es mit %1 ein.</translation>
     </message>
 </context>
 <context>
@@ -1000,20 +1008,36 @@
 <context>
     <name>PasteDelivery</name>
     <message>
-        <source>The text is on the clipboard: paste it with %1.</source>
-        <translation>Der Text ist in der Zwischenablage: Füge ihn mit %1 ein.</translation>
+        <source>The text is on the clipboard.</source>
+        <translation>Der Text ist in der Zwischenablage.</translation>
     </message>
     <message>
-        <source>No window was active when the dictation began. </source>
-        <translation>Beim Beginn des Diktats war kein Fenster aktiv. </translation>
+        <source>A window has not taken the text before this one. That text is in the history.</source>
+        <translation>Ein Fenster hat den Text vor diesem nicht übernommen. Jener Text steht im Verlauf.</translation>
     </message>
     <message>
-        <source>The window you were working in has been closed. </source>
-        <translation>Das Fenster, in dem du gearbeitet hast, wurde geschlossen. </translation>
+        <source>The window you were working in has not taken the text.</source>
+        <translation>Das Fenster, in dem du gearbeitet hast, hat den Text nicht übernommen.</translation>
     </message>
     <message>
-        <source>The window you were working in did not become active again. </source>
-        <translation>Das Fenster, in dem du gearbeitet hast, wurde nicht wieder aktiv. </translation>
+        <source>The text is in the history.</source>
+        <translation>Der Text steht im Verlauf.</translation>
+    </message>
+    <message>
+        <source>No window was active when the dictation began.</source>
+        <translation>Beim Beginn des Diktats war kein Fenster aktiv.</translation>
+    </message>
+    <message>
+        <source>The window you were working in has been closed.</source>
+        <translation>Das Fenster, in dem du gearbeitet hast, wurde geschlossen.</translation>
+    </message>
+    <message>
+        <source>You have moved on to another window.</source>
+        <translation>Du arbeitest inzwischen in einem anderen Fenster.</translation>
+    </message>
+    <message>
+        <source>The window you were working in did not become active again.</source>
+        <translation>Das Fenster, in dem du gearbeitet hast, wurde nicht wieder aktiv.</translation>
     </message>
 </context>
 <context>

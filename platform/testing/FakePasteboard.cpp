@@ -10,9 +10,9 @@ bool FakePasteboard::wasFetchedBy(Selection selection, WindowID window) const
     return std::ranges::find(of(selection).fetchedBy, window) != of(selection).fetchedBy.end();
 }
 
-void FakePasteboard::setByOther(Selection selection, std::optional<QString> text)
+void FakePasteboard::setByOther(Selection selection, std::optional<QString> text, bool secret)
 {
-    of(selection) = {std::move(text), {}, false, of(selection).changes};
+    of(selection) = {std::move(text), {}, false, of(selection).changes, secret};
 }
 
 std::optional<QString> FakePasteboard::fetch(Selection selection, WindowID window)

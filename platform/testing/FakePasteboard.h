@@ -16,12 +16,19 @@ public:
     {
         of(selection) = {text, {}, true, 1 + of(selection).changes};
     }
+    void setSecret(Selection selection, const QString& text) override
+    {
+        setString(selection, text);
+        of(selection).secret = true;
+    }
+    [[nodiscard]] bool isSecret(Selection selection) const override { return of(selection).secret; }
+    [[nodiscard]] bool isOwner(Selection selection) const override { return of(selection).own; }
     void clear(Selection selection) override { of(selection) = {std::nullopt, {}, false, 1 + of(selection).changes}; }
     [[nodiscard]] bool wasFetched(Selection selection) const override { return !of(selection).fetchedBy.empty(); }
     [[nodiscard]] bool wasFetchedBy(Selection selection, WindowID window) const override;
 
     /// Another program copies @p text, or non-text content for nullopt.
-    void setByOther(Selection selection, std::optional<QString> text);
+    void setByOther(Selection selection, std::optional<QString> text, bool secret = false);
     /// The program that owns @p window pastes.
     std::optional<QString> fetch(Selection selection, WindowID window);
     /// How often setString() or clear() was called.
@@ -34,6 +41,7 @@ private:
         std::vector<WindowID> fetchedBy;
         bool own = false;
         int changes = 0;
+        bool secret = false;
     };
 
     [[nodiscard]] Content& of(Selection selection) { return contents_[selection == Selection::Clipboard ? 0 : 1]; }

@@ -18,6 +18,8 @@ public:
     [[nodiscard]] bool windowExists(WindowID window) const override { return windows_.contains(window); }
     [[nodiscard]] bool hasInputFocus(WindowID window) const override { return focus_ == window; }
     void activateWindow(WindowID window) override;
+    [[nodiscard]] bool isOwn(WindowID window) const override { return own_.contains(window); }
+    [[nodiscard]] bool takesText(WindowID window) const override { return isOwn(window) && own_.at(window); }
     [[nodiscard]] QStringList windowClass(WindowID window) const override;
     bool openUrl(const QString& url) override
     {
@@ -27,6 +29,8 @@ public:
     [[nodiscard]] bool isCompositing() const override { return true; }
 
     void openWindow(WindowID window, const QStringList& windowClass = {}) { windows_[window] = windowClass; }
+    /// From now on @p window is one of the program's own.
+    void makeOwn(WindowID window, bool hasTextField = false) { own_[window] = hasTextField; }
     /// Closes @p window; if it had the focus, no window has.
     void closeWindow(WindowID window);
     /// The window manager's view; emits frontWindowChanged().
@@ -43,6 +47,7 @@ public:
 
 private:
     std::map<WindowID, QStringList> windows_;
+    std::map<WindowID, bool> own_; ///< with or without a text field
     std::optional<WindowID> front_;
     std::optional<WindowID> focus_;
     std::function<void(WindowID)> policy_;

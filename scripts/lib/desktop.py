@@ -177,11 +177,11 @@ class VirtualDesktop:
 
         return Editor(window, program, read, unsaved)
 
-    def open_xterm(self):
+    def open_xterm(self, wm_class="XTerm"):
         """Opens a terminal that records everything typed or pasted into it; text() returns all of it."""
         typed = self.home / "typed.txt"
-        program = self.start("xterm", "-e", "sh", "-c", 'stty -icanon; exec cat > "$1"', "sh", typed)
-        window = self.wait_for_window("xterm")
+        program = self.start("xterm", "-class", wm_class, "-name", wm_class.lower(), "-e", "sh", "-c", 'stty -icanon; exec cat > "$1"', "sh", typed)
+        window = self.wait_for_window(wm_class)
         self.activate(window)
         self.wait_until(typed.exists, 5, "the terminal's shell")
         seen_bytes = 0

@@ -122,6 +122,7 @@ public:
     {
         orderFront();
         former_ = workspace_.frontWindow();
+        workspace_.makeOwn(1000);
         workspace_.setFrontWindow(1000);
         workspace_.setInputFocus(1000);
     }
@@ -154,6 +155,13 @@ private:
 class ShellDouble final : public Shell
 {
 public:
+    struct Hud
+    {
+        std::optional<QRect> anchor;
+        QString keys;
+        QString reason;
+    };
+
     ShellDouble(doubles::FakeWorkspace& workspace, const doubles::FakeAudioEngines& engines)
         : workspace_(workspace)
         , engines_(engines)
@@ -168,7 +176,10 @@ public:
         launcher = panel.get();
         return panel;
     }
-    void showPasteHUD(std::optional<QRect> anchor) override { huds.push_back(anchor); }
+    void showPasteHUD(std::optional<QRect> anchor, const QString& keys, const QString& reason) override
+    {
+        huds.push_back({anchor, keys, reason});
+    }
     void showAlert(const QString&, const QString& text) override
     {
         EXPECT_EQ(openPanels, 0) << "an alert takes the keyboard";
@@ -187,7 +198,7 @@ public:
     QStringList steps; ///< of the launch, in their order
     QStringList alerts;
     QStringList downloads; ///< models whose download is shown
-    std::vector<std::optional<QRect>> huds;
+    std::vector<Hud> huds;
     int openPanels = 0;
     LauncherPanel* launcher = nullptr; ///< the latest; gone when its dictation is
     bool areWindowsAside = false;

@@ -11,11 +11,25 @@ TEST_F(DictationTest, TellsWhyAFailedOneDeliversNothing)
     provider.fail(QStringLiteral("Could not load the whisper model at /models/x.bin"));
     pump();
     EXPECT_EQ(shell.alerts.takeLast(),
-              QStringLiteral("Failed to transcribe audio: Could not load the whisper model at /models/x.bin"));
+              QStringLiteral("Failed to transcribe audio: Could not load the whisper model at /models/x.bin\n\n"
+                             "What you said was not kept. Please say it again."));
     EXPECT_EQ(shell.openPanels, 0);
     EXPECT_FALSE(delivered) << "nothing is delivered after an error";
     dictate(QStringLiteral("It works."));
     EXPECT_EQ(delivered, QStringLiteral("It works."));
+}
+
+TEST_F(DictationTest, TellsWhatToPressWhenTheWindowDoesNotTakeTheText)
+{
+    keyEvents.setTarget({});
+    dictate(QStringLiteral("Hello."));
+    EXPECT_FALSE(recorder.isBusy()) << "the next one may begin";
+    EXPECT_TRUE(shell.huds.empty());
+    clock.advance(2s);
+    ASSERT_EQ(shell.huds.size(), 1U);
+    EXPECT_EQ(shell.huds.front().keys, QStringLiteral("Ctrl+V"));
+    EXPECT_FALSE(shell.huds.front().reason.isEmpty());
+    EXPECT_EQ(pasteboard.string(clipboard), QStringLiteral("Hello."));
 }
 
 TEST_F(DictationTest, DeliversWhatCannotBeStoredAndTellsItOnce)
@@ -60,7 +74,8 @@ TEST_F(DictationTest, ANoteThatCannotBeStoredIsOnTheClipboard)
     ASSERT_EQ(shell.alerts.size(), 1);
     EXPECT_TRUE(shell.alerts.front().contains(QStringLiteral("The disk is full.")))
         << shell.alerts.front().toStdString();
-    EXPECT_TRUE(shell.alerts.front().endsWith(QStringLiteral("What you said is on the clipboard.")));
+    EXPECT_TRUE(
+        shell.alerts.front().endsWith(QStringLiteral("What you said is on the clipboard: paste it with Ctrl+V.")));
     EXPECT_FALSE(delivered) << "a note is never pasted";
 }
 

@@ -104,10 +104,36 @@ TEST_F(PasteDeliveryDesktopTest, ABusyTargetGetsTheWordsAlthoughAClipboardManage
     EXPECT_EQ(clipboardElsewhere(), words);
     QElapsedTimer busy;
     busy.start();
-    EXPECT_TRUE(eventually([&] { return busy.elapsed() > 900; }));
+    EXPECT_TRUE(eventually([&] { return busy.elapsed() > 400; }));
     editor->thaw();
     EXPECT_TRUE(eventually([&] { return editor->text() == words; }));
     EXPECT_TRUE(eventually([] { return clipboardElsewhere() == former; }));
+}
+
+TEST_F(PasteDeliveryDesktopTest, ATargetThatIsBusyTooLongPastesTheWordsAndNotTheFormerText)
+{
+    QString keys;
+    QObject::connect(&*delivery_, &PasteDelivery::notFetched, &*delivery_, [&](const QString& told) { keys = told; });
+    const auto editor = TargetProgram::qtEditor(*workspace_);
+    openLauncher();
+    editor->freeze();
+    EXPECT_EQ(closeLauncherAndDeliver(), Outcome::Pasted);
+    EXPECT_TRUE(eventually([&] { return !keys.isEmpty(); }));
+    EXPECT_EQ(keys, QStringLiteral("Ctrl+V"));
+    editor->thaw();
+    EXPECT_TRUE(eventually([&] { return editor->text() == words; }));
+    EXPECT_EQ(clipboardElsewhere(), words);
+}
+
+TEST_F(PasteDeliveryDesktopTest, WhoTypesElsewhereByNowKeepsTheKeyboard)
+{
+    const auto editor = TargetProgram::qtEditor(*workspace_);
+    openLauncher();
+    const auto elsewhere = TargetProgram::qtEditor(*workspace_);
+    EXPECT_EQ(closeLauncherAndDeliver(), Outcome::MovedOn);
+    EXPECT_TRUE(workspace_->hasInputFocus(elsewhere->window()));
+    EXPECT_EQ(clipboardElsewhere(), words);
+    EXPECT_EQ(editor->text() + elsewhere->text(), QString());
 }
 
 TEST_F(PasteDeliveryDesktopTest, AHotKeyThatIsHeldDelaysThePasteInsteadOfSwallowingIt)

@@ -107,6 +107,29 @@ class InterruptedDictationTest(DictationCase):
         self.desktop.activate(self.editor.window)
         self.check_next_dictation()
 
+    def test_text_that_a_terminal_does_not_take_waits_on_the_clipboard(self):
+        terminal = self.desktop.open_xterm("Unheard")
+        self.addCleanup(terminal.program.stop)
+        self.dictate(CHILD)
+        self.wait(lambda: self.vantro.window(HUD_TITLE), 60, "the notice that there is text to be pasted")
+        self.wait_until_over()
+        self.assertEqual(words(self.desktop.clipboard()), CHILD_WORDS)
+        self.wait(lambda: not self.vantro.window(HUD_TITLE), 20, "the notice to go")
+        self.assertEqual(words(self.desktop.clipboard()), CHILD_WORDS)
+
+    def test_text_for_a_user_who_has_moved_on_waits_on_the_clipboard(self):
+        terminal = self.desktop.open_xterm()
+        self.addCleanup(terminal.program.stop)
+        self.desktop.activate(self.editor.window)
+        self.dictate(CARDS)
+        self.desktop.activate(terminal.window)
+        self.wait(lambda: self.vantro.window(HUD_TITLE), 60, "the notice that there is text to be pasted")
+        self.assertEqual(self.desktop.display.active_window(), terminal.window.id)
+        self.wait_until_over()
+        self.assertEqual(self.arrived() + terminal.text(), "")
+        self.assertNotEqual(self.desktop.clipboard(), FORMER)
+        self.wait(lambda: not self.vantro.window(HUD_TITLE), 20, "the notice to go")
+
 
 if __name__ == "__main__":
     main()

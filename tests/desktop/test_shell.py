@@ -65,6 +65,44 @@ class WindowsTest(ShellCase):
         self.dictate(CHILD)
         self.assertEqual(words(self.wait_for_text()), "the child almost hurt the enormous cat".split())
 
+    def test_a_dictation_into_a_field_of_the_settings_arrives_there(self):
+        self.start_again()
+        self.has_keyboard(self.window(SETTINGS_TITLE))
+        for _ in range(PAGES.index("Vocabulary")):
+            self.desktop.press("Tab")
+        self.desktop.press("space")
+        for _ in range(len(PAGES) - PAGES.index("Vocabulary")):
+            self.desktop.press("Tab")
+        self.dictate(CHILD)
+        self.wait(lambda: "Setting the old content" in self.news(), 60, "the text to be fetched")
+        for text in ("", "something else"):
+            self.desktop.type_text(text)
+            self.desktop.press("Return")
+        listed = self.wait(lambda: json.loads(self.vantro.run("replacements", "list", "--json").stdout), 5, "the list")
+        self.addCleanup(self.vantro.run, "replacements", "remove", listed[0]["find"])
+        self.assertEqual([words(entry["find"]) for entry in listed], [CHILD_WORDS])
+        self.close(SETTINGS_TITLE)
+
+    def test_alerts_neither_get_the_text_nor_come_while_one_speaks(self):
+        tell = ("--shortcut", "Ctrl+Alt+D")
+        self.vantro.run(*tell)
+        alert = self.wait_for_alert_saying("Press Ctrl+Alt+D")
+        self.has_keyboard(alert)
+        self.dictate(CHILD)
+        self.assertEqual(words(self.wait_for_text()), CHILD_WORDS)
+        self.wait_until_over()
+        self.close_alert(alert)
+
+        self.desktop.activate(self.editor.window)
+        before = self.editor.text()
+        self.vantro.open_launcher()
+        self.vantro.run(*tell)
+        self.speak(CHILD)
+        self.assertEqual(self.vantro.alerts(), [])
+        self.vantro.end_dictation()
+        self.wait(lambda: words(self.editor.text()[len(before):]) == CHILD_WORDS, 60, "the text")
+        self.dismiss_alert_saying("Press Ctrl+Alt+D")
+
 
 class FirstStartTest(ShellCase):
     def test_onboarding_leads_to_a_dictation(self):

@@ -57,6 +57,8 @@ void AppDelegate::observeNotifications()
     observations_.push_back(
         center.observe(notification::onboardingClosed, [this](const auto&) { shell().closeOnboarding(); }));
     observations_.push_back(center.observe(notification::modelDownloaded, [this](const auto&) { modelDownloaded(); }));
+    connect(&parts_.dictation.delivery, &PasteDelivery::notFetched, this,
+            [this](const QString& keys, const QString& reason) { shell().showPasteHUD(std::nullopt, keys, reason); });
     connect(&parts_.shortcuts, &KeyboardShortcuts::shortcutFailed, this, &AppDelegate::shortcutFailed);
 }
 

@@ -218,7 +218,7 @@ QCoro::Task<> Dictation::deliver(QString text)
         co_await paste(text, launcherFrame);
     } else {
         parts_.delivery.copy(text);
-        parts_.shell.showPasteHUD(launcherFrame);
+        parts_.shell.showPasteHUD(launcherFrame, parts_.delivery.pasteKeys(), {});
     }
     if (parts_.defaults.get(setting::playSoundOnComplete))
         parts_.sounds.play(QStringLiteral("Blow"));
@@ -228,29 +228,33 @@ QCoro::Task<> Dictation::paste(QString text, QRect launcherFrame)
 {
     closeLauncher();
     const auto outcome = co_await parts_.delivery.deliver(text);
-    if (outcome == PasteDelivery::Outcome::Pasted) {
+    if (outcome == PasteDelivery::Outcome::Pasted)
         timings_.pasted = parts_.clock.now();
-        co_return;
-    }
-    // The text is on the clipboard for the user to paste.
-    logger_.info(parts_.delivery.explanation(outcome));
-    parts_.shell.showPasteHUD(launcherFrame);
+    const QString reason = parts_.delivery.explanation(outcome);
+    if (!reason.isEmpty())
+        parts_.shell.showPasteHUD(launcherFrame, parts_.delivery.pasteKeys(), reason);
 }
 
 void Dictation::fail(const Failure& failure)
 {
     announce(failure.transcript(), failure.localizedDescription());
-    notice_ = failure.localizedDescription() + saveFromLoss(failure.transcript());
+    notice_ = failure.localizedDescription();
+    if (const QString where = saveFromLoss(failure.transcript()); !where.isEmpty())
+        notice_ += QStringLiteral("\n\n") + where;
 }
 
 /// A text that was neither delivered nor stored, such as a note when the disk is full, goes to the clipboard. Returns
-/// what to tell the user about it.
+/// where the user finds what was said, and what to do next.
 QString Dictation::saveFromLoss(const QString& text)
 {
-    if (parts_.store.hasLatest() || text.trimmed().isEmpty())
+    if (state_ < State::transcribing) // nothing was said
         return {};
-    parts_.delivery.copy(text.trimmed());
-    return QStringLiteral("\n\n") + tr("What you said is on the clipboard.");
+    if (text.trimmed().isEmpty())
+        return tr("What you said was not kept. Please say it again.");
+    if (parts_.store.hasLatest())
+        return tr("What you said is in the history, as it was said: copy it from there.");
+    parts_.delivery.copy(text);
+    return tr("What you said is on the clipboard: paste it with %1.").arg(parts_.delivery.pasteKeys());
 }
 
 void Dictation::cancelRecording()

@@ -24,12 +24,13 @@ public:
 
     /// Creates a panel for @p dictation, which must outlive it. Not shown yet.
     [[nodiscard]] virtual std::unique_ptr<LauncherPanel> makeLauncher(Dictation& dictation) = 0;
-    /// @p anchor: where the launcher was, in screen coordinates.
-    virtual void showPasteHUD(std::optional<QRect> anchor) = 0;
+    /// @p anchor: where the launcher was, in screen coordinates. @p keys paste the text; @p reason says in a sentence
+    /// why the user has to, or nothing when he has chosen so.
+    virtual void showPasteHUD(std::optional<QRect> anchor, const QString& keys, const QString& reason) = 0;
     virtual void showAlert(const QString& title, const QString& text) = 0;
 
-    /// Hides the program's own windows during a recording, except in the practice step of the onboarding.
-    /// bringWindowsBack() shows them again.
+    /// Hides the program's own windows during a recording, except the active one and in the practice step of the
+    /// onboarding. bringWindowsBack() shows them again.
     virtual void putWindowsAside() = 0;
     virtual void bringWindowsBack() = 0;
 

@@ -7,6 +7,10 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+#include <algorithm>
+#include <array>
+#include <utility>
+
 namespace vantro {
 
 namespace {
@@ -14,15 +18,22 @@ namespace {
 using Chord = KeyEventPoster::PasteChord;
 using Table = QHash<QString, Chord>;
 
+constexpr std::array chordNames{std::pair{Chord::ControlV, "Ctrl+V"}, std::pair{Chord::ControlShiftV, "Ctrl+Shift+V"},
+                                std::pair{Chord::ShiftInsert, "Shift+Insert"}};
+
 const Table& builtIn()
 {
     static const Table table = [] {
         Table result;
         for (const char* const name : {"alacritty",
+                                       "black-box",
                                        "blackbox",
                                        "com.mitchellh.ghostty",
                                        "com.raggesilver.blackbox",
                                        "contour",
+                                       "cosmic-term",
+                                       "dev.warp.warp",
+                                       "evilvte",
                                        "cool-retro-term",
                                        "deepin-terminal",
                                        "foot",
@@ -35,6 +46,8 @@ const Table& builtIn()
                                        "kgx",
                                        "kitty",
                                        "konsole",
+                                       "hyper",
+                                       "lilyterm",
                                        "lxterminal",
                                        "mate-terminal",
                                        "org.codeberg.dnkl.foot",
@@ -52,6 +65,7 @@ const Table& builtIn()
                                        "st",
                                        "st-256color",
                                        "tabby",
+                                       "tym",
                                        "terminal",
                                        "terminator",
                                        "terminology",
@@ -64,8 +78,10 @@ const Table& builtIn()
                                        "xfce4-terminal",
                                        "yakuake"})
             result.insert(QString::fromLatin1(name), Chord::ControlShiftV);
-        for (const char* const name : {"aterm", "eterm", "koi8rxterm", "lxterm", "mlterm", "mrxvt", "rxvt",
-                                       "rxvt-unicode", "urxvt", "uxterm", "xterm"})
+        // Emacs scrolls at Ctrl+V.
+        for (const char* const name :
+             {"aterm", "emacs", "eterm", "koi8rxterm", "lucid-emacs", "lxterm", "mlterm", "mrxvt", "rxvt",
+              "rxvt-unicode", "rxvt-unicode-256color", "urxvt", "uxterm", "xterm"})
             result.insert(QString::fromLatin1(name), Chord::ShiftInsert);
         return result;
     }();
@@ -74,14 +90,11 @@ const Table& builtIn()
 
 std::optional<Chord> chordNamed(const QString& name)
 {
-    const QString plain = QString(name).remove(QLatin1Char(' ')).toLower();
-    if (plain == QLatin1String("ctrl+v"))
-        return Chord::ControlV;
-    if (plain == QLatin1String("ctrl+shift+v"))
-        return Chord::ControlShiftV;
-    if (plain == QLatin1String("shift+insert"))
-        return Chord::ShiftInsert;
-    return std::nullopt;
+    const QString plain = QString(name).remove(QLatin1Char(' '));
+    const auto* const found = std::ranges::find_if(chordNames, [&](const auto& entry) {
+        return plain.compare(QLatin1String(entry.second), Qt::CaseInsensitive) == 0;
+    });
+    return found != chordNames.end() ? std::optional(found->first) : std::nullopt;
 }
 
 /// The user's own table. Invalid entries are logged and ignored.
@@ -126,6 +139,11 @@ KeyEventPoster::PasteChord pasteChordFor(const QStringList& windowClass, const U
     if (const auto chosen = find(fromSettings(defaults), windowClass))
         return *chosen;
     return find(builtIn(), windowClass).value_or(Chord::ControlV);
+}
+
+QString chordText(Chord chord)
+{
+    return QLatin1String(std::ranges::find(chordNames, chord, &std::pair<Chord, const char*>::first)->second);
 }
 
 } // namespace vantro

@@ -1,14 +1,13 @@
 #include "vantro/delivery/PasteDelivery.h"
 
 #include "base/Logger.h"
+#include "base/PlainText.h"
 #include "base/Settings.h"
-#include "platform/Wording.h"
 #include "vantro/delivery/PasteChords.h"
-
-#include <QCoreApplication>
 
 #include <coroutine>
 #include <memory>
+#include <tuple>
 #include <utility>
 
 using namespace std::chrono_literals;
@@ -34,9 +33,15 @@ const Logger& logger()
     return instance;
 }
 
-QString tr(const char* text)
+/// Without what surrounds it, and without what a terminal would obey.
+QString plain(const QString& text)
 {
-    return QCoreApplication::translate("PasteDelivery", text);
+    return withoutControlCharacters(text).trimmed();
+}
+
+QString onClipboard()
+{
+    return PasteDelivery::tr("The text is on the clipboard.");
 }
 
 } // namespace
@@ -55,9 +60,8 @@ public:
             if (!std::exchange(*resumed, true))
                 waiting.resume();
         };
-        connection_ =
-            QObject::connect(&delivery_.workspace_, &Workspace::frontWindowChanged, &delivery_.context_, resume);
-        delivery_.clock_.callAfter(lookAgain, &delivery_.context_, resume);
+        connection_ = QObject::connect(&delivery_.workspace_, &Workspace::frontWindowChanged, &delivery_, resume);
+        delivery_.clock_.callAfter(lookAgain, &delivery_, resume);
     }
     void await_resume() { QObject::disconnect(connection_); }
 
@@ -74,31 +78,75 @@ PasteDelivery::PasteDelivery(Pasteboard& pasteboard, KeyEventPoster& keyEvents, 
     , defaults_(defaults)
     , clock_(clock)
 {
+    connect(&workspace_, &Workspace::frontWindowChanged, this, &PasteDelivery::noteFront);
+    noteFront();
+}
+
+void PasteDelivery::noteFront()
+{
+    if (const auto front = workspace_.frontWindow();
+        front && (!workspace_.isOwn(*front) || workspace_.takesText(*front)))
+        lastFront_ = front;
 }
 
 void PasteDelivery::rememberTarget()
 {
-    target_ = workspace_.frontWindow();
+    noteFront();
+    target_ = workspace_.frontWindow() ? lastFront_ : std::nullopt;
 }
 
 bool PasteDelivery::copy(const QString& text)
 {
-    const QString trimmed = text.trimmed();
-    if (trimmed.isEmpty())
+    const QString copied = plain(text);
+    if (copied.isEmpty())
         return false;
-    pasteboard_.setString(Selection::Clipboard, trimmed);
-    printToPerson(QStringLiteral("Copied to clipboard: \"%1\"").arg(trimmed));
+    std::ignore = takePending();
+    leave(copied, target_);
+    printToPerson(QStringLiteral("Copied to clipboard: \"%1\"").arg(copied));
     return true;
+}
+
+QString PasteDelivery::pasteKeys() const
+{
+    const bool isThere = target_ && workspace_.windowExists(*target_);
+    return chordText(chordOf(isThere ? target_ : workspace_.frontWindow()));
+}
+
+KeyEventPoster::PasteChord PasteDelivery::chordOf(std::optional<WindowID> window) const
+{
+    return pasteChordFor(window ? workspace_.windowClass(*window) : QStringList(), defaults_);
+}
+
+/// For the moment that a paste takes.
+void PasteDelivery::show(Selection selection, const QString& text)
+{
+    if (selection == Selection::Clipboard && defaults_.get(setting::copyToClipboardEnabled))
+        pasteboard_.setString(selection, text);
+    else
+        pasteboard_.setSecret(selection, text);
+}
+
+/// For good, wherever the keys that the user is told of find it.
+void PasteDelivery::leave(const QString& text, std::optional<WindowID> target)
+{
+    pasteboard_.setString(Selection::Clipboard, text);
+    if (chordOf(target) == KeyEventPoster::PasteChord::ShiftInsert)
+        pasteboard_.setString(Selection::Primary, text);
 }
 
 QCoro::Task<PasteDelivery::Outcome> PasteDelivery::deliver(QString text)
 {
-    const QString dictated = text.trimmed();
+    const QString dictated = plain(text);
     if (dictated.isEmpty())
         co_return Outcome::Nothing;
     const auto target = target_;
+    printToPerson(QStringLiteral("Copied to clipboard: \"%1\"").arg(dictated));
+    if (isPasting(target)) {
+        addToPending(dictated);
+        co_return Outcome::Pasted;
+    }
     Restore former = takeFormer(dictated);
-    copy(dictated);
+    show(Selection::Clipboard, dictated);
 
     Outcome outcome = co_await waitForKeyboard(target);
     if (outcome == Outcome::Pasted && keyEvents_.isOrdinaryKeyDown()) {
@@ -110,16 +158,26 @@ QCoro::Task<PasteDelivery::Outcome> PasteDelivery::deliver(QString text)
     if (outcome != Outcome::Pasted) {
         logger().error(explanation(outcome));
         restore(Selection::Primary, former.primary);
+        leave(dictated, target);
     }
     co_return outcome;
 }
 
-/// If the previous delivery has not restored the clipboard yet, this one takes over what it would have restored.
-PasteDelivery::Restore PasteDelivery::takeFormer(const QString& dictated)
+/// What the previous delivery would still have restored.
+std::optional<PasteDelivery::Restore> PasteDelivery::takePending()
 {
     const auto pending = std::exchange(pending_, std::nullopt);
     ++generation_;
+    if (pending && !isFetched(*pending))
+        Q_EMIT notFetched({}, tr("A window has not taken the text before this one. That text is in the history."));
+    return pending;
+}
+
+PasteDelivery::Restore PasteDelivery::takeFormer(const QString& dictated)
+{
+    const auto pending = takePending();
     Restore result;
+    result.text = dictated;
     if (!defaults_.get(setting::copyToClipboardEnabled))
         result.clipboard = former(Selection::Clipboard, dictated, pending ? pending->clipboard : std::nullopt);
     if (pending)
@@ -131,7 +189,35 @@ PasteDelivery::Former PasteDelivery::former(Selection selection, const QString& 
                                             const std::optional<Former>& pending) const
 {
     const auto present = pasteboard_.string(selection);
-    return {dictated, pending && present == pending->ours ? pending->text : present};
+    if (pending && present == pending->ours)
+        return {dictated, pending->text, pending->isSecret};
+    return {dictated, present, present && pasteboard_.isSecret(selection)};
+}
+
+bool PasteDelivery::isFetched(const Restore& paste) const
+{
+    return pasteboard_.wasFetchedBy(Selection::Clipboard, paste.target) ||
+           (paste.primary && pasteboard_.wasFetchedBy(Selection::Primary, paste.target));
+}
+
+bool PasteDelivery::isPasting(std::optional<WindowID> target) const
+{
+    return pending_ && pending_->target == target && !isFetched(*pending_) &&
+           pasteboard_.string(Selection::Clipboard) == pending_->text;
+}
+
+void PasteDelivery::addToPending(const QString& dictated)
+{
+    Restore& paste = *pending_;
+    paste.text += QLatin1Char(' ') + dictated;
+    paste.pastedAt = clock_.now();
+    show(Selection::Clipboard, paste.text);
+    if (paste.clipboard)
+        paste.clipboard->ours = paste.text;
+    if (paste.primary) {
+        show(Selection::Primary, paste.text);
+        paste.primary->ours = paste.text;
+    }
 }
 
 QCoro::Task<PasteDelivery::Outcome> PasteDelivery::waitForKeyboard(std::optional<WindowID> target)
@@ -144,6 +230,8 @@ QCoro::Task<PasteDelivery::Outcome> PasteDelivery::waitForKeyboard(std::optional
         const auto waited = clock_.now() - begin;
         if (!workspace_.windowExists(*target))
             co_return Outcome::TargetGone;
+        if (waited >= activateAfter && hasMovedOn(*target))
+            co_return Outcome::MovedOn;
         if (waited >= focusLimit)
             co_return Outcome::FocusNotReturned;
         if (waited >= activateAfter && !std::exchange(asked, true))
@@ -151,6 +239,14 @@ QCoro::Task<PasteDelivery::Outcome> PasteDelivery::waitForKeyboard(std::optional
         co_await NextLook(*this);
     }
     co_return Outcome::Pasted;
+}
+
+/// Another program's window is in front: to take the keyboard from it would type into the wrong one what its user
+/// types.
+bool PasteDelivery::hasMovedOn(WindowID target) const
+{
+    const auto front = workspace_.frontWindow();
+    return front && front != target && !workspace_.isOwn(*front);
 }
 
 QCoro::Task<> PasteDelivery::waitForKeyRelease()
@@ -167,11 +263,10 @@ bool PasteDelivery::hasKeyboard(WindowID window) const
 
 PasteDelivery::Outcome PasteDelivery::paste(const QString& dictated, WindowID target, Restore former)
 {
-    const auto chord = pasteChordFor(workspace_.windowClass(target), defaults_);
+    const auto chord = chordOf(target);
     if (chord == KeyEventPoster::PasteChord::ShiftInsert) {
         former.primary = this->former(Selection::Primary, dictated, former.primary);
-        former.pasted = Selection::Primary;
-        pasteboard_.setString(Selection::Primary, dictated);
+        show(Selection::Primary, dictated);
     }
     printLine(QStringLiteral("Attempting to paste..."));
     try {
@@ -190,7 +285,7 @@ PasteDelivery::Outcome PasteDelivery::paste(const QString& dictated, WindowID ta
 
 void PasteDelivery::scheduleRestore(std::chrono::milliseconds delay)
 {
-    clock_.callAfter(delay, &context_, [this, generation = generation_] {
+    clock_.callAfter(delay, this, [this, generation = generation_] {
         if (generation == generation_)
             restoreWhenFetched();
     });
@@ -200,21 +295,42 @@ void PasteDelivery::restoreWhenFetched()
 {
     if (!pending_)
         return;
-    const bool fetched = pasteboard_.wasFetchedBy(pending_->pasted, pending_->target);
-    if (!fetched && clock_.now() - pending_->pastedAt < fetchLimit) {
+    if (!isFetched(*pending_) && clock_.now() - pending_->pastedAt < fetchLimit)
         scheduleRestore(fetchPoll);
-        return;
-    }
-    restoreNow();
+    else
+        restoreNow();
 }
 
 void PasteDelivery::restoreNow()
 {
-    const auto former = std::exchange(pending_, std::nullopt);
-    if (!former)
+    const auto paste = std::exchange(pending_, std::nullopt);
+    if (!paste)
         return;
-    restore(Selection::Clipboard, former->clipboard);
-    restore(Selection::Primary, former->primary);
+    const bool isThere = pasteboard_.string(Selection::Clipboard) == paste->text;
+    // A clipboard manager that has taken the text over does not tell who fetches it.
+    if (isFetched(*paste) || (isThere && !pasteboard_.isOwner(Selection::Clipboard)))
+        restore(*paste);
+    else
+        tellOfUnfetched(*paste, isThere);
+}
+
+/// Whoever pastes later, when the window is no longer busy, must find this text and not the former one.
+void PasteDelivery::tellOfUnfetched(const Restore& paste, bool isThere)
+{
+    if (isThere)
+        leave(paste.text, paste.target);
+    else
+        restore(Selection::Primary, paste.primary);
+    const QString reason = tr("The window you were working in has not taken the text.") + QLatin1Char(' ') +
+                           (isThere ? onClipboard() : tr("The text is in the history."));
+    logger().error(reason);
+    Q_EMIT notFetched(isThere ? chordText(chordOf(paste.target)) : QString(), reason);
+}
+
+void PasteDelivery::restore(const Restore& former)
+{
+    restore(Selection::Clipboard, former.clipboard);
+    restore(Selection::Primary, former.primary);
 }
 
 void PasteDelivery::restore(Selection selection, const std::optional<Former>& former)
@@ -226,7 +342,10 @@ void PasteDelivery::restore(Selection selection, const std::optional<Former>& fo
     // Not cleared first: some clipboard managers fill an empty clipboard with its previous text.
     if (former->text) {
         printLine(QStringLiteral("Setting the old content"));
-        pasteboard_.setString(selection, *former->text);
+        if (former->isSecret)
+            pasteboard_.setSecret(selection, *former->text);
+        else
+            pasteboard_.setString(selection, *former->text);
     } else {
         pasteboard_.clear(selection);
     }
@@ -234,19 +353,20 @@ void PasteDelivery::restore(Selection selection, const std::optional<Former>& fo
 
 QString PasteDelivery::explanation(Outcome outcome) const
 {
-    const QString onClipboard = tr("The text is on the clipboard: paste it with %1.").arg(wording::pasteShortcut());
     switch (outcome) {
     case Outcome::Pasted:
     case Outcome::Nothing:
         return {};
     case Outcome::NoTarget:
-        return tr("No window was active when the dictation began. ") + onClipboard;
+        return tr("No window was active when the dictation began.") + QLatin1Char(' ') + onClipboard();
     case Outcome::TargetGone:
-        return tr("The window you were working in has been closed. ") + onClipboard;
+        return tr("The window you were working in has been closed.") + QLatin1Char(' ') + onClipboard();
+    case Outcome::MovedOn:
+        return tr("You have moved on to another window.") + QLatin1Char(' ') + onClipboard();
     case Outcome::FocusNotReturned:
-        return tr("The window you were working in did not become active again. ") + onClipboard;
+        return tr("The window you were working in did not become active again.") + QLatin1Char(' ') + onClipboard();
     case Outcome::KeystrokeFailed:
-        return keystrokeError_ + QLatin1Char(' ') + onClipboard;
+        return keystrokeError_ + QLatin1Char(' ') + onClipboard();
     }
     return {};
 }

@@ -16,10 +16,11 @@ namespace vantro {
 
 /// Pastes a dictation's text into the window the user was working in. Main thread.
 ///
-/// The keystroke goes to that window or nowhere: if the window is gone or does not get the focus back, the text stays
-/// on the clipboard and the outcome says so.
-class PasteDelivery
+/// The keystroke goes to that window or nowhere: if the window is gone, does not get the focus back, or the user works
+/// elsewhere by now, the text stays on the clipboard and the outcome says so.
+class PasteDelivery final : public QObject
 {
+    Q_OBJECT
 public:
     enum class Outcome {
         Pasted,
@@ -28,6 +29,7 @@ public:
         // For the following ones the text stays on the clipboard.
         NoTarget,
         TargetGone,
+        MovedOn, ///< the user works in another window by now
         FocusNotReturned,
         KeystrokeFailed,
     };
@@ -36,23 +38,33 @@ public:
     PasteDelivery(Pasteboard& pasteboard, KeyEventPoster& keyEvents, Workspace& workspace, UserDefaults& defaults,
                   Clock& clock);
 
-    /// Call when a dictation begins, before showing any window: its text will go to the window in front.
+    /// Call when a dictation begins, before showing any window: its text will go to the window in front, or to the one
+    /// before if that is one of our own without a text field.
     void rememberTarget();
 
-    /// Puts @p text, trimmed, on the clipboard. Returns false and changes nothing when it is blank.
+    /// Puts @p text, trimmed, where pasteKeys() finds it. Returns false and changes nothing when it is blank.
     bool copy(const QString& text);
+    /// What makes the remembered window paste, for the user to read.
+    [[nodiscard]] QString pasteKeys() const;
 
     /// Copies @p text, waits until the remembered window has the focus (up to 500 ms) and no key is held down (up to 1
     /// s), then posts the window's paste keystroke. Unless "copyToClipboardEnabled" is set, the previous clipboard text
     /// is restored later: 0.3 s after the keystroke, or once the window has fetched the text if that takes longer (up
-    /// to 2 s), and not at all if the clipboard has been changed since.
+    /// to 2 s, then notFetched() is emitted instead), and not at all if the clipboard has been changed since. A window
+    /// that has not answered one keystroke yet gets no second one: its paste will bring both texts.
     [[nodiscard]] QCoro::Task<Outcome> deliver(QString text);
 
-    /// Restores the clipboard without waiting for the pasting program. For when the process is about to end.
+    /// Settles a pending paste as it stands. For when the process is about to end.
     void restoreNow();
 
     /// What to tell the user; empty when the outcome needs no explanation.
     [[nodiscard]] QString explanation(Outcome outcome) const;
+
+Q_SIGNALS:
+    /// A window that was sent the keystroke has not fetched the text: it is busy, or uses other keys. The text stays on
+    /// the clipboard, to be pasted with @p keys; if @p keys is empty it is only in the history. @p reason is for the
+    /// user.
+    void notFetched(const QString& keys, const QString& reason);
 
 private:
     class NextLook;
@@ -62,25 +74,37 @@ private:
     {
         QString ours;
         std::optional<QString> text;
+        bool isSecret = false;
     };
     struct Restore
     {
+        QString text;
         std::optional<Former> clipboard;
         std::optional<Former> primary;
-        WindowID target = 0;
-        Pasteboard::Selection pasted = Pasteboard::Selection::Clipboard;
+        WindowID target{};
         Clock::Instant pastedAt;
     };
 
+    void noteFront();
+    [[nodiscard]] std::optional<Restore> takePending();
     [[nodiscard]] Restore takeFormer(const QString& dictated);
     [[nodiscard]] Former former(Pasteboard::Selection selection, const QString& dictated,
                                 const std::optional<Former>& pending) const;
     [[nodiscard]] QCoro::Task<Outcome> waitForKeyboard(std::optional<WindowID> target);
     [[nodiscard]] QCoro::Task<> waitForKeyRelease();
     [[nodiscard]] bool hasKeyboard(WindowID window) const;
+    [[nodiscard]] bool hasMovedOn(WindowID target) const;
+    [[nodiscard]] bool isFetched(const Restore& paste) const;
+    [[nodiscard]] bool isPasting(std::optional<WindowID> target) const;
+    void addToPending(const QString& dictated);
+    void show(Pasteboard::Selection selection, const QString& text);
+    void leave(const QString& text, std::optional<WindowID> target);
+    [[nodiscard]] KeyEventPoster::PasteChord chordOf(std::optional<WindowID> window) const;
     [[nodiscard]] Outcome paste(const QString& dictated, WindowID target, Restore restore);
     void scheduleRestore(std::chrono::milliseconds delay);
     void restoreWhenFetched();
+    void tellOfUnfetched(const Restore& paste, bool isThere);
+    void restore(const Restore& former);
     void restore(Pasteboard::Selection selection, const std::optional<Former>& former);
 
     Pasteboard& pasteboard_;
@@ -88,12 +112,11 @@ private:
     Workspace& workspace_;
     UserDefaults& defaults_;
     Clock& clock_;
+    std::optional<WindowID> lastFront_; ///< that could take a text
     std::optional<WindowID> target_;
     std::optional<Restore> pending_;
     quint64 generation_ = 0;
     QString keystrokeError_;
-    /// Context of all callbacks: none runs after this object is destroyed.
-    QObject context_;
 };
 
 } // namespace vantro

@@ -9,9 +9,10 @@
 
 namespace vantro {
 
-Alerts::Alerts(QQmlEngine& engine, const UserDefaults& defaults, const Platform& platform)
+Alerts::Alerts(QQmlEngine& engine, const UserDefaults& defaults, const Platform& platform, WhenIdle& idle)
     : engine_(engine)
     , platform_(platform)
+    , idle_(idle)
 {
     // Queued: code that changes a setting does not expect a window to open meanwhile.
     connect(&defaults, &UserDefaults::writeFailed, this, &Alerts::tellOfUnsavedSettings, Qt::QueuedConnection);
@@ -21,8 +22,10 @@ void Alerts::show(AlertWindow::Kind kind, const QString& title, const QString& t
                   AlertWindow::Answered answered)
 {
     Logger("Alert").info(QStringLiteral("%1: %2").arg(title, text.simplified()));
-    // Deletes itself when closed.
-    (new AlertWindow(engine_, kind, title, text, buttons, std::move(answered)))->present();
+    idle_.run([this, kind, title, text, buttons, answered = std::move(answered)] {
+        // Deletes itself when it is closed.
+        (new AlertWindow(engine_, kind, title, text, buttons, answered))->present();
+    });
 }
 
 void Alerts::confirm(const QString& title, const QString& question, const QString& verb,

@@ -2,6 +2,7 @@
 
 #include "base/UserDefaults.h"
 #include "platform/Platform.h"
+#include "vantro/main/WhenIdle.h"
 #include "vantro/support/UpdateChecker.h"
 #include "vantro/ui/alert/AlertWindow.h"
 
@@ -16,8 +17,8 @@ class Alerts final : public QObject
 {
     Q_OBJECT
 public:
-    /// All references must outlive this object.
-    Alerts(QQmlEngine& engine, const UserDefaults& defaults, const Platform& platform);
+    /// All outlive this object. @p idle: alerts wait for it.
+    Alerts(QQmlEngine& engine, const UserDefaults& defaults, const Platform& platform, WhenIdle& idle);
 
     void show(AlertWindow::Kind kind, const QString& title, const QString& text,
               const QStringList& buttons = {tr("OK")}, AlertWindow::Answered answered = {});
@@ -37,6 +38,7 @@ private:
 
     QQmlEngine& engine_;
     const Platform& platform_;
+    WhenIdle& idle_;
     bool hasToldOfUnsavedSettings_ = false;
 };
 

@@ -53,7 +53,8 @@ void put(LazyWindow::Content& content, const char* property, std::unique_ptr<Mod
 Windows::Windows(Parts parts)
     : parts_(std::move(parts))
     , ui_(parts_.defaults, *parts_.platform.appearance)
-    , alerts_(ui_.engine(), parts_.defaults, parts_.platform)
+    , idle_(parts_.recorder)
+    , alerts_(ui_.engine(), parts_.defaults, parts_.platform, idle_)
     , hud_(ui_.engine(), *parts_.platform.workspace, parts_.clock)
     , updates_(
           {parts_.defaults, *parts_.platform.workspace, parts_.clock, manifestAddress(), version, alerts_.forUpdates()})
@@ -97,7 +98,7 @@ void Windows::connectTray()
     connect(&tray_, &TrayIcon::settingsRequested, this, [this] { showSettings(QStringLiteral("general")); });
     connect(&tray_, &TrayIcon::modelsRequested, this, [this] { showSettings(QStringLiteral("models")); });
     connect(&tray_, &TrayIcon::aboutRequested, this, [this] { showSettings(QStringLiteral("about")); });
-    connect(&tray_, &TrayIcon::historyRequested, this, [this] { transcriptions_.open(); });
+    connect(&tray_, &TrayIcon::historyRequested, this, [this] { idle_.run([this] { transcriptions_.open(); }); });
     connect(&tray_, &TrayIcon::updateCheckRequested, this, [this] { updates_.check(UpdateChecker::Asker::user); });
     connect(&tray_, &TrayIcon::errorReportRequested, &alerts_, &Alerts::reportError);
     connect(&tray_, &TrayIcon::feedbackRequested, &alerts_, &Alerts::sendFeedback);
@@ -133,10 +134,8 @@ void Windows::putWindowsAside()
     if (isSandboxMode_)
         return;
     for (LazyWindow* const window : {&transcriptions_, &settings_}) {
-        if (!window->isVisible())
-            continue;
-        window->orderOut();
-        aside_.push_back(window);
+        if (window->orderOut())
+            aside_.push_back(window);
     }
 }
 
@@ -149,29 +148,31 @@ void Windows::bringWindowsBack()
 void Windows::showOnboarding()
 {
     if (!shortcutWindow_)
-        onboarding_.open();
+        idle_.run([this] { onboarding_.open(); });
 }
 
 void Windows::askForShortcut(const QString& reason)
 {
     shortcutWindow_ = std::make_unique<ShortcutWindow>(ui_.engine(), parts_.shortcuts, *parts_.platform.hotKeys,
                                                        *parts_.platform.desktopShortcuts, parts_.notifications, reason);
-    shortcutWindow_->present();
+    idle_.run([this] { shortcutWindow_->present(); });
 }
 
 void Windows::showMain()
 {
     if (onboarding_.isOpen())
-        onboarding_.open();
+        showOnboarding();
     else
         showSettings(QStringLiteral("general"));
 }
 
 void Windows::showSettings(const QString& page)
 {
-    settings_.open();
-    if (QObject* const root = settings_.root())
-        root->setProperty("page", page);
+    idle_.run([this, page] {
+        settings_.open();
+        if (QObject* const root = settings_.root())
+            root->setProperty("page", page);
+    });
 }
 
 LazyWindow::Content Windows::settingsContent()
@@ -302,13 +303,16 @@ void Windows::showModelDownload(const TranscriptionModel& model, const QString& 
 {
     // The onboarding has its own page for the download.
     if (onboarding_.isVisible() && problem.isEmpty()) {
-        onboarding_.open();
+        showOnboarding();
         return;
     }
     if (!downloadWindow_)
         downloadWindow_ =
             std::make_unique<ModelDownloadWindow>(ui_.engine(), parts_.speech.downloader, parts_.notifications);
-    downloadWindow_->present(model, problem);
+    idle_.run([this, model, problem] {
+        if (downloadWindow_)
+            downloadWindow_->present(model, problem);
+    });
 }
 
 void Windows::closeModelDownload()

@@ -8,6 +8,7 @@
 #include "vantro/audio/AudioDeviceManager.h"
 #include "vantro/audio/AudioRecorder.h"
 #include "vantro/main/Alerts.h"
+#include "vantro/main/WhenIdle.h"
 #include "vantro/store/CoreDataStack.h"
 #include "vantro/support/UpdateChecker.h"
 #include "vantro/text/VocabularySettings.h"
@@ -52,7 +53,10 @@ public:
 
     void checkForUpdates() override { updates_.check(UpdateChecker::Asker::launch); }
     [[nodiscard]] std::unique_ptr<LauncherPanel> makeLauncher(Dictation& dictation) override;
-    void showPasteHUD(std::optional<QRect> anchor) override { hud_.showHUD(anchor); }
+    void showPasteHUD(std::optional<QRect> anchor, const QString& keys, const QString& reason) override
+    {
+        hud_.showHUD(anchor, keys, reason);
+    }
     void showAlert(const QString& title, const QString& text) override;
     void putWindowsAside() override;
     void bringWindowsBack() override;
@@ -88,6 +92,7 @@ private:
 
     Parts parts_;
     UiEngine ui_;
+    WhenIdle idle_;
     Alerts alerts_;
     PasteHUDWindow hud_;
     UpdateChecker updates_;

@@ -4,6 +4,7 @@
 
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QMimeData>
 
 namespace vantro {
 
@@ -21,6 +22,11 @@ bool isQts(WindowID window)
                                         xcb_get_setup(x11->connection())->resource_id_base);
 }
 
+QClipboard::Mode modeOf(Pasteboard::Selection selection)
+{
+    return selection == Pasteboard::Selection::Clipboard ? QClipboard::Clipboard : QClipboard::Selection;
+}
+
 } // namespace
 
 X11Pasteboard::X11Pasteboard(const QString& displayName)
@@ -33,8 +39,7 @@ X11Pasteboard::~X11Pasteboard() = default;
 std::optional<QString> X11Pasteboard::string(Selection selection) const
 {
     if (const auto owner = service_->ownerOf(selection); owner && isQts(*owner)) {
-        const QString text = QGuiApplication::clipboard()->text(
-            selection == Selection::Clipboard ? QClipboard::Clipboard : QClipboard::Selection);
+        const QString text = QGuiApplication::clipboard()->text(modeOf(selection));
         return text.isNull() ? std::nullopt : std::optional(text);
     }
     const auto text = service_->read(selection);
@@ -43,7 +48,26 @@ std::optional<QString> X11Pasteboard::string(Selection selection) const
 
 void X11Pasteboard::setString(Selection selection, const QString& text)
 {
-    service_->own(selection, text.toUtf8());
+    service_->own(selection, text.toUtf8(), X11SelectionService::Privacy::open);
+}
+
+void X11Pasteboard::setSecret(Selection selection, const QString& text)
+{
+    service_->own(selection, text.toUtf8(), X11SelectionService::Privacy::secret);
+}
+
+bool X11Pasteboard::isSecret(Selection selection) const
+{
+    const auto owner = service_->ownerOf(selection);
+    if (!owner || !isQts(*owner))
+        return owner && service_->isSecret(selection);
+    const QMimeData* const copied = QGuiApplication::clipboard()->mimeData(modeOf(selection));
+    return copied != nullptr && copied->data(QLatin1String(secretHint)) == secretHintValue;
+}
+
+bool X11Pasteboard::isOwner(Selection selection) const
+{
+    return service_->isOwner(selection);
 }
 
 void X11Pasteboard::clear(Selection selection)

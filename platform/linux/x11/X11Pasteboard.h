@@ -21,6 +21,9 @@ public:
 
     [[nodiscard]] std::optional<QString> string(Selection selection) const override;
     void setString(Selection selection, const QString& text) override;
+    void setSecret(Selection selection, const QString& text) override;
+    [[nodiscard]] bool isSecret(Selection selection) const override;
+    [[nodiscard]] bool isOwner(Selection selection) const override;
     void clear(Selection selection) override;
     [[nodiscard]] bool wasFetched(Selection selection) const override;
     [[nodiscard]] bool wasFetchedBy(Selection selection, WindowID window) const override;

@@ -21,6 +21,14 @@ std::vector<xcb_atom_t> X11SelectionService::textTargets() const
     return {atoms_[Utf8String], atoms_[TextPlainUtf8], atoms_[TextPlain], atoms_[Text], XCB_ATOM_STRING};
 }
 
+std::vector<xcb_atom_t> X11SelectionService::targetsOf(const Owned& mine) const
+{
+    auto result = textTargets();
+    if (mine.privacy == Privacy::secret)
+        result.push_back(atoms_[SecretHint]);
+    return result;
+}
+
 void X11SelectionService::answer(const xcb_selection_request_event_t& request)
 {
     // Pre-ICCCM programs leave the choice of the property to the owner.
@@ -49,8 +57,8 @@ void X11SelectionService::answer(const xcb_selection_request_event_t& request)
 
 bool X11SelectionService::give(Owned& mine, xcb_window_t requestor, xcb_atom_t target, xcb_atom_t property)
 {
-    const auto texts = textTargets();
     if (target == atoms_[Targets]) {
+        const auto texts = targetsOf(mine);
         std::vector<xcb_atom_t> all{atoms_[Targets], atoms_[Timestamp], atoms_[Multiple], atoms_[SaveTargets]};
         all.insert(all.end(), texts.begin(), texts.end());
         xcb_change_property(connection_.get(), XCB_PROP_MODE_REPLACE, requestor, property, XCB_ATOM_ATOM, 32,
@@ -62,6 +70,11 @@ bool X11SelectionService::give(Owned& mine, xcb_window_t requestor, xcb_atom_t t
                             &mine.since);
         return true;
     }
+    if (target == atoms_[SecretHint] && mine.privacy == Privacy::secret) {
+        put(requestor, property, target, secretHintValue);
+        return true;
+    }
+    const auto texts = textTargets();
     if (std::ranges::find(texts, target) == texts.end())
         return false;
     mine.fetchedBy.push_back(requestor);
@@ -139,7 +152,7 @@ void X11SelectionService::leaveToManager()
         &std::free);
     if (!owned(Selection::Clipboard) || !manager || manager->owner == XCB_NONE)
         return;
-    const auto texts = textTargets();
+    const auto texts = targetsOf(*owned(Selection::Clipboard));
     xcb_change_property(connection_.get(), XCB_PROP_MODE_REPLACE, window_, atoms_[Scratch], XCB_ATOM_ATOM, 32,
                         static_cast<std::uint32_t>(texts.size()), texts.data());
     notify_.reset();

@@ -88,19 +88,10 @@ X11SelectionService::~X11SelectionService()
 
 void X11SelectionService::internAtoms()
 {
-    constexpr std::array<const char*, AtomCount> names{"CLIPBOARD",
-                                                       "CLIPBOARD_MANAGER",
-                                                       "INCR",
-                                                       "MULTIPLE",
-                                                       "PRIMARY",
-                                                       "SAVE_TARGETS",
-                                                       "VANTRO_SELECTION",
-                                                       "TARGETS",
-                                                       "TEXT",
-                                                       "text/plain",
-                                                       "text/plain;charset=utf-8",
-                                                       "TIMESTAMP",
-                                                       "UTF8_STRING"};
+    constexpr std::array<const char*, AtomCount> names{
+        "CLIPBOARD",    "CLIPBOARD_MANAGER",        "INCR",      "MULTIPLE",   "PRIMARY",
+        "SAVE_TARGETS", "VANTRO_SELECTION",         secretHint,  "TARGETS",    "TEXT",
+        "text/plain",   "text/plain;charset=utf-8", "TIMESTAMP", "UTF8_STRING"};
     std::array<xcb_intern_atom_cookie_t, AtomCount> cookies{};
     std::ranges::transform(names, cookies.begin(), [this](const char* name) {
         return xcb_intern_atom(connection_.get(), 0, static_cast<std::uint16_t>(std::strlen(name)), name);
@@ -236,10 +227,28 @@ std::optional<QByteArray> X11SelectionService::read(Selection selection)
     return result;
 }
 
-void X11SelectionService::own(Selection selection, const QByteArray& utf8)
+bool X11SelectionService::isSecret(Selection selection)
+{
+    bool result = false;
+    onThread([&] {
+        result = owned(selection)
+                     ? owned(selection)->privacy == Privacy::secret
+                     : fetch(atomOf(selection), atoms_[SecretHint], Clock::now() + silenceLimit) == secretHintValue;
+    });
+    return result;
+}
+
+bool X11SelectionService::isOwner(Selection selection)
+{
+    bool result = false;
+    onThread([&] { result = owned(selection).has_value(); });
+    return result;
+}
+
+void X11SelectionService::own(Selection selection, const QByteArray& utf8, Privacy privacy)
 {
     onThread([&] {
-        owned(selection) = Owned{utf8, serverTime(), {}};
+        owned(selection) = Owned{utf8, privacy, serverTime(), {}};
         xcb_set_selection_owner(connection_.get(), window_, atomOf(selection), owned(selection)->since);
         const auto reply = owner(xcb_get_selection_owner_reply(
             connection_.get(), xcb_get_selection_owner(connection_.get(), atomOf(selection)), nullptr));

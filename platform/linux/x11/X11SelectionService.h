@@ -18,6 +18,10 @@
 
 namespace vantro {
 
+/// What password managers offer beside a password, for clipboard histories to leave it out.
+inline constexpr char secretHint[] = "x-kde-passwordManagerHint";
+inline constexpr char secretHintValue[] = "secret";
+
 /// Whether two windows (or other resources) belong to the same connection, i.e. share its ID prefix.
 bool sameClient(xcb_connection_t* connection, std::uint32_t left, std::uint32_t right);
 
@@ -28,6 +32,7 @@ class X11SelectionService
 {
 public:
     using Selection = Pasteboard::Selection;
+    enum class Privacy { open, secret };
 
     explicit X11SelectionService(const QByteArray& displayName);
     ~X11SelectionService();
@@ -36,7 +41,10 @@ public:
 
     /// UTF-8; nullopt if the selection has no owner, or the owner has no text or does not answer.
     [[nodiscard]] std::optional<QByteArray> read(Selection selection);
-    void own(Selection selection, const QByteArray& utf8);
+    void own(Selection selection, const QByteArray& utf8, Privacy privacy);
+    /// Whether the owner, this program or another, marks its text as a secret.
+    [[nodiscard]] bool isSecret(Selection selection);
+    [[nodiscard]] bool isOwner(Selection selection);
     void disown(Selection selection);
     /// The window that owns the selection, in any program.
     [[nodiscard]] std::optional<WindowID> ownerOf(Selection selection);
@@ -53,6 +61,7 @@ private:
     struct Owned
     {
         QByteArray utf8;
+        Privacy privacy = Privacy::open;
         xcb_timestamp_t since = XCB_CURRENT_TIME;
         std::vector<xcb_window_t> fetchedBy;
     };
@@ -78,6 +87,7 @@ private:
         Primary,
         SaveTargets,
         Scratch,
+        SecretHint,
         Targets,
         Text,
         TextPlain,
@@ -110,6 +120,8 @@ private:
     [[nodiscard]] std::optional<Owned>& owned(Selection selection);
     [[nodiscard]] std::optional<Owned>* owned(xcb_atom_t selection);
     [[nodiscard]] std::vector<xcb_atom_t> textTargets() const;
+    /// textTargets(), and what else there is to say of the text.
+    [[nodiscard]] std::vector<xcb_atom_t> targetsOf(const Owned& mine) const;
 
     std::unique_ptr<xcb_connection_t, Connection> connection_;
     xcb_window_t window_ = XCB_NONE;

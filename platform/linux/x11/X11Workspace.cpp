@@ -5,7 +5,10 @@
 #include "platform/linux/x11/X11ErrorTrap.h"
 
 #include <QDesktopServices>
+#include <QGuiApplication>
+#include <QInputMethodQueryEvent>
 #include <QUrl>
+#include <QWindow>
 
 #include <X11/Xatom.h>
 #include <X11/Xlib.h>
@@ -27,6 +30,14 @@ struct XFreeDeleter
 /// Source indication "pager" (EWMH): window managers grant requests on the user's behalf.
 constexpr long sourceIsUser = 2;
 constexpr long maxPropertyLongs = 4096;
+
+const QWindow* ownWindow(WindowID window)
+{
+    const QWindowList own = QGuiApplication::allWindows();
+    const auto found = std::ranges::find_if(
+        own, [&](QWindow* candidate) { return candidate->handle() && candidate->winId() == window; });
+    return found != own.end() ? *found : nullptr;
+}
 
 } // namespace
 
@@ -101,6 +112,22 @@ void X11Workspace::activateWindow(WindowID window)
     event.xclient.data.l[0] = sourceIsUser;
     event.xclient.data.l[1] = CurrentTime;
     XSendEvent(display, connection_.rootWindow(), False, SubstructureRedirectMask | SubstructureNotifyMask, &event);
+}
+
+bool X11Workspace::isOwn(WindowID window) const
+{
+    return ownWindow(window) != nullptr;
+}
+
+bool X11Workspace::takesText(WindowID window) const
+{
+    const QWindow* const own = ownWindow(window);
+    QObject* const field = own != nullptr ? own->focusObject() : nullptr;
+    if (field == nullptr)
+        return false;
+    QInputMethodQueryEvent query(Qt::ImEnabled);
+    QCoreApplication::sendEvent(field, &query);
+    return query.value(Qt::ImEnabled).toBool();
 }
 
 QStringList X11Workspace::windowClass(WindowID window) const

@@ -21,6 +21,8 @@ public:
     [[nodiscard]] bool windowExists(WindowID window) const override;
     [[nodiscard]] bool hasInputFocus(WindowID window) const override;
     void activateWindow(WindowID window) override;
+    [[nodiscard]] bool isOwn(WindowID window) const override;
+    [[nodiscard]] bool takesText(WindowID window) const override;
     [[nodiscard]] QStringList windowClass(WindowID window) const override;
     bool openUrl(const QString& url) override;
     [[nodiscard]] bool isCompositing() const override;

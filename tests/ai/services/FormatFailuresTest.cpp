@@ -86,6 +86,14 @@ TEST_F(FormatFailures, AnAnswerThatHoldsNoTextIsNone)
     EXPECT_EQ(formatWith({}, RemoteProviderType::Gemini).kind(), Kind::invalidResponse);
 }
 
+TEST_F(FormatFailures, WhatATerminalWouldObeyIsLeftOutOfAnAnswer)
+{
+    const Outcome answer =
+        formatWith({{QStringLiteral("body"),
+                     QStringLiteral(R"({"choices": [{"message": {"content": "a\u0000\u001b[31m\r\n\tb\u009b"}}]})")}});
+    EXPECT_EQ(answer.text, QStringLiteral("a[31m\n\tb"));
+}
+
 TEST_F(FormatFailures, ABrokenConnectionNamesTheHost)
 {
     const Outcome cut =

@@ -1,5 +1,6 @@
 #include "vantro/ai/services/RemoteAnswer.h"
 
+#include "base/PlainText.h"
 #include "vantro/ai/services/RemoteFormatError.h"
 
 #include <QJsonDocument>
@@ -48,10 +49,11 @@ QString RemoteAnswer::text(TextPath path) const
 {
     check();
     const QJsonValue value = path(QJsonDocument::fromJson(answer_.body).object());
+    QString text = withoutControlCharacters(value.toString());
     // An empty text means that the model used up its tokens on reasoning.
-    if (!value.isString() || value.toString().trimmed().isEmpty())
+    if (text.trimmed().isEmpty())
         throw RemoteFormatError(RemoteFormatError::Kind::invalidResponse);
-    return value.toString();
+    return text;
 }
 
 void RemoteAnswer::check() const

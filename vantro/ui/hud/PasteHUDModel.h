@@ -16,11 +16,13 @@ class PasteHUDModel : public QObject
     Q_PROPERTY(bool isSettled MEMBER isSettled NOTIFY changed)
     Q_PROPERTY(bool isAnimated MEMBER isAnimated NOTIFY changed)
     Q_PROPERTY(QString shortcut MEMBER shortcut NOTIFY changed)
+    Q_PROPERTY(QString reason MEMBER reason NOTIFY changed)
 public:
     QSizeF startSize;
     bool isSettled = false;
     bool isAnimated = true;
     QString shortcut;
+    QString reason; ///< why the user has to press it; may be empty
 
 Q_SIGNALS:
     void changed();

@@ -1,10 +1,10 @@
 #include "vantro/ui/hud/PasteHUDWindow.h"
 
-#include "platform/Wording.h"
 #include "vantro/ui/style/PanelShape.h"
 #include "vantro/ui/style/UiEngine.h"
 
 #include <QGuiApplication>
+#include <QQuickItem>
 #include <QScreen>
 #include <QTimer>
 
@@ -16,19 +16,24 @@ namespace vantro {
 
 namespace {
 
-constexpr QSize restingSize(260, 130);
 constexpr int outset = 40;
 constexpr int cornerRadius = 9;
 constexpr auto animationTime = 320ms;
 constexpr auto visibleTime = 1500ms;
+constexpr auto readingTimePerCharacter = 60ms;
 constexpr QRect frameWithoutScreen(0, 0, 1440, 900);
 
-QRect centredOnMainScreen()
+QRect centred(QSize size, QPoint centre)
+{
+    QRect rect(QPoint(), size);
+    rect.moveCenter(centre);
+    return rect;
+}
+
+QPoint centreOfMainScreen()
 {
     const QScreen* screen = QGuiApplication::primaryScreen();
-    QRect rect(QPoint(), restingSize);
-    rect.moveCenter((screen != nullptr ? screen->availableGeometry() : frameWithoutScreen).center());
-    return rect;
+    return (screen != nullptr ? screen->availableGeometry() : frameWithoutScreen).center();
 }
 
 } // namespace
@@ -43,7 +48,6 @@ PasteHUDWindow::PasteHUDWindow(QQmlEngine& engine, const Workspace& workspace, C
              Qt::WindowDoesNotAcceptFocus);
     setTitle(QStringLiteral("paste-hud"));
     setResizeMode(SizeRootObjectToView);
-    model_.shortcut = wording::pasteShortcut();
     setInitialProperties({{QStringLiteral("model"), QVariant::fromValue(&model_)}});
     setSource(QUrl(QStringLiteral("qrc:/qt/qml/Vantro/Hud/PasteHud.qml")));
 }
@@ -53,16 +57,19 @@ PasteHUDWindow::~PasteHUDWindow()
     setSource(QUrl()); // its bindings use the model, which is destroyed first
 }
 
-void PasteHUDWindow::showHUD(std::optional<QRect> anchor)
+void PasteHUDWindow::showHUD(std::optional<QRect> anchor, const QString& keys, const QString& reason)
 {
     dismissWorkItem_ = std::make_unique<QObject>();
-    const QRect content = anchor.value_or(centredOnMainScreen());
-    // The animation needs a window larger than its content, and so a compositor.
+    model_.shortcut = keys;
+    model_.reason = reason;
+    Q_EMIT model_.changed();
+    const QSize restingSize = rootObject()->property("restingSize").toSizeF().toSize();
+    const QRect content = anchor.value_or(centred(restingSize, centreOfMainScreen()));
+    // Growing and fading needs a window that is larger than what it shows, and so a compositor.
     model_.isAnimated = workspace_.isCompositing();
-    QRect frame(QPoint(), restingSize);
-    frame.moveCenter(content.center());
+    QRect frame = centred(restingSize, content.center());
     if (model_.isAnimated)
-        frame = content.adjusted(-outset, -outset, outset, outset);
+        frame = frame.united(content).adjusted(-outset, -outset, outset, outset);
     setGeometry(frame);
     roundCorners(*this, cornerRadius, model_.isAnimated);
     model_.startSize = model_.isAnimated ? content.size() : restingSize;
@@ -73,7 +80,8 @@ void PasteHUDWindow::showHUD(std::optional<QRect> anchor)
         model_.isSettled = true;
         Q_EMIT model_.changed();
     });
-    clock_.callAfter(animationTime + visibleTime, dismissWorkItem_.get(), [this] { dismiss(); });
+    const auto readingTime = readingTimePerCharacter * reason.size();
+    clock_.callAfter(animationTime + visibleTime + readingTime, dismissWorkItem_.get(), [this] { dismiss(); });
 }
 
 void PasteHUDWindow::dismiss()

@@ -10,8 +10,8 @@
 
 namespace vantro {
 
-/// Shows "Ctrl+V to paste" for 1.5 s where the launcher was. Never takes the focus or a click. Reusable: showing it
-/// again restarts the time. Main thread.
+/// "Ctrl+V to paste", for a moment, where the launcher was, and the reason for as long as reading it takes. Never takes
+/// the keyboard or a click. Made once and shown again; the latest show decides when it goes. Main thread.
 class PasteHUDWindow final : public QQuickView
 {
     Q_OBJECT
@@ -19,8 +19,9 @@ public:
     PasteHUDWindow(QQmlEngine& engine, const Workspace& workspace, Clock& clock);
     ~PasteHUDWindow() override;
 
-    /// @p anchor: the launcher's frame in screen coordinates; without it, the HUD is centred on the main screen.
-    void showHUD(std::optional<QRect> anchor);
+    /// @p anchor: the launcher's frame, in screen coordinates; the middle of the main screen when there is none.
+    /// @p keys paste the text. @p reason: a sentence, or nothing.
+    void showHUD(std::optional<QRect> anchor, const QString& keys, const QString& reason);
 
 private:
     void dismiss();

@@ -47,6 +47,7 @@ QtObject {
     readonly property int logoSize: 64
     readonly property int alertWidth: 420
     readonly property int alertLines: 16
+    readonly property int hudWidth: 400
 
     readonly property int hairline: 1
     readonly property int focusRing: 2

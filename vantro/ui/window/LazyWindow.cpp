@@ -111,26 +111,25 @@ bool LazyWindow::isVisible() const
     return view_ && view_->isVisible();
 }
 
-void LazyWindow::orderOut()
+bool LazyWindow::orderOut()
 {
-    if (!isVisible())
-        return;
     formerFront_ = workspace_.frontWindow();
+    if (!isVisible() || formerFront_ == view_->winId())
+        return false;
     view_->hide();
+    return true;
 }
 
 void LazyWindow::orderFront()
 {
     if (!view_)
         return;
-    const WindowID own = view_->winId();
-    const bool hadKeyboard = formerFront_ == own;
-    view_->setProperty(withoutActivating, !hadKeyboard);
+    view_->setProperty(withoutActivating, true);
     view_->show();
-    // Some window managers activate the newest window anyway after the launcher closes.
-    if (hadKeyboard)
-        workspace_.activateWindow(own);
-    else if (formerFront_ && workspace_.windowExists(*formerFront_))
+    const auto front = workspace_.frontWindow();
+    const bool hasMovedOn = front && front != formerFront_ && !workspace_.isOwn(*front);
+    // Managers that have just lost the launcher may choose the newest window against its wish.
+    if (!hasMovedOn && formerFront_ && workspace_.windowExists(*formerFront_))
         workspace_.activateWindow(*formerFront_);
 }
 

@@ -47,9 +47,9 @@ public:
     /// Also true while it is hidden for a dictation.
     [[nodiscard]] bool isOpen() const { return view_ != nullptr; }
     [[nodiscard]] bool isVisible() const;
-    void orderOut();
-    /// Shows the window again after orderOut(). It gets the focus only if it had it before, because the dictated text
-    /// may belong in it or in another program's window.
+    /// Hides the window unless it has the keyboard: the text may be meant for a field in it. Whether it was hidden.
+    bool orderOut();
+    /// Brings the window back where it was, without the keyboard.
     void orderFront();
 
 private:
@@ -65,7 +65,7 @@ private:
     std::function<void()> closed_;
     Content content_;
     std::unique_ptr<View> view_;
-    std::optional<WindowID> formerFront_; ///< when it was hidden
+    std::optional<WindowID> formerFront_; ///< the window with the keyboard when this one was put aside
 };
 
 } // namespace vantro

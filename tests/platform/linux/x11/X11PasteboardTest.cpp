@@ -103,6 +103,23 @@ TEST_F(X11PasteboardTest, GivesItsTextToOtherProgramsAndKnowsThatTheyTookIt)
     EXPECT_TRUE(eventually([&] { return pasteboard_->wasFetchedBy(Selection::Clipboard, editor->window()); }));
 }
 
+TEST_F(X11PasteboardTest, APasswordManagersHintIsReadAndGiven)
+{
+    const QStringList hint{QStringLiteral("-selection"), QStringLiteral("clipboard"), QStringLiteral("-t"),
+                           QStringLiteral("x-kde-passwordManagerHint")};
+    X11Pasteboard passwordManager;
+    passwordManager.setSecret(Selection::Clipboard, QStringLiteral("password"));
+    EXPECT_EQ(readElsewhere(hint), "secret");
+    EXPECT_TRUE(pasteboard_->isSecret(Selection::Clipboard));
+    EXPECT_EQ(pasteboard_->string(Selection::Clipboard), QStringLiteral("password"));
+    EXPECT_FALSE(pasteboard_->isOwner(Selection::Clipboard));
+
+    pasteboard_->setString(Selection::Clipboard, QStringLiteral("no password"));
+    EXPECT_TRUE(pasteboard_->isOwner(Selection::Clipboard));
+    EXPECT_FALSE(pasteboard_->isSecret(Selection::Clipboard));
+    EXPECT_FALSE(targets().contains("passwordManagerHint"));
+}
+
 TEST_F(X11PasteboardTest, TextsOfAnyLengthGoBothWays)
 {
     QByteArray large;
