@@ -76,9 +76,10 @@ void LazyWindow::makeView()
     if (QObject* const root = view_->rootObject();
         root != nullptr && root->metaObject()->indexOfSignal("closeRequested()") >= 0)
         QObject::connect(root, SIGNAL(closeRequested()), view_.get(), SLOT(close()));
-    view_->setMinimumSize(look_.minimumSize);
     const QScreen* const screen = QGuiApplication::primaryScreen();
-    QRect rect(QPoint(), look_.size.boundedTo(screen->availableSize() - roomForFrame));
+    const QSize largest = screen->availableSize() - roomForFrame;
+    view_->setMinimumSize(look_.minimumSize.boundedTo(largest));
+    QRect rect(QPoint(), look_.size.boundedTo(largest));
     rect.moveCenter(screen->availableGeometry().center());
     view_->setGeometry(rect);
 }
