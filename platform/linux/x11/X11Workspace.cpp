@@ -45,6 +45,13 @@ X11Workspace::X11Workspace(X11Connection& connection) : connection_(connection)
 {
     if (!connection_.isOpen())
         return;
+    if (const auto* const application = qobject_cast<QGuiApplication*>(QCoreApplication::instance()))
+        connect(application, &QGuiApplication::focusObjectChanged, this, [this](QObject* item) {
+            if (item == nullptr || item->isWindowType())
+                return;
+            lastFocusItem_ = item;
+            lastFocusWindow_ = QGuiApplication::focusWindow();
+        });
     activeWindowAtom_ = XInternAtom(connection_.display(), "_NET_ACTIVE_WINDOW", False);
     stateAtom_ = XInternAtom(connection_.display(), "WM_STATE", False);
     supportedAtom_ = XInternAtom(connection_.display(), "_NET_SUPPORTED", False);
@@ -122,11 +129,10 @@ bool X11Workspace::isOwn(WindowID window) const
 bool X11Workspace::takesText(WindowID window) const
 {
     const QWindow* const own = ownWindow(window);
-    QObject* const field = own != nullptr ? own->focusObject() : nullptr;
-    if (field == nullptr)
+    if (own == nullptr || own != lastFocusWindow_ || !lastFocusItem_)
         return false;
     QInputMethodQueryEvent query(Qt::ImEnabled);
-    QCoreApplication::sendEvent(field, &query);
+    QCoreApplication::sendEvent(lastFocusItem_, &query);
     return query.value(Qt::ImEnabled).toBool();
 }
 
