@@ -5,7 +5,6 @@
 #include "platform/testing/FakeKeyEventPoster.h"
 #include "platform/testing/FakePasteboard.h"
 #include "platform/testing/FakeWorkspace.h"
-#include "vantro/delivery/PasteChords.h"
 
 #include <QTemporaryDir>
 
@@ -387,31 +386,4 @@ TEST_F(PasteDeliveryTest, NothingIsTouchedAfterTheDeliveryIsGone)
     workspace_.focus(editor);
     clock_.advance(5s);
     EXPECT_THAT(keys_.posted(), IsEmpty());
-}
-
-TEST_F(PasteDeliveryTest, TheChordComesFromTheWindowClassAndTheUsersTable)
-{
-    const auto chord = [&](const QStringList& windowClass) {
-        return pasteChordFor(windowClass, defaults_);
-    };
-    const auto names = [](const char* className, const char* instance) {
-        return QStringList{QString::fromLatin1(className), QString::fromLatin1(instance)};
-    };
-    EXPECT_EQ(chord({}), Chord::ControlV);
-    EXPECT_EQ(chord(names("Mousepad", "mousepad")), Chord::ControlV);
-    EXPECT_EQ(chord(names("Gnome-terminal", "gnome-terminal-server")), Chord::ControlShiftV);
-    EXPECT_EQ(chord(names("kitty", "kitty")), Chord::ControlShiftV);
-    EXPECT_EQ(chord(names("XTerm", "uxterm")), Chord::ShiftInsert);
-    EXPECT_EQ(chord(names("XTerm", "a title of its own")), Chord::ShiftInsert);
-    EXPECT_EQ(chord(names("Emacs", "emacs")), Chord::ShiftInsert);
-
-    defaults_.set(setting::pasteChords, R"({"Mousepad":"shift + insert","xterm":"Ctrl+Shift+V","kitty":"Ctrl+P"})");
-    ::testing::internal::CaptureStderr();
-    EXPECT_EQ(chord(names("kitty", "kitty")), Chord::ControlShiftV) << "an unknown keystroke changes nothing";
-    EXPECT_THAT(::testing::internal::GetCapturedStderr(), ::testing::HasSubstr("kitty"));
-    EXPECT_EQ(chord(names("Mousepad", "mousepad")), Chord::ShiftInsert);
-    EXPECT_EQ(chord(names("XTerm", "xterm")), Chord::ControlShiftV);
-
-    defaults_.set(setting::pasteChords, "no json");
-    EXPECT_EQ(chord(names("XTerm", "xterm")), Chord::ShiftInsert);
 }
