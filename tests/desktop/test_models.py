@@ -113,6 +113,7 @@ class ModelsTest(DictationCase):
         legacy = self.desktop.home / "whisper.cpp/models" / FILE
         legacy.parent.mkdir(parents=True, exist_ok=True)
         shutil.copy(self.server.folder / FILE, legacy)
+        self.addCleanup(legacy.unlink)  # the next test's start would take it over, too
         self.check_adopted_and_dictate(on_start=lambda: self.wait(self.file.exists, 20, "the file to be taken over"))
         self.assertIn(f"Migrated legacy model file {FILE}", self.vantro.log())
         self.assertEqual(self.vantro.run("models", "remove", MODEL, "--force").returncode, 0)
