@@ -245,6 +245,16 @@ TEST_F(PasteDeliveryTest, AnOwnWindowIsATargetOnlyWithATextField)
     deliver();
     EXPECT_EQ(outcome_, Outcome::Pasted);
     EXPECT_EQ(workspace_.frontWindow(), settings);
+
+    constexpr WindowID practice = 6;
+    workspace_.openWindow(practice);
+    workspace_.makeOwn(practice);
+    workspace_.focus(practice);
+    delivery_->rememberTarget();
+    workspace_.makeOwn(practice, true); // its page is there a moment later
+    deliver();
+    EXPECT_EQ(outcome_, Outcome::Pasted);
+    EXPECT_EQ(workspace_.frontWindow(), practice);
 }
 
 TEST_F(PasteDeliveryTest, AUserWhoHasMovedOnKeepsTheKeyboard)

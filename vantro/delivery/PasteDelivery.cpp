@@ -92,7 +92,9 @@ void PasteDelivery::noteFront()
 void PasteDelivery::rememberTarget()
 {
     noteFront();
-    target_ = workspace_.frontWindow() ? lastFront_ : std::nullopt;
+    const auto front = workspace_.frontWindow();
+    target_ = front ? lastFront_ : std::nullopt;
+    ownFront_ = front != target_ ? front : std::nullopt;
 }
 
 bool PasteDelivery::copy(const QString& text)
@@ -139,6 +141,9 @@ QCoro::Task<PasteDelivery::Outcome> PasteDelivery::deliver(QString text)
     const QString dictated = plain(text);
     if (dictated.isEmpty())
         co_return Outcome::Nothing;
+    // A page that has just opened gives its field the focus a moment later.
+    if (ownFront_ && workspace_.takesText(*ownFront_))
+        target_ = ownFront_;
     const auto target = target_;
     printToPerson(QStringLiteral("Copied to clipboard: \"%1\"").arg(dictated));
     if (isPasting(target)) {

@@ -114,6 +114,7 @@ private:
     Clock& clock_;
     std::optional<WindowID> lastFront_; ///< that could take a text
     std::optional<WindowID> target_;
+    std::optional<WindowID> ownFront_; ///< one of ours that was in front, without a text field as yet
     std::optional<Restore> pending_;
     quint64 generation_ = 0;
     QString keystrokeError_;
