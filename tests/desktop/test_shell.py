@@ -46,14 +46,18 @@ class WindowsTest(ShellCase):
         self.wait(lambda: "autoPasteEnabled=true" in ini.read_text(), 5, "the setting in the file")
         self.close(SETTINGS_TITLE)
 
+    def enter_page(self, page):
+        """By keyboard, from the first page's name to the first field of that page."""
+        for _ in range(PAGES.index(page)):
+            self.desktop.press("Tab")
+        self.desktop.press("space")
+        for _ in range(len(PAGES) - PAGES.index(page)):
+            self.desktop.press("Tab")
+
     def test_a_replacement_made_in_the_settings_acts_on_the_next_dictation(self):
         self.start_again()
         self.has_keyboard(self.window(SETTINGS_TITLE))
-        for _ in range(PAGES.index("Vocabulary")):
-            self.desktop.press("Tab")
-        self.desktop.press("space")
-        for _ in range(len(PAGES) - PAGES.index("Vocabulary")):
-            self.desktop.press("Tab")
+        self.enter_page("Vocabulary")
         for text in ("small dog", "enormous cat"):
             self.desktop.type_text(text)
             self.desktop.press("Return")
@@ -68,11 +72,7 @@ class WindowsTest(ShellCase):
     def test_a_dictation_into_a_field_of_the_settings_arrives_there(self):
         self.start_again()
         self.has_keyboard(self.window(SETTINGS_TITLE))
-        for _ in range(PAGES.index("Vocabulary")):
-            self.desktop.press("Tab")
-        self.desktop.press("space")
-        for _ in range(len(PAGES) - PAGES.index("Vocabulary")):
-            self.desktop.press("Tab")
+        self.enter_page("Vocabulary")
         self.dictate(CHILD)
         self.wait(lambda: "Setting the old content" in self.news(), 60, "the text to be fetched")
         for text in ("", "something else"):
