@@ -7,8 +7,9 @@
 #include <QDesktopServices>
 #include <QGuiApplication>
 #include <QInputMethodQueryEvent>
+#include <QQuickItem>
+#include <QQuickWindow>
 #include <QUrl>
-#include <QWindow>
 
 #include <X11/Xatom.h>
 #include <X11/Xlib.h>
@@ -39,19 +40,21 @@ const QWindow* ownWindow(WindowID window)
     return found != own.end() ? *found : nullptr;
 }
 
+/// The item that has the focus whenever @p window has the keyboard; null without one.
+QQuickItem* focusItem(const QQuickWindow* window)
+{
+    QQuickItem* item = window != nullptr ? window->contentItem() : nullptr;
+    while (item != nullptr && item->isFocusScope() && item->scopedFocusItem() != nullptr)
+        item = item->scopedFocusItem();
+    return item;
+}
+
 } // namespace
 
 X11Workspace::X11Workspace(X11Connection& connection) : connection_(connection)
 {
     if (!connection_.isOpen())
         return;
-    if (const auto* const application = qobject_cast<QGuiApplication*>(QCoreApplication::instance()))
-        connect(application, &QGuiApplication::focusObjectChanged, this, [this](QObject* item) {
-            if (item == nullptr || item->isWindowType())
-                return;
-            lastFocusItem_ = item;
-            lastFocusWindow_ = QGuiApplication::focusWindow();
-        });
     activeWindowAtom_ = XInternAtom(connection_.display(), "_NET_ACTIVE_WINDOW", False);
     stateAtom_ = XInternAtom(connection_.display(), "WM_STATE", False);
     supportedAtom_ = XInternAtom(connection_.display(), "_NET_SUPPORTED", False);
@@ -128,11 +131,11 @@ bool X11Workspace::isOwn(WindowID window) const
 
 bool X11Workspace::takesText(WindowID window) const
 {
-    const QWindow* const own = ownWindow(window);
-    if (own == nullptr || own != lastFocusWindow_ || !lastFocusItem_)
+    QQuickItem* const item = focusItem(qobject_cast<const QQuickWindow*>(ownWindow(window)));
+    if (item == nullptr)
         return false;
     QInputMethodQueryEvent query(Qt::ImEnabled);
-    QCoreApplication::sendEvent(lastFocusItem_, &query);
+    QCoreApplication::sendEvent(item, &query);
     return query.value(Qt::ImEnabled).toBool();
 }
 

@@ -2,8 +2,6 @@
 
 #include "platform/Workspace.h"
 
-#include <QPointer>
-
 #include <optional>
 #include <vector>
 
@@ -40,9 +38,6 @@ private:
     [[nodiscard]] std::optional<unsigned long> parentOf(unsigned long window) const;
 
     X11Connection& connection_;
-    // A hot key that fires takes the focus from the window for a moment, and from the item in it.
-    QPointer<QObject> lastFocusItem_;
-    QPointer<QObject> lastFocusWindow_;
     unsigned long activeWindowAtom_ = 0;
     unsigned long stateAtom_ = 0;
     unsigned long supportedAtom_ = 0;
