@@ -26,9 +26,10 @@ bool isIgnored(const std::string& name)
     return name.ends_with(".num_batches_tracked"); // a training counter
 }
 
+/// The others are no numbers at all, or only occur within ggml's arithmetic.
 bool isUsableMatrixType(ggml_type type)
 {
-    return type == GGML_TYPE_F32 || type == GGML_TYPE_F16 || type == GGML_TYPE_BF16 || ggml_is_quantized(type);
+    return type == GGML_TYPE_F32 || ggml_get_type_traits(type)->to_float != nullptr;
 }
 
 } // namespace

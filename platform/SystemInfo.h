@@ -2,6 +2,8 @@
 
 #include <QString>
 
+#include <optional>
+
 namespace vantro {
 
 /// The machine and system the program runs on, for human-readable reports. Unknown values are empty. Main thread only.
@@ -20,6 +22,8 @@ public:
     [[nodiscard]] virtual QString processorName() const = 0;
     /// 0 when unknown.
     [[nodiscard]] virtual quint64 physicalMemoryBytes() const = 0;
+    /// What programs could still get without swapping; nullopt when unknown.
+    [[nodiscard]] virtual std::optional<quint64> availableMemoryBytes() const = 0;
 };
 
 } // namespace vantro

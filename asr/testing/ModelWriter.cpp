@@ -2,6 +2,8 @@
 
 #include "asr/ModelFile.h"
 
+#include <algorithm>
+#include <array>
 #include <cmath>
 #include <fstream>
 #include <numbers>
@@ -119,6 +121,14 @@ std::vector<float> randomValues(const TensorLayout& tensor, const Hyperparameter
     return values;
 }
 
+/// Whether models are published in that type.
+bool isPublished(ggml_type type)
+{
+    constexpr std::array published = {GGML_TYPE_F16,  GGML_TYPE_BF16, GGML_TYPE_Q4_0, GGML_TYPE_Q4_1,
+                                      GGML_TYPE_Q5_0, GGML_TYPE_Q5_1, GGML_TYPE_Q8_0};
+    return std::ranges::find(published, type) != published.end();
+}
+
 void writeTensor(Writer& writer, const TensorLayout& tensor, std::span<const float> values, ggml_type matrixType)
 {
     ggml_type type = tensor.isMatrix ? matrixType : GGML_TYPE_F32;
@@ -136,7 +146,10 @@ void writeTensor(Writer& writer, const TensorLayout& tensor, std::span<const flo
     }
     const std::int64_t rows = static_cast<std::int64_t>(values.size()) / tensor.shape[0];
     std::vector<std::byte> packed(ggml_row_size(type, tensor.shape[0]) * static_cast<std::size_t>(rows));
-    ggml_quantize_chunk(type, values.data(), packed.data(), 0, rows, tensor.shape[0], nullptr);
+    if (isPublished(type))
+        ggml_quantize_chunk(type, values.data(), packed.data(), 0, rows, tensor.shape[0], nullptr);
+    else
+        std::ranges::generate(packed, [random = std::minstd_rand()]() mutable { return std::byte(random() & 0xff); });
     writer.values<std::byte>(packed);
 }
 

@@ -15,7 +15,7 @@ Hyperparameters publishedShape(std::int32_t vocabularySize);
 
 /// Writes a model with seeded random weights in ModelFile's format. It has the shapes and the amount of arithmetic of a
 /// real model, and a decoder that emits about as often as for speech, but recognises nothing. Matrices have @p
-/// matrixType (float32, float16 or any type ggml can quantise to without an importance matrix).
+/// matrixType where their rows fill its blocks; in types that no model is published in they are random bytes.
 void writeRandomModel(const std::filesystem::path& path, const Hyperparameters& parameters, ggml_type matrixType,
                       std::uint32_t seed = 1);
 

@@ -35,19 +35,30 @@ protected:
         std::ofstream(path, std::ios::binary) << content;
         return errorOf([this] { ModelFile file(path); });
     }
-    /// A whole model of a few kilobytes.
-    std::string smallModel()
+    /// A whole model of a few kilobytes; @p width: of its rows.
+    std::string smallModel(ggml_type type = GGML_TYPE_F32, std::int32_t width = 4)
     {
         Hyperparameters p = publishedShape(5);
-        p.stateSize = 4;
+        p.stateSize = width;
         p.headCount = 2;
         p.layerCount = 1;
         p.melBands = 8;
         p.fftSize = 512;
-        p.subsamplingChannels = 2;
-        p.predictionSize = 4;
-        writeRandomModel(path, p, GGML_TYPE_F32);
+        p.subsamplingChannels = width / 2;
+        p.predictionSize = width;
+        writeRandomModel(path, p, type);
         return contentOf(path);
+    }
+    /// One in each type that ggml knows, whether a matrix can have it or not.
+    std::vector<std::string> smallModels()
+    {
+        std::vector<std::string> models;
+        for (int i = 0; i < GGML_TYPE_COUNT; ++i) {
+            const auto type = static_cast<ggml_type>(i);
+            if (ggml_blck_size(type) > 0)
+                models.push_back(smallModel(type, std::max<std::int32_t>(4, static_cast<int>(ggml_blck_size(type)))));
+        }
+        return models;
     }
     /// Whatever comes out: text or an ASRError.
     static void recogniseWith(const std::filesystem::path& model)
@@ -120,6 +131,21 @@ TEST_F(ModelFiles, MissingRenamedAndMisshapenTensorsAreRefused)
         EXPECT_EQ(load(withInteger(whole, type, wrong)), ASRError::Kind::modelLoadFailed) << "type " << wrong;
 }
 
+TEST_F(ModelFiles, AMatrixOfAnyTypeIsRecognisedWithOrRefused)
+{
+    int recognisedWith = 0;
+    for (const std::string& content : smallModels()) {
+        if (load(content))
+            continue;
+        recogniseWith(path);
+        ++recognisedWith;
+    }
+    EXPECT_GT(recognisedWith, 20);
+    // ggml would multiply with these by ending the program.
+    for (const ggml_type type : {GGML_TYPE_Q8_1, GGML_TYPE_Q8_K, GGML_TYPE_I32, GGML_TYPE_F64})
+        EXPECT_EQ(load(smallModel(type, 256)), ASRError::Kind::modelLoadFailed) << ggml_type_name(type);
+}
+
 /// VANTRO_FUZZ_ROUNDS and VANTRO_FUZZ_SEED make a long run of it. Of the files that are taken, whose damage is in the
 /// numbers, some are also recognised with.
 TEST_F(ModelFiles, RandomDamageNeverDoesMoreThanRefuseTheFile)
@@ -128,12 +154,12 @@ TEST_F(ModelFiles, RandomDamageNeverDoesMoreThanRefuseTheFile)
         const char* value = std::getenv(name);
         return value != nullptr ? std::strtoul(value, nullptr, 10) : fallback;
     };
-    const std::string whole = smallModel();
+    std::vector<std::string> models = smallModels();
     const unsigned long rounds = setting("VANTRO_FUZZ_ROUNDS", 3'000);
     std::mt19937_64 random(setting("VANTRO_FUZZ_SEED", 1));
     unsigned long refused = 0;
     for (unsigned long round = 0; round < rounds; ++round) {
-        std::string damaged = whole;
+        std::string damaged = models[random() % models.size()];
         // Mostly where the structure is: in the header and the first tensors' headers.
         for (int i = 0; i < 3; ++i) {
             const std::size_t limit = random() % 2 == 0 ? 200 : damaged.size();

@@ -7,6 +7,7 @@
 
 #include <QFile>
 #include <QTemporaryDir>
+#include <QTest>
 #include <qcoro/qcorotask.h>
 
 #include <gtest/gtest.h>
@@ -115,6 +116,54 @@ TEST_F(Fluid, CallersShareALoadAndAModelGivesWayOnlyToOneThatIsReady)
     QCoro::waitFor(std::move(third));
     const auto last = QCoro::waitFor(std::move(fourth));
     EXPECT_EQ(last, QCoro::waitFor(engine.load(source(QStringLiteral("d")))));
+}
+
+TEST_F(Fluid, AReplacedFileIsLoadedAnewAndAnUnloadedModelGivesItsMemoryBack)
+{
+    install("model.bin");
+    std::weak_ptr<asr::AsrManager> former = QCoro::waitFor(engine.load(source(QStringLiteral("a"))));
+    EXPECT_FALSE(former.expired());
+    ASSERT_TRUE(QFile::remove(folder.filePath(QStringLiteral("model.bin"))));
+    install("model.bin", "parakeet-micro-tdt-q8_0.bin");
+    std::weak_ptr<asr::AsrManager> newer = QCoro::waitFor(engine.load(source(QStringLiteral("a"))));
+    EXPECT_TRUE(former.expired());
+    EXPECT_FALSE(newer.expired());
+    EXPECT_TRUE(engine.holdsModel());
+
+    engine.unload();
+    EXPECT_FALSE(engine.holdsModel());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return newer.expired(); }, 10'000));
+
+    // Also when it was still being loaded; who waits for it gets it nevertheless.
+    auto late = engine.load(source(QStringLiteral("a")));
+    EXPECT_TRUE(engine.holdsModel());
+    engine.unload();
+    EXPECT_NE(QCoro::waitFor(std::move(late)), nullptr);
+    EXPECT_FALSE(engine.holdsModel());
+}
+
+TEST_F(Fluid, ACancelReachesARequestWhoseModelIsStillLoadedOrThatWaitsForItsTurn)
+{
+    install("model.bin");
+    const auto begin = [&](const std::stop_source& stop) {
+        return engine.transcribe(
+            {QStringLiteral("r"), recording("long-02.flac"), source(QStringLiteral("a")), {}, {}, stop.get_token()});
+    };
+    std::stop_source first;
+    auto loading = begin(first);
+    first.request_stop();
+    EXPECT_EQ(outcome(std::move(loading)), asr::ASRError::Kind::processingFailed);
+
+    std::stop_source second;
+    std::stop_source third;
+    auto running = begin(second);
+    auto waiting = begin(third);
+    third.request_stop();
+    EXPECT_EQ(outcome(std::move(waiting)), asr::ASRError::Kind::processingFailed);
+    // A later request neither revives a cancelled one nor is cancelled with it.
+    auto next = begin({});
+    EXPECT_FALSE(QCoro::waitFor(std::move(next)).text.empty());
+    EXPECT_FALSE(QCoro::waitFor(std::move(running)).text.empty());
 }
 
 TEST_F(Fluid, AFileIsRecognisedForWhatItIs)

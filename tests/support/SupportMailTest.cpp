@@ -22,6 +22,7 @@ public:
     [[nodiscard]] QString deviceModel() const override { return QStringLiteral("B&R Automation PC+ #2"); }
     [[nodiscard]] QString processorName() const override { return QStringLiteral("Intel(R) Core(TM) i7 @ 2.80GHz"); }
     [[nodiscard]] quint64 physicalMemoryBytes() const override { return 16ULL << 30; }
+    [[nodiscard]] std::optional<quint64> availableMemoryBytes() const override { return std::nullopt; }
 };
 
 /// A mail's field as a mail program reads it.
@@ -79,13 +80,14 @@ TEST_F(SystemFolder, IsReadAsItsFilesAreWritten)
     write(QStringLiteral("etc/os-release"), "NAME=Fedora\nPRETTY_NAME='Fedora Linux 41 (KDE Plasma)'\n");
     write(QStringLiteral("proc/sys/kernel/osrelease"), "6.11.4\n");
     write(QStringLiteral("proc/cpuinfo"), "processor\t: 0\nmodel name\t: AMD EPYC: Turin\n\nprocessor\t: 1\n");
-    write(QStringLiteral("proc/meminfo"), "MemFree: 1 kB\nMemTotal:       8048576 kB\n");
+    write(QStringLiteral("proc/meminfo"), "MemTotal:       8048576 kB\nMemFree: 1 kB\nMemAvailable:  2 kB\n");
     write(QStringLiteral("sys/class/dmi/id/sys_vendor"), "LENOVO\n");
     write(QStringLiteral("sys/class/dmi/id/product_name"), "20XW\n");
     const ProcSystemInfo system(root.path());
     EXPECT_EQ(system.operatingSystemVersion(), QStringLiteral("Fedora Linux 41 (KDE Plasma), kernel 6.11.4"));
     EXPECT_EQ(system.processorName(), QStringLiteral("AMD EPYC: Turin"));
     EXPECT_EQ(system.physicalMemoryBytes(), 8048576ULL * 1024);
+    EXPECT_EQ(system.availableMemoryBytes(), 2048U);
     EXPECT_EQ(system.deviceModel(), QStringLiteral("LENOVO 20XW"));
 }
 
@@ -94,6 +96,7 @@ TEST_F(SystemFolder, BoardThatNamesNothingAndSystemThatTellsNothing)
     const ProcSystemInfo system(root.path());
     EXPECT_EQ(system.operatingSystemVersion() + system.deviceModel() + system.processorName(), QString());
     EXPECT_EQ(system.physicalMemoryBytes(), 0U);
+    EXPECT_EQ(system.availableMemoryBytes(), std::nullopt);
     write(QStringLiteral("sys/class/dmi/id/product_name"), "To Be Filled By O.E.M.\n");
     write(QStringLiteral("proc/device-tree/model"), QByteArray("Raspberry Pi 5 Model B\0", 23));
     EXPECT_EQ(system.deviceModel(), QStringLiteral("Raspberry Pi 5 Model B"));

@@ -2,6 +2,7 @@
 #include "base/Settings.h"
 #include "vantro/models/ModelCatalogue.h"
 #include "vantro/sound/AudioFile.h"
+#include "vantro/whisper/WhisperModelFile.h"
 #include "vantro/whisper/WhisperTranscriptionProvider.h"
 
 #include <QFile>
@@ -116,6 +117,69 @@ TEST_F(Whisper, KeepsTheLoadedModelWhenAnotherFileIsNoModel)
     EXPECT_THROW(get(engine.transcribe(request(recording("en-harvard-spk1-snt1.flac")))), WhisperInProcessError);
 }
 
+TEST_F(Whisper, AFileThatLiesAboutItselfIsRefusedBeforeTheLibraryBelievesIt)
+{
+    const QString path = folder.filePath(QStringLiteral("lies.bin"));
+    ASSERT_TRUE(QFile::copy(tinyFile, path));
+    const auto outcomeWith = [&](qint64 offset, qint32 value) {
+        QFile file(path);
+        EXPECT_TRUE(file.open(QIODevice::ReadWrite));
+        qint32 right = 0;
+        const auto put = [&](const qint32& number) {
+            file.seek(offset);
+            file.write(reinterpret_cast<const char*>(&number), sizeof number);
+            file.flush();
+        };
+        file.seek(offset);
+        file.read(reinterpret_cast<char*>(&right), sizeof right);
+        put(value);
+        QString refusal;
+        try {
+            file.seek(0);
+            checkWhisperModel(file);
+            get(engine.load(path));
+        } catch (const Error& error) {
+            refusal = error.localizedDescription();
+        }
+        put(right);
+        return refusal;
+    };
+    constexpr qint64 filters = 12 * 4;
+    constexpr qint64 pieces = filters + 8 + 80 * 201 * 4;
+    for (qint64 offset = 0; offset <= filters + 4; offset += 4) {
+        for (const qint32 value : {-1, 0, 7, 1 << 20, std::numeric_limits<qint32>::max()}) {
+            const bool isFloat32 = offset == filters - 4 && value == 0;
+            EXPECT_FALSE(outcomeWith(offset, value).isEmpty() && !isFloat32) << "at " << offset << ": " << value;
+        }
+    }
+    // The number of pieces and the length of the first one; then the tensor that comes after them.
+    for (const qint32 value : {-1, 51'865, std::numeric_limits<qint32>::max()}) {
+        EXPECT_FALSE(outcomeWith(pieces, value).isEmpty()) << value;
+        EXPECT_FALSE(outcomeWith(pieces + 4, value).isEmpty()) << value;
+    }
+    QFile whole(path);
+    ASSERT_TRUE(whole.open(QIODevice::ReadOnly));
+    const qint64 name = whole.readAll().indexOf("decoder.positional_embedding");
+    for (const qint64 back : {20, 16, 12, 8, 4}) { // dimensions, length of the name, type, two extents
+        for (const qint32 value : {-1, 0, 5, 40, 1'000, std::numeric_limits<qint32>::max()}) {
+            const bool isRight = back == 12 && value == 0;
+            EXPECT_FALSE(outcomeWith(name - back, value).isEmpty() && !isRight) << back << ": " << value;
+        }
+    }
+    EXPECT_TRUE(outcomeWith(0, 0x67676d6c).isEmpty());
+}
+
+TEST_F(Whisper, AFileThatHasBeenReplacedIsLoadedAnew)
+{
+    const QString path = folder.filePath(QStringLiteral("model.bin"));
+    ASSERT_TRUE(QFile::copy(tinyFile, path));
+    get(engine.load(path));
+    ASSERT_TRUE(QFile::remove(path));
+    QFile newer(path);
+    ASSERT_TRUE(newer.open(QIODevice::WriteOnly));
+    EXPECT_THROW(get(engine.load(path)), WhisperInProcessError) << "the former file was taken for the newer one";
+}
+
 TEST_F(Whisper, GivesWayAtOnceWhenNobodyWaitsAnyMore)
 {
     get(engine.load(tinyFile));
@@ -178,10 +242,14 @@ TEST_F(Whisper, TheProviderLoadsWhileTheUserSpeaksAndUnloadsAfterwardsUnlessTold
     EXPECT_TRUE(isLoaded());
     provider.dictationEnded();
     EXPECT_FALSE(isLoaded());
+    EXPECT_FALSE(provider.holdsModel());
     defaults.set(setting::whisperKeepModelInMemory, true);
     provider.prepare(tiny);
     provider.dictationEnded();
     EXPECT_TRUE(isLoaded());
+    EXPECT_TRUE(provider.holdsModel());
+    provider.unload();
+    EXPECT_FALSE(isLoaded());
 }
 
 QString Whisper::textOf(const char* file)

@@ -10,6 +10,7 @@
 #include <QFile>
 #include <qcoro/qcorofuture.h>
 
+#include <tuple>
 #include <utility>
 
 namespace vantro {
@@ -61,32 +62,44 @@ QFuture<FluidAsrEngine::Manager> FluidAsrEngine::startLoad(const FluidModelSourc
 
 QCoro::Task<FluidAsrEngine::Manager> FluidAsrEngine::load(FluidModelSource model, std::stop_token stop)
 {
-    if (manager_ != nullptr && loadedModelID_ == model.id) {
+    const Identity wanted{model.id, FileVersion::of(model.file)};
+    if (manager_ != nullptr && loaded_ == wanted) {
         // With GCC 12, co_return would move from the member itself.
         Manager loaded = manager_;
         co_return loaded;
     }
-    if (!loadTask_ || loadTaskModelID_ != model.id) {
+    if (!loadTask_ || loading_ != wanted) {
         loadTask_ = startLoad(model);
-        loadTaskModelID_ = model.id;
+        loading_ = wanted;
     }
     const QFuture<Manager> task = *loadTask_;
+    const int unloadCount = unloadCount_;
     co_await finishedOrStopped(task, stop);
     requireWanted(stop);
     try {
         Manager loaded = co_await task;
-        manager_ = loaded;
-        loadedModelID_ = model.id;
-        if (loadTaskModelID_ == model.id)
+        if (unloadCount == unloadCount_) {
+            manager_ = loaded;
+            loaded_ = wanted;
+        }
+        if (loading_ == wanted)
             loadTask_.reset();
         logger_.info(QStringLiteral("Fluid model %1 ready").arg(model.id));
         co_return loaded;
     } catch (const std::exception& error) {
-        if (loadTaskModelID_ == model.id)
+        if (loading_ == wanted)
             loadTask_.reset();
         logger_.error(QStringLiteral("Fluid load failed: ") + detailOf(error));
         throw;
     }
+}
+
+void FluidAsrEngine::unload()
+{
+    ++unloadCount_;
+    loadTask_.reset();
+    // Giving back hundreds of megabytes takes too long for the calling thread.
+    std::ignore = loader_.run([manager = std::exchange(manager_, nullptr)] {});
 }
 
 QCoro::Task<> FluidAsrEngine::prepare(FluidModelSource model)

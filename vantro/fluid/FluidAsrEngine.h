@@ -3,6 +3,7 @@
 #include "asr/AsrManager.h"
 #include "base/Logger.h"
 #include "base/SerialExecutor.h"
+#include "vantro/models/FileVersion.h"
 
 #include <QFuture>
 #include <QString>
@@ -28,8 +29,8 @@ struct FluidModelSource
 /// Transcribes finished recordings with the one loaded Parakeet model. Main thread; loading and recognition run on
 /// threads of their own and are awaited.
 ///
-/// Concurrent requests for the same model share one load. A new model replaces the loaded one only once it is ready; of
-/// two overlapping loads, the one that finishes last stays.
+/// Concurrent requests for the same model share one load. A new model, or a new file of the same one, replaces the
+/// loaded one only once it is ready; of two overlapping loads, the one that finishes last stays.
 class FluidAsrEngine
 {
 public:
@@ -54,8 +55,19 @@ public:
     QCoro::Task<> prepare(FluidModelSource model);
     /// Throws asr::ASRError; processingFailed soon after a stop request.
     QCoro::Task<asr::ASRResult> transcribe(Request request);
+    [[nodiscard]] bool holdsModel() const { return manager_ != nullptr || loadTask_; }
+    /// Gives the model's memory back as soon as nothing uses it; also that of a load under way.
+    void unload();
 
 private:
+    struct Identity
+    {
+        QString id;
+        FileVersion file;
+
+        bool operator==(const Identity&) const = default;
+    };
+
     [[nodiscard]] QFuture<Manager> startLoad(const FluidModelSource& model);
     [[nodiscard]] QFuture<asr::ASRResult> start(Manager manager, Request request);
     void report(const QString& label, std::size_t sampleCount, const asr::ASRResult& result) const;
@@ -63,9 +75,10 @@ private:
     Logger logger_{"FluidAsrEngine"};
     std::vector<std::filesystem::path> moduleFolders_;
     Manager manager_;
-    QString loadedModelID_;
+    Identity loaded_; ///< what manager_ runs
     std::optional<QFuture<Manager>> loadTask_;
-    QString loadTaskModelID_;
+    Identity loading_; ///< what loadTask_ loads
+    int unloadCount_ = 0;
     SerialExecutor loader_;
     SerialExecutor executor_;
 };

@@ -4,9 +4,9 @@
 #include "asr/AsrModels.h"
 #include "asr/ModelFile.h"
 #include "base/Logger.h"
+#include "vantro/models/FileVersion.h"
 #include "vantro/models/PartFile.h"
 
-#include <QDateTime>
 #include <QFile>
 #include <QFileInfo>
 #include <QHash>
@@ -20,24 +20,21 @@ namespace vantro {
 class FluidModelFiles::Whole
 {
 public:
-    [[nodiscard]] bool has(const QFileInfo& file)
+    [[nodiscard]] bool has(const FileVersion& file)
     {
         const std::lock_guard guard(lock_);
-        const auto known = versions_.constFind(file.absoluteFilePath());
-        return known != versions_.constEnd() && *known == versionOf(file);
+        const auto known = versions_.constFind(file.path);
+        return known != versions_.constEnd() && *known == file;
     }
-    void add(const QFileInfo& file)
+    void add(const FileVersion& file)
     {
         const std::lock_guard guard(lock_);
-        versions_.insert(file.absoluteFilePath(), versionOf(file));
+        versions_.insert(file.path, file);
     }
 
 private:
-    using Version = std::pair<qint64, QDateTime>;
-    static Version versionOf(const QFileInfo& file) { return {file.size(), file.lastModified()}; }
-
     std::mutex lock_;
-    QHash<QString, Version> versions_;
+    QHash<QString, FileVersion> versions_;
 };
 
 FluidModelFiles::FluidModelFiles(QStringList folders) : folders_(std::move(folders)), whole_(std::make_shared<Whole>())
@@ -47,7 +44,7 @@ FluidModelFiles::FluidModelFiles(QStringList folders) : folders_(std::move(folde
 /// The reader's error for a damaged container; empty for a complete one.
 QString FluidModelFiles::damageOf(const QString& path) const
 {
-    const QFileInfo found(path); // stat before reading, in case the file is replaced meanwhile
+    const auto found = FileVersion::of(path); // before reading, in case the file is replaced meanwhile
     if (whole_->has(found))
         return {};
     try {

@@ -19,7 +19,7 @@ private:
     using Error::Error;
 };
 
-/// The Parakeet engine: chooses file and language. A loaded model stays in memory.
+/// The Parakeet engine: chooses file and language. A loaded model stays in memory until unload().
 class FluidTranscriptionProvider final : public SpeechEngine
 {
 public:
@@ -36,6 +36,8 @@ public:
     void prepare(const TranscriptionModel& model) override;
     QCoro::Task<QString> transcribe(TranscriptionRequest request) override;
     void dictationEnded() override {}
+    [[nodiscard]] bool holdsModel() const override { return engine_.holdsModel(); }
+    void unload() override { engine_.unload(); }
 
 protected:
     [[nodiscard]] QFuture<void> startDownload(const TranscriptionModel& model, FileDownloader::OnProgress onProgress,

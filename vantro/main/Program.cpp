@@ -6,6 +6,7 @@
 #include "vantro/app/AppDelegate.h"
 #include "vantro/app/ControlService.h"
 #include "vantro/app/History.h"
+#include "vantro/app/ModelMemory.h"
 #include "vantro/app/Rewriting.h"
 #include "vantro/app/Speech.h"
 #include "vantro/audio/AudioDeviceManager.h"
@@ -70,6 +71,7 @@ private:
     const ModeHandlers modeHandlers_ = makeModeHandlers(history_.dictations, rewriting_.prompts());
     AudioDeviceManager devices_{*platform_.audioHardware, defaults_};
     AudioRecorder recorder_{platform_.makeAudioEngine, devices_, *platform_.permissions, clock_};
+    ModelMemory modelMemory_{{speech_.engines, speech_.selection, defaults_, recorder_, *platform_.systemInfo, clock_}};
     HeadsetSwitch headsetSwitch_{*platform_.audioCards, devices_, recorder_, defaults_, clock_};
     KeyboardShortcuts shortcuts_{*platform_.hotKeys, defaults_, notifications_};
     RawKeyMonitor rawKeys_{shortcuts_, *platform_.hotKeys};

@@ -50,6 +50,10 @@ public:
     virtual QCoro::Task<QString> transcribe(TranscriptionRequest request) = 0;
     /// Called when no dictation is active any more, whether delivered or not; resources may be released.
     virtual void dictationEnded() = 0;
+    /// Whether a model is in memory, or is about to be.
+    [[nodiscard]] virtual bool holdsModel() const = 0;
+    /// Gives the memory of the loaded model back, once the work under way has ended.
+    virtual void unload() = 0;
 };
 
 } // namespace vantro

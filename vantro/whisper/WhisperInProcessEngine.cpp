@@ -1,6 +1,7 @@
 #include "vantro/whisper/WhisperInProcessEngine.h"
 
 #include "base/SampleFormat.h"
+#include "vantro/whisper/WhisperModelFile.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
@@ -14,7 +15,6 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <cstring>
 #include <utility>
 
 namespace vantro {
@@ -85,50 +85,6 @@ bool loadProcessorBackend()
     }
     return hasProcessorBackend();
 }
-
-/// Reads a model file for the library, whose own reader accepts files truncated inside the last tensor.
-class ModelFile
-{
-public:
-    explicit ModelFile(const QString& path) : file_(path), isOpen_(file_.open(QIODevice::ReadOnly)) {}
-
-    /// Null when the file is unreadable, not a model, or truncated.
-    [[nodiscard]] whisper_context* load()
-    {
-        if (!isOpen_)
-            return nullptr;
-        whisper_model_loader loader{
-            this, [](void* self, void* output, std::size_t bytes) { return of(self).read(output, bytes); },
-            [](void* self) { return of(self).hasEnded_; },
-            [](void*) {
-            }};
-        whisper_context* context = whisper_init_with_params(&loader, whisper_context_default_params());
-        if (context != nullptr && isTruncated_)
-            whisper_free(std::exchange(context, nullptr));
-        return context;
-    }
-
-private:
-    static ModelFile& of(void* self) { return *static_cast<ModelFile*>(self); }
-
-    std::size_t read(void* output, std::size_t bytes)
-    {
-        const auto count = static_cast<std::size_t>(
-            std::max<qint64>(0, file_.read(static_cast<char*>(output), static_cast<qint64>(bytes))));
-        if (count < bytes) {
-            std::memset(static_cast<char*>(output) + count, 0, bytes - count);
-            hasEnded_ = true;
-            // The library detects the end by trying to read the next tensor's first number.
-            isTruncated_ = isTruncated_ || count > 0 || bytes > sizeof(std::int32_t);
-        }
-        return count;
-    }
-
-    QFile file_;
-    bool isOpen_;
-    bool hasEnded_ = false;
-    bool isTruncated_ = false;
-};
 
 bool isAnybodyWaiting(void* count)
 {
@@ -222,7 +178,8 @@ QFuture<void> WhisperInProcessEngine::unload()
 
 void WhisperInProcessEngine::loadNow(const QString& modelPath)
 {
-    if (resident_ && resident_->modelPath == modelPath)
+    const auto file = FileVersion::of(modelPath);
+    if (resident_ && resident_->file == file)
         return;
     QElapsedTimer timer;
     timer.start();
@@ -230,11 +187,16 @@ void WhisperInProcessEngine::loadNow(const QString& modelPath)
         logger_.error(QStringLiteral("No ggml module for this processor was found beside the program"));
         throw WhisperInProcessError::modelLoadFailed(modelPath);
     }
-    whisper_context* context = ModelFile(modelPath).load();
-    if (context == nullptr)
+    whisper_context* context = nullptr;
+    try {
+        context = WhisperModelFile(modelPath).load();
+    } catch (const Error& error) {
+        logger_.error(QStringLiteral("%1: %2").arg(modelPath, error.localizedDescription()));
         throw WhisperInProcessError::modelLoadFailed(modelPath);
+    }
     whisper_context* previous = resident_ ? resident_->context : nullptr;
-    resident_ = ResidentModel{context, modelPath};
+    resident_ = ResidentModel{context, file};
+    isResident_ = true;
     ResidentContextTracker::shared().set(context);
     whisper_free(previous);
     logger_.info(
@@ -312,6 +274,7 @@ void WhisperInProcessEngine::unloadNow()
     ResidentContextTracker::shared().set(nullptr);
     whisper_free(resident_->context);
     resident_.reset();
+    isResident_ = false;
 }
 
 } // namespace vantro

@@ -3,6 +3,7 @@
 #include "base/Error.h"
 #include "base/Logger.h"
 #include "base/SerialExecutor.h"
+#include "vantro/models/FileVersion.h"
 
 #include <QFuture>
 #include <QString>
@@ -58,7 +59,8 @@ public:
     WhisperInProcessEngine(const WhisperInProcessEngine&) = delete;
     WhisperInProcessEngine& operator=(const WhisperInProcessEngine&) = delete;
 
-    /// A no-op when this file is loaded. A failed load (modelLoadFailed) keeps the loaded model.
+    /// A no-op when this file is loaded and has not been replaced since. A failed load (modelLoadFailed) keeps the
+    /// loaded model.
     [[nodiscard]] QFuture<void> load(const QString& modelPath);
     /// Runs a second of silence through the model, so that the first dictation finds it paged in. Aborts as soon as
     /// other work arrives. Failures are only logged.
@@ -66,12 +68,14 @@ public:
     /// Returns the trimmed text. Throws modelNotLoaded, transcriptionFailed or stopped.
     [[nodiscard]] QFuture<QString> transcribe(Request request);
     QFuture<void> unload();
+    /// False while a first model is still being loaded.
+    [[nodiscard]] bool holdsModel() const { return isResident_; }
 
 private:
     struct ResidentModel
     {
         whisper_context* context = nullptr;
-        QString modelPath;
+        FileVersion file;
     };
 
     template <typename Work>
@@ -83,6 +87,7 @@ private:
 
     Logger logger_{"WhisperInProcess"};
     std::optional<ResidentModel> resident_; ///< worker thread only
+    std::atomic<bool> isResident_ = false;  ///< whether it has a value
     std::atomic<int> waitingCount_ = 0;     ///< queued work; aborts a warm-up
     SerialExecutor executor_;               ///< last: its destructor waits for work that uses the other members
 };

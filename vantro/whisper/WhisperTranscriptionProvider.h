@@ -30,6 +30,8 @@ public:
     void prepare(const TranscriptionModel& model) override;
     QCoro::Task<QString> transcribe(TranscriptionRequest request) override;
     void dictationEnded() override;
+    [[nodiscard]] bool holdsModel() const override { return engine_.holdsModel(); }
+    void unload() override { engine_.unload(); }
 
 protected:
     [[nodiscard]] QFuture<void> startDownload(const TranscriptionModel& model, FileDownloader::OnProgress onProgress,

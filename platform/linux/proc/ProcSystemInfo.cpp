@@ -69,8 +69,21 @@ QString ProcSystemInfo::processorName() const
 
 quint64 ProcSystemInfo::physicalMemoryBytes() const
 {
-    const QString kib = value(QStringLiteral("proc/meminfo"), QStringLiteral("MemTotal"), QLatin1Char(':'));
-    return kib.section(QLatin1Char(' '), 0, 0).toULongLong() * 1024;
+    return memory(QStringLiteral("MemTotal")).value_or(0);
+}
+
+std::optional<quint64> ProcSystemInfo::availableMemoryBytes() const
+{
+    return memory(QStringLiteral("MemAvailable"));
+}
+
+std::optional<quint64> ProcSystemInfo::memory(const QString& key) const
+{
+    constexpr quint64 kib = 1024;
+    const QString line = value(QStringLiteral("proc/meminfo"), key, QLatin1Char(':'));
+    bool isNumber = false;
+    const quint64 count = line.section(QLatin1Char(' '), 0, 0).toULongLong(&isNumber);
+    return isNumber ? std::optional(count * kib) : std::nullopt;
 }
 
 QString ProcSystemInfo::contents(const QString& path) const

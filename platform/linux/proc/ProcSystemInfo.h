@@ -15,11 +15,14 @@ public:
     [[nodiscard]] QString deviceModel() const override;
     [[nodiscard]] QString processorName() const override;
     [[nodiscard]] quint64 physicalMemoryBytes() const override;
+    [[nodiscard]] std::optional<quint64> availableMemoryBytes() const override;
 
 private:
     [[nodiscard]] QString contents(const QString& path) const;
     /// The first value of @p key in the "key: value" lines of @p path.
     [[nodiscard]] QString value(const QString& path, const QString& key, QChar separator) const;
+    /// A line of /proc/meminfo in bytes.
+    [[nodiscard]] std::optional<quint64> memory(const QString& key) const;
 
     QString root_;
 };

@@ -13,6 +13,7 @@ public:
 
     std::function<void(const FileDownloader::OnProgress&)> fetch;
     ModelCheck answer{true, {}};
+    bool isLoaded = false;
 
     [[nodiscard]] TranscriptionEngine kind() const override { return kind_; }
     [[nodiscard]] QString label() const override { return QStringLiteral("Fake"); }
@@ -27,6 +28,8 @@ public:
     void prepare(const TranscriptionModel& /*model*/) override {}
     QCoro::Task<QString> transcribe(TranscriptionRequest /*request*/) override { co_return QString(); }
     void dictationEnded() override {}
+    [[nodiscard]] bool holdsModel() const override { return isLoaded; }
+    void unload() override { isLoaded = false; }
 
 protected:
     [[nodiscard]] QFuture<void> startDownload(const TranscriptionModel& /*model*/,
