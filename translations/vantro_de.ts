@@ -538,6 +538,10 @@
         <source>No sound from %1</source>
         <translation>Kein Ton von %1</translation>
     </message>
+    <message>
+        <source>The speech model cannot be loaded. What you say is kept.</source>
+        <translation>Das Sprachmodell kann nicht geladen werden. Was du sagst, bleibt erhalten.</translation>
+    </message>
 </context>
 <context>
     <name>LocalFormatError</name>

@@ -42,7 +42,12 @@ class SlowProvider final : public doubles::FakeSpeechEngine
 public:
     using FakeSpeechEngine::FakeSpeechEngine;
 
-    void prepare(const TranscriptionModel&) override { ++prepared; }
+    QCoro::Task<QString> prepare(TranscriptionModel) override
+    {
+        ++prepared;
+        co_return whyUnusable;
+    }
+    [[nodiscard]] ModelStatus status(const TranscriptionModel&) const override { return {state, {}, false, 0, -1}; }
     QCoro::Task<QString> transcribe(TranscriptionRequest request) override
     {
         sampleCount = request.samples.size();
@@ -68,6 +73,8 @@ public:
         answer->finish();
     }
 
+    ModelStatus::State state = ModelStatus::State::ready;
+    QString whyUnusable;
     int prepared = 0;
     int ended = 0;
     std::size_t sampleCount = 0;
@@ -174,6 +181,8 @@ public:
         EXPECT_NE(engines_.current(), nullptr) << "the first word may come before the panel is made";
         auto panel = std::make_unique<PanelDouble>(dictation, workspace_, openPanels);
         launcher = panel.get();
+        if (onLauncher)
+            onLauncher(dictation);
         return panel;
     }
     void showPasteHUD(std::optional<QRect> anchor, const QString& keys, const QString& reason) override
@@ -202,6 +211,7 @@ public:
     int openPanels = 0;
     LauncherPanel* launcher = nullptr; ///< the latest; gone when its dictation is
     bool areWindowsAside = false;
+    std::function<void(const Dictation&)> onLauncher; ///< may be empty
 
 private:
     doubles::FakeWorkspace& workspace_;

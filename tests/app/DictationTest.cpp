@@ -21,6 +21,28 @@ TEST_F(DictationWithoutModel, ShowsTheDownloadInsteadOfTheLauncherUntilTheModelI
     EXPECT_EQ(delivered, QStringLiteral("Now it works."));
 }
 
+TEST_F(DictationTest, AModelThatHasGoneIsMissedAtTheShortcutAndABrokenOneWhileTheUserSpeaks)
+{
+    provider.state = ModelStatus::State::missing;
+    pressShortcut();
+    EXPECT_EQ(shell.openPanels, 0) << "nobody should speak in vain";
+    EXPECT_EQ(shell.downloads, QStringList{QStringLiteral("tiny.en")});
+    EXPECT_FALSE(recorder.isBusy());
+    models.select(*catalogue.find(QStringLiteral("Parakeet v3 (Fluid)")));
+    pressShortcut();
+    EXPECT_EQ(shell.openPanels, 1) << "this one is there";
+    delegate.cancelDictation();
+
+    neuralProvider.whyUnusable = QStringLiteral("broken");
+    bool isToldUsable = true;
+    shell.onLauncher = [&](const Dictation& dictation) {
+        isToldUsable = dictation.isModelUsable();
+    };
+    pressShortcut();
+    EXPECT_FALSE(isToldUsable);
+    EXPECT_TRUE(recorder.isRecording()) << "what is said is kept";
+}
+
 TEST_F(DictationTest, LaunchRunsItsStepsInOrderAndShowsWhatIsMissing)
 {
     EXPECT_EQ(shell.steps, QStringList{QStringLiteral("model")});

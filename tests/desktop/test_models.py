@@ -7,7 +7,7 @@ import sys
 import tempfile
 from pathlib import Path
 
-from dictationcase import CHILD, CHILD_WORDS, ROOT, DictationCase, main, words
+from dictationcase import CHILD, CHILD_WORDS, ROOT, SHORTCUT_KEYS, DictationCase, main, words
 
 sys.path.insert(0, str(ROOT / "tests" / "models"))
 from modelserver import Fault, ModelServer, sha1  # noqa: E402
@@ -107,6 +107,20 @@ class ModelsTest(DictationCase):
         self.assertEqual(sha1(self.file), SHA1)
         self.check_that_only_the_rest_was_fetched()
         self.close_alert(self.wait_for_alert_saying("vantro ended unexpectedly"))
+        self.dictate_once()
+
+    def test_a_model_that_goes_while_vantro_runs_is_fetched_at_the_shortcut(self):
+        self.assertEqual(self.download().returncode, 0)
+        self.vantro.start("--model-host", self.server.url, "--shortcut", "Ctrl+Alt+D")
+        self.wait(lambda: f"Model {MODEL} is downloaded" in self.vantro.log(), 20, "the model's check")
+        shutil.rmtree(self.vantro.models_folder)
+        self.pause_at_forty_percent()
+        self.desktop.press(SHORTCUT_KEYS)
+        self.wait(lambda: self.vantro.window(WINDOW_TITLE), 5, "the download instead of the launcher")
+        self.assertEqual(self.vantro.status()["state"], "idle")
+        self.wait_for_forty_percent()
+        self.server.resume.set()
+        self.wait(lambda: not self.vantro.window(WINDOW_TITLE), 60, "the download window to close")
         self.dictate_once()
 
     def test_a_file_of_the_librarys_own_script_is_taken_over_and_adopted(self):

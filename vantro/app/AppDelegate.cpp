@@ -86,7 +86,7 @@ void AppDelegate::modelBecameReady(const TranscriptionModel& model)
 
 void AppDelegate::downloadModel(const TranscriptionModel& model, const QString& problem)
 {
-    modelProblem_ = problem;
+    modelProblem_ = ModelProblem{model.name, problem};
     printLine(QStringLiteral("Need to download model: ") + model.name);
     shell().showModelDownload(model, problem);
 }
@@ -106,8 +106,11 @@ std::weak_ptr<Dictation> AppDelegate::showLauncherAndRecord(Dictation::Keyboard 
 {
     if (dictation_ && !dictation_->isOver())
         return {};
-    if (modelProblem_) {
-        shell().showModelDownload(parts_.models.selectedModel(), *modelProblem_);
+    const TranscriptionModel& model = parts_.models.selectedModel();
+    const bool isKnownProblem = modelProblem_ && modelProblem_->model == model.name;
+    // It may have been removed since the start.
+    if (isKnownProblem || !parts_.dictation.transcription.hasModel()) {
+        downloadModel(model, isKnownProblem ? modelProblem_->text : QString());
         return {};
     }
     dictation_ = Dictation::begin(parts_.dictation, keyboard);

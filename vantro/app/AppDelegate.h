@@ -68,8 +68,12 @@ private:
     std::shared_ptr<Dictation> dictation_; ///< the latest one, even when it is over
     std::unique_ptr<HoldToTalk> openModalAction_;
     std::vector<NotificationCenter::Observation> observations_;
-    /// Set while the selected model is missing: the reason, or empty when it was never downloaded.
-    std::optional<QString> modelProblem_;
+    struct ModelProblem
+    {
+        QString model; ///< its name
+        QString text;  ///< what is wrong with its file; empty when there is none
+    };
+    std::optional<ModelProblem> modelProblem_; ///< set while a model that was selected cannot be used
 };
 
 } // namespace vantro

@@ -45,7 +45,7 @@ QCoro::Task<> Dictation::run(Keyboard keyboard)
     try {
         parts_.delivery.rememberTarget();
         startCapture();
-        const auto engineUse = parts_.transcription.prepare(); // loads the model while the user speaks
+        const auto engineUse = loadModel(); // while the user speaks
         openLauncher(keyboard);
 
         co_await spoken_.opened();
@@ -82,6 +82,17 @@ void Dictation::startCapture()
     enter(State::recording);
     expectService();
     connect(&recorder, &AudioRecorder::processingModeChanged, this, &Dictation::expectService);
+}
+
+TranscriptionFacade::EngineUse Dictation::loadModel()
+{
+    return parts_.transcription.prepare([weak = weak_from_this()] {
+        const auto dictation = weak.lock();
+        if (!dictation)
+            return;
+        dictation->isModelUsable_ = false;
+        Q_EMIT dictation->modelFailed();
+    });
 }
 
 void Dictation::expectService()

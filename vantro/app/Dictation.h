@@ -60,6 +60,8 @@ public:
 
     [[nodiscard]] State state() const { return state_; }
     [[nodiscard]] bool isOver() const { return state_ == State::over; }
+    /// False once it is known that the recording cannot be transcribed now.
+    [[nodiscard]] bool isModelUsable() const { return isModelUsable_; }
     [[nodiscard]] const DictationTimings& timings() const { return timings_; }
     [[nodiscard]] AudioRecorder& recorder() const { return parts_.recorder; }
 
@@ -72,6 +74,8 @@ public:
 
 Q_SIGNALS:
     void stateChanged();
+    /// The engine cannot load its model. The recording goes on.
+    void modelFailed();
     /// 0..1, while the engine is working.
     void transcriptionProgress(float fraction);
 
@@ -86,6 +90,7 @@ private:
 
     QCoro::Task<> run(Keyboard keyboard);
     void startCapture();
+    [[nodiscard]] TranscriptionFacade::EngineUse loadModel();
     void openLauncher(Keyboard keyboard);
     void expectService();
     void endRecording();
@@ -108,6 +113,7 @@ private:
     Parts parts_;
     Logger logger_{"Dictation"};
     State state_ = State::starting;
+    bool isModelUsable_ = true;
     std::stop_source stop_; ///< stops the engine and the language model
     Gate spoken_;           ///< opens when the recording ends for any reason
     ProcessingMode mode_ = ProcessingMode::Normal;

@@ -10,7 +10,7 @@ TranscriptionFacade::TranscriptionFacade(ModelSelection& selection, const Speech
 {
 }
 
-TranscriptionFacade::EngineUse TranscriptionFacade::prepare()
+TranscriptionFacade::EngineUse TranscriptionFacade::prepare(std::function<void()> failed)
 {
     EngineUse use = use_.lock();
     if (!use) {
@@ -20,9 +20,26 @@ TranscriptionFacade::EngineUse TranscriptionFacade::prepare()
         });
         use_ = use;
     }
-    const TranscriptionModel& model = selection_.selectedModel();
-    engines_.of(model).prepare(model);
+    load(selection_.selectedModel(), std::move(failed));
     return use;
+}
+
+QCoro::Task<> TranscriptionFacade::load(TranscriptionModel model, std::function<void()> failed)
+{
+    auto loading = engines_.of(model).prepare(std::move(model));
+    const QString reason = co_await loading;
+    if (reason.isEmpty())
+        co_return;
+    logger_.error(QStringLiteral("The model cannot be used: ") + reason);
+    if (failed)
+        failed();
+}
+
+bool TranscriptionFacade::hasModel() const
+{
+    const TranscriptionModel& model = selection_.selectedModel();
+    const ModelStatus::State state = engines_.of(model).status(model).state;
+    return state == ModelStatus::State::unchecked || state == ModelStatus::State::ready;
 }
 
 QCoro::Task<QString> TranscriptionFacade::transcribe(QString recordingID, std::vector<float> samples, Options options)

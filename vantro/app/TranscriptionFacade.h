@@ -27,12 +27,17 @@ public:
     /// cancelled dictation that is still winding down does not unload the model of the next.
     using EngineUse = std::shared_ptr<void>;
 
-    /// Loads the selected model while the recording runs. The result must not outlive the facade.
-    [[nodiscard]] EngineUse prepare();
+    /// Loads the selected model while the recording runs. @p failed: called if that fails; may be empty.
+    /// The result must not outlive the facade.
+    [[nodiscard]] EngineUse prepare(std::function<void()> failed = {});
+    /// Whether there is a file of the selected model, as far as can be told at once.
+    [[nodiscard]] bool hasModel() const;
     /// @p samples: 16 kHz mono. Throws the engine's errors unchanged, and throws when stopped.
     QCoro::Task<QString> transcribe(QString recordingID, std::vector<float> samples, Options options);
 
 private:
+    QCoro::Task<> load(TranscriptionModel model, std::function<void()> failed);
+
     Logger logger_{"TranscriptionEngine"};
     ModelSelection& selection_;
     const SpeechEngines& engines_;

@@ -102,12 +102,14 @@ void FluidAsrEngine::unload()
     std::ignore = loader_.run([manager = std::exchange(manager_, nullptr)] {});
 }
 
-QCoro::Task<> FluidAsrEngine::prepare(FluidModelSource model)
+QCoro::Task<QString> FluidAsrEngine::prepare(FluidModelSource model)
 {
     try {
         co_await load(std::move(model));
+        co_return QString();
     } catch (const std::exception& error) {
         logger_.error(QStringLiteral("Fluid prepare failed: ") + detailOf(error));
+        co_return localizedDescription(error);
     }
 }
 

@@ -51,8 +51,8 @@ public:
 
     /// Throws asr::ASRError and keeps the previously loaded model.
     QCoro::Task<Manager> load(FluidModelSource model, std::stop_token stop = {});
-    /// Preloads a model. Failures are only logged.
-    QCoro::Task<> prepare(FluidModelSource model);
+    /// Preloads a model. Never throws: logs a failure and returns its description.
+    QCoro::Task<QString> prepare(FluidModelSource model);
     /// Throws asr::ASRError; processingFailed soon after a stop request.
     QCoro::Task<asr::ASRResult> transcribe(Request request);
     [[nodiscard]] bool holdsModel() const { return manager_ != nullptr || loadTask_; }

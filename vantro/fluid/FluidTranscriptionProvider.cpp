@@ -50,11 +50,11 @@ FluidModelSource FluidTranscriptionProvider::source(const TranscriptionModel& mo
             files_.find(model)};
 }
 
-void FluidTranscriptionProvider::prepare(const TranscriptionModel& model)
+QCoro::Task<QString> FluidTranscriptionProvider::prepare(TranscriptionModel model)
 {
-    // transcribe() reports a misconfigured model.
-    if (model.fluidModel)
-        engine_.prepare(source(model));
+    if (!model.fluidModel)
+        co_return TranscriptionEngineError::misconfiguredFluidModel(model.name).localizedDescription();
+    co_return co_await engine_.prepare(source(model));
 }
 
 QCoro::Task<QString> FluidTranscriptionProvider::transcribe(TranscriptionRequest request)

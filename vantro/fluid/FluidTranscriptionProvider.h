@@ -33,7 +33,7 @@ public:
     qint64 remove(const TranscriptionModel& model) override { return files_.remove(model); }
     [[nodiscard]] std::optional<TranscriptionModel> describe(const QString& file) const override;
 
-    void prepare(const TranscriptionModel& model) override;
+    QCoro::Task<QString> prepare(TranscriptionModel model) override;
     QCoro::Task<QString> transcribe(TranscriptionRequest request) override;
     void dictationEnded() override {}
     [[nodiscard]] bool holdsModel() const override { return engine_.holdsModel(); }

@@ -43,8 +43,9 @@ class TranscriptionProviding
 public:
     virtual ~TranscriptionProviding() = default;
 
-    /// Called when a recording starts that @p model will transcribe, to load it in the meantime.
-    virtual void prepare(const TranscriptionModel& model) = 0;
+    /// Called when a recording starts that @p model will transcribe, to load it in the meantime. Never throws; returns
+    /// why it cannot be used, or nothing when it can or is not wanted any more.
+    virtual QCoro::Task<QString> prepare(TranscriptionModel model) = 0;
     /// Returns the final text with the user's replacements applied. Throws Error; soon after a stop request, even while
     /// waiting for other work or for the model.
     virtual QCoro::Task<QString> transcribe(TranscriptionRequest request) = 0;

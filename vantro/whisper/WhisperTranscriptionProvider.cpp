@@ -63,20 +63,16 @@ std::optional<TranscriptionModel> WhisperTranscriptionProvider::describe(const Q
     return model;
 }
 
-void WhisperTranscriptionProvider::prepare(const TranscriptionModel& model)
+QCoro::Task<QString> WhisperTranscriptionProvider::prepare(TranscriptionModel model)
 {
-    loadAndWarmUp(model, preparations_.get_token());
-}
-
-QCoro::Task<> WhisperTranscriptionProvider::loadAndWarmUp(TranscriptionModel model, std::stop_token stop)
-{
+    const std::stop_token stop = preparations_.get_token();
     try {
-        co_await load(model, stop);
-    } catch (const std::exception&) {
-        // transcribe() reports it.
-        co_return;
+        co_await load(std::move(model), stop);
+    } catch (const std::exception& error) {
+        co_return stop.stop_requested() ? QString() : localizedDescription(error);
     }
     engine_.warmUp();
+    co_return QString();
 }
 
 QCoro::Task<> WhisperTranscriptionProvider::load(TranscriptionModel model, std::stop_token stop)

@@ -27,7 +27,7 @@ public:
     /// Accepts any file; only loading can tell whether it is a model.
     [[nodiscard]] std::optional<TranscriptionModel> describe(const QString& file) const override;
 
-    void prepare(const TranscriptionModel& model) override;
+    QCoro::Task<QString> prepare(TranscriptionModel model) override;
     QCoro::Task<QString> transcribe(TranscriptionRequest request) override;
     void dictationEnded() override;
     [[nodiscard]] bool holdsModel() const override { return engine_.holdsModel(); }
@@ -39,7 +39,6 @@ protected:
 
 private:
     QCoro::Task<> load(TranscriptionModel model, std::stop_token stop);
-    QCoro::Task<> loadAndWarmUp(TranscriptionModel model, std::stop_token stop);
 
     WhisperInProcessEngine& engine_;
     WhisperModelFiles files_;

@@ -25,7 +25,7 @@ public:
     qint64 remove(const TranscriptionModel& /*model*/) override { return 0; }
     [[nodiscard]] std::optional<TranscriptionModel> describe(const QString& /*file*/) const override { return {}; }
 
-    void prepare(const TranscriptionModel& /*model*/) override {}
+    QCoro::Task<QString> prepare(TranscriptionModel /*model*/) override { co_return QString(); }
     QCoro::Task<QString> transcribe(TranscriptionRequest /*request*/) override { co_return QString(); }
     void dictationEnded() override {}
     [[nodiscard]] bool holdsModel() const override { return isLoaded; }

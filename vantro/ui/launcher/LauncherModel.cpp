@@ -34,6 +34,7 @@ LauncherModel::LauncherModel(Dictation& dictation, Clock& clock, std::vector<Mod
     connect(&recorder_, &AudioRecorder::processingModeChanged, this, &LauncherModel::chosenModeChanged);
     connect(&dictation, &Dictation::stateChanged, this, &LauncherModel::followState);
     connect(&dictation, &Dictation::transcriptionProgress, this, &LauncherModel::setProgress);
+    connect(&dictation, &Dictation::modelFailed, this, [this] { setNotice(currentNotice()); });
     connect(&ticker_, &QTimer::timeout, this, &LauncherModel::tick);
     ticker_.start(barDuration);
 }
@@ -121,10 +122,18 @@ void LauncherModel::tick()
         levels_.pop_front();
     if (level > 0)
         lastHeardAt_ = clock_.now();
-    setNotice(clock_.now() - lastHeardAt_ >= silenceBeforeNotice ? tr("No sound from %1").arg(microphone_) : QString());
+    setNotice(currentNotice());
     Q_EMIT levelsChanged();
     if (timeMoved)
         Q_EMIT timeChanged();
+}
+
+/// A model that cannot be loaded is worse than silence.
+QString LauncherModel::currentNotice() const
+{
+    if (!dictation_.isModelUsable())
+        return tr("The speech model cannot be loaded. What you say is kept.");
+    return clock_.now() - lastHeardAt_ >= silenceBeforeNotice ? tr("No sound from %1").arg(microphone_) : QString();
 }
 
 void LauncherModel::setNotice(const QString& notice)

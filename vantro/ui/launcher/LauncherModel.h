@@ -74,6 +74,7 @@ private:
     /// @p fraction: 0..1. Never moves the bar back.
     void setProgress(float fraction);
     void tick();
+    [[nodiscard]] QString currentNotice() const;
     void setNotice(const QString& notice);
     [[nodiscard]] std::chrono::seconds elapsed() const;
 
