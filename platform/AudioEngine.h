@@ -82,10 +82,13 @@ public:
     virtual void stop() = 0;
     /// True from a successful start() until stop(), even if the device fails in between.
     [[nodiscard]] virtual bool isRunning() const = 0;
+    /// Says that no blocks have come for a while. If the sound system answers, so that only this capture is dead,
+    /// configurationChanged() follows. Returns at once.
+    virtual void reportStall() = 0;
 
 Q_SIGNALS:
-    /// The device was lost, moved, suspended or changed, the default input changed while in use, or selectInputDevice()
-    /// took effect. Emitted on the main thread; a slot may destroy the engine.
+    /// The device was lost, moved, suspended or changed, the default input changed while in use, a stalled capture has
+    /// to be made anew, or selectInputDevice() took effect. Emitted on the main thread; a slot may destroy the engine.
     void configurationChanged();
 };
 

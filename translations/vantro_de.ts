@@ -216,6 +216,10 @@
         <source>What you said is on the clipboard: paste it with %1.</source>
         <translation>Was du gesagt hast, ist in der Zwischenablage: Füge es mit %1 ein.</translation>
     </message>
+    <message>
+        <source>The microphone sent nothing for %1 s of this recording. Anything said then is missing.</source>
+        <translation>Das Mikrofon hat %1 s dieser Aufnahme lang nichts geliefert. Was in dieser Zeit gesagt wurde, fehlt.</translation>
+    </message>
 </context>
 <context>
     <name>Fetch</name>
@@ -541,6 +545,10 @@
     <message>
         <source>The speech model cannot be loaded. What you say is kept.</source>
         <translation>Das Sprachmodell kann nicht geladen werden. Was du sagst, bleibt erhalten.</translation>
+    </message>
+    <message>
+        <source>%1 sends nothing any more. Trying again...</source>
+        <translation>%1 liefert nichts mehr. Neuer Versuch...</translation>
     </message>
 </context>
 <context>

@@ -34,6 +34,7 @@ public:
     void start() override;
     void stop() override;
     [[nodiscard]] bool isRunning() const override { return isRunning_; }
+    void reportStall() override { changeConfiguration(); }
 
     /// The same samples on every channel. A partial block is delivered with the next samples or by stop().
     void hear(std::span<const float> samples);

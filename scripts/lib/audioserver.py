@@ -55,6 +55,29 @@ class AudioServer:
         finally:
             os.kill(self._program.pid, signal.SIGCONT)
 
+    @contextmanager
+    def stalling_microphone(self, name):
+        """A microphone that records what is played into VOICE, and sends nothing within the context that this yields."""
+        pipe = self._desktop.folder / name
+        module = self.load_module("module-pipe-source", source_name=name, file=pipe, format="s16le", rate=RATE_HZ,
+                                  channels=1, source_properties=f"device.description={name}")
+        with open(pipe, "wb") as end, subprocess.Popen(
+                ["parec", f"--device={VOICE}.monitor", "--format=s16le", f"--rate={RATE_HZ}", "--channels=1",
+                 "--latency-msec=20"], env=self._desktop.env, stdout=end) as feed:
+            @contextmanager
+            def stalled():
+                feed.send_signal(signal.SIGSTOP)
+                try:
+                    yield
+                finally:
+                    feed.send_signal(signal.SIGCONT)
+            try:
+                yield stalled
+            finally:
+                feed.terminate()
+                self.set_default_source(MICROPHONE)
+                self.unload_module(module)
+
     def load_module(self, name, **arguments):
         """Loads a module of PulseAudio and returns its index."""
         return int(self._pactl("load-module", name, *(f"{key}={value}" for key, value in arguments.items())))

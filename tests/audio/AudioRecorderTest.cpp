@@ -219,6 +219,41 @@ TEST_F(AudioRecorderTest, AMicrophoneThatComesBackInTimeIsRecordedOn)
     expectIdle();
 }
 
+TEST_F(AudioRecorderTest, AStalledMicrophoneIsNoticedAndRestartedAndWhatItMissedIsKnown)
+{
+    ASSERT_TRUE(recorder->startRecording());
+    clock.advance(4s);
+    EXPECT_EQ(engines.madeCount(), 1) << "a headset takes seconds to begin";
+    const auto speakFor = [&](int seconds) {
+        for (int i = 0; i < seconds * 4; ++i) {
+            engine().hear(4'000, 0.1F);
+            clock.advance(250ms);
+            QCoreApplication::processEvents();
+        }
+    };
+    speakFor(2);
+    EXPECT_FALSE(recorder->isStalled());
+    EXPECT_GT(recorder->currentAmplitude(), 0.0F);
+
+    clock.advance(1250ms);
+    EXPECT_TRUE(recorder->isStalled());
+    EXPECT_EQ(recorder->currentAmplitude(), 0.0F);
+    EXPECT_EQ(engines.madeCount(), 2);
+    clock.advance(6s);
+    EXPECT_TRUE(recorder->isStalled());
+    EXPECT_GT(engines.madeCount(), 2);
+    speakFor(2);
+    EXPECT_FALSE(recorder->isStalled());
+    EXPECT_EQ(stop().size(), 64'000U);
+    EXPECT_NEAR(recorder->missing().count(), 7.25, 0.3);
+
+    ASSERT_TRUE(recorder->startRecording());
+    speakFor(3);
+    EXPECT_EQ(stop().size(), 48'000U);
+    EXPECT_LT(recorder->missing().count(), 0.3);
+    expectIdle();
+}
+
 TEST_F(AudioRecorderTest, ARecordingPastTenMinutesKeepsTheFirstTen)
 {
     ASSERT_TRUE(recorder->startRecording());

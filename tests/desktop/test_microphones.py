@@ -164,8 +164,23 @@ class MicrophonesTest(DictationCase):
             self.assertEqual(self.vantro.status()["state"], "recording")
         self.speak(TABLE)
         heard, _ = self.finish()
+        self.dismiss_alert_saying("The microphone sent nothing for")
         self.assertEqual(heard[:len(CHILD_WORDS)], CHILD_WORDS)
         self.assertIn("table", heard)
+
+    def test_a_microphone_that_sends_nothing_any_more_is_opened_again(self):
+        with self.desktop.audio.stalling_microphone(HEADSET) as stalled:
+            self.desktop.audio.set_default_source(HEADSET)
+            self.wait_for_choice_of(HEADSET)
+            self.vantro.open_launcher()
+            self.speak(CHILD)
+            with stalled():
+                self.wait(lambda: "The microphone delivers nothing" in self.news(), 10, "the stall to be noticed")
+                self.wait(lambda: "rebuilding the audio engine" in self.news(), 10, "the microphone to be opened again")
+                time.sleep(STILL_S)
+            self.speak(TABLE)
+            heard, _ = self.finish()
+        self.assertEqual(heard, CHILD_WORDS + TABLE_WORDS)
 
     def test_what_a_loudspeaker_plays_is_never_a_microphone(self):
         self.assertIn(f"{LOUDSPEAKER}.monitor", self.desktop.audio.sources())

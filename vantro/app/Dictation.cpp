@@ -10,9 +10,19 @@
 #include <QMetaObject>
 #include <QScopeGuard>
 
+#include <cmath>
 #include <utility>
 
+using namespace std::chrono_literals;
+
 namespace vantro {
+
+namespace {
+
+/// Of what the microphone did not deliver.
+constexpr auto worthTelling = 1s;
+
+} // namespace
 
 class Dictation::Failure : public Error
 {
@@ -153,7 +163,17 @@ QCoro::Task<std::vector<float>> Dictation::drain()
 {
     co_await parts_.clock.sleepFor(AudioRecorder::drainDelay);
     giveUpIfCancelled();
-    co_return parts_.recorder.takeSamples();
+    std::vector<float> samples = parts_.recorder.takeSamples();
+    noteGaps();
+    co_return samples;
+}
+
+void Dictation::noteGaps()
+{
+    const auto missing = parts_.recorder.missing();
+    if (notice_.isEmpty() && missing >= worthTelling)
+        notice_ = tr("The microphone sent nothing for %1 s of this recording. Anything said then is missing.")
+                      .arg(std::lround(missing.count()));
 }
 
 QCoro::Task<QString> Dictation::transcribe(std::vector<float> samples)

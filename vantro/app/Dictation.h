@@ -95,6 +95,7 @@ private:
     void expectService();
     void endRecording();
     void noteLostMicrophone();
+    void noteGaps();
     QCoro::Task<std::vector<float>> drain();
     QCoro::Task<QString> transcribe(std::vector<float> samples);
     QCoro::Task<QString> process(QString transcript);

@@ -9,6 +9,7 @@
 
 #include <QUuid>
 
+#include <algorithm>
 #include <utility>
 
 namespace vantro {
@@ -33,11 +34,20 @@ AudioRecorder::AudioRecorder(AudioEngineFactory makeEngine, AudioDeviceManager& 
     , audioDeviceManager_(devices)
     , permissions_(permissions)
     , clock_(clock)
+    , watch_(clock)
     , levelWaker_([this] {
+        if (!heardSince_)
+            heardSince_ = clock_.now();
         if (currentSession_)
             setCurrentAmplitude(tapLevel_.load());
     })
 {
+    connect(&watch_, &CaptureWatch::isStalledChanged, this, [this] {
+        if (watch_.isStalled())
+            setCurrentAmplitude(0);
+        Q_EMIT isStalledChanged();
+    });
+    connect(&watch_, &CaptureWatch::stalledTooLong, this, &AudioRecorder::reportStall);
     connect(&audioDeviceManager_, &AudioDeviceManager::availableDevicesChanged, this, [this] {
         if (patience_)
             retryRebuild();
@@ -76,6 +86,9 @@ bool AudioRecorder::startRecording()
     activeRecordingID_ = QStringLiteral("audio-") + QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper();
     recordingStartedAt_ = clock_.now();
     firstTap_ = 0;
+    watch_.clear();
+    heardSince_.reset();
+    missing_ = {};
     setRecording(true); // a slot may call expectMicrophone()
     try {
         startEngineSession();
@@ -117,13 +130,14 @@ void AudioRecorder::startEngineSession()
     currentSession_->observeConfiguration(this,
                                           [this, session = currentSession_.get()] { configurationChanged(session); });
     try {
-        currentSession_->start(format, collector_);
+        currentSession_->start(format, collector_, [this] { watch_.noteBlock(); });
     } catch (const AudioEngineError& error) {
         logger_.error(QStringLiteral("Failed to start audio engine: %1").arg(error.localizedDescription()));
         tearDown(nullptr);
         throw CaptureError(tr("Could not start the microphone: %1").arg(error.localizedDescription()),
                            error.localizedDescription());
     }
+    watch_.begin();
     logger_.info(QStringLiteral("Audio engine started successfully"));
 }
 
@@ -143,6 +157,7 @@ void AudioRecorder::tearDown(SampleCollector* drainInto)
 {
     if (!currentSession_)
         return;
+    watch_.end();
     currentSession_->tearDown(drainInto);
     currentSession_.reset();
     setCurrentAmplitude(0);
@@ -169,6 +184,22 @@ void AudioRecorder::rebuildEngine()
     } catch (CaptureError& error) {
         awaitMicrophone(std::move(error));
     }
+}
+
+void AudioRecorder::reportStall()
+{
+    if (!isRecording_ || !currentSession_)
+        return;
+    logger_.error(QStringLiteral("The microphone delivers nothing"));
+    currentSession_->reportStall();
+}
+
+std::chrono::duration<double> AudioRecorder::missingOf(const SampleCollector& collector) const
+{
+    if (!heardSince_ || collector.overflowed())
+        return {};
+    const std::chrono::duration<double> heard = clock_.now() - *heardSince_;
+    return std::max(heard - durationOf(collector.sampleCount()), std::chrono::duration<double>(0));
 }
 
 void AudioRecorder::useExpectedMicrophone()
@@ -218,6 +249,7 @@ std::vector<float> AudioRecorder::takeSamples()
 {
     const auto collector = std::exchange(collector_, nullptr);
     tearDown(collector.get());
+    missing_ = missingOf(*collector);
     std::vector<float> samples = collector->takeSamples();
     const std::chrono::duration<double> wallClock = clock_.now() - recordingStartedAt_;
     logger_.info(QStringLiteral("Recording %1: wall clock %2s, captured %3s%4")

@@ -6,6 +6,7 @@
 #include "base/ThreadWaker.h"
 #include "platform/AudioEngine.h"
 #include "vantro/ai/ProcessingMode.h"
+#include "vantro/audio/CaptureWatch.h"
 
 #include <QObject>
 #include <QString>
@@ -82,6 +83,10 @@ public:
     /// "audio-" and a UUID.
     [[nodiscard]] const QString& activeRecordingID() const { return activeRecordingID_; }
     [[nodiscard]] std::size_t sampleCount() const;
+    /// Whether the microphone has delivered nothing for a second or more, while recording.
+    [[nodiscard]] bool isStalled() const { return watch_.isStalled(); }
+    /// How much of the recording, from its first block to takeSamples(), the microphone did not deliver.
+    [[nodiscard]] std::chrono::duration<double> missing() const { return missing_; }
     /// Why there is no capture, while waiting for a microphone and after giving up.
     [[nodiscard]] const std::optional<CaptureError>& lostCapture() const { return lostCapture_; }
 
@@ -95,6 +100,7 @@ Q_SIGNALS:
     void isBusyChanged();
     void currentAmplitudeChanged();
     void processingModeChanged();
+    void isStalledChanged();
     /// The microphone was lost during a recording and none has replaced it; see lostCapture().
     void captureGivenUp();
 
@@ -104,6 +110,8 @@ private:
     void tearDown(SampleCollector* drainInto);
     void configurationChanged(const EngineSession* session);
     void rebuildEngine();
+    void reportStall();
+    [[nodiscard]] std::chrono::duration<double> missingOf(const SampleCollector& collector) const;
     void awaitMicrophone(CaptureError failure);
     bool retryRebuild();
     void discard();
@@ -128,6 +136,9 @@ private:
     /// The device requested for the current session.
     std::optional<AudioDeviceID> sessionDevice_;
     std::optional<CaptureError> lostCapture_;
+    CaptureWatch watch_;
+    std::optional<Clock::Instant> heardSince_; ///< the first block, as noticed on the main thread
+    std::chrono::duration<double> missing_{};
     std::unique_ptr<QObject> patience_; ///< destroying it ends the wait for a microphone
 
     std::atomic<float> tapLevel_{0};

@@ -23,12 +23,16 @@ void EngineSession::observeConfiguration(QObject* context, std::function<void()>
     QObject::connect(engine_.get(), &AudioEngine::configurationChanged, context, std::move(changed));
 }
 
-void EngineSession::start(AudioFormat format, std::shared_ptr<SampleCollector> collector)
+void EngineSession::start(AudioFormat format, std::shared_ptr<SampleCollector> collector,
+                          std::function<void()> blockArrived)
 {
-    engine_->installTap(tapFrames, format, [this, collector = std::move(collector)](const AudioTapBuffer& buffer) {
-        smoother_.measure(buffer);
-        converter_->convert(buffer, *collector);
-    });
+    engine_->installTap(
+        tapFrames, format,
+        [this, collector = std::move(collector), blockArrived = std::move(blockArrived)](const AudioTapBuffer& buffer) {
+            blockArrived();
+            smoother_.measure(buffer);
+            converter_->convert(buffer, *collector);
+        });
     engine_->start();
 }
 

@@ -29,9 +29,11 @@ public:
     /// Calls @p changed on the main thread whenever the engine's configuration changes, until tearDown().
     void observeConfiguration(QObject* context, std::function<void()> changed);
 
-    /// Captures in @p format into @p collector. Throws AudioEngineError.
-    void start(AudioFormat format, std::shared_ptr<SampleCollector> collector);
+    /// Captures in @p format into @p collector. Calls @p blockArrived on the audio thread. Throws AudioEngineError.
+    void start(AudioFormat format, std::shared_ptr<SampleCollector> collector, std::function<void()> blockArrived);
     [[nodiscard]] bool isRunning() const { return engine_ && engine_->isRunning(); }
+    /// See AudioEngine.
+    void reportStall() { engine_->reportStall(); }
     /// Stops capture and engine and drains the converter into @p drainInto unless that is null. Idempotent.
     void tearDown(SampleCollector* drainInto);
 

@@ -146,6 +146,15 @@ void PulseAudioEngine::stop()
     capture_->finish();
 }
 
+void PulseAudioEngine::reportStall()
+{
+    if (!isRunning_ || awaitedListing_)
+        return;
+    // A server that stands still sends neither blocks nor this; a new stream would not come about either.
+    const PulseLoop::Lock lock(connection_.loop());
+    awaitedListing_ = connection_.loop().requestListing();
+}
+
 void PulseAudioEngine::observe()
 {
     if (!isRunning_)

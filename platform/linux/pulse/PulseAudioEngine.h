@@ -38,6 +38,7 @@ public:
     void start() override;
     void stop() override;
     [[nodiscard]] bool isRunning() const override { return isRunning_; }
+    void reportStall() override;
 
 private:
     struct Offer

@@ -14,6 +14,8 @@ namespace {
 
 constexpr auto barDuration = 5000ms / WaveformItem::barCount;
 constexpr auto silenceBeforeNotice = 3s;
+/// A muted or dead input often hisses: -70 dBFS, on the scale of AmplitudeSmoother.
+constexpr float silence = 0.0022F;
 constexpr auto recordingCap = 600s;
 constexpr auto countdownFrom = 540s;
 
@@ -120,7 +122,7 @@ void LauncherModel::tick()
     levels_.push_back(static_cast<qreal>(level));
     if (levels_.size() > WaveformItem::barCount)
         levels_.pop_front();
-    if (level > 0)
+    if (level > silence)
         lastHeardAt_ = clock_.now();
     setNotice(currentNotice());
     Q_EMIT levelsChanged();
@@ -133,6 +135,8 @@ QString LauncherModel::currentNotice() const
 {
     if (!dictation_.isModelUsable())
         return tr("The speech model cannot be loaded. What you say is kept.");
+    if (recorder_.isStalled())
+        return tr("%1 sends nothing any more. Trying again...").arg(microphone_);
     return clock_.now() - lastHeardAt_ >= silenceBeforeNotice ? tr("No sound from %1").arg(microphone_) : QString();
 }
 
