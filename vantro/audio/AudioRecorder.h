@@ -82,6 +82,8 @@ public:
     /// "audio-" and a UUID.
     [[nodiscard]] const QString& activeRecordingID() const { return activeRecordingID_; }
     [[nodiscard]] std::size_t sampleCount() const;
+    /// Where the capture's samples arrive; null without a capture.
+    [[nodiscard]] std::shared_ptr<const SampleCollector> collector() const { return collector_; }
     /// Why there is no capture, while waiting for a microphone and after giving up.
     [[nodiscard]] const std::optional<CaptureError>& lostCapture() const { return lostCapture_; }
 
