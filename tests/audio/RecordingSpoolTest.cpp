@@ -85,7 +85,9 @@ TEST_F(RecordingSpoolTest, AnotherInstanceTouchesNothingWhileItsWriterLives)
         clock.advance(RecordingSpool::interval);
         EXPECT_TRUE(grows("audio-1", 16'000));
         EXPECT_TRUE(left(other).empty());
+        EXPECT_TRUE(other.isInUse());
     }
+    EXPECT_FALSE(other.isInUse());
     EXPECT_EQ(left(other), std::vector<std::vector<float>>(1, second));
 }
 

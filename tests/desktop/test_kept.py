@@ -74,6 +74,8 @@ class EndTest(KeptCase):
         self.record()
         self.vantro.process.kill()
         try:
+            no_model = self.vantro.run("retry", env={"XDG_DATA_HOME": str(self.desktop.home / "elsewhere")})
+            self.assertEqual((no_model.returncode, len(self.kept())), (4, 1))
             self.assertEqual(words(self.vantro.run("retry").stdout), CHILD_WORDS)
             self.assertEqual(self.kept(), [])
             self.assertEqual(self.vantro.run("retry", "--discard").returncode, 3)

@@ -3,6 +3,7 @@
 #include "base/Error.h"
 #include "base/Logger.h"
 
+#include <algorithm>
 #include <functional>
 #include <optional>
 #include <tuple>
@@ -168,6 +169,17 @@ std::shared_ptr<Recording> RecordingSpool::keep(std::shared_ptr<const SampleColl
     const std::shared_ptr<Recording> recording(new Recording(*this, id, header, std::move(store)));
     recording->follow(std::move(collector));
     return recording;
+}
+
+bool RecordingSpool::isInUse() const
+{
+    return std::ranges::any_of(RecordingFile::list(folder_), [](const QString& path) {
+        try {
+            return !RecordingFile::open(path);
+        } catch (const Error&) {
+            return false;
+        }
+    });
 }
 
 QCoro::Task<std::vector<std::shared_ptr<Recording>>> RecordingSpool::takeLeft()

@@ -79,6 +79,9 @@ public:
     /// stays untouched; what holds no speech is removed.
     [[nodiscard]] QCoro::Task<std::vector<std::shared_ptr<Recording>>> takeLeft();
 
+    /// Whether somebody has a recording. Blocks for a moment.
+    [[nodiscard]] bool isInUse() const;
+
 private:
     friend class Recording;
 

@@ -65,6 +65,9 @@ private:
 Recordings Session::left()
 {
     Recordings recordings = runTask(spool_.takeLeft());
+    if (recordings.empty() && spool_.isInUse())
+        throw CommandError(ExitCode::failed,
+                           QStringLiteral("retry: another vantro is transcribing: wait for it to end"));
     if (recordings.empty())
         refuseNothingKept();
     return recordings;
@@ -106,11 +109,24 @@ int retryWithoutProgram(bool isRefused)
     return ExitCode::done;
 }
 
+/// What an engine throws is not always an Error. The recording stays.
+int retryHere(bool isRefused)
+{
+    try {
+        return retryWithoutProgram(isRefused);
+    } catch (const CommandError&) {
+        throw;
+    } catch (const std::exception& error) {
+        throw CommandError(ExitCode::failed,
+                           QStringLiteral("retry: %1 The recording is kept.").arg(localizedDescription(error)));
+    }
+}
+
 int retry(const CommandCall& call)
 {
     const bool isRefused = call.has("discard");
     if (!isProgramRunning())
-        return retryWithoutProgram(isRefused);
+        return retryHere(isRefused);
     const QString text = ask(isRefused ? QStringLiteral("DiscardKept") : QStringLiteral("Retry"));
     if (!isRefused)
         terminal::writeLine(text);
