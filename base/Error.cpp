@@ -1,5 +1,8 @@
 #include "base/Error.h"
 
+#include <QCoreApplication>
+
+#include <new>
 #include <utility>
 
 namespace vantro {
@@ -10,6 +13,8 @@ QString localizedDescription(const std::exception& error)
 {
     if (const auto* own = dynamic_cast<const Error*>(&error))
         return own->localizedDescription();
+    if (dynamic_cast<const std::bad_alloc*>(&error) != nullptr)
+        return QCoreApplication::translate("Error", "There is not enough free memory. Close other programs.");
     return QString::fromUtf8(error.what());
 }
 

@@ -59,10 +59,6 @@
         <translation>vantro wurde unerwartet beendet</translation>
     </message>
     <message>
-        <source>It is running again. Your earlier dictations are in the history; a dictation in progress was lost.</source>
-        <translation>Es läuft wieder. Deine bisherigen Diktate stehen im Verlauf; ein laufendes Diktat ist verloren.</translation>
-    </message>
-    <message>
         <source>OK</source>
         <translation>OK</translation>
     </message>
@@ -102,12 +98,24 @@
         <source>No mail program could be started. Please write to %1.</source>
         <translation>Es konnte kein Mailprogramm gestartet werden. Bitte schreib an %1.</translation>
     </message>
+    <message>
+        <source>It is running again. Your earlier dictations are in the history.</source>
+        <translation>Es läuft wieder. Deine bisherigen Diktate stehen im Verlauf.</translation>
+    </message>
 </context>
 <context>
     <name>AppDelegate</name>
     <message>
         <source>Shortcut Not Available</source>
         <translation>Tastenkürzel nicht verfügbar</translation>
+    </message>
+    <message>
+        <source>a dictation is already in progress</source>
+        <translation>es läuft bereits ein Diktat</translation>
+    </message>
+    <message>
+        <source>the speech model is missing; see the program&apos;s window</source>
+        <translation>das Sprachmodell fehlt; sieh im Fenster des Programms nach</translation>
     </message>
 </context>
 <context>
@@ -205,10 +213,6 @@
         <translation>Diktate kommen an, werden aber nicht gespeichert: %1</translation>
     </message>
     <message>
-        <source>What you said was not kept. Please say it again.</source>
-        <translation>Was du gesagt hast, ist nicht erhalten. Bitte sag es noch einmal.</translation>
-    </message>
-    <message>
         <source>What you said is in the history, as it was said: copy it from there.</source>
         <translation>Was du gesagt hast, steht im Wortlaut im Verlauf: Kopiere es von dort.</translation>
     </message>
@@ -219,6 +223,25 @@
     <message>
         <source>The microphone sent nothing for %1 s of this recording. Anything said then is missing.</source>
         <translation>Das Mikrofon hat %1 s dieser Aufnahme lang nichts geliefert. Was in dieser Zeit gesagt wurde, fehlt.</translation>
+    </message>
+    <message>
+        <source>The text of your recording is on the clipboard.</source>
+        <translation>Der Text deiner Aufnahme ist in der Zwischenablage.</translation>
+    </message>
+    <message>
+        <source>Something unexpected went wrong.</source>
+        <translation>Etwas Unerwartetes ist schiefgegangen.</translation>
+    </message>
+    <message>
+        <source>It was cancelled.</source>
+        <translation>Es wurde abgebrochen.</translation>
+    </message>
+</context>
+<context>
+    <name>Error</name>
+    <message>
+        <source>There is not enough free memory. Close other programs.</source>
+        <translation>Es ist nicht genug Speicher frei. Schließe andere Programme.</translation>
     </message>
 </context>
 <context>
@@ -1053,14 +1076,10 @@
     </message>
 </context>
 <context>
-    <name>PasteHud</name>
+    <name>PasteHUDWindow</name>
     <message>
         <source>to paste</source>
         <translation>zum Einfügen</translation>
-    </message>
-    <message>
-        <source>%1 to paste</source>
-        <translation>%1 zum Einfügen</translation>
     </message>
 </context>
 <context>
@@ -1270,6 +1289,37 @@
     <message>
         <source>The usual shortcuts are all taken by other programs. Record one of your own.</source>
         <translation>Die üblichen Tastenkürzel sind alle von anderen Programmen belegt. Nimm ein eigenes auf.</translation>
+    </message>
+</context>
+<context>
+    <name>Recovery</name>
+    <message>
+        <source>Transcription Error</source>
+        <translation>Fehler bei der Transkription</translation>
+    </message>
+    <message>
+        <source>Your recording is kept. Transcribe it now?</source>
+        <translation>Deine Aufnahme ist erhalten. Jetzt transkribieren?</translation>
+    </message>
+    <message>
+        <source>vantro ended before your recording of %1 became text. Transcribe it?</source>
+        <translation>vantro wurde beendet, bevor deine Aufnahme vom %1 zu Text wurde. Transkribieren?</translation>
+    </message>
+    <message>
+        <source>vantro ended before %1 recordings became text. Transcribe them?</source>
+        <translation>vantro wurde beendet, bevor %1 Aufnahmen zu Text wurden. Transkribieren?</translation>
+    </message>
+    <message>
+        <source>Recording Kept</source>
+        <translation>Aufnahme erhalten</translation>
+    </message>
+    <message>
+        <source>The text goes to the clipboard and into the history.</source>
+        <translation>Der Text kommt in die Zwischenablage und in den Verlauf.</translation>
+    </message>
+    <message>
+        <source>there is no recording to transcribe</source>
+        <translation>es gibt keine Aufnahme zum Transkribieren</translation>
     </message>
 </context>
 <context>
@@ -1686,6 +1736,30 @@
     <message>
         <source>the microphone</source>
         <translation>dem Mikrofon</translation>
+    </message>
+    <message>
+        <source>Transcribe</source>
+        <translation>Transkribieren</translation>
+    </message>
+    <message>
+        <source>Discard</source>
+        <translation>Verwerfen</translation>
+    </message>
+    <message>
+        <source>Recording discarded</source>
+        <translation>Aufnahme verworfen</translation>
+    </message>
+    <message>
+        <source>%1 or a click transcribes it after all</source>
+        <translation>%1 oder ein Klick transkribiert sie doch noch</translation>
+    </message>
+    <message>
+        <source>A click transcribes it after all</source>
+        <translation>Ein Klick transkribiert sie doch noch</translation>
+    </message>
+    <message>
+        <source>Transcribing...</source>
+        <translation>Wird transkribiert...</translation>
     </message>
 </context>
 <context>

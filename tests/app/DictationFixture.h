@@ -66,10 +66,12 @@ public:
         answer->addResult(QString(text.constData(), text.size()));
         answer->finish();
     }
-    void fail(const QString& why)
+    void fail(const QString& why) { fail(Error(why)); }
+    template <typename Exception>
+    void fail(const Exception& error)
     {
         const auto answer = std::exchange(answer_, nullptr);
-        answer->setException(std::make_exception_ptr(Error(why)));
+        answer->setException(std::make_exception_ptr(error));
         answer->finish();
     }
 
@@ -189,6 +191,19 @@ public:
     {
         huds.push_back({anchor, keys, reason});
     }
+    void showUndoOffer(std::optional<QRect>, std::function<void()> accepted) override { undo = std::move(accepted); }
+    void showTranscribing() override { isTranscribingShown = true; }
+    void withdrawHUD() override
+    {
+        undo = nullptr;
+        isTranscribingShown = false;
+    }
+    void offerTranscription(const QString& title, const QString& text,
+                            std::function<void(bool isWanted)> answered) override
+    {
+        showAlert(title, text);
+        answerOffer = std::move(answered);
+    }
     void showAlert(const QString&, const QString& text) override
     {
         EXPECT_EQ(openPanels, 0) << "an alert takes the keyboard";
@@ -208,6 +223,9 @@ public:
     QStringList alerts;
     QStringList downloads; ///< models whose download is shown
     std::vector<Hud> huds;
+    std::function<void()> undo;            ///< a click on the offer that is shown
+    std::function<void(bool)> answerOffer; ///< a button of the latest alert that asks
+    bool isTranscribingShown = false;
     int openPanels = 0;
     LauncherPanel* launcher = nullptr; ///< the latest; gone when its dictation is
     bool areWindowsAside = false;
@@ -254,6 +272,12 @@ protected:
         hotKeys.strike(keys);
         pump();
     }
+    /// Not the shortcut, which would take a cancel back.
+    void startNext()
+    {
+        delegate.showLauncherAndRecord();
+        pump();
+    }
     void speak(std::size_t samples) { engines.current()->hear(samples, 0.1F); }
     void stopAndDrain()
     {
@@ -281,6 +305,8 @@ protected:
         clock.advance(600ms);
         pump();
     }
+
+    [[nodiscard]] QStringList keptFiles() { return QDir(kept).entryList(QDir::Files | QDir::Hidden); }
 
     static constexpr doubles::FakeHotKeyManager::Combination keys{2, Modifier::command | Modifier::option};
     const KeyboardShortcuts::Shortcut shortcut{{2}, Modifier::command | Modifier::option};
@@ -314,21 +340,36 @@ protected:
     KeyboardShortcuts shortcuts{hotKeys, defaults, notifications};
     PasteDelivery delivery{pasteboard, keyEvents, workspace, defaults, clock};
     ShellDouble shell{workspace, engines};
+    const QString kept = folder.filePath(QStringLiteral("vantro"));
+    RecordingSpool spool{kept, clock};
+    Recovery recovery{spool, clock, shell};
     bool isModelReady;
     std::optional<QString> delivered;
-    AppDelegate delegate{
-        {{defaults, notifications, clock, recorder, facade, handlers, {}, {}, lenientStore, delivery, sounds, shell},
-         permissions,
-         shortcuts,
-         models,
-         migrations,
-         [this]() -> QCoro::Task<> {
-             shell.steps << QStringLiteral("model");
-             co_return;
-         },
-         [this](const auto&) {
-             return QtFuture::makeReadyFuture(ModelCheck(isModelReady, QString()));
-         }}};
+    AppDelegate delegate{{{defaults,
+                           notifications,
+                           clock,
+                           recorder,
+                           facade,
+                           handlers,
+                           {},
+                           {},
+                           lenientStore,
+                           delivery,
+                           spool,
+                           recovery,
+                           sounds,
+                           shell},
+                          permissions,
+                          shortcuts,
+                          models,
+                          migrations,
+                          [this]() -> QCoro::Task<> {
+                              shell.steps << QStringLiteral("model");
+                              co_return;
+                          },
+                          [this](const auto&) {
+                              return QtFuture::makeReadyFuture(ModelCheck(isModelReady, QString()));
+                          }}};
 };
 
 class DictationWithoutModel : public DictationTest

@@ -126,7 +126,7 @@ TEST_F(DictationTest, AnnouncesItsMilestonesWithTheModeOfTheStop)
     EXPECT_EQ(recorder.processingMode(), ProcessingMode::Normal);
 }
 
-TEST_F(DictationTest, EndOfTheProcessThrowsTheRecordingAwayAndGivesTheClipboardBack)
+TEST_F(DictationTest, EndOfTheProcessEndsTheRecordingAndGivesTheClipboardBack)
 {
     pasteboard.setByOther(clipboard, QStringLiteral("former"));
     pressShortcut();
@@ -205,7 +205,7 @@ TEST_F(DictationTest, CancelledAtAnyMomentDeliversNothingAndLeavesTheNextOneFree
     EXPECT_EQ(shell.openPanels, 0);
     EXPECT_FALSE(recorder.isBusy());
 
-    pressShortcut();
+    startNext();
     speak(16'000);
     delegate.stopRecording();
     delegate.cancelDictation(); // while draining
@@ -213,7 +213,7 @@ TEST_F(DictationTest, CancelledAtAnyMomentDeliversNothingAndLeavesTheNextOneFree
     pump();
     EXPECT_FALSE(provider.isAsked());
 
-    pressShortcut();
+    startNext();
     speak(16'000);
     stopAndDrain();
     ASSERT_TRUE(provider.isAsked());
@@ -222,7 +222,7 @@ TEST_F(DictationTest, CancelledAtAnyMomentDeliversNothingAndLeavesTheNextOneFree
     EXPECT_FALSE(recorder.isBusy());
     EXPECT_TRUE(provider.stop.stop_requested()) << "the engine need not finish what nobody wants";
 
-    pressShortcut(); // before the engine has noticed
+    startNext(); // before the engine has noticed
     provider.answer(QStringLiteral("Nobody wants this."));
     pump();
     EXPECT_EQ(provider.ended, endedBefore) << "the model stays for the dictation that is being recorded";
@@ -232,6 +232,7 @@ TEST_F(DictationTest, CancelledAtAnyMomentDeliversNothingAndLeavesTheNextOneFree
 
     EXPECT_FALSE(delivered);
     EXPECT_TRUE(shell.alerts.isEmpty());
+    clock.advance(Recovery::undoTime);
     dictate(QStringLiteral("Wanted."));
     EXPECT_EQ(delivered, QStringLiteral("Wanted."));
 }

@@ -12,7 +12,7 @@ TEST_F(DictationTest, TellsWhyAFailedOneDeliversNothing)
     pump();
     EXPECT_EQ(shell.alerts.takeLast(),
               QStringLiteral("Failed to transcribe audio: Could not load the whisper model at /models/x.bin\n\n"
-                             "What you said was not kept. Please say it again."));
+                             "Your recording is kept. Transcribe it now?"));
     EXPECT_EQ(shell.openPanels, 0);
     EXPECT_FALSE(delivered) << "nothing is delivered after an error";
     dictate(QStringLiteral("It works."));

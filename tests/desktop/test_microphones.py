@@ -164,7 +164,8 @@ class MicrophonesTest(DictationCase):
             self.assertEqual(self.vantro.status()["state"], "recording")
         self.speak(TABLE)
         heard, _ = self.finish()
-        self.dismiss_alert_saying("The microphone sent nothing for")
+        if "Transcription Error" in self.news():  # the server does not always make up for the time
+            self.dismiss_alert_saying("The microphone sent nothing for")
         self.assertEqual(heard[:len(CHILD_WORDS)], CHILD_WORDS)
         self.assertIn("table", heard)
 

@@ -13,7 +13,10 @@
 
 namespace vantro {
 
-AppDelegate::AppDelegate(Parts parts) : parts_(std::move(parts)) {}
+AppDelegate::AppDelegate(Parts parts) : parts_(std::move(parts))
+{
+    recovery().setBegin([this](Owed owed) { return transcribeAgain(std::move(owed)); });
+}
 
 void AppDelegate::applicationDidFinishLaunching()
 {
@@ -34,7 +37,7 @@ void AppDelegate::applicationDidFinishLaunching()
     // In either case, so that a sound server or shortcut that appears later works without a restart.
     openModalAction_ =
         std::make_unique<HoldToTalk>(parts_.shortcuts, defaults, parts_.dictation.clock,
-                                     [this](Dictation::Keyboard keyboard) { return showLauncherAndRecord(keyboard); });
+                                     [this](Dictation::Keyboard keyboard) { return shortcutUsed(keyboard); });
     settleModel();
 }
 
@@ -46,7 +49,9 @@ bool AppDelegate::isReadyToDictate() const
 
 void AppDelegate::applicationWillTerminate()
 {
-    cancelDictation();
+    if (dictation_)
+        dictation_->leave();
+    recovery().forgetCancelled();
     QCoreApplication::sendPostedEvents(dictation_.get()); // deletes its launcher while the QML engine still exists
     parts_.dictation.delivery.restoreNow();
 }
@@ -106,14 +111,38 @@ std::weak_ptr<Dictation> AppDelegate::showLauncherAndRecord(Dictation::Keyboard 
 {
     if (dictation_ && !dictation_->isOver())
         return {};
+    if (!hasModel())
+        return {};
+    recovery().forgetCancelled();
+    dictation_ = Dictation::begin(parts_.dictation, keyboard);
+    return dictation_;
+}
+
+/// Offers to download it otherwise.
+bool AppDelegate::hasModel()
+{
     const TranscriptionModel& model = parts_.models.selectedModel();
     const bool isKnownProblem = modelProblem_ && modelProblem_->model == model.name;
     // It may have been removed since the start.
-    if (isKnownProblem || !parts_.dictation.transcription.hasModel()) {
-        downloadModel(model, isKnownProblem ? modelProblem_->text : QString());
-        return {};
-    }
-    dictation_ = Dictation::begin(parts_.dictation, keyboard);
+    if (!isKnownProblem && parts_.dictation.transcription.hasModel())
+        return true;
+    downloadModel(model, isKnownProblem ? modelProblem_->text : QString());
+    return false;
+}
+
+/// Soon after a cancel it takes that back.
+std::weak_ptr<Dictation> AppDelegate::shortcutUsed(Dictation::Keyboard keyboard)
+{
+    return recovery().takeCancelBack() ? std::weak_ptr<Dictation>() : showLauncherAndRecord(keyboard);
+}
+
+std::shared_ptr<Dictation> AppDelegate::transcribeAgain(Owed owed)
+{
+    if (dictation_ && !dictation_->isOver())
+        throw Error(tr("a dictation is already in progress"));
+    if (!hasModel())
+        throw Error(tr("the speech model is missing; see the program's window"));
+    dictation_ = Dictation::again(parts_.dictation, std::move(owed));
     return dictation_;
 }
 

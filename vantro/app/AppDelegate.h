@@ -41,7 +41,8 @@ public:
 
     /// The launch sequence: update check, migrations, observers, onboarding if something is missing, shortcut, model.
     void applicationDidFinishLaunching();
-    /// Call before the process ends: discards a running recording and restores the clipboard.
+    /// Call before the process ends: abandons the dictation, whose recording stays for the next start, and restores the
+    /// clipboard.
     void applicationWillTerminate();
     [[nodiscard]] bool isReadyToDictate() const;
 
@@ -56,6 +57,9 @@ public:
     [[nodiscard]] DictationTimings timings() const;
 
 private:
+    [[nodiscard]] std::weak_ptr<Dictation> shortcutUsed(Dictation::Keyboard keyboard);
+    [[nodiscard]] std::shared_ptr<Dictation> transcribeAgain(Owed owed);
+    [[nodiscard]] bool hasModel();
     void observeNotifications();
     QCoro::Task<> settleModel();
     QCoro::Task<> modelDownloaded();
@@ -63,6 +67,7 @@ private:
     void downloadModel(const TranscriptionModel& model, const QString& problem);
     void shortcutFailed(const QString& name, const QString& reason);
     [[nodiscard]] Shell& shell() const { return parts_.dictation.shell; }
+    [[nodiscard]] Recovery& recovery() const { return parts_.dictation.recovery; }
 
     Parts parts_;
     std::shared_ptr<Dictation> dictation_; ///< the latest one, even when it is over

@@ -77,6 +77,45 @@ void ControlService::Cancel()
     delegate_.cancelDictation();
 }
 
+QString ControlService::Retry(const QDBusMessage& message)
+{
+    message.setDelayedReply(true);
+    answerRetry(message);
+    return {};
+}
+
+void ControlService::DiscardKept(const QDBusMessage& message)
+{
+    message.setDelayedReply(true);
+    answerDiscard(message);
+}
+
+QCoro::Task<> ControlService::answerRetry(QDBusMessage message)
+{
+    if (parts_.recorder.isBusy()) {
+        refuse(message, tr("a dictation is already in progress"));
+        co_return;
+    }
+    try {
+        const QString text = co_await parts_.recovery.transcribeAll();
+        QDBusConnection::sessionBus().send(message.createReply(text));
+    } catch (const NothingKept& error) {
+        QDBusConnection::sessionBus().send(message.createErrorReply(nothingKept(), error.localizedDescription()));
+    } catch (const Error& error) {
+        refuse(message, error.localizedDescription());
+    }
+}
+
+QCoro::Task<> ControlService::answerDiscard(QDBusMessage message)
+{
+    try {
+        co_await parts_.recovery.discardAll();
+        QDBusConnection::sessionBus().send(message.createReply());
+    } catch (const NothingKept& error) {
+        QDBusConnection::sessionBus().send(message.createErrorReply(nothingKept(), error.localizedDescription()));
+    }
+}
+
 QString ControlService::Status() const
 {
     const AudioRecorder& recorder = parts_.recorder;

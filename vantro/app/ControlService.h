@@ -3,6 +3,7 @@
 #include <QDBusAbstractAdaptor>
 #include <QDBusMessage>
 #include <QString>
+#include <qcoro/qcorotask.h>
 
 #include <functional>
 
@@ -13,6 +14,7 @@ class AudioDeviceManager;
 class AudioRecorder;
 class KeyboardShortcuts;
 class ModelSelection;
+class Recovery;
 
 /// The running program's D-Bus interface, used by commands such as "vantro toggle" and by a second start to pass on its
 /// arguments. Main thread.
@@ -31,7 +33,10 @@ public:
         const AudioDeviceManager& devices;
         const ModelSelection& models;
         const KeyboardShortcuts& shortcuts;
+        Recovery& recovery;
     };
+    /// The error of a call that finds no kept recording.
+    static QString nothingKept() { return QStringLiteral("com.vantro.Error.NothingKept"); }
 
     /// @p handOver: called with the arguments of a second start.
     ControlService(AppDelegate& delegate, Parts parts, std::function<void(const QStringList&)> handOver);
@@ -47,10 +52,14 @@ public Q_SLOTS:
     void Start(const QDBusMessage& message);
     void Stop(const QDBusMessage& message);
     void Cancel();
+    QString Retry(const QDBusMessage& message);
+    void DiscardKept(const QDBusMessage& message);
     [[nodiscard]] QString Status() const;
     void HandOver(const QStringList& arguments);
 
 private:
+    QCoro::Task<> answerRetry(QDBusMessage message);
+    QCoro::Task<> answerDiscard(QDBusMessage message);
     void refuse(const QDBusMessage& message, const QString& why);
 
     AppDelegate& delegate_;

@@ -24,26 +24,19 @@ constexpr auto worthTelling = 1s;
 
 } // namespace
 
-class Dictation::Failure : public Error
-{
-public:
-    explicit Failure(const QString& message, QString transcript = {})
-        : Error(message)
-        , transcript_(std::move(transcript))
-    {
-    }
-
-    /// The text recognised before the failure; may be empty.
-    [[nodiscard]] const QString& transcript() const { return transcript_; }
-
-private:
-    QString transcript_;
-};
-
 std::shared_ptr<Dictation> Dictation::begin(const Parts& parts, Keyboard keyboard)
 {
     const std::shared_ptr<Dictation> dictation(new Dictation(parts));
     dictation->run(keyboard);
+    return dictation;
+}
+
+std::shared_ptr<Dictation> Dictation::again(const Parts& parts, Owed owed)
+{
+    const std::shared_ptr<Dictation> dictation(new Dictation(parts));
+    dictation->owed_ = std::move(owed);
+    dictation->isAgain_ = true;
+    dictation->runAgain();
     return dictation;
 }
 
@@ -61,15 +54,34 @@ QCoro::Task<> Dictation::run(Keyboard keyboard)
         co_await spoken_.opened();
         endRecording();
         std::vector<float> samples = co_await drain();
-        const QString transcript = co_await transcribe(std::move(samples));
-        const QString text = co_await process(transcript);
-        announce(text);
-        co_await deliver(text);
-    } catch (const Failure& failure) {
-        fail(failure);
-    } catch (const GivenUp&) {
+        co_await bringText(std::move(samples));
+    } catch (...) {
+        stopFor(std::current_exception());
     }
     end();
+}
+
+/// As after drain().
+QCoro::Task<> Dictation::runAgain()
+{
+    const auto self = shared_from_this();
+    try {
+        parts_.delivery.returnTo(owed_.target.value_or(PasteDelivery::Target()));
+        const auto engineUse = loadModel();
+        std::vector<float> samples = co_await readKept();
+        co_await bringText(std::move(samples));
+    } catch (...) {
+        stopFor(std::current_exception());
+    }
+    end();
+}
+
+QCoro::Task<> Dictation::bringText(std::vector<float> samples)
+{
+    transcript_ = co_await transcribe(std::move(samples));
+    text_ = co_await process(transcript_);
+    announce(text_);
+    co_await deliver(text_);
 }
 
 /// Comes before anything is shown: the user may start speaking at once.
@@ -86,8 +98,9 @@ void Dictation::startCapture()
             throw GivenUp();
         }
     } catch (const CaptureError& error) {
-        throw Failure(error.localizedDescription());
+        throw Error(error.localizedDescription());
     }
+    owed_ = {parts_.spool.keep(recorder.collector(), recorder.activeRecordingID(), mode_), parts_.delivery.target()};
     recorder.setBusy(true);
     enter(State::recording);
     expectService();
@@ -107,7 +120,10 @@ TranscriptionFacade::EngineUse Dictation::loadModel()
 
 void Dictation::expectService()
 {
-    if (state_ == State::recording && parts_.expectService)
+    if (state_ != State::recording)
+        return;
+    owed_.recording->setMode(parts_.recorder.processingMode());
+    if (parts_.expectService)
         parts_.expectService(parts_.recorder.processingMode());
 }
 
@@ -135,10 +151,7 @@ void Dictation::endRecording()
     parts_.recorder.stopRecording();
     mode_ = parts_.recorder.processingMode();
     noteLostMicrophone();
-    const auto handler = parts_.handlers.find(mode_);
-    handler_ = (handler != parts_.handlers.end() ? handler->second : parts_.handlers.at(ProcessingMode::Normal)).get();
-    if (parts_.chooseService)
-        service_ = parts_.chooseService(mode_, stop_.get_token());
+    chooseHandler();
     enter(State::draining);
     parts_.notifications.post(notification::recordingProcesses);
     if (mode_ == ProcessingMode::Notes) {
@@ -147,13 +160,21 @@ void Dictation::endRecording()
     }
 }
 
+void Dictation::chooseHandler()
+{
+    const auto handler = parts_.handlers.find(mode_);
+    handler_ = (handler != parts_.handlers.end() ? handler->second : parts_.handlers.at(ProcessingMode::Normal)).get();
+    if (parts_.chooseService)
+        service_ = parts_.chooseService(mode_, stop_.get_token());
+}
+
 void Dictation::noteLostMicrophone()
 {
     const auto& lost = parts_.recorder.lostCapture();
     if (!lost)
         return;
     if (parts_.recorder.sampleCount() < minimumSampleCount)
-        throw Failure(lost->localizedDescription());
+        throw Error(lost->localizedDescription());
     notice_ =
         tr("The microphone was lost during the recording. Anything said after that is missing. %1").arg(lost->reason());
 }
@@ -164,6 +185,8 @@ QCoro::Task<std::vector<float>> Dictation::drain()
     co_await parts_.clock.sleepFor(AudioRecorder::drainDelay);
     giveUpIfCancelled();
     std::vector<float> samples = parts_.recorder.takeSamples();
+    timings_.firstSample = parts_.recorder.firstSampleAt();
+    owed_.recording->finish(samples);
     noteGaps();
     co_return samples;
 }
@@ -174,6 +197,18 @@ void Dictation::noteGaps()
     if (notice_.isEmpty() && missing >= worthTelling)
         notice_ = tr("The microphone sent nothing for %1 s of this recording. Anything said then is missing.")
                       .arg(std::lround(missing.count()));
+}
+
+QCoro::Task<std::vector<float>> Dictation::readKept()
+{
+    parts_.recorder.setBusy(true);
+    parts_.shell.showTranscribing();
+    mode_ = owed_.recording->header().mode;
+    chooseHandler();
+    enter(State::draining);
+    std::vector<float> samples = co_await owed_.recording->samples();
+    giveUpIfCancelled();
+    co_return samples;
 }
 
 QCoro::Task<QString> Dictation::transcribe(std::vector<float> samples)
@@ -194,8 +229,7 @@ QCoro::Task<QString> Dictation::transcribe(std::vector<float> samples)
             this, [this, fraction] { Q_EMIT transcriptionProgress(fraction); }, Qt::QueuedConnection);
     };
     try {
-        auto transcription =
-            parts_.transcription.transcribe(parts_.recorder.activeRecordingID(), std::move(samples), options);
+        auto transcription = parts_.transcription.transcribe(owed_.recording->id(), std::move(samples), options);
         QString transcript = co_await transcription;
         giveUpIfCancelled();
         co_return transcript;
@@ -203,7 +237,7 @@ QCoro::Task<QString> Dictation::transcribe(std::vector<float> samples)
         giveUpIfCancelled();
         const QString description = localizedDescription(error);
         logger_.error(QStringLiteral("Transcription failed: ") + description);
-        throw Failure(QStringLiteral("Failed to transcribe audio: ") + description);
+        throw Error(QStringLiteral("Failed to transcribe audio: ") + description);
     }
 }
 
@@ -213,6 +247,7 @@ QCoro::Task<QString> Dictation::process(QString transcript)
         co_return transcript;
     enter(State::processing);
     logger_.info(QStringLiteral("Processing transcription"));
+    parts_.store.expectText();
     try {
         QString text = co_await handler_->process(transcript, service_);
         giveUpIfCancelled();
@@ -220,14 +255,13 @@ QCoro::Task<QString> Dictation::process(QString transcript)
     } catch (const std::exception& error) {
         giveUpIfCancelled();
         logger_.error(QStringLiteral("Processing error: ") + localizedDescription(error));
-        throw Failure(processingErrorMessage(error), transcript);
+        throw Error(processingErrorMessage(error));
     }
 }
 
 void Dictation::announce(const QString& finalText, const std::optional<QString>& errorMessage)
 {
     timings_.textReady = parts_.clock.now();
-    timings_.firstSample = parts_.recorder.firstSampleAt();
     NotificationCenter::UserInfo info{{QStringLiteral("finalText"), finalText},
                                       {QStringLiteral("processingMode"), rawValue(mode_)}};
     if (errorMessage) {
@@ -244,18 +278,25 @@ QCoro::Task<> Dictation::deliver(QString text)
     if (mode_ == ProcessingMode::Notes || text.isEmpty())
         co_return;
     enter(State::delivering);
-    const QRect launcherFrame = launcher_->frame();
-    if (parts_.defaults.get(setting::autoPasteEnabled)) {
-        co_await paste(text, launcherFrame);
-    } else {
-        parts_.delivery.copy(text);
-        parts_.shell.showPasteHUD(launcherFrame, parts_.delivery.pasteKeys(), {});
-    }
+    const auto anchor = launcherFrame();
+    if (isAgain_ && !owed_.target)
+        copy(owed_.earlierTexts.isEmpty() ? text : owed_.earlierTexts + QStringLiteral("\n\n") + text, anchor);
+    else if (parts_.defaults.get(setting::autoPasteEnabled))
+        co_await paste(text, anchor);
+    else
+        copy(text, anchor);
     if (parts_.defaults.get(setting::playSoundOnComplete))
         parts_.sounds.play(QStringLiteral("Blow"));
 }
 
-QCoro::Task<> Dictation::paste(QString text, QRect launcherFrame)
+void Dictation::copy(const QString& text, std::optional<QRect> launcherFrame)
+{
+    parts_.delivery.copy(text);
+    parts_.shell.showPasteHUD(launcherFrame, parts_.delivery.pasteKeys(),
+                              isAgain_ ? tr("The text of your recording is on the clipboard.") : QString());
+}
+
+QCoro::Task<> Dictation::paste(QString text, std::optional<QRect> launcherFrame)
 {
     closeLauncher();
     const auto outcome = co_await parts_.delivery.deliver(text);
@@ -266,25 +307,44 @@ QCoro::Task<> Dictation::paste(QString text, QRect launcherFrame)
         parts_.shell.showPasteHUD(launcherFrame, parts_.delivery.pasteKeys(), reason);
 }
 
-void Dictation::fail(const Failure& failure)
+void Dictation::stopFor(const std::exception_ptr& cause)
 {
-    announce(failure.transcript(), failure.localizedDescription());
-    notice_ = failure.localizedDescription();
-    if (const QString where = saveFromLoss(failure.transcript()); !where.isEmpty())
-        notice_ += QStringLiteral("\n\n") + where;
+    try {
+        std::rethrow_exception(cause);
+    } catch (const GivenUp&) {
+    } catch (const std::exception& error) {
+        fail(localizedDescription(error));
+    } catch (...) {
+        fail(tr("Something unexpected went wrong."));
+    }
+}
+
+void Dictation::fail(const QString& what)
+{
+    if (isOver())
+        return;
+    logger_.error(what);
+    failure_ = what;
+    notice_ = what;
+    announce(transcript_, what);
+    if (transcript_.trimmed().isEmpty())
+        fate_ = Fate::failed;
+    else
+        notice_ += QStringLiteral("\n\n") + saveFromLoss();
+}
+
+bool Dictation::isTextStored() const
+{
+    return !transcript_.trimmed().isEmpty() && parts_.store.hasLatest();
 }
 
 /// A text that was neither delivered nor stored, such as a note when the disk is full, goes to the clipboard. Returns
-/// where the user finds what was said, and what to do next.
-QString Dictation::saveFromLoss(const QString& text)
+/// where the user finds what was said.
+QString Dictation::saveFromLoss()
 {
-    if (state_ < State::transcribing) // nothing was said
-        return {};
-    if (text.trimmed().isEmpty())
-        return tr("What you said was not kept. Please say it again.");
-    if (parts_.store.hasLatest())
+    if (isTextStored())
         return tr("What you said is in the history, as it was said: copy it from there.");
-    parts_.delivery.copy(text);
+    parts_.delivery.copy(transcript_);
     return tr("What you said is on the clipboard: paste it with %1.").arg(parts_.delivery.pasteKeys());
 }
 
@@ -296,8 +356,28 @@ void Dictation::cancelRecording()
 
 void Dictation::cancel()
 {
+    giveUp(Fate::cancelled);
+}
+
+void Dictation::discardRecording()
+{
+    if (state_ == State::recording)
+        giveUp(Fate::done);
+}
+
+void Dictation::leave()
+{
+    if (state_ == State::delivering && isTextStored())
+        owed_.recording->discard();
+    giveUp(Fate::left);
+}
+
+void Dictation::giveUp(Fate fate)
+{
     if (state_ >= State::delivering)
         return;
+    fate_ = isTextStored() ? Fate::done : fate;
+    failure_ = tr("It was cancelled.");
     stop_.request_stop();
     end();
     spoken_.open(); // anywhere else run() notices on its own
@@ -308,15 +388,50 @@ void Dictation::end()
 {
     if (isOver())
         return;
+    keepRest();
     enter(State::over);
     parts_.recorder.cancelRecording();
     parts_.recorder.setProcessingMode(ProcessingMode::Normal);
+    const auto anchor = launcherFrame();
     closeLauncher();
     parts_.recorder.setBusy(false);
     parts_.shell.bringWindowsBack();
+    if (isAgain_)
+        parts_.shell.withdrawHUD();
+    settleRecording(anchor);
+    tellOfStoreProblem();
+    over_.open();
+}
+
+/// What a recording that ends early has not handed over yet.
+void Dictation::keepRest()
+{
+    if (!owed_.recording || owed_.recording->isFinished())
+        return;
+    parts_.recorder.stopRecording();
+    owed_.recording->finish(parts_.recorder.takeSamples());
+}
+
+void Dictation::settleRecording(std::optional<QRect> launcherFrame)
+{
+    const bool isLost = owed_.recording && owed_.recording->mayHoldSpeech() && fate_ != Fate::done;
+    if (isLost && fate_ == Fate::failed) {
+        parts_.recovery.offerFailed(owed_, notice_);
+        return;
+    }
     if (!notice_.isEmpty())
         parts_.shell.showAlert(tr("Transcription Error"), notice_);
-    tellOfStoreProblem();
+    if (!isLost && owed_.recording)
+        owed_.recording->discard();
+    else if (isLost && fate_ == Fate::cancelled && isAgain_ && !owed_.isCancelled)
+        parts_.recovery.keep(owed_);
+    else if (isLost && fate_ == Fate::cancelled)
+        parts_.recovery.offerCancelled(owed_, launcherFrame);
+}
+
+std::optional<QRect> Dictation::launcherFrame() const
+{
+    return launcher_ ? std::optional(launcher_->frame()) : std::nullopt;
 }
 
 void Dictation::tellOfStoreProblem()

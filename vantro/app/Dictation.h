@@ -11,22 +11,27 @@
 #include "vantro/app/DictationTimings.h"
 #include "vantro/app/LauncherPanel.h"
 #include "vantro/app/LenientStore.h"
+#include "vantro/app/Recovery.h"
 #include "vantro/app/Shell.h"
 #include "vantro/app/TranscriptionFacade.h"
 #include "vantro/audio/AudioRecorder.h"
+#include "vantro/audio/RecordingSpool.h"
 #include "vantro/delivery/PasteDelivery.h"
 
 #include <QObject>
 #include <qcoro/qcorotask.h>
 
+#include <exception>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <stop_token>
 #include <vector>
 
 namespace vantro {
 
-/// One dictation, from the shortcut to the delivered text; run() is the whole course. Main thread.
+/// One dictation, from the shortcut to the delivered text; run() is the whole course. A kept recording goes through its
+/// second half, from runAgain() on. Main thread.
 class Dictation final : public QObject, public std::enable_shared_from_this<Dictation>
 {
     Q_OBJECT
@@ -46,6 +51,8 @@ public:
         std::function<std::shared_ptr<FormatRequestServicing>(ProcessingMode, std::stop_token)> chooseService;
         LenientStore& store;
         PasteDelivery& delivery;
+        RecordingSpool& spool;
+        Recovery& recovery;
         SystemSounds& sounds;
         Shell& shell;
     };
@@ -56,21 +63,34 @@ public:
 
     /// Starts recording. If that fails, the user is told and the dictation is over.
     [[nodiscard]] static std::shared_ptr<Dictation> begin(const Parts& parts, Keyboard keyboard);
+    /// Transcribes and delivers a recording that is kept.
+    [[nodiscard]] static std::shared_ptr<Dictation> again(const Parts& parts, Owed owed);
     ~Dictation() override;
 
     [[nodiscard]] State state() const { return state_; }
     [[nodiscard]] bool isOver() const { return state_ == State::over; }
     /// False once it is known that the recording cannot be transcribed now.
     [[nodiscard]] bool isModelUsable() const { return isModelUsable_; }
+    /// To be awaited, by one.
+    [[nodiscard]] auto ended() { return over_.opened(); }
+    /// The delivered text.
+    [[nodiscard]] const QString& text() const { return text_; }
+    /// Why there is none; nullopt when nothing went wrong.
+    [[nodiscard]] const std::optional<QString>& failure() const { return failure_; }
     [[nodiscard]] const DictationTimings& timings() const { return timings_; }
     [[nodiscard]] AudioRecorder& recorder() const { return parts_.recorder; }
 
     /// Ends the recording and goes on to transcribe it. Does nothing once it has stopped.
     void stop();
-    /// Discards a running recording. Does nothing once it has stopped.
+    /// Cancels a running recording. Does nothing once it has stopped.
     void cancelRecording();
-    /// Abandons the dictation silently. Does nothing once the delivery has begun.
+    /// Abandons the dictation; for a while the user can have it transcribed after all. Does nothing once the delivery
+    /// has begun.
     void cancel();
+    /// Discards a running recording that nobody meant to make.
+    void discardRecording();
+    /// Abandons the dictation because the process ends. What was said is offered at the next start.
+    void leave();
 
 Q_SIGNALS:
     void stateChanged();
@@ -84,11 +104,14 @@ private:
     struct GivenUp
     {
     };
-    class Failure;
+    /// What becomes of the recording.
+    enum class Fate { done, failed, cancelled, left };
 
     explicit Dictation(const Parts& parts) : parts_(parts) {}
 
     QCoro::Task<> run(Keyboard keyboard);
+    QCoro::Task<> runAgain();
+    QCoro::Task<> bringText(std::vector<float> samples);
     void startCapture();
     [[nodiscard]] TranscriptionFacade::EngineUse loadModel();
     void openLauncher(Keyboard keyboard);
@@ -97,19 +120,28 @@ private:
     void noteLostMicrophone();
     void noteGaps();
     QCoro::Task<std::vector<float>> drain();
+    QCoro::Task<std::vector<float>> readKept();
+    void chooseHandler();
     QCoro::Task<QString> transcribe(std::vector<float> samples);
     QCoro::Task<QString> process(QString transcript);
     void announce(const QString& finalText, const std::optional<QString>& errorMessage = std::nullopt);
     QCoro::Task<> deliver(QString text);
-    QCoro::Task<> paste(QString text, QRect launcherFrame);
-    void fail(const Failure& failure);
+    QCoro::Task<> paste(QString text, std::optional<QRect> launcherFrame);
+    void copy(const QString& text, std::optional<QRect> launcherFrame);
+    void stopFor(const std::exception_ptr& cause);
+    void fail(const QString& what);
     void end();
 
     void enter(State state);
+    void giveUp(Fate fate);
     void giveUpIfCancelled() const;
+    void keepRest();
+    void settleRecording(std::optional<QRect> launcherFrame);
+    [[nodiscard]] std::optional<QRect> launcherFrame() const;
     void closeLauncher();
     void tellOfStoreProblem();
-    [[nodiscard]] QString saveFromLoss(const QString& text);
+    [[nodiscard]] bool isTextStored() const;
+    [[nodiscard]] QString saveFromLoss();
 
     Parts parts_;
     Logger logger_{"Dictation"};
@@ -117,6 +149,13 @@ private:
     bool isModelUsable_ = true;
     std::stop_source stop_; ///< stops the engine and the language model
     Gate spoken_;           ///< opens when the recording ends for any reason
+    Gate over_;
+    Owed owed_; ///< what was said
+    Fate fate_ = Fate::done;
+    bool isAgain_ = false;
+    QString transcript_;
+    QString text_;
+    std::optional<QString> failure_;
     ProcessingMode mode_ = ProcessingMode::Normal;
     ModeHandler* handler_ = nullptr;
     std::shared_ptr<FormatRequestServicing> service_;

@@ -41,7 +41,7 @@ void HoldToTalk::endHold()
     if (!dictation)
         return;
     if (clock_.now() - *dictation->timings().shortcut < shortestHold)
-        dictation->cancelRecording();
+        dictation->discardRecording();
     else
         dictation->stop();
 }

@@ -17,6 +17,8 @@ public:
     /// Why texts are not being stored. Returned once per series of failures.
     [[nodiscard]] std::optional<QString> takeProblem();
 
+    /// A text is about to be stored, which may fail before it gets here.
+    void expectText() { hasLatest_ = false; }
     /// Whether the latest text was stored.
     [[nodiscard]] bool hasLatest() const { return hasLatest_; }
 

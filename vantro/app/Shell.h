@@ -3,6 +3,7 @@
 #include <QRect>
 #include <QString>
 
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -27,7 +28,17 @@ public:
     /// @p anchor: where the launcher was, in screen coordinates. @p keys paste the text; @p reason says in a sentence
     /// why the user has to, or nothing when he has chosen so.
     virtual void showPasteHUD(std::optional<QRect> anchor, const QString& keys, const QString& reason) = 0;
+    /// Offers for a moment to transcribe a cancelled recording after all; @p accepted is called for a click.
+    virtual void showUndoOffer(std::optional<QRect> anchor, std::function<void()> accepted) = 0;
+    /// Tells that a kept recording is being transcribed.
+    virtual void showTranscribing() = 0;
+    /// Ends such an offer or notice, if it is still shown.
+    virtual void withdrawHUD() = 0;
     virtual void showAlert(const QString& title, const QString& text) = 0;
+    /// An alert that asks whether to transcribe a kept recording. @p answered is called with the answer, if there is
+    /// one, while no dictation is under way.
+    virtual void offerTranscription(const QString& title, const QString& text,
+                                    std::function<void(bool isWanted)> answered) = 0;
 
     /// Hides the program's own windows during a recording, except the active one and in the practice step of the
     /// onboarding. bringWindowsBack() shows them again.

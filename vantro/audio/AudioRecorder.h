@@ -87,6 +87,8 @@ public:
     [[nodiscard]] bool isStalled() const { return watch_.isStalled(); }
     /// How much of the recording, from its first block to takeSamples(), the microphone did not deliver.
     [[nodiscard]] std::chrono::duration<double> missing() const { return missing_; }
+    /// Where the capture's samples arrive; null without a capture.
+    [[nodiscard]] std::shared_ptr<const SampleCollector> collector() const { return collector_; }
     /// Why there is no capture, while waiting for a microphone and after giving up.
     [[nodiscard]] const std::optional<CaptureError>& lostCapture() const { return lostCapture_; }
 

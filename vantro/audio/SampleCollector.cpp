@@ -2,6 +2,7 @@
 
 #include "base/SampleFormat.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace vantro {
@@ -26,6 +27,18 @@ std::vector<float> SampleCollector::takeSamples()
 {
     const std::lock_guard guard(lock_);
     return std::exchange(samples_, {});
+}
+
+std::vector<float> SampleCollector::samplesFrom(std::size_t first) const
+{
+    // Allocated before the lock, for which the audio thread may wait.
+    const std::size_t count = sampleCount();
+    std::vector<float> copy(count > first ? count - first : 0);
+    const std::lock_guard guard(lock_);
+    copy.resize(std::min(copy.size(), samples_.size() > first ? samples_.size() - first : 0));
+    if (!copy.empty())
+        std::copy_n(samples_.begin() + static_cast<std::ptrdiff_t>(first), copy.size(), copy.begin());
+    return copy;
 }
 
 std::size_t SampleCollector::sampleCount() const

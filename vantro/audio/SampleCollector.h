@@ -20,6 +20,9 @@ public:
     /// Returns all samples and leaves the collector empty.
     [[nodiscard]] std::vector<float> takeSamples();
 
+    /// A copy of the samples from @p first on.
+    [[nodiscard]] std::vector<float> samplesFrom(std::size_t first) const;
+
     [[nodiscard]] std::size_t sampleCount() const;
     [[nodiscard]] bool overflowed() const;
 

@@ -156,6 +156,7 @@ std::vector<Command> allCommands(const QString& modelHost)
         transcribeCommand(),   modelsCommand(modelHost), devicesCommand(),   shortcutsCommand(), modesCommand(),
         replacementsCommand(), vocabularyCommand(),      providersCommand(), historyCommand(),   notesCommand()};
     std::ranges::move(controlCommands(), std::back_inserter(commands));
+    commands.push_back(retryCommand());
     commands.push_back(logsCommand());
     return commands;
 }

@@ -20,7 +20,10 @@ public:
     /// Whether to start the desktop program; false for commands, --help and wrong usage.
     [[nodiscard]] bool startsProgram() const { return command_.isEmpty(); }
     /// Whether a speech engine will run in this process.
-    [[nodiscard]] bool recognisesSpeech() const { return startsProgram() || command_ == QLatin1String("transcribe"); }
+    [[nodiscard]] bool recognisesSpeech() const
+    {
+        return startsProgram() || command_ == QLatin1String("transcribe") || command_ == QLatin1String("retry");
+    }
     [[nodiscard]] bool isVerbose() const { return isVerbose_; }
     [[nodiscard]] const ProgramOptions& programOptions() const { return options_; }
     /// Runs the command and returns the exit code. Needs an application object.

@@ -19,6 +19,7 @@ Command historyCommand();
 Command notesCommand();
 /// "toggle", "start", "stop", "cancel" and "status", which control the running program over D-Bus.
 std::vector<Command> controlCommands();
+Command retryCommand();
 Command logsCommand();
 
 } // namespace vantro

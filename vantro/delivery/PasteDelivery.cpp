@@ -93,8 +93,8 @@ void PasteDelivery::rememberTarget()
 {
     noteFront();
     const auto front = workspace_.frontWindow();
-    target_ = front ? lastFront_ : std::nullopt;
-    ownFront_ = front != target_ ? front : std::nullopt;
+    target_.window = front ? lastFront_ : std::nullopt;
+    target_.ownFront = front != target_.window ? front : std::nullopt;
 }
 
 bool PasteDelivery::copy(const QString& text)
@@ -103,15 +103,16 @@ bool PasteDelivery::copy(const QString& text)
     if (copied.isEmpty())
         return false;
     std::ignore = takePending();
-    leave(copied, target_);
+    leave(copied, target_.window);
     printToPerson(QStringLiteral("Copied to clipboard: \"%1\"").arg(copied));
     return true;
 }
 
 QString PasteDelivery::pasteKeys() const
 {
-    const bool isThere = target_ && workspace_.windowExists(*target_);
-    return chordText(chordOf(isThere ? target_ : workspace_.frontWindow()));
+    const auto target = target_.window;
+    const bool isThere = target && workspace_.windowExists(*target);
+    return chordText(chordOf(isThere ? target : workspace_.frontWindow()));
 }
 
 KeyEventPoster::PasteChord PasteDelivery::chordOf(std::optional<WindowID> window) const
@@ -142,9 +143,9 @@ QCoro::Task<PasteDelivery::Outcome> PasteDelivery::deliver(QString text)
     if (dictated.isEmpty())
         co_return Outcome::Nothing;
     // A page that has just opened gives its field the focus a moment later.
-    if (ownFront_ && workspace_.takesText(*ownFront_))
-        target_ = ownFront_;
-    const auto target = target_;
+    if (target_.ownFront && workspace_.takesText(*target_.ownFront))
+        target_.window = target_.ownFront;
+    const auto target = target_.window;
     printToPerson(QStringLiteral("Copied to clipboard: \"%1\"").arg(dictated));
     if (isPasting(target)) {
         addToPending(dictated);

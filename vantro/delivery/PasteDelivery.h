@@ -34,6 +34,13 @@ public:
         KeystrokeFailed,
     };
 
+    /// Where a text goes.
+    struct Target
+    {
+        std::optional<WindowID> window;
+        std::optional<WindowID> ownFront; ///< one of ours that was in front, without a text field as yet
+    };
+
     /// All references must outlive this object.
     PasteDelivery(Pasteboard& pasteboard, KeyEventPoster& keyEvents, Workspace& workspace, UserDefaults& defaults,
                   Clock& clock);
@@ -41,6 +48,9 @@ public:
     /// Call when a dictation begins, before showing any window: its text will go to the window in front, or to the one
     /// before if that is one of our own without a text field.
     void rememberTarget();
+    [[nodiscard]] const Target& target() const { return target_; }
+    /// Makes a target that was remembered earlier the present one again; an empty one is no window.
+    void returnTo(const Target& target) { target_ = target; }
 
     /// Puts @p text, trimmed, where pasteKeys() finds it. Returns false and changes nothing when it is blank.
     bool copy(const QString& text);
@@ -113,8 +123,7 @@ private:
     UserDefaults& defaults_;
     Clock& clock_;
     std::optional<WindowID> lastFront_; ///< that could take a text
-    std::optional<WindowID> target_;
-    std::optional<WindowID> ownFront_; ///< one of ours that was in front, without a text field as yet
+    Target target_;
     std::optional<Restore> pending_;
     quint64 generation_ = 0;
     QString keystrokeError_;

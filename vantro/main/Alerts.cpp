@@ -61,8 +61,8 @@ void Alerts::sendFeedback()
 void Alerts::tellOfCrash()
 {
     show(AlertWindow::Kind::warning, tr("vantro ended unexpectedly"),
-         tr("It is running again. Your earlier dictations are in the history; a dictation in progress was lost."),
-         {tr("OK"), tr("Report an Error")}, [this](std::optional<int> button) {
+         tr("It is running again. Your earlier dictations are in the history."), {tr("OK"), tr("Report an Error")},
+         [this](std::optional<int> button) {
              if (button == 1)
                  reportError();
          });

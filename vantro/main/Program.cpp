@@ -53,6 +53,7 @@ public:
 
 private:
     void connectShell();
+    QCoro::Task<> tellWhatWasLeft();
     [[nodiscard]] Dictation::Parts dictationParts();
 
     ProgramOptions options_;
@@ -73,12 +74,14 @@ private:
     AudioRecorder recorder_{platform_.makeAudioEngine, devices_, *platform_.permissions, clock_};
     ModelMemory modelMemory_{{speech_.engines, speech_.selection, defaults_, recorder_, *platform_.systemInfo, clock_}};
     HeadsetSwitch headsetSwitch_{*platform_.audioCards, devices_, recorder_, defaults_, clock_};
+    RecordingSpool spool_{RecordingSpool::standardFolder(), clock_};
     KeyboardShortcuts shortcuts_{*platform_.hotKeys, defaults_, notifications_};
     RawKeyMonitor rawKeys_{shortcuts_, *platform_.hotKeys};
     PasteDelivery delivery_;
     Windows windows_{{defaults_, notifications_, clock_, platform_, speech_, history_.store, devices_, recorder_,
                       shortcuts_, vocabulary_, rewriting_}};
     ShortcutSetup shortcutSetup_{shortcuts_, windows_};
+    Recovery recovery_{spool_, clock_, windows_};
     std::optional<RunMarker> marker_;
     std::optional<EndSignals> endSignals_;
     AppDelegate delegate_;
@@ -96,7 +99,7 @@ Program::Program(const ProgramOptions& options)
                  [this](const TranscriptionModel& model) {
                      return speech_.engines.of(model).check(model);
                  }})
-    , control_(delegate_, {recorder_, devices_, speech_.selection, shortcuts_},
+    , control_(delegate_, {recorder_, devices_, speech_.selection, shortcuts_, recovery_},
                [this](const QStringList& arguments) { shortcutSetup_.handOver(arguments); })
 {
     connectShell();
@@ -125,6 +128,8 @@ Dictation::Parts Program::dictationParts()
             [this](ProcessingMode mode, std::stop_token stop) { return rewriting_.choose(mode, std::move(stop)); },
             history_.dictations,
             delivery_,
+            spool_,
+            recovery_,
             *platform_.sounds,
             windows_};
 }
@@ -152,10 +157,17 @@ void Program::launch()
     shortcutSetup_.settle(options_.shortcut);
     delegate_.applicationDidFinishLaunching();
     rewriting_.start();
-    if (marker_->foundCrash())
-        windows_.alerts().tellOfCrash();
+    tellWhatWasLeft();
     if (const auto& kept = defaults_.repair())
         windows_.alerts().tellOfSettings(*kept);
+}
+
+/// A recording that is left tells of the crash as well.
+QCoro::Task<> Program::tellWhatWasLeft()
+{
+    const bool isOffered = co_await recovery_.offerLeft();
+    if (!isOffered && marker_->foundCrash())
+        windows_.alerts().tellOfCrash();
 }
 
 } // namespace

@@ -299,6 +299,29 @@ void Windows::showAlert(const QString& title, const QString& text)
     alerts_.show(AlertWindow::Kind::warning, title, text);
 }
 
+void Windows::offerTranscription(const QString& title, const QString& text, std::function<void(bool isWanted)> answered)
+{
+    alerts_.show(AlertWindow::Kind::warning, title, text, {tr("Transcribe"), tr("Discard")},
+                 [this, answered = std::move(answered)](std::optional<int> button) {
+                     if (button)
+                         idle_.run([answered, isWanted = button == 0] { answered(isWanted); });
+                 });
+}
+
+void Windows::showTranscribing()
+{
+    hud_.showNotice(tr("Transcribing..."));
+}
+
+void Windows::showUndoOffer(std::optional<QRect> anchor, std::function<void()> accepted)
+{
+    const auto shortcut = parts_.shortcuts.shortcut(KeyboardShortcuts::Name::openModal);
+    hud_.showOffer(anchor, tr("Recording discarded"),
+                   shortcut ? tr("%1 or a click transcribes it after all").arg(shortcut->displayText())
+                            : tr("A click transcribes it after all"),
+                   std::move(accepted));
+}
+
 void Windows::showModelDownload(const TranscriptionModel& model, const QString& problem)
 {
     // The onboarding has its own page for the download.

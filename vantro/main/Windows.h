@@ -57,7 +57,12 @@ public:
     {
         hud_.showHUD(anchor, keys, reason);
     }
+    void showUndoOffer(std::optional<QRect> anchor, std::function<void()> accepted) override;
+    void showTranscribing() override;
+    void withdrawHUD() override { hud_.withdraw(); }
     void showAlert(const QString& title, const QString& text) override;
+    void offerTranscription(const QString& title, const QString& text,
+                            std::function<void(bool isWanted)> answered) override;
     void putWindowsAside() override;
     void bringWindowsBack() override;
     void showModelDownload(const TranscriptionModel& model, const QString& problem) override;

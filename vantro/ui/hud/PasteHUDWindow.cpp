@@ -4,9 +4,12 @@
 #include "vantro/ui/style/UiEngine.h"
 
 #include <QGuiApplication>
+#include <QMouseEvent>
 #include <QQuickItem>
 #include <QScreen>
 #include <QTimer>
+
+#include <utility>
 
 using namespace std::chrono_literals;
 
@@ -59,14 +62,49 @@ PasteHUDWindow::~PasteHUDWindow()
 
 void PasteHUDWindow::showHUD(std::optional<QRect> anchor, const QString& keys, const QString& reason)
 {
-    dismissWorkItem_ = std::make_unique<QObject>();
-    model_.shortcut = keys;
+    model_.title = keys;
+    model_.caption = tr("to paste");
     model_.reason = reason;
+    present(anchor, {});
+    const auto readingTime = readingTimePerCharacter * reason.size();
+    clock_.callAfter(animationTime + visibleTime + readingTime, dismissWorkItem_.get(), [this] { dismiss(); });
+}
+
+void PasteHUDWindow::showOffer(std::optional<QRect> anchor, const QString& title, const QString& caption,
+                               std::function<void()> accepted)
+{
+    model_.title = title;
+    model_.caption = caption;
+    model_.reason.clear();
+    present(anchor, std::move(accepted));
+    staysUntilWithdrawn_ = true;
+}
+
+void PasteHUDWindow::showNotice(const QString& title)
+{
+    showOffer(std::nullopt, title, {}, {});
+}
+
+void PasteHUDWindow::withdraw()
+{
+    if (std::exchange(staysUntilWithdrawn_, false))
+        dismiss();
+}
+
+void PasteHUDWindow::present(std::optional<QRect> anchor, std::function<void()> clicked)
+{
+    dismissWorkItem_ = std::make_unique<QObject>();
+    staysUntilWithdrawn_ = false;
+    clicked_ = std::move(clicked);
+    model_.isButton = clicked_ != nullptr;
+    setFlag(Qt::WindowTransparentForInput, !model_.isButton);
+    setCursor(model_.isButton ? Qt::PointingHandCursor : Qt::ArrowCursor);
     Q_EMIT model_.changed();
     const QSize restingSize = rootObject()->property("restingSize").toSizeF().toSize();
     const QRect content = anchor.value_or(centred(restingSize, centreOfMainScreen()));
-    // Growing and fading needs a window that is larger than what it shows, and so a compositor.
-    model_.isAnimated = workspace_.isCompositing();
+    // Growing and fading needs a window that is larger than what it shows, and so a compositor. What takes clicks must
+    // not be larger.
+    model_.isAnimated = workspace_.isCompositing() && !model_.isButton;
     QRect frame = centred(restingSize, content.center());
     if (model_.isAnimated)
         frame = frame.united(content).adjusted(-outset, -outset, outset, outset);
@@ -80,12 +118,20 @@ void PasteHUDWindow::showHUD(std::optional<QRect> anchor, const QString& keys, c
         model_.isSettled = true;
         Q_EMIT model_.changed();
     });
-    const auto readingTime = readingTimePerCharacter * reason.size();
-    clock_.callAfter(animationTime + visibleTime + readingTime, dismissWorkItem_.get(), [this] { dismiss(); });
+}
+
+void PasteHUDWindow::mouseReleaseEvent(QMouseEvent* event)
+{
+    if (event->button() != Qt::LeftButton)
+        return;
+    // What it calls may show something else here.
+    if (const auto clicked = std::exchange(clicked_, nullptr))
+        clicked();
 }
 
 void PasteHUDWindow::dismiss()
 {
+    clicked_ = nullptr;
     model_.isSettled = false;
     Q_EMIT model_.changed();
     clock_.callAfter(animationTime, dismissWorkItem_.get(), [this] { hide(); });

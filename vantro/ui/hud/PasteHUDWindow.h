@@ -6,12 +6,15 @@
 
 #include <QQuickView>
 
+#include <functional>
+#include <memory>
 #include <optional>
 
 namespace vantro {
 
-/// "Ctrl+V to paste", for a moment, where the launcher was, and the reason for as long as reading it takes. Never takes
-/// the keyboard or a click. Made once and shown again; the latest show decides when it goes. Main thread.
+/// The heads-up display, for a moment, where the launcher was: "Ctrl+V to paste" with the reason for as long as reading
+/// it takes, or an offer that a click accepts, or what is going on. Never takes the keyboard, and a click only for an
+/// offer. Made once and shown again; the latest show decides when it goes. Main thread.
 class PasteHUDWindow final : public QQuickView
 {
     Q_OBJECT
@@ -22,13 +25,26 @@ public:
     /// @p anchor: the launcher's frame, in screen coordinates; the middle of the main screen when there is none.
     /// @p keys paste the text. @p reason: a sentence, or nothing.
     void showHUD(std::optional<QRect> anchor, const QString& keys, const QString& reason);
+    /// Stays until withdraw(). A click on it calls @p accepted.
+    void showOffer(std::optional<QRect> anchor, const QString& title, const QString& caption,
+                   std::function<void()> accepted);
+    /// Stays until withdraw().
+    void showNotice(const QString& title);
+    /// Ends an offer or a notice, unless something else is shown by now.
+    void withdraw();
+
+protected:
+    void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
+    void present(std::optional<QRect> anchor, std::function<void()> clicked);
     void dismiss();
 
     const Workspace& workspace_;
     Clock& clock_;
     PasteHUDModel model_;
+    std::function<void()> clicked_;
+    bool staysUntilWithdrawn_ = false;
     std::unique_ptr<QObject> dismissWorkItem_; ///< its destruction cancels pending callbacks
 };
 

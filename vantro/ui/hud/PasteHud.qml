@@ -8,9 +8,11 @@ Item {
     required property PasteHUDModel model
 
     readonly property size restingSize: {
-        const lines = keys.implicitHeight + toPaste.implicitHeight + texts.spacing
+        const lines = title.implicitHeight + (caption.text ? caption.implicitHeight + texts.spacing : 0)
                     + (reason.text ? reason.implicitHeight + texts.spacing : 0);
-        return Qt.size(reason.text ? Theme.hudWidth : 260, Math.max(130, lines + 2 * Theme.space16));
+        const widest = Math.max(title.implicitWidth, caption.implicitWidth) + 2 * Theme.space24;
+        return Qt.size(reason.text ? Math.max(Theme.hudWidth, widest) : Math.max(260, widest),
+                       Math.max(130, lines + 2 * Theme.space16));
     }
 
     Rectangle {
@@ -44,17 +46,18 @@ Item {
             spacing: 6
 
             Text {
-                id: keys
+                id: title
                 anchors.horizontalCenter: parent.horizontalCenter
-                text: hud.model.shortcut
+                text: hud.model.title
                 color: Theme.text
                 font.pixelSize: Theme.sizeDisplay
                 font.weight: Font.DemiBold
             }
             Text {
-                id: toPaste
+                id: caption
+                visible: text !== ""
                 anchors.horizontalCenter: parent.horizontalCenter
-                text: qsTr("to paste")
+                text: hud.model.caption
                 color: Theme.textSecondary
                 font.pixelSize: Theme.sizeBody
             }
@@ -70,8 +73,8 @@ Item {
                 wrapMode: Text.Wrap
             }
         }
-        Accessible.role: Accessible.Notification
-        Accessible.name: qsTr("%1 to paste").arg(hud.model.shortcut)
+        Accessible.role: hud.model.isButton ? Accessible.Button : Accessible.Notification
+        Accessible.name: (hud.model.title + " " + hud.model.caption).trim()
         Accessible.description: hud.model.reason
     }
 }
