@@ -1,5 +1,6 @@
 #include "platform/KeyCode.h"
 #include "platform/linux/x11/X11HotKeyManager.h"
+#include "platform/linux/x11/X11KeyEventPoster.h"
 #include "tests/desktop/X11Session.h"
 
 #include <QElapsedTimer>
@@ -198,6 +199,21 @@ TEST_F(X11HotKeyTest, FollowsTheKeyThroughLayoutsAndNeverLosesARelease)
             return !seenUntilNow().empty();
         })) << layouts;
     }
+}
+
+TEST_F(X11HotKeyTest, IsFoundOnTheKeyboardThatIsPressed)
+{
+    user_->setLayoutOf(DesktopUser::Keyboard::own, {QStringLiteral("dvorak")});
+    user_->setLayoutOf(DesktopUser::Keyboard::synthesised, {QStringLiteral("us")});
+    manager_->registerHotKey(1, keyD, ctrlAlt);
+    X11KeyEventPoster poster(*connection_);
+    for (int round = 0; round < 3; ++round) {
+        poster.postPaste(KeyEventPoster::PasteChord::ControlV); // from now on the programs' keyboard is the other one
+        user_->chord({Place::leftControl, Place::leftAlt, dvorakD});
+        EXPECT_THAT(seenUntilNow(), ElementsAre(std::pair(Seen::Pressed, 1U), std::pair(Seen::Released, 1U)));
+    }
+    user_->chord(ctrlAltD);
+    EXPECT_THAT(seenUntilNow(), IsEmpty()) << "the key is a dvorak e there";
 }
 
 TEST_F(X11HotKeyTest, TellsWhenALayoutChangeTakesTheKeyAwayAndComesBackWithTheNext)
