@@ -83,7 +83,7 @@ KeyboardShortcuts::KeyboardShortcuts(HotKeyManager& hotKeys, UserDefaults& defau
     : hotKeys_(hotKeys)
     , defaults_(defaults)
     , notifications_(notifications)
-    , disabled_{Name::stopRecordingAndCloseModal.rawValue}
+    , disabled_{Name::stopRecordingAndCloseModal.rawValue, Name::cancelDictation.rawValue}
 {
     connect(&hotKeys_, &HotKeyManager::hotKeyPressed, this, [this](std::uint32_t id) { dispatch(id, Phase::Down); });
     connect(&hotKeys_, &HotKeyManager::hotKeyReleased, this, [this](std::uint32_t id) { dispatch(id, Phase::Up); });

@@ -59,6 +59,9 @@ public:
         static const Name openModal;
         /// Ends the recording. Enabled only while the launcher has the keyboard, because its default is a plain Space.
         static const Name stopRecordingAndCloseModal;
+        /// Escape, which gives the dictation up. A hot key because a held key repeats: once the launcher is gone, the
+        /// rest would go to the window behind it. Enabled like stopRecordingAndCloseModal.
+        static const Name cancelDictation;
     };
 
     using Action = std::function<void()>;

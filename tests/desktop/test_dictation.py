@@ -2,12 +2,14 @@
 """Dictations by the hot key and from the command line, into an editor and a terminal, and what users do to them."""
 
 import re
+import time
 
 from dictationcase import (CANCEL_KEY, CARDS, CHILD, CHILD_WORDS, FORMER, HUD_TITLE, SHORTCUT_KEYS, STOP_KEY,
                            DictationCase, main, words)
 
 # Between what the clock says and what was recorded: until the first sample is there, and the end of the last block.
 LOST_AT_THE_EDGES_S = 0.15
+REPEATS_S = 1.2
 
 
 class GoodDictationTest(DictationCase):
@@ -58,6 +60,20 @@ class InterruptedDictationTest(DictationCase):
             self.wait_until_over()
             self.assertEqual(self.desktop.audio.recording_sources(), [])
         self.check_next_dictation()
+
+    def test_a_held_escape_does_not_repeat_into_the_window_behind(self):
+        terminal = self.desktop.open_xterm()
+        self.addCleanup(terminal.program.stop)
+        self.vantro.open_launcher()
+        self.desktop.display.key(CANCEL_KEY, True)
+        # As long as it takes a key of this keyboard to repeat several times.
+        time.sleep(REPEATS_S)
+        self.desktop.display.key(CANCEL_KEY, False)
+        self.wait_until_over()
+        self.wait(lambda: self.desktop.display.active_window() == terminal.window.id, 5, "the terminal's turn")
+        self.desktop.press("x")
+        self.wait(terminal.changed, 5, "what is typed next")
+        self.assertEqual(terminal.text(), "x")
 
     def test_a_cancel_right_after_the_stop_comes_before_the_transcription(self):
         with self.delivers_nothing():

@@ -15,6 +15,7 @@ SHORTCUT_TITLE = "Shortcut"
 PROPOSALS = ("ctrl+alt+d", "ctrl+alt+space", "super+alt+d", "ctrl+super+d", "ctrl+shift+F9")
 TAP_S = 0.05
 HOLD_S = 0.5
+REPEATS_S = 1.2  # a held key repeats several times meanwhile
 
 
 class ShortcutsTest(DictationCase):
@@ -78,6 +79,28 @@ class ShortcutsTest(DictationCase):
             self.wait(lambda: "Canceling the recording" in self.news(), 10, "the end of the tap's recording")
             self.wait_until_over()
         self.assertEqual(self.news().count("Extracting transcription"), 1)
+
+    def test_escape_gives_a_held_recording_up_and_reaches_no_window(self):
+        self.shortcuts("mode", "hold")
+        terminal = self.desktop.open_xterm()
+        self.addCleanup(terminal.program.stop)
+        for released_first in ("Escape", SHORTCUT_KEYS):
+            with self.subTest(released_first=released_first), self.delivers_nothing():
+                before = self.news().count("Canceling the recording")
+                self.desktop.display.chord_down(SHORTCUT_KEYS)
+                self.wait(self.desktop.audio.recording_sources, 10, "the recording")
+                time.sleep(HOLD_S)
+                self.desktop.display.key("Escape", True)
+                self.wait(lambda: not self.vantro.launcher(), 5, "the launcher to be gone")
+                self.desktop.display.chord_up(released_first)
+                time.sleep(REPEATS_S)
+                self.desktop.display.chord_up(SHORTCUT_KEYS if released_first == "Escape" else "Escape")
+                self.wait_until_over()
+                self.assertEqual(self.news().count("Canceling the recording"), before + 1)
+        self.desktop.press("Escape")  # is the terminal's own again
+        self.wait(terminal.changed, 5, "what is typed next")
+        self.assertEqual(terminal.text(), "\x1b")
+        self.assertNotIn("Extracting transcription", self.news())
 
     def test_hold_to_talk_survives_a_change_of_the_layout_and_of_the_shortcut(self):
         self.shortcuts("mode", "hold")

@@ -42,6 +42,8 @@ Launcher::Launcher(const Context& context)
     // On release, so that the key release does not reach the window that receives the text.
     inFocusActionObserver_ =
         shortcuts_.onKeyUp(KeyboardShortcuts::Name::stopRecordingAndCloseModal, *this, [this] { dictation_.stop(); });
+    cancelObserver_ =
+        shortcuts_.onKeyUp(KeyboardShortcuts::Name::cancelDictation, *this, [this] { cancelOperation(); });
     // Focus events also arrive when a hot key merely fires, so follow the front window instead.
     connect(&workspace_, &Workspace::frontWindowChanged, this, &Launcher::followKeyboard);
     logger_.debug(QStringLiteral("I appeared"));
@@ -76,10 +78,19 @@ void Launcher::makeKeyAndOrderFront()
 
 void Launcher::orderFront()
 {
-    model_.setEndingHint(tr("Release %1 to transcribe").arg(keysOf(KeyboardShortcuts::Name::openModal)), {});
+    model_.setEndingHint(tr("Release %1 to transcribe").arg(keysOf(KeyboardShortcuts::Name::openModal)),
+                         tr("Esc Cancel"));
+    connect(&dictation_, &Dictation::stateChanged, this, &Launcher::followState);
     setFlag(Qt::WindowDoesNotAcceptFocus);
     show();
     raise();
+}
+
+/// Without the keyboard, Escape belongs to the window in front as soon as the shortcut is released.
+void Launcher::followState()
+{
+    if (dictation_.state() > Dictation::State::recording)
+        model_.setEndingHint({}, {});
 }
 
 QString Launcher::keysOf(const KeyboardShortcuts::Name& name) const
@@ -104,14 +115,31 @@ void Launcher::becomeKey()
     logger_.debug(QStringLiteral("Showing main window"));
     isKey_ = true;
     shortcuts_.enable({KeyboardShortcuts::Name::stopRecordingAndCloseModal});
+    if (escapeCancels())
+        shortcuts_.enable({KeyboardShortcuts::Name::cancelDictation});
+}
+
+/// Not when the user has chosen Escape to end recordings.
+bool Launcher::escapeCancels() const
+{
+    return shortcuts_.shortcut(KeyboardShortcuts::Name::stopRecordingAndCloseModal) !=
+           KeyboardShortcuts::Name::cancelDictation.defaultShortcut;
 }
 
 void Launcher::keyPressEvent(QKeyEvent* event)
 {
     if (event->key() == Qt::Key_Escape)
-        cancelOperation();
+        isEscapeDown_ = true; // pressed before it was a hot key
     else if (!handleDigit(event->text()))
         QQuickView::keyPressEvent(event);
+}
+
+void Launcher::keyReleaseEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Escape && !event->isAutoRepeat() && isEscapeDown_ && escapeCancels())
+        cancelOperation();
+    else
+        QQuickView::keyReleaseEvent(event);
 }
 
 bool Launcher::handleDigit(const QString& characters)
@@ -142,9 +170,10 @@ void Launcher::closePanel()
         return;
     isClosed_ = true;
     logger_.debug(QStringLiteral("closing window"));
-    shortcuts_.disable({KeyboardShortcuts::Name::stopRecordingAndCloseModal});
+    shortcuts_.disable({KeyboardShortcuts::Name::stopRecordingAndCloseModal, KeyboardShortcuts::Name::cancelDictation});
     dictation_.cancelRecording();
     inFocusActionObserver_.reset();
+    cancelObserver_.reset();
     setSource(QUrl());
     notifications_.post(notification::launcherClosed);
     // The window manager returns the focus to the previous window.

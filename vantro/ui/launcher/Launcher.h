@@ -13,8 +13,8 @@
 namespace vantro {
 
 /// The recording panel of one dictation. While it has the focus, Space (grabbed as a global hot key) ends the
-/// recording, a digit chooses a mode and Escape cancels. It closes itself, discarding a running recording, when another
-/// window gets the focus. Main thread.
+/// recording, a digit chooses a mode and the release of Escape (a hot key too) cancels. It closes itself, discarding a
+/// running recording, when another window gets the focus. Main thread.
 class Launcher final : public QQuickView, public LauncherPanel
 {
     Q_OBJECT
@@ -41,14 +41,17 @@ public:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
 private:
     void placeOnScreen();
     void followKeyboard();
+    void followState();
     void becomeKey();
     [[nodiscard]] QString keysOf(const KeyboardShortcuts::Name& name) const;
     void cancelOperation();
+    [[nodiscard]] bool escapeCancels() const;
     [[nodiscard]] bool handleDigit(const QString& characters);
 
     Logger logger_{"Launcher"};
@@ -58,6 +61,8 @@ private:
     NotificationCenter& notifications_;
     LauncherModel model_;
     KeyboardShortcuts::Registration inFocusActionObserver_;
+    KeyboardShortcuts::Registration cancelObserver_;
+    bool isEscapeDown_ = false;
     bool isKey_ = false;
     bool isClosed_ = false;
 };
