@@ -1512,6 +1512,10 @@
         <source>vantro is transcribing</source>
         <translation>vantro transkribiert</translation>
     </message>
+    <message>
+        <source>Cancel Dictation</source>
+        <translation>Diktat abbrechen</translation>
+    </message>
 </context>
 <context>
     <name>UpdateChecker</name>

@@ -138,7 +138,8 @@ class InterruptedDictationTest(DictationCase):
         self.addCleanup(terminal.program.stop)
         self.desktop.activate(self.editor.window)
         self.dictate(CARDS)
-        self.desktop.activate(terminal.window)
+        window = terminal.window
+        self.desktop.run("xdotool", "mousemove", window.x + 20, window.y + 20, "click", 1)
         self.wait(lambda: self.vantro.window(HUD_TITLE), 60, "the notice that there is text to be pasted")
         self.assertEqual(self.desktop.display.active_window(), terminal.window.id)
         self.wait_until_over()

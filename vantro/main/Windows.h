@@ -75,6 +75,7 @@ public:
 
 Q_SIGNALS:
     void dictateRequested();
+    void cancelRequested();
     void quitRequested();
 
 private:

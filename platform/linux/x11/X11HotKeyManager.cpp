@@ -88,6 +88,10 @@ X11HotKeyManager::X11HotKeyManager(X11Connection& connection) : connection_(conn
     XFlush(display);
     connection_.addListener(this, [this](XEvent& event) { handleEvent(event); });
     connect(&connection_, &X11Connection::lost, this, &X11HotKeyManager::connectionLost);
+    connect(&connection_, &X11Connection::keyboardUngrabbed, this, [this] {
+        for (Held& held : held_)
+            held.isReleaseHeard = false;
+    });
 }
 
 X11HotKeyManager::~X11HotKeyManager()
@@ -245,11 +249,12 @@ void X11HotKeyManager::handleEvent(XEvent& event)
         return;
     // A layout change causes dozens of events.
     if (!std::exchange(rebindPending_, true))
-        QMetaObject::invokeMethod(this, &X11HotKeyManager::keyboardChanged, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(this, &X11HotKeyManager::rebind, Qt::QueuedConnection);
 }
 
 void X11HotKeyManager::keyPressed(unsigned key, unsigned state)
 {
+    std::erase_if(held_, [key](const Held& held) { return held.key == key && !held.isReleaseHeard; });
     if (std::ranges::find(held_, key, &Held::key) != held_.end())
         return;
     const Grab grab{key, state & realModifiers};
@@ -259,7 +264,7 @@ void X11HotKeyManager::keyPressed(unsigned key, unsigned state)
             ids.push_back(hotKey.id);
     }
     for (const auto id : ids)
-        held_.push_back({key, id});
+        held_.push_back({key, id, true});
     for (const auto id : ids)
         Q_EMIT hotKeyPressed(id);
 }
@@ -284,7 +289,7 @@ void X11HotKeyManager::keyReleased(unsigned key)
         Q_EMIT hotKeyReleased(id);
 }
 
-void X11HotKeyManager::keyboardChanged()
+void X11HotKeyManager::rebind()
 {
     rebindPending_ = false;
     if (!X11Keymap(connection_).isValid())
@@ -305,6 +310,7 @@ void X11HotKeyManager::keyboardChanged()
     }
     for (const auto& [id, reason] : lost)
         Q_EMIT hotKeyLost(id, reason);
+    Q_EMIT keyboardChanged();
 }
 
 void X11HotKeyManager::connectionLost()

@@ -54,12 +54,13 @@ private:
     {
         unsigned key = 0;
         std::uint32_t id = 0;
+        bool isReleaseHeard = true; ///< false: the next press may be a new one
     };
 
     void handleEvent(_XEvent& event);
     void keyPressed(unsigned key, unsigned state);
     void keyReleased(unsigned key);
-    void keyboardChanged();
+    void rebind();
     void connectionLost();
 
     /// Looks up where @p hotKey's keys are now.

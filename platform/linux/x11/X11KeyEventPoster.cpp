@@ -108,7 +108,7 @@ X11KeyEventPoster::Stroke X11KeyEventPoster::strokeFor(PasteChord chord)
         throw KeyEventError(tr("The X server did not report the keyboard layout."));
     // The grab of our own held hot key would swallow the keystroke.
     if (anyOrdinary(keysDown(), pressed))
-        XUngrabKeyboard(connection_.display(), CurrentTime);
+        connection_.ungrabKeyboard();
     freeModifiers(pressed);
 
     Stroke stroke{{}, keymap.activeGroup()};

@@ -36,15 +36,19 @@ bool isSynthesiser(Display* display, KeyboardDevice device, Atom mark)
 
 } // namespace
 
-std::vector<KeyboardDevice> attachedKeyboards(X11Connection& connection)
+bool speaksInputExtension(X11Connection& connection)
 {
     int major = 2;
-    int minor = 0;
+    int minor = 2;
+    return connection.isOpen() && XIQueryVersion(connection.display(), &major, &minor) == Success;
+}
+
+std::vector<KeyboardDevice> attachedKeyboards(X11Connection& connection)
+{
     int pointer = 0;
     int count = 0;
     Display* const display = connection.display();
-    if (!connection.isOpen() || XIQueryVersion(display, &major, &minor) != Success ||
-        XIGetClientPointer(display, None, &pointer) == 0)
+    if (!speaksInputExtension(connection) || XIGetClientPointer(display, None, &pointer) == 0)
         return {};
     const std::unique_ptr<XIDeviceInfo, FreeDevices> list(XIQueryDevice(display, XIAllDevices, &count));
     const std::span devices(list.get(), list ? static_cast<std::size_t>(count) : 0);

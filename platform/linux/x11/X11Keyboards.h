@@ -11,6 +11,9 @@ class X11Connection;
 /// programs see takes over the layout of the device on which a key was pressed last.
 using KeyboardDevice = unsigned;
 
+/// Whether the server has the X Input extension in the version that this program uses. Call before any of its requests.
+bool speaksInputExtension(X11Connection& connection);
+
 /// The devices whose keys programs receive, without duplicates; empty if the server does not tell.
 std::vector<KeyboardDevice> attachedKeyboards(X11Connection& connection);
 

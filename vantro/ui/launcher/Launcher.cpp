@@ -11,6 +11,10 @@
 #include <QKeyEvent>
 #include <QScreen>
 
+#include <algorithm>
+
+using namespace std::chrono_literals;
+
 void qml_register_types_Vantro_Launcher();
 
 namespace vantro {
@@ -19,6 +23,10 @@ namespace {
 
 constexpr QSize panelSize(500, 200);
 constexpr int cornerRadius = 14;
+/// Between what the user does and the window manager's answer to it.
+constexpr auto answerLimit = 500ms;
+constexpr auto fightSpan = 2000ms;
+constexpr std::size_t fightRounds = 3;
 
 } // namespace
 
@@ -28,6 +36,7 @@ Launcher::Launcher(const Context& context)
     , shortcuts_(context.shortcuts)
     , workspace_(context.workspace)
     , notifications_(context.notifications)
+    , clock_(context.clock)
     , model_(context.dictation, context.clock, context.modes, context.microphone)
 {
     keepModule(qml_register_types_Vantro_Launcher);
@@ -69,11 +78,17 @@ void Launcher::makeKeyAndOrderFront()
 {
     const QString stopKeys = keysOf(KeyboardShortcuts::Name::stopRecordingAndCloseModal);
     model_.setEndingHint(tr("<%1> Start transcription").arg(stopKeys), tr("Esc Cancel"));
+    former_ = workspace_.frontWindow();
     show();
     raise();
+    takeKeyboard();
+    followKeyboard();
+}
+
+void Launcher::takeKeyboard()
+{
     requestActivate();
     workspace_.activateWindow(winId());
-    followKeyboard();
 }
 
 void Launcher::orderFront()
@@ -81,7 +96,8 @@ void Launcher::orderFront()
     model_.setEndingHint(tr("Release %1 to transcribe").arg(keysOf(KeyboardShortcuts::Name::openModal)),
                          tr("Esc Cancel"));
     connect(&dictation_, &Dictation::stateChanged, this, &Launcher::followState);
-    setFlag(Qt::WindowDoesNotAcceptFocus);
+    // Past the window manager, which keeps full-screen windows that have the keyboard above everything it manages.
+    setFlags(Qt::ToolTip | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint | Qt::WindowDoesNotAcceptFocus);
     show();
     raise();
 }
@@ -103,17 +119,48 @@ void Launcher::followKeyboard()
 {
     if (isClosed_)
         return;
-    const bool hasKeyboard = workspace_.frontWindow() == std::optional<WindowID>(winId());
-    if (hasKeyboard && !isKey_)
+    if (hasKeyboard() && !isKey_)
         becomeKey();
-    else if (!hasKeyboard && isKey_)
+    else if (!hasKeyboard() && isKey_ && !takeBack())
         closePanel();
+}
+
+bool Launcher::hasKeyboard() const
+{
+    return workspace_.frontWindow() == std::optional<WindowID>(winId());
+}
+
+/// Another window came to the front. One that the user has not gone to, because the pointer strayed over it or its
+/// program opened it, does not end the dictation. Returns false if the launcher has to give way.
+bool Launcher::takeBack()
+{
+    std::erase_if(takenBack_, [now = clock_.now()](Clock::Instant when) { return now - when > fightSpan; });
+    if (takenBack_.size() >= fightRounds || !activity_ || activity_->hasActed(answerLimit, latestOwnInput_))
+        return false;
+    takenBack_.push_back(clock_.now());
+    wasNudged_ = true;
+    logger_.info(QStringLiteral("Taking the keyboard back"));
+    takeKeyboard();
+    clock_.callAfter(answerLimit, this, [this] {
+        if (!isClosed_ && !hasKeyboard())
+            closePanel();
+    });
+    return true;
+}
+
+/// What is done in the launcher itself does not count as going elsewhere.
+bool Launcher::event(QEvent* event)
+{
+    if (event->isInputEvent())
+        latestOwnInput_ = std::max(latestOwnInput_, static_cast<QInputEvent*>(event)->timestamp());
+    return QQuickView::event(event);
 }
 
 void Launcher::becomeKey()
 {
     logger_.debug(QStringLiteral("Showing main window"));
     isKey_ = true;
+    activity_ = workspace_.watchUser();
     shortcuts_.enable({KeyboardShortcuts::Name::stopRecordingAndCloseModal});
     if (escapeCancels())
         shortcuts_.enable({KeyboardShortcuts::Name::cancelDictation});
@@ -174,6 +221,10 @@ void Launcher::closePanel()
     dictation_.cancelRecording();
     inFocusActionObserver_.reset();
     cancelObserver_.reset();
+    activity_.reset();
+    // Otherwise the window manager would pick the window that came to the front meanwhile.
+    if (wasNudged_ && former_ && hasKeyboard() && workspace_.windowExists(*former_))
+        workspace_.activateWindow(*former_);
     setSource(QUrl());
     notifications_.post(notification::launcherClosed);
     // The window manager returns the focus to the previous window.

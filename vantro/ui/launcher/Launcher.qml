@@ -1,4 +1,5 @@
 import QtQuick
+import QtQuick.Layouts
 import Vantro.Style
 import Vantro.Launcher
 
@@ -16,6 +17,17 @@ Rectangle {
     Accessible.role: Accessible.Dialog
     Accessible.name: model.processing ? qsTr("vantro, transcribing") : qsTr("vantro, recording")
     Accessible.description: hint.text
+
+    // Moved by hand: a window past the window manager cannot be moved by it.
+    MouseArea {
+        property point grip
+        anchors.fill: parent
+        onPressed: event => grip = Qt.point(event.x, event.y)
+        onPositionChanged: event => {
+            launcher.Window.window.x += event.x - grip.x
+            launcher.Window.window.y += event.y - grip.y
+        }
+    }
 
     Item {
         id: heard
@@ -51,9 +63,10 @@ Rectangle {
         Accessible.name: text
     }
 
-    Row {
+    RowLayout {
         id: pills
         anchors { left: heard.left; bottom: hints.top; bottomMargin: Theme.space16 }
+        width: Math.min(implicitWidth, heard.width)
         spacing: Theme.space8
         opacity: launcher.model.processing ? 0.5 : 1
         enabled: !launcher.model.processing
@@ -66,6 +79,9 @@ Rectangle {
                 number: index + 1
                 name: modelData
                 chosen: index === launcher.model.chosenMode
+                Layout.fillWidth: true
+                Layout.minimumWidth: chosen ? Math.min(implicitWidth, heard.width / 2) : 0
+                Layout.maximumWidth: implicitWidth
                 onPicked: launcher.model.chooseMode(index)
             }
         }

@@ -5,6 +5,7 @@
 
 #include <QElapsedTimer>
 
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -214,6 +215,21 @@ TEST_F(X11HotKeyTest, IsFoundOnTheKeyboardThatIsPressed)
     }
     user_->chord(ctrlAltD);
     EXPECT_THAT(seenUntilNow(), IsEmpty()) << "the key is a dvorak e there";
+}
+
+TEST_F(X11HotKeyTest, APressAfterAPasteOverTheHeldKeyCounts)
+{
+    manager_->registerHotKey(1, keyD, ctrlAlt);
+    X11KeyEventPoster poster(*connection_);
+    for (const unsigned place : ctrlAltD)
+        user_->press(place);
+    EXPECT_TRUE(eventually([&] { return seen_.size() == 1; }));
+    poster.postPaste(KeyEventPoster::PasteChord::ControlV); // takes the key from the hot key
+    for (const unsigned place : ctrlAltD)
+        user_->release(place);
+    std::ignore = seenUntilNow();
+    user_->chord(ctrlAltD);
+    EXPECT_THAT(seenUntilNow(), ElementsAre(std::pair(Seen::Pressed, 1U), std::pair(Seen::Released, 1U)));
 }
 
 TEST_F(X11HotKeyTest, TellsWhenALayoutChangeTakesTheKeyAwayAndComesBackWithTheNext)
