@@ -7,6 +7,7 @@
 #include <QObject>
 #include <QPointer>
 #include <QString>
+#include <QTimer>
 
 #include <cstdint>
 #include <functional>
@@ -126,8 +127,11 @@ public:
     void resume();
 
 Q_SIGNALS:
-    /// @p name's shortcut could not be registered, or was lost later. @p reason is a sentence for the user.
+    /// @p name's shortcut could not be registered, or was lost later. @p reason is a sentence for the user. It is tried
+    /// again from time to time, because programs that fight for a combination, or quit, let it go.
     void shortcutFailed(const QString& name, const QString& reason);
+    /// A shortcut that had failed works.
+    void shortcutRecovered(const QString& name);
     /// @p name's shortcut was changed, disabled or lost while held down: its key-up actions will not run.
     void holdEnded(const QString& name);
 
@@ -179,7 +183,10 @@ private:
     void adoptSetting(const QString& key);
     void updateAll();
     [[nodiscard]] std::optional<Shortcut> wanted(const QString& name) const;
-    void registerHotKey(const QString& name, const Shortcut& shortcut);
+    /// Returns why it failed.
+    std::optional<QString> registerHotKey(const QString& name, const Shortcut& shortcut);
+    void retryFailed();
+    void scheduleRetry();
     void run(const QString& name, Phase phase);
     void dispatch(std::uint32_t id, Phase phase);
     void hotKeyLost(std::uint32_t id, const QString& reason);
@@ -193,6 +200,8 @@ private:
     std::set<QString> disabled_;
     std::map<QString, HotKey> registered_;
     std::map<QString, QString> failures_;
+    QTimer retryTimer_;
+    std::size_t retries_ = 0; ///< since the latest failure
     /// Names whose shortcut is held down; the key is set for raw events only.
     std::map<QString, std::optional<Key>> held_;
     std::uint64_t lastToken_ = 0;

@@ -146,6 +146,18 @@ class ShortcutsTest(DictationCase):
             self.assertEqual(words(self.wait_for_text()), CHILD_WORDS)
 
 
+    def test_a_combination_that_another_program_had_for_a_moment_works_without_a_word(self):
+        self.vantro.quit()
+        with self.desktop.display.grabbed(SHORTCUT_KEYS):
+            self.vantro.start()
+            self._log_before = 0
+            self.assertIn("already used", self.vantro.status()["shortcut_failure"])
+        self.wait(lambda: not self.vantro.status().get("shortcut_failure"), 20, "the shortcut to work")
+        self.assertEqual(self.news().count("Error registering hotkey"), 1)
+        self.assertNotIn("Shortcut Not Available", self.news())
+        self.check_next_dictation()
+
+
 class LostDisplayTest(DictationCase):
     def test_a_program_whose_display_goes_ends_and_lets_go_of_the_microphone(self):
         self.vantro.quit()

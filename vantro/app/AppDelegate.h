@@ -61,7 +61,7 @@ private:
     QCoro::Task<> modelDownloaded();
     void modelBecameReady(const TranscriptionModel& model);
     void downloadModel(const TranscriptionModel& model, const QString& problem);
-    void shortcutFailed(const QString& name, const QString& reason);
+    void shortcutFailed(const QString& name);
     [[nodiscard]] Shell& shell() const { return parts_.dictation.shell; }
 
     Parts parts_;
@@ -74,6 +74,7 @@ private:
         QString text;  ///< what is wrong with its file; empty when there is none
     };
     std::optional<ModelProblem> modelProblem_; ///< set while a model that was selected cannot be used
+    bool isShortcutReportDue_ = false;
 };
 
 } // namespace vantro
