@@ -91,6 +91,8 @@ KeyboardShortcuts::KeyboardShortcuts(HotKeyManager& hotKeys, UserDefaults& defau
     connect(&hotKeys_, &HotKeyManager::hotKeyPressed, this, [this](std::uint32_t id) { dispatch(id, Phase::Down); });
     connect(&hotKeys_, &HotKeyManager::hotKeyReleased, this, [this](std::uint32_t id) { dispatch(id, Phase::Up); });
     connect(&hotKeys_, &HotKeyManager::hotKeyLost, this, &KeyboardShortcuts::hotKeyLost);
+    connect(&hotKeys_, &HotKeyManager::otherKeyPressed, this, [this](auto key) { Q_EMIT otherKeyPressed(Key{key}); });
+    connect(&hotKeys_, &HotKeyManager::otherKeyReleased, this, [this](auto key) { Q_EMIT otherKeyReleased(Key{key}); });
     connect(&hotKeys_, &HotKeyManager::keyboardChanged, this, &KeyboardShortcuts::retryFailed);
     retryTimer_.setSingleShot(true);
     connect(&retryTimer_, &QTimer::timeout, this, &KeyboardShortcuts::retryFailed);

@@ -130,6 +130,9 @@ Q_SIGNALS:
     /// @p name's shortcut could not be registered, or was lost later. @p reason is a sentence for the user. It is tried
     /// again from time to time, because programs that fight for a combination, or quit, let it go.
     void shortcutFailed(const QString& name, const QString& reason);
+    /// Another key while a shortcut is held down; no other program sees it.
+    void otherKeyPressed(Key key);
+    void otherKeyReleased(Key key);
     /// A shortcut that had failed works.
     void shortcutRecovered(const QString& name);
     /// @p name's shortcut was changed, disabled or lost while held down: its key-up actions will not run.

@@ -9,6 +9,7 @@ namespace vantro {
 
 namespace {
 
+constexpr KeyboardShortcuts::Key escape{KeyCode::escape};
 const QString escapePrefix = QStringLiteral("cancelHold");
 
 } // namespace
@@ -25,6 +26,20 @@ HoldToTalk::HoldToTalk(KeyboardShortcuts& shortcuts, UserDefaults& defaults, Clo
         if (name == KeyboardShortcuts::Name::openModal.rawValue)
             endHold();
         else if (name.startsWith(escapePrefix))
+            escapeReleased();
+    });
+    followOtherKeys(shortcuts);
+}
+
+/// Whoever else has Escape with the shortcut's modifiers: a held shortcut keeps all keys.
+void HoldToTalk::followOtherKeys(KeyboardShortcuts& shortcuts)
+{
+    connect(&shortcuts, &KeyboardShortcuts::otherKeyPressed, this, [this](KeyboardShortcuts::Key key) {
+        if (isHold_ && key == escape)
+            escapePressed();
+    });
+    connect(&shortcuts, &KeyboardShortcuts::otherKeyReleased, this, [this](KeyboardShortcuts::Key key) {
+        if (isHold_ && key == escape)
             escapeReleased();
     });
 }
@@ -68,7 +83,7 @@ void HoldToTalk::watchEscape()
     escape_.clear();
     for (std::uint32_t modifiers = held;; modifiers = (modifiers - 1) & held) {
         const KeyboardShortcuts::Name name{escapePrefix + QString::number(modifiers),
-                                           KeyboardShortcuts::Shortcut({KeyCode::escape}, modifiers)};
+                                           KeyboardShortcuts::Shortcut(escape, modifiers)};
         escape_.push_back(shortcuts_.onKeyDown(name, *this, [this] { escapePressed(); }));
         escape_.push_back(shortcuts_.onKeyUp(name, *this, [this] { escapeReleased(); }));
         if (modifiers == 0)

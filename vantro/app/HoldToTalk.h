@@ -34,6 +34,7 @@ private:
     void pressed();
     void released();
     void endHold();
+    void followOtherKeys(KeyboardShortcuts& shortcuts);
     void watchEscape();
     void escapePressed();
     void escapeReleased();

@@ -263,6 +263,11 @@ void X11HotKeyManager::keyPressed(unsigned key, unsigned state)
         if (isMeant(hotKey, grab))
             ids.push_back(hotKey.id);
     }
+    if (ids.empty() && !held_.empty()) {
+        if (const auto other = keyCodeOf(key))
+            Q_EMIT otherKeyPressed(*other);
+        return;
+    }
     for (const auto id : ids)
         held_.push_back({key, id, true});
     for (const auto id : ids)
@@ -283,6 +288,11 @@ void X11HotKeyManager::keyReleased(unsigned key)
     for (const Held& held : held_) {
         if (held.key == key)
             ids.push_back(held.id);
+    }
+    if (ids.empty() && !held_.empty()) {
+        if (const auto other = keyCodeOf(key))
+            Q_EMIT otherKeyReleased(*other);
+        return;
     }
     std::erase_if(held_, [key](const Held& held) { return held.key == key; });
     for (const auto id : ids)

@@ -65,6 +65,7 @@ Rectangle {
 
     RowLayout {
         id: pills
+        readonly property real fairShare: (heard.width - (launcher.model.modes.length - 1) * spacing) / launcher.model.modes.length
         anchors { left: heard.left; bottom: hints.top; bottomMargin: Theme.space16 }
         width: Math.min(implicitWidth, heard.width)
         spacing: Theme.space8
@@ -80,7 +81,7 @@ Rectangle {
                 name: modelData
                 chosen: index === launcher.model.chosenMode
                 Layout.fillWidth: true
-                Layout.minimumWidth: chosen ? Math.min(implicitWidth, heard.width / 2) : 0
+                Layout.minimumWidth: Math.min(implicitWidth, pills.fairShare)
                 Layout.maximumWidth: implicitWidth
                 onPicked: launcher.model.chooseMode(index)
             }
