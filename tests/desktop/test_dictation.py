@@ -1,7 +1,9 @@
 #!/usr/bin/python3
 """Dictations by the hot key and from the command line, into an editor and a terminal, and what users do to them."""
 
+import os
 import re
+import subprocess
 import time
 
 from dictationcase import (CANCEL_KEY, CARDS, CHILD, CHILD_WORDS, FORMER, HUD_TITLE, SHORTCUT_KEYS, STOP_KEY,
@@ -33,6 +35,25 @@ class GoodDictationTest(DictationCase):
         self.assertEqual(words(terminal.text()), CHILD_WORDS)
         self.wait(lambda: self.desktop.clipboard() == "copied", 5, "the former clipboard")
         self.wait(lambda: self.desktop.clipboard("primary") == "selected", 5, "the former selection")
+
+    def test_pictures_and_formatted_text_come_back_when_wanted(self):
+        self.restart(restoreEveryFormat=True)
+        self.addCleanup(self.restart)
+        former = {"image/png": os.urandom(3_000_000), "text/html": b"<b>bold</b>"}
+        for target, contents in former.items():
+            def read():
+                return subprocess.run(["xclip", "-selection", "clipboard", "-t", target, "-out"],
+                                      env=self.desktop.env, capture_output=True, timeout=10).stdout
+
+            owner = self.desktop.start("xclip", "-selection", "clipboard", "-t", target, "-in", "-quiet", stdin=contents)
+            self.wait(lambda: read() == contents, 5, "the clipboard")
+            for _ in range(2):  # the second time it is this program that gives them
+                before = self.editor.text()
+                self.dictate(CHILD)
+                self.wait(lambda: words(self.editor.text()[len(before):]) == CHILD_WORDS, 60, "the text")
+                self.wait_until_over()
+                self.wait(lambda: read() == contents, 10, f"the former {target}")
+            owner.stop()
 
     def test_commands_steer_the_running_program(self):
         self.assertEqual(self.vantro.run("start").returncode, 0)

@@ -10,6 +10,7 @@
 #include <QString>
 #include <qcoro/qcorotask.h>
 
+#include <memory>
 #include <optional>
 
 namespace vantro {
@@ -39,7 +40,8 @@ public:
                   Clock& clock);
 
     /// Call when a dictation begins, before showing any window: its text will go to the window in front, or to the one
-    /// before if that is one of our own without a text field.
+    /// before if that is one of our own without a text field. With "restoreEveryFormat", begins to fetch what the
+    /// clipboard holds.
     void rememberTarget();
 
     /// Puts @p text, trimmed, where pasteKeys() finds it. Returns false and changes nothing when it is blank.
@@ -75,6 +77,7 @@ private:
         QString ours;
         std::optional<QString> text;
         bool isSecret = false;
+        std::shared_ptr<const Pasteboard::Contents> everything; ///< comes back instead of the text, unless null
     };
     struct Restore
     {
@@ -94,6 +97,7 @@ private:
     [[nodiscard]] QCoro::Task<> waitForKeyRelease();
     [[nodiscard]] bool hasKeyboard(WindowID window) const;
     [[nodiscard]] bool hasMovedOn(WindowID target) const;
+    [[nodiscard]] bool keepsEveryFormat() const;
     [[nodiscard]] bool isFetched(const Restore& paste) const;
     [[nodiscard]] bool isPasting(std::optional<WindowID> target) const;
     void addToPending(const QString& dictated);
