@@ -7,9 +7,12 @@
 
 #include <algorithm>
 #include <array>
+#include <chrono>
 #include <iterator>
 #include <limits>
 #include <utility>
+
+using namespace std::chrono_literals;
 
 namespace vantro {
 
@@ -83,11 +86,16 @@ KeyboardShortcuts::KeyboardShortcuts(HotKeyManager& hotKeys, UserDefaults& defau
     : hotKeys_(hotKeys)
     , defaults_(defaults)
     , notifications_(notifications)
-    , disabled_{Name::stopRecordingAndCloseModal.rawValue}
+    , disabled_{Name::stopRecordingAndCloseModal.rawValue, Name::cancelDictation.rawValue}
 {
     connect(&hotKeys_, &HotKeyManager::hotKeyPressed, this, [this](std::uint32_t id) { dispatch(id, Phase::Down); });
     connect(&hotKeys_, &HotKeyManager::hotKeyReleased, this, [this](std::uint32_t id) { dispatch(id, Phase::Up); });
     connect(&hotKeys_, &HotKeyManager::hotKeyLost, this, &KeyboardShortcuts::hotKeyLost);
+    connect(&hotKeys_, &HotKeyManager::otherKeyPressed, this, [this](auto key) { Q_EMIT otherKeyPressed(Key{key}); });
+    connect(&hotKeys_, &HotKeyManager::otherKeyReleased, this, [this](auto key) { Q_EMIT otherKeyReleased(Key{key}); });
+    connect(&hotKeys_, &HotKeyManager::keyboardChanged, this, &KeyboardShortcuts::retryFailed);
+    retryTimer_.setSingleShot(true);
+    connect(&retryTimer_, &QTimer::timeout, this, &KeyboardShortcuts::retryFailed);
     connect(&defaults_, &UserDefaults::changed, this, &KeyboardShortcuts::adoptSetting);
 }
 
@@ -252,11 +260,13 @@ void KeyboardShortcuts::update(const QString& name)
         registered_.erase(present);
     failures_.erase(name);
     endHold(name);
-    if (shortcut)
-        registerHotKey(name, *shortcut);
+    if (!shortcut)
+        return;
+    if (const auto reason = registerHotKey(name, *shortcut))
+        fail(name, *reason);
 }
 
-void KeyboardShortcuts::registerHotKey(const QString& name, const Shortcut& shortcut)
+std::optional<QString> KeyboardShortcuts::registerHotKey(const QString& name, const Shortcut& shortcut)
 {
     const std::uint32_t id = nextHotKeyId();
     try {
@@ -265,9 +275,32 @@ void KeyboardShortcuts::registerHotKey(const QString& name, const Shortcut& shor
                                          [this, name] {
                                              run(name, Phase::Up);
                                          }});
+        return std::nullopt;
     } catch (const HotKeyError& error) {
-        fail(name, error.localizedDescription());
+        return error.localizedDescription();
     }
+}
+
+void KeyboardShortcuts::scheduleRetry()
+{
+    constexpr std::array pauses{1s, 5s, 30s};
+    if (!failures_.empty())
+        retryTimer_.start(pauses[std::min(retries_, pauses.size() - 1)]);
+}
+
+void KeyboardShortcuts::retryFailed()
+{
+    ++retries_;
+    const auto failed = failures_;
+    for (const auto& entry : failed) {
+        const auto shortcut = wanted(entry.first);
+        if (!shortcut || registerHotKey(entry.first, *shortcut))
+            continue;
+        failures_.erase(entry.first);
+        logger().info(QStringLiteral("The hotkey %1 works").arg(entry.first));
+        Q_EMIT shortcutRecovered(entry.first);
+    }
+    scheduleRetry();
 }
 
 void KeyboardShortcuts::endHold(const QString& name)
@@ -280,6 +313,8 @@ void KeyboardShortcuts::fail(const QString& name, const QString& reason)
 {
     logger().error(QStringLiteral("Error registering hotkey %1: %2").arg(name, reason));
     failures_[name] = reason;
+    retries_ = 0;
+    scheduleRetry();
     Q_EMIT shortcutFailed(name, reason);
 }
 
@@ -351,6 +386,7 @@ void KeyboardShortcuts::hotKeyLost(std::uint32_t id, const QString& reason)
     if (found == registered_.end())
         return;
     const QString name = found->first;
+    registered_.erase(found);
     endHold(name);
     fail(name, reason);
 }

@@ -7,6 +7,7 @@
 #include <QObject>
 #include <QPointer>
 #include <QString>
+#include <QTimer>
 
 #include <cstdint>
 #include <functional>
@@ -59,6 +60,9 @@ public:
         static const Name openModal;
         /// Ends the recording. Enabled only while the launcher has the keyboard, because its default is a plain Space.
         static const Name stopRecordingAndCloseModal;
+        /// Escape, which gives the dictation up. A hot key because a held key repeats: once the launcher is gone, the
+        /// rest would go to the window behind it. Enabled like stopRecordingAndCloseModal.
+        static const Name cancelDictation;
     };
 
     using Action = std::function<void()>;
@@ -123,8 +127,14 @@ public:
     void resume();
 
 Q_SIGNALS:
-    /// @p name's shortcut could not be registered, or was lost later. @p reason is a sentence for the user.
+    /// @p name's shortcut could not be registered, or was lost later. @p reason is a sentence for the user. It is tried
+    /// again from time to time, because programs that fight for a combination, or quit, let it go.
     void shortcutFailed(const QString& name, const QString& reason);
+    /// Another key while a shortcut is held down; no other program sees it.
+    void otherKeyPressed(Key key);
+    void otherKeyReleased(Key key);
+    /// A shortcut that had failed works.
+    void shortcutRecovered(const QString& name);
     /// @p name's shortcut was changed, disabled or lost while held down: its key-up actions will not run.
     void holdEnded(const QString& name);
 
@@ -176,7 +186,10 @@ private:
     void adoptSetting(const QString& key);
     void updateAll();
     [[nodiscard]] std::optional<Shortcut> wanted(const QString& name) const;
-    void registerHotKey(const QString& name, const Shortcut& shortcut);
+    /// Returns why it failed.
+    std::optional<QString> registerHotKey(const QString& name, const Shortcut& shortcut);
+    void retryFailed();
+    void scheduleRetry();
     void run(const QString& name, Phase phase);
     void dispatch(std::uint32_t id, Phase phase);
     void hotKeyLost(std::uint32_t id, const QString& reason);
@@ -190,6 +203,8 @@ private:
     std::set<QString> disabled_;
     std::map<QString, HotKey> registered_;
     std::map<QString, QString> failures_;
+    QTimer retryTimer_;
+    std::size_t retries_ = 0; ///< since the latest failure
     /// Names whose shortcut is held down; the key is set for raw events only.
     std::map<QString, std::optional<Key>> held_;
     std::uint64_t lastToken_ = 0;

@@ -50,6 +50,7 @@ RecorderCocoa::RecorderCocoa(KeyboardShortcuts& shortcuts, const HotKeyManager& 
     }))
 {
     connect(&shortcuts_, &KeyboardShortcuts::shortcutFailed, this, &RecorderCocoa::changed);
+    connect(&shortcuts_, &KeyboardShortcuts::shortcutRecovered, this, &RecorderCocoa::changed);
     connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, [this] { endRecording(); });
 }
 

@@ -18,6 +18,8 @@ const KeyboardShortcuts::Key KeyboardShortcuts::Key::space{KeyCode::space};
 const KeyboardShortcuts::Name KeyboardShortcuts::Name::openModal{QStringLiteral("openModal"), std::nullopt};
 const KeyboardShortcuts::Name KeyboardShortcuts::Name::stopRecordingAndCloseModal{
     QStringLiteral("stopRecordingAndCloseModal"), Shortcut(Key::space, 0)};
+const KeyboardShortcuts::Name KeyboardShortcuts::Name::cancelDictation{QStringLiteral("cancelDictation"),
+                                                                       Shortcut(Key{KeyCode::escape}, 0)};
 
 QString KeyboardShortcuts::Shortcut::toJson() const
 {

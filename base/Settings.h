@@ -12,6 +12,9 @@ namespace vantro::setting {
 inline constexpr Setting<bool> autoPasteEnabled{"autoPasteEnabled", true, "false: only copy, and show how to paste"};
 inline constexpr Setting<bool> copyToClipboardEnabled{"copyToClipboardEnabled", false,
                                                       "true: the dictated text stays on the clipboard after pasting"};
+inline constexpr Setting<bool> restoreEveryFormat{
+    "restoreEveryFormat", false,
+    "true: pictures, formatted text and files that were on the clipboard come back after pasting, not only plain text"};
 inline constexpr Setting<bool> playSoundOnComplete{"playSoundOnComplete", false,
                                                    "true: a short sound when the text is ready"};
 inline constexpr Setting<bool> holdToTalk{
@@ -38,21 +41,11 @@ inline constexpr Setting<bool> checkForUpdatesOnLaunch{"checkForUpdatesOnLaunch"
 inline constexpr Setting<QByteArray> pasteChords{
     "pasteChords", "", "paste keystrokes of more windows, as JSON: `{\"my-terminal\": \"Ctrl+Shift+V\"}`"};
 
-inline constexpr std::array<const SettingKey*, 15> documented{&autoPasteEnabled,
-                                                              &copyToClipboardEnabled,
-                                                              &playSoundOnComplete,
-                                                              &holdToTalk,
-                                                              &audioInputMode,
-                                                              &bluetoothHeadsetProfile,
-                                                              &defaultProcessingMode,
-                                                              &selectedLanguage,
-                                                              &selectedModelName,
-                                                              &modelHostBaseURL,
-                                                              &whisperKeepModelInMemory,
-                                                              &appearance,
-                                                              &reduceMotion,
-                                                              &checkForUpdatesOnLaunch,
-                                                              &pasteChords};
+inline constexpr std::array<const SettingKey*, 16> documented{
+    &autoPasteEnabled, &copyToClipboardEnabled, &restoreEveryFormat,      &playSoundOnComplete,
+    &holdToTalk,       &audioInputMode,         &bluetoothHeadsetProfile, &defaultProcessingMode,
+    &selectedLanguage, &selectedModelName,      &modelHostBaseURL,        &whisperKeepModelInMemory,
+    &appearance,       &reduceMotion,           &checkForUpdatesOnLaunch, &pasteChords};
 
 // Edited through pages and commands of their own.
 inline constexpr Setting<qint64> selectedAudioDeviceID{"selectedAudioDeviceID", -1};

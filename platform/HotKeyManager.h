@@ -38,6 +38,11 @@ Q_SIGNALS:
     /// A registered hot key has stopped working, because another program owns its keys after a layout change, the keys
     /// no longer exist, or the display is gone. @p reason is a sentence for the user. A held key is released first.
     void hotKeyLost(std::uint32_t id, const QString& reason);
+    /// Another key while a hot key is held down. No other program sees it.
+    void otherKeyPressed(std::uint32_t keyCode);
+    void otherKeyReleased(std::uint32_t keyCode);
+    /// The layout has changed: what could not be registered may work now.
+    void keyboardChanged();
 };
 
 } // namespace vantro

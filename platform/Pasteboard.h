@@ -4,14 +4,22 @@
 
 #include <QString>
 
+#include <memory>
 #include <optional>
 
 namespace vantro {
 
-/// The desktop's clipboard, plain text only. Main thread only.
+/// The desktop's clipboard. Main thread only.
 class Pasteboard
 {
 public:
+    /// All formats of a selection, as its owner gave them.
+    class Contents
+    {
+    public:
+        virtual ~Contents() = default;
+    };
+
     /// `Primary` is pasted by a middle click or by Shift+Insert in xterm; always empty on systems without it.
     enum class Selection { Clipboard, Primary };
 
@@ -26,6 +34,13 @@ public:
     [[nodiscard]] virtual bool isSecret(Selection selection) const = 0;
     /// Whether it is still this program that gives the text of the last setString() or setSecret() to others.
     [[nodiscard]] virtual bool isOwner(Selection selection) const = 0;
+    /// Begins to fetch everything that another program offers, so that contents() has it at hand later. Returns at
+    /// once.
+    virtual void fetchContents(Selection /*selection*/) {}
+    /// Everything that another program offers, as far as it is not too much and comes in time; null if that is nothing
+    /// or this program owns the selection.
+    [[nodiscard]] virtual std::shared_ptr<const Contents> contents(Selection /*selection*/) const { return nullptr; }
+    virtual void setContents(Selection /*selection*/, const std::shared_ptr<const Contents>& /*contents*/) {}
     /// Leaves the selection without an owner, as opposed to holding an empty text.
     virtual void clear(Selection selection) = 0;
     /// Whether any program has fetched the text of the last setString().

@@ -6,9 +6,22 @@
 #include <QString>
 #include <QStringList>
 
+#include <chrono>
+#include <memory>
 #include <optional>
 
 namespace vantro {
+
+/// What the user does at the keyboard and with the pointer, in whatever program. Main thread only.
+class UserActivity
+{
+public:
+    virtual ~UserActivity() = default;
+
+    /// Whether a key was pressed or released or a button pressed within the last @p span, later than the event with the
+    /// window system's time stamp @p after.
+    [[nodiscard]] virtual bool hasActed(std::chrono::milliseconds span, quint64 after) const = 0;
+};
 
 /// Other programs' windows, as needed for delivery. Main thread only.
 class Workspace : public QObject
@@ -33,6 +46,8 @@ public:
     virtual bool openUrl(const QString& url) = 0;
     /// Whether translucency works; without a compositor it is rendered black.
     [[nodiscard]] virtual bool isCompositing() const = 0;
+    /// Watches the user while the result exists; only one may exist at a time.
+    [[nodiscard]] virtual std::unique_ptr<UserActivity> watchUser() = 0;
 
 Q_SIGNALS:
     void frontWindowChanged();

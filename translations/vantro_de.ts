@@ -380,6 +380,14 @@
         <source>Check now</source>
         <translation>Jetzt suchen</translation>
     </message>
+    <message>
+        <source>Give pictures, formatted text and files back too</source>
+        <translation>Auch Bilder, formatierten Text und Dateien zurückgeben</translation>
+    </message>
+    <message>
+        <source>Up to 32 MB. When off, only plain text comes back.</source>
+        <translation>Bis zu 32 MB. Sonst kommt nur reiner Text zurück.</translation>
+    </message>
 </context>
 <context>
     <name>History</name>
@@ -1569,6 +1577,10 @@
     <message>
         <source>vantro is transcribing</source>
         <translation>vantro transkribiert</translation>
+    </message>
+    <message>
+        <source>Cancel Dictation</source>
+        <translation>Diktat abbrechen</translation>
     </message>
 </context>
 <context>

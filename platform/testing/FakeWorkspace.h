@@ -27,6 +27,7 @@ public:
         return true;
     }
     [[nodiscard]] bool isCompositing() const override { return true; }
+    [[nodiscard]] std::unique_ptr<UserActivity> watchUser() override { return nullptr; }
 
     void openWindow(WindowID window, const QStringList& windowClass = {}) { windows_[window] = windowClass; }
     /// From now on @p window is one of the program's own.

@@ -54,7 +54,7 @@ class Item:
         layout = self._call(self.property("Menu"), _MENU_INTERFACE, "GetLayout",
                             GLib.Variant("(iias)", (0, -1, [])))[1]
         return {properties["label"].partition("\t")[0]: number for number, properties, _ in layout[2]
-                if properties.get("type") != "separator"}
+                if properties.get("type") != "separator" and properties.get("visible", True)}
 
     def _call(self, path, interface, method, arguments):
         return self._bus.call_sync(self.service, path, interface, method, arguments, None, Gio.DBusCallFlags.NONE, 5000,

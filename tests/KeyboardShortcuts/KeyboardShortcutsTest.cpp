@@ -187,6 +187,29 @@ TEST_F(KeyboardShortcutsTest, TellsWhyAShortcutDoesNotWorkAndRecoversWithAnother
     EXPECT_EQ(failures.size(), 3U);
 }
 
+TEST_F(KeyboardShortcutsTest, AFailedShortcutWorksAgainOnceItsKeysAreFree)
+{
+    QStringList news;
+    QObject::connect(&shortcuts_, &KeyboardShortcuts::shortcutFailed, &owner_,
+                     [&] { news << QStringLiteral("failed"); });
+    QObject::connect(&shortcuts_, &KeyboardShortcuts::shortcutRecovered, &owner_,
+                     [&] { news << QStringLiteral("works"); });
+    const auto open = note(Name::openModal, "open");
+    shortcuts_.setShortcut(Name::openModal, shortcutOf(ctrlAltD));
+    hotKeys_.refuse(ctrlAltD, QStringLiteral("taken"));
+    ::testing::internal::CaptureStderr();
+    hotKeys_.lose(ctrlAltD, QStringLiteral("lost"));
+    Q_EMIT hotKeys_.keyboardChanged();
+    EXPECT_TRUE(shortcuts_.failure(Name::openModal));
+    hotKeys_.allow(ctrlAltD);
+    Q_EMIT hotKeys_.keyboardChanged();
+    ::testing::internal::GetCapturedStderr();
+    EXPECT_FALSE(shortcuts_.failure(Name::openModal));
+    hotKeys_.strike(ctrlAltD);
+    EXPECT_THAT(calls_, ElementsAre("open"));
+    EXPECT_EQ(news, QStringList({QStringLiteral("failed"), QStringLiteral("works")}));
+}
+
 TEST_F(KeyboardShortcutsTest, ProposesTheFirstFreeCombinationOnlyWhereNoneIsStored)
 {
     hotKeys_.refuse(ctrlAltD, QStringLiteral("taken"));

@@ -24,6 +24,12 @@ namespace {
 constexpr int limitMs = 10'000;
 constexpr int pollMs = 2;
 
+void setxkbmap(const QStringList& arguments)
+{
+    if (QProcess::execute(QStringLiteral("setxkbmap"), arguments) != 0)
+        throw std::runtime_error("setxkbmap failed");
+}
+
 } // namespace
 
 std::optional<std::string> missingDisplay()
@@ -50,6 +56,7 @@ struct DesktopUser::State
 {
     Display* display = nullptr;
     XDevice* keyboard = nullptr;
+    XID synthesiser = 0;
     QString layouts = QStringLiteral("us");
 
     void key(unsigned place, bool down) const
@@ -74,8 +81,12 @@ DesktopUser::DesktopUser() : state_(std::make_unique<State>())
     int count = 0;
     XDeviceInfo* const devices = XListInputDevices(state_->display, &count);
     for (const XDeviceInfo& device : std::span(devices, static_cast<std::size_t>(count))) {
-        if (device.use == IsXExtensionKeyboard && std::string_view(device.name).find("XTEST") == std::string_view::npos)
+        if (device.use != IsXExtensionKeyboard)
+            continue;
+        if (std::string_view(device.name).find("XTEST") == std::string_view::npos)
             state_->keyboard = XOpenDevice(state_->display, device.id);
+        else
+            state_->synthesiser = device.id;
     }
     XFreeDeviceList(devices);
     if (state_->keyboard == nullptr)
@@ -123,11 +134,18 @@ void DesktopUser::movePointer(int x, int y)
 
 void DesktopUser::setLayout(const QString& layouts, unsigned group)
 {
-    if (layouts != state_->layouts && QProcess::execute(QStringLiteral("setxkbmap"), {layouts}) != 0)
-        throw std::runtime_error("setxkbmap failed");
+    if (layouts != state_->layouts)
+        setxkbmap({QStringLiteral("-option"), QString(), layouts});
     state_->layouts = layouts;
     XkbLockGroup(state_->display, XkbUseCoreKbd, group);
     XSync(state_->display, False);
+}
+
+void DesktopUser::setLayoutOf(Keyboard keyboard, const QStringList& layout)
+{
+    const XID device = keyboard == Keyboard::own ? state_->keyboard->device_id : state_->synthesiser;
+    setxkbmap(QStringList{QStringLiteral("-device"), QString::number(device)} + layout);
+    state_->layouts.clear();
 }
 
 void DesktopUser::lockShift(bool on)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 #include <functional>
 #include <memory>
@@ -49,6 +50,9 @@ public:
 
     /// Loads keyboard layouts ("us", "us,ru") and makes the one numbered @p group the active one.
     void setLayout(const QString& layouts, unsigned group = 0);
+    enum class Keyboard { own, synthesised };
+    /// Gives one keyboard a layout of its own, in setxkbmap's words, until setLayout().
+    void setLayoutOf(Keyboard keyboard, const QStringList& layout);
     /// Makes a sticky Shift, as the accessibility feature does.
     void lockShift(bool on);
 

@@ -1,13 +1,17 @@
 #!/usr/bin/python3
 """Dictations by the hot key and from the command line, into an editor and a terminal, and what users do to them."""
 
+import os
 import re
+import subprocess
+import time
 
 from dictationcase import (CANCEL_KEY, CARDS, CHILD, CHILD_WORDS, FORMER, HUD_TITLE, SHORTCUT_KEYS, STOP_KEY,
                            DictationCase, main, words)
 
 # Between what the clock says and what was recorded: until the first sample is there, and the end of the last block.
 LOST_AT_THE_EDGES_S = 0.15
+REPEATS_S = 1.2
 
 
 class GoodDictationTest(DictationCase):
@@ -31,6 +35,25 @@ class GoodDictationTest(DictationCase):
         self.assertEqual(words(terminal.text()), CHILD_WORDS)
         self.wait(lambda: self.desktop.clipboard() == "copied", 5, "the former clipboard")
         self.wait(lambda: self.desktop.clipboard("primary") == "selected", 5, "the former selection")
+
+    def test_pictures_and_formatted_text_come_back_when_wanted(self):
+        self.restart(restoreEveryFormat=True)
+        self.addCleanup(self.restart)
+        former = {"image/png": os.urandom(3_000_000), "text/html": b"<b>bold</b>"}
+        for target, contents in former.items():
+            def read():
+                return subprocess.run(["xclip", "-selection", "clipboard", "-t", target, "-out"],
+                                      env=self.desktop.env, capture_output=True, timeout=10).stdout
+
+            owner = self.desktop.start("xclip", "-selection", "clipboard", "-t", target, "-in", "-quiet", stdin=contents)
+            self.wait(lambda: read() == contents, 5, "the clipboard")
+            for _ in range(2):  # the second time it is this program that gives them
+                before = self.editor.text()
+                self.dictate(CHILD)
+                self.wait(lambda: words(self.editor.text()[len(before):]) == CHILD_WORDS, 60, "the text")
+                self.wait_until_over()
+                self.wait(lambda: read() == contents, 10, f"the former {target}")
+            owner.stop()
 
     def test_commands_steer_the_running_program(self):
         self.assertEqual(self.vantro.run("start").returncode, 0)
@@ -58,6 +81,20 @@ class InterruptedDictationTest(DictationCase):
             self.wait_until_over()
             self.assertEqual(self.desktop.audio.recording_sources(), [])
         self.check_next_dictation()
+
+    def test_a_held_escape_does_not_repeat_into_the_window_behind(self):
+        terminal = self.desktop.open_xterm()
+        self.addCleanup(terminal.program.stop)
+        self.vantro.open_launcher()
+        self.desktop.display.key(CANCEL_KEY, True)
+        # As long as it takes a key of this keyboard to repeat several times.
+        time.sleep(REPEATS_S)
+        self.desktop.display.key(CANCEL_KEY, False)
+        self.wait_until_over()
+        self.wait(lambda: self.desktop.display.active_window() == terminal.window.id, 5, "the terminal's turn")
+        self.desktop.press("x")
+        self.wait(terminal.changed, 5, "what is typed next")
+        self.assertEqual(terminal.text(), "x")
 
     def test_a_cancel_right_after_the_stop_comes_before_the_transcription(self):
         with self.delivers_nothing():
@@ -122,7 +159,8 @@ class InterruptedDictationTest(DictationCase):
         self.addCleanup(terminal.program.stop)
         self.desktop.activate(self.editor.window)
         self.dictate(CARDS)
-        self.desktop.activate(terminal.window)
+        window = terminal.window
+        self.desktop.run("xdotool", "mousemove", window.x + 20, window.y + 20, "click", 1)
         self.wait(lambda: self.vantro.window(HUD_TITLE), 60, "the notice that there is text to be pasted")
         self.assertEqual(self.desktop.display.active_window(), terminal.window.id)
         self.wait_until_over()

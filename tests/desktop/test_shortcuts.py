@@ -15,6 +15,7 @@ SHORTCUT_TITLE = "Shortcut"
 PROPOSALS = ("ctrl+alt+d", "ctrl+alt+space", "super+alt+d", "ctrl+super+d", "ctrl+shift+F9")
 TAP_S = 0.05
 HOLD_S = 0.5
+REPEATS_S = 1.2  # a held key repeats several times meanwhile
 
 
 class ShortcutsTest(DictationCase):
@@ -79,6 +80,30 @@ class ShortcutsTest(DictationCase):
             self.wait_until_over()
         self.assertEqual(self.news().count("Extracting transcription"), 1)
 
+    def test_escape_gives_a_held_recording_up_and_reaches_no_window(self):
+        self.shortcuts("mode", "hold")
+        terminal = self.desktop.open_xterm()
+        self.addCleanup(terminal.program.stop)
+        for released_first, taken in (("Escape", "F12"), (SHORTCUT_KEYS, "F12"), (SHORTCUT_KEYS, "ctrl+alt+Escape")):
+            # Some window managers have a use for Escape with the shortcut's modifiers.
+            with self.subTest(released_first=released_first, taken=taken), self.delivers_nothing(), \
+                    self.desktop.display.grabbed(taken):
+                before = self.news().count("Canceling the recording")
+                self.desktop.display.chord_down(SHORTCUT_KEYS)
+                self.wait(self.desktop.audio.recording_sources, 10, "the recording")
+                time.sleep(HOLD_S)
+                self.desktop.display.key("Escape", True)
+                self.wait(lambda: not self.vantro.launcher(), 5, "the launcher to be gone")
+                self.desktop.display.chord_up(released_first)
+                time.sleep(REPEATS_S)
+                self.desktop.display.chord_up(SHORTCUT_KEYS if released_first == "Escape" else "Escape")
+                self.wait_until_over()
+                self.assertEqual(self.news().count("Canceling the recording"), before + 1)
+        self.desktop.press("Escape")  # is the terminal's own again
+        self.wait(terminal.changed, 5, "what is typed next")
+        self.assertEqual(terminal.text(), "\x1b")
+        self.assertNotIn("Extracting transcription", self.news())
+
     def test_hold_to_talk_survives_a_change_of_the_layout_and_of_the_shortcut(self):
         self.shortcuts("mode", "hold")
         self.hold()
@@ -121,6 +146,18 @@ class ShortcutsTest(DictationCase):
             self.speak(CHILD)
             self.desktop.press(STOP_KEY)
             self.assertEqual(words(self.wait_for_text()), CHILD_WORDS)
+
+
+    def test_a_combination_that_another_program_had_for_a_moment_works_without_a_word(self):
+        self.vantro.quit()
+        with self.desktop.display.grabbed(SHORTCUT_KEYS):
+            self.vantro.start()
+            self._log_before = 0
+            self.assertIn("already used", self.vantro.status()["shortcut_failure"])
+        self.wait(lambda: not self.vantro.status().get("shortcut_failure"), 20, "the shortcut to work")
+        self.assertEqual(self.news().count("Error registering hotkey"), 1)
+        self.assertNotIn("Shortcut Not Available", self.news())
+        self.check_next_dictation()
 
 
 class LostDisplayTest(DictationCase):

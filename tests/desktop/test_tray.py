@@ -51,6 +51,12 @@ class StatusNotifierTest(ShellCase):
         icon.choose("Dictate")
         self.vantro.wait_for_launcher()
         self.wait(lambda: "listening" in str(icon.property("ToolTip")), 5, "the icon to tell of the recording")
+        icon.choose("Cancel Dictation")
+        self.wait_until_over()
+        self.assertNotIn("Cancel Dictation", icon.labels())
+
+        icon.choose("Dictate")
+        self.vantro.wait_for_launcher()
         self.speak(CHILD)
         self.desktop.press(STOP_KEY)
         self.assertEqual(words(self.wait_for_text()), CHILD_WORDS)

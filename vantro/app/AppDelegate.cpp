@@ -6,12 +6,17 @@
 #include "vantro/ai/providers/LegacyKeyName.h"
 
 #include <QCoreApplication>
-#include <QTimer>
 #include <qcoro/qcorofuture.h>
 
 #include <utility>
 
 namespace vantro {
+
+namespace {
+
+constexpr std::chrono::milliseconds shortcutPatience{6500};
+
+} // namespace
 
 AppDelegate::AppDelegate(Parts parts) : parts_(std::move(parts))
 {
@@ -163,12 +168,17 @@ DictationTimings AppDelegate::timings() const
     return dictation_ ? dictation_->timings() : DictationTimings();
 }
 
-void AppDelegate::shortcutFailed(const QString& name, const QString& reason)
+/// Not before it has been tried again a few times: programs that start or end together fight for a moment.
+void AppDelegate::shortcutFailed(const QString& name)
 {
-    if (name != KeyboardShortcuts::Name::openModal.rawValue)
+    if (name != KeyboardShortcuts::Name::openModal.rawValue || std::exchange(isShortcutReportDue_, true))
         return;
-    const QString text = reason + QStringLiteral("\n\n") + wording::howToChooseShortcut();
-    QTimer::singleShot(0, this, [this, text] { shell().showAlert(tr("Shortcut Not Available"), text); });
+    parts_.dictation.clock.callAfter(shortcutPatience, this, [this] {
+        isShortcutReportDue_ = false;
+        if (const auto reason = parts_.shortcuts.failure(KeyboardShortcuts::Name::openModal))
+            shell().showAlert(tr("Shortcut Not Available"),
+                              *reason + QStringLiteral("\n\n") + wording::howToChooseShortcut());
+    });
 }
 
 } // namespace vantro

@@ -65,7 +65,7 @@ private:
     QCoro::Task<> modelDownloaded();
     void modelBecameReady(const TranscriptionModel& model);
     void downloadModel(const TranscriptionModel& model, const QString& problem);
-    void shortcutFailed(const QString& name, const QString& reason);
+    void shortcutFailed(const QString& name);
     [[nodiscard]] Shell& shell() const { return parts_.dictation.shell; }
     [[nodiscard]] Recovery& recovery() const { return parts_.dictation.recovery; }
 
@@ -79,6 +79,7 @@ private:
         QString text;  ///< what is wrong with its file; empty when there is none
     };
     std::optional<ModelProblem> modelProblem_; ///< set while a model that was selected cannot be used
+    bool isShortcutReportDue_ = false;
 };
 
 } // namespace vantro

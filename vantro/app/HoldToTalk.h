@@ -10,13 +10,14 @@
 #include <chrono>
 #include <functional>
 #include <memory>
+#include <vector>
 
 namespace vantro {
 
 /// The two ways to use the dictation shortcut. By default, releasing it opens the launcher, which takes the keyboard
 /// focus. With the setting "holdToTalk", pressing it starts a recording and releasing it ends the recording, and the
-/// focus stays where it is; a press shorter than 0.3 s counts as accidental and is discarded. The setting takes effect
-/// at the next press. Main thread.
+/// focus stays where it is; a press shorter than 0.3 s counts as accidental and is discarded, and so is a recording
+/// during which Escape is pressed. The setting takes effect at the next press. Main thread.
 class HoldToTalk : public QObject
 {
     Q_OBJECT
@@ -33,7 +34,12 @@ private:
     void pressed();
     void released();
     void endHold();
+    void followOtherKeys(KeyboardShortcuts& shortcuts);
+    void watchEscape();
+    void escapePressed();
+    void escapeReleased();
 
+    KeyboardShortcuts& shortcuts_;
     UserDefaults& defaults_;
     Clock& clock_;
     Begin begin_;
@@ -42,6 +48,10 @@ private:
     /// The current press is a hold, whether or not its dictation is still running.
     bool isHold_ = false;
     std::weak_ptr<Dictation> held_;
+    /// Escape with every subset of the shortcut's modifiers that may still be held: until it is up again, nothing of it
+    /// may reach the window in front.
+    std::vector<KeyboardShortcuts::Registration> escape_;
+    bool isEscapeDown_ = false;
 };
 
 } // namespace vantro

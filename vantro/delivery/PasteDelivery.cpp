@@ -95,6 +95,8 @@ void PasteDelivery::rememberTarget()
     const auto front = workspace_.frontWindow();
     target_.window = front ? lastFront_ : std::nullopt;
     target_.ownFront = front != target_.window ? front : std::nullopt;
+    if (keepsEveryFormat())
+        pasteboard_.fetchContents(Selection::Clipboard);
 }
 
 bool PasteDelivery::copy(const QString& text)
@@ -196,8 +198,14 @@ PasteDelivery::Former PasteDelivery::former(Selection selection, const QString& 
 {
     const auto present = pasteboard_.string(selection);
     if (pending && present == pending->ours)
-        return {dictated, pending->text, pending->isSecret};
-    return {dictated, present, present && pasteboard_.isSecret(selection)};
+        return {dictated, pending->text, pending->isSecret, pending->everything};
+    return {dictated, present, present && pasteboard_.isSecret(selection),
+            selection == Selection::Clipboard && keepsEveryFormat() ? pasteboard_.contents(selection) : nullptr};
+}
+
+bool PasteDelivery::keepsEveryFormat() const
+{
+    return defaults_.get(setting::restoreEveryFormat) && !defaults_.get(setting::copyToClipboardEnabled);
 }
 
 bool PasteDelivery::isFetched(const Restore& paste) const
@@ -346,7 +354,10 @@ void PasteDelivery::restore(Selection selection, const std::optional<Former>& fo
         return;
     printLine(QStringLiteral("Restoring state"));
     // Not cleared first: some clipboard managers fill an empty clipboard with its previous text.
-    if (former->text) {
+    if (former->everything) {
+        printLine(QStringLiteral("Setting the old content"));
+        pasteboard_.setContents(selection, former->everything);
+    } else if (former->text) {
         printLine(QStringLiteral("Setting the old content"));
         if (former->isSecret)
             pasteboard_.setSecret(selection, *former->text);

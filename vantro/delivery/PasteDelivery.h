@@ -10,6 +10,7 @@
 #include <QString>
 #include <qcoro/qcorotask.h>
 
+#include <memory>
 #include <optional>
 
 namespace vantro {
@@ -46,7 +47,8 @@ public:
                   Clock& clock);
 
     /// Call when a dictation begins, before showing any window: its text will go to the window in front, or to the one
-    /// before if that is one of our own without a text field.
+    /// before if that is one of our own without a text field. With "restoreEveryFormat", begins to fetch what the
+    /// clipboard holds.
     void rememberTarget();
     [[nodiscard]] const Target& target() const { return target_; }
     /// Makes a target that was remembered earlier the present one again; an empty one is no window.
@@ -85,6 +87,7 @@ private:
         QString ours;
         std::optional<QString> text;
         bool isSecret = false;
+        std::shared_ptr<const Pasteboard::Contents> everything; ///< comes back instead of the text, unless null
     };
     struct Restore
     {
@@ -104,6 +107,7 @@ private:
     [[nodiscard]] QCoro::Task<> waitForKeyRelease();
     [[nodiscard]] bool hasKeyboard(WindowID window) const;
     [[nodiscard]] bool hasMovedOn(WindowID target) const;
+    [[nodiscard]] bool keepsEveryFormat() const;
     [[nodiscard]] bool isFetched(const Restore& paste) const;
     [[nodiscard]] bool isPasting(std::optional<WindowID> target) const;
     void addToPending(const QString& dictated);

@@ -95,6 +95,7 @@ void Windows::connectTray()
                                                         [this](const auto&) { followShortcut(); });
     followShortcut();
     connect(&tray_, &TrayIcon::dictateRequested, this, &Windows::dictateRequested);
+    connect(&tray_, &TrayIcon::cancelRequested, this, &Windows::cancelRequested);
     connect(&tray_, &TrayIcon::settingsRequested, this, [this] { showSettings(QStringLiteral("general")); });
     connect(&tray_, &TrayIcon::modelsRequested, this, [this] { showSettings(QStringLiteral("models")); });
     connect(&tray_, &TrayIcon::aboutRequested, this, [this] { showSettings(QStringLiteral("about")); });

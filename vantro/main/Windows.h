@@ -80,6 +80,7 @@ public:
 
 Q_SIGNALS:
     void dictateRequested();
+    void cancelRequested();
     void quitRequested();
 
 private:

@@ -171,6 +171,12 @@ void X11Connection::selectRootEvents(long mask)
         XSelectInput(state_->display, rootWindow(), rootEventMask_);
 }
 
+void X11Connection::ungrabKeyboard()
+{
+    XUngrabKeyboard(state_->display, CurrentTime);
+    Q_EMIT keyboardUngrabbed();
+}
+
 void X11Connection::dispatchPending()
 {
     std::erase_if(listeners_, [](const Subscription& subscription) { return subscription.context == nullptr; });

@@ -44,6 +44,9 @@ public:
     /// Adds @p mask to the events selected on the root window.
     void selectRootEvents(long mask);
 
+    /// Ends the grab of a hot key that is held down; its release will go to the window in front.
+    void ungrabKeyboard();
+
     /// The key currently remapped to a letter that the layout lacks; 0 if none.
     [[nodiscard]] unsigned borrowedKeyCode() const { return borrowedKeyCode_; }
     void setBorrowedKeyCode(unsigned keyCode) { borrowedKeyCode_ = keyCode; }
@@ -51,6 +54,7 @@ public:
 Q_SIGNALS:
     /// The connection was lost. Emitted once, from the event loop.
     void lost();
+    void keyboardUngrabbed();
 
 private:
     struct Subscription

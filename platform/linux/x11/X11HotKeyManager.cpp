@@ -4,6 +4,7 @@
 #include "platform/KeyCode.h"
 #include "platform/linux/x11/X11Connection.h"
 #include "platform/linux/x11/X11ErrorTrap.h"
+#include "platform/linux/x11/X11Keyboards.h"
 #include "platform/linux/x11/X11Keymap.h"
 
 #include <QCoreApplication>
@@ -87,6 +88,10 @@ X11HotKeyManager::X11HotKeyManager(X11Connection& connection) : connection_(conn
     XFlush(display);
     connection_.addListener(this, [this](XEvent& event) { handleEvent(event); });
     connect(&connection_, &X11Connection::lost, this, &X11HotKeyManager::connectionLost);
+    connect(&connection_, &X11Connection::keyboardUngrabbed, this, [this] {
+        for (Held& held : held_)
+            held.isReleaseHeard = false;
+    });
 }
 
 X11HotKeyManager::~X11HotKeyManager()
@@ -99,11 +104,12 @@ void X11HotKeyManager::registerHotKey(std::uint32_t id, std::uint32_t keyCode, s
 {
     if (!connection_.isOpen())
         throw HotKeyError(X11Connection::unavailableReason());
-    HotKey hotKey{id, keyCode, modifiers, {}};
-    hotKey.grabs = resolve(X11Keymap(connection_), hotKey);
-    grab(hotKey.grabs);
+    HotKey hotKey{id, keyCode, modifiers, {}, {}};
+    locate(hotKey);
+    grab(hotKey);
     if (const auto reason = whyNotBound(hotKey)) {
         release(hotKey.grabs);
+        release(hotKey.elsewhere);
         throw HotKeyError(*reason);
     }
     hotKeys_.push_back(std::move(hotKey));
@@ -114,10 +120,11 @@ void X11HotKeyManager::unregisterHotKey(std::uint32_t id)
     const auto found = std::ranges::find(hotKeys_, id, &HotKey::id);
     if (found == hotKeys_.end())
         return;
-    const std::vector<Grab> unwanted = std::move(found->grabs);
+    const HotKey unwanted = std::move(*found);
     hotKeys_.erase(found);
     std::erase_if(held_, [id](const Held& held) { return held.id == id; });
-    release(unwanted);
+    release(unwanted.grabs);
+    release(unwanted.elsewhere);
 }
 
 std::optional<std::uint32_t> X11HotKeyManager::keyCodeOf(std::uint32_t nativeScanCode) const
@@ -136,6 +143,18 @@ std::optional<std::uint32_t> X11HotKeyManager::keyCodeOf(std::uint32_t nativeSca
     }
     const auto letter = keymap.letterInPlaceOf(nativeScanCode);
     return KeyCode::fromKeysym(static_cast<std::uint32_t>(letter.value_or(*own)));
+}
+
+void X11HotKeyManager::locate(HotKey& hotKey) const
+{
+    hotKey.grabs = resolve(X11Keymap(connection_), hotKey);
+    hotKey.elsewhere.clear();
+    for (const KeyboardDevice keyboard : attachedKeyboards(connection_)) {
+        for (const Grab& grab : resolve(X11Keymap(connection_, keyboard), hotKey)) {
+            if (std::ranges::find(hotKey.grabs, grab) == hotKey.grabs.end())
+                hotKey.elsewhere.push_back(grab);
+        }
+    }
 }
 
 std::vector<X11HotKeyManager::Grab> X11HotKeyManager::resolve(const X11Keymap& keymap, const HotKey& hotKey) const
@@ -161,6 +180,12 @@ std::vector<X11HotKeyManager::Grab> X11HotKeyManager::resolve(const X11Keymap& k
             result.push_back({key, modifiers | locks});
     }
     return result;
+}
+
+void X11HotKeyManager::grab(const HotKey& hotKey)
+{
+    grab(hotKey.grabs);
+    grab(hotKey.elsewhere);
 }
 
 void X11HotKeyManager::grab(const std::vector<Grab>& wanted)
@@ -202,8 +227,10 @@ std::optional<QString> X11HotKeyManager::whyNotBound(const HotKey& hotKey) const
 
 bool X11HotKeyManager::isWanted(const Grab& grab) const
 {
-    return std::ranges::any_of(
-        hotKeys_, [&](const HotKey& hotKey) { return std::ranges::find(hotKey.grabs, grab) != hotKey.grabs.end(); });
+    return std::ranges::any_of(hotKeys_, [&](const HotKey& hotKey) {
+        return std::ranges::find(hotKey.grabs, grab) != hotKey.grabs.end() ||
+               std::ranges::find(hotKey.elsewhere, grab) != hotKey.elsewhere.end();
+    });
 }
 
 void X11HotKeyManager::handleEvent(XEvent& event)
@@ -222,23 +249,36 @@ void X11HotKeyManager::handleEvent(XEvent& event)
         return;
     // A layout change causes dozens of events.
     if (!std::exchange(rebindPending_, true))
-        QMetaObject::invokeMethod(this, &X11HotKeyManager::keyboardChanged, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(this, &X11HotKeyManager::rebind, Qt::QueuedConnection);
 }
 
 void X11HotKeyManager::keyPressed(unsigned key, unsigned state)
 {
+    std::erase_if(held_, [key](const Held& held) { return held.key == key && !held.isReleaseHeard; });
     if (std::ranges::find(held_, key, &Held::key) != held_.end())
         return;
     const Grab grab{key, state & realModifiers};
     std::vector<std::uint32_t> ids;
     for (const HotKey& hotKey : hotKeys_) {
-        if (std::ranges::find(hotKey.grabs, grab) != hotKey.grabs.end())
+        if (isMeant(hotKey, grab))
             ids.push_back(hotKey.id);
     }
+    if (ids.empty() && !held_.empty()) {
+        if (const auto other = keyCodeOf(key))
+            Q_EMIT otherKeyPressed(*other);
+        return;
+    }
     for (const auto id : ids)
-        held_.push_back({key, id});
+        held_.push_back({key, id, true});
     for (const auto id : ids)
         Q_EMIT hotKeyPressed(id);
+}
+
+/// The keyboard that was pressed is the one in use by now.
+bool X11HotKeyManager::isMeant(const HotKey& hotKey, const Grab& pressed) const
+{
+    const std::vector<Grab> meant = hotKey.elsewhere.empty() ? hotKey.grabs : resolve(X11Keymap(connection_), hotKey);
+    return std::ranges::find(meant, pressed) != meant.end();
 }
 
 // Matched by key alone: the modifiers may be up already, and the layout may have changed.
@@ -249,33 +289,38 @@ void X11HotKeyManager::keyReleased(unsigned key)
         if (held.key == key)
             ids.push_back(held.id);
     }
+    if (ids.empty() && !held_.empty()) {
+        if (const auto other = keyCodeOf(key))
+            Q_EMIT otherKeyReleased(*other);
+        return;
+    }
     std::erase_if(held_, [key](const Held& held) { return held.key == key; });
     for (const auto id : ids)
         Q_EMIT hotKeyReleased(id);
 }
 
-void X11HotKeyManager::keyboardChanged()
+void X11HotKeyManager::rebind()
 {
     rebindPending_ = false;
-    const X11Keymap keymap(connection_);
-    if (!keymap.isValid())
+    if (!X11Keymap(connection_).isValid())
         return;
     const std::vector<Grab> before(grabs_.begin(), grabs_.end());
     std::vector<std::uint32_t> bound;
     for (HotKey& hotKey : hotKeys_) {
         if (!whyNotBound(hotKey))
             bound.push_back(hotKey.id);
-        hotKey.grabs = resolve(keymap, hotKey);
+        locate(hotKey);
     }
     release(before);
     std::vector<std::pair<std::uint32_t, QString>> lost;
     for (const HotKey& hotKey : hotKeys_) {
-        grab(hotKey.grabs);
+        grab(hotKey);
         if (const auto reason = whyNotBound(hotKey); reason && std::ranges::find(bound, hotKey.id) != bound.end())
             lost.emplace_back(hotKey.id, *reason);
     }
     for (const auto& [id, reason] : lost)
         Q_EMIT hotKeyLost(id, reason);
+    Q_EMIT keyboardChanged();
 }
 
 void X11HotKeyManager::connectionLost()

@@ -19,7 +19,8 @@ class X11Keymap;
 
 /// Implements hot keys as grabs on the root window. A combination is bound to the keys with its symbol in the active
 /// layout, else in another layout of the user, else (for letters, if no layout is Latin) to the key at its US position.
-/// Rebinds when the layout changes.
+/// Rebinds when the layout changes. Where keyboards have different layouts, the layout of the one that is pressed
+/// counts.
 class X11HotKeyManager final : public HotKeyManager
 {
     Q_OBJECT
@@ -45,19 +46,27 @@ private:
         std::uint32_t keyCode = 0;
         std::uint32_t modifiers = 0;
         std::vector<Grab> grabs;
+        /// Where keyboards other than the one in use have the same combination. Needed when one of them is pressed,
+        /// which is noticed too late to grab anything.
+        std::vector<Grab> elsewhere;
     };
     struct Held
     {
         unsigned key = 0;
         std::uint32_t id = 0;
+        bool isReleaseHeard = true; ///< false: the next press may be a new one
     };
 
     void handleEvent(_XEvent& event);
     void keyPressed(unsigned key, unsigned state);
     void keyReleased(unsigned key);
-    void keyboardChanged();
+    void rebind();
     void connectionLost();
 
+    /// Looks up where @p hotKey's keys are now.
+    void locate(HotKey& hotKey) const;
+    void grab(const HotKey& hotKey);
+    [[nodiscard]] bool isMeant(const HotKey& hotKey, const Grab& pressed) const;
     [[nodiscard]] std::vector<Grab> resolve(const X11Keymap& keymap, const HotKey& hotKey) const;
     void grab(const std::vector<Grab>& wanted);
     void release(const std::vector<Grab>& unwanted);

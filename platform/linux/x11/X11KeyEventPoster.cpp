@@ -2,6 +2,7 @@
 
 #include "platform/linux/x11/X11Connection.h"
 #include "platform/linux/x11/X11ErrorTrap.h"
+#include "platform/linux/x11/X11Keyboards.h"
 #include "platform/linux/x11/X11Keymap.h"
 
 #include <QCoreApplication>
@@ -101,13 +102,14 @@ void X11KeyEventPoster::postPaste(PasteChord chord)
 
 X11KeyEventPoster::Stroke X11KeyEventPoster::strokeFor(PasteChord chord)
 {
-    const X11Keymap keymap(connection_);
-    if (!keymap.isValid())
+    const X11Keymap pressed(connection_);
+    const X11Keymap keymap(connection_, synthesisingKeyboard(connection_));
+    if (!pressed.isValid() || !keymap.isValid())
         throw KeyEventError(tr("The X server did not report the keyboard layout."));
     // The grab of our own held hot key would swallow the keystroke.
-    if (anyOrdinary(keysDown(), keymap))
-        XUngrabKeyboard(connection_.display(), CurrentTime);
-    freeModifiers(keymap);
+    if (anyOrdinary(keysDown(), pressed))
+        connection_.ungrabKeyboard();
+    freeModifiers(pressed);
 
     Stroke stroke{{}, keymap.activeGroup()};
     const auto addModifier = [&](unsigned mask, const std::vector<X11Keymap::Keysym>& keysyms) {
@@ -128,7 +130,7 @@ X11KeyEventPoster::Stroke X11KeyEventPoster::strokeFor(PasteChord chord)
         if (!keys.empty())
             stroke.group = group;
     }
-    stroke.keys.push_back(keys.empty() ? borrowKey(keymap, keysym) : keys.front());
+    stroke.keys.push_back(keys.empty() ? borrowKey(keymap, pressed, keysym) : keys.front());
     if (returnTimer_.isActive())
         returnTimer_.start();
     return stroke;
@@ -158,9 +160,10 @@ void X11KeyEventPoster::freeModifiers(const X11Keymap& keymap)
         XkbLockModifiers(display, XkbUseCoreKbd, state.locked_mods & ~keymap.lockMask(), 0);
 }
 
-unsigned X11KeyEventPoster::borrowKey(const X11Keymap& keymap, unsigned long keysym)
+/// The server changes the key on all keyboards, so none of them may need it.
+unsigned X11KeyEventPoster::borrowKey(const X11Keymap& keymap, const X11Keymap& pressed, unsigned long keysym)
 {
-    const auto key = keymap.emptyKey();
+    const auto key = keymap.emptyKeyWith(pressed);
     if (!key)
         throw KeyEventError(
             tr("The keyboard layout has no key for the paste keystroke and no unused key to map it to."));

@@ -11,7 +11,8 @@ namespace vantro {
 class X11Connection;
 class X11Keymap;
 
-/// Posts keystrokes through the XTest extension, which reaches every X11 program like a real keyboard.
+/// Posts keystrokes through the XTest extension, which reaches every X11 program like a real keyboard: one of its own,
+/// whose layout may differ from that of the keys under the user's fingers.
 ///
 /// Held modifiers are released first and not pressed again: the user does not expect them to apply after the paste, and
 /// a synthetic press could get stuck. A layout without a Latin `v` gets one on an unused key for a few seconds.
@@ -30,7 +31,7 @@ private:
 
     void freeModifiers(const X11Keymap& keymap);
     [[nodiscard]] Stroke strokeFor(PasteChord chord);
-    [[nodiscard]] unsigned borrowKey(const X11Keymap& keymap, unsigned long keysym);
+    [[nodiscard]] unsigned borrowKey(const X11Keymap& keymap, const X11Keymap& pressed, unsigned long keysym);
     void returnBorrowedKey();
     [[nodiscard]] std::vector<unsigned> keysDown() const;
 

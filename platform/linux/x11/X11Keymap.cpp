@@ -15,8 +15,6 @@ namespace vantro {
 
 namespace {
 
-constexpr unsigned modifierCount = 8;
-
 template <typename Deleter>
 XkbDescPtr asDescription(const std::unique_ptr<void, Deleter>& pointer)
 {
@@ -50,7 +48,7 @@ void X11Keymap::Free::operator()(void* description) const
     XkbFreeKeyboard(static_cast<XkbDescPtr>(description), 0, True);
 }
 
-X11Keymap::X11Keymap(X11Connection& connection)
+X11Keymap::X11Keymap(X11Connection& connection, std::optional<KeyboardDevice> keyboard)
 {
     if (!connection.isOpen())
         return;
@@ -58,7 +56,8 @@ X11Keymap::X11Keymap(X11Connection& connection)
     XkbStateRec state{};
     if (XkbGetState(display, XkbUseCoreKbd, &state) != Success)
         return;
-    XkbDescPtr const description = XkbGetMap(display, XkbKeySymsMask | XkbKeyTypesMask, XkbUseCoreKbd);
+    XkbDescPtr const description =
+        XkbGetMap(display, XkbKeySymsMask | XkbKeyTypesMask | XkbModifierMapMask, keyboard.value_or(XkbUseCoreKbd));
     if (description == nullptr)
         return;
     description_.reset(description);
@@ -67,24 +66,16 @@ X11Keymap::X11Keymap(X11Connection& connection)
         description->names = nullptr;
     for (KeyCode key = description->min_key_code; key <= description->max_key_code; ++key)
         groupCount_ = std::max<unsigned>(groupCount_, XkbKeyNumGroups(description, key));
-    readModifiers(connection);
+    readModifiers();
 }
 
 X11Keymap::~X11Keymap() = default;
 
-void X11Keymap::readModifiers(X11Connection& connection)
+void X11Keymap::readModifiers()
 {
-    XModifierKeymap* const map = XGetModifierMapping(connection.display());
-    if (map == nullptr)
-        return;
-    for (unsigned modifier = 0; modifier < modifierCount; ++modifier) {
-        for (int i = 0; i < map->max_keypermod; ++i) {
-            if (const auto key =
-                    map->modifiermap[modifier * static_cast<unsigned>(map->max_keypermod) + static_cast<unsigned>(i)])
-                keyModifiers_[key] |= 1U << modifier;
-        }
-    }
-    XFreeModifiermap(map);
+    XkbDescPtr const description = asDescription(description_);
+    for (KeyCode key = description->min_key_code; key <= description->max_key_code; ++key)
+        keyModifiers_[key] = description->map->modmap[key];
     lockMask_ = LockMask | modifierMask({XK_Num_Lock}) | modifierMask({XK_Scroll_Lock});
 }
 
@@ -163,13 +154,18 @@ std::optional<X11Keymap::Keysym> X11Keymap::letterInPlaceOf(KeyCode key) const
     return std::nullopt;
 }
 
-std::optional<X11Keymap::KeyCode> X11Keymap::emptyKey() const
+bool X11Keymap::isEmpty(KeyCode key) const
 {
-    if (!isValid())
+    return XkbKeyNumGroups(asDescription(description_), key) == 0 && keyModifiers_[key] == 0;
+}
+
+std::optional<X11Keymap::KeyCode> X11Keymap::emptyKeyWith(const X11Keymap& other) const
+{
+    if (!isValid() || !other.isValid())
         return std::nullopt;
     XkbDescPtr const description = asDescription(description_);
     for (KeyCode key = description->max_key_code; key >= description->min_key_code; --key) {
-        if (XkbKeyNumGroups(description, key) == 0 && keyModifiers_[key] == 0)
+        if (isEmpty(key) && other.isEmpty(key))
             return key;
     }
     return std::nullopt;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/linux/x11/X11Keyboards.h"
+
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -10,15 +12,16 @@ namespace vantro {
 
 class X11Connection;
 
-/// A snapshot of the server's keyboard mapping: the symbol of each key in each layout group, and the modifiers. Create
-/// a new one after every change. Key codes are the X server's (8 to 255).
+/// A snapshot of one keyboard's mapping: the symbol of each key in each layout group, and the modifiers. Create a new
+/// one after every change. Key codes are the X server's (8 to 255).
 class X11Keymap
 {
 public:
     using KeyCode = unsigned;
     using Keysym = unsigned long;
 
-    explicit X11Keymap(X11Connection& connection);
+    /// By default of the keyboard that was pressed last.
+    explicit X11Keymap(X11Connection& connection, std::optional<KeyboardDevice> keyboard = {});
     ~X11Keymap();
     X11Keymap(const X11Keymap&) = delete;
     X11Keymap& operator=(const X11Keymap&) = delete;
@@ -38,8 +41,8 @@ public:
     [[nodiscard]] std::optional<Keysym> letterInPlaceOf(KeyCode key) const;
     /// The unmodified symbol of @p key in @p group.
     [[nodiscard]] std::optional<Keysym> keysym(KeyCode key, unsigned group) const;
-    /// A key without a symbol in any group.
-    [[nodiscard]] std::optional<KeyCode> emptyKey() const;
+    /// The last key without a symbol in any group, here and on @p other.
+    [[nodiscard]] std::optional<KeyCode> emptyKeyWith(const X11Keymap& other) const;
 
     /// The modifier bits set by keys with one of @p keysyms.
     [[nodiscard]] unsigned modifierMask(const std::vector<Keysym>& keysyms) const;
@@ -59,8 +62,9 @@ private:
     };
 
     [[nodiscard]] std::string_view placeOf(KeyCode key) const;
+    [[nodiscard]] bool isEmpty(KeyCode key) const;
     [[nodiscard]] bool carries(KeyCode key, const std::vector<Keysym>& keysyms) const;
-    void readModifiers(X11Connection& connection);
+    void readModifiers();
 
     std::unique_ptr<void, Free> description_;
     std::vector<unsigned> keyModifiers_ = std::vector<unsigned>(256, 0);

@@ -70,6 +70,23 @@ bool X11Pasteboard::isOwner(Selection selection) const
     return service_->isOwner(selection);
 }
 
+void X11Pasteboard::fetchContents(Selection selection)
+{
+    if (const auto owner = service_->ownerOf(selection); owner && !isQts(*owner))
+        service_->fetchContents(selection);
+}
+
+std::shared_ptr<const Pasteboard::Contents> X11Pasteboard::contents(Selection selection) const
+{
+    const auto owner = service_->ownerOf(selection);
+    return owner && !isQts(*owner) ? service_->contents(selection) : nullptr;
+}
+
+void X11Pasteboard::setContents(Selection selection, const std::shared_ptr<const Contents>& contents)
+{
+    service_->own(selection, std::dynamic_pointer_cast<const SelectionContents>(contents));
+}
+
 void X11Pasteboard::clear(Selection selection)
 {
     service_->disown(selection);

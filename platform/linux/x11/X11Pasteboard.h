@@ -24,6 +24,9 @@ public:
     void setSecret(Selection selection, const QString& text) override;
     [[nodiscard]] bool isSecret(Selection selection) const override;
     [[nodiscard]] bool isOwner(Selection selection) const override;
+    void fetchContents(Selection selection) override;
+    [[nodiscard]] std::shared_ptr<const Contents> contents(Selection selection) const override;
+    void setContents(Selection selection, const std::shared_ptr<const Contents>& contents) override;
     void clear(Selection selection) override;
     [[nodiscard]] bool wasFetched(Selection selection) const override;
     [[nodiscard]] bool wasFetchedBy(Selection selection, WindowID window) const override;

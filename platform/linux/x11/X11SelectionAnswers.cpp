@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <iterator>
 #include <span>
 
 using namespace std::chrono_literals;
@@ -23,6 +24,11 @@ std::vector<xcb_atom_t> X11SelectionService::textTargets() const
 
 std::vector<xcb_atom_t> X11SelectionService::targetsOf(const Owned& mine) const
 {
+    if (mine.contents) {
+        std::vector<xcb_atom_t> all;
+        std::ranges::transform(mine.contents->formats, std::back_inserter(all), &Format::target);
+        return all;
+    }
     auto result = textTargets();
     if (mine.privacy == Privacy::secret)
         result.push_back(atoms_[SecretHint]);
@@ -70,6 +76,12 @@ bool X11SelectionService::give(Owned& mine, xcb_window_t requestor, xcb_atom_t t
                             &mine.since);
         return true;
     }
+    if (mine.contents) {
+        const Format* const format = mine.contents->find(target);
+        if (format != nullptr)
+            put(requestor, property, format->type, format->bytes, format->itemBits);
+        return format != nullptr;
+    }
     if (target == atoms_[SecretHint] && mine.privacy == Privacy::secret) {
         put(requestor, property, target, secretHintValue);
         return true;
@@ -108,11 +120,12 @@ bool X11SelectionService::giveMultiple(Owned& mine, xcb_window_t requestor, xcb_
     return true;
 }
 
-void X11SelectionService::put(xcb_window_t requestor, xcb_atom_t property, xcb_atom_t type, const QByteArray& bytes)
+void X11SelectionService::put(xcb_window_t requestor, xcb_atom_t property, xcb_atom_t type, const QByteArray& bytes,
+                              std::uint8_t itemBits)
 {
     if (static_cast<std::size_t>(bytes.size()) <= maxPropertyBytes_) {
-        xcb_change_property(connection_.get(), XCB_PROP_MODE_REPLACE, requestor, property, type, 8,
-                            static_cast<std::uint32_t>(bytes.size()), bytes.constData());
+        xcb_change_property(connection_.get(), XCB_PROP_MODE_REPLACE, requestor, property, type, itemBits,
+                            static_cast<std::uint32_t>(bytes.size() * 8 / itemBits), bytes.constData());
         return;
     }
     std::erase_if(transfers_, [](const Transfer& old) { return Clock::now() - old.lastMoved > transferLimit; });
@@ -121,7 +134,7 @@ void X11SelectionService::put(xcb_window_t requestor, xcb_atom_t property, xcb_a
     const auto atLeastBytes = static_cast<std::uint32_t>(bytes.size());
     xcb_change_property(connection_.get(), XCB_PROP_MODE_REPLACE, requestor, property, atoms_[Incr], 32, 1,
                         &atLeastBytes);
-    transfers_.push_back({requestor, property, type, bytes, Clock::now()});
+    transfers_.push_back({requestor, property, type, itemBits, bytes, Clock::now()});
 }
 
 void X11SelectionService::continueTransfer(const xcb_property_notify_event_t& event)
@@ -133,7 +146,8 @@ void X11SelectionService::continueTransfer(const xcb_property_notify_event_t& ev
         return;
     const QByteArray piece = transfer->rest.left(static_cast<qsizetype>(maxPropertyBytes_));
     xcb_change_property(connection_.get(), XCB_PROP_MODE_REPLACE, transfer->requestor, transfer->property,
-                        transfer->type, 8, static_cast<std::uint32_t>(piece.size()), piece.constData());
+                        transfer->type, transfer->itemBits,
+                        static_cast<std::uint32_t>(piece.size() * 8 / transfer->itemBits), piece.constData());
     xcb_flush(connection_.get());
     // An empty piece marks the end.
     if (piece.isEmpty()) {

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
+#include <limits>
 #include <utility>
 
 using namespace std::chrono_literals;
@@ -89,9 +90,10 @@ X11SelectionService::~X11SelectionService()
 void X11SelectionService::internAtoms()
 {
     constexpr std::array<const char*, AtomCount> names{
-        "CLIPBOARD",    "CLIPBOARD_MANAGER",        "INCR",      "MULTIPLE",   "PRIMARY",
-        "SAVE_TARGETS", "VANTRO_SELECTION",         secretHint,  "TARGETS",    "TEXT",
-        "text/plain",   "text/plain;charset=utf-8", "TIMESTAMP", "UTF8_STRING"};
+        "CLIPBOARD",        "CLIPBOARD_MANAGER", "DELETE",  "INCR",         "INSERT_PROPERTY",
+        "INSERT_SELECTION", "MULTIPLE",          "PRIMARY", "SAVE_TARGETS", "VANTRO_SELECTION",
+        secretHint,         "TARGETS",           "TEXT",    "text/plain",   "text/plain;charset=utf-8",
+        "TIMESTAMP",        "UTF8_STRING"};
     std::array<xcb_intern_atom_cookie_t, AtomCount> cookies{};
     std::ranges::transform(names, cookies.begin(), [this](const char* name) {
         return xcb_intern_atom(connection_.get(), 0, static_cast<std::uint16_t>(std::strlen(name)), name);
@@ -104,17 +106,24 @@ void X11SelectionService::internAtoms()
 
 bool X11SelectionService::onThread(std::function<void()> action)
 {
-    Work work{std::move(action), {}};
-    std::future<bool> done = work.done.get_future();
+    std::promise<bool> done;
+    std::future<bool> result = done.get_future();
+    enqueue({std::move(action), std::move(done)});
+    return result.get();
+}
+
+void X11SelectionService::enqueue(Work work)
+{
     {
         const std::scoped_lock lock(mutex_);
-        if (closed_)
-            return false;
+        if (closed_) {
+            work.done.set_value(false);
+            return;
+        }
         work_.push_back(std::move(work));
     }
     const std::uint64_t one = 1;
     std::ignore = ::write(wakeFd_, &one, sizeof one);
-    return done.get();
 }
 
 void X11SelectionService::run()
@@ -213,8 +222,9 @@ std::optional<QByteArray> X11SelectionService::read(Selection selection)
 {
     std::optional<QByteArray> result;
     onThread([&] {
-        if (owned(selection)) {
-            result = owned(selection)->utf8;
+        if (const auto& mine = owned(selection)) {
+            if (!mine->contents || mine->contents->find(atoms_[Utf8String]) != nullptr)
+                result = mine->utf8;
             return;
         }
         const auto giveUp = Clock::now() + readLimit;
@@ -247,16 +257,40 @@ bool X11SelectionService::isOwner(Selection selection)
 
 void X11SelectionService::own(Selection selection, const QByteArray& utf8, Privacy privacy)
 {
+    onThread([&] { claim(selection, Owned{utf8, privacy, serverTime(), {}, nullptr}); });
+}
+
+void X11SelectionService::own(Selection selection, std::shared_ptr<const SelectionContents> contents)
+{
+    if (!contents)
+        return;
     onThread([&] {
-        owned(selection) = Owned{utf8, privacy, serverTime(), {}};
-        xcb_set_selection_owner(connection_.get(), window_, atomOf(selection), owned(selection)->since);
-        const auto reply = owner(xcb_get_selection_owner_reply(
-            connection_.get(), xcb_get_selection_owner(connection_.get(), atomOf(selection)), nullptr));
-        if (!reply || reply->owner != window_) {
-            owned(selection).reset();
-            Logger("X11Pasteboard").error(QStringLiteral("The X server did not grant clipboard ownership"));
-        }
+        const auto* const text = contents->find(atoms_[Utf8String]);
+        const auto* const hint = contents->find(atoms_[SecretHint]);
+        const bool isSecret = hint != nullptr && hint->bytes == secretHintValue;
+        claim(selection, Owned{text != nullptr ? text->bytes : QByteArray(),
+                               isSecret ? Privacy::secret : Privacy::open,
+                               serverTime(),
+                               {},
+                               contents});
     });
+}
+
+void X11SelectionService::claim(Selection selection, Owned content)
+{
+    owned(selection) = std::move(content);
+    xcb_set_selection_owner(connection_.get(), window_, atomOf(selection), owned(selection)->since);
+    if (currentOwner(selection) == window_)
+        return;
+    owned(selection).reset();
+    Logger("X11Pasteboard").error(QStringLiteral("The X server did not grant clipboard ownership"));
+}
+
+xcb_window_t X11SelectionService::currentOwner(Selection selection)
+{
+    const auto reply = owner(xcb_get_selection_owner_reply(
+        connection_.get(), xcb_get_selection_owner(connection_.get(), atomOf(selection)), nullptr));
+    return reply ? reply->owner : static_cast<xcb_window_t>(XCB_NONE);
 }
 
 void X11SelectionService::disown(Selection selection)
@@ -264,9 +298,7 @@ void X11SelectionService::disown(Selection selection)
     onThread([&] {
         owned(selection).reset();
         xcb_set_selection_owner(connection_.get(), XCB_NONE, atomOf(selection), serverTime());
-        // A round trip, so that later queries on any connection find no owner.
-        std::ignore = owner(xcb_get_selection_owner_reply(
-            connection_.get(), xcb_get_selection_owner(connection_.get(), atomOf(selection)), nullptr));
+        std::ignore = currentOwner(selection); // a round trip, so that later queries on any connection find no owner
     });
 }
 
@@ -274,10 +306,8 @@ std::optional<WindowID> X11SelectionService::ownerOf(Selection selection)
 {
     std::optional<WindowID> result;
     onThread([&] {
-        const auto reply = owner(xcb_get_selection_owner_reply(
-            connection_.get(), xcb_get_selection_owner(connection_.get(), atomOf(selection)), nullptr));
-        if (reply && reply->owner != XCB_NONE)
-            result = reply->owner;
+        if (const xcb_window_t present = currentOwner(selection); present != XCB_NONE)
+            result = present;
     });
     return result;
 }
@@ -297,6 +327,13 @@ bool X11SelectionService::wasFetchedBy(Selection selection, std::optional<Window
 
 std::optional<QByteArray> X11SelectionService::fetch(xcb_atom_t selection, xcb_atom_t target, Clock::time_point giveUp)
 {
+    const auto format = fetchFormat(selection, target, giveUp, std::numeric_limits<qsizetype>::max());
+    return format && format->type == target ? std::optional(format->bytes) : std::nullopt;
+}
+
+std::optional<X11SelectionService::Format>
+X11SelectionService::fetchFormat(xcb_atom_t selection, xcb_atom_t target, Clock::time_point giveUp, qsizetype maxBytes)
+{
     const auto limit = [&] {
         return std::min(giveUp, Clock::now() + silenceLimit);
     };
@@ -312,28 +349,33 @@ std::optional<QByteArray> X11SelectionService::fetch(xcb_atom_t selection, xcb_a
     if (!answered || notify_->property == XCB_NONE)
         return std::nullopt;
 
-    xcb_atom_t type = XCB_NONE;
     propertyArrived_ = false;
-    auto whole = takeProperty(type);
-    if (type != atoms_[Incr])
-        return type == target ? whole : std::nullopt;
-    whole = QByteArray();
-    while (true) {
+    auto whole = takeProperty();
+    if (!whole)
+        return std::nullopt;
+    const bool isInPieces = whole->type == atoms_[Incr];
+    if (isInPieces)
+        whole->bytes.clear();
+    for (bool isFirst = true; isInPieces; isFirst = false) {
         if (!pumpUntil([this] { return std::exchange(propertyArrived_, false); }, limit()))
             return std::nullopt;
-        const auto piece = takeProperty(type);
-        if (!piece)
+        const auto piece = takeProperty();
+        if (!piece || (!isFirst && piece->type != whole->type))
             return std::nullopt;
-        if (type != target)
+        whole->type = piece->type;
+        whole->itemBits = piece->itemBits;
+        if (piece->bytes.isEmpty())
+            break;
+        if (whole->bytes.size() + piece->bytes.size() > maxBytes)
             return std::nullopt;
-        if (piece->isEmpty())
-            return whole;
-        whole->append(*piece);
+        whole->bytes.append(piece->bytes);
     }
+    whole->target = target;
+    return whole->bytes.size() <= maxBytes ? whole : std::nullopt;
 }
 
 /// Deletes the property, which makes an INCR sender continue.
-std::optional<QByteArray> X11SelectionService::takeProperty(xcb_atom_t& type)
+std::optional<X11SelectionService::Format> X11SelectionService::takeProperty()
 {
     constexpr std::uint32_t everything = 0x1fffffff;
     const auto reply = owner(xcb_get_property_reply(
@@ -342,9 +384,9 @@ std::optional<QByteArray> X11SelectionService::takeProperty(xcb_atom_t& type)
         nullptr));
     if (!reply || reply->type == XCB_NONE)
         return std::nullopt;
-    type = reply->type;
-    return QByteArray(static_cast<const char*>(xcb_get_property_value(reply.get())),
-                      xcb_get_property_value_length(reply.get()));
+    return Format{XCB_NONE, reply->type, reply->format,
+                  QByteArray(static_cast<const char*>(xcb_get_property_value(reply.get())),
+                             xcb_get_property_value_length(reply.get()))};
 }
 
 /// The server's clock can only be read from the timestamp of a property change.

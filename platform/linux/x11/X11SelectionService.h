@@ -28,6 +28,28 @@ bool sameClient(xcb_connection_t* connection, std::uint32_t left, std::uint32_t 
 /// Owns and reads X selections on a thread of its own (see the Inter-Client Communication Conventions Manual, section
 /// 2). Public functions may be called from any other thread and block until it is done: a foreign program can delay
 /// that by half a second of silence, and by two seconds in total.
+/// What a program offered as a selection.
+struct SelectionContents final : Pasteboard::Contents
+{
+    struct Format
+    {
+        xcb_atom_t target = XCB_NONE;
+        xcb_atom_t type = XCB_NONE;
+        std::uint8_t itemBits = 8;
+        QByteArray bytes;
+    };
+
+    xcb_window_t owner = XCB_NONE;
+    QByteArray since; ///< the owner's time stamp; empty if it does not tell
+    std::vector<Format> formats;
+
+    [[nodiscard]] const Format* find(xcb_atom_t target) const
+    {
+        const auto found = std::ranges::find(formats, target, &Format::target);
+        return found != formats.end() ? &*found : nullptr;
+    }
+};
+
 class X11SelectionService
 {
 public:
@@ -43,6 +65,12 @@ public:
     [[nodiscard]] std::optional<QByteArray> read(Selection selection);
     void own(Selection selection, const QByteArray& utf8, Privacy privacy);
     /// Whether the owner, this program or another, marks its text as a secret.
+    /// Replaces the contents of the selection by what another program offered once.
+    void own(Selection selection, std::shared_ptr<const SelectionContents> contents);
+    /// Fetches in the background what the owner offers, for contents().
+    void fetchContents(Selection selection);
+    /// What the owner offers now; fetched again if it has changed since fetchContents(). Waits 300 ms at most.
+    [[nodiscard]] std::shared_ptr<const SelectionContents> contents(Selection selection);
     [[nodiscard]] bool isSecret(Selection selection);
     [[nodiscard]] bool isOwner(Selection selection);
     void disown(Selection selection);
@@ -64,6 +92,7 @@ private:
         Privacy privacy = Privacy::open;
         xcb_timestamp_t since = XCB_CURRENT_TIME;
         std::vector<xcb_window_t> fetchedBy;
+        std::shared_ptr<const SelectionContents> contents; ///< served instead of the text, unless null
     };
     /// An INCR transfer: a long text sent in chunks as the other program deletes the property.
     struct Transfer
@@ -71,6 +100,7 @@ private:
         xcb_window_t requestor = XCB_NONE;
         xcb_atom_t property = XCB_NONE;
         xcb_atom_t type = XCB_NONE;
+        std::uint8_t itemBits = 8;
         QByteArray rest;
         Clock::time_point lastMoved;
     };
@@ -82,7 +112,10 @@ private:
     enum Atom {
         Clipboard,
         ClipboardManager,
+        Delete,
         Incr,
+        InsertProperty,
+        InsertSelection,
         Multiple,
         Primary,
         SaveTargets,
@@ -99,6 +132,7 @@ private:
 
     /// Runs @p action on the thread and waits for it. Returns false without a server.
     bool onThread(std::function<void()> action);
+    void enqueue(Work work);
     void run();
     void runWork();
     void internAtoms();
@@ -109,10 +143,23 @@ private:
     void answer(const xcb_selection_request_event_t& request);
     bool give(Owned& mine, xcb_window_t requestor, xcb_atom_t target, xcb_atom_t property);
     bool giveMultiple(Owned& mine, xcb_window_t requestor, xcb_atom_t property);
-    void put(xcb_window_t requestor, xcb_atom_t property, xcb_atom_t type, const QByteArray& bytes);
+    void put(xcb_window_t requestor, xcb_atom_t property, xcb_atom_t type, const QByteArray& bytes,
+             std::uint8_t itemBits = 8);
     void continueTransfer(const xcb_property_notify_event_t& event);
+    using Format = SelectionContents::Format;
+
     [[nodiscard]] std::optional<QByteArray> fetch(xcb_atom_t selection, xcb_atom_t target, Clock::time_point giveUp);
-    [[nodiscard]] std::optional<QByteArray> takeProperty(xcb_atom_t& type);
+    /// Of any type, @p maxBytes at most.
+    [[nodiscard]] std::optional<Format> fetchFormat(xcb_atom_t selection, xcb_atom_t target, Clock::time_point giveUp,
+                                                    qsizetype maxBytes);
+    [[nodiscard]] std::optional<Format> takeProperty();
+    void claim(Selection selection, Owned owned);
+    [[nodiscard]] xcb_window_t currentOwner(Selection selection);
+    [[nodiscard]] std::shared_ptr<const SelectionContents> fetchAll(Selection selection, Clock::duration patience);
+    [[nodiscard]] bool isStill(Selection selection, const SelectionContents& contents);
+    [[nodiscard]] QByteArray fetchTimestamp(Selection selection, Clock::time_point giveUp);
+    [[nodiscard]] bool isContent(xcb_atom_t target) const;
+    [[nodiscard]] QString nameOf(xcb_atom_t atom);
     [[nodiscard]] xcb_timestamp_t serverTime();
     void leaveToManager();
 
@@ -130,6 +177,7 @@ private:
 
     // Used only on the thread once it runs.
     std::array<std::optional<Owned>, 2> owned_;
+    std::array<std::shared_ptr<const SelectionContents>, 2> fetched_;
     std::vector<Transfer> transfers_;
     std::optional<xcb_selection_notify_event_t> notify_;
     bool propertyArrived_ = false;

@@ -3,6 +3,7 @@
 #include "base/Logger.h"
 #include "platform/linux/x11/X11Connection.h"
 #include "platform/linux/x11/X11ErrorTrap.h"
+#include "platform/linux/x11/X11UserActivity.h"
 
 #include <QDesktopServices>
 #include <QGuiApplication>
@@ -238,6 +239,11 @@ std::optional<unsigned long> X11Workspace::parentOf(unsigned long window) const
 bool X11Workspace::isCompositing() const
 {
     return connection_.isOpen() && XGetSelectionOwner(connection_.display(), compositorAtom_) != None;
+}
+
+std::unique_ptr<UserActivity> X11Workspace::watchUser()
+{
+    return std::make_unique<X11UserActivity>(connection_);
 }
 
 } // namespace vantro

@@ -26,6 +26,7 @@ public:
     [[nodiscard]] QStringList windowClass(WindowID window) const override;
     bool openUrl(const QString& url) override;
     [[nodiscard]] bool isCompositing() const override;
+    [[nodiscard]] std::unique_ptr<UserActivity> watchUser() override;
 
 private:
     enum class TopLevel { Managed, Any };

@@ -11,6 +11,10 @@
 #include <QKeyEvent>
 #include <QScreen>
 
+#include <algorithm>
+
+using namespace std::chrono_literals;
+
 void qml_register_types_Vantro_Launcher();
 
 namespace vantro {
@@ -19,6 +23,10 @@ namespace {
 
 constexpr QSize panelSize(500, 200);
 constexpr int cornerRadius = 14;
+/// Between what the user does and the window manager's answer to it.
+constexpr auto answerLimit = 500ms;
+constexpr auto fightSpan = 2000ms;
+constexpr std::size_t fightRounds = 3;
 
 } // namespace
 
@@ -28,6 +36,7 @@ Launcher::Launcher(const Context& context)
     , shortcuts_(context.shortcuts)
     , workspace_(context.workspace)
     , notifications_(context.notifications)
+    , clock_(context.clock)
     , model_(context.dictation, context.clock, context.modes, context.microphone)
 {
     keepModule(qml_register_types_Vantro_Launcher);
@@ -42,6 +51,8 @@ Launcher::Launcher(const Context& context)
     // On release, so that the key release does not reach the window that receives the text.
     inFocusActionObserver_ =
         shortcuts_.onKeyUp(KeyboardShortcuts::Name::stopRecordingAndCloseModal, *this, [this] { dictation_.stop(); });
+    cancelObserver_ =
+        shortcuts_.onKeyUp(KeyboardShortcuts::Name::cancelDictation, *this, [this] { cancelOperation(); });
     // Focus events also arrive when a hot key merely fires, so follow the front window instead.
     connect(&workspace_, &Workspace::frontWindowChanged, this, &Launcher::followKeyboard);
     logger_.debug(QStringLiteral("I appeared"));
@@ -67,19 +78,35 @@ void Launcher::makeKeyAndOrderFront()
 {
     const QString stopKeys = keysOf(KeyboardShortcuts::Name::stopRecordingAndCloseModal);
     model_.setEndingHint(tr("<%1> Start transcription").arg(stopKeys), tr("Esc Cancel"));
+    former_ = workspace_.frontWindow();
     show();
     raise();
+    takeKeyboard();
+    followKeyboard();
+}
+
+void Launcher::takeKeyboard()
+{
     requestActivate();
     workspace_.activateWindow(winId());
-    followKeyboard();
 }
 
 void Launcher::orderFront()
 {
-    model_.setEndingHint(tr("Release %1 to transcribe").arg(keysOf(KeyboardShortcuts::Name::openModal)), {});
-    setFlag(Qt::WindowDoesNotAcceptFocus);
+    model_.setEndingHint(tr("Release %1 to transcribe").arg(keysOf(KeyboardShortcuts::Name::openModal)),
+                         tr("Esc Cancel"));
+    connect(&dictation_, &Dictation::stateChanged, this, &Launcher::followState);
+    // Past the window manager, which keeps full-screen windows that have the keyboard above everything it manages.
+    setFlags(Qt::ToolTip | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint | Qt::WindowDoesNotAcceptFocus);
     show();
     raise();
+}
+
+/// Without the keyboard, Escape belongs to the window in front as soon as the shortcut is released.
+void Launcher::followState()
+{
+    if (dictation_.state() > Dictation::State::recording)
+        model_.setEndingHint({}, {});
 }
 
 QString Launcher::keysOf(const KeyboardShortcuts::Name& name) const
@@ -92,26 +119,74 @@ void Launcher::followKeyboard()
 {
     if (isClosed_)
         return;
-    const bool hasKeyboard = workspace_.frontWindow() == std::optional<WindowID>(winId());
-    if (hasKeyboard && !isKey_)
+    if (hasKeyboard() && !isKey_)
         becomeKey();
-    else if (!hasKeyboard && isKey_)
+    else if (!hasKeyboard() && isKey_ && !takeBack())
         closePanel();
+}
+
+bool Launcher::hasKeyboard() const
+{
+    return workspace_.frontWindow() == std::optional<WindowID>(winId());
+}
+
+/// Another window came to the front. One that the user has not gone to, because the pointer strayed over it or its
+/// program opened it, does not end the dictation. Returns false if the launcher has to give way.
+bool Launcher::takeBack()
+{
+    std::erase_if(takenBack_, [now = clock_.now()](Clock::Instant when) { return now - when > fightSpan; });
+    if (takenBack_.size() >= fightRounds || !activity_ || activity_->hasActed(answerLimit, latestOwnInput_))
+        return false;
+    takenBack_.push_back(clock_.now());
+    wasNudged_ = true;
+    logger_.info(QStringLiteral("Taking the keyboard back"));
+    takeKeyboard();
+    clock_.callAfter(answerLimit, this, [this] {
+        if (!isClosed_ && !hasKeyboard())
+            closePanel();
+    });
+    return true;
+}
+
+/// What is done in the launcher itself does not count as going elsewhere.
+bool Launcher::event(QEvent* event)
+{
+    if (event->isInputEvent())
+        latestOwnInput_ = std::max(latestOwnInput_, static_cast<QInputEvent*>(event)->timestamp());
+    return QQuickView::event(event);
 }
 
 void Launcher::becomeKey()
 {
     logger_.debug(QStringLiteral("Showing main window"));
     isKey_ = true;
+    activity_ = workspace_.watchUser();
     shortcuts_.enable({KeyboardShortcuts::Name::stopRecordingAndCloseModal});
+    if (escapeCancels())
+        shortcuts_.enable({KeyboardShortcuts::Name::cancelDictation});
+}
+
+/// Not when the user has chosen Escape to end recordings.
+bool Launcher::escapeCancels() const
+{
+    return shortcuts_.shortcut(KeyboardShortcuts::Name::stopRecordingAndCloseModal) !=
+           KeyboardShortcuts::Name::cancelDictation.defaultShortcut;
 }
 
 void Launcher::keyPressEvent(QKeyEvent* event)
 {
     if (event->key() == Qt::Key_Escape)
-        cancelOperation();
+        isEscapeDown_ = true; // pressed before it was a hot key
     else if (!handleDigit(event->text()))
         QQuickView::keyPressEvent(event);
+}
+
+void Launcher::keyReleaseEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Escape && !event->isAutoRepeat() && isEscapeDown_ && escapeCancels())
+        cancelOperation();
+    else
+        QQuickView::keyReleaseEvent(event);
 }
 
 bool Launcher::handleDigit(const QString& characters)
@@ -142,9 +217,14 @@ void Launcher::closePanel()
         return;
     isClosed_ = true;
     logger_.debug(QStringLiteral("closing window"));
-    shortcuts_.disable({KeyboardShortcuts::Name::stopRecordingAndCloseModal});
+    shortcuts_.disable({KeyboardShortcuts::Name::stopRecordingAndCloseModal, KeyboardShortcuts::Name::cancelDictation});
     dictation_.cancelRecording();
     inFocusActionObserver_.reset();
+    cancelObserver_.reset();
+    activity_.reset();
+    // Otherwise the window manager would pick the window that came to the front meanwhile.
+    if (wasNudged_ && former_ && hasKeyboard() && workspace_.windowExists(*former_))
+        workspace_.activateWindow(*former_);
     setSource(QUrl());
     notifications_.post(notification::launcherClosed);
     // The window manager returns the focus to the previous window.

@@ -9,12 +9,14 @@
 #include <QQuickView>
 
 #include <memory>
+#include <optional>
+#include <vector>
 
 namespace vantro {
 
 /// The recording panel of one dictation. While it has the focus, Space (grabbed as a global hot key) ends the
-/// recording, a digit chooses a mode and Escape cancels. It closes itself, discarding a running recording, when another
-/// window gets the focus. Main thread.
+/// recording, a digit chooses a mode and the release of Escape (a hot key too) cancels. It closes itself, discarding a
+/// running recording, when the user goes to another window. Main thread.
 class Launcher final : public QQuickView, public LauncherPanel
 {
     Q_OBJECT
@@ -40,15 +42,22 @@ public:
     void closePanel() override;
 
 protected:
+    bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
 private:
     void placeOnScreen();
     void followKeyboard();
+    void takeKeyboard();
+    [[nodiscard]] bool hasKeyboard() const;
+    [[nodiscard]] bool takeBack();
+    void followState();
     void becomeKey();
     [[nodiscard]] QString keysOf(const KeyboardShortcuts::Name& name) const;
     void cancelOperation();
+    [[nodiscard]] bool escapeCancels() const;
     [[nodiscard]] bool handleDigit(const QString& characters);
 
     Logger logger_{"Launcher"};
@@ -56,8 +65,16 @@ private:
     KeyboardShortcuts& shortcuts_;
     Workspace& workspace_;
     NotificationCenter& notifications_;
+    Clock& clock_;
     LauncherModel model_;
     KeyboardShortcuts::Registration inFocusActionObserver_;
+    KeyboardShortcuts::Registration cancelObserver_;
+    bool isEscapeDown_ = false;
+    std::unique_ptr<UserActivity> activity_; ///< while the launcher has the keyboard
+    std::vector<Clock::Instant> takenBack_;  ///< when it was taken back lately
+    std::optional<WindowID> former_;
+    quint64 latestOwnInput_ = 0; ///< the window system's time stamp
+    bool wasNudged_ = false;
     bool isKey_ = false;
     bool isClosed_ = false;
 };

@@ -1,4 +1,5 @@
 import QtQuick
+import QtQuick.Layouts
 import Vantro.Style
 import Vantro.Launcher
 
@@ -16,6 +17,17 @@ Rectangle {
     Accessible.role: Accessible.Dialog
     Accessible.name: model.processing ? qsTr("vantro, transcribing") : qsTr("vantro, recording")
     Accessible.description: hint.text
+
+    // Moved by hand: a window past the window manager cannot be moved by it.
+    MouseArea {
+        property point grip
+        anchors.fill: parent
+        onPressed: event => grip = Qt.point(event.x, event.y)
+        onPositionChanged: event => {
+            launcher.Window.window.x += event.x - grip.x
+            launcher.Window.window.y += event.y - grip.y
+        }
+    }
 
     Item {
         id: heard
@@ -51,9 +63,11 @@ Rectangle {
         Accessible.name: text
     }
 
-    Row {
+    RowLayout {
         id: pills
+        readonly property real fairShare: (heard.width - (launcher.model.modes.length - 1) * spacing) / launcher.model.modes.length
         anchors { left: heard.left; bottom: hints.top; bottomMargin: Theme.space16 }
+        width: Math.min(implicitWidth, heard.width)
         spacing: Theme.space8
         opacity: launcher.model.processing ? 0.5 : 1
         enabled: !launcher.model.processing
@@ -66,6 +80,9 @@ Rectangle {
                 number: index + 1
                 name: modelData
                 chosen: index === launcher.model.chosenMode
+                Layout.fillWidth: true
+                Layout.minimumWidth: Math.min(implicitWidth, pills.fairShare)
+                Layout.maximumWidth: implicitWidth
                 onPicked: launcher.model.chooseMode(index)
             }
         }

@@ -31,6 +31,8 @@ Rectangle {
     Text {
         id: label
         anchors.centerIn: parent
+        width: Math.min(implicitWidth, pill.width - 2 * Theme.space12)
+        elide: Text.ElideRight
         text: pill.number + "  " + pill.name
         color: pill.chosen ? Theme.accentText : Theme.text
         font.pixelSize: Theme.sizeBody

@@ -30,6 +30,7 @@ OnboardingModel::OnboardingModel(Parts parts)
     });
     connect(&parts_.devices, &AudioDeviceManager::availableDevicesChanged, this, &OnboardingModel::changed);
     connect(&parts_.shortcuts, &KeyboardShortcuts::shortcutFailed, this, &OnboardingModel::changed);
+    connect(&parts_.shortcuts, &KeyboardShortcuts::shortcutRecovered, this, &OnboardingModel::changed);
     observations_.push_back(parts_.notifications.observe(KeyboardShortcuts::shortcutByNameDidChange,
                                                          [this](const auto&) { Q_EMIT changed(); }));
     download_.setModel(parts_.model, {});

@@ -37,6 +37,13 @@ VPage {
             onToggled: on => page.settings.keepOnClipboard = on
         }
         VToggleRow {
+            title: qsTr("Give pictures, formatted text and files back too")
+            hint: qsTr("Up to 32 MB. When off, only plain text comes back.")
+            visible: !page.settings.keepOnClipboard
+            checked: page.settings.restoreEveryFormat
+            onToggled: on => page.settings.restoreEveryFormat = on
+        }
+        VToggleRow {
             title: qsTr("Play a sound when the text is ready")
             checked: page.settings.playSound
             onToggled: on => page.settings.playSound = on

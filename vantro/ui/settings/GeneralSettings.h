@@ -19,6 +19,7 @@ class GeneralSettings : public QObject
     QML_UNCREATABLE("made with its window")
     Q_PROPERTY(bool autoPaste READ autoPaste WRITE setAutoPaste NOTIFY changed)
     Q_PROPERTY(bool keepOnClipboard READ keepOnClipboard WRITE setKeepOnClipboard NOTIFY changed)
+    Q_PROPERTY(bool restoreEveryFormat READ restoreEveryFormat WRITE setRestoreEveryFormat NOTIFY changed)
     Q_PROPERTY(bool playSound READ playSound WRITE setPlaySound NOTIFY changed)
     Q_PROPERTY(bool keepModelInMemory READ keepModelInMemory WRITE setKeepModelInMemory NOTIFY changed)
     Q_PROPERTY(bool holdToTalk READ holdToTalk WRITE setHoldToTalk NOTIFY changed)
@@ -44,6 +45,8 @@ public:
     void setAutoPaste(bool on) { parts_.defaults.set(setting::autoPasteEnabled, on); }
     [[nodiscard]] bool keepOnClipboard() const { return parts_.defaults.get(setting::copyToClipboardEnabled); }
     void setKeepOnClipboard(bool on) { parts_.defaults.set(setting::copyToClipboardEnabled, on); }
+    [[nodiscard]] bool restoreEveryFormat() const { return parts_.defaults.get(setting::restoreEveryFormat); }
+    void setRestoreEveryFormat(bool on) { parts_.defaults.set(setting::restoreEveryFormat, on); }
     [[nodiscard]] bool playSound() const { return parts_.defaults.get(setting::playSoundOnComplete); }
     void setPlaySound(bool on) { parts_.defaults.set(setting::playSoundOnComplete, on); }
     [[nodiscard]] bool keepModelInMemory() const { return parts_.defaults.get(setting::whisperKeepModelInMemory); }

@@ -41,6 +41,7 @@ void TrayIcon::makeMenu()
         // Deferred until the menu has released its keyboard grab.
         QTimer::singleShot(0, this, &TrayIcon::dictateRequested);
     });
+    cancel_ = menu_.addAction(tr("Cancel Dictation"), this, &TrayIcon::cancelRequested);
     menu_.addSeparator();
     menu_.addAction(tr("History"), this, &TrayIcon::historyRequested);
     menu_.addAction(tr("Settings"), this, &TrayIcon::settingsRequested);
@@ -104,6 +105,7 @@ void TrayIcon::update()
     // Only shown, not assigned: the shortcut is a global one.
     dictate_->setText(shortcut_.isEmpty() ? name : name + QLatin1Char('\t') + shortcut_);
     dictate_->setEnabled(state_ == State::idle);
+    cancel_->setVisible(state_ != State::idle);
     const QIcon picture = pictureFor(state_, host_.kind());
     if (icon_) {
         icon_->setIcon(picture);

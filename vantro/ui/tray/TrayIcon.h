@@ -28,6 +28,7 @@ public:
 
 Q_SIGNALS:
     void dictateRequested();
+    void cancelRequested();
     void historyRequested();
     void settingsRequested();
     void modelsRequested();
@@ -47,7 +48,8 @@ private:
 
     TrayHost& host_;
     QMenu menu_;
-    QAction* dictate_ = nullptr;             ///< owned by the menu
+    QAction* dictate_ = nullptr;             ///< owned by the menu, like the next
+    QAction* cancel_ = nullptr;              ///< seen while there is a dictation
     std::unique_ptr<QSystemTrayIcon> icon_;  ///< in a StatusNotifier tray
     std::unique_ptr<EmbeddedIcon> embedded_; ///< in an XEmbed tray, otherwise
     State state_ = State::idle;

@@ -1,9 +1,11 @@
 #include "platform/KeyCode.h"
 #include "platform/linux/x11/X11HotKeyManager.h"
+#include "platform/linux/x11/X11KeyEventPoster.h"
 #include "tests/desktop/X11Session.h"
 
 #include <QElapsedTimer>
 
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -198,6 +200,36 @@ TEST_F(X11HotKeyTest, FollowsTheKeyThroughLayoutsAndNeverLosesARelease)
             return !seenUntilNow().empty();
         })) << layouts;
     }
+}
+
+TEST_F(X11HotKeyTest, IsFoundOnTheKeyboardThatIsPressed)
+{
+    user_->setLayoutOf(DesktopUser::Keyboard::own, {QStringLiteral("dvorak")});
+    user_->setLayoutOf(DesktopUser::Keyboard::synthesised, {QStringLiteral("us")});
+    manager_->registerHotKey(1, keyD, ctrlAlt);
+    X11KeyEventPoster poster(*connection_);
+    for (int round = 0; round < 3; ++round) {
+        poster.postPaste(KeyEventPoster::PasteChord::ControlV); // from now on the programs' keyboard is the other one
+        user_->chord({Place::leftControl, Place::leftAlt, dvorakD});
+        EXPECT_THAT(seenUntilNow(), ElementsAre(std::pair(Seen::Pressed, 1U), std::pair(Seen::Released, 1U)));
+    }
+    user_->chord(ctrlAltD);
+    EXPECT_THAT(seenUntilNow(), IsEmpty()) << "the key is a dvorak e there";
+}
+
+TEST_F(X11HotKeyTest, APressAfterAPasteOverTheHeldKeyCounts)
+{
+    manager_->registerHotKey(1, keyD, ctrlAlt);
+    X11KeyEventPoster poster(*connection_);
+    for (const unsigned place : ctrlAltD)
+        user_->press(place);
+    EXPECT_TRUE(eventually([&] { return seen_.size() == 1; }));
+    poster.postPaste(KeyEventPoster::PasteChord::ControlV); // takes the key from the hot key
+    for (const unsigned place : ctrlAltD)
+        user_->release(place);
+    std::ignore = seenUntilNow();
+    user_->chord(ctrlAltD);
+    EXPECT_THAT(seenUntilNow(), ElementsAre(std::pair(Seen::Pressed, 1U), std::pair(Seen::Released, 1U)));
 }
 
 TEST_F(X11HotKeyTest, TellsWhenALayoutChangeTakesTheKeyAwayAndComesBackWithTheNext)

@@ -139,6 +139,47 @@ TEST_F(X11PasteTest, LocksDoNotMatterAndStayAsTheyAre)
     EXPECT_TRUE(pasteArrives(*editor, Chord::ControlV));
 }
 
+TEST_F(X11PasteTest, ArrivesThroughAKeyboardWhoseLayoutIsNotTheUsers)
+{
+    const auto editor = TargetProgram::qtEditor(*workspace_);
+    const auto terminal = TargetProgram::xterm(*workspace_, QStringLiteral("Ctrl Shift <Key>v"));
+    const QString swapped = QStringLiteral("ctrl:swapcaps");
+    const std::vector<std::pair<QStringList, QStringList>> layouts{
+        {{QStringLiteral("dvorak")}, {QStringLiteral("us")}},
+        {{QStringLiteral("us")}, {QStringLiteral("dvorak")}},
+        {{QStringLiteral("us"), QStringLiteral("-option"), swapped}, {QStringLiteral("us")}},
+        {{QStringLiteral("us")}, {QStringLiteral("us"), QStringLiteral("-option"), swapped}},
+        {{QStringLiteral("us")}, {QStringLiteral("ru")}},
+        {{QStringLiteral("us,ru")}, {QStringLiteral("dvorak")}}};
+    for (const auto& [own, synthesised] : layouts) {
+        user_->setLayout(QStringLiteral("de"));
+        user_->setLayoutOf(DesktopUser::Keyboard::own, own);
+        user_->setLayoutOf(DesktopUser::Keyboard::synthesised, synthesised);
+        const std::string name = (own + synthesised).join(QLatin1Char(' ')).toStdString();
+        for (const auto& [target, chord] :
+             {std::pair(editor.get(), Chord::ControlV), std::pair(terminal.get(), Chord::ControlShiftV)}) {
+            workspace_->activateWindow(target->window());
+            ASSERT_TRUE(eventually([&] { return workspace_->hasInputFocus(target->window()); }));
+            user_->strike(Place::leftShift); // the programs' keyboard takes over the user's layout
+            EXPECT_TRUE(pasteArrives(*target, chord)) << name;
+            EXPECT_THAT(user_->keysDown(), IsEmpty()) << name;
+            EXPECT_EQ(user_->modifiers(), 0U) << name;
+        }
+    }
+}
+
+TEST_F(X11PasteTest, AHeldKeyIsReleasedForWhatItIsOnTheUsersKeyboard)
+{
+    const auto editor = TargetProgram::qtEditor(*workspace_);
+    user_->setLayoutOf(DesktopUser::Keyboard::own,
+                       {QStringLiteral("us"), QStringLiteral("-option"), QStringLiteral("ctrl:swapcaps")});
+    user_->press(Place::capsLock);
+    EXPECT_TRUE(pasteArrives(*editor, Chord::ControlV));
+    EXPECT_EQ(user_->modifiers(), 0U);
+    user_->release(Place::capsLock);
+    EXPECT_EQ(user_->modifiers(), 0U);
+}
+
 TEST_F(X11PasteTest, ATargetThatIsBusyStillFindsTheLetterThatItsLayoutLacks)
 {
     user_->setLayout(QStringLiteral("ru"));
