@@ -390,7 +390,6 @@ void Dictation::end()
         return;
     keepRest();
     enter(State::over);
-    parts_.recorder.cancelRecording();
     parts_.recorder.setProcessingMode(ProcessingMode::Normal);
     const auto anchor = launcherFrame();
     closeLauncher();
@@ -406,10 +405,9 @@ void Dictation::end()
 /// What a recording that ends early has not handed over yet.
 void Dictation::keepRest()
 {
-    if (!owed_.recording || owed_.recording->isFinished())
-        return;
-    parts_.recorder.stopRecording();
-    owed_.recording->finish(parts_.recorder.takeSamples());
+    const std::vector<float> rest = parts_.recorder.cancelRecording();
+    if (owed_.recording && !owed_.recording->isFinished())
+        owed_.recording->finish(rest);
 }
 
 void Dictation::settleRecording(std::optional<QRect> launcherFrame)

@@ -258,12 +258,15 @@ std::vector<float> AudioRecorder::takeSamples()
     return samples;
 }
 
-void AudioRecorder::cancelRecording()
+std::vector<float> AudioRecorder::cancelRecording()
 {
     if (!collector_)
-        return;
+        return {};
     logger_.info(QStringLiteral("Canceling the recording"));
+    const auto collector = collector_;
+    tearDown(collector.get());
     discard();
+    return collector->takeSamples();
 }
 
 void AudioRecorder::discard()

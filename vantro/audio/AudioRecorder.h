@@ -77,8 +77,8 @@ public:
     void stopRecording();
     /// Ends the capture and returns its samples: 16 kHz mono, nominally -1..1.
     [[nodiscard]] std::vector<float> takeSamples();
-    /// Discards the capture, before or after the stop.
-    void cancelRecording();
+    /// Ends the capture, before or after the stop, and returns what it had.
+    std::vector<float> cancelRecording();
 
     /// "audio-" and a UUID.
     [[nodiscard]] const QString& activeRecordingID() const { return activeRecordingID_; }

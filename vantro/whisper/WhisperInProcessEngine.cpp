@@ -101,7 +101,9 @@ QString elapsedText(const QElapsedTimer& timer)
     return QStringLiteral("%1 ms").arg(timer.elapsed());
 }
 
-whisper_full_params quietParameters()
+/// Without a language the library detects one, which takes a run of the encoder. A model that knows English only has no
+/// tokens for languages: whichever is given, its text is the same.
+whisper_full_params quietParameters(whisper_context* context)
 {
     whisper_full_params parameters = whisper_full_default_params(WHISPER_SAMPLING_GREEDY);
     parameters.no_context = true;
@@ -109,7 +111,7 @@ whisper_full_params quietParameters()
     parameters.print_realtime = false;
     parameters.print_timestamps = false;
     parameters.initial_prompt = nullptr;
-    parameters.language = nullptr;
+    parameters.language = whisper_is_multilingual(context) != 0 ? nullptr : "en";
     parameters.suppress_nst = true;
     return parameters;
 }
@@ -205,15 +207,17 @@ void WhisperInProcessEngine::loadNow(const QString& modelPath)
 
 void WhisperInProcessEngine::warmUpNow()
 {
-    if (!resident_ || waitingCount_ > 0)
+    if (!resident_ || resident_->isWarm || waitingCount_ > 0)
         return;
     QElapsedTimer timer;
     timer.start();
     const std::vector<float> silence(sampleRateHz, 0.0F);
-    whisper_full_params parameters = quietParameters();
+    whisper_full_params parameters = quietParameters(resident_->context);
+    parameters.language = "en"; // nothing is said
     parameters.abort_callback = isAnybodyWaiting;
     parameters.abort_callback_user_data = &waitingCount_;
     const int code = whisper_full(resident_->context, parameters, silence.data(), sampleRateHz);
+    resident_->isWarm = code == 0;
     if (code != 0 && waitingCount_ > 0)
         logger_.debug(QStringLiteral("whisper warmup gave way after %1").arg(elapsedText(timer)));
     else if (code != 0)
@@ -233,12 +237,12 @@ QString WhisperInProcessEngine::transcribeNow(const Request& request)
     const QByteArray language = request.language.toUtf8();
     const QByteArray prompt = request.prompt.toUtf8();
 
-    whisper_full_params parameters = quietParameters();
+    whisper_full_params parameters = quietParameters(resident_->context);
     parameters.translate = false;
     parameters.single_segment = false;
     if (!prompt.isEmpty())
         parameters.initial_prompt = prompt.constData();
-    if (language != "auto")
+    if (language != "auto" && parameters.language == nullptr)
         parameters.language = language.constData();
     parameters.suppress_blank = true;
     parameters.temperature = 0.0F;
@@ -256,6 +260,7 @@ QString WhisperInProcessEngine::transcribeNow(const Request& request)
     const int code = whisper_full(resident_->context, parameters, request.samples.data(), count);
     if (code != 0)
         throw WhisperInProcessError::transcriptionFailed(code);
+    resident_->isWarm = true;
     QByteArray text;
     for (int i = 0; i < whisper_full_n_segments(resident_->context); ++i) {
         if (const char* segment = whisper_full_get_segment_text(resident_->context, i))

@@ -62,8 +62,8 @@ public:
     /// A no-op when this file is loaded and has not been replaced since. A failed load (modelLoadFailed) keeps the
     /// loaded model.
     [[nodiscard]] QFuture<void> load(const QString& modelPath);
-    /// Runs a second of silence through the model, so that the first dictation finds it paged in. Aborts as soon as
-    /// other work arrives. Failures are only logged.
+    /// Runs a second of silence through a model that has not run since it was loaded, so that the first dictation finds
+    /// it paged in. Aborts as soon as other work arrives. Failures are only logged.
     QFuture<void> warmUp();
     /// Returns the trimmed text. Throws modelNotLoaded, transcriptionFailed or stopped.
     [[nodiscard]] QFuture<QString> transcribe(Request request);
@@ -76,6 +76,7 @@ private:
     {
         whisper_context* context = nullptr;
         FileVersion file;
+        bool isWarm = false; ///< it has run once since it was loaded
     };
 
     template <typename Work>
