@@ -50,7 +50,7 @@ Item {
                 anchors.horizontalCenter: parent.horizontalCenter
                 text: hud.model.title
                 color: Theme.text
-                font.pixelSize: Theme.sizeDisplay
+                font.pixelSize: hud.model.isSentence ? Theme.sizeTitle : Theme.sizeDisplay
                 font.weight: Font.DemiBold
             }
             Text {
