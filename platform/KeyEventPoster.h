@@ -25,6 +25,9 @@ public:
     /// swallows all keystrokes until it is released, so wait before posting.
     [[nodiscard]] virtual bool isOrdinaryKeyDown() const = 0;
 
+    /// Whether another program has the keyboard to itself: an open menu, or a locked screen.
+    [[nodiscard]] virtual bool isKeyboardTaken() const = 0;
+
     /// Presses and releases @p chord, independently of the keyboard layout and held modifiers. Leaves no key pressed,
     /// even when it throws KeyEventError.
     virtual void postPaste(PasteChord chord) = 0;

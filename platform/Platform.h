@@ -12,6 +12,7 @@
 #include "platform/Pasteboard.h"
 #include "platform/Permissions.h"
 #include "platform/SecretStore.h"
+#include "platform/SessionState.h"
 #include "platform/SystemInfo.h"
 #include "platform/SystemSounds.h"
 #include "platform/TrayHost.h"
@@ -38,6 +39,7 @@ struct Platform
     std::unique_ptr<Pasteboard> pasteboard;
     std::unique_ptr<Permissions> permissions;
     std::unique_ptr<SecretStore> secrets;
+    std::unique_ptr<SessionState> session;
     std::unique_ptr<SystemInfo> systemInfo;
     std::unique_ptr<SystemSounds> sounds;
     std::unique_ptr<TrayHost> tray;

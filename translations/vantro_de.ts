@@ -182,6 +182,10 @@
         <source>nothing is being recorded</source>
         <translation>es wird nichts aufgenommen</translation>
     </message>
+    <message>
+        <source>the screen is locked, or another session is in front</source>
+        <translation>der Bildschirm ist gesperrt, oder eine andere Sitzung ist im Vordergrund</translation>
+    </message>
 </context>
 <context>
     <name>Csv</name>
@@ -599,6 +603,13 @@
     <message>
         <source>The text is too long to process. Please try with shorter text</source>
         <translation>Der Text ist zu lang. Bitte versuche es mit einem kürzeren</translation>
+    </message>
+</context>
+<context>
+    <name>LoginSession</name>
+    <message>
+        <source>A dictation is being recorded.</source>
+        <translation>Ein Diktat wird aufgenommen.</translation>
     </message>
 </context>
 <context>
@@ -1081,6 +1092,14 @@
     <message>
         <source>The window you were working in did not become active again.</source>
         <translation>Das Fenster, in dem du gearbeitet hast, wurde nicht wieder aktiv.</translation>
+    </message>
+    <message>
+        <source>You were away when the text was ready.</source>
+        <translation>Du warst nicht da, als der Text fertig war.</translation>
+    </message>
+    <message>
+        <source>A menu or a locked screen had the keyboard to itself.</source>
+        <translation>Ein Menü oder ein gesperrter Bildschirm hatte die Tastatur für sich.</translation>
     </message>
 </context>
 <context>

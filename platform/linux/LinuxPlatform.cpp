@@ -8,6 +8,7 @@
 #include "platform/linux/pulse/PulseAudioHardware.h"
 #include "platform/linux/pulse/PulseConnection.h"
 #include "platform/linux/secretservice/SecretServiceStore.h"
+#include "platform/linux/session/LinuxSessionState.h"
 #include "platform/linux/tray/LinuxTrayHost.h"
 #include "platform/linux/x11/X11Connection.h"
 #include "platform/linux/x11/X11HotKeyManager.h"
@@ -65,6 +66,7 @@ void addDesktop(Platform& platform, PulseConnection& pulse, X11Connection& x11)
                                        QCoreApplication::applicationFilePath());
     platform.pasteboard = std::make_unique<X11Pasteboard>();
     platform.permissions = std::make_unique<X11Permissions>(x11, [&pulse] { return pulse.serverAnswers(); });
+    platform.session = std::make_unique<LinuxSessionState>();
     platform.systemInfo = std::make_unique<ProcSystemInfo>();
     platform.sounds = std::make_unique<CanberraSounds>();
     platform.tray = std::make_unique<LinuxTrayHost>(x11);

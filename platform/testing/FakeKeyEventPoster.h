@@ -16,6 +16,7 @@ class FakeKeyEventPoster final : public KeyEventPoster
 {
 public:
     [[nodiscard]] bool isOrdinaryKeyDown() const override { return keyDown_; }
+    [[nodiscard]] bool isKeyboardTaken() const override { return isTaken_; }
     void postPaste(PasteChord chord) override
     {
         if (refusal_)
@@ -28,6 +29,7 @@ public:
     /// Makes postPaste() throw with @p reason; nullopt makes it succeed again.
     void refuse(std::optional<QString> reason) { refusal_ = std::move(reason); }
     void setOrdinaryKeyDown(bool down) { keyDown_ = down; }
+    void setKeyboardTaken(bool taken) { isTaken_ = taken; }
     /// Called as the focused program when it receives the keystroke.
     void setTarget(std::function<void(PasteChord)> target) { target_ = std::move(target); }
 
@@ -36,6 +38,7 @@ public:
 private:
     std::optional<QString> refusal_;
     bool keyDown_ = false;
+    bool isTaken_ = false;
     std::function<void(PasteChord)> target_;
     std::vector<PasteChord> posted_;
 };

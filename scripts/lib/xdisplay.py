@@ -60,6 +60,8 @@ def _load():
         "XKeysymToKeycode": (ctypes.c_ubyte, [c_void_p, c_ulong]),
         "XQueryKeymap": (c_int, [c_void_p, ctypes.c_char * 32]),
         "XGrabKey": (c_int, [c_void_p, c_int, c_uint, window, c_int, c_int, c_int]),
+        "XGrabKeyboard": (c_int, [c_void_p, window, c_int, c_int, c_int, c_ulong]),
+        "XUngrabKeyboard": (c_int, [c_void_p, c_ulong]),
         "XUngrabKey": (c_int, [c_void_p, c_int, c_uint, window]),
         "XSync": (c_int, [c_void_p, c_int]),
         "XSetErrorHandler": (c_void_p, [_ErrorHandler]),
@@ -189,6 +191,14 @@ class XDisplay:
         yield
         self._x11.XUngrabKey(self._display, keycode, mask, self.root)
         self._x11.XSync(self._display, False)
+
+    def keyboard_taken(self):
+        """Whether a program has the keyboard to itself, as a locker has."""
+        refused = self._x11.XGrabKeyboard(self._display, self.root, False, _GRAB_MODE_ASYNC, _GRAB_MODE_ASYNC, 0)
+        if not refused:
+            self._x11.XUngrabKeyboard(self._display, 0)
+            self._x11.XSync(self._display, False)
+        return refused != 0
 
     def key(self, name, down):
         """Presses or releases one key, given by its keysym's name or as ctrl, alt, shift, super."""

@@ -12,6 +12,7 @@
 #include "platform/testing/FakeKeyEventPoster.h"
 #include "platform/testing/FakePasteboard.h"
 #include "platform/testing/FakePermissions.h"
+#include "platform/testing/FakeSessionState.h"
 #include "platform/testing/FakeSystemSounds.h"
 #include "platform/testing/FakeWorkspace.h"
 #include "vantro/ai/NormalModeHandler.h"
@@ -321,6 +322,7 @@ protected:
     doubles::FakeKeyEventPoster keyEvents;
     doubles::FakePasteboard pasteboard;
     doubles::FakeWorkspace workspace;
+    doubles::FakeSessionState session;
     doubles::FakeSystemSounds sounds;
     ModelCatalogue catalogue;
     ModelSelection models{catalogue, defaults, [](const auto& model) {
@@ -338,7 +340,7 @@ protected:
     AudioDeviceManager devices{hardware, defaults};
     AudioRecorder recorder{engines.factory(), devices, permissions, clock};
     KeyboardShortcuts shortcuts{hotKeys, defaults, notifications};
-    PasteDelivery delivery{pasteboard, keyEvents, workspace, defaults, clock};
+    PasteDelivery delivery{pasteboard, keyEvents, workspace, session, defaults, clock};
     ShellDouble shell{workspace, engines};
     const QString kept = folder.filePath(QStringLiteral("vantro"));
     RecordingSpool spool{kept, clock};
@@ -358,6 +360,7 @@ protected:
                            spool,
                            recovery,
                            sounds,
+                           session,
                            shell},
                           permissions,
                           shortcuts,

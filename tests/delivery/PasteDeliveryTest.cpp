@@ -4,6 +4,7 @@
 #include "base/testing/ManualClock.h"
 #include "platform/testing/FakeKeyEventPoster.h"
 #include "platform/testing/FakePasteboard.h"
+#include "platform/testing/FakeSessionState.h"
 #include "platform/testing/FakeWorkspace.h"
 
 #include <QTemporaryDir>
@@ -75,8 +76,9 @@ protected:
     FakePasteboard pasteboard_;
     FakeKeyEventPoster keys_;
     FakeWorkspace workspace_;
+    FakeSessionState session_;
     std::unique_ptr<PasteDelivery> delivery_ =
-        std::make_unique<PasteDelivery>(pasteboard_, keys_, workspace_, defaults_, clock_);
+        std::make_unique<PasteDelivery>(pasteboard_, keys_, workspace_, session_, defaults_, clock_);
     QObject observer_;
     QStringList told_; ///< of texts that were not fetched: the keys, and the reason
     bool targetReads_ = true;
@@ -374,6 +376,48 @@ TEST_F(PasteDeliveryTest, WaitsForAHeldKeyThenLooksAtTheFocusAgain)
     deliver();
     clock_.advance(1100ms);
     EXPECT_EQ(outcome_, Outcome::Pasted);
+}
+
+TEST_F(PasteDeliveryTest, WhoeverHasTheKeyboardToItselfGetsNoKeystroke)
+{
+    keys_.setKeyboardTaken(true);
+    deliver();
+    clock_.advance(500ms);
+    keys_.setKeyboardTaken(false); // a menu that was open for a moment
+    clock_.advance(2ms);
+    EXPECT_EQ(outcome_, Outcome::Pasted);
+    clock_.advance(300ms);
+
+    keys_.setKeyboardTaken(true);
+    deliver();
+    clock_.advance(1100ms);
+    EXPECT_EQ(outcome_, Outcome::KeyboardTaken);
+    EXPECT_EQ(clipboard(), words);
+    EXPECT_EQ(keys_.posted().size(), 1U);
+}
+
+TEST_F(PasteDeliveryTest, WhoIsAwayGetsTheTextOnTheClipboardAtWhateverPointTheyLeave)
+{
+    session_.setAway(true);
+    deliver();
+    EXPECT_EQ(outcome_, Outcome::UserAway) << "nothing to wait for";
+    EXPECT_EQ(clipboard(), words);
+
+    session_.setAway(false);
+    workspace_.focus(launcher);
+    deliver();
+    session_.setAway(true); // while the focus is waited for
+    workspace_.focus(editor);
+    clock_.advance(2ms);
+    EXPECT_EQ(outcome_, Outcome::UserAway);
+
+    session_.setAway(false);
+    keys_.setOrdinaryKeyDown(true);
+    deliver();
+    session_.setAway(true); // with the keys that lock the screen
+    clock_.advance(2ms);
+    EXPECT_EQ(outcome_, Outcome::UserAway);
+    EXPECT_THAT(keys_.posted(), IsEmpty());
 }
 
 TEST_F(PasteDeliveryTest, XtermPastesThePrimarySelectionWhichIsPutBackToo)

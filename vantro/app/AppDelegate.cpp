@@ -114,7 +114,7 @@ QCoro::Task<> AppDelegate::modelDownloaded()
 
 std::weak_ptr<Dictation> AppDelegate::showLauncherAndRecord(Dictation::Keyboard keyboard)
 {
-    if (dictation_ && !dictation_->isOver())
+    if (isUserAway() || (dictation_ && !dictation_->isOver()))
         return {};
     if (!hasModel())
         return {};
@@ -138,7 +138,7 @@ bool AppDelegate::hasModel()
 /// Soon after a cancel it takes that back.
 std::weak_ptr<Dictation> AppDelegate::shortcutUsed(Dictation::Keyboard keyboard)
 {
-    return recovery().takeCancelBack() ? std::weak_ptr<Dictation>() : showLauncherAndRecord(keyboard);
+    return !isUserAway() && recovery().takeCancelBack() ? std::weak_ptr<Dictation>() : showLauncherAndRecord(keyboard);
 }
 
 std::shared_ptr<Dictation> AppDelegate::transcribeAgain(Owed owed)

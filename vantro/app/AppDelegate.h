@@ -45,9 +45,11 @@ public:
     /// clipboard.
     void applicationWillTerminate();
     [[nodiscard]] bool isReadyToDictate() const;
+    /// Nobody dictates then: the shortcut does nothing.
+    [[nodiscard]] bool isUserAway() const { return parts_.dictation.session.isAway(); }
 
     /// The shortcut's action: starts recording and opens the launcher. Returns the new dictation, or null when one is
-    /// already running or the model is missing, which the user is told.
+    /// already running, the user is away, or the model is missing, which the user is told.
     std::weak_ptr<Dictation> showLauncherAndRecord(Dictation::Keyboard keyboard = Dictation::Keyboard::taken);
     /// What Space does in the launcher.
     void stopRecording();

@@ -59,6 +59,10 @@ void ControlService::Start(const QDBusMessage& message)
         refuse(message, tr("a dictation is already in progress"));
         return;
     }
+    if (delegate_.isUserAway()) {
+        refuse(message, tr("the screen is locked, or another session is in front"));
+        return;
+    }
     delegate_.showLauncherAndRecord();
     if (!parts_.recorder.isRecording())
         refuse(message, tr("the recording could not start; see the program's window"));

@@ -92,6 +92,7 @@ void Dictation::startCapture()
     mode_ = defaultMode(parts_.defaults);
     recorder.setProcessingMode(mode_);
     connect(&recorder, &AudioRecorder::captureGivenUp, this, &Dictation::stop);
+    connect(&parts_.session, &SessionState::aboutToBeAway, this, &Dictation::stop);
     try {
         if (!recorder.startRecording()) {
             notice_ = wording::noSoundServer();
@@ -101,6 +102,7 @@ void Dictation::startCapture()
         throw Error(error.localizedDescription());
     }
     owed_ = {parts_.spool.keep(recorder.collector(), recorder.activeRecordingID(), mode_), parts_.delivery.target()};
+    awake_ = parts_.session.delaySleep();
     recorder.setBusy(true);
     enter(State::recording);
     expectService();
@@ -187,6 +189,7 @@ QCoro::Task<std::vector<float>> Dictation::drain()
     std::vector<float> samples = parts_.recorder.takeSamples();
     timings_.firstSample = parts_.recorder.firstSampleAt();
     owed_.recording->finish(samples);
+    awake_.reset();
     noteGaps();
     co_return samples;
 }
@@ -389,6 +392,7 @@ void Dictation::end()
     if (isOver())
         return;
     keepRest();
+    awake_.reset();
     enter(State::over);
     parts_.recorder.setProcessingMode(ProcessingMode::Normal);
     const auto anchor = launcherFrame();

@@ -5,6 +5,7 @@
 #include "base/Logger.h"
 #include "base/NotificationCenter.h"
 #include "base/UserDefaults.h"
+#include "platform/SessionState.h"
 #include "platform/SystemSounds.h"
 #include "vantro/ai/ModeHandlers.h"
 #include "vantro/ai/ProcessingMode.h"
@@ -54,6 +55,7 @@ public:
         RecordingSpool& spool;
         Recovery& recovery;
         SystemSounds& sounds;
+        SessionState& session;
         Shell& shell;
     };
 
@@ -150,7 +152,8 @@ private:
     std::stop_source stop_; ///< stops the engine and the language model
     Gate spoken_;           ///< opens when the recording ends for any reason
     Gate over_;
-    Owed owed_; ///< what was said
+    std::unique_ptr<SessionState::SleepDelay> awake_; ///< until the end of the recording is safe
+    Owed owed_;                                       ///< what was said
     Fate fate_ = Fate::done;
     bool isAgain_ = false;
     QString transcript_;

@@ -71,10 +71,11 @@ private:
 };
 
 PasteDelivery::PasteDelivery(Pasteboard& pasteboard, KeyEventPoster& keyEvents, Workspace& workspace,
-                             UserDefaults& defaults, Clock& clock)
+                             const SessionState& session, UserDefaults& defaults, Clock& clock)
     : pasteboard_(pasteboard)
     , keyEvents_(keyEvents)
     , workspace_(workspace)
+    , session_(session)
     , defaults_(defaults)
     , clock_(clock)
 {
@@ -157,10 +158,12 @@ QCoro::Task<PasteDelivery::Outcome> PasteDelivery::deliver(QString text)
     show(Selection::Clipboard, dictated);
 
     Outcome outcome = co_await waitForKeyboard(target);
-    if (outcome == Outcome::Pasted && keyEvents_.isOrdinaryKeyDown()) {
+    if (outcome == Outcome::Pasted && isKeyboardBusy()) {
         co_await waitForKeyRelease();
         outcome = co_await waitForKeyboard(target);
     }
+    if (outcome == Outcome::Pasted)
+        outcome = obstacle().value_or(Outcome::Pasted);
     if (outcome == Outcome::Pasted)
         outcome = paste(dictated, *target, former);
     if (outcome != Outcome::Pasted) {
@@ -240,7 +243,7 @@ QCoro::Task<PasteDelivery::Outcome> PasteDelivery::waitForKeyboard(std::optional
         co_return Outcome::NoTarget;
     const auto begin = clock_.now();
     bool asked = false;
-    while (!hasKeyboard(*target)) {
+    while (!hasKeyboard(*target) && !session_.isAway()) {
         const auto waited = clock_.now() - begin;
         if (!workspace_.windowExists(*target))
             co_return Outcome::TargetGone;
@@ -266,8 +269,23 @@ bool PasteDelivery::hasMovedOn(WindowID target) const
 QCoro::Task<> PasteDelivery::waitForKeyRelease()
 {
     const auto begin = clock_.now();
-    while (keyEvents_.isOrdinaryKeyDown() && clock_.now() - begin < keyReleaseLimit)
+    while (isKeyboardBusy() && !session_.isAway() && clock_.now() - begin < keyReleaseLimit)
         co_await NextLook(*this);
+}
+
+bool PasteDelivery::isKeyboardBusy() const
+{
+    return keyEvents_.isOrdinaryKeyDown() || keyEvents_.isKeyboardTaken();
+}
+
+/// A locked screen leaves the window in front where it is and takes the keystrokes.
+std::optional<PasteDelivery::Outcome> PasteDelivery::obstacle() const
+{
+    if (session_.isAway())
+        return Outcome::UserAway;
+    if (keyEvents_.isKeyboardTaken())
+        return Outcome::KeyboardTaken;
+    return std::nullopt;
 }
 
 bool PasteDelivery::hasKeyboard(WindowID window) const
@@ -382,6 +400,10 @@ QString PasteDelivery::explanation(Outcome outcome) const
         return tr("You have moved on to another window.") + QLatin1Char(' ') + onClipboard();
     case Outcome::FocusNotReturned:
         return tr("The window you were working in did not become active again.") + QLatin1Char(' ') + onClipboard();
+    case Outcome::UserAway:
+        return tr("You were away when the text was ready.") + QLatin1Char(' ') + onClipboard();
+    case Outcome::KeyboardTaken:
+        return tr("A menu or a locked screen had the keyboard to itself.") + QLatin1Char(' ') + onClipboard();
     case Outcome::KeystrokeFailed:
         return keystrokeError_ + QLatin1Char(' ') + onClipboard();
     }

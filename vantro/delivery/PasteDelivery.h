@@ -4,6 +4,7 @@
 #include "base/UserDefaults.h"
 #include "platform/KeyEventPoster.h"
 #include "platform/Pasteboard.h"
+#include "platform/SessionState.h"
 #include "platform/Workspace.h"
 
 #include <QObject>
@@ -32,6 +33,8 @@ public:
         TargetGone,
         MovedOn, ///< the user works in another window by now
         FocusNotReturned,
+        UserAway,
+        KeyboardTaken, ///< by a menu, or by a locked screen
         KeystrokeFailed,
     };
 
@@ -43,8 +46,8 @@ public:
     };
 
     /// All references must outlive this object.
-    PasteDelivery(Pasteboard& pasteboard, KeyEventPoster& keyEvents, Workspace& workspace, UserDefaults& defaults,
-                  Clock& clock);
+    PasteDelivery(Pasteboard& pasteboard, KeyEventPoster& keyEvents, Workspace& workspace, const SessionState& session,
+                  UserDefaults& defaults, Clock& clock);
 
     /// Call when a dictation begins, before showing any window: its text will go to the window in front, or to the one
     /// before if that is one of our own without a text field. With "restoreEveryFormat", begins to fetch what the
@@ -60,7 +63,8 @@ public:
     [[nodiscard]] QString pasteKeys() const;
 
     /// Copies @p text, waits until the remembered window has the focus (up to 500 ms) and no key is held down (up to 1
-    /// s), then posts the window's paste keystroke. Unless "copyToClipboardEnabled" is set, the previous clipboard text
+    /// s) and no other program has the keyboard to itself (1 s), then posts the window's paste keystroke, unless the
+    /// user is away. Unless "copyToClipboardEnabled" is set, the previous clipboard text
     /// is restored later: 0.3 s after the keystroke, or once the window has fetched the text if that takes longer (up
     /// to 2 s, then notFetched() is emitted instead), and not at all if the clipboard has been changed since. A window
     /// that has not answered one keystroke yet gets no second one: its paste will bring both texts.
@@ -105,6 +109,8 @@ private:
                                 const std::optional<Former>& pending) const;
     [[nodiscard]] QCoro::Task<Outcome> waitForKeyboard(std::optional<WindowID> target);
     [[nodiscard]] QCoro::Task<> waitForKeyRelease();
+    [[nodiscard]] bool isKeyboardBusy() const;
+    [[nodiscard]] std::optional<Outcome> obstacle() const;
     [[nodiscard]] bool hasKeyboard(WindowID window) const;
     [[nodiscard]] bool hasMovedOn(WindowID target) const;
     [[nodiscard]] bool keepsEveryFormat() const;
@@ -124,6 +130,7 @@ private:
     Pasteboard& pasteboard_;
     KeyEventPoster& keyEvents_;
     Workspace& workspace_;
+    const SessionState& session_;
     UserDefaults& defaults_;
     Clock& clock_;
     std::optional<WindowID> lastFront_; ///< that could take a text

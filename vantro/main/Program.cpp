@@ -93,7 +93,8 @@ Program::Program(const ProgramOptions& options)
     , soleInstance_(SoleInstance::standardFolder(),
                     [this](const QStringList& arguments) { shortcutSetup_.handOver(arguments); })
     , platform_(makePlatform())
-    , delivery_(*platform_.pasteboard, *platform_.keyEvents, *platform_.workspace, defaults_, clock_)
+    , delivery_(*platform_.pasteboard, *platform_.keyEvents, *platform_.workspace, *platform_.session, defaults_,
+                clock_)
     , delegate_({dictationParts(), *platform_.permissions, shortcuts_, speech_.selection, history_.migrations,
                  [this] { return speech_.preparation.run(); },
                  [this](const TranscriptionModel& model) {
@@ -132,6 +133,7 @@ Dictation::Parts Program::dictationParts()
             spool_,
             recovery_,
             *platform_.sounds,
+            *platform_.session,
             windows_};
 }
 

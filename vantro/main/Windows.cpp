@@ -54,6 +54,7 @@ Windows::Windows(Parts parts)
     : parts_(std::move(parts))
     , ui_(parts_.defaults, *parts_.platform.appearance)
     , idle_(parts_.recorder)
+    , back_(*parts_.platform.session, *parts_.platform.keyEvents, parts_.clock)
     , alerts_(ui_.engine(), parts_.defaults, parts_.platform, idle_)
     , hud_(ui_.engine(), *parts_.platform.workspace, parts_.clock)
     , updates_(
@@ -307,6 +308,11 @@ void Windows::offerTranscription(const QString& title, const QString& text, std:
                      if (button)
                          idle_.run([answered, isWanted = button == 0] { answered(isWanted); });
                  });
+}
+
+void Windows::showPasteHUD(std::optional<QRect> anchor, const QString& keys, const QString& reason)
+{
+    back_.run([this, anchor, keys, reason] { hud_.showHUD(anchor, keys, reason); });
 }
 
 void Windows::showTranscribing()

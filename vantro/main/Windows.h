@@ -8,6 +8,7 @@
 #include "vantro/audio/AudioDeviceManager.h"
 #include "vantro/audio/AudioRecorder.h"
 #include "vantro/main/Alerts.h"
+#include "vantro/main/WhenBack.h"
 #include "vantro/main/WhenIdle.h"
 #include "vantro/store/CoreDataStack.h"
 #include "vantro/support/UpdateChecker.h"
@@ -53,10 +54,7 @@ public:
 
     void checkForUpdates() override { updates_.check(UpdateChecker::Asker::launch); }
     [[nodiscard]] std::unique_ptr<LauncherPanel> makeLauncher(Dictation& dictation) override;
-    void showPasteHUD(std::optional<QRect> anchor, const QString& keys, const QString& reason) override
-    {
-        hud_.showHUD(anchor, keys, reason);
-    }
+    void showPasteHUD(std::optional<QRect> anchor, const QString& keys, const QString& reason) override;
     void showUndoOffer(std::optional<QRect> anchor, std::function<void()> accepted) override;
     void showTranscribing() override;
     void withdrawHUD() override { hud_.withdraw(); }
@@ -99,6 +97,7 @@ private:
     Parts parts_;
     UiEngine ui_;
     WhenIdle idle_;
+    WhenBack back_;
     Alerts alerts_;
     PasteHUDWindow hud_;
     UpdateChecker updates_;

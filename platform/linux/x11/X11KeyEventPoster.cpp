@@ -62,6 +62,9 @@ X11KeyEventPoster::X11KeyEventPoster(X11Connection& connection)
     : connection_(connection)
     , hasXTest_(hasXTest(connection))
 {
+    if (connection_.isOpen())
+        hiddenWindow_ = XCreateWindow(connection_.display(), connection_.rootWindow(), 0, 0, 1, 1, 0, 0, InputOnly,
+                                      CopyFromParent, 0, nullptr);
     returnTimer_.setSingleShot(true);
     returnTimer_.setInterval(borrowedKeyTime);
     QObject::connect(&returnTimer_, &QTimer::timeout, &returnTimer_, [this] { returnBorrowedKey(); });
@@ -70,6 +73,8 @@ X11KeyEventPoster::X11KeyEventPoster(X11Connection& connection)
 X11KeyEventPoster::~X11KeyEventPoster()
 {
     returnBorrowedKey();
+    if (connection_.isOpen())
+        XDestroyWindow(connection_.display(), hiddenWindow_);
 }
 
 void X11KeyEventPoster::postPaste(PasteChord chord)
@@ -142,6 +147,16 @@ bool X11KeyEventPoster::isOrdinaryKeyDown() const
         return false;
     const std::vector<unsigned> down = keysDown();
     return !down.empty() && anyOrdinary(down, X11Keymap(connection_));
+}
+
+/// Asks for the keyboard on behalf of a window that cannot get it: nobody notices, and the refusal tells why.
+bool X11KeyEventPoster::isKeyboardTaken() const
+{
+    if (!connection_.isOpen())
+        return false;
+    const X11ErrorTrap trap(connection_);
+    return XGrabKeyboard(connection_.display(), hiddenWindow_, False, GrabModeAsync, GrabModeAsync, CurrentTime) ==
+           AlreadyGrabbed;
 }
 
 void X11KeyEventPoster::freeModifiers(const X11Keymap& keymap)

@@ -24,6 +24,7 @@ public:
     ~X11KeyEventPoster() override;
 
     [[nodiscard]] bool isOrdinaryKeyDown() const override;
+    [[nodiscard]] bool isKeyboardTaken() const override;
     void postPaste(PasteChord chord) override;
 
 private:
@@ -37,6 +38,7 @@ private:
 
     X11Connection& connection_;
     bool hasXTest_ = false;
+    unsigned long hiddenWindow_ = 0; ///< never shown
     unsigned long borrowedKeysym_ = 0;
     QTimer returnTimer_;
 };

@@ -9,7 +9,6 @@
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
-#include <limits>
 #include <utility>
 
 using namespace std::chrono_literals;
@@ -18,7 +17,6 @@ namespace vantro {
 
 namespace {
 
-constexpr auto silenceLimit = 500ms;
 constexpr auto readLimit = 2000ms;
 constexpr std::size_t maxPropertyBytes = std::size_t{1024} * 1024;
 
@@ -323,70 +321,6 @@ bool X11SelectionService::wasFetchedBy(Selection selection, std::optional<Window
         });
     });
     return result;
-}
-
-std::optional<QByteArray> X11SelectionService::fetch(xcb_atom_t selection, xcb_atom_t target, Clock::time_point giveUp)
-{
-    const auto format = fetchFormat(selection, target, giveUp, std::numeric_limits<qsizetype>::max());
-    return format && format->type == target ? std::optional(format->bytes) : std::nullopt;
-}
-
-std::optional<X11SelectionService::Format>
-X11SelectionService::fetchFormat(xcb_atom_t selection, xcb_atom_t target, Clock::time_point giveUp, qsizetype maxBytes)
-{
-    const auto limit = [&] {
-        return std::min(giveUp, Clock::now() + silenceLimit);
-    };
-    const xcb_timestamp_t time = serverTime();
-    notify_.reset();
-    xcb_delete_property(connection_.get(), window_, atoms_[Scratch]);
-    xcb_convert_selection(connection_.get(), window_, selection, target, atoms_[Scratch], time);
-    const bool answered = pumpUntil(
-        [&] {
-            return notify_ && notify_->selection == selection && notify_->target == target && notify_->time == time;
-        },
-        limit());
-    if (!answered || notify_->property == XCB_NONE)
-        return std::nullopt;
-
-    propertyArrived_ = false;
-    auto whole = takeProperty();
-    if (!whole)
-        return std::nullopt;
-    const bool isInPieces = whole->type == atoms_[Incr];
-    if (isInPieces)
-        whole->bytes.clear();
-    for (bool isFirst = true; isInPieces; isFirst = false) {
-        if (!pumpUntil([this] { return std::exchange(propertyArrived_, false); }, limit()))
-            return std::nullopt;
-        const auto piece = takeProperty();
-        if (!piece || (!isFirst && piece->type != whole->type))
-            return std::nullopt;
-        whole->type = piece->type;
-        whole->itemBits = piece->itemBits;
-        if (piece->bytes.isEmpty())
-            break;
-        if (whole->bytes.size() + piece->bytes.size() > maxBytes)
-            return std::nullopt;
-        whole->bytes.append(piece->bytes);
-    }
-    whole->target = target;
-    return whole->bytes.size() <= maxBytes ? whole : std::nullopt;
-}
-
-/// Deletes the property, which makes an INCR sender continue.
-std::optional<X11SelectionService::Format> X11SelectionService::takeProperty()
-{
-    constexpr std::uint32_t everything = 0x1fffffff;
-    const auto reply = owner(xcb_get_property_reply(
-        connection_.get(),
-        xcb_get_property(connection_.get(), 1, window_, atoms_[Scratch], XCB_GET_PROPERTY_TYPE_ANY, 0, everything),
-        nullptr));
-    if (!reply || reply->type == XCB_NONE)
-        return std::nullopt;
-    return Format{XCB_NONE, reply->type, reply->format,
-                  QByteArray(static_cast<const char*>(xcb_get_property_value(reply.get())),
-                             xcb_get_property_value_length(reply.get()))};
 }
 
 /// The server's clock can only be read from the timestamp of a property change.

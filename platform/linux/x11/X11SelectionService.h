@@ -81,6 +81,8 @@ public:
 
 private:
     using Clock = std::chrono::steady_clock;
+    /// How long another program or the server may stay silent.
+    static constexpr std::chrono::milliseconds silenceLimit{500};
 
     struct Connection
     {

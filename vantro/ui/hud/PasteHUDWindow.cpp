@@ -63,6 +63,7 @@ PasteHUDWindow::~PasteHUDWindow()
 void PasteHUDWindow::showHUD(std::optional<QRect> anchor, const QString& keys, const QString& reason)
 {
     model_.title = keys;
+    model_.isSentence = false;
     model_.caption = tr("to paste");
     model_.reason = reason;
     present(anchor, {});
@@ -74,6 +75,7 @@ void PasteHUDWindow::showOffer(std::optional<QRect> anchor, const QString& title
                                std::function<void()> accepted)
 {
     model_.title = title;
+    model_.isSentence = true;
     model_.caption = caption;
     model_.reason.clear();
     present(anchor, std::move(accepted));

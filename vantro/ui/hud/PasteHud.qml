@@ -11,8 +11,8 @@ Item {
         const lines = title.implicitHeight + (caption.text ? caption.implicitHeight + texts.spacing : 0)
                     + (reason.text ? reason.implicitHeight + texts.spacing : 0);
         const widest = Math.max(title.implicitWidth, caption.implicitWidth) + 2 * Theme.space24;
-        return Qt.size(reason.text ? Math.max(Theme.hudWidth, widest) : Math.max(260, widest),
-                       Math.max(130, lines + 2 * Theme.space16));
+        return Qt.size(reason.text ? Math.max(Theme.hudWidth, widest) : Math.max(Theme.hudLeastWidth, widest),
+                       Math.max(Theme.hudLeastHeight, lines + 2 * Theme.space16));
     }
 
     Rectangle {
@@ -23,7 +23,7 @@ Item {
         height: hud.model.isSettled ? hud.restingSize.height : hud.model.startSize.height
         opacity: hud.model.isSettled ? 1 : 0
         radius: Theme.radiusSmall
-        color: Qt.alpha(Theme.dark ? "black" : "white", 0.92)
+        color: Theme.surfaceFloating
         border.width: Theme.hairline
         border.color: Theme.outline
 
@@ -50,7 +50,7 @@ Item {
                 anchors.horizontalCenter: parent.horizontalCenter
                 text: hud.model.title
                 color: Theme.text
-                font.pixelSize: Theme.sizeDisplay
+                font.pixelSize: hud.model.isSentence ? Theme.sizeTitle : Theme.sizeDisplay
                 font.weight: Font.DemiBold
             }
             Text {

@@ -65,7 +65,9 @@ Rectangle {
 
     RowLayout {
         id: pills
-        readonly property real fairShare: (heard.width - (launcher.model.modes.length - 1) * spacing) / launcher.model.modes.length
+        // The chosen one is read in full, as long as it leaves the others half of the row.
+        readonly property real most: heard.width / 2
+        readonly property real fairShare: most / (launcher.model.modes.length - 1) - spacing
         anchors { left: heard.left; bottom: hints.top; bottomMargin: Theme.space16 }
         width: Math.min(implicitWidth, heard.width)
         spacing: Theme.space8
@@ -81,7 +83,7 @@ Rectangle {
                 name: modelData
                 chosen: index === launcher.model.chosenMode
                 Layout.fillWidth: true
-                Layout.minimumWidth: Math.min(implicitWidth, pills.fairShare)
+                Layout.minimumWidth: Math.min(implicitWidth, chosen ? pills.most : pills.fairShare)
                 Layout.maximumWidth: implicitWidth
                 onPicked: launcher.model.chooseMode(index)
             }

@@ -8,6 +8,7 @@ QtObject {
 
     readonly property color surface: dark ? "#1C1D20" : "#FBFBFC"
     readonly property color surfaceRaised: dark ? "#26272B" : "#FFFFFF"
+    readonly property color surfaceFloating: dark ? "#EB000000" : "#EBFFFFFF"
     readonly property color outline: dark ? "#1FFFFFFF" : "#14000000"
     readonly property color fieldOutline: dark ? "#3DFFFFFF" : "#33000000"
     readonly property color text: dark ? "#F2F3F5" : "#1B1C1F"
@@ -48,6 +49,8 @@ QtObject {
     readonly property int alertWidth: 420
     readonly property int alertLines: 16
     readonly property int hudWidth: 400
+    readonly property int hudLeastWidth: 260
+    readonly property int hudLeastHeight: 130
 
     readonly property int hairline: 1
     readonly property int focusRing: 2

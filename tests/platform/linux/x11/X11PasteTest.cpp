@@ -4,6 +4,9 @@
 
 #include <QElapsedTimer>
 
+#include <X11/Xlib.h>
+
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -96,6 +99,26 @@ TEST_F(X11PasteTest, ArrivesInAGtkEditorUnderEveryLayout)
             << layout.names;
         EXPECT_TRUE(eventually([&] { return editor->text().endsWith(text); })) << layout.names;
     }
+}
+
+TEST_F(X11PasteTest, AskingWhoHasTheKeyboardTakesItFromNobody)
+{
+    const std::unique_ptr<Display, decltype(&XCloseDisplay)> other(XOpenDisplay(nullptr), &XCloseDisplay);
+    const auto grab = [](Display* display) {
+        return XGrabKeyboard(display, DefaultRootWindow(display), False, GrabModeAsync, GrabModeAsync, CurrentTime);
+    };
+    const auto release = [](Display* display) {
+        XUngrabKeyboard(display, CurrentTime);
+        XSync(display, False);
+    };
+    EXPECT_FALSE(poster_->isKeyboardTaken());
+    ASSERT_EQ(grab(other.get()), GrabSuccess) << "nobody has it after the question";
+    EXPECT_TRUE(poster_->isKeyboardTaken());
+    release(other.get());
+    ASSERT_EQ(grab(connection_->display()), GrabSuccess); // as a held hot key does
+    EXPECT_FALSE(poster_->isKeyboardTaken()) << "our own grab is no obstacle";
+    EXPECT_EQ(grab(other.get()), AlreadyGrabbed) << "our own grab is not lost by the question";
+    release(connection_->display());
 }
 
 TEST_F(X11PasteTest, HeldModifiersAreReleasedAndStayReleased)

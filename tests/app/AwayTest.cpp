@@ -1,0 +1,64 @@
+// The user locks the screen, lets the machine sleep or goes to another session.
+#include "tests/WaitFor.h"
+#include "tests/app/DictationFixture.h"
+
+using namespace vantro;
+
+TEST_F(DictationTest, EndsAsByAStopWhenTheUserGoesAndLeavesTheTextOnTheClipboard)
+{
+    pressShortcut();
+    EXPECT_TRUE(session.isSleepDelayed());
+    speak(16'000);
+    session.setAway(true);
+    pump();
+    EXPECT_FALSE(recorder.isRecording());
+    EXPECT_TRUE(session.isSleepDelayed()) << "the last words are still in the sound server";
+    clock.advance(150ms);
+    pump();
+    EXPECT_FALSE(session.isSleepDelayed());
+    provider.answer(QStringLiteral("Before the lock."));
+    pump();
+    EXPECT_EQ(delivered, std::nullopt);
+    EXPECT_EQ(pasteboard.string(clipboard), QStringLiteral("Before the lock."));
+    EXPECT_EQ(store.rows, QStringList{QStringLiteral("Before the lock.")});
+    ASSERT_EQ(shell.huds.size(), 1U);
+    EXPECT_EQ(shell.huds.front().reason, delivery.explanation(PasteDelivery::Outcome::UserAway));
+    EXPECT_EQ(shell.openPanels, 0);
+}
+
+TEST_F(DictationTest, IsDeliveredAsEverIfTheUserIsBackInTime)
+{
+    pressShortcut();
+    speak(16'000);
+    session.setAway(true);
+    pump();
+    clock.advance(150ms);
+    pump();
+    session.setAway(false);
+    provider.answer(QStringLiteral("Back in time."));
+    pump();
+    EXPECT_EQ(delivered, QStringLiteral("Back in time."));
+    EXPECT_TRUE(shell.huds.empty());
+}
+
+TEST_F(DictationTest, NothingBeginsWhileTheUserIsAway)
+{
+    session.setAway(true);
+    pressShortcut();
+    EXPECT_EQ(shell.openPanels, 0);
+    EXPECT_FALSE(recorder.isBusy());
+    EXPECT_FALSE(session.isSleepDelayed());
+
+    session.setAway(false);
+    pressShortcut();
+    speak(16'000);
+    delegate.cancelDictation();
+    EXPECT_FALSE(session.isSleepDelayed());
+    session.setAway(true);
+    pressShortcut();
+    EXPECT_NE(shell.undo, nullptr) << "whoever presses keys at a locker takes no cancel back";
+    session.setAway(false);
+    pressShortcut();
+    EXPECT_EQ(shell.undo, nullptr);
+    EXPECT_TRUE(waitFor([this] { return provider.isAsked(); }));
+}
