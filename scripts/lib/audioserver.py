@@ -128,6 +128,11 @@ class AudioServer:
     def start_playing_into(self, sink, recording):
         return self._desktop.start("paplay", f"--device={sink}", "--latency-msec=20", recording)
 
+    def wait_until_heard(self, player):
+        """Until what start_playing() began is being played: on a busy machine a moment later."""
+        self._desktop.wait_until(lambda: not player.running or self._pactl("list", "short", "sink-inputs"), 10,
+                                 "the recording to be played")
+
     def play(self, recording, timeout_s=120):
         """The same, but waits for the end of playback."""
         self.play_into(VOICE, recording, timeout_s)

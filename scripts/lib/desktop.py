@@ -179,7 +179,7 @@ class VirtualDesktop:
 
     def open_xterm(self, wm_class="XTerm"):
         """Opens a terminal that records everything typed or pasted into it; text() returns all of it."""
-        typed = self.home / "typed.txt"
+        typed = self.home / f"typed-{len(self._programs)}.txt"
         program = self.start("xterm", "-class", wm_class, "-name", wm_class.lower(), "-e", "sh", "-c", 'stty -icanon; exec cat > "$1"', "sh", typed)
         window = self.wait_for_window(wm_class)
         self.activate(window)

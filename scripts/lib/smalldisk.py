@@ -26,6 +26,7 @@ class SmallDisk:
         self.path = desktop.home / "small"
         self.path.mkdir(exist_ok=True)
         ready = desktop.home / "small-is-mounted"
+        ready.unlink(missing_ok=True)  # of an earlier one
         self._keeper = desktop.start("/usr/bin/python3", Path(__file__).resolve(), self.path, ready)
         desktop.wait_until(lambda: ready.exists() or not self._keeper.running, 10, "the small disk")
         if not self._keeper.running:
