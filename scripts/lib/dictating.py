@@ -53,8 +53,12 @@ SPEECHES = (CHILD, TABLE, CHILD + TABLE, TABLE, CHILD, TABLE + CHILD)
 
 @dataclass(frozen=True)
 class Found:
-    """Where a text is: "window", "clipboard", "retry" or "history". clipboard: what the clipboard holds at the end, if
-    not what follows from that. words: if not all that was said. is_stored: whether it is in the history."""
+    """Where a text is: in the "window", on the "clipboard", or in the answer of "retry".
+
+    clipboard   what the clipboard holds in the end, if not what follows from that
+    words       if not all that was said
+    is_stored   whether it is in the history
+    """
 
     place: str
     clipboard: str = None

@@ -21,6 +21,7 @@ UNPLUGGED_S = 0.3  # what has been said is on its way to the program meanwhile
 STILL_S = 2.0
 AFTERWARDS = "copied afterwards"
 LONGEST_SLEEP_S = 3.0
+RESTORE_S = 0.3
 
 
 @contextmanager
@@ -232,14 +233,13 @@ def clipboard_owner_hangs(user, random):
 
 
 def copied_during_the_paste(user, random):
-    """Before the window has fetched the text the other one is pasted, and the dictated one is in the history."""
+    """Once the window has the text, and before the former one is back."""
     user.record()
     user.stop()
-    user.wait(user.editor.changed, 120, "the text")
-    time.sleep(random.uniform(0, 0.3))  # the former clipboard comes back meanwhile
-    user.desktop.set_clipboard("copied during the paste")
     user.wait_for_text()
-    return Found("window", clipboard="copied during the paste")
+    time.sleep(random.uniform(0, RESTORE_S))  # the moment
+    user.desktop.set_clipboard(AFTERWARDS)
+    return Found("window", clipboard=AFTERWARDS)
 
 
 # --- the disk
