@@ -6,6 +6,7 @@ using namespace vantro;
 
 TEST_F(DictationWithoutModel, ShowsTheDownloadInsteadOfTheLauncherUntilTheModelIsThere)
 {
+    provider.state = ModelStatus::State::missing;
     EXPECT_EQ(shell.downloads, QStringList{QStringLiteral("tiny.en")}) << "at the start";
     pressShortcut();
     EXPECT_EQ(shell.openPanels, 0) << "nobody should speak in vain";
@@ -16,6 +17,7 @@ TEST_F(DictationWithoutModel, ShowsTheDownloadInsteadOfTheLauncherUntilTheModelI
     pressShortcut();
     EXPECT_EQ(shell.openPanels, 0) << "it was another model";
     isModelReady = true;
+    provider.state = ModelStatus::State::ready;
     notifications.post(notification::modelDownloaded);
     dictate(QStringLiteral("Now it works."));
     EXPECT_EQ(delivered, QStringLiteral("Now it works."));
@@ -28,6 +30,12 @@ TEST_F(DictationTest, AModelThatHasGoneIsMissedAtTheShortcutAndABrokenOneWhileTh
     EXPECT_EQ(shell.openPanels, 0) << "nobody should speak in vain";
     EXPECT_EQ(shell.downloads, QStringList{QStringLiteral("tiny.en")});
     EXPECT_FALSE(recorder.isBusy());
+    provider.state = ModelStatus::State::ready;
+    pressShortcut();
+    ASSERT_EQ(shell.openPanels, 1) << "it has been put back by hand";
+    EXPECT_TRUE(shell.downloads.isEmpty()) << "the window closes by itself";
+    delegate.cancelDictation();
+    provider.state = ModelStatus::State::missing;
     models.select(*catalogue.find(QStringLiteral("Parakeet v3 (Fluid)")));
     pressShortcut();
     EXPECT_EQ(shell.openPanels, 1) << "this one is there";

@@ -128,9 +128,15 @@ bool AppDelegate::hasModel()
 {
     const TranscriptionModel& model = parts_.models.selectedModel();
     const bool isKnownProblem = modelProblem_ && modelProblem_->model == model.name;
-    // It may have been removed since the start.
-    if (!isKnownProblem && parts_.dictation.transcription.hasModel())
+    const bool isDamaged = isKnownProblem && !modelProblem_->text.isEmpty();
+    // It may have been removed since the start, or put back by hand.
+    if (!isDamaged && parts_.dictation.transcription.hasModel()) {
+        if (isKnownProblem) {
+            shell().closeModelDownload();
+            modelBecameReady(model);
+        }
         return true;
+    }
     downloadModel(model, isKnownProblem ? modelProblem_->text : QString());
     return false;
 }
