@@ -11,8 +11,11 @@ namespace vantro {
 inline bool waitFor(const std::function<bool()>& condition)
 {
     const QDeadlineTimer deadline(std::chrono::seconds(30));
-    while (!condition() && !deadline.hasExpired())
+    while (!deadline.hasExpired()) {
+        if (condition())
+            return true;
         QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+    }
     return condition();
 }
 

@@ -4,6 +4,7 @@
 #include "platform/linux/x11/X11HotKeyManager.h"
 #include "platform/linux/x11/X11KeyEventPoster.h"
 #include "platform/linux/x11/X11Pasteboard.h"
+#include "platform/testing/FakeSessionState.h"
 #include "tests/desktop/X11Session.h"
 #include "vantro/delivery/PasteDelivery.h"
 
@@ -35,7 +36,7 @@ protected:
             return;
         poster_.emplace(*connection_);
         pasteboard_.emplace();
-        delivery_.emplace(*pasteboard_, *poster_, *workspace_, defaults_, clock_);
+        delivery_.emplace(*pasteboard_, *poster_, *workspace_, session_, defaults_, clock_);
         // The user's clipboard belongs to a program of its own.
         otherPasteboard_.emplace();
         otherPasteboard_->setString(Selection::Clipboard, former);
@@ -88,6 +89,7 @@ protected:
     std::optional<X11KeyEventPoster> poster_;
     std::optional<X11Pasteboard> pasteboard_;
     std::optional<X11Pasteboard> otherPasteboard_;
+    doubles::FakeSessionState session_;
     std::optional<PasteDelivery> delivery_;
     std::unique_ptr<QWindow> launcher_;
     std::optional<Outcome> outcome_;
