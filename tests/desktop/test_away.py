@@ -21,6 +21,7 @@ class AwayCase(DictationCase):
         return self.vantro.window(HUD_TITLE)
 
     def begin(self):
+        self.wait(lambda: not self.hud(), 20, "the former display to go")
         self.vantro.open_launcher()
         self.speak(CHILD)
 

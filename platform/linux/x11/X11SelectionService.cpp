@@ -194,7 +194,7 @@ void X11SelectionService::handle(const xcb_generic_event_t& event)
         const auto& cleared = as<xcb_selection_clear_event_t>(event);
         if (auto* const mine = owned(cleared.selection);
             mine != nullptr && *mine && !isEarlier(cleared.time, (*mine)->since))
-            mine->reset();
+            lose(*mine);
         break;
     }
     case XCB_SELECTION_NOTIFY:
@@ -314,9 +314,10 @@ bool X11SelectionService::wasFetchedBy(Selection selection, std::optional<Window
 {
     bool result = false;
     onThread([&] {
-        if (!owned(selection))
+        const auto& mine = owned(selection) ? owned(selection) : lost_[indexOf(selection)];
+        if (!mine)
             return;
-        result = std::ranges::any_of(owned(selection)->fetchedBy, [&](xcb_window_t requestor) {
+        result = std::ranges::any_of(mine->fetchedBy, [&](xcb_window_t requestor) {
             return !window || sameClient(connection_.get(), requestor, static_cast<xcb_window_t>(*window));
         });
     });
@@ -338,9 +339,23 @@ xcb_atom_t X11SelectionService::atomOf(Selection selection) const
     return atoms_[selection == Selection::Clipboard ? Clipboard : Primary];
 }
 
+std::size_t X11SelectionService::indexOf(Selection selection)
+{
+    return selection == Selection::Clipboard ? 0 : 1;
+}
+
 std::optional<X11SelectionService::Owned>& X11SelectionService::owned(Selection selection)
 {
-    return owned_[selection == Selection::Clipboard ? 0 : 1];
+    return owned_[indexOf(selection)];
+}
+
+/// Another program has copied something. Who fetched our text before that is still asked for.
+void X11SelectionService::lose(std::optional<Owned>& mine)
+{
+    auto& lost = lost_[static_cast<std::size_t>(&mine - owned_.data())];
+    lost.emplace();
+    lost->fetchedBy = std::move(mine->fetchedBy);
+    mine.reset();
 }
 
 std::optional<X11SelectionService::Owned>* X11SelectionService::owned(xcb_atom_t selection)

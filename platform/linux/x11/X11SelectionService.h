@@ -166,6 +166,8 @@ private:
     void leaveToManager();
 
     [[nodiscard]] xcb_atom_t atomOf(Selection selection) const;
+    [[nodiscard]] static std::size_t indexOf(Selection selection);
+    void lose(std::optional<Owned>& mine);
     [[nodiscard]] std::optional<Owned>& owned(Selection selection);
     [[nodiscard]] std::optional<Owned>* owned(xcb_atom_t selection);
     [[nodiscard]] std::vector<xcb_atom_t> textTargets() const;
@@ -179,6 +181,7 @@ private:
 
     // Used only on the thread once it runs.
     std::array<std::optional<Owned>, 2> owned_;
+    std::array<std::optional<Owned>, 2> lost_; ///< without their texts
     std::array<std::shared_ptr<const SelectionContents>, 2> fetched_;
     std::vector<Transfer> transfers_;
     std::optional<xcb_selection_notify_event_t> notify_;

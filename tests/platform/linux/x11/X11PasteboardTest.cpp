@@ -101,6 +101,10 @@ TEST_F(X11PasteboardTest, GivesItsTextToOtherProgramsAndKnowsThatTheyTookIt)
     constexpr unsigned shiftInsert = 118;
     user_->chord({Place::leftShift, shiftInsert});
     EXPECT_TRUE(eventually([&] { return pasteboard_->wasFetchedBy(Selection::Clipboard, editor->window()); }));
+    X11Pasteboard another;
+    another.setString(Selection::Clipboard, QStringLiteral("copied meanwhile"));
+    EXPECT_TRUE(eventually([&] { return !pasteboard_->isOwner(Selection::Clipboard); }));
+    EXPECT_TRUE(pasteboard_->wasFetchedBy(Selection::Clipboard, editor->window()));
 }
 
 TEST_F(X11PasteboardTest, APasswordManagersHintIsReadAndGiven)
