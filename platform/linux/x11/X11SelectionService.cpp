@@ -276,6 +276,7 @@ void X11SelectionService::own(Selection selection, std::shared_ptr<const Selecti
 
 void X11SelectionService::claim(Selection selection, Owned content)
 {
+    lost_[indexOf(selection)].reset();
     owned(selection) = std::move(content);
     xcb_set_selection_owner(connection_.get(), window_, atomOf(selection), owned(selection)->since);
     if (currentOwner(selection) == window_)
