@@ -8,7 +8,7 @@ endif()
 install(TARGETS vantro RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 if(NOT whisper_FOUND)
   # Private, so that another version in the system's folder does not conflict.
-  set(libraries whisper ggml ggml-base)
+  set(libraries ggml ggml-base)
   get_property(cpu_variants DIRECTORY "${VANTRO_WHISPER_SOURCE}/ggml/src" PROPERTY BUILDSYSTEM_TARGETS)
   list(FILTER cpu_variants INCLUDE REGEX "^ggml-cpu(-[a-z0-9]+)?$")
   foreach(library IN LISTS libraries cpu_variants)

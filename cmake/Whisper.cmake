@@ -30,6 +30,23 @@ function(vantro_add_whisper_source)
   endif()
   add_subdirectory("${VANTRO_WHISPER_SOURCE}" "${CMAKE_BINARY_DIR}/whisper" EXCLUDE_FROM_ALL SYSTEM)
 
+  # Ours, from the patched source. The library's own stays as it is, for its programs.
+  find_package(Threads REQUIRED)
+  find_program(VANTRO_PATCH patch REQUIRED)
+  set(source "${VANTRO_WHISPER_SOURCE}/src/whisper.cpp")
+  set(changes "${CMAKE_SOURCE_DIR}/third_party/patches/whisper.patch")
+  set(patched "${CMAKE_BINARY_DIR}/whisper-patched/whisper.cpp")
+  add_custom_command(OUTPUT "${patched}"
+    COMMAND "${VANTRO_PATCH}" --quiet --fuzz=0 --output "${patched}" "${source}" "${changes}"
+    DEPENDS "${source}" "${changes}" VERBATIM)
+  add_library(vantro_whisper_library STATIC "${patched}")
+  set_target_properties(vantro_whisper_library PROPERTIES POSITION_INDEPENDENT_CODE ON)
+  target_compile_options(vantro_whisper_library PRIVATE -w -O3)
+  target_include_directories(vantro_whisper_library SYSTEM
+    PUBLIC "${VANTRO_WHISPER_SOURCE}/include" PRIVATE "${VANTRO_WHISPER_SOURCE}/src")
+  target_compile_definitions(vantro_whisper_library PRIVATE WHISPER_VERSION="${VANTRO_WHISPER_VERSION}")
+  target_link_libraries(vantro_whisper_library PUBLIC ggml Threads::Threads)
+
   # GCC 12 miscompiles ggml's AMX tile configuration: quantised models crash on processors with AMX. The variant for
   # those processors keeps everything else.
   if(TARGET ggml-cpu-sapphirerapids AND CMAKE_C_COMPILER_ID STREQUAL "GNU")
@@ -45,5 +62,9 @@ if(NOT whisper_FOUND)
   endif()
   vantro_add_whisper_source()
 endif()
-add_library(vantro::whisper ALIAS whisper)
+if(TARGET vantro_whisper_library)
+  add_library(vantro::whisper ALIAS vantro_whisper_library)
+else()
+  add_library(vantro::whisper ALIAS whisper)
+endif()
 add_library(vantro::ggml ALIAS ggml)
