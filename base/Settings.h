@@ -34,6 +34,9 @@ inline constexpr Setting<QString> modelHostBaseURL{"modelHostBaseURL", "", "wher
                                                    "the public repository"};
 inline constexpr Setting<bool> whisperKeepModelInMemory{"whisperKeepModelInMemory", false,
                                                         "true: the model stays loaded between dictations"};
+inline constexpr Setting<bool> recognizeWhileSpeaking{
+    "recognizeWhileSpeaking", true,
+    "false: recognition starts only when the recording has ended, which uses less power but takes longer"};
 inline constexpr Setting<QString> appearance{"appearance", "", "`light` or `dark`", "the desktop's"};
 inline constexpr Setting<bool> reduceMotion{"reduceMotion", false, "true: no animations", "the desktop's"};
 inline constexpr Setting<bool> checkForUpdatesOnLaunch{"checkForUpdatesOnLaunch", false,
@@ -41,11 +44,23 @@ inline constexpr Setting<bool> checkForUpdatesOnLaunch{"checkForUpdatesOnLaunch"
 inline constexpr Setting<QByteArray> pasteChords{
     "pasteChords", "", "paste keystrokes of more windows, as JSON: `{\"my-terminal\": \"Ctrl+Shift+V\"}`"};
 
-inline constexpr std::array<const SettingKey*, 16> documented{
-    &autoPasteEnabled, &copyToClipboardEnabled, &restoreEveryFormat,      &playSoundOnComplete,
-    &holdToTalk,       &audioInputMode,         &bluetoothHeadsetProfile, &defaultProcessingMode,
-    &selectedLanguage, &selectedModelName,      &modelHostBaseURL,        &whisperKeepModelInMemory,
-    &appearance,       &reduceMotion,           &checkForUpdatesOnLaunch, &pasteChords};
+inline constexpr std::array<const SettingKey*, 17> documented{&autoPasteEnabled,
+                                                              &copyToClipboardEnabled,
+                                                              &restoreEveryFormat,
+                                                              &playSoundOnComplete,
+                                                              &holdToTalk,
+                                                              &audioInputMode,
+                                                              &bluetoothHeadsetProfile,
+                                                              &defaultProcessingMode,
+                                                              &selectedLanguage,
+                                                              &selectedModelName,
+                                                              &modelHostBaseURL,
+                                                              &whisperKeepModelInMemory,
+                                                              &recognizeWhileSpeaking,
+                                                              &appearance,
+                                                              &reduceMotion,
+                                                              &checkForUpdatesOnLaunch,
+                                                              &pasteChords};
 
 // Edited through pages and commands of their own.
 inline constexpr Setting<qint64> selectedAudioDeviceID{"selectedAudioDeviceID", -1};

@@ -392,6 +392,14 @@
         <source>Up to 32 MB. When off, only plain text comes back.</source>
         <translation>Bis zu 32 MB. Sonst kommt nur reiner Text zurück.</translation>
     </message>
+    <message>
+        <source>Recognise while I speak</source>
+        <translation>Schon beim Sprechen erkennen</translation>
+    </message>
+    <message>
+        <source>The text is there sooner. Not done while the machine saves power.</source>
+        <translation>Der Text ist früher da. Nicht, solange der Rechner Strom spart.</translation>
+    </message>
 </context>
 <context>
     <name>History</name>

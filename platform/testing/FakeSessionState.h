@@ -11,6 +11,7 @@ class FakeSessionState final : public SessionState
 {
 public:
     [[nodiscard]] bool isAway() const override { return isAway_; }
+    [[nodiscard]] bool isSavingPower() const override { return isSavingPower_; }
     [[nodiscard]] std::unique_ptr<SleepDelay> delaySleep() override { return std::make_unique<Delay>(delays_); }
 
     void setAway(bool away)
@@ -18,6 +19,7 @@ public:
         if (std::exchange(isAway_, away) != away)
             away ? Q_EMIT aboutToBeAway() : Q_EMIT returned();
     }
+    void setSavingPower(bool saving) { isSavingPower_ = saving; }
     [[nodiscard]] bool isSleepDelayed() const { return delays_ > 0; }
 
 private:
@@ -34,6 +36,7 @@ private:
     };
 
     bool isAway_ = false;
+    bool isSavingPower_ = false;
     int delays_ = 0;
 };
 

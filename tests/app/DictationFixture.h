@@ -53,10 +53,18 @@ public:
     {
         sampleCount = request.samples.size();
         stop = request.stop;
-        answer_ = std::make_shared<QPromise<QString>>();
-        answer_->start();
-        co_return co_await answer_->future();
+        isAhead = request.isAhead;
+        const auto answer = std::make_shared<QPromise<QString>>();
+        answer->start();
+        answer_ = answer;
+        const std::stop_callback onStop(request.stop, [this, answer, isAhead = isAhead] {
+            if (isAhead && answer_ == answer)
+                fail(QStringLiteral("stopped"));
+        });
+        const QFuture<QString> answered = answer->future();
+        co_return co_await answered;
     }
+    [[nodiscard]] std::size_t aheadLimit() const override { return limit; }
     void dictationEnded() override { ++ended; }
 
     [[nodiscard]] bool isAsked() const { return answer_ != nullptr; }
@@ -81,7 +89,10 @@ public:
     int prepared = 0;
     int ended = 0;
     std::size_t sampleCount = 0;
-    std::stop_token stop; ///< of the latest request
+    std::size_t limit = 0;
+    // Of the latest request.
+    std::stop_token stop;
+    bool isAhead = false;
 
 private:
     std::shared_ptr<QPromise<QString>> answer_;

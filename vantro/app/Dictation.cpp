@@ -40,6 +40,13 @@ std::shared_ptr<Dictation> Dictation::again(const Parts& parts, Owed owed)
     return dictation;
 }
 
+Dictation::Dictation(const Parts& parts)
+    : parts_(parts)
+    , ahead_({parts.transcription, parts.defaults, parts.session, parts.clock})
+{
+    connect(&ahead_, &RecognitionAhead::understood, this, &Dictation::understood);
+}
+
 Dictation::~Dictation() = default;
 
 QCoro::Task<> Dictation::run(Keyboard keyboard)
@@ -104,6 +111,7 @@ void Dictation::startCapture()
     owed_ = {parts_.spool.keep(recorder.collector(), recorder.activeRecordingID(), mode_), parts_.delivery.target()};
     awake_ = parts_.session.delaySleep();
     recorder.setBusy(true);
+    ahead_.follow(recorder.collector(), recorder.activeRecordingID());
     enter(State::recording);
     expectService();
     connect(&recorder, &AudioRecorder::processingModeChanged, this, &Dictation::expectService);
@@ -151,6 +159,7 @@ void Dictation::endRecording()
     giveUpIfCancelled();
     timings_.stopped = parts_.clock.now();
     parts_.recorder.stopRecording();
+    ahead_.expectEnd();
     mode_ = parts_.recorder.processingMode();
     noteLostMicrophone();
     chooseHandler();
@@ -232,7 +241,7 @@ QCoro::Task<QString> Dictation::transcribe(std::vector<float> samples)
             this, [this, fraction] { Q_EMIT transcriptionProgress(fraction); }, Qt::QueuedConnection);
     };
     try {
-        auto transcription = parts_.transcription.transcribe(owed_.recording->id(), std::move(samples), options);
+        auto transcription = ahead_.transcribe(owed_.recording->id(), std::move(samples), options);
         QString transcript = co_await transcription;
         giveUpIfCancelled();
         co_return transcript;
@@ -391,6 +400,7 @@ void Dictation::end()
 {
     if (isOver())
         return;
+    ahead_.end();
     keepRest();
     awake_.reset();
     enter(State::over);

@@ -12,6 +12,7 @@
 #include "vantro/app/DictationTimings.h"
 #include "vantro/app/LauncherPanel.h"
 #include "vantro/app/LenientStore.h"
+#include "vantro/app/RecognitionAhead.h"
 #include "vantro/app/Recovery.h"
 #include "vantro/app/Shell.h"
 #include "vantro/app/TranscriptionFacade.h"
@@ -98,6 +99,8 @@ Q_SIGNALS:
     void stateChanged();
     /// The engine cannot load its model. The recording goes on.
     void modelFailed();
+    /// What the user has said until a pause. Not final.
+    void understood(const QString& text);
     /// 0..1, while the engine is working.
     void transcriptionProgress(float fraction);
 
@@ -109,7 +112,7 @@ private:
     /// What becomes of the recording.
     enum class Fate { done, failed, cancelled, left };
 
-    explicit Dictation(const Parts& parts) : parts_(parts) {}
+    explicit Dictation(const Parts& parts);
 
     QCoro::Task<> run(Keyboard keyboard);
     QCoro::Task<> runAgain();
@@ -164,6 +167,7 @@ private:
     std::shared_ptr<FormatRequestServicing> service_;
     QString notice_; ///< shown to the user at the end
     DictationTimings timings_;
+    RecognitionAhead ahead_;
     std::unique_ptr<LauncherPanel> launcher_;
 };
 

@@ -42,6 +42,11 @@ bool TranscriptionFacade::hasModel() const
     return state == ModelStatus::State::unchecked || state == ModelStatus::State::ready;
 }
 
+std::size_t TranscriptionFacade::aheadLimit() const
+{
+    return engines_.of(selection_.selectedModel()).aheadLimit();
+}
+
 QCoro::Task<QString> TranscriptionFacade::transcribe(QString recordingID, std::vector<float> samples, Options options)
 {
     const TranscriptionModel model = options.model != nullptr ? *options.model : selection_.selectedModel();
@@ -53,7 +58,8 @@ QCoro::Task<QString> TranscriptionFacade::transcribe(QString recordingID, std::v
                                  std::move(options.language),
                                  std::move(options.onProgress),
                                  std::move(options.onTokens),
-                                 std::move(options.stop)};
+                                 std::move(options.stop),
+                                 options.isAhead};
     co_return co_await engine.transcribe(std::move(request));
 }
 

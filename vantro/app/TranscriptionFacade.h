@@ -19,6 +19,7 @@ public:
         std::function<void(float)> onProgress;                                   ///< 0..1, on the engine's thread
         std::function<void(const std::vector<TranscribedToken>&)> onTokens = {}; ///< main thread
         std::stop_token stop = {};                                               ///< makes the transcription throw soon
+        bool isAhead = false;                                                    ///< nobody waits for it yet
     };
 
     TranscriptionFacade(ModelSelection& selection, const SpeechEngines& engines);
@@ -30,6 +31,8 @@ public:
     /// Loads the selected model while the recording runs. @p failed: called if that fails; may be empty.
     /// The result must not outlive the facade.
     [[nodiscard]] EngineUse prepare(std::function<void()> failed = {});
+    /// How many samples the selected model's engine can recognise anew at each pause.
+    [[nodiscard]] std::size_t aheadLimit() const;
     /// Whether there is a file of the selected model, as far as can be told at once.
     [[nodiscard]] bool hasModel() const;
     /// @p samples: 16 kHz mono. Throws the engine's errors unchanged, and throws when stopped.

@@ -35,6 +35,8 @@ struct TranscriptionRequest
     std::function<void(const std::vector<TranscribedToken>&)> onTokens = {};
     /// Cancels this transcription at any stage.
     std::stop_token stop = {};
+    /// Nobody waits for it yet: at most one processor.
+    bool isAhead = false;
 };
 
 /// The recognition half of a speech engine. Main thread; the work is done on the engine's own thread.
@@ -49,6 +51,9 @@ public:
     /// Returns the final text with the user's replacements applied. Throws Error; soon after a stop request, even while
     /// waiting for other work or for the model.
     virtual QCoro::Task<QString> transcribe(TranscriptionRequest request) = 0;
+    /// How many samples of an unfinished recording are recognised anew at each pause: what costs no more than the last
+    /// ones alone would. None when 0.
+    [[nodiscard]] virtual std::size_t aheadLimit() const { return 0; }
     /// Called when no dictation is active any more, whether delivered or not; resources may be released.
     virtual void dictationEnded() = 0;
     /// Whether a model is in memory, or is about to be.

@@ -247,6 +247,8 @@ QString WhisperInProcessEngine::transcribeNow(const Request& request)
     parameters.suppress_blank = true;
     parameters.temperature = 0.0F;
     parameters.temperature_inc = 0.0F; // no fall-back to a higher temperature
+    if (request.isAhead)
+        parameters.n_threads = 1;
     parameters.abort_callback = isStopped;
     parameters.abort_callback_user_data = const_cast<std::stop_token*>(&request.stop);
     if (request.onProgress) {
@@ -258,6 +260,8 @@ QString WhisperInProcessEngine::transcribeNow(const Request& request)
 
     const auto count = static_cast<int>(request.samples.size());
     const int code = whisper_full(resident_->context, parameters, request.samples.data(), count);
+    if (code != 0 && request.stop.stop_requested())
+        throw WhisperInProcessError::stopped();
     if (code != 0)
         throw WhisperInProcessError::transcriptionFailed(code);
     resident_->isWarm = true;

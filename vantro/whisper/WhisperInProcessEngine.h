@@ -51,6 +51,7 @@ public:
         QString prompt;                        ///< may be empty
         std::function<void(float)> onProgress; ///< 0..1, on the engine's thread
         std::stop_token stop;                  ///< ends this transcription
+        bool isAhead = false;                  ///< nobody waits for it yet: one thread
     };
 
     WhisperInProcessEngine();

@@ -100,6 +100,7 @@ QCoro::Task<QString> WhisperTranscriptionProvider::transcribe(TranscriptionReque
     work.prompt = vocabulary_.customVocabulary().join(QStringLiteral(", "));
     work.onProgress = std::move(request.onProgress);
     work.stop = request.stop;
+    work.isAhead = request.isAhead;
     const QFuture<QString> transcribed = engine_.transcribe(std::move(work));
     const QString text = co_await transcribed;
     co_return TextReplacer::applyReplacements(text.trimmed(), vocabulary_.textReplacements());

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/SampleFormat.h"
 #include "base/SerialExecutor.h"
 #include "base/UserDefaults.h"
 #include "vantro/models/SpeechEngine.h"
@@ -29,6 +30,8 @@ public:
 
     QCoro::Task<QString> prepare(TranscriptionModel model) override;
     QCoro::Task<QString> transcribe(TranscriptionRequest request) override;
+    /// One window: the library computes a whole one however little was said.
+    [[nodiscard]] std::size_t aheadLimit() const override { return std::size_t{30} * sampleRateHz; }
     void dictationEnded() override;
     [[nodiscard]] bool holdsModel() const override { return engine_.holdsModel(); }
     void unload() override { engine_.unload(); }

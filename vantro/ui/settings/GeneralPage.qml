@@ -62,6 +62,12 @@ VPage {
             }
         }
         VToggleRow {
+            title: qsTr("Recognise while I speak")
+            hint: qsTr("The text is there sooner. Not done while the machine saves power.")
+            checked: page.settings.recognizeAhead
+            onToggled: on => page.settings.recognizeAhead = on
+        }
+        VToggleRow {
             title: qsTr("Keep the speech model in memory")
             hint: qsTr("Transcribing starts sooner, but the model takes up memory all the time.")
             checked: page.settings.keepModelInMemory
