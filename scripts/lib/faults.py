@@ -136,7 +136,8 @@ def ended_while_transcribing(user, random):
     user.start()
     user.close_alerts()
     if user.editor.changed():
-        return Found("window")
+        # Ended before it could hand the former clipboard back, and no clipboard manager has it either.
+        return Found("window", clipboard=user.desktop.clipboard() or "")
     return user.expect_from_retry()
 
 
