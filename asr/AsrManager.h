@@ -5,6 +5,7 @@
 #include "asr/AsrModels.h"
 #include "asr/ChunkProcessor.h"
 #include "asr/Language.h"
+#include "asr/StreamingAsr.h"
 #include "asr/TdtDecoderState.h"
 
 #include <functional>
@@ -15,8 +16,8 @@
 
 namespace vantro::asr {
 
-/// The recogniser: transcribes whole recordings, with the time of every token. One transcription at a time, on the
-/// caller's thread and its own workers.
+/// The recogniser: transcribes recordings, with the time of every token. Transcriptions and streams may run at the same
+/// time, in different threads.
 class AsrManager
 {
 public:
@@ -33,16 +34,17 @@ public:
         std::stop_token stop; ///< stops this transcription, which throws processingFailed
     };
 
-    /// @p samples: 16 kHz mono, nominally -1..1. @p decoderState must be fresh for a new recording. Throws ASRError:
-    /// notInitialized, invalidAudioData (shorter than 20 ms, or not finite), processingFailed.
-    ASRResult transcribe(std::span<const float> samples, TdtDecoderState& decoderState, const Options& options);
+    /// @p samples: 16 kHz mono, nominally -1..1. @p decoderState: must be fresh; the search's state at the end. Throws
+    /// ASRError: notInitialized, invalidAudioData (shorter than 20 ms, or not finite), processingFailed.
+    ASRResult transcribe(std::span<const float> samples, TdtDecoderState& decoderState, const Options& options) const;
+
+    /// Begins a recording that is recognised while it is made; it may outlive the manager. Throws ASRError:
+    /// notInitialized, processingFailed.
+    [[nodiscard]] std::unique_ptr<StreamingAsr> stream(const StreamingAsr::Options& options) const;
 
     [[nodiscard]] const ASRConfig& config() const { return config_; }
 
 private:
-    [[nodiscard]] std::optional<TokenFilter> filterFor(const std::optional<Language>& language) const;
-    [[nodiscard]] ASRResult makeResult(std::span<const DecodedToken> tokens, std::size_t sampleCount) const;
-
     ASRConfig config_;
     LogSink logger_;
     std::shared_ptr<const AsrModels> asrModels_;

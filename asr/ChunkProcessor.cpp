@@ -1,9 +1,8 @@
 #include "asr/ChunkProcessor.h"
 
-#include "asr/ASRError.h"
+#include "asr/Preprocessor.h"
 
 #include <algorithm>
-#include <utility>
 
 namespace vantro::asr {
 
@@ -17,20 +16,13 @@ std::int64_t wholeFrames(std::int64_t samples)
     return samples / ChunkProcessor::frameSamples * ChunkProcessor::frameSamples;
 }
 
-std::int32_t frameOf(std::int64_t sample)
-{
-    return static_cast<std::int32_t>(sample / ChunkProcessor::frameSamples);
-}
-
 } // namespace
 
-ChunkProcessor::ChunkProcessor(std::span<const float> samples, const Options& options, LogSink logger)
-    : sampleSource_(samples)
-    , totalSamples_(std::ssize(samples))
-    , logger_(std::move(logger))
-    , overlapSeconds_(options.overlapSeconds)
+ChunkProcessor::ChunkProcessor(const Options& options, bool warmup)
+    : overlapSeconds_(options.overlapSeconds)
     , melContextSamples_(options.melContextSamples)
     , noMelWarmupPrefixFrames_(options.noMelWarmupPrefixFrames)
+    , warmup_(warmup)
 {
 }
 
@@ -47,73 +39,45 @@ ChunkLayout ChunkProcessor::layout(bool warmup, const ChunkStartDecision& decisi
     return layout;
 }
 
-std::vector<Window> ChunkProcessor::windows(const ASRConfig& config) const
+void ChunkProcessor::append(std::span<const float> samples)
 {
-    if (totalSamples_ <= maximumWindowSamples)
-        return {{0, totalSamples_, 0}};
-    std::vector<Window> windows;
-    const bool warmup = config.melChunkContext;
-    for (ChunkStartDecision decision; decision.start < totalSamples_;) {
-        const ChunkLayout cut = layout(warmup, decision);
-        // The previous window already reaches the end.
-        if (!windows.empty() && windows.back().end == totalSamples_)
-            break;
-        const std::int64_t begin = std::max<std::int64_t>(decision.start - cut.context - cut.prefix, 0);
-        windows.push_back({begin, std::min(decision.start + cut.chunk, totalSamples_), decision.start});
-        decision = {decision.start + cut.stride, true};
-    }
-    return windows;
+    sampleSource_.insert(sampleSource_.end(), samples.begin(), samples.end());
+    totalSamples_ += std::ssize(samples);
 }
 
-/// Joins the tokens of a range that two windows have decoded.
-std::vector<DecodedToken> ChunkProcessor::join(std::span<const DecodedToken> earlier,
-                                               std::span<const DecodedToken> later, FrameRange range,
-                                               const Request& request) const
+WindowSamples ChunkProcessor::cut(std::int64_t end, std::optional<std::int64_t> nextStart) const
 {
-    const Seam seam = chooseSeam(earlier, later, range, request.models.vocabulary);
-    if (logger_ && seam.agreed > 0)
-        logger_("Found exact suffix-prefix overlap of length " + std::to_string(seam.agreed));
-    std::vector<DecodedToken> joined(earlier.begin(), earlier.begin() + static_cast<std::ptrdiff_t>(seam.kept));
-    joined.insert(joined.end(), later.begin() + static_cast<std::ptrdiff_t>(seam.dropped), later.end());
-    return joined;
+    const ChunkLayout layout = currentLayout();
+    const std::int64_t begin = std::max<std::int64_t>(decision_.start - layout.context - layout.prefix, 0);
+    const auto source =
+        std::span(sampleSource_)
+            .subspan(static_cast<std::size_t>(begin - droppedSamples_), static_cast<std::size_t>(end - begin));
+    return {{begin, end, decision_.start, nextStart}, {source.begin(), source.end()}};
 }
 
-std::vector<DecodedToken> ChunkProcessor::process(const Request& request, TdtDecoderState& state) const
+std::optional<WindowSamples> ChunkProcessor::next()
 {
-    const std::vector<Window> cut = windows(request.config);
-    WindowPool pool(sampleSource_, cut, request.models,
-                    {request.config.parallelChunkConcurrency, request.stop, logger_});
-    TdtDecoderV3 decoder(request.models, request.config.tdtConfig, request.allowed, request.stop);
-    std::vector<DecodedToken> tokens;
-    const auto append = [&tokens](std::span<const DecodedToken> found) {
-        tokens.insert(tokens.end(), found.begin(), found.end());
-    };
-    std::vector<DecodedToken> before; // the earlier window's tokens in the shared range
-    FrameRange shared;
-    for (std::size_t i = 0; i < cut.size(); ++i) {
-        const EncoderFrames frames = pool.take(i);
-        const std::int32_t offset = frameOf(cut[i].begin);
-        const auto decode = [&](std::int32_t begin, std::int32_t end) {
-            return decoder.decode({frames, begin - offset, end - offset, offset}, state);
-        };
-        std::int32_t begin = frameOf(cut[i].start);
-        if (i > 0) {
-            state = TdtDecoderState();
-            decode(begin, shared.begin);
-            append(join(before, decode(shared.begin, shared.end), shared, request));
-            begin = shared.end;
-        }
-        if (i + 1 == cut.size()) {
-            append(decode(begin, offset + static_cast<std::int32_t>(frames.frames)));
-        } else {
-            shared = seamSearchRange({frameOf(cut[i + 1].start), frameOf(cut[i].end)}, request.config.tdtConfig);
-            append(decode(begin, shared.begin));
-            before = decode(shared.begin, shared.end);
-        }
-        if (request.onProgress)
-            request.onProgress(static_cast<float>(i + 1) / static_cast<float>(cut.size()));
-    }
-    return tokens;
+    const ChunkLayout current = currentLayout();
+    const std::int64_t end = decision_.start + current.chunk;
+    // A recording that one window can hold is not cut.
+    if (totalSamples_ <= maximumWindowSamples || totalSamples_ < end)
+        return std::nullopt;
+    const std::int64_t nextStart = decision_.start + current.stride;
+    WindowSamples window = cut(end, nextStart);
+    decision_ = {nextStart, true};
+    coveredSamples_ = end;
+    const ChunkLayout following = currentLayout();
+    const std::int64_t needed = std::max(nextStart - following.context - following.prefix, droppedSamples_);
+    sampleSource_.erase(sampleSource_.begin(), sampleSource_.begin() + (needed - droppedSamples_));
+    droppedSamples_ = needed;
+    return window;
+}
+
+std::optional<WindowSamples> ChunkProcessor::rest() const
+{
+    if (coveredSamples_ == totalSamples_ && totalSamples_ > 0)
+        return std::nullopt;
+    return cut(totalSamples_, std::nullopt);
 }
 
 } // namespace vantro::asr

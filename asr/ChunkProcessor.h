@@ -1,13 +1,8 @@
 #pragma once
 
-#include "asr/ASRConfig.h"
-#include "asr/Seam.h"
-#include "asr/TdtDecoderV3.h"
-#include "asr/WindowPool.h"
-
-#include <functional>
+#include <cstdint>
+#include <optional>
 #include <span>
-#include <string>
 #include <vector>
 
 namespace vantro::asr {
@@ -29,10 +24,23 @@ struct ChunkStartDecision
     bool useWarmupPrefix = false;
 };
 
-/// Transcribes a recording of any length in windows of the model's input.
-///
-/// A worker pool encodes the windows; they are decoded in order, each from a fresh state. Overlaps are decoded in both
-/// windows, their words are aligned, and the transcript switches windows between two words (see Seam).
+/// A part of the recording that is encoded at once, in samples of the recording.
+struct Window
+{
+    std::int64_t begin = 0; ///< including the context
+    std::int64_t end = 0;
+    std::int64_t start = 0;                ///< where the chunk itself begins
+    std::optional<std::int64_t> nextStart; ///< where the next chunk would begin; nothing if there is none
+};
+
+struct WindowSamples
+{
+    Window window;
+    std::vector<float> samples; ///< 16 kHz mono
+};
+
+/// Cuts a recording of any length into windows of the model's input while it grows. Windows overlap. Keeps only the
+/// samples that windows to come will need. One thread.
 class ChunkProcessor
 {
 public:
@@ -46,34 +54,32 @@ public:
         std::int64_t noMelWarmupPrefixFrames = 0;
     };
 
-    /// @p samples: 16 kHz mono; must outlive the processor. @p logger may be empty.
-    ChunkProcessor(std::span<const float> samples, const Options& options, LogSink logger);
+    /// @p warmup: precede chunks by their context.
+    ChunkProcessor(const Options& options, bool warmup);
 
     [[nodiscard]] ChunkLayout layout(bool warmup, const ChunkStartDecision& decision) const;
 
-    struct Request
-    {
-        const AsrModels& models;
-        const ASRConfig& config;
-        const TokenFilter* allowed = nullptr;
-        const std::stop_token* stop = nullptr;
-        std::function<void(float)> onProgress; ///< 0..1, on the calling thread; may be empty
-    };
-    /// Returns the tokens in order; frames count from the start of the recording. Throws ASRError.
-    [[nodiscard]] std::vector<DecodedToken> process(const Request& request, TdtDecoderState& state) const;
+    /// @p samples: 16 kHz mono, in pieces of any size.
+    void append(std::span<const float> samples);
+    /// The next window whose samples are all there and that no further sample changes.
+    std::optional<WindowSamples> next();
+    /// What next() has left if the recording ends here; nothing if its last window reaches the end.
+    [[nodiscard]] std::optional<WindowSamples> rest() const;
+    [[nodiscard]] std::int64_t totalSamples() const { return totalSamples_; }
 
 private:
-    [[nodiscard]] std::vector<Window> windows(const ASRConfig& config) const;
-    [[nodiscard]] std::vector<DecodedToken> join(std::span<const DecodedToken> earlier,
-                                                 std::span<const DecodedToken> later, FrameRange range,
-                                                 const Request& request) const;
+    [[nodiscard]] ChunkLayout currentLayout() const { return layout(warmup_, decision_); }
+    [[nodiscard]] WindowSamples cut(std::int64_t end, std::optional<std::int64_t> nextStart) const;
 
-    std::span<const float> sampleSource_;
-    std::int64_t totalSamples_;
-    LogSink logger_;
+    std::vector<float> sampleSource_;
+    std::int64_t droppedSamples_ = 0; ///< of the recording, before sampleSource_
+    std::int64_t totalSamples_ = 0;
     double overlapSeconds_;
     std::int64_t melContextSamples_;
     std::int64_t noMelWarmupPrefixFrames_;
+    bool warmup_;
+    ChunkStartDecision decision_;     ///< for the next window
+    std::int64_t coveredSamples_ = 0; ///< up to the end of the last window
 };
 
 } // namespace vantro::asr

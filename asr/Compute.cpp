@@ -89,18 +89,36 @@ void Graph::output(ggml_tensor* tensor)
     ggml_build_forward_expand(graph_, tensor);
 }
 
-GraphRunner::GraphRunner(int threads, const std::stop_token* stop) : threads_(threads), stop_(stop)
+void Graph::endPart(ggml_tensor* tensor)
+{
+    ggml_build_forward_expand(graph_, tensor);
+    const int end = ggml_graph_n_nodes(graph_);
+    const auto count = static_cast<std::size_t>(end - partBegin_);
+    GgmlContext memory(ggml_graph_overhead_custom(count, false));
+    ggml_cgraph* part = ggml_new_graph_custom(memory.get(), count, false);
+    for (; partBegin_ < end; ++partBegin_)
+        ggml_graph_add_node(part, ggml_graph_node(graph_, partBegin_));
+    parts_.push_back({std::move(memory), part});
+}
+
+GraphRunner::GraphRunner(int threads)
 {
     if (processor() == nullptr)
         throw ASRError(ASRError::Kind::unsupportedPlatform, "no ggml module for this processor is loaded");
     backend_.reset(ggml_backend_dev_init(processor(), nullptr));
     if (backend_ == nullptr)
         throw ASRError(ASRError::Kind::encoderInstantiationFailed, "ggml's processor back end did not start");
-    moduleFunction<ggml_backend_set_n_threads_t>("ggml_backend_set_n_threads")(backend_.get(), threads);
-    if (stop_ != nullptr)
-        moduleFunction<ggml_backend_set_abort_callback_t>("ggml_backend_set_abort_callback")(
-            backend_.get(), isStopped, const_cast<std::stop_token*>(stop_));
+    setBackendThreads_ = moduleFunction<ggml_backend_set_n_threads_t>("ggml_backend_set_n_threads");
+    setAbortCallback_ = moduleFunction<ggml_backend_set_abort_callback_t>("ggml_backend_set_abort_callback");
+    setThreads(threads);
     allocator_.reset(ggml_gallocr_new(ggml_backend_get_default_buffer_type(backend_.get())));
+}
+
+void GraphRunner::setThreads(int threads)
+{
+    threads_ = threads;
+    if (backend_ != nullptr)
+        setBackendThreads_(backend_.get(), threads);
 }
 
 void GraphRunner::allocate(const Graph& graph)
@@ -140,16 +158,17 @@ void GraphRunner::fail()
     throw ASRError(ASRError::Kind::processingFailed, "out of memory");
 }
 
-void GraphRunner::compute(const Graph& graph)
+void GraphRunner::compute(ggml_cgraph* graph, const std::stop_token& stop)
 {
-    if (stop_ != nullptr && stop_->stop_requested())
+    if (stop.stop_requested())
         throw ASRError(ASRError::Kind::processingFailed, "stopped");
     if (backend_ == nullptr)
         fail();
     requireThreads();
+    setAbortCallback_(backend_.get(), isStopped, const_cast<std::stop_token*>(&stop));
     ggml_status status = GGML_STATUS_FAILED;
     try {
-        status = ggml_backend_graph_compute(backend_.get(), graph.get());
+        status = ggml_backend_graph_compute(backend_.get(), graph);
     } catch (const std::bad_alloc&) {
         fail();
     }

@@ -40,7 +40,7 @@ private:
 /// ASRError::unsupportedPlatform if there is none.
 void loadProcessorModule(std::span<const std::filesystem::path> folders);
 
-/// A ggml graph under construction: its tensors' metadata without their data.
+/// A ggml graph under construction: its tensors' metadata without their data. It is computed in one or more parts.
 class Graph
 {
 public:
@@ -48,15 +48,28 @@ public:
 
     [[nodiscard]] ggml_context* context() const { return context_.get(); }
     [[nodiscard]] ggml_cgraph* get() const { return graph_; }
+    /// In the order in which they are computed.
+    [[nodiscard]] std::size_t partCount() const { return parts_.size(); }
+    [[nodiscard]] ggml_cgraph* part(std::size_t index) const { return parts_[index].graph; }
     /// A float32 tensor to be set before the graph is computed.
     ggml_tensor* input(std::int64_t columns, std::int64_t rows = 1);
     ggml_tensor* integerInput(std::int64_t count);
     /// Keeps @p tensor readable after the computation.
     void output(ggml_tensor* tensor);
+    /// Ends a part with @p tensor, which later parts may use.
+    void endPart(ggml_tensor* tensor);
 
 private:
+    struct Part
+    {
+        GgmlContext memory;
+        ggml_cgraph* graph;
+    };
+
     GgmlContext context_;
     ggml_cgraph* graph_ = nullptr;
+    std::vector<Part> parts_;
+    int partBegin_ = 0; ///< first node of the next part
 };
 
 /// Runs graphs on the CPU, one at a time, reusing memory between them. Not thread-safe: use one per thread. Unusable
@@ -64,13 +77,18 @@ private:
 class GraphRunner
 {
 public:
-    /// @p stop must outlive the runner; may be null. Throws ASRError::unsupportedPlatform without a module.
-    GraphRunner(int threads, const std::stop_token* stop);
+    /// Throws ASRError::unsupportedPlatform without a module.
+    explicit GraphRunner(int threads);
 
+    /// False after a lack of memory.
+    [[nodiscard]] bool isUsable() const { return backend_ != nullptr; }
+    /// Results do not depend on the number.
+    void setThreads(int threads);
     /// Allocates the graph; inputs can then be set. Throws ASRError::processingFailed when out of memory.
     void allocate(const Graph& graph);
-    /// Throws ASRError::processingFailed on failure or when stopped.
-    void compute(const Graph& graph);
+    /// Computes a whole graph or one of its parts. Throws ASRError::processingFailed on failure, or when stopped, which
+    /// takes as long as one of the graph's operations.
+    void compute(ggml_cgraph* graph, const std::stop_token& stop);
 
 private:
     void requireThreads() const;
@@ -78,8 +96,9 @@ private:
 
     GgmlPointer<ggml_backend> backend_; ///< null after a failure
     GgmlPointer<ggml_gallocr> allocator_;
-    int threads_;
-    const std::stop_token* stop_;
+    int threads_ = 0;
+    ggml_backend_set_n_threads_t setBackendThreads_;
+    ggml_backend_set_abort_callback_t setAbortCallback_;
 };
 
 void setTensor(ggml_tensor* tensor, std::span<const float> values);

@@ -43,11 +43,11 @@ Decoder::Decoder(ModelFile& file)
     weights_.load(file);
 }
 
-Decoder::Step::Step(const Decoder& decoder, int threads, const std::stop_token* stop)
+Decoder::Step::Step(const Decoder& decoder, int threads)
     : startToken_(decoder.startToken_)
     , size_(static_cast<std::size_t>(decoder.size_))
     , graph_(others + decoder.layers_.size() * nodesPerLayer)
-    , runner_(threads, stop)
+    , runner_(threads)
 {
     ggml_context* context = graph_.context();
     token_ = graph_.integerInput(1);
@@ -73,7 +73,7 @@ Decoder::Step::Step(const Decoder& decoder, int threads, const std::stop_token* 
     runner_.allocate(graph_);
 }
 
-void Decoder::Step::advance(TdtDecoderState& state)
+void Decoder::Step::advance(TdtDecoderState& state, const std::stop_token& stop)
 {
     state.hiddenState.resize(layers_.size() * size_);
     state.cellState.resize(layers_.size() * size_);
@@ -83,7 +83,7 @@ void Decoder::Step::advance(TdtDecoderState& state)
         setTensor(layers_[i].hidden, std::span(state.hiddenState).subspan(i * size_, size_));
         setTensor(layers_[i].cell, std::span(state.cellState).subspan(i * size_, size_));
     }
-    runner_.compute(graph_);
+    runner_.compute(graph_.get(), stop);
     for (std::size_t i = 0; i < layers_.size(); ++i) {
         getTensor(layers_[i].newHidden, std::span(state.hiddenState).subspan(i * size_, size_));
         getTensor(layers_[i].newCell, std::span(state.cellState).subspan(i * size_, size_));

@@ -21,9 +21,9 @@ public:
     class Step
     {
     public:
-        Step(const Decoder& decoder, int threads, const std::stop_token* stop);
+        Step(const Decoder& decoder, int threads);
         /// Feeds state.lastToken, or the start token if there is none, and caches the output in @p state.
-        void advance(TdtDecoderState& state);
+        void advance(TdtDecoderState& state, const std::stop_token& stop);
 
     private:
         struct Layer

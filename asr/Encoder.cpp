@@ -27,25 +27,38 @@ Encoder::Encoder(ModelFile& file)
     weights_.load(file);
 }
 
-EncoderFrames Encoder::encode(const Preprocessor::Features& features, GraphRunner& runner) const
+Encoding::Encoding(const Encoder& encoder, const Preprocessor::Features& features, GraphRunner& runner)
+    : graph_(nodesAround + encoder.layers_.size() * nodesPerLayer)
+    , runner_(runner)
 {
-    weights_.check();
+    encoder.weights_.check();
     const auto melFrames = static_cast<std::int64_t>(features.frames);
     const auto bands = static_cast<std::int64_t>(features.values.size() / features.frames);
     const std::int64_t frames = Subsampling::encoderFrames(melFrames);
-    Graph graph(nodesAround + layers_.size() * nodesPerLayer);
-    ggml_tensor* mel = graph.input(bands, melFrames);
-    ggml_tensor* positions = graph.input(stateSize_, 2 * frames - 1);
-    Activations place(graph.context(), positions);
-    ggml_tensor* x = subsampling_.build(graph.context(), mel);
-    for (const EncoderLayer& layer : layers_)
-        x = layer.build(graph.context(), x, place);
-    graph.output(x);
-    runner.allocate(graph);
+    ggml_tensor* mel = graph_.input(bands, melFrames);
+    ggml_tensor* positions = graph_.input(encoder.stateSize_, 2 * frames - 1);
+    Activations place(graph_.context(), positions);
+    result_ = encoder.subsampling_.build(graph_.context(), mel);
+    graph_.endPart(result_);
+    for (const EncoderLayer& layer : encoder.layers_) {
+        result_ = layer.build(graph_.context(), result_, place);
+        graph_.endPart(result_);
+    }
+    graph_.output(result_);
+    runner.allocate(graph_);
     setTensor(mel, features.values);
-    setTensor(positions, relativePositions(frames, stateSize_));
-    runner.compute(graph);
-    return {static_cast<std::size_t>(frames), tensorValues(x)};
+    setTensor(positions, relativePositions(frames, encoder.stateSize_));
+}
+
+void Encoding::computeLayer(const std::stop_token& stop)
+{
+    runner_.compute(graph_.part(done_), stop);
+    ++done_;
+}
+
+EncoderFrames Encoding::frames() const
+{
+    return {static_cast<std::size_t>(result_->ne[1]), tensorValues(result_)};
 }
 
 } // namespace vantro::asr

@@ -5,6 +5,7 @@
 #include "asr/Subsampling.h"
 #include "asr/Weights.h"
 
+#include <stop_token>
 #include <vector>
 
 namespace vantro::asr {
@@ -23,13 +24,33 @@ class Encoder
 public:
     explicit Encoder(ModelFile& file);
 
-    [[nodiscard]] EncoderFrames encode(const Preprocessor::Features& features, GraphRunner& runner) const;
-
 private:
+    friend class Encoding;
+
     Weights weights_;
     Subsampling subsampling_;
     std::vector<EncoderLayer> layers_;
     std::int64_t stateSize_ = 0;
+};
+
+/// One input on its way through the encoder, layer by layer, so that it can go on in another thread or with another
+/// number of threads after each. One thread at a time; throws what GraphRunner throws.
+class Encoding
+{
+public:
+    /// @p encoder and @p runner must outlive it; the runner computes nothing else meanwhile.
+    Encoding(const Encoder& encoder, const Preprocessor::Features& features, GraphRunner& runner);
+
+    [[nodiscard]] bool isDone() const { return done_ == graph_.partCount(); }
+    void computeLayer(const std::stop_token& stop);
+    /// Once it is done.
+    [[nodiscard]] EncoderFrames frames() const;
+
+private:
+    Graph graph_;
+    GraphRunner& runner_;
+    ggml_tensor* result_ = nullptr;
+    std::size_t done_ = 0; ///< parts of the graph
 };
 
 } // namespace vantro::asr

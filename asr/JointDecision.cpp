@@ -20,7 +20,8 @@ JointDecision::JointDecision(ModelFile& file)
     weights_.load(file);
 }
 
-EncoderFrames JointDecision::project(const EncoderFrames& encoded, GraphRunner& runner) const
+EncoderFrames JointDecision::project(const EncoderFrames& encoded, GraphRunner& runner,
+                                     const std::stop_token& stop) const
 {
     Graph graph(maximumTensors);
     const auto frames = static_cast<std::int64_t>(encoded.frames);
@@ -29,14 +30,14 @@ EncoderFrames JointDecision::project(const EncoderFrames& encoded, GraphRunner& 
     graph.output(projected);
     runner.allocate(graph);
     setTensor(input, encoded.values);
-    runner.compute(graph);
+    runner.compute(graph.get(), stop);
     return {encoded.frames, tensorValues(projected)};
 }
 
-JointDecision::Step::Step(const JointDecision& joint, int threads, const std::stop_token* stop)
+JointDecision::Step::Step(const JointDecision& joint, int threads)
     : tokenCount_(joint.tokenCount_)
     , graph_(maximumTensors)
-    , runner_(threads, stop)
+    , runner_(threads)
     , frame_(graph_.input(joint.size_))
     , prediction_(graph_.input(joint.size_))
 {
@@ -47,11 +48,12 @@ JointDecision::Step::Step(const JointDecision& joint, int threads, const std::st
     values_.resize(static_cast<std::size_t>(ggml_nelements(scores_)));
 }
 
-JointDecision::Scores JointDecision::Step::decide(std::span<const float> frame, std::span<const float> prediction)
+JointDecision::Scores JointDecision::Step::decide(std::span<const float> frame, std::span<const float> prediction,
+                                                  const std::stop_token& stop)
 {
     setTensor(frame_, frame);
     setTensor(prediction_, prediction);
-    runner_.compute(graph_);
+    runner_.compute(graph_.get(), stop);
     getTensor(scores_, values_);
     return {std::span(values_).first(tokenCount_), std::span(values_).subspan(tokenCount_)};
 }

@@ -18,7 +18,8 @@ public:
     explicit JointDecision(ModelFile& file);
 
     /// Projects all encoder frames into the joint network's space.
-    [[nodiscard]] EncoderFrames project(const EncoderFrames& encoded, GraphRunner& runner) const;
+    [[nodiscard]] EncoderFrames project(const EncoderFrames& encoded, GraphRunner& runner,
+                                        const std::stop_token& stop) const;
 
     /// The scores of one decision; tokens are the pieces and the blank.
     struct Scores
@@ -31,9 +32,9 @@ public:
     class Step
     {
     public:
-        Step(const JointDecision& joint, int threads, const std::stop_token* stop);
+        Step(const JointDecision& joint, int threads);
         /// @p frame from project(); @p prediction from the decoder state. The result is valid until the next call.
-        Scores decide(std::span<const float> frame, std::span<const float> prediction);
+        Scores decide(std::span<const float> frame, std::span<const float> prediction, const std::stop_token& stop);
 
     private:
         std::size_t tokenCount_;

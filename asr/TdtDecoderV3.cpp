@@ -5,27 +5,27 @@
 
 namespace vantro::asr {
 
-TdtDecoderV3::TdtDecoderV3(const AsrModels& models, const TdtConfig& config, const TokenFilter* allowed,
-                           const std::stop_token* stop)
+TdtDecoderV3::TdtDecoderV3(const AsrModels& models, const TdtConfig& config, const TokenFilter* allowed)
     : config_(config)
     , allowed_(allowed)
-    , predict_(models.decoder, 1, stop)
-    , decide_(models.joint, 1, stop)
+    , predict_(models.decoder, 1)
+    , decide_(models.joint, 1)
 {
 }
 
-std::vector<DecodedToken> TdtDecoderV3::decode(const Stretch& stretch, TdtDecoderState& state)
+std::vector<DecodedToken> TdtDecoderV3::decode(const Stretch& stretch, TdtDecoderState& state,
+                                               const std::stop_token& stop)
 {
     std::vector<DecodedToken> tokens;
     const std::size_t width = stretch.frames.values.size() / stretch.frames.frames;
     if (state.predictorOutput.empty())
-        predict_.advance(state);
+        predict_.advance(state, stop);
     std::int32_t frame = stretch.begin + state.timeJump;
     std::int32_t symbolsHere = 0;
     while (frame < stretch.end) {
         const auto scores =
             decide_.decide(std::span(stretch.frames.values).subspan(static_cast<std::size_t>(frame) * width, width),
-                           state.predictorOutput);
+                           state.predictorOutput, stop);
         const Choice choice = choose(scores);
         if (choice.token == config_.blankId) {
             // A blank of duration 0 would loop forever.
@@ -36,7 +36,7 @@ std::vector<DecodedToken> TdtDecoderV3::decode(const Stretch& stretch, TdtDecode
         tokens.push_back(
             {choice.token, stretch.offset + frame, choice.duration, probability(choice.score, scores.tokens)});
         state.lastToken = choice.token;
-        predict_.advance(state);
+        predict_.advance(state, stop);
         frame += choice.duration;
         symbolsHere = choice.duration == 0 ? symbolsHere + 1 : 0;
         if (symbolsHere == config_.maxSymbolsPerStep) {

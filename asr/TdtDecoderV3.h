@@ -25,8 +25,7 @@ class TdtDecoderV3
 {
 public:
     /// @p models must outlive the decoder. A null @p allowed allows every token.
-    TdtDecoderV3(const AsrModels& models, const TdtConfig& config, const TokenFilter* allowed,
-                 const std::stop_token* stop);
+    TdtDecoderV3(const AsrModels& models, const TdtConfig& config, const TokenFilter* allowed);
 
     /// Part of a matrix of projected encoder frames (JointDecision::project).
     struct Stretch
@@ -36,8 +35,9 @@ public:
         std::int32_t end = 0;
         std::int32_t offset = 0; ///< frame of row 0 in the recording
     };
-    /// Decodes one stretch and updates @p state; skips the first state.timeJump frames.
-    std::vector<DecodedToken> decode(const Stretch& stretch, TdtDecoderState& state);
+    /// Decodes one stretch and updates @p state; skips the first state.timeJump frames. Adjacent stretches give the
+    /// tokens of both at once. Throws ASRError::processingFailed when stopped.
+    std::vector<DecodedToken> decode(const Stretch& stretch, TdtDecoderState& state, const std::stop_token& stop);
 
 private:
     struct Choice

@@ -12,41 +12,47 @@ namespace vantro::asr {
 namespace {
 
 /// Beyond this, threads are better used for another window: the operations between products are too small.
-constexpr unsigned threadsPerEncoder = 4;
+constexpr unsigned threadsPerWindow = 4;
 
 } // namespace
 
-WindowPool::WindowPool(std::span<const float> samples, std::span<const Window> windows, const AsrModels& models,
-                       const Options& options)
-    : samples_(samples)
-    , windows_(windows)
-    , models_(models)
-    , stop_(options.stop)
-    , slots_(windows.size())
+/// The right to encode, as long as it lives.
+class WindowPool::EncoderSlot
 {
-    const unsigned cores = std::max(std::thread::hardware_concurrency(), 1U);
-    const auto workers =
-        static_cast<unsigned>(std::clamp<std::size_t>(windows.size(), 1, static_cast<std::size_t>(options.workers)));
-    const unsigned encoders = std::clamp(cores / threadsPerEncoder, 1U, workers);
-    runners_.reserve(encoders);
-    for (unsigned i = 0; i < encoders; ++i) {
-        runners_.emplace_back(static_cast<int>(cores / encoders), stop_);
-        idleRunners_.push_back(&runners_.back());
+public:
+    explicit EncoderSlot(WindowPool& pool) : pool_(pool)
+    {
+        std::unique_lock guard(pool_.lock_);
+        pool_.changed_.wait(guard, [this] { return pool_.freeEncoders_ > 0; });
+        --pool_.freeEncoders_;
     }
-    if (options.logger)
-        options.logger("ChunkProcessor using worker pool of size " + std::to_string(workers));
-    startWorkers(workers);
-}
+    ~EncoderSlot()
+    {
+        {
+            const std::lock_guard guard(pool_.lock_);
+            ++pool_.freeEncoders_;
+        }
+        pool_.changed_.notify_all();
+    }
+    EncoderSlot(const EncoderSlot&) = delete;
+    EncoderSlot& operator=(const EncoderSlot&) = delete;
 
-void WindowPool::startWorkers(unsigned count)
+private:
+    WindowPool& pool_;
+};
+
+WindowPool::WindowPool(const AsrModels& models, Options options) : models_(models), options_(std::move(options))
 {
+    if (!options_.hasBackground)
+        return;
     try {
-        for (unsigned i = 0; i < count; ++i)
-            workers_.emplace_back([this] { work(); });
+        background_ = std::jthread([this] {
+            if (options_.onBackgroundThread)
+                options_.onBackgroundThread();
+            work(Lane::background);
+        });
     } catch (const std::system_error&) {
-        // No more threads available: one is enough.
-        if (workers_.empty())
-            throw ASRError(ASRError::Kind::processingFailed, "no thread can be started");
+        // No more threads available: everything is left to the foreground.
     }
 }
 
@@ -55,84 +61,158 @@ WindowPool::~WindowPool()
     {
         const std::lock_guard guard(lock_);
         isAbandoned_ = true;
+        jobs_.clear();
     }
     changed_.notify_all();
 }
 
-EncoderFrames WindowPool::take(std::size_t index)
+std::future<EncoderFrames> WindowPool::encode(std::vector<float> samples, std::stop_token stop)
 {
-    std::unique_lock guard(lock_);
-    Slot& slot = slots_[index];
-    changed_.wait(guard, [&] { return slot.frames || slot.error; });
-    if (slot.error)
-        std::rethrow_exception(slot.error);
-    return std::exchange(slot.frames, EncoderFrames()).value();
-}
-
-void WindowPool::work()
-{
-    for (;;) {
-        std::size_t index = 0;
-        {
-            const std::lock_guard guard(lock_);
-            if (isAbandoned_ || next_ == windows_.size())
-                return;
-            index = next_++;
-        }
-        run(index);
+    auto job = std::make_unique<Job>();
+    job->samples = std::move(samples);
+    job->stop = std::move(stop);
+    std::future<EncoderFrames> result = job->result.get_future();
+    {
+        const std::lock_guard guard(lock_);
+        jobs_.push_back(std::move(job));
+        ++unfinished_;
     }
+    if (isHurried())
+        startWorkers();
+    changed_.notify_all();
+    return result;
 }
 
-void WindowPool::run(std::size_t index)
+void WindowPool::hurry()
 {
-    Slot result;
+    if (isHurried())
+        return;
+    const unsigned cores = std::max(std::thread::hardware_concurrency(), 1U);
+    {
+        const std::lock_guard guard(lock_);
+        const auto workers =
+            static_cast<unsigned>(std::clamp<std::size_t>(unfinished_, 1, static_cast<std::size_t>(options_.workers)));
+        const unsigned encoders = std::clamp(cores / threadsPerWindow, 1U, workers);
+        threadsPerEncoder_ = cores / encoders;
+        freeEncoders_ += encoders - 1;
+        isHurried_ = true;
+        if (options_.logger)
+            options_.logger("ChunkProcessor using worker pool of size " + std::to_string(workers));
+    }
+    startWorkers();
+    changed_.notify_all();
+}
+
+/// As many as there are windows.
+void WindowPool::startWorkers()
+{
+    const std::size_t wanted = [this] {
+        const std::lock_guard guard(lock_);
+        return std::clamp<std::size_t>(unfinished_, 1, static_cast<std::size_t>(options_.workers));
+    }();
     try {
-        result.frames = encode(windows_[index]);
-    } catch (const std::bad_alloc&) {
-        result.error = std::make_exception_ptr(ASRError(ASRError::Kind::processingFailed, "out of memory"));
-    } catch (...) {
-        result.error = std::current_exception();
+        while (workers_.size() < wanted)
+            workers_.emplace_back([this] { work(Lane::foreground); });
+    } catch (const std::system_error&) {
+        // No more threads available: one is enough.
+        if (workers_.empty())
+            throw ASRError(ASRError::Kind::processingFailed, "no thread can be started");
     }
-    {
-        const std::lock_guard guard(lock_);
-        slots_[index] = std::move(result);
-    }
-    changed_.notify_all();
 }
 
-EncoderFrames WindowPool::encode(const Window& window)
+bool WindowPool::isHurried()
 {
-    const auto features = models_.preprocessor.process(
-        samples_.subspan(static_cast<std::size_t>(window.begin), static_cast<std::size_t>(window.end - window.begin)));
-    struct Loan
-    {
-        explicit Loan(WindowPool& owner) : pool(owner), runner(owner.waitForRunner()) {}
-        ~Loan() { pool.giveBack(runner); }
-        Loan(const Loan&) = delete;
-        Loan& operator=(const Loan&) = delete;
-        WindowPool& pool;
-        GraphRunner* runner;
-    };
-    const Loan loan(*this);
-    return models_.joint.project(models_.encoder.encode(features, *loan.runner), *loan.runner);
+    const std::lock_guard guard(lock_);
+    return isHurried_;
 }
 
-GraphRunner* WindowPool::waitForRunner()
+void WindowPool::work(Lane lane)
+{
+    while (JobPointer job = nextJob(lane))
+        run(std::move(job), lane);
+}
+
+/// Waits for a job; nothing when the lane has ended.
+WindowPool::JobPointer WindowPool::nextJob(Lane lane)
 {
     std::unique_lock guard(lock_);
-    changed_.wait(guard, [this] { return !idleRunners_.empty(); });
-    GraphRunner* runner = idleRunners_.back();
-    idleRunners_.pop_back();
-    return runner;
+    const auto hasEnded = [&] {
+        return isAbandoned_ || (lane == Lane::background && isHurried_);
+    };
+    changed_.wait(guard, [&] { return hasEnded() || !jobs_.empty(); });
+    if (hasEnded())
+        return nullptr;
+    JobPointer job = std::move(jobs_.front());
+    jobs_.pop_front();
+    return job;
 }
 
-void WindowPool::giveBack(GraphRunner* runner)
+void WindowPool::run(JobPointer job, Lane lane)
+{
+    try {
+        std::optional<EncoderFrames> frames = encoded(*job, lane);
+        if (!frames) {
+            handOver(std::move(job));
+            return;
+        }
+        job->result.set_value(std::move(*frames));
+    } catch (const std::bad_alloc&) {
+        job->result.set_exception(std::make_exception_ptr(ASRError(ASRError::Kind::processingFailed, "out of memory")));
+    } catch (...) {
+        job->result.set_exception(std::current_exception());
+    }
+    close(*job);
+}
+
+/// Nothing if the foreground is to go on with it.
+std::optional<EncoderFrames> WindowPool::encoded(Job& job, Lane lane)
+{
+    if (!job.features && !job.stop.stop_requested())
+        job.features = models_.preprocessor.process(job.samples);
+    const EncoderSlot slot(*this);
+    if (!job.encoding)
+        begin(job);
+    job.runner->setThreads(lane == Lane::foreground ? static_cast<int>(threadsPerEncoder_) : 1);
+    while (!job.encoding->isDone()) {
+        if (lane == Lane::background && isHurried())
+            return std::nullopt;
+        job.encoding->computeLayer(job.stop);
+    }
+    return models_.joint.project(job.encoding->frames(), *job.runner, job.stop);
+}
+
+void WindowPool::begin(Job& job)
+{
+    if (job.stop.stop_requested())
+        throw ASRError(ASRError::Kind::processingFailed, "stopped");
+    {
+        const std::lock_guard guard(lock_);
+        if (!idleRunners_.empty()) {
+            job.runner = std::move(idleRunners_.back());
+            idleRunners_.pop_back();
+        }
+    }
+    if (job.runner == nullptr)
+        job.runner = std::make_unique<GraphRunner>(1);
+    job.encoding.emplace(models_.encoder, *job.features, *job.runner);
+}
+
+void WindowPool::handOver(JobPointer job)
 {
     {
         const std::lock_guard guard(lock_);
-        idleRunners_.push_back(runner);
+        if (!isAbandoned_)
+            jobs_.push_front(std::move(job));
     }
     changed_.notify_all();
+}
+
+void WindowPool::close(Job& job)
+{
+    const std::lock_guard guard(lock_);
+    --unfinished_;
+    if (job.runner != nullptr && job.runner->isUsable())
+        idleRunners_.push_back(std::move(job.runner));
 }
 
 } // namespace vantro::asr

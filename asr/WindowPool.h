@@ -4,11 +4,13 @@
 
 #include <condition_variable>
 #include <cstdint>
-#include <exception>
+#include <deque>
 #include <functional>
+#include <future>
+#include <memory>
 #include <mutex>
 #include <optional>
-#include <span>
+#include <stop_token>
 #include <string>
 #include <thread>
 #include <vector>
@@ -17,64 +19,71 @@ namespace vantro::asr {
 
 using LogSink = std::function<void(const std::string&)>;
 
-/// A part of the recording that is encoded at once, in samples.
-struct Window
-{
-    std::int64_t begin = 0; ///< including the context
-    std::int64_t end = 0;
-    std::int64_t start = 0; ///< where the chunk itself begins
-};
-
-/// Workers that encode windows in order, ahead of take(). The cores are divided among as many encoders as they support;
-/// the other workers prepare features meanwhile.
+/// Encodes windows in the order in which they come. At first one thread does, in the background; after hurry() all
+/// cores do, and go on with what the background has begun. The cores are divided among as many encoders as they
+/// support; further workers prepare features meanwhile. One thread calls; nothing is computed there.
 class WindowPool
 {
 public:
     struct Options
     {
-        std::int32_t workers = 1;
-        const std::stop_token* stop = nullptr; ///< may be null
-        LogSink logger;                        ///< may be empty
+        std::int32_t workers = 1;                 ///< at most, after hurry()
+        bool hasBackground = false;               ///< otherwise nothing is computed before hurry()
+        std::function<void()> onBackgroundThread; ///< called there first; may be empty
+        LogSink logger;                           ///< may be empty
     };
 
-    /// All references must outlive the pool.
-    WindowPool(std::span<const float> samples, std::span<const Window> windows, const AsrModels& models,
-               const Options& options);
-    /// Waits for windows in progress.
+    /// @p models must outlive the pool.
+    WindowPool(const AsrModels& models, Options options);
+    /// Waits for windows in progress; those that have not been begun get no result.
     ~WindowPool();
     WindowPool(const WindowPool&) = delete;
     WindowPool& operator=(const WindowPool&) = delete;
 
-    /// Blocks until window @p index is encoded and returns its projected frames, once per window. Rethrows errors.
-    EncoderFrames take(std::size_t index);
+    /// Yields the window's projected frames or an ASRError. @p stop gives up this window.
+    std::future<EncoderFrames> encode(std::vector<float> samples, std::stop_token stop);
+    /// Throws ASRError::processingFailed if no thread can be started.
+    void hurry();
 
 private:
-    struct Slot
+    enum class Lane { background, foreground };
+
+    struct Job
     {
-        std::optional<EncoderFrames> frames;
-        std::exception_ptr error;
+        std::vector<float> samples;
+        std::stop_token stop;
+        std::promise<EncoderFrames> result;
+        std::optional<Preprocessor::Features> features;
+        std::unique_ptr<GraphRunner> runner;
+        std::optional<Encoding> encoding;
     };
+    using JobPointer = std::unique_ptr<Job>;
+    class EncoderSlot;
 
-    void startWorkers(unsigned count);
-    void work();
-    void run(std::size_t index);
-    [[nodiscard]] EncoderFrames encode(const Window& window);
-    [[nodiscard]] GraphRunner* waitForRunner();
-    void giveBack(GraphRunner* runner);
+    void startWorkers();
+    void work(Lane lane);
+    [[nodiscard]] JobPointer nextJob(Lane lane);
+    void run(JobPointer job, Lane lane);
+    [[nodiscard]] std::optional<EncoderFrames> encoded(Job& job, Lane lane);
+    void begin(Job& job);
+    void handOver(JobPointer job);
+    void close(Job& job);
+    [[nodiscard]] bool isHurried();
 
-    std::span<const float> samples_;
-    std::span<const Window> windows_;
     const AsrModels& models_;
-    const std::stop_token* stop_;
+    Options options_;
+    unsigned threadsPerEncoder_ = 1; ///< in the foreground
 
     std::mutex lock_; ///< guards everything below
     std::condition_variable changed_;
-    std::vector<Slot> slots_;
-    std::size_t next_ = 0;
+    std::deque<JobPointer> jobs_;
+    std::size_t unfinished_ = 0; ///< jobs, including those in progress
+    bool isHurried_ = false;
     bool isAbandoned_ = false;
-    std::vector<GraphRunner> runners_;
-    std::vector<GraphRunner*> idleRunners_;
-    std::vector<std::jthread> workers_; ///< last: uses the other members
+    unsigned freeEncoders_ = 1;
+    std::vector<std::unique_ptr<GraphRunner>> idleRunners_;
+    std::vector<std::jthread> workers_; ///< of the foreground; the threads come last: they use the other members
+    std::jthread background_;
 };
 
 } // namespace vantro::asr

@@ -83,7 +83,7 @@ protected:
     void examine(const std::vector<float>& samples, const std::string& name)
     {
         const Words joined = read(samples, 0, std::ssize(samples));
-        const ChunkLayout layout = ChunkProcessor({}, {}, {}).layout(true, {});
+        const ChunkLayout layout = ChunkProcessor({}, true).layout(true, {});
         for (std::int64_t start = layout.stride; start + layout.overlap < std::ssize(samples); start += layout.stride) {
             const std::int64_t place = start + layout.overlap / 2;
             const std::int64_t centred = (place - layout.chunk / 2) / ChunkProcessor::frameSamples;

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <numeric>
 #include <sstream>
 #include <utility>
 
@@ -64,6 +65,39 @@ TEST(Chunking, EveryRecordingLengthAroundTheWindowIsReadToItsEnd)
         EXPECT_LE(lostOrDoubled(head, {found.begin(), found.end() - 1}), 1U) << samples << ": " << result.text;
         EXPECT_GT(result.tokenTimings->back().endTime, result.duration - Seconds(3)) << samples;
     }
+}
+
+TEST(Chunking, WindowsFollowEachOtherByAStrideAndReachTheEnd)
+{
+    constexpr std::int64_t chunk = 239'360;
+    constexpr std::int64_t stride = 207'360;
+    using Windows = std::vector<std::pair<std::int64_t, std::int64_t>>;
+    const auto windowsOf = [](std::int64_t samples) {
+        ChunkProcessor chunks({}, true);
+        Windows windows;
+        const auto add = [&](const WindowSamples& cut) {
+            EXPECT_EQ(std::ssize(cut.samples), cut.window.end - cut.window.begin);
+            EXPECT_EQ(cut.samples.front(), static_cast<float>(cut.window.begin));
+            windows.emplace_back(cut.window.begin, cut.window.end);
+        };
+        constexpr std::int64_t step = 101;
+        for (std::int64_t i = 0; i < samples; i += step) {
+            std::vector<float> piece(static_cast<std::size_t>(std::min(step, samples - i)));
+            std::iota(piece.begin(), piece.end(), static_cast<float>(i));
+            chunks.append(piece);
+            if (const auto cut = chunks.next())
+                add(*cut);
+        }
+        if (const auto cut = chunks.rest())
+            add(*cut);
+        return windows;
+    };
+    EXPECT_EQ(windowsOf(chunk), (Windows{{0, chunk}}));
+    EXPECT_EQ(windowsOf(240'000), (Windows{{0, 240'000}}));
+    EXPECT_EQ(windowsOf(240'001), (Windows{{0, chunk}, {stride, 240'001}}));
+    EXPECT_EQ(windowsOf(chunk + stride), (Windows{{0, chunk}, {stride, chunk + stride}}));
+    EXPECT_EQ(windowsOf(chunk + stride + 1),
+              (Windows{{0, chunk}, {stride, chunk + stride}, {2 * stride, chunk + stride + 1}}));
 }
 
 TEST(Chunking, TheSeamLeavesOutNoWordAndTakesNoneTwice)
