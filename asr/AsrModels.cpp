@@ -8,7 +8,8 @@
 namespace vantro::asr {
 
 std::shared_ptr<const AsrModels> AsrModels::load(const std::filesystem::path& file, AsrModelVersion version,
-                                                 std::span<const std::filesystem::path> moduleFolders)
+                                                 std::span<const std::filesystem::path> moduleFolders,
+                                                 kernels::Level cap)
 {
     loadProcessorModule(moduleFolders);
     try {
@@ -16,9 +17,9 @@ std::shared_ptr<const AsrModels> AsrModels::load(const std::filesystem::path& fi
         const Hyperparameters& parameters = model.hyperparameters();
         AsrModelConfiguration configuration{version, parameters.vocabularySize, parameters.stateSize,
                                             parameters.maxSymbolsPerStep, model.durations()};
-        return std::make_shared<const AsrModels>(AsrModels{Encoder(model), Preprocessor(model), Decoder(model),
-                                                           JointDecision(model), std::move(configuration),
-                                                           model.pieces()});
+        return std::make_shared<const AsrModels>(AsrModels{Encoder(model, cap), Preprocessor(model),
+                                                           Decoder(model, cap), JointDecision(model, cap),
+                                                           std::move(configuration), model.pieces()});
     } catch (const std::bad_alloc&) {
         throw ASRError(ASRError::Kind::modelLoadFailed, "out of memory");
     }

@@ -27,8 +27,8 @@ ggml_tensor* quarter(ggml_context* context, ggml_tensor* gates, std::int64_t siz
 
 } // namespace
 
-Decoder::Decoder(ModelFile& file)
-    : weights_(others + layerCount(file) * tensorsPerLayer, Weights::Place::memory)
+Decoder::Decoder(ModelFile& file, kernels::Level cap)
+    : weights_(others + layerCount(file) * tensorsPerLayer, Weights::Place::memory, cap)
     , embedding_(weights_.tensor(file, "decoder.prediction.embed.weight"))
     , startToken_(file.hyperparameters().vocabularySize)
     , size_(file.hyperparameters().predictionSize)

@@ -15,7 +15,7 @@ namespace vantro::asr {
 class Decoder
 {
 public:
-    explicit Decoder(ModelFile& file);
+    explicit Decoder(ModelFile& file, kernels::Level cap = kernels::highestLevel);
 
     /// The graph of one step, built once and computed per token.
     class Step

@@ -17,8 +17,8 @@ std::size_t layerCount(const ModelFile& file)
 
 } // namespace
 
-Encoder::Encoder(ModelFile& file)
-    : weights_(nodesAround + layerCount(file) * tensorsPerLayer, Weights::Place::file)
+Encoder::Encoder(ModelFile& file, kernels::Level cap)
+    : weights_(nodesAround + layerCount(file) * tensorsPerLayer, Weights::Place::file, cap)
     , subsampling_(file, weights_)
     , stateSize_(file.hyperparameters().stateSize)
 {

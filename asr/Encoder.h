@@ -22,7 +22,7 @@ struct EncoderFrames
 class Encoder
 {
 public:
-    explicit Encoder(ModelFile& file);
+    explicit Encoder(ModelFile& file, kernels::Level cap = kernels::highestLevel);
 
 private:
     friend class Encoding;

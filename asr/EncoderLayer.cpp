@@ -20,13 +20,15 @@ LayerNorm readNorm(ModelFile& file, Weights& weights, const std::string& name)
 
 /// Folds the batch normalisation after the convolution, a scale and shift per channel, into the taps. The stored
 /// variance already includes epsilon.
-std::unique_ptr<EncoderLayer::Depthwise> readDepthwise(ModelFile& file, const std::string& prefix)
+std::unique_ptr<EncoderLayer::Depthwise> readDepthwise(ModelFile& file, const Weights& weights,
+                                                       const std::string& prefix)
 {
     const std::vector<float> stored = file.readFloats(prefix + "depthwise_conv.weight"); // [channel][tap]
     const std::vector<float> gamma = file.readFloats(prefix + "batch_norm.weight");
     const std::vector<float> mean = file.readFloats(prefix + "batch_norm.running_mean");
     const std::vector<float> variance = file.readFloats(prefix + "batch_norm.running_var");
     auto result = std::make_unique<EncoderLayer::Depthwise>();
+    result->kernels = &kernels::best(weights.cap());
     result->bias = file.readFloats(prefix + "batch_norm.bias");
     result->taps.resize(stored.size());
     const std::size_t channels = gamma.size();
@@ -43,7 +45,7 @@ std::unique_ptr<EncoderLayer::Depthwise> readDepthwise(ModelFile& file, const st
 void runGatedConvolution(ggml_tensor* result, int thread, int threads, void* userData)
 {
     const auto& depthwise = *static_cast<const EncoderLayer::Depthwise*>(userData);
-    kernels::active().gatedConvolution(
+    depthwise.kernels->gatedConvolution(
         static_cast<const float*>(result->src[0]->data), static_cast<std::size_t>(result->ne[1]),
         {depthwise.taps.data(), depthwise.bias.data(), depthwise.bias.size(), depthwise.size},
         static_cast<float*>(result->data), {static_cast<std::size_t>(thread), static_cast<std::size_t>(threads)});
@@ -98,7 +100,7 @@ EncoderLayer::EncoderLayer(ModelFile& file, Weights& weights, std::int32_t layer
     positionBias_ = weights.tensor(file, prefix + "self_attn.pos_bias_v");
     normConvolution_ = readNorm(file, weights, prefix + "norm_conv");
     pointwise1_ = linear("conv.pointwise_conv1");
-    depthwise_ = readDepthwise(file, prefix + "conv.");
+    depthwise_ = readDepthwise(file, weights, prefix + "conv.");
     pointwise2_ = linear("conv.pointwise_conv2");
     feedForward2_ = readFeedForward(file, weights, prefix, "feed_forward2");
     normOut_ = readNorm(file, weights, prefix + "norm_out");

@@ -37,6 +37,7 @@ public:
         std::vector<float> taps; ///< [tap][channel]
         std::vector<float> bias;
         std::size_t size = 0;
+        const kernels::Kernels* kernels = nullptr;
     };
 
 private:

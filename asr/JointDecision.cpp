@@ -10,8 +10,8 @@ constexpr std::size_t maximumTensors = 16;
 
 } // namespace
 
-JointDecision::JointDecision(ModelFile& file)
-    : weights_(maximumTensors, Weights::Place::memory)
+JointDecision::JointDecision(ModelFile& file, kernels::Level cap)
+    : weights_(maximumTensors, Weights::Place::memory, cap)
     , frameProjection_(weights_.linear(file, "joint.enc.weight", "joint.enc.bias"))
     , output_(weights_.linear(file, "joint.joint_net.2.weight", "joint.joint_net.2.bias"))
     , size_(file.jointSize())

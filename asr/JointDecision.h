@@ -15,7 +15,7 @@ namespace vantro::asr {
 class JointDecision
 {
 public:
-    explicit JointDecision(ModelFile& file);
+    explicit JointDecision(ModelFile& file, kernels::Level cap = kernels::highestLevel);
 
     /// Projects all encoder frames into the joint network's space.
     [[nodiscard]] EncoderFrames project(const EncoderFrames& encoded, GraphRunner& runner,

@@ -4,20 +4,15 @@ namespace vantro::asr {
 
 namespace {
 
-using kernels::MatrixFormat;
-
-// ggml passes one pointer to a custom operation: the address of the format.
-constexpr std::array formats = {MatrixFormat::none, MatrixFormat::bfloat16, MatrixFormat::float16, MatrixFormat::int8,
-                                MatrixFormat::q8,   MatrixFormat::q5,       MatrixFormat::q4};
-
-void* userData(MatrixFormat format)
+// ggml passes one pointer to a custom operation.
+void* userData(const kernels::MatrixKernels& matrices)
 {
-    return const_cast<MatrixFormat*>(&formats.at(static_cast<std::size_t>(format)));
+    return const_cast<kernels::MatrixKernels*>(&matrices);
 }
 
 const kernels::MatrixKernels& kernelsOf(const void* userData)
 {
-    return *kernels::matrixKernels(*static_cast<const MatrixFormat*>(userData));
+    return *static_cast<const kernels::MatrixKernels*>(userData);
 }
 
 kernels::Share share(int thread, int threads)
@@ -46,28 +41,30 @@ void runMultiply(ggml_tensor* result, int thread, int threads, void* userData)
 
 } // namespace
 
-ggml_tensor* Activations::packed(MatrixFormat format)
+ggml_tensor* Activations::packed(const kernels::MatrixKernels& matrices)
 {
-    ggml_tensor*& node = packed_.at(static_cast<std::size_t>(format));
-    if (node == nullptr) {
-        const std::size_t bytes = kernels::matrixKernels(format)->activationBytes(
-            static_cast<std::size_t>(values_->ne[0]), static_cast<std::size_t>(values_->ne[1]));
-        node = ggml_custom_4d(context_, GGML_TYPE_I8, static_cast<std::int64_t>(bytes), 1, 1, 1, &values_, 1, runPack,
-                              GGML_N_TASKS_MAX, userData(format));
+    for (const auto& [function, node] : packed_) {
+        if (function == matrices.packActivations)
+            return node;
     }
+    const std::size_t bytes =
+        matrices.activationBytes(static_cast<std::size_t>(values_->ne[0]), static_cast<std::size_t>(values_->ne[1]));
+    ggml_tensor* node = ggml_custom_4d(context_, GGML_TYPE_I8, static_cast<std::int64_t>(bytes), 1, 1, 1, &values_, 1,
+                                       runPack, GGML_N_TASKS_MAX, userData(matrices));
+    packed_.emplace_back(matrices.packActivations, node);
     return node;
 }
 
 ggml_tensor* Linear::apply(Activations& input) const
 {
     ggml_context* context = input.context();
-    if (format == MatrixFormat::none) {
+    if (kernels == nullptr) {
         ggml_tensor* product = ggml_mul_mat(context, weight, input.values());
         return bias != nullptr ? ggml_add(context, product, bias) : product;
     }
-    ggml_tensor* sources[] = {weight, input.packed(format), input.values(), bias};
+    ggml_tensor* sources[] = {weight, input.packed(*kernels), input.values(), bias};
     return ggml_custom_4d(context, GGML_TYPE_F32, outputs, input.values()->ne[1], 1, 1, sources,
-                          bias != nullptr ? 4 : 3, runMultiply, GGML_N_TASKS_MAX, userData(format));
+                          bias != nullptr ? 4 : 3, runMultiply, GGML_N_TASKS_MAX, userData(*kernels));
 }
 
 ggml_tensor* Linear::apply(ggml_context* context, ggml_tensor* input) const

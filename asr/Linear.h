@@ -4,12 +4,13 @@
 
 #include <ggml.h>
 
-#include <array>
 #include <cstdint>
+#include <utility>
+#include <vector>
 
 namespace vantro::asr {
 
-/// Columns multiplied by several matrices: [inputs, columns], packed once per format used.
+/// Columns multiplied by several matrices: [inputs, columns], packed once for each way in which they are.
 class Activations
 {
 public:
@@ -17,21 +18,21 @@ public:
 
     [[nodiscard]] ggml_context* context() const { return context_; }
     [[nodiscard]] ggml_tensor* values() const { return values_; }
-    /// The node that packs them for @p format.
-    ggml_tensor* packed(kernels::MatrixFormat format);
+    /// The node that packs them for products with @p matrices.
+    ggml_tensor* packed(const kernels::MatrixKernels& matrices);
 
 private:
     ggml_context* context_;
     ggml_tensor* values_;
-    std::array<ggml_tensor*, 7> packed_{};
+    std::vector<std::pair<decltype(kernels::MatrixKernels::packActivations), ggml_tensor*>> packed_;
 };
 
 /// y = W x + b. A tensor of [inputs, columns] becomes [outputs, columns].
 struct Linear
 {
-    ggml_tensor* weight = nullptr; ///< packed bytes in the format, or a matrix in ggml's layout
-    ggml_tensor* bias = nullptr;   ///< may be null
-    kernels::MatrixFormat format = kernels::MatrixFormat::none;
+    ggml_tensor* weight = nullptr;                   ///< bytes as the kernels want them, or a matrix in ggml's layout
+    ggml_tensor* bias = nullptr;                     ///< may be null
+    const kernels::MatrixKernels* kernels = nullptr; ///< null: left to ggml
     std::int64_t inputs = 0;
     std::int64_t outputs = 0;
 

@@ -22,10 +22,11 @@ std::string convolution(int index)
     return "encoder.pre_encode.conv." + std::to_string(index);
 }
 
-Subsampling::Depthwise readDepthwise(ModelFile& file, int index)
+Subsampling::Depthwise readDepthwise(ModelFile& file, const Weights& weights, int index)
 {
     const std::vector<float> stored = file.readFloats(convolution(index) + ".weight"); // [channel][tap]
-    Subsampling::Depthwise result{std::vector<float>(stored.size()), file.readFloats(convolution(index) + ".bias")};
+    Subsampling::Depthwise result{std::vector<float>(stored.size()), file.readFloats(convolution(index) + ".bias"),
+                                  &kernels::best(weights.cap())};
     const std::size_t channels = result.bias.size();
     for (std::size_t channel = 0; channel < channels; ++channel) {
         for (std::size_t tap = 0; tap < tapCount; ++tap)
@@ -51,15 +52,16 @@ void runFront(ggml_tensor* result, int thread, int threads, void* userData)
     const ggml_tensor* mel = result->src[0];
     const kernels::Map source{static_cast<float*>(mel->data), static_cast<std::size_t>(mel->ne[1]),
                               static_cast<std::size_t>(mel->ne[0])};
-    kernels::active().subsampleTwice(source, kernelArguments(front.first), kernelArguments(front.second), map(result),
-                                     {static_cast<std::size_t>(thread), static_cast<std::size_t>(threads)});
+    front.second.kernels->subsampleTwice(source, kernelArguments(front.first), kernelArguments(front.second),
+                                         map(result),
+                                         {static_cast<std::size_t>(thread), static_cast<std::size_t>(threads)});
 }
 
 void runDepthwise(ggml_tensor* result, int thread, int threads, void* userData)
 {
     const auto& convolution = *static_cast<const Subsampling::Depthwise*>(userData);
-    kernels::active().subsample(map(result->src[0]), kernelArguments(convolution), map(result),
-                                {static_cast<std::size_t>(thread), static_cast<std::size_t>(threads)});
+    convolution.kernels->subsample(map(result->src[0]), kernelArguments(convolution), map(result),
+                                   {static_cast<std::size_t>(thread), static_cast<std::size_t>(threads)});
 }
 
 /// Applies a matrix to the channels of each point of [channels, bands, frames].
@@ -74,9 +76,9 @@ ggml_tensor* pointwise(ggml_context* context, const Linear& linear, ggml_tensor*
 
 Subsampling::Subsampling(ModelFile& file, Weights& weights) : channels_(file.hyperparameters().subsamplingChannels)
 {
-    front_->first = readDepthwise(file, 0);
-    front_->second = readDepthwise(file, 2);
-    *third_ = readDepthwise(file, 5);
+    front_->first = readDepthwise(file, weights, 0);
+    front_->second = readDepthwise(file, weights, 2);
+    *third_ = readDepthwise(file, weights, 5);
     const auto readPointwise = [&](int index) {
         return Linear{.weight = weights.values(file.readFloats(convolution(index) + ".weight"), channels_, channels_),
                       .bias = weights.values(file.readFloats(convolution(index) + ".bias"), channels_)};

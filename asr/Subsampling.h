@@ -13,6 +13,10 @@ namespace vantro::asr {
 class ModelFile;
 class Weights;
 
+namespace kernels {
+struct Kernels;
+}
+
 /// The encoder's front end: three convolutions with stride 2 in time and frequency turn eight mel frames into one frame
 /// of 80 ms (FastConformer, arXiv:2305.05084). The second and third are depthwise, each followed by a pointwise one.
 class Subsampling
@@ -31,6 +35,7 @@ public:
     {
         std::vector<float> taps;
         std::vector<float> bias;
+        const kernels::Kernels* kernels = nullptr;
     };
     /// The first two convolutions, fused so that the large intermediate map is never materialised.
     struct Front

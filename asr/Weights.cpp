@@ -21,34 +21,41 @@ using kernels::MatrixFormat;
 
 constexpr unsigned maximumLoadThreads = 4;
 
-/// The fastest format on this processor for a matrix of that type.
-MatrixFormat formatFor(const ModelFile::Tensor& entry, Weights::Place place)
+MatrixFormat formatFor(ggml_type type, Weights::Place place)
 {
-    constexpr std::int64_t inputsMultiple = 32;
     const bool inFile = place == Weights::Place::file;
-    MatrixFormat format = MatrixFormat::none;
-    if (entry.type == GGML_TYPE_F16)
-        format = inFile ? MatrixFormat::float16 : MatrixFormat::bfloat16;
-    else if (entry.type == GGML_TYPE_Q8_0)
-        format = inFile ? MatrixFormat::q8 : MatrixFormat::int8;
-    else if (entry.type == GGML_TYPE_Q5_0 && inFile)
-        format = MatrixFormat::q5;
-    else if (entry.type == GGML_TYPE_Q4_0 && inFile)
-        format = MatrixFormat::q4;
-    return entry.shape[0] % inputsMultiple == 0 && kernels::matrixKernels(format) != nullptr ? format
-                                                                                             : MatrixFormat::none;
+    switch (type) {
+    case GGML_TYPE_F16:
+        return inFile ? MatrixFormat::float16 : MatrixFormat::bfloat16;
+    case GGML_TYPE_Q8_0:
+        return inFile ? MatrixFormat::q8 : MatrixFormat::int8;
+    case GGML_TYPE_Q5_0:
+        return inFile ? MatrixFormat::q5 : MatrixFormat::none;
+    case GGML_TYPE_Q4_0:
+        return inFile ? MatrixFormat::q4 : MatrixFormat::none;
+    default:
+        return MatrixFormat::none;
+    }
 }
 
-bool staysInFile(MatrixFormat format)
+/// The fastest products on this processor with a matrix of that type; null if they are ggml's.
+const kernels::MatrixKernels* kernelsFor(const ModelFile::Tensor& entry, Weights::Place place, kernels::Level cap)
 {
-    return format != MatrixFormat::none && kernels::matrixKernels(format)->packMatrix == nullptr;
+    constexpr std::int64_t inputsMultiple = 32;
+    return entry.shape[0] % inputsMultiple == 0 ? kernels::matrixKernels(formatFor(entry.type, place), cap) : nullptr;
+}
+
+bool staysInFile(const kernels::MatrixKernels* kernels)
+{
+    return kernels != nullptr && kernels->packMatrix == nullptr;
 }
 
 } // namespace
 
-Weights::Weights(std::size_t maximumTensors, Place place)
+Weights::Weights(std::size_t maximumTensors, Place place, kernels::Level cap)
     : context_(maximumTensors * ggml_tensor_overhead())
     , place_(place)
+    , cap_(cap)
 {
 }
 
@@ -57,24 +64,23 @@ ggml_tensor* Weights::tensor(ModelFile& file, const std::string& name)
     const ModelFile::Tensor& entry = file.tensor(name);
     ggml_tensor* tensor =
         ggml_new_tensor_4d(context_.get(), entry.type, entry.shape[0], entry.shape[1], entry.shape[2], entry.shape[3]);
-    fromFile_.push_back({tensor, name, MatrixFormat::none});
+    fromFile_.push_back({tensor, name, nullptr});
     return tensor;
 }
 
 Linear Weights::linear(ModelFile& file, const std::string& weight, const std::string& bias)
 {
     const ModelFile::Tensor& entry = file.tensor(weight);
-    Linear linear{nullptr, bias.empty() ? nullptr : tensor(file, bias), formatFor(entry, place_), entry.shape[0],
+    Linear linear{nullptr, bias.empty() ? nullptr : tensor(file, bias), kernelsFor(entry, place_, cap_), entry.shape[0],
                   entry.shape[1]};
-    if (linear.format == MatrixFormat::none) {
+    if (linear.kernels == nullptr) {
         linear.weight = tensor(file, weight);
         return linear;
     }
     const std::size_t bytes =
-        kernels::matrixKernels(linear.format)
-            ->matrixBytes(static_cast<std::size_t>(linear.inputs), static_cast<std::size_t>(linear.outputs));
+        linear.kernels->matrixBytes(static_cast<std::size_t>(linear.inputs), static_cast<std::size_t>(linear.outputs));
     linear.weight = ggml_new_tensor_1d(context_.get(), GGML_TYPE_I8, static_cast<std::int64_t>(bytes));
-    fromFile_.push_back({linear.weight, weight, linear.format});
+    fromFile_.push_back({linear.weight, weight, linear.kernels});
     return linear;
 }
 
@@ -98,7 +104,7 @@ void Weights::load(ModelFile& file)
 void Weights::allocate(const ModelFile& file)
 {
     for (const FileTensor& target : fromFile_) {
-        if (!staysInFile(target.format))
+        if (!staysInFile(target.kernels))
             continue;
         if (mapping_ == nullptr)
             mapping_ = file.map();
@@ -155,16 +161,16 @@ void Weights::readTensor(const ModelFile& file, const FileTensor& target, std::v
 {
     const ModelFile::Tensor& entry = file.tensor(target.name);
     auto* data = static_cast<std::byte*>(target.tensor->data);
-    if (staysInFile(target.format)) {
+    if (staysInFile(target.kernels)) {
         if (!mapping_->load(entry.offset, entry.bytes))
             throw ASRError(ASRError::Kind::modelLoadFailed, "the file cannot be read");
         return;
     }
-    if (target.format == MatrixFormat::none) {
+    if (target.kernels == nullptr) {
         file.read(entry, 0, std::span(data, entry.bytes));
         return;
     }
-    const kernels::MatrixKernels& matrix = *kernels::matrixKernels(target.format);
+    const kernels::MatrixKernels& matrix = *target.kernels;
     const auto inputs = static_cast<std::size_t>(entry.shape[0]);
     const auto outputs = static_cast<std::size_t>(entry.shape[1]);
     const std::size_t rowBytes = entry.bytes / outputs;

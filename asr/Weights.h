@@ -26,7 +26,10 @@ public:
     /// single columns, or unchanged in the mapped file, which costs neither load time nor private memory.
     enum class Place { memory, file };
 
-    Weights(std::size_t maximumTensors, Place place);
+    /// @p cap: of the products' instruction sets.
+    Weights(std::size_t maximumTensors, Place place, kernels::Level cap);
+
+    [[nodiscard]] kernels::Level cap() const { return cap_; }
 
     /// The tensor @p name in its stored type.
     ggml_tensor* tensor(ModelFile& file, const std::string& name);
@@ -45,7 +48,7 @@ private:
     {
         ggml_tensor* tensor;
         std::string name;
-        kernels::MatrixFormat format;
+        const kernels::MatrixKernels* kernels; ///< null: as it is
     };
     struct ComputedTensor
     {
@@ -59,6 +62,7 @@ private:
 
     GgmlContext context_;
     Place place_;
+    kernels::Level cap_;
     GgmlPointer<ggml_backend_buffer> buffer_;
     std::shared_ptr<const FileMapping> mapping_; ///< null if no matrix is used from the file
     std::vector<FileTensor> fromFile_;

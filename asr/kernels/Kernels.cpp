@@ -4,27 +4,50 @@
 
 namespace vantro::asr::kernels {
 
-namespace {
+#ifdef VANTRO_ASR_X86
+bool isSupported(Level level)
+{
+    __builtin_cpu_init();
+    const bool hasAvx2 =
+        __builtin_cpu_supports("avx2") && __builtin_cpu_supports("fma") && __builtin_cpu_supports("f16c");
+    const bool hasAvx512 = __builtin_cpu_supports("avx512f") && __builtin_cpu_supports("avx512bw") &&
+                           __builtin_cpu_supports("avx512dq") && __builtin_cpu_supports("avx512vl");
+    switch (level) {
+    case Level::baseline:
+        return true;
+    case Level::avx2:
+        return hasAvx2;
+    case Level::avxVnni:
+        return hasAvx2 && __builtin_cpu_supports("avxvnni");
+    case Level::avx512:
+        return hasAvx512;
+    case Level::avx512Vnni:
+        return hasAvx512 && __builtin_cpu_supports("avx512vnni");
+    case Level::avx512Bf16:
+        return hasAvx512 && __builtin_cpu_supports("avx512bf16");
+    }
+    return false;
+}
+#else
+bool isSupported(Level level)
+{
+    return level == Level::baseline;
+}
+#endif
 
-Kernels bestForThisProcessor()
+const Kernels& best(Level cap)
 {
 #ifdef VANTRO_ASR_X86
-    __builtin_cpu_init();
-    if (__builtin_cpu_supports("avx512f") && __builtin_cpu_supports("avx512bw") && __builtin_cpu_supports("avx512dq") &&
-        __builtin_cpu_supports("avx512vl"))
-        return avx512Kernels();
-    if (__builtin_cpu_supports("avx2") && __builtin_cpu_supports("fma"))
-        return avx2Kernels();
+    static const Kernels avx512 = avx512Kernels();
+    static const Kernels avx2 = avx2Kernels();
+    if (cap >= Level::avx512 && isSupported(Level::avx512))
+        return avx512;
+    if (cap >= Level::avx2 && isSupported(Level::avx2))
+        return avx2;
 #endif
-    return baselineKernels();
-}
-
-} // namespace
-
-const Kernels& active()
-{
-    static const Kernels best = bestForThisProcessor();
-    return best;
+    static_cast<void>(cap);
+    static const Kernels baseline = baselineKernels();
+    return baseline;
 }
 
 } // namespace vantro::asr::kernels

@@ -2,9 +2,25 @@
 
 #include <cstddef>
 
-/// Inner loops for which ggml has no fast operation, compiled once per instruction-set level; active() returns the best
-/// set for this processor. Every function does one thread's share of the work.
+/// Inner loops for which ggml has no fast operation, compiled once per instruction-set level. Every function does one
+/// thread's share of the work.
 namespace vantro::asr::kernels {
+
+/// Instruction sets that something is compiled for, the preferred ones last. None implies another.
+enum class Level {
+    baseline,
+    avx2,       ///< with FMA and F16C
+    avxVnni,    ///< the same and 8-bit dot products
+    avx512,     ///< F, BW, DQ and VL
+    avx512Vnni, ///< the same and 8-bit dot products
+    avx512Bf16, ///< AVX-512 and dot products of bfloat16
+};
+inline constexpr Level levels[] = {Level::baseline, Level::avx2,       Level::avxVnni,
+                                   Level::avx512,   Level::avx512Vnni, Level::avx512Bf16};
+inline constexpr Level highestLevel = Level::avx512Bf16;
+
+/// Whether this processor has it.
+bool isSupported(Level level);
 
 struct Share
 {
@@ -49,6 +65,7 @@ struct Kernels
                              Share share);
 };
 
-const Kernels& active();
+/// The best set for this processor up to @p cap.
+const Kernels& best(Level cap = highestLevel);
 
 } // namespace vantro::asr::kernels

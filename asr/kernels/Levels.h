@@ -10,6 +10,17 @@ Kernels baselineKernels();
 Kernels avx2Kernels();
 Kernels avx512Kernels();
 
+/// Products with matrices as they stand in a file.
+struct StoredMatrices
+{
+    MatrixKernels float16;
+    MatrixKernels q8;
+    MatrixKernels q5;
+    MatrixKernels q4;
+};
+const StoredMatrices& avx2Matrices();    ///< requires AVX2 with FMA and F16C
+const StoredMatrices& avxVnniMatrices(); ///< and AVX-VNNI
+
 const MatrixKernels& bfloat16Matrices();   ///< requires AVX-512 with BF16
 const MatrixKernels& float16Matrices();    ///< the same
 const MatrixKernels& int8Matrices();       ///< requires AVX-512 with VNNI

@@ -6,34 +6,79 @@ namespace vantro::asr::kernels {
 
 namespace {
 
-#ifdef VANTRO_ASR_X86
-bool hasAvx512()
+struct Implementation
 {
-    return __builtin_cpu_supports("avx512f") && __builtin_cpu_supports("avx512bw") &&
-           __builtin_cpu_supports("avx512dq") && __builtin_cpu_supports("avx512vl");
-}
+    MatrixFormat format;
+    Level level;
+    const MatrixKernels* (*kernels)();
+};
+
+/// The best ones of a format first.
+constexpr Implementation implementations[] = {
+#ifdef VANTRO_ASR_X86
+    {MatrixFormat::bfloat16, Level::avx512Bf16,
+     [] {
+         return &bfloat16Matrices();
+     }},
+    {MatrixFormat::float16, Level::avx512Bf16,
+     [] {
+         return &float16Matrices();
+     }},
+    {MatrixFormat::int8, Level::avx512Vnni,
+     [] {
+         return &int8Matrices();
+     }},
+    {MatrixFormat::q8, Level::avx512Vnni,
+     [] {
+         return &storedInt8Matrices();
+     }},
+    {MatrixFormat::q5, Level::avx512Vnni,
+     [] {
+         return &storedInt5Matrices();
+     }},
+    {MatrixFormat::q4, Level::avx512Vnni,
+     [] {
+         return &storedInt4Matrices();
+     }},
+    {MatrixFormat::q8, Level::avxVnni,
+     [] {
+         return &avxVnniMatrices().q8;
+     }},
+    {MatrixFormat::q5, Level::avxVnni,
+     [] {
+         return &avxVnniMatrices().q5;
+     }},
+    {MatrixFormat::q4, Level::avxVnni,
+     [] {
+         return &avxVnniMatrices().q4;
+     }},
+    {MatrixFormat::float16, Level::avx2,
+     [] {
+         return &avx2Matrices().float16;
+     }},
+    {MatrixFormat::q8, Level::avx2,
+     [] {
+         return &avx2Matrices().q8;
+     }},
+    {MatrixFormat::q5, Level::avx2,
+     [] {
+         return &avx2Matrices().q5;
+     }},
+    {MatrixFormat::q4, Level::avx2,
+     [] {
+         return &avx2Matrices().q4;
+     }},
 #endif
+};
 
 } // namespace
 
-const MatrixKernels* matrixKernels(MatrixFormat format)
+const MatrixKernels* matrixKernels(MatrixFormat format, Level cap)
 {
-#ifdef VANTRO_ASR_X86
-    __builtin_cpu_init();
-    if (format == MatrixFormat::bfloat16 && hasAvx512() && __builtin_cpu_supports("avx512bf16"))
-        return &bfloat16Matrices();
-    if (format == MatrixFormat::float16 && matrixKernels(MatrixFormat::bfloat16) != nullptr)
-        return &float16Matrices();
-    if (format == MatrixFormat::int8 && hasAvx512() && __builtin_cpu_supports("avx512vnni"))
-        return &int8Matrices();
-    if (format == MatrixFormat::q8 && matrixKernels(MatrixFormat::int8) != nullptr)
-        return &storedInt8Matrices();
-    if (format == MatrixFormat::q5 && matrixKernels(MatrixFormat::int8) != nullptr)
-        return &storedInt5Matrices();
-    if (format == MatrixFormat::q4 && matrixKernels(MatrixFormat::int8) != nullptr)
-        return &storedInt4Matrices();
-#endif
-    static_cast<void>(format);
+    for (const Implementation& implementation : implementations) {
+        if (implementation.format == format && implementation.level <= cap && isSupported(implementation.level))
+            return implementation.kernels();
+    }
     return nullptr;
 }
 

@@ -38,7 +38,7 @@ struct MatrixKernels
                      std::size_t columns, const float* bias, float* result, Share share);
 };
 
-/// Null for formats that this processor does not support.
-const MatrixKernels* matrixKernels(MatrixFormat format);
+/// The best up to @p cap that this processor has; null if it has none.
+const MatrixKernels* matrixKernels(MatrixFormat format, Level cap = highestLevel);
 
 } // namespace vantro::asr::kernels

@@ -45,9 +45,9 @@ std::vector<Expectation> expectations()
     return result;
 }
 
-std::shared_ptr<const AsrModels> loadMicro(const std::string& variant, AsrModelVersion version)
+std::shared_ptr<const AsrModels> loadMicro(const std::string& variant, AsrModelVersion version, kernels::Level cap)
 {
-    return AsrModels::load(dataFolder() / variant, version, moduleFolders());
+    return AsrModels::load(dataFolder() / variant, version, moduleFolders(), cap);
 }
 
 ASRResult transcribe(AsrManager& manager, const std::vector<float>& samples, const AsrManager::Options& options)

@@ -35,7 +35,8 @@ struct Expectation
 std::vector<Expectation> expectations();
 
 std::shared_ptr<const AsrModels> loadMicro(const std::string& variant = "parakeet-micro-tdt.bin",
-                                           AsrModelVersion version = AsrModelVersion::v2);
+                                           AsrModelVersion version = AsrModelVersion::v2,
+                                           kernels::Level cap = kernels::highestLevel);
 
 ASRResult transcribe(AsrManager& manager, const std::vector<float>& samples, const AsrManager::Options& options = {});
 

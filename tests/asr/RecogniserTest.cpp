@@ -59,20 +59,29 @@ float largestDifference(const std::vector<float>& a, const std::vector<float>& b
 
 } // namespace
 
-class EveryVariant : public ::testing::TestWithParam<const char*>
+class EveryVariant : public ::testing::TestWithParam<std::tuple<const char*, kernels::Level>>
 {
 };
 
-TEST_P(EveryVariant, WritesTheReferenceTextOfEveryRecording)
+std::vector<kernels::Level> supportedLevels()
 {
-    Recogniser recogniser(loadMicro(GetParam()));
+    std::vector<kernels::Level> result;
+    std::ranges::copy_if(kernels::levels, std::back_inserter(result), kernels::isSupported);
+    return result;
+}
+
+TEST_P(EveryVariant, WritesTheReferenceTextOfEveryRecordingWithEveryInstructionSet)
+{
+    const auto& [variant, cap] = GetParam();
+    Recogniser recogniser(loadMicro(variant, AsrModelVersion::v2, cap));
     for (const Expectation& expected : expectations())
         EXPECT_EQ(recogniser.text(recording(expected.file)), expected.text) << expected.file;
 }
 
 INSTANTIATE_TEST_SUITE_P(Recognising, EveryVariant,
-                         ::testing::Values("parakeet-micro-tdt.bin", "parakeet-micro-tdt-f32.bin",
-                                           "parakeet-micro-tdt-q8_0.bin"));
+                         ::testing::Combine(::testing::Values("parakeet-micro-tdt.bin", "parakeet-micro-tdt-f32.bin",
+                                                              "parakeet-micro-tdt-q8_0.bin"),
+                                            ::testing::ValuesIn(supportedLevels())));
 
 class EveryQuantisation : public ::testing::TestWithParam<ggml_type>
 {
