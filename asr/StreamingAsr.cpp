@@ -64,6 +64,7 @@ StreamingAsr::StreamingAsr(std::shared_ptr<const AsrModels> models, ASRConfig co
     : models_(std::move(models))
     , config_(std::move(config))
     , allowed_(filterFor(options.language, *models_, logger))
+    , onSpeculated_(options.onSpeculated)
     , chunks_(options.chunks, config_.melChunkContext)
     , search_(*models_, config_.tdtConfig, allowed_ ? &*allowed_ : nullptr, logger)
     , pool_(*models_, {config_.parallelChunkConcurrency, options.isLive, options.onBackgroundThread, logger})
@@ -122,6 +123,7 @@ void StreamingAsr::speculate()
     if (ending_ != nullptr)
         return;
     ending_ = std::make_shared<Ending>();
+    ending_->sampleCount = chunks_.totalSamples();
     submit(chunks_.rest(), ending_->stop.get_token(), ending_);
 }
 
@@ -144,7 +146,7 @@ ASRResult StreamingAsr::finish(const Finish& options)
         speculate();
         hurry();
         waitForEnding(options);
-        ASRResult found = result();
+        ASRResult found = result(*ending_);
         found.processingTime = std::chrono::steady_clock::now() - begun;
         return found;
     } catch (const std::bad_alloc&) {
@@ -170,13 +172,13 @@ void StreamingAsr::waitForEnding(const Finish& options)
         std::rethrow_exception(ending_->error);
 }
 
-ASRResult StreamingAsr::result() const
+ASRResult StreamingAsr::result(const Ending& ending) const
 {
     ASRResult result;
-    result.duration = Seconds(static_cast<double>(chunks_.totalSamples()) / config_.sampleRate);
+    result.duration = Seconds(static_cast<double>(ending.sampleCount) / config_.sampleRate);
     auto& timings = result.tokenTimings.emplace();
     float sum = 0;
-    for (const DecodedToken& token : ending_->transcript.tokens) {
+    for (const DecodedToken& token : ending.transcript.tokens) {
         const std::string& piece = models_->vocabulary[static_cast<std::size_t>(token.id)];
         appendPiece(result.text, piece);
         // A token without a duration still occupies its own frame.
@@ -236,6 +238,8 @@ void StreamingAsr::searchEnding(Task& task)
         ending.transcript = transcript_;
         search(task, ending.transcript, ending.stop.get_token());
         search_.close(ending.transcript, ending.stop.get_token());
+        if (onSpeculated_ && !ending.stop.stop_requested())
+            onSpeculated_(result(ending));
     } catch (...) {
         ending.error = std::current_exception();
     }

@@ -37,6 +37,8 @@ public:
         ChunkProcessor::Options chunks;
         bool isLive = true;                       ///< false: nothing is computed before hurry()
         std::function<void()> onBackgroundThread; ///< called there first, for instance to lower its priority
+        /// Called with what was recognised as if the recording ended after a speculate(); on the searching thread.
+        std::function<void(const ASRResult&)> onSpeculated = {};
     };
 
     /// @p config: with the model's blank and durations (AsrManager::config()). @p logger: any thread; may be empty.
@@ -72,6 +74,7 @@ private:
     struct Ending
     {
         std::stop_source stop;
+        std::int64_t sampleCount = 0;
         WindowSearch::Transcript transcript; ///< this and the error: the searching thread's until it is over
         std::exception_ptr error;
         bool isOver = false;
@@ -86,7 +89,7 @@ private:
     void submit(std::optional<WindowSamples> window, const std::stop_token& stop, std::shared_ptr<Ending> ending);
     void dropEnding();
     void waitForEnding(const Finish& options);
-    [[nodiscard]] ASRResult result() const;
+    [[nodiscard]] ASRResult result(const Ending& ending) const;
     void work();
     [[nodiscard]] std::optional<Task> nextTask();
     void searchWindow(Task& task);
@@ -96,6 +99,7 @@ private:
     std::shared_ptr<const AsrModels> models_;
     ASRConfig config_;
     std::optional<TokenFilter> allowed_;
+    std::function<void(const ASRResult&)> onSpeculated_;
     ChunkProcessor chunks_;
     std::stop_source stop_;
     std::size_t windows_ = 0; ///< submitted

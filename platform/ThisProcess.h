@@ -11,6 +11,8 @@ namespace vantro::process {
 [[nodiscard]] std::filesystem::path programFile();
 /// A different value after each boot; empty if unknown.
 [[nodiscard]] QByteArray bootIdentity();
+/// Lets other work go first from now on. A thread cannot take that back.
+void lowerPriorityOfThisThread();
 /// Makes the allocator return free memory to the system, e.g. after large objects have been freed.
 void giveMemoryBack();
 

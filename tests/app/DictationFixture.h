@@ -64,6 +64,13 @@ public:
         const QFuture<QString> answered = answer->future();
         co_return co_await answered;
     }
+    bool hear(const UnfinishedRecording& recording) override
+    {
+        heard.emplace_back(recording.samples.size(), recording.mayHaveEnded);
+        onWords = recording.onWords;
+        return keepsUp;
+    }
+    void hurry() override { ++hurried; }
     [[nodiscard]] std::size_t aheadLimit() const override { return limit; }
     void dictationEnded() override { ++ended; }
 
@@ -90,6 +97,10 @@ public:
     int ended = 0;
     std::size_t sampleCount = 0;
     std::size_t limit = 0;
+    bool keepsUp = false;
+    std::vector<std::pair<std::size_t, bool>> heard; ///< numbers of samples, and whether speech had paused
+    std::function<void(const QString&)> onWords;
+    int hurried = 0;
     // Of the latest request.
     std::stop_token stop;
     bool isAhead = false;

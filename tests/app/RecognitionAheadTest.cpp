@@ -112,6 +112,37 @@ TEST_F(RecognitionAheadTest, AFailureIsTriedAgainWithTheWholeAndACancelEndsBoth)
     EXPECT_FALSE(recorder.isBusy());
 }
 
+TEST_F(RecognitionAheadTest, AnEngineThatKeepsUpHearsWhatIsSaidAndNoPauseUntilTheUserSpeaksOn)
+{
+    provider.keepsUp = true;
+    QStringList words;
+    shell.onLauncher = [&](const Dictation& dictation) {
+        QObject::connect(&dictation, &Dictation::understood, [&](const QString& text) { words << text; });
+    };
+    pressShortcut();
+    speak(16'384);
+    passSilently(0);
+    EXPECT_EQ(provider.heard.back(), std::pair(std::size_t{16'384}, false));
+    passSilently(8'192);
+    ASSERT_TRUE(provider.heard.back().second);
+    const std::size_t paused = provider.heard.back().first;
+    EXPECT_LT(paused, 16'384U + 3'200);
+    provider.onWords(QStringLiteral("Until here."));
+    EXPECT_EQ(words, QStringList{QStringLiteral("Until here.")});
+    passSilently(16'384);
+    EXPECT_EQ(provider.heard.back(), std::pair(paused, true));
+    speak(2'048);
+    passSilently(0);
+    EXPECT_EQ(provider.heard.back(), std::pair(std::size_t{16'384 + 8'192 + 16'384 + 2'048}, false));
+    EXPECT_FALSE(provider.isAsked()) << "it is done already";
+    EXPECT_EQ(provider.hurried, 0);
+    stopAndDrain();
+    EXPECT_GT(provider.hurried, 0);
+    provider.answer(QStringLiteral("All."));
+    pump();
+    EXPECT_EQ(delivered, QStringLiteral("All."));
+}
+
 TEST_F(RecognitionAheadTest, SettingsThatChangeMakeItBeginAnew)
 {
     pressShortcut();

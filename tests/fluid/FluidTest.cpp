@@ -229,6 +229,42 @@ TEST_F(Fluid, ACancelInTheMiddleOfALongRecordingEndsItAndTheNextOneIsWritten)
     EXPECT_EQ(QCoro::waitFor(std::move(next)).text, "Good morning, Peter.");
 }
 
+TEST_F(Fluid, ARecordingThatIsHeardWhileItIsMadeGetsTheTextOfTheWhole)
+{
+    install("ggml-parakeet-tdt-0.6b-v3-q8_0.bin", "parakeet-micro-tdt-q8_0.bin");
+    vocabulary.addReplacement(QStringLiteral("plan"), QStringLiteral("map"));
+    const TranscriptionModel model = entry("Parakeet v3 (Fluid)");
+    const std::vector<float> speech = recording("sentence-01.flac");
+    const QString id = QStringLiteral("audio-1");
+    QStringList words;
+    const auto hear = [&](std::size_t count, bool mayHaveEnded) {
+        return provider.hear({id, model, std::span(speech).first(count), mayHaveEnded, [&](const QString& text) {
+                                  words << text;
+                              }});
+    };
+    EXPECT_FALSE(hear(3'200, false)) << "nothing is loaded yet";
+    EXPECT_TRUE(QCoro::waitFor(provider.prepare(model)).isEmpty());
+    EXPECT_TRUE(hear(9'600, false));
+    EXPECT_TRUE(hear(9'600, true));
+    EXPECT_TRUE(hear(speech.size(), true)) << "the user went on";
+    provider.hurry();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return words.contains(QStringLiteral("Can you show me the map?")); }, 60'000));
+
+    const auto textOf = [&](const QString& recordingID, std::vector<float> samples) {
+        TranscriptionRequest request{recordingID, std::move(samples), model, {}, {}, {}};
+        return QCoro::waitFor(provider.transcribe(std::move(request)));
+    };
+    auto longer = speech;
+    longer.resize(longer.size() + 8'000, 0.0F);
+    const QString whole = textOf(QStringLiteral("audio-2"), longer);
+    EXPECT_EQ(textOf(id, longer), whole) << "what came after the last look";
+    EXPECT_EQ(textOf(id, {speech.begin(), speech.begin() + 9'600}),
+              textOf({}, {speech.begin(), speech.begin() + 9'600}))
+        << "less than was heard is another recording";
+    provider.dictationEnded();
+    EXPECT_EQ(textOf(id, longer), whole);
+}
+
 TEST_F(Fluid, TheUsersReplacementsAreAppliedToWhatWasSaid)
 {
     install("ggml-parakeet-tdt-0.6b-v3-q8_0.bin", "parakeet-micro-tdt-q8_0.bin");

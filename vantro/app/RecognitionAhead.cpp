@@ -29,8 +29,10 @@ void RecognitionAhead::follow(std::shared_ptr<const SampleCollector> collector, 
 void RecognitionAhead::expectEnd()
 {
     isEnding_ = true;
-    if (listening_)
-        look();
+    if (!listening_)
+        return;
+    look();
+    parts_.transcription.hurry();
 }
 
 void RecognitionAhead::lookAgain()
@@ -49,14 +51,25 @@ void RecognitionAhead::look()
     if (attempt_ && attempt_->sampleCount != pauses_.usefulCount())
         drop();
     const std::size_t pause = isEnding_ ? PauseDetector::tailCount : pauseCount;
-    if (!attempt_ && !hasFailed_ && pauses_.speechCount() > 0 && pauses_.pauseCount() >= pause)
+    const bool mayHaveEnded = pauses_.speechCount() > 0 && pauses_.pauseCount() >= pause;
+    if (!isHeard(mayHaveEnded) && mayHaveEnded && !attempt_ && !hasFailed_)
         attempt();
+}
+
+/// Without the background of a pause, which belongs to the recording only if the user speaks on.
+bool RecognitionAhead::isHeard(bool mayHaveEnded)
+{
+    return parts_.transcription.hear(recordingID_, std::span(samples_).first(pauses_.usefulCount()), mayHaveEnded,
+                                     [self = QPointer(this)](const QString& text) {
+                                         if (self)
+                                             Q_EMIT self->understood(text);
+                                     });
 }
 
 void RecognitionAhead::attempt()
 {
     const std::size_t count = pauses_.usefulCount();
-    if (samples_.size() < minimumSampleCount || count > parts_.transcription.aheadLimit())
+    if (count < minimumSampleCount || count > parts_.transcription.aheadLimit())
         return;
     attempt_ = std::make_shared<Attempt>();
     attempt_->sampleCount = count;
@@ -87,7 +100,9 @@ QCoro::Task<QString> RecognitionAhead::transcribe(QString recordingID, std::vect
 {
     listening_.reset();
     pauses_.hear(std::span(samples).subspan(pauses_.heardCount()));
-    samples.resize(pauses_.usefulCount());
+    // What is too short to be speech is no reason to leave the rest out.
+    if (pauses_.usefulCount() >= minimumSampleCount)
+        samples.resize(pauses_.usefulCount());
     const auto attempt = std::exchange(attempt_, nullptr);
     if (attempt && attempt->sampleCount == samples.size()) {
         const std::stop_callback passOn(options.stop, [&attempt] { attempt->stop.request_stop(); });

@@ -19,10 +19,10 @@
 
 namespace vantro {
 
-/// Recognises one recording, if possible before it has ended: at each pause what has been said so far, on one
-/// processor. When nothing but background follows, that text stands; otherwise it is dropped. The engine gets the
-/// recording without the background at its end (PauseDetector) either way, so the text does not depend on which
-/// happened. Main thread.
+/// Recognises one recording, if possible before it has ended. Engines that can do so follow it; for the others, what
+/// has been said so far is transcribed at each pause, on one processor. When nothing but background follows, that text
+/// stands; otherwise it is dropped. The engine gets the recording without the background at its end (PauseDetector)
+/// either way, so the text does not depend on which happened. Main thread.
 class RecognitionAhead final : public QObject
 {
     Q_OBJECT
@@ -68,6 +68,7 @@ private:
     };
 
     void look();
+    [[nodiscard]] bool isHeard(bool mayHaveEnded);
     void lookAgain();
     void attempt();
     QCoro::Task<> recognise(std::shared_ptr<Attempt> attempt, std::vector<float> samples);

@@ -42,6 +42,18 @@ bool TranscriptionFacade::hasModel() const
     return state == ModelStatus::State::unchecked || state == ModelStatus::State::ready;
 }
 
+bool TranscriptionFacade::hear(const QString& recordingID, std::span<const float> samples, bool mayHaveEnded,
+                               std::function<void(const QString&)> onWords)
+{
+    const TranscriptionModel& model = selection_.selectedModel();
+    return engines_.of(model).hear({recordingID, model, samples, mayHaveEnded, std::move(onWords)});
+}
+
+void TranscriptionFacade::hurry()
+{
+    engines_.of(selection_.selectedModel()).hurry();
+}
+
 std::size_t TranscriptionFacade::aheadLimit() const
 {
     return engines_.of(selection_.selectedModel()).aheadLimit();

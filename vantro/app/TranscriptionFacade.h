@@ -31,6 +31,10 @@ public:
     /// Loads the selected model while the recording runs. @p failed: called if that fails; may be empty.
     /// The result must not outlive the facade.
     [[nodiscard]] EngineUse prepare(std::function<void()> failed = {});
+    /// See TranscriptionProviding::hear() and hurry().
+    bool hear(const QString& recordingID, std::span<const float> samples, bool mayHaveEnded,
+              std::function<void(const QString&)> onWords);
+    void hurry();
     /// How many samples the selected model's engine can recognise anew at each pause.
     [[nodiscard]] std::size_t aheadLimit() const;
     /// Whether there is a file of the selected model, as far as can be told at once.

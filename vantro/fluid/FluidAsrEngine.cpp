@@ -3,11 +3,13 @@
 #include "asr/ASRError.h"
 #include "base/Error.h"
 #include "base/Stop.h"
+#include "platform/ThisProcess.h"
 #include "vantro/fluid/TailCoverage.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QMetaObject>
 #include <qcoro/qcorofuture.h>
 
 #include <tuple>
@@ -132,10 +134,81 @@ QCoro::Task<asr::ASRResult> FluidAsrEngine::transcribe(Request request)
     co_return result;
 }
 
+bool FluidAsrEngine::hear(const Unfinished& recording)
+{
+    if (manager_ == nullptr || loaded_.id != recording.model.id)
+        return false;
+    if (!live_ || live_->label != recording.label)
+        live_ = beginLive(recording);
+    std::vector<float> fresh(recording.samples.begin() + static_cast<std::ptrdiff_t>(live_->given),
+                             recording.samples.end());
+    live_->given = recording.samples.size();
+    std::ignore = executor_.run([live = live_, fresh = std::move(fresh), mayHaveEnded = recording.mayHaveEnded] {
+        if (!live->stream)
+            return;
+        live->stream->append(fresh);
+        if (mayHaveEnded)
+            live->stream->speculate();
+    });
+    return true;
+}
+
+std::shared_ptr<FluidAsrEngine::Live> FluidAsrEngine::beginLive(const Unfinished& recording)
+{
+    auto live = std::make_shared<Live>();
+    live->label = recording.label;
+    live->manager = manager_;
+    live->language = recording.language;
+    asr::StreamingAsr::Options options;
+    options.language = recording.language;
+    options.onBackgroundThread = process::lowerPriorityOfThisThread;
+    options.onSpeculated = [this, onWords = recording.onWords](const asr::ASRResult& result) {
+        QMetaObject::invokeMethod(
+            &context_, [onWords, text = QString::fromStdString(result.text)] { onWords(text); }, Qt::QueuedConnection);
+    };
+    std::ignore = executor_.run([this, live, options = std::move(options)] {
+        try {
+            live->stream = live->manager->stream(options);
+        } catch (const std::exception& error) {
+            logger_.error(QStringLiteral("Not recognised while it is made: ") + detailOf(error));
+        }
+    });
+    return live;
+}
+
+void FluidAsrEngine::hurry()
+{
+    if (live_)
+        std::ignore = executor_.run([live = live_] {
+            if (live->stream)
+                live->stream->hurry();
+        });
+}
+
+void FluidAsrEngine::forget()
+{
+    // There, because its last operation may have to be waited for.
+    std::ignore = executor_.run([live = std::move(live_)]() mutable { live.reset(); });
+}
+
+/// Whether what was heard is the beginning of what is to be transcribed, under the same conditions.
+std::shared_ptr<FluidAsrEngine::Live> FluidAsrEngine::liveFor(const Manager& manager, const Request& request) const
+{
+    const bool isSame = live_ && live_->label == request.label && live_->manager == manager &&
+                        live_->language == request.language && live_->given <= request.samples.size();
+    return isSame ? live_ : nullptr;
+}
+
 // Not inside the coroutine: GCC 12 destroys a lambda's captures twice when it is a temporary in a co_await expression.
 QFuture<asr::ASRResult> FluidAsrEngine::start(Manager manager, Request request)
 {
-    return executor_.run([manager = std::move(manager), work = std::move(request)] {
+    auto live = liveFor(manager, request);
+    const std::size_t given = live ? live->given : 0;
+    return executor_.run([live = std::move(live), given, manager = std::move(manager), work = std::move(request)] {
+        if (live && live->stream) {
+            live->stream->append(std::span(work.samples).subspan(given));
+            return live->stream->finish({work.onProgress, work.stop});
+        }
         asr::TdtDecoderState state;
         asr::AsrManager::Options options;
         options.language = work.language;

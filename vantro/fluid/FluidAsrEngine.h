@@ -6,6 +6,7 @@
 #include "vantro/models/FileVersion.h"
 
 #include <QFuture>
+#include <QObject>
 #include <QString>
 #include <qcoro/qcorotask.h>
 
@@ -13,6 +14,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <span>
 #include <stop_token>
 #include <vector>
 
@@ -53,6 +55,20 @@ public:
     QCoro::Task<Manager> load(FluidModelSource model, std::stop_token stop = {});
     /// Preloads a model. Never throws: logs a failure and returns its description.
     QCoro::Task<QString> prepare(FluidModelSource model);
+    struct Unfinished
+    {
+        const QString& label; ///< as in the Request that will follow
+        const FluidModelSource& model;
+        std::optional<asr::Language> language;
+        std::span<const float> samples; ///< from the beginning
+        bool mayHaveEnded = false;
+        std::function<void(const QString&)> onWords; ///< on the main thread
+    };
+    /// Recognises a recording while it is made. Returns false while the model is not loaded.
+    bool hear(const Unfinished& recording);
+    void hurry();
+    /// Gives up the recording that is heard.
+    void forget();
     /// Throws asr::ASRError; processingFailed soon after a stop request.
     QCoro::Task<asr::ASRResult> transcribe(Request request);
     [[nodiscard]] bool holdsModel() const { return manager_ != nullptr || loadTask_; }
@@ -68,17 +84,31 @@ private:
         bool operator==(const Identity&) const = default;
     };
 
+    /// The recording that is heard.
+    struct Live
+    {
+        QString label;
+        Manager manager;
+        std::optional<asr::Language> language;
+        std::size_t given = 0;                     ///< samples, including those under way
+        std::unique_ptr<asr::StreamingAsr> stream; ///< the executor's; null after a failure
+    };
+
+    [[nodiscard]] std::shared_ptr<Live> beginLive(const Unfinished& recording);
+    [[nodiscard]] std::shared_ptr<Live> liveFor(const Manager& manager, const Request& request) const;
     [[nodiscard]] QFuture<Manager> startLoad(const FluidModelSource& model);
     [[nodiscard]] QFuture<asr::ASRResult> start(Manager manager, Request request);
     void report(const QString& label, std::size_t sampleCount, const asr::ASRResult& result) const;
 
     Logger logger_{"FluidAsrEngine"};
+    QObject context_; ///< of calls to the main thread
     std::vector<std::filesystem::path> moduleFolders_;
     Manager manager_;
     Identity loaded_; ///< what manager_ runs
     std::optional<QFuture<Manager>> loadTask_;
     Identity loading_; ///< what loadTask_ loads
     int unloadCount_ = 0;
+    std::shared_ptr<Live> live_;
     SerialExecutor loader_;
     SerialExecutor executor_;
 };

@@ -62,7 +62,7 @@ QCoro::Task<QString> FluidTranscriptionProvider::transcribe(TranscriptionRequest
     FluidAsrEngine::Request work;
     work.label = request.recordingID;
     work.model = source(request.model);
-    work.language = languageHint(request);
+    work.language = languageHint(request.model, request.language);
     work.samples = std::move(request.samples);
     work.onProgress = std::move(request.onProgress);
     work.stop = request.stop;
@@ -73,12 +73,24 @@ QCoro::Task<QString> FluidTranscriptionProvider::transcribe(TranscriptionRequest
                                               vocabulary_.textReplacements());
 }
 
-/// The multilingual model transcribes one language at a time and does not detect it.
-std::optional<asr::Language> FluidTranscriptionProvider::languageHint(const TranscriptionRequest& request) const
+bool FluidTranscriptionProvider::hear(const UnfinishedRecording& recording)
 {
-    if (!request.model.fluidModel.value().isMultilingual)
+    if (!recording.model.fluidModel)
+        return false;
+    const FluidModelSource model = source(recording.model);
+    return engine_.hear({recording.id, model, languageHint(recording.model, {}), recording.samples,
+                         recording.mayHaveEnded, [this, onWords = recording.onWords](const QString& text) {
+                             onWords(TextReplacer::applyReplacements(text.trimmed(), vocabulary_.textReplacements()));
+                         }});
+}
+
+/// The multilingual model transcribes one language at a time and does not detect it.
+std::optional<asr::Language> FluidTranscriptionProvider::languageHint(const TranscriptionModel& model,
+                                                                      const std::optional<QString>& language) const
+{
+    if (!model.fluidModel.value().isMultilingual)
         return std::nullopt;
-    const QString code = request.language.value_or(defaults_.get(setting::selectedLanguage));
+    const QString code = language.value_or(defaults_.get(setting::selectedLanguage));
     return asr::languageFromCode(code.toStdString()).value_or(asr::Language::english);
 }
 

@@ -35,7 +35,9 @@ public:
 
     QCoro::Task<QString> prepare(TranscriptionModel model) override;
     QCoro::Task<QString> transcribe(TranscriptionRequest request) override;
-    void dictationEnded() override {}
+    bool hear(const UnfinishedRecording& recording) override;
+    void hurry() override { engine_.hurry(); }
+    void dictationEnded() override { engine_.forget(); }
     [[nodiscard]] bool holdsModel() const override { return engine_.holdsModel(); }
     void unload() override { engine_.unload(); }
 
@@ -45,7 +47,8 @@ protected:
 
 private:
     [[nodiscard]] FluidModelSource source(const TranscriptionModel& model) const;
-    [[nodiscard]] std::optional<asr::Language> languageHint(const TranscriptionRequest& request) const;
+    [[nodiscard]] std::optional<asr::Language> languageHint(const TranscriptionModel& model,
+                                                            const std::optional<QString>& language) const;
 
     FluidAsrEngine& engine_;
     FluidModelFiles files_;

@@ -8,6 +8,7 @@
 #include <chrono>
 #include <functional>
 #include <optional>
+#include <span>
 #include <stop_token>
 #include <vector>
 
@@ -39,6 +40,17 @@ struct TranscriptionRequest
     bool isAhead = false;
 };
 
+/// A recording that goes on.
+struct UnfinishedRecording
+{
+    const QString& id;
+    const TranscriptionModel& model;
+    std::span<const float> samples; ///< from the beginning: 16 kHz mono, nominally -1..1
+    bool mayHaveEnded = false;      ///< speech has paused
+    /// Called on the main thread with what was said until such a pause.
+    std::function<void(const QString&)> onWords;
+};
+
 /// The recognition half of a speech engine. Main thread; the work is done on the engine's own thread.
 class TranscriptionProviding
 {
@@ -51,8 +63,13 @@ public:
     /// Returns the final text with the user's replacements applied. Throws Error; soon after a stop request, even while
     /// waiting for other work or for the model.
     virtual QCoro::Task<QString> transcribe(TranscriptionRequest request) = 0;
-    /// How many samples of an unfinished recording are recognised anew at each pause: what costs no more than the last
-    /// ones alone would. None when 0.
+    /// Recognises what has been said so far, in the background, so that transcribe() with the same recordingID finds it
+    /// done. Called whenever samples have come. Returns false where this engine does not do that, or not yet.
+    virtual bool hear(const UnfinishedRecording& /*recording*/) { return false; }
+    /// The recording has ended, and its text is waited for.
+    virtual void hurry() {}
+    /// For engines that do not hear(): how many samples of an unfinished recording are transcribed anew at each pause,
+    /// because they cost no more than a few. None when 0.
     [[nodiscard]] virtual std::size_t aheadLimit() const { return 0; }
     /// Called when no dictation is active any more, whether delivered or not; resources may be released.
     virtual void dictationEnded() = 0;

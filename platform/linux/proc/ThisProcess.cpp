@@ -3,6 +3,7 @@
 #include <QFile>
 
 #include <malloc.h>
+#include <sys/resource.h>
 
 #include <system_error>
 
@@ -18,6 +19,12 @@ QByteArray process::bootIdentity()
 {
     QFile file(QStringLiteral("/proc/sys/kernel/random/boot_id"));
     return file.open(QIODevice::ReadOnly) ? file.readAll().trimmed() : QByteArray();
+}
+
+void process::lowerPriorityOfThisThread()
+{
+    constexpr int background = 10;
+    setpriority(PRIO_PROCESS, 0, background); // of this thread alone, against the standard
 }
 
 void process::giveMemoryBack()
