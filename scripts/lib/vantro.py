@@ -44,6 +44,10 @@ class Vantro:
     def models_folder(self):
         return self.desktop.data_home / "vantro" / "models"
 
+    @property
+    def history_file(self):
+        return self.desktop.data_home / "vantro" / "MainModel.sqlite"
+
     def install_model(self):
         subprocess.run([ROOT / "scripts" / "get-model", "--dir", self.models_folder], check=True,
                        stdout=subprocess.DEVNULL)

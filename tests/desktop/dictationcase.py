@@ -87,6 +87,7 @@ class DictationCase(unittest.TestCase):
         self.wait(lambda: not self.vantro.launcher(), 5, "the launcher to be gone")
         self.assertEqual(self.desktop.display.keys_held(), [])
         self.assertEqual(self.vantro.alerts(), [], "a window of the program is left on the screen")
+        self.assertNotIn("qrc:/", self.news(), "a window's QML complains")
         self.desktop.activate(self.editor.window)
         before = self.editor.text()
         self.desktop.press("x")

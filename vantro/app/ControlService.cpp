@@ -19,11 +19,11 @@ constexpr std::chrono::milliseconds answerLimit{5000};
 
 } // namespace
 
-ControlService::ControlService(AppDelegate& delegate, Parts parts, std::function<void(const QStringList&)> handOver)
+ControlService::ControlService(AppDelegate& delegate, Parts parts, Actions actions)
     : QDBusAbstractAdaptor(&delegate)
     , delegate_(delegate)
     , parts_(parts)
-    , handOver_(std::move(handOver))
+    , actions_(std::move(actions))
 {
 }
 
@@ -142,7 +142,13 @@ QString ControlService::Status() const
 
 void ControlService::HandOver(const QStringList& arguments)
 {
-    handOver_(arguments);
+    actions_.handOver(arguments);
+}
+
+void ControlService::Show(const QString& window, const QDBusMessage& message)
+{
+    if (!actions_.showWindow(window))
+        refuse(message, tr("there is no window %1").arg(window));
 }
 
 void ControlService::refuse(const QDBusMessage& message, const QString& why)

@@ -38,8 +38,14 @@ public:
     /// The error of a call that finds no kept recording.
     static QString nothingKept() { return QStringLiteral("com.vantro.Error.NothingKept"); }
 
-    /// @p handOver: called with the arguments of a second start.
-    ControlService(AppDelegate& delegate, Parts parts, std::function<void(const QStringList&)> handOver);
+    /// What is not about dictations.
+    struct Actions
+    {
+        std::function<void(const QStringList&)> handOver; ///< called with the arguments of a second start
+        std::function<bool(const QString&)> showWindow;   ///< false when there is none of that name
+    };
+
+    ControlService(AppDelegate& delegate, Parts parts, Actions actions);
 
     /// Claims the bus name. False when there is no bus or another instance owns it.
     bool publish();
@@ -56,6 +62,7 @@ public Q_SLOTS:
     void DiscardKept(const QDBusMessage& message);
     [[nodiscard]] QString Status() const;
     void HandOver(const QStringList& arguments);
+    void Show(const QString& window, const QDBusMessage& message);
 
 private:
     QCoro::Task<> answerRetry(QDBusMessage message);
@@ -64,7 +71,7 @@ private:
 
     AppDelegate& delegate_;
     Parts parts_;
-    std::function<void(const QStringList&)> handOver_;
+    Actions actions_;
 };
 
 } // namespace vantro

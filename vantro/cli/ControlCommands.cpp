@@ -37,8 +37,11 @@ int control(const CommandCall& call)
         throw CommandError(ExitCode::notFound,
                            QStringLiteral("%1: vantro is not running: start it first").arg(call.command));
     const QString method = call.command.left(1).toUpper() + call.command.mid(1);
-    const QDBusMessage reply = bus.call(QDBusMessage::createMethodCall(
-        ControlService::busName(), ControlService::objectPath(), ControlService::interfaceName(), method));
+    QDBusMessage request = QDBusMessage::createMethodCall(ControlService::busName(), ControlService::objectPath(),
+                                                          ControlService::interfaceName(), method);
+    if (!call.words.isEmpty())
+        request << call.words.first();
+    const QDBusMessage reply = bus.call(request);
     if (reply.type() == QDBusMessage::ErrorMessage)
         throw CommandError(ExitCode::failed, QStringLiteral("%1: %2").arg(call.command, reply.errorMessage()));
     if (call.command == QLatin1String("status"))
@@ -64,12 +67,15 @@ std::vector<Command> controlCommands()
     Command status =
         controlCommand("status", "Show what the running program is doing.", "Shows what the running program is doing.");
     status.options.push_back({"json", "One JSON object."});
+    Command show = controlCommand("show", "Open one of the windows.", "Opens one of the windows of the running program.");
+    show.actions = {{"", control, 1, 1, "needs a window: settings, history, notes or guide"}};
+    show.words = {{"WINDOW", "settings, history, notes, or guide, which leads to the first dictation.", "WINDOW"}};
     return {controlCommand("toggle", "Start a dictation, or end its recording.",
                            "Starts a dictation, or ends the recording and has it transcribed."),
             controlCommand("start", "Open the launcher and record.", "Opens the launcher and records."),
             controlCommand("stop", "End the recording and have it transcribed.",
                            "Ends the recording and has it transcribed, as Space does."),
-            controlCommand("cancel", "Discard the dictation.", "Discards the dictation, as Escape does."), status};
+            controlCommand("cancel", "Discard the dictation.", "Discards the dictation, as Escape does."), status, show};
 }
 
 } // namespace vantro

@@ -101,7 +101,8 @@ Program::Program(const ProgramOptions& options)
                      return speech_.engines.of(model).check(model);
                  }})
     , control_(delegate_, {recorder_, devices_, speech_.selection, shortcuts_, recovery_},
-               [this](const QStringList& arguments) { shortcutSetup_.handOver(arguments); })
+               {[this](const QStringList& arguments) { shortcutSetup_.handOver(arguments); },
+                [this](const QString& window) { return windows_.show(window); }})
 {
     connectShell();
 }

@@ -1,10 +1,12 @@
 #include "vantro/main/Windows.h"
 
+#include "base/Logger.h"
 #include "base/Notifications.h"
 #include "base/Settings.h"
 #include "vantro/app/Dictation.h"
 #include "vantro/support/SupportMail.h"
 #include "vantro/ui/history/HistoryModel.h"
+#include "vantro/ui/history/NotesModel.h"
 #include "vantro/ui/launcher/Launcher.h"
 #include "vantro/ui/onboarding/OnboardingModel.h"
 #include "vantro/ui/settings/AboutModel.h"
@@ -30,6 +32,9 @@ namespace {
 
 constexpr QSize settingsSize(820, 620);
 constexpr QSize leastSettingsSize(640, 420);
+/// In characters.
+constexpr int noteExcerpt = 40;
+constexpr QSize historySize(940, 660);
 constexpr QSize onboardingSize(520, 420);
 
 QUrl manifestAddress()
@@ -65,7 +70,7 @@ Windows::Windows(Parts parts)
                 [this] { return settingsContent(); })
     , transcriptions_(ui_.engine(), *parts_.platform.workspace,
                       {tr("vantro history"), QUrl(QStringLiteral("qrc:/qt/qml/Vantro/History/History.qml")),
-                       settingsSize, leastSettingsSize},
+                       historySize, leastSettingsSize},
                       [this] { return historyContent(); })
     , onboarding_(ui_.engine(), *parts_.platform.workspace,
                   {tr("Welcome to vantro"), QUrl(QStringLiteral("qrc:/qt/qml/Vantro/Onboarding/Onboarding.qml")),
@@ -84,6 +89,7 @@ Windows::Windows(Parts parts)
         parts_.notifications.post(notification::onboardingClosed);
     });
     connectTray();
+    connect(&parts_.store, &CoreDataStack::noteAdded, this, &Windows::tellOfNote);
 }
 
 Windows::~Windows() = default;
@@ -100,7 +106,7 @@ void Windows::connectTray()
     connect(&tray_, &TrayIcon::settingsRequested, this, [this] { showSettings(QStringLiteral("general")); });
     connect(&tray_, &TrayIcon::modelsRequested, this, [this] { showSettings(QStringLiteral("models")); });
     connect(&tray_, &TrayIcon::aboutRequested, this, [this] { showSettings(QStringLiteral("about")); });
-    connect(&tray_, &TrayIcon::historyRequested, this, [this] { idle_.run([this] { transcriptions_.open(); }); });
+    connect(&tray_, &TrayIcon::historyRequested, this, [this] { showHistory(QStringLiteral("dictations")); });
     connect(&tray_, &TrayIcon::updateCheckRequested, this, [this] { updates_.check(UpdateChecker::Asker::user); });
     connect(&tray_, &TrayIcon::errorReportRequested, &alerts_, &Alerts::reportError);
     connect(&tray_, &TrayIcon::feedbackRequested, &alerts_, &Alerts::sendFeedback);
@@ -175,6 +181,30 @@ void Windows::showSettings(const QString& page)
         if (QObject* const root = settings_.root())
             root->setProperty("page", page);
     });
+}
+
+void Windows::showHistory(const QString& page)
+{
+    idle_.run([this, page] {
+        transcriptions_.open();
+        if (QObject* const root = transcriptions_.root())
+            root->setProperty("page", page);
+    });
+}
+
+bool Windows::show(const QString& name)
+{
+    if (name == QLatin1String("settings"))
+        showSettings(QStringLiteral("general"));
+    else if (name == QLatin1String("history"))
+        showHistory(QStringLiteral("dictations"));
+    else if (name == QLatin1String("notes"))
+        showHistory(QStringLiteral("notes"));
+    else if (name == QLatin1String("guide"))
+        showOnboarding();
+    else
+        return false;
+    return true;
 }
 
 LazyWindow::Content Windows::settingsContent()
@@ -262,10 +292,20 @@ std::unique_ptr<RecorderCocoa> Windows::makeRecorder(const KeyboardShortcuts::Na
 
 LazyWindow::Content Windows::historyContent()
 {
-    auto model = std::make_unique<HistoryModel>(parts_.store, *parts_.platform.pasteboard);
+    Pasteboard& pasteboard = *parts_.platform.pasteboard;
+    auto changes = std::make_unique<HistoryChanges>();
+    auto dictations = std::make_unique<HistoryModel>(
+        HistoryModel::Parts{parts_.store, pasteboard, *changes, parts_.clock,
+                            [this](ProcessingMode mode) { return parts_.rewriting.prompts().displayName(mode); }});
+    auto notes = std::make_unique<NotesModel>(
+        NotesModel::Parts{parts_.store, pasteboard, *changes, parts_.clock, [this](const DailyNote& day) {
+                              return parts_.store.regenerateSummary(
+                                  day, parts_.rewriting.choose(ProcessingMode::Notes));
+                          }});
     LazyWindow::Content content;
-    content.properties = {{QStringLiteral("model"), QVariant::fromValue(model.get())}};
-    content.models.push_back(std::move(model));
+    put(content, "changes", std::move(changes));
+    put(content, "model", std::move(dictations));
+    put(content, "notes", std::move(notes));
     return content;
 }
 
@@ -313,6 +353,16 @@ void Windows::offerTranscription(const QString& title, const QString& text, std:
 void Windows::showPasteHUD(std::optional<QRect> anchor, const QString& keys, const QString& reason)
 {
     back_.run([this, anchor, keys, reason] { hud_.showHUD(anchor, keys, reason); });
+}
+
+/// By its first words.
+void Windows::tellOfNote(const QString& text)
+{
+    QString words = text.simplified();
+    if (words.size() > noteExcerpt)
+        words = words.left(words.lastIndexOf(QLatin1Char(' '), noteExcerpt)) + QStringLiteral("\u2026");
+    back_.run([this, words] { hud_.showNews(tr("Note filed"), words); });
+    Logger("Windows").info(QStringLiteral("Note filed"));
 }
 
 void Windows::showTranscribing()

@@ -73,6 +73,10 @@ public:
     /// What a second start of the program shows.
     void showMain();
     void showSettings(const QString& page);
+    /// @p page: "dictations" or "notes".
+    void showHistory(const QString& page);
+    /// By the name that "vantro show" takes: "settings", "history", "notes" or "guide". Returns whether there is one.
+    bool show(const QString& name);
     /// @p reason: a sentence for the user.
     void askForShortcut(const QString& reason);
 
@@ -93,6 +97,7 @@ private:
     void connectTray();
     void followRecorder();
     void followShortcut();
+    void tellOfNote(const QString& text);
 
     Parts parts_;
     UiEngine ui_;

@@ -6,6 +6,13 @@
 
 namespace vantro {
 
+namespace {
+
+/// Lists compare themselves with the store rather than hear of each.
+constexpr std::size_t manyRows = 50;
+
+} // namespace
+
 QString CoreDataStack::standardPath()
 {
     return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
@@ -83,19 +90,43 @@ std::vector<QUuid> CoreDataStack::identities(const QString& entity, const QStrin
     return result;
 }
 
-void CoreDataStack::deleteTranscriptions(const std::vector<QUuid>& ids)
+std::vector<Transcription> CoreDataStack::deleteTranscriptions(const std::vector<QUuid>& ids)
 {
     PersistentContainer::Transaction transaction(persistentContainer_);
-    std::vector<qint64> deleted;
+    std::vector<Transcription> deleted;
     for (const QUuid& id : ids) {
-        const QVariant key = persistentContainer_.value(
-            QStringLiteral("DELETE FROM Transcription WHERE id = ?1 RETURNING pk"), {storedIdentity(id)});
-        if (!key.isNull())
-            deleted.push_back(key.toLongLong());
+        StoreQuery query = persistentContainer_.run(
+            QStringLiteral("DELETE FROM Transcription WHERE id = ?1 RETURNING ") + transcriptionColumns,
+            {storedIdentity(id)});
+        while (query.next())
+            deleted.push_back(transcriptionFrom(query));
     }
     transaction.commit();
-    for (const qint64 key : deleted)
-        Q_EMIT transcriptionChanged(key);
+    announce(deleted);
+    return deleted;
+}
+
+void CoreDataStack::restoreTranscriptions(const std::vector<Transcription>& rows)
+{
+    PersistentContainer::Transaction transaction(persistentContainer_);
+    for (const Transcription& row : rows)
+        persistentContainer_.run(
+            QStringLiteral("INSERT INTO Transcription (pk, id, created_at, processingMode, transcription, formatted, "
+                           "terms) VALUES (?1, ?2, ?3, ?4, ?5, ?6, ?7)"),
+            {row.objectID, storedIdentity(row.id), storedDate(row.created_at), row.processingMode, row.transcription,
+             row.formatted, searchTerms(row.transcription, row.formatted)});
+    transaction.commit();
+    announce(rows);
+}
+
+void CoreDataStack::announce(const std::vector<Transcription>& changed)
+{
+    if (changed.size() > manyRows) {
+        announceChanges();
+        return;
+    }
+    for (const Transcription& row : changed)
+        Q_EMIT transcriptionChanged(row.objectID);
 }
 
 void CoreDataStack::announceChanges()

@@ -44,8 +44,10 @@ public:
     [[nodiscard]] std::optional<Transcription> transcription(const QUuid& id) const;
     /// At most @p limit IDs that start with @p prefix.
     [[nodiscard]] std::vector<QUuid> transcriptionIDs(const QString& prefix, int limit) const;
-    /// All or nothing; unknown IDs are ignored.
-    void deleteTranscriptions(const std::vector<QUuid>& ids);
+    /// All or nothing; unknown IDs are ignored. Returns what was deleted.
+    std::vector<Transcription> deleteTranscriptions(const std::vector<QUuid>& ids);
+    /// Brings back what was deleted, to its place in time. All or nothing.
+    void restoreTranscriptions(const std::vector<Transcription>& rows);
 
     /// Adds a note to today's DailyNote, creating it if necessary.
     QCoro::Task<> addNote(QString transcription) override;
@@ -56,8 +58,8 @@ public:
     /// Has @p service summarise today's notes and stores the result. Never throws: failures are printed and the
     /// previous summary is kept.
     QCoro::Task<> summarizeToday(std::shared_ptr<FormatRequestServicing> service) override;
-    /// The same for any day.
-    QCoro::Task<> regenerateSummary(DailyNote day, std::shared_ptr<FormatRequestServicing> service);
+    /// The same for any day. Returns why there is no new summary; nothing when it is stored.
+    QCoro::Task<QString> regenerateSummary(DailyNote day, std::shared_ptr<FormatRequestServicing> service);
 
     /// @p date is in the clock's time zone. nullopt without notes.
     [[nodiscard]] std::optional<DailyNote> dailyNote(QDate date) const;
@@ -69,8 +71,12 @@ public:
     [[nodiscard]] std::vector<QUuid> noteIDs(const QString& prefix, int limit) const;
     /// Also deletes its notes.
     void deleteDailyNote(const DailyNote& day);
+    /// Brings back a deleted day with its notes.
+    void restoreDailyNote(const DailyNote& day, const std::vector<Note>& notes);
     /// Keeps the day and its summary.
     void deleteNotes(const std::vector<QUuid>& ids);
+    /// Brings back deleted notes, unless their day is gone.
+    void restoreNotes(const std::vector<Note>& notes);
 
     /// For migrations and list models. After changes made through it, call announceChanges().
     [[nodiscard]] const PersistentContainer& persistentContainer() const { return persistentContainer_; }
@@ -83,6 +89,8 @@ Q_SIGNALS:
     void transcriptionChanged(qint64 objectID);
     /// The same for a day or one of its notes.
     void dailyNoteChanged(qint64 objectID);
+    /// A note has been stored by this process.
+    void noteAdded(const QString& transcription);
     /// Many rows changed, or another process changed any.
     void changedAtLarge();
 
@@ -95,10 +103,12 @@ private:
 
     [[nodiscard]] Day day(QDate date) const;
     QUuid insert(const QString& transcription, const QString& formatted, ProcessingMode mode);
+    void announce(const std::vector<Transcription>& changed);
     qint64 todaysDailyNote(const QDateTime& now);
     [[nodiscard]] std::optional<qint64> dailyNoteWithin(const Day& day) const;
     [[nodiscard]] std::vector<Note> notesOf(qint64 dailyNote) const;
     [[nodiscard]] std::vector<QUuid> identities(const QString& entity, const QString& prefix, int limit) const;
+    void insert(const Note& note);
     void setSummary(qint64 dailyNote, const QString& summary);
     void summaryStored(qint64 dailyNote, std::size_t noteCount);
 

@@ -30,6 +30,7 @@ void printFailure(const char* what, const std::exception& error)
 
 constexpr char summaryFailed[] = "Failed to summarize today's notes: ";
 constexpr char summaryNotSaved[] = "Failed to save daily summary note: ";
+constexpr char dayNotReloaded[] = "Failed to reload DailyNote for updating summary: ";
 
 } // namespace
 
@@ -50,6 +51,7 @@ QCoro::Task<> CoreDataStack::addNote(QString transcription)
         {now.toMSecsSinceEpoch(), storedIdentity(QUuid::createUuid()), presentText(transcription), today});
     transaction.commit();
     Q_EMIT dailyNoteChanged(today);
+    Q_EMIT noteAdded(transcription);
     co_return;
 }
 
@@ -110,37 +112,31 @@ QCoro::Task<> CoreDataStack::summarizeToday(std::shared_ptr<FormatRequestServici
     }
 }
 
-QCoro::Task<> CoreDataStack::regenerateSummary(DailyNote day, std::shared_ptr<FormatRequestServicing> service)
+QCoro::Task<QString> CoreDataStack::regenerateSummary(DailyNote day, std::shared_ptr<FormatRequestServicing> service)
 {
     if (!service)
-        co_return;
-    std::vector<Note> notes;
-    QString summary;
+        co_return QString();
+    const char* step = summaryFailed;
+    QString problem;
     try {
-        notes = notesOf(day.objectID);
+        const std::vector<Note> notes = notesOf(day.objectID);
         if (notes.empty()) {
             printLine(QStringLiteral("No notes found for this daily note"));
-            co_return;
+            co_return QString();
         }
         const auto formatting = service->format(summaryPrompt_(), joined(notes));
-        summary = co_await formatting;
-    } catch (const std::exception& error) {
-        printFailure(summaryFailed, error);
-        co_return;
-    }
-    try {
+        const QString summary = co_await formatting;
+        step = dayNotReloaded;
         if (countDailyNotes({day.objectID, day.objectID}) == 0)
             throw StoreError(QStringLiteral("the day was deleted"));
-    } catch (const std::exception& error) {
-        printFailure("Failed to reload DailyNote for updating summary: ", error);
-        co_return;
-    }
-    try {
+        step = summaryNotSaved;
         setSummary(day.objectID, summary);
         summaryStored(day.objectID, notes.size());
     } catch (const std::exception& error) {
-        printFailure(summaryNotSaved, error);
+        printFailure(step, error);
+        problem = localizedDescription(error);
     }
+    co_return problem;
 }
 
 void CoreDataStack::setSummary(qint64 dailyNote, const QString& summary)
@@ -215,11 +211,39 @@ void CoreDataStack::deleteDailyNote(const DailyNote& day)
     Q_EMIT dailyNoteChanged(day.objectID);
 }
 
+void CoreDataStack::restoreDailyNote(const DailyNote& day, const std::vector<Note>& notes)
+{
+    PersistentContainer::Transaction transaction(persistentContainer_);
+    persistentContainer_.run(
+        QStringLiteral("INSERT INTO DailyNote (pk, id, created_at, formatted) VALUES (?1, ?2, ?3, ?4)"),
+        {day.objectID, storedIdentity(day.id), storedDate(day.created_at), day.formatted});
+    for (const Note& note : notes)
+        insert(note);
+    transaction.commit();
+    Q_EMIT dailyNoteChanged(day.objectID);
+}
+
+void CoreDataStack::insert(const Note& note)
+{
+    persistentContainer_.run(
+        QStringLiteral("INSERT INTO Note (pk, id, created_at, transcription, dailyNote) VALUES (?1, ?2, ?3, ?4, ?5)"),
+        {note.objectID, storedIdentity(note.id), storedDate(note.created_at), note.transcription, note.dailyNote});
+}
+
 void CoreDataStack::deleteNotes(const std::vector<QUuid>& ids)
 {
     PersistentContainer::Transaction transaction(persistentContainer_);
     for (const QUuid& id : ids)
         persistentContainer_.run(QStringLiteral("DELETE FROM Note WHERE id = ?1"), {storedIdentity(id)});
+    transaction.commit();
+    announceChanges();
+}
+
+void CoreDataStack::restoreNotes(const std::vector<Note>& notes)
+{
+    PersistentContainer::Transaction transaction(persistentContainer_);
+    for (const Note& note : notes)
+        insert(note);
     transaction.commit();
     announceChanges();
 }

@@ -17,8 +17,9 @@ public:
         Identifier = Qt::UserRole, ///< QUuid, for CoreDataStack::transcription()
         CreatedAt,                 ///< QDateTime in local time
         Mode,                      ///< raw value
-        FirstLine,                 ///< of the formatted text if available
+        FirstLine,                 ///< of the formatted text if available; in a search, the line around the first hit
         IsFormatted,               ///< bool
+        Day,                       ///< the local date, "2026-03-01"; empty if it is unknown
     };
 
     /// @p store must be loaded and must outlive the model.
@@ -34,6 +35,9 @@ public:
     /// Invalid for all.
     [[nodiscard]] QDateTime since() const { return filter_.since; }
     void setSince(const QDateTime& since);
+    [[nodiscard]] bool isUnrewritten() const { return filter_.isUnrewritten; }
+    void setUnrewritten(bool isUnrewritten);
+    [[nodiscard]] const HistoryFilter& filter() const { return filter_; }
 
 Q_SIGNALS:
     void filterChanged();

@@ -81,6 +81,21 @@ int PagedListModel::keptRows() const
     return static_cast<int>(rows);
 }
 
+int PagedListModel::rowOf(qint64 objectID) const
+{
+    const auto page = std::ranges::find_if(pages_, [objectID](const Page& candidate) {
+        return candidate.range.oldest <= objectID && objectID <= candidate.range.newest;
+    });
+    try {
+        if (page == pages_.end() || count({objectID, objectID}) == 0)
+            return -1;
+        return firstRowOf(static_cast<std::size_t>(page - pages_.begin())) + rowsNewerThan(objectID, *page);
+    } catch (const StoreError& error) {
+        logger_.error(error.localizedDescription());
+        return -1;
+    }
+}
+
 bool PagedListModel::canFetchMore(const QModelIndex& parent) const
 {
     return !parent.isValid() && !isComplete_;

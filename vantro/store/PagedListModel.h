@@ -27,6 +27,8 @@ public:
     [[nodiscard]] bool canFetchMore(const QModelIndex& parent) const override;
     void fetchMore(const QModelIndex& parent) override;
 
+    /// The row of a key, or -1 while it is not in the list or the list has not been read that far.
+    [[nodiscard]] int rowOf(qint64 objectID) const;
     /// The number of rows in memory.
     [[nodiscard]] int keptRows() const;
 

@@ -88,6 +88,47 @@ bool hasWord(const QString& piece)
     return std::ranges::any_of(piece.toUcs4(), [](uint character) { return QChar::isLetterOrNumber(character); });
 }
 
+/// Without case and accents, unit for unit.
+QString folded(const QString& text)
+{
+    QString result = text;
+    for (QChar& unit : result) {
+        if (unit.decompositionTag() == QChar::Canonical)
+            unit = unit.decomposition().at(0);
+        unit = unit.toCaseFolded();
+    }
+    return result;
+}
+
+/// Without the punctuation around a word.
+QString withoutRim(const QString& piece)
+{
+    const auto isInside = [](QChar unit) {
+        return unit.isLetterOrNumber() || unit.isSurrogate();
+    };
+    const auto first = std::find_if(piece.begin(), piece.end(), isInside);
+    const auto last = std::find_if(piece.rbegin(), piece.rend(), isInside).base();
+    return piece.mid(first - piece.begin(), last - first);
+}
+
+bool isWordStart(const QString& text, qsizetype at)
+{
+    return at == 0 || !text[at - 1].isLetterOrNumber() || isWrittenWithoutBlanks(text[at].unicode());
+}
+
+std::vector<SearchHit> withoutOverlap(std::vector<SearchHit> hits)
+{
+    std::ranges::sort(hits, {}, &SearchHit::begin);
+    std::vector<SearchHit> result;
+    for (const SearchHit& hit : hits) {
+        if (result.empty() || hit.begin >= result.back().begin + result.back().length)
+            result.push_back(hit);
+        else
+            result.back().length = std::max(result.back().length, hit.begin + hit.length - result.back().begin);
+    }
+    return result;
+}
+
 } // namespace
 
 QString searchTerms(const QString& transcription, const QString& formatted)
@@ -107,13 +148,32 @@ SearchQuery::SearchQuery(const QString& typed)
     QStringList phrases;
     const QStringList pieces = text.simplified().split(QLatin1Char(' '), Qt::SkipEmptyParts);
     for (const QString& piece : pieces) {
-        if (hasWord(piece))
+        if (hasWord(piece)) {
             phrases << asPhrase(piece);
+            words << folded(withoutRim(piece));
+        }
         literals << symbolRuns(piece);
     }
     match = phrases.join(QLatin1Char(' '));
     if (isEmpty())
         literals = pieces;
+}
+
+std::vector<SearchHit> searchHits(const QString& text, const SearchQuery& query)
+{
+    std::vector<SearchHit> hits;
+    const QString plain = folded(text);
+    for (const QString& word : query.words) {
+        for (qsizetype at = plain.indexOf(word); at >= 0; at = plain.indexOf(word, at + 1)) {
+            if (isWordStart(plain, at))
+                hits.push_back({at, word.size()});
+        }
+    }
+    for (const QString& literal : query.literals) {
+        for (qsizetype at = text.indexOf(literal); at >= 0; at = text.indexOf(literal, at + literal.size()))
+            hits.push_back({at, literal.size()});
+    }
+    return withoutOverlap(std::move(hits));
 }
 
 } // namespace vantro

@@ -3,6 +3,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <vector>
+
 namespace vantro {
 
 /// The text to index instead of a row's own texts if these contain a script written without spaces (Chinese, Japanese,
@@ -21,6 +23,19 @@ struct SearchQuery
 
     QString match;        ///< FTS5 query; empty without words
     QStringList literals; ///< each must occur literally in one of the texts
+    QStringList words;    ///< what was typed, to look for in a text
 };
+
+/// A range of UTF-16 units.
+struct SearchHit
+{
+    qsizetype begin = 0;
+    qsizetype length = 0;
+
+    bool operator==(const SearchHit&) const = default;
+};
+
+/// Where the words and symbols of @p query are in @p text: in order, without overlap.
+[[nodiscard]] std::vector<SearchHit> searchHits(const QString& text, const SearchQuery& query);
 
 } // namespace vantro

@@ -30,6 +30,9 @@ TranscriptionFetch::TranscriptionFetch(const PersistentContainer& container, con
         conditions_ << QStringLiteral("(instr(t.transcription, %1) OR instr(t.formatted, %1))").arg(place(literal));
     if (filter.mode)
         conditions_ << QStringLiteral("t.processingMode = ") + place(rawValue(*filter.mode));
+    if (filter.isUnrewritten)
+        conditions_ << QStringLiteral("t.processingMode IN ('Email', 'Grammar', 'Custom') AND "
+                                      "ifnull(t.formatted, '') = ''");
     if (filter.since.isValid())
         conditions_ << key_ + QStringLiteral(" >= ") + place(filter.since.toMSecsSinceEpoch() * keysPerMillisecond);
 }
@@ -40,8 +43,7 @@ std::vector<Transcription> TranscriptionFetch::rows(FetchRange range, int limit)
         run(QStringLiteral("t.pk, t.id, t.created_at, t.processingMode, t.transcription, t.formatted"), range, limit);
     std::vector<Transcription> result;
     while (query.next())
-        result.push_back({query.value(0).toLongLong(), QUuid(query.value(1).toString()), dateFromStored(query.value(2)),
-                          query.value(3).toString(), query.value(4).toString(), query.value(5).toString()});
+        result.push_back(transcriptionFrom(query));
     return result;
 }
 
@@ -65,6 +67,15 @@ int TranscriptionFetch::count(FetchRange range) const
     return query.next() ? query.value(0).toInt() : 0;
 }
 
+std::vector<QUuid> TranscriptionFetch::identities() const
+{
+    StoreQuery query = run(QStringLiteral("t.id"), {}, std::nullopt);
+    std::vector<QUuid> result;
+    while (query.next())
+        result.emplace_back(query.value(0).toString());
+    return result;
+}
+
 StoreQuery TranscriptionFetch::run(const QString& columns, FetchRange range, std::optional<int> limit) const
 {
     QVariantList values = values_;
@@ -80,6 +91,12 @@ StoreQuery TranscriptionFetch::run(const QString& columns, FetchRange range, std
     if (limit)
         statement += QStringLiteral(" ORDER BY %1 DESC LIMIT %2").arg(key_, place(*limit));
     return container_.run(statement, values);
+}
+
+Transcription transcriptionFrom(const StoreQuery& query)
+{
+    return {query.value(0).toLongLong(),      QUuid(query.value(1).toString()), dateFromStored(query.value(2)),
+            query.value(3).toString(),        query.value(4).toString(),        query.value(5).toString()};
 }
 
 QVariant storedDate(const QDateTime& date)

@@ -16,7 +16,8 @@ struct HistoryFilter
 {
     QString search; ///< as typed; see SearchQuery
     std::optional<ProcessingMode> mode;
-    QDateTime since; ///< invalid for no limit
+    QDateTime since;             ///< invalid for no limit
+    bool isUnrewritten = false;  ///< only those whose mode rewrites, but have not been rewritten
 
     bool operator==(const HistoryFilter&) const = default;
 };
@@ -44,6 +45,8 @@ public:
     [[nodiscard]] std::vector<Transcription> rows(FetchRange range, int limit) const;
     [[nodiscard]] std::vector<TranscriptionExcerpt> excerpts(FetchRange range, int limit) const;
     [[nodiscard]] int count(FetchRange range) const;
+    /// Of all of them.
+    [[nodiscard]] std::vector<QUuid> identities() const;
 
 private:
     /// Unordered without a @p limit.
@@ -55,6 +58,11 @@ private:
     QStringList conditions_;
     QVariantList values_;
 };
+
+/// What transcriptionFrom() reads, in this order.
+inline const QString transcriptionColumns =
+    QStringLiteral("pk, id, created_at, processingMode, transcription, formatted");
+[[nodiscard]] Transcription transcriptionFrom(const StoreQuery& query);
 
 /// The stored form of a date: milliseconds since 1970, or NULL if invalid.
 QVariant storedDate(const QDateTime& date);

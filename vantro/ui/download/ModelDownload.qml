@@ -81,7 +81,7 @@ Rectangle {
             width: parent.width
             height: Theme.space8
             radius: height / 2
-            color: Theme.outline
+            color: Theme.control
 
             Accessible.role: Accessible.ProgressBar
             Accessible.name: qsTr("Download of %1").arg(page.model.name)

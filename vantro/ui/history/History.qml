@@ -1,29 +1,35 @@
 import QtQuick
-import QtQuick.Templates as T
 import Vantro.Style
 import Vantro.History
 
-// Search and list on the left, the selected dictation on the right.
+// The dictations and the notes, each with a list and what is chosen in it.
 Rectangle {
     id: window
 
     required property HistoryModel model
-    property bool showsRaw: false
-    readonly property string shownText: model.isFormatted && !showsRaw ? model.formattedText : model.rawText
+    required property NotesModel notes
+    required property HistoryChanges changes
+    property string page: "dictations"
+    readonly property Item shown: page === "notes" ? notesPage : dictationsPage
     signal closeRequested
 
     color: Theme.surface
+    onPageChanged: shown.takeKeyboard()
+    Component.onCompleted: shown.takeKeyboard()
 
-    Keys.onEscapePressed: search.text !== "" ? search.text = "" : closeRequested()
-    Keys.onDeletePressed: model.remove()
+    Keys.onEscapePressed: if (shown !== dictationsPage || !dictationsPage.clearSearch()) closeRequested()
     Keys.onPressed: event => {
-        if (event.matches(StandardKey.Undo))
-            model.undo()
-        else if (event.matches(StandardKey.Copy) && text.selectedText === "")
-            model.copy(shownText)
-        else
-            return
         event.accepted = true
+        if (event.matches(StandardKey.Undo))
+            changes.undo()
+        else if (event.matches(StandardKey.Copy))
+            shown.copy()
+        else if (event.matches(StandardKey.Find) && page === "dictations")
+            dictationsPage.takeKeyboard()
+        else if (event.modifiers & Qt.ControlModifier && [Qt.Key_Tab, Qt.Key_Backtab].includes(event.key))
+            page = page === "notes" ? "dictations" : "notes"
+        else
+            event.accepted = false
     }
 
     Rectangle {
@@ -31,141 +37,70 @@ Rectangle {
         anchors { left: parent.left; top: parent.top; bottom: parent.bottom }
         width: Theme.listWidth
         color: Theme.surfaceRaised
-
-        VField {
-            id: search
-            anchors { left: parent.left; right: parent.right; top: parent.top; margins: Theme.space12 }
-            focus: true
-            placeholderText: qsTr("Search")
-            Accessible.role: Accessible.EditableText
-            Accessible.name: qsTr("Search the history")
-            onTextChanged: window.model.search = text
-            Keys.onDownPressed: list.takeKeyboard()
-        }
-        ListView {
-            id: list
-            anchors { left: parent.left; right: parent.right; top: search.bottom; bottom: parent.bottom; margins: Theme.space12 }
-            clip: true
-            spacing: Theme.space4
-            boundsBehavior: Flickable.StopAtBounds
-            activeFocusOnTab: true
-            keyNavigationEnabled: true
-            currentIndex: -1
-            model: window.model.list
-            Accessible.role: Accessible.List
-            Accessible.name: qsTr("Dictations")
-
-            function takeKeyboard() {
-                forceActiveFocus()
-                if (currentIndex < 0 && count > 0)
-                    currentIndex = 0
-            }
-
-            onActiveFocusChanged: if (activeFocus) takeKeyboard()
-            onCurrentItemChanged: if (currentItem) window.model.select(currentItem.identifier)
-
-            delegate: HistoryRow {
-                required property int index
-                required property var identifier
-                required property var created_at
-                required property string processingMode
-                width: ListView.view.width
-                time: window.model.shortTime(created_at)
-                mode: processingMode
-                current: ListView.isCurrentItem
-                onPicked: {
-                    list.currentIndex = index
-                    list.forceActiveFocus()
-                }
-            }
-            T.ScrollBar.vertical: T.ScrollBar {
-                implicitWidth: Theme.space4
-                contentItem: Rectangle {
-                    radius: width / 2
-                    color: Theme.fieldOutline
-                }
-            }
-        }
         Rectangle {
             anchors { right: parent.right; top: parent.top; bottom: parent.bottom }
             width: Theme.hairline
             color: Theme.outline
         }
     }
-    Text {
-        anchors { left: side.right; right: parent.right; verticalCenter: parent.verticalCenter; margins: Theme.space32 }
-        visible: !window.model.hasSelection
-        text: window.model.problem !== "" ? window.model.problem
-            : search.text !== "" && list.count === 0 ? qsTr("No dictation contains these words.")
-            : list.count === 0 ? qsTr("Your dictations will appear here. Press your shortcut and speak.")
-            : qsTr("Choose a dictation to read it.")
-        color: window.model.problem !== "" ? Theme.error : Theme.textSecondary
-        font.pixelSize: Theme.sizeBody
-        wrapMode: Text.Wrap
-        horizontalAlignment: Text.AlignHCenter
-    }
     Item {
-        id: reader
-        anchors { left: side.right; right: parent.right; top: parent.top; bottom: actions.top; margins: Theme.space24 }
-        visible: window.model.hasSelection
+        id: pages
+        anchors { left: parent.left; right: parent.right; top: parent.top; bottom: news.top }
 
-        VNote {
-            id: details
-            text: window.model.details
+        DictationsPage {
+            id: dictationsPage
+            anchors.fill: parent
+            visible: window.shown === this
+            listTop: tabs.y + tabs.height
+            model: window.model
         }
-        Flickable {
-            anchors { left: parent.left; right: parent.right; top: details.bottom; topMargin: Theme.space12; bottom: parent.bottom }
-            contentHeight: text.height
-            clip: true
-            boundsBehavior: Flickable.StopAtBounds
-            TextEdit {
-                id: text
-                width: parent.width
-                readOnly: true
-                selectByMouse: true
-                activeFocusOnTab: true
-                text: window.shownText
-                textFormat: TextEdit.PlainText
-                color: Theme.text
-                selectionColor: Theme.accent
-                selectedTextColor: Theme.accentText
-                font.pixelSize: Theme.sizeBody
-                wrapMode: TextEdit.Wrap
-                Accessible.role: Accessible.EditableText
-                Accessible.name: qsTr("Text of the dictation")
-                Accessible.readOnly: true
-            }
+        NotesPage {
+            id: notesPage
+            anchors.fill: parent
+            visible: window.shown === this
+            listTop: tabs.y + tabs.height
+            model: window.notes
         }
     }
-    Row {
-        id: actions
-        anchors { left: side.right; right: parent.right; bottom: parent.bottom; margins: Theme.space24 }
-        height: undo.implicitHeight
-        spacing: Theme.space8
+    VTabs {
+        id: tabs
+        anchors { left: parent.left; top: parent.top; margins: Theme.space12 }
+        width: Theme.listWidth - 2 * Theme.space12
+        names: [qsTr("Dictations"), qsTr("Notes")]
+        current: window.page === "notes" ? 1 : 0
+        onPicked: index => window.page = index === 1 ? "notes" : "dictations"
+    }
+    Rectangle {
+        id: news
+        anchors { left: side.right; right: parent.right; bottom: parent.bottom }
+        height: visible ? newsRow.implicitHeight + 2 * Theme.space12 : 0
+        visible: window.changes.canUndo || window.changes.problem !== ""
+        color: Theme.surfaceHovered
 
-        VButton {
-            visible: window.model.hasSelection
-            text: qsTr("Copy")
-            onClicked: window.model.copy(window.shownText)
-        }
-        VButton {
-            visible: window.model.isFormatted
-            secondary: true
-            text: window.showsRaw ? qsTr("Show the rewritten text") : qsTr("Show the original text")
-            onClicked: window.showsRaw = !window.showsRaw
-        }
-        VButton {
-            visible: window.model.hasSelection
-            secondary: true
-            text: qsTr("Delete")
-            onClicked: window.model.remove()
-        }
-        VButton {
-            id: undo
-            visible: window.model.canUndo
-            secondary: true
-            text: qsTr("Undo delete")
-            onClicked: window.model.undo()
+        Item {
+            id: newsRow
+            anchors { left: parent.left; right: parent.right; verticalCenter: parent.verticalCenter; leftMargin: Theme.space24; rightMargin: Theme.space24 }
+            implicitHeight: Math.max(problem.implicitHeight, undo.implicitHeight)
+
+            Text {
+                id: problem
+                anchors { left: parent.left; right: undo.left; rightMargin: Theme.space12; verticalCenter: parent.verticalCenter }
+                text: window.changes.problem !== "" ? window.changes.problem : qsTr("Deleted. It can be undone until this window closes.")
+                textFormat: Text.PlainText
+                color: window.changes.problem !== "" ? Theme.error : Theme.text
+                font.pixelSize: Theme.sizeBody
+                wrapMode: Text.Wrap
+                Accessible.role: Accessible.AlertMessage
+                Accessible.name: text
+            }
+            VButton {
+                id: undo
+                anchors { right: parent.right; verticalCenter: parent.verticalCenter }
+                visible: window.changes.canUndo
+                secondary: true
+                text: qsTr("Undo delete")
+                onClicked: window.changes.undo()
+            }
         }
     }
 }

@@ -1,31 +1,33 @@
 #include "vantro/ui/history/HistoryModel.h"
 
-#include "base/Error.h"
+#include "vantro/store/SearchText.h"
+#include "vantro/ui/history/DayNames.h"
 
 #include <QLocale>
+#include <QScopedValueRollback>
 
+#include <algorithm>
+#include <array>
 #include <utility>
 
 namespace vantro {
 
-HistoryModel::HistoryModel(CoreDataStack& store, Pasteboard& pasteboard)
-    : store_(store)
-    , pasteboard_(pasteboard)
-    , list_(store)
-{
-    connect(&list_, &HistoryListModel::filterChanged, this, &HistoryModel::searchChanged);
-}
+namespace {
 
-template <typename Change>
-void HistoryModel::attempt(Change change)
+/// Of the period filter, today included; 0 is any time.
+constexpr std::array<int, 4> days{0, 1, 7, 30};
+
+} // namespace
+
+HistoryModel::HistoryModel(Parts parts) : parts_(std::move(parts)), list_(parts_.store)
 {
-    problem_.clear();
-    try {
-        change();
-    } catch (const Error& error) {
-        problem_ = error.localizedDescription();
-    }
-    Q_EMIT problemChanged();
+    connect(&list_, &HistoryListModel::filterChanged, this, &HistoryModel::filterChanged);
+    connect(&list_, &QAbstractItemModel::modelReset, this, [this] { pick(0); });
+    connect(&list_, &QAbstractItemModel::rowsRemoved, this,
+            [this](const QModelIndex&, int first) { keepCurrent(first); });
+    connect(&list_, &QAbstractItemModel::rowsInserted, this, [this] { keepCurrent(0); });
+    connect(&list_, &QAbstractItemModel::dataChanged, this, &HistoryModel::refresh);
+    pick(0);
 }
 
 void HistoryModel::setSearch(const QString& text)
@@ -33,57 +35,221 @@ void HistoryModel::setSearch(const QString& text)
     list_.setSearchText(text);
 }
 
-void HistoryModel::select(const QUuid& identifier)
+QStringList HistoryModel::modes() const
 {
-    attempt([&] { selection_ = store_.transcription(identifier); });
-    Q_EMIT selectionChanged();
+    QStringList names{tr("All modes")};
+    for (const ProcessingMode mode : allProcessingModes) {
+        if (mode != ProcessingMode::Notes)
+            names << parts_.modeName(mode);
+    }
+    return names << tr("Not rewritten");
+}
+
+void HistoryModel::setMode(int index)
+{
+    mode_ = index;
+    const bool isMode = index > 0 && index < modes().size() - 1;
+    list_.setMode(isMode ? rawValue(allProcessingModes.at(static_cast<std::size_t>(index - 1))) : QString());
+    list_.setUnrewritten(index == modes().size() - 1);
+}
+
+void HistoryModel::setPeriod(int index)
+{
+    period_ = index;
+    const int span = days.at(static_cast<std::size_t>(index));
+    list_.setSince(span == 0 ? QDateTime() : parts_.clock.wallClock().date().addDays(1 - span).startOfDay());
 }
 
 QString HistoryModel::details() const
 {
-    if (!selection_)
+    if (!shown_)
         return {};
-    const QString time = QLocale().toString(selection_->created_at.toLocalTime(), QLocale::LongFormat);
-    return selection_->processingMode.isEmpty() ? time
-                                                : time + QStringLiteral("  \u00B7  ") + selection_->processingMode;
+    const QString day = QLocale().toString(shown_->created_at.toLocalTime().date(), QLocale::LongFormat);
+    return day + QStringLiteral(", ") + timeOfDay(shown_->created_at) + QStringLiteral("  \u00B7  ") + modeName(shown_->processingMode);
 }
 
-void HistoryModel::copy(const QString& text)
+QUuid HistoryModel::identifierAt(int row) const
 {
-    pasteboard_.setString(Pasteboard::Selection::Clipboard, text);
+    return list_.index(row).data(HistoryListModel::Identifier).toUuid();
+}
+
+void HistoryModel::pick(int row)
+{
+    const int rows = list_.rowCount();
+    row = std::min(row, rows - 1);
+    anchor_ = list_.index(row);
+    chosen_.clear();
+    if (row >= 0)
+        chosen_.insert(identifierAt(row));
+    makeCurrent(row);
+}
+
+void HistoryModel::extendTo(int row)
+{
+    row = std::clamp(row, 0, std::max(0, list_.rowCount() - 1));
+    const int from = anchor_.isValid() ? anchor_.row() : row;
+    chosen_.clear();
+    for (int each = std::min(from, row); each <= std::max(from, row); ++each)
+        chosen_.insert(identifierAt(each));
+    makeCurrent(row);
+}
+
+void HistoryModel::toggle(int row)
+{
+    const QUuid identifier = identifierAt(row);
+    if (!chosen_.remove(identifier))
+        chosen_.insert(identifier);
+    anchor_ = list_.index(row);
+    makeCurrent(row);
+}
+
+void HistoryModel::chooseAll()
+{
+    parts_.changes.attempt([this] {
+        const auto all = TranscriptionFetch(parts_.store.persistentContainer(), list_.filter()).identities();
+        chosen_ = QSet<QUuid>(all.begin(), all.end());
+    });
+    Q_EMIT selectionChanged();
+}
+
+void HistoryModel::makeCurrent(int row)
+{
+    current_ = list_.index(row);
+    show(identifierAt(row));
+    Q_EMIT selectionChanged();
+}
+
+void HistoryModel::show(const QUuid& identifier)
+{
+    shown_.reset();
+    if (!identifier.isNull())
+        parts_.changes.attempt([&] { shown_ = parts_.store.transcription(identifier); });
+}
+
+int HistoryModel::lastRow()
+{
+    while (list_.canFetchMore({}))
+        list_.fetchMore({});
+    return list_.rowCount() - 1;
+}
+
+void HistoryModel::copy(const QString& shownText)
+{
+    QString text = shownText;
+    if (chosen_.size() > 1) {
+        std::vector<Transcription> rows;
+        const bool isRead = parts_.changes.attempt([&] {
+            for (const QUuid& identifier : std::as_const(chosen_)) {
+                if (const auto row = parts_.store.transcription(identifier))
+                    rows.push_back(*row);
+            }
+        });
+        if (!isRead)
+            return;
+        std::ranges::sort(rows, {}, &Transcription::objectID);
+        QStringList texts;
+        for (const Transcription& row : rows)
+            texts << row.text();
+        text = texts.join(QStringLiteral("\n\n"));
+    }
+    parts_.pasteboard.setString(Pasteboard::Selection::Clipboard, text);
+}
+
+/// The next one that stays, otherwise the one before.
+QPersistentModelIndex HistoryModel::rowAfterChosen() const
+{
+    const int from = std::max(0, currentRow());
+    const auto stays = [this](int row) {
+        return !chosen_.contains(identifierAt(row));
+    };
+    for (int row = from; row < list_.rowCount(); ++row) {
+        if (stays(row))
+            return list_.index(row);
+    }
+    for (int row = from; row >= 0; --row) {
+        if (stays(row))
+            return list_.index(row);
+    }
+    return {};
 }
 
 void HistoryModel::remove()
 {
-    if (!selection_)
+    if (chosen_.isEmpty())
         return;
-    attempt([this] {
-        store_.deleteTranscriptions({selection_->id});
-        deleted_ = std::exchange(selection_, std::nullopt);
-    });
-    Q_EMIT selectionChanged();
-    Q_EMIT undoChanged();
+    const QPersistentModelIndex next = rowAfterChosen();
+    std::vector<Transcription> deleted;
+    const QScopedValueRollback<bool> many(isChangingMany_, true);
+    if (!parts_.changes.attempt(
+            [&] { deleted = parts_.store.deleteTranscriptions({chosen_.cbegin(), chosen_.cend()}); }))
+        return;
+    parts_.changes.addDeletion([this, deleted] { restore(deleted); });
+    pick(next.isValid() ? next.row() : 0);
 }
 
-void HistoryModel::undo()
+void HistoryModel::restore(const std::vector<Transcription>& deleted)
 {
-    if (!deleted_)
+    const QScopedValueRollback<bool> many(isChangingMany_, true);
+    parts_.store.restoreTranscriptions(deleted);
+    const auto newest = std::ranges::max_element(deleted, {}, &Transcription::objectID);
+    const int row = newest != deleted.end() ? list_.rowOf(newest->objectID) : -1;
+    if (row < 0)
         return;
-    attempt([this] {
-        insertTranscription(store_.persistentContainer(), *deleted_);
-        store_.announceChanges();
-        selection_ = std::exchange(deleted_, std::nullopt);
-    });
+    pick(row);
+    for (const Transcription& each : deleted)
+        chosen_.insert(each.id);
     Q_EMIT selectionChanged();
-    Q_EMIT undoChanged();
 }
 
-QString HistoryModel::shortTime(const QDateTime& time) const
+/// There is a current row whenever there are rows, also when another process deletes.
+void HistoryModel::keepCurrent(int row)
 {
-    const QDateTime local = time.toLocalTime();
-    const QLocale locale;
-    return local.date() == QDate::currentDate() ? locale.toString(local.time(), QLocale::ShortFormat)
-                                                : locale.toString(local.date(), QLocale::ShortFormat);
+    if (!isChangingMany_ && !current_.isValid())
+        pick(row);
+    else
+        Q_EMIT selectionChanged(); // its row may be another
+}
+
+void HistoryModel::refresh(const QModelIndex& first, const QModelIndex& last)
+{
+    if (currentRow() < first.row() || currentRow() > last.row())
+        return;
+    show(identifierAt(currentRow()));
+    Q_EMIT selectionChanged();
+}
+
+QString HistoryModel::timeOfDay(const QDateTime& time) const
+{
+    return vantro::timeOfDay(time);
+}
+
+QString HistoryModel::modeName(const QString& rawValue) const
+{
+    const auto mode = processingModeFromRawValue(rawValue);
+    return mode ? parts_.modeName(*mode) : rawValue;
+}
+
+QString HistoryModel::dayName(const QString& day) const
+{
+    const QDate date = QDate::fromString(day, Qt::ISODate);
+    return date.isValid() ? vantro::dayName(date, parts_.clock.wallClock().date()) : tr("Unknown date");
+}
+
+bool HistoryModel::isUnrewritten(const QString& mode, bool isFormatted) const
+{
+    return !isFormatted && mode != rawValue(ProcessingMode::Normal) && mode != rawValue(ProcessingMode::Notes);
+}
+
+QString HistoryModel::marked(const QString& line) const
+{
+    QString result;
+    qsizetype end = 0;
+    for (const SearchHit& hit : searchHits(line, SearchQuery(search()))) {
+        result += line.mid(end, hit.begin - end).toHtmlEscaped() + QStringLiteral("<b><u>") +
+                  line.mid(hit.begin, hit.length).toHtmlEscaped() + QStringLiteral("</u></b>");
+        end = hit.begin + hit.length;
+    }
+    return result + line.mid(end).toHtmlEscaped();
 }
 
 } // namespace vantro

@@ -1,25 +1,30 @@
 import QtQuick
 import Vantro.Style
 
-// A dictation in the list: its first line, date and mode.
+// An entry of a list: one line of its text, and below it small what else there is to know.
 Rectangle {
     id: row
 
-    property string time
-    property string mode
-    property string firstLine
-    property bool current
-    signal picked
+    property string line
+    property string plainLine: line
+    property string details
+    property string sign
+    property bool chosen
+    property bool hasKeyboard
+    signal tapped(int modifiers)
 
     implicitHeight: words.height + 2 * Theme.space8
     radius: Theme.radiusSmall
-    color: current ? Theme.accent : hover.hovered ? Theme.outline : "transparent"
+    color: chosen ? Theme.accent : hover.hovered ? Theme.surfaceHovered : "transparent"
+    border.width: hasKeyboard ? Theme.focusRing : 0
+    border.color: Theme.text
 
     Accessible.role: Accessible.ListItem
-    Accessible.name: firstLine
-    Accessible.description: time + ", " + mode
-    Accessible.selected: current
-    Accessible.onPressAction: picked()
+    Accessible.name: plainLine
+    Accessible.description: sign === "" ? details : details + ", " + sign
+    Accessible.selected: chosen
+    Accessible.selectable: true
+    Accessible.onPressAction: tapped(Qt.NoModifier)
 
     Column {
         id: words
@@ -28,21 +33,40 @@ Rectangle {
 
         Text {
             width: parent.width
-            text: row.firstLine
-            textFormat: Text.PlainText
-            color: row.current ? Theme.accentText : Theme.text
+            text: row.line
+            textFormat: Text.StyledText
+            color: row.chosen ? Theme.accentText : Theme.text
             font.pixelSize: Theme.sizeBody
             elide: Text.ElideRight
             maximumLineCount: 1
+            wrapMode: Text.NoWrap
         }
-        Text {
+        Row {
             width: parent.width
-            text: row.mode === "" ? row.time : row.time + "  \u00B7  " + row.mode
-            color: row.current ? Theme.accentText : Theme.textSecondary
-            font.pixelSize: Theme.sizeSecondary
-            elide: Text.ElideRight
+            spacing: Theme.space8
+            Text {
+                id: more
+                width: Math.min(implicitWidth, parent.width)
+                text: row.details
+                textFormat: Text.PlainText
+                color: row.chosen ? Theme.accentText : Theme.textSecondary
+                font.pixelSize: Theme.sizeSecondary
+                elide: Text.ElideRight
+                maximumLineCount: 1
+            }
+            Text {
+                visible: row.sign !== ""
+                width: Math.min(implicitWidth, parent.width - more.width - parent.spacing)
+                text: "\u26A0 " + row.sign
+                color: row.chosen ? Theme.accentText : Theme.warning
+                font.pixelSize: Theme.sizeSecondary
+                elide: Text.ElideRight
+            }
         }
     }
     HoverHandler { id: hover }
-    TapHandler { onTapped: row.picked() }
+    TapHandler {
+        acceptedModifiers: Qt.KeyboardModifierMask
+        onTapped: row.tapped(point.modifiers)
+    }
 }

@@ -67,7 +67,22 @@ void PasteHUDWindow::showHUD(std::optional<QRect> anchor, const QString& keys, c
     model_.caption = tr("to paste");
     model_.reason = reason;
     present(anchor, {});
-    const auto readingTime = readingTimePerCharacter * reason.size();
+    dismissAfterReading(reason);
+}
+
+void PasteHUDWindow::showNews(const QString& title, const QString& caption)
+{
+    model_.title = title;
+    model_.isSentence = true;
+    model_.caption = caption;
+    model_.reason.clear();
+    present(std::nullopt, {});
+    dismissAfterReading(caption);
+}
+
+void PasteHUDWindow::dismissAfterReading(const QString& text)
+{
+    const auto readingTime = readingTimePerCharacter * text.size();
     clock_.callAfter(animationTime + visibleTime + readingTime, dismissWorkItem_.get(), [this] { dismiss(); });
 }
 

@@ -25,6 +25,8 @@ public:
     /// @p anchor: the launcher's frame, in screen coordinates; the middle of the main screen when there is none.
     /// @p keys paste the text. @p reason: a sentence, or nothing.
     void showHUD(std::optional<QRect> anchor, const QString& keys, const QString& reason);
+    /// Tells what has been done, for as long as reading it takes.
+    void showNews(const QString& title, const QString& caption);
     /// Stays until withdraw(). A click on it calls @p accepted.
     void showOffer(std::optional<QRect> anchor, const QString& title, const QString& caption,
                    std::function<void()> accepted);
@@ -38,6 +40,7 @@ protected:
 
 private:
     void present(std::optional<QRect> anchor, std::function<void()> clicked);
+    void dismissAfterReading(const QString& text);
     void dismiss();
 
     const Workspace& workspace_;

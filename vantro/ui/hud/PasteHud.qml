@@ -25,7 +25,7 @@ Item {
         radius: Theme.radiusSmall
         color: Theme.surfaceFloating
         border.width: Theme.hairline
-        border.color: Theme.outline
+        border.color: Theme.control
 
         Behavior on width {
             enabled: hud.model.isAnimated

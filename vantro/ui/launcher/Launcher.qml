@@ -12,7 +12,7 @@ Rectangle {
     color: Theme.surfaceRaised
     radius: Theme.radiusLarge
     border.width: Theme.hairline
-    border.color: Theme.outline
+    border.color: Theme.control
 
     Accessible.role: Accessible.Dialog
     Accessible.name: model.processing ? qsTr("vantro, transcribing") : qsTr("vantro, recording")

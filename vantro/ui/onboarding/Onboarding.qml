@@ -35,7 +35,7 @@ Rectangle {
                 height: Theme.meterHeight
                 radius: height / 2
                 color: index === window.model.step ? Theme.accent
-                     : window.goods[index] ? Theme.success : Theme.fieldOutline
+                     : window.goods[index] ? Theme.success : Theme.control
             }
         }
     }
@@ -129,7 +129,7 @@ Rectangle {
                 height: Theme.space8
                 radius: height / 2
                 visible: window.model.download.running
-                color: Theme.fieldOutline
+                color: Theme.control
                 Accessible.role: Accessible.ProgressBar
                 Accessible.name: qsTr("Download of %1").arg(window.model.download.name)
                 Rectangle {
@@ -162,7 +162,7 @@ Rectangle {
                 radius: Theme.radiusSmall
                 color: Theme.surfaceRaised
                 border.width: field.activeFocus ? Theme.focusRing : Theme.hairline
-                border.color: field.activeFocus ? Theme.accent : Theme.fieldOutline
+                border.color: field.activeFocus ? Theme.accent : Theme.control
                 clip: true
                 TextEdit {
                     id: field

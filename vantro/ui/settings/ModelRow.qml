@@ -35,7 +35,7 @@ VCard {
             width: Theme.meterWidth
             height: Theme.meterHeight
             radius: height / 2
-            color: Theme.fieldOutline
+            color: Theme.control
             Rectangle {
                 width: parent.width * parent.parent.value
                 height: parent.height

@@ -22,6 +22,12 @@ Rectangle {
     color: Theme.surface
 
     Keys.onEscapePressed: closeRequested()
+    Keys.onPressed: event => {
+        if (event.key !== Qt.Key_PageDown && event.key !== Qt.Key_PageUp)
+            return
+        pageLoader.item.turn(event.key === Qt.Key_PageDown ? 1 : -1)
+        event.accepted = true
+    }
 
     Rectangle {
         id: navigation
@@ -29,30 +35,21 @@ Rectangle {
         width: Theme.navWidth
         color: Theme.surfaceRaised
 
-        Column {
+        VNavList {
             anchors { left: parent.left; right: parent.right; top: parent.top; margins: Theme.space12 }
-            spacing: Theme.space4
-
-            Repeater {
-                model: [
-                    { key: "general", name: qsTr("General") },
-                    { key: "shortcut", name: qsTr("Shortcut") },
-                    { key: "microphone", name: qsTr("Microphone") },
-                    { key: "models", name: qsTr("Models") },
-                    { key: "modes", name: qsTr("Modes") },
-                    { key: "providers", name: qsTr("Providers") },
-                    { key: "vocabulary", name: qsTr("Vocabulary") },
-                    { key: "about", name: qsTr("About") }
-                ]
-                VNavItem {
-                    required property var modelData
-                    required property int index
-                    text: modelData.name
-                    current: window.page === modelData.key
-                    focus: index === 0
-                    onPicked: window.page = modelData.key
-                }
-            }
+            focus: true
+            pages: [
+                { key: "general", name: qsTr("General") },
+                { key: "shortcut", name: qsTr("Shortcut") },
+                { key: "microphone", name: qsTr("Microphone") },
+                { key: "models", name: qsTr("Models") },
+                { key: "modes", name: qsTr("Modes") },
+                { key: "providers", name: qsTr("Providers") },
+                { key: "vocabulary", name: qsTr("Vocabulary") },
+                { key: "about", name: qsTr("About") }
+            ]
+            current: window.page
+            onPicked: key => window.page = key
         }
         Rectangle {
             anchors { right: parent.right; top: parent.top; bottom: parent.bottom }
@@ -61,6 +58,7 @@ Rectangle {
         }
     }
     Loader {
+        id: pageLoader
         anchors { left: navigation.right; right: parent.right; top: parent.top; bottom: parent.bottom }
         sourceComponent: window.page === "models" ? modelsPage
                        : window.page === "shortcut" ? keysPage

@@ -28,7 +28,7 @@ FocusScope {
             radius: Theme.radiusSmall
             color: Theme.surfaceRaised
             border.width: recorder.model.recording || field.activeFocus ? Theme.focusRing : Theme.hairline
-            border.color: recorder.model.recording ? Theme.recording : field.activeFocus ? Theme.accent : Theme.outline
+            border.color: recorder.model.recording ? Theme.recording : field.activeFocus ? Theme.accent : Theme.control
 
             Item {
                 id: field

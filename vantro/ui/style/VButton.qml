@@ -11,27 +11,38 @@ Rectangle {
     implicitWidth: label.implicitWidth + 2 * Theme.space16
     implicitHeight: label.implicitHeight + 2 * Theme.space8
     radius: Theme.radiusSmall
-    color: secondary ? Theme.surfaceRaised : Theme.accent
+    opacity: enabled ? 1 : Theme.disabledOpacity
+    color: secondary ? (tap.pressed ? Theme.surfacePressed : hover.hovered ? Theme.surfaceHovered : Theme.surfaceRaised)
+                     : (tap.pressed ? Theme.accentPressed : hover.hovered ? Theme.accentHovered : Theme.accent)
     activeFocusOnTab: true
     border.width: activeFocus ? Theme.focusRing : secondary ? Theme.hairline : 0
-    border.color: activeFocus ? Theme.text : Theme.outline
+    border.color: activeFocus ? Theme.text : Theme.control
 
     Accessible.role: Accessible.Button
     Accessible.name: text
+    Accessible.focusable: true
     Accessible.onPressAction: clicked()
 
-    Keys.onSpacePressed: clicked()
-    Keys.onReturnPressed: clicked()
-    Keys.onEnterPressed: clicked()
+    // Held down, a key presses once.
+    Keys.onPressed: event => {
+        if (![Qt.Key_Space, Qt.Key_Return, Qt.Key_Enter].includes(event.key))
+            return
+        event.accepted = true
+        if (!event.isAutoRepeat)
+            clicked()
+    }
 
     Text {
         id: label
         anchors.centerIn: parent
         text: button.text
+        textFormat: Text.PlainText
         color: button.secondary ? Theme.text : Theme.accentText
         font.pixelSize: Theme.sizeBody
     }
+    HoverHandler { id: hover }
     TapHandler {
+        id: tap
         onTapped: button.clicked()
     }
 }

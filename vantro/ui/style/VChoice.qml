@@ -9,6 +9,8 @@ T.ComboBox {
     implicitHeight: label.implicitHeight + 2 * Theme.space8
     leftPadding: Theme.space12
     rightPadding: Theme.space32
+    opacity: enabled ? 1 : Theme.disabledOpacity
+    hoverEnabled: true
 
     contentItem: Text {
         id: label
@@ -28,9 +30,9 @@ T.ComboBox {
     }
     background: Rectangle {
         radius: Theme.radiusSmall
-        color: Theme.surface
+        color: control.pressed ? Theme.surfacePressed : control.hovered ? Theme.surfaceHovered : Theme.surface
         border.width: control.visualFocus ? Theme.focusRing : Theme.hairline
-        border.color: control.visualFocus ? Theme.text : Theme.fieldOutline
+        border.color: control.visualFocus ? Theme.text : Theme.control
     }
     delegate: T.ItemDelegate {
         id: entry
@@ -65,14 +67,16 @@ T.ComboBox {
             clip: true
             model: control.popup.visible ? control.delegateModel : null
             currentIndex: control.highlightedIndex
+            highlightMoveDuration: 0
             implicitHeight: contentHeight
             boundsBehavior: Flickable.StopAtBounds
+            T.ScrollBar.vertical: VScrollBar {}
         }
         background: Rectangle {
             radius: Theme.radiusSmall
             color: Theme.surfaceRaised
             border.width: Theme.hairline
-            border.color: Theme.fieldOutline
+            border.color: Theme.control
         }
     }
 }

@@ -23,10 +23,11 @@ T.TextField {
         font.pixelSize: Theme.sizeBody
         Accessible.ignored: true
     }
+    opacity: enabled ? 1 : Theme.disabledOpacity
     background: Rectangle {
         radius: Theme.radiusSmall
         color: Theme.surface
         border.width: field.activeFocus ? Theme.focusRing : Theme.hairline
-        border.color: field.activeFocus ? Theme.accent : Theme.fieldOutline
+        border.color: field.activeFocus ? Theme.accent : Theme.control
     }
 }

@@ -9,7 +9,9 @@ Rectangle {
 
     implicitHeight: Theme.space12
     radius: height / 2
-    color: Theme.fieldOutline
+    color: Theme.surfacePressed
+    border.width: Theme.hairline
+    border.color: Theme.control
     Accessible.role: Accessible.ProgressBar
     Accessible.name: name
 

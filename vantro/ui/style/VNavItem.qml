@@ -6,22 +6,20 @@ Rectangle {
 
     property string text
     property bool current
+    property bool hasKeyboard
     signal picked
 
     width: parent ? parent.width : implicitWidth
     implicitHeight: label.implicitHeight + 2 * Theme.space8
     radius: Theme.radiusSmall
-    color: current ? Theme.accent : hover.hovered ? Theme.outline : "transparent"
-    border.width: activeFocus ? Theme.focusRing : 0
+    color: current ? Theme.accent : hover.hovered ? Theme.surfaceHovered : "transparent"
+    border.width: hasKeyboard ? Theme.focusRing : 0
     border.color: Theme.text
-    activeFocusOnTab: true
 
     Accessible.role: Accessible.PageTab
     Accessible.name: text
     Accessible.selected: current
     Accessible.onPressAction: picked()
-    Keys.onSpacePressed: picked()
-    Keys.onReturnPressed: picked()
 
     Text {
         id: label

@@ -13,12 +13,34 @@ Flickable {
     boundsBehavior: Flickable.StopAtBounds
     clip: true
 
-    T.ScrollBar.vertical: T.ScrollBar {
-        visible: page.contentHeight > page.height
-        implicitWidth: Theme.space8
-        contentItem: Rectangle {
-            radius: width / 2
-            color: Theme.fieldOutline
+    T.ScrollBar.vertical: VScrollBar {}
+
+    // Turns a page down, or up with -1.
+    function turn(pages) {
+        moveTo(contentY + pages * (height - 2 * Theme.space24))
+    }
+    function moveTo(position) {
+        contentY = Math.max(0, Math.min(position, contentHeight - height))
+    }
+    function reveal(item) {
+        let above = item
+        while (above && above !== contentItem)
+            above = above.parent
+        if (!above)
+            return
+        const top = item.mapToItem(contentItem, 0, 0).y - Theme.space24
+        const bottom = top + item.height + 2 * Theme.space24
+        if (top < contentY)
+            moveTo(top)
+        else if (bottom > contentY + height)
+            moveTo(Math.min(top, bottom - height))
+    }
+
+    Connections {
+        target: page.Window.window
+        function onActiveFocusItemChanged() {
+            if (page.Window.activeFocusItem)
+                page.reveal(page.Window.activeFocusItem)
         }
     }
 

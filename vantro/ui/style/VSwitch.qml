@@ -7,6 +7,7 @@ T.Switch {
 
     implicitWidth: Theme.switchWidth
     implicitHeight: Theme.switchHeight
+    opacity: enabled ? 1 : Theme.disabledOpacity
     activeFocusOnTab: true
     Keys.onReturnPressed: { toggle(); toggled() }
     Keys.onEnterPressed: { toggle(); toggled() }

@@ -57,6 +57,6 @@ T.TextArea {
         radius: Theme.radiusSmall
         color: Theme.surface
         border.width: area.activeFocus ? Theme.focusRing : Theme.hairline
-        border.color: area.activeFocus ? Theme.accent : Theme.fieldOutline
+        border.color: area.activeFocus ? Theme.accent : Theme.control
     }
 }

@@ -1,0 +1,215 @@
+#!/usr/bin/python3
+"""The window of the history as its user has it: with nothing in it, with a few hundred dictations, with notes."""
+
+import json
+import sys
+import time
+
+from dictationcase import CHILD, CHILD_WORDS, ROOT, main, words
+from shellcase import ShellCase
+
+from historyfill import LONG_TEXT, dictations, fill_dictations, fill_notes
+from vantro import HUD_TITLE
+
+sys.path.insert(0, str(ROOT / "tests" / "ai" / "services"))
+from chatserver import Answer, ChatServer  # noqa: E402
+
+TITLE = "vantro history"
+MANY = 100_000
+SUMMARY = "Wood for the shelf, and the roof."
+
+
+class HistoryCase(ShellCase):
+    def stored(self, command="history"):
+        return json.loads(self.vantro.run(command, "--json", "--limit", "0").stdout)
+
+    def empty(self):
+        for row in self.stored():
+            self.vantro.run("history", "delete", "--yes", row["id"])
+
+    def open(self, window="history"):
+        self.assertEqual(self.vantro.run("show", window).returncode, 0)
+        opened = self.window(TITLE)
+        self.has_keyboard(opened)
+        return opened
+
+    def close_window(self):
+        self.close(TITLE)
+
+    def press(self, *chords):
+        for chord in chords:
+            self.desktop.press(chord)
+
+    def copied(self):
+        """What Ctrl+C brings; the clipboard is another one each time."""
+        self.desktop.set_clipboard(f"before {time.monotonic()}")
+        before = self.desktop.clipboard()
+        self.press("ctrl+c")
+        return self.wait(lambda: self.desktop.clipboard() != before and self.desktop.clipboard(), 5, "the copied text")
+
+
+class DictationsTest(HistoryCase):
+    @classmethod
+    def setUpClass(cls):
+        super().setUpClass()
+        cls.rows = list(dictations(200))
+        fill_dictations(cls.vantro.history_file, cls.rows)
+
+    def text(self, number):
+        _, _, transcription, formatted = self.rows[number]
+        return formatted or transcription
+
+    def test_the_newest_is_chosen_and_keys_walk_and_copy(self):
+        self.open()
+        self.assertEqual(self.copied(), self.text(0))
+        self.press("Down", "Down", "Down")
+        self.assertEqual(self.copied(), self.text(2))
+        self.assertEqual(self.copied(), LONG_TEXT)
+        self.press("End")
+        self.assertEqual(self.copied(), self.text(199))
+        self.press("Home", "shift+Down", "shift+Down")
+        self.assertEqual(self.copied(), "\n\n".join(self.text(number) for number in (2, 1, 0)))
+        self.close_window()
+
+    def test_search_narrows_the_list_and_escape_widens_it_again(self):
+        self.open()
+        self.desktop.type_text("cafe corn")
+        self.press("Down")
+        self.assertEqual(self.copied(), self.text(4))
+        self.press("Escape")
+        self.press("Home")
+        self.assertEqual(self.copied(), self.text(0))
+        self.close_window()
+
+    def test_deletions_are_undone_in_turn_each_to_its_place(self):
+        before = [row["id"] for row in self.stored()]
+        self.open()
+        self.press("Down", "Down", "Delete")
+        self.wait(lambda: len(self.stored()) == 199, 5, "the deletion")
+        self.assertEqual(self.copied(), self.text(2), "the one after it is chosen")
+        self.press("shift+Down", "shift+Down", "Delete")
+        self.wait(lambda: len(self.stored()) == 196, 5, "the deletion of three")
+        self.press("Delete")
+        self.wait(lambda: len(self.stored()) == 195, 5, "the third deletion")
+        for left in (196, 199, 200):
+            self.press("ctrl+z")
+            self.wait(lambda: len(self.stored()) == left, 5, f"{left} dictations")
+        self.assertEqual([row["id"] for row in self.stored()], before)
+        self.assertEqual(self.copied(), self.text(1), "what came back is chosen")
+        self.close_window()
+
+    def test_a_held_delete_key_deletes_one(self):
+        self.open()
+        self.press("Down")
+        self.desktop.display.chord_down("Delete")
+        time.sleep(1.5)  # the key repeats after 0.66 s, 25 times a second
+        self.desktop.display.chord_up("Delete")
+        self.assertEqual(len(self.stored()), 199)
+        self.press("ctrl+z")
+        self.wait(lambda: len(self.stored()) == 200, 5, "it to come back")
+        self.close_window()
+
+    def test_a_dictation_made_meanwhile_joins_on_top_and_the_choice_stays(self):
+        self.open()
+        self.press("Down", "Down")
+        self.desktop.activate(self.editor.window)
+        self.dictate(CHILD)
+        self.assertEqual(words(self.wait_for_text()), CHILD_WORDS)
+        self.wait_until_over()
+        self.desktop.activate(self.window(TITLE))
+        self.assertEqual(self.copied(), self.text(1))
+        self.press("Home")
+        self.assertEqual(words(self.copied()), CHILD_WORDS)
+        self.press("Delete")
+        self.wait(lambda: len(self.stored()) == 200, 5, "its deletion")
+        self.close_window()
+
+    def test_a_filter_shows_what_was_not_rewritten(self):
+        self.open()
+        self.press("Tab", "End", "Tab", "Tab")
+        self.assertEqual(self.copied(), self.text(1))
+        self.press("Down")
+        self.assertEqual(self.copied(), self.text(11))
+        self.close_window()
+
+
+class SizesTest(HistoryCase):
+    def test_an_empty_history_opens_and_gets_its_first_dictation(self):
+        self.empty()
+        self.open()
+        self.press("ctrl+c", "Delete", "ctrl+z", "Down", "End", "Delete")
+        self.desktop.activate(self.editor.window)
+        self.dictate(CHILD)
+        self.wait_for_text()
+        self.wait_until_over()
+        self.desktop.activate(self.window(TITLE))
+        self.assertEqual(words(self.copied()), CHILD_WORDS)
+        self.close_window()
+
+    def test_no_key_is_dropped_while_a_huge_history_is_searched(self):
+        fill_dictations(self.vantro.history_file, dictations(MANY, spacing_s=60))
+        self.open()
+        self.desktop.type_text("invoice windows agreed")
+        self.press("ctrl+a")
+        self.wait(lambda: self.selected() == "invoice windows agreed", 5, "all that was typed")
+        self.press("Down")
+        self.assertIn("invoice", self.copied())
+        self.close_window()
+
+    def selected(self):
+        self.press("ctrl+c")
+        return self.desktop.clipboard()
+
+
+class NotesTest(HistoryCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.server = cls.enterClassContext(ChatServer())
+        super().setUpClass()
+        fill_notes(cls.vantro.history_file,
+                   [("", []), ("About the house.", ["Ask for the price of oak.", "The roof leaks."]), ("", ["Old."])])
+
+    @classmethod
+    def prepare_profile(cls):
+        super().prepare_profile()
+        cls.vantro.run("providers", "add", "--type", "custom", "--name", "House", "--model", "small", "--base-url",
+                       cls.server.url + "/v1", "--key-stdin", stdin=b"sk-house")
+        cls.vantro.run("modes", "set", "Notes", "--provider", "House")
+
+    def test_a_day_is_read_summarised_deleted_and_brought_back(self):
+        self.server.answer = Answer.chat(SUMMARY)
+        self.open("notes")
+        self.press("Down")
+        day = self.copied()
+        for text in ("About the house.", "Ask for the price of oak.", "The roof leaks."):
+            self.assertIn(text, day)
+        self.tab_to_regenerate()
+        self.press("space")
+        self.wait(lambda: SUMMARY in [row["formatted"] for row in self.stored("notes")], 10, "the new summary")
+        self.assertIn(SUMMARY, self.copied())
+        self.close_window()
+        self.open("notes")
+        self.press("Down", "Delete")
+        self.wait(lambda: len(self.stored("notes")) == 2, 5, "the deletion of the day")
+        self.press("ctrl+z")
+        self.wait(lambda: len(self.stored("notes")) == 3, 5, "the day to come back")
+        self.assertIn("The roof leaks.", self.copied())
+        self.close_window()
+
+    def tab_to_regenerate(self):
+        # From the list past copy and delete of both notes, and the copy of the day.
+        self.press(*["Tab"] * 6)
+
+    def test_the_display_tells_that_a_note_was_filed(self):
+        self.server.answer = Answer.chat(SUMMARY)
+        self.vantro.open_launcher()
+        self.press("2")
+        self.speak(CHILD)
+        self.vantro.end_dictation()
+        self.wait(lambda: self.vantro.window(HUD_TITLE), 60, "the display")
+        self.wait_until_over()
+        self.assertIn("Note filed", self.news())
+
+
+if __name__ == "__main__":
+    main()

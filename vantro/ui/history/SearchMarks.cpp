@@ -1,0 +1,45 @@
+#include "vantro/ui/history/SearchMarks.h"
+
+#include "vantro/store/SearchText.h"
+
+#include <QSyntaxHighlighter>
+
+namespace vantro {
+
+/// Each line by itself: no hit spans two.
+class SearchMarks::Highlighter final : public QSyntaxHighlighter
+{
+public:
+    Highlighter(QTextDocument* document, const SearchMarks& marks) : QSyntaxHighlighter(document), marks_(marks) {}
+
+protected:
+    void highlightBlock(const QString& text) override
+    {
+        QTextCharFormat format;
+        format.setBackground(marks_.color_);
+        for (const SearchHit& hit : searchHits(text, SearchQuery(marks_.search_)))
+            setFormat(static_cast<int>(hit.begin), static_cast<int>(hit.length), format);
+    }
+
+private:
+    const SearchMarks& marks_;
+};
+
+SearchMarks::SearchMarks(QObject* parent) : QObject(parent)
+{
+    connect(this, &SearchMarks::changed, this, [this] {
+        if (highlighter_)
+            highlighter_->rehighlight();
+    });
+}
+
+SearchMarks::~SearchMarks() = default;
+
+void SearchMarks::setDocument(QQuickTextDocument* document)
+{
+    document_ = document;
+    highlighter_ = document != nullptr ? std::make_unique<Highlighter>(document->textDocument(), *this) : nullptr;
+    Q_EMIT changed();
+}
+
+} // namespace vantro

@@ -1,0 +1,64 @@
+import QtQuick
+import QtQuick.Templates as T
+import Vantro.Style
+import Vantro.History
+
+// A text to read: it scrolls, its parts can be chosen and copied, and what is searched for is marked.
+Flickable {
+    id: reader
+
+    property string text
+    property string search
+    property string name
+    readonly property string chosenText: edit.selectedText
+
+    function turn(pages) {
+        contentY = Math.max(0, Math.min(contentY + pages * (height - Theme.space24), contentHeight - height))
+    }
+
+    contentHeight: edit.height
+    clip: true
+    boundsBehavior: Flickable.StopAtBounds
+    onTextChanged: contentY = 0
+    T.ScrollBar.vertical: VScrollBar {}
+
+    TextEdit {
+        id: edit
+        width: reader.width - Theme.space16
+        readOnly: true
+        selectByMouse: true
+        activeFocusOnTab: true
+        text: reader.text
+        textFormat: TextEdit.PlainText
+        color: Theme.text
+        selectionColor: Theme.accent
+        selectedTextColor: Theme.accentText
+        font.pixelSize: Theme.sizeBody
+        wrapMode: TextEdit.Wrap
+        Accessible.role: Accessible.EditableText
+        Accessible.name: reader.name
+        Accessible.readOnly: true
+        Keys.onPressed: event => {
+            const turns = { [Qt.Key_PageDown]: 1, [Qt.Key_PageUp]: -1 }[event.key]
+            const lines = { [Qt.Key_Down]: 0.1, [Qt.Key_Up]: -0.1 }[event.key]
+            if (turns === undefined && (lines === undefined || event.modifiers & Qt.ShiftModifier))
+                return
+            reader.turn(turns ?? lines)
+            event.accepted = true
+        }
+    }
+    SearchMarks {
+        document: edit.textDocument
+        search: reader.search
+        color: Theme.mark
+    }
+    Rectangle {
+        anchors.fill: edit
+        anchors.margins: -Theme.space4
+        visible: edit.activeFocus
+        color: "transparent"
+        radius: Theme.space4
+        border.width: Theme.hairline
+        border.color: Theme.accent
+    }
+}

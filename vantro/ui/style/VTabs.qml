@@ -1,0 +1,62 @@
+import QtQuick
+
+// Two or three pages side by side: one Tab stop, the arrow keys choose.
+Rectangle {
+    id: tabs
+
+    property var names: []
+    property int current: 0
+    signal picked(int index)
+
+    implicitHeight: row.implicitHeight + 2 * Theme.space4
+    radius: Theme.radiusSmall
+    color: Theme.surface
+    border.width: activeFocus ? Theme.focusRing : Theme.hairline
+    border.color: activeFocus ? Theme.text : Theme.control
+    activeFocusOnTab: true
+
+    Accessible.role: Accessible.PageTabList
+    Accessible.name: names[current]
+    Accessible.focusable: true
+    Keys.onLeftPressed: if (current > 0) picked(current - 1)
+    Keys.onRightPressed: if (current < names.length - 1) picked(current + 1)
+
+    Row {
+        id: row
+        anchors { left: parent.left; right: parent.right; verticalCenter: parent.verticalCenter; margins: Theme.space4 }
+
+        Repeater {
+            model: tabs.names
+            Rectangle {
+                id: tab
+                required property int index
+                required property string modelData
+                readonly property bool isCurrent: index === tabs.current
+
+                width: row.width / tabs.names.length
+                implicitHeight: label.implicitHeight + Theme.space8
+                radius: Theme.radiusSmall - Theme.space4
+                color: isCurrent ? Theme.accent : hover.hovered ? Theme.surfaceHovered : "transparent"
+                Accessible.role: Accessible.PageTab
+                Accessible.name: modelData
+                Accessible.selected: isCurrent
+                Accessible.onPressAction: tabs.picked(index)
+
+                Text {
+                    id: label
+                    anchors.centerIn: parent
+                    text: tab.modelData
+                    color: tab.isCurrent ? Theme.accentText : Theme.text
+                    font.pixelSize: Theme.sizeBody
+                }
+                HoverHandler { id: hover }
+                TapHandler {
+                    onTapped: {
+                        tabs.forceActiveFocus(Qt.MouseFocusReason)
+                        tabs.picked(tab.index)
+                    }
+                }
+            }
+        }
+    }
+}
