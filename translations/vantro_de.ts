@@ -186,6 +186,10 @@
         <source>the screen is locked, or another session is in front</source>
         <translation>der Bildschirm ist gesperrt, oder eine andere Sitzung ist im Vordergrund</translation>
     </message>
+    <message>
+        <source>there is no window %1</source>
+        <translation>ein Fenster %1 gibt es nicht</translation>
+    </message>
 </context>
 <context>
     <name>Csv</name>
@@ -239,6 +243,89 @@
     <message>
         <source>It was cancelled.</source>
         <translation>Es wurde abgebrochen.</translation>
+    </message>
+</context>
+<context>
+    <name>DictationsPage</name>
+    <message>
+        <source>Search</source>
+        <translation>Suchen</translation>
+    </message>
+    <message>
+        <source>Search the history</source>
+        <translation>Im Verlauf suchen</translation>
+    </message>
+    <message>
+        <source>Mode</source>
+        <translation>Modus</translation>
+    </message>
+    <message>
+        <source>Any time</source>
+        <translation>Jederzeit</translation>
+    </message>
+    <message>
+        <source>Today</source>
+        <translation>Heute</translation>
+    </message>
+    <message>
+        <source>Last 7 days</source>
+        <translation>Letzte 7 Tage</translation>
+    </message>
+    <message>
+        <source>Last 30 days</source>
+        <translation>Letzte 30 Tage</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>Zeit</translation>
+    </message>
+    <message>
+        <source>Dictations</source>
+        <translation>Diktate</translation>
+    </message>
+    <message>
+        <source>Not rewritten</source>
+        <translation>Unverändert</translation>
+    </message>
+    <message>
+        <source>%1 dictations are chosen.</source>
+        <translation>%1 Diktate sind ausgewählt.</translation>
+    </message>
+    <message>
+        <source>Choose a dictation to read it.</source>
+        <translation>Wähle ein Diktat, um es zu lesen.</translation>
+    </message>
+    <message>
+        <source>No dictation is like this. Change the search or the choices below it.</source>
+        <translation>So ein Diktat gibt es nicht. Ändere die Suche oder die Auswahl darunter.</translation>
+    </message>
+    <message>
+        <source>Your dictations will appear here. Press your shortcut and speak.</source>
+        <translation>Hier erscheinen deine Diktate. Drücke dein Kürzel und sprich.</translation>
+    </message>
+    <message>
+        <source>Text of the dictation</source>
+        <translation>Text des Diktats</translation>
+    </message>
+    <message>
+        <source>Copied</source>
+        <translation>Kopiert</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Kopieren</translation>
+    </message>
+    <message>
+        <source>Show the rewritten text</source>
+        <translation>Überarbeiteten Text zeigen</translation>
+    </message>
+    <message>
+        <source>Show the original text</source>
+        <translation>Ursprünglichen Text zeigen</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Löschen</translation>
     </message>
 </context>
 <context>
@@ -404,52 +491,43 @@
 <context>
     <name>History</name>
     <message>
-        <source>Search</source>
-        <translation>Suchen</translation>
-    </message>
-    <message>
-        <source>Search the history</source>
-        <translation>Verlauf durchsuchen</translation>
-    </message>
-    <message>
         <source>Dictations</source>
         <translation>Diktate</translation>
     </message>
     <message>
-        <source>No dictation contains these words.</source>
-        <translation>Kein Diktat enthält diese Wörter.</translation>
-    </message>
-    <message>
-        <source>Your dictations will appear here. Press your shortcut and speak.</source>
-        <translation>Hier erscheinen deine Diktate. Drücke dein Tastenkürzel und sprich.</translation>
-    </message>
-    <message>
-        <source>Choose a dictation to read it.</source>
-        <translation>Wähle ein Diktat, um es zu lesen.</translation>
-    </message>
-    <message>
-        <source>Text of the dictation</source>
-        <translation>Text des Diktats</translation>
-    </message>
-    <message>
-        <source>Copy</source>
-        <translation>Kopieren</translation>
-    </message>
-    <message>
-        <source>Show the rewritten text</source>
-        <translation>Umgeschriebenen Text zeigen</translation>
-    </message>
-    <message>
-        <source>Show the original text</source>
-        <translation>Ursprünglichen Text zeigen</translation>
-    </message>
-    <message>
-        <source>Delete</source>
-        <translation>Löschen</translation>
-    </message>
-    <message>
         <source>Undo delete</source>
         <translation>Löschen rückgängig machen</translation>
+    </message>
+    <message>
+        <source>Notes</source>
+        <translation>Notizen</translation>
+    </message>
+    <message>
+        <source>Deleted. It can be undone until this window closes.</source>
+        <translation>Gelöscht. Das lässt sich zurücknehmen, bis dieses Fenster geschlossen wird.</translation>
+    </message>
+    <message>
+        <source>Today</source>
+        <translation>Heute</translation>
+    </message>
+    <message>
+        <source>Yesterday</source>
+        <translation>Gestern</translation>
+    </message>
+</context>
+<context>
+    <name>HistoryModel</name>
+    <message>
+        <source>All modes</source>
+        <translation>Alle Modi</translation>
+    </message>
+    <message>
+        <source>Not rewritten</source>
+        <translation>Unverändert</translation>
+    </message>
+    <message>
+        <source>Unknown date</source>
+        <translation>Unbekanntes Datum</translation>
     </message>
 </context>
 <context>
@@ -923,6 +1001,72 @@
     <message>
         <source>%1 is not a web server. Check the address.</source>
         <translation>%1 ist kein Webserver. Prüfe die Adresse.</translation>
+    </message>
+</context>
+<context>
+    <name>NotesModel</name>
+    <message>
+        <source>The summary could not be updated: %1</source>
+        <translation>Die Zusammenfassung konnte nicht erneuert werden: %1</translation>
+    </message>
+</context>
+<context>
+    <name>NotesPage</name>
+    <message>
+        <source>Days with notes</source>
+        <translation>Tage mit Notizen</translation>
+    </message>
+    <message>
+        <source>1 note</source>
+        <translation>1 Notiz</translation>
+    </message>
+    <message>
+        <source>%1 notes</source>
+        <translation>%1 Notizen</translation>
+    </message>
+    <message>
+        <source>Your notes will appear here, day by day. Choose the mode Notes while you record.</source>
+        <translation>Hier erscheinen deine Notizen, Tag für Tag. Wähle beim Aufnehmen den Modus Notes.</translation>
+    </message>
+    <message>
+        <source>Summary</source>
+        <translation>Zusammenfassung</translation>
+    </message>
+    <message>
+        <source>Updating summary...</source>
+        <translation>Zusammenfassung wird erneuert ...</translation>
+    </message>
+    <message>
+        <source>There is no summary yet. It is written when the mode Notes has a provider.</source>
+        <translation>Es gibt noch keine Zusammenfassung. Sie wird geschrieben, wenn der Modus Notes einen Anbieter hat.</translation>
+    </message>
+    <message>
+        <source>Notes</source>
+        <translation>Notizen</translation>
+    </message>
+    <message>
+        <source>Copied</source>
+        <translation>Kopiert</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Kopieren</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Löschen</translation>
+    </message>
+    <message>
+        <source>Copy the day</source>
+        <translation>Tag kopieren</translation>
+    </message>
+    <message>
+        <source>Regenerate summary</source>
+        <translation>Zusammenfassung erneuern</translation>
+    </message>
+    <message>
+        <source>Delete the day</source>
+        <translation>Tag löschen</translation>
     </message>
 </context>
 <context>
@@ -1799,6 +1943,10 @@
     <message>
         <source>Transcribing...</source>
         <translation>Wird transkribiert...</translation>
+    </message>
+    <message>
+        <source>Note filed</source>
+        <translation>Notiz abgelegt</translation>
     </message>
 </context>
 <context>

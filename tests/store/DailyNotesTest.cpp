@@ -198,7 +198,14 @@ TEST_F(DailyNotesTest, DeletingADayTakesItsNotesAndDeletingANoteKeepsTheDay)
     store.deleteNotes({store.todaysNotes().front().id});
     ASSERT_EQ(days().size(), 1U);
     EXPECT_EQ(texts(days().front()), QStringList{QStringLiteral("two")});
-    store.deleteDailyNote(days().front());
+    const DailyNote day = days().front();
+    const auto notes = store.notes(day);
+    store.deleteDailyNote(day);
     EXPECT_EQ(value("SELECT count(*) FROM Note").toInt(), 0);
     EXPECT_TRUE(days().empty());
+    EXPECT_THROW(store.restoreNotes(notes), StoreError) << "there is no day for them";
+    store.restoreDailyNote(day, notes);
+    ASSERT_EQ(days().size(), 1U);
+    EXPECT_EQ(days().front().objectID, day.objectID);
+    EXPECT_EQ(texts(days().front()), QStringList{QStringLiteral("two")});
 }

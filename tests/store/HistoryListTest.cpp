@@ -203,3 +203,35 @@ TEST_F(HistoryListTest, SeesWhatAnotherProcessChanges)
     EXPECT_TRUE(waitFor([&] { return model.rowCount() == 49; }));
     expectAgreement(model);
 }
+
+TEST_F(HistoryListTest, WhatIsBroughtBackStandsWhereItWas)
+{
+    fill(2 * page);
+    HistoryListModel model(store);
+    fetchAll(model);
+    const auto before = rows({}, 1000);
+    const auto deleted =
+        store.deleteTranscriptions({identityAt(model, 3), identityAt(model, page + 3), QUuid::createUuid()});
+    ASSERT_EQ(deleted.size(), 2U);
+    expectAgreement(model);
+    store.restoreTranscriptions(deleted);
+    expectAgreement(model);
+    for (int row = 0; row < model.rowCount(); ++row)
+        ASSERT_EQ(identityAt(model, row), before[static_cast<std::size_t>(row)].id) << row;
+    EXPECT_EQ(model.rowOf(deleted.back().objectID), page + 3);
+    EXPECT_EQ(model.rowOf(deleted.back().objectID + 1), -1);
+    EXPECT_THROW(store.restoreTranscriptions(deleted), StoreError) << "it is there already";
+}
+
+TEST_F(HistoryListTest, InASearchARowsLineHasTheHit)
+{
+    store.saveTranscription(
+        QStringLiteral("first line\nand a second one that is long enough to hide the walrus at its end\nthird"),
+        ProcessingMode::Normal);
+    HistoryListModel model(store);
+    EXPECT_EQ(model.index(0, 0).data(HistoryListModel::FirstLine), QStringLiteral("first line"));
+    model.setSearchText(QStringLiteral("WALRUS"));
+    EXPECT_EQ(model.index(0, 0).data(HistoryListModel::FirstLine),
+              QStringLiteral(u"\u2026 enough to hide the walrus at its end"));
+    EXPECT_EQ(model.index(0, 0).data(HistoryListModel::Day), clock.wallClock().date().toString(Qt::ISODate));
+}

@@ -1,4 +1,5 @@
 #include "tests/store/StoreTestSupport.h"
+#include "vantro/store/SearchText.h"
 
 using namespace std::chrono_literals;
 using namespace vantro;
@@ -121,4 +122,32 @@ TEST_F(SearchTest, FindsWhatComesBehindANulAndInALongText)
     say(text);
     EXPECT_EQ(found(QStringLiteral("behind")).size(), 1);
     EXPECT_EQ(found(QStringLiteral("needle")).size(), 1);
+}
+
+TEST_F(SearchTest, MarksWhatItFindsInTheTextAsItIsWritten)
+{
+    const auto marked = [](const QString& text, const char* typed) {
+        QStringList parts;
+        for (const SearchHit& hit : searchHits(text, SearchQuery(QString::fromUtf8(typed))))
+            parts << text.mid(hit.begin, hit.length);
+        return parts;
+    };
+    const QString text = QString::fromUtf8("Das Café in Köln: C++ und Recaféina, 東京都");
+    EXPECT_EQ(marked(text, "koln CAFE"), (QStringList{QString::fromUtf8("Café"), QString::fromUtf8("Köln")}));
+    EXPECT_EQ(marked(text, "(caf\u00e9)"), QStringList{QString::fromUtf8("Café")}) << "beginnings of words only";
+    EXPECT_EQ(marked(text, "c++"), (QStringList{QStringLiteral("C"), QStringLiteral("C++")}));
+    EXPECT_EQ(marked(text, "京"), QStringList{QString::fromUtf8("京")});
+    EXPECT_EQ(marked(text, "nothing"), QStringList());
+}
+
+TEST_F(SearchTest, FindsWhatWasNotRewritten)
+{
+    say(QStringLiteral("plain"));
+    const QUuid rewritten = store.saveTranscription(QStringLiteral("one"), ProcessingMode::Email);
+    store.updateFormatted(rewritten, QStringLiteral("One."));
+    store.saveTranscription(QStringLiteral("two"), ProcessingMode::Grammar);
+    HistoryFilter filter;
+    filter.isUnrewritten = true;
+    ASSERT_EQ(rows(filter).size(), 1U);
+    EXPECT_EQ(rows(filter).front().transcription, QStringLiteral("two"));
 }

@@ -48,9 +48,8 @@ const CommandAction& Command::chosen(CommandCall& call) const
     }
     call.action = QLatin1String(action->name);
     if (call.words.size() < action->leastWords)
-        throw WrongUsage(QStringList{call.command, call.action, QLatin1String(action->needs)}
-                             .join(QLatin1Char(' '))
-                             .simplified());
+        throw WrongUsage(
+            QStringList{call.command, call.action, QLatin1String(action->needs)}.join(QLatin1Char(' ')).simplified());
     if (call.words.size() > action->mostWords)
         throw WrongUsage(QStringLiteral("too many words"));
     return *action;

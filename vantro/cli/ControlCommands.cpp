@@ -67,7 +67,8 @@ std::vector<Command> controlCommands()
     Command status =
         controlCommand("status", "Show what the running program is doing.", "Shows what the running program is doing.");
     status.options.push_back({"json", "One JSON object."});
-    Command show = controlCommand("show", "Open one of the windows.", "Opens one of the windows of the running program.");
+    Command show =
+        controlCommand("show", "Open one of the windows.", "Opens one of the windows of the running program.");
     show.actions = {{"", control, 1, 1, "needs a window: settings, history, notes or guide"}};
     show.words = {{"WINDOW", "settings, history, notes, or guide, which leads to the first dictation.", "WINDOW"}};
     return {controlCommand("toggle", "Start a dictation, or end its recording.",
@@ -75,7 +76,9 @@ std::vector<Command> controlCommands()
             controlCommand("start", "Open the launcher and record.", "Opens the launcher and records."),
             controlCommand("stop", "End the recording and have it transcribed.",
                            "Ends the recording and has it transcribed, as Space does."),
-            controlCommand("cancel", "Discard the dictation.", "Discards the dictation, as Escape does."), status, show};
+            controlCommand("cancel", "Discard the dictation.", "Discards the dictation, as Escape does."),
+            status,
+            show};
 }
 
 } // namespace vantro

@@ -102,7 +102,9 @@ Program::Program(const ProgramOptions& options)
                  }})
     , control_(delegate_, {recorder_, devices_, speech_.selection, shortcuts_, recovery_},
                {[this](const QStringList& arguments) { shortcutSetup_.handOver(arguments); },
-                [this](const QString& window) { return windows_.show(window); }})
+                [this](const QString& window) {
+                    return windows_.show(window);
+                }})
 {
     connectShell();
 }

@@ -295,13 +295,13 @@ LazyWindow::Content Windows::historyContent()
     Pasteboard& pasteboard = *parts_.platform.pasteboard;
     auto changes = std::make_unique<HistoryChanges>();
     auto dictations = std::make_unique<HistoryModel>(
-        HistoryModel::Parts{parts_.store, pasteboard, *changes, parts_.clock,
-                            [this](ProcessingMode mode) { return parts_.rewriting.prompts().displayName(mode); }});
-    auto notes = std::make_unique<NotesModel>(
-        NotesModel::Parts{parts_.store, pasteboard, *changes, parts_.clock, [this](const DailyNote& day) {
-                              return parts_.store.regenerateSummary(
-                                  day, parts_.rewriting.choose(ProcessingMode::Notes));
-                          }});
+        HistoryModel::Parts{parts_.store, pasteboard, *changes, parts_.clock, [this](ProcessingMode mode) {
+                                return parts_.rewriting.prompts().displayName(mode);
+                            }});
+    auto notes = std::make_unique<NotesModel>(NotesModel::Parts{
+        parts_.store, pasteboard, *changes, parts_.clock, [this](const DailyNote& day) {
+            return parts_.store.regenerateSummary(day, parts_.rewriting.choose(ProcessingMode::Notes));
+        }});
     LazyWindow::Content content;
     put(content, "changes", std::move(changes));
     put(content, "model", std::move(dictations));

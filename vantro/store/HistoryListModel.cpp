@@ -49,12 +49,8 @@ HistoryListModel::HistoryListModel(CoreDataStack& store, QObject* parent) : Page
 
 QHash<int, QByteArray> HistoryListModel::roleNames() const
 {
-    return {{Identifier, "identifier"},
-            {CreatedAt, "created_at"},
-            {Mode, "processingMode"},
-            {FirstLine, "firstLine"},
-            {IsFormatted, "isFormatted"},
-            {Day, "day"}};
+    return {{Identifier, "identifier"}, {CreatedAt, "created_at"},    {Mode, "processingMode"},
+            {FirstLine, "firstLine"},   {IsFormatted, "isFormatted"}, {Day, "day"}};
 }
 
 void HistoryListModel::setSearchText(const QString& text)

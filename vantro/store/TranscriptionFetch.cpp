@@ -95,8 +95,8 @@ StoreQuery TranscriptionFetch::run(const QString& columns, FetchRange range, std
 
 Transcription transcriptionFrom(const StoreQuery& query)
 {
-    return {query.value(0).toLongLong(),      QUuid(query.value(1).toString()), dateFromStored(query.value(2)),
-            query.value(3).toString(),        query.value(4).toString(),        query.value(5).toString()};
+    return {query.value(0).toLongLong(), QUuid(query.value(1).toString()), dateFromStored(query.value(2)),
+            query.value(3).toString(),   query.value(4).toString(),        query.value(5).toString()};
 }
 
 QVariant storedDate(const QDateTime& date)

@@ -16,8 +16,8 @@ struct HistoryFilter
 {
     QString search; ///< as typed; see SearchQuery
     std::optional<ProcessingMode> mode;
-    QDateTime since;             ///< invalid for no limit
-    bool isUnrewritten = false;  ///< only those whose mode rewrites, but have not been rewritten
+    QDateTime since;            ///< invalid for no limit
+    bool isUnrewritten = false; ///< only those whose mode rewrites, but have not been rewritten
 
     bool operator==(const HistoryFilter&) const = default;
 };

@@ -44,6 +44,12 @@ FocusScope {
             Accessible.role: Accessible.EditableText
             Accessible.name: qsTr("Search the history")
             onTextChanged: page.model.search = text
+            Keys.onPressed: event => {
+                if (event.matches(StandardKey.Copy) && selectedText === "") {
+                    page.copy()
+                    event.accepted = true
+                }
+            }
             Keys.onDownPressed: list.forceActiveFocus(Qt.TabFocusReason)
             Keys.onReturnPressed: list.forceActiveFocus(Qt.TabFocusReason)
             Keys.onEnterPressed: list.forceActiveFocus(Qt.TabFocusReason)

@@ -14,7 +14,8 @@ Rectangle {
     signal closeRequested
 
     color: Theme.surface
-    onPageChanged: shown.takeKeyboard()
+    // Later: a page that is not seen yet cannot have the keyboard.
+    onPageChanged: Qt.callLater(() => shown.takeKeyboard())
     Component.onCompleted: shown.takeKeyboard()
 
     Keys.onEscapePressed: if (shown !== dictationsPage || !dictationsPage.clearSearch()) closeRequested()

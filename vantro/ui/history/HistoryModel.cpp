@@ -65,7 +65,8 @@ QString HistoryModel::details() const
     if (!shown_)
         return {};
     const QString day = QLocale().toString(shown_->created_at.toLocalTime().date(), QLocale::LongFormat);
-    return day + QStringLiteral(", ") + timeOfDay(shown_->created_at) + QStringLiteral("  \u00B7  ") + modeName(shown_->processingMode);
+    return day + QStringLiteral(", ") + timeOfDay(shown_->created_at) + QStringLiteral("  \u00B7  ") +
+           modeName(shown_->processingMode);
 }
 
 QUuid HistoryModel::identifierAt(int row) const
@@ -180,8 +181,9 @@ void HistoryModel::remove()
     const QPersistentModelIndex next = rowAfterChosen();
     std::vector<Transcription> deleted;
     const QScopedValueRollback<bool> many(isChangingMany_, true);
-    if (!parts_.changes.attempt(
-            [&] { deleted = parts_.store.deleteTranscriptions({chosen_.cbegin(), chosen_.cend()}); }))
+    if (!parts_.changes.attempt([&] {
+            deleted = parts_.store.deleteTranscriptions({chosen_.cbegin(), chosen_.cend()});
+        }))
         return;
     parts_.changes.addDeletion([this, deleted] { restore(deleted); });
     pick(next.isValid() ? next.row() : 0);

@@ -54,7 +54,8 @@ QVariantList NotesModel::notes() const
 {
     QVariantList result;
     for (const Note& note : notes_)
-        result << QVariantMap{{QStringLiteral("time"), timeOfDay(note.created_at)}, {QStringLiteral("text"), note.transcription}};
+        result << QVariantMap{{QStringLiteral("time"), timeOfDay(note.created_at)},
+                              {QStringLiteral("text"), note.transcription}};
     return result;
 }
 

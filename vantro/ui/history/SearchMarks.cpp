@@ -29,16 +29,21 @@ SearchMarks::SearchMarks(QObject* parent) : QObject(parent)
 {
     connect(this, &SearchMarks::changed, this, [this] {
         if (highlighter_)
-            highlighter_->rehighlight();
+            static_cast<Highlighter*>(highlighter_.data())->rehighlight();
     });
 }
 
-SearchMarks::~SearchMarks() = default;
+SearchMarks::~SearchMarks()
+{
+    delete highlighter_;
+}
 
 void SearchMarks::setDocument(QQuickTextDocument* document)
 {
+    delete highlighter_;
     document_ = document;
-    highlighter_ = document != nullptr ? std::make_unique<Highlighter>(document->textDocument(), *this) : nullptr;
+    if (document != nullptr)
+        highlighter_ = new Highlighter(document->textDocument(), *this);
     Q_EMIT changed();
 }
 

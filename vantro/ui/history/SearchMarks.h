@@ -2,10 +2,9 @@
 
 #include <QColor>
 #include <QObject>
+#include <QPointer>
 #include <QQuickTextDocument>
 #include <QtQml/qqmlregistration.h>
-
-#include <memory>
 
 namespace vantro {
 
@@ -32,7 +31,7 @@ private:
     QQuickTextDocument* document_ = nullptr;
     QString search_;
     QColor color_;
-    std::unique_ptr<Highlighter> highlighter_;
+    QPointer<QObject> highlighter_; ///< owned by the document, which may go first
 };
 
 } // namespace vantro
