@@ -32,9 +32,34 @@ constexpr std::array messages{
     Message{"keyboard_shortcut_disallowed",
             QT_TRANSLATE_NOOP("KeyboardShortcuts", "%1 is needed for typing in every program. Add Ctrl, Alt or Super, "
                                                    "or take a function or media key.")},
+    Message{"keyboard_shortcut_pastes",
+            QT_TRANSLATE_NOOP("KeyboardShortcuts",
+                              "%1 pastes in many programs: with it, each paste would start a recording.")},
+    Message{"keyboard_shortcut_edits",
+            QT_TRANSLATE_NOOP("KeyboardShortcuts", "%1 is used for editing in most programs. They would not get it any "
+                                                   "more.")},
+    Message{"choose_another_shortcut", QT_TRANSLATE_NOOP("KeyboardShortcuts", "Choose another shortcut.")},
     Message{"keyboard_shortcut_used_by_menu_item",
             QT_TRANSLATE_NOOP("KeyboardShortcuts", "%1 already means \"%2\" in vantro.")},
 };
+
+/// What vantro itself and its user press to paste.
+constexpr std::array pasteChords{"Ctrl+V", "Ctrl+Shift+V", "Shift+Insert"};
+constexpr std::array editingChords{"Ctrl+A", "Ctrl+C",       "Ctrl+D",       "Ctrl+F",       "Ctrl+G",       "Ctrl+H",
+                                   "Ctrl+K", "Ctrl+L",       "Ctrl+N",       "Ctrl+O",       "Ctrl+P",       "Ctrl+Q",
+                                   "Ctrl+R", "Ctrl+S",       "Ctrl+T",       "Ctrl+W",       "Ctrl+X",       "Ctrl+Y",
+                                   "Ctrl+Z", "Ctrl+Shift+C", "Ctrl+Shift+Z", "Ctrl+Insert",  "Shift+Delete", "Alt+F4",
+                                   "Ctrl+Tab", "Ctrl+Home",  "Ctrl+End",     "Ctrl+Left",    "Ctrl+Right",   "Ctrl+Return"};
+
+template <std::size_t count>
+bool isOneOf(const std::array<const char*, count>& chords, const Shortcut& shortcut)
+{
+    return std::ranges::any_of(chords, [&](const char* text) {
+        const auto chord = parseShortcut(QLatin1String(text));
+        return chord && chord->keyCode == static_cast<std::uint32_t>(shortcut.carbonKeyCode) &&
+               chord->modifiers == static_cast<std::uint32_t>(shortcut.carbonModifiers);
+    });
+}
 
 QString localized(const char* key)
 {
@@ -57,6 +82,14 @@ ShortcutRefusal systemRefusal(const Shortcut& shortcut, const QString& action, b
     return {.reason = Reason::usedBySystem,
             .message = localized("keyboard_shortcut_used_by_system").arg(shortcut.displayText(), action),
             .advice = localized("keyboard_shortcuts_can_be_changed"),
+            .canForce = canForce};
+}
+
+ShortcutRefusal whyEdits(const char* message, const Shortcut& shortcut, bool canForce)
+{
+    return {.reason = Reason::edits,
+            .message = localized(message).arg(shortcut.displayText()),
+            .advice = localized("choose_another_shortcut"),
             .canForce = canForce};
 }
 
@@ -83,9 +116,20 @@ std::optional<ShortcutRefusal> ShortcutValidator::refusal(const Name& name, cons
 {
     if (auto refused = whyDisallowed(name, shortcut))
         return refused;
+    if (name.rawValue == Name::openModal.rawValue && isPasteChord(shortcut))
+        return whyEdits("keyboard_shortcut_pastes", shortcut, false);
     if (auto refused = usedBySystem(shortcut))
         return refused;
-    return usedByMenuItem(name, shortcut);
+    if (auto refused = usedByMenuItem(name, shortcut))
+        return refused;
+    if (name.rawValue == Name::openModal.rawValue && isOneOf(editingChords, shortcut))
+        return whyEdits("keyboard_shortcut_edits", shortcut, true);
+    return std::nullopt;
+}
+
+bool ShortcutValidator::isPasteChord(const Shortcut& shortcut)
+{
+    return isOneOf(pasteChords, shortcut);
 }
 
 std::optional<ShortcutRefusal> ShortcutValidator::whyDisallowed(const Name& name, const Shortcut& shortcut) const

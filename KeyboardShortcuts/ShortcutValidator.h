@@ -13,7 +13,7 @@ class DesktopShortcuts;
 /// Why a shortcut is refused, for the user.
 struct ShortcutRefusal
 {
-    enum class Reason { usedBySystem, usedByMenuItem, disallowed };
+    enum class Reason { usedBySystem, usedByMenuItem, edits, disallowed };
 
     Reason reason = Reason::disallowed;
     QString message;
@@ -33,6 +33,9 @@ public:
     /// Returns nullopt when @p name can have @p shortcut. Queries the window system and the desktop's settings.
     [[nodiscard]] std::optional<ShortcutRefusal> refusal(const KeyboardShortcuts::Name& name,
                                                          const KeyboardShortcuts::Shortcut& shortcut);
+
+    /// A global shortcut that pastes would start a recording with each text that is delivered.
+    [[nodiscard]] static bool isPasteChord(const KeyboardShortcuts::Shortcut& shortcut);
 
     /// @p name's label in the settings.
     static QString title(const KeyboardShortcuts::Name& name);

@@ -74,6 +74,11 @@ inline constexpr Setting<QByteArray> modeConfigurations{"modeConfigurations", ""
 inline constexpr Setting<QByteArray> providerConfigurations{"providerConfigurations", ""};
 inline constexpr Setting<QString> skippedUpdateVersion{"skippedUpdateVersion", ""};
 
+// "WIDTHxHEIGHT" of the windows as they were left.
+inline constexpr Setting<QString> settingsWindowSize{"settingsWindowSize", ""};
+inline constexpr Setting<QString> historyWindowSize{"historyWindowSize", ""};
+inline constexpr Setting<QString> guideWindowSize{"guideWindowSize", ""};
+
 // State of one-time jobs.
 inline constexpr Setting<QByteArray> removedProviderKeys{"removedProviderKeys", ""};
 inline constexpr Setting<bool> selectedModelAdoptedFromCache{"selectedModelAdoptedFromCache", false};

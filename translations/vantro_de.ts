@@ -329,6 +329,21 @@
     </message>
 </context>
 <context>
+    <name>DownloadQueue</name>
+    <message>
+        <source>Waiting for %1</source>
+        <translation>Wartet auf %1</translation>
+    </message>
+    <message>
+        <source>Connecting</source>
+        <translation>Verbindung wird aufgebaut</translation>
+    </message>
+    <message>
+        <source>%1 %</source>
+        <translation>%1 %</translation>
+    </message>
+</context>
+<context>
     <name>Error</name>
     <message>
         <source>There is not enough free memory. Close other programs.</source>
@@ -560,6 +575,18 @@
         <source>switch to another console</source>
         <translation>zu einer anderen Konsole wechseln</translation>
     </message>
+    <message>
+        <source>%1 pastes in many programs: with it, each paste would start a recording.</source>
+        <translation>%1 fügt in vielen Programmen ein: Damit würde jedes Einfügen eine Aufnahme beginnen.</translation>
+    </message>
+    <message>
+        <source>%1 is used for editing in most programs. They would not get it any more.</source>
+        <translation>%1 dient in den meisten Programmen der Bearbeitung. Sie bekämen es nicht mehr.</translation>
+    </message>
+    <message>
+        <source>Choose another shortcut.</source>
+        <translation>Wähle ein anderes Kürzel.</translation>
+    </message>
 </context>
 <context>
     <name>KeychainError</name>
@@ -759,6 +786,10 @@
         <source>Try again</source>
         <translation>Erneut versuchen</translation>
     </message>
+    <message>
+        <source>Go on in the background</source>
+        <translation>Im Hintergrund weiter</translation>
+    </message>
 </context>
 <context>
     <name>ModelDownloadError</name>
@@ -801,17 +832,6 @@
     <message>
         <source>The download was stopped. It can be resumed later.</source>
         <translation>Der Download wurde angehalten. Er lässt sich später fortsetzen.</translation>
-    </message>
-</context>
-<context>
-    <name>ModelDownloadModel</name>
-    <message>
-        <source>Connecting</source>
-        <translation>Verbindung wird aufgebaut</translation>
-    </message>
-    <message>
-        <source>%1 %</source>
-        <translation>%1 %</translation>
     </message>
 </context>
 <context>
@@ -866,6 +886,14 @@
         <source>Remove</source>
         <translation>Entfernen</translation>
     </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Download of %1</source>
+        <translation>Herunterladen von %1</translation>
+    </message>
 </context>
 <context>
     <name>ModelsPage</name>
@@ -915,6 +943,10 @@
     <message>
         <source>To use this mode, choose an enabled provider. Set up providers and their keys under Settings, Providers.</source>
         <translation>Um diesen Modus zu benutzen, wähle einen eingeschalteten Anbieter. Anbieter und ihre Schlüssel richtest du unter Einstellungen, Anbieter ein.</translation>
+    </message>
+    <message>
+        <source>%1 was chosen, but is not set up. Until it is, your text stays as it is.</source>
+        <translation>%1 ist gewählt, aber nicht eingerichtet. Bis dahin bleibt dein Text, wie er ist.</translation>
     </message>
 </context>
 <context>
@@ -966,6 +998,10 @@
     <message>
         <source>Use the built-in prompt</source>
         <translation>Mitgelieferte Anweisung verwenden</translation>
+    </message>
+    <message>
+        <source>Modes that are not set up cannot be chosen.</source>
+        <translation>Modi, die nicht eingerichtet sind, lassen sich nicht wählen.</translation>
     </message>
 </context>
 <context>
@@ -1469,6 +1505,10 @@
         <source>The usual shortcuts are all taken by other programs. Record one of your own.</source>
         <translation>Die üblichen Tastenkürzel sind alle von anderen Programmen belegt. Nimm ein eigenes auf.</translation>
     </message>
+    <message>
+        <source>%1 pastes in many programs: choose another shortcut</source>
+        <translation>%1 fügt in vielen Programmen ein: Wähle ein anderes Kürzel</translation>
+    </message>
 </context>
 <context>
     <name>Recovery</name>
@@ -1753,6 +1793,18 @@
         <source>Cancel Dictation</source>
         <translation>Diktat abbrechen</translation>
     </message>
+    <message>
+        <source>End Recording</source>
+        <translation>Aufnahme beenden</translation>
+    </message>
+    <message>
+        <source>Notes</source>
+        <translation>Notizen</translation>
+    </message>
+    <message>
+        <source>First Steps</source>
+        <translation>Erste Schritte</translation>
+    </message>
 </context>
 <context>
     <name>UpdateChecker</name>
@@ -1947,6 +1999,62 @@
     <message>
         <source>Note filed</source>
         <translation>Notiz abgelegt</translation>
+    </message>
+    <message>
+        <source>%1 is not set up: your text stays as it is.</source>
+        <translation>%1 ist nicht eingerichtet: Dein Text bleibt, wie er ist.</translation>
+    </message>
+    <message>
+        <source>Use the Built-In Prompt</source>
+        <translation>Mitgelieferte Anweisung verwenden</translation>
+    </message>
+    <message>
+        <source>Your own prompt will be overwritten and cannot be had back.</source>
+        <translation>Deine eigene Anweisung wird überschrieben und lässt sich nicht zurückholen.</translation>
+    </message>
+    <message>
+        <source>Overwrite</source>
+        <translation>Überschreiben</translation>
+    </message>
+    <message>
+        <source>Remove the Model</source>
+        <translation>Modell entfernen</translation>
+    </message>
+    <message>
+        <source>%1 (%2) will be deleted from this computer. It would have to be downloaded again.</source>
+        <translation>%1 (%2) wird von diesem Rechner gelöscht und müsste neu heruntergeladen werden.</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Entfernen</translation>
+    </message>
+    <message>
+        <source>First steps left</source>
+        <translation>Erste Schritte verlassen</translation>
+    </message>
+    <message>
+        <source>vantro&apos;s tray menu, or &quot;vantro show guide&quot;, goes on with them</source>
+        <translation>Weiter geht es im Menü von vantros Symbol oder mit „vantro show guide“</translation>
+    </message>
+    <message>
+        <source>Not Rewritten</source>
+        <translation>Nicht überarbeitet</translation>
+    </message>
+    <message>
+        <source>Paste as Spoken</source>
+        <translation>Wie gesprochen einfügen</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Kopieren</translation>
+    </message>
+    <message>
+        <source>Open Providers</source>
+        <translation>Anbieter öffnen</translation>
+    </message>
+    <message>
+        <source>The speech model is ready</source>
+        <translation>Das Sprachmodell ist bereit</translation>
     </message>
 </context>
 <context>

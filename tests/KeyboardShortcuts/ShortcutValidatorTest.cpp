@@ -53,7 +53,7 @@ TEST_F(ShortcutValidatorTest, WhatIsNeededForTypingIsRefusedUnlessItIsInForceInT
         EXPECT_FALSE(refused->canForce);
     }
     for (const char* const text :
-         {"F9", "Pause", "MediaRecord", "MicrophoneMute", "Shift+F3", "Ctrl+A", "Alt+Space", "Super+Left"})
+         {"F9", "Pause", "MediaRecord", "MicrophoneMute", "Shift+F3", "Ctrl+Alt+A", "Alt+Space", "Super+Left"})
         EXPECT_FALSE(refusal(text)) << text;
     EXPECT_FALSE(refusal("a", Name::stopRecordingAndCloseModal));
 }
@@ -103,4 +103,22 @@ TEST_F(ShortcutValidatorTest, WhatTheProgramUsesItselfIsRefusedAndMayBeForced)
     }
     for (const char* const text : {"6", "Shift+1", "Return", "Space"})
         EXPECT_FALSE(refusal(text, Name::stopRecordingAndCloseModal)) << text;
+}
+
+TEST_F(ShortcutValidatorTest, WhatPastesIsRefusedAndWhatEditsIsWarnedOf)
+{
+    for (const char* const text : {"Ctrl+V", "Ctrl+Shift+V", "Shift+Insert"}) {
+        const auto refused = refusal(text);
+        ASSERT_TRUE(refused) << text;
+        EXPECT_EQ(refused->reason, Reason::edits);
+        EXPECT_FALSE(refused->canForce) << text << ": each text delivered would start a recording";
+    }
+    for (const char* const text : {"Ctrl+C", "Ctrl+X", "Ctrl+Z", "Ctrl+Insert"}) {
+        const auto refused = refusal(text);
+        ASSERT_TRUE(refused) << text;
+        EXPECT_EQ(refused->reason, Reason::edits);
+        EXPECT_TRUE(refused->canForce) << text;
+    }
+    EXPECT_FALSE(refusal("Ctrl+V", Name::stopRecordingAndCloseModal)) << "in force only while one speaks";
+    EXPECT_FALSE(refusal("Ctrl+Alt+V"));
 }

@@ -227,6 +227,11 @@ public:
         showAlert(title, text);
         answerOffer = std::move(answered);
     }
+    void showRewritingFailure(const QString& text, std::function<void(AsSpoken)> wanted) override
+    {
+        showAlert({}, text);
+        answerFailure = std::move(wanted);
+    }
     void showAlert(const QString&, const QString& text) override
     {
         EXPECT_EQ(openPanels, 0) << "an alert takes the keyboard";
@@ -248,6 +253,7 @@ public:
     std::vector<Hud> huds;
     std::function<void()> undo;            ///< a click on the offer that is shown
     std::function<void(bool)> answerOffer; ///< a button of the latest alert that asks
+    std::function<void(AsSpoken)> answerFailure; ///< the same of a text that was not rewritten
     bool isTranscribingShown = false;
     int openPanels = 0;
     LauncherPanel* launcher = nullptr; ///< the latest; gone when its dictation is

@@ -25,6 +25,21 @@ class GoodDictationTest(DictationCase):
         self.assertLess(clock_s - captured_s, LOST_AT_THE_EDGES_S)
         self.wait(lambda: self.desktop.clipboard() == FORMER, 5, "the former clipboard")
 
+    def test_the_mouse_alone_ends_and_cancels(self):
+        launcher = self.vantro.open_launcher()
+        self.speak(CHILD)
+        self.click(launcher.x + 60, launcher.y + launcher.height - 26)
+        self.assertEqual(words(self.wait_for_text()), CHILD_WORDS)
+        self.wait_until_over()
+        launcher = self.vantro.open_launcher()
+        with self.delivers_nothing():
+            self.click(launcher.x + launcher.width - 50, launcher.y + launcher.height - 26)
+            self.wait_until_over()
+        self.vantro.run("retry", "--discard")
+
+    def click(self, x, y):
+        self.desktop.run("xdotool", "mousemove", str(x), str(y), "click", "1")
+
     def test_text_arrives_in_a_terminal_and_both_selections_come_back(self):
         terminal = self.desktop.open_xterm()
         self.addCleanup(terminal.program.stop)

@@ -157,6 +157,16 @@ class SizesTest(HistoryCase):
         self.close_window()
 
 
+    def test_the_window_comes_back_in_the_size_it_was_left(self):
+        window = self.open()
+        self.desktop.run("xdotool", "windowsize", str(window.id), "800", "500")
+        self.wait(lambda: self.window(TITLE).width == 800, 5, "the new size")
+        self.close_window()
+        self.open()
+        self.assertEqual((self.window(TITLE).width, self.window(TITLE).height), (800, 500))
+        self.close_window()
+
+
 class NotesTest(HistoryCase):
     @classmethod
     def setUpClass(cls):

@@ -99,6 +99,28 @@ class LanguageModelsTest(DictationCase):
         self.server.answer = Answer(status=401)
         self.dictate_and_fail("Invalid API key. Please check your credentials.")
 
+    def test_what_was_not_rewritten_is_pasted_as_spoken_on_return_and_copied_on_request(self):
+        self.server.answer = Answer(status=503)
+        self.dictate(CHILD)
+        alert = self.wait_for_alert_saying("API error (503)")
+        self.wait(lambda: self.desktop.display.active_window() == alert.id, 5, "the alert to have the keyboard")
+        self.desktop.press("Return")
+        self.wait(lambda: words(self.arrived()) == CHILD_WORDS, 20, "the words in the editor")
+
+        self.dictate(CHILD)
+        alert = self.wait_for_alert_saying("API error (503)")
+        self.wait(lambda: self.desktop.display.active_window() == alert.id, 5, "the alert to have the keyboard")
+        self.desktop.press("Tab")
+        self.desktop.press("space")
+        self.wait(lambda: words(self.desktop.clipboard() or "") == CHILD_WORDS, 5, "the words on the clipboard")
+
+    def test_a_default_mode_that_nobody_serves_leaves_the_text_as_it_is(self):
+        self.assertEqual(self.vantro.run("providers", "edit", "House", "--disable").returncode, 0)
+        self.addCleanup(self.vantro.run, "providers", "edit", "House", "--enable")
+        self.dictate(CHILD)
+        self.assertEqual(words(self.wait_for_text()), CHILD_WORDS)
+        self.assertEqual(self.server.requests, [])
+
     def test_a_cancel_ends_a_request_that_nobody_answers(self):
         self.server.answer = Answer(stall=True)
         with self.delivers_nothing():

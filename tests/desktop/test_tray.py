@@ -5,13 +5,13 @@ import os
 import re
 from pathlib import Path
 
-from dictationcase import CHILD, CHILD_WORDS, STOP_KEY, DesktopError, main, words
+from dictationcase import CHILD, CHILD_WORDS, DesktopError, main, words
 from shellcase import SETTINGS_TITLE, ShellCase
 
 from notifier import WATCHER, find_item
 
 TRAY_HEIGHT = 24
-ENTRIES = ["Dictate", "History", "Settings", "Models", "Check for Updates", "Report an Error", "Send Feedback",
+ENTRIES = ["Dictate", "History", "Notes", "Settings", "Models", "First Steps", "Check for Updates", "Report an Error", "Send Feedback",
            "About vantro", "Quit"]
 OPENER = """#!/bin/sh
 printf '%s\\n' "$1" >> "$HOME/opened.txt"
@@ -53,12 +53,12 @@ class StatusNotifierTest(ShellCase):
         self.wait(lambda: "listening" in str(icon.property("ToolTip")), 5, "the icon to tell of the recording")
         icon.choose("Cancel Dictation")
         self.wait_until_over()
-        self.assertNotIn("Cancel Dictation", icon.labels())
+        self.assertFalse({"Cancel Dictation", "End Recording"} & set(icon.labels()))
 
         icon.choose("Dictate")
         self.vantro.wait_for_launcher()
         self.speak(CHILD)
-        self.desktop.press(STOP_KEY)
+        icon.choose("End Recording")
         self.assertEqual(words(self.wait_for_text()), CHILD_WORDS)
         self.wait(lambda: "listening" not in str(icon.property("ToolTip")), 5, "the icon to rest")
 

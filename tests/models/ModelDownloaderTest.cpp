@@ -1,4 +1,4 @@
-#include "vantro/models/ModelDownloader.h"
+#include "vantro/models/DownloadQueue.h"
 
 #include "base/Error.h"
 #include "tests/WaitFor.h"
@@ -19,6 +19,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <mutex>
 #include <thread>
 
 using namespace std::chrono_literals;
@@ -212,6 +213,52 @@ TEST(ModelDownloader, LeavesTheReasonOfAFailureToBeRead)
     };
     provider.answer = ModelCheck(false, QStringLiteral("ggml-x.bin is not the published file."));
     EXPECT_EQ(statusAfterDownload({}), QStringLiteral("Download failed: ggml-x.bin is not the published file."));
+}
+
+TEST(DownloadQueue, DownloadsInTurnWhateverBecomesOfTheOthers)
+{
+    std::mutex serving;
+    doubles::FakeSpeechEngine provider;
+    provider.fetch = [&serving](const auto&) {
+        const std::lock_guard wait(serving);
+    };
+    const SpeechEngines engines({&provider});
+    const ModelCatalogue catalogue;
+    ModelDownloader downloader(catalogue, engines);
+    DownloadQueue queue(downloader);
+    QStringList ready;
+    QObject::connect(&queue, &DownloadQueue::finished, &queue, [&ready](const QString& name) { ready << name; });
+    const auto named = [](const char* name) {
+        TranscriptionModel model;
+        model.name = QLatin1String(name);
+        return model;
+    };
+    using State = DownloadQueue::State;
+    const auto stateOf = [&queue](const char* name) {
+        return queue.stateOf(QLatin1String(name));
+    };
+    {
+        const std::lock_guard pause(serving);
+        for (const char* name : {"a", "b", "b", "c"})
+            queue.add(named(name));
+        EXPECT_EQ(stateOf("a"), State::running);
+        EXPECT_EQ(stateOf("b"), State::waiting);
+        EXPECT_EQ(queue.statusText(QStringLiteral("c")), QStringLiteral("Waiting for a"));
+        queue.cancel(QStringLiteral("b"));
+        EXPECT_EQ(stateOf("b"), State::idle);
+    }
+    EXPECT_TRUE(waitFor([&] { return ready.size() == 2; }));
+    EXPECT_EQ(ready, (QStringList{QStringLiteral("a"), QStringLiteral("c")}));
+
+    provider.answer = ModelCheck(false, QStringLiteral("It is another file."));
+    queue.add(named("d"));
+    queue.add(named("e"));
+    EXPECT_TRUE(waitFor([&] { return stateOf("e") == State::idle; }));
+    EXPECT_TRUE(queue.failure(QStringLiteral("d")).contains(QStringLiteral("It is another file.")));
+    provider.answer = ModelCheck(true, {});
+    queue.add(named("d"));
+    EXPECT_TRUE(queue.failure(QStringLiteral("d")).isEmpty()) << "it is tried again";
+    EXPECT_TRUE(waitFor([&] { return ready.size() == 3; }));
 }
 
 TEST(ModelHost, FetchesNothingFromAnAddressThatIsNone)

@@ -79,9 +79,7 @@ TEST_F(SettingsPages, OpenPagesFollowWhatACommandSets)
     doubles::ManualClock clock;
     UpdateChecker updates({defaults, workspace, clock, {}, {}, {}});
     GeneralSettings general({defaults, loginItem, updates});
-    ModesModel modes({defaults, prompts, manager, [](ProcessingMode) {
-                          return true;
-                      }});
+    ModesModel modes({defaults, prompts, manager, [](ProcessingMode) { return true; }, {}});
     int generalChanges = 0;
     int modesChanges = 0;
     QObject::connect(&general, &GeneralSettings::changed, [&] { ++generalChanges; });
@@ -155,8 +153,11 @@ TEST_F(SettingsPages, AReplacementKeepsItsIdentityAndNeverLooksForNothing)
 
 TEST_F(SettingsPages, AModesProviderFollowsTheListOfProviders)
 {
-    ModesModel page({defaults, prompts, manager, [](ProcessingMode) {
-                         return false;
+    bool isSure = false;
+    ModesModel page({defaults, prompts, manager, [](ProcessingMode mode) { return mode == ProcessingMode::Normal; },
+                     [&isSure](const std::function<void()>& confirmed) {
+                         if (isSure)
+                             confirmed();
                      }});
     page.setShown(static_cast<int>(ProcessingMode::Grammar));
     EXPECT_EQ(page.provider(), 0);
@@ -168,6 +169,9 @@ TEST_F(SettingsPages, AModesProviderFollowsTheListOfProviders)
     const QString builtIn = page.prompt();
     page.setPrompt(QStringLiteral("Shout."));
     page.useBuiltInPrompt();
+    EXPECT_EQ(page.prompt(), QStringLiteral("Shout.")) << "not without a yes";
+    isSure = true;
+    page.useBuiltInPrompt();
     EXPECT_EQ(page.prompt(), builtIn);
 
     manager.remove(manager.configurations()[0].id);
@@ -177,10 +181,28 @@ TEST_F(SettingsPages, AModesProviderFollowsTheListOfProviders)
     page.setProvider(0);
     EXPECT_EQ(prompts.configuration(ProcessingMode::Grammar), ModeConfiguration());
 
-    page.setDefaultMode(static_cast<int>(ProcessingMode::Notes));
+}
+
+TEST_F(SettingsPages, OnlyAModeThatSomebodyServesCanBeTheDefault)
+{
+    bool hasProvider = true;
+    ModesModel page({defaults, prompts, manager,
+                     [&hasProvider](ProcessingMode mode) {
+                         return mode == ProcessingMode::Normal || mode == ProcessingMode::Notes || hasProvider;
+                     },
+                     {}});
+    EXPECT_EQ(page.defaultModes().size(), 5);
+    page.setDefaultMode(1);
+    EXPECT_EQ(defaults.stored(setting::defaultProcessingMode), QStringLiteral("Email"));
+    EXPECT_TRUE(page.defaultNote().isEmpty());
+    hasProvider = false;
+    EXPECT_EQ(page.defaultModes(), (QStringList{QStringLiteral("Normal"), QStringLiteral("Notes")}));
+    EXPECT_EQ(page.defaultMode(), 0) << "what dictations start in";
+    EXPECT_TRUE(page.defaultNote().startsWith(QStringLiteral("Email"))) << page.defaultNote().toStdString();
+    page.setDefaultMode(1);
     EXPECT_EQ(defaults.stored(setting::defaultProcessingMode), QStringLiteral("Notes"));
-    page.setDefaultMode(5);
-    EXPECT_EQ(page.defaultMode(), static_cast<int>(ProcessingMode::Notes));
+    page.setDefaultMode(2);
+    EXPECT_EQ(page.defaultMode(), 1);
 }
 
 TEST_F(SettingsPages, AProviderIsStoredOnlyWhenItsFormIsRight)

@@ -267,6 +267,7 @@ QCoro::Task<QString> Dictation::process(QString transcript)
     } catch (const std::exception& error) {
         giveUpIfCancelled();
         logger_.error(QStringLiteral("Processing error: ") + localizedDescription(error));
+        isUnrewritten_ = mode_ != ProcessingMode::Notes;
         throw Error(processingErrorMessage(error));
     }
 }
@@ -431,14 +432,35 @@ void Dictation::settleRecording(std::optional<QRect> launcherFrame)
         parts_.recovery.offerFailed(owed_, notice_);
         return;
     }
-    if (!notice_.isEmpty())
-        parts_.shell.showAlert(tr("Transcription Error"), notice_);
+    tellOfNotice();
     if (!isLost && owed_.recording)
         owed_.recording->discard();
     else if (isLost && fate_ == Fate::cancelled && isAgain_ && !owed_.isCancelled)
         parts_.recovery.keep(owed_);
     else if (isLost && fate_ == Fate::cancelled)
         parts_.recovery.offerCancelled(owed_, launcherFrame);
+}
+
+void Dictation::tellOfNotice()
+{
+    if (notice_.isEmpty())
+        return;
+    if (isUnrewritten_)
+        parts_.shell.showRewritingFailure(notice_,
+                                          [self = shared_from_this()](auto wanted) { self->bringAsSpoken(wanted); });
+    else
+        parts_.shell.showAlert(tr("Transcription Error"), notice_);
+}
+
+/// Long after the end, when the user has answered.
+QCoro::Task<> Dictation::bringAsSpoken(Shell::AsSpoken wanted)
+{
+    const auto self = shared_from_this();
+    parts_.delivery.returnTo(owed_.target.value_or(PasteDelivery::Target()));
+    if (wanted == Shell::AsSpoken::paste)
+        co_await paste(transcript_, std::nullopt);
+    else
+        copy(transcript_, std::nullopt);
 }
 
 std::optional<QRect> Dictation::launcherFrame() const

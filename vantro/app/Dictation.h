@@ -84,7 +84,7 @@ public:
     [[nodiscard]] AudioRecorder& recorder() const { return parts_.recorder; }
 
     /// Ends the recording and goes on to transcribe it. Does nothing once it has stopped.
-    void stop();
+    Q_SLOT void stop();
     /// Cancels a running recording. Does nothing once it has stopped.
     void cancelRecording();
     /// Abandons the dictation; for a while the user can have it transcribed after all. Does nothing once the delivery
@@ -133,6 +133,8 @@ private:
     QCoro::Task<> deliver(QString text);
     QCoro::Task<> paste(QString text, std::optional<QRect> launcherFrame);
     void copy(const QString& text, std::optional<QRect> launcherFrame);
+    void tellOfNotice();
+    QCoro::Task<> bringAsSpoken(Shell::AsSpoken wanted);
     void stopFor(const std::exception_ptr& cause);
     void fail(const QString& what);
     void end();
@@ -159,6 +161,7 @@ private:
     Owed owed_;                                       ///< what was said
     Fate fate_ = Fate::done;
     bool isAgain_ = false;
+    bool isUnrewritten_ = false; ///< the text is there, but not as its mode would have it
     QString transcript_;
     QString text_;
     std::optional<QString> failure_;

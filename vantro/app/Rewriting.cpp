@@ -32,11 +32,11 @@ bool Rewriting::isUsable(ProcessingMode mode) const
     return provider != nullptr && provider->isEnabled;
 }
 
-std::vector<ProcessingMode> Rewriting::visibleModes(ProcessingMode defaultMode) const
+std::vector<ProcessingMode> Rewriting::visibleModes() const
 {
     std::vector<ProcessingMode> modes;
     for (const ProcessingMode mode : allProcessingModes) {
-        if (mode == defaultMode || isUsable(mode))
+        if (isUsable(mode))
             modes.push_back(mode);
     }
     return modes;

@@ -29,9 +29,8 @@ public:
     /// Whether @p mode is set up: Email, Grammar and Custom need an enabled provider, Custom a prompt as well. The key
     /// is not checked.
     [[nodiscard]] bool isUsable(ProcessingMode mode) const;
-    /// The modes offered by the launcher, in order: the usable ones and @p defaultMode, so that an unusable default
-    /// reports its error.
-    [[nodiscard]] std::vector<ProcessingMode> visibleModes(ProcessingMode defaultMode) const;
+    /// The usable modes, in order: those that the launcher offers.
+    [[nodiscard]] std::vector<ProcessingMode> visibleModes() const;
 
     /// Connects early to the provider of a mode that a running dictation is likely to use.
     void expectUse(ProcessingMode mode) const;

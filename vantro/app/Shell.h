@@ -40,6 +40,11 @@ public:
     virtual void offerTranscription(const QString& title, const QString& text,
                                     std::function<void(bool isWanted)> answered) = 0;
 
+    /// What the user may want of a text that could not be rewritten.
+    enum class AsSpoken { paste, copy };
+    /// An alert about it. @p wanted is called with the answer, if there is one, while no dictation is under way.
+    virtual void showRewritingFailure(const QString& text, std::function<void(AsSpoken)> wanted) = 0;
+
     /// Hides the program's own windows during a recording, except the active one and in the practice step of the
     /// onboarding. bringWindowsBack() shows them again.
     virtual void putWindowsAside() = 0;

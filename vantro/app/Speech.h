@@ -2,7 +2,7 @@
 
 #include "vantro/app/TranscriptionFacade.h"
 #include "vantro/fluid/FluidTranscriptionProvider.h"
-#include "vantro/models/ModelDownloader.h"
+#include "vantro/models/DownloadQueue.h"
 #include "vantro/whisper/WhisperModelPreparation.h"
 #include "vantro/whisper/WhisperTranscriptionProvider.h"
 
@@ -41,6 +41,7 @@ public:
     ModelSelection selection;
     WhisperModelPreparation preparation;
     ModelDownloader downloader{catalogue, engines};
+    DownloadQueue downloads{downloader};
     TranscriptionFacade facade{selection, engines};
 
 private:

@@ -21,17 +21,22 @@ Alerts::Alerts(QQmlEngine& engine, const UserDefaults& defaults, const Platform&
 void Alerts::show(AlertWindow::Kind kind, const QString& title, const QString& text, const QStringList& buttons,
                   AlertWindow::Answered answered)
 {
-    Logger("Alert").info(QStringLiteral("%1: %2").arg(title, text.simplified()));
-    idle_.run([this, kind, title, text, buttons, answered = std::move(answered)] {
+    show({.kind = kind, .title = title, .text = text, .buttons = buttons}, std::move(answered));
+}
+
+void Alerts::show(const AlertWindow::Contents& contents, AlertWindow::Answered answered)
+{
+    Logger("Alert").info(QStringLiteral("%1: %2").arg(contents.title, contents.text.simplified()));
+    idle_.run([this, contents, answered = std::move(answered)] {
         // Deletes itself when it is closed.
-        (new AlertWindow(engine_, kind, title, text, buttons, answered))->present();
+        (new AlertWindow(engine_, contents, answered))->present();
     });
 }
 
 void Alerts::confirm(const QString& title, const QString& question, const QString& verb,
                      std::function<void()> confirmed)
 {
-    show(AlertWindow::Kind::warning, title, question, {verb, tr("Cancel")},
+    show({.title = title, .text = question, .buttons = {verb, tr("Cancel")}, .safeButton = 1},
          [confirmed = std::move(confirmed)](std::optional<int> button) {
              if (button == 0)
                  confirmed();

@@ -22,7 +22,8 @@ public:
 
     void show(AlertWindow::Kind kind, const QString& title, const QString& text,
               const QStringList& buttons = {tr("OK")}, AlertWindow::Answered answered = {});
-    /// Asks with the buttons @p verb and Cancel; calls @p confirmed for @p verb.
+    void show(const AlertWindow::Contents& contents, AlertWindow::Answered answered);
+    /// Asks with the buttons @p verb and Cancel, which has the focus; calls @p confirmed for @p verb.
     void confirm(const QString& title, const QString& question, const QString& verb, std::function<void()> confirmed);
     /// Lets the update checker show its alerts.
     [[nodiscard]] UpdateChecker::ShowAlert forUpdates();

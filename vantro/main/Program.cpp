@@ -112,6 +112,7 @@ Program::Program(const ProgramOptions& options)
 void Program::connectShell()
 {
     QObject::connect(&windows_, &Windows::dictateRequested, &delegate_, [this] { delegate_.showLauncherAndRecord(); });
+    QObject::connect(&windows_, &Windows::finishRequested, &delegate_, &AppDelegate::stopRecording);
     QObject::connect(&windows_, &Windows::cancelRequested, &delegate_, &AppDelegate::cancelDictation);
     QObject::connect(&windows_, &Windows::quitRequested, qApp, &QCoreApplication::quit);
     // A dictation survives a session that only saves its state or whose logout is cancelled: cleaning up waits for the

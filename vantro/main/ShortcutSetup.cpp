@@ -1,6 +1,6 @@
 #include "vantro/main/ShortcutSetup.h"
 
-#include "KeyboardShortcuts/KeyboardShortcuts.h"
+#include "KeyboardShortcuts/ShortcutValidator.h"
 #include "base/Logger.h"
 #include "platform/KeyCode.h"
 #include "vantro/main/Windows.h"
@@ -40,8 +40,14 @@ void ShortcutSetup::propose()
 
 void ShortcutSetup::use(const QString& text)
 {
-    if (const auto parsed = parseShortcut(text))
-        shortcuts_.setShortcut(openModal, KeyboardShortcuts::Shortcut({parsed->keyCode}, parsed->modifiers));
+    const auto parsed = parseShortcut(text);
+    if (!parsed)
+        return;
+    const KeyboardShortcuts::Shortcut shortcut({parsed->keyCode}, parsed->modifiers);
+    if (ShortcutValidator::isPasteChord(shortcut))
+        printLine(QGuiApplication::tr("%1 pastes in many programs: choose another shortcut").arg(text));
+    else
+        shortcuts_.setShortcut(openModal, shortcut);
 }
 
 void ShortcutSetup::handOver(const QStringList& arguments)

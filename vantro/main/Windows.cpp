@@ -64,17 +64,17 @@ Windows::Windows(Parts parts)
     , hud_(ui_.engine(), *parts_.platform.workspace, parts_.clock)
     , updates_(
           {parts_.defaults, *parts_.platform.workspace, parts_.clock, manifestAddress(), version, alerts_.forUpdates()})
-    , settings_(ui_.engine(), *parts_.platform.workspace,
+    , settings_(ui_.engine(), *parts_.platform.workspace, parts_.defaults,
                 {tr("vantro settings"), QUrl(QStringLiteral("qrc:/qt/qml/Vantro/Settings/Settings.qml")), settingsSize,
-                 leastSettingsSize},
+                 leastSettingsSize, setting::settingsWindowSize},
                 [this] { return settingsContent(); })
-    , transcriptions_(ui_.engine(), *parts_.platform.workspace,
+    , transcriptions_(ui_.engine(), *parts_.platform.workspace, parts_.defaults,
                       {tr("vantro history"), QUrl(QStringLiteral("qrc:/qt/qml/Vantro/History/History.qml")),
-                       historySize, leastSettingsSize},
+                       historySize, leastSettingsSize, setting::historyWindowSize},
                       [this] { return historyContent(); })
-    , onboarding_(ui_.engine(), *parts_.platform.workspace,
+    , onboarding_(ui_.engine(), *parts_.platform.workspace, parts_.defaults,
                   {tr("Welcome to vantro"), QUrl(QStringLiteral("qrc:/qt/qml/Vantro/Onboarding/Onboarding.qml")),
-                   onboardingSize, onboardingSize},
+                   onboardingSize, onboardingSize, setting::guideWindowSize},
                   [this] { return onboardingContent(); })
     , tray_(*parts_.platform.tray)
 {
@@ -85,14 +85,17 @@ Windows::Windows(Parts parts)
     QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/com.vantro.app.svg")));
     onboarding_.onClosed([this] {
         isSandboxMode_ = false;
-        parts_.speech.downloader.cancel(); // keeps what has been downloaded
         parts_.notifications.post(notification::onboardingClosed);
     });
     connectTray();
     connect(&parts_.store, &CoreDataStack::noteAdded, this, &Windows::tellOfNote);
+    connect(&parts_.speech.downloads, &DownloadQueue::finished, this, &Windows::tellOfModel);
 }
 
-Windows::~Windows() = default;
+Windows::~Windows()
+{
+    isQuitting_ = true;
+}
 
 void Windows::connectTray()
 {
@@ -102,10 +105,13 @@ void Windows::connectTray()
                                                         [this](const auto&) { followShortcut(); });
     followShortcut();
     connect(&tray_, &TrayIcon::dictateRequested, this, &Windows::dictateRequested);
+    connect(&tray_, &TrayIcon::finishRequested, this, &Windows::finishRequested);
     connect(&tray_, &TrayIcon::cancelRequested, this, &Windows::cancelRequested);
     connect(&tray_, &TrayIcon::settingsRequested, this, [this] { showSettings(QStringLiteral("general")); });
     connect(&tray_, &TrayIcon::modelsRequested, this, [this] { showSettings(QStringLiteral("models")); });
     connect(&tray_, &TrayIcon::aboutRequested, this, [this] { showSettings(QStringLiteral("about")); });
+    connect(&tray_, &TrayIcon::notesRequested, this, [this] { showHistory(QStringLiteral("notes")); });
+    connect(&tray_, &TrayIcon::guideRequested, this, &Windows::showOnboarding);
     connect(&tray_, &TrayIcon::historyRequested, this, [this] { showHistory(QStringLiteral("dictations")); });
     connect(&tray_, &TrayIcon::updateCheckRequested, this, [this] { updates_.check(UpdateChecker::Asker::user); });
     connect(&tray_, &TrayIcon::errorReportRequested, &alerts_, &Alerts::reportError);
@@ -129,12 +135,23 @@ void Windows::followShortcut()
 std::unique_ptr<LauncherPanel> Windows::makeLauncher(Dictation& dictation)
 {
     std::vector<LauncherModel::Mode> modes;
-    for (const ProcessingMode mode : parts_.rewriting.visibleModes(dictation.recorder().processingMode()))
+    for (const ProcessingMode mode : parts_.rewriting.visibleModes())
         modes.push_back({mode, parts_.rewriting.prompts().displayName(mode)});
+    const QString note = leaveUnusableMode(dictation.recorder());
     const QString microphone = parts_.devices.effectiveDeviceName();
     return std::make_unique<Launcher>(
         Launcher::Context{ui_.engine(), dictation, parts_.shortcuts, *parts_.platform.workspace, parts_.notifications,
-                          parts_.clock, modes, microphone.isEmpty() ? tr("the microphone") : microphone});
+                          parts_.clock, modes, microphone.isEmpty() ? tr("the microphone") : microphone, note});
+}
+
+/// A default that nobody serves would fail each dictation after it was spoken. Returns what to say about it.
+QString Windows::leaveUnusableMode(AudioRecorder& recorder) const
+{
+    const ProcessingMode mode = recorder.processingMode();
+    if (parts_.rewriting.isUsable(mode))
+        return {};
+    recorder.setProcessingMode(ProcessingMode::Normal);
+    return tr("%1 is not set up: your text stays as it is.").arg(parts_.rewriting.prompts().displayName(mode));
 }
 
 void Windows::putWindowsAside()
@@ -226,15 +243,23 @@ LazyWindow::Content Windows::settingsContent()
     put(content, "openRecorder", makeRecorder(KeyboardShortcuts::Name::openModal));
     put(content, "stopRecorder", makeRecorder(KeyboardShortcuts::Name::stopRecordingAndCloseModal));
     put(content, "models", makeModelList());
-    put(content, "modes",
-        std::make_unique<ModesModel>(ModesModel::Parts{parts_.defaults, parts_.rewriting.prompts(),
-                                                       parts_.rewriting.providers(), [this](ProcessingMode mode) {
-                                                           return parts_.rewriting.isUsable(mode);
-                                                       }}));
+    put(content, "modes", makeModesModel());
     put(content, "providers", makeProvidersModel());
     put(content, "vocabulary", makeVocabularyModel());
     put(content, "about", std::move(about));
     return content;
+}
+
+std::unique_ptr<ModesModel> Windows::makeModesModel()
+{
+    return std::make_unique<ModesModel>(
+        ModesModel::Parts{parts_.defaults, parts_.rewriting.prompts(), parts_.rewriting.providers(),
+                          [this](ProcessingMode mode) { return parts_.rewriting.isUsable(mode); },
+                          [this](std::function<void()> confirmed) {
+                              alerts_.confirm(tr("Use the Built-In Prompt"),
+                                              tr("Your own prompt will be overwritten and cannot be had back."),
+                                              tr("Overwrite"), std::move(confirmed));
+                          }});
 }
 
 std::unique_ptr<ModelListModel> Windows::makeModelList()
@@ -243,11 +268,20 @@ std::unique_ptr<ModelListModel> Windows::makeModelList()
         parts_.speech.catalogue.models(), [this](const TranscriptionModel& model) { return stateOf(model); },
         [this] { return parts_.speech.selection.selectedModel().name; },
         [this](const TranscriptionModel& model) { parts_.speech.selection.select(model); },
-        [this](const TranscriptionModel& model) { showModelDownload(model, {}); },
+        [this](const TranscriptionModel& model) { return parts_.speech.downloads.statusText(model.name); },
+        [this] { return parts_.speech.downloads.progress(); },
+        [this](const TranscriptionModel& model) { parts_.speech.downloads.add(model); },
+        [this](const TranscriptionModel& model) { parts_.speech.downloads.cancel(model.name); },
+        [this](const TranscriptionModel& model, std::function<void()> confirmed) {
+            alerts_.confirm(tr("Remove the Model"),
+                            tr("%1 (%2) will be deleted from this computer. It would have to be downloaded again.")
+                                .arg(model.name, model.size),
+                            tr("Remove"), std::move(confirmed));
+        },
         [this](const TranscriptionModel& model) {
             parts_.speech.remove(model);
         }});
-    connect(&parts_.speech.downloader, &ModelDownloader::isRunningChanged, models.get(), &ModelListModel::refresh);
+    connect(&parts_.speech.downloads, &DownloadQueue::changed, models.get(), &ModelListModel::refresh);
     // Queued: looking for the selection while a row is shown may be what settles it.
     const auto follow = [list = models.get()](const QString& key) {
         if (key == setting::selectedModelName.key)
@@ -313,11 +347,15 @@ LazyWindow::Content Windows::onboardingContent()
 {
     auto model = std::make_unique<OnboardingModel>(OnboardingModel::Parts{
         parts_.platform.makeAudioEngine, parts_.devices, *parts_.platform.permissions, *parts_.platform.keyEvents,
-        parts_.shortcuts, parts_.notifications, parts_.clock, parts_.speech.downloader,
+        parts_.shortcuts, parts_.notifications, parts_.clock, parts_.speech.downloads,
         parts_.speech.selection.selectedModel(),
         [this] { return !parts_.speech.status(parts_.speech.selection.selectedModel()).file.isEmpty(); },
         [this](bool sandbox) {
             isSandboxMode_ = sandbox;
+        },
+        [this] {
+            if (!isQuitting_)
+                hud_.showNews(tr("First steps left"), tr("vantro's tray menu, or \"vantro show guide\", goes on with them"));
         }});
     auto recorder = makeRecorder(KeyboardShortcuts::Name::openModal);
     LazyWindow::Content content;
@@ -330,6 +368,14 @@ LazyWindow::Content Windows::onboardingContent()
 
 ModelListModel::State Windows::stateOf(const TranscriptionModel& model) const
 {
+    switch (parts_.speech.downloads.stateOf(model.name)) {
+    case DownloadQueue::State::running:
+        return ModelListModel::Downloading;
+    case DownloadQueue::State::waiting:
+        return ModelListModel::Waiting;
+    case DownloadQueue::State::idle:
+        break;
+    }
     const ModelStatus status = parts_.speech.status(model);
     if (!status.file.isEmpty())
         return ModelListModel::Ready;
@@ -350,6 +396,19 @@ void Windows::offerTranscription(const QString& title, const QString& text, std:
                  });
 }
 
+void Windows::showRewritingFailure(const QString& text, std::function<void(AsSpoken)> wanted)
+{
+    alerts_.show({.title = tr("Not Rewritten"),
+                  .text = text,
+                  .buttons = {tr("Paste as Spoken"), tr("Copy"), tr("Open Providers")}},
+                 [this, wanted = std::move(wanted)](std::optional<int> button) {
+                     if (button == 2)
+                         showSettings(QStringLiteral("providers"));
+                     else if (button)
+                         idle_.run([wanted, answer = button == 0 ? AsSpoken::paste : AsSpoken::copy] { wanted(answer); });
+                 });
+}
+
 void Windows::showPasteHUD(std::optional<QRect> anchor, const QString& keys, const QString& reason)
 {
     back_.run([this, anchor, keys, reason] { hud_.showHUD(anchor, keys, reason); });
@@ -363,6 +422,14 @@ void Windows::tellOfNote(const QString& text)
         words = words.left(words.lastIndexOf(QLatin1Char(' '), noteExcerpt)) + QStringLiteral("\u2026");
     back_.run([this, words] { hud_.showNews(tr("Note filed"), words); });
     Logger("Windows").info(QStringLiteral("Note filed"));
+}
+
+/// Who sees the download needs no news of its end.
+void Windows::tellOfModel(const QString& name)
+{
+    if (!settings_.isVisible() && !onboarding_.isVisible() && !(downloadWindow_ && downloadWindow_->isVisible()))
+        back_.run([this, name] { hud_.showNews(tr("The speech model is ready"), name); });
+    parts_.notifications.post(notification::modelDownloaded);
 }
 
 void Windows::showTranscribing()
@@ -388,7 +455,7 @@ void Windows::showModelDownload(const TranscriptionModel& model, const QString& 
     }
     if (!downloadWindow_)
         downloadWindow_ =
-            std::make_unique<ModelDownloadWindow>(ui_.engine(), parts_.speech.downloader, parts_.notifications);
+            std::make_unique<ModelDownloadWindow>(ui_.engine(), parts_.speech.downloads);
     idle_.run([this, model, problem] {
         if (downloadWindow_)
             downloadWindow_->present(model, problem);

@@ -29,6 +29,8 @@
 
 namespace vantro {
 
+class ModesModel;
+
 /// The user interface: windows, alerts, the tray icon and the update notice. Main thread.
 class Windows final : public QObject, public Shell
 {
@@ -61,6 +63,7 @@ public:
     void showAlert(const QString& title, const QString& text) override;
     void offerTranscription(const QString& title, const QString& text,
                             std::function<void(bool isWanted)> answered) override;
+    void showRewritingFailure(const QString& text, std::function<void(AsSpoken)> wanted) override;
     void putWindowsAside() override;
     void bringWindowsBack() override;
     void showModelDownload(const TranscriptionModel& model, const QString& problem) override;
@@ -82,12 +85,14 @@ public:
 
 Q_SIGNALS:
     void dictateRequested();
+    void finishRequested();
     void cancelRequested();
     void quitRequested();
 
 private:
     [[nodiscard]] LazyWindow::Content settingsContent();
     [[nodiscard]] std::unique_ptr<ModelListModel> makeModelList();
+    [[nodiscard]] std::unique_ptr<ModesModel> makeModesModel();
     [[nodiscard]] std::unique_ptr<VocabularyModel> makeVocabularyModel();
     [[nodiscard]] std::unique_ptr<ProvidersModel> makeProvidersModel();
     [[nodiscard]] LazyWindow::Content onboardingContent();
@@ -97,7 +102,9 @@ private:
     void connectTray();
     void followRecorder();
     void followShortcut();
+    [[nodiscard]] QString leaveUnusableMode(AudioRecorder& recorder) const;
     void tellOfNote(const QString& text);
+    void tellOfModel(const QString& name);
 
     Parts parts_;
     UiEngine ui_;
@@ -114,6 +121,7 @@ private:
     LazyWindow onboarding_;
     TrayIcon tray_;
     std::vector<LazyWindow*> aside_; ///< hidden during a recording
+    bool isQuitting_ = false;
     bool isSandboxMode_ = false;     ///< practising in the onboarding: windows are not hidden
 };
 

@@ -8,10 +8,11 @@ Rectangle {
     required property string text
     required property list<string> buttons
     required property bool isWarning
+    required property int safeButton
     signal pressed(int button)
     signal closed
 
-    implicitWidth: Theme.alertWidth
+    implicitWidth: Math.max(Theme.alertWidth, answers.implicitWidth + 2 * Theme.space24)
     implicitHeight: content.implicitHeight + 2 * Theme.space24
     color: Theme.surface
     focus: true
@@ -58,6 +59,7 @@ Rectangle {
             elide: Text.ElideRight
         }
         Row {
+            id: answers
             anchors.right: parent.right
             spacing: Theme.space8
             layoutDirection: Qt.RightToLeft
@@ -68,8 +70,8 @@ Rectangle {
                     required property int index
                     required property string modelData
                     text: modelData
-                    secondary: index > 0
-                    focus: index === 0
+                    secondary: index !== alert.safeButton
+                    focus: index === alert.safeButton
                     onClicked: alert.pressed(index)
                 }
             }

@@ -10,17 +10,17 @@ void qml_register_types_Vantro_Alert();
 
 namespace vantro {
 
-AlertWindow::AlertWindow(QQmlEngine& engine, Kind kind, const QString& title, const QString& text,
-                         const QStringList& buttons, Answered answered)
-    : Dialog(engine, title, Qt::WindowStaysOnTopHint)
+AlertWindow::AlertWindow(QQmlEngine& engine, const Contents& contents, Answered answered)
+    : Dialog(engine, contents.title, Qt::WindowStaysOnTopHint)
     , answered_(std::move(answered))
 {
     keepModule(qml_register_types_Vantro_Alert);
     // Not modal, so that the next launcher can take the focus while an alert is still open.
-    load(QStringLiteral("Alert/Alert.qml"), {{QStringLiteral("title"), title},
-                                             {QStringLiteral("text"), text},
-                                             {QStringLiteral("buttons"), buttons},
-                                             {QStringLiteral("isWarning"), kind == Kind::warning}});
+    load(QStringLiteral("Alert/Alert.qml"), {{QStringLiteral("title"), contents.title},
+                                             {QStringLiteral("text"), contents.text},
+                                             {QStringLiteral("buttons"), contents.buttons},
+                                             {QStringLiteral("safeButton"), contents.safeButton},
+                                             {QStringLiteral("isWarning"), contents.kind == Kind::warning}});
     connect(rootObject(), SIGNAL(pressed(int)), this, SLOT(pressed(int)));
     connect(this, &QWindow::visibleChanged, this, [this](bool visible) {
         if (visible)

@@ -7,7 +7,7 @@
 
 namespace vantro {
 
-/// An alert with a title, a text and one or more buttons, the first of which has the focus. Escape and the close button
+/// An alert with a title, a text and one or more buttons, one of which has the focus. Escape and the close button
 /// press none of them. Deletes itself when closed. Main thread.
 class AlertWindow final : public Dialog
 {
@@ -18,8 +18,16 @@ public:
     /// Called once, with the index of the button, or nullopt when the alert was closed in another way.
     using Answered = std::function<void(std::optional<int> button)>;
 
-    AlertWindow(QQmlEngine& engine, Kind kind, const QString& title, const QString& text, const QStringList& buttons,
-                Answered answered = {});
+    struct Contents
+    {
+        Kind kind = Kind::warning;
+        QString title;
+        QString text;
+        QStringList buttons;
+        int safeButton = 0; ///< has the focus: Return presses it
+    };
+
+    AlertWindow(QQmlEngine& engine, const Contents& contents, Answered answered = {});
 
 private Q_SLOTS:
     void pressed(int button);

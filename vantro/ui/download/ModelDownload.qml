@@ -9,7 +9,7 @@ Rectangle {
     required property ModelDownloadModel model
     signal closed
 
-    implicitWidth: 460
+    implicitWidth: Theme.downloadWidth
     implicitHeight: content.implicitHeight + 2 * Theme.space24
     color: Theme.surface
 
@@ -17,7 +17,7 @@ Rectangle {
     Accessible.name: title.text
     Accessible.description: model.name
 
-    Keys.onEscapePressed: model.running ? model.cancel() : closed()
+    Keys.onEscapePressed: closed()
 
     Column {
         id: content
@@ -111,9 +111,8 @@ Rectangle {
             spacing: Theme.space8
 
             VButton {
-                visible: !page.model.running
                 secondary: true
-                text: qsTr("Close")
+                text: page.model.running ? qsTr("Go on in the background") : qsTr("Close")
                 onClicked: page.closed()
             }
             VButton {

@@ -1,13 +1,13 @@
 #pragma once
 
-#include "vantro/models/ModelDownloader.h"
+#include "vantro/models/DownloadQueue.h"
 
 #include <QObject>
 #include <QtQml/qqmlregistration.h>
 
 namespace vantro {
 
-/// The view model of a model download. Main thread; lives as long as its window.
+/// The view model of one model's download. Main thread; lives as long as its window.
 class ModelDownloadModel : public QObject
 {
     Q_OBJECT
@@ -17,12 +17,13 @@ class ModelDownloadModel : public QObject
     Q_PROPERTY(QString size READ size NOTIFY modelChanged)
     Q_PROPERTY(QString description READ description NOTIFY modelChanged)
     Q_PROPERTY(QString reason READ reason NOTIFY modelChanged)
-    Q_PROPERTY(qreal progress READ progress NOTIFY progressChanged)
+    Q_PROPERTY(qreal progress READ progress NOTIFY statusChanged)
     Q_PROPERTY(QString statusText READ statusText NOTIFY statusChanged)
     Q_PROPERTY(bool running READ isRunning NOTIFY statusChanged)
     Q_PROPERTY(bool failed READ hasFailed NOTIFY statusChanged)
 public:
-    explicit ModelDownloadModel(ModelDownloader& downloader);
+    /// @p queue must outlive the model.
+    explicit ModelDownloadModel(DownloadQueue& queue);
 
     [[nodiscard]] QString name() const { return model_.name; }
     [[nodiscard]] QString size() const { return model_.size; }
@@ -30,31 +31,24 @@ public:
     /// Why the model has to be downloaded again; empty the first time.
     [[nodiscard]] QString reason() const { return reason_; }
     [[nodiscard]] qreal progress() const;
-    /// The status of the downloader, or else percentage and rate.
-    [[nodiscard]] QString statusText() const;
-    [[nodiscard]] bool isRunning() const { return downloader_.isRunning(); }
-    [[nodiscard]] bool hasFailed() const;
+    [[nodiscard]] QString statusText() const { return queue_.statusText(model_.name); }
+    /// Also while it waits for another one.
+    [[nodiscard]] bool isRunning() const { return queue_.stateOf(model_.name) != DownloadQueue::State::idle; }
+    [[nodiscard]] bool hasFailed() const { return !isRunning() && !queue_.failure(model_.name).isEmpty(); }
 
     void setModel(const TranscriptionModel& model, const QString& reason);
-    [[nodiscard]] const TranscriptionModel& model() const { return model_; }
 
-    Q_INVOKABLE void cancel();
-    Q_INVOKABLE void retry();
+    Q_INVOKABLE void cancel() { queue_.cancel(model_.name); }
+    Q_INVOKABLE void retry() { queue_.add(model_); }
 
 Q_SIGNALS:
     void modelChanged();
-    void progressChanged();
     void statusChanged();
-    /// The model is ready to use.
-    void succeeded();
 
 private:
-    QCoro::Task<> download();
-
-    ModelDownloader& downloader_;
+    DownloadQueue& queue_;
     TranscriptionModel model_;
     QString reason_;
-    bool isCancelled_ = false;
 };
 
 } // namespace vantro

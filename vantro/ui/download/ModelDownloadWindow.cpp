@@ -1,21 +1,17 @@
 #include "vantro/ui/download/ModelDownloadWindow.h"
 
-#include "base/Notifications.h"
 #include "vantro/ui/style/UiEngine.h"
 
 void qml_register_types_Vantro_Download();
 
 namespace vantro {
 
-ModelDownloadWindow::ModelDownloadWindow(QQmlEngine& engine, ModelDownloader& downloader,
-                                         NotificationCenter& notifications)
+ModelDownloadWindow::ModelDownloadWindow(QQmlEngine& engine, DownloadQueue& queue)
     : Dialog(engine, tr("Speech model"), Qt::WindowMinimizeButtonHint)
-    , model_(downloader)
+    , model_(queue)
 {
     keepModule(qml_register_types_Vantro_Download);
     load(QStringLiteral("Download/ModelDownload.qml"), {{QStringLiteral("model"), QVariant::fromValue(&model_)}});
-    connect(&model_, &ModelDownloadModel::succeeded, this,
-            [&notifications] { notifications.post(notification::modelDownloaded); });
 }
 
 ModelDownloadWindow::~ModelDownloadWindow()
@@ -25,18 +21,9 @@ ModelDownloadWindow::~ModelDownloadWindow()
 
 void ModelDownloadWindow::present(const TranscriptionModel& model, const QString& reason)
 {
-    if (!model_.isRunning()) {
-        model_.setModel(model, reason);
-        model_.retry();
-    }
+    model_.setModel(model, reason);
+    model_.retry();
     Dialog::present();
-}
-
-bool ModelDownloadWindow::event(QEvent* event)
-{
-    if (event->type() == QEvent::Close)
-        model_.cancel();
-    return Dialog::event(event);
 }
 
 } // namespace vantro

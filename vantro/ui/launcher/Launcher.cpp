@@ -9,6 +9,7 @@
 #include <QCursor>
 #include <QGuiApplication>
 #include <QKeyEvent>
+#include <QQuickItem>
 #include <QScreen>
 
 #include <algorithm>
@@ -37,7 +38,7 @@ Launcher::Launcher(const Context& context)
     , workspace_(context.workspace)
     , notifications_(context.notifications)
     , clock_(context.clock)
-    , model_(context.dictation, context.clock, context.modes, context.microphone)
+    , model_(context.dictation, context.clock, context.modes, context.microphone, context.note)
 {
     keepModule(qml_register_types_Vantro_Launcher);
     setFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
@@ -45,6 +46,8 @@ Launcher::Launcher(const Context& context)
     setResizeMode(SizeRootObjectToView);
     setInitialProperties({{QStringLiteral("model"), QVariant::fromValue(&model_)}});
     setSource(QUrl(QStringLiteral("qrc:/qt/qml/Vantro/Launcher/Launcher.qml")));
+    connect(rootObject(), SIGNAL(finishRequested()), &dictation_, SLOT(stop()));
+    connect(rootObject(), SIGNAL(cancelRequested()), this, SLOT(cancelOperation()));
     placeOnScreen();
     roundCorners(*this, cornerRadius, workspace_.isCompositing());
 

@@ -31,6 +31,7 @@ public:
         Clock& clock;
         std::vector<LauncherModel::Mode> modes;
         QString microphone;
+        QString note; ///< what the user should know about this dictation; may be empty
     };
 
     explicit Launcher(const Context& context);
@@ -47,6 +48,9 @@ protected:
     void keyReleaseEvent(QKeyEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
+private Q_SLOTS:
+    void cancelOperation();
+
 private:
     void placeOnScreen();
     void followKeyboard();
@@ -56,7 +60,6 @@ private:
     void followState();
     void becomeKey();
     [[nodiscard]] QString keysOf(const KeyboardShortcuts::Name& name) const;
-    void cancelOperation();
     [[nodiscard]] bool escapeCancels() const;
     [[nodiscard]] bool handleDigit(const QString& characters);
 

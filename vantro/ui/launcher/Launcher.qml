@@ -8,6 +8,8 @@ Rectangle {
     id: launcher
 
     required property LauncherModel model
+    signal finishRequested
+    signal cancelRequested
 
     color: Theme.surfaceRaised
     radius: Theme.radiusLarge
@@ -99,11 +101,13 @@ Rectangle {
             id: hint
             anchors.left: parent.left
             text: launcher.model.processing ? launcher.model.processingText : launcher.model.endingHint
-            textFormat: Text.PlainText
+            isButton: !launcher.model.processing
+            onClicked: launcher.finishRequested()
         }
         KeyHint {
             anchors.right: parent.right
             text: launcher.model.cancelHint
+            onClicked: launcher.cancelRequested()
         }
     }
 }

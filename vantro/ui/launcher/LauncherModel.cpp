@@ -21,7 +21,8 @@ constexpr auto countdownFrom = 540s;
 
 } // namespace
 
-LauncherModel::LauncherModel(Dictation& dictation, Clock& clock, std::vector<Mode> modes, QString microphone)
+LauncherModel::LauncherModel(Dictation& dictation, Clock& clock, std::vector<Mode> modes, QString microphone,
+                             QString note)
     : dictation_(dictation)
     , recorder_(dictation.recorder())
     , clock_(clock)
@@ -30,6 +31,8 @@ LauncherModel::LauncherModel(Dictation& dictation, Clock& clock, std::vector<Mod
     , openedAt_(clock.now())
     , lastHeardAt_(openedAt_)
     , stoppedAt_(openedAt_)
+    , note_(std::move(note))
+    , notice_(note_)
 {
     connect(&recorder_, &AudioRecorder::currentAmplitudeChanged, this,
             [this] { loudestSinceTick_ = std::max(loudestSinceTick_, recorder_.currentAmplitude()); });
@@ -137,7 +140,7 @@ QString LauncherModel::currentNotice() const
         return tr("The speech model cannot be loaded. What you say is kept.");
     if (recorder_.isStalled())
         return tr("%1 sends nothing any more. Trying again...").arg(microphone_);
-    return clock_.now() - lastHeardAt_ >= silenceBeforeNotice ? tr("No sound from %1").arg(microphone_) : QString();
+    return clock_.now() - lastHeardAt_ >= silenceBeforeNotice ? tr("No sound from %1").arg(microphone_) : note_;
 }
 
 void LauncherModel::setNotice(const QString& notice)

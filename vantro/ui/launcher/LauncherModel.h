@@ -42,7 +42,8 @@ public:
     };
 
     /// @p modes: the visible ones in display order. @p microphone: its name, for the notice that no sound arrives.
-    LauncherModel(Dictation& dictation, Clock& clock, std::vector<Mode> modes, QString microphone);
+    /// @p note: what to say while there is nothing worse; may be empty.
+    LauncherModel(Dictation& dictation, Clock& clock, std::vector<Mode> modes, QString microphone, QString note);
 
     [[nodiscard]] bool isProcessing() const { return processing_; }
     [[nodiscard]] qreal progress() const { return progress_; }
@@ -91,6 +92,7 @@ private:
     std::deque<qreal> levels_;
     bool processing_ = false;
     qreal progress_ = 0;
+    QString note_;
     QString notice_;
     QString endingHint_;
     QString cancelHint_;

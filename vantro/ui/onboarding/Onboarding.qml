@@ -11,11 +11,25 @@ Rectangle {
     required property RecorderCocoa recorder
     readonly property bool isLast: model.step === OnboardingModel.Practice
     readonly property var goods: [model.isMicrophoneGood, model.areKeysGood, model.isShortcutGood, model.isModelGood]
+    readonly property int step: model.step
+    readonly property bool isStepGood: !!goods[step]
     signal closeRequested
 
-    color: Theme.surface
+    // What Return does on this page.
+    function takeKeyboard() {
+        const first = page.item ? page.item.firstControl : null
+        if (first && first.visible)
+            first.forceActiveFocus()
+        else
+            next.forceActiveFocus()
+    }
 
-    Keys.onEscapePressed: model.finish()
+    color: Theme.surface
+    onStepChanged: Qt.callLater(takeKeyboard)
+    onIsStepGoodChanged: if (step === OnboardingModel.Model) Qt.callLater(takeKeyboard)
+    Component.onCompleted: takeKeyboard()
+
+    Keys.onEscapePressed: closeRequested()
     Keys.onPressed: event => {
         if (event.key === Qt.Key_V && event.modifiers & Qt.ControlModifier)
             model.keyArrived()
@@ -61,7 +75,7 @@ Rectangle {
             anchors.right: parent.right
             focus: true
             secondary: !window.isLast && !window.goods[window.model.step]
-            text: window.isLast ? qsTr("Done") : window.goods[window.model.step] ? qsTr("Continue") : qsTr("Later")
+            text: window.step === OnboardingModel.Model && window.model.download.running ? qsTr("Continue") : window.isLast ? qsTr("Done") : window.goods[window.model.step] ? qsTr("Continue") : qsTr("Later")
             onClicked: window.isLast ? window.model.finish() : window.model.step = window.model.step + 1
         }
     }
@@ -120,6 +134,7 @@ Rectangle {
             title: qsTr("The speech model")
             explanation: qsTr("It turns your speech into text on this computer. It only has to be downloaded once.")
             good: window.model.isModelGood
+            firstControl: downloadButton
             status: window.model.isModelGood ? qsTr("%1 is ready.").arg(window.model.download.name)
                   : window.model.download.running ? window.model.download.statusText
                   : window.model.download.failed ? window.model.download.statusText
@@ -140,6 +155,7 @@ Rectangle {
                 }
             }
             VButton {
+                id: downloadButton
                 visible: !window.model.isModelGood
                 secondary: window.model.download.running
                 text: window.model.download.running ? qsTr("Cancel") : qsTr("Download")
@@ -150,6 +166,7 @@ Rectangle {
     Component {
         id: practicePage
         OnboardingStep {
+            firstControl: field
             title: qsTr("Try it")
             explanation: !window.model.isModelGood
                 ? qsTr("The speech model is still missing. Go back one page to download it.")
@@ -175,7 +192,6 @@ Rectangle {
                     wrapMode: TextEdit.Wrap
                     Accessible.role: Accessible.EditableText
                     Accessible.name: qsTr("Your sentence appears here")
-                    Component.onCompleted: forceActiveFocus()
                     KeyNavigation.priority: KeyNavigation.BeforeItem
                     KeyNavigation.tab: next
                     Text {

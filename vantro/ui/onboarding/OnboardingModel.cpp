@@ -19,7 +19,7 @@ constexpr auto keyPatience = 1500ms;
 OnboardingModel::OnboardingModel(Parts parts)
     : parts_(std::move(parts))
     , monitor_(parts_.makeEngine, parts_.devices, parts_.clock)
-    , download_(parts_.downloader)
+    , download_(parts_.downloads)
 {
     keyPatience_.setSingleShot(true);
     keyPatience_.setInterval(keyPatience);
@@ -35,12 +35,14 @@ OnboardingModel::OnboardingModel(Parts parts)
                                                          [this](const auto&) { Q_EMIT changed(); }));
     download_.setModel(parts_.model, {});
     connect(&download_, &ModelDownloadModel::statusChanged, this, &OnboardingModel::changed);
-    connect(&download_, &ModelDownloadModel::succeeded, this,
-            [this] { parts_.notifications.post(notification::modelDownloaded); });
     setStep(Microphone);
 }
 
-OnboardingModel::~OnboardingModel() = default;
+OnboardingModel::~OnboardingModel()
+{
+    if (!isFinished_ && step_ != Practice && parts_.left)
+        parts_.left();
+}
 
 void OnboardingModel::setStep(Step step)
 {
@@ -149,6 +151,7 @@ void OnboardingModel::startDownload()
 
 void OnboardingModel::finish()
 {
+    isFinished_ = true;
     parts_.notifications.post(notification::onboardingClosed);
 }
 

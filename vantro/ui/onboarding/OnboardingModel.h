@@ -48,11 +48,13 @@ public:
         KeyboardShortcuts& shortcuts;
         NotificationCenter& notifications;
         Clock& clock;
-        ModelDownloader& downloader;
+        DownloadQueue& downloads;
         TranscriptionModel model;
         std::function<bool()> isModelPresent;
         /// Keeps the program's own windows visible during a recording.
         std::function<void(bool)> setSandboxMode;
+        /// Called when the window closes before the last page.
+        std::function<void()> left;
     };
 
     explicit OnboardingModel(Parts parts);
@@ -91,6 +93,7 @@ private:
     Parts parts_;
     Step step_ = Microphone;
     MicrophoneMonitor monitor_;
+    bool isFinished_ = false;
     KeyTest keys_ = KeyTest::untried;
     QString keysProblem_;
     QTimer keyPatience_;

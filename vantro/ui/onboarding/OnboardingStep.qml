@@ -9,6 +9,7 @@ Column {
     property string explanation
     property bool good
     property string status
+    property Item firstControl: null // that Return is for; null for the button that leads on
     default property alias extra: extra.data
 
     spacing: Theme.space16

@@ -2,6 +2,8 @@
 
 #include "base/Error.h"
 
+#include <QPointer>
+
 #include <utility>
 
 namespace vantro {
@@ -40,6 +42,10 @@ QVariant ModelListModel::data(const QModelIndex& index, int role) const
         return parts_.stateOf(*model);
     case SelectedRole:
         return model->name == parts_.selectedName();
+    case ProgressRole:
+        return parts_.stateOf(*model) == Downloading ? parts_.progress() : 0.0F;
+    case StatusRole:
+        return parts_.statusText(*model);
     default:
         return {};
     }
@@ -49,7 +55,7 @@ QHash<int, QByteArray> ModelListModel::roleNames() const
 {
     return {{NameRole, "name"},         {SizeRole, "size"},          {SpeedRole, "speed"},
             {AccuracyRole, "accuracy"}, {DescriptionRole, "about"},  {LanguagesRole, "languages"},
-            {StateRole, "modelState"},  {SelectedRole, "isSelected"}};
+            {StateRole, "modelState"},  {SelectedRole, "isSelected"}, {ProgressRole, "progress"}, {StatusRole, "statusText"}};
 }
 
 void ModelListModel::select(int row)
@@ -65,12 +71,29 @@ void ModelListModel::download(int row)
         parts_.download(*model);
 }
 
+void ModelListModel::cancel(int row)
+{
+    if (const auto* model = modelAt(row))
+        parts_.cancel(*model);
+}
+
 void ModelListModel::remove(int row)
+{
+    const auto* model = modelAt(row);
+    if (model == nullptr)
+        return;
+    const QPointer<ModelListModel> self(this); // the window may be closed before the answer
+    parts_.confirmRemoval(*model, [self, model] {
+        if (self)
+            self->removeNow(*model);
+    });
+}
+
+void ModelListModel::removeNow(const TranscriptionModel& model)
 {
     problem_.clear();
     try {
-        if (const auto* model = modelAt(row))
-            parts_.remove(*model);
+        parts_.remove(model);
     } catch (const Error& error) {
         problem_ = error.localizedDescription();
     }

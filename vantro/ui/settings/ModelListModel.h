@@ -26,11 +26,13 @@ public:
         DescriptionRole,
         LanguagesRole,
         StateRole,
-        SelectedRole
+        SelectedRole,
+        ProgressRole, ///< 0..1
+        StatusRole    ///< of its download, or why the latest one failed; may be empty
     };
     Q_ENUM(Role)
-    /// Whether a model can be used, downloaded, or its download resumed.
-    enum State { Ready, Missing, Partial };
+    /// Whether a model can be used, downloaded, or its download resumed; or whether it waits for or is in its download.
+    enum State { Ready, Missing, Partial, Waiting, Downloading };
     Q_ENUM(State)
 
     struct Parts
@@ -39,7 +41,12 @@ public:
         std::function<State(const TranscriptionModel&)> stateOf;
         std::function<QString()> selectedName;
         std::function<void(const TranscriptionModel&)> select;
+        std::function<QString(const TranscriptionModel&)> statusText;
+        std::function<float()> progress; ///< of the download that is running
         std::function<void(const TranscriptionModel&)> download;
+        std::function<void(const TranscriptionModel&)> cancel;
+        /// Asks whether to remove a model.
+        std::function<void(const TranscriptionModel&, std::function<void()> confirmed)> confirmRemoval;
         /// Throws Error.
         std::function<void(const TranscriptionModel&)> remove;
     };
@@ -54,6 +61,8 @@ public:
 
     Q_INVOKABLE void select(int row);
     Q_INVOKABLE void download(int row);
+    Q_INVOKABLE void cancel(int row);
+    /// Asks first.
     Q_INVOKABLE void remove(int row);
     /// Looks at the files again.
     Q_INVOKABLE void refresh();
@@ -63,6 +72,7 @@ Q_SIGNALS:
 
 private:
     [[nodiscard]] const TranscriptionModel* modelAt(int row) const;
+    void removeNow(const TranscriptionModel& model);
 
     Parts parts_;
     QString problem_;

@@ -15,7 +15,11 @@ VCard {
     required property string languages
     required property int modelState
     required property bool isSelected
+    required property real progress
+    required property string statusText
+    readonly property bool isUnderWay: modelState === ModelListModel.Waiting || modelState === ModelListModel.Downloading
     signal selectPressed
+    signal cancelPressed
     signal downloadPressed
     signal removePressed
 
@@ -113,12 +117,48 @@ VCard {
             }
             VButton {
                 anchors.right: parent.right
+                visible: row.isUnderWay
+                secondary: true
+                text: qsTr("Cancel")
+                Accessible.description: row.name
+                onClicked: row.cancelPressed()
+            }
+            VButton {
+                anchors.right: parent.right
                 visible: !row.isSelected && row.modelState === ModelListModel.Ready
                 secondary: true
                 text: qsTr("Remove")
                 Accessible.description: row.name
                 onClicked: row.removePressed()
             }
+        }
+    }
+    Column {
+        width: parent.width
+        spacing: Theme.space4
+        visible: row.isUnderWay || row.statusText !== ""
+
+        Rectangle {
+            width: parent.width
+            height: Theme.space8
+            radius: height / 2
+            visible: row.isUnderWay
+            color: Theme.surfacePressed
+            border.width: Theme.hairline
+            border.color: Theme.control
+            Accessible.role: Accessible.ProgressBar
+            Accessible.name: qsTr("Download of %1").arg(row.name)
+            Accessible.description: row.statusText
+            Rectangle {
+                width: parent.width * row.progress
+                height: parent.height
+                radius: parent.radius
+                color: Theme.accent
+            }
+        }
+        VNote {
+            text: row.statusText
+            color: row.isUnderWay ? Theme.textSecondary : Theme.error
         }
     }
 }

@@ -28,6 +28,7 @@ VPage {
         ModelRow {
             onSelectPressed: page.models.select(index)
             onDownloadPressed: page.models.download(index)
+            onCancelPressed: page.models.cancel(index)
             onRemovePressed: page.models.remove(index)
         }
     }

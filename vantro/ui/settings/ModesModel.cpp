@@ -5,6 +5,7 @@
 #include "vantro/ai/DefaultMode.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace vantro {
@@ -42,15 +43,41 @@ QStringList ModesModel::modes() const
     return names;
 }
 
+std::vector<ProcessingMode> ModesModel::usableModes() const
+{
+    std::vector<ProcessingMode> modes;
+    std::ranges::copy_if(allProcessingModes, std::back_inserter(modes), parts_.isUsable);
+    return modes;
+}
+
+QStringList ModesModel::defaultModes() const
+{
+    QStringList names;
+    for (const ProcessingMode mode : usableModes())
+        names << parts_.prompts.displayName(mode);
+    return names;
+}
+
 int ModesModel::defaultMode() const
 {
-    return static_cast<int>(vantro::defaultMode(parts_.defaults));
+    const auto modes = usableModes();
+    const auto chosen = std::ranges::find(modes, vantro::defaultMode(parts_.defaults));
+    return chosen != modes.end() ? static_cast<int>(chosen - modes.begin()) : 0;
 }
 
 void ModesModel::setDefaultMode(int index)
 {
-    if (const auto mode = modeAt(index))
-        vantro::setDefaultMode(parts_.defaults, *mode);
+    const auto modes = usableModes();
+    if (index >= 0 && index < static_cast<int>(modes.size()))
+        vantro::setDefaultMode(parts_.defaults, modes[static_cast<std::size_t>(index)]);
+}
+
+QString ModesModel::defaultNote() const
+{
+    const ProcessingMode chosen = vantro::defaultMode(parts_.defaults);
+    return parts_.isUsable(chosen) ? QString()
+                                   : tr("%1 was chosen, but is not set up. Until it is, your text stays as it is.")
+                                         .arg(parts_.prompts.displayName(chosen));
 }
 
 void ModesModel::setShown(int index)
@@ -101,8 +128,11 @@ void ModesModel::setPrompt(const QString& prompt)
 
 void ModesModel::useBuiltInPrompt()
 {
-    if (const auto prompt = builtInPrompt(mode()))
-        setPrompt(*prompt);
+    const auto builtIn = builtInPrompt(mode());
+    if (!builtIn || prompt() == *builtIn)
+        return;
+    PromptSettings& prompts = parts_.prompts; // the window may be closed before the answer
+    parts_.confirmReplacement([&prompts, replaced = mode(), builtIn] { prompts.setPrompt(replaced, *builtIn); });
 }
 
 QStringList ModesModel::providers() const

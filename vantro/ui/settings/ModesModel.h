@@ -19,7 +19,9 @@ class ModesModel : public QObject
     QML_ELEMENT
     QML_UNCREATABLE("made with its window")
     Q_PROPERTY(QStringList modes READ modes NOTIFY changed)
+    Q_PROPERTY(QStringList defaultModes READ defaultModes NOTIFY changed)
     Q_PROPERTY(int defaultMode READ defaultMode WRITE setDefaultMode NOTIFY changed)
+    Q_PROPERTY(QString defaultNote READ defaultNote NOTIFY changed)
     Q_PROPERTY(int shown READ shown WRITE setShown NOTIFY shownChanged)
     Q_PROPERTY(QString purpose READ purpose NOTIFY shownChanged)
     Q_PROPERTY(bool asksModel READ asksModel NOTIFY shownChanged)
@@ -38,14 +40,21 @@ public:
         const ProviderConfigurationManager& providers;
         /// Whether the mode is set up, so that the launcher offers it.
         std::function<bool(ProcessingMode)> isUsable;
+        /// Asks whether to replace a prompt.
+        std::function<void(std::function<void()> confirmed)> confirmReplacement;
     };
 
     explicit ModesModel(Parts parts);
 
     /// The display names, in the order of ProcessingMode.
     [[nodiscard]] QStringList modes() const;
+    /// The display names of the usable ones.
+    [[nodiscard]] QStringList defaultModes() const;
+    /// An index into defaultModes(): what dictations start in, Normal while the chosen one cannot be used.
     [[nodiscard]] int defaultMode() const;
     void setDefaultMode(int index);
+    /// Why it is not the chosen one; otherwise empty.
+    [[nodiscard]] QString defaultNote() const;
 
     // The following concern the mode shown.
     [[nodiscard]] int shown() const { return static_cast<int>(mode()); }
@@ -69,6 +78,7 @@ public:
     /// What to do to be able to use the mode; empty when nothing is missing.
     [[nodiscard]] QString lacking() const;
 
+    /// Asks first when that would overwrite the user's own.
     Q_INVOKABLE void useBuiltInPrompt();
 
 Q_SIGNALS:
@@ -77,6 +87,7 @@ Q_SIGNALS:
 
 private:
     [[nodiscard]] ProcessingMode mode() const { return parts_.prompts.selectedMode(); }
+    [[nodiscard]] std::vector<ProcessingMode> usableModes() const;
 
     Parts parts_;
 };

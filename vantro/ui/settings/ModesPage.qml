@@ -13,8 +13,10 @@ VPage {
     VCard {
         VSettingRow {
             title: qsTr("Default mode")
+            hint: page.settings.defaultNote !== "" ? page.settings.defaultNote
+                : qsTr("Modes that are not set up cannot be chosen.")
             VChoice {
-                model: page.settings.modes
+                model: page.settings.defaultModes
                 currentIndex: page.settings.defaultMode
                 Accessible.name: qsTr("Default mode")
                 onActivated: index => page.settings.defaultMode = index

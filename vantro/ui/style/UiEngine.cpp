@@ -3,10 +3,12 @@
 #include "base/Settings.h"
 
 #include <QEvent>
+#include <QFontInfo>
 #include <QGuiApplication>
 #include <QPalette>
 #include <QQmlComponent>
 
+#include <algorithm>
 #include <memory>
 
 void qml_register_types_Vantro_Style();
@@ -19,6 +21,13 @@ bool paletteIsDark()
 {
     const QPalette palette = QGuiApplication::palette();
     return palette.color(QPalette::WindowText).lightness() > palette.color(QPalette::Window).lightness();
+}
+
+/// How much larger than usual the desktop's text is. Never less: a desktop that names no font gets a small one from Qt.
+qreal textScale()
+{
+    constexpr qreal usualPixels = 14;
+    return std::max(1.0, QFontInfo(QGuiApplication::font()).pixelSize() / usualPixels);
 }
 
 /// A QML singleton can only be looked up after some QML has imported its module.
@@ -50,7 +59,8 @@ UiEngine::UiEngine(const UserDefaults& defaults, const DesktopAppearance& deskto
 
 bool UiEngine::eventFilter(QObject* watched, QEvent* event)
 {
-    if (watched == qGuiApp && event->type() == QEvent::ApplicationPaletteChange)
+    if (watched == qGuiApp &&
+        (event->type() == QEvent::ApplicationPaletteChange || event->type() == QEvent::ApplicationFontChange))
         applyTheme();
     return QObject::eventFilter(watched, event);
 }
@@ -61,6 +71,7 @@ void UiEngine::applyTheme()
     const bool desktopIsDark = desktop_.isDark().value_or(paletteIsDark());
     const bool dark = appearance == QLatin1String("dark") || (appearance != QLatin1String("light") && desktopIsDark);
     theme_->setProperty("dark", dark);
+    theme_->setProperty("scale", textScale());
     theme_->setProperty("reducedMotion",
                         defaults_.stored(setting::reduceMotion).value_or(!desktop_.animationsEnabled().value_or(true)));
 }

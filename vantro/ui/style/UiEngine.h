@@ -15,7 +15,8 @@ inline void keepModule(void (*registration)())
 }
 
 /// The QML engine and theme shared by all windows. The theme follows the desktop's preference for light or dark unless
-/// "appearance" is "light" or "dark", and its preference for animations unless "reduceMotion" is set. Main thread.
+/// "appearance" is "light" or "dark", its preference for animations unless "reduceMotion" is set, and the size of its
+/// text. Main thread.
 class UiEngine : public QObject
 {
     Q_OBJECT
@@ -24,6 +25,7 @@ public:
     UiEngine(const UserDefaults& defaults, const DesktopAppearance& desktop);
 
     [[nodiscard]] QQmlEngine& engine() { return engine_; }
+    [[nodiscard]] const QObject& theme() const { return *theme_; }
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:

@@ -41,11 +41,14 @@ void TrayIcon::makeMenu()
         // Deferred until the menu has released its keyboard grab.
         QTimer::singleShot(0, this, &TrayIcon::dictateRequested);
     });
+    finish_ = menu_.addAction(tr("End Recording"), this, &TrayIcon::finishRequested);
     cancel_ = menu_.addAction(tr("Cancel Dictation"), this, &TrayIcon::cancelRequested);
     menu_.addSeparator();
     menu_.addAction(tr("History"), this, &TrayIcon::historyRequested);
+    menu_.addAction(tr("Notes"), this, &TrayIcon::notesRequested);
     menu_.addAction(tr("Settings"), this, &TrayIcon::settingsRequested);
     menu_.addAction(tr("Models"), this, &TrayIcon::modelsRequested);
+    menu_.addAction(tr("First Steps"), this, &TrayIcon::guideRequested);
     menu_.addSeparator();
     menu_.addAction(tr("Check for Updates"), this, &TrayIcon::updateCheckRequested);
     menu_.addAction(tr("Report an Error"), this, &TrayIcon::errorReportRequested);
@@ -104,7 +107,8 @@ void TrayIcon::update()
     const QString name = tr("Dictate");
     // Only shown, not assigned: the shortcut is a global one.
     dictate_->setText(shortcut_.isEmpty() ? name : name + QLatin1Char('\t') + shortcut_);
-    dictate_->setEnabled(state_ == State::idle);
+    dictate_->setVisible(state_ == State::idle);
+    finish_->setVisible(state_ == State::recording);
     cancel_->setVisible(state_ != State::idle);
     const QIcon picture = pictureFor(state_, host_.kind());
     if (icon_) {

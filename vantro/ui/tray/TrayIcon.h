@@ -28,8 +28,11 @@ public:
 
 Q_SIGNALS:
     void dictateRequested();
+    void finishRequested();
     void cancelRequested();
     void historyRequested();
+    void notesRequested();
+    void guideRequested();
     void settingsRequested();
     void modelsRequested();
     void updateCheckRequested();
@@ -49,6 +52,7 @@ private:
     TrayHost& host_;
     QMenu menu_;
     QAction* dictate_ = nullptr;             ///< owned by the menu, like the next
+    QAction* finish_ = nullptr;              ///< seen while something is recorded
     QAction* cancel_ = nullptr;              ///< seen while there is a dictation
     std::unique_ptr<QSystemTrayIcon> icon_;  ///< in a StatusNotifier tray
     std::unique_ptr<EmbeddedIcon> embedded_; ///< in an XEmbed tray, otherwise

@@ -40,9 +40,11 @@ private:
     std::function<void()> closed_;
 };
 
-LazyWindow::LazyWindow(QQmlEngine& engine, Workspace& workspace, Look look, std::function<Content()> makeContent)
+LazyWindow::LazyWindow(QQmlEngine& engine, Workspace& workspace, UserDefaults& defaults, Look look,
+                       std::function<Content()> makeContent)
     : engine_(engine)
     , workspace_(workspace)
+    , defaults_(defaults)
     , look_(std::move(look))
     , makeContent_(std::move(makeContent))
 {
@@ -79,9 +81,22 @@ void LazyWindow::makeView()
     const QScreen* const screen = QGuiApplication::primaryScreen();
     const QSize largest = screen->availableSize() - roomForFrame;
     view_->setMinimumSize(look_.minimumSize.boundedTo(largest));
-    QRect rect(QPoint(), look_.size.boundedTo(largest));
+    QRect rect(QPoint(), wantedSize().boundedTo(largest));
     rect.moveCenter(screen->availableGeometry().center());
     view_->setGeometry(rect);
+}
+
+QSize LazyWindow::wantedSize() const
+{
+    const QStringList parts = defaults_.get(look_.rememberedSize).split(QLatin1Char('x'));
+    const QSize remembered(parts.value(0).toInt(), parts.value(1).toInt());
+    return remembered.isEmpty() ? look_.size : remembered.expandedTo(look_.minimumSize);
+}
+
+void LazyWindow::rememberSize()
+{
+    if (view_->windowStates() == Qt::WindowNoState && view_->size() != wantedSize())
+        defaults_.set(look_.rememberedSize, QStringLiteral("%1x%2").arg(view_->width()).arg(view_->height()));
 }
 
 void LazyWindow::close()
@@ -92,6 +107,7 @@ void LazyWindow::close()
 
 void LazyWindow::viewClosed()
 {
+    rememberSize();
     view_->setSource(QUrl());
     view_.reset();
     content_ = {};

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/UserDefaults.h"
 #include "platform/Workspace.h"
 
 #include <QQuickView>
@@ -27,11 +28,13 @@ public:
         QUrl source;
         QSize size;
         QSize minimumSize;
+        const Setting<QString>& rememberedSize; ///< "WIDTHxHEIGHT" once the user has closed the window
     };
 
-    /// @p engine and @p workspace must outlive this object. @p makeContent is called when the window opens. The QML
+    /// The first three must outlive this object. @p makeContent is called when the window opens. The QML
     /// root's signal "closeRequested" closes it.
-    LazyWindow(QQmlEngine& engine, Workspace& workspace, Look look, std::function<Content()> makeContent);
+    LazyWindow(QQmlEngine& engine, Workspace& workspace, UserDefaults& defaults, Look look,
+               std::function<Content()> makeContent);
     ~LazyWindow();
     LazyWindow(const LazyWindow&) = delete;
     LazyWindow& operator=(const LazyWindow&) = delete;
@@ -56,10 +59,13 @@ private:
     class View;
 
     void makeView();
+    [[nodiscard]] QSize wantedSize() const;
+    void rememberSize();
     void viewClosed();
 
     QQmlEngine& engine_;
     Workspace& workspace_;
+    UserDefaults& defaults_;
     Look look_;
     std::function<Content()> makeContent_;
     std::function<void()> closed_;
