@@ -1,5 +1,6 @@
-// Runs the Parakeet recogniser on one recording: asr MODEL RECORDING [RUNS]
-// Prints the text, the recognition time of each run, and the process's peak memory.
+// Runs the Parakeet recogniser on one recording: asr [--avx2] MODEL RECORDING [RUNS]
+// Prints the text, the recognition time of each run, and the process's peak memory. --avx2 leaves instruction sets
+// beyond AVX2 unused, except in ggml's module.
 #include "asr/ASRError.h"
 #include "asr/AsrManager.h"
 #include "platform/ThisProcess.h"
@@ -9,6 +10,8 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <span>
+#include <string_view>
 
 namespace {
 
@@ -19,13 +22,13 @@ double secondsSince(std::chrono::steady_clock::time_point begun)
     return std::chrono::duration<double>(std::chrono::steady_clock::now() - begun).count();
 }
 
-void run(const char* modelFile, const char* recording, int runs)
+void run(const char* modelFile, const char* recording, int runs, kernels::Level cap)
 {
     const auto audio = vantro::AudioFile::read(QString::fromLocal8Bit(recording));
     const std::filesystem::path modules[] = {vantro::process::programFile().parent_path()};
     auto begun = std::chrono::steady_clock::now();
     AsrManager manager;
-    manager.initialize(AsrModels::load(modelFile, AsrModelVersion::v3, modules));
+    manager.initialize(AsrModels::load(modelFile, AsrModelVersion::v3, modules, cap));
     std::printf("load %.3f s\n", secondsSince(begun));
     for (int i = 0; i < runs; ++i) {
         TdtDecoderState state;
@@ -44,12 +47,15 @@ void run(const char* modelFile, const char* recording, int runs)
 
 int main(int argc, char** argv)
 {
-    if (argc < 3) {
-        std::fprintf(stderr, "usage: asr MODEL RECORDING [RUNS]\n");
+    const bool isCapped = argc > 1 && std::string_view(argv[1]) == "--avx2";
+    const std::span arguments(argv + (isCapped ? 2 : 1), argv + argc);
+    if (arguments.size() < 2) {
+        std::fprintf(stderr, "usage: asr [--avx2] MODEL RECORDING [RUNS]\n");
         return 2;
     }
     try {
-        run(argv[1], argv[2], argc > 3 ? std::atoi(argv[3]) : 1);
+        run(arguments[0], arguments[1], arguments.size() > 2 ? std::atoi(arguments[2]) : 1,
+            isCapped ? kernels::Level::avx2 : kernels::highestLevel);
     } catch (const ASRError& error) {
         std::fprintf(stderr, "%s %s\n", error.what(), error.detail().c_str());
         return 1;

@@ -40,6 +40,10 @@ constexpr Implementation implementations[] = {
      [] {
          return &storedInt4Matrices();
      }},
+    {MatrixFormat::float16, Level::avxVnni,
+     [] {
+         return &avxVnniMatrices().float16;
+     }},
     {MatrixFormat::q8, Level::avxVnni,
      [] {
          return &avxVnniMatrices().q8;
