@@ -37,7 +37,7 @@ double luminance(const QColor& color)
 
 double contrast(const QColor& one, const QColor& other)
 {
-    const auto [darker, lighter] = std::minmax(luminance(one), luminance(other));
+    const auto [darker, lighter] = std::minmax({luminance(one), luminance(other)});
     return (lighter + 0.05) / (darker + 0.05);
 }
 
@@ -129,7 +129,7 @@ TEST_F(Style, ControlsAndTheirFocusCanBeSeen)
                        {"accent", "surface"},
                        {"accent", "surfaceRaised"},
                        {"recording", "surfaceRaised"},
-                       {"text", "accent"}});
+                       {"focusOnAccent", "accent"}});
     // The edge of what floats over other windows.
     defaults.set(setting::appearance, QStringLiteral("light"));
     EXPECT_GE(contrast(color("control"), Qt::white), 3);

@@ -17,7 +17,7 @@ Rectangle {
     radius: Theme.radiusSmall
     color: chosen ? Theme.accent : hover.hovered ? Theme.surfaceHovered : "transparent"
     border.width: hasKeyboard ? Theme.focusRing : 0
-    border.color: Theme.text
+    border.color: chosen ? Theme.focusOnAccent : Theme.text
 
     Accessible.role: Accessible.ListItem
     Accessible.name: plainLine

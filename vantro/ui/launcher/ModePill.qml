@@ -15,7 +15,7 @@ Rectangle {
     radius: height / 2
     color: chosen ? Theme.accent : "transparent"
     border.width: activeFocus ? Theme.focusRing : Theme.hairline
-    border.color: activeFocus ? Theme.text : chosen ? Theme.accent : Theme.control
+    border.color: activeFocus ? (chosen ? Theme.focusOnAccent : Theme.text) : chosen ? Theme.accent : Theme.control
     activeFocusOnTab: true
 
     Behavior on color {

@@ -21,6 +21,7 @@ QtObject {
     readonly property color accentHovered: dark ? "#A6B8FF" : "#3150C4"
     readonly property color accentPressed: dark ? "#BFCCFF" : "#2743A8"
     readonly property color accentText: dark ? "#10142B" : "#FFFFFF"
+    readonly property color focusOnAccent: dark ? "#10142B" : "#1B1C1F"
     readonly property color mark: dark ? "#6B5500" : "#FFE680"
     readonly property color recording: dark ? "#FF7EA8" : "#D6336C"
     readonly property color warning: dark ? "#FFB057" : "#A35200"

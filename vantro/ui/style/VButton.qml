@@ -16,7 +16,7 @@ Rectangle {
                      : (tap.pressed ? Theme.accentPressed : hover.hovered ? Theme.accentHovered : Theme.accent)
     activeFocusOnTab: true
     border.width: activeFocus ? Theme.focusRing : secondary ? Theme.hairline : 0
-    border.color: activeFocus ? Theme.text : Theme.control
+    border.color: !activeFocus ? Theme.control : secondary ? Theme.text : Theme.focusOnAccent
 
     Accessible.role: Accessible.Button
     Accessible.name: text

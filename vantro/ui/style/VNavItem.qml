@@ -14,7 +14,7 @@ Rectangle {
     radius: Theme.radiusSmall
     color: current ? Theme.accent : hover.hovered ? Theme.surfaceHovered : "transparent"
     border.width: hasKeyboard ? Theme.focusRing : 0
-    border.color: Theme.text
+    border.color: Theme.focusOnAccent
 
     Accessible.role: Accessible.PageTab
     Accessible.name: text
