@@ -1,7 +1,9 @@
 #!/usr/bin/python3
 """The window of the history as its user has it: with nothing in it, with a few hundred dictations, with notes."""
 
+import contextlib
 import json
+import sqlite3
 import sys
 import time
 
@@ -104,6 +106,21 @@ class DictationsTest(HistoryCase):
         time.sleep(1.5)  # the key repeats after 0.66 s, 25 times a second
         self.desktop.display.chord_up("Delete")
         self.assertEqual(len(self.stored()), 199)
+        self.press("ctrl+z")
+        self.wait(lambda: len(self.stored()) == 200, 5, "it to come back")
+        self.close_window()
+
+    def test_a_deletion_that_fails_is_told_and_leaves_all_as_it_was(self):
+        self.open()
+        self.press("Down")
+        with contextlib.closing(sqlite3.connect(self.vantro.history_file, isolation_level=None)) as other:
+            other.execute("BEGIN IMMEDIATE")
+            self.press("Delete")
+            self.wait(lambda: "Error deleting transcription: " in self.news(), 10, "the failure")
+        self.assertEqual(len(self.stored()), 200)
+        self.assertEqual(self.copied(), self.text(0))
+        self.press("Delete")
+        self.wait(lambda: len(self.stored()) == 199, 5, "the deletion")
         self.press("ctrl+z")
         self.wait(lambda: len(self.stored()) == 200, 5, "it to come back")
         self.close_window()

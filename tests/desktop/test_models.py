@@ -7,7 +7,8 @@ import sys
 import tempfile
 from pathlib import Path
 
-from dictationcase import CHILD, CHILD_WORDS, ROOT, SHORTCUT_KEYS, DictationCase, main, words
+from dictationcase import CHILD, CHILD_WORDS, HUD_TITLE, ROOT, SHORTCUT_KEYS, DictationCase, main, words
+from shellcase import ONBOARDING_TITLE
 
 sys.path.insert(0, str(ROOT / "tests" / "models"))
 from modelserver import Fault, ModelServer, sha1  # noqa: E402
@@ -122,6 +123,39 @@ class ModelsTest(DictationCase):
         self.server.resume.set()
         self.wait(lambda: not self.vantro.window(WINDOW_TITLE), 60, "the download window to close")
         self.dictate_once()
+
+    def test_return_alone_leads_to_the_download_and_back_and_the_guide_can_be_taken_up_again(self):
+        self.assertEqual(self.vantro.run("models", "select", MODEL).returncode, 0)
+        self.server.fault = Fault(status=404)
+        self.vantro.start("--verbose", "--model-host", self.server.url)
+        guide = self.wait(lambda: self.vantro.window(ONBOARDING_TITLE), 20, "the guide")
+        self.wait(lambda: self.desktop.display.active_window() == guide.id, 5, "its keyboard")
+        self.wait(self.desktop.audio.recording_sources, 10, "the microphone to be tried")
+        self.desktop.press("Return")
+        self.wait(lambda: "keystroke" in self.vantro.log(), 20, "the keyboard's trial")
+        self.desktop.press("Return")
+        self.wait(lambda: self.vantro.status()["shortcut"], 5, "the shortcut")
+        self.desktop.press("Return")
+
+        def asked(times):
+            self.wait(lambda: self.vantro.log().count("has no file " + FILE) == times, 20, f"{times} requests")
+
+        self.desktop.press("Return")
+        asked(1)
+        self.desktop.press("shift+Tab")  # from the download over "Later" to "Back", backwards
+        self.desktop.press("shift+Tab")
+        self.desktop.press("space")
+        self.desktop.press("Return")
+        self.desktop.press("Return")
+        asked(2)
+        self.desktop.press("Escape")
+        self.wait(lambda: not self.vantro.window(ONBOARDING_TITLE), 5, "the guide to close")
+        self.wait(lambda: self.vantro.window(HUD_TITLE), 5, "the display to say where it is")
+        self.assertEqual(self.vantro.run("show", "guide").returncode, 0)
+        guide = self.wait(lambda: self.vantro.window(ONBOARDING_TITLE), 5, "the guide again")
+        self.desktop.activate(guide)
+        self.desktop.press("Escape")
+        self.wait(lambda: not self.vantro.window(ONBOARDING_TITLE), 5, "the guide to close")
 
     def test_a_file_of_the_librarys_own_script_is_taken_over_and_adopted(self):
         legacy = self.desktop.home / "whisper.cpp/models" / FILE

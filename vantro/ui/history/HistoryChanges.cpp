@@ -1,18 +1,21 @@
 #include "vantro/ui/history/HistoryChanges.h"
 
 #include "base/Error.h"
+#include "base/Logger.h"
 
 #include <utility>
 
 namespace vantro {
 
-bool HistoryChanges::attempt(const std::function<void()>& change)
+bool HistoryChanges::attempt(const std::function<void()>& change, const char* failure)
 {
     QString problem;
     try {
         change();
     } catch (const Error& error) {
         problem = error.localizedDescription();
+        if (failure != nullptr)
+            printLine(QLatin1String(failure) + problem);
     }
     setProblem(problem);
     return problem.isEmpty();

@@ -18,8 +18,9 @@ class HistoryChanges : public QObject
     Q_PROPERTY(bool canUndo READ canUndo NOTIFY changed)
     Q_PROPERTY(QString problem READ problem NOTIFY changed)
 public:
-    /// Calls @p change, whose Error becomes the problem. Returns whether it succeeded.
-    bool attempt(const std::function<void()>& change);
+    /// Calls @p change, whose Error becomes the problem, printed after @p failure if there is one. Returns whether it
+    /// succeeded.
+    bool attempt(const std::function<void()>& change, const char* failure = nullptr);
     /// Something has been deleted, and @p restore brings it back.
     void addDeletion(std::function<void()> restore);
     void setProblem(const QString& problem);

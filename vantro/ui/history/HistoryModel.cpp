@@ -181,9 +181,11 @@ void HistoryModel::remove()
     const QPersistentModelIndex next = rowAfterChosen();
     std::vector<Transcription> deleted;
     const QScopedValueRollback<bool> many(isChangingMany_, true);
-    if (!parts_.changes.attempt([&] {
-            deleted = parts_.store.deleteTranscriptions({chosen_.cbegin(), chosen_.cend()});
-        }))
+    const auto change = [&] {
+        deleted = parts_.store.deleteTranscriptions({chosen_.cbegin(), chosen_.cend()});
+    };
+    if (!parts_.changes.attempt(change, chosen_.size() == 1 ? "Error deleting transcription: "
+                                                            : "Error deleting transcriptions: "))
         return;
     parts_.changes.addDeletion([this, deleted] { restore(deleted); });
     pick(next.isValid() ? next.row() : 0);

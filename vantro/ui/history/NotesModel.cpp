@@ -98,7 +98,7 @@ void NotesModel::removeDay()
         return;
     const DailyNote day = *day_;
     const std::vector<Note> notes = notes_;
-    if (!parts_.changes.attempt([&] { parts_.store.deleteDailyNote(day); }))
+    if (!parts_.changes.attempt([&] { parts_.store.deleteDailyNote(day); }, "Error deleting daily note: "))
         return;
     parts_.changes.addDeletion([this, day, notes] {
         parts_.store.restoreDailyNote(day, notes);
@@ -109,7 +109,7 @@ void NotesModel::removeDay()
 void NotesModel::removeNote(int index)
 {
     const Note note = notes_.at(static_cast<std::size_t>(index));
-    if (!parts_.changes.attempt([&] { parts_.store.deleteNotes({note.id}); }))
+    if (!parts_.changes.attempt([&] { parts_.store.deleteNotes({note.id}); }, "Error deleting note: "))
         return;
     parts_.changes.addDeletion([this, note] {
         parts_.store.restoreNotes({note});
