@@ -83,6 +83,13 @@ ggml_tensor* Graph::integerInput(std::int64_t count)
     return tensor;
 }
 
+ggml_tensor* Graph::constant(const float* values, std::int64_t columns, std::int64_t rows)
+{
+    ggml_tensor* tensor = ggml_new_tensor_2d(context(), GGML_TYPE_F32, columns, rows);
+    tensor->data = const_cast<float*>(values);
+    return tensor;
+}
+
 void Graph::output(ggml_tensor* tensor)
 {
     ggml_set_output(tensor);

@@ -54,6 +54,8 @@ public:
     /// A float32 tensor to be set before the graph is computed.
     ggml_tensor* input(std::int64_t columns, std::int64_t rows = 1);
     ggml_tensor* integerInput(std::int64_t count);
+    /// A float32 tensor of values that stay where they are.
+    ggml_tensor* constant(const float* values, std::int64_t columns, std::int64_t rows);
     /// Keeps @p tensor readable after the computation.
     void output(ggml_tensor* tensor);
     /// Ends a part with @p tensor, which later parts may use.

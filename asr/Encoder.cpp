@@ -1,5 +1,6 @@
 #include "asr/Encoder.h"
 
+#include "asr/ASRError.h"
 #include "asr/ModelFile.h"
 
 namespace vantro::asr {
@@ -9,6 +10,8 @@ namespace {
 constexpr std::size_t tensorsPerLayer = 40;
 constexpr std::size_t nodesPerLayer = 120;
 constexpr std::size_t nodesAround = 100;
+/// Of 15 s, the longest window.
+constexpr std::int64_t maximumFrames = 188;
 
 std::size_t layerCount(const ModelFile& file)
 {
@@ -24,10 +27,22 @@ Encoder::Encoder(ModelFile& file, kernels::Level cap)
 {
     for (std::int32_t layer = 0; layer < file.hyperparameters().layerCount; ++layer)
         layers_.emplace_back(file, weights_, layer);
+    positions_ = std::make_unique<PositionProducts>(layers_.size(), stateSize_, maximumFrames);
     weights_.load(file);
 }
 
-Encoding::Encoding(const Encoder& encoder, const Preprocessor::Features& features, GraphRunner& runner)
+void Encoder::prepare(GraphRunner& runner, const std::stop_token& stop) const
+{
+    try {
+        weights_.prefetch(stop);
+        positions_->require(maximumFrames, layers_, runner, stop);
+    } catch (const ASRError&) {
+        // Stopped, or a reason that the encoding will meet, too.
+    }
+}
+
+Encoding::Encoding(const Encoder& encoder, const Preprocessor::Features& features, GraphRunner& runner,
+                   const std::stop_token& stop)
     : graph_(nodesAround + encoder.layers_.size() * nodesPerLayer)
     , runner_(runner)
 {
@@ -35,19 +50,18 @@ Encoding::Encoding(const Encoder& encoder, const Preprocessor::Features& feature
     const auto melFrames = static_cast<std::int64_t>(features.frames);
     const auto bands = static_cast<std::int64_t>(features.values.size() / features.frames);
     const std::int64_t frames = Subsampling::encoderFrames(melFrames);
+    encoder.positions_->require(frames, encoder.layers_, runner, stop);
     ggml_tensor* mel = graph_.input(bands, melFrames);
-    ggml_tensor* positions = graph_.input(encoder.stateSize_, 2 * frames - 1);
-    Activations place(graph_.context(), positions);
     result_ = encoder.subsampling_.build(graph_.context(), mel);
     graph_.endPart(result_);
-    for (const EncoderLayer& layer : encoder.layers_) {
-        result_ = layer.build(graph_.context(), result_, place);
+    for (std::size_t i = 0; i < encoder.layers_.size(); ++i) {
+        ggml_tensor* positions = graph_.constant(encoder.positions_->of(i, frames), encoder.stateSize_, 2 * frames - 1);
+        result_ = encoder.layers_[i].build(graph_.context(), result_, positions);
         graph_.endPart(result_);
     }
     graph_.output(result_);
     runner.allocate(graph_);
     setTensor(mel, features.values);
-    setTensor(positions, relativePositions(frames, encoder.stateSize_));
 }
 
 void Encoding::computeLayer(const std::stop_token& stop)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "asr/EncoderLayer.h"
+#include "asr/PositionProducts.h"
 #include "asr/Preprocessor.h"
 #include "asr/Subsampling.h"
 #include "asr/Weights.h"
@@ -24,6 +25,10 @@ class Encoder
 public:
     explicit Encoder(ModelFile& file, kernels::Level cap = kernels::highestLevel);
 
+    /// Does what does not depend on the audio: fetches weights that the system has dropped from memory, and computes
+    /// the position products of the longest window. Returns early when stopped.
+    void prepare(GraphRunner& runner, const std::stop_token& stop) const;
+
 private:
     friend class Encoding;
 
@@ -31,6 +36,7 @@ private:
     Subsampling subsampling_;
     std::vector<EncoderLayer> layers_;
     std::int64_t stateSize_ = 0;
+    std::unique_ptr<PositionProducts> positions_;
 };
 
 /// One input on its way through the encoder, layer by layer, so that it can go on in another thread or with another
@@ -39,7 +45,8 @@ class Encoding
 {
 public:
     /// @p encoder and @p runner must outlive it; the runner computes nothing else meanwhile.
-    Encoding(const Encoder& encoder, const Preprocessor::Features& features, GraphRunner& runner);
+    Encoding(const Encoder& encoder, const Preprocessor::Features& features, GraphRunner& runner,
+             const std::stop_token& stop);
 
     [[nodiscard]] bool isDone() const { return done_ == graph_.partCount(); }
     void computeLayer(const std::stop_token& stop);

@@ -106,7 +106,7 @@ EncoderLayer::EncoderLayer(ModelFile& file, Weights& weights, std::int32_t layer
     normOut_ = readNorm(file, weights, prefix + "norm_out");
 }
 
-ggml_tensor* EncoderLayer::build(ggml_context* context, ggml_tensor* x, Activations& positions) const
+ggml_tensor* EncoderLayer::build(ggml_context* context, ggml_tensor* x, ggml_tensor* positions) const
 {
     x = feedForward(context, feedForward1_, x);
     x = ggml_add(context, x, attention(context, normAttention_.apply(context, x), positions));
@@ -122,7 +122,7 @@ ggml_tensor* EncoderLayer::feedForward(ggml_context* context, const FeedForward&
     return ggml_add(context, x, ggml_scale_inplace(context, outer, 0.5F));
 }
 
-ggml_tensor* EncoderLayer::attention(ggml_context* context, ggml_tensor* x, Activations& positions) const
+ggml_tensor* EncoderLayer::attention(ggml_context* context, ggml_tensor* x, ggml_tensor* positions) const
 {
     const std::int64_t frames = x->ne[1];
     const std::int64_t headSize = x->ne[0] / heads_;
@@ -133,7 +133,7 @@ ggml_tensor* EncoderLayer::attention(ggml_context* context, ggml_tensor* x, Acti
     };
     ggml_tensor* key = byHead(context, key_.apply(heard), heads_);
     ggml_tensor* value = value_.apply(heard);
-    ggml_tensor* place = byHead(context, position_.apply(positions), heads_);
+    ggml_tensor* place = byHead(context, positions, heads_);
 
     ggml_tensor* content = ggml_mul_mat(context, key, biased(contentBias_));
     ggml_tensor* distance = ggml_mul_mat(context, place, biased(positionBias_));
@@ -154,20 +154,6 @@ ggml_tensor* EncoderLayer::convolution(ggml_context* context, ggml_tensor* x) co
     ggml_tensor* convolved = ggml_custom_4d(context, GGML_TYPE_F32, x->ne[0], x->ne[1], 1, 1, &gated, 1,
                                             runGatedConvolution, GGML_N_TASKS_MAX, depthwise_.get());
     return pointwise2_.apply(context, convolved);
-}
-
-std::vector<float> relativePositions(std::int64_t frames, std::int64_t stateSize)
-{
-    std::vector<float> values;
-    values.reserve(static_cast<std::size_t>((2 * frames - 1) * stateSize));
-    for (std::int64_t distance = frames - 1; distance > -frames; --distance) {
-        for (std::int64_t i = 0; i < stateSize; i += 2) {
-            const double rate = std::pow(10'000.0, -static_cast<double>(i) / static_cast<double>(stateSize));
-            values.push_back(static_cast<float>(std::sin(static_cast<double>(distance) * rate)));
-            values.push_back(static_cast<float>(std::cos(static_cast<double>(distance) * rate)));
-        }
-    }
-    return values;
 }
 
 } // namespace vantro::asr

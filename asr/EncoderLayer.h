@@ -28,8 +28,10 @@ class EncoderLayer
 public:
     EncoderLayer(ModelFile& file, Weights& weights, std::int32_t layer);
 
-    /// @p x: [state size, frames]; @p positions: relativePositions() for as many frames. Returns the shape of @p x.
-    ggml_tensor* build(ggml_context* context, ggml_tensor* x, Activations& positions) const;
+    /// @p x: [state size, frames]; @p positions: positionProduct() of as many frames. Returns the shape of @p x.
+    ggml_tensor* build(ggml_context* context, ggml_tensor* x, ggml_tensor* positions) const;
+    /// Of the sinusoids of distances, one a column (PositionProducts).
+    ggml_tensor* positionProduct(Activations& positions) const { return position_.apply(positions); }
 
     /// Includes the folded batch normalisation.
     struct Depthwise
@@ -51,7 +53,7 @@ private:
     [[nodiscard]] static FeedForward readFeedForward(ModelFile& file, Weights& weights, const std::string& prefix,
                                                      const std::string& name);
     static ggml_tensor* feedForward(ggml_context* context, const FeedForward& module, ggml_tensor* x);
-    ggml_tensor* attention(ggml_context* context, ggml_tensor* x, Activations& positions) const;
+    ggml_tensor* attention(ggml_context* context, ggml_tensor* x, ggml_tensor* positions) const;
     ggml_tensor* convolution(ggml_context* context, ggml_tensor* x) const;
 
     FeedForward feedForward1_;
@@ -71,8 +73,5 @@ private:
     LayerNorm normOut_;
     std::int64_t heads_ = 0;
 };
-
-/// Sinusoids of the distances from frames - 1 down to 1 - frames, [state size][2 * frames - 1].
-std::vector<float> relativePositions(std::int64_t frames, std::int64_t stateSize);
 
 } // namespace vantro::asr

@@ -119,6 +119,16 @@ void Weights::allocate(const ModelFile& file)
         throw ASRError(ASRError::Kind::modelLoadFailed, "out of memory");
 }
 
+void Weights::prefetch(const std::stop_token& stop) const
+{
+    constexpr std::size_t step = std::size_t{16} << 20;
+    const std::size_t size = mapping_ != nullptr ? mapping_->bytes().size() : 0;
+    for (std::size_t offset = 0; offset < size && !stop.stop_requested(); offset += step) {
+        if (!mapping_->load(offset, std::min(step, size - offset)))
+            return;
+    }
+}
+
 void Weights::check() const
 {
     if (mapping_ != nullptr && !mapping_->isUnchanged())

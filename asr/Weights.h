@@ -40,6 +40,8 @@ public:
 
     /// Throws ASRError::modelLoadFailed when out of memory or on a read failure.
     void load(ModelFile& file);
+    /// Fetches what the system has dropped from memory of the mapped file. Returns early when stopped.
+    void prefetch(const std::stop_token& stop) const;
     /// Throws ASRError::processingFailed if the mapped file has been modified.
     void check() const;
 

@@ -49,6 +49,7 @@ WindowPool::WindowPool(const AsrModels& models, Options options) : models_(model
         background_ = std::jthread([this] {
             if (options_.onBackgroundThread)
                 options_.onBackgroundThread();
+            prepare();
             work(Lane::background);
         });
     } catch (const std::system_error&) {
@@ -63,6 +64,7 @@ WindowPool::~WindowPool()
         isAbandoned_ = true;
         jobs_.clear();
     }
+    preparing_.request_stop();
     changed_.notify_all();
 }
 
@@ -99,6 +101,7 @@ void WindowPool::hurry()
         if (options_.logger)
             options_.logger("ChunkProcessor using worker pool of size " + std::to_string(workers));
     }
+    preparing_.request_stop();
     startWorkers();
     changed_.notify_all();
 }
@@ -170,9 +173,11 @@ std::optional<EncoderFrames> WindowPool::encoded(Job& job, Lane lane)
     if (!job.features && !job.stop.stop_requested())
         job.features = models_.preprocessor.process(job.samples);
     const EncoderSlot slot(*this);
+    if (job.runner == nullptr)
+        job.runner = idleRunner();
+    job.runner->setThreads(lane == Lane::foreground ? static_cast<int>(threadsPerEncoder_) : 1);
     if (!job.encoding)
         begin(job);
-    job.runner->setThreads(lane == Lane::foreground ? static_cast<int>(threadsPerEncoder_) : 1);
     while (!job.encoding->isDone()) {
         if (lane == Lane::background && isHurried())
             return std::nullopt;
@@ -185,16 +190,28 @@ void WindowPool::begin(Job& job)
 {
     if (job.stop.stop_requested())
         throw ASRError(ASRError::Kind::processingFailed, "stopped");
-    {
-        const std::lock_guard guard(lock_);
-        if (!idleRunners_.empty()) {
-            job.runner = std::move(idleRunners_.back());
-            idleRunners_.pop_back();
-        }
+    job.encoding.emplace(models_.encoder, *job.features, *job.runner, job.stop);
+}
+
+std::unique_ptr<GraphRunner> WindowPool::idleRunner()
+{
+    const std::lock_guard guard(lock_);
+    if (idleRunners_.empty())
+        return std::make_unique<GraphRunner>(1);
+    std::unique_ptr<GraphRunner> runner = std::move(idleRunners_.back());
+    idleRunners_.pop_back();
+    return runner;
+}
+
+/// Uses the time before the first window.
+void WindowPool::prepare()
+{
+    try {
+        GraphRunner runner(1);
+        models_.encoder.prepare(runner, preparing_.get_token());
+    } catch (const std::exception&) {
+        // The first window will meet the reason, too.
     }
-    if (job.runner == nullptr)
-        job.runner = std::make_unique<GraphRunner>(1);
-    job.encoding.emplace(models_.encoder, *job.features, *job.runner);
 }
 
 void WindowPool::handOver(JobPointer job)

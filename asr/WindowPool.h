@@ -66,6 +66,8 @@ private:
     void run(JobPointer job, Lane lane);
     [[nodiscard]] std::optional<EncoderFrames> encoded(Job& job, Lane lane);
     void begin(Job& job);
+    [[nodiscard]] std::unique_ptr<GraphRunner> idleRunner();
+    void prepare();
     void handOver(JobPointer job);
     void close(Job& job);
     [[nodiscard]] bool isHurried();
@@ -78,6 +80,7 @@ private:
     std::condition_variable changed_;
     std::deque<JobPointer> jobs_;
     std::size_t unfinished_ = 0; ///< jobs, including those in progress
+    std::stop_source preparing_; ///< the background does, until the first window
     bool isHurried_ = false;
     bool isAbandoned_ = false;
     unsigned freeEncoders_ = 1;

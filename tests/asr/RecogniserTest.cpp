@@ -43,7 +43,7 @@ std::vector<float> reference(const std::string& name)
 
 EncoderFrames encode(const AsrModels& models, const Preprocessor::Features& features, GraphRunner& runner)
 {
-    Encoding encoding(models.encoder, features, runner);
+    Encoding encoding(models.encoder, features, runner, {});
     while (!encoding.isDone())
         encoding.computeLayer({});
     return encoding.frames();
