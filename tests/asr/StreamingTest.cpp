@@ -2,9 +2,15 @@
 #include "asr/StreamingAsr.h"
 #include "tests/asr/AsrTestSupport.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/mman.h>
+#include <unistd.h>
 
+#include <algorithm>
 #include <atomic>
+#include <cstdio>
+#include <fstream>
 #include <future>
 #include <limits>
 #include <random>
@@ -56,6 +62,26 @@ ASRResult streamed(const AsrManager& manager, std::span<const float> samples, st
     return stream->finish({});
 }
 
+/// Where this process has mapped a file.
+std::span<std::byte> mappingOf(const std::filesystem::path& path)
+{
+    std::ifstream maps("/proc/self/maps");
+    for (std::string line; std::getline(maps, line);) {
+        std::uintptr_t begin = 0;
+        std::uintptr_t end = 0;
+        if (line.ends_with(path.string()) && std::sscanf(line.c_str(), "%lx-%lx", &begin, &end) == 2)
+            return {reinterpret_cast<std::byte*>(begin), end - begin};
+    }
+    return {};
+}
+
+std::size_t pagesInMemory(std::span<std::byte> mapping)
+{
+    std::vector<unsigned char> pages(mapping.size() / 4'096 + 1);
+    ::mincore(mapping.data(), mapping.size(), pages.data());
+    return static_cast<std::size_t>(std::ranges::count_if(pages, [](unsigned char page) { return (page & 1U) != 0; }));
+}
+
 } // namespace
 
 class EveryPrecision : public ::testing::TestWithParam<const char*>
@@ -103,6 +129,31 @@ TEST(Streaming, WindowsAreRecognisedAndJoinedBeforeTheRecordingEnds)
     stream->append(std::span(speech).first(window + stride));
     EXPECT_EQ(joined.get_future().wait_for(std::chrono::minutes(2)), std::future_status::ready);
     EXPECT_TRUE(isInBackground);
+}
+
+TEST(Streaming, WeightsThatTheSystemHasDroppedFromMemoryAreFetchedBeforeTheFirstWindow)
+{
+    const auto path = std::filesystem::path(::testing::TempDir()) / ("vantro-dropped-" + std::to_string(::getpid()));
+    std::filesystem::copy_file(dataFolder() / "parakeet-micro-tdt-q8_0.bin", path);
+    const int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    ::fsync(file); // only what the disk has can be dropped
+    ::close(file);
+    AsrManager manager;
+    manager.initialize(AsrModels::load(path, AsrModelVersion::v2, moduleFolders()));
+    const std::span<std::byte> mapping = mappingOf(path);
+    std::filesystem::remove(path);
+    if (mapping.empty())
+        GTEST_SKIP() << "this processor uses no weights from the file";
+    const std::size_t all = pagesInMemory(mapping);
+    ::madvise(mapping.data(), mapping.size(), MADV_RANDOM); // reading a page does not fetch its neighbours
+    ::madvise(mapping.data(), mapping.size(), MADV_PAGEOUT);
+    if (pagesInMemory(mapping) > all / 2)
+        GTEST_SKIP() << "the system keeps the file in memory";
+    const auto stream = manager.stream({});
+    const auto limit = std::chrono::steady_clock::now() + std::chrono::minutes(2);
+    while (pagesInMemory(mapping) < all && std::chrono::steady_clock::now() < limit)
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    EXPECT_GE(pagesInMemory(mapping), all);
 }
 
 TEST(Streaming, WhatFollowsASpeculationIsRecognisedToo)
