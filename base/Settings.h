@@ -37,6 +37,8 @@ inline constexpr Setting<bool> whisperKeepModelInMemory{"whisperKeepModelInMemor
 inline constexpr Setting<bool> recognizeWhileSpeaking{
     "recognizeWhileSpeaking", true,
     "false: recognition starts only when the recording has ended, which uses less power but takes longer"};
+inline constexpr Setting<bool> showWordsWhileSpeaking{"showWordsWhileSpeaking", true,
+                                                      "true: the panel shows what was understood until the last pause"};
 inline constexpr Setting<QString> appearance{"appearance", "", "`light` or `dark`", "the desktop's"};
 inline constexpr Setting<bool> reduceMotion{"reduceMotion", false, "true: no animations", "the desktop's"};
 inline constexpr Setting<bool> checkForUpdatesOnLaunch{"checkForUpdatesOnLaunch", false,
@@ -44,7 +46,7 @@ inline constexpr Setting<bool> checkForUpdatesOnLaunch{"checkForUpdatesOnLaunch"
 inline constexpr Setting<QByteArray> pasteChords{
     "pasteChords", "", "paste keystrokes of more windows, as JSON: `{\"my-terminal\": \"Ctrl+Shift+V\"}`"};
 
-inline constexpr std::array<const SettingKey*, 17> documented{&autoPasteEnabled,
+inline constexpr std::array<const SettingKey*, 18> documented{&autoPasteEnabled,
                                                               &copyToClipboardEnabled,
                                                               &restoreEveryFormat,
                                                               &playSoundOnComplete,
@@ -57,6 +59,7 @@ inline constexpr std::array<const SettingKey*, 17> documented{&autoPasteEnabled,
                                                               &modelHostBaseURL,
                                                               &whisperKeepModelInMemory,
                                                               &recognizeWhileSpeaking,
+                                                              &showWordsWhileSpeaking,
                                                               &appearance,
                                                               &reduceMotion,
                                                               &checkForUpdatesOnLaunch,

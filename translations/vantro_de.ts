@@ -502,6 +502,14 @@
         <source>The text is there sooner. Not done while the machine saves power.</source>
         <translation>Der Text ist früher da. Nicht, solange der Rechner Strom spart.</translation>
     </message>
+    <message>
+        <source>Show what was understood so far</source>
+        <translation>Anzeigen, was bisher verstanden wurde</translation>
+    </message>
+    <message>
+        <source>In the panel, at each pause. The final text may differ.</source>
+        <translation>Im Fenster, bei jeder Pause. Der fertige Text kann abweichen.</translation>
+    </message>
 </context>
 <context>
     <name>History</name>
@@ -678,6 +686,10 @@
     <message>
         <source>Release %1 to transcribe</source>
         <translation>%1 loslassen zum Transkribieren</translation>
+    </message>
+    <message>
+        <source>Understood so far: %1</source>
+        <translation>Bisher verstanden: %1</translation>
     </message>
 </context>
 <context>

@@ -44,7 +44,8 @@ Dictation::Dictation(const Parts& parts)
     : parts_(parts)
     , ahead_({parts.transcription, parts.defaults, parts.session, parts.clock})
 {
-    connect(&ahead_, &RecognitionAhead::understood, this, &Dictation::understood);
+    if (parts_.defaults.get(setting::showWordsWhileSpeaking))
+        connect(&ahead_, &RecognitionAhead::understood, this, &Dictation::understood);
 }
 
 Dictation::~Dictation() = default;

@@ -65,6 +65,20 @@ Rectangle {
         Accessible.name: text
     }
 
+    // What came last matters: that is where the user speaks on.
+    Text {
+        anchors { left: heard.left; right: heard.right; top: heard.bottom }
+        text: launcher.model.words
+        textFormat: Text.PlainText
+        visible: text !== "" && launcher.model.notice === ""
+        color: Theme.textSecondary
+        font.pixelSize: Theme.sizeSecondary
+        font.italic: true
+        elide: Text.ElideLeft
+        Accessible.role: Accessible.StaticText
+        Accessible.name: qsTr("Understood so far: %1").arg(text)
+    }
+
     RowLayout {
         id: pills
         // The chosen one is read in full, as long as it leaves the others half of the row.

@@ -39,6 +39,7 @@ LauncherModel::LauncherModel(Dictation& dictation, Clock& clock, std::vector<Mod
     connect(&recorder_, &AudioRecorder::processingModeChanged, this, &LauncherModel::chosenModeChanged);
     connect(&dictation, &Dictation::stateChanged, this, &LauncherModel::followState);
     connect(&dictation, &Dictation::transcriptionProgress, this, &LauncherModel::setProgress);
+    connect(&dictation, &Dictation::understood, this, &LauncherModel::showWords);
     connect(&dictation, &Dictation::modelFailed, this, [this] { setNotice(currentNotice()); });
     connect(&ticker_, &QTimer::timeout, this, &LauncherModel::tick);
     ticker_.start(barDuration);
@@ -104,6 +105,15 @@ void LauncherModel::setProgress(float fraction)
         return;
     progress_ = static_cast<qreal>(fraction);
     Q_EMIT progressChanged();
+}
+
+/// Not the final text: whoever speaks on changes it.
+void LauncherModel::showWords(const QString& text)
+{
+    words_ = text.simplified();
+    if (!words_.isEmpty())
+        words_ += QStringLiteral(" \u2026");
+    Q_EMIT wordsChanged();
 }
 
 void LauncherModel::followState()

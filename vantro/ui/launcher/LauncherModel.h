@@ -29,6 +29,8 @@ class LauncherModel : public QObject
     Q_PROPERTY(QString timeText READ timeText NOTIFY timeChanged)
     Q_PROPERTY(bool timeRunsOut READ timeRunsOut NOTIFY timeChanged)
     Q_PROPERTY(QString notice READ notice NOTIFY noticeChanged)
+    /// What was understood so far, in one line; may be empty.
+    Q_PROPERTY(QString words READ words NOTIFY wordsChanged)
     Q_PROPERTY(QStringList modes READ modeNames CONSTANT)
     /// How to end the recording, and how to cancel it; may be empty.
     Q_PROPERTY(QString endingHint READ endingHint NOTIFY hintsChanged)
@@ -52,6 +54,7 @@ public:
     [[nodiscard]] QString timeText() const;
     [[nodiscard]] bool timeRunsOut() const;
     [[nodiscard]] QString notice() const { return notice_; }
+    [[nodiscard]] const QString& words() const { return words_; }
     [[nodiscard]] QStringList modeNames() const;
     [[nodiscard]] int chosenMode() const;
 
@@ -67,6 +70,7 @@ Q_SIGNALS:
     void levelsChanged();
     void timeChanged();
     void noticeChanged();
+    void wordsChanged();
     void chosenModeChanged();
     void hintsChanged();
 
@@ -77,6 +81,7 @@ private:
     void tick();
     [[nodiscard]] QString currentNotice() const;
     void setNotice(const QString& notice);
+    void showWords(const QString& text);
     [[nodiscard]] std::chrono::seconds elapsed() const;
 
     const Dictation& dictation_;
@@ -94,6 +99,7 @@ private:
     qreal progress_ = 0;
     QString note_;
     QString notice_;
+    QString words_;
     QString endingHint_;
     QString cancelHint_;
 };

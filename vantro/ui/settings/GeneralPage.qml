@@ -68,6 +68,13 @@ VPage {
             onToggled: on => page.settings.recognizeAhead = on
         }
         VToggleRow {
+            title: qsTr("Show what was understood so far")
+            hint: qsTr("In the panel, at each pause. The final text may differ.")
+            visible: page.settings.recognizeAhead
+            checked: page.settings.showWords
+            onToggled: on => page.settings.showWords = on
+        }
+        VToggleRow {
             title: qsTr("Keep the speech model in memory")
             hint: qsTr("Transcribing starts sooner, but the model takes up memory all the time.")
             checked: page.settings.keepModelInMemory

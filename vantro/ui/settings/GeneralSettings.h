@@ -22,6 +22,7 @@ class GeneralSettings : public QObject
     Q_PROPERTY(bool restoreEveryFormat READ restoreEveryFormat WRITE setRestoreEveryFormat NOTIFY changed)
     Q_PROPERTY(bool playSound READ playSound WRITE setPlaySound NOTIFY changed)
     Q_PROPERTY(bool recognizeAhead READ recognizeAhead WRITE setRecognizeAhead NOTIFY changed)
+    Q_PROPERTY(bool showWords READ showWords WRITE setShowWords NOTIFY changed)
     Q_PROPERTY(bool keepModelInMemory READ keepModelInMemory WRITE setKeepModelInMemory NOTIFY changed)
     Q_PROPERTY(bool holdToTalk READ holdToTalk WRITE setHoldToTalk NOTIFY changed)
     Q_PROPERTY(int appearance READ appearance WRITE setAppearance NOTIFY changed)
@@ -52,6 +53,8 @@ public:
     void setPlaySound(bool on) { parts_.defaults.set(setting::playSoundOnComplete, on); }
     [[nodiscard]] bool recognizeAhead() const { return parts_.defaults.get(setting::recognizeWhileSpeaking); }
     void setRecognizeAhead(bool on) { parts_.defaults.set(setting::recognizeWhileSpeaking, on); }
+    [[nodiscard]] bool showWords() const { return parts_.defaults.get(setting::showWordsWhileSpeaking); }
+    void setShowWords(bool on) { parts_.defaults.set(setting::showWordsWhileSpeaking, on); }
     [[nodiscard]] bool keepModelInMemory() const { return parts_.defaults.get(setting::whisperKeepModelInMemory); }
     void setKeepModelInMemory(bool on) { parts_.defaults.set(setting::whisperKeepModelInMemory, on); }
     [[nodiscard]] bool holdToTalk() const { return parts_.defaults.get(setting::holdToTalk); }
