@@ -45,11 +45,11 @@ constexpr std::array messages{
 
 /// What vantro itself and its user press to paste.
 constexpr std::array pasteChords{"Ctrl+V", "Ctrl+Shift+V", "Shift+Insert"};
-constexpr std::array editingChords{"Ctrl+A", "Ctrl+C",       "Ctrl+D",       "Ctrl+F",       "Ctrl+G",       "Ctrl+H",
-                                   "Ctrl+K", "Ctrl+L",       "Ctrl+N",       "Ctrl+O",       "Ctrl+P",       "Ctrl+Q",
-                                   "Ctrl+R", "Ctrl+S",       "Ctrl+T",       "Ctrl+W",       "Ctrl+X",       "Ctrl+Y",
-                                   "Ctrl+Z", "Ctrl+Shift+C", "Ctrl+Shift+Z", "Ctrl+Insert",  "Shift+Delete", "Alt+F4",
-                                   "Ctrl+Tab", "Ctrl+Home",  "Ctrl+End",     "Ctrl+Left",    "Ctrl+Right",   "Ctrl+Return"};
+constexpr std::array editingChords{"Ctrl+A",    "Ctrl+C",       "Ctrl+D",       "Ctrl+F",      "Ctrl+G",     "Ctrl+H",
+                                   "Ctrl+K",    "Ctrl+L",       "Ctrl+N",       "Ctrl+O",      "Ctrl+P",     "Ctrl+Q",
+                                   "Ctrl+R",    "Ctrl+S",       "Ctrl+T",       "Ctrl+W",      "Ctrl+X",     "Ctrl+Y",
+                                   "Ctrl+Z",    "Ctrl+Shift+C", "Ctrl+Shift+Z", "Ctrl+Insert", "Alt+F4",     "Ctrl+Tab",
+                                   "Ctrl+Home", "Ctrl+End",     "Ctrl+Left",    "Ctrl+Right",  "Ctrl+Return"};
 
 template <std::size_t count>
 bool isOneOf(const std::array<const char*, count>& chords, const Shortcut& shortcut)
@@ -114,15 +114,16 @@ QString ShortcutValidator::forceText()
 
 std::optional<ShortcutRefusal> ShortcutValidator::refusal(const Name& name, const Shortcut& shortcut)
 {
+    const bool isGlobal = name.rawValue == Name::openModal.rawValue;
+    if (isGlobal && isPasteChord(shortcut))
+        return whyEdits("keyboard_shortcut_pastes", shortcut, false);
     if (auto refused = whyDisallowed(name, shortcut))
         return refused;
-    if (name.rawValue == Name::openModal.rawValue && isPasteChord(shortcut))
-        return whyEdits("keyboard_shortcut_pastes", shortcut, false);
     if (auto refused = usedBySystem(shortcut))
         return refused;
     if (auto refused = usedByMenuItem(name, shortcut))
         return refused;
-    if (name.rawValue == Name::openModal.rawValue && isOneOf(editingChords, shortcut))
+    if (isGlobal && isOneOf(editingChords, shortcut))
         return whyEdits("keyboard_shortcut_edits", shortcut, true);
     return std::nullopt;
 }

@@ -854,6 +854,13 @@
     </message>
 </context>
 <context>
+    <name>ModelDownloader</name>
+    <message>
+        <source>Download failed: </source>
+        <translation>Herunterladen fehlgeschlagen: </translation>
+    </message>
+</context>
+<context>
     <name>ModelListModel</name>
     <message>
         <source>English</source>

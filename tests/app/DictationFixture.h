@@ -251,8 +251,8 @@ public:
     QStringList alerts;
     QStringList downloads; ///< models whose download is shown
     std::vector<Hud> huds;
-    std::function<void()> undo;            ///< a click on the offer that is shown
-    std::function<void(bool)> answerOffer; ///< a button of the latest alert that asks
+    std::function<void()> undo;                  ///< a click on the offer that is shown
+    std::function<void(bool)> answerOffer;       ///< a button of the latest alert that asks
     std::function<void(AsSpoken)> answerFailure; ///< the same of a text that was not rewritten
     bool isTranscribingShown = false;
     int openPanels = 0;

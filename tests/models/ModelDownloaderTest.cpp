@@ -1,8 +1,7 @@
-#include "vantro/models/DownloadQueue.h"
-
 #include "base/Error.h"
 #include "tests/WaitFor.h"
 #include "tests/models/ModelServer.h"
+#include "vantro/models/DownloadQueue.h"
 #include "vantro/models/ModelDownloadError.h"
 #include "vantro/models/ModelHost.h"
 #include "vantro/models/testing/FakeSpeechEngine.h"

@@ -180,13 +180,14 @@ TEST_F(SettingsPages, AModesProviderFollowsTheListOfProviders)
     EXPECT_EQ(page.provider(), -1) << "that its provider was removed is to be seen";
     page.setProvider(0);
     EXPECT_EQ(prompts.configuration(ProcessingMode::Grammar), ModeConfiguration());
-
 }
 
 TEST_F(SettingsPages, OnlyAModeThatSomebodyServesCanBeTheDefault)
 {
     bool hasProvider = true;
-    ModesModel page({defaults, prompts, manager,
+    ModesModel page({defaults,
+                     prompts,
+                     manager,
                      [&hasProvider](ProcessingMode mode) {
                          return mode == ProcessingMode::Normal || mode == ProcessingMode::Notes || hasProvider;
                      },

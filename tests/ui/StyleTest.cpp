@@ -1,5 +1,5 @@
-// The style's own promises: what it draws can be told apart, its text has the desktop's size, and its controls are there
-// for the keyboard.
+// The style's own promises: what it draws can be told apart, its text has the desktop's size, and its controls are
+// there for the keyboard.
 #include "platform/testing/FakeDesktopAppearance.h"
 #include "vantro/ui/style/UiEngine.h"
 

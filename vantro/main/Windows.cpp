@@ -4,15 +4,7 @@
 #include "base/Notifications.h"
 #include "base/Settings.h"
 #include "vantro/app/Dictation.h"
-#include "vantro/support/SupportMail.h"
-#include "vantro/ui/history/HistoryModel.h"
-#include "vantro/ui/history/NotesModel.h"
 #include "vantro/ui/launcher/Launcher.h"
-#include "vantro/ui/onboarding/OnboardingModel.h"
-#include "vantro/ui/settings/AboutModel.h"
-#include "vantro/ui/settings/GeneralSettings.h"
-#include "vantro/ui/settings/MicrophoneSettings.h"
-#include "vantro/ui/settings/ModesModel.h"
 #include "vantro/ui/shortcuts/ShortcutRecorderType.h"
 
 #include <QGuiApplication>
@@ -46,13 +38,6 @@ QUrl manifestAddress()
 
 const QString version = QStringLiteral(VANTRO_VERSION);
 
-template <typename Model>
-void put(LazyWindow::Content& content, const char* property, std::unique_ptr<Model> model)
-{
-    content.properties.insert(QLatin1String(property), QVariant::fromValue(model.get()));
-    content.models.push_back(std::move(model));
-}
-
 } // namespace
 
 Windows::Windows(Parts parts)
@@ -65,16 +50,16 @@ Windows::Windows(Parts parts)
     , updates_(
           {parts_.defaults, *parts_.platform.workspace, parts_.clock, manifestAddress(), version, alerts_.forUpdates()})
     , settings_(ui_.engine(), *parts_.platform.workspace, parts_.defaults,
-                {tr("vantro settings"), QUrl(QStringLiteral("qrc:/qt/qml/Vantro/Settings/Settings.qml")), settingsSize,
-                 leastSettingsSize, setting::settingsWindowSize},
+                {tr("vantro settings"), QUrl(QStringLiteral("qrc:/qt/qml/Vantro/Settings/Settings.qml")),
+                 settingsSize * textScale(), leastSettingsSize, setting::settingsWindowSize},
                 [this] { return settingsContent(); })
     , transcriptions_(ui_.engine(), *parts_.platform.workspace, parts_.defaults,
                       {tr("vantro history"), QUrl(QStringLiteral("qrc:/qt/qml/Vantro/History/History.qml")),
-                       historySize, leastSettingsSize, setting::historyWindowSize},
+                       historySize * textScale(), leastSettingsSize, setting::historyWindowSize},
                       [this] { return historyContent(); })
     , onboarding_(ui_.engine(), *parts_.platform.workspace, parts_.defaults,
                   {tr("Welcome to vantro"), QUrl(QStringLiteral("qrc:/qt/qml/Vantro/Onboarding/Onboarding.qml")),
-                   onboardingSize, onboardingSize, setting::guideWindowSize},
+                   onboardingSize * textScale(), onboardingSize, setting::guideWindowSize},
                   [this] { return onboardingContent(); })
     , tray_(*parts_.platform.tray)
 {
@@ -224,164 +209,6 @@ bool Windows::show(const QString& name)
     return true;
 }
 
-LazyWindow::Content Windows::settingsContent()
-{
-    auto about = std::make_unique<AboutModel>(AboutModel::Actions{[this] { alerts_.reportError(); },
-                                                                  [this] { alerts_.sendFeedback(); },
-                                                                  [this] {
-                                                                      Q_EMIT quitRequested();
-                                                                  }});
-    about->version = version;
-    about->system = mail::systemInformation(version, *parts_.platform.systemInfo);
-
-    LazyWindow::Content content;
-    put(content, "general",
-        std::make_unique<GeneralSettings>(
-            GeneralSettings::Parts{parts_.defaults, *parts_.platform.loginItem, updates_}));
-    put(content, "microphone",
-        std::make_unique<MicrophoneSettings>(parts_.platform.makeAudioEngine, parts_.devices, parts_.clock));
-    put(content, "openRecorder", makeRecorder(KeyboardShortcuts::Name::openModal));
-    put(content, "stopRecorder", makeRecorder(KeyboardShortcuts::Name::stopRecordingAndCloseModal));
-    put(content, "models", makeModelList());
-    put(content, "modes", makeModesModel());
-    put(content, "providers", makeProvidersModel());
-    put(content, "vocabulary", makeVocabularyModel());
-    put(content, "about", std::move(about));
-    return content;
-}
-
-std::unique_ptr<ModesModel> Windows::makeModesModel()
-{
-    return std::make_unique<ModesModel>(
-        ModesModel::Parts{parts_.defaults, parts_.rewriting.prompts(), parts_.rewriting.providers(),
-                          [this](ProcessingMode mode) { return parts_.rewriting.isUsable(mode); },
-                          [this](std::function<void()> confirmed) {
-                              alerts_.confirm(tr("Use the Built-In Prompt"),
-                                              tr("Your own prompt will be overwritten and cannot be had back."),
-                                              tr("Overwrite"), std::move(confirmed));
-                          }});
-}
-
-std::unique_ptr<ModelListModel> Windows::makeModelList()
-{
-    auto models = std::make_unique<ModelListModel>(ModelListModel::Parts{
-        parts_.speech.catalogue.models(), [this](const TranscriptionModel& model) { return stateOf(model); },
-        [this] { return parts_.speech.selection.selectedModel().name; },
-        [this](const TranscriptionModel& model) { parts_.speech.selection.select(model); },
-        [this](const TranscriptionModel& model) { return parts_.speech.downloads.statusText(model.name); },
-        [this] { return parts_.speech.downloads.progress(); },
-        [this](const TranscriptionModel& model) { parts_.speech.downloads.add(model); },
-        [this](const TranscriptionModel& model) { parts_.speech.downloads.cancel(model.name); },
-        [this](const TranscriptionModel& model, std::function<void()> confirmed) {
-            alerts_.confirm(tr("Remove the Model"),
-                            tr("%1 (%2) will be deleted from this computer. It would have to be downloaded again.")
-                                .arg(model.name, model.size),
-                            tr("Remove"), std::move(confirmed));
-        },
-        [this](const TranscriptionModel& model) {
-            parts_.speech.remove(model);
-        }});
-    connect(&parts_.speech.downloads, &DownloadQueue::changed, models.get(), &ModelListModel::refresh);
-    // Queued: looking for the selection while a row is shown may be what settles it.
-    const auto follow = [list = models.get()](const QString& key) {
-        if (key == setting::selectedModelName.key)
-            list->refresh();
-    };
-    connect(&parts_.defaults, &UserDefaults::changed, models.get(), follow, Qt::QueuedConnection);
-    return models;
-}
-
-std::unique_ptr<VocabularyModel> Windows::makeVocabularyModel()
-{
-    return std::make_unique<VocabularyModel>(VocabularyModel::Parts{
-        parts_.vocabulary,
-        [this](const LimitNotice& notice) {
-            alerts_.show(AlertWindow::Kind::informational, notice.title, notice.message);
-        },
-        [this](std::function<void()> confirmed) {
-            alerts_.confirm(tr("Reset All Vocabulary & Replacements"),
-                            tr("All words and replacements will be removed. This action cannot be undone."),
-                            tr("Reset"), std::move(confirmed));
-        }});
-}
-
-std::unique_ptr<ProvidersModel> Windows::makeProvidersModel()
-{
-    Rewriting& rewriting = parts_.rewriting;
-    return std::make_unique<ProvidersModel>(
-        ProvidersModel::Parts{rewriting.providers(), [&rewriting] { return rewriting.keyAccounts(); },
-                              [&rewriting](const ProviderConfiguration& provider, const std::optional<QString>& key) {
-                                  return rewriting.verify(provider, key);
-                              },
-                              [this](const QString& question, std::function<void()> confirmed) {
-                                  alerts_.confirm(tr("Delete Provider"), question, tr("Delete"), std::move(confirmed));
-                              }});
-}
-
-std::unique_ptr<RecorderCocoa> Windows::makeRecorder(const KeyboardShortcuts::Name& name)
-{
-    return std::make_unique<RecorderCocoa>(parts_.shortcuts, *parts_.platform.hotKeys,
-                                           *parts_.platform.desktopShortcuts, parts_.notifications, name);
-}
-
-LazyWindow::Content Windows::historyContent()
-{
-    Pasteboard& pasteboard = *parts_.platform.pasteboard;
-    auto changes = std::make_unique<HistoryChanges>();
-    auto dictations = std::make_unique<HistoryModel>(
-        HistoryModel::Parts{parts_.store, pasteboard, *changes, parts_.clock, [this](ProcessingMode mode) {
-                                return parts_.rewriting.prompts().displayName(mode);
-                            }});
-    auto notes = std::make_unique<NotesModel>(NotesModel::Parts{
-        parts_.store, pasteboard, *changes, parts_.clock, [this](const DailyNote& day) {
-            return parts_.store.regenerateSummary(day, parts_.rewriting.choose(ProcessingMode::Notes));
-        }});
-    LazyWindow::Content content;
-    put(content, "changes", std::move(changes));
-    put(content, "model", std::move(dictations));
-    put(content, "notes", std::move(notes));
-    return content;
-}
-
-LazyWindow::Content Windows::onboardingContent()
-{
-    auto model = std::make_unique<OnboardingModel>(OnboardingModel::Parts{
-        parts_.platform.makeAudioEngine, parts_.devices, *parts_.platform.permissions, *parts_.platform.keyEvents,
-        parts_.shortcuts, parts_.notifications, parts_.clock, parts_.speech.downloads,
-        parts_.speech.selection.selectedModel(),
-        [this] { return !parts_.speech.status(parts_.speech.selection.selectedModel()).file.isEmpty(); },
-        [this](bool sandbox) {
-            isSandboxMode_ = sandbox;
-        },
-        [this] {
-            if (!isQuitting_)
-                hud_.showNews(tr("First steps left"), tr("vantro's tray menu, or \"vantro show guide\", goes on with them"));
-        }});
-    auto recorder = makeRecorder(KeyboardShortcuts::Name::openModal);
-    LazyWindow::Content content;
-    content.properties = {{QStringLiteral("model"), QVariant::fromValue(model.get())},
-                          {QStringLiteral("recorder"), QVariant::fromValue(recorder.get())}};
-    content.models.push_back(std::move(model));
-    content.models.push_back(std::move(recorder));
-    return content;
-}
-
-ModelListModel::State Windows::stateOf(const TranscriptionModel& model) const
-{
-    switch (parts_.speech.downloads.stateOf(model.name)) {
-    case DownloadQueue::State::running:
-        return ModelListModel::Downloading;
-    case DownloadQueue::State::waiting:
-        return ModelListModel::Waiting;
-    case DownloadQueue::State::idle:
-        break;
-    }
-    const ModelStatus status = parts_.speech.status(model);
-    if (!status.file.isEmpty())
-        return ModelListModel::Ready;
-    return status.state == ModelStatus::State::partial ? ModelListModel::Partial : ModelListModel::Missing;
-}
-
 void Windows::showAlert(const QString& title, const QString& text)
 {
     alerts_.show(AlertWindow::Kind::warning, title, text);
@@ -405,7 +232,8 @@ void Windows::showRewritingFailure(const QString& text, std::function<void(AsSpo
                      if (button == 2)
                          showSettings(QStringLiteral("providers"));
                      else if (button)
-                         idle_.run([wanted, answer = button == 0 ? AsSpoken::paste : AsSpoken::copy] { wanted(answer); });
+                         idle_.run(
+                             [wanted, answer = button == 0 ? AsSpoken::paste : AsSpoken::copy] { wanted(answer); });
                  });
 }
 
@@ -454,8 +282,7 @@ void Windows::showModelDownload(const TranscriptionModel& model, const QString& 
         return;
     }
     if (!downloadWindow_)
-        downloadWindow_ =
-            std::make_unique<ModelDownloadWindow>(ui_.engine(), parts_.speech.downloads);
+        downloadWindow_ = std::make_unique<ModelDownloadWindow>(ui_.engine(), parts_.speech.downloads);
     idle_.run([this, model, problem] {
         if (downloadWindow_)
             downloadWindow_->present(model, problem);

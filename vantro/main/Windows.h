@@ -122,7 +122,7 @@ private:
     TrayIcon tray_;
     std::vector<LazyWindow*> aside_; ///< hidden during a recording
     bool isQuitting_ = false;
-    bool isSandboxMode_ = false;     ///< practising in the onboarding: windows are not hidden
+    bool isSandboxMode_ = false; ///< practising in the onboarding: windows are not hidden
 };
 
 } // namespace vantro

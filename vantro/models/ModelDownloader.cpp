@@ -69,7 +69,7 @@ QCoro::Task<bool> ModelDownloader::download(TranscriptionModel model)
     } else {
         printLine(QStringLiteral("Model download failed: ") + failure);
         setProgress(progress_, {});
-        setStatusText(task->stop.stop_requested() ? failure : QStringLiteral("Download failed: ") + failure);
+        setStatusText(task->stop.stop_requested() ? failure : tr("Download failed: ") + failure);
     }
     downloadTask_.reset();
     Q_EMIT isRunningChanged();

@@ -22,7 +22,6 @@ namespace vantro {
 
 namespace {
 
-constexpr QSize panelSize(500, 200);
 constexpr int cornerRadius = 14;
 /// Between what the user does and the window manager's answer to it.
 constexpr auto answerLimit = 500ms;
@@ -72,6 +71,7 @@ void Launcher::placeOnScreen()
     if (screen == nullptr)
         screen = QGuiApplication::primaryScreen();
     const QRect area = screen->availableGeometry();
+    const QSize panelSize = QSizeF(rootObject()->implicitWidth(), rootObject()->implicitHeight()).toSize();
     const int top = area.top() + area.height() * 2 / 3;
     const int lowest = area.bottom() - panelSize.height();
     setGeometry(QRect(QPoint(area.center().x() - panelSize.width() / 2, std::min(top, lowest)), panelSize));

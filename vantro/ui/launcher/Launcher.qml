@@ -11,6 +11,8 @@ Rectangle {
     signal finishRequested
     signal cancelRequested
 
+    implicitWidth: Theme.launcherWidth
+    implicitHeight: Theme.launcherHeight
     color: Theme.surfaceRaised
     radius: Theme.radiusLarge
     border.width: Theme.hairline

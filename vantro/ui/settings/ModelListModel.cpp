@@ -53,9 +53,10 @@ QVariant ModelListModel::data(const QModelIndex& index, int role) const
 
 QHash<int, QByteArray> ModelListModel::roleNames() const
 {
-    return {{NameRole, "name"},         {SizeRole, "size"},          {SpeedRole, "speed"},
-            {AccuracyRole, "accuracy"}, {DescriptionRole, "about"},  {LanguagesRole, "languages"},
-            {StateRole, "modelState"},  {SelectedRole, "isSelected"}, {ProgressRole, "progress"}, {StatusRole, "statusText"}};
+    return {{NameRole, "name"},         {SizeRole, "size"},           {SpeedRole, "speed"},
+            {AccuracyRole, "accuracy"}, {DescriptionRole, "about"},   {LanguagesRole, "languages"},
+            {StateRole, "modelState"},  {SelectedRole, "isSelected"}, {ProgressRole, "progress"},
+            {StatusRole, "statusText"}};
 }
 
 void ModelListModel::select(int row)

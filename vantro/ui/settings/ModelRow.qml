@@ -108,20 +108,14 @@ VCard {
                 onClicked: row.selectPressed()
             }
             VButton {
+                // A single button, so that it keeps the focus when its meaning changes.
                 anchors.right: parent.right
-                visible: row.modelState === ModelListModel.Missing || row.modelState === ModelListModel.Partial
+                visible: row.modelState !== ModelListModel.Ready
                 secondary: true
-                text: row.modelState === ModelListModel.Partial ? qsTr("Resume download") : qsTr("Download")
+                text: row.isUnderWay ? qsTr("Cancel")
+                    : row.modelState === ModelListModel.Partial ? qsTr("Resume download") : qsTr("Download")
                 Accessible.description: row.name
-                onClicked: row.downloadPressed()
-            }
-            VButton {
-                anchors.right: parent.right
-                visible: row.isUnderWay
-                secondary: true
-                text: qsTr("Cancel")
-                Accessible.description: row.name
-                onClicked: row.cancelPressed()
+                onClicked: row.isUnderWay ? row.cancelPressed() : row.downloadPressed()
             }
             VButton {
                 anchors.right: parent.right

@@ -56,6 +56,8 @@ QtObject {
     readonly property int scrollBarWidth: 8
     readonly property int practiceHeight: Math.round(120 * scale)
     readonly property int logoSize: 64
+    readonly property int launcherWidth: Math.round(500 * scale)
+    readonly property int launcherHeight: Math.round(200 * scale)
     readonly property int alertWidth: Math.round(460 * scale)
     readonly property int alertLines: 16
     readonly property int downloadWidth: Math.round(460 * scale)

@@ -23,13 +23,6 @@ bool paletteIsDark()
     return palette.color(QPalette::WindowText).lightness() > palette.color(QPalette::Window).lightness();
 }
 
-/// How much larger than usual the desktop's text is. Never less: a desktop that names no font gets a small one from Qt.
-qreal textScale()
-{
-    constexpr qreal usualPixels = 14;
-    return std::max(1.0, QFontInfo(QGuiApplication::font()).pixelSize() / usualPixels);
-}
-
 /// A QML singleton can only be looked up after some QML has imported its module.
 QObject* makeTheme(QQmlEngine& engine)
 {
@@ -43,6 +36,12 @@ QObject* makeTheme(QQmlEngine& engine)
 }
 
 } // namespace
+
+qreal textScale()
+{
+    constexpr qreal usualPixels = 14;
+    return std::max(1.0, QFontInfo(QGuiApplication::font()).pixelSize() / usualPixels);
+}
 
 UiEngine::UiEngine(const UserDefaults& defaults, const DesktopAppearance& desktop)
     : defaults_(defaults)

@@ -14,6 +14,10 @@ inline void keepModule(void (*registration)())
     [[maybe_unused]] volatile auto kept = registration;
 }
 
+/// How much larger than usual the desktop's text is. Never less than 1: a desktop that names no font gets a small one
+/// from Qt.
+[[nodiscard]] qreal textScale();
+
 /// The QML engine and theme shared by all windows. The theme follows the desktop's preference for light or dark unless
 /// "appearance" is "light" or "dark", its preference for animations unless "reduceMotion" is set, and the size of its
 /// text. Main thread.
