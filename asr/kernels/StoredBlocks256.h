@@ -3,6 +3,8 @@
 // Blocks of 32 weights as stored in a model file, as integers with one scale. Only for Matrix256.cpp: what is inline
 // here may use the instructions that it is compiled for.
 
+#include "asr/kernels/StoredProduct.h"
+
 #include <immintrin.h>
 
 #include <cstddef>
@@ -14,7 +16,6 @@ namespace vantro::asr::kernels {
 namespace {
 
 constexpr std::size_t lanes = 8;
-constexpr std::size_t blockInputs = 32; ///< share a scale
 
 /// 32 values and what they are rounded by.
 struct Rounding
