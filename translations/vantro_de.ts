@@ -2099,6 +2099,18 @@
     <message>
         <source>The X server does not let programs type (its XTEST extension is missing).</source>
         <translation>Der X-Server lässt Programme nicht tippen (seine Erweiterung XTEST fehlt).</translation>
+    <message>
+        <source>Discard the recording?</source>
+        <translation>Aufnahme verwerfen?</translation>
+    </message>
+    <message>
+        <source>What you said will be gone. If you keep it, vantro offers it again at the next start.</source>
+        <translation>Was du gesagt hast, ist dann verloren. Behältst du die Aufnahme, bietet vantro sie beim nächsten Start wieder an.</translation>
+    </message>
+    <message>
+        <source>Keep</source>
+        <translation>Behalten</translation>
+    </message>
     </message>
     <message>
         <source>The X server refused the paste keystroke.</source>

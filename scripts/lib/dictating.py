@@ -24,7 +24,7 @@ ARGUMENTS = ("--shortcut", SHORTCUT, "--model-host", "http://127.0.0.1:9")
 TEXT_S = 120
 ELSEWHERE = (900, 300)  # a point of the other window
 ALIKE = 0.75
-MOST_ESCAPES = 3
+MOST_ESCAPES = 4
 
 
 class Misplaced(DesktopError):
@@ -190,7 +190,8 @@ class DictatingUser:
         return self.expect_from_retry()
 
     def close_alerts(self):
-        """Escape ends the download that a window shows, and then the window."""
+        """Escape ends the download that a window shows, and then the window. A window that has just got the keyboard takes
+        no key."""
         for alert in self.vantro.alerts():
             for _ in range(MOST_ESCAPES):
                 if not self.is_open(alert):

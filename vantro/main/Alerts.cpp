@@ -9,8 +9,9 @@
 
 namespace vantro {
 
-Alerts::Alerts(QQmlEngine& engine, const UserDefaults& defaults, const Platform& platform, WhenIdle& idle)
+Alerts::Alerts(QQmlEngine& engine, Clock& clock, const UserDefaults& defaults, const Platform& platform, WhenIdle& idle)
     : engine_(engine)
+    , clock_(clock)
     , platform_(platform)
     , idle_(idle)
 {
@@ -29,7 +30,7 @@ void Alerts::show(const AlertWindow::Contents& contents, AlertWindow::Answered a
     Logger("Alert").info(QStringLiteral("%1: %2").arg(contents.title, contents.text.simplified()));
     idle_.run([this, contents, answered = std::move(answered)] {
         // Deletes itself when it is closed.
-        (new AlertWindow(engine_, contents, answered))->present();
+        (new AlertWindow(engine_, clock_, contents, answered))->presentUnasked();
     });
 }
 

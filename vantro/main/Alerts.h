@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/Clock.h"
 #include "base/UserDefaults.h"
 #include "platform/Platform.h"
 #include "vantro/main/WhenIdle.h"
@@ -18,7 +19,7 @@ class Alerts final : public QObject
     Q_OBJECT
 public:
     /// All outlive this object. @p idle: alerts wait for it.
-    Alerts(QQmlEngine& engine, const UserDefaults& defaults, const Platform& platform, WhenIdle& idle);
+    Alerts(QQmlEngine& engine, Clock& clock, const UserDefaults& defaults, const Platform& platform, WhenIdle& idle);
 
     void show(AlertWindow::Kind kind, const QString& title, const QString& text,
               const QStringList& buttons = {tr("OK")}, AlertWindow::Answered answered = {});
@@ -38,6 +39,7 @@ private:
     void openMail(const QString& url, const QString& address);
 
     QQmlEngine& engine_;
+    Clock& clock_;
     const Platform& platform_;
     WhenIdle& idle_;
     bool hasToldOfUnsavedSettings_ = false;

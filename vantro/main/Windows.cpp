@@ -45,7 +45,7 @@ Windows::Windows(Parts parts)
     , ui_(parts_.defaults, *parts_.platform.appearance)
     , idle_(parts_.recorder)
     , back_(*parts_.platform.session, *parts_.platform.keyEvents, parts_.clock)
-    , alerts_(ui_.engine(), parts_.defaults, parts_.platform, idle_)
+    , alerts_(ui_.engine(), parts_.clock, parts_.defaults, parts_.platform, idle_)
     , hud_(ui_.engine(), *parts_.platform.workspace, parts_.clock)
     , updates_(
           {parts_.defaults, *parts_.platform.workspace, parts_.clock, manifestAddress(), version, alerts_.forUpdates()})
@@ -163,8 +163,9 @@ void Windows::showOnboarding()
 
 void Windows::askForShortcut(const QString& reason)
 {
-    shortcutWindow_ = std::make_unique<ShortcutWindow>(ui_.engine(), parts_.shortcuts, *parts_.platform.hotKeys,
-                                                       *parts_.platform.desktopShortcuts, parts_.notifications, reason);
+    shortcutWindow_ =
+        std::make_unique<ShortcutWindow>(ui_.engine(), parts_.clock, parts_.shortcuts, *parts_.platform.hotKeys,
+                                         *parts_.platform.desktopShortcuts, parts_.notifications, reason);
     idle_.run([this] { shortcutWindow_->present(); });
 }
 
@@ -218,8 +219,20 @@ void Windows::offerTranscription(const QString& title, const QString& text, std:
 {
     alerts_.show(AlertWindow::Kind::warning, title, text, {tr("Transcribe"), tr("Discard")},
                  [this, answered = std::move(answered)](std::optional<int> button) {
-                     if (button)
-                         idle_.run([answered, isWanted = button == 0] { answered(isWanted); });
+                     if (button == 0)
+                         idle_.run([answered] { answered(true); });
+                     else if (button == 1)
+                         askToDiscard([answered] { answered(false); });
+                 });
+}
+
+void Windows::askToDiscard(std::function<void()> discard)
+{
+    alerts_.show(AlertWindow::Kind::warning, tr("Discard the recording?"),
+                 tr("What you said will be gone. If you keep it, vantro offers it again at the next start."),
+                 {tr("Keep"), tr("Discard")}, [this, discard = std::move(discard)](std::optional<int> button) {
+                     if (button == 1)
+                         idle_.run(discard);
                  });
 }
 
@@ -282,7 +295,7 @@ void Windows::showModelDownload(const TranscriptionModel& model, const QString& 
         return;
     }
     if (!downloadWindow_)
-        downloadWindow_ = std::make_unique<ModelDownloadWindow>(ui_.engine(), parts_.speech.downloads);
+        downloadWindow_ = std::make_unique<ModelDownloadWindow>(ui_.engine(), parts_.clock, parts_.speech.downloads);
     idle_.run([this, model, problem] {
         if (downloadWindow_)
             downloadWindow_->present(model, problem);

@@ -90,6 +90,7 @@ Q_SIGNALS:
     void quitRequested();
 
 private:
+    void askToDiscard(std::function<void()> discard);
     [[nodiscard]] LazyWindow::Content settingsContent();
     [[nodiscard]] std::unique_ptr<ModelListModel> makeModelList();
     [[nodiscard]] std::unique_ptr<ModesModel> makeModesModel();

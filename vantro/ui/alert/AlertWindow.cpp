@@ -10,8 +10,8 @@ void qml_register_types_Vantro_Alert();
 
 namespace vantro {
 
-AlertWindow::AlertWindow(QQmlEngine& engine, const Contents& contents, Answered answered)
-    : Dialog(engine, contents.title, Qt::WindowStaysOnTopHint)
+AlertWindow::AlertWindow(QQmlEngine& engine, Clock& clock, const Contents& contents, Answered answered)
+    : Dialog(engine, clock, contents.title, Qt::WindowStaysOnTopHint)
     , answered_(std::move(answered))
 {
     keepModule(qml_register_types_Vantro_Alert);

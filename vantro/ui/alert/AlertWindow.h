@@ -27,7 +27,7 @@ public:
         int safeButton = 0; ///< has the focus: Return presses it
     };
 
-    AlertWindow(QQmlEngine& engine, const Contents& contents, Answered answered = {});
+    AlertWindow(QQmlEngine& engine, Clock& clock, const Contents& contents, Answered answered = {});
 
 private Q_SLOTS:
     void pressed(int button);

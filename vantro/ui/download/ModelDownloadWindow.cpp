@@ -6,8 +6,8 @@ void qml_register_types_Vantro_Download();
 
 namespace vantro {
 
-ModelDownloadWindow::ModelDownloadWindow(QQmlEngine& engine, DownloadQueue& queue)
-    : Dialog(engine, tr("Speech model"), Qt::WindowMinimizeButtonHint)
+ModelDownloadWindow::ModelDownloadWindow(QQmlEngine& engine, Clock& clock, DownloadQueue& queue)
+    : Dialog(engine, clock, tr("Speech model"), Qt::WindowMinimizeButtonHint)
     , model_(queue)
 {
     keepModule(qml_register_types_Vantro_Download);
@@ -23,7 +23,7 @@ void ModelDownloadWindow::present(const TranscriptionModel& model, const QString
 {
     model_.setModel(model, reason);
     model_.retry();
-    Dialog::present();
+    presentUnasked();
 }
 
 } // namespace vantro

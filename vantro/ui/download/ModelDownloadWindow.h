@@ -11,11 +11,11 @@ class ModelDownloadWindow final : public Dialog
 {
     Q_OBJECT
 public:
-    ModelDownloadWindow(QQmlEngine& engine, DownloadQueue& queue);
+    ModelDownloadWindow(QQmlEngine& engine, Clock& clock, DownloadQueue& queue);
     ~ModelDownloadWindow() override;
 
-    /// Starts or resumes the download and brings the window to the front. @p reason: why the model has to be downloaded
-    /// again; may be empty.
+    /// Starts or resumes the download and brings the window up as presentUnasked() does. @p reason: why the model has
+    /// to be downloaded again; may be empty.
     void present(const TranscriptionModel& model, const QString& reason);
 
 private:

@@ -5,10 +5,10 @@
 
 namespace vantro {
 
-ShortcutWindow::ShortcutWindow(QQmlEngine& engine, KeyboardShortcuts& shortcuts, const HotKeyManager& hotKeys,
-                               const DesktopShortcuts& desktop, NotificationCenter& notifications,
-                               const QString& reason)
-    : Dialog(engine, tr("Shortcut"))
+ShortcutWindow::ShortcutWindow(QQmlEngine& engine, Clock& clock, KeyboardShortcuts& shortcuts,
+                               const HotKeyManager& hotKeys, const DesktopShortcuts& desktop,
+                               NotificationCenter& notifications, const QString& reason)
+    : Dialog(engine, clock, tr("Shortcut"))
     , recorder_(shortcuts, hotKeys, desktop, notifications, KeyboardShortcuts::Name::openModal)
 {
     keepModule(qml_register_types_Vantro_Shortcuts);

@@ -11,7 +11,7 @@ class ShortcutWindow final : public Dialog
     Q_OBJECT
 public:
     /// @p reason: why it asks; may be empty. All references must outlive the window.
-    ShortcutWindow(QQmlEngine& engine, KeyboardShortcuts& shortcuts, const HotKeyManager& hotKeys,
+    ShortcutWindow(QQmlEngine& engine, Clock& clock, KeyboardShortcuts& shortcuts, const HotKeyManager& hotKeys,
                    const DesktopShortcuts& desktop, NotificationCenter& notifications, const QString& reason);
     ~ShortcutWindow() override;
 
