@@ -12,6 +12,7 @@ from chatserver import Answer, ChatServer  # noqa: E402
 PROMPT = "Translate into German."
 TRANSLATION = "Das Kind verletzte beinahe den kleinen Hund."
 SUMMARY = "A child, a dog, a table."
+KEY_OF_2 = 11  # wherever it is, and whatever stands on it
 
 
 class ModesTest(DictationCase):
@@ -73,6 +74,18 @@ class ModesTest(DictationCase):
                          ("Custom", CHILD_WORDS, TRANSLATION))
         system = json.loads(self.server.requests[0]["body"])["messages"][0]["content"]
         self.assertTrue(system.startswith(PROMPT), system)
+
+    def test_a_digit_that_the_layout_has_with_shift_is_chosen_by_its_key(self):
+        self.server.answer = Answer.chat(TRANSLATION)
+        self.desktop.run("setxkbmap", "fr")
+        self.addCleanup(self.desktop.run, "setxkbmap", "us")
+        self.vantro.open_launcher()
+        for down in (True, False):
+            self.desktop.display.key_code(KEY_OF_2, down)
+        self.speak(CHILD)
+        self.vantro.end_dictation()
+        self.wait(lambda: self.arrived() == TRANSLATION, 60, "the translation in the editor")
+        self.wait_until_over()
 
     def test_notes_are_filed_and_summarized_and_not_pasted(self):
         self.server.answer = Answer.chat(SUMMARY)

@@ -27,6 +27,21 @@ constexpr int cornerRadius = 14;
 constexpr auto answerLimit = 500ms;
 constexpr auto fightSpan = 2000ms;
 constexpr std::size_t fightRounds = 3;
+constexpr int modeKeys = 5;
+/// The X key code of the first key in the row of digits. Some layouts have the digits there only with Shift.
+constexpr quint32 firstDigitKey = 10;
+
+/// 1 to 5, or 0 for another key.
+int modeNumber(const QKeyEvent& key)
+{
+    const int typed = key.text().toInt();
+    if (typed >= 1 && typed <= modeKeys)
+        return typed;
+    const quint32 place = key.nativeScanCode();
+    const bool isInRow =
+        key.modifiers() == Qt::NoModifier && place >= firstDigitKey && place < firstDigitKey + modeKeys;
+    return isInRow ? static_cast<int>(place - firstDigitKey) + 1 : 0;
+}
 
 } // namespace
 
@@ -180,7 +195,7 @@ void Launcher::keyPressEvent(QKeyEvent* event)
 {
     if (event->key() == Qt::Key_Escape)
         isEscapeDown_ = true; // pressed before it was a hot key
-    else if (!handleDigit(event->text()))
+    else if (!chooseMode(*event))
         QQuickView::keyPressEvent(event);
 }
 
@@ -192,11 +207,10 @@ void Launcher::keyReleaseEvent(QKeyEvent* event)
         QQuickView::keyReleaseEvent(event);
 }
 
-bool Launcher::handleDigit(const QString& characters)
+bool Launcher::chooseMode(const QKeyEvent& key)
 {
-    bool isNumber = false;
-    const int number = characters.toInt(&isNumber);
-    if (!isNumber || number < 1 || number > 5)
+    const int number = modeNumber(key);
+    if (number == 0)
         return false;
     model_.chooseMode(number - 1);
     return true;

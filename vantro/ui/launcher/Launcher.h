@@ -61,7 +61,7 @@ private:
     void becomeKey();
     [[nodiscard]] QString keysOf(const KeyboardShortcuts::Name& name) const;
     [[nodiscard]] bool escapeCancels() const;
-    [[nodiscard]] bool handleDigit(const QString& characters);
+    [[nodiscard]] bool chooseMode(const QKeyEvent& key);
 
     Logger logger_{"Launcher"};
     Dictation& dictation_;
