@@ -4,10 +4,12 @@
 import os
 import shutil
 import signal
+import subprocess
 import unittest
 
 from dictationcase import CHILD, CHILD_WORDS, SHORTCUT_KEYS, STOP_KEY, main, words
 from shellcase import ShellCase
+from vantro import BUS_NAME
 
 
 class EndCase(ShellCase):
@@ -49,6 +51,25 @@ class EndTest(EndCase):
                 self._log_before = 0
                 self.refuse_kept_recording()
                 self.assertNotIn("ended unexpectedly", self.vantro.log())
+
+
+    def test_a_reader_of_its_output_may_end_before_it(self):
+        self.vantro.quit()
+        reader, writer = os.pipe()
+        program = subprocess.Popen([self.vantro.program, "--shortcut", SHORTCUT_KEYS, "--verbose"],
+                                   env=self.desktop.env, stdout=writer, stderr=writer)
+        os.close(writer)
+        os.close(reader)
+        try:
+            self.wait(lambda: self.desktop.bus_name_owned(BUS_NAME), 20, "the program")
+            self.dictate(CHILD)
+            self.assertEqual(words(self.wait_for_text()), CHILD_WORDS)
+            self.wait_until_over()
+        finally:
+            program.terminate()
+            self.assertEqual(program.wait(10), 0)
+            self.vantro.start()
+            self._log_before = 0
 
 
 @unittest.skipUnless(shutil.which("xsm") and shutil.which("iceauth"), "there is no session manager")

@@ -12,6 +12,7 @@
 
 #include <unistd.h>
 
+#include <csignal>
 #include <cstdlib>
 
 namespace {
@@ -53,6 +54,8 @@ int main(int argc, char** argv)
         const QCoreApplication application(argc, argv);
         return commandLine.run();
     }
+    // Whoever reads its output may end before it.
+    std::signal(SIGPIPE, SIG_IGN);
     // A panel of 500 x 200 needs no GPU; its drivers would take more memory and time than everything else.
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
     QApplication application(argc, argv); // the embedded tray icon and the tray menu are widgets
