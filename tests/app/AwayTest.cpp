@@ -26,6 +26,32 @@ TEST_F(DictationTest, EndsAsByAStopWhenTheUserGoesAndLeavesTheTextOnTheClipboard
     EXPECT_EQ(shell.openPanels, 0);
 }
 
+TEST_F(DictationTest, EndsAsByAStopBehindALockerThatTellsNobody)
+{
+    const auto lookAfter = [this](std::chrono::milliseconds time) {
+        clock.advance(time);
+        pump();
+    };
+    pressShortcut();
+    speak(16'000);
+    for (int i = 0; i < 3; ++i) { // menus that are open for a moment
+        keyEvents.setKeyboardTaken(true);
+        lookAfter(2s);
+        keyEvents.setKeyboardTaken(false);
+        lookAfter(1s);
+    }
+    EXPECT_TRUE(recorder.isRecording());
+    keyEvents.setKeyboardTaken(true);
+    lookAfter(3s);
+    EXPECT_FALSE(recorder.isRecording());
+    lookAfter(150ms);
+    provider.answer(QStringLiteral("Before the lock."));
+    pump();
+    lookAfter(2s);
+    EXPECT_EQ(delivered, std::nullopt);
+    EXPECT_EQ(pasteboard.string(clipboard), QStringLiteral("Before the lock."));
+}
+
 TEST_F(DictationTest, IsDeliveredAsEverIfTheUserIsBackInTime)
 {
     pressShortcut();

@@ -368,8 +368,6 @@ protected:
     AudioDeviceManager devices{hardware, defaults};
     AudioRecorder recorder{engines.factory(), devices, permissions, clock};
     KeyboardShortcuts shortcuts{hotKeys, defaults, notifications};
-    PasteDelivery delivery{pasteboard, keyEvents, workspace, session, defaults, clock};
-    ShellDouble shell{workspace, engines};
     const QString kept = folder.filePath(QStringLiteral("vantro"));
     RecordingSpool spool{kept, clock};
     Recovery recovery{spool, clock, shell};
@@ -377,6 +375,8 @@ protected:
     std::optional<QString> delivered;
     AppDelegate delegate{{{defaults,
                            notifications,
+    PasteDelivery delivery{pasteboard, keyEvents, workspace, session, defaults, clock};
+    ShellDouble shell{workspace, engines};
                            clock,
                            recorder,
                            facade,
@@ -394,6 +394,7 @@ protected:
                           shortcuts,
                           models,
                           migrations,
+                           keyEvents,
                           [this]() -> QCoro::Task<> {
                               shell.steps << QStringLiteral("model");
                               co_return;

@@ -21,6 +21,8 @@ namespace {
 
 /// Of what the microphone did not deliver.
 constexpr auto worthTelling = 1s;
+constexpr auto keyboardLook = 1s;
+constexpr int looksAtLocker = 3;
 
 } // namespace
 
@@ -114,8 +116,23 @@ void Dictation::startCapture()
     recorder.setBusy(true);
     ahead_.follow(recorder.collector(), recorder.activeRecordingID());
     enter(State::recording);
+    watchKeyboard(0);
     expectService();
     connect(&recorder, &AudioRecorder::processingModeChanged, this, &Dictation::expectService);
+}
+
+/// Lockers that know no D-Bus tell nobody, but they keep the keyboard to themselves, unlike a menu for longer.
+void Dictation::watchKeyboard(int timesTaken)
+{
+    parts_.clock.callAfter(keyboardLook, this, [this, timesTaken] {
+        if (state_ != State::recording)
+            return;
+        const int looks = parts_.keyEvents.isKeyboardTaken() ? timesTaken + 1 : 0;
+        if (looks == looksAtLocker)
+            stop();
+        else
+            watchKeyboard(looks);
+    });
 }
 
 TranscriptionFacade::EngineUse Dictation::loadModel()

@@ -5,6 +5,7 @@
 #include "base/Logger.h"
 #include "base/NotificationCenter.h"
 #include "base/UserDefaults.h"
+#include "platform/KeyEventPoster.h"
 #include "platform/SessionState.h"
 #include "platform/SystemSounds.h"
 #include "vantro/ai/ModeHandlers.h"
@@ -57,6 +58,7 @@ public:
         Recovery& recovery;
         SystemSounds& sounds;
         SessionState& session;
+        const KeyEventPoster& keyEvents;
         Shell& shell;
     };
 
@@ -118,6 +120,7 @@ private:
     QCoro::Task<> runAgain();
     QCoro::Task<> bringText(std::vector<float> samples);
     void startCapture();
+    void watchKeyboard(int timesTaken);
     [[nodiscard]] TranscriptionFacade::EngineUse loadModel();
     void openLauncher(Keyboard keyboard);
     void expectService();

@@ -138,6 +138,7 @@ Dictation::Parts Program::dictationParts()
             recovery_,
             *platform_.sounds,
             *platform_.session,
+            *platform_.keyEvents,
             windows_};
 }
 
