@@ -63,7 +63,7 @@ protected:
     static void refuse(const std::optional<LimitNotice>& notice)
     {
         if (notice)
-            throw Error(QStringLiteral("%1: %2 Nothing was added.").arg(notice->title, notice->message));
+            throw Error(QStringLiteral("%1: %2").arg(notice->title, notice->message));
     }
 
     UserDefaults defaults_{UserDefaults::standardPath()};
@@ -247,7 +247,10 @@ int import(EditedList& list, const CommandCall& call)
     } catch (const SettingsNotSaved&) {
         throw;
     } catch (const Error& error) {
-        throw Error(QStringLiteral("%1: %2. The list is unchanged").arg(path, error.localizedDescription()));
+        QString reason = error.localizedDescription();
+        if (reason.endsWith(QLatin1Char('.')))
+            reason.chop(1);
+        throw Error(QStringLiteral("%1: %2. The list is unchanged").arg(path, reason));
     }
 }
 
