@@ -1324,6 +1324,14 @@
     </message>
 </context>
 <context>
+    <message>
+        <source>The window you were working in may not have taken the text. If it does not appear, press %1 there.</source>
+        <translation>Das Fenster, in dem du gearbeitet hast, hat den Text vielleicht nicht übernommen. Erscheint er nicht, drücke dort %1.</translation>
+    </message>
+    <message>
+        <source>The window you were working in has not taken the text yet. It appears when the window responds; only if it does not, press %1 there.</source>
+        <translation>Das Fenster, in dem du gearbeitet hast, hat den Text noch nicht übernommen. Er erscheint, sobald es antwortet; nur wenn er ausbleibt, drücke dort %1.</translation>
+    </message>
     <name>ProviderForm</name>
     <message>
         <source>Name is required</source>

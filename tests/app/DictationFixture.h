@@ -210,9 +210,9 @@ public:
             onLauncher(dictation);
         return panel;
     }
-    void showPasteHUD(std::optional<QRect> anchor, const QString& keys, const QString& reason) override
+    void showPasteHUD(std::optional<QRect> anchor, std::function<QString()> keys, const QString& reason) override
     {
-        huds.push_back({anchor, keys, reason});
+        huds.push_back({anchor, keys ? keys() : QString(), reason});
     }
     void showUndoOffer(std::optional<QRect>, std::function<void()> accepted) override { undo = std::move(accepted); }
     void showTranscribing() override { isTranscribingShown = true; }

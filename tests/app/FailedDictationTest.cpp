@@ -27,8 +27,8 @@ TEST_F(DictationTest, TellsWhatToPressWhenTheWindowDoesNotTakeTheText)
     EXPECT_TRUE(shell.huds.empty());
     clock.advance(2s);
     ASSERT_EQ(shell.huds.size(), 1U);
-    EXPECT_EQ(shell.huds.front().keys, QStringLiteral("Ctrl+V"));
-    EXPECT_FALSE(shell.huds.front().reason.isEmpty());
+    EXPECT_EQ(shell.huds.front().keys, QString()) << "whoever presses them at once pastes twice";
+    EXPECT_TRUE(shell.huds.front().reason.contains(QStringLiteral("Ctrl+V")));
     EXPECT_EQ(pasteboard.string(clipboard), QStringLiteral("Hello."));
 }
 

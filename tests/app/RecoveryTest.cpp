@@ -119,6 +119,30 @@ TEST_F(RecoveryTest, WhoHasMovedOnFindsTheTextOnTheClipboard)
     EXPECT_EQ(shell.huds.size(), 1U);
 }
 
+TEST_F(RecoveryTest, TheEndOfTheProcessKeepsARecordingWhoseTextNoWindowHasFetched)
+{
+    keyEvents.setTarget({});
+    dictate(QStringLiteral("On its way."));
+    EXPECT_EQ(settledFiles().size(), 1);
+    pasteboard.fetch(clipboard, editor);
+    clock.advance(50ms);
+    EXPECT_TRUE(isForgotten());
+    clock.advance(1s);
+
+    dictate(QStringLiteral("Not yet."));
+    delegate.applicationWillTerminate();
+    EXPECT_EQ(settledFiles().size(), 1);
+
+    workspace.focus(otherWindow);
+    workspace.setActivationPolicy([](auto) {});
+    keyEvents.setOrdinaryKeyDown(true);
+    record();
+    provider.answer(QStringLiteral("Before its keystroke."));
+    pump();
+    delegate.applicationWillTerminate();
+    EXPECT_EQ(settledFiles().size(), 2);
+}
+
 TEST_F(RecoveryTest, ACancelCanBeTakenBackByAClickOrTheShortcut)
 {
     const auto cancelWhile = [this](bool isRecording) {

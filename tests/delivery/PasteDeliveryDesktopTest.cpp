@@ -114,17 +114,17 @@ TEST_F(PasteDeliveryDesktopTest, ABusyTargetGetsTheWordsAlthoughAClipboardManage
 
 TEST_F(PasteDeliveryDesktopTest, ATargetThatIsBusyTooLongPastesTheWordsAndNotTheFormerText)
 {
-    QString keys;
-    QObject::connect(&*delivery_, &PasteDelivery::notFetched, &*delivery_, [&](const QString& told) { keys = told; });
+    QString told;
+    QObject::connect(&*delivery_, &PasteDelivery::notFetched, &*delivery_, [&](const QString& why) { told = why; });
     const auto editor = TargetProgram::qtEditor(*workspace_);
     openLauncher();
     editor->freeze();
     EXPECT_EQ(closeLauncherAndDeliver(), Outcome::Pasted);
-    EXPECT_TRUE(eventually([&] { return !keys.isEmpty(); }));
-    EXPECT_EQ(keys, QStringLiteral("Ctrl+V"));
+    EXPECT_TRUE(eventually([&] { return !told.isEmpty(); }));
+    EXPECT_EQ(clipboardElsewhere(), words);
     editor->thaw();
     EXPECT_TRUE(eventually([&] { return editor->text() == words; }));
-    EXPECT_EQ(clipboardElsewhere(), words);
+    EXPECT_TRUE(eventually([] { return clipboardElsewhere() == former; }));
 }
 
 TEST_F(PasteDeliveryDesktopTest, WhoTypesElsewhereByNowKeepsTheKeyboard)

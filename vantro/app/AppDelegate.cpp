@@ -68,7 +68,7 @@ void AppDelegate::observeNotifications()
         center.observe(notification::onboardingClosed, [this](const auto&) { shell().closeOnboarding(); }));
     observations_.push_back(center.observe(notification::modelDownloaded, [this](const auto&) { modelDownloaded(); }));
     connect(&parts_.dictation.delivery, &PasteDelivery::notFetched, this,
-            [this](const QString& keys, const QString& reason) { shell().showPasteHUD(std::nullopt, keys, reason); });
+            [this](const QString& reason) { shell().showPasteHUD(std::nullopt, {}, reason); });
     connect(&parts_.shortcuts, &KeyboardShortcuts::shortcutFailed, this, &AppDelegate::shortcutFailed);
 }
 

@@ -323,19 +323,28 @@ QCoro::Task<> Dictation::deliver(QString text)
 void Dictation::copy(const QString& text, std::optional<QRect> launcherFrame)
 {
     parts_.delivery.copy(text);
-    parts_.shell.showPasteHUD(launcherFrame, parts_.delivery.pasteKeys(),
+    parts_.shell.showPasteHUD(launcherFrame, pasteKeys(),
                               isAgain_ ? tr("The text of your recording is on the clipboard.") : QString());
 }
 
 QCoro::Task<> Dictation::paste(QString text, std::optional<QRect> launcherFrame)
 {
     closeLauncher();
-    const auto outcome = co_await parts_.delivery.deliver(text);
+    fate_ = Fate::handedOver;
+    const auto delivery = parts_.delivery.deliver(text, [recording = owed_.recording] { recording->discard(); });
+    const auto outcome = co_await delivery;
     if (outcome == PasteDelivery::Outcome::Pasted)
         timings_.pasted = parts_.clock.now();
     const QString reason = parts_.delivery.explanation(outcome);
     if (!reason.isEmpty())
-        parts_.shell.showPasteHUD(launcherFrame, parts_.delivery.pasteKeys(), reason);
+        parts_.shell.showPasteHUD(launcherFrame, pasteKeys(), reason);
+}
+
+std::function<QString()> Dictation::pasteKeys() const
+{
+    return [&delivery = parts_.delivery] {
+        return delivery.pasteKeys();
+    };
 }
 
 void Dictation::stopFor(const std::exception_ptr& cause)
@@ -398,8 +407,6 @@ void Dictation::discardRecording()
 
 void Dictation::leave()
 {
-    if (state_ == State::delivering && isTextStored())
-        owed_.recording->discard();
     giveUp(Fate::left);
 }
 
@@ -445,13 +452,13 @@ void Dictation::keepRest()
 
 void Dictation::settleRecording(std::optional<QRect> launcherFrame)
 {
-    const bool isLost = owed_.recording && owed_.recording->mayHoldSpeech() && fate_ != Fate::done;
+    const bool isLost = owed_.recording && owed_.recording->mayHoldSpeech() && fate_ >= Fate::failed;
     if (isLost && fate_ == Fate::failed) {
         parts_.recovery.offerFailed(owed_, notice_);
         return;
     }
     tellOfNotice();
-    if (!isLost && owed_.recording)
+    if (!isLost && owed_.recording && fate_ != Fate::handedOver)
         owed_.recording->discard();
     else if (isLost && fate_ == Fate::cancelled && isAgain_ && !owed_.isCancelled)
         parts_.recovery.keep(owed_);

@@ -111,8 +111,8 @@ private:
     struct GivenUp
     {
     };
-    /// What becomes of the recording.
-    enum class Fate { done, failed, cancelled, left };
+    /// What becomes of the recording. From failed on, it has not become text.
+    enum class Fate { done, handedOver, failed, cancelled, left };
 
     explicit Dictation(const Parts& parts);
 
@@ -143,6 +143,7 @@ private:
     void end();
 
     void enter(State state);
+    [[nodiscard]] std::function<QString()> pasteKeys() const;
     void giveUp(Fate fate);
     void giveUpIfCancelled() const;
     void keepRest();

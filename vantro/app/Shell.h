@@ -25,9 +25,10 @@ public:
 
     /// Creates a panel for @p dictation, which must outlive it. Not shown yet.
     [[nodiscard]] virtual std::unique_ptr<LauncherPanel> makeLauncher(Dictation& dictation) = 0;
-    /// @p anchor: where the launcher was, in screen coordinates. @p keys paste the text; @p reason says in a sentence
-    /// why the user has to, or nothing when he has chosen so.
-    virtual void showPasteHUD(std::optional<QRect> anchor, const QString& keys, const QString& reason) = 0;
+    /// @p anchor: where the launcher was, in screen coordinates. @p keys names what pastes the text in the window in
+    /// front, and is asked again when another one comes there; may be empty. @p reason says in a sentence why the user
+    /// has to, or nothing when he has chosen so.
+    virtual void showPasteHUD(std::optional<QRect> anchor, std::function<QString()> keys, const QString& reason) = 0;
     /// Offers for a moment to transcribe a cancelled recording after all; @p accepted is called for a click.
     virtual void showUndoOffer(std::optional<QRect> anchor, std::function<void()> accepted) = 0;
     /// Tells that a kept recording is being transcribed.

@@ -18,9 +18,6 @@ namespace {
 
 using Selection = Pasteboard::Selection;
 
-constexpr auto restoreDelay = 300ms;
-constexpr auto fetchLimit = 2000ms;
-constexpr auto fetchPoll = 50ms;
 constexpr auto focusLimit = 500ms;
 /// Window managers usually return the focus on their own within milliseconds of a window closing.
 constexpr auto activateAfter = 100ms;
@@ -106,16 +103,15 @@ bool PasteDelivery::copy(const QString& text)
     if (copied.isEmpty())
         return false;
     std::ignore = takePending();
-    leave(copied, target_.window);
+    leave(copied);
     printToPerson(QStringLiteral("Copied to clipboard: \"%1\"").arg(copied));
     return true;
 }
 
 QString PasteDelivery::pasteKeys() const
 {
-    const auto target = target_.window;
-    const bool isThere = target && workspace_.windowExists(*target);
-    return chordText(chordOf(isThere ? target : workspace_.frontWindow()));
+    const bool isThere = lastFront_ && workspace_.windowExists(*lastFront_);
+    return chordText(chordOf(isThere ? lastFront_ : workspace_.frontWindow()));
 }
 
 KeyEventPoster::PasteChord PasteDelivery::chordOf(std::optional<WindowID> window) const
@@ -132,15 +128,14 @@ void PasteDelivery::show(Selection selection, const QString& text)
         pasteboard_.setSecret(selection, text);
 }
 
-/// For good, wherever the keys that the user is told of find it.
-void PasteDelivery::leave(const QString& text, std::optional<WindowID> target)
+/// For good, wherever the keys of any window find it.
+void PasteDelivery::leave(const QString& text)
 {
-    pasteboard_.setString(Selection::Clipboard, text);
-    if (chordOf(target) == KeyEventPoster::PasteChord::ShiftInsert)
-        pasteboard_.setString(Selection::Primary, text);
+    for (const auto selection : {Selection::Clipboard, Selection::Primary})
+        pasteboard_.setString(selection, text);
 }
 
-QCoro::Task<PasteDelivery::Outcome> PasteDelivery::deliver(QString text)
+QCoro::Task<PasteDelivery::Outcome> PasteDelivery::deliver(QString text, std::function<void()> settled)
 {
     const QString dictated = plain(text);
     if (dictated.isEmpty())
@@ -151,10 +146,11 @@ QCoro::Task<PasteDelivery::Outcome> PasteDelivery::deliver(QString text)
     const auto target = target_.window;
     printToPerson(QStringLiteral("Copied to clipboard: \"%1\"").arg(dictated));
     if (isPasting(target)) {
-        addToPending(dictated);
+        addToPending(dictated, std::move(settled));
         co_return Outcome::Pasted;
     }
     Restore former = takeFormer(dictated);
+    former.settled.push_back(std::move(settled));
     show(Selection::Clipboard, dictated);
 
     Outcome outcome = co_await waitForKeyboard(target);
@@ -168,20 +164,10 @@ QCoro::Task<PasteDelivery::Outcome> PasteDelivery::deliver(QString text)
         outcome = paste(dictated, *target, former);
     if (outcome != Outcome::Pasted) {
         logger().error(explanation(outcome));
-        restore(Selection::Primary, former.primary);
-        leave(dictated, target);
+        leave(dictated);
+        settle(former);
     }
     co_return outcome;
-}
-
-/// What the previous delivery would still have restored.
-std::optional<PasteDelivery::Restore> PasteDelivery::takePending()
-{
-    const auto pending = std::exchange(pending_, std::nullopt);
-    ++generation_;
-    if (pending && !isFetched(*pending))
-        Q_EMIT notFetched({}, tr("A window has not taken the text before this one. That text is in the history."));
-    return pending;
 }
 
 PasteDelivery::Restore PasteDelivery::takeFormer(const QString& dictated)
@@ -209,32 +195,6 @@ PasteDelivery::Former PasteDelivery::former(Selection selection, const QString& 
 bool PasteDelivery::keepsEveryFormat() const
 {
     return defaults_.get(setting::restoreEveryFormat) && !defaults_.get(setting::copyToClipboardEnabled);
-}
-
-bool PasteDelivery::isFetched(const Restore& paste) const
-{
-    return pasteboard_.wasFetchedBy(Selection::Clipboard, paste.target) ||
-           (paste.primary && pasteboard_.wasFetchedBy(Selection::Primary, paste.target));
-}
-
-bool PasteDelivery::isPasting(std::optional<WindowID> target) const
-{
-    return pending_ && pending_->target == target && !isFetched(*pending_) &&
-           pasteboard_.string(Selection::Clipboard) == pending_->text;
-}
-
-void PasteDelivery::addToPending(const QString& dictated)
-{
-    Restore& paste = *pending_;
-    paste.text += QLatin1Char(' ') + dictated;
-    paste.pastedAt = clock_.now();
-    show(Selection::Clipboard, paste.text);
-    if (paste.clipboard)
-        paste.clipboard->ours = paste.text;
-    if (paste.primary) {
-        show(Selection::Primary, paste.text);
-        paste.primary->ours = paste.text;
-    }
 }
 
 QCoro::Task<PasteDelivery::Outcome> PasteDelivery::waitForKeyboard(std::optional<WindowID> target)
@@ -305,85 +265,13 @@ PasteDelivery::Outcome PasteDelivery::paste(const QString& dictated, WindowID ta
         keyEvents_.postPaste(chord);
     } catch (const KeyEventError& error) {
         keystrokeError_ = error.localizedDescription();
-        restore(Selection::Primary, former.primary);
         return Outcome::KeystrokeFailed;
     }
     former.target = target;
     former.pastedAt = clock_.now();
     pending_ = std::move(former);
-    scheduleRestore(restoreDelay);
+    followPending();
     return Outcome::Pasted;
-}
-
-void PasteDelivery::scheduleRestore(std::chrono::milliseconds delay)
-{
-    clock_.callAfter(delay, this, [this, generation = generation_] {
-        if (generation == generation_)
-            restoreWhenFetched();
-    });
-}
-
-void PasteDelivery::restoreWhenFetched()
-{
-    if (!pending_)
-        return;
-    if (!isFetched(*pending_) && clock_.now() - pending_->pastedAt < fetchLimit)
-        scheduleRestore(fetchPoll);
-    else
-        restoreNow();
-}
-
-void PasteDelivery::restoreNow()
-{
-    const auto paste = std::exchange(pending_, std::nullopt);
-    if (!paste)
-        return;
-    const bool isThere = pasteboard_.string(Selection::Clipboard) == paste->text;
-    // A clipboard manager that has taken the text over does not tell who fetches it.
-    if (isFetched(*paste) || (isThere && !pasteboard_.isOwner(Selection::Clipboard)))
-        restore(*paste);
-    else
-        tellOfUnfetched(*paste, isThere);
-}
-
-/// Whoever pastes later, when the window is no longer busy, must find this text and not the former one.
-void PasteDelivery::tellOfUnfetched(const Restore& paste, bool isThere)
-{
-    if (isThere)
-        leave(paste.text, paste.target);
-    else
-        restore(Selection::Primary, paste.primary);
-    const QString reason = tr("The window you were working in has not taken the text.") + QLatin1Char(' ') +
-                           (isThere ? onClipboard() : tr("The text is in the history."));
-    logger().error(reason);
-    Q_EMIT notFetched(isThere ? chordText(chordOf(paste.target)) : QString(), reason);
-}
-
-void PasteDelivery::restore(const Restore& former)
-{
-    restore(Selection::Clipboard, former.clipboard);
-    restore(Selection::Primary, former.primary);
-}
-
-void PasteDelivery::restore(Selection selection, const std::optional<Former>& former)
-{
-    // Leave anything that was copied in the meantime.
-    if (!former || pasteboard_.string(selection) != former->ours)
-        return;
-    printLine(QStringLiteral("Restoring state"));
-    // Not cleared first: some clipboard managers fill an empty clipboard with its previous text.
-    if (former->everything) {
-        printLine(QStringLiteral("Setting the old content"));
-        pasteboard_.setContents(selection, former->everything);
-    } else if (former->text) {
-        printLine(QStringLiteral("Setting the old content"));
-        if (former->isSecret)
-            pasteboard_.setSecret(selection, *former->text);
-        else
-            pasteboard_.setString(selection, *former->text);
-    } else {
-        pasteboard_.clear(selection);
-    }
 }
 
 QString PasteDelivery::explanation(Outcome outcome) const

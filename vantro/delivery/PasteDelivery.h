@@ -11,8 +11,10 @@
 #include <QString>
 #include <qcoro/qcorotask.h>
 
+#include <functional>
 #include <memory>
 #include <optional>
+#include <vector>
 
 namespace vantro {
 
@@ -59,28 +61,29 @@ public:
 
     /// Puts @p text, trimmed, where pasteKeys() finds it. Returns false and changes nothing when it is blank.
     bool copy(const QString& text);
-    /// What makes the remembered window paste, for the user to read.
+    /// What makes the window in front paste, or the one before one of our own, for the user to read.
     [[nodiscard]] QString pasteKeys() const;
 
     /// Copies @p text, waits until the remembered window has the focus (up to 500 ms) and no key is held down (up to 1
     /// s) and no other program has the keyboard to itself (1 s), then posts the window's paste keystroke, unless the
-    /// user is away. Unless "copyToClipboardEnabled" is set, the previous clipboard text
-    /// is restored later: 0.3 s after the keystroke, or once the window has fetched the text if that takes longer (up
-    /// to 2 s, then notFetched() is emitted instead), and not at all if the clipboard has been changed since. A window
-    /// that has not answered one keystroke yet gets no second one: its paste will bring both texts.
-    [[nodiscard]] QCoro::Task<Outcome> deliver(QString text);
+    /// user is away. Unless "copyToClipboardEnabled" is set, the previous clipboard text is restored later: 0.3 s after
+    /// the keystroke, or once the window has fetched the text if that takes longer, and not at all if the clipboard has
+    /// been changed since. After 2 s notFetched() is emitted. A window that has not answered one keystroke yet gets no
+    /// second one: its paste will bring both texts.
+    /// @p settled is called when nothing needs to be kept of the text: the window has fetched it, or it was left to the
+    /// user. Not if the process ends before.
+    [[nodiscard]] QCoro::Task<Outcome> deliver(QString text, std::function<void()> settled = {});
 
-    /// Settles a pending paste as it stands. For when the process is about to end.
+    /// Ends a pending paste as it stands. For when the process is about to end.
     void restoreNow();
 
     /// What to tell the user; empty when the outcome needs no explanation.
     [[nodiscard]] QString explanation(Outcome outcome) const;
 
 Q_SIGNALS:
-    /// A window that was sent the keystroke has not fetched the text: it is busy, or uses other keys. The text stays on
-    /// the clipboard, to be pasted with @p keys; if @p keys is empty it is only in the history. @p reason is for the
-    /// user.
-    void notFetched(const QString& keys, const QString& reason);
+    /// A window that was sent the keystroke has not fetched the text: it is busy, or uses other keys. @p reason tells
+    /// the user so, where the text is and what to do.
+    void notFetched(const QString& reason);
 
 private:
     class NextLook;
@@ -100,6 +103,8 @@ private:
         std::optional<Former> primary;
         WindowID target{};
         Clock::Instant pastedAt;
+        bool isTold = false; ///< the user knows that it has not been fetched
+        std::vector<std::function<void()>> settled;
     };
 
     void noteFront();
@@ -116,14 +121,21 @@ private:
     [[nodiscard]] bool keepsEveryFormat() const;
     [[nodiscard]] bool isFetched(const Restore& paste) const;
     [[nodiscard]] bool isPasting(std::optional<WindowID> target) const;
-    void addToPending(const QString& dictated);
+    [[nodiscard]] bool isOurs(const Restore& paste) const;
+    void addToPending(const QString& dictated, std::function<void()> settled);
     void show(Pasteboard::Selection selection, const QString& text);
-    void leave(const QString& text, std::optional<WindowID> target);
+    void leave(const QString& text);
     [[nodiscard]] KeyEventPoster::PasteChord chordOf(std::optional<WindowID> window) const;
     [[nodiscard]] Outcome paste(const QString& dictated, WindowID target, Restore restore);
-    void scheduleRestore(std::chrono::milliseconds delay);
-    void restoreWhenFetched();
-    void tellOfUnfetched(const Restore& paste, bool isThere);
+    void followPending();
+    void lookAfter(std::chrono::milliseconds delay);
+    void look();
+    void restoreInTime();
+    void lookForLateFetch();
+    void tellOfUnfetched();
+    void leaveForNow(Restore& paste);
+    [[nodiscard]] QString reasonOfUnfetched(const Restore& paste, bool isThere, bool isFollowed) const;
+    static void settle(Restore& paste);
     void restore(const Restore& former);
     void restore(Pasteboard::Selection selection, const std::optional<Former>& former);
 

@@ -250,7 +250,7 @@ void Windows::showRewritingFailure(const QString& text, std::function<void(AsSpo
                  });
 }
 
-void Windows::showPasteHUD(std::optional<QRect> anchor, const QString& keys, const QString& reason)
+void Windows::showPasteHUD(std::optional<QRect> anchor, std::function<QString()> keys, const QString& reason)
 {
     back_.run([this, anchor, keys, reason] { hud_.showHUD(anchor, keys, reason); });
 }

@@ -56,7 +56,7 @@ public:
 
     void checkForUpdates() override { updates_.check(UpdateChecker::Asker::launch); }
     [[nodiscard]] std::unique_ptr<LauncherPanel> makeLauncher(Dictation& dictation) override;
-    void showPasteHUD(std::optional<QRect> anchor, const QString& keys, const QString& reason) override;
+    void showPasteHUD(std::optional<QRect> anchor, std::function<QString()> keys, const QString& reason) override;
     void showUndoOffer(std::optional<QRect> anchor, std::function<void()> accepted) override;
     void showTranscribing() override;
     void withdrawHUD() override { hud_.withdraw(); }

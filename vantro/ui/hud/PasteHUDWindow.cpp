@@ -53,6 +53,7 @@ PasteHUDWindow::PasteHUDWindow(QQmlEngine& engine, const Workspace& workspace, C
     setResizeMode(SizeRootObjectToView);
     setInitialProperties({{QStringLiteral("model"), QVariant::fromValue(&model_)}});
     setSource(QUrl(QStringLiteral("qrc:/qt/qml/Vantro/Hud/PasteHud.qml")));
+    connect(&workspace_, &Workspace::frontWindowChanged, this, &PasteHUDWindow::followFront);
 }
 
 PasteHUDWindow::~PasteHUDWindow()
@@ -60,11 +61,12 @@ PasteHUDWindow::~PasteHUDWindow()
     setSource(QUrl()); // its bindings use the model, which is destroyed first
 }
 
-void PasteHUDWindow::showHUD(std::optional<QRect> anchor, const QString& keys, const QString& reason)
+void PasteHUDWindow::showHUD(std::optional<QRect> anchor, std::function<QString()> keys, const QString& reason)
 {
-    model_.title = keys;
+    keys_ = std::move(keys);
+    model_.title = keys_ ? keys_() : QString();
     model_.isSentence = false;
-    model_.caption = tr("to paste");
+    model_.caption = keys_ ? tr("to paste") : QString();
     model_.reason = reason;
     present(anchor, {});
     dismissAfterReading(reason);
@@ -72,6 +74,7 @@ void PasteHUDWindow::showHUD(std::optional<QRect> anchor, const QString& keys, c
 
 void PasteHUDWindow::showNews(const QString& title, const QString& caption)
 {
+    keys_ = nullptr;
     model_.title = title;
     model_.isSentence = true;
     model_.caption = caption;
@@ -86,9 +89,20 @@ void PasteHUDWindow::dismissAfterReading(const QString& text)
     clock_.callAfter(animationTime + visibleTime + readingTime, dismissWorkItem_.get(), [this] { dismiss(); });
 }
 
+/// The keys are for the window that the user is in when he reads them.
+void PasteHUDWindow::followFront()
+{
+    if (!keys_ || !isVisible() || model_.title == keys_())
+        return;
+    model_.title = keys_();
+    Q_EMIT model_.changed();
+    place(QRect(geometry().center(), QSize()));
+}
+
 void PasteHUDWindow::showOffer(std::optional<QRect> anchor, const QString& title, const QString& caption,
                                std::function<void()> accepted)
 {
+    keys_ = nullptr;
     model_.title = title;
     model_.isSentence = true;
     model_.caption = caption;
@@ -117,17 +131,11 @@ void PasteHUDWindow::present(std::optional<QRect> anchor, std::function<void()> 
     setFlag(Qt::WindowTransparentForInput, !model_.isButton);
     setCursor(model_.isButton ? Qt::PointingHandCursor : Qt::ArrowCursor);
     Q_EMIT model_.changed();
-    const QSize restingSize = rootObject()->property("restingSize").toSizeF().toSize();
-    const QRect content = anchor.value_or(centred(restingSize, centreOfMainScreen()));
     // Growing and fading needs a window that is larger than what it shows, and so a compositor. What takes clicks must
     // not be larger.
     model_.isAnimated = workspace_.isCompositing() && !model_.isButton;
-    QRect frame = centred(restingSize, content.center());
-    if (model_.isAnimated)
-        frame = frame.united(content).adjusted(-outset, -outset, outset, outset);
-    setGeometry(frame);
-    roundCorners(*this, cornerRadius, model_.isAnimated);
-    model_.startSize = model_.isAnimated ? content.size() : restingSize;
+    const QSize restingSize = place(anchor.value_or(QRect(centreOfMainScreen(), QSize())));
+    model_.startSize = model_.isAnimated && anchor ? anchor->size() : restingSize;
     model_.isSettled = false;
     Q_EMIT model_.changed();
     show();
@@ -135,6 +143,19 @@ void PasteHUDWindow::present(std::optional<QRect> anchor, std::function<void()> 
         model_.isSettled = true;
         Q_EMIT model_.changed();
     });
+}
+
+/// Gives the window the size that it needs around the middle of @p content, from which it may grow. Returns the size of
+/// what it shows.
+QSize PasteHUDWindow::place(QRect content)
+{
+    const QSize restingSize = rootObject()->property("restingSize").toSizeF().toSize();
+    QRect frame = centred(restingSize, content.center());
+    if (model_.isAnimated)
+        frame = frame.united(content).adjusted(-outset, -outset, outset, outset);
+    setGeometry(frame);
+    roundCorners(*this, cornerRadius, model_.isAnimated);
+    return restingSize;
 }
 
 void PasteHUDWindow::mouseReleaseEvent(QMouseEvent* event)

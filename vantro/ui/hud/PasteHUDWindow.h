@@ -23,8 +23,8 @@ public:
     ~PasteHUDWindow() override;
 
     /// @p anchor: the launcher's frame, in screen coordinates; the middle of the main screen when there is none.
-    /// @p keys paste the text. @p reason: a sentence, or nothing.
-    void showHUD(std::optional<QRect> anchor, const QString& keys, const QString& reason);
+    /// @p keys names what pastes the text in the window in front; may be empty. @p reason: a sentence, or nothing.
+    void showHUD(std::optional<QRect> anchor, std::function<QString()> keys, const QString& reason);
     /// Tells what has been done, for as long as reading it takes.
     void showNews(const QString& title, const QString& caption);
     /// Stays until withdraw(). A click on it calls @p accepted.
@@ -39,13 +39,16 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
+    void followFront();
     void present(std::optional<QRect> anchor, std::function<void()> clicked);
     void dismissAfterReading(const QString& text);
+    QSize place(QRect content);
     void dismiss();
 
     const Workspace& workspace_;
     Clock& clock_;
     PasteHUDModel model_;
+    std::function<QString()> keys_;
     std::function<void()> clicked_;
     bool staysUntilWithdrawn_ = false;
     std::unique_ptr<QObject> dismissWorkItem_; ///< its destruction cancels pending callbacks

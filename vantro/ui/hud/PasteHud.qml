@@ -8,8 +8,8 @@ Item {
     required property PasteHUDModel model
 
     readonly property size restingSize: {
-        const lines = title.implicitHeight + (caption.text ? caption.implicitHeight + texts.spacing : 0)
-                    + (reason.text ? reason.implicitHeight + texts.spacing : 0);
+        const heights = [title, caption, reason].filter(line => line.text).map(line => line.implicitHeight);
+        const lines = heights.reduce((sum, height) => sum + texts.spacing + height, -texts.spacing);
         const widest = Math.max(title.implicitWidth, caption.implicitWidth) + 2 * Theme.space24;
         return Qt.size(reason.text ? Math.max(Theme.hudWidth, widest) : Math.max(Theme.hudLeastWidth, widest),
                        Math.max(Theme.hudLeastHeight, lines + 2 * Theme.space16));
@@ -47,6 +47,7 @@ Item {
 
             Text {
                 id: title
+                visible: text !== ""
                 anchors.horizontalCenter: parent.horizontalCenter
                 text: hud.model.title
                 color: Theme.text

@@ -1,0 +1,218 @@
+// The part of PasteDelivery that follows a paste until its window has fetched the text.
+#include "base/Logger.h"
+#include "vantro/delivery/PasteChords.h"
+#include "vantro/delivery/PasteDelivery.h"
+
+#include <algorithm>
+#include <utility>
+
+using namespace std::chrono_literals;
+
+namespace vantro {
+
+namespace {
+
+using Selection = Pasteboard::Selection;
+
+constexpr auto restoreDelay = 300ms;
+constexpr auto fetchLimit = 2000ms;
+constexpr std::chrono::milliseconds fetchPoll = 50ms;
+/// Once the user has been told.
+constexpr std::chrono::milliseconds lateFetchPoll = 500ms;
+
+} // namespace
+
+/// What the previous delivery would still have restored.
+std::optional<PasteDelivery::Restore> PasteDelivery::takePending()
+{
+    auto pending = std::exchange(pending_, std::nullopt);
+    ++generation_;
+    if (!pending)
+        return pending;
+    if (!isFetched(*pending))
+        Q_EMIT notFetched(tr("A window has not taken the text before this one. That text is in the history."));
+    settle(*pending);
+    return pending;
+}
+
+bool PasteDelivery::isFetched(const Restore& paste) const
+{
+    return pasteboard_.wasFetchedBy(Selection::Clipboard, paste.target) ||
+           (paste.primary && pasteboard_.wasFetchedBy(Selection::Primary, paste.target));
+}
+
+/// Whether @p target still has a keystroke to answer, and will find our text then.
+bool PasteDelivery::isPasting(std::optional<WindowID> target) const
+{
+    return pending_ && pending_->target == target && !isFetched(*pending_) && isOurs(*pending_);
+}
+
+bool PasteDelivery::isOurs(const Restore& paste) const
+{
+    return pasteboard_.isOwner(Selection::Clipboard) && pasteboard_.string(Selection::Clipboard) == paste.text;
+}
+
+void PasteDelivery::addToPending(const QString& dictated, std::function<void()> settled)
+{
+    Restore& paste = *pending_;
+    paste.text += QLatin1Char(' ') + dictated;
+    paste.pastedAt = clock_.now();
+    paste.isTold = false;
+    paste.settled.push_back(std::move(settled));
+    show(Selection::Clipboard, paste.text);
+    if (paste.clipboard)
+        paste.clipboard->ours = paste.text;
+    if (paste.primary) {
+        show(Selection::Primary, paste.text);
+        paste.primary->ours = paste.text;
+    }
+    followPending();
+}
+
+void PasteDelivery::followPending()
+{
+    lookAfter(fetchPoll);
+}
+
+/// Instead of any look that is due.
+void PasteDelivery::lookAfter(std::chrono::milliseconds delay)
+{
+    clock_.callAfter(delay, this, [this, generation = ++generation_] {
+        if (generation == generation_ && pending_)
+            look();
+    });
+}
+
+void PasteDelivery::look()
+{
+    if (isFetched(*pending_))
+        restoreInTime();
+    else if (pending_->isTold)
+        lookForLateFetch();
+    else if (clock_.now() - pending_->pastedAt < fetchLimit)
+        lookAfter(fetchPoll);
+    else
+        tellOfUnfetched();
+}
+
+void PasteDelivery::restoreInTime()
+{
+    settle(*pending_);
+    // A user who has been told may have pressed the keys as well: they must not find the former text.
+    if (std::exchange(pending_->isTold, false))
+        pending_->pastedAt = clock_.now();
+    const auto left = std::chrono::ceil<std::chrono::milliseconds>(pending_->pastedAt + restoreDelay - clock_.now());
+    if (left > 0ms)
+        lookAfter(std::min(left, fetchPoll));
+    else
+        restore(*std::exchange(pending_, std::nullopt));
+}
+
+void PasteDelivery::lookForLateFetch()
+{
+    if (workspace_.windowExists(pending_->target) && isOurs(*pending_)) {
+        lookAfter(lateFetchPoll);
+        return;
+    }
+    settle(*pending_);
+    pending_.reset();
+}
+
+void PasteDelivery::restoreNow()
+{
+    auto paste = std::exchange(pending_, std::nullopt);
+    if (!paste)
+        return;
+    if (isFetched(*paste)) {
+        settle(*paste);
+        restore(*paste);
+    } else if (!paste->isTold && isOurs(*paste)) {
+        leave(paste->text);
+    }
+}
+
+/// Whoever pastes later, when the window is no longer busy, must find this text and not the former one.
+void PasteDelivery::tellOfUnfetched()
+{
+    Restore& paste = *pending_;
+    const bool isThere = pasteboard_.string(Selection::Clipboard) == paste.text;
+    const bool isFollowed = isThere && pasteboard_.isOwner(Selection::Clipboard);
+    const QString reason = reasonOfUnfetched(paste, isThere, isFollowed);
+    if (isThere)
+        leaveForNow(paste);
+    else
+        restore(Selection::Primary, paste.primary);
+    if (isFollowed) {
+        paste.isTold = true;
+        lookAfter(lateFetchPoll);
+    } else {
+        settle(paste);
+        pending_.reset();
+    }
+    Logger("PasteDelivery").error(reason);
+    Q_EMIT notFetched(reason);
+}
+
+/// As leave() does, until the window fetches it.
+void PasteDelivery::leaveForNow(Restore& paste)
+{
+    if (!paste.primary && paste.clipboard)
+        paste.primary = former(Selection::Primary, paste.text, std::nullopt);
+    leave(paste.text);
+}
+
+/// A clipboard manager that has taken the text over does not tell who fetches it.
+QString PasteDelivery::reasonOfUnfetched(const Restore& paste, bool isThere, bool isFollowed) const
+{
+    if (!isThere)
+        return tr("The window you were working in has not taken the text.") + QLatin1Char(' ') +
+               tr("The text is in the history.");
+    const QString keys = chordText(chordOf(paste.target));
+    if (!isFollowed)
+        return tr("The window you were working in may not have taken the text. If it does not appear, press %1 there.")
+            .arg(keys);
+    return tr("The window you were working in has not taken the text yet. It appears when the window responds; only if "
+              "it "
+              "does not, press %1 there.")
+        .arg(keys);
+}
+
+/// Nothing needs to be kept of the text any more.
+void PasteDelivery::settle(Restore& paste)
+{
+    for (const auto& settled : std::exchange(paste.settled, {})) {
+        if (settled)
+            settled();
+    }
+}
+
+void PasteDelivery::restore(const Restore& former)
+{
+    restore(Selection::Clipboard, former.clipboard);
+    restore(Selection::Primary, former.primary);
+}
+
+void PasteDelivery::restore(Selection selection, const std::optional<Former>& former)
+{
+    // Leave anything that was copied in the meantime.
+    if (!former || pasteboard_.string(selection) != former->ours)
+        return;
+    printLine(QStringLiteral("Restoring state"));
+    // Not cleared first: some clipboard managers fill an empty clipboard with its previous text.
+    if (former->everything) {
+        printLine(QStringLiteral("Setting the old content"));
+        pasteboard_.setContents(selection, former->everything);
+    } else if (former->text) {
+        printLine(QStringLiteral("Setting the old content"));
+        if (former->isSecret)
+            pasteboard_.setSecret(selection, *former->text);
+        else
+            pasteboard_.setString(selection, *former->text);
+    } else {
+        if (selection == Selection::Clipboard)
+            Logger("PasteDelivery").info(QStringLiteral("No text was on the clipboard; anything else does not return"));
+        pasteboard_.clear(selection);
+    }
+}
+
+} // namespace vantro
