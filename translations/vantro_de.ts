@@ -346,6 +346,18 @@
 <context>
     <name>Error</name>
     <message>
+    <message>
+        <source>vantro was ended. The recording is kept.</source>
+        <translation>vantro wurde beendet. Die Aufnahme ist erhalten.</translation>
+    </message>
+    <message>
+        <source>Cancelled. Your note is kept as you said it.</source>
+        <translation>Abgebrochen. Deine Notiz ist erhalten, wie du sie gesprochen hast.</translation>
+    </message>
+    <message>
+        <source>Cancelled. What you said is in the history, as you said it.</source>
+        <translation>Abgebrochen. Was du gesagt hast, steht wie gesprochen im Verlauf.</translation>
+    </message>
         <source>There is not enough free memory. Close other programs.</source>
         <translation>Es ist nicht genug Speicher frei. Schließe andere Programme.</translation>
     </message>

@@ -131,9 +131,14 @@ public:
         rows << transcription;
         co_return;
     }
-    QCoro::Task<> summarizeToday(std::shared_ptr<FormatRequestServicing>) override { co_return; }
+    QCoro::Task<> summarizeToday(std::shared_ptr<FormatRequestServicing>) override
+    {
+        if (answer)
+            co_await answer->opened();
+    }
 
     bool full = false;
+    Gate* answer = nullptr; ///< of the language model, which is waited for; null if it answers at once
     QStringList rows;
 };
 
@@ -370,13 +375,13 @@ protected:
     KeyboardShortcuts shortcuts{hotKeys, defaults, notifications};
     const QString kept = folder.filePath(QStringLiteral("vantro"));
     RecordingSpool spool{kept, clock};
+    PasteDelivery delivery{pasteboard, keyEvents, workspace, session, defaults, clock};
+    ShellDouble shell{workspace, engines};
     Recovery recovery{spool, clock, shell};
     bool isModelReady;
     std::optional<QString> delivered;
     AppDelegate delegate{{{defaults,
                            notifications,
-    PasteDelivery delivery{pasteboard, keyEvents, workspace, session, defaults, clock};
-    ShellDouble shell{workspace, engines};
                            clock,
                            recorder,
                            facade,
@@ -389,12 +394,12 @@ protected:
                            recovery,
                            sounds,
                            session,
+                           keyEvents,
                            shell},
                           permissions,
                           shortcuts,
                           models,
                           migrations,
-                           keyEvents,
                           [this]() -> QCoro::Task<> {
                               shell.steps << QStringLiteral("model");
                               co_return;

@@ -119,6 +119,37 @@ TEST_F(RecoveryTest, WhoHasMovedOnFindsTheTextOnTheClipboard)
     EXPECT_EQ(shell.huds.size(), 1U);
 }
 
+TEST_F(RecoveryTest, WhoCancelsTheLanguageModelReadsWhereTheWordsAreAndTheEndOfTheProcessKeepsThem)
+{
+    Gate answer;
+    store.answer = &answer;
+    const auto note = [this] {
+        pressShortcut();
+        recorder.setProcessingMode(ProcessingMode::Notes);
+        speak(16'000);
+        stopAndDrain();
+        provider.answer(QStringLiteral("Buy milk."));
+        pump();
+    };
+    note();
+    delegate.cancelDictation();
+    pump();
+    EXPECT_FALSE(shell.undo);
+    ASSERT_EQ(shell.huds.size(), 1U);
+    EXPECT_TRUE(shell.huds.front().reason.contains(QStringLiteral("is kept")));
+    EXPECT_TRUE(isForgotten());
+    answer.open();
+    pump();
+
+    Gate lateAnswer;
+    store.answer = &lateAnswer;
+    note();
+    delegate.applicationWillTerminate();
+    EXPECT_EQ(settledFiles().size(), 1) << "nobody has told the user";
+    lateAnswer.open();
+    pump();
+}
+
 TEST_F(RecoveryTest, TheEndOfTheProcessKeepsARecordingWhoseTextNoWindowHasFetched)
 {
     keyEvents.setTarget({});

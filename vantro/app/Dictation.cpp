@@ -414,11 +414,23 @@ void Dictation::giveUp(Fate fate)
 {
     if (state_ >= State::delivering)
         return;
-    fate_ = isTextStored() ? Fate::done : fate;
-    failure_ = tr("It was cancelled.");
+    const bool isStored = fate == Fate::cancelled && isTextStored();
+    fate_ = isStored ? Fate::done : fate;
+    failure_ = fate == Fate::left ? tr("vantro was ended. The recording is kept.") : tr("It was cancelled.");
     stop_.request_stop();
+    const auto anchor = launcherFrame();
     end();
+    if (isStored)
+        tellOfStoredText(anchor);
     spoken_.open(); // anywhere else run() notices on its own
+}
+
+void Dictation::tellOfStoredText(std::optional<QRect> launcherFrame)
+{
+    parts_.shell.showPasteHUD(launcherFrame, {},
+                              mode_ == ProcessingMode::Notes
+                                  ? tr("Cancelled. Your note is kept as you said it.")
+                                  : tr("Cancelled. What you said is in the history, as you said it."));
 }
 
 /// Alerts come last because they take the keyboard focus.

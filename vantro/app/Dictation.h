@@ -145,6 +145,7 @@ private:
     void enter(State state);
     [[nodiscard]] std::function<QString()> pasteKeys() const;
     void giveUp(Fate fate);
+    void tellOfStoredText(std::optional<QRect> launcherFrame);
     void giveUpIfCancelled() const;
     void keepRest();
     void settleRecording(std::optional<QRect> launcherFrame);
