@@ -204,6 +204,19 @@ TEST_F(DictationTest, WithNothingSaidClosesWithoutATrace)
     EXPECT_EQ(provider.ended, 2) << "the model is released after either";
 }
 
+TEST_F(DictationTest, WhoPressesTheShortcutTooSoonReadsThatNothingIsRecorded)
+{
+    pressShortcut();
+    pressShortcut();
+    EXPECT_TRUE(shell.huds.empty()) << "the launcher is there";
+    speak(16'000);
+    stopAndDrain();
+    pressShortcut();
+    ASSERT_EQ(shell.huds.size(), 1U);
+    EXPECT_EQ(shell.huds.front().reason, QStringLiteral("Still working on the last dictation."));
+    EXPECT_FALSE(recorder.isRecording());
+}
+
 TEST_F(DictationTest, CancelledAtAnyMomentDeliversNothingAndLeavesTheNextOneFree)
 {
     pressShortcut();

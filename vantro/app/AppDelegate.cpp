@@ -114,8 +114,13 @@ QCoro::Task<> AppDelegate::modelDownloaded()
 
 std::weak_ptr<Dictation> AppDelegate::showLauncherAndRecord(Dictation::Keyboard keyboard)
 {
-    if (isUserAway() || (dictation_ && !dictation_->isOver()))
+    if (isUserAway())
         return {};
+    if (dictation_ && !dictation_->isOver()) {
+        if (dictation_->state() > Dictation::State::recording)
+            shell().showPasteHUD(std::nullopt, {}, tr("Still working on the last dictation."));
+        return {};
+    }
     if (!hasModel())
         return {};
     recovery().forgetCancelled();
