@@ -117,6 +117,10 @@
         <source>the speech model is missing; see the program&apos;s window</source>
         <translation>das Sprachmodell fehlt; sieh im Fenster des Programms nach</translation>
     </message>
+    <message>
+        <source>Still working on the last dictation.</source>
+        <translation>Das letzte Diktat ist noch in Arbeit.</translation>
+    </message>
 </context>
 <context>
     <name>AudioInputMode</name>
@@ -244,6 +248,18 @@
         <source>It was cancelled.</source>
         <translation>Es wurde abgebrochen.</translation>
     </message>
+    <message>
+        <source>vantro was ended. The recording is kept.</source>
+        <translation>vantro wurde beendet. Die Aufnahme ist erhalten.</translation>
+    </message>
+    <message>
+        <source>Cancelled. Your note is kept as you said it.</source>
+        <translation>Abgebrochen. Deine Notiz ist erhalten, wie du sie gesprochen hast.</translation>
+    </message>
+    <message>
+        <source>Cancelled. What you said is in the history, as you said it.</source>
+        <translation>Abgebrochen. Was du gesagt hast, steht wie gesprochen im Verlauf.</translation>
+    </message>
 </context>
 <context>
     <name>DictationsPage</name>
@@ -346,18 +362,6 @@
 <context>
     <name>Error</name>
     <message>
-    <message>
-        <source>vantro was ended. The recording is kept.</source>
-        <translation>vantro wurde beendet. Die Aufnahme ist erhalten.</translation>
-    </message>
-    <message>
-        <source>Cancelled. Your note is kept as you said it.</source>
-        <translation>Abgebrochen. Deine Notiz ist erhalten, wie du sie gesprochen hast.</translation>
-    </message>
-    <message>
-        <source>Cancelled. What you said is in the history, as you said it.</source>
-        <translation>Abgebrochen. Was du gesagt hast, steht wie gesprochen im Verlauf.</translation>
-    </message>
         <source>There is not enough free memory. Close other programs.</source>
         <translation>Es ist nicht genug Speicher frei. Schließe andere Programme.</translation>
     </message>
@@ -1320,6 +1324,14 @@
         <source>A menu or a locked screen had the keyboard to itself.</source>
         <translation>Ein Menü oder ein gesperrter Bildschirm hatte die Tastatur für sich.</translation>
     </message>
+    <message>
+        <source>The window you were working in may not have taken the text. If it does not appear, press %1 there.</source>
+        <translation>Das Fenster, in dem du gearbeitet hast, hat den Text vielleicht nicht übernommen. Erscheint er nicht, drücke dort %1.</translation>
+    </message>
+    <message>
+        <source>The window you were working in has not taken the text yet. It appears when the window responds; only if it does not, press %1 there.</source>
+        <translation>Das Fenster, in dem du gearbeitet hast, hat den Text noch nicht übernommen. Er erscheint, sobald es antwortet; nur wenn er ausbleibt, drücke dort %1.</translation>
+    </message>
 </context>
 <context>
     <name>PasteHUDWindow</name>
@@ -1336,14 +1348,6 @@
     </message>
 </context>
 <context>
-    <message>
-        <source>The window you were working in may not have taken the text. If it does not appear, press %1 there.</source>
-        <translation>Das Fenster, in dem du gearbeitet hast, hat den Text vielleicht nicht übernommen. Erscheint er nicht, drücke dort %1.</translation>
-    </message>
-    <message>
-        <source>The window you were working in has not taken the text yet. It appears when the window responds; only if it does not, press %1 there.</source>
-        <translation>Das Fenster, in dem du gearbeitet hast, hat den Text noch nicht übernommen. Er erscheint, sobald es antwortet; nur wenn er ausbleibt, drücke dort %1.</translation>
-    </message>
     <name>ProviderForm</name>
     <message>
         <source>Name is required</source>
@@ -2095,6 +2099,18 @@
         <source>The speech model is ready</source>
         <translation>Das Sprachmodell ist bereit</translation>
     </message>
+    <message>
+        <source>Discard the recording?</source>
+        <translation>Aufnahme verwerfen?</translation>
+    </message>
+    <message>
+        <source>What you said will be gone. If you keep it, vantro offers it again at the next start.</source>
+        <translation>Was du gesagt hast, ist dann verloren. Behältst du die Aufnahme, bietet vantro sie beim nächsten Start wieder an.</translation>
+    </message>
+    <message>
+        <source>Keep</source>
+        <translation>Behalten</translation>
+    </message>
 </context>
 <context>
     <name>X11Connection</name>
@@ -2119,18 +2135,6 @@
     <message>
         <source>The X server does not let programs type (its XTEST extension is missing).</source>
         <translation>Der X-Server lässt Programme nicht tippen (seine Erweiterung XTEST fehlt).</translation>
-    <message>
-        <source>Discard the recording?</source>
-        <translation>Aufnahme verwerfen?</translation>
-    </message>
-    <message>
-        <source>What you said will be gone. If you keep it, vantro offers it again at the next start.</source>
-        <translation>Was du gesagt hast, ist dann verloren. Behältst du die Aufnahme, bietet vantro sie beim nächsten Start wieder an.</translation>
-    </message>
-    <message>
-        <source>Keep</source>
-        <translation>Behalten</translation>
-    </message>
     </message>
     <message>
         <source>The X server refused the paste keystroke.</source>

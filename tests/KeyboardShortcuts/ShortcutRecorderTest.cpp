@@ -1,5 +1,6 @@
 #include "KeyboardShortcuts/RawKeyMonitor.h"
 #include "base/UserDefaults.h"
+#include "base/testing/ManualClock.h"
 #include "platform/KeyCode.h"
 #include "platform/linux/x11/X11HotKeyManager.h"
 #include "platform/testing/FakeDesktopAppearance.h"
@@ -42,7 +43,7 @@ protected:
 
     void showWindow()
     {
-        window_.emplace(ui_->engine(), *shortcuts_, *hotKeys_, desktop_, notifications_, QString());
+        window_.emplace(ui_->engine(), clock_, *shortcuts_, *hotKeys_, desktop_, notifications_, QString());
         window_->present();
         ASSERT_TRUE(eventually([&] { return window_->isActive(); }));
     }
@@ -61,6 +62,7 @@ protected:
     }
 
     QTemporaryDir folder_;
+    doubles::ManualClock clock_;
     UserDefaults defaults_{folder_.filePath(QStringLiteral("vantro.ini"))};
     NotificationCenter notifications_;
     doubles::FakeDesktopShortcuts desktop_;

@@ -60,7 +60,7 @@ protected:
     QTemporaryDir folder_;
     UserDefaults defaults_{folder_.filePath(QStringLiteral("vantro.ini"))};
     doubles::FakeDesktopAppearance appearance_;
-    ManualClock clock_;
+    doubles::ManualClock clock_;
     std::optional<UiEngine> ui_;
     QList<QPointer<AlertWindow>> alerts_;
     QList<int> answers_; ///< -1 for no button
