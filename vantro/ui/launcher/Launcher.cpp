@@ -60,8 +60,9 @@ Launcher::Launcher(const Context& context)
     setResizeMode(SizeRootObjectToView);
     setInitialProperties({{QStringLiteral("model"), QVariant::fromValue(&model_)}});
     setSource(QUrl(QStringLiteral("qrc:/qt/qml/Vantro/Launcher/Launcher.qml")));
-    connect(rootObject(), SIGNAL(finishRequested()), &dictation_, SLOT(stop()));
-    connect(rootObject(), SIGNAL(cancelRequested()), this, SLOT(cancelOperation()));
+    // Queued: closing deletes what the click came from.
+    connect(rootObject(), SIGNAL(finishRequested()), &dictation_, SLOT(stop()), Qt::QueuedConnection);
+    connect(rootObject(), SIGNAL(cancelRequested()), this, SLOT(cancelOperation()), Qt::QueuedConnection);
     placeOnScreen();
     roundCorners(*this, cornerRadius, workspace_.isCompositing());
 

@@ -25,7 +25,6 @@ Rectangle {
     }
 
     color: Theme.surface
-    onStepChanged: Qt.callLater(takeKeyboard)
     onIsStepGoodChanged: if (step === OnboardingModel.Model) Qt.callLater(takeKeyboard)
     Component.onCompleted: takeKeyboard()
 
@@ -56,6 +55,8 @@ Rectangle {
     Loader {
         id: page
         anchors { left: parent.left; right: parent.right; top: dots.bottom; bottom: buttons.top; margins: Theme.space24 }
+        // At once: the next Return is meant for the new page.
+        onLoaded: window.takeKeyboard()
         sourceComponent: [microphonePage, keysPage, shortcutPage, modelPage, practicePage][window.model.step]
     }
     Item {
