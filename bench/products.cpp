@@ -32,7 +32,8 @@ constexpr Format formats[] = {{MatrixFormat::float16, GGML_TYPE_F16},
                               {MatrixFormat::q5, GGML_TYPE_Q5_0},
                               {MatrixFormat::q4, GGML_TYPE_Q4_0}};
 
-constexpr const char* levelNames[] = {"baseline", "AVX2", "AVX-VNNI", "AVX-512", "AVX-512 VNNI", "AVX-512 BF16"};
+constexpr const char* levelNames[] = {"baseline",     "AVX2",         "AVX-VNNI",    "AVX-512",
+                                      "AVX-512 VNNI", "AVX-512 BF16", "dot product", "i8mm"};
 
 /// Of this thread's processor time; other programs on the machine hardly show.
 double seconds()

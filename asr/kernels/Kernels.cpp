@@ -2,6 +2,11 @@
 
 #include "asr/kernels/Levels.h"
 
+#ifdef VANTRO_ASR_ARM64
+#include <asm/hwcap.h>
+#include <sys/auxv.h>
+#endif
+
 namespace vantro::asr::kernels {
 
 #ifdef VANTRO_ASR_X86
@@ -25,8 +30,23 @@ bool isSupported(Level level)
         return hasAvx512 && __builtin_cpu_supports("avx512vnni");
     case Level::avx512Bf16:
         return hasAvx512 && __builtin_cpu_supports("avx512bf16");
+    default:
+        return false;
     }
-    return false;
+}
+#elif defined(VANTRO_ASR_ARM64)
+bool isSupported(Level level)
+{
+    switch (level) {
+    case Level::baseline:
+        return true;
+    case Level::dotProduct:
+        return (getauxval(AT_HWCAP) & HWCAP_ASIMDDP) != 0;
+    case Level::i8mm:
+        return (getauxval(AT_HWCAP2) & HWCAP2_I8MM) != 0;
+    default:
+        return false;
+    }
 }
 #else
 bool isSupported(Level level)

@@ -14,10 +14,12 @@ enum class Level {
     avx512,     ///< F, BW, DQ and VL
     avx512Vnni, ///< the same and 8-bit dot products
     avx512Bf16, ///< AVX-512 and dot products of bfloat16
+    dotProduct, ///< arm64's, of bytes
+    i8mm,       ///< arm64's matrix products of bytes
 };
-inline constexpr Level levels[] = {Level::baseline, Level::avx2,       Level::avxVnni,
-                                   Level::avx512,   Level::avx512Vnni, Level::avx512Bf16};
-inline constexpr Level highestLevel = Level::avx512Bf16;
+inline constexpr Level levels[] = {Level::baseline,   Level::avx2,       Level::avxVnni,    Level::avx512,
+                                   Level::avx512Vnni, Level::avx512Bf16, Level::dotProduct, Level::i8mm};
+inline constexpr Level highestLevel = Level::i8mm;
 
 /// Whether this processor has it.
 bool isSupported(Level level);

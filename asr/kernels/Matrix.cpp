@@ -2,6 +2,8 @@
 
 #include "asr/kernels/Levels.h"
 
+#include <initializer_list>
+
 namespace vantro::asr::kernels {
 
 namespace {
@@ -14,7 +16,7 @@ struct Implementation
 };
 
 /// The best ones of a format first.
-constexpr Implementation implementations[] = {
+constexpr std::initializer_list<Implementation> implementations = {
 #ifdef VANTRO_ASR_X86
     {MatrixFormat::bfloat16, Level::avx512Bf16,
      [] {
@@ -71,6 +73,32 @@ constexpr Implementation implementations[] = {
     {MatrixFormat::q4, Level::avx2,
      [] {
          return &avx2Matrices().q4;
+     }},
+#endif
+#ifdef VANTRO_ASR_ARM64
+    {MatrixFormat::q8, Level::i8mm,
+     [] {
+         return &matrixProductMatrices().q8;
+     }},
+    {MatrixFormat::q5, Level::i8mm,
+     [] {
+         return &matrixProductMatrices().q5;
+     }},
+    {MatrixFormat::q4, Level::i8mm,
+     [] {
+         return &matrixProductMatrices().q4;
+     }},
+    {MatrixFormat::q8, Level::dotProduct,
+     [] {
+         return &dotProductMatrices().q8;
+     }},
+    {MatrixFormat::q5, Level::dotProduct,
+     [] {
+         return &dotProductMatrices().q5;
+     }},
+    {MatrixFormat::q4, Level::dotProduct,
+     [] {
+         return &dotProductMatrices().q4;
      }},
 #endif
 };

@@ -192,9 +192,10 @@ const StoredMatrices& avxVnniMatrices()
 const StoredMatrices& avx2Matrices()
 #endif
 {
-    static constexpr StoredMatrices matrices = {
-        kernelsOf<Format<Words>, StoredHalves>, kernelsOf<Format<Smallest>, Scaled<StoredBytes>>,
-        kernelsOf<Format<Smallest>, Scaled<StoredFiveBits>>, kernelsOf<Format<Smallest>, Scaled<StoredNibbles>>};
+    static constexpr StoredMatrices matrices = {{kernelsOf<Format<Smallest>, Scaled<StoredBytes>>,
+                                                 kernelsOf<Format<Smallest>, Scaled<StoredFiveBits>>,
+                                                 kernelsOf<Format<Smallest>, Scaled<StoredNibbles>>},
+                                                kernelsOf<Format<Words>, StoredHalves>};
     return matrices;
 }
 
