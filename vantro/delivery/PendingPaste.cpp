@@ -171,9 +171,8 @@ QString PasteDelivery::reasonOfUnfetched(const Restore& paste, bool isThere, boo
     if (!isFollowed)
         return tr("The window you were working in may not have taken the text. If it does not appear, press %1 there.")
             .arg(keys);
-    return tr("The window you were working in has not taken the text yet. It appears when the window responds; only if "
-              "it "
-              "does not, press %1 there.")
+    return tr("The window you were working in has not taken the text yet. "
+              "It appears when the window responds; only if it does not, press %1 there.")
         .arg(keys);
 }
 
