@@ -8,6 +8,7 @@ ListView {
 
     property int current
     property bool takesMany: false
+    property double releasedAt: 0 // when Delete was released, in milliseconds
     signal picked(int row)
     signal extended(int row)
     signal toggled(int row)
@@ -22,6 +23,11 @@ ListView {
         return key === Qt.Key_Up ? current - 1 : key === Qt.Key_Down ? current + 1
              : key === Qt.Key_PageUp ? current - pageRows : key === Qt.Key_PageDown ? current + pageRows
              : key === Qt.Key_Home ? 0 : -2
+    }
+    // Held down, a key would empty the list. Its repeats are not always marked: they come as releases and presses, and
+    // are known by their nearness.
+    function isRepeated(event) {
+        return event.isAutoRepeat || Date.now() - releasedAt < Theme.repeatGapMs
     }
     function go(row, modifiers) {
         const to = Math.max(0, Math.min(row, count - 1))
@@ -62,7 +68,7 @@ ListView {
             go(row, event.modifiers)
         else if (event.key === Qt.Key_End)
             endWanted()
-        else if (event.key === Qt.Key_Delete && !event.isAutoRepeat) // held down, it would empty the list
+        else if (event.key === Qt.Key_Delete && !isRepeated(event))
             removed()
         else if (event.key === Qt.Key_Space && takesMany && event.modifiers & Qt.ControlModifier)
             toggled(current)
@@ -70,6 +76,10 @@ ListView {
             allChosen()
         else
             event.accepted = false
+    }
+    Keys.onReleased: event => {
+        if (event.key === Qt.Key_Delete && !event.isAutoRepeat)
+            releasedAt = Date.now()
     }
     T.ScrollBar.vertical: VScrollBar {}
 }

@@ -70,6 +70,7 @@ QtObject {
 
     readonly property int stateMs: reducedMotion ? 0 : 120
     readonly property int signMs: 1500
+    readonly property int repeatGapMs: 40
     readonly property int keyTrialMs: 400
     readonly property int typingPauseMs: 400
     readonly property int hudMs: reducedMotion ? 0 : 320
