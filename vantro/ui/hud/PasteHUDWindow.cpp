@@ -139,6 +139,7 @@ void PasteHUDWindow::present(std::optional<QRect> anchor, std::function<void()> 
     model_.isSettled = false;
     Q_EMIT model_.changed();
     show();
+    raise(); // an alert that came since may lie there
     QTimer::singleShot(0, dismissWorkItem_.get(), [this] {
         model_.isSettled = true;
         Q_EMIT model_.changed();
