@@ -31,6 +31,7 @@ class GoodDictationTest(DictationCase):
         self.click(launcher.x + 60, launcher.y + launcher.height - 26)
         self.assertEqual(words(self.wait_for_text()), CHILD_WORDS)
         self.wait_until_over()
+        self.wait(lambda: self.desktop.clipboard() == FORMER, 5, "the former clipboard")
         launcher = self.vantro.open_launcher()
         with self.delivers_nothing():
             self.click(launcher.x + launcher.width - 50, launcher.y + launcher.height - 26)

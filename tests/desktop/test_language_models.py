@@ -103,15 +103,12 @@ class LanguageModelsTest(DictationCase):
         self.server.answer = Answer(status=503)
         self.dictate(CHILD)
         alert = self.wait_for_alert_saying("API error (503)")
-        self.wait(lambda: self.desktop.display.active_window() == alert.id, 5, "the alert to have the keyboard")
-        self.desktop.press("Return")
+        self.answer(alert, "Return")
         self.wait(lambda: words(self.arrived()) == CHILD_WORDS, 20, "the words in the editor")
 
         self.dictate(CHILD)
         alert = self.wait_for_alert_saying("API error (503)")
-        self.wait(lambda: self.desktop.display.active_window() == alert.id, 5, "the alert to have the keyboard")
-        self.desktop.press("Tab")
-        self.desktop.press("space")
+        self.answer(alert, "Tab", "space")
         self.wait(lambda: words(self.desktop.clipboard() or "") == CHILD_WORDS, 5, "the words on the clipboard")
 
     def test_a_default_mode_that_nobody_serves_leaves_the_text_as_it_is(self):

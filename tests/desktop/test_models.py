@@ -5,9 +5,10 @@ import shutil
 import subprocess
 import sys
 import tempfile
+import time
 from pathlib import Path
 
-from dictationcase import CHILD, CHILD_WORDS, HUD_TITLE, ROOT, SHORTCUT_KEYS, DictationCase, main, words
+from dictationcase import CHILD, CHILD_WORDS, HUD_TITLE, REST_S, ROOT, SHORTCUT_KEYS, DictationCase, main, words
 from shellcase import ONBOARDING_TITLE
 
 sys.path.insert(0, str(ROOT / "tests" / "models"))
@@ -176,8 +177,9 @@ class ModelsTest(DictationCase):
         self.wait(lambda: "Model download failed: 127.0.0.1 has no file " + FILE in self.vantro.log(), 20,
                   "the failure")
         window = self.wait(lambda: self.vantro.window(WINDOW_TITLE), 5, "the download window")
-        self.wait(lambda: self.desktop.display.active_window() == window.id, 5, "the window to have the keyboard")
+        self.desktop.activate(window)
         self.server.fault = Fault()
+        time.sleep(REST_S)
         self.desktop.press("Return")
         self.wait(lambda: not self.vantro.window(WINDOW_TITLE), 60, "the download window to close")
         self.dictate_once()
