@@ -7,7 +7,7 @@ import time
 import unittest
 from contextlib import ExitStack
 
-from dictationcase import CHILD, CHILD_WORDS, FORMER, SHORTCUT_KEYS, STOP_KEY, DictationCase, main, words
+from dictationcase import CHILD, CHILD_WORDS, FORMER, REST_S, SHORTCUT_KEYS, STOP_KEY, DictationCase, main, words
 
 from program import poll_until
 
@@ -134,6 +134,7 @@ class ShortcutsTest(DictationCase):
             self._log_before = 0
             window = self.wait(lambda: self.vantro.window(SHORTCUT_TITLE), 20, "the question for a shortcut")
             self.wait(lambda: self.desktop.display.active_window() == window.id, 10, "its keyboard")
+            time.sleep(REST_S)
             self.desktop.press("space")
             self.desktop.press("k")
             self.desktop.press("F9")
