@@ -98,7 +98,7 @@ QCoro::Task<> RecognitionAhead::recognise(std::shared_ptr<Attempt> attempt, std:
 QCoro::Task<QString> RecognitionAhead::transcribe(QString recordingID, std::vector<float> samples,
                                                   TranscriptionFacade::Options options)
 {
-    listening_.reset();
+    stopListening();
     pauses_.hear(std::span(samples).subspan(pauses_.heardCount()));
     // What is too short to be speech is no reason to leave the rest out.
     if (pauses_.usefulCount() >= minimumSampleCount)
@@ -117,8 +117,16 @@ QCoro::Task<QString> RecognitionAhead::transcribe(QString recordingID, std::vect
 
 void RecognitionAhead::end()
 {
-    listening_.reset();
+    stopListening();
     drop();
+}
+
+/// Gives the samples' memory back: a dictation outlives its end.
+void RecognitionAhead::stopListening()
+{
+    listening_.reset();
+    collector_.reset();
+    samples_ = {};
 }
 
 void RecognitionAhead::drop()

@@ -73,6 +73,7 @@ private:
     void attempt();
     QCoro::Task<> recognise(std::shared_ptr<Attempt> attempt, std::vector<float> samples);
     void drop();
+    void stopListening();
 
     Parts parts_;
     QString recordingID_;

@@ -143,12 +143,18 @@ bool FluidAsrEngine::hear(const Unfinished& recording)
     std::vector<float> fresh(recording.samples.begin() + static_cast<std::ptrdiff_t>(live_->given),
                              recording.samples.end());
     live_->given = recording.samples.size();
-    std::ignore = executor_.run([live = live_, fresh = std::move(fresh), mayHaveEnded = recording.mayHaveEnded] {
+    std::ignore = executor_.run([this, live = live_, fresh = std::move(fresh), mayHaveEnded = recording.mayHaveEnded] {
         if (!live->stream)
             return;
-        live->stream->append(fresh);
-        if (mayHaveEnded)
-            live->stream->speculate();
+        try {
+            live->stream->append(fresh);
+            if (mayHaveEnded)
+                live->stream->speculate();
+        } catch (const std::exception& error) {
+            // It may lack samples now: the recording is transcribed as a whole.
+            logger_.error(QStringLiteral("No longer recognised while it is made: ") + detailOf(error));
+            live->stream.reset();
+        }
     });
     return true;
 }
