@@ -89,10 +89,13 @@ TEST_F(AlertWindowTest, LeavesTheKeyboardToWhoWorksInAnotherProgram)
     EXPECT_TRUE(answers_.isEmpty());
 }
 
-TEST_F(AlertWindowTest, TakesNoKeyUntilTheKeyboardHasRested)
+TEST_F(AlertWindowTest, TakesNoKeyUntilTheKeyboardHasRestedUnlessItWasAskedFor)
 {
+    const auto asked = alert();
+    asked->present();
+    ASSERT_TRUE(eventually([&] { return asked->isActive(); }));
     const auto window = alert();
-    window->present();
+    window->presentUnasked();
     ASSERT_TRUE(eventually([&] { return window->isActive(); }));
     for (const auto key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Tab, Qt::Key_Space, Qt::Key_Escape}) {
         clock_.advance(900ms); // of a word that is being typed
@@ -107,4 +110,9 @@ TEST_F(AlertWindowTest, TakesNoKeyUntilTheKeyboardHasRested)
     clock_.advance(Dialog::restTime);
     strike(window, Qt::Key_Space);
     EXPECT_EQ(answers_, QList<int>{0});
+
+    asked->present();
+    ASSERT_TRUE(eventually([&] { return asked->isActive(); }));
+    strike(asked, Qt::Key_Space);
+    EXPECT_EQ(answers_, (QList<int>{0, 0}));
 }

@@ -39,6 +39,13 @@ void Dialog::load(const QString& qml, const QVariantMap& properties)
 
 void Dialog::present()
 {
+    cameByItself_ = false;
+    isRested_ = true;
+    bringToFront();
+}
+
+void Dialog::bringToFront()
+{
     place();
     setProperty(withoutActivating, false);
     show();
@@ -48,8 +55,10 @@ void Dialog::present()
 
 void Dialog::presentUnasked()
 {
+    cameByItself_ = true;
+    rest();
     if (hasKeyboard()) {
-        present();
+        bringToFront();
         return;
     }
     place();
@@ -61,7 +70,6 @@ void Dialog::presentUnasked()
 
 void Dialog::place()
 {
-    rest();
     fitToContent();
     if (const QScreen* screen = QGuiApplication::primaryScreen(); screen != nullptr && !isVisible()) {
         QRect rect(QPoint(), size());
@@ -74,7 +82,8 @@ bool Dialog::event(QEvent* event)
 {
     switch (event->type()) {
     case QEvent::FocusIn:
-        rest();
+        if (cameByItself_)
+            rest();
         break;
     case QEvent::ShortcutOverride:
     case QEvent::KeyPress:

@@ -8,9 +8,9 @@
 
 namespace vantro {
 
-/// A small window with the implicit size of its QML root. The root's signal "closed" closes it. Keys count in it only
-/// once the keyboard has rested for restTime since it came up or got the keyboard: what is typed at that moment was
-/// meant for another window. Main thread.
+/// A small window with the implicit size of its QML root. The root's signal "closed" closes it. One that came up by
+/// itself takes keys only once the keyboard has rested for restTime since it came up or got the keyboard: what is typed
+/// at that moment was meant for another window. Main thread.
 class Dialog : public QQuickView
 {
     Q_OBJECT
@@ -33,6 +33,7 @@ protected:
     void load(const QString& qml, const QVariantMap& properties);
 
 private:
+    void bringToFront();
     void fitToContent();
     void place();
     void rest();
@@ -40,7 +41,8 @@ private:
 
     Clock& clock_;
     Clock::Instant restBegan_;
-    bool isRested_ = false;
+    bool isRested_ = true;
+    bool cameByItself_ = false;
 };
 
 } // namespace vantro
