@@ -17,6 +17,7 @@ class FakeKeyEventPoster final : public KeyEventPoster
 public:
     [[nodiscard]] bool isOrdinaryKeyDown() const override { return keyDown_; }
     [[nodiscard]] bool isKeyboardTaken() const override { return isTaken_; }
+    [[nodiscard]] bool isMenuOpen() const override { return isMenuOpen_; }
     void postPaste(PasteChord chord) override
     {
         if (refusal_)
@@ -30,6 +31,7 @@ public:
     void refuse(std::optional<QString> reason) { refusal_ = std::move(reason); }
     void setOrdinaryKeyDown(bool down) { keyDown_ = down; }
     void setKeyboardTaken(bool taken) { isTaken_ = taken; }
+    void setMenuOpen(bool open) { isMenuOpen_ = open; }
     /// Called as the focused program when it receives the keystroke.
     void setTarget(std::function<void(PasteChord)> target) { target_ = std::move(target); }
 
@@ -39,6 +41,7 @@ private:
     std::optional<QString> refusal_;
     bool keyDown_ = false;
     bool isTaken_ = false;
+    bool isMenuOpen_ = false;
     std::function<void(PasteChord)> target_;
     std::vector<PasteChord> posted_;
 };

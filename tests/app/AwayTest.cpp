@@ -40,8 +40,11 @@ TEST_F(DictationTest, EndsAsByAStopBehindALockerThatTellsNobody)
         keyEvents.setKeyboardTaken(false);
         lookAfter(1s);
     }
-    EXPECT_TRUE(recorder.isRecording());
     keyEvents.setKeyboardTaken(true);
+    keyEvents.setMenuOpen(true);
+    lookAfter(10s); // one that its user reads
+    EXPECT_TRUE(recorder.isRecording());
+    keyEvents.setMenuOpen(false);
     lookAfter(3s);
     EXPECT_FALSE(recorder.isRecording());
     lookAfter(150ms);

@@ -121,13 +121,14 @@ void Dictation::startCapture()
     connect(&recorder, &AudioRecorder::processingModeChanged, this, &Dictation::expectService);
 }
 
-/// Lockers that know no D-Bus tell nobody, but they keep the keyboard to themselves, unlike a menu for longer.
+/// Lockers that know no D-Bus tell nobody, but they keep the keyboard to themselves for longer than other programs.
 void Dictation::watchKeyboard(int timesTaken)
 {
     parts_.clock.callAfter(keyboardLook, this, [this, timesTaken] {
         if (state_ != State::recording)
             return;
-        const int looks = parts_.keyEvents.isKeyboardTaken() ? timesTaken + 1 : 0;
+        const bool isTaken = parts_.keyEvents.isKeyboardTaken() && !parts_.keyEvents.isMenuOpen();
+        const int looks = isTaken ? timesTaken + 1 : 0;
         if (looks == looksAtLocker)
             stop();
         else

@@ -8,12 +8,15 @@
 #include <QCoreApplication>
 
 #include <X11/XKBlib.h>
+#include <X11/Xatom.h>
 #include <X11/extensions/XTest.h>
 #include <X11/keysym.h>
 
 #include <algorithm>
 #include <array>
 #include <chrono>
+#include <memory>
+#include <span>
 
 using namespace std::chrono_literals;
 
@@ -23,6 +26,7 @@ namespace {
 
 /// Programs look up the keymap when they process the key press, which may be late.
 constexpr auto borrowedKeyTime = 3000ms;
+constexpr long maxWindowTypes = 16;
 
 QString tr(const char* text)
 {
@@ -157,6 +161,47 @@ bool X11KeyEventPoster::isKeyboardTaken() const
     const X11ErrorTrap trap(connection_);
     return XGrabKeyboard(connection_.display(), hiddenWindow_, False, GrabModeAsync, GrabModeAsync, CurrentTime) ==
            AlreadyGrabbed;
+}
+
+/// Menus are children of the root window, whichever window manager runs, and toolkits mark them.
+bool X11KeyEventPoster::isMenuOpen() const
+{
+    if (!connection_.isOpen())
+        return false;
+    const X11ErrorTrap trap(connection_);
+    Window root = None;
+    Window parent = None;
+    Window* list = nullptr;
+    unsigned count = 0;
+    if (XQueryTree(connection_.display(), connection_.rootWindow(), &root, &parent, &list, &count) == 0)
+        return false;
+    const std::unique_ptr<Window, decltype(&XFree)> owner(list, &XFree);
+    return std::ranges::any_of(std::span(list, count), [this](Window window) { return isMenu(window); });
+}
+
+bool X11KeyEventPoster::isMenu(unsigned long window) const
+{
+    Display* const display = connection_.display();
+    XWindowAttributes attributes{};
+    if (XGetWindowAttributes(display, window, &attributes) == 0 || attributes.map_state != IsViewable)
+        return false;
+    Atom type = None;
+    int format = 0;
+    unsigned long count = 0;
+    unsigned long left = 0;
+    unsigned char* data = nullptr;
+    if (XGetWindowProperty(display, window, XInternAtom(display, "_NET_WM_WINDOW_TYPE", False), 0, maxWindowTypes,
+                           False, XA_ATOM, &type, &format, &count, &left, &data) != Success)
+        return false;
+    const std::unique_ptr<unsigned char, decltype(&XFree)> owner(data, &XFree);
+    if (data == nullptr || type != XA_ATOM || format != 32)
+        return false;
+    const std::array menus{XInternAtom(display, "_NET_WM_WINDOW_TYPE_MENU", False),
+                           XInternAtom(display, "_NET_WM_WINDOW_TYPE_DROPDOWN_MENU", False),
+                           XInternAtom(display, "_NET_WM_WINDOW_TYPE_POPUP_MENU", False),
+                           XInternAtom(display, "_NET_WM_WINDOW_TYPE_COMBO", False)};
+    const std::span types(reinterpret_cast<const Atom*>(data), count);
+    return std::ranges::find_first_of(types, menus) != types.end();
 }
 
 void X11KeyEventPoster::freeModifiers(const X11Keymap& keymap)

@@ -25,11 +25,13 @@ public:
 
     [[nodiscard]] bool isOrdinaryKeyDown() const override;
     [[nodiscard]] bool isKeyboardTaken() const override;
+    [[nodiscard]] bool isMenuOpen() const override;
     void postPaste(PasteChord chord) override;
 
 private:
     struct Stroke;
 
+    [[nodiscard]] bool isMenu(unsigned long window) const;
     void freeModifiers(const X11Keymap& keymap);
     [[nodiscard]] Stroke strokeFor(PasteChord chord);
     [[nodiscard]] unsigned borrowKey(const X11Keymap& keymap, const X11Keymap& pressed, unsigned long keysym);

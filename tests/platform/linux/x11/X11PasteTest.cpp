@@ -3,7 +3,9 @@
 #include "tests/desktop/X11Session.h"
 
 #include <QElapsedTimer>
+#include <QWindow>
 
+#include <X11/Xatom.h>
 #include <X11/Xlib.h>
 
 #include <memory>
@@ -119,6 +121,28 @@ TEST_F(X11PasteTest, AskingWhoHasTheKeyboardTakesItFromNobody)
     EXPECT_FALSE(poster_->isKeyboardTaken()) << "our own grab is no obstacle";
     EXPECT_EQ(grab(other.get()), AlreadyGrabbed) << "our own grab is not lost by the question";
     release(connection_->display());
+}
+
+TEST_F(X11PasteTest, AMenuIsToldFromALocker)
+{
+    QWindow locker;
+    locker.setFlags(Qt::BypassWindowManagerHint);
+    locker.setGeometry(0, 0, 2000, 2000);
+    locker.show();
+    ASSERT_TRUE(eventually([&] { return locker.isExposed(); }));
+    EXPECT_FALSE(poster_->isMenuOpen());
+    QWindow menu;
+    menu.setFlags(Qt::Popup);
+    menu.resize(100, 100);
+    menu.create();
+    Display* const display = connection_->display();
+    const Atom type = XInternAtom(display, "_NET_WM_WINDOW_TYPE_POPUP_MENU", False); // as QMenu and GtkMenu do
+    XChangeProperty(display, menu.winId(), XInternAtom(display, "_NET_WM_WINDOW_TYPE", False), XA_ATOM, 32,
+                    PropModeReplace, reinterpret_cast<const unsigned char*>(&type), 1);
+    menu.show();
+    EXPECT_TRUE(eventually([&] { return poster_->isMenuOpen(); }));
+    menu.hide();
+    EXPECT_TRUE(eventually([&] { return !poster_->isMenuOpen(); }));
 }
 
 TEST_F(X11PasteTest, HeldModifiersAreReleasedAndStayReleased)
