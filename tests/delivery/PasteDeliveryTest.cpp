@@ -1,22 +1,11 @@
-#include "vantro/delivery/PasteDelivery.h"
-
 #include "base/Settings.h"
-#include "base/testing/ManualClock.h"
-#include "platform/testing/FakeKeyEventPoster.h"
-#include "platform/testing/FakePasteboard.h"
-#include "platform/testing/FakeSessionState.h"
-#include "platform/testing/FakeWorkspace.h"
-
-#include <QTemporaryDir>
+#include "tests/delivery/PasteDeliveryFixture.h"
 
 #include <fcntl.h>
-#include <gmock/gmock.h>
 #include <unistd.h>
 
 #include <array>
 #include <cstdlib>
-#include <memory>
-#include <optional>
 #include <string>
 
 using namespace std::chrono_literals;
@@ -27,65 +16,8 @@ using ::testing::IsEmpty;
 
 namespace {
 
-using Chord = KeyEventPoster::PasteChord;
-using Outcome = PasteDelivery::Outcome;
-using Selection = Pasteboard::Selection;
-
-constexpr WindowID editor = 1;
-constexpr WindowID launcher = 2;
-constexpr WindowID other = 3;
-
-const QString former = QStringLiteral("former");
-const QString words = QStringLiteral("spoken words");
-
-/// The desktop at the moment a dictation's text is ready: the launcher has just closed, the keyboard is back.
-class PasteDeliveryTest : public ::testing::Test
+class PasteDeliveryTest : public PasteDeliveryFixture
 {
-protected:
-    PasteDeliveryTest()
-    {
-        workspace_.openWindow(editor, {QStringLiteral("Editor"), QStringLiteral("editor")});
-        workspace_.openWindow(launcher);
-        workspace_.makeOwn(launcher);
-        workspace_.openWindow(other);
-        workspace_.focus(editor);
-        pasteboard_.setByOther(Selection::Clipboard, former);
-        keys_.setTarget([this](Chord chord) {
-            const auto selection = chord == Chord::ShiftInsert ? Selection::Primary : Selection::Clipboard;
-            if (targetReads_)
-                received_ = pasteboard_.fetch(selection, editor);
-        });
-        delivery_->rememberTarget();
-        QObject::connect(delivery_.get(), &PasteDelivery::notFetched, &observer_,
-                         [this](const QString& reason) { told_ << reason; });
-    }
-
-    void deliver(const QString& text = words)
-    {
-        outcome_.reset();
-        [](PasteDeliveryTest& self, QString text) -> QCoro::Task<> {
-            const auto delivery = self.delivery_->deliver(text, [&self, text] { self.settled_ << text; });
-            self.outcome_ = co_await delivery;
-        }(*this, text);
-    }
-
-    std::optional<QString> clipboard() const { return pasteboard_.string(Selection::Clipboard); }
-
-    QTemporaryDir folder_;
-    UserDefaults defaults_{folder_.filePath(QStringLiteral("vantro.ini"))};
-    ManualClock clock_;
-    FakePasteboard pasteboard_;
-    FakeKeyEventPoster keys_;
-    FakeWorkspace workspace_;
-    FakeSessionState session_;
-    std::unique_ptr<PasteDelivery> delivery_ =
-        std::make_unique<PasteDelivery>(pasteboard_, keys_, workspace_, session_, defaults_, clock_);
-    QObject observer_;
-    QStringList told_;    ///< of texts that were not fetched
-    QStringList settled_; ///< texts of which nothing needs to be kept
-    bool targetReads_ = true;
-    std::optional<QString> received_;
-    std::optional<Outcome> outcome_;
 };
 
 } // namespace
@@ -296,59 +228,6 @@ TEST_F(PasteDeliveryTest, NothingThatATerminalWouldObeyIsPasted)
     EXPECT_EQ(outcome_, Outcome::Nothing);
 }
 
-TEST_F(PasteDeliveryTest, AnOwnWindowIsATargetOnlyWithATextField)
-{
-    constexpr WindowID alert = 4;
-    constexpr WindowID settings = 5;
-    for (const WindowID own : {alert, settings}) {
-        workspace_.openWindow(own);
-        workspace_.makeOwn(own, own == settings);
-    }
-    workspace_.focus(alert);
-    delivery_->rememberTarget();
-    deliver();
-    clock_.advance(120ms);
-    EXPECT_EQ(outcome_, Outcome::Pasted);
-    EXPECT_EQ(workspace_.frontWindow(), editor);
-
-    workspace_.focus(settings);
-    delivery_->rememberTarget();
-    deliver();
-    EXPECT_EQ(outcome_, Outcome::Pasted);
-    EXPECT_EQ(workspace_.frontWindow(), settings);
-
-    constexpr WindowID practice = 6;
-    workspace_.openWindow(practice);
-    workspace_.makeOwn(practice);
-    workspace_.focus(practice);
-    delivery_->rememberTarget();
-    workspace_.makeOwn(practice, true); // its page is there a moment later
-    deliver();
-    EXPECT_EQ(outcome_, Outcome::Pasted);
-    EXPECT_EQ(workspace_.frontWindow(), practice);
-}
-
-TEST_F(PasteDeliveryTest, AUserWhoHasMovedOnKeepsTheKeyboard)
-{
-    workspace_.openWindow(editor, {QStringLiteral("XTerm"), QStringLiteral("xterm")});
-    workspace_.focus(other);
-    deliver();
-    clock_.advance(120ms);
-    EXPECT_EQ(outcome_, Outcome::MovedOn);
-    EXPECT_THAT(workspace_.activations(), IsEmpty());
-    EXPECT_THAT(keys_.posted(), IsEmpty());
-    clock_.advance(5s);
-    EXPECT_EQ(delivery_->pasteKeys(), QStringLiteral("Ctrl+V")) << "where the user is";
-    workspace_.focus(editor);
-    EXPECT_EQ(delivery_->pasteKeys(), QStringLiteral("Shift+Insert"));
-    workspace_.focus(launcher);
-    EXPECT_EQ(delivery_->pasteKeys(), QStringLiteral("Shift+Insert")) << "no window of ours";
-    for (const auto selection : {Selection::Clipboard, Selection::Primary}) {
-        EXPECT_EQ(pasteboard_.string(selection), words) << "those keys must find it";
-        EXPECT_FALSE(pasteboard_.isSecret(selection));
-    }
-}
-
 TEST_F(PasteDeliveryTest, WhatTheUserCopiesMeanwhileIsKept)
 {
     deliver();
@@ -369,130 +248,6 @@ TEST_F(PasteDeliveryTest, TwoDeliveriesInARowRestoreWhatWasThereBeforeTheFirst)
     EXPECT_EQ(clipboard(), former);
 }
 
-TEST_F(PasteDeliveryTest, WaitsUntilTheWindowItselfHasTheKeyboard)
-{
-    workspace_.focus(launcher);
-    deliver();
-    EXPECT_FALSE(outcome_);
-    workspace_.setFrontWindow(editor);
-    clock_.advance(10ms);
-    EXPECT_THAT(keys_.posted(), IsEmpty()) << "the window manager's word runs ahead of the keyboard";
-    workspace_.setInputFocus(editor);
-    clock_.advance(2ms);
-    EXPECT_EQ(outcome_, Outcome::Pasted);
-    EXPECT_THAT(workspace_.activations(), IsEmpty());
-}
-
-TEST_F(PasteDeliveryTest, AsksOnceForTheKeyboardWhenItDoesNotComeBackByItself)
-{
-    workspace_.focus(launcher);
-    deliver();
-    clock_.advance(120ms);
-    EXPECT_EQ(outcome_, Outcome::Pasted);
-    EXPECT_THAT(workspace_.activations(), ElementsAre(editor));
-}
-
-TEST_F(PasteDeliveryTest, NothingIsPastedElsewhereAndTheTextStaysOnTheClipboard)
-{
-    // A window of our own keeps the keyboard.
-    workspace_.setActivationPolicy([](WindowID) {});
-    workspace_.focus(launcher);
-    deliver();
-    clock_.advance(600ms);
-    EXPECT_EQ(outcome_, Outcome::FocusNotReturned);
-    EXPECT_EQ(workspace_.activations().size(), 1U);
-
-    // The window is closed while its turn is awaited.
-    deliver();
-    workspace_.closeWindow(editor);
-    clock_.advance(2ms);
-    EXPECT_EQ(outcome_, Outcome::TargetGone);
-
-    // There was no window to begin with.
-    workspace_.setFrontWindow(std::nullopt);
-    delivery_->rememberTarget();
-    deliver();
-    EXPECT_EQ(outcome_, Outcome::NoTarget);
-
-    clock_.advance(10s);
-    EXPECT_THAT(keys_.posted(), IsEmpty());
-    EXPECT_EQ(clipboard(), words);
-    EXPECT_FALSE(pasteboard_.isSecret(Selection::Clipboard));
-    EXPECT_EQ(delivery_->pasteKeys(), QStringLiteral("Ctrl+V"));
-}
-
-TEST_F(PasteDeliveryTest, ARefusedKeystrokeLeavesTheTextAndItsReason)
-{
-    keys_.refuse(QStringLiteral("No keyboard."));
-    deliver();
-    EXPECT_EQ(outcome_, Outcome::KeystrokeFailed);
-    clock_.advance(10s);
-    EXPECT_EQ(clipboard(), words);
-    EXPECT_TRUE(delivery_->explanation(Outcome::KeystrokeFailed).startsWith(QStringLiteral("No keyboard. ")));
-}
-
-TEST_F(PasteDeliveryTest, WaitsForAHeldKeyThenLooksAtTheFocusAgain)
-{
-    keys_.setOrdinaryKeyDown(true);
-    deliver();
-    clock_.advance(100ms);
-    EXPECT_THAT(keys_.posted(), IsEmpty());
-    workspace_.setActivationPolicy([](WindowID) {});
-    workspace_.focus(other);
-    keys_.setOrdinaryKeyDown(false);
-    clock_.advance(700ms);
-    EXPECT_EQ(outcome_, Outcome::MovedOn);
-
-    // A jammed key does not stand in the way for ever.
-    workspace_.focus(editor);
-    keys_.setOrdinaryKeyDown(true);
-    deliver();
-    clock_.advance(1100ms);
-    EXPECT_EQ(outcome_, Outcome::Pasted);
-}
-
-TEST_F(PasteDeliveryTest, WhoeverHasTheKeyboardToItselfGetsNoKeystroke)
-{
-    keys_.setKeyboardTaken(true);
-    deliver();
-    clock_.advance(500ms);
-    keys_.setKeyboardTaken(false); // a menu that was open for a moment
-    clock_.advance(2ms);
-    EXPECT_EQ(outcome_, Outcome::Pasted);
-    clock_.advance(300ms);
-
-    keys_.setKeyboardTaken(true);
-    deliver();
-    clock_.advance(1100ms);
-    EXPECT_EQ(outcome_, Outcome::KeyboardTaken);
-    EXPECT_EQ(clipboard(), words);
-    EXPECT_EQ(keys_.posted().size(), 1U);
-}
-
-TEST_F(PasteDeliveryTest, WhoIsAwayGetsTheTextOnTheClipboardAtWhateverPointTheyLeave)
-{
-    session_.setAway(true);
-    deliver();
-    EXPECT_EQ(outcome_, Outcome::UserAway) << "nothing to wait for";
-    EXPECT_EQ(clipboard(), words);
-
-    session_.setAway(false);
-    workspace_.focus(launcher);
-    deliver();
-    session_.setAway(true); // while the focus is waited for
-    workspace_.focus(editor);
-    clock_.advance(2ms);
-    EXPECT_EQ(outcome_, Outcome::UserAway);
-
-    session_.setAway(false);
-    keys_.setOrdinaryKeyDown(true);
-    deliver();
-    session_.setAway(true); // with the keys that lock the screen
-    clock_.advance(2ms);
-    EXPECT_EQ(outcome_, Outcome::UserAway);
-    EXPECT_THAT(keys_.posted(), IsEmpty());
-}
-
 TEST_F(PasteDeliveryTest, XtermPastesThePrimarySelectionWhichIsPutBackToo)
 {
     workspace_.openWindow(editor, {QStringLiteral("XTerm"), QStringLiteral("xterm")});
@@ -503,14 +258,4 @@ TEST_F(PasteDeliveryTest, XtermPastesThePrimarySelectionWhichIsPutBackToo)
     clock_.advance(300ms);
     EXPECT_EQ(clipboard(), former);
     EXPECT_EQ(pasteboard_.string(Selection::Primary), QStringLiteral("highlighted"));
-}
-
-TEST_F(PasteDeliveryTest, NothingIsTouchedAfterTheDeliveryIsGone)
-{
-    workspace_.focus(launcher);
-    deliver();
-    delivery_.reset();
-    workspace_.focus(editor);
-    clock_.advance(5s);
-    EXPECT_THAT(keys_.posted(), IsEmpty());
 }
