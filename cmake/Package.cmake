@@ -27,6 +27,10 @@ install(FILES "${packaging}/com.vantro.app.metainfo.xml" DESTINATION ${CMAKE_INS
 install(FILES "${packaging}/icons/com.vantro.app.svg" DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
 install(FILES "${packaging}/icons/com.vantro.app-symbolic.svg" "${packaging}/icons/com.vantro.app-recording-symbolic.svg"
   DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/symbolic/apps)
+install(FILES "${packaging}/completions/vantro.bash" DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions
+  RENAME vantro)
+install(FILES "${packaging}/completions/_vantro" DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions)
+install(FILES "${packaging}/completions/vantro.fish" DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d)
 install(FILES "${packaging}/sounds/Blow.wav" DESTINATION ${CMAKE_INSTALL_DATADIR}/vantro/sounds)
 
 # Debian requires a compressed manual and changelog without a timestamp.

@@ -1,7 +1,11 @@
 #include "vantro/cli/CommandLine.h"
+#include "vantro/cli/Commands.h"
+#include "vantro/cli/Completion.h"
 #include "vantro/cli/ExitCode.h"
 
 #include <gtest/gtest.h>
+
+#include <algorithm>
 
 using namespace vantro;
 
@@ -27,5 +31,18 @@ TEST(CommandLine, TellsTheProgramFromACommand)
           parse({"providers", "nonsense"}), parse({"providers", "edit"}), parse({"providers", "list", "all"})}) {
         EXPECT_FALSE(wrong.startsProgram());
         EXPECT_EQ(wrong.run(), ExitCode::usage);
+    }
+}
+
+/// A command that is renamed would otherwise lose its names in silence.
+TEST(Completion, NamesAreOfferedAtPlacesThatExist)
+{
+    const std::vector<Command> commands = allCommands({});
+    for (const QString& place : completedPlaces()) {
+        const QString last = place.section(QLatin1Char(' '), -1);
+        const QString before = place.section(QLatin1Char(' '), 0, -2);
+        const auto offered = completions(commands, before.isEmpty() ? QStringList{last} : QStringList{before, last});
+        EXPECT_TRUE(std::ranges::any_of(offered, [&](const Candidate& candidate) { return candidate.text == last; }))
+            << qPrintable(place);
     }
 }

@@ -2,6 +2,7 @@
 
 #include "platform/KeyCode.h"
 #include "vantro/cli/Commands.h"
+#include "vantro/cli/Completion.h"
 #include "vantro/cli/Terminal.h"
 #include "vantro/models/ModelHost.h"
 
@@ -52,6 +53,18 @@ QString helpText(const std::vector<Command>& commands)
     for (const Command& command : commands)
         text += helpLine(command);
     return text + QLatin1String(exitStatusText);
+}
+
+/// For the shells: a candidate and its description in each line. "--" parts the words from options of this program.
+int complete(const std::vector<Command>& commands, QStringList words)
+{
+    words.removeOne(QStringLiteral("--"));
+    QStringList lines;
+    for (const Candidate& candidate : completions(commands, words))
+        lines << candidate.text + QLatin1Char('\t') + candidate.description.section(QLatin1Char('\n'), 0, 0);
+    if (!lines.isEmpty())
+        terminal::writeLine(lines.join(QLatin1Char('\n')));
+    return ExitCode::done;
 }
 
 } // namespace
@@ -139,6 +152,8 @@ int CommandLine::run() const
         terminal::writeLine(QStringLiteral("vantro " VANTRO_VERSION));
         return ExitCode::done;
     }
+    if (command_ == QLatin1String("complete"))
+        return complete(commands, arguments_);
     const auto command =
         std::ranges::find_if(commands, [this](const Command& c) { return command_ == QLatin1String(c.name); });
     if (command != commands.end())
