@@ -1,4 +1,5 @@
 // The engine with a real model (scripts/get-model puts it where the program looks) and people's recordings.
+#include "asr/accelerator/Accelerator.h"
 #include "base/Settings.h"
 #include "vantro/models/ModelCatalogue.h"
 #include "vantro/sound/AudioFile.h"
@@ -84,6 +85,23 @@ TEST_F(Whisper, WritesWhatPeopleSayInOneGoAndAcrossTheThirtySecondWindow)
     const QString text = get(engine.transcribe(both));
     EXPECT_TRUE(text.startsWith(QLatin1String("The child almost hurt the small dog."))) << text.toStdString();
     EXPECT_TRUE(text.contains(QLatin1String("across the table"))) << text.toStdString();
+}
+
+TEST_F(Whisper, WritesTheSameWithEveryInstructionSetAndHoweverItIsWaitedFor)
+{
+    get(engine.load(tinyFile));
+    const auto said = QStringLiteral("The child almost hurt the small dog.");
+    for (const asr::kernels::Level level : asr::kernels::levels) {
+        if (!asr::kernels::isSupported(level))
+            continue;
+        asr::accelerator::limit(level);
+        auto ahead = request(recording("en-harvard-spk1-snt1.flac"));
+        ahead.isAhead = true;
+        const auto text = engine.transcribe(ahead);
+        engine.hurry();
+        EXPECT_EQ(get(text), said) << static_cast<int>(level);
+    }
+    asr::accelerator::limit(asr::kernels::highestLevel);
 }
 
 TEST_F(Whisper, KeepsTheLoadedModelWhenAnotherFileIsNoModel)

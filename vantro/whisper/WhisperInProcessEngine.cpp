@@ -1,5 +1,6 @@
 #include "vantro/whisper/WhisperInProcessEngine.h"
 
+#include "asr/accelerator/Accelerator.h"
 #include "base/SampleFormat.h"
 #include "vantro/whisper/WhisperModelFile.h"
 
@@ -170,7 +171,14 @@ QFuture<void> WhisperInProcessEngine::warmUp()
 
 QFuture<QString> WhisperInProcessEngine::transcribe(Request request)
 {
-    return enqueue([this, request = std::move(request)] { return transcribeNow(request); });
+    const int number = ++transcriptionCount_;
+    return enqueue([this, request = std::move(request), number] { return transcribeNow(request, number); });
+}
+
+void WhisperInProcessEngine::hurry()
+{
+    hurriedCount_ = transcriptionCount_.load();
+    asr::accelerator::hurry(whisper_full_default_params(WHISPER_SAMPLING_GREEDY).n_threads);
 }
 
 QFuture<void> WhisperInProcessEngine::unload()
@@ -189,6 +197,7 @@ void WhisperInProcessEngine::loadNow(const QString& modelPath)
         logger_.error(QStringLiteral("No ggml module for this processor was found beside the program"));
         throw WhisperInProcessError::modelLoadFailed(modelPath);
     }
+    asr::accelerator::announce();
     whisper_context* context = nullptr;
     try {
         context = WhisperModelFile(modelPath).load();
@@ -199,6 +208,7 @@ void WhisperInProcessEngine::loadNow(const QString& modelPath)
     whisper_context* previous = resident_ ? resident_->context : nullptr;
     resident_ = ResidentModel{context, file};
     isResident_ = true;
+    asr::accelerator::includeFewRows(whisper_model_ftype(context) == GGML_FTYPE_MOSTLY_F16);
     ResidentContextTracker::shared().set(context);
     whisper_free(previous);
     logger_.info(
@@ -226,7 +236,7 @@ void WhisperInProcessEngine::warmUpNow()
         logger_.info(QStringLiteral("whisper warmup finished in %1").arg(elapsedText(timer)));
 }
 
-QString WhisperInProcessEngine::transcribeNow(const Request& request)
+QString WhisperInProcessEngine::transcribeNow(const Request& request, int number)
 {
     if (request.stop.stop_requested())
         throw WhisperInProcessError::stopped();
@@ -247,8 +257,12 @@ QString WhisperInProcessEngine::transcribeNow(const Request& request)
     parameters.suppress_blank = true;
     parameters.temperature = 0.0F;
     parameters.temperature_inc = 0.0F; // no fall-back to a higher temperature
-    if (request.isAhead)
-        parameters.n_threads = 1;
+    if (request.isAhead) {
+        asr::accelerator::hurry(0);
+        // Read afterwards: whoever hurries meanwhile is heard by one or the other.
+        if (number > hurriedCount_)
+            parameters.n_threads = 1;
+    }
     parameters.abort_callback = isStopped;
     parameters.abort_callback_user_data = const_cast<std::stop_token*>(&request.stop);
     if (request.onProgress) {

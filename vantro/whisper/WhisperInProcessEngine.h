@@ -68,6 +68,9 @@ public:
     QFuture<void> warmUp();
     /// Returns the trimmed text. Throws modelNotLoaded, transcriptionFailed or stopped.
     [[nodiscard]] QFuture<QString> transcribe(Request request);
+    /// What transcriptions have been asked for are waited for now: those that run ahead get as many threads as others,
+    /// in the middle of their work. From any thread.
+    void hurry();
     QFuture<void> unload();
     /// False while a first model is still being loaded.
     [[nodiscard]] bool holdsModel() const { return isResident_; }
@@ -84,14 +87,16 @@ private:
     auto enqueue(Work work);
     void loadNow(const QString& modelPath);
     void warmUpNow();
-    [[nodiscard]] QString transcribeNow(const Request& request);
+    [[nodiscard]] QString transcribeNow(const Request& request, int number);
     void unloadNow();
 
     Logger logger_{"WhisperInProcess"};
     std::optional<ResidentModel> resident_; ///< worker thread only
     std::atomic<bool> isResident_ = false;  ///< whether it has a value
     std::atomic<int> waitingCount_ = 0;     ///< queued work; aborts a warm-up
-    SerialExecutor executor_;               ///< last: its destructor waits for work that uses the other members
+    std::atomic<int> transcriptionCount_ = 0;
+    std::atomic<int> hurriedCount_ = 0; ///< how many of them are waited for
+    SerialExecutor executor_;           ///< last: its destructor waits for work that uses the other members
 };
 
 } // namespace vantro

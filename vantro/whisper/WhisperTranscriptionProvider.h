@@ -32,6 +32,7 @@ public:
     QCoro::Task<QString> transcribe(TranscriptionRequest request) override;
     /// One window: the library computes a whole one however little was said.
     [[nodiscard]] std::size_t aheadLimit() const override { return std::size_t{30} * sampleRateHz; }
+    void hurry() override { engine_.hurry(); }
     void dictationEnded() override;
     [[nodiscard]] bool holdsModel() const override { return engine_.holdsModel(); }
     void unload() override { engine_.unload(); }
