@@ -1,6 +1,7 @@
 #include "KeyboardShortcuts/RecorderCocoa.h"
 
 #include "platform/KeyCode.h"
+#include "platform/Wording.h"
 
 #include <QGuiApplication>
 #include <QKeyEvent>
@@ -75,11 +76,11 @@ void RecorderCocoa::setShortcutName(const QString& rawName)
 QString RecorderCocoa::text() const
 {
     if (accepted_)
-        return accepted_->displayText();
+        return wording::shownKeys(accepted_->displayText());
     if (isRecording_)
-        return modifierText(heldModifiers_);
+        return wording::shownKeys(modifierText(heldModifiers_));
     const auto shortcut = shortcuts_.shortcut(name_);
-    return shortcut ? shortcut->displayText() : QString();
+    return shortcut ? wording::shownKeys(shortcut->displayText()) : QString();
 }
 
 QString RecorderCocoa::message() const

@@ -71,6 +71,12 @@ void logToStandardError(QtMsgType level, const char* typeName, const QString& li
     std::fprintf(stderr, "vantro[%s] %s: %s\n", typeName, levelName(level), qUtf8Printable(line));
 }
 
+void logErrorsToStandardError(QtMsgType level, const char* typeName, const QString& line)
+{
+    if (level != QtDebugMsg && level != QtInfoMsg)
+        logToStandardError(level, typeName, line);
+}
+
 void installLogOutput(bool verbose, std::vector<LogSink> sinks)
 {
     logSinks = std::move(sinks);

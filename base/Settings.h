@@ -15,6 +15,9 @@ inline constexpr Setting<bool> copyToClipboardEnabled{"copyToClipboardEnabled", 
 inline constexpr Setting<bool> restoreEveryFormat{
     "restoreEveryFormat", false,
     "true: pictures, formatted text and files that were on the clipboard come back after pasting, not only plain text"};
+inline constexpr Setting<bool> joinDictations{
+    "joinDictations", false,
+    "true: a dictation that follows another one in the same window within a minute is joined to it with a space"};
 inline constexpr Setting<bool> playSoundOnComplete{"playSoundOnComplete", false,
                                                    "true: a short sound when the text is ready"};
 inline constexpr Setting<bool> holdToTalk{
@@ -41,14 +44,20 @@ inline constexpr Setting<bool> showWordsWhileSpeaking{"showWordsWhileSpeaking", 
                                                       "true: the panel shows what was understood until the last pause"};
 inline constexpr Setting<QString> appearance{"appearance", "", "`light` or `dark`", "the desktop's"};
 inline constexpr Setting<bool> reduceMotion{"reduceMotion", false, "true: no animations", "the desktop's"};
+inline constexpr Setting<QString> keepHistory{
+    "keepHistory", "forever",
+    "how long dictations stay in the history: a number of days, or `never`, which deletes those that are there"};
+inline constexpr Setting<bool> keepStatistics{
+    "keepStatistics", true, "false: the words dictated each day are not counted, and those counted are forgotten"};
 inline constexpr Setting<bool> checkForUpdatesOnLaunch{"checkForUpdatesOnLaunch", false,
                                                        "true: check for updates at startup"};
 inline constexpr Setting<QByteArray> pasteChords{
     "pasteChords", "", "paste keystrokes of more windows, as JSON: `{\"my-terminal\": \"Ctrl+Shift+V\"}`"};
 
-inline constexpr std::array<const SettingKey*, 18> documented{&autoPasteEnabled,
+inline constexpr std::array<const SettingKey*, 21> documented{&autoPasteEnabled,
                                                               &copyToClipboardEnabled,
                                                               &restoreEveryFormat,
+                                                              &joinDictations,
                                                               &playSoundOnComplete,
                                                               &holdToTalk,
                                                               &audioInputMode,
@@ -62,6 +71,8 @@ inline constexpr std::array<const SettingKey*, 18> documented{&autoPasteEnabled,
                                                               &showWordsWhileSpeaking,
                                                               &appearance,
                                                               &reduceMotion,
+                                                              &keepHistory,
+                                                              &keepStatistics,
                                                               &checkForUpdatesOnLaunch,
                                                               &pasteChords};
 
@@ -77,10 +88,16 @@ inline constexpr Setting<QByteArray> modeConfigurations{"modeConfigurations", ""
 inline constexpr Setting<QByteArray> providerConfigurations{"providerConfigurations", ""};
 inline constexpr Setting<QString> skippedUpdateVersion{"skippedUpdateVersion", ""};
 
+/// Of each day, as JSON.
+inline constexpr Setting<QByteArray> statistics{"statistics", ""};
+
 // "WIDTHxHEIGHT" of the windows as they were left.
 inline constexpr Setting<QString> settingsWindowSize{"settingsWindowSize", ""};
 inline constexpr Setting<QString> historyWindowSize{"historyWindowSize", ""};
 inline constexpr Setting<QString> guideWindowSize{"guideWindowSize", ""};
+
+/// The page on which the guide was left; -1 once it has been finished.
+inline constexpr Setting<qint64> guideStep{"guideStep", 0};
 
 // State of one-time jobs.
 inline constexpr Setting<QByteArray> removedProviderKeys{"removedProviderKeys", ""};

@@ -6,7 +6,7 @@
 namespace vantro::wording {
 
 QString pasteShortcut();
-/// The beginning of a Fluid model's description; not translated, like all of them.
+/// The beginning of a Fluid model's description.
 QString fluidModel();
 QString noMicrophone();
 QString noSoundServer();
@@ -18,5 +18,7 @@ QString keyIsStoredSecurely();
 QString localProcessingNeeds();
 QString localProcessingIsOff();
 QString howToChooseShortcut();
+/// "Ctrl+Alt+D" as the user's keyboard is labelled in the session's language.
+QString shownKeys(const QString& keys);
 
 } // namespace vantro::wording

@@ -194,6 +194,14 @@
         <source>there is no window %1</source>
         <translation>ein Fenster %1 gibt es nicht</translation>
     </message>
+    <message>
+        <source>the mode %1 is not set up</source>
+        <translation>der Modus %1 ist nicht eingerichtet</translation>
+    </message>
+    <message>
+        <source>there is no model %1</source>
+        <translation>es gibt kein Modell %1</translation>
+    </message>
 </context>
 <context>
     <name>Csv</name>
@@ -259,6 +267,18 @@
     <message>
         <source>Cancelled. What you said is in the history, as you said it.</source>
         <translation>Abgebrochen. Was du gesagt hast, steht wie gesprochen im Verlauf.</translation>
+    </message>
+    <message>
+        <source>“%1”</source>
+        <translation>„%1“</translation>
+    </message>
+    <message>
+        <source>Failed to transcribe audio: </source>
+        <translation>Die Aufnahme konnte nicht transkribiert werden: </translation>
+    </message>
+    <message>
+        <source>Nothing was heard. Speak closer to the microphone, or choose another under Settings, Microphone.</source>
+        <translation>Es war nichts zu hören. Sprich näher am Mikrofon oder wähle unter Einstellungen, Mikrofon ein anderes.</translation>
     </message>
 </context>
 <context>
@@ -343,6 +363,34 @@
         <source>Delete</source>
         <translation>Löschen</translation>
     </message>
+    <message>
+        <source>Save</source>
+        <translation>Speichern</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>Einfügen</translation>
+    </message>
+    <message>
+        <source>Into the window you were in before</source>
+        <translation>In das Fenster, in dem du vorher warst</translation>
+    </message>
+    <message>
+        <source>Edit</source>
+        <translation>Bearbeiten</translation>
+    </message>
+    <message>
+        <source>Rewrite as...</source>
+        <translation>Umschreiben als …</translation>
+    </message>
+    <message>
+        <source>Export...</source>
+        <translation>Exportieren …</translation>
+    </message>
 </context>
 <context>
     <name>DownloadQueue</name>
@@ -375,6 +423,25 @@
     <message>
         <source>no data for %1 s</source>
         <translation>seit %1 s keine Daten</translation>
+    </message>
+</context>
+<context>
+    <name>FileChoice</name>
+    <message>
+        <source>Export Dictations</source>
+        <translation>Diktate exportieren</translation>
+    </message>
+    <message>
+        <source>Text with headings (*.md)</source>
+        <translation>Text mit Überschriften (*.md)</translation>
+    </message>
+    <message>
+        <source>Table (*.csv)</source>
+        <translation>Tabelle (*.csv)</translation>
+    </message>
+    <message>
+        <source>JSON (*.json)</source>
+        <translation>JSON (*.json)</translation>
     </message>
 </context>
 <context>
@@ -534,16 +601,8 @@
         <translation>Diktate</translation>
     </message>
     <message>
-        <source>Undo delete</source>
-        <translation>Löschen rückgängig machen</translation>
-    </message>
-    <message>
         <source>Notes</source>
         <translation>Notizen</translation>
-    </message>
-    <message>
-        <source>Deleted. It can be undone until this window closes.</source>
-        <translation>Gelöscht. Das lässt sich zurücknehmen, bis dieses Fenster geschlossen wird.</translation>
     </message>
     <message>
         <source>Today</source>
@@ -552,6 +611,14 @@
     <message>
         <source>Yesterday</source>
         <translation>Gestern</translation>
+    </message>
+    <message>
+        <source>%1 It can be undone until this window closes.</source>
+        <translation>%1 Bis sich dieses Fenster schließt, lässt sich das rückgängig machen.</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Rückgängig</translation>
     </message>
 </context>
 <context>
@@ -567,6 +634,46 @@
     <message>
         <source>Unknown date</source>
         <translation>Unbekanntes Datum</translation>
+    </message>
+    <message>
+        <source>Dictations</source>
+        <translation>Diktate</translation>
+    </message>
+    <message>
+        <source>Exporting...</source>
+        <translation>Wird exportiert …</translation>
+    </message>
+    <message>
+        <source>The dictation was deleted.</source>
+        <translation>Das Diktat wurde gelöscht.</translation>
+    </message>
+    <message>
+        <source>%1 dictations were deleted.</source>
+        <translation>%1 Diktate wurden gelöscht.</translation>
+    </message>
+    <message>
+        <source>Deleting: %1 of %2</source>
+        <translation>Gelöscht: %1 von %2</translation>
+    </message>
+    <message>
+        <source>Bringing back: %1 of %2</source>
+        <translation>Zurückgeholt: %1 von %2</translation>
+    </message>
+    <message>
+        <source>The text was changed.</source>
+        <translation>Der Text wurde geändert.</translation>
+    </message>
+    <message>
+        <source>The dictation has been deleted meanwhile.</source>
+        <translation>Das Diktat wurde inzwischen gelöscht.</translation>
+    </message>
+    <message>
+        <source>Rewriting with %1...</source>
+        <translation>Wird mit %1 umgeschrieben …</translation>
+    </message>
+    <message>
+        <source>The dictation was rewritten with %1.</source>
+        <translation>Das Diktat wurde mit %1 umgeschrieben.</translation>
     </message>
 </context>
 <context>
@@ -692,20 +799,20 @@
         <translation>Zeit %1</translation>
     </message>
     <message>
-        <source>Esc Cancel</source>
-        <translation>Esc Abbrechen</translation>
-    </message>
-    <message>
         <source>&lt;%1&gt; Start transcription</source>
         <translation>&lt;%1&gt; Transkription starten</translation>
     </message>
     <message>
-        <source>Release %1 to transcribe</source>
-        <translation>%1 loslassen zum Transkribieren</translation>
-    </message>
-    <message>
         <source>Understood so far: %1</source>
         <translation>Bisher verstanden: %1</translation>
+    </message>
+    <message>
+        <source>Release &lt;%1&gt; to transcribe</source>
+        <translation>&lt;%1&gt; loslassen zum Transkribieren</translation>
+    </message>
+    <message>
+        <source>&lt;%1&gt; Cancel</source>
+        <translation>&lt;%1&gt; Abbrechen</translation>
     </message>
 </context>
 <context>
@@ -715,16 +822,16 @@
         <translation>Wird transkribiert...</translation>
     </message>
     <message>
-        <source>No sound from %1</source>
-        <translation>Kein Ton von %1</translation>
-    </message>
-    <message>
         <source>The speech model cannot be loaded. What you say is kept.</source>
         <translation>Das Sprachmodell kann nicht geladen werden. Was du sagst, bleibt erhalten.</translation>
     </message>
     <message>
         <source>%1 sends nothing any more. Trying again...</source>
         <translation>%1 liefert nichts mehr. Neuer Versuch...</translation>
+    </message>
+    <message>
+        <source>No sound from %1. Is it muted?</source>
+        <translation>Kein Ton von %1. Ist es stumm?</translation>
     </message>
 </context>
 <context>
@@ -786,6 +893,68 @@
     <message>
         <source>Say something: the bar should move. Nothing is recorded.</source>
         <translation>Sag etwas: Der Balken sollte sich bewegen. Es wird nichts aufgenommen.</translation>
+    </message>
+    <message>
+        <source>Try it</source>
+        <translation>Ausprobieren</translation>
+    </message>
+    <message>
+        <source>Click here, press your shortcut and say something: the text appears here.</source>
+        <translation>Klick hierher, drück dein Kürzel und sag etwas: Der Text erscheint hier.</translation>
+    </message>
+</context>
+<context>
+    <name>MicrophoneSettings</name>
+    <message>
+        <source>No microphone is connected.</source>
+        <translation>Es ist kein Mikrofon angeschlossen.</translation>
+    </message>
+    <message>
+        <source>In use now: %1</source>
+        <translation>Jetzt benutzt: %1</translation>
+    </message>
+</context>
+<context>
+    <name>ModelCatalogue</name>
+    <message>
+        <source>Whisper small model, good balance between speed and accuracy</source>
+        <translation>Whispers kleines Modell, guter Mittelweg zwischen Tempo und Genauigkeit</translation>
+    </message>
+    <message>
+        <source>Whisper quantized version of Large v3 Turbo, faster with slightly lower accuracy</source>
+        <translation>Whispers Large v3 Turbo, quantisiert: schneller, etwas weniger genau</translation>
+    </message>
+    <message>
+        <source>Whisper tiny model, fastest, least accurate</source>
+        <translation>Whispers kleinstes Modell, am schnellsten und am ungenauesten</translation>
+    </message>
+    <message>
+        <source>Whisper tiny model optimized for English, fastest, least accurate</source>
+        <translation>Whispers kleinstes Modell für Englisch, am schnellsten und am ungenauesten</translation>
+    </message>
+    <message>
+        <source>Whisper base model optimized for English, good balance between speed and accuracy</source>
+        <translation>Whispers Basismodell für Englisch, guter Mittelweg zwischen Tempo und Genauigkeit</translation>
+    </message>
+    <message>
+        <source>Whisper large model v2, slower than Medium but more accurate</source>
+        <translation>Whispers großes Modell v2, langsamer als Medium, aber genauer</translation>
+    </message>
+    <message>
+        <source>Whisper large model v3, very slow but most accurate</source>
+        <translation>Whispers großes Modell v3, sehr langsam, aber am genauesten</translation>
+    </message>
+    <message>
+        <source>Whisper large model v3 Turbo, faster than v3 with similar accuracy</source>
+        <translation>Whispers großes Modell v3 Turbo, schneller als v3 und ähnlich genau</translation>
+    </message>
+    <message>
+        <source>Fastest option, 25 European languages.</source>
+        <translation>Am schnellsten, 25 europäische Sprachen.</translation>
+    </message>
+    <message>
+        <source>English only, highest accuracy.</source>
+        <translation>Nur Englisch, am genauesten.</translation>
     </message>
 </context>
 <context>
@@ -886,6 +1055,18 @@
         <source>Many languages</source>
         <translation>Viele Sprachen</translation>
     </message>
+    <message>
+        <source>10 s of speech in less than 1 s</source>
+        <translation>10 s Sprache in weniger als 1 s</translation>
+    </message>
+    <message>
+        <source>10 s of speech in about %1 s</source>
+        <translation>10 s Sprache in etwa %1 s</translation>
+    </message>
+    <message>
+        <source>Downloaded models take up %1.</source>
+        <translation>Heruntergeladene Modelle belegen %1.</translation>
+    </message>
 </context>
 <context>
     <name>ModelRow</name>
@@ -929,6 +1110,10 @@
         <source>Download of %1</source>
         <translation>Herunterladen von %1</translation>
     </message>
+    <message>
+        <source>recommended for this computer</source>
+        <translation>für diesen Rechner empfohlen</translation>
+    </message>
 </context>
 <context>
     <name>ModelsPage</name>
@@ -939,6 +1124,18 @@
     <message>
         <source>Models turn speech into text on this computer. Larger ones make fewer mistakes but take longer.</source>
         <translation>Modelle machen auf diesem Rechner aus Sprache Text. Größere machen weniger Fehler, brauchen aber länger.</translation>
+    </message>
+    <message>
+        <source>Disk space</source>
+        <translation>Speicherplatz</translation>
+    </message>
+    <message>
+        <source>The model in use stays.</source>
+        <translation>Das benutzte Modell bleibt.</translation>
+    </message>
+    <message>
+        <source>Delete Models Cache</source>
+        <translation>Modelle löschen</translation>
     </message>
 </context>
 <context>
@@ -1080,6 +1277,14 @@
         <source>The summary could not be updated: %1</source>
         <translation>Die Zusammenfassung konnte nicht erneuert werden: %1</translation>
     </message>
+    <message>
+        <source>The day was deleted.</source>
+        <translation>Der Tag wurde gelöscht.</translation>
+    </message>
+    <message>
+        <source>The note was deleted.</source>
+        <translation>Die Notiz wurde gelöscht.</translation>
+    </message>
 </context>
 <context>
     <name>NotesPage</name>
@@ -1142,10 +1347,6 @@
 </context>
 <context>
     <name>Onboarding</name>
-    <message>
-        <source>Step %1 of 5</source>
-        <translation>Schritt %1 von 5</translation>
-    </message>
     <message>
         <source>Back</source>
         <translation>Zurück</translation>
@@ -1242,6 +1443,54 @@
         <source>Try it</source>
         <translation>Ausprobieren</translation>
     </message>
+    <message>
+        <source>Step %1 of %2</source>
+        <translation>Schritt %1 von %2</translation>
+    </message>
+    <message>
+        <source>Speak instead of typing</source>
+        <translation>Sprechen statt tippen</translation>
+    </message>
+    <message>
+        <source>Press a shortcut, speak, press Space: the text stands in the window you were working in.</source>
+        <translation>Kürzel drücken, sprechen, Leertaste drücken: Der Text steht in dem Fenster, in dem du gearbeitet hast.</translation>
+    </message>
+    <message>
+        <source>Speech is recognised on this computer. Nothing you say leaves it, unless you set up a provider that rewrites your text elsewhere.</source>
+        <translation>Die Sprache wird auf diesem Rechner erkannt. Nichts davon verlässt ihn, solange du keinen Anbieter einrichtest, der deinen Text anderswo umschreibt.</translation>
+    </message>
+    <message>
+        <source>The next pages try your microphone, keyboard, shortcut and speech model. It takes about three minutes, and each can wait.</source>
+        <translation>Die nächsten Seiten probieren Mikrofon, Tastatur, Kürzel und Sprachmodell aus. Das dauert etwa drei Minuten, und jede davon kann warten.</translation>
+    </message>
+    <message>
+        <source>Microphone</source>
+        <translation>Mikrofon</translation>
+    </message>
+    <message>
+        <source>Language you speak</source>
+        <translation>Sprache, in der du sprichst</translation>
+    </message>
+    <message>
+        <source>Model</source>
+        <translation>Modell</translation>
+    </message>
+    <message>
+        <source>That is all</source>
+        <translation>Das war alles</translation>
+    </message>
+    <message>
+        <source>%1 starts a dictation in every program.</source>
+        <translation>%1 beginnt in jedem Programm ein Diktat.</translation>
+    </message>
+    <message>
+        <source>vantro waits in the tray: its menu has the history, the notes and the settings, and leads back to these pages. Starting vantro again opens the settings.</source>
+        <translation>vantro wartet im Benachrichtigungsfeld: Sein Menü führt zum Verlauf, zu den Notizen, den Einstellungen und zurück auf diese Seiten. Wird vantro noch einmal gestartet, öffnen sich die Einstellungen.</translation>
+    </message>
+    <message>
+        <source>Start when I log in</source>
+        <translation>Beim Anmelden starten</translation>
+    </message>
 </context>
 <context>
     <name>OnboardingModel</name>
@@ -1280,6 +1529,26 @@
     <message>
         <source>None of the usual shortcuts is free. Record one of your own.</source>
         <translation>Keines der üblichen Tastenkürzel ist frei. Nimm ein eigenes auf.</translation>
+    </message>
+    <message>
+        <source>The desktop&apos;s microphone</source>
+        <translation>Das Mikrofon des Desktops</translation>
+    </message>
+    <message>
+        <source>%1, %2</source>
+        <translation>%1, %2</translation>
+    </message>
+    <message>
+        <source>%1 (recommended)</source>
+        <translation>%1 (empfohlen)</translation>
+    </message>
+    <message>
+        <source>A sentence of ten seconds takes it less than a second on this computer.</source>
+        <translation>Für einen Satz von zehn Sekunden braucht es auf diesem Rechner weniger als eine Sekunde.</translation>
+    </message>
+    <message>
+        <source>A sentence of ten seconds takes it about %1 s on this computer.</source>
+        <translation>Für einen Satz von zehn Sekunden braucht es auf diesem Rechner etwa %1 s.</translation>
     </message>
 </context>
 <context>
@@ -1338,6 +1607,111 @@
     <message>
         <source>to paste</source>
         <translation>zum Einfügen</translation>
+    </message>
+</context>
+<context>
+    <name>PrivacyPage</name>
+    <message>
+        <source>Privacy</source>
+        <translation>Privatsphäre</translation>
+    </message>
+    <message>
+        <source>Speech is recognised on this computer. Your words leave it only in a mode whose provider runs elsewhere.</source>
+        <translation>Die Sprache wird auf diesem Rechner erkannt. Deine Worte verlassen ihn nur in einem Modus, dessen Anbieter anderswo arbeitet.</translation>
+    </message>
+    <message>
+        <source>History</source>
+        <translation>Verlauf</translation>
+    </message>
+    <message>
+        <source>Keep dictations</source>
+        <translation>Diktate aufbewahren</translation>
+    </message>
+    <message>
+        <source>Older ones are deleted by themselves, once a day. Notes stay until you delete them.</source>
+        <translation>Ältere werden einmal am Tag von selbst gelöscht. Notizen bleiben, bis du sie löschst.</translation>
+    </message>
+    <message>
+        <source>Private session</source>
+        <translation>Private Sitzung</translation>
+    </message>
+    <message>
+        <source>Until you switch it off or vantro ends, dictations are pasted but not kept. The tray&apos;s menu has it too.</source>
+        <translation>Bis du sie ausschaltest oder vantro endet, werden Diktate eingefügt, aber nicht aufbewahrt. Auch im Menü im Benachrichtigungsfeld.</translation>
+    </message>
+    <message>
+        <source>Stored on this computer</source>
+        <translation>Auf diesem Rechner gespeichert</translation>
+    </message>
+    <message>
+        <source>Clearing...</source>
+        <translation>Wird gelöscht …</translation>
+    </message>
+    <message>
+        <source>Clear all...</source>
+        <translation>Alles löschen …</translation>
+    </message>
+</context>
+<context>
+    <name>PrivacySettings</name>
+    <message>
+        <source>For ever</source>
+        <translation>Für immer</translation>
+    </message>
+    <message>
+        <source>Not at all</source>
+        <translation>Gar nicht</translation>
+    </message>
+    <message>
+        <source>One year</source>
+        <translation>Ein Jahr</translation>
+    </message>
+    <message>
+        <source>%1 days</source>
+        <translation>%1 Tage</translation>
+    </message>
+    <message>
+        <source>Delete Older Dictations</source>
+        <translation>Ältere Diktate löschen</translation>
+    </message>
+    <message>
+        <source>Clear All</source>
+        <translation>Alles löschen</translation>
+    </message>
+    <message>
+        <source>Dictations that are older than that: %1. They will be deleted now and cannot be had back.</source>
+        <translation>Ältere Diktate: %1. Sie werden jetzt gelöscht und lassen sich nicht zurückholen.</translation>
+    </message>
+    <message>
+        <source>Dictations: %1. Notes: %2. Together %3, in %4.</source>
+        <translation>Diktate: %1. Notizen: %2. Zusammen %3, in %4.</translation>
+    </message>
+    <message>
+        <source>Dictations: %1. Notes: %2. They will be deleted, with all summaries, and cannot be had back.</source>
+        <translation>Diktate: %1. Notizen: %2. Sie werden mit allen Zusammenfassungen gelöscht und lassen sich nicht zurückholen.</translation>
+    </message>
+</context>
+<context>
+    <name>ProcessingMode</name>
+    <message>
+        <source>Normal</source>
+        <translation>Normal</translation>
+    </message>
+    <message>
+        <source>Email</source>
+        <translation>E-Mail</translation>
+    </message>
+    <message>
+        <source>Grammar</source>
+        <translation>Grammatik</translation>
+    </message>
+    <message>
+        <source>Custom</source>
+        <translation>Eigener</translation>
+    </message>
+    <message>
+        <source>Notes</source>
+        <translation>Notizen</translation>
     </message>
 </context>
 <context>
@@ -1490,6 +1864,10 @@
     <message>
         <source>Reasoning effort</source>
         <translation>Denkaufwand</translation>
+    </message>
+    <message>
+        <source>Over http, your text and the key can be read on their way. Use https if the server has it.</source>
+        <translation>Über http lassen sich Text und Schlüssel unterwegs mitlesen. Nimm https, wenn der Server es kann.</translation>
     </message>
 </context>
 <context>
@@ -1666,6 +2044,13 @@
     </message>
 </context>
 <context>
+    <name>SearchResults</name>
+    <message>
+        <source>Nothing found</source>
+        <translation>Nichts gefunden</translation>
+    </message>
+</context>
+<context>
     <name>Settings</name>
     <message>
         <source>General</source>
@@ -1698,6 +2083,22 @@
     <message>
         <source>Vocabulary</source>
         <translation>Wortschatz</translation>
+    </message>
+    <message>
+        <source>Privacy</source>
+        <translation>Privatsphäre</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>Suchen</translation>
+    </message>
+    <message>
+        <source>Search the settings</source>
+        <translation>Einstellungen durchsuchen</translation>
+    </message>
+    <message>
+        <source>Statistics</source>
+        <translation>Statistik</translation>
     </message>
 </context>
 <context>
@@ -1761,6 +2162,56 @@
     <message>
         <source>Detect automatically</source>
         <translation>Automatisch erkennen</translation>
+    </message>
+</context>
+<context>
+    <name>StatisticsModel</name>
+    <message>
+        <source>Your words will be counted here. Press your shortcut and speak.</source>
+        <translation>Hier werden deine Wörter gezählt. Drück dein Kürzel und sprich.</translation>
+    </message>
+    <message>
+        <source>Words in the last year: %1. Dictations: %2.</source>
+        <translation>Wörter im letzten Jahr: %1. Diktate: %2.</translation>
+    </message>
+    <message>
+        <source>%1 h %2 min</source>
+        <translation>%1 h %2 min</translation>
+    </message>
+    <message>
+        <source>%1 min</source>
+        <translation>%1 min</translation>
+    </message>
+    <message>
+        <source>Typing them at 40 words a minute would have taken %1 longer.</source>
+        <translation>Sie mit 40 Wörtern in der Minute zu tippen hätte %1 länger gedauert.</translation>
+    </message>
+    <message>
+        <source>Words a day in the last 30 days, %1 at most.</source>
+        <translation>Wörter am Tag in den letzten 30 Tagen, höchstens %1.</translation>
+    </message>
+</context>
+<context>
+    <name>StatisticsPage</name>
+    <message>
+        <source>Statistics</source>
+        <translation>Statistik</translation>
+    </message>
+    <message>
+        <source>Only numbers, and only on this computer. A private session is not counted.</source>
+        <translation>Nur Zahlen, und nur auf diesem Rechner. Eine private Sitzung wird nicht gezählt.</translation>
+    </message>
+    <message>
+        <source>Today</source>
+        <translation>Heute</translation>
+    </message>
+    <message>
+        <source>Count the words I dictate</source>
+        <translation>Diktierte Wörter zählen</translation>
+    </message>
+    <message>
+        <source>When off, what has been counted is forgotten.</source>
+        <translation>Ausgeschaltet wird vergessen, was gezählt wurde.</translation>
     </message>
 </context>
 <context>
@@ -1847,6 +2298,26 @@
     <message>
         <source>First Steps</source>
         <translation>Erste Schritte</translation>
+    </message>
+    <message>
+        <source>Copy a Recent Dictation</source>
+        <translation>Letztes Diktat kopieren</translation>
+    </message>
+    <message>
+        <source>Microphone</source>
+        <translation>Mikrofon</translation>
+    </message>
+    <message>
+        <source>Mode</source>
+        <translation>Modus</translation>
+    </message>
+    <message>
+        <source>Private Session</source>
+        <translation>Private Sitzung</translation>
+    </message>
+    <message>
+        <source>vantro: private session, nothing is kept</source>
+        <translation>vantro: private Sitzung, nichts wird aufbewahrt</translation>
     </message>
 </context>
 <context>
@@ -2111,6 +2582,22 @@
         <source>Keep</source>
         <translation>Behalten</translation>
     </message>
+    <message>
+        <source>Same as the Desktop</source>
+        <translation>Wie der Desktop</translation>
+    </message>
+    <message>
+        <source>Private session: this is not kept.</source>
+        <translation>Private Sitzung: Das wird nicht aufbewahrt.</translation>
+    </message>
+    <message>
+        <source>Delete Models Cache</source>
+        <translation>Modelle löschen</translation>
+    </message>
+    <message>
+        <source>All downloaded models but the one in use will be deleted from this computer. They would have to be downloaded again.</source>
+        <translation>Alle heruntergeladenen Modelle außer dem benutzten werden von diesem Rechner gelöscht. Sie müssten neu heruntergeladen werden.</translation>
+    </message>
 </context>
 <context>
     <name>X11Connection</name>
@@ -2162,6 +2649,97 @@
     <message>
         <source>%1 could not be written: %2</source>
         <translation>%1 konnte nicht geschrieben werden: %2</translation>
+    </message>
+</context>
+<context>
+    <name>keys</name>
+    <message>
+        <source>Ctrl</source>
+        <translation>Strg</translation>
+    </message>
+    <message>
+        <source>Shift</source>
+        <translation>Umschalt</translation>
+    </message>
+    <message>
+        <source>Alt</source>
+        <translation>Alt</translation>
+    </message>
+    <message>
+        <source>Super</source>
+        <translation>Super</translation>
+    </message>
+    <message>
+        <source>Space</source>
+        <translation>Leertaste</translation>
+    </message>
+    <message>
+        <source>Return</source>
+        <translation>Eingabe</translation>
+    </message>
+    <message>
+        <source>Enter</source>
+        <translation>Enter</translation>
+    </message>
+    <message>
+        <source>Insert</source>
+        <translation>Einfg</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Entf</translation>
+    </message>
+    <message>
+        <source>Backspace</source>
+        <translation>Rücktaste</translation>
+    </message>
+    <message>
+        <source>Home</source>
+        <translation>Pos1</translation>
+    </message>
+    <message>
+        <source>End</source>
+        <translation>Ende</translation>
+    </message>
+    <message>
+        <source>Up</source>
+        <translation>Auf</translation>
+    </message>
+    <message>
+        <source>Down</source>
+        <translation>Ab</translation>
+    </message>
+    <message>
+        <source>Left</source>
+        <translation>Links</translation>
+    </message>
+    <message>
+        <source>Right</source>
+        <translation>Rechts</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Pause</translation>
+    </message>
+    <message>
+        <source>Print</source>
+        <translation>Druck</translation>
+    </message>
+    <message>
+        <source>Caps Lock</source>
+        <translation>Feststelltaste</translation>
+    </message>
+    <message>
+        <source>Menu</source>
+        <translation>Menü</translation>
+    </message>
+    <message>
+        <source>PageUp</source>
+        <translation>Bild auf</translation>
+    </message>
+    <message>
+        <source>PageDown</source>
+        <translation>Bild ab</translation>
     </message>
 </context>
 <context>
@@ -2239,6 +2817,10 @@
     <message>
         <source>Please enable the system&apos;s language model in Settings to use local processing</source>
         <translation>Bitte schalte in den Einstellungen das Sprachmodell des Systems ein, um lokal zu verarbeiten</translation>
+    </message>
+    <message>
+        <source>Fluid model on this computer&apos;s processor.</source>
+        <translation>Fluid-Modell auf dem Prozessor dieses Rechners.</translation>
     </message>
 </context>
 </TS>

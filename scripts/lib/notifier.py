@@ -44,17 +44,31 @@ class Item:
         """The menu's labels, without separators."""
         return list(self._entries())
 
-    def choose(self, label):
-        """Clicks the menu entry with that label."""
-        number = self._entries()[label]
+    def submenu(self, label):
+        """What a submenu offers: for each label, whether it is checked."""
+        return {name: bool(properties.get("toggle-state")) for name, (_, properties, _) in
+                self._entries_of(self._entry(label)).items()}
+
+    def is_checked(self, label):
+        return bool(self._entry(label)[1].get("toggle-state"))
+
+    def choose(self, label, entry=None):
+        """Clicks the menu entry with that label, or an entry of that submenu."""
+        number = (self._entries_of(self._entry(label))[entry] if entry else self._entry(label))[0]
         self._call(self.property("Menu"), _MENU_INTERFACE, "Event",
                    GLib.Variant("(isvu)", (number, "clicked", GLib.Variant("s", ""), 0)))
 
+    def _entry(self, label):
+        return self._entries()[label]
+
     def _entries(self):
-        layout = self._call(self.property("Menu"), _MENU_INTERFACE, "GetLayout",
-                            GLib.Variant("(iias)", (0, -1, [])))[1]
-        return {properties["label"].partition("\t")[0]: number for number, properties, _ in layout[2]
-                if properties.get("type") != "separator" and properties.get("visible", True)}
+        return self._entries_of(self._call(self.property("Menu"), _MENU_INTERFACE, "GetLayout",
+                                           GLib.Variant("(iias)", (0, -1, [])))[1])
+
+    @staticmethod
+    def _entries_of(layout):
+        return {node[1]["label"].partition("\t")[0]: node for node in layout[2]
+                if node[1].get("type") != "separator" and node[1].get("visible", True)}
 
     def _call(self, path, interface, method, arguments):
         return self._bus.call_sync(self.service, path, interface, method, arguments, None, Gio.DBusCallFlags.NONE, 5000,

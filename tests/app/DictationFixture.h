@@ -368,7 +368,10 @@ protected:
     SlowProvider neuralProvider{TranscriptionEngine::fluid};
     SpeechEngines speechEngines{{&provider, &neuralProvider}};
     TranscriptionFacade facade{models, speechEngines};
-    LenientStore lenientStore{store};
+    bool isKeeping = true;
+    LenientStore lenientStore{store, [this] {
+                                  return isKeeping;
+                              }};
     const ModeHandlers handlers = makeHandlers(lenientStore);
     AudioDeviceManager devices{hardware, defaults};
     AudioRecorder recorder{engines.factory(), devices, permissions, clock};

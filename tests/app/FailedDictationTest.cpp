@@ -51,6 +51,22 @@ TEST_F(DictationTest, DeliversWhatCannotBeStoredAndTellsItOnce)
     EXPECT_EQ(shell.alerts.size(), 2) << "again, after it had worked";
 }
 
+TEST_F(DictationTest, WhatIsNotToBeKeptIsDeliveredAndANoteIsFiledAllTheSame)
+{
+    isKeeping = false;
+    dictate(QStringLiteral("In confidence."));
+    EXPECT_EQ(delivered, QStringLiteral("In confidence."));
+    EXPECT_TRUE(store.rows.isEmpty());
+    EXPECT_TRUE(shell.alerts.isEmpty()) << "it is what the user wants";
+    pressShortcut();
+    recorder.setProcessingMode(ProcessingMode::Notes);
+    speak(16'000);
+    stopAndDrain();
+    provider.answer(QStringLiteral("Buy milk."));
+    pump();
+    EXPECT_EQ(store.rows, QStringList{QStringLiteral("Buy milk.")});
+}
+
 TEST_F(DictationTest, ANoteThatCannotBeStoredIsOnTheClipboard)
 {
     const auto onClipboard = [this] {

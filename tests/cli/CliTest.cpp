@@ -1,3 +1,4 @@
+#include "vantro/cli/Captions.h"
 #include "vantro/cli/CommandLine.h"
 #include "vantro/cli/Commands.h"
 #include "vantro/cli/Completion.h"
@@ -8,6 +9,28 @@
 #include <algorithm>
 
 using namespace vantro;
+
+TEST(Captions, EndWithSentencesAtPausesAndBeforeTheyAreTooLong)
+{
+    const auto at = [](const char* piece, double start, double end) {
+        return TranscribedToken{QString::fromUtf8(piece), std::chrono::duration<double>(start),
+                                std::chrono::duration<double>(end), 1};
+    };
+    std::vector<TranscribedToken> tokens{at("\u2581One", 0, 0.4), at(".", 0.4, 0.5),      at("\u2581Tw", 0.6, 0.8),
+                                         at("o", 0.8, 1),         at("\u2581later", 3, 4), at("\u2581", 4, 4)};
+    for (int second = 4; second < 16; ++second)
+        tokens.push_back(at("\u2581word", second, second + 1));
+    const auto captions = captionsFrom(tokens);
+    ASSERT_EQ(captions.size(), 4U);
+    EXPECT_EQ(captions[0].text, QStringLiteral("One."));
+    EXPECT_EQ(captions[1].text, QStringLiteral("Two"));
+    EXPECT_TRUE(captions[2].text.startsWith(QStringLiteral("later word")));
+    EXPECT_EQ(captions.back().end, std::chrono::seconds(16));
+    EXPECT_EQ(subRip({{std::chrono::milliseconds(3'723'004), std::chrono::seconds(3724), QStringLiteral("Hi")}}),
+              QStringLiteral("1\n01:02:03,004 --> 01:02:04,000\nHi\n\n"));
+    EXPECT_EQ(webVtt({{std::chrono::milliseconds(4), std::chrono::seconds(1), QStringLiteral("Hi")}}),
+              QStringLiteral("WEBVTT\n\n00:00:00.004 --> 00:00:01.000\nHi\n\n"));
+}
 
 TEST(CommandLine, TellsTheProgramFromACommand)
 {

@@ -4,10 +4,16 @@
 VANTRO_PROGRAM names the program.
 """
 
+import contextlib
+import fcntl
 import json
 import os
+import pty
+import re
+import struct
 import subprocess
 import tempfile
+import termios
 import unittest
 from pathlib import Path
 
@@ -83,6 +89,52 @@ class SettingsCase(unittest.TestCase):
         self.assertEqual(self.run_vantro("vocabulary", "add", "new").returncode, NOT_SAVED)
         self.file.chmod(0o600)
         self.assertEqual(self.listed("vocabulary")[0], "old")
+
+    def test_settings_are_listed_changed_and_reset_and_nonsense_is_refused(self):
+        listed = {row["key"]: row for row in self.listed("settings")}
+        self.assertGreater(len(listed), 15)
+        self.assertTrue(all(row["is_default"] and row["meaning"] for row in listed.values()))
+        for key, value, stored in (("autopasteenabled", "off", "false"), ("SelectedLanguage", "DE", "de"),
+                                   ("keepHistory", "30", "30"), ("keepHistory", "Never", "never"),
+                                   ("defaultProcessingMode", "notes", "Notes"), ("appearance", "Dark", "dark"),
+                                   ("selectedModelName", "parakeet-v2", "Parakeet v2 (Fluid, English)"),
+                                   ("pasteChords", '{"st": "Ctrl+Shift+V"}', '{"st": "Ctrl+Shift+V"}')):
+            self.assertEqual(self.run_vantro("settings", "set", key, value).returncode, 0, (key, value))
+            self.assertEqual(self.run_vantro("settings", "get", key).stdout, stored + "\n")
+        self.assertEqual(self.run_vantro("settings", "reset", "keepHistory").returncode, 0)
+        self.assertEqual(self.run_vantro("settings", "get", "keepHistory").stdout, "forever\n")
+        before = self.file.read_text()
+        for words, code in ((("set", "autoPasteEnabled", "maybe"), 2), (("set", "SelectedLanguage", "klingon"), 2),
+                            (("set", "keepHistory", "0"), 2), (("set", "appearance", "pink"), 2),
+                            (("set", "pasteChords", "{"), 2), (("set", "selectedModelName", "huge"), 2),
+                            (("set", "modelHostBaseURL", "nowhere"), 2), (("get", "nothing"), 3), (("set", "holdToTalk"), 2)):
+            result = self.run_vantro("settings", *words)
+            self.assertEqual((result.returncode, result.stdout), (code, ""), words)
+            self.assertTrue(result.stderr, words)
+        self.assertEqual(self.file.read_text(), before)
+
+    def test_every_table_fits_its_terminal(self):
+        self.run_vantro("replacements", "add", "a long text that is looked for in every dictation of the day", "x" * 90)
+        for command in ("settings", "models", "providers", "modes", "vocabulary", "replacements", "history", "notes"):
+            for line in self.on_terminal(command, columns=80).splitlines():
+                self.assertLessEqual(len(line), 80, (command, line))
+        self.assertIn("\x1b[1m", self.on_terminal("models", columns=80, plain=False))
+        self.assertNotIn("\x1b", self.on_terminal("models", columns=80, plain=False, NO_COLOR="1"))
+
+    def on_terminal(self, *words, columns, plain=True, **env):
+        ours, theirs = pty.openpty()
+        fcntl.ioctl(theirs, termios.TIOCSWINSZ, struct.pack("HHHH", 24, columns, 0, 0))
+        process = subprocess.Popen([PROGRAM, *words], env=self.env | {"TERM": "xterm", "LC_ALL": "C.UTF-8"} | env,
+                                   stdin=subprocess.DEVNULL, stdout=theirs, stderr=subprocess.DEVNULL)
+        os.close(theirs)
+        output = b""
+        with contextlib.suppress(OSError):  # the end of a terminal
+            while piece := os.read(ours, 65536):
+                output += piece
+        process.wait(TIMEOUT_S)
+        os.close(ours)
+        text = output.decode().replace("\r\n", "\n")
+        return re.sub(r"\x1b\[[0-9;]*m", "", text) if plain else text
 
     def test_a_stray_line_costs_nothing(self):
         for words in (("vocabulary", "add", "old"), ("shortcuts", "mode", "hold"), ("modes",)):

@@ -33,6 +33,32 @@ TEST_F(PasteDeliveryTest, PastesAtOnceAndPutsTheFormerTextBackAfterThreeTenthsOf
     EXPECT_EQ(clipboard(), former);
 }
 
+TEST_F(PasteDeliveryTest, ConsecutiveDictationsIntoOneWindowAreJoinedWhenTheUserWantsIt)
+{
+    const auto next = [this](const char* text) {
+        clock_.advance(5s);
+        delivery_->rememberTarget();
+        deliver(QString::fromUtf8(text));
+        return received_.value_or(QString()).toStdString();
+    };
+    EXPECT_EQ(next("One."), "One.");
+    EXPECT_EQ(next("Two."), "Two.") << "not unless it is wanted";
+    defaults_.set(setting::joinDictations, true);
+    EXPECT_EQ(next("Three,"), " Three,");
+    EXPECT_EQ(next("And four"), " and four");
+    EXPECT_EQ(next("I am five."), " I am five.");
+    EXPECT_EQ(next("Six"), " Six");
+    defaults_.set(setting::selectedLanguage, QStringLiteral("de"));
+    EXPECT_EQ(next("Häuser"), " Häuser") << "a noun";
+    EXPECT_EQ(next("\xE4\xBD\xA0\xE5\xA5\xBD"), " \xE4\xBD\xA0\xE5\xA5\xBD");
+    EXPECT_EQ(next("\xE4\xBD\xA0\xE5\xA5\xBD"), "\xE4\xBD\xA0\xE5\xA5\xBD") << "a script without spaces";
+    workspace_.focus(other);
+    workspace_.focus(editor);
+    EXPECT_EQ(next("Seven."), "Seven.") << "the user has been elsewhere";
+    clock_.advance(60s);
+    EXPECT_EQ(next("Eight."), "Eight.") << "much later";
+}
+
 TEST_F(PasteDeliveryTest, AClipboardWithoutTextIsLeftWithoutOwner)
 {
     pasteboard_.setByOther(Selection::Clipboard, std::nullopt);

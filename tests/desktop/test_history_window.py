@@ -26,8 +26,10 @@ class HistoryCase(ShellCase):
         return json.loads(self.vantro.run(command, "--json", "--limit", "0").stdout)
 
     def empty(self):
-        for row in self.stored():
-            self.vantro.run("history", "delete", "--yes", row["id"])
+        ids = [row["id"] for row in self.stored()]
+        while ids:
+            self.vantro.run("history", "delete", "--yes", *ids[:1000])
+            ids = ids[1000:]
 
     def open(self, window="history"):
         self.assertEqual(self.vantro.run("show", window).returncode, 0)
@@ -141,6 +143,34 @@ class DictationsTest(HistoryCase):
         self.wait(lambda: len(self.stored()) == 200, 5, "its deletion")
         self.close_window()
 
+    def test_return_pastes_into_the_window_that_was_in_front(self):
+        self.open()
+        self.press("Down", "Down", "Return")
+        self.assertEqual(self.wait(self.arrived, 10, "the text in the editor").strip(), self.text(1).strip())
+        self.has_keyboard(self.editor.window)
+        self.desktop.activate(self.window(TITLE))
+        self.close_window()
+
+    def test_a_text_is_edited_saved_left_as_it_was_and_taken_back(self):
+        before = self.stored()[0]["transcription"]
+        self.open()
+        self.press("Down", "F2")
+        self.desktop.type_text(" And one more thing.")
+        self.press("ctrl+Return")
+        self.wait(lambda: self.stored()[0]["transcription"] == before + " And one more thing.", 5, "the change")
+        self.press("F2")
+        self.desktop.type_text(" Not this.")
+        self.press("Escape")
+        self.assertEqual(self.stored()[0]["transcription"], before + " And one more thing.")
+        self.press("F2")
+        self.desktop.type_text(" Kept when one goes on.")
+        self.desktop.run("xdotool", "search", "--name", TITLE)  # let the typing arrive
+        self.press("shift+Tab")
+        self.close_window()
+        self.assertEqual(self.stored()[0]["transcription"], before + " And one more thing. Kept when one goes on.")
+        self.vantro.run("history", "delete", "--yes", self.stored()[0]["id"])
+        fill_dictations(self.vantro.history_file, self.rows[:1])
+
     def test_a_filter_shows_what_was_not_rewritten(self):
         self.open()
         self.press("Tab", "End", "Tab", "Tab")
@@ -174,6 +204,27 @@ class SizesTest(HistoryCase):
         self.press("Escape")
         self.close_window()
 
+
+    def test_all_of_a_huge_history_go_and_come_back_while_the_window_lives(self):
+        self.empty()
+        fill_dictations(self.vantro.history_file, dictations(MANY, spacing_s=60))
+        self.open()
+        self.press("Down", "ctrl+a", "Delete")
+        longest = 0
+        while self.count() > 0:
+            began = time.monotonic()
+            self.vantro.status()  # answered by the main thread
+            longest = max(longest, time.monotonic() - began)
+        print(f"longest wait for the main thread: {longest:.2f} s")
+        self.assertLess(longest, 2)
+        self.press("ctrl+z")
+        self.wait(lambda: self.count() == MANY, 60, "all to come back")
+        self.close_window()
+        self.empty()
+
+    def count(self):
+        with contextlib.closing(sqlite3.connect(self.vantro.history_file, timeout=10)) as database:
+            return database.execute("SELECT count(*) FROM Transcription").fetchone()[0]
 
     def test_the_window_comes_back_in_the_size_it_was_left(self):
         window = self.open()

@@ -11,7 +11,7 @@ from shellcase import ONBOARDING_TITLE, SETTINGS_TITLE, ShellCase
 sys.path.insert(0, str(ROOT / "tests" / "ai" / "services"))
 from chatserver import Answer, ChatServer  # noqa: E402
 
-PAGES = ("General", "Shortcut", "Microphone", "Models", "Modes", "Providers", "Vocabulary", "About")
+PAGES = ("General", "Shortcut", "Microphone", "Models", "Modes", "Providers", "Vocabulary", "Privacy", "Statistics", "About")
 
 
 class WindowsTest(ShellCase):
@@ -109,6 +109,7 @@ class FirstStartTest(ShellCase):
         self._log_before = 0
         onboarding = self.window(ONBOARDING_TITLE)
         self.has_keyboard(onboarding)
+        self.desktop.press("Return")
         self.wait(self.desktop.audio.recording_sources, 5, "the microphone to be tried")
         self.speak(CHILD)
         self.desktop.press("Return")

@@ -14,7 +14,7 @@ from dictationcase import CHILD, CHILD_WORDS, ROOT, TABLE, TABLE_WORDS, main, pr
 # Of sndfile.h.
 _READ, _WRITE = 0x10, 0x20
 _FORMATS = {"wav": 0x010002, "flac": 0x170002, "ogg": 0x200060, "mp3": 0x230082}
-DONE, UNREADABLE, NO_MODEL = 0, 3, 4
+DONE, WRONG_USAGE, UNREADABLE, NO_MODEL = 0, 2, 3, 4
 
 
 class _Info(ctypes.Structure):
@@ -81,6 +81,32 @@ class TranscribeTest(unittest.TestCase):
         self.assertEqual(child["file"], str(CHILD))
         self.assertAlmostEqual(child["duration_s"], 2.87, delta=0.01)
         self.assertGreater(child["timings"]["transcribe_ms"], 0)
+
+    def test_subtitles_have_times_and_nothing_but_errors_is_said_beside_them(self):
+        result = self.transcribe("--format", "srt", CHILD)
+        number, times, text = result.stdout.decode().strip().split("\n")
+        self.assertEqual(number, "1")
+        start, end = (sum(float(part) * unit for part, unit in zip(time.replace(",", ".").split(":"), (3600, 60, 1)))
+                      for time in times.split(" --> "))
+        self.assertTrue(0 <= start < end <= 4, times)
+        self.assertEqual(words(text), CHILD_WORDS)
+        self.assertEqual(result.stderr, b"")
+
+    def test_several_files_go_into_a_folder(self):
+        folder = self.folder / "texts"
+        folder.mkdir()
+        self.assertEqual(self.transcribe("--format", "vtt", CHILD, TABLE).returncode, WRONG_USAGE)
+        result = self.transcribe("--format", "vtt", "--output", folder, CHILD, TABLE)
+        self.assertEqual((result.returncode, result.stdout), (DONE, b""))
+        text = (folder / CHILD.with_suffix(".vtt").name).read_text()
+        self.assertTrue(text.startswith("WEBVTT\n\n00:00:0"), text)
+        self.assertTrue((folder / TABLE.with_suffix(".vtt").name).exists())
+
+    def test_an_unknown_language_or_format_is_refused_before_anything_is_loaded(self):
+        for arguments in (("--language", "klingon"), ("--format", "doc"), ("--output", "/nowhere")):
+            result = self.transcribe(*arguments, CHILD)
+            self.assertEqual((result.returncode, result.stdout), (WRONG_USAGE, b""))
+            self.assertIn(arguments[1], result.stderr.decode())
 
     def test_what_cannot_be_read_is_named_and_the_rest_is_transcribed(self):
         noise = self.folder / "noise.wav"

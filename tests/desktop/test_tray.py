@@ -5,13 +5,13 @@ import os
 import re
 from pathlib import Path
 
-from dictationcase import CHILD, CHILD_WORDS, DesktopError, main, words
+from dictationcase import CHILD, CHILD_WORDS, TABLE, TABLE_WORDS, DesktopError, main, words
 from shellcase import SETTINGS_TITLE, ShellCase
 
 from notifier import WATCHER, find_item
 
 TRAY_HEIGHT = 24
-ENTRIES = ["Dictate", "History", "Notes", "Settings", "Models", "First Steps", "Check for Updates", "Report an Error", "Send Feedback",
+ENTRIES = ["Dictate", "Copy a Recent Dictation", "Microphone", "Mode", "History", "Notes", "Private Session", "Settings", "Models", "First Steps", "Check for Updates", "Report an Error", "Send Feedback",
            "About vantro", "Quit"]
 OPENER = """#!/bin/sh
 printf '%s\\n' "$1" >> "$HOME/opened.txt"
@@ -76,6 +76,39 @@ class StatusNotifierTest(ShellCase):
         kernel = Path("/proc/sys/kernel/osrelease").read_text().strip()
         self.assertIn(kernel, report)
         self.assertTrue(any(re.fullmatch(r"mailto:[^?]+\?subject=vantro%20feedback", mail) for mail in mails))
+
+    def test_the_menu_copies_recent_dictations_chooses_microphone_and_mode_and_keeps_a_session_private(self):
+        watcher = self.desktop.start(*WATCHER)
+        self.addCleanup(watcher.stop)
+        icon = self.find_icon()
+        self.dictate(CHILD)
+        text = self.wait_for_text()
+        self.wait_until_over()
+        recent = self.wait(lambda: icon.submenu("Copy a Recent Dictation"), 5, "the dictation in the menu")
+        icon.choose("Copy a Recent Dictation", list(recent)[0])
+        self.wait(lambda: self.desktop.clipboard() == text.strip(), 5, "its text on the clipboard")
+
+        self.assertEqual(icon.submenu("Mode"), {"Normal": True, "Notes": False})
+        icon.choose("Mode", "Notes")
+        self.wait(lambda: icon.submenu("Mode")["Notes"], 5, "the mode")
+        self.assertEqual(self.vantro.run("settings", "get", "defaultProcessingMode").stdout, "Notes\n")
+        icon.choose("Mode", "Normal")
+
+        microphones = icon.submenu("Microphone")
+        self.assertTrue(microphones.pop("Same as the Desktop"))
+        icon.choose("Microphone", list(microphones)[0])
+        self.wait(lambda: icon.submenu("Microphone")[list(microphones)[0]], 5, "the microphone")
+        icon.choose("Microphone", "Same as the Desktop")
+
+        before = self.vantro.run("last").stdout
+        icon.choose("Private Session")
+        self.wait(lambda: icon.is_checked("Private Session"), 5, "the private session")
+        self.dictate(TABLE)
+        arrived = self.wait(lambda: len(self.arrived()) > len(text) and self.arrived(), 60, "its text")
+        self.assertEqual(words(arrived[len(text):]), TABLE_WORDS)
+        self.wait_until_over()
+        self.assertEqual(self.vantro.run("last").stdout, before)
+        icon.choose("Private Session")
 
     def test_quit_ends_the_program(self):
         watcher = self.desktop.start(*WATCHER)

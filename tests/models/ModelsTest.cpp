@@ -1,5 +1,6 @@
 #include "base/Settings.h"
 #include "vantro/models/ModelSelection.h"
+#include "vantro/models/Recommendation.h"
 #include "vantro/whisper/WhisperModelPreparation.h"
 
 #include <QCryptographicHash>
@@ -148,6 +149,44 @@ TEST_F(Models, TheFolderOfTheLibrarysOwnScriptIsNeverChanged)
               (QStringList{QStringLiteral("ggml-base.en.bin"), QStringLiteral("ggml-tiny.bin"),
                            QStringLiteral("notes.txt")}));
     EXPECT_TRUE(QDir(user).entryList(QDir::Files).isEmpty());
+}
+
+TEST(Recommendation, IsTheBestThatMachineAndLanguageCanBear)
+{
+    const ModelCatalogue catalogue;
+    bool hasParakeet = false;
+    const auto forMachine = [&](int processors, quint64 gigabytes, const char* language) {
+        return shortName(recommended(catalogue.models(), {processors, gigabytes * 1'000'000'000},
+                                     QString::fromLatin1(language),
+                                     [&](const TranscriptionModel&) { return hasParakeet; }))
+            .toStdString();
+    };
+    EXPECT_EQ(forMachine(4, 8, "de"), "small");
+    EXPECT_EQ(forMachine(4, 8, "en"), "small");
+    EXPECT_EQ(forMachine(1, 8, "en"), "base.en");
+    EXPECT_EQ(forMachine(1, 8, "de"), "tiny");
+    EXPECT_EQ(forMachine(4, 1, "de"), "tiny") << "of a quarter of the memory";
+    EXPECT_EQ(forMachine(16, 16, "de"), "large-v3-turbo");
+    hasParakeet = true;
+    EXPECT_EQ(forMachine(4, 8, "de"), "parakeet-v3");
+    EXPECT_EQ(forMachine(4, 8, "en"), "parakeet-v2");
+    EXPECT_EQ(forMachine(4, 8, "ja"), "small");
+}
+
+TEST(ModelCatalogue, AModelIsFoundAsItsUserCallsIt)
+{
+    const ModelCatalogue catalogue;
+    const auto called = [&](const char* text) {
+        const auto* model = catalogue.match(QString::fromLatin1(text));
+        return model != nullptr ? model->name.toStdString() : std::string();
+    };
+    EXPECT_EQ(called("parakeet-v2"), "Parakeet v2 (Fluid, English)");
+    EXPECT_EQ(called("Parakeet v3"), "Parakeet v3 (Fluid)");
+    EXPECT_EQ(called("SMALL"), "small - default");
+    EXPECT_EQ(called("tiny"), "tiny") << "exactly, not as a beginning";
+    EXPECT_EQ(called("ggml-base.en.bin"), "base.en");
+    EXPECT_EQ(called("parakeet"), "");
+    EXPECT_EQ(called("medium"), "");
 }
 
 TEST(ModelHost, TheNearestWordCounts)

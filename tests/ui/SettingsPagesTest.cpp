@@ -34,6 +34,7 @@ protected:
     ProvidersModel::Parts providerParts()
     {
         return {manager, [this] { return keychain.accounts(); },
+                [this](const QString& account) { return ending(account); },
                 [this](const ProviderConfiguration& provider, const std::optional<QString>& key) {
                     return verify(provider, key);
                 },
@@ -50,6 +51,13 @@ protected:
         if (!refusal.isEmpty())
             throw Error(refusal);
         co_return;
+    }
+
+    QCoro::Task<QString> ending(QString account)
+    {
+        const auto reading = keychain.read(account);
+        const std::optional<QString> key = co_await reading;
+        co_return key->right(2);
     }
 
     QTemporaryDir folder;
@@ -222,6 +230,10 @@ TEST_F(SettingsPages, AProviderIsStoredOnlyWhenItsFormIsRight)
     page.setField(nameField, QStringLiteral("Mine"));
     page.setField(modelField, QStringLiteral("small"));
     page.setField(addressField, QStringLiteral("http://localhost:8080/v1"));
+    EXPECT_TRUE(page.fieldWarnings().at(addressField).isEmpty()) << "nobody is between";
+    page.setField(addressField, QStringLiteral("http://models.example/v1"));
+    EXPECT_FALSE(page.fieldWarnings().at(addressField).isEmpty());
+    page.setField(addressField, QStringLiteral("http://localhost:8080/v1"));
     page.setField(temperatureField, QString());
     page.save(QStringLiteral(" secret \n"));
     EXPECT_FALSE(page.isEditing());
@@ -229,7 +241,7 @@ TEST_F(SettingsPages, AProviderIsStoredOnlyWhenItsFormIsRight)
     const ProviderConfiguration& mine = manager.configurations().back();
     EXPECT_EQ(mine.customBaseURL, QStringLiteral("http://localhost:8080/v1"));
     EXPECT_EQ(secrets.secrets.at(mine.keychainAccount()), QByteArray("secret"));
-    EXPECT_EQ(text(page.providers(), 3, "key"), QString::fromUtf8("••••••••••••"));
+    EXPECT_EQ(text(page.providers(), 3, "key"), QString::fromUtf8("••••••••••••et"));
     EXPECT_EQ(text(page.providers(), 0, "key"), QStringLiteral("No API key configured"));
 }
 

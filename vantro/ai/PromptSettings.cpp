@@ -3,10 +3,12 @@
 #include "base/Settings.h"
 #include "vantro/ai/BuiltInPrompts.h"
 
+#include <QCoreApplication>
 #include <QJsonDocument>
 #include <QJsonObject>
 
 #include <algorithm>
+#include <array>
 #include <optional>
 
 namespace vantro {
@@ -84,6 +86,16 @@ void load(UserDefaults& defaults, const Setting<QByteArray>& setting, Map& map, 
         map = std::move(*values);
     else
         defaults.keepUnreadable(setting.key);
+}
+
+/// The raw value in the user's language.
+QString builtInName(ProcessingMode mode)
+{
+    constexpr std::array names{
+        QT_TRANSLATE_NOOP("ProcessingMode", "Normal"), QT_TRANSLATE_NOOP("ProcessingMode", "Email"),
+        QT_TRANSLATE_NOOP("ProcessingMode", "Grammar"), QT_TRANSLATE_NOOP("ProcessingMode", "Custom"),
+        QT_TRANSLATE_NOOP("ProcessingMode", "Notes")};
+    return QCoreApplication::translate("ProcessingMode", names.at(static_cast<std::size_t>(mode)));
 }
 
 } // namespace
@@ -204,7 +216,7 @@ void PromptSettings::setConfiguration(ProcessingMode mode, const ModeConfigurati
 QString PromptSettings::displayName(ProcessingMode mode) const
 {
     const auto entry = customModeNames_.find(mode);
-    return entry != customModeNames_.end() && !entry->second.isEmpty() ? entry->second : rawValue(mode);
+    return entry != customModeNames_.end() && !entry->second.isEmpty() ? entry->second : builtInName(mode);
 }
 
 void PromptSettings::setCustomModeName(ProcessingMode mode, const QString& name)

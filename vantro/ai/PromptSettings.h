@@ -32,9 +32,9 @@ public:
     void setPrompt(ProcessingMode mode, const QString& prompt);
     [[nodiscard]] ModeConfiguration configuration(ProcessingMode mode) const;
     void setConfiguration(ProcessingMode mode, const ModeConfiguration& configuration);
-    /// The user's name for the mode, or its raw value.
+    /// The user's name for the mode, or its raw value in the user's language.
     [[nodiscard]] QString displayName(ProcessingMode mode) const;
-    /// An empty name restores the raw value.
+    /// An empty name restores the built-in one.
     void setCustomModeName(ProcessingMode mode, const QString& name);
 
 Q_SIGNALS:

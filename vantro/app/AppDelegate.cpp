@@ -174,6 +174,19 @@ void AppDelegate::cancelDictation()
         dictation_->cancel();
 }
 
+QCoro::Task<> AppDelegate::pasteAgain(QString text)
+{
+    if (dictation_ && !dictation_->isOver())
+        co_return;
+    PasteDelivery& delivery = parts_.dictation.delivery;
+    delivery.returnTo(delivery.otherWindow());
+    const auto delivering = delivery.deliver(std::move(text), [] {});
+    const QString reason = delivery.explanation(co_await delivering);
+    if (!reason.isEmpty())
+        shell().showPasteHUD(
+            std::nullopt, [&delivery] { return delivery.pasteKeys(); }, reason);
+}
+
 DictationTimings AppDelegate::timings() const
 {
     return dictation_ ? dictation_->timings() : DictationTimings();

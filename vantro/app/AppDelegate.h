@@ -55,6 +55,8 @@ public:
     void stopRecording();
     /// What Escape does in the launcher, even while the recording is being processed.
     void cancelDictation();
+    /// Pastes a text of the history into the window that was in front before ours. Does nothing during a dictation.
+    QCoro::Task<> pasteAgain(QString text);
     /// The timings of the latest dictation.
     [[nodiscard]] DictationTimings timings() const;
 

@@ -55,17 +55,57 @@ void ControlService::Toggle(const QDBusMessage& message)
 
 void ControlService::Start(const QDBusMessage& message)
 {
-    if (parts_.recorder.isBusy()) {
-        refuse(message, tr("a dictation is already in progress"));
+    std::ignore = begin(message);
+}
+
+void ControlService::StartWith(const QString& mode, const QString& model, const QDBusMessage& message)
+{
+    const auto wantedMode = processingModeFromRawValue(mode);
+    const auto* wantedModel = model.isEmpty() ? nullptr : parts_.models.catalogue().match(model);
+    if (!mode.isEmpty() && (!wantedMode || !actions_.isUsable(*wantedMode))) {
+        refuse(message, tr("the mode %1 is not set up").arg(mode));
         return;
     }
-    if (delegate_.isUserAway()) {
-        refuse(message, tr("the screen is locked, or another session is in front"));
+    if (!model.isEmpty() && wantedModel == nullptr) {
+        refuse(message, tr("there is no model %1").arg(model));
         return;
     }
-    delegate_.showLauncherAndRecord();
-    if (!parts_.recorder.isRecording())
+    if (reasonNotToStart().isEmpty())
+        parts_.models.prefer(wantedModel);
+    const auto dictation = begin(message).lock();
+    if (!dictation) {
+        if (!parts_.recorder.isBusy())
+            parts_.models.prefer(nullptr);
+        return;
+    }
+    if (wantedMode)
+        parts_.recorder.setProcessingMode(*wantedMode);
+    connect(dictation.get(), &Dictation::stateChanged, this, [this, over = dictation.get()] {
+        if (over->isOver())
+            parts_.models.prefer(nullptr);
+    });
+}
+
+QString ControlService::reasonNotToStart() const
+{
+    if (parts_.recorder.isBusy())
+        return tr("a dictation is already in progress");
+    return delegate_.isUserAway() ? tr("the screen is locked, or another session is in front") : QString();
+}
+
+/// Refuses if nothing is recorded then.
+std::weak_ptr<Dictation> ControlService::begin(const QDBusMessage& message)
+{
+    if (const QString reason = reasonNotToStart(); !reason.isEmpty()) {
+        refuse(message, reason);
+        return {};
+    }
+    auto dictation = delegate_.showLauncherAndRecord();
+    if (!parts_.recorder.isRecording()) {
         refuse(message, tr("the recording could not start; see the program's window"));
+        return {};
+    }
+    return dictation;
 }
 
 void ControlService::Stop(const QDBusMessage& message)
@@ -118,6 +158,12 @@ QCoro::Task<> ControlService::answerDiscard(QDBusMessage message)
     } catch (const NothingKept& error) {
         QDBusConnection::sessionBus().send(message.createErrorReply(nothingKept(), error.localizedDescription()));
     }
+}
+
+void ControlService::Quit()
+{
+    // Later: the caller is answered first.
+    QMetaObject::invokeMethod(this, actions_.quit, Qt::QueuedConnection);
 }
 
 QString ControlService::Status() const

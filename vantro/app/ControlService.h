@@ -1,17 +1,21 @@
 #pragma once
 
+#include "vantro/ai/ProcessingMode.h"
+
 #include <QDBusAbstractAdaptor>
 #include <QDBusMessage>
 #include <QString>
 #include <qcoro/qcorotask.h>
 
 #include <functional>
+#include <memory>
 
 namespace vantro {
 
 class AppDelegate;
 class AudioDeviceManager;
 class AudioRecorder;
+class Dictation;
 class KeyboardShortcuts;
 class ModelSelection;
 class Recovery;
@@ -29,9 +33,9 @@ public:
 
     struct Parts
     {
-        const AudioRecorder& recorder;
+        AudioRecorder& recorder;
         const AudioDeviceManager& devices;
-        const ModelSelection& models;
+        ModelSelection& models;
         const KeyboardShortcuts& shortcuts;
         Recovery& recovery;
     };
@@ -43,6 +47,8 @@ public:
     {
         std::function<void(const QStringList&)> handOver; ///< called with the arguments of a second start
         std::function<bool(const QString&)> showWindow;   ///< false when there is none of that name
+        std::function<bool(ProcessingMode)> isUsable;     ///< whether a mode is set up
+        std::function<void()> quit;
     };
 
     ControlService(AppDelegate& delegate, Parts parts, Actions actions);
@@ -56,6 +62,9 @@ public:
 public Q_SLOTS:
     void Toggle(const QDBusMessage& message);
     void Start(const QDBusMessage& message);
+    /// The same in a mode and with a model, each unless it is empty, for this dictation.
+    void StartWith(const QString& mode, const QString& model, const QDBusMessage& message);
+    void Quit();
     void Stop(const QDBusMessage& message);
     void Cancel();
     QString Retry(const QDBusMessage& message);
@@ -65,6 +74,8 @@ public Q_SLOTS:
     void Show(const QString& window, const QDBusMessage& message);
 
 private:
+    [[nodiscard]] QString reasonNotToStart() const;
+    [[nodiscard]] std::weak_ptr<Dictation> begin(const QDBusMessage& message);
     QCoro::Task<> answerRetry(QDBusMessage message);
     QCoro::Task<> answerDiscard(QDBusMessage message);
     void refuse(const QDBusMessage& message, const QString& why);

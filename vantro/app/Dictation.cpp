@@ -10,6 +10,7 @@
 #include <QMetaObject>
 #include <QScopeGuard>
 
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -23,6 +24,18 @@ namespace {
 constexpr auto worthTelling = 1s;
 constexpr auto keyboardLook = 1s;
 constexpr int looksAtLocker = 3;
+/// In characters.
+constexpr qsizetype firstWords = 60;
+
+/// So that the user knows which text is meant.
+QString withFirstWords(const QString& reason, const QString& text)
+{
+    QString words = text.simplified();
+    if (words.size() > firstWords)
+        words = words.left(std::max(words.lastIndexOf(QLatin1Char(' '), firstWords), firstWords / 2)) + QChar(0x2026);
+    words = Dictation::tr("\u201C%1\u201D").arg(words);
+    return reason.isEmpty() ? words : reason + QLatin1Char('\n') + words;
+}
 
 } // namespace
 
@@ -268,7 +281,7 @@ QCoro::Task<QString> Dictation::transcribe(std::vector<float> samples)
         giveUpIfCancelled();
         const QString description = localizedDescription(error);
         logger_.error(QStringLiteral("Transcription failed: ") + description);
-        throw Error(QStringLiteral("Failed to transcribe audio: ") + description);
+        throw Error(tr("Failed to transcribe audio: ") + description);
     }
 }
 
@@ -307,6 +320,8 @@ void Dictation::announce(const QString& finalText, const std::optional<QString>&
 QCoro::Task<> Dictation::deliver(QString text)
 {
     text = text.trimmed();
+    if (text.isEmpty())
+        tellOfSilence();
     if (mode_ == ProcessingMode::Notes || text.isEmpty())
         co_return;
     enter(State::delivering);
@@ -324,8 +339,9 @@ QCoro::Task<> Dictation::deliver(QString text)
 void Dictation::copy(const QString& text, std::optional<QRect> launcherFrame)
 {
     parts_.delivery.copy(text);
-    parts_.shell.showPasteHUD(launcherFrame, pasteKeys(),
-                              isAgain_ ? tr("The text of your recording is on the clipboard.") : QString());
+    parts_.shell.showPasteHUD(
+        launcherFrame, pasteKeys(),
+        withFirstWords(isAgain_ ? tr("The text of your recording is on the clipboard.") : QString(), text));
 }
 
 QCoro::Task<> Dictation::paste(QString text, std::optional<QRect> launcherFrame)
@@ -338,7 +354,7 @@ QCoro::Task<> Dictation::paste(QString text, std::optional<QRect> launcherFrame)
         timings_.pasted = parts_.clock.now();
     const QString reason = parts_.delivery.explanation(outcome);
     if (!reason.isEmpty())
-        parts_.shell.showPasteHUD(launcherFrame, pasteKeys(), reason);
+        parts_.shell.showPasteHUD(launcherFrame, pasteKeys(), withFirstWords(reason, text));
 }
 
 std::function<QString()> Dictation::pasteKeys() const

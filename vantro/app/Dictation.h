@@ -135,6 +135,7 @@ private:
     void announce(const QString& finalText, const std::optional<QString>& errorMessage = std::nullopt);
     QCoro::Task<> deliver(QString text);
     QCoro::Task<> paste(QString text, std::optional<QRect> launcherFrame);
+    void tellOfSilence();
     void copy(const QString& text, std::optional<QRect> launcherFrame);
     void tellOfNotice();
     QCoro::Task<> bringAsSpoken(Shell::AsSpoken wanted);

@@ -146,6 +146,18 @@ void Dictation::tellOfNotice()
         parts_.shell.showAlert(tr("Transcription Error"), notice_);
 }
 
+/// A recording that was too short to be one has not reached the engine.
+void Dictation::tellOfSilence()
+{
+    if (state_ < State::transcribing)
+        return;
+    const auto anchor = launcherFrame();
+    closeLauncher();
+    parts_.shell.showPasteHUD(
+        anchor, {},
+        tr("Nothing was heard. Speak closer to the microphone, or choose another under Settings, Microphone."));
+}
+
 /// Long after the end, when the user has answered.
 QCoro::Task<> Dictation::bringAsSpoken(Shell::AsSpoken wanted)
 {

@@ -2,7 +2,9 @@
 
 #include "vantro/app/LenientStore.h"
 #include "vantro/store/CoreDataStack.h"
+#include "vantro/store/HistoryJobs.h"
 #include "vantro/store/MigrationManager.h"
+#include "vantro/store/Retention.h"
 
 namespace vantro {
 
@@ -10,10 +12,19 @@ namespace vantro {
 /// nothing. Main thread.
 struct History
 {
-    History(UserDefaults& defaults, Clock& clock) : store(clock), migrations(defaults, store) {}
+    History(UserDefaults& defaults, Clock& clock)
+        : store(clock)
+        , retention(defaults, jobs, clock)
+        , migrations(defaults, store)
+    {
+    }
 
     CoreDataStack store;
-    LenientStore dictations{store};
+    HistoryJobs jobs{store};
+    Retention retention;
+    LenientStore dictations{store, [this] {
+                                return retention.isKeeping();
+                            }};
     MigrationManager migrations;
 };
 

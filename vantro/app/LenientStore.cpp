@@ -30,14 +30,16 @@ void LenientStore::attempt(const Save& save)
 void LenientStore::saveTranscription(const QString& transcription, const QString& formatted, ProcessingMode mode)
 {
     hasLatest_ = false;
-    attempt([&] { store_.saveTranscription(transcription, formatted, mode); });
+    if (isKeeping_())
+        attempt([&] { store_.saveTranscription(transcription, formatted, mode); });
 }
 
 QUuid LenientStore::saveTranscription(const QString& transcription, ProcessingMode mode)
 {
     QUuid id;
     hasLatest_ = false;
-    attempt([&] { id = store_.saveTranscription(transcription, mode); });
+    if (isKeeping_())
+        attempt([&] { id = store_.saveTranscription(transcription, mode); });
     return id;
 }
 

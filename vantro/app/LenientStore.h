@@ -2,17 +2,25 @@
 
 #include "vantro/ai/TranscriptionStoring.h"
 
+#include <functional>
 #include <optional>
+#include <utility>
 
 namespace vantro {
 
 /// The store as dictations see it: a text that cannot be stored, for example because the disk is full, is still
-/// delivered. Failing to store a note remains an error, since it goes nowhere else. Main thread.
+/// delivered, as is one that the user does not want to be kept. Failing to store a note remains an error, since it goes
+/// nowhere else. Main thread.
 class LenientStore final : public TranscriptionStoring
 {
 public:
-    /// @p store must outlive this object.
-    explicit LenientStore(TranscriptionStoring& store) : store_(store) {}
+    /// @p store must outlive this object. @p isKeeping: whether dictations are to be stored; asked for each one.
+    explicit LenientStore(
+        TranscriptionStoring& store, std::function<bool()> isKeeping = [] { return true; })
+        : store_(store)
+        , isKeeping_(std::move(isKeeping))
+    {
+    }
 
     /// Why texts are not being stored. Returned once per series of failures.
     [[nodiscard]] std::optional<QString> takeProblem();
@@ -23,7 +31,7 @@ public:
     [[nodiscard]] bool hasLatest() const { return hasLatest_; }
 
     void saveTranscription(const QString& transcription, const QString& formatted, ProcessingMode mode) override;
-    /// Returns a null id when it could not be stored.
+    /// Returns a null id when it could not, or was not to be stored.
     QUuid saveTranscription(const QString& transcription, ProcessingMode mode) override;
     void updateFormatted(const QUuid& id, const QString& formatted) override;
 
@@ -35,6 +43,7 @@ private:
     void attempt(const Save& save);
 
     TranscriptionStoring& store_;
+    std::function<bool()> isKeeping_;
     std::optional<QString> problem_;
     bool isFailing_ = false;
     bool hasLatest_ = true;

@@ -1,5 +1,8 @@
 #include "vantro/app/Rewriting.h"
 
+#include "base/Error.h"
+#include "vantro/app/ProcessingErrorMessage.h"
+
 #include <utility>
 
 namespace vantro {
@@ -56,6 +59,18 @@ std::shared_ptr<FormatRequestServicing> Rewriting::choose(ProcessingMode mode, s
     return service;
 }
 
+QCoro::Task<QString> Rewriting::rewrite(ProcessingMode mode, QString text) const
+{
+    try {
+        const auto service = choose(mode);
+        const auto formatting = service->format(prompts_.prompt(mode), text);
+        QString rewritten = co_await formatting;
+        co_return rewritten;
+    } catch (const std::exception& error) {
+        throw Error(processingErrorMessage(error));
+    }
+}
+
 QCoro::Task<> Rewriting::verify(ProviderConfiguration provider, std::optional<QString> key) const
 {
     RemoteProviderConfig config = provider.remoteConfig();
@@ -63,6 +78,15 @@ QCoro::Task<> Rewriting::verify(ProviderConfiguration provider, std::optional<QS
     const auto service = factory_.makeRemote(config);
     const auto verified = service->verifyCredentials(provider.keychainAccount());
     co_await verified;
+}
+
+QCoro::Task<QString> Rewriting::keyEnding(QString account)
+{
+    constexpr qsizetype shownCharacters = 4;
+    constexpr qsizetype leastLength = 16;
+    const auto reading = keychain_.read(account);
+    const std::optional<QString> key = co_await reading;
+    co_return key && key->size() >= leastLength ? key->right(shownCharacters) : QString();
 }
 
 bool Rewriting::asksModel(ProcessingMode mode) const

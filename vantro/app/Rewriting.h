@@ -38,8 +38,14 @@ public:
     /// requests.
     [[nodiscard]] std::shared_ptr<FormatRequestServicing> choose(ProcessingMode mode, std::stop_token stop = {}) const;
 
+    /// Has a text rewritten outside of a dictation. Throws Error, for the user to read.
+    [[nodiscard]] QCoro::Task<QString> rewrite(ProcessingMode mode, QString text) const;
+
     /// The accounts that have a key. Throws KeychainError.
     [[nodiscard]] QCoro::Task<QStringList> keyAccounts() { return keychain_.accounts(); }
+    /// The last four characters of an account's key; nothing of a key so short that they would give it away. Throws
+    /// KeychainError.
+    [[nodiscard]] QCoro::Task<QString> keyEnding(QString account);
     /// Checks that @p provider accepts @p key, or the stored key if none is given. Throws Error.
     [[nodiscard]] QCoro::Task<> verify(ProviderConfiguration provider, std::optional<QString> key = {}) const;
 

@@ -16,9 +16,11 @@ Command replacementsCommand();
 Command vocabularyCommand();
 Command providersCommand();
 Command historyCommand();
+Command lastCommand();
 Command notesCommand();
-/// "toggle", "start", "stop", "cancel" and "status", which control the running program over D-Bus.
+/// "toggle", "start", "stop" and others, which control the running program over D-Bus.
 std::vector<Command> controlCommands();
+Command settingsCommand();
 Command retryCommand();
 Command logsCommand();
 

@@ -1,3 +1,4 @@
+#include "vantro/ai/PromptSettings.h"
 #include "vantro/app/ControlService.h"
 #include "vantro/cli/Commands.h"
 #include "vantro/cli/Terminal.h"
@@ -26,6 +27,37 @@ void printStatus(const QByteArray& json, bool asJson)
     }
 }
 
+/// By its name here or its own.
+ProcessingMode modeFrom(const QString& name)
+{
+    UserDefaults defaults(UserDefaults::standardPath());
+    const PromptSettings prompts(defaults);
+    for (const ProcessingMode mode : allProcessingModes) {
+        if (name.compare(rawValue(mode), Qt::CaseInsensitive) == 0 ||
+            name.compare(prompts.displayName(mode), Qt::CaseInsensitive) == 0)
+            return mode;
+    }
+    throw CommandError(ExitCode::notFound,
+                       QStringLiteral("there is no mode \"%1\": vantro modes lists them").arg(name));
+}
+
+QDBusMessage requestFor(const CommandCall& call)
+{
+    const bool isStart = call.command == QLatin1String("start");
+    const QString mode = isStart ? call.value("mode") : QString();
+    const QString model = isStart ? call.value("model") : QString();
+    const bool isSpecial = !mode.isEmpty() || !model.isEmpty();
+    const QString method =
+        isSpecial ? QStringLiteral("StartWith") : call.command.left(1).toUpper() + call.command.mid(1);
+    QDBusMessage request = QDBusMessage::createMethodCall(ControlService::busName(), ControlService::objectPath(),
+                                                          ControlService::interfaceName(), method);
+    if (isSpecial)
+        request << (mode.isEmpty() ? QString() : rawValue(modeFrom(mode))) << model;
+    else if (!call.words.isEmpty())
+        request << call.words.first();
+    return request;
+}
+
 int control(const CommandCall& call)
 {
     const QDBusConnection bus = QDBusConnection::sessionBus();
@@ -36,12 +68,7 @@ int control(const CommandCall& call)
     if (!bus.interface()->isServiceRegistered(ControlService::busName()))
         throw CommandError(ExitCode::notFound,
                            QStringLiteral("%1: vantro is not running: start it first").arg(call.command));
-    const QString method = call.command.left(1).toUpper() + call.command.mid(1);
-    QDBusMessage request = QDBusMessage::createMethodCall(ControlService::busName(), ControlService::objectPath(),
-                                                          ControlService::interfaceName(), method);
-    if (!call.words.isEmpty())
-        request << call.words.first();
-    const QDBusMessage reply = bus.call(request);
+    const QDBusMessage reply = bus.call(requestFor(call));
     if (reply.type() == QDBusMessage::ErrorMessage)
         throw CommandError(ExitCode::failed, QStringLiteral("%1: %2").arg(call.command, reply.errorMessage()));
     if (call.command == QLatin1String("status"))
@@ -71,14 +98,19 @@ std::vector<Command> controlCommands()
         controlCommand("show", "Open one of the windows.", "Opens one of the windows of the running program.");
     show.actions = {{"", control, 1, 1, "needs a window: settings, history, notes or guide"}};
     show.words = {{"WINDOW", "settings, history, notes, or guide, which leads to the first dictation.", "WINDOW"}};
+    Command start = controlCommand("start", "Open the launcher and record.", "Opens the launcher and records.");
+    start.options = {{"mode", "Begin in this mode instead of the default one.", "MODE"},
+                     {"model", "Recognise this dictation with another model.", "NAME"}};
     return {controlCommand("toggle", "Start a dictation, or end its recording.",
                            "Starts a dictation, or ends the recording and has it transcribed."),
-            controlCommand("start", "Open the launcher and record.", "Opens the launcher and records."),
+            start,
             controlCommand("stop", "End the recording and have it transcribed.",
                            "Ends the recording and has it transcribed, as Space does."),
             controlCommand("cancel", "Discard the dictation.", "Discards the dictation, as Escape does."),
             status,
-            show};
+            show,
+            controlCommand("quit", "End the running program.",
+                           "Ends the running program. A recording that is under way is kept for the next start.")};
 }
 
 } // namespace vantro

@@ -3,7 +3,6 @@
 #include "vantro/cli/Terminal.h"
 
 #include <QFile>
-#include <QSaveFile>
 
 namespace vantro {
 
@@ -72,7 +71,7 @@ int list(const CommandCall& call)
     if (call.json()) {
         QFile output;
         std::ignore = output.open(stdout, QIODevice::WriteOnly);
-        exportHistory(session.store, filter, limit, ExportFormat::json, output);
+        exportTranscriptions(transcriptionsOf(session.store, filter, limit), ExportFormat::json, output);
     } else if (terminal::outputIsTerminal()) {
         listAsTable(session.store, filter, limit);
     } else {
@@ -141,23 +140,41 @@ int exportTo(const CommandCall& call)
     const HistoryFilter filter = filterFrom(call);
     const int limit = call.limit(0, "dictations");
     const HistorySession session;
+    const Transcriptions all = transcriptionsOf(session.store, filter, limit);
     if (path == QLatin1String("-")) {
         QFile output;
         std::ignore = output.open(stdout, QIODevice::WriteOnly);
-        exportHistory(session.store, filter, limit, *format, output);
-        return ExitCode::done;
+        exportTranscriptions(all, *format, output);
+    } else {
+        exportTranscriptions(all, *format, path);
     }
-    QSaveFile file(path);
-    if (file.open(QIODevice::WriteOnly)) {
-        file.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner);
-        exportHistory(session.store, filter, limit, *format, file);
-        if (file.commit())
-            return ExitCode::done;
-    }
-    throw Error(QStringLiteral("%1 could not be written: %2").arg(path, file.errorString()));
+    return ExitCode::done;
+}
+
+int last(const CommandCall& call)
+{
+    const HistorySession session;
+    const auto rows = TranscriptionFetch(session.store.persistentContainer(), {}).rows({}, 1);
+    if (rows.empty())
+        throw CommandError(ExitCode::notFound, QStringLiteral("last: there are no dictations in the history"));
+    if (call.json())
+        terminal::writeJson(toJson(rows.front()));
+    else
+        terminal::writeLine(call.has("original") ? rows.front().transcription : rows.front().text());
+    return ExitCode::done;
 }
 
 } // namespace
+
+Command lastCommand()
+{
+    return {.name = "last",
+            .summary = "Write the text of the last dictation to standard output.",
+            .description = "Writes the text of the last dictation in the history to standard output.\n\n"
+                           "Exit status: 0 done, 1 failed, 2 wrong usage, 3 there is none.",
+            .actions = {{"", last}},
+            .options = {{"original", "As it was said, before it was rewritten."}, Command::jsonOption}};
+}
 
 Command historyCommand()
 {

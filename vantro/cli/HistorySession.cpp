@@ -2,7 +2,6 @@
 
 #include "vantro/cli/Terminal.h"
 
-#include <QJsonValue>
 #include <QRegularExpression>
 
 #include <algorithm>
@@ -13,11 +12,6 @@ namespace {
 
 constexpr int batchRows = 200;
 constexpr int shortIdentityLength = 8;
-
-QJsonValue jsonText(const QString& text)
-{
-    return text.isNull() ? QJsonValue() : QJsonValue(text);
-}
 
 } // namespace
 
@@ -36,23 +30,11 @@ void forEachTranscription(const CoreDataStack& store, const HistoryFilter& filte
     }
 }
 
-QJsonObject toJson(const Transcription& row)
+Transcriptions transcriptionsOf(const CoreDataStack& store, const HistoryFilter& filter, int limit)
 {
-    return {{QStringLiteral("id"), jsonText(row.id.isNull() ? QString() : row.id.toString(QUuid::WithoutBraces))},
-            {QStringLiteral("created_at"), jsonDate(row.created_at)},
-            {QStringLiteral("processingMode"), jsonText(row.processingMode)},
-            {QStringLiteral("transcription"), jsonText(row.transcription)},
-            {QStringLiteral("formatted"), jsonText(row.formatted)}};
-}
-
-QJsonValue jsonDate(const QDateTime& date)
-{
-    return date.isValid() ? QJsonValue(date.toUTC().toString(Qt::ISODateWithMs)) : QJsonValue();
-}
-
-QString shownDate(const QDateTime& date)
-{
-    return date.isValid() ? date.toLocalTime().toString(QStringLiteral("yyyy-MM-dd HH:mm")) : QStringLiteral("-");
+    return [&store, filter, limit](const std::function<void(const Transcription&)>& visit) {
+        forEachTranscription(store, filter, limit, visit);
+    };
 }
 
 QString shortIdentity(const QUuid& id)

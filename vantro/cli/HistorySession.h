@@ -2,13 +2,10 @@
 
 #include "vantro/cli/Command.h"
 #include "vantro/store/CoreDataStack.h"
-
-#include <QJsonObject>
+#include "vantro/store/TranscriptionExport.h"
 
 #include <functional>
 #include <optional>
-
-class QIODevice;
 
 namespace vantro {
 
@@ -25,11 +22,9 @@ struct HistorySession
 void forEachTranscription(const CoreDataStack& store, const HistoryFilter& filter, int limit,
                           const std::function<void(const Transcription&)>& visit);
 
-QJsonObject toJson(const Transcription& row);
-/// For files: UTC with milliseconds; null for an invalid date.
-QJsonValue jsonDate(const QDateTime& date);
-/// For display: local time to the minute.
-QString shownDate(const QDateTime& date);
+/// The same, to be called.
+Transcriptions transcriptionsOf(const CoreDataStack& store, const HistoryFilter& filter, int limit);
+
 /// The first 8 characters of an id, for display.
 QString shortIdentity(const QUuid& id);
 /// Parses "2026-11-01", "2026-11-01T10:00", "today", "yesterday" or "7d" (days ago).
@@ -41,14 +36,5 @@ std::vector<QUuid> identitiesFrom(const QStringList& words, const QString& noun,
 /// Whether the user agrees: with --yes, or by answering @p question. Reports a refusal. Throws CommandError when there
 /// is no terminal to ask on.
 bool isConfirmed(const QString& question, const CommandCall& call);
-
-enum class ExportFormat { json, csv, markdown };
-/// "json", "csv" or "markdown".
-std::optional<ExportFormat> exportFormatFrom(const QString& name);
-/// By the extension of @p file; JSON by default.
-ExportFormat exportFormatOf(const QString& file);
-/// Writes the newest @p limit dictations (0: all) that match @p filter to @p target. Throws StoreError.
-void exportHistory(const CoreDataStack& store, const HistoryFilter& filter, int limit, ExportFormat format,
-                   QIODevice& target);
 
 } // namespace vantro

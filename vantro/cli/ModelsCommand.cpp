@@ -143,17 +143,7 @@ int download(ModelsSession& session, const CommandCall& call)
 
 const TranscriptionModel* ModelsSession::find(const QString& text) const
 {
-    const TranscriptionModel* begins = nullptr;
-    int count = 0;
-    for (const TranscriptionModel& model : speech.catalogue.models()) {
-        if (model.name == text || model.fileName() == text)
-            return &model;
-        if (model.name.startsWith(text, Qt::CaseInsensitive)) {
-            begins = &model;
-            ++count;
-        }
-    }
-    return count == 1 ? begins : nullptr;
+    return speech.catalogue.match(text);
 }
 
 bool ModelsSession::isSelected(const TranscriptionModel& model) const

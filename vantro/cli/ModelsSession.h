@@ -9,7 +9,7 @@ struct ModelsSession
 {
     explicit ModelsSession(const QString& modelHost) : speech(defaults, vocabulary, modelHost) {}
 
-    /// Finds a model by name, file name, or unambiguous beginning of its name; otherwise null.
+    /// Finds a model as the user calls it; otherwise null.
     [[nodiscard]] const TranscriptionModel* find(const QString& text) const;
     [[nodiscard]] bool isSelected(const TranscriptionModel& model) const;
 

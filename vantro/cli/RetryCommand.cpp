@@ -1,10 +1,12 @@
 #include "base/RunTask.h"
+#include "base/Settings.h"
 #include "vantro/app/ControlService.h"
 #include "vantro/app/Speech.h"
 #include "vantro/audio/RecordingSpool.h"
 #include "vantro/cli/Commands.h"
 #include "vantro/cli/HistorySession.h"
 #include "vantro/cli/Terminal.h"
+#include "vantro/store/Retention.h"
 
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
@@ -91,7 +93,7 @@ QString Session::transcribe(Recording& recording)
     const QString text = runTask(speech_.facade.transcribe(recording.id(), runTask(recording.samples()), {})).trimmed();
     if (!text.isEmpty() && recording.header().mode == ProcessingMode::Notes)
         runTask(history_->store.addNote(text));
-    else if (!text.isEmpty())
+    else if (!text.isEmpty() && Retention::daysFrom(defaults_.get(setting::keepHistory)) != 0)
         history_->store.saveTranscription(text, recording.header().mode);
     recording.discard();
     return text;

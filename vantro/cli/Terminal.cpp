@@ -11,7 +11,6 @@
 #include <array>
 #include <csignal>
 #include <cstdio>
-#include <span>
 #include <string_view>
 
 namespace vantro {
@@ -63,26 +62,6 @@ void terminal::writeJson(const QJsonArray& array)
     writeLine(QString::fromUtf8(QJsonDocument(array).toJson(QJsonDocument::Compact)));
 }
 
-void terminal::writeTable(const std::vector<QStringList>& rows)
-{
-    if (!outputIsTerminal()) {
-        for (const QStringList& row : std::span(rows).subspan(1))
-            writeLine(row.join(QLatin1Char('\t')));
-        return;
-    }
-    std::vector<qsizetype> widths(static_cast<std::size_t>(rows.front().size()), 0);
-    for (const QStringList& row : rows) {
-        for (std::size_t i = 0; i < widths.size(); ++i)
-            widths[i] = std::max(widths[i], row[static_cast<qsizetype>(i)].size());
-    }
-    for (const QStringList& row : rows) {
-        QString line;
-        for (std::size_t i = 0; i < widths.size(); ++i)
-            line += row[static_cast<qsizetype>(i)].leftJustified(widths[i] + 2);
-        writeLine(line.trimmed());
-    }
-}
-
 bool terminal::ask(const QString& question)
 {
     std::fprintf(stderr, "%s [y/N] ", qUtf8Printable(question));
@@ -122,7 +101,18 @@ QString terminal::elided(const QString& text, qsizetype columns)
 void terminal::writeError(const QString& text)
 {
     showProgress({});
-    std::fprintf(stderr, "vantro: %s\n", qUtf8Printable(text));
+    const char* name = errorIsTerminal() && wantsColour() ? "\033[1;31mvantro:\033[0m" : "vantro:";
+    std::fprintf(stderr, "%s %s\n", name, qUtf8Printable(text));
+}
+
+bool terminal::wantsColour()
+{
+    return qEnvironmentVariableIsEmpty("NO_COLOR") && qEnvironmentVariable("TERM") != QLatin1String("dumb");
+}
+
+QString terminal::bold(const QString& text)
+{
+    return outputIsTerminal() && wantsColour() ? QStringLiteral("\033[1m%1\033[0m").arg(text) : text;
 }
 
 void terminal::writeMessage(const QString& line)

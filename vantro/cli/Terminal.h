@@ -39,8 +39,13 @@ QString bar(int filled, int cells);
 /// Replaces the current line of standard error if that is a terminal; an empty text clears it.
 void showProgress(const QString& text);
 
-/// Writes rows of equal length, the first of which are the titles: aligned on a terminal, otherwise separated by tabs
-/// and without titles.
+/// Whether a terminal is to show colours: unless NO_COLOR is set or it is dumb.
+bool wantsColour();
+/// @p text in bold where standard output is a terminal that wants it.
+QString bold(const QString& text);
+
+/// Writes rows of equal length, the first of which are the titles: aligned on a terminal, no wider than it, otherwise
+/// separated by tabs and without titles.
 void writeTable(const std::vector<QStringList>& rows);
 /// Reads a line of standard input; nullopt when it is empty. On a terminal, shows @p prompt on standard error and hides
 /// the input.

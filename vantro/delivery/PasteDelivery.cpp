@@ -3,6 +3,7 @@
 #include "base/Logger.h"
 #include "base/PlainText.h"
 #include "base/Settings.h"
+#include "vantro/delivery/Joint.h"
 #include "vantro/delivery/PasteChords.h"
 
 #include <coroutine>
@@ -23,6 +24,7 @@ constexpr auto focusLimit = 500ms;
 constexpr auto activateAfter = 100ms;
 constexpr auto keyReleaseLimit = 1000ms;
 constexpr auto lookAgain = 2ms;
+constexpr auto joiningLimit = 60s;
 
 const Logger& logger()
 {
@@ -82,9 +84,16 @@ PasteDelivery::PasteDelivery(Pasteboard& pasteboard, KeyEventPoster& keyEvents, 
 
 void PasteDelivery::noteFront()
 {
-    if (const auto front = workspace_.frontWindow();
-        front && (!workspace_.isOwn(*front) || workspace_.takesText(*front)))
+    const auto front = workspace_.frontWindow();
+    if (!front)
+        return;
+    const bool isOther = !workspace_.isOwn(*front);
+    if (isOther || workspace_.takesText(*front))
         lastFront_ = front;
+    if (isOther)
+        lastOther_ = front;
+    if (isOther && latest_ && latest_->window != *front)
+        latest_.reset();
 }
 
 void PasteDelivery::rememberTarget()
@@ -137,13 +146,13 @@ void PasteDelivery::leave(const QString& text)
 
 QCoro::Task<PasteDelivery::Outcome> PasteDelivery::deliver(QString text, std::function<void()> settled)
 {
-    const QString dictated = plain(text);
-    if (dictated.isEmpty())
+    if (plain(text).isEmpty())
         co_return Outcome::Nothing;
     // A page that has just opened gives its field the focus a moment later.
     if (target_.ownFront && workspace_.takesText(*target_.ownFront))
         target_.window = target_.ownFront;
     const auto target = target_.window;
+    const QString dictated = joined(plain(text), target);
     printToPerson(QStringLiteral("Copied to clipboard: \"%1\"").arg(dictated));
     if (isPasting(target)) {
         addToPending(dictated, std::move(settled));
@@ -168,6 +177,14 @@ QCoro::Task<PasteDelivery::Outcome> PasteDelivery::deliver(QString text, std::fu
         settle(former);
     }
     co_return outcome;
+}
+
+QString PasteDelivery::joined(const QString& text, std::optional<WindowID> target) const
+{
+    const bool follows = latest_ && latest_->window == target && clock_.now() - latest_->when < joiningLimit;
+    if (!follows || !defaults_.get(setting::joinDictations))
+        return text;
+    return joinedTo(latest_->text, text, defaults_.get(setting::selectedLanguage));
 }
 
 PasteDelivery::Restore PasteDelivery::takeFormer(const QString& dictated)
@@ -269,6 +286,7 @@ PasteDelivery::Outcome PasteDelivery::paste(const QString& dictated, WindowID ta
     }
     former.target = target;
     former.pastedAt = clock_.now();
+    latest_ = Latest{target, dictated, clock_.now()};
     pending_ = std::move(former);
     followPending();
     return Outcome::Pasted;

@@ -59,6 +59,9 @@ public:
     /// Makes a target that was remembered earlier the present one again; an empty one is no window.
     void returnTo(const Target& target) { target_ = target; }
 
+    /// The window of another program that was in front last; an empty target when there is none.
+    [[nodiscard]] Target otherWindow() const { return {lastOther_, std::nullopt}; }
+
     /// Puts @p text, trimmed, where pasteKeys() finds it. Returns false and changes nothing when it is blank.
     bool copy(const QString& text);
     /// What makes the window in front paste, or the one before one of our own, for the user to read.
@@ -72,6 +75,7 @@ public:
     /// second one: its paste will bring both texts.
     /// @p settled is called when nothing needs to be kept of the text: the window has fetched it, or it was left to the
     /// user. Not if the process ends before.
+    /// With "joinDictations", a text that soon follows another one in the same window is joined to it.
     [[nodiscard]] QCoro::Task<Outcome> deliver(QString text, std::function<void()> settled = {});
 
     /// Ends a pending paste as it stands. For when the process is about to end.
@@ -96,6 +100,12 @@ private:
         bool isSecret = false;
         std::shared_ptr<const Pasteboard::Contents> everything; ///< comes back instead of the text, unless null
     };
+    struct Latest
+    {
+        WindowID window{};
+        QString text;
+        Clock::Instant when;
+    };
     struct Restore
     {
         QString text;
@@ -108,6 +118,7 @@ private:
     };
 
     void noteFront();
+    [[nodiscard]] QString joined(const QString& text, std::optional<WindowID> target) const;
     [[nodiscard]] std::optional<Restore> takePending();
     [[nodiscard]] Restore takeFormer(const QString& dictated);
     [[nodiscard]] Former former(Pasteboard::Selection selection, const QString& dictated,
@@ -146,7 +157,9 @@ private:
     UserDefaults& defaults_;
     Clock& clock_;
     std::optional<WindowID> lastFront_; ///< that could take a text
+    std::optional<WindowID> lastOther_; ///< of another program
     Target target_;
+    std::optional<Latest> latest_; ///< the paste that the next one may follow on
     std::optional<Restore> pending_;
     quint64 generation_ = 0;
     QString keystrokeError_;

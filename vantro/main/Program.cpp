@@ -1,6 +1,7 @@
 #include "vantro/main/Program.h"
 
 #include "KeyboardShortcuts/RawKeyMonitor.h"
+#include "base/Notifications.h"
 #include "platform/Platform.h"
 #include "vantro/ai/ModeHandlers.h"
 #include "vantro/app/AppDelegate.h"
@@ -53,6 +54,7 @@ public:
 
 private:
     void connectShell();
+    void countWords(const NotificationCenter::UserInfo& finished);
     QCoro::Task<> tellWhatWasLeft();
     [[nodiscard]] Dictation::Parts dictationParts();
 
@@ -69,6 +71,7 @@ private:
 
     History history_{defaults_, clock_};
     Rewriting rewriting_{defaults_, platform_, clock_};
+    Statistics statistics_{defaults_, clock_};
     const ModeHandlers modeHandlers_ = makeModeHandlers(history_.dictations, rewriting_.prompts());
     AudioDeviceManager devices_{*platform_.audioHardware, defaults_};
     AudioRecorder recorder_{platform_.makeAudioEngine, devices_, *platform_.permissions, clock_};
@@ -78,12 +81,13 @@ private:
     KeyboardShortcuts shortcuts_{*platform_.hotKeys, defaults_, notifications_};
     RawKeyMonitor rawKeys_{shortcuts_, *platform_.hotKeys};
     PasteDelivery delivery_;
-    Windows windows_{{defaults_, notifications_, clock_, platform_, speech_, history_.store, devices_, recorder_,
-                      shortcuts_, vocabulary_, rewriting_}};
+    Windows windows_{{defaults_, notifications_, clock_, platform_, speech_, history_, devices_, recorder_, shortcuts_,
+                      vocabulary_, rewriting_, statistics_}};
     ShortcutSetup shortcutSetup_{shortcuts_, windows_};
     Recovery recovery_{spool_, clock_, windows_};
     std::optional<RunMarker> marker_;
     std::optional<EndSignals> endSignals_;
+    NotificationCenter::Observation finished_;
     AppDelegate delegate_;
     ControlService control_;
 };
@@ -102,8 +106,10 @@ Program::Program(const ProgramOptions& options)
                  }})
     , control_(delegate_, {recorder_, devices_, speech_.selection, shortcuts_, recovery_},
                {[this](const QStringList& arguments) { shortcutSetup_.handOver(arguments); },
-                [this](const QString& window) {
-                    return windows_.show(window);
+                [this](const QString& window) { return windows_.show(window); },
+                [this](ProcessingMode mode) { return rewriting_.isUsable(mode); },
+                [] {
+                    QCoreApplication::quit();
                 }})
 {
     connectShell();
@@ -114,12 +120,25 @@ void Program::connectShell()
     QObject::connect(&windows_, &Windows::dictateRequested, &delegate_, [this] { delegate_.showLauncherAndRecord(); });
     QObject::connect(&windows_, &Windows::finishRequested, &delegate_, &AppDelegate::stopRecording);
     QObject::connect(&windows_, &Windows::cancelRequested, &delegate_, &AppDelegate::cancelDictation);
+    QObject::connect(&windows_, &Windows::pasteRequested, &delegate_, &AppDelegate::pasteAgain);
     QObject::connect(&windows_, &Windows::quitRequested, qApp, &QCoreApplication::quit);
+    finished_ = notifications_.observe(notification::recordingFinished, [this](const auto& info) { countWords(info); });
     // A dictation survives a session that only saves its state or whose logout is cancelled: cleaning up waits for the
     // quit.
     for (const auto request : {&QGuiApplication::commitDataRequest, &QGuiApplication::saveStateRequest})
         QObject::connect(qGuiApp, request, &delegate_, &leaveStartToAutostart);
     QObject::connect(qApp, &QCoreApplication::aboutToQuit, &delegate_, &AppDelegate::applicationWillTerminate);
+}
+
+void Program::countWords(const NotificationCenter::UserInfo& finished)
+{
+    if (finished.contains(QStringLiteral("hasError")) || history_.retention.isPrivate())
+        return;
+    const DictationTimings timings = delegate_.timings();
+    const auto spoken =
+        timings.firstSample && timings.stopped ? *timings.stopped - *timings.firstSample : Clock::Instant::duration();
+    statistics_.add(finished.value(QStringLiteral("finalText")).toString(),
+                    std::chrono::duration_cast<std::chrono::seconds>(spoken));
 }
 
 Dictation::Parts Program::dictationParts()
@@ -164,6 +183,7 @@ void Program::launch()
     defaults_.watch();
     shortcutSetup_.settle(options_.shortcut);
     delegate_.applicationDidFinishLaunching();
+    history_.retention.start();
     rewriting_.start();
     tellWhatWasLeft();
     if (const auto& kept = defaults_.repair())

@@ -1,5 +1,6 @@
 // The part of Windows that makes what is in them: view models on the program's objects.
 #include "base/Settings.h"
+#include "vantro/main/FileChoice.h"
 #include "vantro/main/Windows.h"
 #include "vantro/support/SupportMail.h"
 #include "vantro/ui/history/HistoryModel.h"
@@ -9,7 +10,12 @@
 #include "vantro/ui/settings/GeneralSettings.h"
 #include "vantro/ui/settings/MicrophoneSettings.h"
 #include "vantro/ui/settings/ModesModel.h"
+#include "vantro/ui/settings/PrivacySettings.h"
+#include "vantro/ui/settings/StatisticsModel.h"
 
+#include <QFileInfo>
+
+#include <thread>
 #include <utility>
 
 namespace vantro {
@@ -49,6 +55,8 @@ LazyWindow::Content Windows::settingsContent()
     put(content, "modes", makeModesModel());
     put(content, "providers", makeProvidersModel());
     put(content, "vocabulary", makeVocabularyModel());
+    put(content, "privacy", makePrivacySettings());
+    put(content, "statistics", std::make_unique<StatisticsModel>(parts_.statistics, parts_.clock));
     put(content, "about", std::move(about));
     return content;
 }
@@ -81,8 +89,17 @@ std::unique_ptr<ModelListModel> Windows::makeModelList()
                                 .arg(model.name, model.size),
                             tr("Remove"), std::move(confirmed));
         },
-        [this](const TranscriptionModel& model) {
-            parts_.speech.remove(model);
+        [this](const TranscriptionModel& model) { parts_.speech.remove(model); }, machine(),
+        [this] { return spokenLanguage(parts_.defaults); }, [this] { return parts_.speech.bytesUsed(); },
+        [this](std::function<void()> confirmed) {
+            alerts_.confirm(
+                tr("Delete Models Cache"),
+                tr("All downloaded models but the one in use will be deleted from this computer. They would "
+                   "have to be downloaded again."),
+                tr("Delete"), std::move(confirmed));
+        },
+        [this] {
+            std::ignore = parts_.speech.removeAllExcept(parts_.speech.selection.selectedModel());
         }});
     connect(&parts_.speech.downloads, &DownloadQueue::changed, models.get(), &ModelListModel::refresh);
     // Queued: looking for the selection while a row is shown may be what settles it.
@@ -113,6 +130,7 @@ std::unique_ptr<ProvidersModel> Windows::makeProvidersModel()
     Rewriting& rewriting = parts_.rewriting;
     return std::make_unique<ProvidersModel>(
         ProvidersModel::Parts{rewriting.providers(), [&rewriting] { return rewriting.keyAccounts(); },
+                              [&rewriting](const QString& account) { return rewriting.keyEnding(account); },
                               [&rewriting](const ProviderConfiguration& provider, const std::optional<QString>& key) {
                                   return rewriting.verify(provider, key);
                               },
@@ -127,17 +145,57 @@ std::unique_ptr<RecorderCocoa> Windows::makeRecorder(const KeyboardShortcuts::Na
                                            *parts_.platform.desktopShortcuts, parts_.notifications, name);
 }
 
+Machine Windows::machine() const
+{
+    return {static_cast<int>(std::thread::hardware_concurrency()), parts_.platform.systemInfo->physicalMemoryBytes()};
+}
+
+std::unique_ptr<PrivacySettings> Windows::makePrivacySettings()
+{
+    History& history = parts_.history;
+    auto privacy = std::make_unique<PrivacySettings>(PrivacySettings::Parts{
+        parts_.defaults,
+        [&history] {
+            const StoredAmount amount = history.store.amount();
+            return PrivacySettings::Stored{amount.dictations, amount.notes, amount.bytes,
+                                           QFileInfo(CoreDataStack::standardPath()).path()};
+        },
+        [&history](int days) { return history.store.countBefore(history.retention.limit(days)); },
+        [&history] { return history.jobs.clear(); }, [&history] { return history.retention.isPrivate(); },
+        [&history](bool on) { history.retention.setPrivate(on); },
+        [this](const QString& title, const QString& question, std::function<void()> confirmed) {
+            alerts_.confirm(title, question, tr("Delete"), std::move(confirmed));
+        }});
+    connect(&history.retention, &Retention::privateChanged, privacy.get(), &PrivacySettings::changed);
+    connect(&history.store, &CoreDataStack::changedAtLarge, privacy.get(), &PrivacySettings::refresh);
+    return privacy;
+}
+
+std::unique_ptr<HistoryModel> Windows::makeHistoryModel(HistoryChanges& changes)
+{
+    Rewriting& rewriting = parts_.rewriting;
+    return std::make_unique<HistoryModel>(HistoryModel::Parts{
+        parts_.history.store, parts_.history.jobs, *parts_.platform.pasteboard, changes, parts_.clock,
+        [&rewriting](ProcessingMode mode) { return rewriting.prompts().displayName(mode); },
+        [&rewriting] {
+            auto modes = rewriting.visibleModes();
+            std::erase_if(modes, [](ProcessingMode mode) {
+                return mode == ProcessingMode::Normal || mode == ProcessingMode::Notes;
+            });
+            return modes;
+        },
+        [&rewriting](ProcessingMode mode, const QString& text) { return rewriting.rewrite(mode, text); },
+        [this](const QString& text) { Q_EMIT pasteRequested(text); }, chooseFileToWrite});
+}
+
 LazyWindow::Content Windows::historyContent()
 {
     Pasteboard& pasteboard = *parts_.platform.pasteboard;
     auto changes = std::make_unique<HistoryChanges>();
-    auto dictations = std::make_unique<HistoryModel>(
-        HistoryModel::Parts{parts_.store, pasteboard, *changes, parts_.clock, [this](ProcessingMode mode) {
-                                return parts_.rewriting.prompts().displayName(mode);
-                            }});
+    auto dictations = makeHistoryModel(*changes);
     auto notes = std::make_unique<NotesModel>(NotesModel::Parts{
-        parts_.store, pasteboard, *changes, parts_.clock, [this](const DailyNote& day) {
-            return parts_.store.regenerateSummary(day, parts_.rewriting.choose(ProcessingMode::Notes));
+        parts_.history.store, pasteboard, *changes, parts_.clock, [this](const DailyNote& day) {
+            return parts_.history.store.regenerateSummary(day, parts_.rewriting.choose(ProcessingMode::Notes));
         }});
     LazyWindow::Content content;
     put(content, "changes", std::move(changes));
@@ -150,9 +208,9 @@ LazyWindow::Content Windows::onboardingContent()
 {
     auto model = std::make_unique<OnboardingModel>(OnboardingModel::Parts{
         parts_.platform.makeAudioEngine, parts_.devices, *parts_.platform.permissions, *parts_.platform.keyEvents,
-        parts_.shortcuts, parts_.notifications, parts_.clock, parts_.speech.downloads,
-        parts_.speech.selection.selectedModel(),
-        [this] { return !parts_.speech.status(parts_.speech.selection.selectedModel()).file.isEmpty(); },
+        parts_.shortcuts, parts_.notifications, parts_.clock, parts_.speech.downloads, parts_.defaults,
+        *parts_.platform.loginItem, parts_.speech.selection, machine(),
+        [this](const TranscriptionModel& model) { return !parts_.speech.status(model).file.isEmpty(); },
         [this](bool sandbox) { isSandboxMode_ = sandbox; },
         [this] {
             if (!isQuitting_)

@@ -3,6 +3,7 @@
 #include "base/Logger.h"
 #include "base/Notifications.h"
 #include "base/Settings.h"
+#include "platform/Wording.h"
 #include "vantro/app/Dictation.h"
 #include "vantro/ui/launcher/Launcher.h"
 #include "vantro/ui/shortcuts/ShortcutRecorderType.h"
@@ -27,7 +28,7 @@ constexpr QSize leastSettingsSize(640, 420);
 /// In characters.
 constexpr int noteExcerpt = 40;
 constexpr QSize historySize(940, 660);
-constexpr QSize onboardingSize(520, 420);
+constexpr QSize onboardingSize(560, 480);
 
 QUrl manifestAddress()
 {
@@ -73,7 +74,8 @@ Windows::Windows(Parts parts)
         parts_.notifications.post(notification::onboardingClosed);
     });
     connectTray();
-    connect(&parts_.store, &CoreDataStack::noteAdded, this, &Windows::tellOfNote);
+    connectTrayOffers();
+    connect(&parts_.history.store, &CoreDataStack::noteAdded, this, &Windows::tellOfNote);
     connect(&parts_.speech.downloads, &DownloadQueue::finished, this, &Windows::tellOfModel);
 }
 
@@ -97,6 +99,9 @@ void Windows::connectTray()
     connect(&tray_, &TrayIcon::aboutRequested, this, [this] { showSettings(QStringLiteral("about")); });
     connect(&tray_, &TrayIcon::notesRequested, this, [this] { showHistory(QStringLiteral("notes")); });
     connect(&tray_, &TrayIcon::guideRequested, this, &Windows::showOnboarding);
+    connect(&tray_, &TrayIcon::privateRequested, &parts_.history.retention, &Retention::setPrivate);
+    connect(&parts_.history.retention, &Retention::privateChanged, this,
+            [this] { tray_.setPrivate(parts_.history.retention.isPrivate()); });
     connect(&tray_, &TrayIcon::historyRequested, this, [this] { showHistory(QStringLiteral("dictations")); });
     connect(&tray_, &TrayIcon::updateCheckRequested, this, [this] { updates_.check(UpdateChecker::Asker::user); });
     connect(&tray_, &TrayIcon::errorReportRequested, &alerts_, &Alerts::reportError);
@@ -114,7 +119,7 @@ void Windows::followRecorder()
 void Windows::followShortcut()
 {
     const auto shortcut = parts_.shortcuts.shortcut(KeyboardShortcuts::Name::openModal);
-    tray_.setShortcut(shortcut ? shortcut->displayText() : QString());
+    tray_.setShortcut(shortcut ? wording::shownKeys(shortcut->displayText()) : QString());
 }
 
 std::unique_ptr<LauncherPanel> Windows::makeLauncher(Dictation& dictation)
@@ -122,7 +127,9 @@ std::unique_ptr<LauncherPanel> Windows::makeLauncher(Dictation& dictation)
     std::vector<LauncherModel::Mode> modes;
     for (const ProcessingMode mode : parts_.rewriting.visibleModes())
         modes.push_back({mode, parts_.rewriting.prompts().displayName(mode)});
-    const QString note = leaveUnusableMode(dictation.recorder());
+    QString note = leaveUnusableMode(dictation.recorder());
+    if (note.isEmpty() && parts_.history.retention.isPrivate())
+        note = tr("Private session: this is not kept.");
     const QString microphone = parts_.devices.effectiveDeviceName();
     return std::make_unique<Launcher>(
         Launcher::Context{ui_.engine(), dictation, parts_.shortcuts, *parts_.platform.workspace, parts_.notifications,
@@ -252,7 +259,12 @@ void Windows::showRewritingFailure(const QString& text, std::function<void(AsSpo
 
 void Windows::showPasteHUD(std::optional<QRect> anchor, std::function<QString()> keys, const QString& reason)
 {
-    back_.run([this, anchor, keys, reason] { hud_.showHUD(anchor, keys, reason); });
+    std::function<QString()> shown;
+    if (keys)
+        shown = [keys] {
+            return wording::shownKeys(keys());
+        };
+    back_.run([this, anchor, shown, reason] { hud_.showHUD(anchor, shown, reason); });
 }
 
 /// By its first words.
@@ -282,8 +294,9 @@ void Windows::showUndoOffer(std::optional<QRect> anchor, std::function<void()> a
 {
     const auto shortcut = parts_.shortcuts.shortcut(KeyboardShortcuts::Name::openModal);
     hud_.showOffer(anchor, tr("Recording discarded"),
-                   shortcut ? tr("%1 or a click transcribes it after all").arg(shortcut->displayText())
-                            : tr("A click transcribes it after all"),
+                   shortcut
+                       ? tr("%1 or a click transcribes it after all").arg(wording::shownKeys(shortcut->displayText()))
+                       : tr("A click transcribes it after all"),
                    std::move(accepted));
 }
 

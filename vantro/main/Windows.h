@@ -2,6 +2,7 @@
 
 #include "KeyboardShortcuts/RecorderCocoa.h"
 #include "platform/Platform.h"
+#include "vantro/app/History.h"
 #include "vantro/app/Rewriting.h"
 #include "vantro/app/Shell.h"
 #include "vantro/app/Speech.h"
@@ -10,7 +11,8 @@
 #include "vantro/main/Alerts.h"
 #include "vantro/main/WhenBack.h"
 #include "vantro/main/WhenIdle.h"
-#include "vantro/store/CoreDataStack.h"
+#include "vantro/models/Recommendation.h"
+#include "vantro/support/Statistics.h"
 #include "vantro/support/UpdateChecker.h"
 #include "vantro/text/VocabularySettings.h"
 #include "vantro/ui/download/ModelDownloadWindow.h"
@@ -29,7 +31,10 @@
 
 namespace vantro {
 
+class HistoryChanges;
+class HistoryModel;
 class ModesModel;
+class PrivacySettings;
 
 /// The user interface: windows, alerts, the tray icon and the update notice. Main thread.
 class Windows final : public QObject, public Shell
@@ -43,12 +48,13 @@ public:
         Clock& clock;
         Platform& platform;
         Speech& speech;
-        CoreDataStack& store;
+        History& history;
         AudioDeviceManager& devices;
         const AudioRecorder& recorder;
         KeyboardShortcuts& shortcuts;
         VocabularySettings& vocabulary;
         Rewriting& rewriting;
+        Statistics& statistics;
     };
 
     explicit Windows(Parts parts);
@@ -87,6 +93,7 @@ Q_SIGNALS:
     void dictateRequested();
     void finishRequested();
     void cancelRequested();
+    void pasteRequested(const QString& text);
     void quitRequested();
 
 private:
@@ -98,9 +105,15 @@ private:
     [[nodiscard]] std::unique_ptr<ProvidersModel> makeProvidersModel();
     [[nodiscard]] LazyWindow::Content onboardingContent();
     [[nodiscard]] LazyWindow::Content historyContent();
+    [[nodiscard]] std::unique_ptr<HistoryModel> makeHistoryModel(HistoryChanges& changes);
+    [[nodiscard]] std::unique_ptr<PrivacySettings> makePrivacySettings();
     [[nodiscard]] std::unique_ptr<RecorderCocoa> makeRecorder(const KeyboardShortcuts::Name& name);
+    [[nodiscard]] Machine machine() const;
     [[nodiscard]] ModelListModel::State stateOf(const TranscriptionModel& model) const;
     void connectTray();
+    void connectTrayOffers();
+    void fillTray();
+    [[nodiscard]] std::vector<TranscriptionExcerpt> recentDictations() const;
     void followRecorder();
     void followShortcut();
     [[nodiscard]] QString leaveUnusableMode(AudioRecorder& recorder) const;
@@ -121,6 +134,7 @@ private:
     LazyWindow transcriptions_;
     LazyWindow onboarding_;
     TrayIcon tray_;
+    std::vector<QUuid> recent_;      ///< the dictations in the tray's menu
     std::vector<LazyWindow*> aside_; ///< hidden during a recording
     bool isQuitting_ = false;
     bool isSandboxMode_ = false; ///< practising in the onboarding: windows are not hidden

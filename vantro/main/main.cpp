@@ -38,6 +38,13 @@ void limitOpenMpSpin(char** argv)
     // If that fails, transcriptions are slower on a busy machine.
 }
 
+std::vector<vantro::LogSink> logSinksFor(const vantro::CommandLine& commandLine)
+{
+    if (commandLine.startsProgram())
+        return vantro::systemlog::sinks();
+    return {commandLine.isVerbose() ? vantro::logToStandardError : vantro::logErrorsToStandardError};
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -45,9 +52,7 @@ int main(int argc, char** argv)
     const vantro::CommandLine commandLine(argc, argv);
     if (commandLine.recognisesSpeech())
         limitOpenMpSpin(argv);
-    vantro::installLogOutput(commandLine.isVerbose(), commandLine.startsProgram()
-                                                          ? vantro::systemlog::sinks()
-                                                          : std::vector<vantro::LogSink>{vantro::logToStandardError});
+    vantro::installLogOutput(commandLine.isVerbose(), logSinksFor(commandLine));
     nameApplication();
     if (!commandLine.startsProgram()) {
         vantro::printToStandardError();

@@ -23,8 +23,15 @@ public:
     /// Exact comparison; null when the catalogue has no such entry.
     [[nodiscard]] const TranscriptionModel* find(const QString& name) const;
 
+    /// As a user may call it: by name, short name, file name or the unambiguous beginning of one of the first two, in
+    /// any case; otherwise null.
+    [[nodiscard]] const TranscriptionModel* match(const QString& text) const;
+
 private:
     std::vector<TranscriptionModel> models_;
 };
+
+/// A name that needs no quotes, such as "parakeet-v3" or "small".
+[[nodiscard]] QString shortName(const TranscriptionModel& model);
 
 } // namespace vantro

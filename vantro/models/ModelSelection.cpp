@@ -29,6 +29,8 @@ const TranscriptionModel* ModelSelection::stored() const
 
 const TranscriptionModel& ModelSelection::selectedModel()
 {
+    if (preferred_ != nullptr)
+        return *preferred_;
     if (const auto* model = stored())
         return *model;
     if (!defaults_.get(setting::selectedModelAdoptedFromCache)) {

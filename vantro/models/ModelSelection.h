@@ -22,6 +22,9 @@ public:
     /// The stored selection, without choosing one; null if there is none.
     [[nodiscard]] const TranscriptionModel* stored() const;
     void select(const TranscriptionModel& model);
+    /// selectedModel() is @p model until this is called with null; the stored selection stays as it is.
+    void prefer(const TranscriptionModel* model) { preferred_ = model; }
+    [[nodiscard]] const ModelCatalogue& catalogue() const { return catalogue_; }
 
 private:
     bool adoptReadyModel(const QString& announcement);
@@ -29,6 +32,7 @@ private:
     const ModelCatalogue& catalogue_;
     UserDefaults& defaults_;
     IsReady isReady_;
+    const TranscriptionModel* preferred_ = nullptr; ///< of the catalogue
 };
 
 } // namespace vantro

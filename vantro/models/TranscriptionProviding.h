@@ -14,13 +14,14 @@
 
 namespace vantro {
 
-/// A token of the transcript; times are relative to the start of the recording.
+/// A token of the transcript, or a segment of it where an engine knows no times of its tokens; times are relative to
+/// the start of the recording.
 struct TranscribedToken
 {
     QString piece; ///< U+2581 marks the start of a word
     std::chrono::duration<double> start{};
     std::chrono::duration<double> end{};
-    float confidence = 0; ///< 0..1
+    float confidence = 0; ///< 0..1; 0 of a segment
 };
 
 struct TranscriptionRequest

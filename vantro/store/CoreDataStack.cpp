@@ -1,7 +1,9 @@
 #include "vantro/store/CoreDataStack.h"
 
 #include "vantro/store/SearchText.h"
+#include "vantro/store/TranscriptionRows.h"
 
+#include <QFileInfo>
 #include <QStandardPaths>
 
 namespace vantro {
@@ -92,31 +94,42 @@ std::vector<QUuid> CoreDataStack::identities(const QString& entity, const QStrin
 
 std::vector<Transcription> CoreDataStack::deleteTranscriptions(const std::vector<QUuid>& ids)
 {
-    PersistentContainer::Transaction transaction(persistentContainer_);
-    std::vector<Transcription> deleted;
-    for (const QUuid& id : ids) {
-        StoreQuery query = persistentContainer_.run(
-            QStringLiteral("DELETE FROM Transcription WHERE id = ?1 RETURNING ") + transcriptionColumns,
-            {storedIdentity(id)});
-        while (query.next())
-            deleted.push_back(transcriptionFrom(query));
-    }
-    transaction.commit();
+    const auto keys = transcriptionKeys(persistentContainer_, ids);
+    auto deleted = deleteTranscriptionRows(persistentContainer_, keys);
     announce(deleted);
     return deleted;
 }
 
 void CoreDataStack::restoreTranscriptions(const std::vector<Transcription>& rows)
 {
-    PersistentContainer::Transaction transaction(persistentContainer_);
-    for (const Transcription& row : rows)
-        persistentContainer_.run(
-            QStringLiteral("INSERT INTO Transcription (pk, id, created_at, processingMode, transcription, formatted, "
-                           "terms) VALUES (?1, ?2, ?3, ?4, ?5, ?6, ?7)"),
-            {row.objectID, storedIdentity(row.id), storedDate(row.created_at), row.processingMode, row.transcription,
-             row.formatted, searchTerms(row.transcription, row.formatted)});
-    transaction.commit();
+    restoreTranscriptionRows(persistentContainer_, rows);
     announce(rows);
+}
+
+void CoreDataStack::updateTranscription(const Transcription& row)
+{
+    persistentContainer_.run(QStringLiteral("UPDATE Transcription SET processingMode = ?2, transcription = ?3, "
+                                            "formatted = ?4, terms = ?5 WHERE pk = ?1"),
+                             {row.objectID, row.processingMode, presentText(row.transcription),
+                              presentText(row.formatted), searchTerms(row.transcription, row.formatted)});
+    Q_EMIT transcriptionChanged(row.objectID);
+}
+
+StoredAmount CoreDataStack::amount() const
+{
+    const auto count = [this](const char* entity) {
+        return persistentContainer_.value(QStringLiteral("SELECT count(*) FROM ") + QLatin1String(entity)).toInt();
+    };
+    const QString& file = persistentContainer_.path();
+    return {count("Transcription"), count("Note"),
+            QFileInfo(file).size() + QFileInfo(file + QStringLiteral("-wal")).size()};
+}
+
+int CoreDataStack::countBefore(const QDateTime& moment) const
+{
+    return persistentContainer_
+        .value(QStringLiteral("SELECT count(*) FROM Transcription WHERE created_at < ?1"), {storedDate(moment)})
+        .toInt();
 }
 
 void CoreDataStack::announce(const std::vector<Transcription>& changed)

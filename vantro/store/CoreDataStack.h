@@ -20,6 +20,14 @@
 
 namespace vantro {
 
+/// How much is stored.
+struct StoredAmount
+{
+    int dictations = 0;
+    int notes = 0;
+    qint64 bytes = 0; ///< on the disk
+};
+
 /// The history: dictations, and each day's notes with their summary. Main thread. Changes are durable when an operation
 /// returns; an operation that throws StoreError changes nothing.
 class CoreDataStack final : public QObject, public TranscriptionStoring
@@ -48,6 +56,12 @@ public:
     std::vector<Transcription> deleteTranscriptions(const std::vector<QUuid>& ids);
     /// Brings back what was deleted, to its place in time. All or nothing.
     void restoreTranscriptions(const std::vector<Transcription>& rows);
+    /// Stores the mode and the texts of @p row; does nothing when it no longer exists.
+    void updateTranscription(const Transcription& row);
+
+    [[nodiscard]] StoredAmount amount() const;
+    /// Dictations that are older.
+    [[nodiscard]] int countBefore(const QDateTime& moment) const;
 
     /// Adds a note to today's DailyNote, creating it if necessary.
     QCoro::Task<> addNote(QString transcription) override;

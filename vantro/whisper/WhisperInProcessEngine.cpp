@@ -117,6 +117,16 @@ whisper_full_params quietParameters(whisper_context* context)
     return parameters;
 }
 
+/// The library counts in hundredths of a second.
+TranscribedToken segmentOf(whisper_context* context, int number, const char* text)
+{
+    constexpr double perSecond = 100;
+    return {
+        QChar(0x2581) + QString::fromUtf8(text),
+        std::chrono::duration<double>(static_cast<double>(whisper_full_get_segment_t0(context, number)) / perSecond),
+        std::chrono::duration<double>(static_cast<double>(whisper_full_get_segment_t1(context, number)) / perSecond)};
+}
+
 } // namespace
 
 WhisperInProcessError WhisperInProcessError::modelLoadFailed(const QString& path)
@@ -281,8 +291,12 @@ QString WhisperInProcessEngine::transcribeNow(const Request& request, int number
     resident_->isWarm = true;
     QByteArray text;
     for (int i = 0; i < whisper_full_n_segments(resident_->context); ++i) {
-        if (const char* segment = whisper_full_get_segment_text(resident_->context, i))
-            text += segment;
+        const char* segment = whisper_full_get_segment_text(resident_->context, i);
+        if (segment == nullptr)
+            continue;
+        text += segment;
+        if (request.segments)
+            request.segments->push_back(segmentOf(resident_->context, i, segment));
     }
     logger_.info(QStringLiteral("whisper transcribed %1s in %2")
                      .arg(durationOf(request.samples.size()).count(), 0, 'f', 1)

@@ -4,6 +4,7 @@
 #include "base/Logger.h"
 #include "base/SerialExecutor.h"
 #include "vantro/models/FileVersion.h"
+#include "vantro/models/TranscriptionProviding.h"
 
 #include <QFuture>
 #include <QString>
@@ -51,7 +52,9 @@ public:
         QString prompt;                        ///< may be empty
         std::function<void(float)> onProgress; ///< 0..1, on the engine's thread
         std::stop_token stop;                  ///< ends this transcription
-        bool isAhead = false;                  ///< nobody waits for it yet: one thread
+        /// Gets the segments of the text with their times; may be null.
+        std::shared_ptr<std::vector<TranscribedToken>> segments = {};
+        bool isAhead = false; ///< nobody waits for it yet: one thread
     };
 
     WhisperInProcessEngine();

@@ -8,6 +8,7 @@
 #include <QFileInfo>
 #include <QUrl>
 
+#include <memory>
 #include <utility>
 
 namespace vantro {
@@ -101,8 +102,13 @@ QCoro::Task<QString> WhisperTranscriptionProvider::transcribe(TranscriptionReque
     work.onProgress = std::move(request.onProgress);
     work.stop = request.stop;
     work.isAhead = request.isAhead;
+    const auto segments = std::make_shared<std::vector<TranscribedToken>>();
+    if (request.onTokens)
+        work.segments = segments;
     const QFuture<QString> transcribed = engine_.transcribe(std::move(work));
     const QString text = co_await transcribed;
+    if (request.onTokens)
+        request.onTokens(*segments);
     co_return TextReplacer::applyReplacements(text.trimmed(), vocabulary_.textReplacements());
 }
 

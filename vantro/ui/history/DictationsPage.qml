@@ -8,6 +8,7 @@ FocusScope {
 
     required property HistoryModel model
     property real listTop
+    property bool busy: false
     property bool showsRaw: false
     readonly property string shownText: model.isFormatted && !showsRaw ? model.formattedText : model.rawText
     readonly property bool hasOne: model.chosenCount === 1 && model.currentRow >= 0
@@ -22,12 +23,32 @@ FocusScope {
         model.copy(part !== "" ? part : shownText)
         copied.restart()
     }
+    function paste() {
+        endEdit()
+        model.paste(shownText)
+    }
+    function edit() {
+        if (hasOne && !busy)
+            model.edit(showsRaw)
+    }
+    function endEdit() {
+        if (!model.isEditing)
+            return
+        model.endEdit(reader.currentText)
+        list.forceActiveFocus()
+    }
+    function cancelEdit() {
+        model.cancelEdit()
+        list.forceActiveFocus()
+    }
     function clearSearch() {
         if (search.text === "")
             return false
         search.clear()
         return true
     }
+
+    Component.onDestruction: if (model && model.isEditing) model.endEdit(reader.currentText)
 
     Column {
         id: filters
@@ -43,7 +64,10 @@ FocusScope {
             placeholderText: qsTr("Search")
             Accessible.role: Accessible.EditableText
             Accessible.name: qsTr("Search the history")
-            onTextChanged: page.model.search = text
+            onTextChanged: {
+                page.endEdit()
+                page.model.search = text
+            }
             Keys.onPressed: event => {
                 if (event.matches(StandardKey.Copy) && selectedText === "") {
                     page.copy()
@@ -81,9 +105,20 @@ FocusScope {
         model: page.model.list
         current: page.model.currentRow
         Accessible.name: qsTr("Dictations")
-        onPicked: row => page.model.pick(row)
-        onExtended: row => page.model.extendTo(row)
-        onToggled: row => page.model.toggle(row)
+        onPicked: row => {
+            page.endEdit()
+            page.model.pick(row)
+        }
+        onExtended: row => {
+            page.endEdit()
+            page.model.extendTo(row)
+        }
+        onToggled: row => {
+            page.endEdit()
+            page.model.toggle(row)
+        }
+        onEditWanted: page.edit()
+        onUseWanted: page.paste()
         onAllChosen: page.model.chooseAll()
         onRemoved: page.model.remove()
         onEndWanted: page.model.pick(page.model.lastRow())
@@ -124,7 +159,7 @@ FocusScope {
     }
     Text {
         anchors { left: list.right; right: parent.right; verticalCenter: parent.verticalCenter; margins: Theme.space32 }
-        visible: !page.hasOne
+        visible: !page.hasOne && !page.busy
         text: page.model.chosenCount > 1 ? qsTr("%1 dictations are chosen.").arg(page.model.chosenCount.toLocaleString(Qt.locale(), "f", 0))
             : list.count > 0 ? qsTr("Choose a dictation to read it.")
             : page.model.isFiltered ? qsTr("No dictation is like this. Change the search or the choices below it.")
@@ -137,26 +172,39 @@ FocusScope {
     VNote {
         id: details
         anchors { left: reader.left; right: reader.right; top: parent.top; topMargin: Theme.space24 }
-        visible: page.hasOne
+        visible: page.hasOne && !page.busy
         text: page.model.details
     }
     TextReader {
         id: reader
         anchors { left: list.right; right: parent.right; top: details.bottom; bottom: actions.top; margins: Theme.space24; leftMargin: Theme.space24 + Theme.space12; topMargin: Theme.space12 }
-        visible: page.hasOne
+        visible: page.hasOne && !page.busy
         text: page.shownText
         search: page.model.search
+        editing: page.model.isEditing
+        onSaved: page.endEdit()
+        onCancelled: page.cancelEdit()
         name: qsTr("Text of the dictation")
     }
-    Row {
+    Flow {
         id: actions
         anchors { left: reader.left; right: reader.right; bottom: parent.bottom; bottomMargin: Theme.space24 }
-        height: copyButton.implicitHeight
         spacing: Theme.space8
+        visible: page.model.chosenCount > 0 && !page.busy
 
         VButton {
-            id: copyButton
-            visible: page.model.chosenCount > 0
+            visible: page.model.isEditing
+            text: qsTr("Save")
+            onClicked: page.endEdit()
+        }
+        VButton {
+            visible: page.model.isEditing
+            secondary: true
+            text: qsTr("Cancel")
+            onClicked: page.cancelEdit()
+        }
+        VButton {
+            visible: !page.model.isEditing
             text: copied.running ? "\u2713 " + qsTr("Copied") : qsTr("Copy")
             onClicked: page.copy()
             Timer {
@@ -165,13 +213,43 @@ FocusScope {
             }
         }
         VButton {
-            visible: page.hasOne && page.model.isFormatted
+            visible: !page.model.isEditing
+            secondary: true
+            text: qsTr("Paste")
+            Accessible.description: qsTr("Into the window you were in before")
+            onClicked: page.paste()
+        }
+        VButton {
+            visible: page.hasOne && !page.model.isEditing
+            secondary: true
+            text: qsTr("Edit")
+            onClicked: page.edit()
+        }
+        VChoice {
+            visible: page.hasOne && !page.model.isEditing && model.length > 0
+            model: page.model.rewritingModes
+            currentIndex: -1
+            displayText: qsTr("Rewrite as...")
+            Accessible.name: displayText
+            onActivated: index => {
+                currentIndex = -1
+                page.model.rewrite(index)
+            }
+        }
+        VButton {
+            visible: page.hasOne && page.model.isFormatted && !page.model.isEditing
             secondary: true
             text: page.showsRaw ? qsTr("Show the rewritten text") : qsTr("Show the original text")
             onClicked: page.showsRaw = !page.showsRaw
         }
         VButton {
-            visible: page.model.chosenCount > 0
+            visible: !page.model.isEditing
+            secondary: true
+            text: qsTr("Export...")
+            onClicked: page.model.exportChosen()
+        }
+        VButton {
+            visible: !page.model.isEditing
             secondary: true
             text: qsTr("Delete")
             onClicked: page.model.remove()

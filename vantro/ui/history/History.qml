@@ -21,9 +21,9 @@ Rectangle {
     Keys.onEscapePressed: if (shown !== dictationsPage || !dictationsPage.clearSearch()) closeRequested()
     Keys.onPressed: event => {
         event.accepted = true
-        if (event.matches(StandardKey.Undo))
+        if (event.matches(StandardKey.Undo) && !window.model.isEditing)
             changes.undo()
-        else if (event.matches(StandardKey.Copy))
+        else if (event.matches(StandardKey.Copy) && !window.model.isEditing)
             shown.copy()
         else if (event.matches(StandardKey.Find) && page === "dictations")
             dictationsPage.takeKeyboard()
@@ -54,6 +54,7 @@ Rectangle {
             visible: window.shown === this
             listTop: tabs.y + tabs.height
             model: window.model
+            busy: window.changes.isBusy
         }
         NotesPage {
             id: notesPage
@@ -75,7 +76,7 @@ Rectangle {
         id: news
         anchors { left: side.right; right: parent.right; bottom: parent.bottom }
         height: visible ? newsRow.implicitHeight + 2 * Theme.space12 : 0
-        visible: window.changes.canUndo || window.changes.problem !== ""
+        visible: window.changes.canUndo || window.changes.isBusy || window.changes.problem !== ""
         color: Theme.surfaceHovered
 
         Item {
@@ -86,9 +87,11 @@ Rectangle {
             Text {
                 id: problem
                 anchors { left: parent.left; right: undo.left; rightMargin: Theme.space12; verticalCenter: parent.verticalCenter }
-                text: window.changes.problem !== "" ? window.changes.problem : qsTr("Deleted. It can be undone until this window closes.")
+                text: window.changes.isBusy ? window.changes.work
+                    : window.changes.problem !== "" ? window.changes.problem
+                    : qsTr("%1 It can be undone until this window closes.").arg(window.changes.done)
                 textFormat: Text.PlainText
-                color: window.changes.problem !== "" ? Theme.error : Theme.text
+                color: window.changes.problem !== "" && !window.changes.isBusy ? Theme.error : Theme.text
                 font.pixelSize: Theme.sizeBody
                 wrapMode: Text.Wrap
                 Accessible.role: Accessible.AlertMessage
@@ -99,7 +102,7 @@ Rectangle {
                 anchors { right: parent.right; verticalCenter: parent.verticalCenter }
                 visible: window.changes.canUndo
                 secondary: true
-                text: qsTr("Undo delete")
+                text: qsTr("Undo")
                 onClicked: window.changes.undo()
             }
         }

@@ -3,6 +3,8 @@
 #include "base/Error.h"
 #include "base/Logger.h"
 
+#include <QPointer>
+
 #include <utility>
 
 namespace vantro {
@@ -21,9 +23,24 @@ bool HistoryChanges::attempt(const std::function<void()>& change, const char* fa
     return problem.isEmpty();
 }
 
-void HistoryChanges::addDeletion(std::function<void()> restore)
+namespace {
+
+QCoro::Task<> call(std::function<void()> action)
 {
-    deletions_.push_back(std::move(restore));
+    action();
+    co_return;
+}
+
+} // namespace
+
+void HistoryChanges::add(const QString& done, const std::function<void()>& undo)
+{
+    addLong(done, [undo] { return call(undo); });
+}
+
+void HistoryChanges::addLong(const QString& done, Undo undo)
+{
+    undos_.push_back({done, std::move(undo)});
     Q_EMIT changed();
 }
 
@@ -33,12 +50,30 @@ void HistoryChanges::setProblem(const QString& problem)
     Q_EMIT changed();
 }
 
-void HistoryChanges::undo()
+void HistoryChanges::setWork(const QString& work)
 {
-    if (deletions_.empty() || !attempt(deletions_.back()))
-        return;
-    deletions_.pop_back();
+    work_ = work;
     Q_EMIT changed();
+}
+
+QCoro::Task<> HistoryChanges::undoLatest()
+{
+    if (!canUndo())
+        co_return;
+    const QPointer<HistoryChanges> self(this);
+    const Undo undo = undos_.back().undo;
+    QString problem;
+    try {
+        const auto undoing = undo();
+        co_await undoing;
+    } catch (const Error& error) {
+        problem = error.localizedDescription();
+    }
+    if (!self)
+        co_return;
+    if (problem.isEmpty())
+        undos_.pop_back();
+    setProblem(problem);
 }
 
 } // namespace vantro

@@ -14,6 +14,8 @@ ListView {
     signal toggled(int row)
     signal allChosen
     signal removed
+    signal editWanted
+    signal useWanted
     signal endWanted
     signal searchWanted
 
@@ -70,6 +72,10 @@ ListView {
             endWanted()
         else if (event.key === Qt.Key_Delete && !isRepeated(event))
             removed()
+        else if (event.key === Qt.Key_F2)
+            editWanted()
+        else if ((event.key === Qt.Key_Return || event.key === Qt.Key_Enter) && !event.isAutoRepeat)
+            useWanted()
         else if (event.key === Qt.Key_Space && takesMany && event.modifiers & Qt.ControlModifier)
             toggled(current)
         else if (takesMany && event.matches(StandardKey.SelectAll))

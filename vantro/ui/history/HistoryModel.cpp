@@ -4,7 +4,6 @@
 #include "vantro/ui/history/DayNames.h"
 
 #include <QLocale>
-#include <QScopedValueRollback>
 
 #include <algorithm>
 #include <array>
@@ -134,28 +133,6 @@ int HistoryModel::lastRow()
     return list_.rowCount() - 1;
 }
 
-void HistoryModel::copy(const QString& shownText)
-{
-    QString text = shownText;
-    if (chosen_.size() > 1) {
-        std::vector<Transcription> rows;
-        const bool isRead = parts_.changes.attempt([&] {
-            for (const QUuid& identifier : std::as_const(chosen_)) {
-                if (const auto row = parts_.store.transcription(identifier))
-                    rows.push_back(*row);
-            }
-        });
-        if (!isRead)
-            return;
-        std::ranges::sort(rows, {}, &Transcription::objectID);
-        QStringList texts;
-        for (const Transcription& row : rows)
-            texts << row.text();
-        text = texts.join(QStringLiteral("\n\n"));
-    }
-    parts_.pasteboard.setString(Pasteboard::Selection::Clipboard, text);
-}
-
 /// The next one that stays, otherwise the one before.
 QPersistentModelIndex HistoryModel::rowAfterChosen() const
 {
@@ -172,37 +149,6 @@ QPersistentModelIndex HistoryModel::rowAfterChosen() const
             return list_.index(row);
     }
     return {};
-}
-
-void HistoryModel::remove()
-{
-    if (chosen_.isEmpty())
-        return;
-    const QPersistentModelIndex next = rowAfterChosen();
-    std::vector<Transcription> deleted;
-    const QScopedValueRollback<bool> many(isChangingMany_, true);
-    const auto change = [&] {
-        deleted = parts_.store.deleteTranscriptions({chosen_.cbegin(), chosen_.cend()});
-    };
-    if (!parts_.changes.attempt(change, chosen_.size() == 1 ? "Error deleting transcription: "
-                                                            : "Error deleting transcriptions: "))
-        return;
-    parts_.changes.addDeletion([this, deleted] { restore(deleted); });
-    pick(next.isValid() ? next.row() : 0);
-}
-
-void HistoryModel::restore(const std::vector<Transcription>& deleted)
-{
-    const QScopedValueRollback<bool> many(isChangingMany_, true);
-    parts_.store.restoreTranscriptions(deleted);
-    const auto newest = std::ranges::max_element(deleted, {}, &Transcription::objectID);
-    const int row = newest != deleted.end() ? list_.rowOf(newest->objectID) : -1;
-    if (row < 0)
-        return;
-    pick(row);
-    for (const Transcription& each : deleted)
-        chosen_.insert(each.id);
-    Q_EMIT selectionChanged();
 }
 
 /// There is a current row whenever there are rows, also when another process deletes.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Pasteboard.h"
+#include "vantro/store/HistoryJobs.h"
 #include "vantro/store/HistoryListModel.h"
 #include "vantro/ui/history/HistoryChanges.h"
 
@@ -33,14 +34,22 @@ class HistoryModel : public QObject
     Q_PROPERTY(QString rawText READ rawText NOTIFY selectionChanged)
     Q_PROPERTY(QString formattedText READ formattedText NOTIFY selectionChanged)
     Q_PROPERTY(QString details READ details NOTIFY selectionChanged)
+    Q_PROPERTY(bool isEditing READ isEditing NOTIFY selectionChanged)
+    Q_PROPERTY(QStringList rewritingModes READ rewritingModes NOTIFY selectionChanged)
 public:
     struct Parts
     {
         CoreDataStack& store;
+        HistoryJobs& jobs;
         Pasteboard& pasteboard;
         HistoryChanges& changes;
         Clock& clock;
-        std::function<QString(ProcessingMode)> modeName; ///< as the user calls it
+        std::function<QString(ProcessingMode)> modeName;                      ///< as the user calls it
+        std::function<std::vector<ProcessingMode>()> rewritingModes;          ///< that are set up
+        std::function<QCoro::Task<QString>(ProcessingMode, QString)> rewrite; ///< throws Error
+        std::function<void(const QString&)> paste; ///< into the window that was in front before
+        /// Asks for a file, with a name to begin with, and calls its argument unless the user thinks better of it.
+        std::function<void(const QString& name, std::function<void(QString)>)> chooseFile;
     };
 
     /// All parts must outlive the model.
@@ -77,8 +86,22 @@ public:
     Q_INVOKABLE int lastRow();
     /// To the clipboard: @p shownText while one is chosen, otherwise the texts of all, oldest first.
     Q_INVOKABLE void copy(const QString& shownText);
+    /// The same into the window that was in front before this one.
+    Q_INVOKABLE void paste(const QString& shownText);
     /// Deletes the chosen ones and picks the one after them.
     Q_INVOKABLE void remove();
+    /// Asks for a file and writes the chosen ones into it.
+    Q_INVOKABLE void exportChosen();
+
+    [[nodiscard]] bool isEditing() const { return edited_.has_value(); }
+    /// Begins to edit the current one: its original text with @p raw, else the one that was delivered.
+    Q_INVOKABLE void edit(bool raw);
+    /// Stores what has become of the text, whichever dictation is current by then.
+    Q_INVOKABLE void endEdit(const QString& text);
+    Q_INVOKABLE void cancelEdit();
+    [[nodiscard]] QStringList rewritingModes() const;
+    /// Has the current one rewritten from its original text, in the mode at that place of rewritingModes().
+    Q_INVOKABLE void rewrite(int index) { rewriteCurrent(index); }
 
     // For the rows of the list.
     Q_INVOKABLE QString timeOfDay(const QDateTime& time) const;
@@ -99,6 +122,14 @@ private:
     void makeCurrent(int row);
     void show(const QUuid& identifier);
     void restore(const std::vector<Transcription>& deleted);
+    void choose(const std::vector<Transcription>& rows);
+    [[nodiscard]] std::vector<QUuid> chosen() const { return {chosen_.cbegin(), chosen_.cend()}; }
+    QCoro::Task<> removeMany();
+    QCoro::Task<> restoreMany(std::vector<Transcription> deleted);
+    QCoro::Task<> withTexts(QString shownText, std::function<void(QString)> use);
+    QCoro::Task<> exportTo(QString path);
+    QCoro::Task<> rewriteCurrent(int index);
+    bool change(const Transcription& from, const Transcription& to, const QString& done);
     void keepCurrent(int row);
     void refresh(const QModelIndex& first, const QModelIndex& last);
 
@@ -110,7 +141,9 @@ private:
     QPersistentModelIndex current_;
     QPersistentModelIndex anchor_;       ///< where a range begins
     std::optional<Transcription> shown_; ///< the current one
-    bool isChangingMany_ = false;        ///< the selection follows afterwards
+    std::optional<Transcription> edited_;
+    bool editsRaw_ = false;
+    bool isChangingMany_ = false; ///< the selection follows afterwards
 };
 
 } // namespace vantro

@@ -100,7 +100,7 @@ void NotesModel::removeDay()
     const std::vector<Note> notes = notes_;
     if (!parts_.changes.attempt([&] { parts_.store.deleteDailyNote(day); }, "Error deleting daily note: "))
         return;
-    parts_.changes.addDeletion([this, day, notes] {
+    parts_.changes.add(tr("The day was deleted."), [this, day, notes] {
         parts_.store.restoreDailyNote(day, notes);
         pick(std::max(0, list_.rowOf(day.objectID)));
     });
@@ -111,7 +111,7 @@ void NotesModel::removeNote(int index)
     const Note note = notes_.at(static_cast<std::size_t>(index));
     if (!parts_.changes.attempt([&] { parts_.store.deleteNotes({note.id}); }, "Error deleting note: "))
         return;
-    parts_.changes.addDeletion([this, note] {
+    parts_.changes.add(tr("The note was deleted."), [this, note] {
         parts_.store.restoreNotes({note});
         pick(std::max(0, list_.rowOf(note.dailyNote)));
     });

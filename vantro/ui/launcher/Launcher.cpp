@@ -1,6 +1,7 @@
 #include "vantro/ui/launcher/Launcher.h"
 
 #include "base/Notifications.h"
+#include "platform/Wording.h"
 #include "vantro/app/Dictation.h"
 #include "vantro/ui/style/PanelShape.h"
 #include "vantro/ui/style/UiEngine.h"
@@ -96,7 +97,7 @@ void Launcher::placeOnScreen()
 void Launcher::makeKeyAndOrderFront()
 {
     const QString stopKeys = keysOf(KeyboardShortcuts::Name::stopRecordingAndCloseModal);
-    model_.setEndingHint(tr("<%1> Start transcription").arg(stopKeys), tr("Esc Cancel"));
+    model_.setEndingHint(tr("<%1> Start transcription").arg(wording::shownKeys(stopKeys)), cancelHint());
     former_ = workspace_.frontWindow();
     show();
     raise();
@@ -112,13 +113,20 @@ void Launcher::takeKeyboard()
 
 void Launcher::orderFront()
 {
-    model_.setEndingHint(tr("Release %1 to transcribe").arg(keysOf(KeyboardShortcuts::Name::openModal)),
-                         tr("Esc Cancel"));
+    model_.setTakesDigits(false); // they go to the window that has the keyboard
+    model_.setEndingHint(
+        tr("Release <%1> to transcribe").arg(wording::shownKeys(keysOf(KeyboardShortcuts::Name::openModal))),
+        cancelHint());
     connect(&dictation_, &Dictation::stateChanged, this, &Launcher::followState);
     // Past the window manager, which keeps full-screen windows that have the keyboard above everything it manages.
     setFlags(Qt::ToolTip | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint | Qt::WindowDoesNotAcceptFocus);
     show();
     raise();
+}
+
+QString Launcher::cancelHint() const
+{
+    return tr("<%1> Cancel").arg(wording::shownKeys(QStringLiteral("Esc")));
 }
 
 /// Without the keyboard, Escape belongs to the window in front as soon as the shortcut is released.

@@ -58,6 +58,7 @@ private:
     [[nodiscard]] bool hasKeyboard() const;
     [[nodiscard]] bool takeBack();
     void followState();
+    [[nodiscard]] QString cancelHint() const;
     void becomeKey();
     [[nodiscard]] QString keysOf(const KeyboardShortcuts::Name& name) const;
     [[nodiscard]] bool escapeCancels() const;

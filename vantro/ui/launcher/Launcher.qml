@@ -86,7 +86,7 @@ Rectangle {
         // The chosen one is read in full, as long as it leaves the others half of the row.
         readonly property real most: heard.width / 2
         readonly property real fairShare: most / (launcher.model.modes.length - 1) - spacing
-        anchors { left: heard.left; bottom: hints.top; bottomMargin: Theme.space16 }
+        anchors { left: heard.left; bottom: hints.top; bottomMargin: Theme.space12 }
         width: Math.min(implicitWidth, heard.width)
         spacing: Theme.space8
         opacity: launcher.model.processing ? 0.5 : 1
@@ -99,6 +99,7 @@ Rectangle {
                 required property string modelData
                 number: index + 1
                 name: modelData
+                hasDigit: launcher.model.takesDigits
                 chosen: index === launcher.model.chosenMode
                 Layout.fillWidth: true
                 Layout.minimumWidth: Math.min(implicitWidth, chosen ? pills.most : pills.fairShare)

@@ -150,7 +150,8 @@ QString LauncherModel::currentNotice() const
         return tr("The speech model cannot be loaded. What you say is kept.");
     if (recorder_.isStalled())
         return tr("%1 sends nothing any more. Trying again...").arg(microphone_);
-    return clock_.now() - lastHeardAt_ >= silenceBeforeNotice ? tr("No sound from %1").arg(microphone_) : note_;
+    return clock_.now() - lastHeardAt_ >= silenceBeforeNotice ? tr("No sound from %1. Is it muted?").arg(microphone_)
+                                                              : note_;
 }
 
 void LauncherModel::setNotice(const QString& notice)

@@ -35,6 +35,8 @@ class LauncherModel : public QObject
     /// How to end the recording, and how to cancel it; may be empty.
     Q_PROPERTY(QString endingHint READ endingHint NOTIFY hintsChanged)
     Q_PROPERTY(QString cancelHint READ cancelHint NOTIFY hintsChanged)
+    /// Whether the digit keys choose a mode.
+    Q_PROPERTY(bool takesDigits READ takesDigits NOTIFY hintsChanged)
     Q_PROPERTY(int chosenMode READ chosenMode NOTIFY chosenModeChanged)
 public:
     struct Mode
@@ -61,6 +63,8 @@ public:
     [[nodiscard]] QString endingHint() const { return endingHint_; }
     [[nodiscard]] QString cancelHint() const { return cancelHint_; }
     void setEndingHint(const QString& ending, const QString& cancel);
+    [[nodiscard]] bool takesDigits() const { return takesDigits_; }
+    void setTakesDigits(bool takes) { takesDigits_ = takes; }
 
     Q_INVOKABLE void chooseMode(int index);
 
@@ -102,6 +106,7 @@ private:
     QString words_;
     QString endingHint_;
     QString cancelHint_;
+    bool takesDigits_ = true;
 };
 
 } // namespace vantro

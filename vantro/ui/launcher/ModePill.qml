@@ -8,6 +8,7 @@ Rectangle {
     property int number
     property string name
     property bool chosen
+    property bool hasDigit: true
     signal picked
 
     implicitWidth: label.implicitWidth + 2 * Theme.space12
@@ -33,7 +34,7 @@ Rectangle {
         anchors.centerIn: parent
         width: Math.min(implicitWidth, pill.width - 2 * Theme.space12)
         elide: Text.ElideRight
-        text: pill.number + "  " + pill.name
+        text: pill.hasDigit ? pill.number + "  " + pill.name : pill.name
         color: pill.chosen ? Theme.accentText : Theme.text
         font.pixelSize: Theme.sizeBody
         font.weight: pill.chosen ? Font.DemiBold : Font.Normal

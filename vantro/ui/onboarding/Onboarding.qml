@@ -9,8 +9,8 @@ Rectangle {
 
     required property OnboardingModel model
     required property RecorderCocoa recorder
-    readonly property bool isLast: model.step === OnboardingModel.Practice
-    readonly property var goods: [model.isMicrophoneGood, model.areKeysGood, model.isShortcutGood, model.isModelGood]
+    readonly property bool isLast: model.step === OnboardingModel.Ready
+    readonly property var goods: [true, model.isMicrophoneGood, model.areKeysGood, model.isShortcutGood, model.isModelGood, true, true]
     readonly property int step: model.step
     readonly property bool isStepGood: !!goods[step]
     signal closeRequested
@@ -39,16 +39,16 @@ Rectangle {
         anchors { left: parent.left; right: parent.right; top: parent.top; margins: Theme.space24 }
         spacing: Theme.space8
         Accessible.role: Accessible.StaticText
-        Accessible.name: qsTr("Step %1 of 5").arg(window.model.step + 1)
+        Accessible.name: qsTr("Step %1 of %2").arg(window.model.step + 1).arg(window.goods.length)
         Repeater {
-            model: 5
+            model: window.goods.length
             Rectangle {
                 required property int index
-                width: (dots.width - 4 * dots.spacing) / 5
+                width: (dots.width - (window.goods.length - 1) * dots.spacing) / window.goods.length
                 height: Theme.meterHeight
                 radius: height / 2
                 color: index === window.model.step ? Theme.accent
-                     : window.goods[index] ? Theme.success : Theme.control
+                     : index < window.model.step && window.goods[index] ? Theme.success : Theme.control
             }
         }
     }
@@ -57,7 +57,7 @@ Rectangle {
         anchors { left: parent.left; right: parent.right; top: dots.bottom; bottom: buttons.top; margins: Theme.space24 }
         // At once: the next Return is meant for the new page.
         onLoaded: window.takeKeyboard()
-        sourceComponent: [microphonePage, keysPage, shortcutPage, modelPage, practicePage][window.model.step]
+        sourceComponent: [welcomePage, microphonePage, keysPage, shortcutPage, modelPage, practicePage, readyPage][window.model.step]
     }
     Item {
         id: buttons
@@ -82,6 +82,16 @@ Rectangle {
     }
 
     Component {
+        id: welcomePage
+        OnboardingStep {
+            title: qsTr("Speak instead of typing")
+            explanation: qsTr("Press a shortcut, speak, press Space: the text stands in the window you were working in.")
+                + "\n\n" + qsTr("Speech is recognised on this computer. Nothing you say leaves it, unless you set up a provider that rewrites your text elsewhere.")
+                + "\n\n" + qsTr("The next pages try your microphone, keyboard, shortcut and speech model. It takes about three minutes, and each can wait.")
+            good: true
+        }
+    }
+    Component {
         id: microphonePage
         OnboardingStep {
             title: qsTr("Can you be heard?")
@@ -92,6 +102,16 @@ Rectangle {
                 width: parent.width
                 level: window.model.level
                 name: qsTr("Microphone level")
+            }
+            VSettingRow {
+                title: qsTr("Microphone")
+                VChoice {
+                    width: Theme.wideFieldWidth
+                    model: window.model.microphones
+                    currentIndex: window.model.microphone
+                    Accessible.name: qsTr("Microphone")
+                    onActivated: index => window.model.microphone = index
+                }
             }
         }
     }
@@ -140,6 +160,27 @@ Rectangle {
                   : window.model.download.running ? window.model.download.statusText
                   : window.model.download.failed ? window.model.download.statusText
                   : qsTr("%1 (%2) has not been downloaded yet.").arg(window.model.download.name).arg(window.model.download.size)
+            VSettingRow {
+                visible: !window.model.download.running
+                title: qsTr("Language you speak")
+                VChoice {
+                    model: window.model.languages
+                    currentIndex: window.model.language
+                    Accessible.name: qsTr("Language you speak")
+                    onActivated: index => window.model.language = index
+                }
+            }
+            VSettingRow {
+                visible: !window.model.download.running
+                title: qsTr("Model")
+                hint: window.model.modelText
+                VChoice {
+                    model: window.model.models
+                    currentIndex: window.model.model
+                    Accessible.name: qsTr("Model")
+                    onActivated: index => window.model.model = index
+                }
+            }
             Rectangle {
                 width: parent.width
                 height: Theme.space8
@@ -202,6 +243,21 @@ Rectangle {
                         font.pixelSize: Theme.sizeBody
                     }
                 }
+            }
+        }
+    }
+    Component {
+        id: readyPage
+        OnboardingStep {
+            title: qsTr("That is all")
+            explanation: (window.model.shortcut === "" ? "" : qsTr("%1 starts a dictation in every program.").arg(window.model.shortcut) + " ")
+                + qsTr("vantro waits in the tray: its menu has the history, the notes and the settings, and leads back to these pages. Starting vantro again opens the settings.")
+            good: window.model.problem === ""
+            status: window.model.problem
+            VToggleRow {
+                title: qsTr("Start when I log in")
+                checked: window.model.startsAtLogin
+                onToggled: on => window.model.startsAtLogin = on
             }
         }
     }

@@ -3,13 +3,18 @@
 #include "KeyboardShortcuts/KeyboardShortcuts.h"
 #include "base/Logger.h"
 #include "base/NotificationCenter.h"
+#include "base/UserDefaults.h"
 #include "platform/KeyEventPoster.h"
+#include "platform/LoginItem.h"
 #include "platform/Permissions.h"
 #include "vantro/audio/AudioDeviceManager.h"
 #include "vantro/audio/MicrophoneMonitor.h"
+#include "vantro/models/ModelSelection.h"
+#include "vantro/models/Recommendation.h"
 #include "vantro/ui/download/ModelDownloadModel.h"
 
 #include <QObject>
+#include <QStringList>
 #include <QTimer>
 #include <QtQml/qqmlregistration.h>
 
@@ -35,8 +40,17 @@ class OnboardingModel : public QObject
     Q_PROPERTY(QString shortcutText READ shortcutText NOTIFY changed)
     Q_PROPERTY(bool isModelGood READ isModelGood NOTIFY changed)
     Q_PROPERTY(vantro::ModelDownloadModel* download READ download CONSTANT)
+    Q_PROPERTY(QStringList microphones READ microphones NOTIFY changed)
+    Q_PROPERTY(int microphone READ microphone WRITE setMicrophone NOTIFY changed)
+    Q_PROPERTY(QStringList languages READ languages CONSTANT)
+    Q_PROPERTY(int language READ language WRITE setLanguage NOTIFY changed)
+    Q_PROPERTY(QStringList models READ models NOTIFY changed)
+    Q_PROPERTY(int model READ model WRITE setModel NOTIFY changed)
+    Q_PROPERTY(QString modelText READ modelText NOTIFY changed)
+    Q_PROPERTY(bool startsAtLogin READ startsAtLogin WRITE setStartsAtLogin NOTIFY changed)
+    Q_PROPERTY(QString problem READ problem NOTIFY changed)
 public:
-    enum Step { Microphone, Keys, ShortcutStep, Model, Practice };
+    enum Step { Welcome, Microphone, Keys, ShortcutStep, Model, Practice, Ready };
     Q_ENUM(Step)
 
     struct Parts
@@ -49,8 +63,11 @@ public:
         NotificationCenter& notifications;
         Clock& clock;
         DownloadQueue& downloads;
-        TranscriptionModel model;
-        std::function<bool()> isModelPresent;
+        UserDefaults& defaults;
+        LoginItem& loginItem;
+        ModelSelection& models;
+        Machine machine;
+        std::function<bool(const TranscriptionModel&)> isModelPresent;
         /// Keeps the program's own windows visible during a recording.
         std::function<void(bool)> setSandboxMode;
         /// Called when the window closes before the last page.
@@ -70,7 +87,24 @@ public:
     [[nodiscard]] bool isShortcutGood() const;
     [[nodiscard]] QString shortcut() const;
     [[nodiscard]] QString shortcutText() const;
-    [[nodiscard]] bool isModelGood() const { return parts_.isModelPresent(); }
+    [[nodiscard]] bool isModelGood() const { return parts_.isModelPresent(parts_.models.selectedModel()); }
+    /// The first one is whichever the desktop uses.
+    [[nodiscard]] QStringList microphones() const;
+    [[nodiscard]] int microphone() const;
+    void setMicrophone(int index);
+    [[nodiscard]] QStringList languages() const;
+    [[nodiscard]] int language() const;
+    void setLanguage(int index);
+    /// With their sizes; the one that suits this machine and language is marked.
+    [[nodiscard]] QStringList models() const;
+    [[nodiscard]] int model() const;
+    void setModel(int index);
+    /// What the chosen model costs: download and waiting.
+    [[nodiscard]] QString modelText() const;
+    [[nodiscard]] bool startsAtLogin() const { return parts_.loginItem.isEnabled(); }
+    void setStartsAtLogin(bool on);
+    /// Why the latest change failed; otherwise empty.
+    [[nodiscard]] QString problem() const { return problem_; }
     [[nodiscard]] ModelDownloadModel* download() { return &download_; }
 
     /// Posts the paste keystroke; the page calls keyArrived() when it receives it.
@@ -88,14 +122,20 @@ private:
     enum class KeyTest { untried, posted, arrived, lost };
 
     void failKeys(const QString& reason);
+    void followMicrophone();
+    [[nodiscard]] const std::vector<TranscriptionModel>& catalogue() const
+    {
+        return parts_.models.catalogue().models();
+    }
 
     Logger logger_{"OnboardingModel"};
     Parts parts_;
-    Step step_ = Microphone;
+    Step step_ = Welcome;
     MicrophoneMonitor monitor_;
     bool isFinished_ = false;
     KeyTest keys_ = KeyTest::untried;
     QString keysProblem_;
+    QString problem_;
     QTimer keyPatience_;
     ModelDownloadModel download_;
     std::vector<NotificationCenter::Observation> observations_;

@@ -1,7 +1,7 @@
 #include "vantro/ui/settings/GeneralSettings.h"
 
 #include "base/Settings.h"
-#include "vantro/ui/settings/SpokenLanguages.h"
+#include "vantro/models/SpokenLanguages.h"
 
 #include <algorithm>
 #include <utility>

@@ -9,12 +9,14 @@ VPage {
 
     title: qsTr("Microphone")
 
-    Component.onCompleted: settings.listening = true
-    Component.onDestruction: settings.listening = false
+    // A page that is only looked through hears nothing.
+    Component.onCompleted: settings.listening = visible
+    Component.onDestruction: if (visible) settings.listening = false
 
     VCard {
         VSettingRow {
             title: qsTr("Record from")
+            hint: page.settings.inUse
             VChoice {
                 width: Theme.wideFieldWidth
                 model: page.settings.modes
@@ -70,6 +72,14 @@ VPage {
             color: page.settings.problem !== "" ? Theme.error : Theme.textSecondary
             font.pixelSize: Theme.sizeSecondary
             wrapMode: Text.Wrap
+        }
+    }
+    VCard {
+        heading: qsTr("Try it")
+        VTextArea {
+            width: parent.width
+            placeholderText: qsTr("Click here, press your shortcut and say something: the text appears here.")
+            Accessible.name: qsTr("Try it")
         }
     }
 }

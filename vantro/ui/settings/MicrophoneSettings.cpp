@@ -72,6 +72,12 @@ void MicrophoneSettings::setDevice(int index)
         devices_.setSelectedDeviceID(present[static_cast<std::size_t>(index)].id);
 }
 
+QString MicrophoneSettings::inUse() const
+{
+    const QString name = devices_.effectiveDeviceName();
+    return name.isEmpty() ? tr("No microphone is connected.") : tr("In use now: %1").arg(name);
+}
+
 QStringList MicrophoneSettings::order() const
 {
     QStringList names;

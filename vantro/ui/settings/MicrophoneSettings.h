@@ -20,6 +20,7 @@ class MicrophoneSettings : public QObject
     Q_PROPERTY(int mode READ mode WRITE setMode NOTIFY changed)
     Q_PROPERTY(QStringList devices READ devices NOTIFY changed)
     Q_PROPERTY(int device READ device WRITE setDevice NOTIFY changed)
+    Q_PROPERTY(QString inUse READ inUse NOTIFY changed)
     Q_PROPERTY(QStringList order READ order NOTIFY changed)
     Q_PROPERTY(bool listening READ isListening WRITE setListening NOTIFY changed)
     Q_PROPERTY(qreal level READ level NOTIFY levelChanged)
@@ -35,6 +36,8 @@ public:
     /// The chosen one as an index into devices(); -1 when it is not connected.
     [[nodiscard]] int device() const;
     void setDevice(int index);
+    /// The one that a dictation would be recorded from now, in a sentence.
+    [[nodiscard]] QString inUse() const;
     /// The names in the priority list, highest priority first.
     [[nodiscard]] QStringList order() const;
     [[nodiscard]] bool isListening() const { return monitor_.isRunning(); }

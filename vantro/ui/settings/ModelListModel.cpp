@@ -2,13 +2,59 @@
 
 #include "base/Error.h"
 
+#include <QLocale>
 #include <QPointer>
 
+#include <algorithm>
+#include <cmath>
 #include <utility>
 
 namespace vantro {
 
-ModelListModel::ModelListModel(Parts parts) : parts_(std::move(parts)) {}
+namespace {
+
+QString waitText(std::chrono::duration<double> wait)
+{
+    return wait.count() < 1 ? ModelListModel::tr("10 s of speech in less than 1 s")
+                            : ModelListModel::tr("10 s of speech in about %1 s").arg(std::lround(wait.count()));
+}
+
+} // namespace
+
+ModelListModel::ModelListModel(Parts parts) : parts_(std::move(parts))
+{
+    for (const TranscriptionModel& model : parts_.models)
+        order_.push_back(&model);
+    sortAgain();
+}
+
+void ModelListModel::sortAgain()
+{
+    beginResetModel();
+    const QString used = parts_.selectedName();
+    std::ranges::sort(order_, [&used](const auto* one, const auto* other) {
+        const bool isOneUsed = one->name == used;
+        return isOneUsed != (other->name == used) ? isOneUsed : one < other; // else as in the catalogue
+    });
+    endResetModel();
+    Q_EMIT diskUseChanged();
+}
+
+QString ModelListModel::diskUse() const
+{
+    return tr("Downloaded models take up %1.").arg(QLocale().formattedDataSize(parts_.bytesUsed()));
+}
+
+void ModelListModel::clearCache()
+{
+    const QPointer<ModelListModel> self(this);
+    parts_.confirmClearing([self] {
+        if (!self)
+            return;
+        self->parts_.clearCache();
+        self->refresh();
+    });
+}
 
 int ModelListModel::rowCount(const QModelIndex& parent) const
 {
@@ -17,7 +63,7 @@ int ModelListModel::rowCount(const QModelIndex& parent) const
 
 const TranscriptionModel* ModelListModel::modelAt(int row) const
 {
-    return row >= 0 && row < rowCount() ? &parts_.models[static_cast<std::size_t>(row)] : nullptr;
+    return row >= 0 && row < rowCount() ? order_[static_cast<std::size_t>(row)] : nullptr;
 }
 
 QVariant ModelListModel::data(const QModelIndex& index, int role) const
@@ -44,6 +90,11 @@ QVariant ModelListModel::data(const QModelIndex& index, int role) const
         return model->name == parts_.selectedName();
     case ProgressRole:
         return parts_.stateOf(*model) == Downloading ? parts_.progress() : 0.0F;
+    case RecommendedRole:
+        return &recommended(parts_.models, parts_.machine, parts_.language(),
+                            [this](const TranscriptionModel& each) { return parts_.stateOf(each) == Ready; }) == model;
+    case WaitRole:
+        return waitText(expectedWait(*model, parts_.machine));
     case StatusRole:
         return parts_.statusText(*model);
     default:
@@ -53,10 +104,18 @@ QVariant ModelListModel::data(const QModelIndex& index, int role) const
 
 QHash<int, QByteArray> ModelListModel::roleNames() const
 {
-    return {{NameRole, "name"},         {SizeRole, "size"},           {SpeedRole, "speed"},
-            {AccuracyRole, "accuracy"}, {DescriptionRole, "about"},   {LanguagesRole, "languages"},
-            {StateRole, "modelState"},  {SelectedRole, "isSelected"}, {ProgressRole, "progress"},
-            {StatusRole, "statusText"}};
+    return {{NameRole, "name"},
+            {SizeRole, "size"},
+            {SpeedRole, "speed"},
+            {AccuracyRole, "accuracy"},
+            {DescriptionRole, "about"},
+            {LanguagesRole, "languages"},
+            {StateRole, "modelState"},
+            {SelectedRole, "isSelected"},
+            {ProgressRole, "progress"},
+            {StatusRole, "statusText"},
+            {RecommendedRole, "isRecommended"},
+            {WaitRole, "wait"}};
 }
 
 void ModelListModel::select(int row)
@@ -105,6 +164,7 @@ void ModelListModel::removeNow(const TranscriptionModel& model)
 void ModelListModel::refresh()
 {
     Q_EMIT dataChanged(index(0), index(rowCount() - 1));
+    Q_EMIT diskUseChanged();
 }
 
 } // namespace vantro

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "vantro/models/TranscriptionModel.h"
+#include "vantro/models/Recommendation.h"
 
 #include <QAbstractListModel>
 #include <QtQml/qqmlregistration.h>
@@ -10,13 +10,15 @@
 
 namespace vantro {
 
-/// The model list of the page "Models", one row per model of the catalogue. Main thread; lives as long as its window.
+/// The model list of the page "Models", one row per model of the catalogue, the one in use first when the page opens.
+/// Main thread; lives as long as its window.
 class ModelListModel : public QAbstractListModel
 {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("made with its window")
     Q_PROPERTY(QString problem READ problem NOTIFY problemChanged)
+    Q_PROPERTY(QString diskUse READ diskUse NOTIFY diskUseChanged)
 public:
     enum Role {
         NameRole = Qt::UserRole,
@@ -28,7 +30,9 @@ public:
         StateRole,
         SelectedRole,
         ProgressRole, ///< 0..1
-        StatusRole    ///< of its download, or why the latest one failed; may be empty
+        RecommendedRole,
+        WaitRole,  ///< how long a sentence takes it here
+        StatusRole ///< of its download, or why the latest one failed; may be empty
     };
     Q_ENUM(Role)
     /// Whether a model can be used, downloaded, or its download resumed; or whether it waits for or is in its download.
@@ -49,6 +53,11 @@ public:
         std::function<void(const TranscriptionModel&, std::function<void()> confirmed)> confirmRemoval;
         /// Throws Error.
         std::function<void(const TranscriptionModel&)> remove;
+        Machine machine;
+        std::function<QString()> language; ///< spoken, as a code
+        std::function<qint64()> bytesUsed;
+        std::function<void(std::function<void()> confirmed)> confirmClearing;
+        std::function<void()> clearCache; ///< removes all but the one in use
     };
 
     explicit ModelListModel(Parts parts);
@@ -59,6 +68,13 @@ public:
     /// Why the latest removal failed; otherwise empty.
     [[nodiscard]] QString problem() const { return problem_; }
 
+    /// What downloaded models take up, in a sentence.
+    [[nodiscard]] QString diskUse() const;
+
+    /// Puts the one in use on top.
+    Q_INVOKABLE void sortAgain();
+    /// Removes the downloaded models that are not in use, after asking.
+    Q_INVOKABLE void clearCache();
     Q_INVOKABLE void select(int row);
     Q_INVOKABLE void download(int row);
     Q_INVOKABLE void cancel(int row);
@@ -69,12 +85,14 @@ public:
 
 Q_SIGNALS:
     void problemChanged();
+    void diskUseChanged();
 
 private:
     [[nodiscard]] const TranscriptionModel* modelAt(int row) const;
     void removeNow(const TranscriptionModel& model);
 
     Parts parts_;
+    std::vector<const TranscriptionModel*> order_;
     QString problem_;
 };
 

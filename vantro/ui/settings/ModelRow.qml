@@ -17,6 +17,8 @@ VCard {
     required property bool isSelected
     required property real progress
     required property string statusText
+    required property bool isRecommended
+    required property string wait
     readonly property bool isUnderWay: modelState === ModelListModel.Waiting || modelState === ModelListModel.Downloading
     signal selectPressed
     signal cancelPressed
@@ -73,6 +75,12 @@ VCard {
                     color: Theme.success
                     font.pixelSize: Theme.sizeBody
                 }
+                Text {
+                    visible: row.isRecommended
+                    text: qsTr("recommended for this computer")
+                    color: Theme.accent
+                    font.pixelSize: Theme.sizeBody
+                }
             }
             VNote {
                 text: row.about
@@ -89,7 +97,7 @@ VCard {
                     value: row.accuracy
                 }
                 Text {
-                    text: row.size + "  \u00B7  " + row.languages
+                    text: row.size + "  \u00B7  " + row.languages + "  \u00B7  " + row.wait
                     color: Theme.textSecondary
                     font.pixelSize: Theme.sizeSecondary
                 }

@@ -10,6 +10,8 @@ VPage {
     title: qsTr("Models")
     subtitle: qsTr("Models turn speech into text on this computer. Larger ones make fewer mistakes but take longer.")
 
+    Component.onCompleted: if (visible) models.sortAgain()
+
     VCard {
         visible: page.models.problem !== ""
         Text {
@@ -30,6 +32,18 @@ VPage {
             onDownloadPressed: page.models.download(index)
             onCancelPressed: page.models.cancel(index)
             onRemovePressed: page.models.remove(index)
+        }
+    }
+    VCard {
+        heading: qsTr("Disk space")
+        VSettingRow {
+            title: page.models.diskUse
+            hint: qsTr("The model in use stays.")
+            VButton {
+                secondary: true
+                text: qsTr("Delete Models Cache")
+                onClicked: page.models.clearCache()
+            }
         }
     }
 }

@@ -34,6 +34,7 @@ VCard {
             required property int index
             required property var modelData
             readonly property string problem: sheet.settings.fieldProblems[index] ?? ""
+            readonly property string warning: sheet.settings.fieldWarnings[index] ?? ""
             visible: !modelData.isParameter || sheet.showsParameters || problem !== ""
             title: modelData.label
             hint: modelData.hint
@@ -49,8 +50,8 @@ VCard {
                 }
                 VNote {
                     width: Theme.wideFieldWidth
-                    text: field.problem
-                    color: Theme.error
+                    text: field.problem !== "" ? field.problem : field.warning
+                    color: field.problem !== "" ? Theme.error : Theme.warning
                 }
             }
         }

@@ -3,7 +3,9 @@
 #include "base/Error.h"
 #include "platform/Wording.h"
 
+#include <QHostAddress>
 #include <QPointer>
+#include <QUrl>
 
 #include <algorithm>
 #include <array>
@@ -70,6 +72,32 @@ QCoro::Task<> ProvidersModel::findKeys()
     problem_ = problem;
     Q_EMIT changed();
     Q_EMIT formChanged();
+    for (const ProviderConfiguration& provider : parts_.manager.configurations()) {
+        if (hasKey(provider))
+            findEnding(provider.keychainAccount());
+    }
+}
+
+QCoro::Task<> ProvidersModel::findEnding(QString account)
+{
+    const QPointer<ProvidersModel> self(this);
+    QString ending;
+    try {
+        const auto asked = parts_.keyEnding(account);
+        ending = co_await asked;
+    } catch (const Error&) {
+        co_return; // that it is there is known
+    }
+    if (!self)
+        co_return;
+    endings_.insert(account, ending);
+    Q_EMIT changed();
+    Q_EMIT formChanged();
+}
+
+QString ProvidersModel::maskedKey(const ProviderConfiguration& provider) const
+{
+    return ProviderForm::maskedKey() + endings_.value(provider.keychainAccount());
 }
 
 bool ProvidersModel::hasKey(const ProviderConfiguration& provider) const
@@ -82,7 +110,7 @@ QVariantList ProvidersModel::providers() const
     QVariantList list;
     for (const ProviderConfiguration& provider : parts_.manager.configurations()) {
         const QString key = !accounts_         ? QString()
-                            : hasKey(provider) ? ProviderForm::maskedKey()
+                            : hasKey(provider) ? maskedKey(provider)
                                                : tr("No API key configured");
         list.append(QVariantMap{{QStringLiteral("name"), provider.name},
                                 {QStringLiteral("details"),
@@ -220,6 +248,19 @@ QStringList ProvidersModel::fieldProblems() const
     return texts;
 }
 
+/// Whoever is between could read text and key.
+QStringList ProvidersModel::fieldWarnings() const
+{
+    const QUrl address(form_.baseURL.trimmed());
+    const bool isHere = address.host() == QLatin1String("localhost") || QHostAddress(address.host()).isLoopback();
+    QStringList texts;
+    for (const FormField& field : formFields)
+        texts << (field.field == ProviderForm::Field::baseURL && address.scheme() == QLatin1String("http") && !isHere
+                      ? tr("Over http, your text and the key can be read on their way. Use https if the server has it.")
+                      : QString());
+    return texts;
+}
+
 bool ProvidersModel::showProblems()
 {
     wasSubmitted_ = true;
@@ -229,7 +270,7 @@ bool ProvidersModel::showProblems()
 
 QString ProvidersModel::keyState() const
 {
-    return edited_ && hasKey(*edited_) ? ProviderForm::maskedKey() : tr("No API key configured");
+    return edited_ && hasKey(*edited_) ? maskedKey(*edited_) : tr("No API key configured");
 }
 
 QString ProvidersModel::keyHint() const

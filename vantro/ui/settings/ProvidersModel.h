@@ -3,6 +3,7 @@
 #include "vantro/ai/providers/ProviderConfigurationManager.h"
 #include "vantro/ai/providers/ProviderForm.h"
 
+#include <QHash>
 #include <QObject>
 #include <QStringList>
 #include <QVariantList>
@@ -29,6 +30,7 @@ class ProvidersModel : public QObject
     Q_PROPERTY(int type READ type WRITE setType NOTIFY formChanged)
     Q_PROPERTY(QVariantList fields READ fields NOTIFY fieldsReset)
     Q_PROPERTY(QStringList fieldProblems READ fieldProblems NOTIFY formChanged)
+    Q_PROPERTY(QStringList fieldWarnings READ fieldWarnings NOTIFY formChanged)
     Q_PROPERTY(QString keyState READ keyState NOTIFY formChanged)
     Q_PROPERTY(QString keyHint READ keyHint CONSTANT)
     Q_PROPERTY(QString report READ report NOTIFY formChanged)
@@ -40,6 +42,9 @@ public:
         ProviderConfigurationManager& manager;
         /// Returns the accounts that have a key. Throws KeychainError.
         std::function<QCoro::Task<QStringList>()> keyAccounts;
+        /// Returns the last characters of an account's key, by which its owner knows it; may be empty. Throws
+        /// KeychainError.
+        std::function<QCoro::Task<QString>(QString account)> keyEnding;
         /// Checks that the provider accepts the given key, or the stored one if none is given. Throws Error.
         std::function<QCoro::Task<>(ProviderConfiguration, std::optional<QString>)> verify;
         /// Asks the user a question and calls back on yes.
@@ -64,6 +69,8 @@ public:
     [[nodiscard]] QVariantList fields() const;
     /// One per entry of fields(); empty where there is no problem.
     [[nodiscard]] QStringList fieldProblems() const;
+    /// The same of what is allowed, but may not be meant.
+    [[nodiscard]] QStringList fieldWarnings() const;
     /// The placeholder of the key field.
     [[nodiscard]] QString keyState() const;
     [[nodiscard]] QString keyHint() const;
@@ -90,6 +97,8 @@ Q_SIGNALS:
 
 private:
     QCoro::Task<> findKeys();
+    QCoro::Task<> findEnding(QString account);
+    [[nodiscard]] QString maskedKey(const ProviderConfiguration& provider) const;
     QCoro::Task<> store(ProviderConfiguration provider, QString key);
     QCoro::Task<> ask(ProviderConfiguration provider, QString key);
     [[nodiscard]] bool hasKey(const ProviderConfiguration& provider) const;
@@ -101,6 +110,7 @@ private:
 
     Parts parts_;
     std::optional<QStringList> accounts_; ///< with a key; nullopt while unknown
+    QHash<QString, QString> endings_;     ///< of the keys, by account
     QString problem_;
     std::optional<ProviderConfiguration> edited_; ///< as it was when the form was opened
     ProviderForm form_;

@@ -15,14 +15,28 @@ Rectangle {
     required property ModesModel modes
     required property ProvidersModel providers
     required property VocabularyModel vocabulary
+    required property PrivacySettings privacy
+    required property StatisticsModel statistics
     required property AboutModel about
     property string page: "general"
     signal closeRequested
 
     color: Theme.surface
 
-    Keys.onEscapePressed: closeRequested()
+    // The place on a page that a search has led to.
+    function go(place, title) {
+        search.clear()
+        page = place
+        Qt.callLater(() => pageLoader.item.mark(title))
+    }
+
+    Keys.onEscapePressed: search.text !== "" ? search.clear() : closeRequested()
     Keys.onPressed: event => {
+        if (event.matches(StandardKey.Find)) {
+            search.forceActiveFocus(Qt.ShortcutFocusReason)
+            event.accepted = true
+            return
+        }
         if (event.key !== Qt.Key_PageDown && event.key !== Qt.Key_PageUp)
             return
         pageLoader.item.turn(event.key === Qt.Key_PageDown ? 1 : -1)
@@ -35,18 +49,42 @@ Rectangle {
         width: Theme.navWidth
         color: Theme.surfaceRaised
 
-        VNavList {
+        VField {
+            id: search
             anchors { left: parent.left; right: parent.right; top: parent.top; margins: Theme.space12 }
+            placeholderText: qsTr("Search")
+            Accessible.role: Accessible.EditableText
+            Accessible.name: qsTr("Search the settings")
+            Accessible.description: results.visible ? results.Accessible.name : ""
+            Keys.onDownPressed: results.visible ? results.step(1) : list.forceActiveFocus(Qt.TabFocusReason)
+            Keys.onUpPressed: results.step(-1)
+            Keys.onReturnPressed: results.pickCurrent()
+            Keys.onEnterPressed: results.pickCurrent()
+        }
+        SearchResults {
+            id: results
+            anchors { left: parent.left; right: parent.right; top: search.bottom; margins: Theme.space12 }
+            visible: search.text.trim() !== ""
+            pages: list.pages
+            search: visible ? search.text : ""
+            onPicked: (page, title) => window.go(page, title)
+        }
+        VNavList {
+            id: list
+            anchors { left: parent.left; right: parent.right; top: search.bottom; margins: Theme.space12 }
+            visible: !results.visible
             focus: true
             pages: [
-                { key: "general", name: qsTr("General") },
-                { key: "shortcut", name: qsTr("Shortcut") },
-                { key: "microphone", name: qsTr("Microphone") },
-                { key: "models", name: qsTr("Models") },
-                { key: "modes", name: qsTr("Modes") },
-                { key: "providers", name: qsTr("Providers") },
-                { key: "vocabulary", name: qsTr("Vocabulary") },
-                { key: "about", name: qsTr("About") }
+                { key: "general", name: qsTr("General"), component: generalPage },
+                { key: "shortcut", name: qsTr("Shortcut"), component: keysPage },
+                { key: "microphone", name: qsTr("Microphone"), component: microphonePage },
+                { key: "models", name: qsTr("Models"), component: modelsPage },
+                { key: "modes", name: qsTr("Modes"), component: modesPage },
+                { key: "providers", name: qsTr("Providers"), component: providersPage },
+                { key: "vocabulary", name: qsTr("Vocabulary"), component: vocabularyPage },
+                { key: "privacy", name: qsTr("Privacy"), component: privacyPage },
+                { key: "statistics", name: qsTr("Statistics"), component: statisticsPage },
+                { key: "about", name: qsTr("About"), component: aboutPage }
             ]
             current: window.page
             onPicked: key => window.page = key
@@ -60,13 +98,7 @@ Rectangle {
     Loader {
         id: pageLoader
         anchors { left: navigation.right; right: parent.right; top: parent.top; bottom: parent.bottom }
-        sourceComponent: window.page === "models" ? modelsPage
-                       : window.page === "shortcut" ? keysPage
-                       : window.page === "microphone" ? microphonePage
-                       : window.page === "modes" ? modesPage
-                       : window.page === "providers" ? providersPage
-                       : window.page === "vocabulary" ? vocabularyPage
-                       : window.page === "about" ? aboutPage : generalPage
+        sourceComponent: (list.pages.find(each => each.key === window.page) ?? list.pages[0]).component
     }
     Component {
         id: generalPage
@@ -99,6 +131,14 @@ Rectangle {
     Component {
         id: vocabularyPage
         VocabularyPage { settings: window.vocabulary }
+    }
+    Component {
+        id: privacyPage
+        PrivacyPage { settings: window.privacy }
+    }
+    Component {
+        id: statisticsPage
+        StatisticsPage { settings: window.statistics }
     }
     Component {
         id: aboutPage

@@ -56,10 +56,12 @@ QtObject {
     readonly property int scrollBarWidth: 8
     readonly property int practiceHeight: Math.round(120 * scale)
     readonly property int logoSize: 64
+    readonly property int chartHeight: Math.round(96 * scale)
     readonly property int launcherWidth: Math.round(500 * scale)
     readonly property int launcherHeight: Math.round(200 * scale)
     readonly property int alertWidth: Math.round(460 * scale)
     readonly property int alertLines: 16
+    readonly property int mostResults: 8
     readonly property int downloadWidth: Math.round(460 * scale)
     readonly property int hudWidth: Math.round(400 * scale)
     readonly property int hudLeastWidth: 260
@@ -70,6 +72,7 @@ QtObject {
 
     readonly property int stateMs: reducedMotion ? 0 : 120
     readonly property int signMs: 1500
+    readonly property int markMs: 2500
     readonly property int repeatGapMs: 40
     readonly property int keyTrialMs: 400
     readonly property int typingPauseMs: 400

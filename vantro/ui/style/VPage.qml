@@ -22,6 +22,26 @@ Flickable {
     function moveTo(position) {
         contentY = Math.max(0, Math.min(position, contentHeight - height))
     }
+    // Shows the row or card of that title, and leads the keyboard to it.
+    function mark(title) {
+        const item = title === "" ? null : find(column, title)
+        if (!item)
+            return
+        reveal(item)
+        item.nextItemInFocusChain().forceActiveFocus(Qt.TabFocusReason)
+        marker.place = item
+        marking.restart()
+    }
+    function find(item, title) {
+        if (item.title === title || item.heading === title)
+            return item
+        for (const child of item.children) {
+            const found = find(child, title)
+            if (found)
+                return found
+        }
+        return null
+    }
     function reveal(item) {
         let above = item
         while (above && above !== contentItem)
@@ -36,6 +56,25 @@ Flickable {
             moveTo(Math.min(top, bottom - height))
     }
 
+    Rectangle {
+        id: marker
+        property Item place: null
+        readonly property point corner: place ? place.mapToItem(page.contentItem, 0, 0) : Qt.point(0, 0)
+        x: corner.x - Theme.space8
+        y: corner.y - Theme.space8
+        width: place ? place.width + 2 * Theme.space8 : 0
+        height: place ? place.height + 2 * Theme.space8 : 0
+        z: 1
+        visible: marking.running
+        radius: Theme.radiusSmall
+        color: "transparent"
+        border.width: Theme.focusRing
+        border.color: Theme.accent
+    }
+    Timer {
+        id: marking
+        interval: Theme.markMs
+    }
     Connections {
         target: page.Window.window
         function onActiveFocusItemChanged() {

@@ -44,8 +44,15 @@ void TrayIcon::makeMenu()
     finish_ = menu_.addAction(tr("End Recording"), this, &TrayIcon::finishRequested);
     cancel_ = menu_.addAction(tr("Cancel Dictation"), this, &TrayIcon::cancelRequested);
     menu_.addSeparator();
+    recent_ = menu_.addMenu(tr("Copy a Recent Dictation"));
+    microphones_ = menu_.addMenu(tr("Microphone"));
+    modes_ = menu_.addMenu(tr("Mode"));
+    menu_.addSeparator();
     menu_.addAction(tr("History"), this, &TrayIcon::historyRequested);
     menu_.addAction(tr("Notes"), this, &TrayIcon::notesRequested);
+    private_ = menu_.addAction(tr("Private Session"), this, &TrayIcon::privateRequested);
+    private_->setCheckable(true);
+    menu_.addSeparator();
     menu_.addAction(tr("Settings"), this, &TrayIcon::settingsRequested);
     menu_.addAction(tr("Models"), this, &TrayIcon::modelsRequested);
     menu_.addAction(tr("First Steps"), this, &TrayIcon::guideRequested);
@@ -56,6 +63,33 @@ void TrayIcon::makeMenu()
     menu_.addSeparator();
     menu_.addAction(tr("About vantro"), this, &TrayIcon::aboutRequested);
     menu_.addAction(tr("Quit"), this, &TrayIcon::quitRequested);
+    connect(&menu_, &QMenu::aboutToShow, this, &TrayIcon::aboutToShow);
+}
+
+void TrayIcon::setOffers(const Offers& offers)
+{
+    recent_->clear();
+    for (int i = 0; i < offers.recent.size(); ++i)
+        // A menu would underline the letter after a single one.
+        recent_->addAction(QString(offers.recent[i]).replace(QLatin1Char('&'), QLatin1String("&&")), this,
+                           [this, i] { Q_EMIT copyRequested(i); });
+    recent_->setEnabled(!offers.recent.isEmpty());
+    fill(*microphones_, offers.microphones, &TrayIcon::microphoneRequested);
+    fill(*modes_, offers.modes, &TrayIcon::modeRequested);
+}
+
+void TrayIcon::fill(QMenu& menu, const std::vector<Choice>& choices, void (TrayIcon::*requested)(int))
+{
+    menu.clear();
+    for (std::size_t i = 0; i < choices.size(); ++i) {
+        QAction* const action =
+            menu.addAction(QString(choices[i].name).replace(QLatin1Char('&'), QLatin1String("&&")), this,
+                           [this, requested, i] { Q_EMIT(this->*requested)
+                                                  (static_cast<int>(i)); });
+        action->setCheckable(true);
+        action->setChecked(choices[i].isChosen);
+    }
+    menu.setEnabled(!choices.empty());
 }
 
 void TrayIcon::followHost()
@@ -102,6 +136,12 @@ void TrayIcon::setShortcut(const QString& shortcut)
     update();
 }
 
+void TrayIcon::setPrivate(bool on)
+{
+    private_->setChecked(on);
+    update();
+}
+
 void TrayIcon::update()
 {
     const QString name = tr("Dictate");
@@ -126,6 +166,8 @@ QString TrayIcon::toolTip() const
 {
     switch (state_) {
     case State::idle:
+        if (private_->isChecked())
+            return tr("vantro: private session, nothing is kept");
         return shortcut_.isEmpty() ? QStringLiteral("vantro") : tr("vantro: press %1 and speak").arg(shortcut_);
     case State::recording:
         return tr("vantro is listening");

@@ -1,4 +1,6 @@
-#include "vantro/ui/settings/SpokenLanguages.h"
+#include "vantro/models/SpokenLanguages.h"
+
+#include "base/Settings.h"
 
 #include <QCollator>
 #include <QCoreApplication>
@@ -57,6 +59,17 @@ const std::vector<SpokenLanguage>& spokenLanguages()
         return result;
     }();
     return all;
+}
+
+bool isSpokenLanguage(const QString& code)
+{
+    return std::ranges::find(spokenLanguages(), code, &SpokenLanguage::code) != spokenLanguages().end();
+}
+
+QString spokenLanguage(const UserDefaults& defaults)
+{
+    const QString code = defaults.get(setting::selectedLanguage);
+    return code == QLatin1String("auto") ? QLocale().name().section(QLatin1Char('_'), 0, 0) : code;
 }
 
 } // namespace vantro

@@ -1,0 +1,86 @@
+#!/usr/bin/python3
+"""Every window as a screen reader reads it and as the keyboard walks through it: each stop has a name."""
+
+from dictationcase import CHILD, main
+from shellcase import ONBOARDING_TITLE, SETTINGS_TITLE, ShellCase
+
+from accessibility import ScreenReader
+from historyfill import dictations, fill_dictations, fill_notes
+from vantro import LAUNCHER_TITLE
+
+HISTORY_TITLE = "vantro history"
+MOST_STOPS = 60
+
+
+class AccessibilityTest(ShellCase):
+    @classmethod
+    def setUpClass(cls):
+        super().setUpClass()
+        cls.vantro.quit()
+        cls.desktop.env["QT_LINUX_ACCESSIBILITY_ALWAYS_ON"] = "1"
+        cls.vantro.start()
+        fill_dictations(cls.vantro.history_file, dictations(20))
+        fill_notes(cls.vantro.history_file, [("About the house.", ["Ask for the price of oak."]), ("", ["Old."])])
+        cls.reader = ScreenReader(cls.desktop, "vantro")
+
+    def check(self, title):
+        """What can be used has a name, and Tab leads from one named control to the next and round again."""
+        self.wait(lambda: self.reader.controls(title), 10, f"{title} in the tree")
+        nameless = [str(node) for node in self.reader.controls(title) if not node.name.strip()]
+        self.assertEqual(nameless, [], title)
+        first = self.wait(lambda: self.reader.focused(title), 5, "the focus")
+        stops = [first]
+        for _ in range(MOST_STOPS):
+            self.desktop.press("Tab")
+            before = stops[-1].address
+            stop = self.wait(lambda: (found := self.reader.focused(title)) and found.address != before and found, 5,
+                             f"the stop after {stops[-1]}")
+            self.assertTrue(stop.name.strip(), f"{stop} after {stops[-1]}")
+            if stop.address == first.address:
+                return stops
+            stops.append(stop)
+        self.fail(f"{title}: Tab never comes round: {[str(stop) for stop in stops]}")
+
+    def test_every_page_of_the_settings(self):
+        self.start_again()
+        self.has_keyboard(self.window(SETTINGS_TITLE))
+        pages = [node.name for node in self.reader.nodes(SETTINGS_TITLE) if node.role == "page tab"]
+        self.assertGreater(len(pages), 8)
+        for page in pages:
+            with self.subTest(page):
+                self.assertGreater(len(self.check(SETTINGS_TITLE)), 2)
+            self.desktop.press("Down")
+        self.close(SETTINGS_TITLE)
+
+    def test_the_history_and_the_notes(self):
+        for page, text in (("history", "Text of the dictation"), ("notes", "Copy")):
+            self.assertEqual(self.vantro.run("show", page).returncode, 0)
+            self.has_keyboard(self.window(HISTORY_TITLE))
+            if page == "history":
+                self.desktop.press("Down")
+            self.assertIn(text, [stop.name for stop in self.check(HISTORY_TITLE)])
+        self.close(HISTORY_TITLE)
+
+    def test_the_guide(self):
+        self.assertEqual(self.vantro.run("show", "guide").returncode, 0)
+        self.has_keyboard(self.window(ONBOARDING_TITLE))
+        while "Done" not in [stop.name for stop in self.check(ONBOARDING_TITLE)]:
+            while self.reader.focused(ONBOARDING_TITLE).name not in ("Continue", "Later"):
+                self.desktop.press("Tab")
+            self.desktop.press("Return")
+        self.close(ONBOARDING_TITLE)
+
+    def test_the_launcher_and_an_alert(self):
+        self.vantro.open_launcher()
+        names = self.wait(lambda: [node.name for node in self.reader.controls(LAUNCHER_TITLE)], 5, "the launcher")
+        self.assertIn("<Space> Start transcription", names)
+        self.assertIn("Normal", names)
+        self.assertNotIn("", names)
+        self.speak(CHILD)
+        self.vantro.run("cancel")
+        self.wait_until_over()
+        self.vantro.run("retry", "--discard")
+
+
+if __name__ == "__main__":
+    main()

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QString>
+
+#include <functional>
+
+namespace vantro {
+
+/// Asks the user where to write dictations to, with @p name in the documents' folder to begin with; the format follows
+/// from the extension. Calls @p chosen with the path unless the user thinks better of it. Main thread.
+void chooseFileToWrite(const QString& name, std::function<void(QString)> chosen);
+
+} // namespace vantro

@@ -1,0 +1,58 @@
+import QtQuick
+import Vantro.Style
+import Vantro.Settings
+
+VPage {
+    id: page
+
+    required property PrivacySettings settings
+
+    title: qsTr("Privacy")
+    subtitle: qsTr("Speech is recognised on this computer. Your words leave it only in a mode whose provider runs elsewhere.")
+
+    VCard {
+        visible: page.settings.problem !== ""
+        Text {
+            width: parent.width
+            text: page.settings.problem
+            textFormat: Text.PlainText
+            color: Theme.error
+            font.pixelSize: Theme.sizeBody
+            wrapMode: Text.Wrap
+            Accessible.role: Accessible.AlertMessage
+            Accessible.name: text
+        }
+    }
+    VCard {
+        heading: qsTr("History")
+        VSettingRow {
+            title: qsTr("Keep dictations")
+            hint: qsTr("Older ones are deleted by themselves, once a day. Notes stay until you delete them.")
+            VChoice {
+                model: page.settings.spans
+                currentIndex: page.settings.span
+                Accessible.name: qsTr("Keep dictations")
+                onActivated: index => {
+                    page.settings.span = index
+                    currentIndex = Qt.binding(() => page.settings.span)
+                }
+            }
+        }
+        VToggleRow {
+            title: qsTr("Private session")
+            hint: qsTr("Until you switch it off or vantro ends, dictations are pasted but not kept. The tray's menu has it too.")
+            checked: page.settings.isPrivate
+            onToggled: on => page.settings.isPrivate = on
+        }
+    }
+    VCard {
+        heading: qsTr("Stored on this computer")
+        VNote { text: page.settings.stored }
+        VButton {
+            secondary: true
+            enabled: !page.settings.isEmpty && !page.settings.isClearing
+            text: page.settings.isClearing ? qsTr("Clearing...") : qsTr("Clear all...")
+            onClicked: page.settings.clearAll()
+        }
+    }
+}

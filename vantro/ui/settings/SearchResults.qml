@@ -1,0 +1,110 @@
+import QtQuick
+import Vantro.Style
+
+// What is found in the pages, to be walked through with the arrow keys of the search field.
+Column {
+    id: results
+
+    property var pages: [] // of {key, name, component}
+    property string search
+    property int current: 0
+    readonly property var found: search.trim() === "" ? [] : places().filter(matches)
+    property var known: null
+    signal picked(string page, string title)
+
+    // Read from the pages themselves when they are searched for the first time.
+    function places() {
+        if (!known)
+            known = pages.flatMap(placesOf)
+        return known
+    }
+    function placesOf(page) {
+        const item = page.component.createObject(null, { visible: false })
+        const list = [{ page: page.key, title: "", shown: page.name, where: "", words: page.name.toLowerCase() }]
+        walk(item, place => {
+            const title = place.title || place.heading || ""
+            if (title !== "" && place !== item)
+                list.push({ page: page.key, title: title, shown: title, where: page.name,
+                            words: [title, place.hint || "", page.name].join(" ").toLowerCase() })
+        })
+        item.destroy()
+        return list
+    }
+    function walk(item, visit) {
+        visit(item)
+        for (const child of item.children)
+            walk(child, visit)
+    }
+    function matches(place) {
+        return search.trim().toLowerCase().split(/\s+/).every(word => place.words.includes(word))
+    }
+    function step(by) {
+        current = Math.max(0, Math.min(current + by, Math.min(found.length, Theme.mostResults) - 1))
+    }
+    function pickCurrent() {
+        if (current < found.length)
+            picked(found[current].page, found[current].title)
+    }
+
+    spacing: Theme.space4
+    onSearchChanged: {
+        current = 0
+        if (search === "")
+            known = null
+    }
+    Accessible.role: Accessible.List
+    Accessible.name: found.length === 0 ? qsTr("Nothing found") : found[current].shown
+
+    Text {
+        visible: results.found.length === 0
+        width: parent.width
+        text: qsTr("Nothing found")
+        color: Theme.textSecondary
+        font.pixelSize: Theme.sizeBody
+        wrapMode: Text.Wrap
+    }
+    Repeater {
+        model: results.found.slice(0, Theme.mostResults)
+        Rectangle {
+            id: result
+            required property int index
+            required property var modelData
+            readonly property bool isCurrent: index === results.current
+
+            width: results.width
+            height: words.height + Theme.space8
+            radius: Theme.radiusSmall
+            color: isCurrent ? Theme.accent : hover.hovered ? Theme.surfaceHovered : "transparent"
+            Accessible.role: Accessible.ListItem
+            Accessible.name: modelData.shown
+            Accessible.description: modelData.where
+            Accessible.selected: isCurrent
+            Accessible.onPressAction: results.picked(modelData.page, modelData.title)
+
+            Column {
+                id: words
+                anchors { left: parent.left; right: parent.right; margins: Theme.space12; verticalCenter: parent.verticalCenter }
+                Text {
+                    width: parent.width
+                    text: result.modelData.shown
+                    textFormat: Text.PlainText
+                    color: result.isCurrent ? Theme.accentText : Theme.text
+                    font.pixelSize: Theme.sizeBody
+                    wrapMode: Text.Wrap
+                    maximumLineCount: 2
+                    elide: Text.ElideRight
+                }
+                Text {
+                    width: parent.width
+                    visible: text !== ""
+                    text: result.modelData.where
+                    color: result.isCurrent ? Theme.accentText : Theme.textSecondary
+                    font.pixelSize: Theme.sizeSecondary
+                    elide: Text.ElideRight
+                }
+            }
+            HoverHandler { id: hover }
+            TapHandler { onTapped: results.picked(result.modelData.page, result.modelData.title) }
+        }
+    }
+}
