@@ -2,6 +2,7 @@
 #include "base/Settings.h"
 #include "vantro/main/FileChoice.h"
 #include "vantro/main/Windows.h"
+#include "vantro/models/SpokenLanguages.h"
 #include "vantro/support/SupportMail.h"
 #include "vantro/ui/history/HistoryModel.h"
 #include "vantro/ui/history/NotesModel.h"
