@@ -196,7 +196,8 @@ private:
         ggml_tensor* middle = ggml_add(c, attended(c, normalised(c, input), graph), input);
         ggml_tensor* result = ggml_add(c, ggml_mul_mat(c, wide, normalised(c, middle)), wideBias);
         result = ggml_add(c, ggml_mul_mat(c, narrow, ggml_gelu(c, result)), bias);
-        return normalised(c, ggml_add(c, result, middle));
+        // The sum is put where its first operand was.
+        return normalised(c, ggml_add(c, middle, result));
     }
 
     ggml_type type_;
