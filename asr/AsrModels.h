@@ -38,6 +38,9 @@ struct AsrModels
                                                  std::span<const std::filesystem::path> moduleFolders,
                                                  kernels::Level cap = kernels::highestLevel);
 
+    /// Up to the joint network.
+    [[nodiscard]] AcousticNetwork network() const { return {preprocessor, encoder, joint.frameProjection()}; }
+
     Encoder encoder;
     Preprocessor preprocessor;
     Decoder decoder;

@@ -22,6 +22,7 @@ ChunkProcessor::ChunkProcessor(const Options& options, bool warmup)
     : overlapSeconds_(options.overlapSeconds)
     , melContextSamples_(options.melContextSamples)
     , noMelWarmupPrefixFrames_(options.noMelWarmupPrefixFrames)
+    , windowSamples_(options.windowSamples)
     , warmup_(warmup)
 {
 }
@@ -30,7 +31,7 @@ ChunkLayout ChunkProcessor::layout(bool warmup, const ChunkStartDecision& decisi
 {
     ChunkLayout layout;
     layout.context = warmup ? melContextSamples_ : 0;
-    const std::int64_t available = maximumWindowSamples - layout.context - centringSamples;
+    const std::int64_t available = windowSamples_ - layout.context - centringSamples;
     layout.chunk = wholeFrames(std::max(available, frameSamples));
     const auto wanted = static_cast<std::int64_t>(overlapSeconds_) * sampleRate;
     layout.overlap = wholeFrames(std::min(layout.chunk / 2, wanted));
@@ -60,7 +61,7 @@ std::optional<WindowSamples> ChunkProcessor::next()
     const ChunkLayout current = currentLayout();
     const std::int64_t end = decision_.start + current.chunk;
     // A recording that one window can hold is not cut.
-    if (totalSamples_ <= maximumWindowSamples || totalSamples_ < end)
+    if (totalSamples_ <= windowSamples_ || totalSamples_ < end)
         return std::nullopt;
     const std::int64_t nextStart = decision_.start + current.stride;
     WindowSamples window = cut(end, nextStart);

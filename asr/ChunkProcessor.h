@@ -52,6 +52,7 @@ public:
         double overlapSeconds = 2.0;
         std::int64_t melContextSamples = 0;
         std::int64_t noMelWarmupPrefixFrames = 0;
+        std::int64_t windowSamples = maximumWindowSamples;
     };
 
     /// @p warmup: precede chunks by their context.
@@ -77,6 +78,7 @@ private:
     double overlapSeconds_;
     std::int64_t melContextSamples_;
     std::int64_t noMelWarmupPrefixFrames_;
+    std::int64_t windowSamples_;
     bool warmup_;
     ChunkStartDecision decision_;     ///< for the next window
     std::int64_t coveredSamples_ = 0; ///< up to the end of the last window

@@ -27,7 +27,7 @@ ggml_tensor* quarter(ggml_context* context, ggml_tensor* gates, std::int64_t siz
 
 } // namespace
 
-Decoder::Decoder(ModelFile& file, kernels::Level cap)
+Decoder::Decoder(const ModelFile& file, kernels::Level cap)
     : weights_(others + layerCount(file) * tensorsPerLayer, Weights::Place::memory, cap)
     , embedding_(weights_.tensor(file, "decoder.prediction.embed.weight"))
     , startToken_(file.hyperparameters().vocabularySize)

@@ -10,12 +10,14 @@
 
 namespace vantro::asr {
 
+class ModelFile;
+
 /// The transducer's prediction network: an embedding and LSTM layers over the tokens so far. Immutable and thread-safe;
 /// each thread needs its own Step.
 class Decoder
 {
 public:
-    explicit Decoder(ModelFile& file, kernels::Level cap = kernels::highestLevel);
+    explicit Decoder(const ModelFile& file, kernels::Level cap = kernels::highestLevel);
 
     /// The graph of one step, built once and computed per token.
     class Step

@@ -1,7 +1,7 @@
 #include "asr/Encoder.h"
 
 #include "asr/ASRError.h"
-#include "asr/ModelFile.h"
+#include "asr/ModelSource.h"
 
 namespace vantro::asr {
 
@@ -13,19 +13,19 @@ constexpr std::size_t nodesAround = 100;
 /// Of 15 s, the longest window.
 constexpr std::int64_t maximumFrames = 188;
 
-std::size_t layerCount(const ModelFile& file)
+std::size_t layerCount(const ModelSource& file)
 {
-    return static_cast<std::size_t>(file.hyperparameters().layerCount);
+    return static_cast<std::size_t>(file.encoderParameters().layerCount);
 }
 
 } // namespace
 
-Encoder::Encoder(ModelFile& file, kernels::Level cap)
+Encoder::Encoder(const ModelSource& file, kernels::Level cap)
     : weights_(nodesAround + layerCount(file) * tensorsPerLayer, Weights::Place::file, cap)
     , subsampling_(file, weights_)
-    , stateSize_(file.hyperparameters().stateSize)
+    , stateSize_(file.encoderParameters().stateSize)
 {
-    for (std::int32_t layer = 0; layer < file.hyperparameters().layerCount; ++layer)
+    for (std::int32_t layer = 0; layer < file.encoderParameters().layerCount; ++layer)
         layers_.emplace_back(file, weights_, layer);
     positions_ = std::make_unique<PositionProducts>(layers_.size(), stateSize_, maximumFrames);
     weights_.load(file);
@@ -73,6 +73,21 @@ void Encoding::computeLayer(const std::stop_token& stop)
 EncoderFrames Encoding::frames() const
 {
     return {static_cast<std::size_t>(result_->ne[1]), tensorValues(result_)};
+}
+
+EncoderFrames project(const Linear& projection, const EncoderFrames& encoded, GraphRunner& runner,
+                      const std::stop_token& stop)
+{
+    constexpr std::size_t nodes = 8;
+    Graph graph(nodes);
+    const auto frames = static_cast<std::int64_t>(encoded.frames);
+    ggml_tensor* input = graph.input(projection.inputs, frames);
+    ggml_tensor* projected = projection.apply(graph.context(), input);
+    graph.output(projected);
+    runner.allocate(graph);
+    setTensor(input, encoded.values);
+    runner.compute(graph.get(), stop);
+    return {encoded.frames, tensorValues(projected)};
 }
 
 } // namespace vantro::asr

@@ -23,7 +23,7 @@ struct EncoderFrames
 class Encoder
 {
 public:
-    explicit Encoder(ModelFile& file, kernels::Level cap = kernels::highestLevel);
+    explicit Encoder(const ModelSource& file, kernels::Level cap = kernels::highestLevel);
 
     /// Does what does not depend on the audio: fetches weights that the system has dropped from memory, and computes
     /// the position products of the longest window. Returns early when stopped.
@@ -59,5 +59,17 @@ private:
     ggml_tensor* result_ = nullptr;
     std::size_t done_ = 0; ///< parts of the graph
 };
+
+/// The way from samples to what is made of each frame. Its parts must outlive it.
+struct AcousticNetwork
+{
+    const Preprocessor& preprocessor;
+    const Encoder& encoder;
+    const Linear& projection;
+};
+
+/// Multiplies every frame by @p projection. Throws what GraphRunner throws.
+EncoderFrames project(const Linear& projection, const EncoderFrames& encoded, GraphRunner& runner,
+                      const std::stop_token& stop);
 
 } // namespace vantro::asr

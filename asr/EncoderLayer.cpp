@@ -1,6 +1,6 @@
 #include "asr/EncoderLayer.h"
 
-#include "asr/ModelFile.h"
+#include "asr/ModelSource.h"
 #include "asr/Weights.h"
 #include "asr/kernels/Kernels.h"
 
@@ -13,14 +13,18 @@ namespace {
 
 constexpr float normEpsilon = 1e-5F;
 
-LayerNorm readNorm(ModelFile& file, Weights& weights, const std::string& name)
+LayerNorm readNorm(const ModelSource& file, Weights& weights, const std::string& name)
 {
     return {weights.tensor(file, name + ".weight"), weights.tensor(file, name + ".bias")};
 }
 
-/// Folds the batch normalisation after the convolution, a scale and shift per channel, into the taps. The stored
-/// variance already includes epsilon.
-std::unique_ptr<EncoderLayer::Depthwise> readDepthwise(ModelFile& file, const Weights& weights,
+Linear readLinear(const ModelSource& file, Weights& weights, const std::string& name)
+{
+    return weights.linear(file, name + ".weight", file.encoderParameters().hasBiases ? name + ".bias" : std::string());
+}
+
+/// Folds the batch normalisation after the convolution, a scale and shift per channel, into the taps.
+std::unique_ptr<EncoderLayer::Depthwise> readDepthwise(const ModelSource& file, const Weights& weights,
                                                        const std::string& prefix)
 {
     const std::vector<float> stored = file.readFloats(prefix + "depthwise_conv.weight"); // [channel][tap]
@@ -31,11 +35,14 @@ std::unique_ptr<EncoderLayer::Depthwise> readDepthwise(ModelFile& file, const We
     result->kernels = &kernels::best(weights.cap());
     result->bias = file.readFloats(prefix + "batch_norm.bias");
     result->taps.resize(stored.size());
+    const EncoderParameters& parameters = file.encoderParameters();
     const std::size_t channels = gamma.size();
+    const std::vector<float> shift =
+        parameters.hasBiases ? file.readFloats(prefix + "depthwise_conv.bias") : std::vector<float>(channels);
     result->size = stored.size() / channels;
     for (std::size_t channel = 0; channel < channels; ++channel) {
-        const float scale = gamma[channel] / std::sqrt(variance[channel]);
-        result->bias[channel] -= mean[channel] * scale;
+        const float scale = gamma[channel] / std::sqrt(variance[channel] + parameters.batchEpsilon);
+        result->bias[channel] += (shift[channel] - mean[channel]) * scale;
         for (std::size_t tap = 0; tap < result->size; ++tap)
             result->taps[tap * channels + channel] = stored[channel * result->size + tap] * scale;
     }
@@ -75,19 +82,19 @@ ggml_tensor* LayerNorm::apply(ggml_context* context, ggml_tensor* input) const
     return ggml_add_inplace(context, scaled, bias);
 }
 
-EncoderLayer::FeedForward EncoderLayer::readFeedForward(ModelFile& file, Weights& weights, const std::string& prefix,
-                                                        const std::string& name)
+EncoderLayer::FeedForward EncoderLayer::readFeedForward(const ModelSource& file, Weights& weights,
+                                                        const std::string& prefix, const std::string& name)
 {
-    return {readNorm(file, weights, prefix + "norm_" + name), weights.linear(file, prefix + name + ".linear1.weight"),
-            weights.linear(file, prefix + name + ".linear2.weight")};
+    return {readNorm(file, weights, prefix + "norm_" + name), readLinear(file, weights, prefix + name + ".linear1"),
+            readLinear(file, weights, prefix + name + ".linear2")};
 }
 
-EncoderLayer::EncoderLayer(ModelFile& file, Weights& weights, std::int32_t layer)
-    : heads_(file.hyperparameters().headCount)
+EncoderLayer::EncoderLayer(const ModelSource& file, Weights& weights, std::int32_t layer)
+    : heads_(file.encoderParameters().headCount)
 {
     const std::string prefix = layerPrefix(layer);
     const auto linear = [&](const char* name) {
-        return weights.linear(file, prefix + name + ".weight");
+        return readLinear(file, weights, prefix + name);
     };
     feedForward1_ = readFeedForward(file, weights, prefix, "feed_forward1");
     normAttention_ = readNorm(file, weights, prefix + "norm_self_att");
@@ -95,7 +102,7 @@ EncoderLayer::EncoderLayer(ModelFile& file, Weights& weights, std::int32_t layer
     key_ = linear("self_attn.linear_k");
     value_ = linear("self_attn.linear_v");
     attentionOut_ = linear("self_attn.linear_out");
-    position_ = linear("self_attn.linear_pos");
+    position_ = weights.linear(file, prefix + "self_attn.linear_pos.weight");
     contentBias_ = weights.tensor(file, prefix + "self_attn.pos_bias_u");
     positionBias_ = weights.tensor(file, prefix + "self_attn.pos_bias_v");
     normConvolution_ = readNorm(file, weights, prefix + "norm_conv");

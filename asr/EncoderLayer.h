@@ -10,7 +10,7 @@
 
 namespace vantro::asr {
 
-class ModelFile;
+class ModelSource;
 class Weights;
 
 struct LayerNorm
@@ -26,7 +26,7 @@ struct LayerNorm
 class EncoderLayer
 {
 public:
-    EncoderLayer(ModelFile& file, Weights& weights, std::int32_t layer);
+    EncoderLayer(const ModelSource& file, Weights& weights, std::int32_t layer);
 
     /// @p x: [state size, frames]; @p positions: positionProduct() of as many frames. Returns the shape of @p x.
     ggml_tensor* build(ggml_context* context, ggml_tensor* x, ggml_tensor* positions) const;
@@ -50,8 +50,8 @@ private:
         Linear reduce;
     };
 
-    [[nodiscard]] static FeedForward readFeedForward(ModelFile& file, Weights& weights, const std::string& prefix,
-                                                     const std::string& name);
+    [[nodiscard]] static FeedForward readFeedForward(const ModelSource& file, Weights& weights,
+                                                     const std::string& prefix, const std::string& name);
     static ggml_tensor* feedForward(ggml_context* context, const FeedForward& module, ggml_tensor* x);
     ggml_tensor* attention(ggml_context* context, ggml_tensor* x, ggml_tensor* positions) const;
     ggml_tensor* convolution(ggml_context* context, ggml_tensor* x) const;

@@ -10,7 +10,7 @@ constexpr std::size_t maximumTensors = 16;
 
 } // namespace
 
-JointDecision::JointDecision(ModelFile& file, kernels::Level cap)
+JointDecision::JointDecision(const ModelFile& file, kernels::Level cap)
     : weights_(maximumTensors, Weights::Place::memory, cap)
     , frameProjection_(weights_.linear(file, "joint.enc.weight", "joint.enc.bias"))
     , output_(weights_.linear(file, "joint.joint_net.2.weight", "joint.joint_net.2.bias"))
@@ -18,20 +18,6 @@ JointDecision::JointDecision(ModelFile& file, kernels::Level cap)
     , tokenCount_(static_cast<std::size_t>(file.hyperparameters().vocabularySize) + 1)
 {
     weights_.load(file);
-}
-
-EncoderFrames JointDecision::project(const EncoderFrames& encoded, GraphRunner& runner,
-                                     const std::stop_token& stop) const
-{
-    Graph graph(maximumTensors);
-    const auto frames = static_cast<std::int64_t>(encoded.frames);
-    ggml_tensor* input = graph.input(static_cast<std::int64_t>(encoded.values.size()) / frames, frames);
-    ggml_tensor* projected = frameProjection_.apply(graph.context(), input);
-    graph.output(projected);
-    runner.allocate(graph);
-    setTensor(input, encoded.values);
-    runner.compute(graph.get(), stop);
-    return {encoded.frames, tensorValues(projected)};
 }
 
 JointDecision::Step::Step(const JointDecision& joint, int threads)

@@ -10,16 +10,17 @@
 
 namespace vantro::asr {
 
+class ModelFile;
+
 /// The joint network: computes a score per token and per duration from an encoder frame and the prediction network's
 /// output (token-and-duration transducer, arXiv:2304.06795). Immutable and thread-safe; each thread needs its own Step.
 class JointDecision
 {
 public:
-    explicit JointDecision(ModelFile& file, kernels::Level cap = kernels::highestLevel);
+    explicit JointDecision(const ModelFile& file, kernels::Level cap = kernels::highestLevel);
 
-    /// Projects all encoder frames into the joint network's space.
-    [[nodiscard]] EncoderFrames project(const EncoderFrames& encoded, GraphRunner& runner,
-                                        const std::stop_token& stop) const;
+    /// From encoder frames into the joint network's space.
+    [[nodiscard]] const Linear& frameProjection() const { return frameProjection_; }
 
     /// The scores of one decision; tokens are the pieces and the blank.
     struct Scores
@@ -33,7 +34,7 @@ public:
     {
     public:
         Step(const JointDecision& joint, int threads);
-        /// @p frame from project(); @p prediction from the decoder state. The result is valid until the next call.
+        /// @p frame: projected; @p prediction from the decoder state. The result is valid until the next call.
         Scores decide(std::span<const float> frame, std::span<const float> prediction, const std::stop_token& stop);
 
     private:

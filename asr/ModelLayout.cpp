@@ -29,6 +29,12 @@ public:
         vector(name + ".weight", size);
         vector(name + ".bias", size);
     }
+    void linear(const std::string& name, std::int64_t in, std::int64_t out, bool hasBias)
+    {
+        matrix(name + ".weight", in, out);
+        if (hasBias)
+            vector(name + ".bias", out);
+    }
     void add(const std::string& name, TensorShape shape, int dimensions, bool isMatrix)
     {
         tensors.push_back({name, shape, dimensions, isMatrix});
@@ -37,7 +43,7 @@ public:
     std::vector<TensorLayout> tensors;
 };
 
-void addSubsampling(LayoutBuilder& layout, const Hyperparameters& p)
+void addSubsampling(LayoutBuilder& layout, const EncoderParameters& p)
 {
     const std::string prefix = "encoder.pre_encode.conv.";
     const std::int64_t channels = p.subsamplingChannels;
@@ -52,39 +58,48 @@ void addSubsampling(LayoutBuilder& layout, const Hyperparameters& p)
     layout.vector("encoder.pre_encode.out.bias", p.stateSize);
 }
 
-void addFeedForward(LayoutBuilder& layout, const std::string& prefix, const char* name, std::int64_t width,
+void addFeedForward(LayoutBuilder& layout, const std::string& prefix, const char* name, const EncoderParameters& p,
                     std::int64_t inner)
 {
-    layout.norm(prefix + "norm_" + name, width);
-    layout.matrix(prefix + name + ".linear1.weight", width, inner);
-    layout.matrix(prefix + name + ".linear2.weight", inner, width);
+    layout.norm(prefix + "norm_" + name, p.stateSize);
+    layout.linear(prefix + name + ".linear1", p.stateSize, inner, p.hasBiases);
+    layout.linear(prefix + name + ".linear2", inner, p.stateSize, p.hasBiases);
 }
 
-void addConvolution(LayoutBuilder& layout, const std::string& prefix, const Hyperparameters& p)
+void addConvolution(LayoutBuilder& layout, const std::string& prefix, const EncoderParameters& p)
 {
     const std::int64_t width = p.stateSize;
     layout.norm(prefix + "norm_conv", width);
-    layout.matrix(prefix + "conv.pointwise_conv1.weight", width, 2 * width);
+    layout.linear(prefix + "conv.pointwise_conv1", width, 2 * width, p.hasBiases);
     layout.add(prefix + "conv.depthwise_conv.weight", {p.convolutionKernel, width, 1, 1}, 2, false);
+    if (p.hasBiases)
+        layout.vector(prefix + "conv.depthwise_conv.bias", width);
     layout.norm(prefix + "conv.batch_norm", width);
     layout.vector(prefix + "conv.batch_norm.running_mean", width);
     layout.vector(prefix + "conv.batch_norm.running_var", width);
-    layout.matrix(prefix + "conv.pointwise_conv2.weight", width, width);
+    layout.linear(prefix + "conv.pointwise_conv2", width, width, p.hasBiases);
 }
 
-void addLayer(LayoutBuilder& layout, std::int32_t layer, const Hyperparameters& p, std::int64_t feedForwardSize)
+void addLayer(LayoutBuilder& layout, std::int32_t layer, const EncoderParameters& p, std::int64_t feedForwardSize)
 {
     const std::string prefix = layerPrefix(layer);
     const std::int64_t width = p.stateSize;
-    addFeedForward(layout, prefix, "feed_forward1", width, feedForwardSize);
+    addFeedForward(layout, prefix, "feed_forward1", p, feedForwardSize);
     layout.norm(prefix + "norm_self_att", width);
     for (const char* bias : {"self_attn.pos_bias_u", "self_attn.pos_bias_v"})
         layout.add(prefix + bias, {p.headSize(), p.headCount, 1, 1}, 2, false);
-    for (const char* matrix : {"q", "k", "v", "out", "pos"})
-        layout.matrix(prefix + "self_attn.linear_" + matrix + ".weight", width, width);
+    for (const std::string matrix : {"q", "k", "v", "out", "pos"})
+        layout.linear(prefix + "self_attn.linear_" + matrix, width, width, p.hasBiases && matrix != "pos");
     addConvolution(layout, prefix, p);
-    addFeedForward(layout, prefix, "feed_forward2", width, feedForwardSize);
+    addFeedForward(layout, prefix, "feed_forward2", p, feedForwardSize);
     layout.norm(prefix + "norm_out", width);
+}
+
+void addEncoder(LayoutBuilder& layout, const EncoderParameters& p, std::int64_t feedForwardSize)
+{
+    addSubsampling(layout, p);
+    for (std::int32_t layer = 0; layer < p.layerCount; ++layer)
+        addLayer(layout, layer, p, feedForwardSize);
 }
 
 void addTransducer(LayoutBuilder& layout, const Hyperparameters& p, std::int64_t jointSize)
@@ -110,27 +125,33 @@ void addTransducer(LayoutBuilder& layout, const Hyperparameters& p, std::int64_t
 const char* const feedForwardSizeTensor = "encoder.layers.0.feed_forward1.linear1.weight";
 const char* const jointSizeTensor = "joint.enc.bias";
 
-void Hyperparameters::validate() const
+void EncoderParameters::validate() const
 {
     require(inRange(vocabularySize, 1, 1 << 20), "vocabulary size");
-    require(inRange(audioContext, 8, 1 << 24), "audio context");
     require(inRange(stateSize, 1, 1 << 14), "encoder width");
     require(inRange(headCount, 1, 256) && stateSize % headCount == 0, "number of heads");
     require(stateSize % 2 == 0, "encoder width"); // half sines, half cosines
     require(inRange(layerCount, 1, 256), "number of layers");
     require(inRange(melBands, 8, 1024), "number of mel bands");
-    require(inRange(fileType % 1000, 0, 64), "file type");
     require(inRange(fftSize, 16, 1 << 14) && std::has_single_bit(static_cast<std::uint32_t>(fftSize)), "FFT size");
     require(subsamplingFactor == 8, "subsampling factor");
     require(inRange(subsamplingChannels, 1, 4096), "number of subsampling channels");
     require(inRange(convolutionKernel, 1, 255) && convolutionKernel % 2 == 1, "convolution kernel");
+    require(batchEpsilon >= 0 && batchEpsilon <= 0.1F, "epsilon");
+}
+
+void Hyperparameters::validate() const
+{
+    EncoderParameters::validate();
+    require(inRange(audioContext, 8, 1 << 24), "audio context");
+    require(inRange(fileType % 1000, 0, 64), "file type");
     require(inRange(predictionSize, 1, 1 << 14), "prediction size");
     require(inRange(predictionLayers, 1, 16), "number of prediction layers");
     require(inRange(durationCount, 1, 64), "number of durations");
     require(inRange(maxSymbolsPerStep, 1, 1000), "symbol limit");
 }
 
-std::int32_t Hyperparameters::subsampledBands() const
+std::int32_t EncoderParameters::subsampledBands() const
 {
     std::int32_t bands = melBands;
     for (int halving = 0; halving < 3; ++halving)
@@ -142,10 +163,19 @@ std::vector<TensorLayout> modelLayout(const Hyperparameters& parameters, std::in
                                       std::int64_t jointSize)
 {
     LayoutBuilder layout;
-    addSubsampling(layout, parameters);
-    for (std::int32_t layer = 0; layer < parameters.layerCount; ++layer)
-        addLayer(layout, layer, parameters, feedForwardSize);
+    addEncoder(layout, parameters, feedForwardSize);
     addTransducer(layout, parameters, jointSize);
+    return std::move(layout.tensors);
+}
+
+std::vector<TensorLayout> ctcLayout(const EncoderParameters& parameters, std::int64_t feedForwardSize,
+                                    std::int64_t windowSize)
+{
+    LayoutBuilder layout;
+    layout.add("preprocessor.fb", {parameters.frequencyBins(), parameters.melBands, 1, 1}, 2, false);
+    layout.vector("preprocessor.window", windowSize);
+    addEncoder(layout, parameters, feedForwardSize);
+    layout.linear("ctc_decoder", parameters.stateSize, parameters.vocabularySize + 1, true);
     return std::move(layout.tensors);
 }
 

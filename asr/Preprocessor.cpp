@@ -1,7 +1,7 @@
 #include "asr/Preprocessor.h"
 
 #include "asr/ASRError.h"
-#include "asr/ModelFile.h"
+#include "asr/ModelSource.h"
 
 #include <algorithm>
 #include <bit>
@@ -28,10 +28,10 @@ std::vector<float> emphasised(std::span<const float> samples, std::size_t paddin
 
 } // namespace
 
-Preprocessor::Preprocessor(const ModelFile& model)
+Preprocessor::Preprocessor(const ModelSource& model)
 {
-    const auto size = static_cast<std::size_t>(model.hyperparameters().fftSize);
-    const auto bins = static_cast<std::size_t>(model.hyperparameters().frequencyBins());
+    const auto size = static_cast<std::size_t>(model.encoderParameters().fftSize);
+    const auto bins = static_cast<std::size_t>(model.encoderParameters().frequencyBins());
     const std::vector<float>& bank = model.filterBank();
     for (auto row = bank.begin(); row != bank.end(); row += static_cast<std::ptrdiff_t>(bins)) {
         const auto rowEnd = row + static_cast<std::ptrdiff_t>(bins);

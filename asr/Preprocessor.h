@@ -7,7 +7,7 @@
 
 namespace vantro::asr {
 
-class ModelFile;
+class ModelSource;
 
 /// Log-mel features as the Parakeet models expect them: pre-emphasis of 0.97, windowed frames every 10 ms, power
 /// spectrum, mel bands, natural logarithm, and each band normalised to mean 0 and deviation 1 over the recording.
@@ -25,7 +25,7 @@ public:
         std::vector<float> values; ///< [frame][band]
     };
 
-    explicit Preprocessor(const ModelFile& model);
+    explicit Preprocessor(const ModelSource& model);
 
     [[nodiscard]] std::size_t bands() const { return bands_.size(); }
     /// @p samples: 16 kHz mono, at least minimumSamples. Returns samples / 160 + 1 frames. Throws

@@ -1,6 +1,7 @@
 #include "asr/StreamingAsr.h"
 
 #include "asr/ASRError.h"
+#include "asr/Pieces.h"
 
 #include <algorithm>
 #include <chrono>
@@ -13,7 +14,6 @@ namespace vantro::asr {
 namespace {
 
 constexpr Seconds frameDuration{0.08};
-constexpr std::string_view wordStart = "\u2581";
 
 std::string_view versionName(AsrModelVersion version)
 {
@@ -44,19 +44,6 @@ std::optional<TokenFilter> filterFor(const std::optional<Language>& language, co
     return std::nullopt;
 }
 
-void appendPiece(std::string& text, std::string_view piece)
-{
-    for (std::size_t i = 0; i < piece.size();) {
-        if (piece.substr(i).starts_with(wordStart)) {
-            if (!text.empty())
-                text += ' ';
-            i += wordStart.size();
-        } else {
-            text += piece[i++];
-        }
-    }
-}
-
 } // namespace
 
 StreamingAsr::StreamingAsr(std::shared_ptr<const AsrModels> models, ASRConfig config, const Options& options,
@@ -67,7 +54,7 @@ StreamingAsr::StreamingAsr(std::shared_ptr<const AsrModels> models, ASRConfig co
     , onSpeculated_(options.onSpeculated)
     , chunks_(options.chunks, config_.melChunkContext)
     , search_(*models_, config_.tdtConfig, allowed_ ? &*allowed_ : nullptr, logger)
-    , pool_(*models_, {config_.parallelChunkConcurrency, options.isLive, options.onBackgroundThread, logger})
+    , pool_(models_->network(), {config_.parallelChunkConcurrency, options.isLive, options.onBackgroundThread, logger})
 {
     try {
         searcher_ = std::jthread([this] { work(); });

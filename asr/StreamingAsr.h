@@ -58,6 +58,10 @@ public:
     /// Uses all cores from now on.
     void hurry();
 
+    /// For other work on the same recording, so that both share its threads. The caller of the other functions calls
+    /// it, too.
+    [[nodiscard]] WindowPool& pool() { return pool_; }
+
     struct Finish
     {
         std::function<void(float)> onProgress; ///< 0..1, on the calling thread; may be empty

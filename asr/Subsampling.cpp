@@ -1,6 +1,6 @@
 #include "asr/Subsampling.h"
 
-#include "asr/ModelFile.h"
+#include "asr/ModelSource.h"
 #include "asr/Weights.h"
 #include "asr/kernels/Kernels.h"
 
@@ -22,7 +22,7 @@ std::string convolution(int index)
     return "encoder.pre_encode.conv." + std::to_string(index);
 }
 
-Subsampling::Depthwise readDepthwise(ModelFile& file, const Weights& weights, int index)
+Subsampling::Depthwise readDepthwise(const ModelSource& file, const Weights& weights, int index)
 {
     const std::vector<float> stored = file.readFloats(convolution(index) + ".weight"); // [channel][tap]
     Subsampling::Depthwise result{std::vector<float>(stored.size()), file.readFloats(convolution(index) + ".bias"),
@@ -74,7 +74,8 @@ ggml_tensor* pointwise(ggml_context* context, const Linear& linear, ggml_tensor*
 
 } // namespace
 
-Subsampling::Subsampling(ModelFile& file, Weights& weights) : channels_(file.hyperparameters().subsamplingChannels)
+Subsampling::Subsampling(const ModelSource& file, Weights& weights)
+    : channels_(file.encoderParameters().subsamplingChannels)
 {
     front_->first = readDepthwise(file, weights, 0);
     front_->second = readDepthwise(file, weights, 2);

@@ -10,7 +10,7 @@
 
 namespace vantro::asr {
 
-class ModelFile;
+class ModelSource;
 class Weights;
 
 namespace kernels {
@@ -22,7 +22,7 @@ struct Kernels;
 class Subsampling
 {
 public:
-    Subsampling(ModelFile& file, Weights& weights);
+    Subsampling(const ModelSource& file, Weights& weights);
 
     /// @p mel: [bands, frames]. Returns [state size, encoder frames].
     ggml_tensor* build(ggml_context* context, ggml_tensor* mel) const;

@@ -2,7 +2,7 @@
 
 #include "asr/ASRError.h"
 #include "asr/FileMapping.h"
-#include "asr/ModelFile.h"
+#include "asr/ModelSource.h"
 
 #include <algorithm>
 #include <atomic>
@@ -39,7 +39,7 @@ MatrixFormat formatFor(ggml_type type, Weights::Place place)
 }
 
 /// The fastest products on this processor with a matrix of that type; null if they are ggml's.
-const kernels::MatrixKernels* kernelsFor(const ModelFile::Tensor& entry, Weights::Place place, kernels::Level cap)
+const kernels::MatrixKernels* kernelsFor(const ModelSource::Tensor& entry, Weights::Place place, kernels::Level cap)
 {
     constexpr std::int64_t inputsMultiple = 32;
     return entry.shape[0] % inputsMultiple == 0 ? kernels::matrixKernels(formatFor(entry.type, place), cap) : nullptr;
@@ -59,18 +59,18 @@ Weights::Weights(std::size_t maximumTensors, Place place, kernels::Level cap)
 {
 }
 
-ggml_tensor* Weights::tensor(ModelFile& file, const std::string& name)
+ggml_tensor* Weights::tensor(const ModelSource& file, const std::string& name)
 {
-    const ModelFile::Tensor& entry = file.tensor(name);
+    const ModelSource::Tensor& entry = file.tensor(name);
     ggml_tensor* tensor =
         ggml_new_tensor_4d(context_.get(), entry.type, entry.shape[0], entry.shape[1], entry.shape[2], entry.shape[3]);
     fromFile_.push_back({tensor, name, nullptr});
     return tensor;
 }
 
-Linear Weights::linear(ModelFile& file, const std::string& weight, const std::string& bias)
+Linear Weights::linear(const ModelSource& file, const std::string& weight, const std::string& bias)
 {
-    const ModelFile::Tensor& entry = file.tensor(weight);
+    const ModelSource::Tensor& entry = file.tensor(weight);
     Linear linear{nullptr, bias.empty() ? nullptr : tensor(file, bias), kernelsFor(entry, place_, cap_), entry.shape[0],
                   entry.shape[1]};
     if (linear.kernels == nullptr) {
@@ -91,7 +91,7 @@ ggml_tensor* Weights::values(std::vector<float> values, std::int64_t columns, st
     return tensor;
 }
 
-void Weights::load(ModelFile& file)
+void Weights::load(const ModelSource& file)
 {
     allocate(file);
     readAll(file);
@@ -101,7 +101,7 @@ void Weights::load(ModelFile& file)
     computed_.clear();
 }
 
-void Weights::allocate(const ModelFile& file)
+void Weights::allocate(const ModelSource& file)
 {
     for (const FileTensor& target : fromFile_) {
         if (!staysInFile(target.kernels))
@@ -136,7 +136,7 @@ void Weights::check() const
 }
 
 /// Uses several threads, one tensor at a time: page faults and packing take longer than reading.
-void Weights::readAll(const ModelFile& file) const
+void Weights::readAll(const ModelSource& file) const
 {
     std::atomic<std::size_t> next = 0;
     std::mutex lock;
@@ -167,9 +167,9 @@ void Weights::readAll(const ModelFile& file) const
 }
 
 /// Reads one panel at a time into @p stored and packs it while it is still in the cache.
-void Weights::readTensor(const ModelFile& file, const FileTensor& target, std::vector<std::byte>& stored) const
+void Weights::readTensor(const ModelSource& file, const FileTensor& target, std::vector<std::byte>& stored) const
 {
-    const ModelFile::Tensor& entry = file.tensor(target.name);
+    const ModelSource::Tensor& entry = file.tensor(target.name);
     auto* data = static_cast<std::byte*>(target.tensor->data);
     if (staysInFile(target.kernels)) {
         if (!mapping_->load(entry.offset, entry.bytes))

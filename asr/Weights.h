@@ -15,7 +15,7 @@
 namespace vantro::asr {
 
 class FileMapping;
-class ModelFile;
+class ModelSource;
 
 /// The parameters of one network in ggml's memory. Tensors are declared first and loaded together, in one allocation of
 /// the right size. Immutable after load() and shared by all runners.
@@ -32,14 +32,14 @@ public:
     [[nodiscard]] kernels::Level cap() const { return cap_; }
 
     /// The tensor @p name in its stored type.
-    ggml_tensor* tensor(ModelFile& file, const std::string& name);
+    ggml_tensor* tensor(const ModelSource& file, const std::string& name);
     /// A matrix product with an optional bias.
-    Linear linear(ModelFile& file, const std::string& weight, const std::string& bias = {});
+    Linear linear(const ModelSource& file, const std::string& weight, const std::string& bias = {});
     /// A float32 tensor of computed values.
     ggml_tensor* values(std::vector<float> values, std::int64_t columns, std::int64_t rows = 1);
 
     /// Throws ASRError::modelLoadFailed when out of memory or on a read failure.
-    void load(ModelFile& file);
+    void load(const ModelSource& file);
     /// Fetches what the system has dropped from memory of the mapped file. Returns early when stopped.
     void prefetch(const std::stop_token& stop) const;
     /// Throws ASRError::processingFailed if the mapped file has been modified.
@@ -58,9 +58,9 @@ private:
         std::vector<float> values;
     };
 
-    void allocate(const ModelFile& file);
-    void readAll(const ModelFile& file) const;
-    void readTensor(const ModelFile& file, const FileTensor& target, std::vector<std::byte>& stored) const;
+    void allocate(const ModelSource& file);
+    void readAll(const ModelSource& file) const;
+    void readTensor(const ModelSource& file, const FileTensor& target, std::vector<std::byte>& stored) const;
 
     GgmlContext context_;
     Place place_;

@@ -41,7 +41,9 @@ private:
     WindowPool& pool_;
 };
 
-WindowPool::WindowPool(const AsrModels& models, Options options) : models_(models), options_(std::move(options))
+WindowPool::WindowPool(const AcousticNetwork& network, Options options)
+    : network_(network)
+    , options_(std::move(options))
 {
     if (!options_.hasBackground)
         return;
@@ -68,9 +70,11 @@ WindowPool::~WindowPool()
     changed_.notify_all();
 }
 
-std::future<EncoderFrames> WindowPool::encode(std::vector<float> samples, std::stop_token stop)
+std::future<EncoderFrames> WindowPool::encode(const AcousticNetwork& network, std::vector<float> samples,
+                                              std::stop_token stop, std::shared_ptr<const void> owner)
 {
-    auto job = std::make_unique<Job>();
+    auto job = std::make_unique<Job>(network);
+    job->owner = std::move(owner);
     job->samples = std::move(samples);
     job->stop = std::move(stop);
     std::future<EncoderFrames> result = job->result.get_future();
@@ -171,7 +175,7 @@ void WindowPool::run(JobPointer job, Lane lane)
 std::optional<EncoderFrames> WindowPool::encoded(Job& job, Lane lane)
 {
     if (!job.features && !job.stop.stop_requested())
-        job.features = models_.preprocessor.process(job.samples);
+        job.features = job.network.preprocessor.process(job.samples);
     const EncoderSlot slot(*this);
     if (job.runner == nullptr)
         job.runner = idleRunner();
@@ -183,14 +187,14 @@ std::optional<EncoderFrames> WindowPool::encoded(Job& job, Lane lane)
             return std::nullopt;
         job.encoding->computeLayer(job.stop);
     }
-    return models_.joint.project(job.encoding->frames(), *job.runner, job.stop);
+    return project(job.network.projection, job.encoding->frames(), *job.runner, job.stop);
 }
 
 void WindowPool::begin(Job& job)
 {
     if (job.stop.stop_requested())
         throw ASRError(ASRError::Kind::processingFailed, "stopped");
-    job.encoding.emplace(models_.encoder, *job.features, *job.runner, job.stop);
+    job.encoding.emplace(job.network.encoder, *job.features, *job.runner, job.stop);
 }
 
 std::unique_ptr<GraphRunner> WindowPool::idleRunner()
@@ -208,7 +212,7 @@ void WindowPool::prepare()
 {
     try {
         GraphRunner runner(1);
-        models_.encoder.prepare(runner, preparing_.get_token());
+        network_.encoder.prepare(runner, preparing_.get_token());
     } catch (const std::exception&) {
         // The first window will meet the reason, too.
     }

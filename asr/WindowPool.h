@@ -33,15 +33,21 @@ public:
         LogSink logger;                           ///< may be empty
     };
 
-    /// @p models must outlive the pool.
-    WindowPool(const AsrModels& models, Options options);
+    /// @p network must outlive the pool.
+    WindowPool(const AcousticNetwork& network, Options options);
     /// Waits for windows in progress; those that have not been begun get no result.
     ~WindowPool();
     WindowPool(const WindowPool&) = delete;
     WindowPool& operator=(const WindowPool&) = delete;
 
     /// Yields the window's projected frames or an ASRError. @p stop gives up this window.
-    std::future<EncoderFrames> encode(std::vector<float> samples, std::stop_token stop);
+    std::future<EncoderFrames> encode(std::vector<float> samples, std::stop_token stop)
+    {
+        return encode(network_, std::move(samples), std::move(stop), nullptr);
+    }
+    /// With another network, which @p owner keeps as long as it is used.
+    std::future<EncoderFrames> encode(const AcousticNetwork& network, std::vector<float> samples, std::stop_token stop,
+                                      std::shared_ptr<const void> owner);
     /// Throws ASRError::processingFailed if no thread can be started.
     void hurry();
 
@@ -50,6 +56,10 @@ private:
 
     struct Job
     {
+        explicit Job(const AcousticNetwork& network) : network(network) {}
+
+        AcousticNetwork network;
+        std::shared_ptr<const void> owner; ///< of the network
         std::vector<float> samples;
         std::stop_token stop;
         std::promise<EncoderFrames> result;
@@ -72,7 +82,7 @@ private:
     void close(Job& job);
     [[nodiscard]] bool isHurried();
 
-    const AsrModels& models_;
+    AcousticNetwork network_;
     Options options_;
     unsigned threadsPerEncoder_ = 1; ///< in the foreground
 

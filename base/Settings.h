@@ -81,6 +81,7 @@ inline constexpr Setting<qint64> selectedAudioDeviceID{"selectedAudioDeviceID", 
 inline constexpr Setting<QString> selectedAudioDeviceUID{"selectedAudioDeviceUID", ""};
 inline constexpr Setting<QByteArray> prioritizedDevices{"prioritizedDevices", ""};
 inline constexpr Setting<QByteArray> customVocabulary{"customVocabulary", ""};
+inline constexpr Setting<QByteArray> vocabularyDetails{"vocabularyDetails", ""};
 inline constexpr Setting<QByteArray> textReplacements{"textReplacements", ""};
 inline constexpr Setting<QByteArray> customPrompts{"customPrompts", ""};
 inline constexpr Setting<QByteArray> customModeNames{"customModeNames", ""};

@@ -1,8 +1,11 @@
-// Runs the Parakeet recogniser on one recording: asr [--avx2] MODEL RECORDING [RUNS]
+// Runs the Parakeet recogniser on one recording: asr [--avx2] [--live] [--ctc FILE] MODEL RECORDING [RUNS]
 // Prints the text, the recognition time of each run, and the process's peak memory. --avx2 leaves instruction sets
-// beyond AVX2 unused, except in ggml's module.
+// beyond AVX2 unused, except in ggml's module. --live gives the samples as fast as they are spoken. --ctc has the
+// model FILE look for a thousand random names beside it.
 #include "asr/ASRError.h"
 #include "asr/AsrManager.h"
+#include "asr/CtcKeywordSpotter.h"
+#include "asr/VocabularyRescorer.h"
 #include "platform/ThisProcess.h"
 #include "vantro/sound/AudioFile.h"
 
@@ -12,9 +15,13 @@
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
+#include <memory>
+#include <random>
 #include <span>
 #include <string_view>
 #include <thread>
+#include <vector>
 
 namespace {
 
@@ -30,6 +37,7 @@ struct Options
     kernels::Level cap = kernels::highestLevel;
     bool isLive = false;
     int runs = 1;
+    std::filesystem::path ctcFile; ///< may be empty
 };
 
 /// The whole process's, in seconds.
@@ -43,20 +51,74 @@ double processorTime()
     return seconds(usage.ru_utime) + seconds(usage.ru_stime);
 }
 
-ASRResult recogniseLive(const AsrManager& manager, std::span<const float> samples)
+struct Boosting
+{
+    std::shared_ptr<const CtcKeywordSpotter> spotter; ///< null without a CTC model
+    std::shared_ptr<const VocabularyRescorer> rescorer;
+};
+
+/// Names of 4 to 12 letters.
+std::vector<CustomVocabularyTerm> randomNames()
+{
+    std::mt19937 random(1);
+    std::vector<CustomVocabularyTerm> terms(1'000);
+    for (CustomVocabularyTerm& term : terms) {
+        const std::size_t length = 4 + random() % 9;
+        for (std::size_t i = 0; i < length; ++i)
+            term.text += "aeioubcdfghjklmnprstvwz"[i % 2 == 0 ? 5 + random() % 18 : random() % 5];
+    }
+    return terms;
+}
+
+Boosting loadBoosting(const Options& options, std::span<const std::filesystem::path> modules)
+{
+    if (options.ctcFile.empty())
+        return {};
+    const auto model = CtcModel::load(options.ctcFile, modules, options.cap);
+    return {std::make_shared<CtcKeywordSpotter>(model),
+            std::make_shared<VocabularyRescorer>(model, tokenised(randomNames(), model->tokenizer()))};
+}
+
+void give(StreamingAsr& stream, CtcSpotting* spotting, std::span<const float> samples)
+{
+    stream.append(samples);
+    if (spotting != nullptr)
+        spotting->append(samples);
+}
+
+/// @p isLive: as fast as it is spoken.
+ASRResult recognise(const AsrManager& manager, const Boosting& boosting, std::span<const float> samples, bool isLive)
 {
     constexpr std::size_t piece = 1'600;
-    const auto stream = manager.stream({});
+    StreamingAsr::Options options;
+    options.isLive = isLive;
+    const auto stream = manager.stream(options);
+    std::unique_ptr<CtcSpotting> spotting;
+    if (boosting.spotter != nullptr)
+        spotting = std::make_unique<CtcSpotting>(boosting.spotter, stream->pool());
     auto due = std::chrono::steady_clock::now();
-    while (!samples.empty()) {
+    for (; isLive && !samples.empty(); samples = samples.subspan(std::min(piece, samples.size()))) {
         const std::size_t size = std::min(piece, samples.size());
         std::this_thread::sleep_until(due += std::chrono::microseconds(size * 1'000'000 / 16'000));
-        stream->append(samples.first(size));
-        samples = samples.subspan(size);
+        give(*stream, spotting.get(), samples.first(size));
     }
     const double before = processorTime();
+    const auto begun = std::chrono::steady_clock::now();
+    give(*stream, spotting.get(), samples);
+    stream->speculate();
+    if (spotting != nullptr)
+        spotting->speculate();
     const ASRResult result = stream->finish({});
-    std::printf("processor time after the end %.3f s\n", processorTime() - before);
+    const double recognised = secondsSince(begun);
+    if (spotting != nullptr) {
+        const CtcLogProbabilities logProbs = spotting->finish({});
+        const double spotted = secondsSince(begun);
+        const auto output = boosting.rescorer->rescore(result.text, *result.tokenTimings, logProbs, {});
+        std::printf("spotted %.3f s later, 1000 terms rescored in %.1f ms, %zu replaced\n", spotted - recognised,
+                    1'000 * (secondsSince(begun) - spotted), output.replacements.size());
+    }
+    std::printf("end to text %.3f s, processor time after the end %.3f s\n", secondsSince(begun),
+                processorTime() - before);
     return result;
 }
 
@@ -67,11 +129,10 @@ void run(const char* modelFile, const char* recording, const Options& options)
     auto begun = std::chrono::steady_clock::now();
     AsrManager manager;
     manager.initialize(AsrModels::load(modelFile, AsrModelVersion::v3, modules, options.cap));
+    const Boosting boosting = loadBoosting(options, modules);
     std::printf("load %.3f s\n", secondsSince(begun));
     for (int i = 0; i < options.runs; ++i) {
-        TdtDecoderState state;
-        const ASRResult result =
-            options.isLive ? recogniseLive(manager, audio.samples) : manager.transcribe(audio.samples, state, {});
+        const ASRResult result = recognise(manager, boosting, audio.samples, options.isLive);
         if (i == 0)
             std::printf("%s\n", result.text.c_str());
         std::printf("transcribe %.1f s of audio in %.3f s, %zu tokens\n", result.duration.count(),
@@ -93,9 +154,13 @@ int main(int argc, char** argv)
             options.cap = kernels::Level::avx2;
         else if (std::string_view(arguments[0]) == "--live")
             options.isLive = true;
+        else if (std::string_view(arguments[0]) == "--ctc" && arguments.size() > 1) {
+            arguments = arguments.subspan(1);
+            options.ctcFile = arguments[0];
+        }
     }
     if (arguments.size() < 2) {
-        std::fprintf(stderr, "usage: asr [--avx2] [--live] MODEL RECORDING [RUNS]\n");
+        std::fprintf(stderr, "usage: asr [--avx2] [--live] [--ctc FILE] MODEL RECORDING [RUNS]\n");
         return 2;
     }
     if (arguments.size() > 2)

@@ -32,6 +32,7 @@ install(FILES "${packaging}/completions/vantro.bash" DESTINATION ${CMAKE_INSTALL
   RENAME vantro)
 install(FILES "${packaging}/completions/_vantro" DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions)
 install(FILES "${packaging}/completions/vantro.fish" DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d)
+install(PROGRAMS "${CMAKE_SOURCE_DIR}/scripts/convert-ctc" DESTINATION ${CMAKE_INSTALL_DATADIR}/vantro)
 install(FILES "${packaging}/sounds/Blow.wav" DESTINATION ${CMAKE_INSTALL_DATADIR}/vantro/sounds)
 
 # Debian requires a compressed manual and changelog without a timestamp.

@@ -2361,6 +2361,46 @@
         <source>Maximum limit reached (%1 replacements)</source>
         <translation>Die Höchstzahl ist erreicht (%1 Ersetzungen)</translation>
     </message>
+    <message>
+        <source>Your words are given to the whisper model as a hint before it listens.</source>
+        <translation>Ihre Wörter werden dem Whisper-Modell als Hinweis vorangestellt.</translation>
+    </message>
+    <message>
+        <source>Ready: Parakeet dictations are searched for your words.</source>
+        <translation>Bereit: Diktate mit Parakeet werden nach Ihren Wörtern durchsucht.</translation>
+    </message>
+    <message>
+        <source>Parakeet models need a second model that looks for your words (%1).</source>
+        <translation>Parakeet-Modelle brauchen ein zweites Modell, das nach Ihren Wörtern sucht (%1).</translation>
+    </message>
+    <message>
+        <source>Parakeet models need a second model that looks for your words. No model host has it yet.</source>
+        <translation>Parakeet-Modelle brauchen ein zweites Modell, das nach Ihren Wörtern sucht. Noch bietet es kein Modellserver an.</translation>
+    </message>
+    <message>
+        <source>The model that looks for your words is damaged or of another kind.</source>
+        <translation>Das Modell, das nach Ihren Wörtern sucht, ist beschädigt oder von anderer Art.</translation>
+    </message>
+    <message>
+        <source>The model that looks for your words is being downloaded.</source>
+        <translation>Das Modell, das nach Ihren Wörtern sucht, wird heruntergeladen.</translation>
+    </message>
+    <message>
+        <source>Costs about 0.2 GB of memory and a sixth more computing, mostly while you speak. English words are found best.</source>
+        <translation>Kostet etwa 0,2 GB Speicher und ein Sechstel mehr Rechenzeit, meist während Sie sprechen. Englische Wörter werden am besten gefunden.</translation>
+    </message>
+    <message>
+        <source>Make it with convert-ctc from NVIDIA&apos;s published model, and put it there: %1</source>
+        <translation>Erzeugen Sie es mit convert-ctc aus dem Modell, das NVIDIA veröffentlicht hat, und legen Sie es hier ab: %1</translation>
+    </message>
+    <message>
+        <source>Replace or delete this file: %1</source>
+        <translation>Ersetzen oder löschen Sie diese Datei: %1</translation>
+    </message>
+    <message>
+        <source>The latest dictation was not searched for your words: %1</source>
+        <translation>Das letzte Diktat wurde nicht nach Ihren Wörtern durchsucht: %1</translation>
+    </message>
 </context>
 <context>
     <name>VocabularyPage</name>
@@ -2421,12 +2461,20 @@
         <translation>Noch keine eigenen Wörter.</translation>
     </message>
     <message>
-        <source>Remove</source>
-        <translation>Entfernen</translation>
-    </message>
-    <message>
         <source>Reset All Vocabulary &amp; Replacements</source>
         <translation>Alle Wörter und Ersetzungen entfernen</translation>
+    </message>
+    <message>
+        <source>How your words are recognized</source>
+        <translation>So werden Ihre Wörter erkannt</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Download</source>
+        <translation>Herunterladen</translation>
     </message>
 </context>
 <context>
@@ -2597,6 +2645,61 @@
     <message>
         <source>All downloaded models but the one in use will be deleted from this computer. They would have to be downloaded again.</source>
         <translation>Alle heruntergeladenen Modelle außer dem benutzten werden von diesem Rechner gelöscht. Sie müssten neu heruntergeladen werden.</translation>
+    </message>
+</context>
+<context>
+    <name>WordRow</name>
+    <message>
+        <source>Sounds like: %1</source>
+        <translation>Klingt wie: %1</translation>
+    </message>
+    <message>
+        <source>Edit</source>
+        <translation>Bearbeiten</translation>
+    </message>
+    <message>
+        <source>Edit word</source>
+        <translation>Wort bearbeiten</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Entfernen</translation>
+    </message>
+    <message>
+        <source>Sounds like, for example: greg sun, gregs on</source>
+        <translation>Klingt wie, zum Beispiel: gregg sohn, greg son</translation>
+    </message>
+    <message>
+        <source>Sounds like</source>
+        <translation>Klingt wie</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Speichern</translation>
+    </message>
+    <message>
+        <source>weak</source>
+        <translation>schwach</translation>
+    </message>
+    <message>
+        <source>normal</source>
+        <translation>normal</translation>
+    </message>
+    <message>
+        <source>strong</source>
+        <translation>stark</translation>
+    </message>
+    <message>
+        <source>Boost: %1</source>
+        <translation>Bevorzugung: %1</translation>
+    </message>
+    <message>
+        <source>Boost</source>
+        <translation>Bevorzugung</translation>
+    </message>
+    <message>
+        <source>How readily the word is written when something like it was heard. Parakeet models only.</source>
+        <translation>Wie bereitwillig das Wort geschrieben wird, wenn Ähnliches gehört wurde. Nur mit Parakeet-Modellen.</translation>
     </message>
 </context>
 <context>

@@ -1,12 +1,9 @@
 #include "asr/testing/ModelWriter.h"
 
 #include "asr/ModelFile.h"
+#include "asr/testing/RandomTensors.h"
 
-#include <algorithm>
-#include <array>
-#include <cmath>
 #include <fstream>
-#include <numbers>
 #include <random>
 #include <span>
 #include <stdexcept>
@@ -66,23 +63,13 @@ void writeHeader(Writer& writer, const Hyperparameters& p, ggml_type type)
         writer.integer(value);
 }
 
-/// Overlapping triangles of equal width: not the mel scale, but the same amount of work.
 void writeFilters(Writer& writer, const Hyperparameters& p)
 {
     writer.integer(p.melBands);
     writer.integer(p.frequencyBins());
-    const float width = static_cast<float>(p.frequencyBins()) / static_cast<float>(p.melBands + 1);
-    std::vector<float> row(static_cast<std::size_t>(p.frequencyBins()));
-    for (std::int32_t band = 0; band < p.melBands; ++band) {
-        for (std::size_t bin = 0; bin < row.size(); ++bin)
-            row[bin] = std::max(0.0F, 1.0F - std::abs(static_cast<float>(bin) / width - static_cast<float>(band + 1)));
-        writer.values<float>(row);
-    }
+    writer.values<float>(filterValues({"filter bank", {p.frequencyBins(), p.melBands, 1, 1}, 2, false}, p));
     writer.integer(windowSize);
-    std::vector<float> window(windowSize);
-    for (std::size_t i = 0; i < window.size(); ++i)
-        window[i] = 0.5F - 0.5F * std::cos(2 * std::numbers::pi_v<float> * static_cast<float>(i) / (windowSize - 1));
-    writer.values<float>(window);
+    writer.values<float>(filterValues({"window", {windowSize, 1, 1, 1}, 1, false}, p));
     for (std::int32_t i = 0; i < p.durationCount; ++i)
         writer.integer(i);
 }
@@ -97,60 +84,23 @@ void writePieces(Writer& writer, const Hyperparameters& p)
     }
 }
 
-std::vector<float> randomValues(const TensorLayout& tensor, const Hyperparameters& p, std::minstd_rand& random)
+/// As with real speech, about every second decision is a blank and most decisions skip some frames.
+void favourBlanks(std::vector<float>& outputBias, const Hyperparameters& p)
 {
-    std::size_t count = 1;
-    for (const auto extent : tensor.shape)
-        count *= static_cast<std::size_t>(extent);
-    const bool isPositive = tensor.name.ends_with("running_var") ||
-                            (tensor.name.ends_with(".weight") && tensor.name.find("norm") != std::string::npos);
-    if (isPositive)
-        return std::vector<float>(count, 1.0F);
-    const bool isConvolution = tensor.name.find("conv") != std::string::npos && !tensor.isMatrix;
-    const auto inputs = static_cast<float>(isConvolution ? 9 : tensor.shape[0]);
-    const float scale = tensor.isMatrix || isConvolution ? std::sqrt(3.0F / inputs) : 0.02F;
-    std::vector<float> values(count);
-    constexpr auto range = static_cast<float>(std::minstd_rand::max());
-    for (float& value : values)
-        value = scale * (2.0F * static_cast<float>(random()) / range - 1.0F);
-    if (tensor.name == "joint.joint_net.2.bias") {
-        // As with real speech, about every second decision is a blank and most decisions skip some frames.
-        values[static_cast<std::size_t>(p.vocabularySize)] = 2.6F;
-        values.back() = 1.5F;
-    }
-    return values;
-}
-
-/// Whether models are published in that type.
-bool isPublished(ggml_type type)
-{
-    constexpr std::array published = {GGML_TYPE_F16,  GGML_TYPE_BF16, GGML_TYPE_Q4_0, GGML_TYPE_Q4_1,
-                                      GGML_TYPE_Q5_0, GGML_TYPE_Q5_1, GGML_TYPE_Q8_0};
-    return std::ranges::find(published, type) != published.end();
+    outputBias[static_cast<std::size_t>(p.vocabularySize)] = 2.6F;
+    outputBias.back() = 1.5F;
 }
 
 void writeTensor(Writer& writer, const TensorLayout& tensor, std::span<const float> values, ggml_type matrixType)
 {
-    ggml_type type = tensor.isMatrix ? matrixType : GGML_TYPE_F32;
-    if (tensor.shape[0] % ggml_blck_size(type) != 0)
-        type = GGML_TYPE_F32;
+    const PackedTensor stored = packed(tensor, values, matrixType);
     writer.integer(tensor.dimensions);
     writer.integer(static_cast<std::int32_t>(tensor.name.size()));
-    writer.integer(type);
+    writer.integer(stored.type);
     for (int i = 0; i < tensor.dimensions; ++i)
         writer.integer(static_cast<std::int32_t>(tensor.shape.at(static_cast<std::size_t>(i))));
     writer.text(tensor.name);
-    if (type == GGML_TYPE_F32) {
-        writer.values(values);
-        return;
-    }
-    const std::int64_t rows = static_cast<std::int64_t>(values.size()) / tensor.shape[0];
-    std::vector<std::byte> packed(ggml_row_size(type, tensor.shape[0]) * static_cast<std::size_t>(rows));
-    if (isPublished(type))
-        ggml_quantize_chunk(type, values.data(), packed.data(), 0, rows, tensor.shape[0], nullptr);
-    else
-        std::ranges::generate(packed, [random = std::minstd_rand()]() mutable { return std::byte(random() & 0xff); });
-    writer.values<std::byte>(packed);
+    writer.values<std::byte>(stored.bytes);
 }
 
 std::size_t tensorHeaderBytes(const TensorLayout& tensor)
@@ -200,7 +150,10 @@ void writeRandomModel(const std::filesystem::path& path, const Hyperparameters& 
     writeFilters(writer, parameters);
     writePieces(writer, parameters);
     for (const TensorLayout& tensor : modelLayout(parameters, 4 * parameters.stateSize, parameters.predictionSize)) {
-        writeTensor(writer, tensor, randomValues(tensor, parameters, random), matrixType);
+        std::vector<float> values = randomValues(tensor, random);
+        if (tensor.name == "joint.joint_net.2.bias")
+            favourBlanks(values, parameters);
+        writeTensor(writer, tensor, values, matrixType);
         if (tensor.name.ends_with(".running_var"))
             writeBatchCounter(writer, tensor.name);
     }

@@ -2,8 +2,11 @@
 
 #include "vantro/sound/AudioFile.h"
 
+#include <algorithm>
+#include <cmath>
 #include <cstdlib>
 #include <fstream>
+#include <limits>
 #include <sstream>
 
 namespace vantro::asr::testing {
@@ -35,7 +38,7 @@ std::vector<Expectation> expectations()
         for (std::string field; std::getline(columns, field, '\t');)
             fields.push_back(field);
         fields.resize(8);
-        Expectation expectation{fields[0], fields[5], {}};
+        Expectation expectation{fields[0], fields[4], fields[5], fields[7], {}};
         std::istringstream tokens(fields[6]);
         char colon = 0;
         for (Expectation::Token token{}; tokens >> token.id >> colon >> token.frame >> colon >> token.duration;)
@@ -48,6 +51,22 @@ std::vector<Expectation> expectations()
 std::shared_ptr<const AsrModels> loadMicro(const std::string& variant, AsrModelVersion version, kernels::Level cap)
 {
     return AsrModels::load(dataFolder() / variant, version, moduleFolders(), cap);
+}
+
+std::vector<float> reference(const std::string& name)
+{
+    std::ifstream file(dataFolder() / "numerics" / name, std::ios::binary);
+    std::vector<float> values(std::filesystem::file_size(dataFolder() / "numerics" / name) / sizeof(float));
+    file.read(reinterpret_cast<char*>(values.data()), static_cast<std::streamsize>(values.size() * sizeof(float)));
+    return values;
+}
+
+float largestDifference(const std::vector<float>& a, const std::vector<float>& b)
+{
+    float largest = a.size() == b.size() ? 0 : std::numeric_limits<float>::infinity();
+    for (std::size_t i = 0; i < std::min(a.size(), b.size()); ++i)
+        largest = std::max(largest, std::abs(a[i] - b[i]));
+    return largest;
 }
 
 ASRResult transcribe(AsrManager& manager, const std::vector<float>& samples, const AsrManager::Options& options)

@@ -29,10 +29,17 @@ struct Expectation
     };
 
     std::string file;
+    std::string said;
     std::string text;
+    std::string ctcText; ///< of the CTC model
     std::vector<Token> tokens;
 };
 std::vector<Expectation> expectations();
+
+/// Numbers of the reference implementation.
+std::vector<float> reference(const std::string& name);
+/// Infinite if the lengths differ.
+float largestDifference(const std::vector<float>& a, const std::vector<float>& b);
 
 std::shared_ptr<const AsrModels> loadMicro(const std::string& variant = "parakeet-micro-tdt.bin",
                                            AsrModelVersion version = AsrModelVersion::v2,

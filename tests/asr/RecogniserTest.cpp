@@ -33,28 +33,12 @@ struct Recogniser
     AsrManager manager;
 };
 
-std::vector<float> reference(const std::string& name)
-{
-    std::ifstream file(dataFolder() / "numerics" / name, std::ios::binary);
-    std::vector<float> values(std::filesystem::file_size(dataFolder() / "numerics" / name) / sizeof(float));
-    file.read(reinterpret_cast<char*>(values.data()), static_cast<std::streamsize>(values.size() * sizeof(float)));
-    return values;
-}
-
 EncoderFrames encode(const AsrModels& models, const Preprocessor::Features& features, GraphRunner& runner)
 {
     Encoding encoding(models.encoder, features, runner, {});
     while (!encoding.isDone())
         encoding.computeLayer({});
     return encoding.frames();
-}
-
-float largestDifference(const std::vector<float>& a, const std::vector<float>& b)
-{
-    float largest = a.size() == b.size() ? 0 : std::numeric_limits<float>::infinity();
-    for (std::size_t i = 0; i < std::min(a.size(), b.size()); ++i)
-        largest = std::max(largest, std::abs(a[i] - b[i]));
-    return largest;
 }
 
 } // namespace
@@ -124,7 +108,7 @@ TEST(Recognising, FindsTheReferenceTokensAtTheirFramesWithTheirDurations)
         if (samples.size() > windowSamples)
             continue;
         const auto encoded = encode(*models, models->preprocessor.process(samples), runner);
-        const auto frames = models->joint.project(encoded, runner, {});
+        const auto frames = project(models->joint.frameProjection(), encoded, runner, {});
         TdtDecoderState state;
         std::vector<Expectation::Token> found;
         for (const DecodedToken& token :

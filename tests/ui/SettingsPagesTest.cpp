@@ -141,6 +141,66 @@ TEST_F(SettingsPages, AFullListTakesNoMoreAndARemovedWordComesBackToItsPlace)
     EXPECT_TRUE(page.words().isEmpty()) << "what was there before a reset does not come back piece by piece";
 }
 
+TEST_F(SettingsPages, AWordsSoundAndWeightAreKeptWithItAndComeBackWithIt)
+{
+    VocabularyModel page({vocabulary, [](const LimitNotice&) {},
+                          [](const std::function<void()>&) {
+                          }});
+    page.addWord(QStringLiteral("Gregsson"));
+    EXPECT_EQ(page.readiness(0), 1);
+    page.refineWord(0, QStringLiteral(" greg sun,, gregs on "), 2);
+    page.refineWord(1, QStringLiteral("no such row"), 0);
+    EXPECT_EQ(page.soundsLike(0), QStringLiteral("greg sun, gregs on"));
+    EXPECT_EQ(vocabulary.details(QStringLiteral("Gregsson")).weight, 2);
+    page.removeWord(0);
+    page.undo();
+    EXPECT_EQ(page.readiness(0), 2);
+    // Another program, or the command line, sets a weight that the page does not offer.
+    UserDefaults command(folder.filePath(QStringLiteral("vantro.ini")));
+    VocabularySettings(command).setDetails(QStringLiteral("Gregsson"), {{QStringLiteral("greg sun")}, 0.6});
+    defaults.reload();
+    EXPECT_EQ(page.readiness(0), 0);
+    page.refineWord(0, QStringLiteral("greg sun"), 0);
+    EXPECT_EQ(vocabulary.details(QStringLiteral("Gregsson")).weight, 0.6);
+    defaults.set(setting::vocabularyDetails,
+                 QByteArray("{\"Gregsson\": {\"weight\": 1e9, \"soundsLike\": [3]}, \"x\": 1}"));
+    EXPECT_EQ(VocabularySettings(defaults).details(QStringLiteral("Gregsson")),
+              (VocabularyDetails{{}, VocabularyDetails::greatestWeight}));
+}
+
+TEST_F(SettingsPages, TheVocabularyPageTellsWhetherWordsAreLookedForAndWhatToDo)
+{
+    using State = VocabularyModel::Boosting::State;
+    VocabularyModel::Boosting boosting;
+    int downloads = 0;
+    VocabularyModel page({vocabulary, [](const LimitNotice&) {}, [](const std::function<void()>&) {},
+                          [&boosting] { return boosting; },
+                          [&downloads] {
+                              ++downloads;
+                          }});
+    page.addWord(QStringLiteral("Gregsson"));
+    QStringList texts = {page.boostingText()};
+    for (const State state : {State::ready, State::missing, State::unpublished, State::damaged, State::downloading}) {
+        boosting = {state, QStringLiteral("/models/there.gguf"), QStringLiteral("120 MiB"), QString(), QString(),
+                    0.25F};
+        page.refreshBoosting();
+        EXPECT_FALSE(texts.contains(page.boostingText()));
+        texts << page.boostingText();
+        const bool namesFile = state == State::unpublished || state == State::damaged;
+        EXPECT_EQ(page.boostingHint().contains(boosting.file), namesFile);
+        EXPECT_EQ(page.canDownload(), state == State::missing);
+        EXPECT_EQ(page.isDownloading(), state == State::downloading);
+    }
+    EXPECT_TRUE(texts[2].contains(boosting.size));
+    page.download();
+    EXPECT_EQ(downloads, 1);
+    boosting.problem = QStringLiteral("None of the vocabulary terms could be tokenized for boosting.");
+    page.refreshBoosting();
+    EXPECT_TRUE(page.boostingProblem().contains(boosting.problem));
+    page.removeWord(0);
+    EXPECT_TRUE(page.boostingProblem().isEmpty()) << "nothing to look for";
+}
+
 TEST_F(SettingsPages, AReplacementKeepsItsIdentityAndNeverLooksForNothing)
 {
     VocabularyModel page({vocabulary, [](const LimitNotice&) {},

@@ -10,10 +10,11 @@ namespace vantro {
 
 Speech::Speech(UserDefaults& defaults, const VocabularySettings& vocabulary, const QString& modelHost,
                std::vector<std::filesystem::path> moduleFolders)
-    : fluidEngine_(std::move(moduleFolders))
+    : catalogue_(ModelHost::address(defaults, modelHost))
+    , fluidEngine_(std::move(moduleFolders))
     , whisper_(whisperEngine_, whisperFiles_, fileDownloader_, defaults, vocabulary)
-    , fluid_(fluidEngine_, FluidModelFiles(modelFolders()), fileDownloader_, defaults, vocabulary)
-    , catalogue(ModelHost::address(defaults, modelHost))
+    , fluid_(fluidEngine_, FluidModelFiles(modelFolders()), fileDownloader_, defaults, vocabulary,
+             catalogue_.boostingModel())
     , selection(catalogue, defaults, [this](const auto& model) { return check(model).isReady; })
     , preparation(catalogue, whisperFiles_, defaults)
 {

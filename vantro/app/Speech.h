@@ -13,6 +13,7 @@ namespace vantro {
 class Speech
 {
     // In order of dependency.
+    ModelCatalogue catalogue_;
     FileDownloader fileDownloader_;
     WhisperInProcessEngine whisperEngine_;
     FluidAsrEngine fluidEngine_;
@@ -31,13 +32,15 @@ public:
     qint64 remove(const TranscriptionModel& model) const { return engines.of(model).remove(model); }
     /// Removes the downloaded files of all other models, except those being downloaded. Returns the bytes freed.
     [[nodiscard]] qint64 removeAllExcept(const TranscriptionModel& keep) const;
+    /// Why the latest transcription could not look for the user's words; empty if it could or need not.
+    [[nodiscard]] QString boostingProblem() const { return fluid_.boostingProblem(); }
     /// Disk space used by the user's own copies, including partial downloads.
     [[nodiscard]] qint64 bytesUsed() const;
     /// Returns a model for a file given by the user. Throws Error when no engine runs it.
     [[nodiscard]] TranscriptionModel describe(const QString& file) const;
 
     const SpeechEngines engines{{&fluid_, &whisper_}};
-    ModelCatalogue catalogue;
+    ModelCatalogue& catalogue = catalogue_;
     ModelSelection selection;
     WhisperModelPreparation preparation;
     ModelDownloader downloader{catalogue, engines};

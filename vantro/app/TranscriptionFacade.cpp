@@ -71,7 +71,11 @@ QCoro::Task<QString> TranscriptionFacade::transcribe(QString recordingID, std::v
                                  std::move(options.onProgress),
                                  std::move(options.onTokens),
                                  std::move(options.stop),
-                                 options.isAhead};
+                                 options.isAhead,
+                                 std::move(options.terms),
+                                 options.termWeight,
+                                 std::move(options.boostingModel),
+                                 std::move(options.onVocabulary)};
     co_return co_await engine.transcribe(std::move(request));
 }
 

@@ -20,6 +20,10 @@ public:
         std::function<void(const std::vector<TranscribedToken>&)> onTokens = {}; ///< main thread
         std::stop_token stop = {};                                               ///< makes the transcription throw soon
         bool isAhead = false;                                                    ///< nobody waits for it yet
+        std::optional<QStringList> terms = {};                                   ///< the user's words when absent
+        double termWeight = 1;                                                   ///< multiplies the words' own
+        QString boostingModel = {};                                              ///< the downloaded one when empty
+        std::function<void(const VocabularyReport&)> onVocabulary = {};          ///< main thread
     };
 
     TranscriptionFacade(ModelSelection& selection, const SpeechEngines& engines);

@@ -42,6 +42,8 @@ struct CommandCall
 
     [[nodiscard]] bool has(const char* option) const { return parser.isSet(QLatin1String(option)); }
     [[nodiscard]] QString value(const char* option) const { return parser.value(QLatin1String(option)); }
+    /// Of an option that may be repeated.
+    [[nodiscard]] QStringList values(const char* option) const { return parser.values(QLatin1String(option)); }
     [[nodiscard]] bool json() const { return has("json"); }
     /// The value of --limit, or @p otherwise; 0 means all. @p noun: what is counted, in the plural. Throws WrongUsage.
     [[nodiscard]] int limit(int otherwise, const char* noun) const;

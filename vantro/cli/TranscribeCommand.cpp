@@ -1,107 +1,19 @@
-#include "asr/ASRError.h"
-#include "base/RunTask.h"
-#include "base/SampleFormat.h"
-#include "vantro/app/Speech.h"
 #include "vantro/cli/Captions.h"
 #include "vantro/cli/Commands.h"
 #include "vantro/cli/Terminal.h"
+#include "vantro/cli/TranscribeSession.h"
+#include "vantro/cli/VocabularyPlaces.h"
 #include "vantro/models/SpokenLanguages.h"
-#include "vantro/sound/AudioFile.h"
-#include "vantro/text/TextReplacer.h"
 
-#include <QElapsedTimer>
 #include <QFileInfo>
+#include <QJsonArray>
 #include <QJsonDocument>
+#include <QJsonObject>
 #include <QSaveFile>
-
-#include <utility>
 
 namespace vantro {
 
 namespace {
-
-struct Transcript
-{
-    QString file;
-    QString text;
-    double seconds = 0;
-    qint64 readMs = 0;
-    qint64 transcribeMs = 0;
-    std::vector<TranscribedToken> tokens = {};
-};
-
-/// Everything needed to transcribe files.
-class Session
-{
-public:
-    /// Returns the model with this catalogue name or file path; for an empty text, the selected one. Throws Error when
-    /// it is missing.
-    [[nodiscard]] TranscriptionModel model(const QString& nameOrPath);
-    /// @p label: stands before the progress.
-    [[nodiscard]] Transcript transcribe(const QString& file, const TranscriptionModel& model,
-                                        const std::optional<QString>& language, const QString& label);
-    /// With the user's replacements.
-    [[nodiscard]] std::vector<Caption> captions(const Transcript& transcript) const;
-
-private:
-    UserDefaults defaults_{UserDefaults::standardPath()};
-    VocabularySettings vocabulary_{defaults_};
-    Speech speech_{defaults_, vocabulary_};
-};
-
-TranscriptionModel Session::model(const QString& nameOrPath)
-{
-    if (nameOrPath.contains(QLatin1Char('/')) || nameOrPath.endsWith(QLatin1String(".bin"))) {
-        if (!QFileInfo(nameOrPath).isFile())
-            throw Error(QStringLiteral("There is no model file %1").arg(nameOrPath));
-        return speech_.describe(nameOrPath);
-    }
-    const auto* entry = nameOrPath.isEmpty() ? &speech_.selection.selectedModel() : speech_.catalogue.match(nameOrPath);
-    if (entry == nullptr) {
-        QStringList names;
-        for (const TranscriptionModel& known : speech_.catalogue.models())
-            names << shortName(known);
-        throw Error(QStringLiteral("There is no model \"%1\". The catalogue has %2; the path of a file works too")
-                        .arg(nameOrPath, names.join(QStringLiteral(", "))));
-    }
-    if (!speech_.check(*entry).isReady) {
-        throw Error(QStringLiteral("The model \"%1\" is not downloaded: run vantro models download %2")
-                        .arg(entry->name, shortName(*entry)));
-    }
-    return *entry;
-}
-
-std::vector<Caption> Session::captions(const Transcript& transcript) const
-{
-    auto captions = captionsFrom(transcript.tokens);
-    for (Caption& caption : captions)
-        caption.text = TextReplacer::applyReplacements(caption.text, vocabulary_.textReplacements());
-    return captions;
-}
-
-Transcript Session::transcribe(const QString& file, const TranscriptionModel& model,
-                               const std::optional<QString>& language, const QString& label)
-{
-    Transcript result{.file = file, .text = {}};
-    QElapsedTimer timer;
-    timer.start();
-    AudioFile audio = AudioFile::read(file);
-    result.readMs = timer.restart();
-    result.seconds = durationOf(audio.samples.size()).count();
-    if (audio.samples.size() < minimumSampleCount)
-        return result;
-    const auto showProgress = [&label](float fraction) {
-        terminal::showProgress(QStringLiteral("%1: %2 %").arg(label).arg(static_cast<int>(fraction * 100)));
-    };
-    const auto keepTokens = [&result](const std::vector<TranscribedToken>& tokens) {
-        result.tokens = tokens;
-    };
-    result.text = runTask(
-        speech_.facade.transcribe(file, std::move(audio.samples), {&model, language, showProgress, keepTokens}));
-    terminal::showProgress({});
-    result.transcribeMs = timer.elapsed();
-    return result;
-}
 
 QJsonArray tokensAsJson(const std::vector<TranscribedToken>& tokens)
 {
@@ -125,6 +37,24 @@ QJsonArray captionsAsJson(const std::vector<Caption>& captions)
     return array;
 }
 
+QJsonObject vocabularyAsJson(const VocabularyReport& report)
+{
+    if (report.way == VocabularyReport::Way::none)
+        return QJsonObject{{QStringLiteral("way"), QStringLiteral("none")}};
+    if (report.way == VocabularyReport::Way::prompt)
+        return QJsonObject{{QStringLiteral("way"), QStringLiteral("prompt")}};
+    QJsonArray replacements;
+    for (const VocabularyPlace& place : report.places) {
+        if (place.isReplaced)
+            replacements.append(placeAsJson(place));
+    }
+    QJsonObject object{{QStringLiteral("way"), QStringLiteral("boosting")},
+                       {QStringLiteral("replacements"), replacements}};
+    if (!report.problem.isEmpty())
+        object[QStringLiteral("skipped")] = report.problem;
+    return object;
+}
+
 QString asJson(const Transcript& transcript, const TranscriptionModel& model, const std::vector<Caption>& captions)
 {
     QJsonObject object{
@@ -136,6 +66,7 @@ QString asJson(const Transcript& transcript, const TranscriptionModel& model, co
         {QStringLiteral("timings"), QJsonObject{{QStringLiteral("read_ms"), transcript.readMs},
                                                 {QStringLiteral("transcribe_ms"), transcript.transcribeMs}}},
     };
+    object[QStringLiteral("vocabulary")] = vocabularyAsJson(transcript.vocabulary);
     if (model.engine == TranscriptionEngine::fluid)
         object[QStringLiteral("tokens")] = tokensAsJson(transcript.tokens);
     return QString::fromUtf8(QJsonDocument(object).toJson(QJsonDocument::Compact)) + QLatin1Char('\n');
@@ -149,9 +80,9 @@ struct Job
     /// Throws Error.
     void transcribe(const QString& file, const QString& label);
 
-    Session session;
+    TranscribeSession session;
     TranscriptionModel model;
-    std::optional<QString> language;
+    TranscribeSession::Options options;
     QString format; ///< the extension of its files
     QString folder; ///< where the texts go; empty for standard output
 
@@ -179,16 +110,16 @@ Job::Job(const CommandCall& call)
     if (!folder.isEmpty() && !QFileInfo(folder).isDir())
         throw WrongUsage(QStringLiteral("there is no folder %1").arg(folder));
     if (call.has("language"))
-        language = call.value("language").toLower();
-    if (language && !isSpokenLanguage(*language))
+        options.language = call.value("language").toLower();
+    if (options.language && !isSpokenLanguage(*options.language))
         throw WrongUsage(QStringLiteral("\"%1\" is not a language the models know: use a code such as en, de or fr, or "
                                         "auto")
-                             .arg(*language));
-    try {
-        model = session.model(call.value("model"));
-    } catch (const Error& error) {
-        throw CommandError(ExitCode::noService, QStringLiteral("no model: ") + error.localizedDescription());
-    }
+                             .arg(*options.language));
+    if (call.has("term"))
+        options.terms = call.values("term");
+    options.termWeight = weightOf(call);
+    options.boostingModel = boostingModelOf(call);
+    model = session.model(call.value("model"));
 }
 
 QString Job::formatted(const Transcript& transcript) const
@@ -217,35 +148,16 @@ void Job::write(const QString& file, const QString& text) const
 
 void Job::transcribe(const QString& file, const QString& label)
 {
-    const Transcript transcript = session.transcribe(file, model, language, label);
+    const Transcript transcript = session.transcribe(file, model, options, label);
     if (label != file && terminal::errorIsTerminal())
         terminal::writeMessage(QStringLiteral("%1: %2 s in %3 s")
                                    .arg(label)
                                    .arg(transcript.seconds, 0, 'f', 1)
                                    .arg(static_cast<double>(transcript.transcribeMs) / 1000, 0, 'f', 1));
     write(file, formatted(transcript));
-}
-
-/// Returns the exit code; the error has been written.
-int outcomeOf(Job& job, const QString& file, const QString& label)
-{
-    try {
-        job.transcribe(file, label);
-        return ExitCode::done;
-    } catch (const AudioFileError& error) {
-        terminal::writeError(error.localizedDescription());
-        return ExitCode::notFound;
-    } catch (const WhisperInProcessError& error) {
-        terminal::writeError(QStringLiteral("%1: %2").arg(file, error.localizedDescription()));
-        return error.kind() == WhisperInProcessError::Kind::modelLoadFailed ? ExitCode::noService : ExitCode::failed;
-    } catch (const asr::ASRError& error) {
+    if (!transcript.vocabulary.problem.isEmpty())
         terminal::writeError(
-            QStringLiteral("%1: %2 %3").arg(file, localizedDescription(error), QString::fromStdString(error.detail())));
-        return error.kind() == asr::ASRError::Kind::modelLoadFailed ? ExitCode::noService : ExitCode::failed;
-    } catch (const std::exception& error) {
-        terminal::writeError(QStringLiteral("%1: %2").arg(file, localizedDescription(error)));
-        return ExitCode::failed;
-    }
+            QStringLiteral("%1: your words were not looked for: %2").arg(file, transcript.vocabulary.problem));
 }
 
 int transcribe(const CommandCall& call)
@@ -257,7 +169,7 @@ int transcribe(const CommandCall& call)
         ++number;
         const QString label =
             call.words.size() == 1 ? file : QStringLiteral("[%1/%2] %3").arg(number).arg(call.words.size()).arg(file);
-        const int outcome = outcomeOf(job, file, label);
+        const int outcome = transcribing(file, [&] { job.transcribe(file, label); });
         // The first failure decides; the remaining files are still transcribed.
         if (exitCode == ExitCode::done)
             exitCode = outcome;
@@ -279,6 +191,9 @@ Command transcribeCommand()
                         {"language", "Language code, or \"auto\".", "CODE"},
                         {"format", "txt, srt or vtt (subtitles), or json. The default is txt.", "FORMAT"},
                         {"json", "The same as --format json: one object per line, with duration and timings."},
+                        {"ctc-model", "Path of the model that looks for your words beside a Parakeet model.", "FILE"},
+                        {"term", "Look for this word instead of your own; may be repeated.", "WORD"},
+                        {"weight", "How readily words are written, from 0 to 4; usually 1.", "NUMBER"},
                         {"output", "Write each text into this folder, named after its recording.", "DIR"}},
             .words = {{"FILE", "Recordings; - for standard input.", "FILE..."}}};
 }

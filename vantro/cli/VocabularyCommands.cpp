@@ -1,6 +1,7 @@
 #include "vantro/cli/Commands.h"
 #include "vantro/cli/ListFile.h"
 #include "vantro/cli/Terminal.h"
+#include "vantro/cli/VocabularyPlaces.h"
 #include "vantro/text/VocabularyFile.h"
 #include "vantro/text/VocabularySettings.h"
 
@@ -29,7 +30,11 @@ constexpr char vocabularyDescription[] =
 confuse it and may affect punctuation, language detection, and formatting.
 
   list               List all words, numbered. The default.
-  add WORD...        Add words.
+  add WORD...        Add words. --sounds-like TEXT and --weight NUMBER are for the
+                     Parakeet models, and change words that are there already, too.
+  try FILE           Transcribe a recording with a Parakeet model and show where your
+                     words, or those given by --term, were looked for and what spoke
+                     for them: logarithms of likelihoods of what was heard and of the term.
   remove WORD|#N     Remove a word, or word number N.
   import FILE        Add the words of a JSON or CSV file ("word"); "-" is standard input.
   export [FILE]      Write all words to a file, or to standard output.
@@ -52,6 +57,12 @@ public:
     virtual qsizetype add(const QStringList& words) = 0;
     virtual qsizetype addAll(const QByteArray& content, ListFormat format) = 0;
     virtual void removeAt(std::size_t index) = 0;
+    /// The options of "add", which are checked before anything is added.
+    virtual void requireUsable(const CommandCall& /*call*/) const {}
+    /// Returns whether that has changed anything.
+    virtual bool refine(const CommandCall& /*call*/) { return false; }
+    /// What else is known about an entry.
+    [[nodiscard]] virtual QString note(std::size_t /*index*/) const { return {}; }
     /// Nobody else changes the list during @p edit; throws when it could not be written.
     void change(const std::function<void()>& edit)
     {
@@ -161,7 +172,44 @@ public:
     }
 
     void removeAt(std::size_t index) override { settings_.removeVocabularyWord(static_cast<qsizetype>(index)); }
+
+    void requireUsable(const CommandCall& call) const override { static_cast<void>(weightOf(call)); }
+    bool refine(const CommandCall& call) override
+    {
+        bool isChanged = false;
+        for (const QString& text : call.words) {
+            const QString word = text.trimmed();
+            VocabularyDetails details = settings_.details(word);
+            for (const QString& spelling : call.values("sounds-like")) {
+                if (!details.soundsLike.contains(spelling.trimmed()) && !spelling.trimmed().isEmpty())
+                    details.soundsLike << spelling.trimmed();
+            }
+            if (call.has("weight"))
+                details.weight = weightOf(call);
+            if (details == settings_.details(word))
+                continue;
+            settings_.setDetails(word, details);
+            isChanged = true;
+        }
+        return isChanged;
+    }
+    [[nodiscard]] QString note(std::size_t index) const override
+    {
+        const VocabularyDetails details =
+            settings_.details(settings_.customVocabulary().at(static_cast<qsizetype>(index)));
+        QStringList notes;
+        if (!details.soundsLike.isEmpty())
+            notes << QStringLiteral("sounds like ") + details.soundsLike.join(QStringLiteral(", "));
+        if (details.weight != VocabularyDetails().weight)
+            notes << QStringLiteral("weight %1").arg(details.weight);
+        return notes.join(QStringLiteral("; "));
+    }
 };
+
+QString withNote(const QString& text, const QString& note)
+{
+    return note.isEmpty() ? text : QStringLiteral("%1  (%2)").arg(text, note);
+}
 
 int show(EditedList& list, const CommandCall& call)
 {
@@ -181,7 +229,8 @@ int show(EditedList& list, const CommandCall& call)
                                     .arg(number, 3)
                                     .arg(row[0], row[1].isEmpty() ? QStringLiteral("(deleted)") : row[1]));
         else if (isForAPerson)
-            terminal::writeLine(QStringLiteral("%1  %2").arg(number, 3).arg(row[0]));
+            terminal::writeLine(QStringLiteral("%1  %2").arg(number, 3).arg(
+                withNote(row[0], list.note(static_cast<std::size_t>(number - 1)))));
         else
             terminal::writeLine(row.join(QLatin1Char('\t')));
     }
@@ -215,9 +264,16 @@ int add(EditedList& list, const CommandCall& call)
 {
     if (!list.acceptsToAdd(call.words))
         throw WrongUsage(QStringLiteral("give what to add"));
+    list.requireUsable(call);
     qsizetype added = 0;
-    list.change([&] { added = list.add(call.words); });
-    terminal::writeLine(added > 0 ? QStringLiteral("%1 added").arg(added) : QStringLiteral("Nothing new"));
+    bool isRefined = false;
+    list.change([&] {
+        added = list.add(call.words);
+        isRefined = list.refine(call);
+    });
+    terminal::writeLine(added > 0   ? QStringLiteral("%1 added").arg(added)
+                        : isRefined ? QStringLiteral("Changed")
+                                    : QStringLiteral("Nothing new"));
     return ExitCode::done;
 }
 
@@ -291,8 +347,15 @@ Command replacementsCommand()
 
 Command vocabularyCommand()
 {
-    return listCommand<WordList>("vocabulary", "Show and edit words that the engine should know.",
-                                 vocabularyDescription);
+    Command command =
+        listCommand<WordList>("vocabulary", "Show and edit words that the engine should know.", vocabularyDescription);
+    command.actions.push_back({"try", tryVocabulary, 1, 1, "needs a recording"});
+    command.options.push_back({"sounds-like", "Another spelling of how the word is said; may be repeated.", "TEXT"});
+    command.options.push_back({"weight", "How readily the word is written, from 0 to 4; usually 1.", "NUMBER"});
+    command.options.push_back({"term", "A word to try; may be repeated.", "WORD"});
+    command.options.push_back({"model", "Catalogue name or path of the Parakeet model to try with.", "NAME"});
+    command.options.push_back({"ctc-model", "Path of the model that looks for words.", "FILE"});
+    return command;
 }
 
 } // namespace vantro

@@ -4,6 +4,7 @@
 #include "base/Error.h"
 #include "base/Stop.h"
 #include "platform/ThisProcess.h"
+#include "vantro/fluid/ErrorDetail.h"
 #include "vantro/fluid/TailCoverage.h"
 
 #include <QCoreApplication>
@@ -12,20 +13,13 @@
 #include <QMetaObject>
 #include <qcoro/qcorofuture.h>
 
+#include <new>
 #include <tuple>
 #include <utility>
 
 namespace vantro {
 
 namespace {
-
-QString detailOf(const std::exception& error)
-{
-    const auto* asrError = dynamic_cast<const asr::ASRError*>(&error);
-    return asrError != nullptr && !asrError->detail().empty()
-               ? QStringLiteral("%1 (%2)").arg(localizedDescription(error), QString::fromStdString(asrError->detail()))
-               : localizedDescription(error);
-}
 
 void requireWanted(const std::stop_token& stop)
 {
@@ -101,7 +95,44 @@ void FluidAsrEngine::unload()
     ++unloadCount_;
     loadTask_.reset();
     // Giving back hundreds of megabytes takes too long for the calling thread.
-    std::ignore = loader_.run([manager = std::exchange(manager_, nullptr)] {});
+    vocabularyPipeline_.reset();
+    std::ignore = loader_.run([this, manager = std::exchange(manager_, nullptr)] { ctcModel_.reset(); });
+}
+
+std::optional<FluidAsrEngine::PipelineBuild> FluidAsrEngine::pipelineFor(const FluidVocabulary& vocabulary)
+{
+    if (vocabulary.terms.empty())
+        return std::nullopt;
+    const QString key = vocabulary.key();
+    const FileVersion modelFile = FileVersion::of(vocabulary.modelFile);
+    const auto isUsable = [](const PipelineBuild& build) {
+        return !build.isFinished() || build.result().pipeline != nullptr;
+    };
+    if (!vocabularyPipeline_ || vocabularyPipeline_->key != key || vocabularyPipeline_->modelFile != modelFile ||
+        !isUsable(vocabularyPipeline_->build)) {
+        logger_.info(QStringLiteral("Loading vocabulary boosting pipeline (%1 terms)").arg(vocabulary.terms.size()));
+        vocabularyPipeline_ =
+            Pipeline{key, modelFile,
+                     loader_.run([this, vocabulary, modelFile] { return buildPipeline(vocabulary, modelFile); })};
+    }
+    return vocabularyPipeline_->build;
+}
+
+/// On the loader's thread. Never throws.
+FluidVocabularyBuild FluidAsrEngine::buildPipeline(const FluidVocabulary& vocabulary, const FileVersion& modelFile)
+{
+    try {
+        if (vocabulary.modelFile.isEmpty())
+            throw Error(QStringLiteral("The model that looks for words is missing: Settings, Vocabulary tells how to get it."));
+        if (ctcModel_ == nullptr || ctcModelFile_ != modelFile) {
+            ctcModel_.reset();
+            ctcModel_ = asr::CtcModel::load(QFile::encodeName(vocabulary.modelFile).toStdString(), moduleFolders_);
+            ctcModelFile_ = modelFile;
+        }
+        return {FluidVocabularyPipeline::make(vocabulary.terms, ctcModel_), {}};
+    } catch (const std::exception& error) {
+        return {nullptr, detailOf(error)};
+    }
 }
 
 QCoro::Task<QString> FluidAsrEngine::prepare(FluidModelSource model)
@@ -115,7 +146,7 @@ QCoro::Task<QString> FluidAsrEngine::prepare(FluidModelSource model)
     }
 }
 
-QCoro::Task<asr::ASRResult> FluidAsrEngine::transcribe(Request request)
+QCoro::Task<FluidTranscript> FluidAsrEngine::transcribe(Request request)
 {
     const Manager manager = co_await load(request.model, request.stop);
     const QFuture<void> turn = executor_.run([] {});
@@ -125,13 +156,14 @@ QCoro::Task<asr::ASRResult> FluidAsrEngine::transcribe(Request request)
     timer.start();
     const QString label = request.label;
     const std::size_t sampleCount = request.samples.size();
-    const QFuture<asr::ASRResult> running = start(manager, std::move(request));
-    asr::ASRResult result = co_await running;
-    report(label, sampleCount, result);
-    logger_.info(QStringLiteral("Transcription finished in %1 s (%2, vocabulary off)")
+    const QFuture<FluidTranscript> running = start(manager, std::move(request));
+    FluidTranscript transcript = co_await running;
+    reportVocabulary(transcript);
+    report(label, sampleCount, transcript.result);
+    logger_.info(QStringLiteral("Transcription finished in %1 s (%2, vocabulary %3)")
                      .arg(static_cast<double>(timer.elapsed()) / 1'000, 0, 'f', 3)
-                     .arg(label));
-    co_return result;
+                     .arg(label, transcript.hasVocabulary ? QStringLiteral("on") : QStringLiteral("off")));
+    co_return transcript;
 }
 
 bool FluidAsrEngine::hear(const Unfinished& recording)
@@ -172,9 +204,11 @@ std::shared_ptr<FluidAsrEngine::Live> FluidAsrEngine::beginLive(const Unfinished
         QMetaObject::invokeMethod(
             &context_, [onWords, text = QString::fromStdString(result.text)] { onWords(text); }, Qt::QueuedConnection);
     };
-    std::ignore = executor_.run([this, live, options = std::move(options)] {
+    const FluidVocabulary vocabulary = recording.vocabulary ? recording.vocabulary() : FluidVocabulary();
+    live->vocabularyKey = vocabulary.key();
+    std::ignore = executor_.run([this, live, options = std::move(options), build = pipelineFor(vocabulary)] {
         try {
-            live->stream = live->manager->stream(options);
+            live->stream = std::make_unique<BoostedStream>(*live->manager, options, build);
         } catch (const std::exception& error) {
             logger_.error(QStringLiteral("Not recognised while it is made: ") + detailOf(error));
         }
@@ -201,27 +235,45 @@ void FluidAsrEngine::forget()
 std::shared_ptr<FluidAsrEngine::Live> FluidAsrEngine::liveFor(const Manager& manager, const Request& request) const
 {
     const bool isSame = live_ && live_->label == request.label && live_->manager == manager &&
-                        live_->language == request.language && live_->given <= request.samples.size();
+                        live_->language == request.language && live_->vocabularyKey == request.vocabulary.key() &&
+                        live_->given <= request.samples.size();
     return isSame ? live_ : nullptr;
 }
 
 // Not inside the coroutine: GCC 12 destroys a lambda's captures twice when it is a temporary in a co_await expression.
-QFuture<asr::ASRResult> FluidAsrEngine::start(Manager manager, Request request)
+QFuture<FluidTranscript> FluidAsrEngine::start(Manager manager, Request request)
 {
     auto live = liveFor(manager, request);
     const std::size_t given = live ? live->given : 0;
-    return executor_.run([live = std::move(live), given, manager = std::move(manager), work = std::move(request)] {
+    auto build = live ? std::nullopt : pipelineFor(request.vocabulary);
+    return executor_.run([live = std::move(live), given, build = std::move(build), manager = std::move(manager),
+                          work = std::move(request)] {
         if (live && live->stream) {
             live->stream->append(std::span(work.samples).subspan(given));
             return live->stream->finish({work.onProgress, work.stop});
         }
-        asr::TdtDecoderState state;
-        asr::AsrManager::Options options;
+        asr::StreamingAsr::Options options;
         options.language = work.language;
-        options.onProgress = work.onProgress;
-        options.stop = work.stop;
-        return manager->transcribe(work.samples, state, options);
+        options.isLive = false;
+        try {
+            BoostedStream whole(*manager, options, build);
+            whole.append(work.samples);
+            return whole.finish({work.onProgress, work.stop});
+        } catch (const std::bad_alloc&) {
+            throw asr::ASRError(asr::ASRError::Kind::processingFailed, "out of memory");
+        }
     });
+}
+
+void FluidAsrEngine::reportVocabulary(const FluidTranscript& transcript) const
+{
+    if (transcript.spotting)
+        logger_.info(
+            QStringLiteral("CTC keyword spotting finished in %1 s").arg(transcript.spotting->count(), 0, 'f', 3));
+    if (transcript.replacements > 0)
+        logger_.info(QStringLiteral("Vocabulary boosting applied %1 replacement(s)").arg(transcript.replacements));
+    if (!transcript.skipped.isEmpty())
+        logger_.info(QStringLiteral("Vocabulary boosting skipped: ") + transcript.skipped);
 }
 
 void FluidAsrEngine::report(const QString& label, std::size_t sampleCount, const asr::ASRResult& result) const

@@ -3,6 +3,7 @@
 #include "asr/AsrManager.h"
 #include "base/Logger.h"
 #include "base/SerialExecutor.h"
+#include "vantro/fluid/BoostedStream.h"
 #include "vantro/models/FileVersion.h"
 
 #include <QFuture>
@@ -16,6 +17,7 @@
 #include <optional>
 #include <span>
 #include <stop_token>
+#include <tuple>
 #include <vector>
 
 namespace vantro {
@@ -46,6 +48,7 @@ public:
         std::optional<asr::Language> language;
         std::function<void(float)> onProgress; ///< 0..1, on the engine's thread; may be empty
         std::stop_token stop = {};
+        FluidVocabulary vocabulary = {}; ///< without terms, there is no boosting
     };
 
     /// @p moduleFolders are searched for ggml's module for this processor.
@@ -55,6 +58,8 @@ public:
     QCoro::Task<Manager> load(FluidModelSource model, std::stop_token stop = {});
     /// Preloads a model. Never throws: logs a failure and returns its description.
     QCoro::Task<QString> prepare(FluidModelSource model);
+    /// Loads what looks for the words, if there are any.
+    void prepareVocabulary(const FluidVocabulary& vocabulary) { std::ignore = pipelineFor(vocabulary); }
     struct Unfinished
     {
         const QString& label; ///< as in the Request that will follow
@@ -62,7 +67,8 @@ public:
         std::optional<asr::Language> language;
         std::span<const float> samples; ///< from the beginning
         bool mayHaveEnded = false;
-        std::function<void(const QString&)> onWords; ///< on the main thread
+        std::function<void(const QString&)> onWords;      ///< on the main thread
+        std::function<FluidVocabulary()> vocabulary = {}; ///< called at the beginning of a recording; may be empty
     };
     /// Recognises a recording while it is made. Returns false while the model is not loaded.
     bool hear(const Unfinished& recording);
@@ -70,7 +76,7 @@ public:
     /// Gives up the recording that is heard.
     void forget();
     /// Throws asr::ASRError; processingFailed soon after a stop request.
-    QCoro::Task<asr::ASRResult> transcribe(Request request);
+    QCoro::Task<FluidTranscript> transcribe(Request request);
     [[nodiscard]] bool holdsModel() const { return manager_ != nullptr || loadTask_; }
     /// Gives the model's memory back as soon as nothing uses it; also that of a load under way.
     void unload();
@@ -90,14 +96,26 @@ private:
         QString label;
         Manager manager;
         std::optional<asr::Language> language;
-        std::size_t given = 0;                     ///< samples, including those under way
-        std::unique_ptr<asr::StreamingAsr> stream; ///< the executor's; null after a failure
+        QString vocabularyKey;
+        std::size_t given = 0;                 ///< samples, including those under way
+        std::unique_ptr<BoostedStream> stream; ///< the executor's; null after a failure
+    };
+    using PipelineBuild = QFuture<FluidVocabularyBuild>;
+    struct Pipeline
+    {
+        QString key;
+        FileVersion modelFile;
+        PipelineBuild build;
     };
 
     [[nodiscard]] std::shared_ptr<Live> beginLive(const Unfinished& recording);
     [[nodiscard]] std::shared_ptr<Live> liveFor(const Manager& manager, const Request& request) const;
     [[nodiscard]] QFuture<Manager> startLoad(const FluidModelSource& model);
-    [[nodiscard]] QFuture<asr::ASRResult> start(Manager manager, Request request);
+    [[nodiscard]] QFuture<FluidTranscript> start(Manager manager, Request request);
+    /// Nothing if there are no terms.
+    [[nodiscard]] std::optional<PipelineBuild> pipelineFor(const FluidVocabulary& vocabulary);
+    [[nodiscard]] FluidVocabularyBuild buildPipeline(const FluidVocabulary& vocabulary, const FileVersion& modelFile);
+    void reportVocabulary(const FluidTranscript& transcript) const;
     void report(const QString& label, std::size_t sampleCount, const asr::ASRResult& result) const;
 
     Logger logger_{"FluidAsrEngine"};
@@ -108,6 +126,9 @@ private:
     std::optional<QFuture<Manager>> loadTask_;
     Identity loading_; ///< what loadTask_ loads
     int unloadCount_ = 0;
+    std::optional<Pipeline> vocabularyPipeline_;
+    std::shared_ptr<const asr::CtcModel> ctcModel_; ///< this and its file: the loader's
+    FileVersion ctcModelFile_;
     std::shared_ptr<Live> live_;
     SerialExecutor loader_;
     SerialExecutor executor_;

@@ -2,6 +2,7 @@
 
 #include "asr/ASRError.h"
 #include "asr/AsrModels.h"
+#include "asr/GgufFile.h"
 #include "asr/ModelFile.h"
 #include "base/Logger.h"
 #include "vantro/models/FileVersion.h"
@@ -12,6 +13,7 @@
 #include <QHash>
 #include <QUrl>
 
+#include <filesystem>
 #include <mutex>
 #include <utility>
 
@@ -48,7 +50,11 @@ QString FluidModelFiles::damageOf(const QString& path) const
     if (whole_->has(found))
         return {};
     try {
-        const asr::ModelFile file(QFile::encodeName(path).toStdString());
+        const std::filesystem::path file = QFile::encodeName(path).toStdString();
+        if (file.extension() == ".gguf")
+            static_cast<void>(asr::GgufFile(file));
+        else
+            static_cast<void>(asr::ModelFile(file));
         whole_->add(found);
         return {};
     } catch (const asr::ASRError& error) {
@@ -66,6 +72,7 @@ QString FluidModelFiles::find(const TranscriptionModel& model) const
     // File names of the English repository omit the language.
     if (names.first().endsWith(QLatin1String("-en")))
         names << names.first().chopped(3);
+    const QString suffix = QFileInfo(model.fileName()).suffix();
     for (const QString& folder : folders_) {
         QString published = folder + QLatin1Char('/') + model.fileName();
         if (QFileInfo(published).isFile())
@@ -74,7 +81,7 @@ QString FluidModelFiles::find(const TranscriptionModel& model) const
             for (const char* prefix : {"", "ggml-"}) {
                 for (const QString& name : names) {
                     QString file = folder + QLatin1Char('/') + QLatin1String(prefix) + name + QLatin1String(precision) +
-                                   QLatin1String(".bin");
+                                   QLatin1Char('.') + suffix;
                     if (QFileInfo(file).isFile())
                         return file;
                 }

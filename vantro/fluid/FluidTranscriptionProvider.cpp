@@ -23,6 +23,18 @@ std::vector<TranscribedToken> tokensOf(const asr::ASRResult& result)
     return tokens;
 }
 
+VocabularyReport reportOf(const FluidTranscript& transcript)
+{
+    VocabularyReport report;
+    if (transcript.hasVocabulary)
+        report = {VocabularyReport::Way::boosting, transcript.skipped, {}};
+    for (const asr::ConsideredTerm& place : transcript.considered)
+        report.places.push_back({QString::fromStdString(place.term), QString::fromStdString(place.heard), place.start,
+                                 place.end, place.similarity, place.scoreBefore, place.scoreAfter, place.bias,
+                                 place.isReplaced});
+    return report;
+}
+
 } // namespace
 
 TranscriptionEngineError TranscriptionEngineError::misconfiguredFluidModel(const QString& modelName)
@@ -32,12 +44,14 @@ TranscriptionEngineError TranscriptionEngineError::misconfiguredFluidModel(const
 
 FluidTranscriptionProvider::FluidTranscriptionProvider(FluidAsrEngine& engine, FluidModelFiles files,
                                                        FileDownloader& downloader, UserDefaults& defaults,
-                                                       const VocabularySettings& vocabulary)
+                                                       const VocabularySettings& vocabulary,
+                                                       const TranscriptionModel& boostingModel)
     : engine_(engine)
     , files_(std::move(files))
     , downloader_(downloader)
     , defaults_(defaults)
     , vocabulary_(vocabulary)
+    , boostingModel_(boostingModel)
 {
 }
 
@@ -54,7 +68,10 @@ QCoro::Task<QString> FluidTranscriptionProvider::prepare(TranscriptionModel mode
 {
     if (!model.fluidModel)
         co_return TranscriptionEngineError::misconfiguredFluidModel(model.name).localizedDescription();
-    co_return co_await engine_.prepare(source(model));
+    QString problem = co_await engine_.prepare(source(model));
+    if (problem.isEmpty())
+        engine_.prepareVocabulary(vocabulary());
+    co_return problem;
 }
 
 QCoro::Task<QString> FluidTranscriptionProvider::transcribe(TranscriptionRequest request)
@@ -66,10 +83,14 @@ QCoro::Task<QString> FluidTranscriptionProvider::transcribe(TranscriptionRequest
     work.samples = std::move(request.samples);
     work.onProgress = std::move(request.onProgress);
     work.stop = request.stop;
-    const asr::ASRResult result = co_await engine_.transcribe(std::move(work));
+    work.vocabulary = vocabulary(request.terms, request.termWeight, request.boostingModel);
+    const FluidTranscript transcript = co_await engine_.transcribe(std::move(work));
     if (request.onTokens)
-        request.onTokens(tokensOf(result));
-    co_return TextReplacer::applyReplacements(QString::fromStdString(result.text).trimmed(),
+        request.onTokens(tokensOf(transcript.result));
+    boostingProblem_ = transcript.skipped;
+    if (request.onVocabulary)
+        request.onVocabulary(reportOf(transcript));
+    co_return TextReplacer::applyReplacements(QString::fromStdString(transcript.result.text).trimmed(),
                                               vocabulary_.textReplacements());
 }
 
@@ -79,9 +100,25 @@ bool FluidTranscriptionProvider::hear(const UnfinishedRecording& recording)
         return false;
     const FluidModelSource model = source(recording.model);
     return engine_.hear({recording.id, model, languageHint(recording.model, {}), recording.samples,
-                         recording.mayHaveEnded, [this, onWords = recording.onWords](const QString& text) {
+                         recording.mayHaveEnded,
+                         [this, onWords = recording.onWords](const QString& text) {
                              onWords(TextReplacer::applyReplacements(text.trimmed(), vocabulary_.textReplacements()));
+                         },
+                         [this] {
+                             return vocabulary();
                          }});
+}
+
+FluidVocabulary FluidTranscriptionProvider::vocabulary(const std::optional<QStringList>& terms, double weight,
+                                                       const QString& modelFile) const
+{
+    FluidVocabulary vocabulary;
+    for (const QString& word : terms.value_or(vocabulary_.customVocabulary())) {
+        const VocabularyDetails details = vocabulary_.details(word);
+        vocabulary.terms.push_back(vocabularyTerm(word, details.soundsLike, details.weight * weight));
+    }
+    vocabulary.modelFile = modelFile.isEmpty() ? files_.find(boostingModel_) : modelFile;
+    return vocabulary;
 }
 
 /// The multilingual model transcribes one language at a time and does not detect it.

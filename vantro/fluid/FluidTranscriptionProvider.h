@@ -23,8 +23,10 @@ private:
 class FluidTranscriptionProvider final : public SpeechEngine
 {
 public:
+    /// @p boostingModel: the catalogue's entry, which must outlive the provider.
     FluidTranscriptionProvider(FluidAsrEngine& engine, FluidModelFiles files, FileDownloader& downloader,
-                               UserDefaults& defaults, const VocabularySettings& vocabulary);
+                               UserDefaults& defaults, const VocabularySettings& vocabulary,
+                               const TranscriptionModel& boostingModel);
 
     [[nodiscard]] TranscriptionEngine kind() const override { return TranscriptionEngine::fluid; }
     [[nodiscard]] QString label() const override { return QStringLiteral("Fluid"); }
@@ -38,6 +40,8 @@ public:
     bool hear(const UnfinishedRecording& recording) override;
     void hurry() override { engine_.hurry(); }
     void dictationEnded() override { engine_.forget(); }
+    /// Why the latest transcription could not look for the user's words; empty if it could or need not.
+    [[nodiscard]] QString boostingProblem() const { return boostingProblem_; }
     [[nodiscard]] bool holdsModel() const override { return engine_.holdsModel(); }
     void unload() override { engine_.unload(); }
 
@@ -47,6 +51,9 @@ protected:
 
 private:
     [[nodiscard]] FluidModelSource source(const TranscriptionModel& model) const;
+    /// @p terms and @p modelFile: instead of the user's words and the downloaded model.
+    [[nodiscard]] FluidVocabulary vocabulary(const std::optional<QStringList>& terms = {}, double weight = 1,
+                                             const QString& modelFile = {}) const;
     [[nodiscard]] std::optional<asr::Language> languageHint(const TranscriptionModel& model,
                                                             const std::optional<QString>& language) const;
 
@@ -55,6 +62,8 @@ private:
     FileDownloader& downloader_;
     UserDefaults& defaults_;
     const VocabularySettings& vocabulary_;
+    const TranscriptionModel& boostingModel_;
+    QString boostingProblem_;
     Logger logger_{"FluidAsrEngine"};
     SerialExecutor checks_{QStringLiteral("fluid model checks")};
 };

@@ -112,9 +112,38 @@ std::unique_ptr<ModelListModel> Windows::makeModelList()
     return models;
 }
 
+VocabularyModel::Boosting Windows::boosting() const
+{
+    using State = VocabularyModel::Boosting::State;
+    Speech& speech = parts_.speech;
+    const TranscriptionModel& model = speech.catalogue.boostingModel();
+    VocabularyModel::Boosting boosting;
+    if (speech.selection.selectedModel().engine != TranscriptionEngine::fluid)
+        return boosting;
+    const ModelStatus status = speech.status(model);
+    const bool hasHost = ModelHost::usable(model.address()).has_value();
+    if (speech.downloads.stateOf(model.name) != DownloadQueue::State::idle)
+        boosting.state = State::downloading;
+    else if (status.state == ModelStatus::State::ready)
+        boosting.state = State::ready;
+    else if (status.state == ModelStatus::State::unchecked)
+        boosting.state = State::damaged;
+    else
+        boosting.state = hasHost ? State::missing : State::unpublished;
+    boosting.file =
+        status.file.isEmpty() ? modelFolders().constFirst() + QLatin1Char('/') + model.fileName() : status.file;
+    boosting.size = model.size;
+    boosting.problem = boosting.state == State::ready ? speech.boostingProblem() : QString();
+    boosting.status = speech.downloads.statusText(model.name);
+    boosting.progress =
+        speech.downloads.stateOf(model.name) == DownloadQueue::State::running ? speech.downloads.progress() : 0;
+    return boosting;
+}
+
 std::unique_ptr<VocabularyModel> Windows::makeVocabularyModel()
 {
-    return std::make_unique<VocabularyModel>(VocabularyModel::Parts{
+    DownloadQueue& downloads = parts_.speech.downloads;
+    auto vocabulary = std::make_unique<VocabularyModel>(VocabularyModel::Parts{
         parts_.vocabulary,
         [this](const LimitNotice& notice) {
             alerts_.show(AlertWindow::Kind::informational, notice.title, notice.message);
@@ -123,7 +152,18 @@ std::unique_ptr<VocabularyModel> Windows::makeVocabularyModel()
             alerts_.confirm(tr("Reset All Vocabulary & Replacements"),
                             tr("All words and replacements will be removed. This action cannot be undone."),
                             tr("Reset"), std::move(confirmed));
+        },
+        [this] { return boosting(); }, [this, &downloads] { downloads.add(parts_.speech.catalogue.boostingModel()); },
+        [this, &downloads] {
+            downloads.cancel(parts_.speech.catalogue.boostingModel().name);
         }});
+    connect(&downloads, &DownloadQueue::changed, vocabulary.get(), &VocabularyModel::refreshBoosting);
+    const auto follow = [page = vocabulary.get()](const QString& key) {
+        if (key == setting::selectedModelName.key || key == setting::modelHostBaseURL.key)
+            page->refreshBoosting();
+    };
+    connect(&parts_.defaults, &UserDefaults::changed, vocabulary.get(), follow, Qt::QueuedConnection);
+    return vocabulary;
 }
 
 std::unique_ptr<ProvidersModel> Windows::makeProvidersModel()

@@ -282,7 +282,9 @@ void Windows::tellOfModel(const QString& name)
 {
     if (!settings_.isVisible() && !onboarding_.isVisible() && !(downloadWindow_ && downloadWindow_->isVisible()))
         back_.run([this, name] { hud_.showNews(tr("The speech model is ready"), name); });
-    parts_.notifications.post(notification::modelDownloaded);
+    // That is for who waits for a model that transcribes.
+    if (name != parts_.speech.catalogue.boostingModel().name)
+        parts_.notifications.post(notification::modelDownloaded);
 }
 
 void Windows::showTranscribing()

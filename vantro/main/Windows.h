@@ -102,6 +102,7 @@ private:
     [[nodiscard]] std::unique_ptr<ModelListModel> makeModelList();
     [[nodiscard]] std::unique_ptr<ModesModel> makeModesModel();
     [[nodiscard]] std::unique_ptr<VocabularyModel> makeVocabularyModel();
+    [[nodiscard]] VocabularyModel::Boosting boosting() const;
     [[nodiscard]] std::unique_ptr<ProvidersModel> makeProvidersModel();
     [[nodiscard]] LazyWindow::Content onboardingContent();
     [[nodiscard]] LazyWindow::Content historyContent();

@@ -90,6 +90,20 @@ TranscriptionModel fluidEntry(const FluidEntry& entry)
     return model;
 }
 
+constexpr const char* boostingFile = "parakeet-tdt_ctc-110m-q8_0.gguf";
+
+TranscriptionModel boostingEntry()
+{
+    TranscriptionModel model;
+    model.name = QStringLiteral("Vocabulary boosting");
+    model.size = QStringLiteral("120 MiB");
+    model.ramUsage = 0.15;
+    model.supportedLanguages = SupportedLanguages::english;
+    model.engine = TranscriptionEngine::fluid;
+    model.fluidModel = FluidModel{QStringLiteral("parakeet-tdt_ctc-110m"), false, QLatin1String(boostingFile)};
+    return model;
+}
+
 TranscriptionModel whisperEntry(const WhisperEntry& entry)
 {
     TranscriptionModel model;
@@ -107,7 +121,7 @@ TranscriptionModel whisperEntry(const WhisperEntry& entry)
 
 } // namespace
 
-ModelCatalogue::ModelCatalogue(const QString& modelHost)
+ModelCatalogue::ModelCatalogue(const QString& modelHost) : boostingModel_(boostingEntry())
 {
     for (const FluidEntry& entry : fluidEntries)
         models_.push_back(fluidEntry(entry));
@@ -125,6 +139,10 @@ void ModelCatalogue::setHost(const QString& modelHost)
         else
             model.url = modelHost + folder + model.fileName();
     }
+    // Nobody has published it yet: only a host of the user's own can have it.
+    const bool isOwnHost = modelHost != ModelHost::publicAddress();
+    const QString file = QLatin1String(boostingFile);
+    boostingModel_.fluidModel->url = isOwnHost ? QString(modelHost + folder + file) : file;
 }
 
 const TranscriptionModel* ModelCatalogue::find(const QString& name) const

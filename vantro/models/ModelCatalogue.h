@@ -26,9 +26,13 @@ public:
     /// As a user may call it: by name, short name, file name or the unambiguous beginning of one of the first two, in
     /// any case; otherwise null.
     [[nodiscard]] const TranscriptionModel* match(const QString& text) const;
+    /// The model that looks for the user's words beside a Parakeet model. It is not among models() because it
+    /// transcribes nothing by itself. Its URL is unusable where no host is known to serve it.
+    [[nodiscard]] const TranscriptionModel& boostingModel() const { return boostingModel_; }
 
 private:
     std::vector<TranscriptionModel> models_;
+    TranscriptionModel boostingModel_;
 };
 
 /// A name that needs no quotes, such as "parakeet-v3" or "small".

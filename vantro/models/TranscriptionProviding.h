@@ -3,6 +3,7 @@
 #include "vantro/models/TranscriptionModel.h"
 
 #include <QString>
+#include <QStringList>
 #include <qcoro/qcorotask.h>
 
 #include <chrono>
@@ -24,6 +25,33 @@ struct TranscribedToken
     float confidence = 0; ///< 0..1; 0 of a segment
 };
 
+/// A place in a recording where one of the user's words may have been said. Scores are natural logarithms.
+struct VocabularyPlace
+{
+    QString term;
+    QString heard; ///< the words there
+    std::chrono::duration<double> start{};
+    std::chrono::duration<double> end{};
+    float similarity = 0;  ///< 0..1
+    float scoreBefore = 0; ///< of the passage as it was heard
+    float scoreAfter = 0;  ///< with the term
+    float bias = 0;        ///< in favour of the term
+    bool isReplaced = false;
+};
+
+/// What an engine has done with the user's words.
+struct VocabularyReport
+{
+    enum class Way {
+        none,     ///< there are none
+        prompt,   ///< they were given to the model as a text that precedes the recording
+        boosting, ///< they were looked for in the recording
+    };
+    Way way = Way::none;
+    QString problem = {}; ///< why they were not; otherwise empty
+    std::vector<VocabularyPlace> places = {};
+};
+
 struct TranscriptionRequest
 {
     QString recordingID;
@@ -39,6 +67,14 @@ struct TranscriptionRequest
     std::stop_token stop = {};
     /// Nobody waits for it yet: at most one processor.
     bool isAhead = false;
+    /// Instead of the user's words.
+    std::optional<QStringList> terms = {};
+    /// Multiplies the words' own weights.
+    double termWeight = 1;
+    /// The file of the model that looks for them; the downloaded one when empty.
+    QString boostingModel = {};
+    /// Called on the main thread before transcribe() returns.
+    std::function<void(const VocabularyReport&)> onVocabulary = {};
 };
 
 /// A recording that goes on.

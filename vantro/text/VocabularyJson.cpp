@@ -4,6 +4,8 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+#include <algorithm>
+
 namespace vantro {
 
 namespace {
@@ -63,6 +65,33 @@ std::optional<std::vector<TextReplacement>> replacementsFromJson(const QByteArra
         replacements.push_back(*replacement);
     }
     return replacements;
+}
+
+QByteArray toJson(const QHash<QString, VocabularyDetails>& details)
+{
+    QJsonObject object;
+    for (auto entry = details.begin(); entry != details.end(); ++entry)
+        object[entry.key()] = QJsonObject{{QStringLiteral("soundsLike"), QJsonArray::fromStringList(entry->soundsLike)},
+                                          {QStringLiteral("weight"), entry->weight}};
+    return QJsonDocument(object).toJson(QJsonDocument::Compact);
+}
+
+QHash<QString, VocabularyDetails> detailsFromJson(const QByteArray& json)
+{
+    QHash<QString, VocabularyDetails> details;
+    const QJsonObject object = QJsonDocument::fromJson(json).object();
+    for (auto entry = object.begin(); entry != object.end(); ++entry) {
+        const QJsonObject stored = entry->toObject();
+        VocabularyDetails word;
+        for (const QJsonValue& spelling : stored.value(QLatin1String("soundsLike")).toArray()) {
+            if (const QString text = spelling.toString().trimmed(); !text.isEmpty())
+                word.soundsLike << text;
+        }
+        word.weight = std::clamp(stored.value(QLatin1String("weight")).toDouble(1), VocabularyDetails::leastWeight,
+                                 VocabularyDetails::greatestWeight);
+        details.insert(entry.key(), word);
+    }
+    return details;
 }
 
 } // namespace vantro

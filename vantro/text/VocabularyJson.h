@@ -1,8 +1,10 @@
 #pragma once
 
 #include "vantro/text/TextReplacement.h"
+#include "vantro/text/VocabularySettings.h"
 
 #include <QByteArray>
+#include <QHash>
 #include <QStringList>
 
 #include <optional>
@@ -16,5 +18,10 @@ QByteArray toJson(const QStringList& words);
 QByteArray toJson(const std::vector<TextReplacement>& replacements);
 std::optional<QStringList> vocabularyFromJson(const QByteArray& json);
 std::optional<std::vector<TextReplacement>> replacementsFromJson(const QByteArray& json);
+
+/// An object with an object per word: "soundsLike", a list of texts, and "weight", a number; both may be absent. What
+/// is not of that form is left out.
+QByteArray toJson(const QHash<QString, VocabularyDetails>& details);
+QHash<QString, VocabularyDetails> detailsFromJson(const QByteArray& json);
 
 } // namespace vantro

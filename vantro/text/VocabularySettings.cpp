@@ -14,6 +14,7 @@ VocabularySettings::VocabularySettings(UserDefaults& defaults) : defaults_(defau
 {
     loadVocabulary();
     loadReplacements();
+    loadDetails();
     connect(&defaults, &UserDefaults::changed, this, [this](const QString& key) {
         if (key == setting::customVocabulary.key) {
             loadVocabulary();
@@ -21,6 +22,9 @@ VocabularySettings::VocabularySettings(UserDefaults& defaults) : defaults_(defau
         } else if (key == setting::textReplacements.key) {
             loadReplacements();
             Q_EMIT textReplacementsChanged();
+        } else if (key == setting::vocabularyDetails.key) {
+            loadDetails();
+            Q_EMIT customVocabularyChanged();
         }
     });
 }
@@ -47,6 +51,22 @@ void VocabularySettings::loadReplacements()
     auto replacements = data ? replacementsFromJson(*data) : std::nullopt;
     replacementsUnreadable_ = defaults_.contains(setting::textReplacements.key) && !replacements;
     textReplacements_ = std::move(replacements).value_or(std::vector<TextReplacement>());
+}
+
+void VocabularySettings::loadDetails()
+{
+    details_ = detailsFromJson(defaults_.get(setting::vocabularyDetails));
+}
+
+void VocabularySettings::setDetails(const QString& word, const VocabularyDetails& details)
+{
+    defaults_.change([&] {
+        if (details == VocabularyDetails())
+            details_.remove(word);
+        else
+            details_.insert(word, details);
+        defaults_.set(setting::vocabularyDetails, toJson(details_));
+    });
 }
 
 void VocabularySettings::saveVocabulary()
@@ -142,6 +162,8 @@ void VocabularySettings::reset()
 {
     setVocabulary({});
     setReplacements({});
+    details_.clear();
+    defaults_.set(setting::vocabularyDetails, QByteArray());
 }
 
 std::optional<LimitNotice> VocabularySettings::vocabularyLimitNotice(qsizetype more) const

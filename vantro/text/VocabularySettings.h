@@ -3,6 +3,7 @@
 #include "base/UserDefaults.h"
 #include "vantro/text/TextReplacement.h"
 
+#include <QHash>
 #include <QObject>
 #include <QStringList>
 
@@ -18,6 +19,18 @@ struct LimitNotice
 {
     QString title;
     QString message;
+};
+
+/// What the user knows about a word beyond its spelling.
+struct VocabularyDetails
+{
+    QStringList soundsLike; ///< other spellings of how it is said
+    double weight = 1;      ///< the more, the sooner it is written
+
+    static constexpr double leastWeight = 0;
+    static constexpr double greatestWeight = 4;
+
+    bool operator==(const VocabularyDetails&) const = default;
 };
 
 /// The user's words and replacements. Changes are written through, and changes by other processes are adopted. An
@@ -45,6 +58,10 @@ public:
     void addReplacement(const QString& find, const QString& replace);
     void removeReplacement(std::size_t index);
     void updateReplacement(const TextReplacement& replacement, std::size_t index);
+    /// The defaults for a word without any.
+    [[nodiscard]] VocabularyDetails details(const QString& word) const { return details_.value(word); }
+    /// Keeps them when the word is removed, for the case that it comes back.
+    void setDetails(const QString& word, const VocabularyDetails& details);
     /// Replaces the whole list, e.g. after an import.
     void setVocabulary(const QStringList& words);
     void setReplacements(std::vector<TextReplacement> replacements);
@@ -64,6 +81,7 @@ private:
 
     void loadVocabulary();
     void loadReplacements();
+    void loadDetails();
     void saveVocabulary();
     void saveReplacements();
     void changeReplacement(std::size_t index, const std::function<void(Replacements::iterator)>& edit);
@@ -71,6 +89,7 @@ private:
 
     UserDefaults& defaults_;
     QStringList customVocabulary_;
+    QHash<QString, VocabularyDetails> details_; ///< by word
     std::vector<TextReplacement> textReplacements_;
     bool vocabularyUnreadable_ = false;
     bool replacementsUnreadable_ = false;

@@ -98,7 +98,9 @@ QCoro::Task<QString> WhisperTranscriptionProvider::transcribe(TranscriptionReque
     WhisperInProcessEngine::Request work;
     work.samples = std::move(request.samples);
     work.language = request.language.value_or(defaults_.get(setting::selectedLanguage));
-    work.prompt = vocabulary_.customVocabulary().join(QStringLiteral(", "));
+    work.prompt = request.terms.value_or(vocabulary_.customVocabulary()).join(QStringLiteral(", "));
+    if (request.onVocabulary && !work.prompt.isEmpty())
+        request.onVocabulary({VocabularyReport::Way::prompt});
     work.onProgress = std::move(request.onProgress);
     work.stop = request.stop;
     work.isAhead = request.isAhead;

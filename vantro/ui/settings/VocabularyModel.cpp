@@ -3,15 +3,102 @@
 #include <QPointer>
 
 #include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstddef>
 #include <utility>
 
 namespace vantro {
 
-VocabularyModel::VocabularyModel(Parts parts) : parts_(std::move(parts))
+namespace {
+
+/// The weights that the page offers.
+constexpr std::array<double, 3> weights = {0.5, 1, 2};
+
+} // namespace
+
+VocabularyModel::VocabularyModel(Parts parts) : parts_(std::move(parts)), boosting_(parts_.boosting())
 {
     connect(&parts_.vocabulary, &VocabularySettings::customVocabularyChanged, this, &VocabularyModel::wordsChanged);
     connect(&parts_.vocabulary, &VocabularySettings::textReplacementsChanged, this,
             &VocabularyModel::replacementsChanged);
+}
+
+void VocabularyModel::refreshBoosting()
+{
+    boosting_ = parts_.boosting();
+    Q_EMIT boostingChanged();
+}
+
+QString VocabularyModel::boostingText() const
+{
+    switch (boosting_.state) {
+    case Boosting::State::prompt:
+        return tr("Your words are given to the whisper model as a hint before it listens.");
+    case Boosting::State::ready:
+        return tr("Ready: Parakeet dictations are searched for your words.");
+    case Boosting::State::missing:
+        return tr("Parakeet models need a second model that looks for your words (%1).").arg(boosting_.size);
+    case Boosting::State::unpublished:
+        return tr("Parakeet models need a second model that looks for your words. No model host has it yet.");
+    case Boosting::State::damaged:
+        return tr("The model that looks for your words is damaged or of another kind.");
+    case Boosting::State::downloading:
+        return tr("The model that looks for your words is being downloaded.");
+    }
+    return {};
+}
+
+QString VocabularyModel::boostingHint() const
+{
+    switch (boosting_.state) {
+    case Boosting::State::ready:
+        return tr("Costs about 0.2 GB of memory and a sixth more computing, mostly while you speak. English words are "
+                  "found best.");
+    case Boosting::State::unpublished:
+        return tr("Make it with convert-ctc from NVIDIA's published model, and put it there: %1").arg(boosting_.file);
+    case Boosting::State::damaged:
+        return tr("Replace or delete this file: %1").arg(boosting_.file);
+    default:
+        return {};
+    }
+}
+
+QString VocabularyModel::boostingProblem() const
+{
+    return boosting_.problem.isEmpty() || words().isEmpty()
+               ? QString()
+               : tr("The latest dictation was not searched for your words: %1").arg(boosting_.problem);
+}
+
+QString VocabularyModel::soundsLike(int row) const
+{
+    return parts_.vocabulary.details(words().value(row)).soundsLike.join(QStringLiteral(", "));
+}
+
+int VocabularyModel::readiness(int row) const
+{
+    const double weight = parts_.vocabulary.details(words().value(row)).weight;
+    const auto isNearer = [weight](double a, double b) {
+        return std::abs(a - weight) < std::abs(b - weight);
+    };
+    return static_cast<int>(std::ranges::min_element(weights, isNearer) - weights.begin());
+}
+
+void VocabularyModel::refineWord(int row, const QString& soundsLike, int readiness)
+{
+    if (row < 0 || row >= words().size() || readiness < 0 || readiness >= std::ssize(weights))
+        return;
+    VocabularyDetails details = parts_.vocabulary.details(words().at(row));
+    details.soundsLike.clear();
+    for (const QString& spelling : soundsLike.split(QLatin1Char(','))) {
+        if (!spelling.trimmed().isEmpty())
+            details.soundsLike << spelling.trimmed();
+    }
+    // A finer weight from the command line stays unless another one is chosen.
+    if (readiness != this->readiness(row))
+        details.weight = weights.at(static_cast<std::size_t>(readiness));
+    parts_.vocabulary.setDetails(words().at(row), details);
 }
 
 QVariantList VocabularyModel::replacements() const

@@ -22,14 +22,45 @@ class VocabularyModel : public QObject
     Q_PROPERTY(QVariantList replacements READ replacements NOTIFY replacementsChanged)
     Q_PROPERTY(QString wordsLimit READ wordsLimit NOTIFY wordsChanged)
     Q_PROPERTY(QString replacementsLimit READ replacementsLimit NOTIFY replacementsChanged)
+    Q_PROPERTY(QString boostingText READ boostingText NOTIFY boostingChanged)
+    Q_PROPERTY(QString boostingHint READ boostingHint NOTIFY boostingChanged)
+    Q_PROPERTY(QString boostingProblem READ boostingProblem NOTIFY boostingChanged)
+    Q_PROPERTY(bool canDownload READ canDownload NOTIFY boostingChanged)
+    Q_PROPERTY(bool isDownloading READ isDownloading NOTIFY boostingChanged)
+    Q_PROPERTY(qreal downloadProgress READ downloadProgress NOTIFY boostingChanged)
+    Q_PROPERTY(QString downloadStatus READ downloadStatus NOTIFY boostingChanged)
     Q_PROPERTY(QString removed READ removed NOTIFY removedChanged)
 public:
+    /// How words reach the recogniser.
+    struct Boosting
+    {
+        enum class State {
+            prompt,      ///< the selected model is a whisper model
+            ready,       ///< the model that looks for words is there
+            missing,     ///< it can be downloaded
+            unpublished, ///< no host is known to have it
+            damaged,
+            downloading,
+        };
+        State state = State::prompt;
+        QString file;    ///< of the model that looks for words, where it is or should be
+        QString size;    ///< of its download
+        QString problem; ///< why it could not be used last; otherwise empty
+        QString status;  ///< of its download, or why the latest one failed; otherwise empty
+        float progress = 0;
+    };
+
     struct Parts
     {
         VocabularySettings& vocabulary;
         std::function<void(const LimitNotice&)> showNotice;
         /// Asks whether to remove everything, and calls back on yes.
         std::function<void(std::function<void()>)> confirmReset;
+        std::function<Boosting()> boosting = [] {
+            return Boosting();
+        };
+        std::function<void()> download = {};
+        std::function<void()> cancelDownload = {};
     };
 
     explicit VocabularyModel(Parts parts);
@@ -43,6 +74,23 @@ public:
     /// What undo() would restore; empty when there is nothing.
     [[nodiscard]] QString removed() const { return removed_; }
 
+    [[nodiscard]] QString boostingText() const;
+    [[nodiscard]] QString boostingHint() const;
+    [[nodiscard]] QString boostingProblem() const;
+    [[nodiscard]] bool canDownload() const { return boosting_.state == Boosting::State::missing; }
+    [[nodiscard]] bool isDownloading() const { return boosting_.state == Boosting::State::downloading; }
+    [[nodiscard]] qreal downloadProgress() const { return static_cast<qreal>(boosting_.progress); }
+    [[nodiscard]] QString downloadStatus() const { return boosting_.status; }
+    Q_INVOKABLE void download() { parts_.download(); }
+    Q_INVOKABLE void cancelDownload() { parts_.cancelDownload(); }
+    /// Looks again how words reach the recogniser.
+    void refreshBoosting();
+
+    /// Separated by commas.
+    [[nodiscard]] Q_INVOKABLE QString soundsLike(int row) const;
+    /// How readily the word is written: 0 seldom, 1 normally, 2 readily.
+    [[nodiscard]] Q_INVOKABLE int readiness(int row) const;
+    Q_INVOKABLE void refineWord(int row, const QString& soundsLike, int readiness);
     /// Tells the user and returns false when the list is full.
     Q_INVOKABLE bool addWord(const QString& word);
     Q_INVOKABLE void removeWord(int row);
@@ -56,11 +104,13 @@ Q_SIGNALS:
     void wordsChanged();
     void replacementsChanged();
     void removedChanged();
+    void boostingChanged();
 
 private:
     void offerUndo(const QString& text, std::function<void()> undo);
 
     Parts parts_;
+    Boosting boosting_;
     QString removed_;
     std::function<void()> undo_;
 };

@@ -99,17 +99,55 @@ VPage {
         }
         Repeater {
             model: page.settings.words
-            VSettingRow {
+            WordRow {
                 required property int index
                 required property string modelData
-                title: modelData
-                VButton {
-                    secondary: true
-                    text: qsTr("Remove")
-                    Accessible.description: modelData
-                    onClicked: page.settings.removeWord(index)
-                }
+                word: modelData
+                soundsLike: page.settings.soundsLike(index)
+                readiness: page.settings.readiness(index)
+                onChangeAccepted: (soundsLike, readiness) => page.settings.refineWord(index, soundsLike, readiness)
+                onRemovePressed: page.settings.removeWord(index)
             }
+        }
+    }
+    VCard {
+        heading: qsTr("How your words are recognized")
+        VSettingRow {
+            title: page.settings.boostingText
+            hint: page.settings.boostingHint
+            VButton {
+                visible: page.settings.canDownload || page.settings.isDownloading
+                secondary: page.settings.isDownloading
+                text: page.settings.isDownloading ? qsTr("Cancel") : qsTr("Download")
+                Accessible.description: page.settings.boostingText
+                onClicked: page.settings.isDownloading ? page.settings.cancelDownload() : page.settings.download()
+            }
+        }
+        Rectangle {
+            width: parent.width
+            height: Theme.space8
+            radius: height / 2
+            visible: page.settings.isDownloading
+            color: Theme.surfacePressed
+            border.width: Theme.hairline
+            border.color: Theme.control
+            Accessible.role: Accessible.ProgressBar
+            Accessible.name: qsTr("Download")
+            Accessible.description: page.settings.downloadStatus
+            Rectangle {
+                width: parent.width * page.settings.downloadProgress
+                height: parent.height
+                radius: parent.radius
+                color: Theme.accent
+            }
+        }
+        VNote {
+            text: page.settings.downloadStatus
+            color: page.settings.isDownloading ? Theme.textSecondary : Theme.error
+        }
+        VNote {
+            text: page.settings.boostingProblem
+            color: Theme.warning
         }
     }
     VButton {

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace vantro::asr {
+
+/// U+2581, which stands for the blank before a word.
+inline constexpr std::string_view wordStart = "\u2581";
+
+/// Appends a model's piece of text, without a blank at the beginning of all.
+void appendPiece(std::string& text, std::string_view piece);
+
+} // namespace vantro::asr

@@ -1,0 +1,103 @@
+#!/usr/bin/python3
+"""The user's words at the command line: in transcripts, tried on a recording, and with what they sound like.
+
+VANTRO_PROGRAM names the program, VANTRO_SOURCE_DIR the source.
+"""
+
+import json
+import os
+import shutil
+import subprocess
+import tempfile
+import unittest
+from pathlib import Path
+
+SOURCE = Path(os.environ.get("VANTRO_SOURCE_DIR", Path(__file__).resolve().parents[2]))
+PROGRAM = Path(os.environ.get("VANTRO_PROGRAM", SOURCE / "build/dev/bin/vantro"))
+DATA = SOURCE / "tests/data/parakeet"
+MODELS = ("--model", str(DATA / "parakeet-micro-tdt.bin"), "--ctc-model", str(DATA / "parakeet-micro-ctc.gguf"))
+REDIS = str(DATA / "recordings/term-03.flac")
+NO_SERVICE = 4
+
+
+class VocabularyCase(unittest.TestCase):
+    def setUp(self):
+        self.profile = Path(self.enterContext(tempfile.TemporaryDirectory(prefix="vantro-vocabulary-")))
+        self.env = {name: value for name, value in os.environ.items() if not name.startswith("XDG_")}
+        self.env |= {"XDG_DATA_HOME": str(self.profile / "data"), "XDG_CONFIG_HOME": str(self.profile / "config")}
+
+    def run_vantro(self, *words, code=0):
+        outcome = subprocess.run([PROGRAM, *words], env=self.env, capture_output=True, text=True, stdin=subprocess.DEVNULL)
+        self.assertEqual(outcome.returncode, code, outcome.stderr)
+        return outcome
+
+    def as_json(self, *words):
+        return json.loads(self.run_vantro(*words, "--json").stdout)
+
+    def test_a_transcript_tells_what_was_replaced_and_why(self):
+        found = self.as_json("transcribe", *MODELS, "--term", "Redis", "--term", "Quillon", REDIS)
+        self.assertEqual(found["text"], "Redis is very difficult.")
+        self.assertEqual(found["vocabulary"]["way"], "boosting")
+        replaced, = found["vocabulary"]["replacements"]
+        self.assertEqual((replaced["term"], replaced["heard"]), ("Redis", "Red is"))
+        self.assertGreater(replaced["score_after"] + replaced["bias"], replaced["score_before"])
+        self.assertLess(replaced["start_s"], replaced["end_s"])
+        plain = self.as_json("transcribe", *MODELS, REDIS)
+        self.assertEqual(plain["text"], "Red is is very difficult.")
+        self.assertEqual(plain["vocabulary"], {"way": "none"})
+
+    def test_the_users_words_are_found_with_the_installed_model_and_the_model_in_use(self):
+        self.run_vantro("vocabulary", "add", "Redis")
+        models = self.profile / "data/vantro/models"
+        models.mkdir(parents=True)
+        shutil.copy(DATA / "parakeet-micro-tdt.bin", models / "ggml-parakeet-tdt-0.6b-v2-q8_0.bin")
+        self.run_vantro("models", "select", "Parakeet v2 (Fluid, English)")
+        without = self.run_vantro("transcribe", REDIS)
+        self.assertEqual(without.stdout, "Red is is very difficult.\n")
+        self.assertIn("your words were not looked for", without.stderr)
+        model = models / "parakeet-tdt_ctc-110m-q8_0.gguf"
+        shutil.copy(DATA / "parakeet-micro-ctc.gguf", model)
+        self.assertEqual(self.run_vantro("transcribe", REDIS).stdout, "Redis is very difficult.\n")
+        for damage in (model.read_bytes()[:100_000], Path(DATA / "parakeet-micro-tdt.bin").read_bytes(), b""):
+            model.write_bytes(damage)
+            found = self.as_json("transcribe", REDIS)
+            self.assertEqual(found["text"], "Red is is very difficult.")
+            self.assertIn("skipped", found["vocabulary"])
+
+    def test_words_that_nobody_can_spell_leave_the_plain_text(self):
+        odd = ["🎉", "李", "x", "Q" * 200, "", "Redis Redis", "Rediss"]
+        terms = [option for term in odd for option in ("--term", term)]
+        self.assertEqual(self.as_json("transcribe", *MODELS, *terms, REDIS)["text"], "Red is is very difficult.")
+        found = self.as_json("transcribe", *MODELS, "--term", "🎉", "--term", "李", REDIS)
+        self.assertEqual(found["vocabulary"]["skipped"],
+                         "None of the vocabulary terms could be tokenized for boosting.")
+
+    def test_trying_a_term_shows_each_place_where_it_was_considered(self):
+        tried = self.as_json("vocabulary", "try", REDIS, *MODELS, "--term", "Redis")
+        place = next(place for place in tried["places"] if place["heard"] == "Red is")
+        self.assertTrue(place["replaced"])
+        kept = self.as_json("vocabulary", "try", str(DATA / "recordings/term-04.flac"), *MODELS, "--term", "Tensora")
+        self.assertEqual({place["replaced"] for place in kept["places"]}, {False})
+        self.assertIn("tensor a", {place["heard"] for place in kept["places"]})
+        shown = self.run_vantro("vocabulary", "try", REDIS, *MODELS, "--term", "Redis").stdout
+        self.assertIn("Red is", shown)
+        self.assertIn("replaced", shown)
+        nothing = self.run_vantro("vocabulary", "try", REDIS, *MODELS, "--term", "Grafana").stdout
+        self.assertIn("No place", nothing)
+        self.run_vantro("vocabulary", "try", "/nowhere.wav", *MODELS, "--term", "Redis", code=3)
+        self.run_vantro("vocabulary", "try", REDIS, *MODELS[:2], "--ctc-model", "/nowhere.gguf", code=NO_SERVICE)
+
+    def test_what_a_word_sounds_like_and_its_weight_are_kept_and_used(self):
+        tensora = str(DATA / "recordings/term-04.flac")
+        self.run_vantro("vocabulary", "add", "Tensora")
+        self.assertIn("tensor a", self.run_vantro("transcribe", *MODELS, tensora).stdout)
+        self.run_vantro("vocabulary", "add", "Tensora", "--weight", "2")
+        self.assertIn("Tensora", self.run_vantro("transcribe", *MODELS, tensora).stdout)
+        self.assertEqual(self.as_json("vocabulary"), ["Tensora"], "once in the list")
+        self.run_vantro("vocabulary", "add", "Tensora", "--weight", "much", code=2)
+        self.run_vantro("vocabulary", "add", "Rhedyss", "--sounds-like", "Redis", "--sounds-like", "red us")
+        self.assertEqual(self.run_vantro("transcribe", *MODELS, REDIS).stdout, "Rhedyss is very difficult.\n")
+
+
+if __name__ == "__main__":
+    unittest.main(verbosity=2)

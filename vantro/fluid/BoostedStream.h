@@ -1,0 +1,52 @@
+#pragma once
+
+#include "asr/AsrManager.h"
+#include "vantro/fluid/FluidVocabularyPipeline.h"
+
+#include <QFuture>
+
+#include <memory>
+#include <optional>
+#include <span>
+#include <vector>
+
+namespace vantro {
+
+/// A transcript, and what became of the user's words in it.
+struct FluidTranscript
+{
+    asr::ASRResult result; ///< its text has the terms that were written
+    bool hasVocabulary = false;
+    std::vector<asr::ConsideredTerm> considered;
+    std::size_t replacements = 0;
+    QString skipped;                      ///< why no term could be written; empty if they could
+    std::optional<asr::Seconds> spotting; ///< how long the end of the recording took
+};
+
+/// A recording that is recognised and, beside it and in the same threads, searched for the user's words. The search
+/// never fails a transcription. One thread.
+class BoostedStream
+{
+public:
+    /// @p build: of the pipeline, in another thread, which is waited for; nothing if there are no words. Throws
+    /// asr::ASRError.
+    BoostedStream(const asr::AsrManager& manager, const asr::StreamingAsr::Options& options,
+                  const std::optional<QFuture<FluidVocabularyBuild>>& build);
+
+    /// As in asr::StreamingAsr.
+    void append(std::span<const float> samples);
+    void speculate();
+    void hurry() { stream_->hurry(); }
+    FluidTranscript finish(const asr::StreamingAsr::Finish& options);
+
+private:
+    template <typename Action>
+    void spot(Action action);
+
+    std::unique_ptr<asr::StreamingAsr> stream_;
+    bool hasVocabulary_;
+    FluidVocabularyBuild build_;
+    std::unique_ptr<asr::CtcSpotting> spotting_; ///< null without words or after a failure; uses the stream's threads
+};
+
+} // namespace vantro

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QString>
+
+#include <exception>
+
+namespace vantro {
+
+/// An error's description with the technical reason, for the log.
+QString detailOf(const std::exception& error);
+
+} // namespace vantro
