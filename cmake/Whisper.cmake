@@ -22,6 +22,9 @@ function(vantro_add_whisper_source)
   set(WHISPER_BUILD_SERVER OFF)
   if(VANTRO_SANITIZE)
     set(GGML_OPENMP OFF) # its runtime is not instrumented
+    # Matrices are read where they lie in the file, which the processors concerned allow.
+    string(APPEND CMAKE_C_FLAGS " -fno-sanitize=alignment")
+    string(APPEND CMAKE_CXX_FLAGS " -fno-sanitize=alignment")
   else()
     # The CPU back end is built once per instruction-set level as a loadable module and the best one is chosen at start-up,
     # so that the build does not depend on the build machine's processor.

@@ -287,6 +287,7 @@ protected:
     ~DictationTest() override
     {
         delegate.applicationWillTerminate();
+        pump();
         if (provider.isAsked())
             provider.answer({});
         clock.advance(1min);

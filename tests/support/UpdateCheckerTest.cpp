@@ -88,7 +88,7 @@ protected:
                                alerts.push_back(alert);
                                answered = std::move(done);
                            },
-                           500ms}};
+                           2s}};
 };
 
 } // namespace
