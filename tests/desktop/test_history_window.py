@@ -180,6 +180,42 @@ class DictationsTest(HistoryCase):
         self.close_window()
 
 
+class PrivacyTest(HistoryCase):
+    def test_what_is_not_to_be_kept_is_not_and_clearing_asks_first(self):
+        fill_dictations(self.vantro.history_file, dictations(20, spacing_s=86400))
+        self.assertEqual(self.vantro.run("settings", "set", "keepHistory", "7").returncode, 0)
+        self.wait(lambda: len(self.stored()) == 8, 10, "the older ones to go")
+        self.vantro.run("settings", "reset", "keepHistory")
+        self.start_again()
+        self.has_keyboard(self.window("vantro settings"))
+        self.desktop.press("ctrl+f")
+        self.desktop.type_text("stored computer")
+        self.press("Return", "space")
+        self.close_alert(self.wait_for_question("They will be deleted, with all summaries"))
+        self.assertEqual(len(self.stored()), 8)
+        self.desktop.activate(self.window("vantro settings"))
+        self.press("space")
+        self.answer(self.wait_for_question("They will be deleted, with all summaries"), "shift+Tab", "space")
+        self.wait(lambda: not self.stored(), 10, "the history to be empty")
+        self.close("vantro settings")
+
+    def wait_for_question(self, text):
+        question = self.wait(lambda: self.vantro.window("Clear All"), 10, "the question")
+        self.assertIn(text, self.news())
+        return question
+
+    def close_alert(self, alert):
+        self.answer(alert, "Escape")
+
+    def test_never_keeps_nothing_from_then_on(self):
+        self.vantro.run("settings", "set", "keepHistory", "never")
+        self.dictate(CHILD)
+        self.assertEqual(words(self.wait_for_text()), CHILD_WORDS)
+        self.wait_until_over()
+        self.assertEqual(self.stored(), [])
+        self.vantro.run("settings", "reset", "keepHistory")
+
+
 class SizesTest(HistoryCase):
     def test_an_empty_history_opens_and_gets_its_first_dictation(self):
         self.empty()

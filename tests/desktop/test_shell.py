@@ -45,6 +45,23 @@ class WindowsTest(ShellCase):
         self.wait(lambda: "autoPasteEnabled=true" in ini.read_text(), 5, "the setting in the file")
         self.close(SETTINGS_TITLE)
 
+    def test_a_search_leads_to_the_setting_itself(self):
+        self.start_again()
+        self.has_keyboard(self.window(SETTINGS_TITLE))
+        ini = self.desktop.config_home / "vantro" / "vantro.ini"
+        for words, keys, written in (("sound ready", ("Return",), "playSoundOnComplete=true"),
+                                     ("log in", ("Down", "Up", "Return"), None)):
+            self.desktop.press("ctrl+f")
+            self.desktop.type_text(words)
+            for key in (*keys, "space"):
+                self.desktop.press(key)
+            if written:
+                self.wait(lambda: written in ini.read_text(), 5, written)
+        autostart = self.desktop.config_home / "autostart" / "com.vantro.app.desktop"
+        self.wait(autostart.exists, 5, "the start at login")
+        autostart.unlink()
+        self.close(SETTINGS_TITLE)
+
     def enter_page(self, page):
         """By keyboard, from the first page's name to the first field of that page."""
         for _ in range(PAGES.index(page)):

@@ -1,5 +1,6 @@
 #include "vantro/cli/Completion.h"
 
+#include "base/Settings.h"
 #include "vantro/ai/PromptSettings.h"
 #include "vantro/cli/DevicesSession.h"
 #include "vantro/cli/ModelsSession.h"
@@ -50,6 +51,14 @@ Candidates modeNames()
     return names;
 }
 
+Candidates settingKeys()
+{
+    Candidates keys;
+    for (const SettingKey* each : setting::documented)
+        keys.push_back({each->key, QString::fromUtf8(each->meaning).remove(QLatin1Char('`'))});
+    return keys;
+}
+
 Candidates texts(const QStringList& list)
 {
     Candidates candidates;
@@ -72,6 +81,12 @@ const std::map<QString, std::function<Candidates()>>& places()
         {QStringLiteral("models verify"), modelNames},
         {QStringLiteral("models remove"), modelNames},
         {QStringLiteral("transcribe --model"), modelNames},
+        {QStringLiteral("transcribe --format"), words("txt srt vtt json")},
+        {QStringLiteral("start --mode"), modeNames},
+        {QStringLiteral("start --model"), modelNames},
+        {QStringLiteral("settings get"), settingKeys},
+        {QStringLiteral("settings set"), settingKeys},
+        {QStringLiteral("settings reset"), settingKeys},
         {QStringLiteral("devices use"), deviceNames},
         {QStringLiteral("devices mode"), words("system custom prioritized")},
         {QStringLiteral("devices bluetooth"), words("on off")},

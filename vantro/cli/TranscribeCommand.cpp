@@ -10,6 +10,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QSaveFile>
+#include <QSet>
 
 namespace vantro {
 
@@ -72,6 +73,12 @@ QString asJson(const Transcript& transcript, const TranscriptionModel& model, co
     return QString::fromUtf8(QJsonDocument(object).toJson(QJsonDocument::Compact)) + QLatin1Char('\n');
 }
 
+/// Of a recording's text, without an extension.
+QString nameOf(const QString& recording)
+{
+    return recording == QLatin1String("-") ? QStringLiteral("stdin") : QFileInfo(recording).completeBaseName();
+}
+
 /// One run of the command.
 struct Job
 {
@@ -109,6 +116,14 @@ Job::Job(const CommandCall& call)
         throw WrongUsage(QStringLiteral("subtitles of several recordings need a folder: --output DIR"));
     if (!folder.isEmpty() && !QFileInfo(folder).isDir())
         throw WrongUsage(QStringLiteral("there is no folder %1").arg(folder));
+    if (QSet<QString> names; !folder.isEmpty()) {
+        for (const QString& file : call.words) {
+            if (names.contains(nameOf(file)))
+                throw WrongUsage(
+                    QStringLiteral("two recordings are called %1: give them different folders").arg(nameOf(file)));
+            names.insert(nameOf(file));
+        }
+    }
     if (call.has("language"))
         options.language = call.value("language").toLower();
     if (options.language && !isSpokenLanguage(*options.language))
@@ -140,8 +155,7 @@ void Job::write(const QString& file, const QString& text) const
         terminal::writeLine(text.chopped(text.endsWith(QLatin1Char('\n')) ? 1 : 0));
         return;
     }
-    const QString name = file == QLatin1String("-") ? QStringLiteral("stdin") : QFileInfo(file).completeBaseName();
-    QSaveFile target(folder + QLatin1Char('/') + name + QLatin1Char('.') + format);
+    QSaveFile target(folder + QLatin1Char('/') + nameOf(file) + QLatin1Char('.') + format);
     if (!target.open(QIODevice::WriteOnly) || target.write(text.toUtf8()) < 0 || !target.commit())
         throw Error(QStringLiteral("%1 could not be written: %2").arg(target.fileName(), target.errorString()));
 }

@@ -65,7 +65,7 @@ FocusScope {
             Accessible.role: Accessible.EditableText
             Accessible.name: qsTr("Search the history")
             onTextChanged: {
-                page.endEdit()
+                page.model.endEdit(reader.currentText)
                 page.model.search = text
             }
             Keys.onPressed: event => {

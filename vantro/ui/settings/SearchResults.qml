@@ -8,16 +8,10 @@ Column {
     property var pages: [] // of {key, name, component}
     property string search
     property int current: 0
-    readonly property var found: search.trim() === "" ? [] : places().filter(matches)
-    property var known: null
+    property var found: []
+    property var places: null
     signal picked(string page, string title)
 
-    // Read from the pages themselves when they are searched for the first time.
-    function places() {
-        if (!known)
-            known = pages.flatMap(placesOf)
-        return known
-    }
     function placesOf(page) {
         const item = page.component.createObject(null, { visible: false })
         const list = [{ page: page.key, title: "", shown: page.name, where: "", words: page.name.toLowerCase() }]
@@ -47,10 +41,12 @@ Column {
     }
 
     spacing: Theme.space4
+    // The pages themselves tell what is on them, when a search begins.
     onSearchChanged: {
         current = 0
-        if (search === "")
-            known = null
+        const words = search.trim()
+        places = words === "" ? null : places ?? pages.flatMap(placesOf)
+        found = places ? places.filter(matches) : []
     }
     Accessible.role: Accessible.List
     Accessible.name: found.length === 0 ? qsTr("Nothing found") : found[current].shown

@@ -25,15 +25,15 @@ Rectangle {
 
     // The place on a page that a search has led to.
     function go(place, title) {
-        search.clear()
+        searchField.clear()
         page = place
         Qt.callLater(() => pageLoader.item.mark(title))
     }
 
-    Keys.onEscapePressed: search.text !== "" ? search.clear() : closeRequested()
+    Keys.onEscapePressed: searchField.text !== "" ? searchField.clear() : closeRequested()
     Keys.onPressed: event => {
         if (event.matches(StandardKey.Find)) {
-            search.forceActiveFocus(Qt.ShortcutFocusReason)
+            searchField.forceActiveFocus(Qt.ShortcutFocusReason)
             event.accepted = true
             return
         }
@@ -50,7 +50,7 @@ Rectangle {
         color: Theme.surfaceRaised
 
         VField {
-            id: search
+            id: searchField
             anchors { left: parent.left; right: parent.right; top: parent.top; margins: Theme.space12 }
             placeholderText: qsTr("Search")
             Accessible.role: Accessible.EditableText
@@ -63,15 +63,15 @@ Rectangle {
         }
         SearchResults {
             id: results
-            anchors { left: parent.left; right: parent.right; top: search.bottom; margins: Theme.space12 }
-            visible: search.text.trim() !== ""
+            anchors { left: parent.left; right: parent.right; top: searchField.bottom; margins: Theme.space12 }
+            visible: searchField.text.trim() !== ""
             pages: list.pages
-            search: visible ? search.text : ""
+            search: visible ? searchField.text : ""
             onPicked: (page, title) => window.go(page, title)
         }
         VNavList {
             id: list
-            anchors { left: parent.left; right: parent.right; top: search.bottom; margins: Theme.space12 }
+            anchors { left: parent.left; right: parent.right; top: searchField.bottom; margins: Theme.space12 }
             visible: !results.visible
             focus: true
             pages: [
