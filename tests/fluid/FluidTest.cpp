@@ -206,8 +206,8 @@ TEST_F(Fluid, ACancelReachesARequestWhoseModelIsStillLoadedOrThatWaitsForItsTurn
     EXPECT_EQ(outcome(std::move(waiting)), asr::ASRError::Kind::processingFailed);
     // A later request neither revives a cancelled one nor is cancelled with it.
     auto next = begin({});
-    EXPECT_FALSE(QCoro::waitFor(std::move(next)).text.empty());
-    EXPECT_FALSE(QCoro::waitFor(std::move(running)).text.empty());
+    EXPECT_FALSE(QCoro::waitFor(std::move(next)).result.text.empty());
+    EXPECT_FALSE(QCoro::waitFor(std::move(running)).result.text.empty());
 }
 
 TEST_F(Fluid, AFileIsRecognisedForWhatItIs)
@@ -270,7 +270,7 @@ TEST_F(Fluid, ACancelInTheMiddleOfALongRecordingEndsItAndTheNextOneIsWritten)
     EXPECT_EQ(outcome(std::move(stopped)), asr::ASRError::Kind::processingFailed);
     EXPECT_LT(last, 0.2F) << "it went on";
     auto next = engine.transcribe(request(recording("sentence-02.flac"), {}, {}));
-    EXPECT_EQ(QCoro::waitFor(std::move(next)).text, "Good morning, Peter.");
+    EXPECT_EQ(QCoro::waitFor(std::move(next)).result.text, "Good morning, Peter.");
 }
 
 TEST_F(Fluid, ARecordingThatIsHeardWhileItIsMadeGetsTheTextOfTheWhole)
