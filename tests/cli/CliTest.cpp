@@ -16,7 +16,7 @@ TEST(Captions, EndWithSentencesAtPausesAndBeforeTheyAreTooLong)
         return TranscribedToken{QString::fromUtf8(piece), std::chrono::duration<double>(start),
                                 std::chrono::duration<double>(end), 1};
     };
-    std::vector<TranscribedToken> tokens{at("\u2581One", 0, 0.4), at(".", 0.4, 0.5),      at("\u2581Tw", 0.6, 0.8),
+    std::vector<TranscribedToken> tokens{at("\u2581One", 0, 0.4), at(".", 0.4, 0.5),       at("\u2581Tw", 0.6, 0.8),
                                          at("o", 0.8, 1),         at("\u2581later", 3, 4), at("\u2581", 4, 4)};
     for (int second = 4; second < 16; ++second)
         tokens.push_back(at("\u2581word", second, second + 1));

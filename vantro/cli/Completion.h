@@ -11,8 +11,8 @@ struct Candidate
     QString description; ///< one line; may be empty
 };
 
-/// What may take the place of the last of @p words, which may be empty, after "vantro". Only what begins with it, in the
-/// order of the help; empty where a file or a text of one's own is expected.
+/// What may take the place of the last of @p words, which may be empty, after "vantro". Only what begins with it, in
+/// the order of the help; empty where a file or a text of one's own is expected.
 [[nodiscard]] std::vector<Candidate> completions(const std::vector<Command>& commands, const QStringList& words);
 
 /// The places of completions() whose candidates are names: "models select", "shortcuts set".

@@ -123,7 +123,8 @@ FluidVocabularyBuild FluidAsrEngine::buildPipeline(const FluidVocabulary& vocabu
 {
     try {
         if (vocabulary.modelFile.isEmpty())
-            throw Error(QStringLiteral("The model that looks for words is missing: Settings, Vocabulary tells how to get it."));
+            throw Error(
+                QStringLiteral("The model that looks for words is missing: Settings, Vocabulary tells how to get it."));
         if (ctcModel_ == nullptr || ctcModelFile_ != modelFile) {
             ctcModel_.reset();
             ctcModel_ = asr::CtcModel::load(QFile::encodeName(vocabulary.modelFile).toStdString(), moduleFolders_);

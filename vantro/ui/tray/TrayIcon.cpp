@@ -82,10 +82,11 @@ void TrayIcon::fill(QMenu& menu, const std::vector<Choice>& choices, void (TrayI
 {
     menu.clear();
     for (std::size_t i = 0; i < choices.size(); ++i) {
-        QAction* const action =
-            menu.addAction(QString(choices[i].name).replace(QLatin1Char('&'), QLatin1String("&&")), this,
-                           [this, requested, i] { Q_EMIT(this->*requested)
-                                                  (static_cast<int>(i)); });
+        QAction* const action = menu.addAction(QString(choices[i].name).replace(QLatin1Char('&'), QLatin1String("&&")),
+                                               this, [this, requested, i] {
+                                                   Q_EMIT(this->*requested)
+                                                   (static_cast<int>(i));
+                                               });
         action->setCheckable(true);
         action->setChecked(choices[i].isChosen);
     }
