@@ -15,6 +15,13 @@ namespace {
 /// Of a passage at either end of the recording, where nothing else is said.
 constexpr Seconds silenceAround{1.0};
 
+/// The more terms there are, the better one of them fits by chance: taken from how well a term's sounds fit.
+float crowding(std::size_t terms)
+{
+    constexpr float usual = 50;
+    return std::log(std::max(static_cast<float>(terms) / usual, 1.0F));
+}
+
 float mean(float sum, std::size_t count)
 {
     return sum / static_cast<float>(count);
@@ -82,11 +89,12 @@ void Rescoring::findBySound()
 {
     for (std::size_t i = 0; i < rescorer_.forms_.size(); ++i) {
         const VocabularyForm& form = rescorer_.forms_[i];
+        const float crowded = crowding(context_.terms.size());
         const float worst =
-            (minimumSimilarity(form.term) - 1) * context_.alpha * static_cast<float>(form.sounds.size());
+            (minimumSimilarity(form.term) - 1) * context_.alpha * static_cast<float>(form.sounds.size()) + crowded;
         for (const auto& place :
              CtcDPAlgorithm::occurrences(scores_, {0, scores_.frames}, form.sounds, std::min(worst, 0.0F))) {
-            const float similarity = 1 + mean(place.score, form.sounds.size()) / context_.alpha;
+            const float similarity = 1 + mean(place.score - crowded, form.sounds.size()) / context_.alpha;
             for (const Span span : spansWithin(place.frames))
                 consider(i, span, similarity);
         }
@@ -174,7 +182,7 @@ void Rescoring::consider(std::size_t form, Span span, float similarity)
     if (!isReplaceable(span))
         return;
     const VocabularyForm& way = rescorer_.forms_[form];
-    const float score = soundScore(way, span);
+    const float score = soundScore(way, span) - mean(crowding(context_.terms.size()), way.sounds.size());
     if (score < context_.minCtcScore)
         return;
     similarity = std::max(similarity, 1 + score / context_.alpha);

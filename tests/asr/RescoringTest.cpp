@@ -126,7 +126,14 @@ TEST_F(Rescored, AThousandNamesThatNobodySaidReplaceNothing)
 {
     for (const unsigned seed : {1U, 2U, 3U}) {
         const VocabularyRescorer rescorer = rescorerFor(randomNames(1'000, seed));
-        for (const Heard& recorded : heard)
-            EXPECT_EQ(rescore(rescorer, recorded).text, recorded.plain.text) << recorded.file;
+        for (const Heard& recorded : heard) {
+            const RescoreOutput output = rescore(rescorer, recorded);
+            EXPECT_EQ(output.text, recorded.plain.text) << recorded.file;
+            for (const ConsideredTerm& place : output.replacements)
+                std::printf("%s <- %s, similarity %.2f, %.1f to %.1f, bias %.1f\n", place.term.c_str(),
+                            place.heard.c_str(), static_cast<double>(place.similarity),
+                            static_cast<double>(place.scoreBefore), static_cast<double>(place.scoreAfter),
+                            static_cast<double>(place.bias));
+        }
     }
 }
