@@ -187,7 +187,7 @@ TEST_F(DictationTest, SoundsOnlyWhenTheUserWantsItAndTextWasDelivered)
     EXPECT_EQ(sounds.played, QStringList{QStringLiteral("Blow")});
 }
 
-TEST_F(DictationTest, WithNothingSaidClosesWithoutATrace)
+TEST_F(DictationTest, WithNothingSaidLeavesAllAsItWasAndSaysThatNothingWasHeard)
 {
     pasteboard.setByOther(clipboard, QStringLiteral("former"));
     pressShortcut();
@@ -195,11 +195,13 @@ TEST_F(DictationTest, WithNothingSaidClosesWithoutATrace)
     stopAndDrain();
     EXPECT_FALSE(provider.isAsked()) << "under 0.3 s nothing is transcribed";
     EXPECT_EQ(shell.openPanels, 0);
+    EXPECT_TRUE(shell.huds.empty()) << "a tap says nothing";
 
     dictate(QStringLiteral(" \n "));
     EXPECT_EQ(shell.openPanels, 0);
     EXPECT_TRUE(shell.alerts.isEmpty());
-    EXPECT_TRUE(shell.huds.empty());
+    ASSERT_EQ(shell.huds.size(), 1U);
+    EXPECT_TRUE(shell.huds.front().reason.startsWith(QStringLiteral("Nothing was heard.")));
     EXPECT_EQ(pasteboard.changes(clipboard), 0);
     EXPECT_EQ(provider.ended, 2) << "the model is released after either";
 }

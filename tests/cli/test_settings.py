@@ -114,8 +114,8 @@ class SettingsCase(unittest.TestCase):
         self.assertEqual(self.file.read_text(), before)
 
     def test_every_table_fits_its_terminal(self):
-        self.run_vantro("replacements", "add", "a long text that is looked for in every dictation of the day", "x" * 90)
-        for command in ("settings", "models", "providers", "modes", "vocabulary", "replacements", "history", "notes"):
+        self.run_vantro("providers", "add", "--name", "A provider with a name that is far too long for it" * 2, *SERVER)
+        for command in ("settings", "models", "providers", "devices", "history", "notes"):
             for line in self.on_terminal(command, columns=80).splitlines():
                 self.assertLessEqual(len(line), 80, (command, line))
         self.assertIn("\x1b[1m", self.on_terminal("models", columns=80, plain=False))

@@ -13,7 +13,7 @@ using Seconds = std::chrono::duration<double>;
 
 /// Of the tiny model for ten seconds on one processor of 2021.
 constexpr Seconds tinyWork(1.7);
-constexpr Seconds patience(5);
+constexpr Seconds patience(4);
 constexpr double shareOfMemory = 0.25;
 constexpr double bytesPerGB = 1e9;
 
