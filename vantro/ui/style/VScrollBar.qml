@@ -9,6 +9,7 @@ T.ScrollBar {
     padding: 1
     minimumSize: 0.06
     visible: size < 1
+    Accessible.ignored: true // the keyboard scrolls what it leads through
     contentItem: Rectangle {
         radius: width / 2
         color: bar.pressed || bar.hovered ? Theme.textSecondary : Theme.control
