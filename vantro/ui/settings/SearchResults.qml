@@ -45,7 +45,7 @@ Column {
     onSearchChanged: {
         current = 0
         const words = search.trim()
-        places = words === "" ? null : places ?? pages.flatMap(placesOf)
+        places = words === "" ? null : places ?? pages.reduce((all, page) => all.concat(placesOf(page)), [])
         found = places ? places.filter(matches) : []
     }
     Accessible.role: Accessible.List
