@@ -227,6 +227,7 @@ Rectangle {
                     id: field
                     anchors { fill: parent; margins: Theme.space12 }
                     focus: true
+                    activeFocusOnTab: true
                     color: Theme.text
                     selectionColor: Theme.accent
                     selectedTextColor: Theme.accentText
