@@ -3,6 +3,9 @@
 #include "vantro/store/SearchText.h"
 #include "vantro/store/TranscriptionFetch.h"
 
+#include <algorithm>
+#include <functional>
+
 namespace vantro {
 
 namespace {
@@ -62,6 +65,7 @@ std::vector<Transcription> deleteTranscriptionRows(const PersistentContainer& co
             transcriptionColumns,
         {asJson(keys)}));
     transaction.commit();
+    std::ranges::sort(deleted, std::ranges::greater(), &Transcription::objectID);
     return deleted;
 }
 

@@ -15,7 +15,7 @@ namespace vantro {
 /// Oldest first.
 [[nodiscard]] std::vector<Transcription> transcriptionRows(const PersistentContainer& container,
                                                            const std::vector<qint64>& keys);
-/// Unknown keys are ignored. Returns what was deleted.
+/// Unknown keys are ignored. Returns what was deleted, newest first.
 std::vector<Transcription> deleteTranscriptionRows(const PersistentContainer& container,
                                                    const std::vector<qint64>& keys);
 /// Brings back what was deleted, to its place in time. What is there already stays as it is.
