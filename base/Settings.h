@@ -89,9 +89,6 @@ inline constexpr Setting<QByteArray> modeConfigurations{"modeConfigurations", ""
 inline constexpr Setting<QByteArray> providerConfigurations{"providerConfigurations", ""};
 inline constexpr Setting<QString> skippedUpdateVersion{"skippedUpdateVersion", ""};
 
-/// Of each day, as JSON.
-inline constexpr Setting<QByteArray> statistics{"statistics", ""};
-
 // "WIDTHxHEIGHT" of the windows as they were left.
 inline constexpr Setting<QString> settingsWindowSize{"settingsWindowSize", ""};
 inline constexpr Setting<QString> historyWindowSize{"historyWindowSize", ""};

@@ -14,18 +14,17 @@ using namespace vantro;
 TEST(Statistics, CountsEachDaysWordsUntilItIsSwitchedOff)
 {
     const QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("vantro.ini"));
-    UserDefaults defaults(path);
+    const QString path = folder.filePath(QStringLiteral("statistics.json"));
+    UserDefaults defaults(folder.filePath(QStringLiteral("vantro.ini")));
     doubles::ManualClock clock;
-    Statistics statistics(defaults, clock);
+    Statistics statistics(defaults, clock, path);
     const QDate today = clock.wallClock().date();
     statistics.add(QStringLiteral("Eighty words a minute, it's said."), 4s);
     statistics.add(QStringLiteral("..."), 4s);
     clock.setWallClock(clock.wallClock().addDays(1));
     statistics.add(QString(QStringLiteral("word ")).repeated(400), 120s);
     EXPECT_EQ(statistics.days().at(today), (Statistics::Day{1, 6, 4s}));
-    UserDefaults again(path);
-    EXPECT_EQ(Statistics(again, clock).total(), (Statistics::Day{2, 406, 124s}));
+    EXPECT_EQ(Statistics(defaults, clock, path).total(), (Statistics::Day{2, 406, 124s}));
     EXPECT_EQ(Statistics::saved(statistics.total()), 8min);
     EXPECT_EQ(Statistics::saved({1, 1, 60s}), 0min);
 
@@ -34,7 +33,7 @@ TEST(Statistics, CountsEachDaysWordsUntilItIsSwitchedOff)
     EXPECT_EQ(statistics.total().words, 1) << "for a year";
     defaults.set(setting::keepStatistics, false);
     EXPECT_TRUE(statistics.days().empty());
-    EXPECT_FALSE(defaults.contains(setting::statistics.key));
+    EXPECT_FALSE(QFile::exists(path));
     statistics.add(QStringLiteral("not any more"), 1s);
     EXPECT_TRUE(statistics.days().empty());
 }

@@ -22,6 +22,7 @@
 #include "vantro/main/Windows.h"
 
 #include <QDBusConnection>
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QMessageBox>
 #include <QSessionManager>
@@ -71,7 +72,8 @@ private:
 
     History history_{defaults_, clock_};
     Rewriting rewriting_{defaults_, platform_, clock_};
-    Statistics statistics_{defaults_, clock_};
+    Statistics statistics_{defaults_, clock_,
+                           QFileInfo(CoreDataStack::standardPath()).path() + QStringLiteral("/statistics.json")};
     const ModeHandlers modeHandlers_ = makeModeHandlers(history_.dictations, rewriting_.prompts());
     AudioDeviceManager devices_{*platform_.audioHardware, defaults_};
     AudioRecorder recorder_{platform_.makeAudioEngine, devices_, *platform_.permissions, clock_};

@@ -1,12 +1,16 @@
 #include "vantro/support/Statistics.h"
 
+#include "base/Logger.h"
 #include "base/Settings.h"
 
+#include <QFile>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QRegularExpression>
+#include <QSaveFile>
 
 #include <algorithm>
+#include <utility>
 
 namespace vantro {
 
@@ -20,21 +24,29 @@ const QString secondsKey = QStringLiteral("seconds");
 
 } // namespace
 
-Statistics::Statistics(UserDefaults& defaults, Clock& clock) : defaults_(defaults), clock_(clock)
+Statistics::Statistics(UserDefaults& defaults, Clock& clock, QString path)
+    : defaults_(defaults)
+    , clock_(clock)
+    , path_(std::move(path))
 {
     connect(&defaults_, &UserDefaults::changed, this, [this](const QString& key) {
-        if (key == setting::keepStatistics.key && !isKept())
-            defaults_.remove(setting::statistics.key);
-        else if (key == setting::statistics.key || key == setting::keepStatistics.key)
-            read();
+        if (key != setting::keepStatistics.key)
+            return;
+        if (!isKept())
+            QFile::remove(path_);
+        read();
     });
+    if (!isKept())
+        QFile::remove(path_); // switched off by a command while the program did not run
     read();
 }
 
 void Statistics::read()
 {
     days_.clear();
-    const QJsonObject stored = QJsonDocument::fromJson(defaults_.get(setting::statistics)).object();
+    QFile file(path_);
+    const QJsonObject stored =
+        file.open(QIODevice::ReadOnly) ? QJsonDocument::fromJson(file.readAll()).object() : QJsonObject();
     for (auto entry = stored.begin(); entry != stored.end(); ++entry) {
         const QDate date = QDate::fromString(entry.key(), Qt::ISODate);
         const QJsonObject day = entry.value().toObject();
@@ -54,7 +66,13 @@ void Statistics::write()
         stored.insert(date.toString(Qt::ISODate), QJsonObject{{dictationsKey, day.dictations},
                                                               {wordsKey, day.words},
                                                               {secondsKey, static_cast<int>(day.spoken.count())}});
-    defaults_.set(setting::statistics, QJsonDocument(stored).toJson(QJsonDocument::Compact));
+    QSaveFile file(path_);
+    const bool isWritten = file.open(QIODevice::WriteOnly) &&
+                           file.setPermissions(QFile::ReadOwner | QFile::WriteOwner) &&
+                           file.write(QJsonDocument(stored).toJson(QJsonDocument::Compact)) > 0 && file.commit();
+    if (!isWritten) // no reason to disturb anybody
+        Logger("Statistics").error(QStringLiteral("%1 cannot be written: %2").arg(path_, file.errorString()));
+    Q_EMIT changed();
 }
 
 void Statistics::add(const QString& text, std::chrono::seconds spoken)

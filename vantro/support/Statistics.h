@@ -11,8 +11,8 @@
 
 namespace vantro {
 
-/// How much is dictated, a number a day, without a word of what. Kept in the settings, for a year, and only while the
-/// user wants it ("keepStatistics"). Main thread.
+/// How much is dictated, a number a day, without a word of what. Kept in a file, for a year, and only while the user
+/// wants it ("keepStatistics"). Main thread.
 class Statistics final : public QObject
 {
     Q_OBJECT
@@ -26,8 +26,8 @@ public:
         bool operator==(const Day&) const = default;
     };
 
-    /// Both must outlive this object.
-    Statistics(UserDefaults& defaults, Clock& clock);
+    /// @p defaults and @p clock must outlive this object. @p path: of the file, whose folder exists.
+    Statistics(UserDefaults& defaults, Clock& clock, QString path);
 
     void add(const QString& text, std::chrono::seconds spoken);
     [[nodiscard]] const std::map<QDate, Day>& days() const { return days_; }
@@ -50,6 +50,7 @@ private:
 
     UserDefaults& defaults_;
     Clock& clock_;
+    QString path_;
     std::map<QDate, Day> days_;
 };
 

@@ -26,8 +26,8 @@ Column {
     }
     function walk(item, visit) {
         visit(item)
-        for (const child of item.children)
-            walk(child, visit)
+        for (let i = 0; i < item.children.length; ++i) // a list of QML has no iterator
+            walk(item.children[i], visit)
     }
     function matches(place) {
         return search.trim().toLowerCase().split(/\s+/).every(word => place.words.includes(word))

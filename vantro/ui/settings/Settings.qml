@@ -27,7 +27,7 @@ Rectangle {
     function go(place, title) {
         searchField.clear()
         page = place
-        Qt.callLater(() => pageLoader.item.mark(title))
+        pageLoader.item.mark(title)
     }
 
     Keys.onEscapePressed: searchField.text !== "" ? searchField.clear() : closeRequested()

@@ -27,16 +27,19 @@ Flickable {
         const item = title === "" ? null : find(column, title)
         if (!item)
             return
-        reveal(item)
+        // The next key may be waiting already; where things are is known once the page has been laid out.
         item.nextItemInFocusChain().forceActiveFocus(Qt.TabFocusReason)
-        marker.place = item
-        marking.restart()
+        Qt.callLater(() => {
+            reveal(item)
+            marker.place = item
+            marking.restart()
+        })
     }
     function find(item, title) {
         if (item.title === title || item.heading === title)
             return item
-        for (const child of item.children) {
-            const found = find(child, title)
+        for (let i = 0; i < item.children.length; ++i) { // a list of QML has no iterator
+            const found = find(item.children[i], title)
             if (found)
                 return found
         }
