@@ -4,6 +4,7 @@
 import json
 import shutil
 import sys
+import time
 
 from dictationcase import CANCEL_KEY, CHILD, CHILD_WORDS, ROOT, SHORTCUT_KEYS, STOP_KEY, main, words
 from shellcase import ONBOARDING_TITLE, SETTINGS_TITLE, ShellCase
@@ -135,6 +136,7 @@ class FirstStartTest(ShellCase):
         self.desktop.press("Return")
         shortcut = self.wait(lambda: self.vantro.status()["shortcut"], 5, "a proposed shortcut")
         self.desktop.press("Return")
+        time.sleep(0.2)  # a person's next key
         self.desktop.press("Return")
         # The practice: its text comes into the window itself.
         self.desktop.press(shortcut.lower())
