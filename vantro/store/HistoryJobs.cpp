@@ -67,32 +67,41 @@ auto HistoryJobs::onStore(Work work)
 
 QCoro::Task<HistoryJobs::Removed> HistoryJobs::remove(std::vector<QUuid> ids, Progress progress)
 {
+    const std::weak_ptr<void> alive = alive_;
     Removed removed;
     try {
         const auto finding = onStore([ids](const PersistentContainer& store) { return transcriptionKeys(store, ids); });
         const std::vector<qint64> keys = co_await finding;
+        if (alive.expired())
+            co_return removed;
         for (std::size_t begin = 0; begin < keys.size(); begin += pieceRows) {
             const auto deleting = onStore([piece = pieceOf(keys, begin)](const PersistentContainer& store) {
                 return deleteTranscriptionRows(store, piece);
             });
             std::vector<Transcription> deleted = co_await deleting;
+            if (alive.expired())
+                co_return removed;
             std::ranges::move(deleted, std::back_inserter(removed.rows));
             progress(removed.rows.size());
         }
     } catch (const Error& error) {
         removed.problem = error.localizedDescription();
     }
-    store_.announceChanges();
+    if (!alive.expired())
+        store_.announceChanges();
     co_return removed;
 }
 
 QCoro::Task<> HistoryJobs::restore(std::vector<Transcription> rows, Progress progress)
 {
+    const std::weak_ptr<void> alive = alive_;
     for (std::size_t begin = 0; begin < rows.size(); begin += pieceRows) {
         const auto restoring = onStore([piece = pieceOf(rows, begin)](const PersistentContainer& store) {
             restoreTranscriptionRows(store, piece);
         });
         co_await restoring;
+        if (alive.expired())
+            co_return;
         progress(std::min(begin + pieceRows, rows.size()));
     }
     store_.announceChanges();
@@ -100,13 +109,18 @@ QCoro::Task<> HistoryJobs::restore(std::vector<Transcription> rows, Progress pro
 
 QCoro::Task<int> HistoryJobs::removeBefore(QDateTime moment)
 {
+    const std::weak_ptr<void> alive = alive_;
     const auto finding = onStore([moment](const PersistentContainer& store) { return keysBefore(store, moment); });
     const std::vector<qint64> keys = co_await finding;
+    if (alive.expired())
+        co_return 0;
     for (std::size_t begin = 0; begin < keys.size(); begin += pieceRows) {
         const auto deleting = onStore([piece = pieceOf(keys, begin)](const PersistentContainer& store) {
             deleteTranscriptionRows(store, piece);
         });
         co_await deleting;
+        if (alive.expired())
+            co_return 0;
     }
     if (!keys.empty())
         store_.announceChanges();
@@ -116,8 +130,10 @@ QCoro::Task<int> HistoryJobs::removeBefore(QDateTime moment)
 QCoro::Task<> HistoryJobs::clear()
 {
     const auto clearing = onStore(clearAtOnce);
+    const std::weak_ptr<void> alive = alive_;
     co_await clearing;
-    store_.announceChanges();
+    if (!alive.expired())
+        store_.announceChanges();
 }
 
 QCoro::Task<std::vector<Transcription>> HistoryJobs::read(std::vector<QUuid> ids)

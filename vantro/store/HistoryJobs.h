@@ -8,6 +8,7 @@
 #include <qcoro/qcorotask.h>
 
 #include <functional>
+#include <memory>
 #include <vector>
 
 namespace vantro {
@@ -57,6 +58,7 @@ private:
     auto onStore(Work work);
 
     CoreDataStack& store_;
+    std::shared_ptr<void> alive_ = std::make_shared<int>(); ///< asked by a job that comes back after the end
     SerialExecutor executor_{QStringLiteral("history jobs")};
 };
 
