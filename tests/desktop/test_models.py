@@ -112,7 +112,8 @@ class ModelsTest(DictationCase):
         self.dictate_once()
 
     def test_a_model_that_goes_while_vantro_runs_is_fetched_at_the_shortcut(self):
-        self.assertEqual(self.download().returncode, 0)
+        result = self.download()
+        self.assertEqual(result.returncode, 0, result.stderr)
         self.vantro.start("--model-host", self.server.url, "--shortcut", "Ctrl+Alt+D")
         self.wait(lambda: f"Model {MODEL} is downloaded" in self.vantro.log(), 20, "the model's check")
         shutil.rmtree(self.vantro.models_folder)

@@ -32,8 +32,8 @@ class ParakeetTest(DownloadCase):
         super().setUp()
         self.file = self.models / FILE
 
-    def fetch(self, model=MODEL, **options):
-        return self.run_models("download", model, host=self.server.url, **options)
+    def fetch(self, model=MODEL, *arguments, **options):
+        return self.run_models("download", model, *arguments, host=self.server.url, **options)
 
     def listed(self):
         return next(entry for entry in json.loads(self.run_models("list", "--json").stdout) if entry["name"] == MODEL)
@@ -50,7 +50,7 @@ class ParakeetTest(DownloadCase):
 
     def test_both_entries_come_from_the_mirror_and_are_used(self):
         for model, (file, source) in ENTRIES.items():
-            result = self.fetch(model)
+            result = self.fetch(model, "--verbose")
             self.assertEqual((result.returncode, result.stdout.strip()), (DONE, str(self.models / file)), result.stderr)
             self.assertEqual((self.models / file).read_bytes(), (DATA / source).read_bytes())
         self.check_there()
