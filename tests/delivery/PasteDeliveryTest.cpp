@@ -262,6 +262,21 @@ TEST_F(PasteDeliveryTest, WhatTheUserCopiesMeanwhileIsKept)
     EXPECT_EQ(clipboard(), QStringLiteral("copied since"));
 }
 
+TEST_F(PasteDeliveryTest, WhatVantroItselfCopiesAfterAPasteDoesNotMakeItLookUnfetched)
+{
+    deliver();
+    clock_.advance(100ms);
+    pasteboard_.setString(Selection::Clipboard, QStringLiteral("from the history"));
+    clock_.advance(3s);
+    EXPECT_EQ(told_, QStringList());
+    EXPECT_EQ(clipboard(), QStringLiteral("from the history"));
+
+    deliver(QStringLiteral("more words"));
+    EXPECT_EQ(received_, QStringLiteral("more words"));
+    clock_.advance(3s);
+    EXPECT_EQ(clipboard(), QStringLiteral("from the history"));
+}
+
 TEST_F(PasteDeliveryTest, TwoDeliveriesInARowRestoreWhatWasThereBeforeTheFirst)
 {
     deliver(QStringLiteral("one"));

@@ -86,7 +86,7 @@ class StatusNotifierTest(ShellCase):
         text = self.wait_for_text()
         self.wait_until_over()
         recent = self.wait(lambda: icon.submenu("Copy a Recent Dictation"), 5, "the dictation in the menu")
-        time.sleep(2.5)  # until the former clipboard is back, as it is when a person has opened the menu
+        time.sleep(0.5)  # until the former clipboard is back, as it is when a person has opened the menu
         icon.choose("Copy a Recent Dictation", list(recent)[0])
         self.wait(lambda: self.desktop.clipboard() == text.strip(), 5, "its text on the clipboard")
 

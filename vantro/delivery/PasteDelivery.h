@@ -113,7 +113,8 @@ private:
         std::optional<Former> primary;
         WindowID target{};
         Clock::Instant pastedAt;
-        bool isTold = false; ///< the user knows that it has not been fetched
+        bool isFetched = false; ///< once seen it stays so, whatever the clipboard holds by then
+        bool isTold = false;    ///< the user knows that it has not been fetched
         std::vector<std::function<void()>> settled;
     };
 
@@ -130,8 +131,8 @@ private:
     [[nodiscard]] bool hasKeyboard(WindowID window) const;
     [[nodiscard]] bool hasMovedOn(WindowID target) const;
     [[nodiscard]] bool keepsEveryFormat() const;
-    [[nodiscard]] bool isFetched(const Restore& paste) const;
-    [[nodiscard]] bool isPasting(std::optional<WindowID> target) const;
+    [[nodiscard]] bool isFetched(Restore& paste) const;
+    [[nodiscard]] bool isPasting(std::optional<WindowID> target);
     [[nodiscard]] bool isOurs(const Restore& paste) const;
     void addToPending(const QString& dictated, std::function<void()> settled);
     void show(Pasteboard::Selection selection, const QString& text);

@@ -35,14 +35,15 @@ std::optional<PasteDelivery::Restore> PasteDelivery::takePending()
     return pending;
 }
 
-bool PasteDelivery::isFetched(const Restore& paste) const
+bool PasteDelivery::isFetched(Restore& paste) const
 {
-    return pasteboard_.wasFetchedBy(Selection::Clipboard, paste.target) ||
-           (paste.primary && pasteboard_.wasFetchedBy(Selection::Primary, paste.target));
+    paste.isFetched = paste.isFetched || pasteboard_.wasFetchedBy(Selection::Clipboard, paste.target) ||
+                      (paste.primary && pasteboard_.wasFetchedBy(Selection::Primary, paste.target));
+    return paste.isFetched;
 }
 
 /// Whether @p target still has a keystroke to answer, and will find our text then.
-bool PasteDelivery::isPasting(std::optional<WindowID> target) const
+bool PasteDelivery::isPasting(std::optional<WindowID> target)
 {
     return pending_ && pending_->target == target && !isFetched(*pending_) && isOurs(*pending_);
 }
