@@ -37,9 +37,8 @@ bool isSame(const QVariant& one, const QVariant& other)
 }
 
 /// Absent where no file can be made, where nothing can be written either, and when somebody keeps it for too long.
-std::optional<FileLock> lockFor(const QString& path)
+std::optional<FileLock> lockFor(const QString& path, std::chrono::milliseconds patience)
 {
-    constexpr auto patience = 2s; // a stopped process must not hold up the windows
     const QFileInfo file(path);
     try {
         return FileLock::take(file.absolutePath() + QStringLiteral("/.") + file.fileName() + QStringLiteral(".change"),
@@ -184,7 +183,8 @@ void UserDefaults::change(const std::function<void()>& edit)
     {
         const Scope scope(*this);
         QDir().mkpath(QFileInfo(path_).absolutePath());
-        const auto lock = lockFor(path_);
+        // A stopped process must not hold up the windows; a command has nobody waiting, and others before it.
+        const auto lock = lockFor(path_, watcher_ ? 2s : 30s);
         reload();
         edit();
         if (!pending_.isEmpty())

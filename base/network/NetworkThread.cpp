@@ -2,6 +2,7 @@
 
 #include "base/network/NetworkError.h"
 
+#include <QHostAddress>
 #include <QNetworkProxyFactory>
 #include <QNetworkReply>
 
@@ -11,10 +12,21 @@ namespace vantro {
 
 namespace {
 
+bool isThisMachine(const QString& host)
+{
+    return host == QLatin1String("localhost") || QHostAddress(host).isLoopback();
+}
+
 class SystemProxies final : public QNetworkProxyFactory
 {
 public:
-    QList<QNetworkProxy> queryProxy(const QNetworkProxyQuery& query) override { return systemProxyForQuery(query); }
+    QList<QNetworkProxy> queryProxy(const QNetworkProxyQuery& query) override
+    {
+        // A server on this machine needs no proxy, nor the lookup, which asks libraries of the desktop.
+        if (isThisMachine(query.peerHostName()))
+            return {QNetworkProxy(QNetworkProxy::NoProxy)};
+        return systemProxyForQuery(query);
+    }
 };
 
 } // namespace

@@ -64,6 +64,18 @@ class SettingsCase(unittest.TestCase):
         prompts = {entry["mode"]: entry["prompt"] for entry in self.listed("modes") if entry["mode"] != "Normal"}
         self.assertEqual(prompts, {mode: mode for mode in prompts})
 
+    def test_a_change_waits_for_one_that_takes_long(self):
+        self.run_vantro("vocabulary", "add", "old")
+        with (self.folder / ".vantro.ini.change").open() as lock:
+            fcntl.flock(lock, fcntl.LOCK_EX)
+            process = self.start("vocabulary", "add", "new")
+            with self.assertRaises(subprocess.TimeoutExpired):
+                process.wait(3)
+            self.assertEqual(self.listed("vocabulary"), ["old"])
+        self.assertEqual(process.communicate(timeout=TIMEOUT_S)[1], "")
+        self.assertEqual(process.returncode, 0)
+        self.assertEqual(self.listed("vocabulary"), ["old", "new"])
+
     def test_what_is_not_written_is_an_error_and_reading_goes_on(self):
         self.run_vantro("vocabulary", "add", "old")
         (self.profile / "file").touch()
@@ -115,7 +127,9 @@ class SettingsCase(unittest.TestCase):
 
     def test_every_table_fits_its_terminal(self):
         self.run_vantro("providers", "add", "--name", "A provider with a name that is far too long for it" * 2, *SERVER)
-        for command in ("settings", "models", "providers", "devices", "history", "notes"):
+        self.run_vantro("vocabulary", "add", "word", "--sounds-like", "a spelling of many words " * 5)
+        self.run_vantro("replacements", "add", "a text of many words " * 5, "another text " * 10)
+        for command in ("settings", "models", "providers", "devices", "history", "notes", "vocabulary", "replacements"):
             for line in self.on_terminal(command, columns=80).splitlines():
                 self.assertLessEqual(len(line), 80, (command, line))
         self.assertIn("\x1b[1m", self.on_terminal("models", columns=80, plain=False))

@@ -174,6 +174,10 @@ class HostFaultTest(DownloadCase):
         self.assertEqual(result.returncode, DONE, result.stderr)
         self.assertEqual(len(self.server.requests), 1)
 
+    def test_a_server_on_this_machine_is_asked_directly(self):
+        result = self.download(env={"http_proxy": "http://proxy.invalid:3128"})
+        self.assertEqual(result.returncode, DONE, result.stderr)
+
 
 class EncryptionTest(DownloadCase):
     def test_only_certificates_that_can_be_trusted_are(self):

@@ -61,8 +61,10 @@ public:
     virtual void requireUsable(const CommandCall& /*call*/) const {}
     /// Returns whether that has changed anything.
     virtual bool refine(const CommandCall& /*call*/) { return false; }
-    /// What else is known about an entry.
-    [[nodiscard]] virtual QString note(std::size_t /*index*/) const { return {}; }
+    /// What is to be known about an entry, for people.
+    [[nodiscard]] virtual QString note(std::size_t index) const = 0;
+    /// Of the columns number, entry and note.
+    [[nodiscard]] virtual QStringList titles() const = 0;
     /// Nobody else changes the list during @p edit; throws when it could not be written.
     void change(const std::function<void()>& edit)
     {
@@ -130,6 +132,15 @@ public:
     }
 
     void removeAt(std::size_t index) override { settings_.removeReplacement(index); }
+    [[nodiscard]] QString note(std::size_t index) const override
+    {
+        const QString replacement = settings_.textReplacements()[index].replace;
+        return replacement.isEmpty() ? QStringLiteral("(deleted)") : terminal::singleLine(replacement);
+    }
+    [[nodiscard]] QStringList titles() const override
+    {
+        return {QStringLiteral("NO."), QStringLiteral("FIND"), QStringLiteral("REPLACE WITH")};
+    }
 };
 
 class WordList final : public EditedList
@@ -204,11 +215,19 @@ public:
             notes << QStringLiteral("weight %1").arg(details.weight);
         return notes.join(QStringLiteral("; "));
     }
+    [[nodiscard]] QStringList titles() const override
+    {
+        return {QStringLiteral("NO."), QStringLiteral("WORD"), QStringLiteral("WITH PARAKEET")};
+    }
 };
 
-QString withNote(const QString& text, const QString& note)
+/// For a person: with its titles, the numbers that "remove" takes, and what each entry means.
+std::vector<QStringList> numbered(const EditedList& list, const std::vector<QStringList>& rows)
 {
-    return note.isEmpty() ? text : QStringLiteral("%1  (%2)").arg(text, note);
+    std::vector<QStringList> table{list.titles()};
+    for (std::size_t i = 0; i < rows.size(); ++i)
+        table.push_back({QStringLiteral("#%1").arg(i + 1), terminal::singleLine(rows[i][0]), list.note(i)});
+    return table;
 }
 
 int show(EditedList& list, const CommandCall& call)
@@ -217,22 +236,14 @@ int show(EditedList& list, const CommandCall& call)
         writeListFile({}, list.content(ListFormat::json));
         return ExitCode::done;
     }
-    const bool isForAPerson = terminal::outputIsTerminal();
     const auto rows = list.rows();
-    if (rows.empty() && isForAPerson)
-        terminal::writeLine(list.emptyText());
-    qsizetype number = 0;
-    for (const QStringList& row : rows) {
-        ++number;
-        if (isForAPerson && row.size() > 1)
-            terminal::writeLine(QStringLiteral("%1  %2  →  %3")
-                                    .arg(number, 3)
-                                    .arg(row[0], row[1].isEmpty() ? QStringLiteral("(deleted)") : row[1]));
-        else if (isForAPerson)
-            terminal::writeLine(QStringLiteral("%1  %2").arg(number, 3).arg(
-                withNote(row[0], list.note(static_cast<std::size_t>(number - 1)))));
-        else
+    if (!terminal::outputIsTerminal()) {
+        for (const QStringList& row : rows)
             terminal::writeLine(row.join(QLatin1Char('\t')));
+    } else if (rows.empty()) {
+        terminal::writeLine(list.emptyText());
+    } else {
+        terminal::writeTable(numbered(list, rows));
     }
     return ExitCode::done;
 }
