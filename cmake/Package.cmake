@@ -24,6 +24,11 @@ endif()
 
 set(packaging "${CMAKE_SOURCE_DIR}/packaging")
 install(FILES "${packaging}/com.vantro.app.desktop" DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
+# The session bus starts the program for "vantro toggle", by way of systemd where that runs the session.
+configure_file("${packaging}/com.vantro.app.service.in" "${CMAKE_BINARY_DIR}/packaging/com.vantro.app.service" @ONLY)
+configure_file("${packaging}/vantro.service.in" "${CMAKE_BINARY_DIR}/packaging/vantro.service" @ONLY)
+install(FILES "${CMAKE_BINARY_DIR}/packaging/com.vantro.app.service" DESTINATION ${CMAKE_INSTALL_DATADIR}/dbus-1/services)
+install(FILES "${CMAKE_BINARY_DIR}/packaging/vantro.service" DESTINATION lib/systemd/user)
 install(FILES "${packaging}/com.vantro.app.metainfo.xml" DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
 install(FILES "${packaging}/icons/com.vantro.app.svg" DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
 install(FILES "${packaging}/icons/com.vantro.app-symbolic.svg" "${packaging}/icons/com.vantro.app-recording-symbolic.svg"

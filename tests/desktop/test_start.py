@@ -6,6 +6,7 @@ import time
 from dictationcase import CHILD, CHILD_WORDS, SHORTCUT_KEYS, STOP_KEY, DictationCase, main, words
 
 from usage import ProcessUsage
+from vantro import BUS_NAME
 
 MODEL = "ggml-tiny.en.bin"
 IDLE_S = 10
@@ -32,6 +33,41 @@ class TakenShortcutTest(DictationCase):
             self.assertEqual(words(self.wait_for_text()), CHILD_WORDS)
         self.restart()
         self.check_next_dictation()
+
+
+class ActivationTest(DictationCase):
+    """The session bus starts an installed program."""
+
+    def setUp(self):
+        super().setUp()
+        self.vantro.quit()
+        service = self.desktop.data_home / "dbus-1/services/com.vantro.app.service"
+        service.parent.mkdir(parents=True)
+        service.write_text(f"[D-BUS Service]\nName={BUS_NAME}\nExec={self.vantro.program} --shortcut Ctrl+Alt+D\n")
+        self.call_bus("ReloadConfig")
+        names = ("DISPLAY", "PULSE_SERVER", "HOME", *(name for name in self.desktop.env if name.startswith("XDG_")))
+        env = ", ".join(f"'{name}': '{self.desktop.env[name]}'" for name in names if name in self.desktop.env)
+        self.call_bus("UpdateActivationEnvironment", "{" + env + "}")
+        self.addCleanup(service.unlink)
+
+    def call_bus(self, method, *arguments):
+        return self.desktop.call_bus("org.freedesktop.DBus", "/org/freedesktop/DBus", f"org.freedesktop.DBus.{method}",
+                                     *arguments)
+
+    def test_a_command_that_begins_something_starts_it_and_others_do_not(self):
+        for command in ("status", "stop", "cancel", "quit"):
+            self.assertEqual(self.vantro.run(command).returncode, 3, command)
+        self.assertFalse(self.desktop.bus_name_owned(BUS_NAME))
+        self.desktop.activate(self.editor.window)
+        result = self.vantro.run("toggle")
+        self.assertEqual(result.returncode, 0, result.stderr)
+        self.vantro.wait_for_launcher()
+        self.speak(CHILD)
+        self.assertEqual(self.vantro.run("toggle").returncode, 0)
+        self.assertEqual(words(self.wait_for_text()), CHILD_WORDS)
+        self.assertEqual(self.vantro.run("quit").returncode, 0)
+        self.wait(lambda: not self.desktop.bus_name_owned(BUS_NAME), 10, "its end")
+        self.vantro.start()
 
 
 class BadModelTest(DictationCase):

@@ -6,6 +6,7 @@
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
+#include <QDBusReply>
 #include <QJsonDocument>
 #include <QJsonObject>
 
@@ -58,6 +59,21 @@ QDBusMessage requestFor(const CommandCall& call)
     return request;
 }
 
+/// Where the session bus knows how, as it does when vantro is installed; only for what begins something.
+void startProgram(QDBusConnectionInterface& bus, const CommandCall& call)
+{
+    const bool begins =
+        QStringList{QStringLiteral("toggle"), QStringLiteral("start"), QStringLiteral("show")}.contains(call.command);
+    if (!begins || !bus.activatableServiceNames().value().contains(ControlService::busName()))
+        throw CommandError(ExitCode::notFound,
+                           QStringLiteral("%1: vantro is not running: start it first").arg(call.command));
+    const QDBusReply<void> started = bus.startService(ControlService::busName());
+    if (!started.isValid())
+        throw CommandError(
+            ExitCode::failed,
+            QStringLiteral("%1: vantro could not be started: %2").arg(call.command, started.error().message()));
+}
+
 int control(const CommandCall& call)
 {
     const QDBusConnection bus = QDBusConnection::sessionBus();
@@ -66,8 +82,7 @@ int control(const CommandCall& call)
             ExitCode::noService,
             QStringLiteral("%1: there is no session bus: run it in your desktop session").arg(call.command));
     if (!bus.interface()->isServiceRegistered(ControlService::busName()))
-        throw CommandError(ExitCode::notFound,
-                           QStringLiteral("%1: vantro is not running: start it first").arg(call.command));
+        startProgram(*bus.interface(), call);
     const QDBusMessage reply = bus.call(requestFor(call));
     if (reply.type() == QDBusMessage::ErrorMessage)
         throw CommandError(ExitCode::failed, QStringLiteral("%1: %2").arg(call.command, reply.errorMessage()));
@@ -94,15 +109,17 @@ std::vector<Command> controlCommands()
     Command status =
         controlCommand("status", "Show what the running program is doing.", "Shows what the running program is doing.");
     status.options.push_back({"json", "One JSON object."});
-    Command show =
-        controlCommand("show", "Open one of the windows.", "Opens one of the windows of the running program.");
+    Command show = controlCommand("show", "Open one of the windows.",
+                                  "Opens one of the windows, of an installed vantro that is not running, too.");
     show.actions = {{"", control, 1, 1, "needs a window: settings, history, notes or guide"}};
     show.words = {{"WINDOW", "settings, history, notes, or guide, which leads to the first dictation.", "WINDOW"}};
-    Command start = controlCommand("start", "Open the launcher and record.", "Opens the launcher and records.");
+    Command start = controlCommand("start", "Open the launcher and record.",
+                                   "Opens the launcher and records. Starts an installed vantro that is not running.");
     start.options = {{"mode", "Begin in this mode instead of the default one.", "MODE"},
                      {"model", "Recognise this dictation with another model.", "NAME"}};
     return {controlCommand("toggle", "Start a dictation, or end its recording.",
-                           "Starts a dictation, or ends the recording and has it transcribed."),
+                           "Starts a dictation, or ends the recording and has it transcribed. Starts an installed "
+                           "vantro that is not running."),
             start,
             controlCommand("stop", "End the recording and have it transcribed.",
                            "Ends the recording and has it transcribed, as Space does."),
