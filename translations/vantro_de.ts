@@ -2465,7 +2465,7 @@
         <translation>Alle Wörter und Ersetzungen entfernen</translation>
     </message>
     <message>
-        <source>How your words are recognized</source>
+        <source>How your words are recognised</source>
         <translation>So werden Ihre Wörter erkannt</translation>
     </message>
     <message>

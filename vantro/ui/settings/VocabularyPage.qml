@@ -111,7 +111,7 @@ VPage {
         }
     }
     VCard {
-        heading: qsTr("How your words are recognized")
+        heading: qsTr("How your words are recognised")
         VSettingRow {
             title: page.settings.boostingText
             hint: page.settings.boostingHint
