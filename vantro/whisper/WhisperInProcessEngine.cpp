@@ -1,17 +1,16 @@
 #include "vantro/whisper/WhisperInProcessEngine.h"
 
 #include "asr/accelerator/Accelerator.h"
+#include "asr/accelerator/ProcessorBackend.h"
 #include "base/SampleFormat.h"
+#include "platform/ThisProcess.h"
 #include "vantro/whisper/WhisperModelFile.h"
 
-#include <QCoreApplication>
 #include <QElapsedTimer>
-#include <QFile>
 #include <QFileInfo>
 #include <QMutex>
 #include <QMutexLocker>
 
-#include <ggml-backend.h>
 #include <whisper.h>
 
 #include <algorithm>
@@ -67,24 +66,6 @@ void logWhisperLine(ggml_log_level level, const char* text, void* /*userData*/)
     const QString line = QString::fromUtf8(text).trimmed();
     if (!line.isEmpty())
         logger.debug(QStringLiteral("whisper[%1]: %2").arg(static_cast<int>(level)).arg(line));
-}
-
-bool hasProcessorBackend()
-{
-    return ggml_backend_dev_by_type(GGML_BACKEND_DEVICE_TYPE_CPU) != nullptr;
-}
-
-/// Loads the module for this processor from the program's or the installation's folder. The library's own search would
-/// include the current folder, which anybody may be able to write to.
-bool loadProcessorBackend()
-{
-    for (const char* folder : {"", "/../lib/vantro"}) {
-        if (hasProcessorBackend())
-            break;
-        const QString path = QCoreApplication::applicationDirPath() + QLatin1String(folder);
-        ggml_backend_load_all_from_path(QFile::encodeName(path).constData());
-    }
-    return hasProcessorBackend();
 }
 
 bool isAnybodyWaiting(void* count)
@@ -203,7 +184,7 @@ void WhisperInProcessEngine::loadNow(const QString& modelPath)
         return;
     QElapsedTimer timer;
     timer.start();
-    if (!loadProcessorBackend()) {
+    if (!asr::accelerator::loadProcessorBackend(process::programFile().parent_path())) {
         logger_.error(QStringLiteral("No ggml module for this processor was found beside the program"));
         throw WhisperInProcessError::modelLoadFailed(modelPath);
     }
