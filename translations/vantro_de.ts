@@ -104,6 +104,57 @@
     </message>
 </context>
 <context>
+    <name>AnswerSetAside</name>
+    <message>
+        <source>the answer is cut off. Raise the provider&apos;s token limit, or say less at a time.</source>
+        <translation>Die Antwort ist abgeschnitten. Erhöhe die Tokengrenze des Anbieters, oder sprich kürzere Abschnitte.</translation>
+    </message>
+    <message>
+        <source>the answer is empty.</source>
+        <translation>Die Antwort ist leer.</translation>
+    </message>
+    <message>
+        <source>the model answered you instead.</source>
+        <translation>Das Modell hat dir geantwortet, statt umzuschreiben.</translation>
+    </message>
+    <message>
+        <source>the answer has a blank to fill in, %1.</source>
+        <translation>Die Antwort hat eine Lücke zum Ausfüllen: %1.</translation>
+    </message>
+    <message>
+        <source>it says “%1”, and you did not.</source>
+        <translation>Darin steht „%1“, und das hast du nicht gesagt.</translation>
+    </message>
+    <message>
+        <source>you said “%1”, and it does not.</source>
+        <translation>Du hast „%1“ gesagt, und das fehlt darin.</translation>
+    </message>
+    <message>
+        <source>it may say the opposite of what you said.</source>
+        <translation>Sie sagt womöglich das Gegenteil.</translation>
+    </message>
+    <message>
+        <source>it is in another language.</source>
+        <translation>Sie ist in einer anderen Sprache.</translation>
+    </message>
+    <message>
+        <source>it is much longer than what you said.</source>
+        <translation>Sie ist viel länger als das, was du gesagt hast.</translation>
+    </message>
+    <message>
+        <source>it leaves out much of what you said.</source>
+        <translation>Sie lässt vieles von dem aus, was du gesagt hast.</translation>
+    </message>
+    <message>
+        <source>it says something else than you did.</source>
+        <translation>Sie sagt etwas anderes als du.</translation>
+    </message>
+    <message>
+        <source>The rewriting was set aside: %1</source>
+        <translation>Die Umschreibung wurde verworfen: %1</translation>
+    </message>
+</context>
+<context>
     <name>AppDelegate</name>
     <message>
         <source>Shortcut Not Available</source>
@@ -280,6 +331,10 @@
         <source>Nothing was heard. Speak closer to the microphone, or choose another under Settings, Microphone.</source>
         <translation>Es war nichts zu hören. Sprich näher am Mikrofon oder wähle unter Einstellungen, Mikrofon ein anderes.</translation>
     </message>
+    <message>
+        <source>Your words are there as you said them.</source>
+        <translation>Dein Text steht da, wie du ihn gesprochen hast.</translation>
+    </message>
 </context>
 <context>
     <name>DictationsPage</name>
@@ -390,6 +445,10 @@
     <message>
         <source>Export...</source>
         <translation>Exportieren …</translation>
+    </message>
+    <message>
+        <source>Show what was set aside</source>
+        <translation>Verworfenes zeigen</translation>
     </message>
 </context>
 <context>

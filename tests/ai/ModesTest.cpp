@@ -1,6 +1,7 @@
 #include "base/Error.h"
 #include "base/RunTask.h"
 #include "base/Settings.h"
+#include "vantro/ai/AnswerSetAside.h"
 #include "vantro/ai/BuiltInPrompts.h"
 #include "vantro/ai/FormattingModeHandler.h"
 
@@ -31,6 +32,11 @@ public:
         entries << QStringLiteral("formatted %1 [%2]")
                        .arg(row == id ? QStringLiteral("it") : QStringLiteral("another"), formatted);
     }
+    void setAside(const QUuid& row, const QString& answer, const QString& reason) override
+    {
+        entries << QStringLiteral("set aside %1 [%2][%3]")
+                       .arg(row == id ? QStringLiteral("it") : QStringLiteral("another"), answer, reason);
+    }
     QCoro::Task<> addNote(QString transcription) override
     {
         entries << QStringLiteral("note [%1]").arg(transcription);
@@ -44,6 +50,8 @@ public:
     QCoro::Task<QString> format(QString prompt, QString text) override
     {
         entries << QStringLiteral("asked [%1][%2]").arg(prompt, text);
+        if (isDoubtful)
+            throw AnswerSetAside(AnswerSetAside::Doubt::addedNumber, QStringLiteral("Dear 7"), QStringLiteral("7"));
         if (fails)
             throw Error(QStringLiteral("The server is out."));
         co_return QStringLiteral("Dear ") + text;
@@ -52,6 +60,7 @@ public:
     const QUuid id = QUuid::createUuid();
     QStringList entries;
     bool fails = false;
+    bool isDoubtful = false;
 };
 
 class Modes : public testing::Test
@@ -92,6 +101,17 @@ TEST_F(Modes, EmailAndGrammarStoreBeforeTheyAskAndAfterwards)
               QStringList({QStringLiteral("row Grammar [hello][]"),
                            QStringLiteral("asked [%1][hello]").arg(*builtInPrompt(ProcessingMode::Grammar)),
                            QStringLiteral("! The server is out.")}));
+}
+
+TEST_F(Modes, AnAnswerThatIsNotBelievedIsKeptWithItsReasonButNotAsTheText)
+{
+    diary.isDoubtful = true;
+    prompts.setPrompt(ProcessingMode::Email, QStringLiteral("as mail"));
+    EmailModeHandler email(diary, prompts);
+    const QString reason = QStringLiteral("The rewriting was set aside: it says “7”, and you did not.");
+    EXPECT_EQ(process(email),
+              QStringList({QStringLiteral("row Email [hello][]"), QStringLiteral("asked [as mail][hello]"),
+                           QStringLiteral("set aside it [Dear 7][%1]").arg(reason), QStringLiteral("! ") + reason}));
 }
 
 TEST_F(Modes, CustomAsksOnlyWithAPromptAndWhiteSpaceIsOne)

@@ -124,6 +124,7 @@ public:
         return QUuid::createUuid();
     }
     void updateFormatted(const QUuid&, const QString&) override {}
+    void setAside(const QUuid&, const QString&, const QString&) override {}
     QCoro::Task<> addNote(QString transcription) override
     {
         if (full)

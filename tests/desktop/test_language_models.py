@@ -5,13 +5,13 @@ import json
 import sqlite3
 import sys
 
-from dictationcase import CANCEL_KEY, CHILD, CHILD_WORDS, ROOT, DictationCase, main, words
+from dictationcase import CANCEL_KEY, CHILD, CHILD_WORDS, HUD_TITLE, ROOT, DictationCase, main, words
 
 sys.path.insert(0, str(ROOT / "tests" / "ai" / "services"))
 from chatserver import Answer, ChatServer  # noqa: E402
 
 KEY = "sk-desktop-4f1c9a7e2b"
-LETTER = "Dear Ada,\n\nthe child almost hurt the small dog.\n\nBest, "
+LETTER = "Hi,\n\nThe child almost hurt the small dog.\n\nBest,"
 ATTRIBUTES = ("service", "com.vantro.app", "account")
 
 
@@ -64,7 +64,7 @@ class LanguageModelsTest(DictationCase):
         self.wait(lambda: self.server.connections, 5, "a connection while the user still speaks")
         self.speak(CHILD)
         self.vantro.end_dictation()
-        self.wait(lambda: self.arrived() == LETTER.strip(), 60, "the letter in the editor")
+        self.wait(lambda: self.arrived() == LETTER, 60, "the letter in the editor")
         self.wait_until_over()
         request, = self.server.requests
         self.assertEqual(request["path"], "/v1/chat/completions")
@@ -111,6 +111,29 @@ class LanguageModelsTest(DictationCase):
         self.answer(alert, "Tab", "space")
         self.wait(lambda: words(self.desktop.clipboard() or "") == CHILD_WORDS, 5, "the words on the clipboard")
 
+    def test_an_answer_that_is_not_believed_is_kept_and_the_words_are_pasted(self):
+        for answer, why in (
+                (Answer.chat("Hi Bob,\n\nThe child almost hurt the small dog.\n\nBest,"), "it says \u201cBob\u201d"),
+                (Answer.chat("Hi,\n\nThe child almost", finish_reason="length"), "the answer is cut off"),
+                (Answer.chat(" "), "the answer is empty")):
+            with self.subTest(why):
+                self._before = self.editor.text()
+                self.server.answer = answer
+                self.dictate(CHILD)
+                self.assertEqual(words(self.wait_for_text()), CHILD_WORDS)
+                self.wait(lambda: self.vantro.window(HUD_TITLE), 5, "the display that says why")
+                row, = json.loads(self.vantro.run("history", "--limit", "1", "--json").stdout)
+                self.assertEqual((words(row["transcription"]), row["formatted"]), (CHILD_WORDS, ""))
+                self.assertEqual(row["setAside"].strip(), json.loads(answer.body)["choices"][0]["message"]["content"].strip())
+                self.assertIn(why, row["setAsideReason"])
+
+    def test_what_the_model_says_around_the_letter_is_not_pasted(self):
+        self.server.answer = Answer.chat(f"<think>A mail.</think>Sure! Here is your email:\n\n```\n{LETTER}\n```\n\n"
+                                         "Let me know if you would like any changes!")
+        self.dictate(CHILD)
+        self.wait(lambda: self.arrived() == LETTER, 60, "the letter in the editor")
+        self.wait_until_over()
+
     def test_a_default_mode_that_nobody_serves_leaves_the_text_as_it_is(self):
         self.assertEqual(self.vantro.run("providers", "edit", "House", "--disable").returncode, 0)
         self.addCleanup(self.vantro.run, "providers", "edit", "House", "--enable")
@@ -127,7 +150,7 @@ class LanguageModelsTest(DictationCase):
             self.wait_until_over(timeout_s=5)
         self.server.answer = Answer.chat(LETTER)
         self.dictate(CHILD)
-        self.wait(lambda: self.arrived() == LETTER.strip(), 60, "the next letter in the editor")
+        self.wait(lambda: self.arrived() == LETTER, 60, "the next letter in the editor")
         self.wait_until_over()
 
     def test_a_provider_that_is_changed_elsewhere_is_asked_as_it_is_now(self):

@@ -80,10 +80,16 @@ TEST_F(StoreFileTest, SavesAreCommittedToTheDiskAndTheLogNeedsNoHelp)
     EXPECT_EQ(value("PRAGMA synchronous").toInt(), 2) << "the log is synced with every commit";
 }
 
-TEST_F(StoreFileTest, AHistoryOfTheFirstSchemaBecomesOneOfThisVersion)
+class EarlierSchema : public StoreFileTest, public testing::WithParamInterface<const char*>
+{
+};
+
+INSTANTIATE_TEST_SUITE_P(StoreFileTest, EarlierSchema, testing::Values("schema-1.sqlite", "schema-2.sqlite"));
+
+TEST_P(EarlierSchema, BecomesThatOfThisVersion)
 {
     const QString old = anotherPath("old");
-    ASSERT_TRUE(QFile::copy(fixture("schema-1.sqlite"), old));
+    ASSERT_TRUE(QFile::copy(fixture(GetParam()), old));
     CoreDataStack migrated(clock, old);
     migrated.loadPersistentStores();
     const TranscriptionFetch all(migrated.persistentContainer(), {});
@@ -104,6 +110,8 @@ TEST_F(StoreFileTest, AHistoryOfTheFirstSchemaBecomesOneOfThisVersion)
     ASSERT_EQ(days.size(), 1U);
     EXPECT_EQ(days.front().formatted, QStringLiteral("One note about milk."));
     EXPECT_EQ(migrated.notes(days.front()).front().transcription, QStringLiteral("buy milk"));
+    migrated.setAside(rows[2].id, QStringLiteral("Hi Bob"), QStringLiteral("It says Bob."));
+    EXPECT_EQ(migrated.transcription(rows[2].id)->setAside, QStringLiteral("Hi Bob"));
     EXPECT_EQ(integrityOf(migrated), QStringLiteral("ok"));
     EXPECT_EQ(loadFailure(old), QString()) << "and is one from then on";
 }

@@ -1,5 +1,7 @@
 #include "vantro/ai/FormattingModeHandler.h"
 
+#include "vantro/ai/AnswerSetAside.h"
+
 namespace vantro {
 
 FormattingModeHandler::FormattingModeHandler(ProcessingMode mode, TranscriptionStoring& store,
@@ -16,9 +18,14 @@ QCoro::Task<QString> FormattingModeHandler::process(QString transcript, std::sha
     const QString prompt = prompts_.prompt(mode_);
     if (mode_ == ProcessingMode::Custom && prompt.isEmpty())
         co_return transcript;
-    const QString formatted = co_await service->format(prompt, transcript);
-    store_.updateFormatted(id, formatted);
-    co_return formatted;
+    try {
+        const QString formatted = co_await service->format(prompt, transcript);
+        store_.updateFormatted(id, formatted);
+        co_return formatted;
+    } catch (const AnswerSetAside& doubt) {
+        store_.setAside(id, doubt.answer(), doubt.localizedDescription());
+        throw;
+    }
 }
 
 } // namespace vantro

@@ -16,7 +16,8 @@ class ModeHandler
 public:
     virtual ~ModeHandler() = default;
 
-    /// @p service: the mode's language model. Throws Error; anything already stored is kept.
+    /// @p service: the mode's language model. Throws Error; anything already stored is kept. When that is
+    /// AnswerSetAside, the transcript is to be delivered.
     virtual QCoro::Task<QString> process(QString transcript, std::shared_ptr<FormatRequestServicing> service) = 0;
 };
 

@@ -23,6 +23,9 @@ public:
     virtual QUuid saveTranscription(const QString& transcription, ProcessingMode mode) = 0;
     /// Does nothing when the row no longer exists.
     virtual void updateFormatted(const QUuid& id, const QString& formatted) = 0;
+    /// Stores an answer of the language model that was not believed, and why. Does nothing when the row no longer
+    /// exists.
+    virtual void setAside(const QUuid& id, const QString& answer, const QString& reason) = 0;
 
     /// Adds to today's notes.
     virtual QCoro::Task<> addNote(QString transcription) = 0;

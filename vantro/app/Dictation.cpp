@@ -4,6 +4,7 @@
 #include "base/SampleFormat.h"
 #include "base/Settings.h"
 #include "platform/Wording.h"
+#include "vantro/ai/AnswerSetAside.h"
 #include "vantro/ai/DefaultMode.h"
 #include "vantro/app/ProcessingErrorMessage.h"
 
@@ -35,6 +36,11 @@ QString withFirstWords(const QString& reason, const QString& text)
         words = words.left(std::max(words.lastIndexOf(QLatin1Char(' '), firstWords), firstWords / 2)) + QChar(0x2026);
     words = Dictation::tr("\u201C%1\u201D").arg(words);
     return reason.isEmpty() ? words : reason + QLatin1Char('\n') + words;
+}
+
+QString joined(const QString& one, const QString& other)
+{
+    return one.isEmpty() || other.isEmpty() ? one + other : one + QLatin1Char('\n') + other;
 }
 
 } // namespace
@@ -296,6 +302,11 @@ QCoro::Task<QString> Dictation::process(QString transcript)
         QString text = co_await handler_->process(transcript, service_);
         giveUpIfCancelled();
         co_return text;
+    } catch (const AnswerSetAside& doubt) {
+        giveUpIfCancelled();
+        logger_.info(doubt.localizedDescription());
+        remark_ = doubt.localizedDescription();
+        co_return transcript;
     } catch (const std::exception& error) {
         giveUpIfCancelled();
         logger_.error(QStringLiteral("Processing error: ") + localizedDescription(error));
@@ -339,9 +350,8 @@ QCoro::Task<> Dictation::deliver(QString text)
 void Dictation::copy(const QString& text, std::optional<QRect> launcherFrame)
 {
     parts_.delivery.copy(text);
-    parts_.shell.showPasteHUD(
-        launcherFrame, pasteKeys(),
-        withFirstWords(isAgain_ ? tr("The text of your recording is on the clipboard.") : QString(), text));
+    const QString reason = isAgain_ ? tr("The text of your recording is on the clipboard.") : QString();
+    parts_.shell.showPasteHUD(launcherFrame, pasteKeys(), withFirstWords(joined(remark_, reason), text));
 }
 
 QCoro::Task<> Dictation::paste(QString text, std::optional<QRect> launcherFrame)
@@ -354,7 +364,9 @@ QCoro::Task<> Dictation::paste(QString text, std::optional<QRect> launcherFrame)
         timings_.pasted = parts_.clock.now();
     const QString reason = parts_.delivery.explanation(outcome);
     if (!reason.isEmpty())
-        parts_.shell.showPasteHUD(launcherFrame, pasteKeys(), withFirstWords(reason, text));
+        parts_.shell.showPasteHUD(launcherFrame, pasteKeys(), withFirstWords(joined(remark_, reason), text));
+    else if (!remark_.isEmpty())
+        parts_.shell.showPasteHUD(launcherFrame, {}, joined(remark_, tr("Your words are there as you said them.")));
 }
 
 std::function<QString()> Dictation::pasteKeys() const

@@ -175,6 +175,7 @@ private:
     ModeHandler* handler_ = nullptr;
     std::shared_ptr<FormatRequestServicing> service_;
     QString notice_; ///< shown to the user at the end
+    QString remark_; ///< told with the delivered text
     DictationTimings timings_;
     RecognitionAhead ahead_;
     std::unique_ptr<LauncherPanel> launcher_;

@@ -49,6 +49,12 @@ void LenientStore::updateFormatted(const QUuid& id, const QString& formatted)
         attempt([&] { store_.updateFormatted(id, formatted); });
 }
 
+void LenientStore::setAside(const QUuid& id, const QString& answer, const QString& reason)
+{
+    if (!id.isNull())
+        attempt([&] { store_.setAside(id, answer, reason); });
+}
+
 QCoro::Task<> LenientStore::addNote(QString transcription)
 {
     hasLatest_ = false;

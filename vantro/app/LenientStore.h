@@ -34,6 +34,7 @@ public:
     /// Returns a null id when it could not, or was not to be stored.
     QUuid saveTranscription(const QString& transcription, ProcessingMode mode) override;
     void updateFormatted(const QUuid& id, const QString& formatted) override;
+    void setAside(const QUuid& id, const QString& answer, const QString& reason) override;
 
     QCoro::Task<> addNote(QString transcription) override;
     QCoro::Task<> summarizeToday(std::shared_ptr<FormatRequestServicing> service) override;

@@ -2,6 +2,7 @@
 
 #include "base/Error.h"
 #include "platform/Wording.h"
+#include "vantro/ai/AnswerSetAside.h"
 #include "vantro/ai/services/LocalFormatError.h"
 #include "vantro/ai/services/RemoteFormatError.h"
 
@@ -38,6 +39,8 @@ QString processingErrorMessage(const std::exception& error)
                    ? QCoreApplication::translate("AudioRecorder", "AI processing failed.")
                    : remote->localizedDescription();
     }
+    if (dynamic_cast<const AnswerSetAside*>(&error) != nullptr)
+        return localizedDescription(error);
     return QCoreApplication::translate("AudioRecorder", "Error processing transcription: ") +
            localizedDescription(error);
 }

@@ -1,6 +1,7 @@
 #include "vantro/app/Rewriting.h"
 
 #include "base/Error.h"
+#include "vantro/ai/answers/CheckedFormatService.h"
 #include "vantro/app/ProcessingErrorMessage.h"
 
 #include <utility>
@@ -12,7 +13,8 @@ Rewriting::Rewriting(UserDefaults& defaults, const Platform& platform, Clock& cl
     , keychain_(*platform.secrets)
     , providers_(defaults, keychain_)
     , http_(clock)
-    , factory_(providers_, {http_, keychain_, *platform.languages})
+    , languages_(*platform.languages)
+    , factory_(providers_, {http_, keychain_, languages_})
 {
 }
 
@@ -53,7 +55,8 @@ void Rewriting::expectUse(ProcessingMode mode) const
 
 std::shared_ptr<FormatRequestServicing> Rewriting::choose(ProcessingMode mode, std::stop_token stop) const
 {
-    auto service = factory_.make(mode, prompts_.configuration(mode), std::move(stop));
+    const auto service = std::make_shared<CheckedFormatService>(
+        factory_.make(mode, prompts_.configuration(mode), std::move(stop)), languages_);
     if (asksModel(mode))
         service->prepare();
     return service;

@@ -56,6 +56,7 @@ private:
     KeychainService keychain_;
     ProviderConfigurationManager providers_;
     HttpExchange http_;
+    const LanguageRecognizer& languages_;
     FormatServiceFactory factory_;
 };
 

@@ -92,6 +92,9 @@ void showToPerson(const Transcription& row)
     terminal::writeLine(terminal::printable(row.text()));
     if (!row.formatted.isEmpty())
         terminal::writeLine(QStringLiteral("\nOriginal text:\n\n") + terminal::printable(row.transcription));
+    if (!row.setAsideReason.isEmpty())
+        terminal::writeLine(QStringLiteral("\n%1\n\n%2")
+                                .arg(terminal::singleLine(row.setAsideReason), terminal::printable(row.setAside)));
 }
 
 std::vector<QUuid> dictationsFrom(const CommandCall& call, const CoreDataStack& store)

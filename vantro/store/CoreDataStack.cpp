@@ -63,6 +63,17 @@ void CoreDataStack::updateFormatted(const QUuid& id, const QString& formatted)
     Q_EMIT transcriptionChanged(row->objectID);
 }
 
+void CoreDataStack::setAside(const QUuid& id, const QString& answer, const QString& reason)
+{
+    const auto row = transcription(id);
+    if (!row)
+        return;
+    persistentContainer_.run(
+        QStringLiteral("UPDATE Transcription SET setAside = ?2, setAsideReason = ?3 WHERE pk = ?1"),
+        {row->objectID, presentText(answer), presentText(reason)});
+    Q_EMIT transcriptionChanged(row->objectID);
+}
+
 std::optional<Transcription> CoreDataStack::transcription(const QUuid& id) const
 {
     const QVariant key =
@@ -109,9 +120,11 @@ void CoreDataStack::restoreTranscriptions(const std::vector<Transcription>& rows
 void CoreDataStack::updateTranscription(const Transcription& row)
 {
     persistentContainer_.run(QStringLiteral("UPDATE Transcription SET processingMode = ?2, transcription = ?3, "
-                                            "formatted = ?4, terms = ?5 WHERE pk = ?1"),
+                                            "formatted = ?4, terms = ?5, setAside = ?6, setAsideReason = ?7 "
+                                            "WHERE pk = ?1"),
                              {row.objectID, row.processingMode, presentText(row.transcription),
-                              presentText(row.formatted), searchTerms(row.transcription, row.formatted)});
+                              presentText(row.formatted), searchTerms(row.transcription, row.formatted), row.setAside,
+                              row.setAsideReason});
     Q_EMIT transcriptionChanged(row.objectID);
 }
 

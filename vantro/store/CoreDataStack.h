@@ -48,6 +48,7 @@ public:
     void saveTranscription(const QString& transcription, const QString& formatted, ProcessingMode mode) override;
     QUuid saveTranscription(const QString& transcription, ProcessingMode mode) override;
     void updateFormatted(const QUuid& id, const QString& formatted) override;
+    void setAside(const QUuid& id, const QString& answer, const QString& reason) override;
 
     [[nodiscard]] std::optional<Transcription> transcription(const QUuid& id) const;
     /// At most @p limit IDs that start with @p prefix.

@@ -19,7 +19,9 @@ struct Transcription
     QDateTime created_at;
     QString processingMode; ///< a mode's raw value
     QString transcription;
-    QString formatted; ///< empty if there is none
+    QString formatted;           ///< empty if there is none
+    QString setAside = {};       ///< what a language model answered and was not believed; empty if there is none
+    QString setAsideReason = {}; ///< for the user to read
 
     /// The delivered text: formatted if available.
     [[nodiscard]] const QString& text() const { return formatted.isEmpty() ? transcription : formatted; }

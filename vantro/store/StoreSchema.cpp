@@ -74,9 +74,16 @@ void makeFullTextIndex(const PersistentContainer& container)
         container.run(QLatin1String(statement));
 }
 
+/// Answers of language models that were not believed.
+void addSetAside(const PersistentContainer& container)
+{
+    container.run(QStringLiteral("ALTER TABLE Transcription ADD COLUMN setAside TEXT"));
+    container.run(QStringLiteral("ALTER TABLE Transcription ADD COLUMN setAsideReason TEXT"));
+}
+
 using Step = void (*)(const PersistentContainer&);
 /// Step n upgrades version n to n + 1. Released steps never change.
-constexpr std::array<Step, StoreSchema::currentVersion> steps{makeEntities, makeFullTextIndex};
+constexpr std::array<Step, StoreSchema::currentVersion> steps{makeEntities, makeFullTextIndex, addSetAside};
 
 } // namespace
 

@@ -9,7 +9,7 @@ class PersistentContainer;
 class StoreSchema
 {
 public:
-    static constexpr int currentVersion = 2;
+    static constexpr int currentVersion = 3;
 
     /// Throws StoreError unless the file is empty or a history of this or an earlier version. Read-only.
     static void check(const PersistentContainer& container);

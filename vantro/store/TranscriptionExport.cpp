@@ -54,6 +54,8 @@ void writeMarkdown(const Transcription& row, QIODevice& target)
                  row.text().toUtf8() + '\n');
     if (!row.formatted.isEmpty())
         target.write('\n' + quoted(row.transcription) + '\n');
+    if (!row.setAside.isEmpty())
+        target.write('\n' + row.setAsideReason.toUtf8() + "\n\n" + quoted(row.setAside) + '\n');
 }
 
 } // namespace
@@ -104,11 +106,17 @@ void exportTranscriptions(const Transcriptions& all, ExportFormat format, const 
 
 QJsonObject toJson(const Transcription& row)
 {
-    return {{QStringLiteral("id"), jsonText(row.id.isNull() ? QString() : row.id.toString(QUuid::WithoutBraces))},
-            {QStringLiteral("created_at"), jsonDate(row.created_at)},
-            {QStringLiteral("processingMode"), jsonText(row.processingMode)},
-            {QStringLiteral("transcription"), jsonText(row.transcription)},
-            {QStringLiteral("formatted"), jsonText(row.formatted)}};
+    QJsonObject object{
+        {QStringLiteral("id"), jsonText(row.id.isNull() ? QString() : row.id.toString(QUuid::WithoutBraces))},
+        {QStringLiteral("created_at"), jsonDate(row.created_at)},
+        {QStringLiteral("processingMode"), jsonText(row.processingMode)},
+        {QStringLiteral("transcription"), jsonText(row.transcription)},
+        {QStringLiteral("formatted"), jsonText(row.formatted)}};
+    if (!row.setAside.isNull()) {
+        object.insert(QStringLiteral("setAside"), row.setAside);
+        object.insert(QStringLiteral("setAsideReason"), row.setAsideReason);
+    }
+    return object;
 }
 
 QJsonValue jsonDate(const QDateTime& date)

@@ -40,7 +40,9 @@ TranscriptionFetch::TranscriptionFetch(const PersistentContainer& container, con
 std::vector<Transcription> TranscriptionFetch::rows(FetchRange range, int limit) const
 {
     StoreQuery query =
-        run(QStringLiteral("t.pk, t.id, t.created_at, t.processingMode, t.transcription, t.formatted"), range, limit);
+        run(QStringLiteral("t.pk, t.id, t.created_at, t.processingMode, t.transcription, t.formatted, t.setAside, "
+                           "t.setAsideReason"),
+            range, limit);
     std::vector<Transcription> result;
     while (query.next())
         result.push_back(transcriptionFrom(query));
@@ -96,7 +98,8 @@ StoreQuery TranscriptionFetch::run(const QString& columns, FetchRange range, std
 Transcription transcriptionFrom(const StoreQuery& query)
 {
     return {query.value(0).toLongLong(), QUuid(query.value(1).toString()), dateFromStored(query.value(2)),
-            query.value(3).toString(),   query.value(4).toString(),        query.value(5).toString()};
+            query.value(3).toString(),   query.value(4).toString(),        query.value(5).toString(),
+            query.value(6).toString(),   query.value(7).toString()};
 }
 
 QVariant storedDate(const QDateTime& date)

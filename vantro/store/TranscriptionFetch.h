@@ -61,7 +61,7 @@ private:
 
 /// What transcriptionFrom() reads, in this order.
 inline const QString transcriptionColumns =
-    QStringLiteral("pk, id, created_at, processingMode, transcription, formatted");
+    QStringLiteral("pk, id, created_at, processingMode, transcription, formatted, setAside, setAsideReason");
 [[nodiscard]] Transcription transcriptionFrom(const StoreQuery& query);
 
 /// The stored form of a date: milliseconds since 1970, or NULL if invalid.

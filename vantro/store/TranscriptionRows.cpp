@@ -75,9 +75,10 @@ void restoreTranscriptionRows(const PersistentContainer& container, const std::v
     for (const Transcription& row : rows)
         container.run(
             QStringLiteral("INSERT INTO Transcription (pk, id, created_at, processingMode, transcription, formatted, "
-                           "terms) VALUES (?1, ?2, ?3, ?4, ?5, ?6, ?7) ON CONFLICT (id) DO NOTHING"),
+                           "terms, setAside, setAsideReason) VALUES (?1, ?2, ?3, ?4, ?5, ?6, ?7, ?8, ?9) "
+                           "ON CONFLICT (id) DO NOTHING"),
             {row.objectID, storedIdentity(row.id), storedDate(row.created_at), row.processingMode, row.transcription,
-             row.formatted, searchTerms(row.transcription, row.formatted)});
+             row.formatted, searchTerms(row.transcription, row.formatted), row.setAside, row.setAsideReason});
     transaction.commit();
 }
 

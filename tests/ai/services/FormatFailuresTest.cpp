@@ -75,7 +75,6 @@ TEST_F(FormatFailures, AnAnswerThatHoldsNoTextIsNone)
     for (const char* body :
          {"", "<html><body>Sign in to the network</body></html>", "[]", "{}", "\"text\"", R"({"choices": []})",
           R"({"choices": [{"message": {"content": null}}]})", R"({"choices": [{"message": {"content": ["a"]}}]})",
-          R"({"choices": [{"message": {"content": ""}}]})", R"({"choices": [{"message": {"content": " \n"}}]})",
           R"({"choices": [{"message": {"content": "cut)"})
         EXPECT_EQ(formatWith({{QStringLiteral("body"), QString::fromUtf8(body)}}).kind(), Kind::invalidResponse)
             << body;
@@ -84,6 +83,31 @@ TEST_F(FormatFailures, AnAnswerThatHoldsNoTextIsNone)
               Kind::invalidResponse);
     EXPECT_EQ(formatWith({}, RemoteProviderType::Anthropic).kind(), Kind::invalidResponse);
     EXPECT_EQ(formatWith({}, RemoteProviderType::Gemini).kind(), Kind::invalidResponse);
+}
+
+TEST_F(FormatFailures, AnAnswerThatIsNotTheWholeIsSetAside)
+{
+    using Doubt = AnswerSetAside::Doubt;
+    const auto doubt = [this](const char* body, RemoteProviderType type = RemoteProviderType::Custom) {
+        return formatWith({{QStringLiteral("body"), QString::fromUtf8(body)}}, type).doubt();
+    };
+    EXPECT_EQ(doubt(R"({"choices": [{"message": {"content": "Hello wo"}, "finish_reason": "length"}]})"),
+              Doubt::cutOff);
+    EXPECT_EQ(doubt(R"({"choices": [{"message": {"content": null}, "finish_reason": "length"}]})"), Doubt::cutOff)
+        << "the tokens went into reasoning";
+    EXPECT_EQ(doubt(R"({"choices": [{"message": {"content": "Hello"}, "finish_reason": "content_filter"}]})"),
+              Doubt::refused);
+    EXPECT_EQ(
+        doubt(R"({"content": [{"text": "Hello wo"}], "stop_reason": "max_tokens"})", RemoteProviderType::Anthropic),
+        Doubt::cutOff);
+    EXPECT_EQ(doubt(R"({"content": [], "stop_reason": "refusal"})", RemoteProviderType::Anthropic), Doubt::refused);
+    EXPECT_EQ(doubt(R"({"candidates": [{"content": {"parts": [{"text": "Hello wo"}]}, "finishReason": "MAX_TOKENS"}]})",
+                    RemoteProviderType::Gemini),
+              Doubt::cutOff);
+    EXPECT_EQ(doubt(R"({"candidates": [{"finishReason": "SAFETY"}]})", RemoteProviderType::Gemini), Doubt::refused);
+    EXPECT_EQ(doubt(R"({"choices": [{"message": {"content": ""}, "finish_reason": "stop"}]})"), Doubt::empty);
+    EXPECT_EQ(doubt(R"({"choices": [{"message": {"content": " \n"}}]})"), Doubt::empty);
+    EXPECT_EQ(doubt(R"({"choices": [{"message": {"content": "Hello"}, "finish_reason": "stop"}]})"), std::nullopt);
 }
 
 TEST_F(FormatFailures, WhatATerminalWouldObeyIsLeftOutOfAnAnswer)

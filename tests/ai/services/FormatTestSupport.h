@@ -4,6 +4,7 @@
 #include "platform/testing/FakeSecretStore.h"
 #include "tests/WaitFor.h"
 #include "tests/ai/services/ChatServer.h"
+#include "vantro/ai/AnswerSetAside.h"
 #include "vantro/ai/providers/KeychainService.h"
 #include "vantro/ai/providers/ProviderConfigurationManager.h"
 #include "vantro/ai/services/FormatServiceFactory.h"
@@ -45,6 +46,17 @@ struct Outcome
         }
         return {};
     }
+    [[nodiscard]] std::optional<AnswerSetAside::Doubt> doubt() const
+    {
+        try {
+            if (failure)
+                std::rethrow_exception(failure);
+        } catch (const AnswerSetAside& error) {
+            return error.doubt();
+        } catch (const Error&) {
+        }
+        return std::nullopt;
+    }
     [[nodiscard]] std::optional<RemoteFormatError::Kind> kind() const
     {
         try {
@@ -52,6 +64,7 @@ struct Outcome
                 std::rethrow_exception(failure);
         } catch (const RemoteFormatError& error) {
             return error.kind();
+        } catch (const Error&) {
         }
         return std::nullopt;
     }

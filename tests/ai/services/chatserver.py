@@ -46,9 +46,10 @@ class Answer:
     redirects: int = 0                # so many requests get the redirect, then the plain answer follows
 
     @staticmethod
-    def chat(text, **more):
+    def chat(text, finish_reason="stop", **more):
         """A success in the shape of chat completions."""
-        return Answer(body=json.dumps({"choices": [{"message": {"role": "assistant", "content": text}}]}), **more)
+        choice = {"message": {"role": "assistant", "content": text}, "finish_reason": finish_reason}
+        return Answer(body=json.dumps({"choices": [choice]}), **more)
 
     def content(self):
         if self.fill_bytes:

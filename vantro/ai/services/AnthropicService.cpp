@@ -53,10 +53,12 @@ QJsonObject AnthropicService::verificationBody() const
             {QStringLiteral("messages"), userMessage(QStringLiteral("test"))}};
 }
 
-RemoteAnswer::TextPath AnthropicService::textPath() const
+RemoteAnswer::Path AnthropicService::contentPath() const
 {
     return [](const QJsonObject& answer) {
-        return answer.value(QLatin1String("content")).toArray().at(0).toObject().value(QLatin1String("text"));
+        const QJsonArray blocks = answer.value(QLatin1String("content")).toArray();
+        return RemoteAnswer::Content{blocks.at(0).toObject().value(QLatin1String("text")),
+                                     answer.value(QLatin1String("stop_reason")).toString()};
     };
 }
 

@@ -51,11 +51,12 @@ void ChatCompletions::addParameters(QJsonObject& body) const
         body.insert(member.key(), member.value());
 }
 
-RemoteAnswer::TextPath ChatCompletions::textPath() const
+RemoteAnswer::Path ChatCompletions::contentPath() const
 {
     return [](const QJsonObject& answer) {
         const QJsonObject choice = answer.value(QLatin1String("choices")).toArray().at(0).toObject();
-        return choice.value(QLatin1String("message")).toObject().value(QLatin1String("content"));
+        return RemoteAnswer::Content{choice.value(QLatin1String("message")).toObject().value(QLatin1String("content")),
+                                     choice.value(QLatin1String("finish_reason")).toString()};
     };
 }
 

@@ -50,13 +50,14 @@ QJsonObject GeminiService::verificationBody() const
             {QStringLiteral("generationConfig"), QJsonObject{{QStringLiteral("maxOutputTokens"), 1}}}};
 }
 
-RemoteAnswer::TextPath GeminiService::textPath() const
+RemoteAnswer::Path GeminiService::contentPath() const
 {
     return [](const QJsonObject& answer) {
         const QJsonObject candidate = answer.value(QLatin1String("candidates")).toArray().at(0).toObject();
         const QJsonArray parts =
             candidate.value(QLatin1String("content")).toObject().value(QLatin1String("parts")).toArray();
-        return parts.at(0).toObject().value(QLatin1String("text"));
+        return RemoteAnswer::Content{parts.at(0).toObject().value(QLatin1String("text")),
+                                     candidate.value(QLatin1String("finishReason")).toString()};
     };
 }
 

@@ -17,7 +17,7 @@ protected:
     void authorize(HttpRequest& request, const QString& key) const override;
     [[nodiscard]] QJsonObject formatBody(const QString& system, const QString& text) const override;
     [[nodiscard]] QJsonObject verificationBody() const override;
-    [[nodiscard]] RemoteAnswer::TextPath textPath() const override;
+    [[nodiscard]] RemoteAnswer::Path contentPath() const override;
 
 private:
     QString host_;

@@ -1,9 +1,11 @@
 #include "vantro/ai/services/RemoteAnswer.h"
 
 #include "base/PlainText.h"
+#include "vantro/ai/AnswerSetAside.h"
 #include "vantro/ai/services/RemoteFormatError.h"
 
 #include <QJsonDocument>
+#include <QSet>
 
 #include <algorithm>
 #include <array>
@@ -41,18 +43,44 @@ bool tellsOfContextLength(const QByteArray& body)
     return std::ranges::any_of(signs, [&text](const char* sign) { return text.contains(sign); });
 }
 
+/// In the words of the known servers.
+bool isCutOff(const QString& end)
+{
+    static const QSet<QString> words{QStringLiteral("length"), QStringLiteral("max_tokens"),
+                                     QStringLiteral("model_length"), QStringLiteral("model_context_window_exceeded")};
+    return words.contains(end.toLower());
+}
+
+bool isRefused(const QString& end)
+{
+    static const QSet<QString> words{QStringLiteral("content_filter"),
+                                     QStringLiteral("refusal"),
+                                     QStringLiteral("safety"),
+                                     QStringLiteral("recitation"),
+                                     QStringLiteral("prohibited_content"),
+                                     QStringLiteral("blocklist"),
+                                     QStringLiteral("spii")};
+    return words.contains(end.toLower());
+}
+
 } // namespace
 
 RemoteAnswer::RemoteAnswer(QString label, HttpAnswer answer) : label_(std::move(label)), answer_(std::move(answer)) {}
 
-QString RemoteAnswer::text(TextPath path) const
+QString RemoteAnswer::text(Path path) const
 {
     check();
-    const QJsonValue value = path(QJsonDocument::fromJson(answer_.body).object());
-    QString text = withoutControlCharacters(value.toString());
-    // An empty text means that the model used up its tokens on reasoning.
-    if (text.trimmed().isEmpty())
+    const Content content = path(QJsonDocument::fromJson(answer_.body).object());
+    QString text = withoutControlCharacters(content.text.toString());
+    // Comes without a text when the model used up its tokens on reasoning.
+    if (isCutOff(content.end))
+        throw AnswerSetAside(AnswerSetAside::Doubt::cutOff, text);
+    if (isRefused(content.end))
+        throw AnswerSetAside(AnswerSetAside::Doubt::refused, text);
+    if (!content.text.isString())
         throw RemoteFormatError(RemoteFormatError::Kind::invalidResponse);
+    if (text.trimmed().isEmpty())
+        throw AnswerSetAside(AnswerSetAside::Doubt::empty, text);
     return text;
 }
 

@@ -14,14 +14,20 @@ namespace vantro {
 class RemoteAnswer
 {
 public:
-    /// Extracts the text from a provider's response; not a string when it is missing.
-    using TextPath = QJsonValue (*)(const QJsonObject& answer);
+    /// What a provider's response says.
+    struct Content
+    {
+        QJsonValue text; ///< not a string when it is missing
+        QString end;     ///< the provider's word for why the text ends; may be empty
+    };
+    using Path = Content (*)(const QJsonObject& answer);
 
     /// @p label: prefix of log lines, such as "OpenAI".
     RemoteAnswer(QString label, HttpAnswer answer);
 
-    /// Returns the text of a successful response. Throws RemoteFormatError otherwise, also for an empty text.
-    [[nodiscard]] QString text(TextPath path) const;
+    /// Returns the text of a successful response as it stands there. Throws RemoteFormatError when there is none, and
+    /// AnswerSetAside when it is empty, or the provider says that it is not the whole.
+    [[nodiscard]] QString text(Path path) const;
     /// Throws RemoteFormatError unless the status is 200.
     void check() const;
     [[nodiscard]] int status() const { return answer_.status; }

@@ -82,7 +82,7 @@ QCoro::Task<QString> RemoteFormatService::format(QString prompt, QString text)
     const QString system = prompt + languageInstruction(parts_.languages, text);
     const QString key = co_await resolveKey(config_.keychainIdentifierOverride.value_or(QString()));
     const QJsonObject body = formatBody(system, text);
-    const HttpExchange::Reader read = [label = rawValue(config_.provider), path = textPath(),
+    const HttpExchange::Reader read = [label = rawValue(config_.provider), path = contentPath(),
                                        note = formatNote()](const HttpAnswer& answer) {
         const RemoteAnswer remote(label, answer);
         if (note != nullptr)

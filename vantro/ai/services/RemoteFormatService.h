@@ -56,7 +56,7 @@ protected:
     virtual void authorize(HttpRequest& request, const QString& key) const = 0;
     [[nodiscard]] virtual QJsonObject formatBody(const QString& system, const QString& text) const = 0;
     [[nodiscard]] virtual QJsonObject verificationBody() const = 0;
-    [[nodiscard]] virtual RemoteAnswer::TextPath textPath() const = 0;
+    [[nodiscard]] virtual RemoteAnswer::Path contentPath() const = 0;
     /// Called before a request is sent, for extra log lines.
     virtual void noteRequest() const {}
     /// Called with the complete response, for extra log lines. Runs on the network thread, where the service may be

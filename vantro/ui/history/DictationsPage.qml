@@ -10,7 +10,10 @@ FocusScope {
     property real listTop
     property bool busy: false
     property bool showsRaw: false
-    readonly property string shownText: model.isFormatted && !showsRaw ? model.formattedText : model.rawText
+    property bool wantsSetAside: false
+    readonly property bool showsSetAside: wantsSetAside && model.setAside !== ""
+    readonly property string shownText: showsSetAside ? model.setAside
+        : model.isFormatted && !showsRaw ? model.formattedText : model.rawText
     readonly property bool hasOne: model.chosenCount === 1 && model.currentRow >= 0
 
     function takeKeyboard() {
@@ -28,7 +31,7 @@ FocusScope {
         model.paste(shownText)
     }
     function edit() {
-        if (hasOne && !busy)
+        if (hasOne && !busy && !showsSetAside)
             model.edit(showsRaw)
     }
     function endEdit() {
@@ -173,7 +176,8 @@ FocusScope {
         id: details
         anchors { left: reader.left; right: reader.right; top: parent.top; topMargin: Theme.space24 }
         visible: page.hasOne && !page.busy
-        text: page.model.details
+        text: page.model.setAsideReason === "" ? page.model.details
+            : page.model.details + "\n" + page.model.setAsideReason
     }
     TextReader {
         id: reader
@@ -220,7 +224,7 @@ FocusScope {
             onClicked: page.paste()
         }
         VButton {
-            visible: page.hasOne && !page.model.isEditing
+            visible: page.hasOne && !page.model.isEditing && !page.showsSetAside
             secondary: true
             text: qsTr("Edit")
             onClicked: page.edit()
@@ -241,6 +245,12 @@ FocusScope {
             secondary: true
             text: page.showsRaw ? qsTr("Show the rewritten text") : qsTr("Show the original text")
             onClicked: page.showsRaw = !page.showsRaw
+        }
+        VButton {
+            visible: page.hasOne && page.model.setAside !== "" && !page.model.isEditing
+            secondary: true
+            text: page.showsSetAside ? qsTr("Show the original text") : qsTr("Show what was set aside")
+            onClicked: page.wantsSetAside = !page.wantsSetAside
         }
         VButton {
             visible: !page.model.isEditing

@@ -33,6 +33,8 @@ class HistoryModel : public QObject
     Q_PROPERTY(bool isFormatted READ isFormatted NOTIFY selectionChanged)
     Q_PROPERTY(QString rawText READ rawText NOTIFY selectionChanged)
     Q_PROPERTY(QString formattedText READ formattedText NOTIFY selectionChanged)
+    Q_PROPERTY(QString setAside READ setAside NOTIFY selectionChanged)
+    Q_PROPERTY(QString setAsideReason READ setAsideReason NOTIFY selectionChanged)
     Q_PROPERTY(QString details READ details NOTIFY selectionChanged)
     Q_PROPERTY(bool isEditing READ isEditing NOTIFY selectionChanged)
     Q_PROPERTY(QStringList rewritingModes READ rewritingModes NOTIFY selectionChanged)
@@ -72,6 +74,12 @@ public:
     [[nodiscard]] bool isFormatted() const { return shown_ && !shown_->formatted.isEmpty(); }
     [[nodiscard]] QString rawText() const { return shown_ ? shown_->transcription : QString(); }
     [[nodiscard]] QString formattedText() const { return shown_ ? shown_->formatted : QString(); }
+    /// An answer that was not believed, where there is no other.
+    [[nodiscard]] QString setAside() const { return shown_ && !isFormatted() ? shown_->setAside : QString(); }
+    [[nodiscard]] QString setAsideReason() const
+    {
+        return shown_ && !isFormatted() ? shown_->setAsideReason : QString();
+    }
     /// Date, time and mode of the current one.
     [[nodiscard]] QString details() const;
 

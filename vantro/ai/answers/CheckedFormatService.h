@@ -1,0 +1,25 @@
+#pragma once
+
+#include "vantro/ai/FormatRequestServicing.h"
+#include "vantro/ai/answers/AnswerCheck.h"
+
+#include <memory>
+
+namespace vantro {
+
+/// Another service whose answers are judged before anybody sees them. Throws AnswerSetAside.
+class CheckedFormatService final : public FormatRequestServicing
+{
+public:
+    /// @p languages must outlive it.
+    CheckedFormatService(std::shared_ptr<FormatRequestServicing> service, const LanguageRecognizer& languages);
+
+    void prepare() override { service_->prepare(); }
+    QCoro::Task<QString> format(QString prompt, QString text) override;
+
+private:
+    std::shared_ptr<FormatRequestServicing> service_;
+    AnswerCheck check_;
+};
+
+} // namespace vantro
