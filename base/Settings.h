@@ -37,6 +37,11 @@ inline constexpr Setting<QString> modelHostBaseURL{"modelHostBaseURL", "", "wher
                                                    "the public repository"};
 inline constexpr Setting<bool> whisperKeepModelInMemory{"whisperKeepModelInMemory", false,
                                                         "true: the model stays loaded between dictations"};
+inline constexpr Setting<QString> selectedLanguageModelName{
+    "selectedLanguageModelName", "", "the language model of this machine; `vantro models select NAME` sets it",
+    "a downloaded one"};
+inline constexpr Setting<bool> keepLanguageModelInMemory{
+    "keepLanguageModelInMemory", false, "true: the language model of this machine stays loaded between dictations"};
 inline constexpr Setting<bool> recognizeWhileSpeaking{
     "recognizeWhileSpeaking", true,
     "false: recognition starts only when the recording has ended, which uses less power but takes longer"};
@@ -54,7 +59,7 @@ inline constexpr Setting<bool> checkForUpdatesOnLaunch{"checkForUpdatesOnLaunch"
 inline constexpr Setting<QByteArray> pasteChords{
     "pasteChords", "", "paste keystrokes of more windows, as JSON: `{\"my-terminal\": \"Ctrl+Shift+V\"}`"};
 
-inline constexpr std::array<const SettingKey*, 21> documented{&autoPasteEnabled,
+inline constexpr std::array<const SettingKey*, 23> documented{&autoPasteEnabled,
                                                               &copyToClipboardEnabled,
                                                               &restoreEveryFormat,
                                                               &joinDictations,
@@ -67,6 +72,8 @@ inline constexpr std::array<const SettingKey*, 21> documented{&autoPasteEnabled,
                                                               &selectedModelName,
                                                               &modelHostBaseURL,
                                                               &whisperKeepModelInMemory,
+                                                              &selectedLanguageModelName,
+                                                              &keepLanguageModelInMemory,
                                                               &recognizeWhileSpeaking,
                                                               &showWordsWhileSpeaking,
                                                               &appearance,
@@ -87,6 +94,7 @@ inline constexpr Setting<QByteArray> customPrompts{"customPrompts", ""};
 inline constexpr Setting<QByteArray> customModeNames{"customModeNames", ""};
 inline constexpr Setting<QByteArray> modeConfigurations{"modeConfigurations", ""};
 inline constexpr Setting<QByteArray> providerConfigurations{"providerConfigurations", ""};
+inline constexpr Setting<QByteArray> ownLanguageModels{"ownLanguageModels", ""};
 inline constexpr Setting<QString> skippedUpdateVersion{"skippedUpdateVersion", ""};
 
 // "WIDTHxHEIGHT" of the windows as they were left.

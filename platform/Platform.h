@@ -52,7 +52,7 @@ enum class PlatformPart {
     everything,
     microphones, ///< only their list
     shortcuts,   ///< hot keys and the desktop's bindings
-    services,    ///< secrets and languages
+    services,    ///< secrets, languages and what is known of the machine
 };
 
 /// The running system's implementation. Facilities that are missing throw a clear error on use.

@@ -521,6 +521,10 @@
         <source>Connection lost, trying again</source>
         <translation>Verbindung verloren, neuer Versuch</translation>
     </message>
+    <message>
+        <source>%1 sent another file than it announced. It has been removed. Try again later.</source>
+        <translation>%1 hat eine andere Datei geschickt als angekündigt. Sie ist gelöscht. Versuche es später noch einmal.</translation>
+    </message>
 </context>
 <context>
     <name>GeneralPage</name>
@@ -844,6 +848,25 @@
     </message>
 </context>
 <context>
+    <name>LanguageModels</name>
+    <message>
+        <source>Rewrites in 29 languages, among them English, German, French and Spanish.</source>
+        <translation>Überarbeitet in 29 Sprachen, darunter Deutsch, Englisch, Französisch und Spanisch.</translation>
+    </message>
+    <message>
+        <source>Small and fast, for old machines; makes more mistakes.</source>
+        <translation>Klein und schnell, für alte Rechner; macht mehr Fehler.</translation>
+    </message>
+    <message>
+        <source>Rewrites English only.</source>
+        <translation>Überarbeitet nur Englisch.</translation>
+    </message>
+    <message>
+        <source>Your own file: %1</source>
+        <translation>Deine eigene Datei: %1</translation>
+    </message>
+</context>
+<context>
     <name>Launcher</name>
     <message>
         <source>vantro, transcribing</source>
@@ -910,6 +933,17 @@
     <message>
         <source>The text is too long to process. Please try with shorter text</source>
         <translation>Der Text ist zu lang. Bitte versuche es mit einem kürzeren</translation>
+    </message>
+</context>
+<context>
+    <name>LocalFormatService</name>
+    <message>
+        <source>The model wrote nothing</source>
+        <translation>Das Modell hat nichts geschrieben</translation>
+    </message>
+    <message>
+        <source>too little memory is free for the language model. Close other programs, or choose a smaller model under Settings, Models.</source>
+        <translation>Für das Sprachmodell ist zu wenig Speicher frei. Schließe andere Programme oder wähle unter Einstellungen, Modelle ein kleineres Modell.</translation>
     </message>
 </context>
 <context>
@@ -1126,6 +1160,10 @@
         <source>Downloaded models take up %1.</source>
         <translation>Heruntergeladene Modelle belegen %1.</translation>
     </message>
+    <message>
+        <source>%1 GB of memory</source>
+        <translation>%1 GB Arbeitsspeicher</translation>
+    </message>
 </context>
 <context>
     <name>ModelRow</name>
@@ -1196,6 +1234,14 @@
         <source>Delete Models Cache</source>
         <translation>Modelle löschen</translation>
     </message>
+    <message>
+        <source>Rewriting on this computer</source>
+        <translation>Überarbeiten auf diesem Rechner</translation>
+    </message>
+    <message>
+        <source>A language model corrects and shapes what you said, without an account and without the network. Settings, Modes says which modes use it. A model of your own: vantro models add FILE.gguf</source>
+        <translation>Ein Sprachmodell verbessert und formt, was du gesagt hast, ohne Konto und ohne Netz. Welche Modi es nutzen, steht unter Einstellungen, Modi. Ein eigenes Modell: vantro models add DATEI.gguf</translation>
+    </message>
 </context>
 <context>
     <name>ModesModel</name>
@@ -1232,12 +1278,24 @@
         <translation>Um diesen Modus zu benutzen, schreibe eine Anweisung und wähle einen Anbieter.</translation>
     </message>
     <message>
-        <source>To use this mode, choose an enabled provider. Set up providers and their keys under Settings, Providers.</source>
-        <translation>Um diesen Modus zu benutzen, wähle einen eingeschalteten Anbieter. Anbieter und ihre Schlüssel richtest du unter Einstellungen, Anbieter ein.</translation>
-    </message>
-    <message>
         <source>%1 was chosen, but is not set up. Until it is, your text stays as it is.</source>
         <translation>%1 ist gewählt, aber nicht eingerichtet. Bis dahin bleibt dein Text, wie er ist.</translation>
+    </message>
+    <message>
+        <source>This computer (%1)</source>
+        <translation>Dieser Rechner (%1)</translation>
+    </message>
+    <message>
+        <source>This computer (needs a language model)</source>
+        <translation>Dieser Rechner (braucht ein Sprachmodell)</translation>
+    </message>
+    <message>
+        <source>To use this mode, download a language model under Settings, Models.</source>
+        <translation>Um diesen Modus zu benutzen, lade unter Einstellungen, Modelle ein Sprachmodell herunter.</translation>
+    </message>
+    <message>
+        <source>To use this mode, choose an enabled provider. Set up providers and their keys under Settings, Providers, or download a language model for this computer under Settings, Models.</source>
+        <translation>Um diesen Modus zu benutzen, wähle einen eingeschalteten Anbieter. Anbieter und ihre Schlüssel richtest du unter Einstellungen, Anbieter ein; oder lade unter Einstellungen, Modelle ein Sprachmodell für diesen Rechner herunter.</translation>
     </message>
 </context>
 <context>
@@ -2705,6 +2763,14 @@
         <source>All downloaded models but the one in use will be deleted from this computer. They would have to be downloaded again.</source>
         <translation>Alle heruntergeladenen Modelle außer dem benutzten werden von diesem Rechner gelöscht. Sie müssten neu heruntergeladen werden.</translation>
     </message>
+    <message>
+        <source>%1 leaves the list. Its file stays where it is.</source>
+        <translation>%1 verschwindet aus der Liste. Die Datei bleibt, wo sie ist.</translation>
+    </message>
+    <message>
+        <source>The language model is ready</source>
+        <translation>Das Sprachmodell ist bereit</translation>
+    </message>
 </context>
 <context>
     <name>WordRow</name>
@@ -2973,16 +3039,16 @@
         <translation>Der Secret Service meldet einen Fehler: %1</translation>
     </message>
     <message>
-        <source>Local processing requires a language model that comes with the system; this one has none</source>
-        <translation>Die lokale Verarbeitung braucht ein Sprachmodell, das mit dem System kommt; dieses hat keines</translation>
-    </message>
-    <message>
-        <source>Please enable the system&apos;s language model in Settings to use local processing</source>
-        <translation>Bitte schalte in den Einstellungen das Sprachmodell des Systems ein, um lokal zu verarbeiten</translation>
-    </message>
-    <message>
         <source>Fluid model on this computer&apos;s processor.</source>
         <translation>Fluid-Modell auf dem Prozessor dieses Rechners.</translation>
+    </message>
+    <message>
+        <source>Local processing requires a language model, which can be downloaded under Settings, Models</source>
+        <translation>Die lokale Verarbeitung braucht ein Sprachmodell, das unter Einstellungen, Modelle heruntergeladen werden kann</translation>
+    </message>
+    <message>
+        <source>Please download a language model under Settings, Models to use local processing</source>
+        <translation>Bitte lade unter Einstellungen, Modelle ein Sprachmodell herunter, um lokal zu verarbeiten</translation>
     </message>
 </context>
 </TS>

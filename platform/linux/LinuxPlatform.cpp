@@ -50,6 +50,7 @@ void addServices(Platform& platform)
 {
     platform.languages = std::make_unique<Cld2LanguageRecognizer>();
     platform.secrets = std::make_unique<SecretServiceStore>(QStringLiteral("com.vantro.app"));
+    platform.systemInfo = std::make_unique<ProcSystemInfo>();
 }
 
 /// Used by the desktop program only.
@@ -67,7 +68,6 @@ void addDesktop(Platform& platform, PulseConnection& pulse, X11Connection& x11)
     platform.pasteboard = std::make_unique<X11Pasteboard>();
     platform.permissions = std::make_unique<X11Permissions>(x11, [&pulse] { return pulse.serverAnswers(); });
     platform.session = std::make_unique<LinuxSessionState>();
-    platform.systemInfo = std::make_unique<ProcSystemInfo>();
     platform.sounds = std::make_unique<CanberraSounds>();
     platform.tray = std::make_unique<LinuxTrayHost>(x11);
     platform.workspace = std::make_unique<X11Workspace>(x11);

@@ -43,14 +43,14 @@ QString wording::keyIsStoredSecurely()
 
 QString wording::localProcessingNeeds()
 {
-    return QCoreApplication::translate("wording", "Local processing requires a language model that comes with the "
-                                                  "system; this one has none");
+    return QCoreApplication::translate("wording", "Local processing requires a language model, which can be "
+                                                  "downloaded under Settings, Models");
 }
 
 QString wording::localProcessingIsOff()
 {
-    return QCoreApplication::translate("wording",
-                                       "Please enable the system's language model in Settings to use local processing");
+    return QCoreApplication::translate(
+        "wording", "Please download a language model under Settings, Models to use local processing");
 }
 
 QString wording::howToChooseShortcut()

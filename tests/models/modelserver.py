@@ -43,6 +43,7 @@ class Fault:
     redirect_body: bytes = b""     # a body beside the redirect
     ignore_ranges: bool = False    # always the whole file
     no_validators: bool = False    # neither ETag nor Last-Modified
+    no_digest: bool = False        # no SHA-256 in the answer to a request for the head
     wrong_range: bool = False      # another range than was asked for
     pause_at: int | None = None    # waits there until `resume` is set
     bytes_per_s: int = 0           # no quicker than that
@@ -63,6 +64,18 @@ class _Handler(FaultHandler):
         if not path.startswith(PREFIX) or not file.is_file():
             return self._refuse(404)
         self._send_file(file, fault)
+
+    def do_HEAD(self):
+        file = self.owner.folder / self.path.removeprefix(PREFIX)
+        if not file.is_file():
+            return self.answer(404, b"")
+        digest = hashlib.sha256(file.read_bytes()).hexdigest()
+        self.send_response(302)
+        self.send_header("Location", self.path)
+        if not self.owner.fault.no_digest:
+            self.send_header("X-Linked-ETag", f'"{digest}"')
+        self.send_header("Content-Length", "0")
+        self.end_headers()
 
     def _refuse(self, status):
         self.answer(status, b"<html>no model here</html>")

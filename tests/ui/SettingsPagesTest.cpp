@@ -250,6 +250,36 @@ TEST_F(SettingsPages, AModesProviderFollowsTheListOfProviders)
     EXPECT_EQ(prompts.configuration(ProcessingMode::Grammar), ModeConfiguration());
 }
 
+TEST_F(SettingsPages, ThisComputerIsOfferedFirstOnceItHasALanguageModel)
+{
+    QString local;
+    ModesModel page({defaults,
+                     prompts,
+                     manager,
+                     [](ProcessingMode) { return true; },
+                     {},
+                     [&local] {
+                         return local;
+                     }});
+    page.setShown(static_cast<int>(ProcessingMode::Grammar));
+    EXPECT_EQ(page.providers().first(), QStringLiteral("None"));
+    page.setProvider(static_cast<int>(page.providers().size()) - 1);
+    EXPECT_TRUE(prompts.configuration(ProcessingMode::Grammar).useLocalAI) << "the model may come later";
+    EXPECT_EQ(page.provider(), page.providers().size() - 1);
+
+    local = QStringLiteral("Small");
+    EXPECT_EQ(page.providers().first(), QStringLiteral("This computer (Small)"));
+    EXPECT_EQ(page.providers().size(), manager.configurations().size() + 1);
+    EXPECT_EQ(page.provider(), 0);
+    page.setProvider(1);
+    EXPECT_EQ(prompts.configuration(ProcessingMode::Grammar),
+              (ModeConfiguration{false, manager.configurations()[0].id}));
+    page.setProvider(0);
+    EXPECT_EQ(prompts.configuration(ProcessingMode::Grammar), ModeConfiguration{true});
+    page.setShown(static_cast<int>(ProcessingMode::Email));
+    EXPECT_EQ(page.provider(), 0) << "nobody was chosen, so this computer does it";
+}
+
 TEST_F(SettingsPages, OnlyAModeThatSomebodyServesCanBeTheDefault)
 {
     bool hasProvider = true;

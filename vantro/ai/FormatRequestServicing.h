@@ -3,6 +3,8 @@
 #include <QString>
 #include <qcoro/qcorotask.h>
 
+#include <functional>
+
 namespace vantro {
 
 /// A language model that rewrites a text as a prompt tells it to. One object per dictation. Main thread.
@@ -11,8 +13,11 @@ class FormatRequestServicing
 public:
     virtual ~FormatRequestServicing() = default;
 
-    /// Called when a text is expected, so that keys and connections can be fetched early. format() need not follow.
-    virtual void prepare() {}
+    /// Called when a text is expected, so that keys, connections and models can be fetched early. format() need not
+    /// follow, nor come with the same prompt.
+    virtual void prepare(const QString& /*prompt*/) {}
+    /// @p onText gets each piece of the answer that format() waits for, where the model tells; on any thread.
+    virtual void listen(std::function<void(const QString&)> /*onText*/) {}
     /// Returns @p text rewritten as @p prompt says. Throws Error.
     virtual QCoro::Task<QString> format(QString prompt, QString text) = 0;
 };

@@ -8,6 +8,7 @@
 #include "vantro/ai/DefaultMode.h"
 #include "vantro/app/ProcessingErrorMessage.h"
 
+#include <QCoreApplication>
 #include <QMetaObject>
 #include <QScopeGuard>
 
@@ -172,7 +173,7 @@ void Dictation::expectService()
         return;
     owed_.recording->setMode(parts_.recorder.processingMode());
     if (parts_.expectService)
-        parts_.expectService(parts_.recorder.processingMode());
+        expectation_ = parts_.expectService(parts_.recorder.processingMode());
 }
 
 void Dictation::openLauncher(Keyboard keyboard)
@@ -215,6 +216,21 @@ void Dictation::chooseHandler()
     handler_ = (handler != parts_.handlers.end() ? handler->second : parts_.handlers.at(ProcessingMode::Normal)).get();
     if (parts_.chooseService)
         service_ = parts_.chooseService(mode_, stop_.get_token());
+    showWriting();
+}
+
+void Dictation::showWriting()
+{
+    if (!service_)
+        return;
+    service_->listen([weak = weak_from_this()](const QString& piece) {
+        // The model writes on a thread of its own.
+        QMetaObject::invokeMethod(qApp, [weak, piece] {
+            const auto self = weak.lock();
+            if (self && self->state_ == State::processing)
+                Q_EMIT self->writing(self->rewritten_ += piece);
+        });
+    });
 }
 
 void Dictation::noteLostMicrophone()

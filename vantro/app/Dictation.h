@@ -48,8 +48,9 @@ public:
         AudioRecorder& recorder;
         TranscriptionFacade& transcription;
         const ModeHandlers& handlers;
-        /// Called when this mode becomes likely, to connect to its language model early; may be empty.
-        std::function<void(ProcessingMode)> expectService;
+        /// Called when this mode becomes likely, to connect to its language model early or to load it, which lasts as
+        /// long as what is returned; may be empty.
+        std::function<std::shared_ptr<void>(ProcessingMode)> expectService;
         /// Returns the language model for a mode, or null. Called when the recording stops; may be empty.
         std::function<std::shared_ptr<FormatRequestServicing>(ProcessingMode, std::stop_token)> chooseService;
         LenientStore& store;
@@ -103,6 +104,8 @@ Q_SIGNALS:
     void modelFailed();
     /// What the user has said until a pause. Not final.
     void understood(const QString& text);
+    /// What the language model has written so far, where it tells.
+    void writing(const QString& text);
     /// 0..1, while the engine is working.
     void transcriptionProgress(float fraction);
 
@@ -130,6 +133,7 @@ private:
     QCoro::Task<std::vector<float>> drain();
     QCoro::Task<std::vector<float>> readKept();
     void chooseHandler();
+    void showWriting();
     QCoro::Task<QString> transcribe(std::vector<float> samples);
     QCoro::Task<QString> process(QString transcript);
     void announce(const QString& finalText, const std::optional<QString>& errorMessage = std::nullopt);
@@ -173,9 +177,11 @@ private:
     std::optional<QString> failure_;
     ProcessingMode mode_ = ProcessingMode::Normal;
     ModeHandler* handler_ = nullptr;
+    std::shared_ptr<void> expectation_; ///< of a language model
     std::shared_ptr<FormatRequestServicing> service_;
-    QString notice_; ///< shown to the user at the end
-    QString remark_; ///< told with the delivered text
+    QString rewritten_; ///< as far as it is written
+    QString notice_;    ///< shown to the user at the end
+    QString remark_;    ///< told with the delivered text
     DictationTimings timings_;
     RecognitionAhead ahead_;
     std::unique_ptr<LauncherPanel> launcher_;

@@ -96,6 +96,8 @@ void Dictation::end()
     if (isOver())
         return;
     ahead_.end();
+    service_.reset();
+    expectation_.reset();
     keepRest();
     awake_.reset();
     enter(State::over);

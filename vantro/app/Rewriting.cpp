@@ -13,8 +13,9 @@ Rewriting::Rewriting(UserDefaults& defaults, const Platform& platform, Clock& cl
     , keychain_(*platform.secrets)
     , providers_(defaults, keychain_)
     , http_(clock)
+    , local_(defaults, [&system = *platform.systemInfo] { return system.availableMemoryBytes(); })
     , languages_(*platform.languages)
-    , factory_(providers_, {http_, keychain_, languages_})
+    , factory_(providers_, local_, {http_, keychain_, languages_})
 {
 }
 
@@ -30,11 +31,7 @@ bool Rewriting::isUsable(ProcessingMode mode) const
         return true;
     if (mode == ProcessingMode::Custom && prompts_.prompt(mode).isEmpty())
         return false;
-    const ModeConfiguration configuration = prompts_.configuration(mode);
-    if (configuration.useLocalAI || !configuration.providerConfigId)
-        return false;
-    const auto* provider = providers_.find(*configuration.providerConfigId);
-    return provider != nullptr && provider->isEnabled;
+    return factory_.isUsable(prompts_.configuration(mode));
 }
 
 std::vector<ProcessingMode> Rewriting::visibleModes() const
@@ -47,10 +44,9 @@ std::vector<ProcessingMode> Rewriting::visibleModes() const
     return modes;
 }
 
-void Rewriting::expectUse(ProcessingMode mode) const
+std::shared_ptr<void> Rewriting::expectUse(ProcessingMode mode) const
 {
-    if (asksModel(mode))
-        factory_.preconnect(prompts_.configuration(mode));
+    return asksModel(mode) ? factory_.expect(prompts_.configuration(mode), prompts_.prompt(mode)) : nullptr;
 }
 
 std::shared_ptr<FormatRequestServicing> Rewriting::choose(ProcessingMode mode, std::stop_token stop) const
@@ -58,7 +54,7 @@ std::shared_ptr<FormatRequestServicing> Rewriting::choose(ProcessingMode mode, s
     const auto service = std::make_shared<CheckedFormatService>(
         factory_.make(mode, prompts_.configuration(mode), std::move(stop)), languages_);
     if (asksModel(mode))
-        service->prepare();
+        service->prepare(prompts_.prompt(mode));
     return service;
 }
 

@@ -26,16 +26,21 @@ public:
 
     /// Retries a pending clean-up of API keys.
     void start();
-    /// Whether @p mode is set up: Email, Grammar and Custom need an enabled provider, Custom a prompt as well. The key
-    /// is not checked.
+    /// The language model of this machine.
+    [[nodiscard]] LocalModel& local() { return local_; }
+    [[nodiscard]] const LocalModel& local() const { return local_; }
+
+    /// Whether @p mode is set up: Email, Grammar and Custom need an enabled provider or a language model on this
+    /// machine, Custom a prompt as well. The key is not checked.
     [[nodiscard]] bool isUsable(ProcessingMode mode) const;
     /// The usable modes, in order: those that the launcher offers.
     [[nodiscard]] std::vector<ProcessingMode> visibleModes() const;
 
-    /// Connects early to the provider of a mode that a running dictation is likely to use.
-    void expectUse(ProcessingMode mode) const;
-    /// Returns the service for a dictation in @p mode, which already reads its key if it needs one. @p stop ends its
-    /// requests.
+    /// Connects early to the provider of a mode that a running dictation is likely to use, or loads the model of this
+    /// machine, which stays loaded as long as what is returned.
+    [[nodiscard]] std::shared_ptr<void> expectUse(ProcessingMode mode) const;
+    /// Returns the service for a dictation in @p mode, which already reads its key or loads its model if it needs one.
+    /// @p stop ends its requests.
     [[nodiscard]] std::shared_ptr<FormatRequestServicing> choose(ProcessingMode mode, std::stop_token stop = {}) const;
 
     /// Has a text rewritten outside of a dictation. Throws Error, for the user to read.
@@ -56,6 +61,7 @@ private:
     KeychainService keychain_;
     ProviderConfigurationManager providers_;
     HttpExchange http_;
+    LocalModel local_;
     const LanguageRecognizer& languages_;
     FormatServiceFactory factory_;
 };

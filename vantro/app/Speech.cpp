@@ -4,6 +4,8 @@
 #include "base/Logger.h"
 #include "base/Settings.h"
 
+#include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace vantro {
@@ -15,6 +17,7 @@ Speech::Speech(UserDefaults& defaults, const VocabularySettings& vocabulary, con
     , whisper_(whisperEngine_, whisperFiles_, fileDownloader_, defaults, vocabulary)
     , fluid_(fluidEngine_, FluidModelFiles(modelFolders()), fileDownloader_, defaults, vocabulary,
              catalogue_.boostingModel())
+    , languageModels_(defaults, modelHost)
     , selection(catalogue, defaults, [this](const auto& model) { return check(model).isReady; })
     , preparation(catalogue, whisperFiles_, defaults)
 {
@@ -24,17 +27,26 @@ Speech::Speech(UserDefaults& defaults, const VocabularySettings& vocabulary, con
     });
 }
 
+ModelKeeper& Speech::keeperOf(const TranscriptionModel& model) const
+{
+    return model.engine == languageKeeper.kind() ? languageKeeper : static_cast<ModelKeeper&>(engines.of(model));
+}
+
 ModelCheck Speech::check(const TranscriptionModel& model, Trust trust) const
 {
-    return engines.of(model).check(model, trust).result();
+    return keeperOf(model).check(model, trust).result();
 }
 
 qint64 Speech::removeAllExcept(const TranscriptionModel& keep) const
 {
+    std::vector<TranscriptionModel> unused;
+    std::ranges::remove_copy(catalogue.models(), std::back_inserter(unused), keep.name, &TranscriptionModel::name);
+    const auto* rewriter = languageModels.chosen();
+    std::ranges::copy_if(languageModels.models(), std::back_inserter(unused), [&](const TranscriptionModel& model) {
+        return !languageModels.isOwn(model) && (rewriter == nullptr || model.name != rewriter->name);
+    });
     qint64 freed = 0;
-    for (const TranscriptionModel& model : catalogue.models()) {
-        if (model.name == keep.name)
-            continue;
+    for (const TranscriptionModel& model : unused) {
         try {
             freed += remove(model);
         } catch (const Error& error) {
@@ -48,6 +60,10 @@ qint64 Speech::bytesUsed() const
 {
     qint64 bytes = 0;
     for (const TranscriptionModel& model : catalogue.models()) {
+        const ModelStatus known = status(model);
+        bytes += known.isSystemCopy ? 0 : known.bytes;
+    }
+    for (const TranscriptionModel& model : languageModels.models()) {
         const ModelStatus known = status(model);
         bytes += known.isSystemCopy ? 0 : known.bytes;
     }

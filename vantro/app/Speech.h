@@ -2,6 +2,7 @@
 
 #include "vantro/app/TranscriptionFacade.h"
 #include "vantro/fluid/FluidTranscriptionProvider.h"
+#include "vantro/llm/LanguageModelKeeper.h"
 #include "vantro/models/DownloadQueue.h"
 #include "vantro/whisper/WhisperModelPreparation.h"
 #include "vantro/whisper/WhisperTranscriptionProvider.h"
@@ -9,7 +10,8 @@
 namespace vantro {
 
 /// Everything needed to recognise speech, for the program and all commands: the models, their files, the selection, and
-/// the engines that run them. Starts no thread and opens nothing until it is used. Main thread.
+/// the engines that run them. It also fetches the language models, which the same pages and commands list. Starts no
+/// thread and opens nothing until it is used. Main thread.
 class Speech
 {
     // In order of dependency.
@@ -20,17 +22,22 @@ class Speech
     WhisperModelFiles whisperFiles_{modelFolders()};
     WhisperTranscriptionProvider whisper_;
     FluidTranscriptionProvider fluid_;
+    LanguageModels languageModels_;
+    LanguageModelKeeper languageKeeper_{languageModels_, fileDownloader_};
 
 public:
     /// @p modelHost: see ModelHost::address(). @p moduleFolders: where to look for ggml's module for this processor.
     Speech(UserDefaults& defaults, const VocabularySettings& vocabulary, const QString& modelHost = {},
            std::vector<std::filesystem::path> moduleFolders = processorModuleFolders());
 
-    [[nodiscard]] ModelStatus status(const TranscriptionModel& model) const { return engines.of(model).status(model); }
+    /// The engine of a speech model, or what keeps the language models.
+    [[nodiscard]] ModelKeeper& keeperOf(const TranscriptionModel& model) const;
+    [[nodiscard]] ModelStatus status(const TranscriptionModel& model) const { return keeperOf(model).status(model); }
     /// Blocks; takes seconds for a file that has not been checked yet.
     [[nodiscard]] ModelCheck check(const TranscriptionModel& model, Trust trust = Trust::markers) const;
-    qint64 remove(const TranscriptionModel& model) const { return engines.of(model).remove(model); }
-    /// Removes the downloaded files of all other models, except those being downloaded. Returns the bytes freed.
+    qint64 remove(const TranscriptionModel& model) const { return keeperOf(model).remove(model); }
+    /// Removes the downloaded files of all other models, except those being downloaded and the language model that is
+    /// used. Returns the bytes freed.
     [[nodiscard]] qint64 removeAllExcept(const TranscriptionModel& keep) const;
     /// Why the latest transcription could not look for the user's words; empty if it could or need not.
     [[nodiscard]] QString boostingProblem() const { return fluid_.boostingProblem(); }
@@ -41,9 +48,11 @@ public:
 
     const SpeechEngines engines{{&fluid_, &whisper_}};
     ModelCatalogue& catalogue = catalogue_;
+    LanguageModels& languageModels = languageModels_;
+    LanguageModelKeeper& languageKeeper = languageKeeper_;
     ModelSelection selection;
     WhisperModelPreparation preparation;
-    ModelDownloader downloader{catalogue, engines};
+    ModelDownloader downloader{catalogue, engines, &languageKeeper_};
     DownloadQueue downloads{downloader};
     TranscriptionFacade facade{selection, engines};
 

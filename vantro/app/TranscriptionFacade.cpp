@@ -76,6 +76,7 @@ QCoro::Task<QString> TranscriptionFacade::transcribe(QString recordingID, std::v
                                  options.termWeight,
                                  std::move(options.boostingModel),
                                  std::move(options.onVocabulary)};
+    const std::shared_ptr<void> turn = takeTurn_ ? takeTurn_() : nullptr;
     co_return co_await engine.transcribe(std::move(request));
 }
 

@@ -4,7 +4,9 @@
 #include "vantro/models/ModelSelection.h"
 #include "vantro/models/SpeechEngine.h"
 
+#include <functional>
 #include <memory>
+#include <utility>
 
 namespace vantro {
 
@@ -32,6 +34,10 @@ public:
     /// cancelled dictation that is still winding down does not unload the model of the next.
     using EngineUse = std::shared_ptr<void>;
 
+    /// @p take: called when a transcription begins; what it returns is let go when it has ended. A language model of
+    /// this machine rests meanwhile.
+    void setTurn(std::function<std::shared_ptr<void>()> take) { takeTurn_ = std::move(take); }
+
     /// Loads the selected model while the recording runs. @p failed: called if that fails; may be empty.
     /// The result must not outlive the facade.
     [[nodiscard]] EngineUse prepare(std::function<void()> failed = {});
@@ -53,6 +59,7 @@ private:
     ModelSelection& selection_;
     const SpeechEngines& engines_;
     std::weak_ptr<void> use_;
+    std::function<std::shared_ptr<void>()> takeTurn_; ///< may be empty
 };
 
 } // namespace vantro

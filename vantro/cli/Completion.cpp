@@ -24,6 +24,15 @@ Candidates modelNames()
     return names;
 }
 
+Candidates allModelNames()
+{
+    const ModelsSession session{{}};
+    Candidates names = modelNames();
+    for (const TranscriptionModel& model : session.speech.languageModels.models())
+        names.push_back({model.name, model.description});
+    return names;
+}
+
 Candidates deviceNames()
 {
     const DevicesSession session;
@@ -76,10 +85,10 @@ const std::map<QString, std::function<Candidates()>>& places()
         };
     };
     static const std::map<QString, std::function<Candidates()>> all{
-        {QStringLiteral("models download"), modelNames},
-        {QStringLiteral("models select"), modelNames},
-        {QStringLiteral("models verify"), modelNames},
-        {QStringLiteral("models remove"), modelNames},
+        {QStringLiteral("models download"), allModelNames},
+        {QStringLiteral("models select"), allModelNames},
+        {QStringLiteral("models verify"), allModelNames},
+        {QStringLiteral("models remove"), allModelNames},
         {QStringLiteral("transcribe --model"), modelNames},
         {QStringLiteral("transcribe --format"), words("txt srt vtt json")},
         {QStringLiteral("start --mode"), modeNames},

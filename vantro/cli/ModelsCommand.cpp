@@ -1,6 +1,7 @@
 #include "vantro/cli/Commands.h"
 #include "vantro/cli/ModelsSession.h"
 #include "vantro/cli/Terminal.h"
+#include "vantro/llm/LlamaError.h"
 
 #include <algorithm>
 
@@ -9,14 +10,15 @@ namespace vantro {
 namespace {
 
 constexpr char description[] =
-    R"(The speech models that vantro can use.
+    R"(The models that vantro can use: speech models turn speech into text, language models rewrite texts on this machine.
 
   list           List all models, with those downloaded and selected. The default.
   download NAME  Download a model or resume a download. Ctrl-C keeps the part already downloaded.
-  select NAME    Use this model for dictations.
+  add FILE       Add a language model of your own: a GGUF file, which stays where it is.
+  select NAME    Use this model for dictations, or to rewrite.
   verify [NAME]  Read the downloaded files and compare them with the published checksums.
   remove NAME    Remove a downloaded model; the selected one only with --force.
-  clear          Remove all downloaded models but the selected one.
+  clear          Remove all downloaded models but the selected ones.
 
 The model host is the value of --model-host, else of VANTRO_MODEL_HOST, else of the setting
 "modelHostBaseURL", else the public repository.
@@ -37,7 +39,10 @@ const TranscriptionModel& modelFrom(const CommandCall& call, const ModelsSession
 int select(ModelsSession& session, const CommandCall& call)
 {
     const TranscriptionModel& model = modelFrom(call, session);
-    session.speech.selection.select(model);
+    if (model.engine == TranscriptionEngine::llama)
+        session.speech.languageModels.choose(model);
+    else
+        session.speech.selection.select(model);
     session.defaults.requireSaved();
     const bool isThere = session.speech.status(model).state != ModelStatus::State::missing;
     if (call.json())
@@ -79,7 +84,8 @@ int verify(ModelsSession& session, const CommandCall& call)
     };
     std::vector<TranscriptionModel> models;
     if (call.words.isEmpty())
-        std::ranges::copy_if(session.speech.catalogue.models(), std::back_inserter(models), hasFile);
+        for (const auto* list : {&session.speech.catalogue.models(), &session.speech.languageModels.models()})
+            std::ranges::copy_if(*list, std::back_inserter(models), hasFile);
     else
         models.push_back(modelFrom(call, session));
     if (!call.words.isEmpty() && !hasFile(models.front()))
@@ -95,7 +101,7 @@ int remove(ModelsSession& session, const CommandCall& call)
     const ModelStatus status = session.speech.status(model);
     if (status.state == ModelStatus::State::missing)
         throw CommandError(ExitCode::notFound, QStringLiteral("%1 is not downloaded").arg(model.name));
-    if (status.isSystemCopy)
+    if (status.isSystemCopy && !session.speech.languageModels.isOwn(model))
         throw CommandError(
             ExitCode::failed,
             QStringLiteral("%1 is installed for all users: %2 is left alone").arg(model.name, status.file));
@@ -103,13 +109,33 @@ int remove(ModelsSession& session, const CommandCall& call)
         throw CommandError(
             ExitCode::failed,
             QStringLiteral("%1 is selected: select another model first, or use --force").arg(model.name));
+    const QString name = model.name; // an own file's entry is gone then
+    const bool isOwn = session.speech.languageModels.isOwn(model);
     const qint64 freed = session.speech.remove(model);
+    session.defaults.requireSaved();
     if (call.json())
-        terminal::writeJson(
-            QJsonObject{{QStringLiteral("removed"), model.name}, {QStringLiteral("freed_bytes"), freed}});
+        terminal::writeJson(QJsonObject{{QStringLiteral("removed"), name}, {QStringLiteral("freed_bytes"), freed}});
     else
-        terminal::writeLine(QStringLiteral("%1 is removed, which frees %2").arg(model.name, sizeText(freed)));
+        terminal::writeLine(isOwn ? QStringLiteral("%1 leaves the list, its file stays").arg(name)
+                                  : QStringLiteral("%1 is removed, which frees %2").arg(name, sizeText(freed)));
     return ExitCode::done;
+}
+
+int add(ModelsSession& session, const CommandCall& call)
+{
+    try {
+        const TranscriptionModel model = session.speech.languageModels.add(call.words.front());
+        session.defaults.requireSaved();
+        if (call.json())
+            terminal::writeJson(QJsonObject{{QStringLiteral("added"), model.name}});
+        else
+            terminal::writeLine(QStringLiteral("%1 is added. To use it: vantro models select \"%1\"").arg(model.name));
+        return ExitCode::done;
+    } catch (const LlamaError& error) {
+        throw CommandError(
+            ExitCode::failed,
+            QStringLiteral("%1 cannot be used: %2").arg(call.words.front(), error.localizedDescription()));
+    }
 }
 
 int clear(ModelsSession& session, const CommandCall& call)
@@ -143,12 +169,14 @@ int download(ModelsSession& session, const CommandCall& call)
 
 const TranscriptionModel* ModelsSession::find(const QString& text) const
 {
-    return speech.catalogue.match(text);
+    const auto* model = speech.catalogue.match(text);
+    return model != nullptr ? model : vantro::match(speech.languageModels.models(), text);
 }
 
 bool ModelsSession::isSelected(const TranscriptionModel& model) const
 {
-    const auto* selected = speech.selection.stored();
+    const auto* selected =
+        model.engine == TranscriptionEngine::llama ? speech.languageModels.chosen() : speech.selection.stored();
     return selected != nullptr && selected->name == model.name;
 }
 
@@ -161,10 +189,11 @@ Command modelsCommand(const QString& modelHost)
         };
     };
     return {.name = "models",
-            .summary = "List, download, select, verify or remove speech models.",
+            .summary = "List, download, add, select, verify or remove models.",
             .description = description,
             .actions = {{"list", on(list)},
                         {"download", on(download), 1, 1, "needs a model's name"},
+                        {"add", on(add), 1, 1, "needs a GGUF file"},
                         {"select", on(select), 1, 1, "needs a model's name"},
                         {"verify", on(verify), 0, 1},
                         {"remove", on(remove), 1, 1, "needs a model's name"},
@@ -172,7 +201,7 @@ Command modelsCommand(const QString& modelHost)
             .options = {Command::jsonOption,
                         {"force", "Remove the selected model too."},
                         {"model-host", "Base address of the model host: http, https or file.", "URL"}},
-            .words = {{"NAME", "A model's name.", "[NAME]]"}}};
+            .words = {{"NAME", "A model's name, or a file.", "[NAME | FILE]]"}}};
 }
 
 } // namespace vantro

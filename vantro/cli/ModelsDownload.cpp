@@ -86,14 +86,14 @@ struct Failure
 };
 
 /// Returns the failure, because a task that throws cannot be waited for.
-QCoro::Task<std::optional<Failure>> fetch(SpeechEngine& engine, TranscriptionModel model, ProgressDisplay& display,
+QCoro::Task<std::optional<Failure>> fetch(ModelKeeper& keeper, TranscriptionModel model, ProgressDisplay& display,
                                           std::stop_token stop)
 {
     try {
         const FileDownloader::OnProgress onProgress = [&display](const auto& progress) {
             display.show(progress);
         };
-        co_await engine.download(model, onProgress, stop);
+        co_await keeper.download(model, onProgress, stop);
     } catch (const ModelDownloadError& error) {
         const bool isHosts = error.isHostsFault();
         co_return Failure(error.localizedDescription(), isHosts ? ExitCode::noService : ExitCode::failed);
@@ -130,8 +130,8 @@ int downloadModel(const ModelsSession& session, const TranscriptionModel& model,
             terminal::writeError(before.problem);
         const Interruption interruption;
         ProgressDisplay display(model.name);
-        SpeechEngine& engine = session.speech.engines.of(model);
-        const auto failure = QCoro::waitFor(fetch(engine, model, display, interruption.token()));
+        ModelKeeper& keeper = session.speech.keeperOf(model);
+        const auto failure = QCoro::waitFor(fetch(keeper, model, display, interruption.token()));
         terminal::showProgress({});
         if (failure) {
             terminal::writeError(QStringLiteral("download of %1: %2").arg(model.name, failure->description));

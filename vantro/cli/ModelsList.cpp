@@ -63,6 +63,31 @@ QString bar(double value)
     return terminal::bar(filled, barCells);
 }
 
+std::vector<QStringList> languageModelRows(const ModelsSession& session)
+{
+    std::vector<QStringList> rows{{QStringLiteral("NAME"), QStringLiteral("SIZE"), QStringLiteral("LANGUAGES"),
+                                   QStringLiteral("LICENCE"), QStringLiteral("MEMORY"), QStringLiteral("STATE")}};
+    for (const TranscriptionModel& model : session.speech.languageModels.models())
+        rows.push_back({model.name, model.size, languages(model), model.license,
+                        QStringLiteral("%1 GB").arg(model.ramUsage, 0, 'f', 1), stateText(session, model)});
+    return rows;
+}
+
+/// Speech models first.
+std::vector<TranscriptionModel> allModels(const ModelsSession& session)
+{
+    std::vector<TranscriptionModel> models = session.speech.catalogue.models();
+    const auto& rewriting = session.speech.languageModels.models();
+    models.insert(models.end(), rewriting.begin(), rewriting.end());
+    return models;
+}
+
+QString kindName(const TranscriptionModel& model)
+{
+    return model.engine == TranscriptionEngine::llama ? QStringLiteral("language model")
+                                                      : QStringLiteral("speech model");
+}
+
 void printTable(const ModelsSession& session)
 {
     std::vector<QStringList> rows{{QStringLiteral("NAME"), QStringLiteral("SIZE"), QStringLiteral("LANGUAGES"),
@@ -72,13 +97,15 @@ void printTable(const ModelsSession& session)
         rows.push_back({model.name, model.size, languages(model), bar(model.speed), bar(model.accuracy),
                         QStringLiteral("%1 GB").arg(model.ramUsage, 0, 'f', 1), stateText(session, model)});
     terminal::writeTable(rows);
+    terminal::writeLine(QStringLiteral("\nLanguage models, which rewrite on this machine:\n"));
+    terminal::writeTable(languageModelRows(session));
     terminal::writeLine(
         QStringLiteral("\nDownloaded models use %1 of disk space.").arg(sizeText(session.speech.bytesUsed())));
 }
 
 void printPlain(const ModelsSession& session)
 {
-    for (const TranscriptionModel& model : session.speech.catalogue.models()) {
+    for (const TranscriptionModel& model : allModels(session)) {
         const ModelStatus status = session.speech.status(model);
         const QStringList fields{model.name,
                                  model.size,
@@ -88,7 +115,8 @@ void printPlain(const ModelsSession& session)
                                  QString::number(model.ramUsage),
                                  stateName(status),
                                  session.isSelected(model) ? QStringLiteral("selected") : QStringLiteral("-"),
-                                 status.file};
+                                 status.file,
+                                 kindName(model)};
         terminal::writeLine(fields.join(QLatin1Char('\t')));
     }
 }
@@ -98,6 +126,7 @@ QJsonObject toJson(const ModelsSession& session, const TranscriptionModel& model
     const ModelStatus status = session.speech.status(model);
     QJsonObject object{
         {QStringLiteral("name"), model.name},
+        {QStringLiteral("kind"), kindName(model)},
         {QStringLiteral("size"), model.size},
         {QStringLiteral("description"), model.description},
         {QStringLiteral("languages"), languages(model)},
@@ -113,6 +142,8 @@ QJsonObject toJson(const ModelsSession& session, const TranscriptionModel& model
         object.insert(QStringLiteral("file"), status.file);
     if (const QString url = model.address(); !url.isEmpty())
         object.insert(QStringLiteral("url"), url);
+    if (!model.license.isEmpty())
+        object.insert(QStringLiteral("license"), model.license);
     if (!model.hash.isEmpty())
         object.insert(QStringLiteral("sha1"), model.hash);
     return object;
@@ -124,7 +155,7 @@ int listModels(const ModelsSession& session, bool json)
 {
     if (json) {
         QJsonArray array;
-        for (const TranscriptionModel& model : session.speech.catalogue.models())
+        for (const TranscriptionModel& model : allModels(session))
             array.append(toJson(session, model));
         terminal::writeJson(array);
     } else if (terminal::outputIsTerminal()) {

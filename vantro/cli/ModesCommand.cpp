@@ -29,6 +29,7 @@ struct Session
 {
     /// Finds a mode by raw value or display name, in any case. Throws CommandError when there is none.
     [[nodiscard]] ProcessingMode find(const QString& text) const;
+    [[nodiscard]] QString localText() const;
     [[nodiscard]] QString providerText(ProcessingMode mode) const;
     [[nodiscard]] QJsonObject toJson(ProcessingMode mode) const;
 
@@ -54,13 +55,20 @@ QString Session::providerText(ProcessingMode mode) const
         return QStringLiteral("no language model");
     const ModeConfiguration configuration = prompts.configuration(mode);
     if (configuration.useLocalAI)
-        return QStringLiteral("the system's language model, which is not available");
+        return localText();
     if (!configuration.providerConfigId)
-        return QStringLiteral("no provider chosen");
+        return providers.rewriting.isUsable(mode) ? localText() : QStringLiteral("no provider chosen");
     const auto* provider = providers.manager.find(*configuration.providerConfigId);
     if (provider == nullptr)
         return QStringLiteral("its provider has been removed");
     return provider->isEnabled ? provider->name : QStringLiteral("%1 (disabled)").arg(provider->name);
+}
+
+QString Session::localText() const
+{
+    const auto* model = providers.rewriting.local().models().chosen();
+    return model != nullptr ? QStringLiteral("this computer (%1)").arg(model->name)
+                            : QStringLiteral("this computer, which has no language model yet");
 }
 
 QJsonObject Session::toJson(ProcessingMode mode) const
@@ -147,6 +155,8 @@ int set(const CommandCall& call)
                     .arg(call.value("provider")));
         configuration = {false, provider->id};
     }
+    if (call.has("local"))
+        configuration = {true, {}};
     if (call.has("no-provider"))
         configuration = {};
     // First what can fail, so that nothing is stored then.
@@ -156,6 +166,10 @@ int set(const CommandCall& call)
     if (call.has("name"))
         session.prompts.setCustomModeName(mode, call.value("name").trimmed());
     session.providers.defaults.requireSaved();
+    if (call.has("local") && session.providers.rewriting.local().models().chosen() == nullptr)
+        terminal::writeError(
+            QStringLiteral("there is no language model on this computer yet: vantro models lists those "
+                           "that can be downloaded"));
     return tell(session, mode, call);
 }
 
@@ -186,6 +200,7 @@ Command modesCommand()
                         {"prompt-file", "set: the prompt from a file; \"-\" for standard input.", "FILE"},
                         {"built-in-prompt", "set: the built-in prompt."},
                         {"provider", "set: the provider (see vantro providers).", "NAME"},
+                        {"local", "set: rewrite on this computer (see vantro models)."},
                         {"no-provider", "set: no provider."}},
             .words = {{"MODE", "A mode.", "[MODE]]"}}};
 }

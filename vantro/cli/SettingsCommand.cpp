@@ -72,13 +72,22 @@ QString language(const QString& value)
     return code;
 }
 
+QString nameOf(const std::vector<TranscriptionModel>& models, const QString& value, const char* kind)
+{
+    const auto* found = match(models, value);
+    if (found == nullptr)
+        throw notA(value, QStringLiteral("a %1: vantro models lists them").arg(QLatin1String(kind)));
+    return found->name;
+}
+
 QString model(const QString& value)
 {
-    const ModelsSession session((QString()));
-    const auto* found = session.find(value);
-    if (found == nullptr)
-        throw notA(value, QStringLiteral("a model: vantro models lists them"));
-    return found->name;
+    return nameOf(ModelsSession({}).speech.catalogue.models(), value, "speech model");
+}
+
+QString languageModel(const QString& value)
+{
+    return nameOf(ModelsSession({}).speech.languageModels.models(), value, "language model");
 }
 
 QString modelHost(const QString& value)
@@ -111,6 +120,7 @@ const std::array rules{
     Rule{setting::defaultProcessingMode, mode},
     Rule{setting::selectedLanguage, language},
     Rule{setting::selectedModelName, model},
+    Rule{setting::selectedLanguageModelName, languageModel},
     Rule{setting::modelHostBaseURL, modelHost},
     Rule{setting::keepHistory, keeping},
     Rule{setting::appearance,

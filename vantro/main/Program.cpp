@@ -115,6 +115,7 @@ Program::Program(const ProgramOptions& options)
                 }})
 {
     connectShell();
+    speech_.facade.setTurn([&turn = rewriting_.local().engine().turn()] { return turn.take(); });
 }
 
 void Program::connectShell()
@@ -151,7 +152,7 @@ Dictation::Parts Program::dictationParts()
             recorder_,
             speech_.facade,
             modeHandlers_,
-            [this](ProcessingMode mode) { rewriting_.expectUse(mode); },
+            [this](ProcessingMode mode) { return rewriting_.expectUse(mode); },
             [this](ProcessingMode mode, std::stop_token stop) { return rewriting_.choose(mode, std::move(stop)); },
             history_.dictations,
             delivery_,

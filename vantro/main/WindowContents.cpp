@@ -53,6 +53,7 @@ LazyWindow::Content Windows::settingsContent()
     put(content, "openRecorder", makeRecorder(KeyboardShortcuts::Name::openModal));
     put(content, "stopRecorder", makeRecorder(KeyboardShortcuts::Name::stopRecordingAndCloseModal));
     put(content, "models", makeModelList());
+    put(content, "languageModels", makeLanguageModelList());
     put(content, "modes", makeModesModel());
     put(content, "providers", makeProvidersModel());
     put(content, "vocabulary", makeVocabularyModel());
@@ -64,44 +65,67 @@ LazyWindow::Content Windows::settingsContent()
 
 std::unique_ptr<ModesModel> Windows::makeModesModel()
 {
-    return std::make_unique<ModesModel>(
+    const LanguageModels& local = parts_.rewriting.local().models();
+    auto modes = std::make_unique<ModesModel>(
         ModesModel::Parts{parts_.defaults, parts_.rewriting.prompts(), parts_.rewriting.providers(),
                           [this](ProcessingMode mode) { return parts_.rewriting.isUsable(mode); },
                           [this](std::function<void()> confirmed) {
                               alerts_.confirm(tr("Use the Built-In Prompt"),
                                               tr("Your own prompt will be overwritten and cannot be had back."),
                                               tr("Overwrite"), std::move(confirmed));
+                          },
+                          [&local] {
+                              const auto* chosen = local.chosen();
+                              return chosen != nullptr ? chosen->name : QString();
                           }});
+    connect(&local, &LanguageModels::changed, modes.get(), &ModesModel::changed);
+    connect(&parts_.speech.downloads, &DownloadQueue::finished, modes.get(), &ModesModel::changed);
+    return modes;
+}
+
+void Windows::askToRemove(const TranscriptionModel& model, std::function<void()> confirmed)
+{
+    const QString what = parts_.speech.languageModels.isOwn(model)
+                             ? tr("%1 leaves the list. Its file stays where it is.").arg(model.name)
+                             : tr("%1 (%2) will be deleted from this computer. It would have to be downloaded again.")
+                                   .arg(model.name, model.size);
+    alerts_.confirm(tr("Remove the Model"), what, tr("Remove"), std::move(confirmed));
+}
+
+/// What both lists have in common; selectedName and select are those of the speech models.
+ModelListModel::Parts Windows::modelListParts(const std::vector<TranscriptionModel>& models)
+{
+    Speech& speech = parts_.speech;
+    return {models,
+            [this](const TranscriptionModel& model) { return stateOf(model); },
+            [&speech] { return speech.selection.selectedModel().name; },
+            [&speech](const TranscriptionModel& model) { speech.selection.select(model); },
+            [&speech](const TranscriptionModel& model) { return speech.downloads.statusText(model.name); },
+            [&speech] { return speech.downloads.progress(); },
+            [&speech](const TranscriptionModel& model) { speech.downloads.add(model); },
+            [&speech](const TranscriptionModel& model) { speech.downloads.cancel(model.name); },
+            [this](const TranscriptionModel& model, std::function<void()> confirmed) {
+                askToRemove(model, std::move(confirmed));
+            },
+            [&speech](const TranscriptionModel& model) { speech.remove(model); },
+            machine(),
+            [this] { return spokenLanguage(parts_.defaults); },
+            [&speech] { return speech.bytesUsed(); },
+            [this](std::function<void()> confirmed) {
+                alerts_.confirm(
+                    tr("Delete Models Cache"),
+                    tr("All downloaded models but the one in use will be deleted from this computer. They would "
+                       "have to be downloaded again."),
+                    tr("Delete"), std::move(confirmed));
+            },
+            [&speech] {
+                std::ignore = speech.removeAllExcept(speech.selection.selectedModel());
+            }};
 }
 
 std::unique_ptr<ModelListModel> Windows::makeModelList()
 {
-    auto models = std::make_unique<ModelListModel>(ModelListModel::Parts{
-        parts_.speech.catalogue.models(), [this](const TranscriptionModel& model) { return stateOf(model); },
-        [this] { return parts_.speech.selection.selectedModel().name; },
-        [this](const TranscriptionModel& model) { parts_.speech.selection.select(model); },
-        [this](const TranscriptionModel& model) { return parts_.speech.downloads.statusText(model.name); },
-        [this] { return parts_.speech.downloads.progress(); },
-        [this](const TranscriptionModel& model) { parts_.speech.downloads.add(model); },
-        [this](const TranscriptionModel& model) { parts_.speech.downloads.cancel(model.name); },
-        [this](const TranscriptionModel& model, std::function<void()> confirmed) {
-            alerts_.confirm(tr("Remove the Model"),
-                            tr("%1 (%2) will be deleted from this computer. It would have to be downloaded again.")
-                                .arg(model.name, model.size),
-                            tr("Remove"), std::move(confirmed));
-        },
-        [this](const TranscriptionModel& model) { parts_.speech.remove(model); }, machine(),
-        [this] { return spokenLanguage(parts_.defaults); }, [this] { return parts_.speech.bytesUsed(); },
-        [this](std::function<void()> confirmed) {
-            alerts_.confirm(
-                tr("Delete Models Cache"),
-                tr("All downloaded models but the one in use will be deleted from this computer. They would "
-                   "have to be downloaded again."),
-                tr("Delete"), std::move(confirmed));
-        },
-        [this] {
-            std::ignore = parts_.speech.removeAllExcept(parts_.speech.selection.selectedModel());
-        }});
+    auto models = std::make_unique<ModelListModel>(modelListParts(parts_.speech.catalogue.models()));
     connect(&parts_.speech.downloads, &DownloadQueue::changed, models.get(), &ModelListModel::refresh);
     // Queued: looking for the selection while a row is shown may be what settles it.
     const auto follow = [list = models.get()](const QString& key) {
@@ -110,6 +134,23 @@ std::unique_ptr<ModelListModel> Windows::makeModelList()
     };
     connect(&parts_.defaults, &UserDefaults::changed, models.get(), follow, Qt::QueuedConnection);
     return models;
+}
+
+std::unique_ptr<ModelListModel> Windows::makeLanguageModelList()
+{
+    LanguageModels& languageModels = parts_.speech.languageModels;
+    ModelListModel::Parts parts = modelListParts(languageModels.models());
+    parts.selectedName = [&languageModels] {
+        const auto* chosen = languageModels.chosen();
+        return chosen != nullptr ? chosen->name : QString();
+    };
+    parts.select = [&languageModels](const TranscriptionModel& model) {
+        languageModels.choose(model);
+    };
+    auto list = std::make_unique<ModelListModel>(std::move(parts));
+    connect(&parts_.speech.downloads, &DownloadQueue::changed, list.get(), &ModelListModel::refresh);
+    connect(&languageModels, &LanguageModels::changed, list.get(), &ModelListModel::reload);
+    return list;
 }
 
 VocabularyModel::Boosting Windows::boosting() const

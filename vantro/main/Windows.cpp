@@ -281,9 +281,13 @@ void Windows::tellOfNote(const QString& text)
 void Windows::tellOfModel(const QString& name)
 {
     if (!settings_.isVisible() && !onboarding_.isVisible() && !(downloadWindow_ && downloadWindow_->isVisible()))
-        back_.run([this, name] { hud_.showNews(tr("The speech model is ready"), name); });
+        back_.run([this, name] {
+            hud_.showNews(parts_.speech.languageModels.find(name) != nullptr ? tr("The language model is ready")
+                                                                             : tr("The speech model is ready"),
+                          name);
+        });
     // That is for who waits for a model that transcribes.
-    if (name != parts_.speech.catalogue.boostingModel().name)
+    if (parts_.speech.catalogue.find(name) != nullptr)
         parts_.notifications.post(notification::modelDownloaded);
 }
 

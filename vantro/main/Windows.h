@@ -99,7 +99,10 @@ Q_SIGNALS:
 private:
     void askToDiscard(std::function<void()> discard);
     [[nodiscard]] LazyWindow::Content settingsContent();
+    [[nodiscard]] ModelListModel::Parts modelListParts(const std::vector<TranscriptionModel>& models);
     [[nodiscard]] std::unique_ptr<ModelListModel> makeModelList();
+    [[nodiscard]] std::unique_ptr<ModelListModel> makeLanguageModelList();
+    void askToRemove(const TranscriptionModel& model, std::function<void()> confirmed);
     [[nodiscard]] std::unique_ptr<ModesModel> makeModesModel();
     [[nodiscard]] std::unique_ptr<VocabularyModel> makeVocabularyModel();
     [[nodiscard]] VocabularyModel::Boosting boosting() const;

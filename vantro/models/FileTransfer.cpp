@@ -1,11 +1,17 @@
 #include "vantro/models/FileTransfer.h"
 
+#include "base/network/NetworkRequest.h"
 #include "vantro/models/Fetch.h"
+#include "vantro/models/Sha1.h"
 
+#include <QNetworkReply>
+#include <QRegularExpression>
 #include <QTimer>
 #include <qcoro/qcorofuture.h>
+#include <qcoro/qcorosignal.h>
 #include <qcoro/qcorotimer.h>
 
+#include <memory>
 #include <utility>
 
 using namespace std::chrono_literals;
@@ -48,13 +54,43 @@ QCoro::Task<> FileTransfer::run()
     }
     if (!isPartUsable())
         part_.discard();
+    QString digest;
+    if (request_.onCompared)
+        digest = co_await askDigest();
     co_await fetchAll();
     publish(tr("Checking the file"));
-    co_await files_.run([this] {
+    co_await files_.run([this, digest] {
+        if (request_.onCompared)
+            compare(digest);
         part_.settle();
         if (request_.onStored)
             request_.onStored();
     });
+}
+
+/// In the answer to a request for the head, which may redirect to where the file is.
+QCoro::Task<QString> FileTransfer::askDigest()
+{
+    if (request_.url.isLocalFile())
+        co_return QString();
+    QNetworkRequest request = network::request(request_.url);
+    request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::ManualRedirectPolicy);
+    request.setTransferTimeout(static_cast<int>(options_.stallTimeout.count()));
+    const std::unique_ptr<QNetworkReply> reply(manager_.head(request));
+    co_await qCoro(reply.get(), &QNetworkReply::finished);
+    static const QRegularExpression digest(QStringLiteral("[0-9a-f]{64}"));
+    co_return digest.match(QString::fromLatin1(reply->rawHeader("X-Linked-ETag"))).captured();
+}
+
+void FileTransfer::compare(const QString& digest)
+{
+    if (!digest.isEmpty() && sha256OfFile(part_.dataPath()) != digest) {
+        part_.discard();
+        throw ModelDownloadError::wrongContent(
+            tr("%1 sent another file than it announced. It has been removed. Try again later.")
+                .arg(request_.url.host()));
+    }
+    request_.onCompared(digest);
 }
 
 QCoro::Task<FileLock> FileTransfer::takeLock()

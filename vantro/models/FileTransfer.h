@@ -47,6 +47,10 @@ struct TransferRequest
     QUrl url;
     QString destination; ///< the file's path; its folder is created when missing
     QString sha1;        ///< identifies the content; a part of other content is not resumed
+    /// Unless empty, the host is asked which SHA-256 its file has, as large-file stores announce it, and this is called
+    /// with it when the fetched file has it, before onStored; with nothing if it announces none. A file with another
+    /// one is refused. On a worker thread.
+    std::function<void(const QString& sha256)> onCompared;
     /// Called once the lock is held, because somebody else may have fetched the file. On a worker thread.
     std::function<bool()> isThere;
     /// Called when the file is in place, with the lock still held. On a worker thread.
@@ -71,7 +75,9 @@ public:
 
 private:
     QCoro::Task<FileLock> takeLock();
+    QCoro::Task<QString> askDigest();
     QCoro::Task<> fetchAll();
+    void compare(const QString& digest);
     QCoro::Task<bool> fetchOnce();
     QCoro::Task<> pause(std::chrono::milliseconds duration, const QString& reason);
     void publish(const std::optional<QString>& statusText = std::nullopt);

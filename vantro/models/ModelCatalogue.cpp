@@ -151,11 +151,11 @@ const TranscriptionModel* ModelCatalogue::find(const QString& name) const
     return entry != models_.end() ? std::to_address(entry) : nullptr;
 }
 
-const TranscriptionModel* ModelCatalogue::match(const QString& text) const
+const TranscriptionModel* match(const std::vector<TranscriptionModel>& models, const QString& text)
 {
     const TranscriptionModel* begins = nullptr;
     int count = 0;
-    for (const TranscriptionModel& model : models_) {
+    for (const TranscriptionModel& model : models) {
         const QString brief = shortName(model);
         if (model.name == text || model.fileName() == text || brief.compare(text, Qt::CaseInsensitive) == 0)
             return &model;

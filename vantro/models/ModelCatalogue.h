@@ -9,6 +9,10 @@
 
 namespace vantro {
 
+/// As a user may call one of @p models: by name, short name, file name or the unambiguous beginning of one of the first
+/// two, in any case; otherwise null.
+[[nodiscard]] const TranscriptionModel* match(const std::vector<TranscriptionModel>& models, const QString& text);
+
 /// The fixed, ordered list of speech models; only the host that serves them may change. Main thread.
 class ModelCatalogue
 {
@@ -23,9 +27,8 @@ public:
     /// Exact comparison; null when the catalogue has no such entry.
     [[nodiscard]] const TranscriptionModel* find(const QString& name) const;
 
-    /// As a user may call it: by name, short name, file name or the unambiguous beginning of one of the first two, in
-    /// any case; otherwise null.
-    [[nodiscard]] const TranscriptionModel* match(const QString& text) const;
+    /// See vantro::match().
+    [[nodiscard]] const TranscriptionModel* match(const QString& text) const { return vantro::match(models_, text); }
     /// The model that looks for the user's words beside a Parakeet model. It is not among models() because it
     /// transcribes nothing by itself. Its URL is unusable where no host is known to serve it.
     [[nodiscard]] const TranscriptionModel& boostingModel() const { return boostingModel_; }

@@ -20,9 +20,10 @@ bool ModelDownloader::PublishGate::opensFor(float fraction)
     return true;
 }
 
-ModelDownloader::ModelDownloader(const ModelCatalogue& catalogue, const SpeechEngines& engines)
+ModelDownloader::ModelDownloader(const ModelCatalogue& catalogue, const SpeechEngines& engines, ModelKeeper* others)
     : catalogue_(catalogue)
     , engines_(engines)
+    , others_(others)
 {
 }
 
@@ -44,8 +45,8 @@ QCoro::Task<bool> ModelDownloader::download(TranscriptionModel model)
     // The host may have changed since the caller copied the model.
     if (const auto* current = catalogue_.find(model.name))
         model = *current;
-    SpeechEngine& engine = engines_.of(model);
-    printLine(QStringLiteral("Starting download via %1 provider: %2").arg(engine.label(), model.name));
+    ModelKeeper& keeper = keeperOf(model);
+    printLine(QStringLiteral("Starting download via %1 provider: %2").arg(keeper.label(), model.name));
     const auto task = std::make_shared<DownloadTask>();
     downloadTask_ = task;
     setStatusText(std::nullopt);
@@ -57,7 +58,7 @@ QCoro::Task<bool> ModelDownloader::download(TranscriptionModel model)
         const auto onProgress = [this, task](const auto& progress) {
             receive(task, progress);
         };
-        co_await engine.download(model, onProgress, task->stop.get_token());
+        co_await keeper.download(model, onProgress, task->stop.get_token());
     } catch (const std::exception& error) {
         failure = localizedDescription(error);
     }
@@ -74,6 +75,11 @@ QCoro::Task<bool> ModelDownloader::download(TranscriptionModel model)
     downloadTask_.reset();
     Q_EMIT isRunningChanged();
     co_return failure.isEmpty();
+}
+
+ModelKeeper& ModelDownloader::keeperOf(const TranscriptionModel& model) const
+{
+    return others_ != nullptr && others_->kind() == model.engine ? *others_ : engines_.of(model);
 }
 
 void ModelDownloader::receive(const std::shared_ptr<DownloadTask>& task, const DownloadProgress& progress)

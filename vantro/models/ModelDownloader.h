@@ -30,7 +30,8 @@ public:
         int lastPercent_ = -1;
     };
 
-    ModelDownloader(const ModelCatalogue& catalogue, const SpeechEngines& engines);
+    /// @p others: keeps the models that no engine of @p engines runs; may be null.
+    ModelDownloader(const ModelCatalogue& catalogue, const SpeechEngines& engines, ModelKeeper* others = nullptr);
     ~ModelDownloader() override;
 
     /// Returns whether the model is ready; statusText holds the failure. Returns false at once while another download
@@ -59,12 +60,14 @@ private:
         std::optional<QString> statusText; ///< network thread
     };
 
+    [[nodiscard]] ModelKeeper& keeperOf(const TranscriptionModel& model) const;
     void receive(const std::shared_ptr<DownloadTask>& task, const DownloadProgress& progress);
     void setProgress(float progress, const QString& rateText);
     void setStatusText(const std::optional<QString>& text);
 
     const ModelCatalogue& catalogue_;
     const SpeechEngines& engines_;
+    ModelKeeper* others_;
     std::shared_ptr<DownloadTask> downloadTask_;
     float progress_ = 0;
     std::optional<QString> statusText_;

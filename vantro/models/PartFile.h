@@ -34,6 +34,8 @@ public:
     [[nodiscard]] std::optional<FileLock> tryLock() const;
 
     [[nodiscard]] const QString& destination() const { return destination_; }
+    /// The file that has been fetched so far.
+    [[nodiscard]] QString dataPath() const { return data_.fileName(); }
     /// Size of the part; 0 if there is none or its note is missing.
     [[nodiscard]] qint64 bytes() const;
     [[nodiscard]] std::optional<PartNote> note() const;

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <memory>
 
 namespace vantro {
 
@@ -73,6 +74,14 @@ const TranscriptionModel& recommended(const std::vector<TranscriptionModel>& mod
             best = &model;
     }
     return best != nullptr ? *best : fastest != nullptr ? *fastest : models.front();
+}
+
+const TranscriptionModel* recommendedRewriter(const std::vector<TranscriptionModel>& models, const Machine& machine)
+{
+    auto found = std::ranges::find_if(models, [&](const TranscriptionModel& model) { return fits(model, machine); });
+    if (found == models.end())
+        found = std::ranges::min_element(models, {}, &TranscriptionModel::ramUsage);
+    return found != models.end() ? std::to_address(found) : nullptr;
 }
 
 } // namespace vantro

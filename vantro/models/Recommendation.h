@@ -25,4 +25,9 @@ struct Machine
                                                     const Machine& machine, const QString& language,
                                                     const std::function<bool(const TranscriptionModel&)>& isReady);
 
+/// Of language models in order of preference, the first that fits into a quarter of the memory, else the smallest; null
+/// without any.
+[[nodiscard]] const TranscriptionModel* recommendedRewriter(const std::vector<TranscriptionModel>& models,
+                                                            const Machine& machine);
+
 } // namespace vantro

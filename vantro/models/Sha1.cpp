@@ -24,13 +24,12 @@ Error unreadable(const QFile& file)
     return Error(QStringLiteral("%1 could not be read: %2").arg(file.fileName(), file.errorString()));
 }
 
-} // namespace
-
-QString sha1OfFile(QFile& file)
+QString digestOf(QFile& file, const EVP_MD* algorithm)
 {
     const std::unique_ptr<EVP_MD_CTX, DigestDeleter> digest(EVP_MD_CTX_new());
-    if (!digest || EVP_DigestInit_ex(digest.get(), EVP_sha1(), nullptr) != 1)
-        throw Error(QStringLiteral("SHA-1 is disabled on this system, so model files cannot be verified"));
+    if (!digest || EVP_DigestInit_ex(digest.get(), algorithm, nullptr) != 1)
+        throw Error(QStringLiteral("%1 is disabled on this system, so model files cannot be verified")
+                        .arg(QLatin1String(EVP_MD_get0_name(algorithm))));
     std::vector<char> chunk(chunkBytes);
     qint64 count = 0;
     while ((count = file.read(chunk.data(), chunkBytes)) > 0)
@@ -44,12 +43,29 @@ QString sha1OfFile(QFile& file)
         QByteArray(reinterpret_cast<const char*>(bytes.data()), static_cast<qsizetype>(length)).toHex());
 }
 
-QString sha1OfFile(const QString& path)
+QString digestOf(const QString& path, const EVP_MD* algorithm)
 {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
         throw unreadable(file);
-    return sha1OfFile(file);
+    return digestOf(file, algorithm);
+}
+
+} // namespace
+
+QString sha1OfFile(QFile& file)
+{
+    return digestOf(file, EVP_sha1());
+}
+
+QString sha1OfFile(const QString& path)
+{
+    return digestOf(path, EVP_sha1());
+}
+
+QString sha256OfFile(const QString& path)
+{
+    return digestOf(path, EVP_sha256());
 }
 
 } // namespace vantro

@@ -12,4 +12,7 @@ QString sha1OfFile(QFile& file);
 /// The same for a whole file.
 QString sha1OfFile(const QString& path);
 
+/// A whole file's SHA-256, as 64 lower-case hex digits.
+QString sha256OfFile(const QString& path);
+
 } // namespace vantro

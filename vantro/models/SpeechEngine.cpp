@@ -1,24 +1,10 @@
 #include "vantro/models/SpeechEngine.h"
 
-#include "vantro/models/ModelDownloadError.h"
-
 #include <QStandardPaths>
-#include <qcoro/qcorofuture.h>
 
 #include <algorithm>
 
 namespace vantro {
-
-QCoro::Task<> SpeechEngine::download(TranscriptionModel model, FileDownloader::OnProgress onProgress,
-                                     std::stop_token stop)
-{
-    const QFuture<void> stored = startDownload(model, std::move(onProgress), std::move(stop));
-    co_await stored;
-    const QFuture<ModelCheck> checked = check(model);
-    const ModelCheck answer = co_await checked;
-    if (!answer.isReady)
-        throw ModelDownloadError::wrongContent(answer.problem);
-}
 
 SpeechEngine& SpeechEngines::of(const TranscriptionModel& model) const
 {

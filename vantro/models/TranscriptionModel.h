@@ -6,8 +6,8 @@
 
 namespace vantro {
 
-/// Which engine runs a model.
-enum class TranscriptionEngine { fluid, whisper };
+/// Which engine runs a model. The last one rewrites texts; the others recognise speech.
+enum class TranscriptionEngine { fluid, whisper, llama };
 
 enum class SupportedLanguages { multilingual, english };
 
@@ -19,7 +19,7 @@ struct FluidModel
     QString url = {};
 };
 
-/// A speech model of the catalogue, identified by `name`, which is also stored as the selection.
+/// A model, identified by `name`, which is also stored as the selection.
 struct TranscriptionModel
 {
     QString name;
@@ -29,8 +29,9 @@ struct TranscriptionModel
     double ramUsage = 0; ///< GB, as shown
     QString description;
     SupportedLanguages supportedLanguages = SupportedLanguages::multilingual;
-    QString hash; ///< expected SHA-1, 40 lower-case hex digits; empty for fluid models
-    QString url;  ///< empty for fluid models
+    QString license = {}; ///< of a language model: its short name, such as "Apache-2.0"
+    QString hash;         ///< expected SHA-1, 40 lower-case hex digits; empty for fluid models
+    QString url;          ///< empty for fluid models
     TranscriptionEngine engine = TranscriptionEngine::whisper;
     std::optional<FluidModel> fluidModel;
 

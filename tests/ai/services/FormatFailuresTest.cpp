@@ -236,7 +236,7 @@ TEST_F(FormatFailures, OnlyATrustedServerHearsAnything)
         HttpExchange exchange(clock);
         RemoteProviderConfig wanted = config(RemoteProviderType::Custom);
         wanted.customBaseURL = secure.url();
-        const FormatServiceFactory factory(providers, {exchange, keychain, languages});
+        const FormatServiceFactory factory(providers, local, {exchange, keychain, languages});
         return outcome(factory.makeRemote(wanted)->format({}, {}));
     };
     ChatServer secure(ChatServer::Transport::https);

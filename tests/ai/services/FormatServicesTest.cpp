@@ -224,7 +224,7 @@ TEST_F(FormatServices, AnOpenedConnectionIsUsedForAllRequests)
 {
     server.answerChat(QStringLiteral("text"));
     const auto first = service(config(RemoteProviderType::Custom));
-    first->prepare();
+    first->prepare({});
     // At once, while the connection is on its way. The key that was read for a dictation is the dictation's; the next
     // one reads it anew.
     EXPECT_EQ(outcome(first->format({}, {})).text, QStringLiteral("text"));
@@ -237,7 +237,7 @@ TEST_F(FormatServices, AnOpenedConnectionIsUsedForAllRequests)
 
 TEST_F(FormatServices, TheModesConfigurationChoosesTheService)
 {
-    const FormatServiceFactory factory(providers, parts);
+    const FormatServiceFactory factory(providers, local, parts);
     ProviderConfiguration provider = providers.configurations().front();
     provider.providerType = RemoteProviderType::Custom;
     provider.customBaseURL = server.url() + QStringLiteral("/v1");
@@ -252,7 +252,8 @@ TEST_F(FormatServices, TheModesConfigurationChoosesTheService)
         return outcome(factory.make(ProcessingMode::Email, mode)->format({}, QStringLiteral("a")));
     };
     const auto isUnavailable = [](const Outcome& result) {
-        return result.description() == QStringLiteral("The on-device model is not available on this device");
+        return result.description() ==
+               QStringLiteral("Please download a language model under Settings, Models to use local processing");
     };
 
     EXPECT_EQ(ask({false, provider.id}).text, QStringLiteral("text"));

@@ -11,6 +11,7 @@
 #include "vantro/ai/services/RemoteFormatError.h"
 
 #include <QJsonDocument>
+#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
@@ -103,7 +104,7 @@ protected:
     [[nodiscard]] std::shared_ptr<RemoteFormatService> service(const RemoteProviderConfig& config,
                                                                std::stop_token stop = {})
     {
-        return FormatServiceFactory(providers, parts, {server.url(), server.url(), server.url()})
+        return FormatServiceFactory(providers, local, parts, {server.url(), server.url(), server.url()})
             .makeRemote(config, std::move(stop));
     }
 
@@ -138,6 +139,8 @@ protected:
     UserDefaults defaults{folder.filePath(QStringLiteral("settings.ini"))};
     ProviderConfigurationManager providers{defaults, keychain};
     HttpExchange http{clock};
+    std::optional<quint64> availableMemory;
+    LocalModel local{defaults, [this] { return availableMemory; }, {folder.filePath(QStringLiteral("models"))}};
     RemoteServiceParts parts{http, keychain, languages};
 };
 

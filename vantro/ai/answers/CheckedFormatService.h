@@ -4,6 +4,7 @@
 #include "vantro/ai/answers/AnswerCheck.h"
 
 #include <memory>
+#include <utility>
 
 namespace vantro {
 
@@ -14,7 +15,8 @@ public:
     /// @p languages must outlive it.
     CheckedFormatService(std::shared_ptr<FormatRequestServicing> service, const LanguageRecognizer& languages);
 
-    void prepare() override { service_->prepare(); }
+    void prepare(const QString& prompt) override { service_->prepare(prompt); }
+    void listen(std::function<void(const QString&)> onText) override { service_->listen(std::move(onText)); }
     QCoro::Task<QString> format(QString prompt, QString text) override;
 
 private:

@@ -11,9 +11,10 @@
 
 namespace vantro {
 
-FormatServiceFactory::FormatServiceFactory(const ProviderConfigurationManager& providers, RemoteServiceParts parts,
-                                           ProviderHosts hosts)
+FormatServiceFactory::FormatServiceFactory(const ProviderConfigurationManager& providers, LocalModel& local,
+                                           RemoteServiceParts parts, ProviderHosts hosts)
     : providers_(providers)
+    , local_(local)
     , parts_(parts)
     , hosts_(std::move(hosts))
 {
@@ -22,25 +23,35 @@ FormatServiceFactory::FormatServiceFactory(const ProviderConfigurationManager& p
 std::shared_ptr<FormatRequestServicing>
 FormatServiceFactory::make(ProcessingMode mode, const ModeConfiguration& configuration, std::stop_token stop) const
 {
-    if (configuration.useLocalAI) {
+    if (const auto* chosen = provider(configuration)) {
+        printLine(
+            QStringLiteral("Using remote service (%1) for %2").arg(displayName(chosen->providerType), rawValue(mode)));
+        return makeRemote(chosen->remoteConfig(), std::move(stop));
+    }
+    const auto* model = local_.models().chosen();
+    if (!configuration.useLocalAI)
+        printLine(QStringLiteral("No provider configuration for %1, falling back to local").arg(rawValue(mode)));
+    else if (model == nullptr)
         printLine(QStringLiteral("LocalFormatService unavailable for %1: %2")
                       .arg(rawValue(mode), wording::localProcessingNeeds()));
-        return std::make_shared<LocalFormatService>();
-    }
-    const auto* chosen = provider(configuration);
-    if (chosen == nullptr) {
-        printLine(QStringLiteral("No provider configuration for %1, falling back to local").arg(rawValue(mode)));
-        return std::make_shared<LocalFormatService>();
-    }
-    printLine(
-        QStringLiteral("Using remote service (%1) for %2").arg(displayName(chosen->providerType), rawValue(mode)));
-    return makeRemote(chosen->remoteConfig(), std::move(stop));
+    if (model != nullptr)
+        printLine(QStringLiteral("Using this computer (%1) for %2").arg(model->name, rawValue(mode)));
+    return std::make_shared<LocalFormatService>(local_, parts_.languages, std::move(stop));
 }
 
-void FormatServiceFactory::preconnect(const ModeConfiguration& configuration) const
+std::shared_ptr<void> FormatServiceFactory::expect(const ModeConfiguration& configuration, const QString& prompt) const
 {
-    if (const auto* chosen = provider(configuration))
+    if (const auto* chosen = provider(configuration)) {
         makeRemote(chosen->remoteConfig())->preconnect();
+        return {};
+    }
+    return local_.expect(prompt);
+}
+
+bool FormatServiceFactory::isUsable(const ModeConfiguration& configuration) const
+{
+    return provider(configuration) != nullptr ||
+           ((configuration.useLocalAI || !configuration.providerConfigId) && local_.models().chosen() != nullptr);
 }
 
 const ProviderConfiguration* FormatServiceFactory::provider(const ModeConfiguration& configuration) const

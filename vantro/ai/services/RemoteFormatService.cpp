@@ -59,7 +59,7 @@ QString RemoteFormatService::line(const QString& text) const
     return QStringLiteral("[%1] ").arg(rawValue(config_.provider)) + text;
 }
 
-void RemoteFormatService::prepare()
+void RemoteFormatService::prepare(const QString& /*prompt*/)
 {
     if (!config_.apiKeyOverride && !keyAhead_) {
         keyAhead_ = std::make_shared<KeyRead>();

@@ -37,7 +37,7 @@ public:
     static constexpr std::chrono::milliseconds verificationTimeout{10'000};
 
     /// Starts reading the key and opens the connection.
-    void prepare() override;
+    void prepare(const QString& prompt) override;
     /// Opens the connection only, when a request is likely but not certain.
     void preconnect();
     QCoro::Task<QString> format(QString prompt, QString text) override;

@@ -40,6 +40,7 @@ LauncherModel::LauncherModel(Dictation& dictation, Clock& clock, std::vector<Mod
     connect(&dictation, &Dictation::stateChanged, this, &LauncherModel::followState);
     connect(&dictation, &Dictation::transcriptionProgress, this, &LauncherModel::setProgress);
     connect(&dictation, &Dictation::understood, this, &LauncherModel::showWords);
+    connect(&dictation, &Dictation::writing, this, &LauncherModel::showWords);
     connect(&dictation, &Dictation::modelFailed, this, [this] { setNotice(currentNotice()); });
     connect(&ticker_, &QTimer::timeout, this, &LauncherModel::tick);
     ticker_.start(barDuration);

@@ -13,8 +13,13 @@ namespace vantro {
 
 namespace {
 
-QString waitText(std::chrono::duration<double> wait)
+QString waitText(const TranscriptionModel& model, const Machine& machine)
 {
+    if (model.engine == TranscriptionEngine::llama) {
+        const QString memory = ModelListModel::tr("%1 GB of memory").arg(QLocale().toString(model.ramUsage, 'f', 1));
+        return model.license.isEmpty() ? memory : memory + QStringLiteral("  \u00B7  ") + model.license;
+    }
+    const auto wait = expectedWait(model, machine);
     return wait.count() < 1 ? ModelListModel::tr("10 s of speech in less than 1 s")
                             : ModelListModel::tr("10 s of speech in about %1 s").arg(std::lround(wait.count()));
 }
@@ -23,8 +28,16 @@ QString waitText(std::chrono::duration<double> wait)
 
 ModelListModel::ModelListModel(Parts parts) : parts_(std::move(parts))
 {
+    reload();
+}
+
+void ModelListModel::reload()
+{
+    beginResetModel();
+    order_.clear();
     for (const TranscriptionModel& model : parts_.models)
         order_.push_back(&model);
+    endResetModel();
     sortAgain();
 }
 
@@ -58,7 +71,7 @@ void ModelListModel::clearCache()
 
 int ModelListModel::rowCount(const QModelIndex& parent) const
 {
-    return parent.isValid() ? 0 : static_cast<int>(parts_.models.size());
+    return parent.isValid() ? 0 : static_cast<int>(order_.size());
 }
 
 const TranscriptionModel* ModelListModel::modelAt(int row) const
@@ -91,15 +104,22 @@ QVariant ModelListModel::data(const QModelIndex& index, int role) const
     case ProgressRole:
         return parts_.stateOf(*model) == Downloading ? parts_.progress() : 0.0F;
     case RecommendedRole:
-        return &recommended(parts_.models, parts_.machine, parts_.language(),
-                            [this](const TranscriptionModel& each) { return parts_.stateOf(each) == Ready; }) == model;
+        return isRecommended(*model);
     case WaitRole:
-        return waitText(expectedWait(*model, parts_.machine));
+        return waitText(*model, parts_.machine);
     case StatusRole:
         return parts_.statusText(*model);
     default:
         return {};
     }
+}
+
+bool ModelListModel::isRecommended(const TranscriptionModel& model) const
+{
+    if (model.engine == TranscriptionEngine::llama)
+        return recommendedRewriter(parts_.models, parts_.machine) == &model;
+    return &recommended(parts_.models, parts_.machine, parts_.language(),
+                        [this](const TranscriptionModel& each) { return parts_.stateOf(each) == Ready; }) == &model;
 }
 
 QHash<int, QByteArray> ModelListModel::roleNames() const

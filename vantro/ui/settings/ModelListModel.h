@@ -10,7 +10,8 @@
 
 namespace vantro {
 
-/// The model list of the page "Models", one row per model of the catalogue, the one in use first when the page opens.
+/// A model list of the page "Models", one row per model, the one in use first when the page opens. The language models
+/// have a list of their own.
 /// Main thread; lives as long as its window.
 class ModelListModel : public QAbstractListModel
 {
@@ -31,7 +32,7 @@ public:
         SelectedRole,
         ProgressRole, ///< 0..1
         RecommendedRole,
-        WaitRole,  ///< how long a sentence takes it here
+        WaitRole,  ///< how long a sentence takes it here; of a language model, its memory and its licence
         StatusRole ///< of its download, or why the latest one failed; may be empty
     };
     Q_ENUM(Role)
@@ -80,6 +81,8 @@ public:
     Q_INVOKABLE void cancel(int row);
     /// Asks first.
     Q_INVOKABLE void remove(int row);
+    /// The list is another.
+    void reload();
     /// Looks at the files again.
     Q_INVOKABLE void refresh();
 
@@ -89,6 +92,7 @@ Q_SIGNALS:
 
 private:
     [[nodiscard]] const TranscriptionModel* modelAt(int row) const;
+    [[nodiscard]] bool isRecommended(const TranscriptionModel& model) const;
     void removeNow(const TranscriptionModel& model);
 
     Parts parts_;

@@ -28,6 +28,7 @@ VCard {
     component Meter: Row {
         property string label
         property real value
+        visible: value > 0 // of a language model nothing is known
         spacing: Theme.space8
         Accessible.role: Accessible.StaticText
         Accessible.name: qsTr("%1: %2 of 10").arg(label).arg(Math.round(value * 10))

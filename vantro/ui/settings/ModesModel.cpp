@@ -135,33 +135,49 @@ void ModesModel::useBuiltInPrompt()
     parts_.confirmReplacement([&prompts, replaced = mode(), builtIn] { prompts.setPrompt(replaced, *builtIn); });
 }
 
+std::vector<ModesModel::Choice> ModesModel::choices() const
+{
+    const QString local = parts_.localModel();
+    std::vector<Choice> choices;
+    if (local.isEmpty())
+        choices = {{tr("None"), {}}};
+    else
+        choices = {{tr("This computer (%1)").arg(local), {true}}};
+    for (const ProviderConfiguration& provider : parts_.providers.configurations())
+        choices.push_back(
+            {provider.isEnabled ? provider.name : tr("%1 (disabled)").arg(provider.name), {false, provider.id}});
+    if (local.isEmpty())
+        choices.push_back({tr("This computer (needs a language model)"), {true}});
+    return choices;
+}
+
 QStringList ModesModel::providers() const
 {
-    QStringList names{tr("None")};
-    for (const ProviderConfiguration& provider : parts_.providers.configurations())
-        names << (provider.isEnabled ? provider.name : tr("%1 (disabled)").arg(provider.name));
+    QStringList names;
+    for (const Choice& choice : choices())
+        names << choice.label;
     return names;
 }
 
 int ModesModel::provider() const
 {
     const ModeConfiguration configuration = parts_.prompts.configuration(mode());
-    if (configuration.useLocalAI || !configuration.providerConfigId)
+    // This computer, if it can.
+    if (!configuration.useLocalAI && !configuration.providerConfigId)
         return 0;
-    const auto& list = parts_.providers.configurations();
-    const auto found = std::ranges::find(list, *configuration.providerConfigId, &ProviderConfiguration::id);
-    return found != list.end() ? static_cast<int>(found - list.begin()) + 1 : -1;
+    const auto list = choices();
+    const auto found = std::ranges::find_if(list, [&](const Choice& choice) {
+        return choice.configuration.useLocalAI == configuration.useLocalAI &&
+               (configuration.useLocalAI || choice.configuration.providerConfigId == configuration.providerConfigId);
+    });
+    return found != list.end() ? static_cast<int>(found - list.begin()) : -1;
 }
 
 void ModesModel::setProvider(int index)
 {
-    const auto& list = parts_.providers.configurations();
-    if (index < 0 || index > static_cast<int>(list.size()) || index == provider())
-        return;
-    ModeConfiguration configuration;
-    if (index > 0)
-        configuration.providerConfigId = list[static_cast<std::size_t>(index) - 1].id;
-    parts_.prompts.setConfiguration(mode(), configuration);
+    const auto list = choices();
+    if (index >= 0 && index < static_cast<int>(list.size()) && index != provider())
+        parts_.prompts.setConfiguration(mode(), list[static_cast<std::size_t>(index)].configuration);
 }
 
 QString ModesModel::lacking() const
@@ -170,8 +186,11 @@ QString ModesModel::lacking() const
         return {};
     if (mode() == ProcessingMode::Custom && prompt().isEmpty())
         return tr("To use this mode, write a prompt and choose a provider.");
+    if (parts_.prompts.configuration(mode()).useLocalAI)
+        return tr("To use this mode, download a language model under Settings, Models.");
     return tr(
-        "To use this mode, choose an enabled provider. Set up providers and their keys under Settings, Providers.");
+        "To use this mode, choose an enabled provider. Set up providers and their keys under Settings, Providers, or "
+        "download a language model for this computer under Settings, Models.");
 }
 
 } // namespace vantro

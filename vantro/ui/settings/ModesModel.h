@@ -42,6 +42,10 @@ public:
         std::function<bool(ProcessingMode)> isUsable;
         /// Asks whether to replace a prompt.
         std::function<void(std::function<void()> confirmed)> confirmReplacement;
+        /// The language model of this machine that would be used; empty without any.
+        std::function<QString()> localModel = [] {
+            return QString();
+        };
     };
 
     explicit ModesModel(Parts parts);
@@ -70,7 +74,7 @@ public:
     void setName(const QString& name);
     [[nodiscard]] QString prompt() const { return parts_.prompts.prompt(mode()); }
     void setPrompt(const QString& prompt);
-    /// "None", followed by all providers.
+    /// This computer if it has a language model, and all providers; before, "None" in its place, and itself at the end.
     [[nodiscard]] QStringList providers() const;
     /// An index into providers(); -1 when the chosen one has been removed.
     [[nodiscard]] int provider() const;
@@ -86,6 +90,14 @@ Q_SIGNALS:
     void shownChanged();
 
 private:
+    /// Who can rewrite.
+    struct Choice
+    {
+        QString label;
+        ModeConfiguration configuration;
+    };
+
+    [[nodiscard]] std::vector<Choice> choices() const;
     [[nodiscard]] ProcessingMode mode() const { return parts_.prompts.selectedMode(); }
     [[nodiscard]] std::vector<ProcessingMode> usableModes() const;
 

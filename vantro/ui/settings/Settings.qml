@@ -9,6 +9,7 @@ Rectangle {
 
     required property GeneralSettings general
     required property ModelListModel models
+    required property ModelListModel languageModels
     required property MicrophoneSettings microphone
     required property RecorderCocoa openRecorder
     required property RecorderCocoa stopRecorder
@@ -118,7 +119,10 @@ Rectangle {
     }
     Component {
         id: modelsPage
-        ModelsPage { models: window.models }
+        ModelsPage {
+            models: window.models
+            languageModels: window.languageModels
+        }
     }
     Component {
         id: modesPage
