@@ -63,6 +63,11 @@ public:
         /// Escape, which gives the dictation up. A hot key because a held key repeats: once the launcher is gone, the
         /// rest would go to the window behind it. Enabled like stopRecordingAndCloseModal.
         static const Name cancelDictation;
+        /// Pastes the words of the last dictation as they were said. No default.
+        static const Name pasteOriginal;
+
+        /// Whether its shortcut works in every program, not in the launcher alone.
+        [[nodiscard]] bool isGlobal() const;
     };
 
     using Action = std::function<void()>;

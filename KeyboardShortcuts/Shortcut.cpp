@@ -20,6 +20,12 @@ const KeyboardShortcuts::Name KeyboardShortcuts::Name::stopRecordingAndCloseModa
     QStringLiteral("stopRecordingAndCloseModal"), Shortcut(Key::space, 0)};
 const KeyboardShortcuts::Name KeyboardShortcuts::Name::cancelDictation{QStringLiteral("cancelDictation"),
                                                                        Shortcut(Key{KeyCode::escape}, 0)};
+const KeyboardShortcuts::Name KeyboardShortcuts::Name::pasteOriginal{QStringLiteral("pasteOriginal"), std::nullopt};
+
+bool KeyboardShortcuts::Name::isGlobal() const
+{
+    return rawValue == openModal.rawValue || rawValue == pasteOriginal.rawValue;
+}
 
 QString KeyboardShortcuts::Shortcut::toJson() const
 {

@@ -103,6 +103,8 @@ ShortcutValidator::ShortcutValidator(KeyboardShortcuts& shortcuts, const Desktop
 
 QString ShortcutValidator::title(const Name& name)
 {
+    if (name.rawValue == Name::pasteOriginal.rawValue)
+        return translated(QT_TR_NOOP("Paste as spoken"));
     return name.rawValue == Name::openModal.rawValue ? translated(QT_TR_NOOP("Start a dictation"))
                                                      : translated(QT_TR_NOOP("End the recording"));
 }
@@ -114,7 +116,7 @@ QString ShortcutValidator::forceText()
 
 std::optional<ShortcutRefusal> ShortcutValidator::refusal(const Name& name, const Shortcut& shortcut)
 {
-    const bool isGlobal = name.rawValue == Name::openModal.rawValue;
+    const bool isGlobal = name.isGlobal();
     if (isGlobal && isPasteChord(shortcut))
         return whyEdits("keyboard_shortcut_pastes", shortcut, false);
     if (auto refused = whyDisallowed(name, shortcut))
@@ -137,7 +139,7 @@ std::optional<ShortcutRefusal> ShortcutValidator::whyDisallowed(const Name& name
 {
     constexpr std::uint32_t realModifiers = Modifier::all & ~Modifier::shift;
     // Shortcuts that are active only in the launcher cannot interfere with typing elsewhere.
-    const bool isGlobal = name.rawValue == Name::openModal.rawValue;
+    const bool isGlobal = name.isGlobal();
     if (!isGlobal || (shortcut.carbonModifiers & realModifiers) != 0 || !KeyCode::isForTyping(keyCodeOf(shortcut)))
         return std::nullopt;
     return ShortcutRefusal{.reason = Reason::disallowed,
@@ -170,7 +172,7 @@ std::optional<ShortcutRefusal> ShortcutValidator::usedByMenuItem(const Name& nam
                                .advice = {},
                                .canForce = true};
     };
-    for (const Name& other : {Name::openModal, Name::stopRecordingAndCloseModal}) {
+    for (const Name& other : {Name::openModal, Name::stopRecordingAndCloseModal, Name::pasteOriginal}) {
         if (other.rawValue != name.rawValue && shortcuts_.shortcut(other) == shortcut)
             return refused(title(other));
     }

@@ -90,6 +90,8 @@ inline constexpr Setting<QByteArray> prioritizedDevices{"prioritizedDevices", ""
 inline constexpr Setting<QByteArray> customVocabulary{"customVocabulary", ""};
 inline constexpr Setting<QByteArray> vocabularyDetails{"vocabularyDetails", ""};
 inline constexpr Setting<QByteArray> textReplacements{"textReplacements", ""};
+inline constexpr Setting<QByteArray> cleaningRules{"cleaningRules", ""};
+inline constexpr Setting<QByteArray> applicationRules{"applicationRules", ""};
 inline constexpr Setting<QByteArray> customPrompts{"customPrompts", ""};
 inline constexpr Setting<QByteArray> customModeNames{"customModeNames", ""};
 inline constexpr Setting<QByteArray> modeConfigurations{"modeConfigurations", ""};

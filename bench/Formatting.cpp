@@ -49,7 +49,7 @@ public:
 class English final : public LanguageRecognizer
 {
 public:
-    [[nodiscard]] std::optional<QString> dominantLanguage(const QString&) const override
+    [[nodiscard]] std::optional<QString> dominantLanguage(const QString&, const QString&) const override
     {
         return QStringLiteral("en");
     }

@@ -172,6 +172,18 @@
         <source>Still working on the last dictation.</source>
         <translation>Das letzte Diktat ist noch in Arbeit.</translation>
     </message>
+    <message>
+        <source>Not pasted: %1.</source>
+        <translation>Nicht eingefügt: %1.</translation>
+    </message>
+    <message>
+        <source>a dictation is in progress</source>
+        <translation>Es läuft gerade ein Diktat</translation>
+    </message>
+    <message>
+        <source>nothing has been dictated since vantro was started; vantro last --original writes what was before</source>
+        <translation>Seit dem Start von vantro wurde nichts diktiert; vantro last --original gibt das vorige Diktat aus</translation>
+    </message>
 </context>
 <context>
     <name>AudioInputMode</name>
@@ -846,6 +858,14 @@
         <source>Works only while vantro is recording.</source>
         <translation>Funktioniert nur, während vantro aufnimmt.</translation>
     </message>
+    <message>
+        <source>Paste as spoken</source>
+        <translation>Gesprochenes einfügen</translation>
+    </message>
+    <message>
+        <source>Pastes the words of the last dictation as you said them, where a language model has changed them.</source>
+        <translation>Fügt das letzte Diktat so ein, wie du es gesprochen hast, auch wenn ein Sprachmodell es umgeschrieben hat.</translation>
+    </message>
 </context>
 <context>
     <name>LanguageModels</name>
@@ -914,6 +934,22 @@
     <message>
         <source>No sound from %1. Is it muted?</source>
         <translation>Kein Ton von %1. Ist es stumm?</translation>
+    </message>
+    <message>
+        <source>Rewriting with %1...</source>
+        <translation>Wird mit %1 umgeschrieben …</translation>
+    </message>
+    <message>
+        <source>Rewriting with %1... %2 s</source>
+        <translation>Wird mit %1 umgeschrieben … %2 s</translation>
+    </message>
+    <message>
+        <source>&lt;Return&gt; As spoken</source>
+        <translation>&lt;Eingabe&gt; Wie gesprochen</translation>
+    </message>
+    <message>
+        <source>As spoken</source>
+        <translation>Wie gesprochen</translation>
     </message>
 </context>
 <context>
@@ -1274,10 +1310,6 @@
         <translation>%1 (ausgeschaltet)</translation>
     </message>
     <message>
-        <source>To use this mode, write a prompt and choose a provider.</source>
-        <translation>Um diesen Modus zu benutzen, schreibe eine Anweisung und wähle einen Anbieter.</translation>
-    </message>
-    <message>
         <source>%1 was chosen, but is not set up. Until it is, your text stays as it is.</source>
         <translation>%1 ist gewählt, aber nicht eingerichtet. Bis dahin bleibt dein Text, wie er ist.</translation>
     </message>
@@ -1294,8 +1326,40 @@
         <translation>Um diesen Modus zu benutzen, lade unter Einstellungen, Modelle ein Sprachmodell herunter.</translation>
     </message>
     <message>
-        <source>To use this mode, choose an enabled provider. Set up providers and their keys under Settings, Providers, or download a language model for this computer under Settings, Models.</source>
-        <translation>Um diesen Modus zu benutzen, wähle einen eingeschalteten Anbieter. Anbieter und ihre Schlüssel richtest du unter Einstellungen, Anbieter ein; oder lade unter Einstellungen, Modelle ein Sprachmodell für diesen Rechner herunter.</translation>
+        <source>Rules on this computer</source>
+        <translation>Regeln auf diesem Rechner</translation>
+    </message>
+    <message>
+        <source>Ready: %1.</source>
+        <translation>Bereit: %1.</translation>
+    </message>
+    <message>
+        <source>To be set up below: %1.</source>
+        <translation>Unten einzurichten: %1.</translation>
+    </message>
+    <message>
+        <source>English</source>
+        <translation>Englisch</translation>
+    </message>
+    <message>
+        <source>German</source>
+        <translation>Deutsch</translation>
+    </message>
+    <message>
+        <source>Spanish</source>
+        <translation>Spanisch</translation>
+    </message>
+    <message>
+        <source>French</source>
+        <translation>Französisch</translation>
+    </message>
+    <message>
+        <source>To use this mode, write a prompt and choose a provider, or the rules.</source>
+        <translation>Schreib für diesen Modus einen Prompt und wähle einen Anbieter, oder nimm die Regeln.</translation>
+    </message>
+    <message>
+        <source>To use this mode, choose an enabled provider, or the rules. Set up providers and their keys under Settings, Providers, or download a language model for this computer under Settings, Models.</source>
+        <translation>Wähle für diesen Modus einen aktiven Anbieter oder die Regeln. Anbieter und ihre Schlüssel richtest du unter Einstellungen, Anbieter ein; oder lade unter Einstellungen, Modelle ein Sprachmodell für diesen Rechner herunter.</translation>
     </message>
 </context>
 <context>
@@ -1349,8 +1413,20 @@
         <translation>Mitgelieferte Anweisung verwenden</translation>
     </message>
     <message>
-        <source>Modes that are not set up cannot be chosen.</source>
-        <translation>Modi, die nicht eingerichtet sind, lassen sich nicht wählen.</translation>
+        <source>Rules</source>
+        <translation>Regeln</translation>
+    </message>
+    <message>
+        <source>Language of the rules</source>
+        <translation>Sprache der Regeln</translation>
+    </message>
+    <message>
+        <source>Use the built-in rules</source>
+        <translation>Mitgelieferte Regeln nehmen</translation>
+    </message>
+    <message>
+        <source>One a line: a filler that is taken out, or words, an equals sign and what to write for them. Words said twice, capitals and the full stop need no rule.</source>
+        <translation>Eine je Zeile: ein Füllwort, das wegfällt, oder Wörter, ein Gleichheitszeichen und was dafür stehen soll. Doppelte Wörter, Großschreibung und Schlusspunkt brauchen keine Regel.</translation>
     </message>
 </context>
 <context>
@@ -1386,6 +1462,22 @@
     <message>
         <source>%1 is not a web server. Check the address.</source>
         <translation>%1 ist kein Webserver. Prüfe die Adresse.</translation>
+    </message>
+    <message>
+        <source>%1 does not speak https. Use another port, or an address that begins with http:// if the server is yours.</source>
+        <translation>%1 spricht kein https. Nimm einen anderen Port, oder eine Adresse mit http://, wenn der Server deiner ist.</translation>
+    </message>
+    <message>
+        <source>%1 closed the connection without an answer.</source>
+        <translation>%1 hat die Verbindung ohne Antwort geschlossen.</translation>
+    </message>
+    <message>
+        <source>If it expects encryption, begin the address with https://; otherwise try again.</source>
+        <translation>Erwartet er Verschlüsselung, beginne die Adresse mit https://; sonst versuch es noch einmal.</translation>
+    </message>
+    <message>
+        <source>Try again.</source>
+        <translation>Versuch es noch einmal.</translation>
     </message>
 </context>
 <context>
@@ -1892,6 +1984,18 @@
         <source>For reasoning-capable models; minimal is usually right for formatting.</source>
         <translation>Für Modelle, die nachdenken können; zum Formatieren genügt meist minimal.</translation>
     </message>
+    <message>
+        <source>%1 has an address of its own. Leave this empty, or choose the type Custom for your own server.</source>
+        <translation>%1 hat eine eigene Adresse. Lass das Feld leer, oder wähle für deinen eigenen Server den Typ Custom.</translation>
+    </message>
+    <message>
+        <source>must be at least 1</source>
+        <translation>muss mindestens 1 sein</translation>
+    </message>
+    <message>
+        <source>must be between 0 and %1</source>
+        <translation>muss zwischen 0 und %1 liegen</translation>
+    </message>
 </context>
 <context>
     <name>ProviderSheet</name>
@@ -1918,6 +2022,14 @@
     <message>
         <source>Request parameters</source>
         <translation>Parameter der Anfrage</translation>
+    </message>
+    <message>
+        <source>Standard parameters</source>
+        <translation>Übliche Parameter</translation>
+    </message>
+    <message>
+        <source>While the fields above are empty: temperature 0.3 and both penalties as 0. Switch them off for a model that refuses them.</source>
+        <translation>Solange die Felder darüber leer sind: Temperatur 0.3 und beide Penalties 0. Schalte sie für ein Modell ab, das sie ablehnt.</translation>
     </message>
 </context>
 <context>
@@ -2113,6 +2225,22 @@
         <source>Unknown error</source>
         <translation>Unbekannter Fehler</translation>
     </message>
+    <message>
+        <source>Nothing was sent: %1 would be asked at its own address, not at %2. Choose the type Custom for that address, or clear it, under Settings, Providers.</source>
+        <translation>Es wurde nichts gesendet: %1 würde unter der eigenen Adresse gefragt, nicht unter %2. Wähle dafür den Typ Custom, oder lösche die Adresse, unter Einstellungen, Anbieter.</translation>
+    </message>
+    <message>
+        <source>The model does not take “%1” as it is sent: change or switch off the request parameters under Settings, Providers.</source>
+        <translation>Das Modell nimmt „%1“ so nicht an: Ändere die Anfrageparameter unter Einstellungen, Anbieter, oder schalte sie ab.</translation>
+    </message>
+    <message>
+        <source>The server has moved to %1. Enter that address for the provider.</source>
+        <translation>Der Server ist nach %1 umgezogen. Trag diese Adresse beim Anbieter ein.</translation>
+    </message>
+    <message>
+        <source>the key store does not answer. Unlock it, or log in anew.</source>
+        <translation>Der Schlüsselspeicher antwortet nicht. Entsperre ihn, oder melde dich neu an.</translation>
+    </message>
 </context>
 <context>
     <name>ReplacementFields</name>
@@ -2265,6 +2393,10 @@
     <message>
         <source>Choose mode %1</source>
         <translation>Modus %1 wählen</translation>
+    </message>
+    <message>
+        <source>Paste as spoken</source>
+        <translation>Gesprochenes einfügen</translation>
     </message>
 </context>
 <context>

@@ -106,14 +106,16 @@ int HttpCall::status() const
 void HttpCall::readHead()
 {
     if (reply_->header(QNetworkRequest::ContentLengthHeader).toLongLong() > HttpExchange::largestAnswerBytes)
-        abort(std::make_exception_ptr(NetworkError::tooLarge(request_.url.host(), HttpExchange::largestAnswerBytes)));
+        abort(std::make_exception_ptr(
+            NetworkError::tooLarge(network::authorityOf(request_.url), HttpExchange::largestAnswerBytes)));
 }
 
 void HttpCall::readBody()
 {
     body_ += reply_->readAll();
     if (body_.size() > HttpExchange::largestAnswerBytes)
-        abort(std::make_exception_ptr(NetworkError::tooLarge(request_.url.host(), HttpExchange::largestAnswerBytes)));
+        abort(std::make_exception_ptr(
+            NetworkError::tooLarge(network::authorityOf(request_.url), HttpExchange::largestAnswerBytes)));
 }
 
 void HttpCall::finished()
@@ -144,9 +146,12 @@ bool HttpCall::followRedirect()
 std::exception_ptr HttpCall::transportFailure() const
 {
     const auto error = reply_->error();
-    const QString host = request_.url.host();
-    if (error == QNetworkReply::ContentReSendError && status() == 0)
-        return std::make_exception_ptr(NetworkError::cutOff(host));
+    const QString host = network::authorityOf(request_.url);
+    // Without a byte of an answer: what a server does that expects to be spoken to in TLS.
+    const bool isMute =
+        status() == 0 && (error == QNetworkReply::ContentReSendError || error == QNetworkReply::RemoteHostClosedError);
+    if (isMute)
+        return std::make_exception_ptr(NetworkError::mute(host, request_.url.scheme() == QLatin1String("http")));
     // Qt reports HTTP error statuses as errors too; those are left to the reader.
     const bool isServersWord = status() != 0 && error >= QNetworkReply::ContentAccessDenied;
     if (error == QNetworkReply::NoError || (isServersWord && error != QNetworkReply::ProtocolFailure))
@@ -156,7 +161,12 @@ std::exception_ptr HttpCall::transportFailure() const
 
 void HttpCall::answer()
 {
-    const HttpAnswer answer{.status = status(), .body = std::exchange(body_, {})};
+    const QUrl target = reply_->attribute(QNetworkRequest::RedirectionTargetAttribute).toUrl();
+    const HttpAnswer answer{.status = status(),
+                            .redirectedTo = target.isEmpty() ? QString()
+                                                             : request_.url.resolved(target).toString(
+                                                                   QUrl::RemoveQuery | QUrl::RemoveUserInfo),
+                            .body = std::exchange(body_, {})};
     try {
         promise_->addResult(read_(answer));
         end(nullptr);

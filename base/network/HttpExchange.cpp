@@ -30,7 +30,7 @@ QCoro::Task<QString> HttpExchange::send(HttpRequest request, Reader read, std::s
     promise->start();
     const QFuture<QString> answer = promise->future();
     const auto call = std::make_shared<QPointer<HttpCall>>(); // used on the network thread only
-    const QString host = request.url.host();
+    const QString host = network::authorityOf(request.url);
     const auto timeout = request.timeout;
 
     network_.run([this, call, request, read, promise](QNetworkAccessManager& manager) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QString>
 #include <QUrl>
 
 #include <chrono>
@@ -22,6 +23,8 @@ struct HttpRequest
 struct HttpAnswer
 {
     int status = 0;
+    /// Where a redirect leads that was not followed, without its query.
+    QString redirectedTo;
     QByteArray body;
 };
 

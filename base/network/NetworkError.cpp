@@ -1,11 +1,21 @@
 #include "base/network/NetworkError.h"
 
+#include "base/network/NetworkRequest.h"
+
 #include <QLocale>
 #include <QNetworkReply>
 
 namespace vantro {
 
 namespace {
+
+/// In the words of OpenSSL, which took the answer for TLS.
+bool speaksNoTls(const QString& reason)
+{
+    return reason.contains(QLatin1String("wrong version number")) ||
+           reason.contains(QLatin1String("unknown protocol")) ||
+           reason.contains(QLatin1String("packet length too long")) || reason.contains(QLatin1String("record layer"));
+}
 
 constexpr char certificateProblem[] = "certificateProblem";
 
@@ -26,11 +36,15 @@ void NetworkError::keepCertificateProblem(QNetworkReply* reply, const QList<QSsl
 
 NetworkError NetworkError::of(const QNetworkReply& reply)
 {
-    const QString host = reply.url().host();
+    const QString host = network::authorityOf(reply.url());
     const QString reason = withoutFullStop(reply.errorString());
     switch (reply.error()) {
     case QNetworkReply::SslHandshakeFailedError: {
         const QVariant problem = reply.property(certificateProblem);
+        if (problem.isNull() && speaksNoTls(reason))
+            return {Kind::notHttp, tr("%1 does not speak https. Use another port, or an address that begins with "
+                                      "http:// if the server is yours.")
+                                       .arg(host)};
         return {Kind::notTrusted, tr("The encrypted connection to %1 cannot be trusted (%2). Check this computer's "
                                      "clock, or install the certificate of your own server.")
                                       .arg(host, problem.isNull() ? reason : withoutFullStop(problem.toString()))};
@@ -38,7 +52,7 @@ NetworkError NetworkError::of(const QNetworkReply& reply)
     case QNetworkReply::TooManyRedirectsError:
     case QNetworkReply::InsecureRedirectError:
         return {Kind::redirected, tr("%1 redirects in a loop or to an insecure address (%2). Check the address.")
-                                      .arg(reply.request().url().host(), reason)};
+                                      .arg(network::authorityOf(reply.request().url()), reason)};
     case QNetworkReply::RemoteHostClosedError:
         return cutOff(host);
     case QNetworkReply::ProtocolFailure:
@@ -60,6 +74,15 @@ NetworkError NetworkError::unreachable(const QString& host, const QString& reaso
 NetworkError NetworkError::cutOff(const QString& host)
 {
     return {Kind::cutOff, tr("The connection to %1 was lost before the response was complete. Try again.").arg(host)};
+}
+
+NetworkError NetworkError::mute(const QString& host, bool isPlain)
+{
+    const QString what = tr("%1 closed the connection without an answer.").arg(host);
+    return {Kind::cutOff, what + QLatin1Char(' ') +
+                              (isPlain ? tr("If it expects encryption, begin the address with https://; otherwise try "
+                                            "again.")
+                                       : tr("Try again."))};
 }
 
 NetworkError NetworkError::timedOut(const QString& host, std::chrono::milliseconds timeout)

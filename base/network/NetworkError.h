@@ -11,7 +11,7 @@ class QNetworkReply;
 
 namespace vantro {
 
-/// Why a request has no answer. Descriptions contain the host but no other part of the URL.
+/// Why a request has no answer. Descriptions contain host and port but no other part of the URL.
 class NetworkError : public Error
 {
     Q_DECLARE_TR_FUNCTIONS(NetworkError)
@@ -34,6 +34,8 @@ public:
 
     static NetworkError unreachable(const QString& host, const QString& reason);
     static NetworkError cutOff(const QString& host);
+    /// It closed the connection without a word. @p isPlain: the request was not encrypted.
+    static NetworkError mute(const QString& host, bool isPlain);
     static NetworkError timedOut(const QString& host, std::chrono::milliseconds timeout);
     static NetworkError tooLarge(const QString& host, qint64 limitBytes);
     static NetworkError notHttp(const QString& host);

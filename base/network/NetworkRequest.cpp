@@ -46,6 +46,11 @@ int network::portOf(const QUrl& url)
     return url.port(url.scheme() == QLatin1String("https") ? 443 : 80);
 }
 
+QString network::authorityOf(const QUrl& url)
+{
+    return url.port() < 0 ? url.host() : QStringLiteral("%1:%2").arg(url.host()).arg(url.port());
+}
+
 QString network::originOf(const QUrl& url)
 {
     return QStringLiteral("%1://%2:%3").arg(url.scheme(), url.host()).arg(portOf(url));

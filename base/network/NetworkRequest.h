@@ -11,6 +11,8 @@ namespace vantro::network {
 
 /// "https://example.org:443"
 [[nodiscard]] QString originOf(const QUrl& url);
+/// "example.org", and "example.org:8000" where the address names the port.
+[[nodiscard]] QString authorityOf(const QUrl& url);
 [[nodiscard]] int portOf(const QUrl& url);
 
 } // namespace vantro::network

@@ -13,6 +13,11 @@ QString instructionFor(const char16_t* transcript)
     return languageInstruction(Cld2LanguageRecognizer(), QString::fromUtf16(transcript));
 }
 
+QString instructionFor(const char16_t* transcript, const char* spoken)
+{
+    return languageInstruction(Cld2LanguageRecognizer(), QString::fromUtf16(transcript), QLatin1String(spoken));
+}
+
 QString only(const char16_t* name)
 {
     return QStringLiteral("\n\nCRITICAL: Respond ONLY in %1. Do not translate or switch to any other language.")
@@ -36,4 +41,15 @@ TEST(LanguageInstruction, AsksForEnglishWhereNoLanguageIsFound)
     EXPECT_EQ(instructionFor(u"12 345 678"), english);
     EXPECT_EQ(instructionFor(u""), english);
     EXPECT_EQ(instructionFor(u"🙂🙂"), english);
+}
+
+TEST(LanguageInstruction, BelievesTheSpeechEngineWhereAFewWordsTellNothing)
+{
+    EXPECT_EQ(instructionFor(u"Vale, nos vemos.", "es"), only(u"español"));
+    EXPECT_EQ(instructionFor(u"Oui, d'accord.", "fr"), only(u"français"));
+    EXPECT_EQ(instructionFor(u"Да, хорошо.", "ru"), only(u"русский"));
+    EXPECT_EQ(instructionFor(u"Ja, is goed.", "nl"), only(u"Nederlands"));
+    EXPECT_EQ(instructionFor(u"12 345 678", "de"), only(u"Deutsch"));
+    EXPECT_EQ(instructionFor(u"Wir treffen uns morgen um neun Uhr im großen Sitzungssaal.", "en"), only(u"Deutsch"))
+        << "a whole sentence tells more than a setting that was forgotten";
 }

@@ -286,6 +286,8 @@ class NotesTest(HistoryCase):
         super().prepare_profile()
         cls.vantro.run("providers", "add", "--type", "custom", "--name", "House", "--model", "small", "--base-url",
                        cls.server.url + "/v1", "--key-stdin", stdin=b"sk-house")
+        for mode in ("Email", "Grammar"):  # which take the first provider
+            cls.vantro.run("modes", "set", mode, "--no-provider")
         cls.vantro.run("modes", "set", "Notes", "--provider", "House")
 
     def test_a_day_is_read_summarised_deleted_and_brought_back(self):

@@ -134,6 +134,46 @@ class LanguageModelsTest(DictationCase):
         self.wait(lambda: self.arrived() == LETTER, 60, "the letter in the editor")
         self.wait_until_over()
 
+    def test_return_pastes_the_words_as_spoken_without_waiting(self):
+        self.server.answer = Answer(stall=True)
+        self.dictate(CHILD)
+        self.wait(lambda: self.server.requests, 60, "the request")
+        self.desktop.press("Return")
+        self.assertEqual(words(self.wait_for_text()), CHILD_WORDS)
+        self.wait_until_over(timeout_s=5)
+        self.assertEqual(self.history()[1], "")
+
+    def test_what_was_said_can_be_pasted_afterwards(self):
+        self.dictate(CHILD)
+        self.wait(lambda: self.arrived() == LETTER, 60, "the letter in the editor")
+        self.wait_until_over()
+        pasted = self.vantro.run("paste-original")
+        self.assertEqual((pasted.returncode, pasted.stderr), (0, ""))
+        self.wait(lambda: words(self.arrived()[len(LETTER):]) == CHILD_WORDS, 20, "the words behind the letter")
+
+    def test_a_text_is_rewritten_by_command_and_judged_there_too(self):
+        def rewrite(*options, text="the child almost hurt the small dog"):
+            return self.vantro.run("rewrite", "--mode", "email", *options, text)
+
+        self.assertEqual(rewrite().stdout, LETTER + "\n")
+        self.server.answer = Answer.chat("Hi Bob,\n\nThe child almost hurt the small dog.\n\nBest,")
+        result = rewrite()
+        self.assertEqual((result.returncode, result.stdout), (6, "the child almost hurt the small dog\n"))
+        self.assertIn("it says \u201cBob\u201d", result.stderr)
+        found = json.loads(rewrite("--json").stdout)
+        self.assertEqual((found["doubt"], found["text"], found["said"]),
+                         ("added-name", "the child almost hurt the small dog", "the child almost hurt the small dog"))
+        self.server.answer = Answer(status=500)
+        self.assertEqual((rewrite().returncode, rewrite().stdout), (1, ""))
+        cleaned = self.vantro.run("rewrite", "--clean", "um the the dog comma new line hurt")
+        self.assertEqual((cleaned.returncode, cleaned.stdout), (0, "The dog,\nHurt.\n"))
+        self.assertEqual(rewrite("--provider", "Nobody").returncode, 3)
+
+    def test_email_and_grammar_take_the_first_provider_that_gets_a_key(self):
+        modes = {mode["mode"]: mode for mode in json.loads(self.vantro.run("modes", "--json").stdout)}
+        self.assertEqual(modes["Grammar"].get("providerConfigId"), self.provider["id"])
+        self.assertNotIn("providerConfigId", modes["Notes"])
+
     def test_a_default_mode_that_nobody_serves_leaves_the_text_as_it_is(self):
         self.assertEqual(self.vantro.run("providers", "edit", "House", "--disable").returncode, 0)
         self.addCleanup(self.vantro.run, "providers", "edit", "House", "--enable")
@@ -182,6 +222,11 @@ class LanguageModelsTest(DictationCase):
 
         custom = ("add", "--type", "custom", "--name", "Second", "--model", "m")
         refused(2, "Invalid URL format", *custom, "--base-url", "house:8000/v1")
+        refused(2, "has an address of its own", "add", "--type", "openai", "--name", "Gateway", "--base-url",
+                "https://gateway.example/v1")
+        refused(2, "there is no key on standard input", "edit", "House", "--key-stdin", stdin=b"")
+        refused(2, "must be at least 1", "edit", "House", "--max-tokens", "0")
+        refused(2, "must be between 0 and 2", "edit", "House", "--temperature", "-1")
         refused(2, "needs --yes", "remove", "House")
         refused(3, "there is no provider", "test", "Nobody")
         refused(4, "There is no session bus", *custom, "--base-url", self.server.url, "--key-stdin", stdin=b"key",
@@ -197,6 +242,14 @@ class LanguageModelsTest(DictationCase):
         second = providers()["Second"]
         self.assertTrue(second["has_key"])
         self.assertEqual(second["parameters"], {"temperature": 0.5})
+        for parameters, sent in (("none", {"model", "messages"}),
+                                 ("standard", {"model", "messages", "temperature", "frequency_penalty",
+                                               "presence_penalty"})):
+            self.assertEqual(self.vantro.run("providers", "edit", "Second", "--parameters", parameters).returncode, 0)
+            self.server.requests.clear()
+            tested = self.vantro.run("providers", "test", "Second")
+            self.assertEqual((tested.returncode, tested.stderr), (0, ""), "one line and no more")
+            self.assertEqual(set(json.loads(self.server.requests[0]["body"])), sent)
         self.assertFalse(providers()["OpenAI"]["has_key"])
         removed = self.vantro.run("providers", "remove", "Second", "--yes")
         self.assertEqual(removed.returncode, 0, removed.stderr)

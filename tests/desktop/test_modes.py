@@ -26,6 +26,8 @@ class ModesTest(DictationCase):
         super().prepare_profile()
         cls.command("providers", "add", "--type", "custom", "--name", "House", "--model", "small", "--base-url",
                     cls.server.url + "/v1", "--key-stdin", stdin=b"sk-house")
+        for mode in ("Email", "Grammar"):  # which take the first provider
+            cls.command("modes", "set", mode, "--no-provider")
         cls.command("modes", "set", "Custom", "--name", "Translate", "--prompt", PROMPT, "--provider", "House")
         cls.command("modes", "set", "Notes", "--provider", "House")
 
@@ -63,6 +65,26 @@ class ModesTest(DictationCase):
         self.assertEqual((row["processingMode"], words(row["transcription"]), row["formatted"]),
                          ("Normal", CHILD_WORDS, ""))
         self.assertEqual(self.server.requests, [], "Normal asks nobody")
+
+    def test_a_mode_cleans_by_rules_without_asking_anybody(self):
+        self.command("modes", "set", "Normal", "--clean")
+        self.addCleanup(self.command, "modes", "set", "Normal", "--no-provider")
+        self.command("cleaning", "add", "almost")
+        self.addCleanup(self.command, "cleaning", "reset")
+        self.dictate(CHILD)
+        self.assertEqual(self.wait_for_text(), "The child hurt the small dog.")
+        row, = self.history()
+        self.assertEqual((words(row["transcription"]), row["formatted"]),
+                         (CHILD_WORDS, "The child hurt the small dog."))
+        self.assertEqual(self.server.requests, [])
+
+    def test_an_application_has_a_mode_of_its_own_and_no_full_stop(self):
+        self.server.answer = Answer.chat(TRANSLATION)
+        self.command("applications", "set", "MOUSEPAD", "--mode", "translate", "--no-full-stop")
+        self.addCleanup(self.command, "applications", "remove", "mousepad")
+        self.dictate(CHILD)
+        self.wait(lambda: self.arrived() == TRANSLATION.rstrip("."), 60, "the translation without its full stop")
+        self.wait_until_over()
 
     def test_custom_delivers_what_the_model_wrote_and_keeps_both_texts(self):
         self.server.answer = Answer.chat(TRANSLATION)

@@ -3,11 +3,14 @@
 #include "platform/testing/FakeDesktopAppearance.h"
 #include "vantro/ui/style/UiEngine.h"
 
+#include <QDirIterator>
 #include <QFont>
 #include <QGuiApplication>
 #include <QQmlComponent>
 #include <QQuickItem>
 #include <QQuickView>
+#include <QRegularExpression>
+#include <QTcpServer>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -199,6 +202,36 @@ TEST_F(Style, TheListOfPagesIsOneStopWithArrowsInIt)
     EXPECT_EQ(current(), QStringLiteral("a"));
     QTest::keyClick(view.get(), Qt::Key_Down);
     EXPECT_EQ(current(), QStringLiteral("b")) << "the keyboard is where the mouse was";
+}
+
+TEST_F(Style, NothingThatIsShownIsADocumentOrFetchesAnything)
+{
+    QTcpServer listener;
+    ASSERT_TRUE(listener.listen(QHostAddress::LocalHost));
+    QQmlComponent component(&ui.engine());
+    const QString picture = QStringLiteral("<img src='http://127.0.0.1:%1/a.png'>").arg(listener.serverPort());
+    component.setData(
+        QStringLiteral("import QtQuick\nimport Vantro.Style\nItem { VText { objectName: 'plain'; text: \"%1\" }"
+                       " Text { textFormat: Text.RichText; text: \"%1\" } }")
+            .arg(picture)
+            .toUtf8(),
+        QUrl());
+    const std::unique_ptr<QObject> item(component.create());
+    ASSERT_TRUE(item) << qPrintable(component.errorString());
+    EXPECT_GT(item->findChild<QQuickItem*>(QStringLiteral("plain"))->implicitWidth(), 100) << "it is read as it is";
+    EXPECT_FALSE(listener.waitForNewConnection(500));
+
+    QDirIterator files(qEnvironmentVariable("VANTRO_SOURCE_DIR") + QStringLiteral("/vantro/ui"),
+                       {QStringLiteral("*.qml")}, QDir::Files, QDirIterator::Subdirectories);
+    static const QRegularExpression bare(QStringLiteral("(?<![\\w.])Text \\{"));
+    while (files.hasNext()) {
+        QFile file(files.next());
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+        const QString text = QString::fromUtf8(file.readAll());
+        const bool isAllowed = file.fileName().endsWith(QLatin1String("VText.qml")) ||
+                               file.fileName().endsWith(QLatin1String("HistoryRow.qml")); // marks what is searched for
+        EXPECT_TRUE(isAllowed || !bare.match(text).hasMatch()) << qPrintable(file.fileName());
+    }
 }
 
 TEST_F(Style, AButtonPressesOncePerKeyAndNotWhileItIsDisabled)

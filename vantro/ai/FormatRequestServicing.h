@@ -13,11 +13,15 @@ class FormatRequestServicing
 public:
     virtual ~FormatRequestServicing() = default;
 
+    /// Who does it, for the user; may be empty.
+    [[nodiscard]] virtual QString name() const { return {}; }
     /// Called when a text is expected, so that keys, connections and models can be fetched early. format() need not
     /// follow, nor come with the same prompt.
     virtual void prepare(const QString& /*prompt*/) {}
     /// @p onText gets each piece of the answer that format() waits for, where the model tells; on any thread.
     virtual void listen(std::function<void(const QString&)> /*onText*/) {}
+    /// Called once the language is known in which the text was spoken, as a code such as "es".
+    virtual void expectLanguage(const QString& /*code*/) {}
     /// Returns @p text rewritten as @p prompt says. Throws Error.
     virtual QCoro::Task<QString> format(QString prompt, QString text) = 0;
 };

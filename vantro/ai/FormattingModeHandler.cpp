@@ -5,16 +5,21 @@
 namespace vantro {
 
 FormattingModeHandler::FormattingModeHandler(ProcessingMode mode, TranscriptionStoring& store,
-                                             const PromptSettings& prompts)
+                                             const PromptSettings& prompts, Cleaning cleaning)
     : mode_(mode)
     , store_(store)
     , prompts_(prompts)
+    , cleaning_(std::move(cleaning))
 {
 }
 
 QCoro::Task<QString> FormattingModeHandler::process(QString transcript, std::shared_ptr<FormatRequestServicing> service)
 {
     const QUuid id = store_.saveTranscription(transcript, mode_);
+    if (const auto cleaned = cleaning_ ? cleaning_(mode_, transcript) : std::nullopt) {
+        store_.updateFormatted(id, *cleaned);
+        co_return *cleaned;
+    }
     const QString prompt = prompts_.prompt(mode_);
     if (mode_ == ProcessingMode::Custom && prompt.isEmpty())
         co_return transcript;

@@ -4,6 +4,8 @@
 #include "vantro/ai/PromptSettings.h"
 #include "vantro/ai/TranscriptionStoring.h"
 
+#include <utility>
+
 namespace vantro {
 
 /// Common to the modes that use a language model: the transcript is stored before the model is asked, so that no
@@ -11,7 +13,8 @@ namespace vantro {
 class FormattingModeHandler : public ModeHandler
 {
 protected:
-    FormattingModeHandler(ProcessingMode mode, TranscriptionStoring& store, const PromptSettings& prompts);
+    FormattingModeHandler(ProcessingMode mode, TranscriptionStoring& store, const PromptSettings& prompts,
+                          Cleaning cleaning);
 
 public:
     QCoro::Task<QString> process(QString transcript, std::shared_ptr<FormatRequestServicing> service) override;
@@ -20,13 +23,14 @@ private:
     ProcessingMode mode_;
     TranscriptionStoring& store_;
     const PromptSettings& prompts_;
+    Cleaning cleaning_; ///< may be empty
 };
 
 class EmailModeHandler final : public FormattingModeHandler
 {
 public:
-    EmailModeHandler(TranscriptionStoring& store, const PromptSettings& prompts)
-        : FormattingModeHandler(ProcessingMode::Email, store, prompts)
+    EmailModeHandler(TranscriptionStoring& store, const PromptSettings& prompts, Cleaning cleaning = {})
+        : FormattingModeHandler(ProcessingMode::Email, store, prompts, std::move(cleaning))
     {
     }
 };
@@ -35,8 +39,8 @@ public:
 class ThirdModeHandler final : public FormattingModeHandler
 {
 public:
-    ThirdModeHandler(TranscriptionStoring& store, const PromptSettings& prompts)
-        : FormattingModeHandler(ProcessingMode::Grammar, store, prompts)
+    ThirdModeHandler(TranscriptionStoring& store, const PromptSettings& prompts, Cleaning cleaning = {})
+        : FormattingModeHandler(ProcessingMode::Grammar, store, prompts, std::move(cleaning))
     {
     }
 };
@@ -45,8 +49,8 @@ public:
 class CustomModeHandler final : public FormattingModeHandler
 {
 public:
-    CustomModeHandler(TranscriptionStoring& store, const PromptSettings& prompts)
-        : FormattingModeHandler(ProcessingMode::Custom, store, prompts)
+    CustomModeHandler(TranscriptionStoring& store, const PromptSettings& prompts, Cleaning cleaning = {})
+        : FormattingModeHandler(ProcessingMode::Custom, store, prompts, std::move(cleaning))
     {
     }
 };

@@ -13,6 +13,8 @@ struct ModeConfiguration
     bool useLocalAI = false;
     /// The provider to use when useLocalAI is false.
     std::optional<QUuid> providerConfigId = std::nullopt;
+    /// Clean the text by rules instead, without a language model.
+    bool cleans = false;
 
     bool operator==(const ModeConfiguration&) const = default;
 };

@@ -1,13 +1,19 @@
 #pragma once
 
 #include "vantro/ai/FormatRequestServicing.h"
+#include "vantro/ai/ProcessingMode.h"
 
 #include <QString>
 #include <qcoro/qcorotask.h>
 
+#include <functional>
 #include <memory>
+#include <optional>
 
 namespace vantro {
+
+/// Cleans a text by rules, at once; nullopt when the mode is not set up so.
+using Cleaning = std::function<std::optional<QString>(ProcessingMode, const QString&)>;
 
 /// Processes a transcript in one mode: stores it, has it rewritten if the mode asks for it, and returns the text to
 /// deliver. Main thread.

@@ -6,13 +6,13 @@
 
 namespace vantro {
 
-ModeHandlers makeModeHandlers(TranscriptionStoring& store, const PromptSettings& prompts)
+ModeHandlers makeModeHandlers(TranscriptionStoring& store, const PromptSettings& prompts, const Cleaning& cleaning)
 {
     ModeHandlers handlers;
-    handlers[ProcessingMode::Normal] = std::make_unique<NormalModeHandler>(store);
-    handlers[ProcessingMode::Email] = std::make_unique<EmailModeHandler>(store, prompts);
-    handlers[ProcessingMode::Grammar] = std::make_unique<ThirdModeHandler>(store, prompts);
-    handlers[ProcessingMode::Custom] = std::make_unique<CustomModeHandler>(store, prompts);
+    handlers[ProcessingMode::Normal] = std::make_unique<NormalModeHandler>(store, cleaning);
+    handlers[ProcessingMode::Email] = std::make_unique<EmailModeHandler>(store, prompts, cleaning);
+    handlers[ProcessingMode::Grammar] = std::make_unique<ThirdModeHandler>(store, prompts, cleaning);
+    handlers[ProcessingMode::Custom] = std::make_unique<CustomModeHandler>(store, prompts, cleaning);
     handlers[ProcessingMode::Notes] = std::make_unique<NotesModeHandler>(store);
     return handlers;
 }

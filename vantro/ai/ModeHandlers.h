@@ -14,7 +14,8 @@ class TranscriptionStoring;
 /// The handler of each mode. A mode without one is treated as Normal.
 using ModeHandlers = std::map<ProcessingMode, std::unique_ptr<ModeHandler>>;
 
-/// Both arguments must outlive the handlers.
-ModeHandlers makeModeHandlers(TranscriptionStoring& store, const PromptSettings& prompts);
+/// The arguments must outlive the handlers. @p cleaning may be empty.
+ModeHandlers makeModeHandlers(TranscriptionStoring& store, const PromptSettings& prompts,
+                              const Cleaning& cleaning = {});
 
 } // namespace vantro

@@ -61,6 +61,7 @@ std::optional<ModeConfiguration> configurationFromJson(const QJsonValue& value)
     if (!useLocalAI.isBool())
         return std::nullopt;
     ModeConfiguration configuration{useLocalAI.toBool()};
+    configuration.cleans = value.toObject().value(QLatin1String("cleans")).toBool();
     if (id.isUndefined() || id.isNull())
         return configuration;
     configuration.providerConfigId = QUuid::fromString(id.toString());
@@ -70,6 +71,8 @@ std::optional<ModeConfiguration> configurationFromJson(const QJsonValue& value)
 QJsonValue configurationToJson(const ModeConfiguration& configuration)
 {
     QJsonObject object{{QStringLiteral("useLocalAI"), configuration.useLocalAI}};
+    if (configuration.cleans)
+        object.insert(QStringLiteral("cleans"), true);
     if (configuration.providerConfigId)
         object.insert(QStringLiteral("providerConfigId"),
                       configuration.providerConfigId->toString(QUuid::WithoutBraces).toUpper());

@@ -43,6 +43,11 @@ void AppDelegate::applicationDidFinishLaunching()
     openModalAction_ =
         std::make_unique<HoldToTalk>(parts_.shortcuts, defaults, parts_.dictation.clock,
                                      [this](Dictation::Keyboard keyboard) { return shortcutUsed(keyboard); });
+    // When it is released: a key that is held would turn the paste keystroke into another one.
+    pasteOriginalAction_ = parts_.shortcuts.onKeyUp(KeyboardShortcuts::Name::pasteOriginal, *this, [this] {
+        if (const QString reason = pasteOriginal(); !reason.isEmpty())
+            shell().showPasteHUD(std::nullopt, {}, tr("Not pasted: %1.").arg(reason));
+    });
     settleModel();
 }
 
@@ -180,6 +185,26 @@ QCoro::Task<> AppDelegate::pasteAgain(QString text)
         co_return;
     PasteDelivery& delivery = parts_.dictation.delivery;
     delivery.returnTo(delivery.otherWindow());
+    const auto pasting = pasteInFront(std::move(text));
+    co_await pasting;
+}
+
+QString AppDelegate::pasteOriginal()
+{
+    if (dictation_ && !dictation_->isOver())
+        return tr("a dictation is in progress");
+    const QString text = dictation_ ? dictation_->transcript().trimmed() : QString();
+    if (text.isEmpty())
+        return tr("nothing has been dictated since vantro was started; vantro last --original writes what was before");
+    parts_.dictation.delivery.rememberTarget();
+    pasteInFront(text);
+    return {};
+}
+
+/// Into the window that the delivery has as its target.
+QCoro::Task<> AppDelegate::pasteInFront(QString text)
+{
+    PasteDelivery& delivery = parts_.dictation.delivery;
     const auto delivering = delivery.deliver(std::move(text), [] {});
     const QString reason = delivery.explanation(co_await delivering);
     if (!reason.isEmpty())

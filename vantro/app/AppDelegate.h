@@ -57,6 +57,9 @@ public:
     void cancelDictation();
     /// Pastes a text of the history into the window that was in front before ours. Does nothing during a dictation.
     QCoro::Task<> pasteAgain(QString text);
+    /// Pastes the words of the last dictation, as they were said, into the window in front. Returns why that cannot be
+    /// done; nothing when it is under way.
+    [[nodiscard]] QString pasteOriginal();
     /// The timings of the latest dictation.
     [[nodiscard]] DictationTimings timings() const;
 
@@ -64,6 +67,7 @@ private:
     [[nodiscard]] std::weak_ptr<Dictation> shortcutUsed(Dictation::Keyboard keyboard);
     [[nodiscard]] std::shared_ptr<Dictation> transcribeAgain(Owed owed);
     [[nodiscard]] bool hasModel();
+    QCoro::Task<> pasteInFront(QString text);
     void observeNotifications();
     QCoro::Task<> settleModel();
     QCoro::Task<> modelDownloaded();
@@ -76,6 +80,7 @@ private:
     Parts parts_;
     std::shared_ptr<Dictation> dictation_; ///< the latest one, even when it is over
     std::unique_ptr<HoldToTalk> openModalAction_;
+    KeyboardShortcuts::Registration pasteOriginalAction_;
     std::vector<NotificationCenter::Observation> observations_;
     struct ModelProblem
     {

@@ -121,6 +121,12 @@ void ControlService::Cancel()
     delegate_.cancelDictation();
 }
 
+void ControlService::PasteOriginal(const QDBusMessage& message)
+{
+    if (const QString reason = delegate_.pasteOriginal(); !reason.isEmpty())
+        refuse(message, reason);
+}
+
 QString ControlService::Retry(const QDBusMessage& message)
 {
     message.setDelayedReply(true);

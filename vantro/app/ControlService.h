@@ -67,6 +67,7 @@ public Q_SLOTS:
     void Quit();
     void Stop(const QDBusMessage& message);
     void Cancel();
+    void PasteOriginal(const QDBusMessage& message);
     QString Retry(const QDBusMessage& message);
     void DiscardKept(const QDBusMessage& message);
     [[nodiscard]] QString Status() const;

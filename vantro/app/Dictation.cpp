@@ -119,7 +119,8 @@ void Dictation::startCapture()
 {
     AudioRecorder& recorder = parts_.recorder;
     timings_.shortcut = parts_.clock.now();
-    mode_ = defaultMode(parts_.defaults);
+    rule_ = applicationRuleFor(parts_.defaults, parts_.delivery.targetClass());
+    mode_ = rule_ && rule_->mode ? *rule_->mode : defaultMode(parts_.defaults);
     recorder.setProcessingMode(mode_);
     connect(&recorder, &AudioRecorder::captureGivenUp, this, &Dictation::stop);
     connect(&parts_.session, &SessionState::aboutToBeAway, this, &Dictation::stop);
@@ -215,7 +216,7 @@ void Dictation::chooseHandler()
     const auto handler = parts_.handlers.find(mode_);
     handler_ = (handler != parts_.handlers.end() ? handler->second : parts_.handlers.at(ProcessingMode::Normal)).get();
     if (parts_.chooseService)
-        service_ = parts_.chooseService(mode_, stop_.get_token());
+        service_ = parts_.chooseService(mode_, rewriting_.get_token());
     showWriting();
 }
 
@@ -294,6 +295,9 @@ QCoro::Task<QString> Dictation::transcribe(std::vector<float> samples)
         QMetaObject::invokeMethod(
             this, [this, fraction] { Q_EMIT transcriptionProgress(fraction); }, Qt::QueuedConnection);
     };
+    options.onLanguage = [this](const QString& code) {
+        spokenLanguage_ = code;
+    };
     try {
         auto transcription = ahead_.transcribe(owed_.recording->id(), std::move(samples), options);
         QString transcript = co_await transcription;
@@ -315,20 +319,41 @@ QCoro::Task<QString> Dictation::process(QString transcript)
     logger_.info(QStringLiteral("Processing transcription"));
     parts_.store.expectText();
     try {
+        if (service_ && !spokenLanguage_.isEmpty())
+            service_->expectLanguage(spokenLanguage_);
         QString text = co_await handler_->process(transcript, service_);
         giveUpIfCancelled();
         co_return text;
     } catch (const AnswerSetAside& doubt) {
         giveUpIfCancelled();
         logger_.info(doubt.localizedDescription());
+        if (isWantedAsSpoken_)
+            co_return transcript;
         remark_ = doubt.localizedDescription();
         co_return transcript;
     } catch (const std::exception& error) {
         giveUpIfCancelled();
+        if (isWantedAsSpoken_)
+            co_return transcript;
         logger_.error(QStringLiteral("Processing error: ") + localizedDescription(error));
         isUnrewritten_ = mode_ != ProcessingMode::Notes;
         throw Error(processingErrorMessage(error));
     }
+}
+
+QString Dictation::rewriter() const
+{
+    const bool mayBeRewritten = mode_ != ProcessingMode::Normal && mode_ != ProcessingMode::Notes;
+    return state_ == State::processing && mayBeRewritten && service_ ? service_->name() : QString();
+}
+
+/// Its request fails at once, and process() goes on.
+void Dictation::deliverAsSpoken()
+{
+    if (rewriter().isEmpty())
+        return;
+    isWantedAsSpoken_ = true;
+    rewriting_.request_stop();
 }
 
 void Dictation::announce(const QString& finalText, const std::optional<QString>& errorMessage)
@@ -346,7 +371,7 @@ void Dictation::announce(const QString& finalText, const std::optional<QString>&
 /// A note was stored by its handler and is not delivered anywhere else.
 QCoro::Task<> Dictation::deliver(QString text)
 {
-    text = text.trimmed();
+    text = rule_ ? textFor(*rule_, text.trimmed()) : text.trimmed();
     if (text.isEmpty())
         tellOfSilence();
     if (mode_ == ProcessingMode::Notes || text.isEmpty())

@@ -10,6 +10,7 @@
 #include "platform/SystemSounds.h"
 #include "vantro/ai/ModeHandlers.h"
 #include "vantro/ai/ProcessingMode.h"
+#include "vantro/app/ApplicationRules.h"
 #include "vantro/app/DictationTimings.h"
 #include "vantro/app/LauncherPanel.h"
 #include "vantro/app/LenientStore.h"
@@ -79,6 +80,10 @@ public:
     [[nodiscard]] bool isModelUsable() const { return isModelUsable_; }
     /// To be awaited, by one.
     [[nodiscard]] auto ended() { return over_.opened(); }
+    /// Who rewrites the text at this moment, for the user; empty when nobody does.
+    [[nodiscard]] QString rewriter() const;
+    /// What was said, as it was recognised; empty until then.
+    [[nodiscard]] const QString& transcript() const { return transcript_; }
     /// The delivered text.
     [[nodiscard]] const QString& text() const { return text_; }
     /// Why there is none; nullopt when nothing went wrong.
@@ -93,6 +98,9 @@ public:
     /// Abandons the dictation; for a while the user can have it transcribed after all. Does nothing once the delivery
     /// has begun.
     void cancel();
+    /// Delivers the words as they were said, without waiting any longer for the language model. Does nothing unless one
+    /// is at work.
+    Q_SLOT void deliverAsSpoken();
     /// Discards a running recording that nobody meant to make.
     void discardRecording();
     /// Abandons the dictation because the process ends. What was said is offered at the next start.
@@ -164,15 +172,19 @@ private:
     Logger logger_{"Dictation"};
     State state_ = State::starting;
     bool isModelUsable_ = true;
-    std::stop_source stop_; ///< stops the engine and the language model
-    Gate spoken_;           ///< opens when the recording ends for any reason
+    std::stop_source stop_;      ///< stops the engine
+    std::stop_source rewriting_; ///< stops the language model
+    Gate spoken_;                ///< opens when the recording ends for any reason
     Gate over_;
     std::unique_ptr<SessionState::SleepDelay> awake_; ///< until the end of the recording is safe
     Owed owed_;                                       ///< what was said
     Fate fate_ = Fate::done;
     bool isAgain_ = false;
-    bool isUnrewritten_ = false; ///< the text is there, but not as its mode would have it
+    bool isWantedAsSpoken_ = false;
+    bool isUnrewritten_ = false;          ///< the text is there, but not as its mode would have it
+    std::optional<ApplicationRule> rule_; ///< for the target
     QString transcript_;
+    QString spokenLanguage_; ///< as the engine has heard; may be empty
     QString text_;
     std::optional<QString> failure_;
     ProcessingMode mode_ = ProcessingMode::Normal;

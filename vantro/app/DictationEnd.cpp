@@ -75,6 +75,7 @@ void Dictation::giveUp(Fate fate)
     fate_ = isStored ? Fate::done : fate;
     failure_ = fate == Fate::left ? tr("vantro was ended. The recording is kept.") : tr("It was cancelled.");
     stop_.request_stop();
+    rewriting_.request_stop();
     const auto anchor = launcherFrame();
     end();
     if (isStored)

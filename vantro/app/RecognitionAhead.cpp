@@ -83,6 +83,9 @@ QCoro::Task<> RecognitionAhead::recognise(std::shared_ptr<Attempt> attempt, std:
         TranscriptionFacade::Options options;
         options.stop = attempt->stop.get_token();
         options.isAhead = !isEnding_;
+        options.onLanguage = [attempt](const QString& code) {
+            attempt->language = code;
+        };
         auto transcription = parts_.transcription.transcribe(recordingID_, std::move(samples), std::move(options));
         attempt->text = co_await transcription;
         if (self && self->attempt_ == attempt)
@@ -107,6 +110,8 @@ QCoro::Task<QString> RecognitionAhead::transcribe(QString recordingID, std::vect
     if (attempt && attempt->sampleCount == samples.size()) {
         const std::stop_callback passOn(options.stop, [&attempt] { attempt->stop.request_stop(); });
         co_await attempt->done.opened();
+        if (attempt->text && options.onLanguage && !attempt->language.isEmpty())
+            options.onLanguage(attempt->language);
         if (attempt->text)
             co_return *attempt->text;
     } else if (attempt) {

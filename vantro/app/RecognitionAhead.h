@@ -64,6 +64,7 @@ private:
         std::size_t sampleCount = 0;
         std::stop_source stop;
         std::optional<QString> text; ///< when recognised
+        QString language;            ///< that was heard; may be empty
         Gate done;
     };
 

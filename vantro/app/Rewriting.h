@@ -7,6 +7,7 @@
 #include "vantro/ai/providers/KeychainService.h"
 #include "vantro/ai/providers/ProviderConfigurationManager.h"
 #include "vantro/ai/services/FormatServiceFactory.h"
+#include "vantro/text/CleaningSettings.h"
 
 #include <memory>
 #include <optional>
@@ -31,7 +32,7 @@ public:
     [[nodiscard]] const LocalModel& local() const { return local_; }
 
     /// Whether @p mode is set up: Email, Grammar and Custom need an enabled provider or a language model on this
-    /// machine, Custom a prompt as well. The key is not checked.
+    /// machine, Custom a prompt as well, or rules instead of both. The key is not checked.
     [[nodiscard]] bool isUsable(ProcessingMode mode) const;
     /// The usable modes, in order: those that the launcher offers.
     [[nodiscard]] std::vector<ProcessingMode> visibleModes() const;
@@ -43,8 +44,15 @@ public:
     /// @p stop ends its requests.
     [[nodiscard]] std::shared_ptr<FormatRequestServicing> choose(ProcessingMode mode, std::stop_token stop = {}) const;
 
+    /// Cleans @p text without a language model where @p mode is set up so, by the rules of the text's language.
+    [[nodiscard]] std::optional<QString> cleaned(ProcessingMode mode, const QString& text) const;
+    [[nodiscard]] QString cleaned(const QString& text) const;
+    [[nodiscard]] CleaningSettings& cleaning() { return cleaning_; }
+
     /// Has a text rewritten outside of a dictation. Throws Error, for the user to read.
     [[nodiscard]] QCoro::Task<QString> rewrite(ProcessingMode mode, QString text) const;
+    /// The same with another choice of who does it. Throws what the service throws.
+    [[nodiscard]] QCoro::Task<QString> rewrite(ProcessingMode mode, ModeConfiguration by, QString text) const;
 
     /// The accounts that have a key. Throws KeychainError.
     [[nodiscard]] QCoro::Task<QStringList> keyAccounts() { return keychain_.accounts(); }
@@ -55,9 +63,15 @@ public:
     [[nodiscard]] QCoro::Task<> verify(ProviderConfiguration provider, std::optional<QString> key = {}) const;
 
 private:
+    void adopt(const QUuid& provider);
     [[nodiscard]] bool asksModel(ProcessingMode mode) const;
+    [[nodiscard]] std::shared_ptr<FormatRequestServicing> serviceFor(ProcessingMode mode, const ModeConfiguration& by,
+                                                                     std::stop_token stop) const;
 
+    const UserDefaults& defaults_;
+    QObject context_; ///< of connections
     PromptSettings prompts_;
+    CleaningSettings cleaning_;
     KeychainService keychain_;
     ProviderConfigurationManager providers_;
     HttpExchange http_;

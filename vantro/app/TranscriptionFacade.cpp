@@ -75,7 +75,8 @@ QCoro::Task<QString> TranscriptionFacade::transcribe(QString recordingID, std::v
                                  std::move(options.terms),
                                  options.termWeight,
                                  std::move(options.boostingModel),
-                                 std::move(options.onVocabulary)};
+                                 std::move(options.onVocabulary),
+                                 std::move(options.onLanguage)};
     const std::shared_ptr<void> turn = takeTurn_ ? takeTurn_() : nullptr;
     co_return co_await engine.transcribe(std::move(request));
 }

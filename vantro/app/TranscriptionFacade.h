@@ -26,6 +26,7 @@ public:
         double termWeight = 1;                                                   ///< multiplies the words' own
         QString boostingModel = {};                                              ///< the downloaded one when empty
         std::function<void(const VocabularyReport&)> onVocabulary = {};          ///< main thread
+        std::function<void(const QString&)> onLanguage = {};                     ///< main thread; see the request's
     };
 
     TranscriptionFacade(ModelSelection& selection, const SpeechEngines& engines);

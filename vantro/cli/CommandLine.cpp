@@ -168,9 +168,9 @@ int CommandLine::run() const
 std::vector<Command> allCommands(const QString& modelHost)
 {
     std::vector<Command> commands{
-        transcribeCommand(), modelsCommand(modelHost), devicesCommand(),      shortcutsCommand(),
-        settingsCommand(),   modesCommand(),           replacementsCommand(), vocabularyCommand(),
-        providersCommand(),  historyCommand(),         lastCommand(),         notesCommand()};
+        transcribeCommand(), modelsCommand(modelHost), devicesCommand(),    shortcutsCommand(),    settingsCommand(),
+        modesCommand(),      replacementsCommand(),    vocabularyCommand(), applicationsCommand(), cleaningCommand(),
+        rewriteCommand(),    providersCommand(),       historyCommand(),    lastCommand(),         notesCommand()};
     std::ranges::move(controlCommands(), std::back_inserter(commands));
     commands.push_back(retryCommand());
     commands.push_back(logsCommand());

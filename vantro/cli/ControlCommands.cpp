@@ -42,14 +42,23 @@ ProcessingMode modeFrom(const QString& name)
                        QStringLiteral("there is no mode \"%1\": vantro modes lists them").arg(name));
 }
 
+/// "PasteOriginal" for "paste-original".
+QString methodOf(const QString& command)
+{
+    QString method;
+    const QStringList parts = command.split(QLatin1Char('-'));
+    for (const QString& part : parts)
+        method += part.left(1).toUpper() + part.mid(1);
+    return method;
+}
+
 QDBusMessage requestFor(const CommandCall& call)
 {
     const bool isStart = call.command == QLatin1String("start");
     const QString mode = isStart ? call.value("mode") : QString();
     const QString model = isStart ? call.value("model") : QString();
     const bool isSpecial = !mode.isEmpty() || !model.isEmpty();
-    const QString method =
-        isSpecial ? QStringLiteral("StartWith") : call.command.left(1).toUpper() + call.command.mid(1);
+    const QString method = isSpecial ? QStringLiteral("StartWith") : methodOf(call.command);
     QDBusMessage request = QDBusMessage::createMethodCall(ControlService::busName(), ControlService::objectPath(),
                                                           ControlService::interfaceName(), method);
     if (isSpecial)
@@ -123,6 +132,10 @@ std::vector<Command> controlCommands()
             start,
             controlCommand("stop", "End the recording and have it transcribed.",
                            "Ends the recording and has it transcribed, as Space does."),
+            controlCommand("paste-original", "Paste the last dictation as it was said.",
+                           "Pastes the words of the last dictation, as they were recognised, into the window in front: "
+                           "what a language model has made of them is left out. Bound to a shortcut of its own by "
+                           "vantro shortcuts set original KEYS."),
             controlCommand("cancel", "Discard the dictation.", "Discards the dictation, as Escape does."),
             status,
             show,

@@ -51,9 +51,11 @@ ProcessingMode Session::find(const QString& text) const
 
 QString Session::providerText(ProcessingMode mode) const
 {
+    const ModeConfiguration configuration = prompts.configuration(mode);
+    if (configuration.cleans)
+        return QStringLiteral("rules, no language model");
     if (mode == ProcessingMode::Normal)
         return QStringLiteral("no language model");
-    const ModeConfiguration configuration = prompts.configuration(mode);
     if (configuration.useLocalAI)
         return localText();
     if (!configuration.providerConfigId)
@@ -79,6 +81,7 @@ QJsonObject Session::toJson(ProcessingMode mode) const
                        {QStringLiteral("default"), mode == defaultMode(providers.defaults)},
                        {QStringLiteral("usable"), providers.rewriting.isUsable(mode)},
                        {QStringLiteral("useLocalAI"), configuration.useLocalAI},
+                       {QStringLiteral("cleans"), configuration.cleans},
                        {QStringLiteral("prompt"), prompts.prompt(mode)}};
     if (configuration.providerConfigId)
         object.insert(QStringLiteral("providerConfigId"),
@@ -159,6 +162,10 @@ int set(const CommandCall& call)
         configuration = {true, {}};
     if (call.has("no-provider"))
         configuration = {};
+    if (call.has("clean") && mode == ProcessingMode::Notes)
+        throw WrongUsage(QStringLiteral("--clean: notes are kept as they were said"));
+    if (call.has("clean"))
+        configuration = {.cleans = true};
     // First what can fail, so that nothing is stored then.
     setPrompt(session, mode, call);
     if (configuration != session.prompts.configuration(mode))
@@ -201,7 +208,8 @@ Command modesCommand()
                         {"built-in-prompt", "set: the built-in prompt."},
                         {"provider", "set: the provider (see vantro providers).", "NAME"},
                         {"local", "set: rewrite on this computer (see vantro models)."},
-                        {"no-provider", "set: no provider."}},
+                        {"clean", "set: clean the text by rules, without a language model (see vantro cleaning)."},
+                        {"no-provider", "set: neither a provider nor rules."}},
             .words = {{"MODE", "A mode.", "[MODE]]"}}};
 }
 

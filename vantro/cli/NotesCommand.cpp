@@ -3,11 +3,15 @@
 #include "vantro/app/Rewriting.h"
 #include "vantro/cli/Commands.h"
 #include "vantro/cli/HistorySession.h"
+#include "vantro/cli/RewritingExit.h"
 #include "vantro/cli/Terminal.h"
 
 #include <QFile>
 
 #include <algorithm>
+#include <exception>
+#include <memory>
+#include <utility>
 
 namespace vantro {
 
@@ -25,7 +29,8 @@ constexpr char description[] =
 
 DATE is 2026-11-01, today or yesterday. ID is an id printed by show, or an unambiguous beginning of one.
 
-Exit status: 0 done, 1 failed, 2 wrong usage, 3 no such day or note.)";
+Exit status: 0 done, 1 failed, 2 wrong usage, 3 no such day or note, 4 no service: the provider or its key cannot be
+reached, 6 the model's answer was set aside.)";
 
 constexpr int defaultLimit = 50;
 
@@ -170,6 +175,30 @@ int remove(const CommandCall& call)
     return ExitCode::done;
 }
 
+/// The store prints why there is no summary, in words.
+class FailureKeeper final : public FormatRequestServicing
+{
+public:
+    explicit FailureKeeper(std::shared_ptr<FormatRequestServicing> service) : service_(std::move(service)) {}
+
+    QCoro::Task<QString> format(QString prompt, QString text) override
+    {
+        try {
+            const auto formatting = service_->format(prompt, text);
+            QString summary = co_await formatting;
+            co_return summary;
+        } catch (...) {
+            failure = std::current_exception();
+            throw;
+        }
+    }
+
+    std::exception_ptr failure;
+
+private:
+    std::shared_ptr<FormatRequestServicing> service_;
+};
+
 int summarize(const CommandCall& call)
 {
     HistorySession session;
@@ -182,10 +211,11 @@ int summarize(const CommandCall& call)
     printToStandardError();
     bool isStored = false;
     QObject::connect(&store, &CoreDataStack::dailyNoteChanged, &store, [&isStored] { isStored = true; });
-    runTask(store.regenerateSummary(day, rewriting.choose(ProcessingMode::Notes)));
+    const auto service = std::make_shared<FailureKeeper>(rewriting.choose(ProcessingMode::Notes));
+    runTask(store.regenerateSummary(day, service));
     // The reason has already been printed.
     if (!isStored)
-        return ExitCode::failed;
+        return service->failure ? rewritingExitCode(service->failure) : ExitCode::failed;
     terminal::writeLine(store.dailyNotes({day.objectID, day.objectID}, 1).front().formatted);
     return ExitCode::done;
 }

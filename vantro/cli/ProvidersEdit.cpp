@@ -43,10 +43,21 @@ constexpr std::array textOptions{
 };
 
 constexpr char typeOption[] = "type";
+constexpr char parametersOption[] = "parameters";
 constexpr char enableOption[] = "enable";
 constexpr char disableOption[] = "disable";
 constexpr char keyStdinOption[] = "key-stdin";
 constexpr char askKeyOption[] = "ask-key";
+
+/// All of them at once.
+void takeParameters(const QString& wanted, ProviderForm& form)
+{
+    if (wanted != QLatin1String("none") && wanted != QLatin1String("standard"))
+        throw WrongUsage(QStringLiteral("--parameters: choose none or standard"));
+    form.maxTokens = form.maxCompletionTokens = form.temperature = form.topP = QString();
+    form.serviceTier = form.reasoningEffort = QString();
+    form.sendsStandardParameters = wanted == QLatin1String("standard");
+}
 
 /// Applies the options to @p form. Throws WrongUsage.
 void takeOptions(const CommandCall& call, ProviderForm& form)
@@ -65,6 +76,8 @@ void takeOptions(const CommandCall& call, ProviderForm& form)
         if (call.has(option.name))
             form.*option.text = call.value(option.name);
     }
+    if (call.has(parametersOption))
+        takeParameters(call.value(parametersOption), form);
     const auto problems = form.problems();
     if (problems.empty())
         return;
@@ -87,7 +100,11 @@ std::optional<QString> readKey(const CommandCall& call, bool asks)
 {
     if (!call.has(keyStdinOption) && !(asks && terminal::inputIsTerminal()))
         return std::nullopt;
-    return terminal::readSecret(QStringLiteral("API key (Return for none): "));
+    auto key = terminal::readSecret(QStringLiteral("API key (Return for none): "));
+    if (!key && call.has(keyStdinOption))
+        throw CommandError(ExitCode::usage,
+                           QStringLiteral("--key-stdin: there is no key on standard input; nothing was changed"));
+    return key;
 }
 
 void warnOfOpenTransport(const ProviderConfiguration& provider)
@@ -154,6 +171,10 @@ std::vector<CommandOption> providerOptions()
         const QString help = QLatin1String(option.help) + QLatin1Char(' ') + ProviderForm::hint(option.field);
         options.push_back({option.name, help.trimmed().toStdString(), option.placeholder});
     }
+    options.push_back({parametersOption,
+                       "Remove all parameters: standard sends temperature 0.3 and both penalties as 0, which is also "
+                       "what a provider without parameters gets; none sends nothing, for models that refuse them.",
+                       "WHICH"});
     options.push_back({enableOption, "Let modes use it."});
     options.push_back({disableOption, "Send nothing to it."});
     options.push_back({keyStdinOption, "Read the key from standard input."});

@@ -87,9 +87,24 @@ QJsonObject providerJson(const ProviderConfiguration& provider)
     return object;
 }
 
+namespace {
+
+void tellOfStrayAddresses(const ProvidersSession& session)
+{
+    for (const ProviderConfiguration& provider : session.manager.configurations()) {
+        if (const auto address = provider.strayAddress())
+            terminal::writeError(QStringLiteral("%1 is not asked: the type %2 has an address of its own, and %3 is "
+                                                "given: vantro providers edit \"%1\" --type custom, or --base-url \"\"")
+                                     .arg(provider.name, rawValue(provider.providerType), *address));
+    }
+}
+
+} // namespace
+
 int listProviders(const CommandCall& call)
 {
     ProvidersSession session;
+    tellOfStrayAddresses(session);
     const StoredKeys keys(session);
     if (!call.json()) {
         terminal::outputIsTerminal() ? printTable(session, keys) : printPlain(session, keys);

@@ -25,15 +25,16 @@ using Shortcut = KeyboardShortcuts::Shortcut;
 constexpr char description[] =
     R"(The keyboard shortcuts of vantro.
 
-  show            Show both, and whether they work. The default.
+  show            Show all, and whether they work. The default.
   set NAME KEYS   Use these keys, for example Ctrl+Alt+D, F9 or MediaRecord.
   test NAME       Wait until the shortcut is pressed.
   clear NAME      Remove a shortcut; "stop" goes back to Space.
   mode [MODE]     Show or set the mode. press: the shortcut opens the launcher, Space ends the recording. hold: the
                   recording lasts as long as the shortcut is held.
 
-NAME is "open" (openModal: start a dictation) or "stop" (stopRecordingAndCloseModal: end the recording; only
-while the launcher has the focus). Changes take effect at once.
+NAME is "open" (openModal: start a dictation), "stop" (stopRecordingAndCloseModal: end the recording; only while the
+launcher has the focus) or "original" (pasteOriginal: paste the words of the last dictation as they were said).
+Changes take effect at once.
 
 Exit status: 0 done, 1 refused or not pressed, 2 wrong usage, 4 no X server, 5 the settings cannot be written.)";
 
@@ -62,9 +63,10 @@ struct Session
     }
 };
 
-const std::array<Slot, 2>& slotList()
+const std::array<Slot, 3>& slotList()
 {
-    static const std::array<Slot, 2> all{Slot{"open", Name::openModal}, Slot{"stop", Name::stopRecordingAndCloseModal}};
+    static const std::array<Slot, 3> all{Slot{"open", Name::openModal}, Slot{"stop", Name::stopRecordingAndCloseModal},
+                                         Slot{"original", Name::pasteOriginal}};
     return all;
 }
 
@@ -75,7 +77,7 @@ const Name& nameFrom(const CommandCall& call)
         if (text == QLatin1String(slot.word) || text == slot.name.rawValue)
             return slot.name;
     }
-    throw WrongUsage(QStringLiteral("there is no shortcut \"%1\": use open or stop").arg(text));
+    throw WrongUsage(QStringLiteral("there is no shortcut \"%1\": use open, stop or original").arg(text));
 }
 
 void requireKeyboard()
@@ -98,11 +100,13 @@ bool isHeldByRunningProgram(const Session& session, const Name& name)
 QString problemOf(Session& session, const Name& name)
 {
     const auto shortcut = session.shortcuts.shortcut(name);
+    if (!shortcut && name.rawValue == Name::pasteOriginal.rawValue)
+        return {};
     if (!shortcut)
         return QStringLiteral("none is set: run vantro shortcuts set open Ctrl+Alt+D");
     if (isHeldByRunningProgram(session, name))
         return session.running->value(QStringLiteral("shortcut_failure")).toString();
-    if (name.rawValue != Name::openModal.rawValue)
+    if (name.rawValue != Name::openModal.rawValue) // the program holds the one of pasteOriginal
         return {};
     return session.shortcuts.whyUnavailable(*shortcut).value_or(QString());
 }
@@ -117,7 +121,7 @@ int show(const CommandCall& call)
         const QString keys = textOf(session.shortcuts.shortcut(slot.name));
         const QString problem = problemOf(session, slot.name);
         const QString title = ShortcutValidator::title(slot.name);
-        const bool isGlobal = slot.name.rawValue == Name::openModal.rawValue;
+        const bool isGlobal = slot.name.isGlobal();
         list.append(QJsonObject{{QStringLiteral("name"), slot.name.rawValue},
                                 {QStringLiteral("keys"), keys},
                                 {QStringLiteral("for"), title},
@@ -125,6 +129,7 @@ int show(const CommandCall& call)
                                 {QStringLiteral("problem"), problem}});
         rows.push_back({QLatin1String(slot.word), keys.isEmpty() ? QStringLiteral("-") : keys, title,
                         !problem.isEmpty() ? problem
+                        : keys.isEmpty()   ? QStringLiteral("not set")
                         : isGlobal         ? QStringLiteral("works")
                                            : QStringLiteral("in the launcher")});
     }

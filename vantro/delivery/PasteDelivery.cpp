@@ -96,6 +96,11 @@ void PasteDelivery::noteFront()
         latest_.reset();
 }
 
+QStringList PasteDelivery::targetClass() const
+{
+    return target_.window ? workspace_.windowClass(*target_.window) : QStringList();
+}
+
 void PasteDelivery::rememberTarget()
 {
     noteFront();

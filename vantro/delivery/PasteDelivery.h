@@ -56,6 +56,8 @@ public:
     /// clipboard holds.
     void rememberTarget();
     [[nodiscard]] const Target& target() const { return target_; }
+    /// The names of the target's class; see Workspace::windowClass().
+    [[nodiscard]] QStringList targetClass() const;
     /// Makes a target that was remembered earlier the present one again; an empty one is no window.
     void returnTo(const Target& target) { target_ = target; }
 

@@ -74,7 +74,9 @@ private:
     Rewriting rewriting_{defaults_, platform_, clock_};
     Statistics statistics_{defaults_, clock_,
                            QFileInfo(CoreDataStack::standardPath()).path() + QStringLiteral("/statistics.json")};
-    const ModeHandlers modeHandlers_ = makeModeHandlers(history_.dictations, rewriting_.prompts());
+    const ModeHandlers modeHandlers_ =
+        makeModeHandlers(history_.dictations, rewriting_.prompts(),
+                         [this](ProcessingMode mode, const QString& text) { return rewriting_.cleaned(mode, text); });
     AudioDeviceManager devices_{*platform_.audioHardware, defaults_};
     AudioRecorder recorder_{platform_.makeAudioEngine, devices_, *platform_.permissions, clock_};
     ModelMemory modelMemory_{{speech_.engines, speech_.selection, defaults_, recorder_, *platform_.systemInfo, clock_}};

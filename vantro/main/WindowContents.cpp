@@ -52,6 +52,7 @@ LazyWindow::Content Windows::settingsContent()
         std::make_unique<MicrophoneSettings>(parts_.platform.makeAudioEngine, parts_.devices, parts_.clock));
     put(content, "openRecorder", makeRecorder(KeyboardShortcuts::Name::openModal));
     put(content, "stopRecorder", makeRecorder(KeyboardShortcuts::Name::stopRecordingAndCloseModal));
+    put(content, "originalRecorder", makeRecorder(KeyboardShortcuts::Name::pasteOriginal));
     put(content, "models", makeModelList());
     put(content, "languageModels", makeLanguageModelList());
     put(content, "modes", makeModesModel());
@@ -66,18 +67,18 @@ LazyWindow::Content Windows::settingsContent()
 std::unique_ptr<ModesModel> Windows::makeModesModel()
 {
     const LanguageModels& local = parts_.rewriting.local().models();
-    auto modes = std::make_unique<ModesModel>(
-        ModesModel::Parts{parts_.defaults, parts_.rewriting.prompts(), parts_.rewriting.providers(),
-                          [this](ProcessingMode mode) { return parts_.rewriting.isUsable(mode); },
-                          [this](std::function<void()> confirmed) {
-                              alerts_.confirm(tr("Use the Built-In Prompt"),
-                                              tr("Your own prompt will be overwritten and cannot be had back."),
-                                              tr("Overwrite"), std::move(confirmed));
-                          },
-                          [&local] {
-                              const auto* chosen = local.chosen();
-                              return chosen != nullptr ? chosen->name : QString();
-                          }});
+    auto modes = std::make_unique<ModesModel>(ModesModel::Parts{
+        parts_.defaults, parts_.rewriting.prompts(), parts_.rewriting.cleaning(), parts_.rewriting.providers(),
+        [this](ProcessingMode mode) { return parts_.rewriting.isUsable(mode); },
+        [this](std::function<void()> confirmed) {
+            alerts_.confirm(tr("Use the Built-In Prompt"),
+                            tr("Your own prompt will be overwritten and cannot be had back."), tr("Overwrite"),
+                            std::move(confirmed));
+        },
+        [&local] {
+            const auto* chosen = local.chosen();
+            return chosen != nullptr ? chosen->name : QString();
+        }});
     connect(&local, &LanguageModels::changed, modes.get(), &ModesModel::changed);
     connect(&parts_.speech.downloads, &DownloadQueue::finished, modes.get(), &ModesModel::changed);
     return modes;

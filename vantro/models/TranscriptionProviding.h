@@ -75,6 +75,8 @@ struct TranscriptionRequest
     QString boostingModel = {};
     /// Called on the main thread before transcribe() returns.
     std::function<void(const VocabularyReport&)> onVocabulary = {};
+    /// The same with the code of the language that was heard, by engines that know it.
+    std::function<void(const QString&)> onLanguage = {};
 };
 
 /// A recording that goes on.

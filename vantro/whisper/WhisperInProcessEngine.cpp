@@ -270,6 +270,8 @@ QString WhisperInProcessEngine::transcribeNow(const Request& request, int number
     if (code != 0)
         throw WhisperInProcessError::transcriptionFailed(code);
     resident_->isWarm = true;
+    if (request.spokenLanguage && whisper_is_multilingual(resident_->context) != 0)
+        *request.spokenLanguage = QLatin1String(whisper_lang_str(whisper_full_lang_id(resident_->context)));
     QByteArray text;
     for (int i = 0; i < whisper_full_n_segments(resident_->context); ++i) {
         const char* segment = whisper_full_get_segment_text(resident_->context, i);

@@ -54,6 +54,8 @@ public:
         std::stop_token stop;                  ///< ends this transcription
         /// Gets the segments of the text with their times; may be null.
         std::shared_ptr<std::vector<TranscribedToken>> segments = {};
+        /// Gets the code of the language that was heard, unless the model knows English only; may be null.
+        std::shared_ptr<QString> spokenLanguage = {};
         bool isAhead = false; ///< nobody waits for it yet: one thread
     };
 

@@ -107,8 +107,12 @@ QCoro::Task<QString> WhisperTranscriptionProvider::transcribe(TranscriptionReque
     const auto segments = std::make_shared<std::vector<TranscribedToken>>();
     if (request.onTokens)
         work.segments = segments;
+    const auto spokenLanguage = std::make_shared<QString>();
+    work.spokenLanguage = spokenLanguage;
     const QFuture<QString> transcribed = engine_.transcribe(std::move(work));
     const QString text = co_await transcribed;
+    if (request.onLanguage && !spokenLanguage->isEmpty())
+        request.onLanguage(*spokenLanguage);
     if (request.onTokens)
         request.onTokens(*segments);
     co_return TextReplacer::applyReplacements(text.trimmed(), vocabulary_.textReplacements());

@@ -27,18 +27,20 @@ QString modernCode(const QString& code)
 
 } // namespace
 
-std::optional<QString> Cld2LanguageRecognizer::dominantLanguage(const QString& text) const
+std::optional<QString> Cld2LanguageRecognizer::dominantLanguage(const QString& text, const QString& hint) const
 {
     const QByteArray utf8 = text.toUtf8();
     // The library's simpler functions return English if nothing is detected.
-    const CLD2::CLDHints noHints{nullptr, nullptr, CLD2::UNKNOWN_ENCODING, CLD2::UNKNOWN_LANGUAGE};
+    const QByteArray likely = hint.toLatin1();
+    const CLD2::CLDHints hints{likely.isEmpty() ? nullptr : likely.constData(), nullptr, CLD2::UNKNOWN_ENCODING,
+                               CLD2::UNKNOWN_LANGUAGE};
     std::array<CLD2::Language, 3> languages{};
     std::array<int, 3> percents{};
     std::array<double, 3> scores{};
     int textBytes = 0;
     bool isReliable = false;
     const CLD2::Language language = CLD2::ExtDetectLanguageSummary(utf8.constData(), static_cast<int>(utf8.size()),
-                                                                   true, &noHints, 0, languages.data(), percents.data(),
+                                                                   true, &hints, 0, languages.data(), percents.data(),
                                                                    scores.data(), nullptr, &textBytes, &isReliable);
     if (language == CLD2::UNKNOWN_LANGUAGE)
         return std::nullopt;

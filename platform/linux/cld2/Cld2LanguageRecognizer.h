@@ -8,7 +8,7 @@ namespace vantro {
 class Cld2LanguageRecognizer final : public LanguageRecognizer
 {
 public:
-    [[nodiscard]] std::optional<QString> dominantLanguage(const QString& text) const override;
+    [[nodiscard]] std::optional<QString> dominantLanguage(const QString& text, const QString& hint = {}) const override;
 };
 
 } // namespace vantro

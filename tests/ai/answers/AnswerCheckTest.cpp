@@ -25,6 +25,7 @@ struct Pair
     QString answer;
     QString text; ///< what is to be delivered of it, where that is not the answer
     bool isGood = false;
+    bool isHeldOut = false; ///< not looked at when the limits were chosen
 };
 
 std::vector<Pair> pairs()
@@ -37,7 +38,7 @@ std::vector<Pair> pairs()
         const QJsonObject line = QJsonDocument::fromJson(file.readLine()).object();
         all.push_back({line.value(QLatin1String("mode")).toString(), line.value(QLatin1String("said")).toString(),
                        line.value(QLatin1String("answer")).toString(), line.value(QLatin1String("text")).toString(),
-                       line.value(QLatin1String("good")).toBool()});
+                       line.value(QLatin1String("good")).toBool(), line.value(QLatin1String("heldOut")).toBool()});
     }
     return all;
 }
@@ -62,29 +63,38 @@ QString promptOf(const QString& mode)
 
 TEST(AnswerCheck, FalseAlarmsAndMissesAreThoseThatAreStated)
 {
-    int falseAlarms = 0;
-    int misses = 0;
-    int good = 0;
-    const auto all = pairs();
-    for (const Pair& pair : all) {
+    struct Count
+    {
+        int good = 0;
+        int bad = 0;
+        int falseAlarms = 0;
+        int misses = 0;
+    };
+    Count known;
+    Count heldOut;
+    for (const Pair& pair : pairs()) {
+        Count& count = pair.isHeldOut ? heldOut : known;
         const QString result = judged(pair.answer, pair.said, promptOf(pair.mode));
         const bool isBelieved = !result.startsWith(QLatin1Char('('));
-        good += pair.isGood ? 1 : 0;
-        falseAlarms += pair.isGood && !isBelieved ? 1 : 0;
-        misses += !pair.isGood && isBelieved ? 1 : 0;
-        if (pair.isGood != isBelieved)
-            std::cout << (pair.isGood ? "false alarm " : "miss ") << qPrintable(pair.mode) << ": "
-                      << qPrintable(pair.said) << "\n    -> " << qPrintable(pair.answer)
-                      << "\n    = " << qPrintable(result) << "\n";
+        ++(pair.isGood ? count.good : count.bad);
+        if (pair.isGood != isBelieved) {
+            ++(pair.isGood ? count.falseAlarms : count.misses);
+            std::cout << (pair.isGood ? "false alarm: " : "miss: ") << qPrintable(pair.said) << "\n    -> "
+                      << qPrintable(pair.answer) << "\n    = " << qPrintable(result) << "\n";
+        }
         if (isBelieved && !pair.text.isEmpty()) {
             EXPECT_EQ(result, pair.text) << qPrintable(pair.said);
         }
     }
     // docs/decisions/answer-check.md states them.
-    EXPECT_EQ(all.size(), 202U);
-    EXPECT_EQ(good, 103);
-    EXPECT_EQ(falseAlarms, 2);
-    EXPECT_EQ(misses, 6);
+    EXPECT_EQ(known.good, 103);
+    EXPECT_EQ(known.bad, 99);
+    EXPECT_EQ(known.falseAlarms, 2);
+    EXPECT_EQ(known.misses, 6);
+    EXPECT_EQ(heldOut.good, 2);
+    EXPECT_EQ(heldOut.bad, 49);
+    EXPECT_EQ(heldOut.falseAlarms, 0);
+    EXPECT_EQ(heldOut.misses, 0);
 }
 
 TEST(AnswerCheck, WhatTheModelPutsAroundTheTextIsTakenOff)

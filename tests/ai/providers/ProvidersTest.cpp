@@ -180,14 +180,20 @@ TEST(ProviderForm, RefusesWhatAProviderWouldRefuse)
         form.baseURL = QLatin1String(wrong);
         EXPECT_EQ(messages(form), QStringLiteral("Invalid URL format")) << wrong;
     }
-    form.baseURL = QStringLiteral(" http://[::1]:8000/v1/ ");
-    EXPECT_EQ(messages(form), QString());
-    EXPECT_EQ(form.applied({}).customBaseURL, QStringLiteral("http://[::1]:8000/v1"));
+    for (const char* address : {" http://[::1]:8000/v1/ ", "http://[::1]:8000/v1/chat/completions/"}) {
+        form.baseURL = QLatin1String(address);
+        EXPECT_EQ(messages(form), QString());
+        EXPECT_EQ(form.applied({}).customBaseURL, QStringLiteral("http://[::1]:8000/v1"));
+    }
 
     form.maxTokens = QStringLiteral("1.5");
     form.temperature = QStringLiteral("warm");
     form.topP = QStringLiteral("nan");
     EXPECT_EQ(messages(form), QStringLiteral("must be a whole number|must be a number|must be a number"));
+    form.maxTokens = QStringLiteral("-5");
+    form.temperature = QStringLiteral("-1");
+    form.topP = QStringLiteral("1.5");
+    EXPECT_EQ(messages(form), QStringLiteral("must be at least 1|must be between 0 and 2|must be between 0 and 1"));
     form.maxTokens = QStringLiteral(" 100 ");
     form.temperature = QStringLiteral("0.2");
     form.topP = QString();
@@ -204,6 +210,33 @@ TEST(ProviderForm, RefusesWhatAProviderWouldRefuse)
     form.maxTokens.clear();
     form.temperature.clear();
     EXPECT_EQ(form.applied(configuration).parameters, std::nullopt) << "without any, the service has its own defaults";
+    form.sendsStandardParameters = false;
+    const ProviderConfiguration bare = form.applied(configuration);
+    EXPECT_EQ(bare.parameters, ModelRequestParameters()) << "not even those";
+    EXPECT_EQ(ProviderForm(*ProviderConfiguration::fromJson(bare.toJson())).applied(bare), bare);
+}
+
+TEST(ProviderForm, OnlyAServerOfTheUsersOwnHasAnAddressToEnter)
+{
+    ProviderConfiguration openAI = ProviderConfiguration::defaults().front();
+    ProviderForm form(openAI);
+    EXPECT_EQ(form.baseURL, QString());
+    EXPECT_EQ(form.applied(openAI), openAI) << "its own address stays";
+    form.baseURL = QStringLiteral("https://gateway.example/v1");
+    EXPECT_EQ(messages(form), QStringLiteral("OpenAI has an address of its own. Leave this empty, or choose the type "
+                                             "Custom for your own server."));
+
+    // One that an earlier version has taken.
+    openAI.customBaseURL = QStringLiteral("https://gateway.example/v1");
+    EXPECT_EQ(openAI.strayAddress(), openAI.customBaseURL);
+    form = ProviderForm(openAI);
+    EXPECT_NE(messages(form), QString());
+    form.baseURL.clear();
+    EXPECT_EQ(form.applied(openAI).customBaseURL, ProviderConfiguration::defaults().front().customBaseURL);
+    form = ProviderForm(openAI);
+    form.type = RemoteProviderType::Custom;
+    EXPECT_EQ(messages(form), QString());
+    EXPECT_EQ(form.applied(openAI).customBaseURL, QStringLiteral("https://gateway.example/v1"));
 }
 
 TEST(LegacyKeyName, MovesTheTextAndNothingElse)

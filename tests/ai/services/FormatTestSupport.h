@@ -27,7 +27,11 @@ class NamedLanguage final : public LanguageRecognizer
 {
 public:
     std::optional<QString> code;
-    [[nodiscard]] std::optional<QString> dominantLanguage(const QString& /*text*/) const override { return code; }
+    [[nodiscard]] std::optional<QString> dominantLanguage(const QString& /*text*/,
+                                                          const QString& /*hint*/) const override
+    {
+        return code;
+    }
 };
 
 /// How a request ended, once it has.
@@ -141,7 +145,7 @@ protected:
     HttpExchange http{clock};
     std::optional<quint64> availableMemory;
     LocalModel local{defaults, [this] { return availableMemory; }, {folder.filePath(QStringLiteral("models"))}};
-    RemoteServiceParts parts{http, keychain, languages};
+    RemoteServiceParts parts{http, keychain, languages, clock};
 };
 
 } // namespace vantro

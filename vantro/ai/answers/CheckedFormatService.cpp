@@ -5,9 +5,10 @@
 namespace vantro {
 
 CheckedFormatService::CheckedFormatService(std::shared_ptr<FormatRequestServicing> service,
-                                           const LanguageRecognizer& languages)
+                                           const LanguageRecognizer& languages, QString name)
     : service_(std::move(service))
     , check_(languages)
+    , name_(std::move(name))
 {
 }
 

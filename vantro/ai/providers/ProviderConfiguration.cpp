@@ -2,6 +2,10 @@
 
 #include "vantro/ai/providers/ProviderHosts.h"
 
+#include <QUrl>
+
+#include <algorithm>
+
 namespace vantro {
 
 namespace {
@@ -34,6 +38,21 @@ QString keychainAccount(const QUuid& id)
 QString ProviderConfiguration::keychainAccount() const
 {
     return vantro::keychainAccount(id);
+}
+
+std::optional<QString> ProviderConfiguration::strayAddress() const
+{
+    const auto standard = standardAddress(providerType);
+    const bool isStray =
+        standard && customBaseURL && !customBaseURL->isEmpty() && QUrl(*customBaseURL).host() != QUrl(*standard).host();
+    return isStray ? customBaseURL : std::nullopt;
+}
+
+std::optional<QString> ProviderConfiguration::standardAddress(RemoteProviderType type)
+{
+    const auto all = defaults();
+    const auto found = std::ranges::find(all, type, &ProviderConfiguration::providerType);
+    return found != all.end() ? found->customBaseURL : std::nullopt;
 }
 
 RemoteProviderConfig ProviderConfiguration::remoteConfig() const

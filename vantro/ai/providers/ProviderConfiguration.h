@@ -26,6 +26,10 @@ struct ProviderConfiguration
 
     /// "provider-" and the id.
     [[nodiscard]] QString keychainAccount() const;
+    /// An address that was given for a public provider, which is always asked at its own; nullopt when there is none.
+    [[nodiscard]] std::optional<QString> strayAddress() const;
+    /// Where a public provider is asked; nullopt for the type Custom.
+    [[nodiscard]] static std::optional<QString> standardAddress(RemoteProviderType type);
     /// For a service with the stored key.
     [[nodiscard]] RemoteProviderConfig remoteConfig() const;
 

@@ -121,6 +121,7 @@ void ProviderConfigurationManager::remove(const QUuid& id)
 QCoro::Task<> ProviderConfigurationManager::storeKey(QUuid id, QString key)
 {
     co_await keychain_.save(key, keychainAccount(id));
+    Q_EMIT keyStored(id);
 }
 
 QCoro::Task<std::optional<QString>> ProviderConfigurationManager::readKey(QUuid id)

@@ -47,6 +47,8 @@ public:
 
 Q_SIGNALS:
     void configurationsChanged();
+    /// A key was stored for that configuration.
+    void keyStored(const QUuid& id);
 
 private:
     [[nodiscard]] bool decode(const QByteArray& data);

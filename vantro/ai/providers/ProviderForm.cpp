@@ -3,10 +3,15 @@
 #include <QUrl>
 
 #include <cmath>
+#include <tuple>
+#include <utility>
 
 namespace vantro {
 
 namespace {
+
+constexpr double mostTemperature = 2;
+constexpr double mostTopP = 1;
 
 template <typename Number>
 QString text(const std::optional<Number>& number)
@@ -40,8 +45,11 @@ ProviderForm::ProviderForm(const ProviderConfiguration& configuration)
     : type(configuration.providerType)
     , name(configuration.name)
     , model(configuration.model)
-    , baseURL(configuration.customBaseURL.value_or(QString()))
+    , baseURL((configuration.providerType == RemoteProviderType::Custom ? configuration.customBaseURL
+                                                                        : configuration.strayAddress())
+                  .value_or(QString()))
 {
+    sendsStandardParameters = configuration.parameters != ModelRequestParameters();
     const auto parameters = configuration.parameters.value_or(ModelRequestParameters());
     maxTokens = text(parameters.maxTokens);
     maxCompletionTokens = text(parameters.maxCompletionTokens);
@@ -63,32 +71,44 @@ std::vector<ProviderForm::Problem> ProviderForm::problems() const
     };
     require(!isBlank(name), Field::name, tr("Name is required"));
     require(!isBlank(model), Field::model, tr("Model is required"));
-    if (isBlank(baseURL))
-        require(type != RemoteProviderType::Custom, Field::baseURL, tr("URL is required for custom provider"));
-    else
+    if (type == RemoteProviderType::Custom && isBlank(baseURL))
+        require(false, Field::baseURL, tr("URL is required for custom provider"));
+    else if (type == RemoteProviderType::Custom)
         require(isUsableUrl(baseURL), Field::baseURL, tr("Invalid URL format"));
+    else
+        require(isBlank(baseURL), Field::baseURL,
+                tr("%1 has an address of its own. Leave this empty, or choose the type Custom for your own server.")
+                    .arg(displayName(type)));
 
-    const QString whole = tr("must be a whole number");
-    require(isBlank(maxTokens) || wholeNumber(maxTokens), Field::maxTokens, whole);
-    require(isBlank(maxCompletionTokens) || wholeNumber(maxCompletionTokens), Field::maxCompletionTokens, whole);
+    for (const auto& [field, text] :
+         {std::pair(Field::maxTokens, maxTokens), std::pair(Field::maxCompletionTokens, maxCompletionTokens)}) {
+        const auto limit = wholeNumber(text);
+        require(isBlank(text) || limit, field, tr("must be a whole number"));
+        require(!limit || *limit > 0, field, tr("must be at least 1"));
+    }
     require(isBlank(maxTokens) || isBlank(maxCompletionTokens), Field::maxCompletionTokens,
             tr("Set either max tokens or max completion tokens, not both — the API rejects requests carrying both."));
-    require(isBlank(temperature) || number(temperature), Field::temperature, tr("must be a number"));
-    require(isBlank(topP) || number(topP), Field::topP, tr("must be a number"));
+    for (const auto& [field, text, most] :
+         {std::tuple(Field::temperature, temperature, mostTemperature), std::tuple(Field::topP, topP, mostTopP)}) {
+        const auto value = number(text);
+        require(isBlank(text) || value, field, tr("must be a number"));
+        require(!value || (*value >= 0 && *value <= most), field, tr("must be between 0 and %1").arg(most));
+    }
     return found;
 }
 
 ProviderConfiguration ProviderForm::applied(ProviderConfiguration former) const
 {
-    former.providerType = type;
+    const RemoteProviderType typeBefore = std::exchange(former.providerType, type);
     former.name = name.trimmed();
     former.model = model.trimmed();
-    former.customBaseURL = word(baseURL);
-    // Request paths start with a slash.
-    while (former.customBaseURL && former.customBaseURL->endsWith(QLatin1Char('/')))
-        former.customBaseURL->chop(1);
+    if (type == RemoteProviderType::Custom)
+        former.customBaseURL = baseOf(baseURL);
+    else if (typeBefore != type || former.strayAddress())
+        former.customBaseURL = ProviderConfiguration::standardAddress(type);
     const ModelRequestParameters wanted = parameters();
-    former.parameters = wanted == ModelRequestParameters() ? std::nullopt : std::optional(wanted);
+    const bool isStandard = wanted == ModelRequestParameters() && sendsStandardParameters;
+    former.parameters = isStandard ? std::nullopt : std::optional(wanted);
     return former;
 }
 
@@ -100,6 +120,22 @@ ModelRequestParameters ProviderForm::parameters() const
             .topP = number(topP),
             .serviceTier = word(serviceTier),
             .reasoningEffort = word(reasoningEffort)};
+}
+
+/// Users copy the whole address of the requests, from documents or from the list.
+QString ProviderForm::baseOf(const QString& address)
+{
+    static const QString path = QStringLiteral("/chat/completions");
+    QString base = address.trimmed();
+    const auto withoutSlashes = [&base] {
+        while (base.endsWith(QLatin1Char('/')))
+            base.chop(1);
+    };
+    withoutSlashes();
+    if (base.endsWith(path, Qt::CaseInsensitive))
+        base.chop(path.size());
+    withoutSlashes();
+    return base;
 }
 
 bool ProviderForm::isUsableUrl(const QString& text)

@@ -41,6 +41,8 @@ public:
 
     /// Whether requests can be sent to @p text: http or https, with a host, without login, query or fragment.
     [[nodiscard]] static bool isUsableUrl(const QString& text);
+    /// An address as requests begin with it: "https://host/v1" also for "https://host/v1/chat/completions/".
+    [[nodiscard]] static QString baseOf(const QString& address);
     /// The hint shown beside a field; may be empty.
     [[nodiscard]] static QString hint(Field field);
     /// Shown in place of a stored key.
@@ -50,13 +52,15 @@ public:
     QString name;
     QString model;
     QString baseURL;
-    // An empty text leaves the parameter to the provider.
+    // An empty text leaves the parameter to the provider, unless all of them are empty.
     QString maxTokens;
     QString maxCompletionTokens;
     QString temperature;
     QString topP;
     QString serviceTier;
     QString reasoningEffort;
+    /// With all of them empty: whether those that fit most models are sent, or none at all.
+    bool sendsStandardParameters = true;
 
 private:
     [[nodiscard]] ModelRequestParameters parameters() const;

@@ -28,7 +28,8 @@ CustomOpenAICompatibleService::CustomOpenAICompatibleService(RemoteServiceParts 
 
 QUrl CustomOpenAICompatibleService::endpoint() const
 {
-    const QString text = config().customBaseURL.value_or(QString()) + QStringLiteral("/chat/completions");
+    const QString text =
+        ProviderForm::baseOf(config().customBaseURL.value_or(QString())) + QStringLiteral("/chat/completions");
     if (!ProviderForm::isUsableUrl(text)) {
         logger().error(line(QStringLiteral("Invalid URL: ") + text));
         throw RemoteFormatError(RemoteFormatError::Kind::notConfigured);

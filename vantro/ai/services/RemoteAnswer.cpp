@@ -4,6 +4,7 @@
 #include "vantro/ai/AnswerSetAside.h"
 #include "vantro/ai/services/RemoteFormatError.h"
 
+#include <QJsonArray>
 #include <QJsonDocument>
 #include <QSet>
 
@@ -38,9 +39,38 @@ bool tellsOfContextLength(const QByteArray& body)
         "exceeds the available context size",   // llama.cpp
         "max context length",                   // Ollama: "prompt too long; exceeded max context length"
         "greater than the context length",      // LM Studio
+        "context window",                       // gateways: "context window exceeded"
+        "context_window",
     };
     const QByteArray text = body.toLower();
     return std::ranges::any_of(signs, [&text](const char* sign) { return text.contains(sign); });
+}
+
+/// {"error": {"message": "text"}}, {"error": "text"}, {"message": "text"}, {"detail": "text"}, and a list of
+/// {"msg": "text"} there.
+std::optional<QString> messageOf(const QByteArray& body)
+{
+    const QJsonObject answer = QJsonDocument::fromJson(body).object();
+    const QJsonValue error = answer.value(QLatin1String("error"));
+    const QJsonValue detail = answer.value(QLatin1String("detail"));
+    for (const QJsonValue& place :
+         {error.toObject().value(QLatin1String("message")), error, answer.value(QLatin1String("message")), detail,
+          detail.toArray().at(0).toObject().value(QLatin1String("msg"))}) {
+        if (place.isString() && !place.toString().trimmed().isEmpty())
+            return withoutControlCharacters(place.toString()).simplified();
+    }
+    return std::nullopt;
+}
+
+/// Which of the parameters that are sent beside the text @p message complains of; empty when it is none of them.
+QString refusedParameter(const QString& message)
+{
+    for (const char* name : {"max_completion_tokens", "max_tokens", "frequency_penalty", "presence_penalty",
+                             "temperature", "top_p", "service_tier", "reasoning_effort"}) {
+        if (message.contains(QLatin1String(name)))
+            return QLatin1String(name);
+    }
+    return {};
 }
 
 /// In the words of the known servers.
@@ -97,15 +127,19 @@ void RemoteAnswer::check() const
 
 void RemoteAnswer::refuse() const
 {
+    if (!answer_.redirectedTo.isEmpty())
+        throw RemoteFormatError::redirected(answer_.status, answer_.redirectedTo);
     if (answer_.status < 400 || answer_.status > 499)
         throw RemoteFormatError::apiError(answer_.status, std::nullopt);
-    const QJsonValue error = QJsonDocument::fromJson(answer_.body).object().value(QLatin1String("error"));
-    const QJsonValue message = error.toObject().value(QLatin1String("message"));
-    logger().error(QStringLiteral("[%1] Error: %2").arg(label_, message.toString()));
+    const std::optional<QString> message = messageOf(answer_.body);
+    logger().error(
+        QStringLiteral("[%1] Error: %2").arg(label_, message ? *message : QString::fromUtf8(answer_.body.left(200))));
     if (tellsOfContextLength(answer_.body))
         throw RemoteFormatError(RemoteFormatError::Kind::contextWindowExceeded);
-    throw RemoteFormatError::apiError(answer_.status,
-                                      message.isString() ? std::optional(message.toString()) : std::nullopt);
+    const QString parameter = message ? refusedParameter(*message) : QString();
+    if (!parameter.isEmpty())
+        throw RemoteFormatError::refusedParameter(answer_.status, *message, parameter);
+    throw RemoteFormatError::apiError(answer_.status, message);
 }
 
 } // namespace vantro

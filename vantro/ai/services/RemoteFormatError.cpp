@@ -29,6 +29,14 @@ QString describe(RemoteFormatError::Kind kind)
 
 RemoteFormatError::RemoteFormatError(Kind kind) : RemoteFormatError(kind, describe(kind)) {}
 
+RemoteFormatError RemoteFormatError::strayAddress(const QString& provider, const QString& address)
+{
+    return {Kind::notConfigured,
+            tr("Nothing was sent: %1 would be asked at its own address, not at %2. Choose the type Custom for that "
+               "address, or clear it, under Settings, Providers.")
+                .arg(provider, address)};
+}
+
 RemoteFormatError RemoteFormatError::networkError(const QString& message)
 {
     return {Kind::networkError, describe(Kind::networkError) + message};
@@ -37,6 +45,19 @@ RemoteFormatError RemoteFormatError::networkError(const QString& message)
 RemoteFormatError RemoteFormatError::apiError(int status, const std::optional<QString>& message)
 {
     return {Kind::apiError, describe(Kind::apiError).arg(status) + message.value_or(tr("Unknown error"))};
+}
+
+RemoteFormatError RemoteFormatError::refusedParameter(int status, const QString& message, const QString& parameter)
+{
+    return apiError(status, message + QLatin1Char(' ') +
+                                tr("The model does not take \u201C%1\u201D as it is sent: change or switch off the "
+                                   "request parameters under Settings, Providers.")
+                                    .arg(parameter));
+}
+
+RemoteFormatError RemoteFormatError::redirected(int status, const QString& address)
+{
+    return apiError(status, tr("The server has moved to %1. Enter that address for the provider.").arg(address));
 }
 
 } // namespace vantro

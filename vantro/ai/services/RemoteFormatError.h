@@ -25,9 +25,16 @@ public:
 
     /// For every kind but networkError and apiError.
     explicit RemoteFormatError(Kind kind);
+    /// @p provider is asked at its own address, and the user has given another.
+    static RemoteFormatError strayAddress(const QString& provider, const QString& address);
     static RemoteFormatError networkError(const QString& message);
     /// @p message: the provider's own message, if any.
     static RemoteFormatError apiError(int status, const std::optional<QString>& message);
+
+    /// The same, because of a parameter. @p parameter: its name in the request.
+    static RemoteFormatError refusedParameter(int status, const QString& message, const QString& parameter);
+    /// @p address: where to, without a query, which may hold a key.
+    static RemoteFormatError redirected(int status, const QString& address);
 
     [[nodiscard]] Kind kind() const { return kind_; }
 

@@ -2,6 +2,7 @@
 
 #include "base/network/NetworkError.h"
 #include "vantro/ai/LanguageInstruction.h"
+#include "vantro/ai/providers/KeychainError.h"
 #include "vantro/ai/services/RemoteFormatError.h"
 
 #include <QFuture>
@@ -30,12 +31,33 @@ bool isPrintable(const QString& key)
     return std::ranges::all_of(key, [](QChar c) { return c > QLatin1Char(' ') && c < QChar(0x7f); });
 }
 
+std::exception_ptr keyStoreHangs()
+{
+    return std::make_exception_ptr(
+        KeychainError(KeychainError::Kind::serviceMissing,
+                      RemoteFormatError::tr("the key store does not answer. Unlock it, or log in anew.")));
+}
+
 } // namespace
 
 /// A key being read from the key store. May outlive the service.
 struct RemoteFormatService::KeyRead
 {
     KeyRead() { promise.start(); }
+
+    /// Later ones change nothing.
+    void settle(const std::optional<QString>& key, const std::exception_ptr& failure)
+    {
+        if (std::exchange(isSettled, true))
+            return;
+        if (failure)
+            promise.setException(failure);
+        else
+            promise.addResult(key);
+        promise.finish();
+    }
+
+    bool isSettled = false;
 
     QPromise<std::optional<QString>> promise;
 };
@@ -79,7 +101,8 @@ void RemoteFormatService::preconnect()
 
 QCoro::Task<QString> RemoteFormatService::format(QString prompt, QString text)
 {
-    const QString system = prompt + languageInstruction(parts_.languages, text);
+    refuseStrayAddress();
+    const QString system = prompt + languageInstruction(parts_.languages, text, spokenLanguage_);
     const QString key = co_await resolveKey(config_.keychainIdentifierOverride.value_or(QString()));
     const QJsonObject body = formatBody(system, text);
     const HttpExchange::Reader read = [label = rawValue(config_.provider), path = contentPath(),
@@ -94,6 +117,7 @@ QCoro::Task<QString> RemoteFormatService::format(QString prompt, QString text)
 
 QCoro::Task<> RemoteFormatService::verifyCredentials(QString keychainIdentifier)
 {
+    refuseStrayAddress();
     const QString key = co_await resolveKey(keychainIdentifier);
     const QJsonObject body = verificationBody();
     const HttpExchange::Reader read = [label = rawValue(config_.provider),
@@ -104,18 +128,26 @@ QCoro::Task<> RemoteFormatService::verifyCredentials(QString keychainIdentifier)
         remote.check();
         return QString();
     };
-    co_await send(key, body, verificationTimeout, read);
+    co_await send(key, body, baseTimeout_, read);
+}
+
+/// Whoever has entered his company's gateway does not want it bypassed.
+void RemoteFormatService::refuseStrayAddress() const
+{
+    const QString address = config_.customBaseURL.value_or(QString());
+    if (config_.provider != RemoteProviderType::Custom && !address.isEmpty() &&
+        QUrl(address).host() != endpoint().host())
+        throw RemoteFormatError::strayAddress(displayName(config_.provider), address);
 }
 
 QCoro::Task<> RemoteFormatService::readKey(KeychainServicing& keychain, QString account, std::shared_ptr<KeyRead> into)
 {
     try {
         const std::optional<QString> key = co_await keychain.read(account);
-        into->promise.addResult(key);
+        into->settle(key, nullptr);
     } catch (...) {
-        into->promise.setException(std::current_exception());
+        into->settle(std::nullopt, std::current_exception());
     }
-    into->promise.finish();
 }
 
 QCoro::Task<QString> RemoteFormatService::resolveKey(QString keychainIdentifier)
@@ -131,6 +163,11 @@ QCoro::Task<QString> RemoteFormatService::resolveKey(QString keychainIdentifier)
             readKey(parts_.keychain, keychainIdentifier, reading);
         }
         const QFuture<std::optional<QString>> answer = reading->promise.future();
+        QObject waiting; // ends the limit when it goes out of scope
+        parts_.clock.callAfter(keyTimeout, &waiting, [reading] { reading->settle({}, keyStoreHangs()); });
+        const std::stop_callback onStop(parts_.stop, [reading] {
+            reading->settle({}, std::make_exception_ptr(RemoteFormatError::networkError(QString())));
+        });
         key = co_await answer;
         if (key && !key->isEmpty())
             logger().debug(line(QStringLiteral("Using API key from keychain: ") + beginOf(*key)));

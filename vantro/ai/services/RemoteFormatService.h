@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/Clock.h"
 #include "base/Logger.h"
 #include "base/network/HttpExchange.h"
 #include "platform/LanguageRecognizer.h"
@@ -24,6 +25,7 @@ struct RemoteServiceParts
     HttpExchange& http;
     KeychainServicing& keychain;
     const LanguageRecognizer& languages;
+    Clock& clock;
     /// Makes pending requests fail at once.
     std::stop_token stop = {};
 };
@@ -34,15 +36,19 @@ class RemoteFormatService : public FormatRequestServicing
 {
 public:
     static constexpr std::chrono::milliseconds standardTimeout{30'000};
-    static constexpr std::chrono::milliseconds verificationTimeout{10'000};
+
+    /// The key store's user may have to unlock it.
+    static constexpr std::chrono::milliseconds keyTimeout{60'000};
 
     /// Starts reading the key and opens the connection.
     void prepare(const QString& prompt) override;
     /// Opens the connection only, when a request is likely but not certain.
     void preconnect();
+    void expectLanguage(const QString& code) override { spokenLanguage_ = code; }
     QCoro::Task<QString> format(QString prompt, QString text) override;
 
-    /// Sends a minimal request with the key of that account, or the apiKeyOverride of the configuration.
+    /// Sends a minimal request, which may take as long as any other, with the key of that account, or the
+    /// apiKeyOverride of the configuration.
     QCoro::Task<> verifyCredentials(QString keychainIdentifier);
 
     [[nodiscard]] const RemoteProviderConfig& config() const { return config_; }
@@ -72,6 +78,7 @@ protected:
 private:
     struct KeyRead;
 
+    void refuseStrayAddress() const;
     QCoro::Task<QString> resolveKey(QString keychainIdentifier);
     static QCoro::Task<> readKey(KeychainServicing& keychain, QString account, std::shared_ptr<KeyRead> into);
     QCoro::Task<QString> send(QString key, QJsonObject body, std::chrono::milliseconds timeout,
@@ -80,6 +87,7 @@ private:
     RemoteServiceParts parts_;
     RemoteProviderConfig config_;
     std::chrono::milliseconds baseTimeout_;
+    QString spokenLanguage_;            ///< may be empty
     std::shared_ptr<KeyRead> keyAhead_; ///< being read since prepare()
 };
 

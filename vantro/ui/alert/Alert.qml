@@ -30,7 +30,7 @@ Rectangle {
         Row {
             width: parent.width
             spacing: Theme.space12
-            Text {
+            VText {
                 id: sign
                 text: "\u26A0"
                 visible: alert.isWarning
@@ -38,20 +38,18 @@ Rectangle {
                 font.pixelSize: Theme.sizeTitle
                 Accessible.ignored: true
             }
-            Text {
+            VText {
                 width: parent.width - (sign.visible ? sign.width + parent.spacing : 0)
                 text: alert.title
-                textFormat: Text.PlainText
                 color: Theme.text
                 font.pixelSize: Theme.sizeTitle
                 font.weight: Font.DemiBold
                 wrapMode: Text.Wrap
             }
         }
-        Text {
+        VText {
             width: parent.width
             text: alert.text
-            textFormat: Text.PlainText
             color: Theme.text
             font.pixelSize: Theme.sizeBody
             wrapMode: Text.Wrap

@@ -24,7 +24,7 @@ Rectangle {
         anchors { left: parent.left; right: parent.right; top: parent.top; margins: Theme.space24 }
         spacing: Theme.space12
 
-        Text {
+        VText {
             id: title
             width: parent.width
             text: qsTr("Downloading the speech model")
@@ -41,17 +41,16 @@ Rectangle {
                 width: parent.width
                 height: name.implicitHeight
 
-                Text {
+                VText {
                     id: name
                     anchors { left: parent.left; right: size.left; rightMargin: Theme.space12 }
                     text: page.model.name
-                    textFormat: Text.PlainText
                     color: Theme.text
                     font.pixelSize: Theme.sizeBody
                     font.weight: Font.DemiBold
                     elide: Text.ElideRight
                 }
-                Text {
+                VText {
                     id: size
                     anchors.right: parent.right
                     text: page.model.size
@@ -65,11 +64,10 @@ Rectangle {
                 text: page.model.description
             }
         }
-        Text {
+        VText {
             width: parent.width
             visible: text !== ""
             text: page.model.reason
-            textFormat: Text.PlainText
             color: Theme.warning
             font.pixelSize: Theme.sizeBody
             wrapMode: Text.Wrap
@@ -94,12 +92,11 @@ Rectangle {
                 color: page.model.failed ? Theme.error : Theme.accent
             }
         }
-        Text {
+        VText {
             id: status
             width: parent.width
             // Never empty, so that the window does not change its height.
             text: page.model.statusText === "" ? " " : page.model.statusText
-            textFormat: Text.PlainText
             color: page.model.failed ? Theme.error : Theme.textSecondary
             font.pixelSize: Theme.sizeBody
             wrapMode: Text.Wrap

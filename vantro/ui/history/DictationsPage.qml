@@ -128,7 +128,7 @@ FocusScope {
         onSearchWanted: search.forceActiveFocus(Qt.BacktabFocusReason)
 
         section.property: "day"
-        section.delegate: Text {
+        section.delegate: VText {
             required property string section
             width: ListView.view.width
             leftPadding: Theme.space12
@@ -160,7 +160,7 @@ FocusScope {
             onTapped: modifiers => list.tapped(index, modifiers)
         }
     }
-    Text {
+    VText {
         anchors { left: list.right; right: parent.right; verticalCenter: parent.verticalCenter; margins: Theme.space32 }
         visible: !page.hasOne && !page.busy
         text: page.model.chosenCount > 1 ? qsTr("%1 dictations are chosen.").arg(page.model.chosenCount.toLocaleString(Qt.locale(), "f", 0))

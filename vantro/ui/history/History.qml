@@ -84,13 +84,12 @@ Rectangle {
             anchors { left: parent.left; right: parent.right; verticalCenter: parent.verticalCenter; leftMargin: Theme.space24; rightMargin: Theme.space24 }
             implicitHeight: Math.max(problem.implicitHeight, undo.implicitHeight)
 
-            Text {
+            VText {
                 id: problem
                 anchors { left: parent.left; right: undo.left; rightMargin: Theme.space12; verticalCenter: parent.verticalCenter }
                 text: window.changes.isBusy ? window.changes.work
                     : window.changes.problem !== "" ? window.changes.problem
                     : qsTr("%1 It can be undone until this window closes.").arg(window.changes.done)
-                textFormat: Text.PlainText
                 color: window.changes.problem !== "" && !window.changes.isBusy ? Theme.error : Theme.text
                 font.pixelSize: Theme.sizeBody
                 wrapMode: Text.Wrap

@@ -44,17 +44,16 @@ Rectangle {
         Row {
             width: parent.width
             spacing: Theme.space8
-            Text {
+            VText {
                 id: more
                 width: Math.min(implicitWidth, parent.width)
                 text: row.details
-                textFormat: Text.PlainText
                 color: row.chosen ? Theme.accentText : Theme.textSecondary
                 font.pixelSize: Theme.sizeSecondary
                 elide: Text.ElideRight
                 maximumLineCount: 1
             }
-            Text {
+            VText {
                 visible: row.sign !== ""
                 width: Math.min(implicitWidth, parent.width - more.width - parent.spacing)
                 text: "\u26A0 " + row.sign

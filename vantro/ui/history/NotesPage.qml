@@ -46,7 +46,7 @@ FocusScope {
             onTapped: modifiers => list.tapped(index, modifiers)
         }
     }
-    Text {
+    VText {
         anchors { left: list.right; right: parent.right; verticalCenter: parent.verticalCenter; margins: Theme.space32 }
         visible: !page.hasDay
         text: qsTr("Your notes will appear here, day by day. Choose the mode Notes while you record.")
@@ -63,12 +63,11 @@ FocusScope {
 
         VCard {
             heading: qsTr("Summary")
-            Text {
+            VText {
                 width: parent.width
                 text: page.model.isUpdating ? qsTr("Updating summary...")
                     : page.model.summary !== "" ? page.model.summary
                     : qsTr("There is no summary yet. It is written when the mode Notes has a provider.")
-                textFormat: Text.PlainText
                 color: page.model.isUpdating || page.model.summary === "" ? Theme.textSecondary : Theme.text
                 font.pixelSize: Theme.sizeBody
                 wrapMode: Text.Wrap
@@ -92,10 +91,9 @@ FocusScope {
                         anchors { left: parent.left; right: buttons.left; rightMargin: Theme.space12 }
                         spacing: Theme.space4
                         VNote { text: note.modelData.time }
-                        Text {
+                        VText {
                             width: parent.width
                             text: note.modelData.text
-                            textFormat: Text.PlainText
                             color: Theme.text
                             font.pixelSize: Theme.sizeBody
                             wrapMode: Text.Wrap

@@ -45,7 +45,7 @@ Item {
             anchors.centerIn: parent
             spacing: 6
 
-            Text {
+            VText {
                 id: title
                 visible: text !== ""
                 anchors.horizontalCenter: parent.horizontalCenter
@@ -54,7 +54,7 @@ Item {
                 font.pixelSize: hud.model.isSentence ? Theme.sizeTitle : Theme.sizeDisplay
                 font.weight: Font.DemiBold
             }
-            Text {
+            VText {
                 id: caption
                 visible: text !== ""
                 anchors.horizontalCenter: parent.horizontalCenter
@@ -62,12 +62,11 @@ Item {
                 color: Theme.textSecondary
                 font.pixelSize: Theme.sizeBody
             }
-            Text {
+            VText {
                 id: reason
                 visible: text !== ""
                 width: Theme.hudWidth - 2 * Theme.space24
                 text: hud.model.reason
-                textFormat: Text.PlainText
                 color: Theme.text
                 font.pixelSize: Theme.sizeSecondary
                 horizontalAlignment: Text.AlignHCenter

@@ -21,11 +21,10 @@ Rectangle {
     Accessible.name: text
     Accessible.onPressAction: if (isButton) clicked()
 
-    Text {
+    VText {
         id: label
         anchors.verticalCenter: parent.verticalCenter
         x: hint.isButton ? Theme.space12 : 0
-        textFormat: Text.PlainText
         color: hint.isButton ? Theme.text : Theme.textSecondary
         font.pixelSize: Theme.sizeSecondary
     }

@@ -14,6 +14,7 @@
 #include <QScreen>
 
 #include <algorithm>
+#include <utility>
 
 using namespace std::chrono_literals;
 
@@ -44,6 +45,11 @@ int modeNumber(const QKeyEvent& key)
     return isInRow ? static_cast<int>(place - firstDigitKey) + 1 : 0;
 }
 
+bool isAsSpokenKey(const QKeyEvent& key)
+{
+    return (key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter) && !key.isAutoRepeat();
+}
+
 } // namespace
 
 Launcher::Launcher(const Context& context)
@@ -63,6 +69,7 @@ Launcher::Launcher(const Context& context)
     setSource(QUrl(QStringLiteral("qrc:/qt/qml/Vantro/Launcher/Launcher.qml")));
     // Queued: closing deletes what the click came from.
     connect(rootObject(), SIGNAL(finishRequested()), &dictation_, SLOT(stop()), Qt::QueuedConnection);
+    connect(rootObject(), SIGNAL(asSpokenRequested()), &dictation_, SLOT(deliverAsSpoken()), Qt::QueuedConnection);
     connect(rootObject(), SIGNAL(cancelRequested()), this, SLOT(cancelOperation()), Qt::QueuedConnection);
     placeOnScreen();
     roundCorners(*this, cornerRadius, workspace_.isCompositing());
@@ -132,7 +139,7 @@ QString Launcher::cancelHint() const
 /// Without the keyboard, Escape belongs to the window in front as soon as the shortcut is released.
 void Launcher::followState()
 {
-    if (dictation_.state() > Dictation::State::recording)
+    if (dictation_.state() > Dictation::State::recording && !model_.isRewriting())
         model_.setEndingHint({}, {});
 }
 
@@ -204,6 +211,8 @@ void Launcher::keyPressEvent(QKeyEvent* event)
 {
     if (event->key() == Qt::Key_Escape)
         isEscapeDown_ = true; // pressed before it was a hot key
+    else if (isAsSpokenKey(*event) && !dictation_.rewriter().isEmpty())
+        isReturnDown_ = true; // its release must not reach the window behind
     else if (!chooseMode(*event))
         QQuickView::keyPressEvent(event);
 }
@@ -212,6 +221,8 @@ void Launcher::keyReleaseEvent(QKeyEvent* event)
 {
     if (event->key() == Qt::Key_Escape && !event->isAutoRepeat() && isEscapeDown_ && escapeCancels())
         cancelOperation();
+    else if (isAsSpokenKey(*event) && std::exchange(isReturnDown_, false))
+        dictation_.deliverAsSpoken();
     else
         QQuickView::keyReleaseEvent(event);
 }

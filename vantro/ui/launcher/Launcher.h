@@ -74,6 +74,7 @@ private:
     KeyboardShortcuts::Registration inFocusActionObserver_;
     KeyboardShortcuts::Registration cancelObserver_;
     bool isEscapeDown_ = false;
+    bool isReturnDown_ = false;
     std::unique_ptr<UserActivity> activity_; ///< while the launcher has the keyboard
     std::vector<Clock::Instant> takenBack_;  ///< when it was taken back lately
     std::optional<WindowID> former_;

@@ -10,6 +10,7 @@ Rectangle {
     required property LauncherModel model
     signal finishRequested
     signal cancelRequested
+    signal asSpokenRequested
 
     implicitWidth: Theme.launcherWidth
     implicitHeight: Theme.launcherHeight
@@ -44,9 +45,9 @@ Rectangle {
             idleColor: Theme.textSecondary
             levels: launcher.model.levels
             processing: launcher.model.processing
-            progress: launcher.model.progress
+            progress: launcher.model.rewriting ? 0 : launcher.model.progress
         }
-        Text {
+        VText {
             id: time
             anchors { right: parent.right; verticalCenter: parent.verticalCenter }
             text: launcher.model.timeText
@@ -56,7 +57,7 @@ Rectangle {
             Accessible.name: qsTr("Time %1").arg(text)
         }
     }
-    Text {
+    VText {
         anchors { left: heard.left; right: heard.right; top: heard.bottom }
         text: launcher.model.notice
         visible: text !== ""
@@ -68,10 +69,9 @@ Rectangle {
     }
 
     // What came last matters: that is where the user speaks on.
-    Text {
+    VText {
         anchors { left: heard.left; right: heard.right; top: heard.bottom }
         text: launcher.model.words
-        textFormat: Text.PlainText
         visible: text !== "" && launcher.model.notice === ""
         color: Theme.textSecondary
         font.pixelSize: Theme.sizeSecondary
@@ -120,6 +120,11 @@ Rectangle {
             text: launcher.model.processing ? launcher.model.processingText : launcher.model.endingHint
             isButton: !launcher.model.processing
             onClicked: launcher.finishRequested()
+        }
+        KeyHint {
+            anchors.horizontalCenter: parent.horizontalCenter
+            text: launcher.model.rewriting ? launcher.model.endingHint : ""
+            onClicked: launcher.asSpokenRequested()
         }
         KeyHint {
             anchors.right: parent.right

@@ -48,7 +48,11 @@ LauncherModel::LauncherModel(Dictation& dictation, Clock& clock, std::vector<Mod
 
 QString LauncherModel::processingText() const
 {
-    return tr("Transcribing...");
+    if (rewriter_.isEmpty())
+        return tr("Transcribing...");
+    const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(clock_.now() - rewritingSince_).count();
+    return seconds == 0 ? tr("Rewriting with %1...").arg(rewriter_)
+                        : tr("Rewriting with %1... %2 s").arg(rewriter_).arg(seconds);
 }
 
 QList<qreal> LauncherModel::levels() const
@@ -117,8 +121,33 @@ void LauncherModel::showWords(const QString& text)
     Q_EMIT wordsChanged();
 }
 
+/// A line that is full would say that nothing is to come any more.
+void LauncherModel::followRewriting()
+{
+    const QString rewriter = dictation_.rewriter();
+    if (rewriter == rewriter_)
+        return;
+    rewriter_ = rewriter;
+    rewritingSince_ = clock_.now();
+    // Without the keyboard it is a button alone.
+    const QString hint = takesDigits_ ? tr("<Return> As spoken") : tr("As spoken");
+    setEndingHint(rewriter_.isEmpty() ? QString() : hint, cancelHint_);
+    Q_EMIT processingChanged();
+    countRewriting();
+}
+
+void LauncherModel::countRewriting()
+{
+    if (!rewriter_.isEmpty())
+        clock_.callAfter(1s, this, [this] {
+            Q_EMIT processingChanged();
+            countRewriting();
+        });
+}
+
 void LauncherModel::followState()
 {
+    followRewriting();
     if (processing_ || dictation_.state() != Dictation::State::draining)
         return;
     stoppedAt_ = clock_.now();

@@ -25,6 +25,8 @@ class LauncherModel : public QObject
     Q_PROPERTY(bool processing READ isProcessing NOTIFY processingChanged)
     Q_PROPERTY(qreal progress READ progress NOTIFY progressChanged)
     Q_PROPERTY(QString processingText READ processingText NOTIFY processingChanged)
+    /// Whether a language model is at work, which has no progress to show.
+    Q_PROPERTY(bool rewriting READ isRewriting NOTIFY processingChanged)
     Q_PROPERTY(QList<qreal> levels READ levels NOTIFY levelsChanged)
     Q_PROPERTY(QString timeText READ timeText NOTIFY timeChanged)
     Q_PROPERTY(bool timeRunsOut READ timeRunsOut NOTIFY timeChanged)
@@ -52,6 +54,7 @@ public:
     [[nodiscard]] bool isProcessing() const { return processing_; }
     [[nodiscard]] qreal progress() const { return progress_; }
     [[nodiscard]] QString processingText() const;
+    [[nodiscard]] bool isRewriting() const { return !rewriter_.isEmpty(); }
     [[nodiscard]] QList<qreal> levels() const;
     [[nodiscard]] QString timeText() const;
     [[nodiscard]] bool timeRunsOut() const;
@@ -80,6 +83,8 @@ Q_SIGNALS:
 
 private:
     void followState();
+    void followRewriting();
+    void countRewriting();
     /// @p fraction: 0..1. Never moves the bar back.
     void setProgress(float fraction);
     void tick();
@@ -96,7 +101,9 @@ private:
     Clock::Instant openedAt_;
     Clock::Instant lastHeardAt_;
     Clock::Instant stoppedAt_;
-    QTimer ticker_; ///< once per bar of the waveform
+    Clock::Instant rewritingSince_;
+    QString rewriter_; ///< while it is at work
+    QTimer ticker_;    ///< once per bar of the waveform
     float loudestSinceTick_ = 0;
     std::deque<qreal> levels_;
     bool processing_ = false;

@@ -29,7 +29,7 @@ Rectangle {
     Accessible.onPressAction: picked()
     Keys.onReturnPressed: picked()
 
-    Text {
+    VText {
         id: label
         anchors.centerIn: parent
         width: Math.min(implicitWidth, pill.width - 2 * Theme.space12)

@@ -237,7 +237,7 @@ Rectangle {
                     Accessible.name: qsTr("Your sentence appears here")
                     KeyNavigation.priority: KeyNavigation.BeforeItem
                     KeyNavigation.tab: next
-                    Text {
+                    VText {
                         visible: field.text === ""
                         text: qsTr("Your sentence appears here")
                         color: Theme.textSecondary

@@ -14,7 +14,7 @@ Column {
 
     spacing: Theme.space16
 
-    Text {
+    VText {
         width: parent.width
         text: step.title
         color: Theme.text
@@ -24,7 +24,7 @@ Column {
         Accessible.role: Accessible.Heading
         Accessible.name: text
     }
-    Text {
+    VText {
         width: parent.width
         text: step.explanation
         color: Theme.textSecondary
@@ -35,7 +35,7 @@ Column {
         width: parent.width
         spacing: Theme.space8
         visible: step.status !== ""
-        Text {
+        VText {
             id: mark
             text: step.good ? "\u2713" : "\u2022"
             color: step.good ? Theme.success : Theme.warning
@@ -43,10 +43,9 @@ Column {
             font.weight: Font.DemiBold
             Accessible.ignored: true
         }
-        Text {
+        VText {
             width: parent.width - mark.width - parent.spacing
             text: step.status
-            textFormat: Text.PlainText
             color: Theme.text
             font.pixelSize: Theme.sizeBody
             wrapMode: Text.Wrap

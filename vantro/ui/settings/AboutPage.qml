@@ -23,13 +23,13 @@ VPage {
                 width: parent.width - logo.width - parent.spacing
                 anchors.verticalCenter: parent.verticalCenter
                 spacing: Theme.space4
-                Text {
+                VText {
                     text: qsTr("vantro %1").arg(page.about.version)
                     color: Theme.text
                     font.pixelSize: Theme.sizeTitle
                     font.weight: Font.DemiBold
                 }
-                Text {
+                VText {
                     width: parent.width
                     text: qsTr("Speech is recognised on your own computer. Your words never leave it unless you set up a provider to rewrite them.")
                     color: Theme.textSecondary
@@ -60,7 +60,7 @@ VPage {
     }
     VCard {
         heading: qsTr("Licences")
-        Text {
+        VText {
             width: parent.width
             text: qsTr("vantro is free software under the MIT licence. It is built on Qt (LGPL 3), whisper.cpp and ggml (MIT), QCoro (MIT), libpulse, libsoxr, libsndfile, libcanberra, libsecret, GLib and libsystemd (LGPL 2.1), OpenSSL and CLD2 (Apache 2.0), ICU (Unicode 3.0) and X11 (MIT).")
             color: Theme.text

@@ -9,6 +9,7 @@ VPage {
     required property GeneralSettings settings
     required property RecorderCocoa openRecorder
     required property RecorderCocoa stopRecorder
+    required property RecorderCocoa originalRecorder
 
     title: qsTr("Shortcut")
 
@@ -36,6 +37,16 @@ VPage {
         ShortcutRecorder {
             width: parent.width
             model: page.stopRecorder
+        }
+    }
+    VCard {
+        heading: qsTr("Paste as spoken")
+        VNote {
+            text: qsTr("Pastes the words of the last dictation as you said them, where a language model has changed them.")
+        }
+        ShortcutRecorder {
+            width: parent.width
+            model: page.originalRecorder
         }
     }
 }

@@ -65,10 +65,9 @@ VPage {
             level: page.settings.level
             name: qsTr("Microphone level")
         }
-        Text {
+        VText {
             width: parent.width
             text: page.settings.problem !== "" ? page.settings.problem : qsTr("Say something: the bar should move. Nothing is recorded.")
-            textFormat: Text.PlainText
             color: page.settings.problem !== "" ? Theme.error : Theme.textSecondary
             font.pixelSize: Theme.sizeSecondary
             wrapMode: Text.Wrap

@@ -32,7 +32,7 @@ VCard {
         spacing: Theme.space8
         Accessible.role: Accessible.StaticText
         Accessible.name: qsTr("%1: %2 of 10").arg(label).arg(Math.round(value * 10))
-        Text {
+        VText {
             text: parent.label
             color: Theme.textSecondary
             font.pixelSize: Theme.sizeSecondary
@@ -63,20 +63,19 @@ VCard {
 
             Row {
                 spacing: Theme.space8
-                Text {
+                VText {
                     text: row.name
-                    textFormat: Text.PlainText
                     color: Theme.text
                     font.pixelSize: Theme.sizeBody
                     font.weight: Font.DemiBold
                 }
-                Text {
+                VText {
                     visible: row.isSelected
                     text: "\u2713 " + qsTr("in use")
                     color: Theme.success
                     font.pixelSize: Theme.sizeBody
                 }
-                Text {
+                VText {
                     visible: row.isRecommended
                     text: qsTr("recommended for this computer")
                     color: Theme.accent
@@ -97,7 +96,7 @@ VCard {
                     label: qsTr("Accuracy")
                     value: row.accuracy
                 }
-                Text {
+                VText {
                     text: row.size + "  \u00B7  " + row.languages + "  \u00B7  " + row.wait
                     color: Theme.textSecondary
                     font.pixelSize: Theme.sizeSecondary

@@ -20,11 +20,10 @@ VPage {
 
     VCard {
         visible: problem.text !== ""
-        Text {
+        VText {
             id: problem
             width: parent.width
             text: page.models.problem !== "" ? page.models.problem : page.languageModels.problem
-            textFormat: Text.PlainText
             color: Theme.error
             font.pixelSize: Theme.sizeBody
             wrapMode: Text.Wrap

@@ -28,6 +28,11 @@ ModesModel::ModesModel(Parts parts) : parts_(std::move(parts))
         Q_EMIT shownChanged();
         Q_EMIT changed();
     });
+    connect(&parts_.cleaning, &CleaningSettings::changed, this, [this] {
+        // The field already shows what is typed into it.
+        if (!isStoringRules_)
+            Q_EMIT rulesChanged();
+    });
     connect(&parts_.providers, &ProviderConfigurationManager::configurationsChanged, this, &ModesModel::changed);
     connect(&parts_.defaults, &UserDefaults::changed, this, [this](const QString& key) {
         if (key == setting::defaultProcessingMode.key)
@@ -137,17 +142,21 @@ void ModesModel::useBuiltInPrompt()
 
 std::vector<ModesModel::Choice> ModesModel::choices() const
 {
-    const QString local = parts_.localModel();
+    const QString local = asksModel() ? parts_.localModel() : QString();
     std::vector<Choice> choices;
     if (local.isEmpty())
         choices = {{tr("None"), {}}};
     else
-        choices = {{tr("This computer (%1)").arg(local), {true}}};
+        choices = {{tr("This computer (%1)").arg(local), {.useLocalAI = true}}};
+    if (takesRules())
+        choices.push_back({tr("Rules on this computer"), {.cleans = true}});
+    if (!asksModel())
+        return choices;
     for (const ProviderConfiguration& provider : parts_.providers.configurations())
-        choices.push_back(
-            {provider.isEnabled ? provider.name : tr("%1 (disabled)").arg(provider.name), {false, provider.id}});
+        choices.push_back({provider.isEnabled ? provider.name : tr("%1 (disabled)").arg(provider.name),
+                           {.providerConfigId = provider.id}});
     if (local.isEmpty())
-        choices.push_back({tr("This computer (needs a language model)"), {true}});
+        choices.push_back({tr("This computer (needs a language model)"), {.useLocalAI = true}});
     return choices;
 }
 
@@ -162,15 +171,19 @@ QStringList ModesModel::providers() const
 int ModesModel::provider() const
 {
     const ModeConfiguration configuration = parts_.prompts.configuration(mode());
-    // This computer, if it can.
-    if (!configuration.useLocalAI && !configuration.providerConfigId)
+    // The first one, if it has none.
+    if (configuration == ModeConfiguration())
         return 0;
     const auto list = choices();
     const auto found = std::ranges::find_if(list, [&](const Choice& choice) {
-        return choice.configuration.useLocalAI == configuration.useLocalAI &&
-               (configuration.useLocalAI || choice.configuration.providerConfigId == configuration.providerConfigId);
+        if (configuration.cleans || configuration.useLocalAI)
+            return choice.configuration.cleans == configuration.cleans &&
+                   choice.configuration.useLocalAI == configuration.useLocalAI;
+        return choice.configuration.providerConfigId == configuration.providerConfigId;
     });
-    return found != list.end() ? static_cast<int>(found - list.begin()) : -1;
+    if (found != list.end())
+        return static_cast<int>(found - list.begin());
+    return takesRules() && !asksModel() ? 0 : -1;
 }
 
 void ModesModel::setProvider(int index)
@@ -180,17 +193,67 @@ void ModesModel::setProvider(int index)
         parts_.prompts.setConfiguration(mode(), list[static_cast<std::size_t>(index)].configuration);
 }
 
+QString ModesModel::overview() const
+{
+    QStringList others;
+    for (const ProcessingMode each : allProcessingModes) {
+        if (!parts_.isUsable(each))
+            others << parts_.prompts.displayName(each);
+    }
+    const QString ready = tr("Ready: %1.").arg(defaultModes().join(QStringLiteral(", ")));
+    return others.isEmpty()
+               ? ready
+               : ready + QLatin1Char(' ') + tr("To be set up below: %1.").arg(others.join(QStringLiteral(", ")));
+}
+
+QString ModesModel::ruleCode() const
+{
+    return CleaningSettings::languages().value(ruleLanguage_);
+}
+
+QStringList ModesModel::ruleLanguages() const
+{
+    return {tr("English"), tr("German"), tr("Spanish"), tr("French")};
+}
+
+void ModesModel::setRuleLanguage(int index)
+{
+    if (index < 0 || index >= CleaningSettings::languages().size() || index == ruleLanguage_)
+        return;
+    ruleLanguage_ = index;
+    Q_EMIT rulesChanged();
+}
+
+QString ModesModel::rules() const
+{
+    return CleaningSettings::asText(parts_.cleaning.rules(ruleCode()));
+}
+
+void ModesModel::setRules(const QString& text)
+{
+    const auto wanted = CleaningSettings::fromText(text);
+    if (wanted == parts_.cleaning.rules(ruleCode()))
+        return;
+    isStoringRules_ = true;
+    parts_.cleaning.setRules(ruleCode(), wanted);
+    isStoringRules_ = false;
+}
+
+void ModesModel::useBuiltInRules()
+{
+    parts_.cleaning.reset(ruleCode());
+}
+
 QString ModesModel::lacking() const
 {
     if (parts_.isUsable(mode()))
         return {};
     if (mode() == ProcessingMode::Custom && prompt().isEmpty())
-        return tr("To use this mode, write a prompt and choose a provider.");
+        return tr("To use this mode, write a prompt and choose a provider, or the rules.");
     if (parts_.prompts.configuration(mode()).useLocalAI)
         return tr("To use this mode, download a language model under Settings, Models.");
-    return tr(
-        "To use this mode, choose an enabled provider. Set up providers and their keys under Settings, Providers, or "
-        "download a language model for this computer under Settings, Models.");
+    return tr("To use this mode, choose an enabled provider, or the rules. Set up providers and their keys under "
+              "Settings, Providers, or download a language model for this computer under Settings, Models.");
 }
 
 } // namespace vantro

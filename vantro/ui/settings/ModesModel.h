@@ -2,6 +2,7 @@
 
 #include "vantro/ai/PromptSettings.h"
 #include "vantro/ai/providers/ProviderConfigurationManager.h"
+#include "vantro/text/CleaningSettings.h"
 
 #include <QObject>
 #include <QStringList>
@@ -31,12 +32,18 @@ class ModesModel : public QObject
     Q_PROPERTY(QString prompt READ prompt WRITE setPrompt NOTIFY changed)
     Q_PROPERTY(QStringList providers READ providers NOTIFY changed)
     Q_PROPERTY(int provider READ provider WRITE setProvider NOTIFY changed)
+    Q_PROPERTY(QString overview READ overview NOTIFY changed)
+    Q_PROPERTY(bool cleans READ cleans NOTIFY changed)
+    Q_PROPERTY(QStringList ruleLanguages READ ruleLanguages CONSTANT)
+    Q_PROPERTY(int ruleLanguage READ ruleLanguage WRITE setRuleLanguage NOTIFY rulesChanged)
+    Q_PROPERTY(QString rules READ rules WRITE setRules NOTIFY rulesChanged)
     Q_PROPERTY(QString lacking READ lacking NOTIFY changed)
 public:
     struct Parts
     {
         UserDefaults& defaults;
         PromptSettings& prompts;
+        CleaningSettings& cleaning;
         const ProviderConfigurationManager& providers;
         /// Whether the mode is set up, so that the launcher offers it.
         std::function<bool(ProcessingMode)> isUsable;
@@ -74,11 +81,23 @@ public:
     void setName(const QString& name);
     [[nodiscard]] QString prompt() const { return parts_.prompts.prompt(mode()); }
     void setPrompt(const QString& prompt);
-    /// This computer if it has a language model, and all providers; before, "None" in its place, and itself at the end.
+    /// This computer if it has a language model, otherwise "None"; the rules where the mode takes them, and all providers
+    /// where it takes those. Without a language model this computer stands at the end.
     [[nodiscard]] QStringList providers() const;
     /// An index into providers(); -1 when the chosen one has been removed.
     [[nodiscard]] int provider() const;
     void setProvider(int index);
+    /// Which modes work now.
+    [[nodiscard]] QString overview() const;
+    /// Whether rules on this computer clean the text.
+    [[nodiscard]] bool cleans() const { return parts_.prompts.configuration(mode()).cleans; }
+    [[nodiscard]] QStringList ruleLanguages() const;
+    [[nodiscard]] int ruleLanguage() const { return ruleLanguage_; }
+    void setRuleLanguage(int index);
+    /// Those of that language, one a line.
+    [[nodiscard]] QString rules() const;
+    void setRules(const QString& text);
+    Q_INVOKABLE void useBuiltInRules();
     /// What to do to be able to use the mode; empty when nothing is missing.
     [[nodiscard]] QString lacking() const;
 
@@ -88,6 +107,7 @@ public:
 Q_SIGNALS:
     void changed();
     void shownChanged();
+    void rulesChanged();
 
 private:
     /// Who can rewrite.
@@ -101,7 +121,12 @@ private:
     [[nodiscard]] ProcessingMode mode() const { return parts_.prompts.selectedMode(); }
     [[nodiscard]] std::vector<ProcessingMode> usableModes() const;
 
+    [[nodiscard]] bool takesRules() const { return mode() != ProcessingMode::Notes; }
+    [[nodiscard]] QString ruleCode() const;
+
     Parts parts_;
+    int ruleLanguage_ = 0;
+    bool isStoringRules_ = false;
 };
 
 } // namespace vantro

@@ -14,7 +14,7 @@ VPage {
         VSettingRow {
             title: qsTr("Default mode")
             hint: page.settings.defaultNote !== "" ? page.settings.defaultNote
-                : qsTr("Modes that are not set up cannot be chosen.")
+                : page.settings.overview
             VChoice {
                 model: page.settings.defaultModes
                 currentIndex: page.settings.defaultMode
@@ -37,7 +37,7 @@ VPage {
                 }
             }
         }
-        Text {
+        VText {
             width: parent.width
             visible: text !== ""
             text: page.settings.lacking
@@ -57,7 +57,6 @@ VPage {
             }
         }
         VSettingRow {
-            visible: page.settings.asksModel
             title: qsTr("Rewritten by")
             VChoice {
                 model: page.settings.providers
@@ -68,11 +67,42 @@ VPage {
             }
         }
         Column {
-            visible: page.settings.asksModel
+            visible: page.settings.cleans
             width: parent.width
             spacing: Theme.space8
 
-            Text {
+            VSettingRow {
+                title: qsTr("Rules")
+                hint: qsTr("One a line: a filler that is taken out, or words, an equals sign and what to write for them. Words said twice, capitals and the full stop need no rule.")
+                VChoice {
+                    model: page.settings.ruleLanguages
+                    currentIndex: page.settings.ruleLanguage
+                    Accessible.name: qsTr("Language of the rules")
+                    onActivated: index => {
+                        rules.store()
+                        page.settings.ruleLanguage = index
+                    }
+                }
+            }
+            VTextArea {
+                id: rules
+                width: parent.width
+                text: page.settings.rules
+                Accessible.name: qsTr("Rules")
+                onTyped: text => page.settings.rules = text
+            }
+            VButton {
+                secondary: true
+                text: qsTr("Use the built-in rules")
+                onClicked: page.settings.useBuiltInRules()
+            }
+        }
+        Column {
+            visible: page.settings.asksModel && !page.settings.cleans
+            width: parent.width
+            spacing: Theme.space8
+
+            VText {
                 text: qsTr("Prompt")
                 color: Theme.text
                 font.pixelSize: Theme.sizeBody

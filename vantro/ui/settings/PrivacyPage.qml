@@ -12,10 +12,9 @@ VPage {
 
     VCard {
         visible: page.settings.problem !== ""
-        Text {
+        VText {
             width: parent.width
             text: page.settings.problem
-            textFormat: Text.PlainText
             color: Theme.error
             font.pixelSize: Theme.sizeBody
             wrapMode: Text.Wrap

@@ -35,7 +35,7 @@ VCard {
             required property var modelData
             readonly property string problem: sheet.settings.fieldProblems[index] ?? ""
             readonly property string warning: sheet.settings.fieldWarnings[index] ?? ""
-            visible: !modelData.isParameter || sheet.showsParameters || problem !== ""
+            visible: modelData.isOffered && (!modelData.isParameter || sheet.showsParameters || problem !== "")
             title: modelData.label
             hint: modelData.hint
             Column {
@@ -55,6 +55,13 @@ VCard {
                 }
             }
         }
+    }
+    VToggleRow {
+        visible: sheet.showsParameters
+        title: qsTr("Standard parameters")
+        hint: qsTr("While the fields above are empty: temperature 0.3 and both penalties as 0. Switch them off for a model that refuses them.")
+        checked: sheet.settings.sendsStandardParameters
+        onToggled: on => sheet.settings.sendsStandardParameters = on
     }
     VSettingRow {
         title: qsTr("API key")

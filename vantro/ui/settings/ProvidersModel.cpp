@@ -223,8 +223,22 @@ QVariantList ProvidersModel::fields() const
         list.append(QVariantMap{{QStringLiteral("label"), tr(field.label)},
                                 {QStringLiteral("hint"), ProviderForm::hint(field.field)},
                                 {QStringLiteral("text"), form_.*field.text},
+                                {QStringLiteral("isOffered"), isOffered(field.field)},
                                 {QStringLiteral("isParameter"), field.isParameter}});
     return list;
+}
+
+/// Only servers of the user's own have an address to enter; one that was entered for another is shown with its problem.
+bool ProvidersModel::isOffered(ProviderForm::Field field) const
+{
+    return field != ProviderForm::Field::baseURL || form_.type == RemoteProviderType::Custom ||
+           !form_.baseURL.isEmpty();
+}
+
+void ProvidersModel::setSendsStandardParameters(bool wanted)
+{
+    form_.sendsStandardParameters = wanted;
+    Q_EMIT formChanged();
 }
 
 void ProvidersModel::setField(int index, const QString& text)

@@ -28,6 +28,8 @@ class ProvidersModel : public QObject
     Q_PROPERTY(QString heading READ heading NOTIFY formChanged)
     Q_PROPERTY(QStringList types READ types CONSTANT)
     Q_PROPERTY(int type READ type WRITE setType NOTIFY formChanged)
+    Q_PROPERTY(
+        bool sendsStandardParameters READ sendsStandardParameters WRITE setSendsStandardParameters NOTIFY formChanged)
     Q_PROPERTY(QVariantList fields READ fields NOTIFY fieldsReset)
     Q_PROPERTY(QStringList fieldProblems READ fieldProblems NOTIFY formChanged)
     Q_PROPERTY(QStringList fieldWarnings READ fieldWarnings NOTIFY formChanged)
@@ -65,6 +67,8 @@ public:
     /// An index into types().
     [[nodiscard]] int type() const { return static_cast<int>(form_.type); }
     void setType(int index);
+    [[nodiscard]] bool sendsStandardParameters() const { return form_.sendsStandardParameters; }
+    void setSendsStandardParameters(bool wanted);
     /// Objects with "label", "hint", "text" and "isParameter".
     [[nodiscard]] QVariantList fields() const;
     /// One per entry of fields(); empty where there is no problem.
@@ -96,6 +100,7 @@ Q_SIGNALS:
     void fieldsReset();
 
 private:
+    [[nodiscard]] bool isOffered(ProviderForm::Field field) const;
     QCoro::Task<> findKeys();
     QCoro::Task<> findEnding(QString account);
     [[nodiscard]] QString maskedKey(const ProviderConfiguration& provider) const;

@@ -16,10 +16,9 @@ VPage {
 
     VCard {
         visible: page.settings.problem !== ""
-        Text {
+        VText {
             width: parent.width
             text: page.settings.problem
-            textFormat: Text.PlainText
             color: Theme.error
             font.pixelSize: Theme.sizeBody
             wrapMode: Text.Wrap
@@ -30,7 +29,7 @@ VPage {
     VCard {
         visible: !page.settings.isEditing
 
-        Text {
+        VText {
             width: parent.width
             visible: page.settings.providers.length === 0
             text: qsTr("Your providers will appear here. Add one to have dictations rewritten.")

@@ -51,7 +51,7 @@ Column {
     Accessible.role: Accessible.List
     Accessible.name: found.length === 0 ? qsTr("Nothing found") : found[current].shown
 
-    Text {
+    VText {
         visible: results.found.length === 0
         width: parent.width
         text: qsTr("Nothing found")
@@ -80,17 +80,16 @@ Column {
             Column {
                 id: words
                 anchors { left: parent.left; right: parent.right; margins: Theme.space12; verticalCenter: parent.verticalCenter }
-                Text {
+                VText {
                     width: parent.width
                     text: result.modelData.shown
-                    textFormat: Text.PlainText
                     color: result.isCurrent ? Theme.accentText : Theme.text
                     font.pixelSize: Theme.sizeBody
                     wrapMode: Text.Wrap
                     maximumLineCount: 2
                     elide: Text.ElideRight
                 }
-                Text {
+                VText {
                     width: parent.width
                     visible: text !== ""
                     text: result.modelData.where

@@ -13,6 +13,7 @@ Rectangle {
     required property MicrophoneSettings microphone
     required property RecorderCocoa openRecorder
     required property RecorderCocoa stopRecorder
+    required property RecorderCocoa originalRecorder
     required property ModesModel modes
     required property ProvidersModel providers
     required property VocabularyModel vocabulary
@@ -111,6 +112,7 @@ Rectangle {
             settings: window.general
             openRecorder: window.openRecorder
             stopRecorder: window.stopRecorder
+            originalRecorder: window.originalRecorder
         }
     }
     Component {

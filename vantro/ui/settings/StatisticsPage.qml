@@ -12,7 +12,7 @@ VPage {
 
     VCard {
         visible: page.settings.isKept
-        Text {
+        VText {
             width: parent.width
             text: page.settings.total
             color: Theme.text

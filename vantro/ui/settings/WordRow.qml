@@ -62,10 +62,9 @@ Item {
         visible: row.isEdited
         spacing: Theme.space8
 
-        Text {
+        VText {
             width: parent.width
             text: row.word
-            textFormat: Text.PlainText
             color: Theme.text
             font.pixelSize: Theme.sizeBody
             wrapMode: Text.Wrap

@@ -24,7 +24,7 @@ Rectangle {
         anchors { left: parent.left; right: parent.right; top: parent.top; margins: Theme.space24 }
         spacing: Theme.space12
 
-        Text {
+        VText {
             id: title
             width: parent.width
             text: qsTr("Choose the shortcut for dictation")
@@ -33,11 +33,10 @@ Rectangle {
             font.weight: Font.DemiBold
             wrapMode: Text.Wrap
         }
-        Text {
+        VText {
             width: parent.width
             visible: text !== ""
             text: page.reason
-            textFormat: Text.PlainText
             color: Theme.text
             font.pixelSize: Theme.sizeBody
             wrapMode: Text.Wrap

@@ -54,12 +54,11 @@ FocusScope {
                 }
                 onActiveFocusChanged: if (!activeFocus) recorder.model.endRecording()
 
-                Text {
+                VText {
                     id: keys
                     anchors { left: parent.left; leftMargin: Theme.space12; verticalCenter: parent.verticalCenter }
                     text: recorder.model.text !== "" ? recorder.model.text
                         : recorder.model.recording ? qsTr("Press the keys") : qsTr("Record a shortcut")
-                    textFormat: Text.PlainText
                     color: recorder.model.text === "" ? Theme.textSecondary : Theme.text
                     font.pixelSize: Theme.sizeBody
                 }
@@ -95,7 +94,7 @@ FocusScope {
                     border.width: parent.activeFocus ? Theme.focusRing : 0
                     border.color: Theme.accent
                 }
-                Text {
+                VText {
                     anchors.centerIn: parent
                     text: "\u2715"
                     color: Theme.textSecondary
@@ -107,11 +106,10 @@ FocusScope {
                 }
             }
         }
-        Text {
+        VText {
             width: parent.width
             visible: text !== ""
             text: [recorder.model.message, recorder.model.advice].filter(part => part !== "").join(" ")
-            textFormat: Text.PlainText
             color: Theme.warning
             font.pixelSize: Theme.sizeSecondary
             wrapMode: Text.Wrap

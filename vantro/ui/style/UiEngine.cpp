@@ -5,6 +5,8 @@
 #include <QEvent>
 #include <QFontInfo>
 #include <QGuiApplication>
+#include <QNetworkAccessManager>
+#include <QNetworkRequest>
 #include <QPalette>
 #include <QQmlComponent>
 
@@ -35,6 +37,25 @@ QObject* makeTheme(QQmlEngine& engine)
     return holder->property("theme").value<QObject*>();
 }
 
+/// Refuses every request: what is shown is in the program.
+class NoNetwork final : public QNetworkAccessManager
+{
+public:
+    using QNetworkAccessManager::QNetworkAccessManager;
+
+protected:
+    QNetworkReply* createRequest(Operation operation, const QNetworkRequest& /*request*/, QIODevice* body) override
+    {
+        return QNetworkAccessManager::createRequest(operation, QNetworkRequest(), body);
+    }
+};
+
+class NoNetworkFactory final : public QQmlNetworkAccessManagerFactory
+{
+public:
+    QNetworkAccessManager* create(QObject* parent) override { return new NoNetwork(parent); }
+};
+
 } // namespace
 
 qreal textScale()
@@ -46,7 +67,9 @@ qreal textScale()
 UiEngine::UiEngine(const UserDefaults& defaults, const DesktopAppearance& desktop)
     : defaults_(defaults)
     , desktop_(desktop)
+    , noNetwork_(std::make_unique<NoNetworkFactory>())
 {
+    engine_.setNetworkAccessManagerFactory(noNetwork_.get());
     engine_.addImportPath(QStringLiteral("qrc:/qt/qml"));
     keepModule(qml_register_types_Vantro_Style);
     theme_ = makeTheme(engine_);

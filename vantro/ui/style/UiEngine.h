@@ -5,6 +5,9 @@
 
 #include <QObject>
 #include <QQmlEngine>
+#include <QQmlNetworkAccessManagerFactory>
+
+#include <memory>
 
 namespace vantro {
 
@@ -18,9 +21,9 @@ inline void keepModule(void (*registration)())
 /// from Qt.
 [[nodiscard]] qreal textScale();
 
-/// The QML engine and theme shared by all windows. The theme follows the desktop's preference for light or dark unless
-/// "appearance" is "light" or "dark", its preference for animations unless "reduceMotion" is set, and the size of its
-/// text. Main thread.
+/// The QML engine and theme shared by all windows. QML fetches nothing from the network. The theme follows the
+/// desktop's preference for light or dark unless "appearance" is "light" or "dark", its preference for animations
+/// unless "reduceMotion" is set, and the size of its text. Main thread.
 class UiEngine : public QObject
 {
     Q_OBJECT
@@ -37,6 +40,7 @@ private:
 
     const UserDefaults& defaults_;
     const DesktopAppearance& desktop_;
+    std::unique_ptr<QQmlNetworkAccessManagerFactory> noNetwork_; ///< before the engine, which uses it to its end
     QQmlEngine engine_;
     QObject* theme_ = nullptr; ///< owned by the engine
 };

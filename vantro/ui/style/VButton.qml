@@ -32,11 +32,10 @@ Rectangle {
             clicked()
     }
 
-    Text {
+    VText {
         id: label
         anchors.centerIn: parent
         text: button.text
-        textFormat: Text.PlainText
         color: button.secondary ? Theme.text : Theme.accentText
         font.pixelSize: Theme.sizeBody
     }

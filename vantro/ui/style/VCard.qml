@@ -10,7 +10,7 @@ Column {
     width: parent ? parent.width : implicitWidth
     spacing: Theme.space8
 
-    Text {
+    VText {
         visible: card.heading !== ""
         text: card.heading
         color: Theme.textSecondary

@@ -12,16 +12,15 @@ T.ComboBox {
     opacity: enabled ? 1 : Theme.disabledOpacity
     hoverEnabled: true
 
-    contentItem: Text {
+    contentItem: VText {
         id: label
         text: control.displayText
-        textFormat: Text.PlainText
         color: Theme.text
         font.pixelSize: Theme.sizeBody
         verticalAlignment: Text.AlignVCenter
         elide: Text.ElideRight
     }
-    indicator: Text {
+    indicator: VText {
         anchors { right: parent.right; rightMargin: Theme.space12; verticalCenter: parent.verticalCenter }
         text: "\u25BE"
         color: Theme.textSecondary
@@ -41,11 +40,10 @@ T.ComboBox {
         width: control.width - 2 * Theme.space4
         height: entryText.implicitHeight + 2 * Theme.space8
         highlighted: control.highlightedIndex === index
-        contentItem: Text {
+        contentItem: VText {
             id: entryText
             leftPadding: Theme.space8
             text: entry.modelData
-            textFormat: Text.PlainText
             color: entry.highlighted ? Theme.accentText : Theme.text
             font.pixelSize: Theme.sizeBody
             font.weight: control.currentIndex === entry.index ? Font.DemiBold : Font.Normal

@@ -15,7 +15,7 @@ T.TextField {
     font.pixelSize: Theme.sizeBody
     verticalAlignment: TextInput.AlignVCenter
 
-    Text {
+    VText {
         anchors { left: parent.left; leftMargin: field.leftPadding; verticalCenter: parent.verticalCenter }
         visible: field.text === "" && field.preeditText === ""
         text: field.placeholderText

@@ -21,7 +21,7 @@ Rectangle {
     Accessible.selected: current
     Accessible.onPressAction: picked()
 
-    Text {
+    VText {
         id: label
         anchors { left: parent.left; right: parent.right; margins: Theme.space12; verticalCenter: parent.verticalCenter }
         text: item.text

@@ -97,7 +97,7 @@ Flickable {
             width: parent.width
             spacing: Theme.space4
 
-            Text {
+            VText {
                 width: parent.width
                 text: page.title
                 color: Theme.text
@@ -107,7 +107,7 @@ Flickable {
                 Accessible.role: Accessible.Heading
                 Accessible.name: text
             }
-            Text {
+            VText {
                 width: parent.width
                 visible: text !== ""
                 text: page.subtitle

@@ -16,10 +16,9 @@ Item {
         anchors { left: parent.left; right: place.left; rightMargin: Theme.space16; verticalCenter: parent.verticalCenter }
         spacing: Theme.space4
 
-        Text {
+        VText {
             width: parent.width
             text: row.title
-            textFormat: Text.PlainText
             color: Theme.text
             font.pixelSize: Theme.sizeBody
             wrapMode: Text.Wrap

@@ -42,7 +42,7 @@ Rectangle {
                 Accessible.selected: isCurrent
                 Accessible.onPressAction: tabs.picked(index)
 
-                Text {
+                VText {
                     id: label
                     anchors.centerIn: parent
                     text: tab.modelData

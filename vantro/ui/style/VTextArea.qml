@@ -44,7 +44,7 @@ T.TextArea {
         interval: Theme.typingPauseMs
         onTriggered: area.store()
     }
-    Text {
+    VText {
         anchors { left: parent.left; right: parent.right; top: parent.top; margins: Theme.space12; topMargin: area.topPadding }
         visible: area.text === "" && area.preeditText === ""
         text: area.placeholderText

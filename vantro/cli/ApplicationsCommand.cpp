@@ -1,0 +1,123 @@
+#include "vantro/ai/PromptSettings.h"
+#include "vantro/app/ApplicationRules.h"
+#include "vantro/cli/Commands.h"
+#include "vantro/cli/Terminal.h"
+
+#include <algorithm>
+
+namespace vantro {
+
+namespace {
+
+constexpr char description[] =
+    R"(What dictations into the windows of an application are like, where that differs from the rest.
+
+  list              List the rules. The default.
+  set APPLICATION   Make or change the rule of an application.
+  remove APPLICATION
+
+APPLICATION is the class of its windows, such as thunderbird or xfce4-terminal, in any case; xprop WM_CLASS and a click
+tell it. In the launcher another mode can still be chosen.
+
+Exit status: 0 done, 1 failed, 2 wrong usage, 3 no such rule or mode, 5 the settings cannot be written.)";
+
+auto ruleOf(const QString& application)
+{
+    return [application](const ApplicationRule& rule) {
+        return rule.application.compare(application, Qt::CaseInsensitive) == 0;
+    };
+}
+
+int list(const CommandCall& call)
+{
+    const UserDefaults defaults(UserDefaults::standardPath());
+    QJsonArray array;
+    std::vector<QStringList> rows{{QStringLiteral("APPLICATION"), QStringLiteral("MODE"), QStringLiteral("FULL STOP")}};
+    for (const ApplicationRule& rule : applicationRules(defaults)) {
+        const QString mode = rule.mode ? rawValue(*rule.mode) : QString();
+        rows.push_back({rule.application, mode.isEmpty() ? QStringLiteral("-") : mode,
+                        rule.hasFullStop ? QStringLiteral("yes") : QStringLiteral("no")});
+        array.append(QJsonObject{{QStringLiteral("application"), rule.application},
+                                 {QStringLiteral("mode"), mode.isEmpty() ? QJsonValue() : QJsonValue(mode)},
+                                 {QStringLiteral("full_stop"), rule.hasFullStop}});
+    }
+    if (call.json())
+        terminal::writeJson(array);
+    else if (terminal::outputIsTerminal() && rows.size() == 1)
+        terminal::writeMessage(QStringLiteral("Dictations are alike in all applications."));
+    else
+        terminal::writeTable(rows);
+    return ExitCode::done;
+}
+
+ProcessingMode modeFrom(UserDefaults& defaults, const QString& name)
+{
+    const PromptSettings prompts(defaults);
+    for (const ProcessingMode mode : allProcessingModes) {
+        if (rawValue(mode).compare(name, Qt::CaseInsensitive) == 0 ||
+            prompts.displayName(mode).compare(name, Qt::CaseInsensitive) == 0)
+            return mode;
+    }
+    throw CommandError(ExitCode::notFound,
+                       QStringLiteral("there is no mode \"%1\": vantro modes lists them").arg(name));
+}
+
+int set(const CommandCall& call)
+{
+    UserDefaults defaults(UserDefaults::standardPath());
+    if (call.has("full-stop") && call.has("no-full-stop"))
+        throw WrongUsage(QStringLiteral("choose either --full-stop or --no-full-stop"));
+    const auto mode = call.has("mode") && !call.value("mode").isEmpty()
+                          ? std::optional(modeFrom(defaults, call.value("mode")))
+                          : std::nullopt;
+    const QString application = call.words.front().trimmed();
+    defaults.change([&] {
+        auto rules = applicationRules(defaults);
+        auto rule = std::ranges::find_if(rules, ruleOf(application));
+        if (rule == rules.end())
+            rule = rules.insert(rules.end(), ApplicationRule{application, std::nullopt, true});
+        if (call.has("mode"))
+            rule->mode = mode;
+        if (call.has("full-stop") || call.has("no-full-stop"))
+            rule->hasFullStop = call.has("full-stop");
+        setApplicationRules(defaults, rules);
+    });
+    defaults.requireSaved();
+    return ExitCode::done;
+}
+
+int remove(const CommandCall& call)
+{
+    UserDefaults defaults(UserDefaults::standardPath());
+    std::size_t removed = 0;
+    defaults.change([&] {
+        auto rules = applicationRules(defaults);
+        removed = std::erase_if(rules, ruleOf(call.words.front()));
+        setApplicationRules(defaults, rules);
+    });
+    if (removed == 0)
+        throw CommandError(
+            ExitCode::notFound,
+            QStringLiteral("there is no rule for %1: vantro applications lists them").arg(call.words.front()));
+    defaults.requireSaved();
+    return ExitCode::done;
+}
+
+} // namespace
+
+Command applicationsCommand()
+{
+    return {.name = "applications",
+            .summary = "Show and change what dictations into an application are like.",
+            .description = description,
+            .actions = {{"list", list},
+                        {"set", set, 1, 1, "needs an APPLICATION"},
+                        {"remove", remove, 1, 1, "needs an APPLICATION"}},
+            .options = {{"mode", "set: begin in this mode; empty for the default one.", "MODE"},
+                        {"no-full-stop", "set: leave the text's last full stop out."},
+                        {"full-stop", "set: keep it."},
+                        Command::jsonOption},
+            .words = {{"APPLICATION", "The class of its windows.", "[APPLICATION]]"}}};
+}
+
+} // namespace vantro
