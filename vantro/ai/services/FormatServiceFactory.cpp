@@ -45,7 +45,7 @@ std::shared_ptr<void> FormatServiceFactory::expect(const ModeConfiguration& conf
         makeRemote(chosen->remoteConfig())->preconnect();
         return {};
     }
-    return local_.expect(prompt);
+    return local_.expect(LocalFormatService::instruction(prompt));
 }
 
 bool FormatServiceFactory::isUsable(const ModeConfiguration& configuration) const

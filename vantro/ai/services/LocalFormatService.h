@@ -20,8 +20,11 @@ public:
     /// The referenced objects must outlive it. @p stop ends the answer.
     LocalFormatService(LocalModel& model, const LanguageRecognizer& languages, std::stop_token stop);
 
+    /// How a request with @p prompt begins, whatever its text.
+    [[nodiscard]] static QString instruction(const QString& prompt);
+
     /// Keeps the model loaded as long as this object lives.
-    void prepare(const QString& prompt) override { expected_ = model_.expect(prompt); }
+    void prepare(const QString& prompt) override { expected_ = model_.expect(instruction(prompt)); }
     void listen(std::function<void(const QString&)> onText) override { onText_ = std::move(onText); }
     QCoro::Task<QString> format(QString prompt, QString text) override;
 
