@@ -112,7 +112,7 @@ def command_section(name, text):
 
 
 def command_names(main):
-    return [name for names, _ in main.table("Commands") for name in re.match(r"[a-z]+(?:, [a-z]+)*", names)[0].split(", ")]
+    return [name for names, _ in main.table("Commands") for name in re.match(r"[a-z-]+(?:, [a-z-]+)*", names)[0].split(", ")]
 
 
 def manual(program, prose):

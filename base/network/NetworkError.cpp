@@ -42,9 +42,9 @@ NetworkError NetworkError::of(const QNetworkReply& reply)
     case QNetworkReply::SslHandshakeFailedError: {
         const QVariant problem = reply.property(certificateProblem);
         if (problem.isNull() && speaksNoTls(reason))
-            return {Kind::notHttp, tr("%1 does not speak https. Use another port, or an address that begins with "
-                                      "http:// if the server is yours.")
-                                       .arg(host)};
+            return {Kind::notTrusted, tr("%1 does not speak https. Use another port, or an address that begins with "
+                                         "http:// if the server is yours.")
+                                          .arg(host)};
         return {Kind::notTrusted, tr("The encrypted connection to %1 cannot be trusted (%2). Check this computer's "
                                      "clock, or install the certificate of your own server.")
                                       .arg(host, problem.isNull() ? reason : withoutFullStop(problem.toString()))};

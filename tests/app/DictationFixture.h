@@ -132,15 +132,30 @@ public:
         rows << transcription;
         co_return;
     }
-    QCoro::Task<> summarizeToday(std::shared_ptr<FormatRequestServicing>) override
-    {
-        if (answer)
-            co_await answer->opened();
-    }
+    QCoro::Task<> summarizeToday(std::shared_ptr<FormatRequestServicing>) override { co_return; }
 
     bool full = false;
     Gate* answer = nullptr; ///< of the language model, which is waited for; null if it answers at once
     QStringList rows;
+};
+
+/// A mode whose language model answers when the test says so.
+class SlowHandler final : public ModeHandler
+{
+public:
+    SlowHandler(TranscriptionStoring& store, Gate* const& answer) : store_(store), answer_(answer) {}
+
+    QCoro::Task<QString> process(QString transcript, std::shared_ptr<FormatRequestServicing>) override
+    {
+        store_.saveTranscription(transcript, ProcessingMode::Email);
+        if (answer_)
+            co_await answer_->opened();
+        co_return transcript;
+    }
+
+private:
+    TranscriptionStoring& store_;
+    Gate* const& answer_;
 };
 
 /// A panel without a window: takes the keyboard from the window in front and gives it back.
@@ -295,11 +310,12 @@ protected:
         pump();
     }
 
-    static ModeHandlers makeHandlers(TranscriptionStoring& store)
+    static ModeHandlers makeHandlers(TranscriptionStoring& store, Gate* const& answer)
     {
         ModeHandlers handlers;
         handlers[ProcessingMode::Normal] = std::make_unique<NormalModeHandler>(store);
         handlers[ProcessingMode::Notes] = std::make_unique<NotesModeHandler>(store);
+        handlers[ProcessingMode::Email] = std::make_unique<SlowHandler>(store, answer);
         return handlers;
     }
 
@@ -374,7 +390,7 @@ protected:
     LenientStore lenientStore{store, [this] {
                                   return isKeeping;
                               }};
-    const ModeHandlers handlers = makeHandlers(lenientStore);
+    const ModeHandlers handlers = makeHandlers(lenientStore, store.answer);
     AudioDeviceManager devices{hardware, defaults};
     AudioRecorder recorder{engines.factory(), devices, permissions, clock};
     KeyboardShortcuts shortcuts{hotKeys, defaults, notifications};

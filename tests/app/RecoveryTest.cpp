@@ -125,7 +125,7 @@ TEST_F(RecoveryTest, WhoCancelsTheLanguageModelReadsWhereTheWordsAreAndTheEndOfT
     store.answer = &answer;
     const auto note = [this] {
         pressShortcut();
-        recorder.setProcessingMode(ProcessingMode::Notes);
+        recorder.setProcessingMode(ProcessingMode::Email);
         speak(16'000);
         stopAndDrain();
         provider.answer(QStringLiteral("Buy milk."));
@@ -136,7 +136,7 @@ TEST_F(RecoveryTest, WhoCancelsTheLanguageModelReadsWhereTheWordsAreAndTheEndOfT
     pump();
     EXPECT_FALSE(shell.undo);
     ASSERT_EQ(shell.huds.size(), 1U);
-    EXPECT_TRUE(shell.huds.front().reason.contains(QStringLiteral("is kept")));
+    EXPECT_TRUE(shell.huds.front().reason.contains(QStringLiteral("in the history")));
     EXPECT_TRUE(isForgotten());
     answer.open();
     pump();

@@ -16,6 +16,7 @@ import tempfile
 import threading
 import unittest
 from pathlib import Path
+from urllib.parse import urlsplit
 
 from modelserver import Fault, ModelServer, sha1
 from faultserver import CertificateAuthority  # modelserver has made it known
@@ -119,7 +120,7 @@ class HostFaultTest(DownloadCase):
         with socket.socket() as unused:
             unused.bind(("127.0.0.1", 0))
             closed = f"http://127.0.0.1:{unused.getsockname()[1]}"
-            for host, text in ((closed, "127.0.0.1 cannot be reached (Connection refused)"),
+            for host, text in ((closed, f"{urlsplit(closed).netloc} cannot be reached (Connection refused)"),
                                ("http://models.invalid", "models.invalid cannot be reached"),
                                (f"file://{self.profile}", f"{self.profile}/resolve/main/ has no readable file {FILE}")):
                 with self.subTest(host):
@@ -159,7 +160,7 @@ class HostFaultTest(DownloadCase):
     def test_redirects_lead_to_another_host_but_not_in_circles(self):
         other = self.enterContext(ModelServer(mirror))
         self.server.fault = Fault(redirect_to=self.server.address("localhost"))
-        self.check_failed(self.download(), NO_SERVICE, "127.0.0.1 redirects in a loop", "Too many redirects")
+        self.check_failed(self.download(), NO_SERVICE, f"{urlsplit(self.server.url).netloc} redirects in a loop", "Too many redirects")
         self.server.fault = Fault(redirect_to=other.address("localhost"), redirect_body=b"not the model " * 1000)
         other.fault = Fault(cut_after=MIDDLE, once=True)
         result = self.download()
@@ -186,7 +187,7 @@ class EncryptionTest(DownloadCase):
         for certificate, text in ((authority.self_signed(), "self-signed"), (authority.expired(), "expired")):
             with self.subTest(text), ModelServer(mirror, certificate) as server:
                 self.check_failed(self.download(server.url, env=trusting), NO_SERVICE,
-                                  "The encrypted connection to 127.0.0.1 cannot be trusted", text)
+                                  f"The encrypted connection to {urlsplit(server.url).netloc} cannot be trusted", text)
                 self.assertEqual(server.requests, [])
         with ModelServer(mirror, authority.valid()) as server:
             self.check_failed(self.download(server.url), NO_SERVICE, "cannot be trusted")

@@ -66,6 +66,7 @@ protected:
     KeychainService keychain{secrets};
     ProviderConfigurationManager manager{defaults, keychain};
     PromptSettings prompts{defaults};
+    CleaningSettings cleaning{defaults};
     VocabularySettings vocabulary{defaults};
     QStringList questions;
     QStringList asked;
@@ -87,7 +88,7 @@ TEST_F(SettingsPages, OpenPagesFollowWhatACommandSets)
     doubles::ManualClock clock;
     UpdateChecker updates({defaults, workspace, clock, {}, {}, {}});
     GeneralSettings general({defaults, loginItem, updates});
-    ModesModel modes({defaults, prompts, manager, [](ProcessingMode) { return true; }, {}});
+    ModesModel modes({defaults, prompts, cleaning, manager, [](ProcessingMode) { return true; }, {}});
     int generalChanges = 0;
     int modesChanges = 0;
     QObject::connect(&general, &GeneralSettings::changed, [&] { ++generalChanges; });
@@ -222,14 +223,18 @@ TEST_F(SettingsPages, AReplacementKeepsItsIdentityAndNeverLooksForNothing)
 TEST_F(SettingsPages, AModesProviderFollowsTheListOfProviders)
 {
     bool isSure = false;
-    ModesModel page({defaults, prompts, manager, [](ProcessingMode mode) { return mode == ProcessingMode::Normal; },
+    ModesModel page({defaults, prompts, cleaning, manager,
+                     [](ProcessingMode mode) { return mode == ProcessingMode::Normal; },
                      [&isSure](const std::function<void()>& confirmed) {
                          if (isSure)
                              confirmed();
                      }});
     page.setShown(static_cast<int>(ProcessingMode::Grammar));
     EXPECT_EQ(page.provider(), 0);
-    page.setProvider(2);
+    page.setProvider(1);
+    EXPECT_EQ(prompts.configuration(ProcessingMode::Grammar), (ModeConfiguration{.cleans = true})) << "the rules";
+    EXPECT_EQ(page.provider(), 1);
+    page.setProvider(3);
     EXPECT_EQ(prompts.configuration(ProcessingMode::Grammar).providerConfigId, manager.configurations()[1].id);
     EXPECT_EQ(prompts.configuration(ProcessingMode::Email).providerConfigId, std::nullopt);
     EXPECT_FALSE(page.lacking().isEmpty());
@@ -243,7 +248,7 @@ TEST_F(SettingsPages, AModesProviderFollowsTheListOfProviders)
     EXPECT_EQ(page.prompt(), builtIn);
 
     manager.remove(manager.configurations()[0].id);
-    EXPECT_EQ(page.provider(), 1);
+    EXPECT_EQ(page.provider(), 2);
     manager.remove(manager.configurations()[0].id);
     EXPECT_EQ(page.provider(), -1) << "that its provider was removed is to be seen";
     page.setProvider(0);
@@ -255,6 +260,7 @@ TEST_F(SettingsPages, ThisComputerIsOfferedFirstOnceItHasALanguageModel)
     QString local;
     ModesModel page({defaults,
                      prompts,
+                     cleaning,
                      manager,
                      [](ProcessingMode) { return true; },
                      {},
@@ -269,9 +275,9 @@ TEST_F(SettingsPages, ThisComputerIsOfferedFirstOnceItHasALanguageModel)
 
     local = QStringLiteral("Small");
     EXPECT_EQ(page.providers().first(), QStringLiteral("This computer (Small)"));
-    EXPECT_EQ(page.providers().size(), manager.configurations().size() + 1);
+    EXPECT_EQ(page.providers().size(), manager.configurations().size() + 2);
     EXPECT_EQ(page.provider(), 0);
-    page.setProvider(1);
+    page.setProvider(2);
     EXPECT_EQ(prompts.configuration(ProcessingMode::Grammar),
               (ModeConfiguration{false, manager.configurations()[0].id}));
     page.setProvider(0);
@@ -285,6 +291,7 @@ TEST_F(SettingsPages, OnlyAModeThatSomebodyServesCanBeTheDefault)
     bool hasProvider = true;
     ModesModel page({defaults,
                      prompts,
+                     cleaning,
                      manager,
                      [&hasProvider](ProcessingMode mode) {
                          return mode == ProcessingMode::Normal || mode == ProcessingMode::Notes || hasProvider;

@@ -211,7 +211,8 @@ TEST(ProviderForm, RefusesWhatAProviderWouldRefuse)
     form.temperature.clear();
     EXPECT_EQ(form.applied(configuration).parameters, std::nullopt) << "without any, the service has its own defaults";
     form.sendsStandardParameters = false;
-    const ProviderConfiguration bare = form.applied(configuration);
+    ProviderConfiguration bare = form.applied(configuration);
+    bare.id = QUuid::createUuid();
     EXPECT_EQ(bare.parameters, ModelRequestParameters()) << "not even those";
     EXPECT_EQ(ProviderForm(*ProviderConfiguration::fromJson(bare.toJson())).applied(bare), bare);
 }
