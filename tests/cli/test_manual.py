@@ -22,7 +22,7 @@ def program_help(*command):
 
 def commands():
     listed = program_help().split("Commands:")[1].split("Exit status")[0]
-    return [name for names in re.findall(r"^  ([a-z]+(?:, [a-z]+)*)", listed, re.MULTILINE)
+    return [name for names in re.findall(r"^  ([a-z-]+(?:, [a-z-]+)*)", listed, re.MULTILINE)
             for name in names.split(", ")]
 
 

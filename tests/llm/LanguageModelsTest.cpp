@@ -88,7 +88,7 @@ TEST_F(ModelsOfThisMachine, AreComparedWithWhatTheirHostAnnounces)
     EXPECT_TRUE(isRight());
     {
         QFile file(status().file);
-        ASSERT_TRUE(file.open(QIODevice::ReadWrite) && file.seek(file.size() - 1) && file.putChar('?'));
+        ASSERT_TRUE(file.open(QIODevice::ReadWrite) && file.seek(file.size() - 1) && file.putChar('!'));
     }
     EXPECT_FALSE(isRight()) << "a byte of it is another one";
     EXPECT_EQ(status().state, ModelStatus::State::missing);

@@ -29,6 +29,7 @@ namespace {
 using Tokens = std::vector<llama_token>;
 
 constexpr std::uint32_t tokensAtOnce = 256;
+constexpr std::uint32_t tokensAheadAtOnce = 32; ///< so that little is lost when the text comes
 constexpr int mostThreads = 8;
 constexpr float temperature = 0.2F;
 constexpr float leastShare = 0.1F; ///< of the most likely token's probability
@@ -236,7 +237,7 @@ struct LlamaEngine::Resident
             std::mismatch(tokens.begin(), tokens.end() - 1, past.begin(), past.end()).first - tokens.begin());
     }
     /// Has @p tokens in the context's memory and nothing after them. All but what is there already is read.
-    void read(const Tokens& tokens, const Work& work);
+    void read(const Tokens& tokens, const Work& work, std::size_t atOnce = tokensAtOnce);
     void forgetFrom(std::size_t position);
     [[nodiscard]] bool mustPause() const { return current != nullptr && current->mustPause(); }
     /// What the model writes after @p tokens, to which it is appended up to @p end.
@@ -289,7 +290,7 @@ void LlamaEngine::Resident::forgetFrom(std::size_t position)
     past.resize(position);
 }
 
-void LlamaEngine::Resident::read(const Tokens& tokens, const Work& work)
+void LlamaEngine::Resident::read(const Tokens& tokens, const Work& work, std::size_t atOnce)
 {
     current = &work;
     const auto noneAfterwards = qScopeGuard([this] { current = nullptr; });
@@ -297,7 +298,7 @@ void LlamaEngine::Resident::read(const Tokens& tokens, const Work& work)
     while (past.size() < tokens.size()) {
         work.waitForTurn();
         const auto position = past.size();
-        const auto count = std::min<std::size_t>(tokensAtOnce, tokens.size() - position);
+        const auto count = std::min<std::size_t>(atOnce, tokens.size() - position);
         auto* first = const_cast<llama_token*>(tokens.data() + position);
         const int code = llama_decode(context.get(), llama_batch_get_one(first, static_cast<std::int32_t>(count)));
         if (code == 0)
@@ -362,7 +363,7 @@ QFuture<void> LlamaEngine::readAhead(const QString& instruction, std::stop_token
     return executor_.run([this, instruction, stop = std::move(stop)] {
         runQuietly([&] {
             Work work(turn_, stop, end_.get_token());
-            resident().read(resident().beginning(instruction), work);
+            resident().read(resident().beginning(instruction), work, tokensAheadAtOnce);
         });
     });
 }

@@ -29,10 +29,12 @@ std::shared_ptr<void> LocalModel::expect(const QString& instruction)
     }
     if (const auto* model = models_.chosen(); model != nullptr && instruction != expected_) {
         expected_ = instruction;
-        std::exchange(preparation_, std::stop_source()).request_stop();
+        std::exchange(readingAhead_, std::stop_source()).request_stop();
+        if (loading_.stop_requested())
+            loading_ = std::stop_source();
         // Nobody waits for these: the answer finds out by itself what has become of them.
-        static_cast<void>(load(*model, preparation_.get_token()));
-        static_cast<void>(engine_.readAhead(instruction, preparation_.get_token()));
+        static_cast<void>(load(*model, loading_.get_token()));
+        static_cast<void>(engine_.readAhead(instruction, readingAhead_.get_token()));
     }
     return use;
 }
@@ -42,6 +44,9 @@ QCoro::Task<QString> LocalModel::answer(LlamaEngine::Request request)
     const auto* model = models_.chosen();
     if (model == nullptr)
         throw LlamaError(LlamaError::Kind::notLoaded, QStringLiteral("there is no language model"));
+    // What is left to read is read now, with the priority of something that is waited for.
+    readingAhead_.request_stop();
+    expected_.clear();
     const QFuture<void> loaded = load(*model, request.stop);
     const QFuture<QString> answered = engine_.answer(std::move(request));
     co_await loaded;
@@ -56,7 +61,8 @@ QFuture<void> LocalModel::load(const TranscriptionModel& model, std::stop_token 
 
 void LocalModel::giveBack()
 {
-    preparation_.request_stop();
+    loading_.request_stop();
+    readingAhead_.request_stop();
     expected_.clear();
     if (!defaults_.get(setting::keepLanguageModelInMemory))
         engine_.unload();

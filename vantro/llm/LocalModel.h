@@ -41,8 +41,9 @@ private:
     AvailableMemory availableMemory_;
     LanguageModels models_;
     LlamaEngine engine_;
-    QString expected_;             ///< the instruction read ahead
-    std::stop_source preparation_; ///< of it
+    QString expected_;         ///< the instruction read ahead
+    std::stop_source loading_; ///< ahead
+    std::stop_source readingAhead_;
     std::weak_ptr<void> use_;
     std::shared_ptr<LocalModel*> self_ = std::make_shared<LocalModel*>(this); ///< for uses that outlive it
 };

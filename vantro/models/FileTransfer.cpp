@@ -6,12 +6,12 @@
 
 #include <QNetworkReply>
 #include <QRegularExpression>
+#include <QScopedPointer>
 #include <QTimer>
 #include <qcoro/qcorofuture.h>
 #include <qcoro/qcorosignal.h>
 #include <qcoro/qcorotimer.h>
 
-#include <memory>
 #include <utility>
 
 using namespace std::chrono_literals;
@@ -40,6 +40,8 @@ FileTransfer::~FileTransfer() = default;
 void FileTransfer::stop()
 {
     isStopped_ = true;
+    if (head_)
+        head_->abort();
     if (fetch_)
         fetch_->stop();
 }
@@ -59,13 +61,15 @@ QCoro::Task<> FileTransfer::run()
         digest = co_await askDigest();
     co_await fetchAll();
     publish(tr("Checking the file"));
-    co_await files_.run([this, digest] {
+    const auto settle = [this, digest] {
         if (request_.onCompared)
             compare(digest);
         part_.settle();
         if (request_.onStored)
             request_.onStored();
-    });
+    };
+    const QFuture<void> settled = files_.run(settle);
+    co_await settled;
 }
 
 /// In the answer to a request for the head, which may redirect to where the file is.
@@ -76,7 +80,9 @@ QCoro::Task<QString> FileTransfer::askDigest()
     QNetworkRequest request = network::request(request_.url);
     request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::ManualRedirectPolicy);
     request.setTransferTimeout(static_cast<int>(options_.stallTimeout.count()));
-    const std::unique_ptr<QNetworkReply> reply(manager_.head(request));
+    // Deleted later: what follows runs in the middle of its signal.
+    const QScopedPointer<QNetworkReply, QScopedPointerDeleteLater> reply(manager_.head(request));
+    head_ = reply.get();
     co_await qCoro(reply.get(), &QNetworkReply::finished);
     static const QRegularExpression digest(QStringLiteral("[0-9a-f]{64}"));
     co_return digest.match(QString::fromLatin1(reply->rawHeader("X-Linked-ETag"))).captured();

@@ -6,6 +6,7 @@
 
 #include <QCoreApplication>
 #include <QNetworkAccessManager>
+#include <QNetworkReply>
 #include <QPointer>
 #include <QUrl>
 #include <qcoro/qcorotask.h>
@@ -91,6 +92,7 @@ private:
     OnProgress onProgress_;
     PartFile part_;
     DownloadProgress progress_;
+    QPointer<QNetworkReply> head_;
     QPointer<Fetch> fetch_;
     bool isStopped_ = false;
 };
