@@ -1,6 +1,7 @@
 #include "KeyboardShortcuts/KeyboardShortcuts.h"
 
 #include "base/Logger.h"
+#include "base/Settings.h"
 #include "platform/KeyCode.h"
 
 #include <QCoreApplication>
@@ -194,6 +195,15 @@ std::optional<QString> KeyboardShortcuts::failure(const Name& name) const
 {
     const auto found = failures_.find(name.rawValue);
     return found != failures_.end() ? std::optional(found->second) : std::nullopt;
+}
+
+std::optional<QString> KeyboardShortcuts::howToBind(const Name& name) const
+{
+    const auto chosen = shortcut(name);
+    if (!chosen || name.rawValue != Name::openModal.rawValue)
+        return std::nullopt;
+    return hotKeys_.howToBind(static_cast<std::uint32_t>(chosen->carbonKeyCode),
+                              static_cast<std::uint32_t>(chosen->carbonModifiers), defaults_.get(setting::holdToTalk));
 }
 
 std::optional<QString> KeyboardShortcuts::whyUnavailable(const Shortcut& shortcut)

@@ -114,6 +114,11 @@ public:
     /// Why @p name's shortcut is not active although it should be, as a sentence for the user.
     [[nodiscard]] std::optional<QString> failure(const Name& name) const;
 
+    /// By which facility of the desktop shortcuts work, for reports.
+    [[nodiscard]] QString way() const { return hotKeys_.way(); }
+    /// What the user still has to do so that @p name's shortcut works in other programs; nullopt where it just does.
+    [[nodiscard]] std::optional<QString> howToBind(const Name& name) const;
+
     /// The same shortcuts from key events in the program's own windows: no hot key fires while one of our menus has the
     /// keyboard, or where another program has grabbed the combination. Returns false for an unrelated event. A release
     /// matches its press by key alone, whatever modifiers are still held.

@@ -87,7 +87,11 @@ QString RecorderCocoa::message() const
 {
     if (refusal_)
         return refusal_->message;
-    return isRecording_ ? QString() : shortcuts_.failure(name_).value_or(QString());
+    if (isRecording_)
+        return {};
+    if (const auto failure = shortcuts_.failure(name_))
+        return *failure;
+    return shortcuts_.howToBind(name_).value_or(QString());
 }
 
 void RecorderCocoa::beginRecording()

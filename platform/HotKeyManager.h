@@ -26,6 +26,17 @@ public:
     virtual void registerHotKey(std::uint32_t id, std::uint32_t keyCode, std::uint32_t modifiers) = 0;
     virtual void unregisterHotKey(std::uint32_t id) = 0;
 
+    /// By which facility of the desktop it works at the moment, for reports; not translated.
+    [[nodiscard]] virtual QString way() const { return {}; }
+
+    /// What the user has to do so that the combination also works while another program has the keyboard, pressed or,
+    /// with @p isHeld, for as long as it is held: a sentence, then lines to copy. nullopt where registering it is all.
+    [[nodiscard]] virtual std::optional<QString> howToBind(std::uint32_t /*keyCode*/, std::uint32_t /*modifiers*/,
+                                                           bool /*isHeld*/) const
+    {
+        return std::nullopt;
+    }
+
     /// The stored code of the key @p nativeScanCode from a window system event: its unmodified symbol, or in a layout
     /// without Latin letters, the letter it has in another layout. nullopt for modifiers, for keys without a symbol,
     /// and without a display.

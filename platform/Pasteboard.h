@@ -25,6 +25,9 @@ public:
 
     virtual ~Pasteboard() = default;
 
+    /// Whether the desktop lets this program copy while other programs have the keyboard. If not, selections are empty
+    /// and setters do nothing.
+    [[nodiscard]] virtual bool isOffered() const { return true; }
     /// nullopt if the clipboard is empty, holds no text, or its owner does not answer in time.
     [[nodiscard]] virtual std::optional<QString> string(Selection selection) const = 0;
     virtual void setString(Selection selection, const QString& text) = 0;

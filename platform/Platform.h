@@ -5,6 +5,7 @@
 #include "platform/AudioHardware.h"
 #include "platform/DesktopAppearance.h"
 #include "platform/DesktopShortcuts.h"
+#include "platform/DesktopWays.h"
 #include "platform/HotKeyManager.h"
 #include "platform/KeyEventPoster.h"
 #include "platform/LanguageRecognizer.h"
@@ -44,6 +45,7 @@ struct Platform
     std::unique_ptr<SystemSounds> sounds;
     std::unique_ptr<TrayHost> tray;
     std::unique_ptr<Workspace> workspace;
+    DesktopWays ways; ///< only with everything
 };
 
 /// What to create: everything for the desktop program, which needs a QGuiApplication, or one part for a command, which

@@ -10,6 +10,8 @@
 #include <memory>
 #include <optional>
 
+class QWindow;
+
 namespace vantro {
 
 /// What the user does at the keyboard and with the pointer, in whatever program. Main thread only.
@@ -46,6 +48,11 @@ public:
     virtual bool openUrl(const QString& url) = 0;
     /// Whether translucency works; without a compositor it is rendered black.
     [[nodiscard]] virtual bool isCompositing() const = 0;
+    /// Shows @p window, frameless and in the place that its geometry has on the screen, above everything else, on the
+    /// screen that the user is on. With `exclusive` it has the keyboard until it is hidden. Returns false and does
+    /// nothing on systems where a window does that by itself.
+    enum class PanelKeyboard { exclusive, none };
+    virtual bool showPanel(QWindow& /*window*/, PanelKeyboard /*keyboard*/) { return false; }
     /// Watches the user while the result exists; only one may exist at a time.
     [[nodiscard]] virtual std::unique_ptr<UserActivity> watchUser() = 0;
 

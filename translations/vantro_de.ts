@@ -278,6 +278,29 @@
     </message>
 </context>
 <context>
+    <name>DesktopWays</name>
+    <message>
+        <source>On this desktop the shortcut works, and texts are pasted, only in programs of X11. Bind a shortcut to the command vantro toggle, and paste yourself.</source>
+        <translation>Auf diesem Desktop wirkt das Kürzel nur in X11-Programmen, und nur dort werden Texte eingefügt. Lege ein Kürzel auf den Befehl vantro toggle und füge selbst ein.</translation>
+    </message>
+    <message>
+        <source>This desktop lets no program copy in the background: your texts are in the history.</source>
+        <translation>Auf diesem Desktop kann kein Programm im Hintergrund kopieren: deine Texte stehen im Verlauf.</translation>
+    </message>
+    <message>
+        <source>This desktop lets no program press keys for you: paste your texts yourself.</source>
+        <translation>Auf diesem Desktop kann kein Programm für dich Tasten drücken: füge deine Texte selbst ein.</translation>
+    </message>
+    <message>
+        <source>This desktop lets no panel stay above other windows.</source>
+        <translation>Auf diesem Desktop bleibt kein Feld über anderen Fenstern.</translation>
+    </message>
+    <message>
+        <source>This desktop does not tell which window you are in: terminals need Ctrl+Shift+V.</source>
+        <translation>Dieser Desktop sagt nicht, in welchem Fenster du bist: Terminals brauchen Ctrl+Shift+V.</translation>
+    </message>
+</context>
+<context>
     <name>Dictation</name>
     <message>
         <source>The microphone was lost during the recording. Anything said after that is missing. %1</source>
@@ -346,6 +369,10 @@
     <message>
         <source>Your words are there as you said them.</source>
         <translation>Dein Text steht da, wie du ihn gesprochen hast.</translation>
+    </message>
+    <message>
+        <source>The text is in the history.</source>
+        <translation>Der Text steht im Verlauf.</translation>
     </message>
 </context>
 <context>
@@ -1759,6 +1786,10 @@
         <source>A sentence of ten seconds takes it about %1 s on this computer.</source>
         <translation>Für einen Satz von zehn Sekunden braucht es auf diesem Rechner etwa %1 s.</translation>
     </message>
+    <message>
+        <source>Do what stands below, once. Then press it to start, and Space when you are done.</source>
+        <translation>Tu einmal, was unten steht. Dann beginnst du damit, und mit der Leertaste endest du.</translation>
+    </message>
 </context>
 <context>
     <name>PasteDelivery</name>
@@ -1809,6 +1840,10 @@
     <message>
         <source>The window you were working in has not taken the text yet. It appears when the window responds; only if it does not, press %1 there.</source>
         <translation>Das Fenster, in dem du gearbeitet hast, hat den Text noch nicht übernommen. Er erscheint, sobald es antwortet; nur wenn er ausbleibt, drücke dort %1.</translation>
+    </message>
+    <message>
+        <source>This desktop lets no program copy while you work in another.</source>
+        <translation>Auf diesem Desktop kann kein Programm kopieren, während du in einem anderen arbeitest.</translation>
     </message>
 </context>
 <context>
@@ -2746,6 +2781,39 @@
     </message>
 </context>
 <context>
+    <name>WaylandConnection</name>
+    <message>
+        <source>The connection to the desktop is gone. Start vantro again.</source>
+        <translation>Die Verbindung zum Desktop ist abgebrochen. Starte vantro neu.</translation>
+    </message>
+</context>
+<context>
+    <name>WaylandHotKeyManager</name>
+    <message>
+        <source>Dictate</source>
+        <translation>Diktieren</translation>
+    </message>
+    <message>
+        <source>Your desktop gives the shortcut to a command. Add to its configuration:</source>
+        <translation>Dein Desktop gibt das Kürzel einem Befehl. Ergänze seine Konfiguration um:</translation>
+    </message>
+    <message>
+        <source>In your desktop&apos;s keyboard settings, bind %1 to the command: %2</source>
+        <translation>Lege in den Tastatureinstellungen deines Desktops %1 auf den Befehl: %2</translation>
+    </message>
+</context>
+<context>
+    <name>WaylandKeyEventPoster</name>
+    <message>
+        <source>This desktop lets no program press keys for you.</source>
+        <translation>Auf diesem Desktop kann kein Programm für dich Tasten drücken.</translation>
+    </message>
+    <message>
+        <source>The desktop did not take the paste keystroke.</source>
+        <translation>Der Desktop hat den Tastendruck zum Einfügen nicht angenommen.</translation>
+    </message>
+</context>
+<context>
     <name>Windows</name>
     <message>
         <source>vantro settings</source>
@@ -2902,6 +2970,18 @@
     <message>
         <source>The language model is ready</source>
         <translation>Das Sprachmodell ist bereit</translation>
+    </message>
+    <message>
+        <source>not offered</source>
+        <translation>nicht angeboten</translation>
+    </message>
+    <message>
+        <source>Desktop: %1</source>
+        <translation>Desktop: %1</translation>
+    </message>
+    <message>
+        <source>Shortcut: %1. Clipboard: %2. Paste: %3. Panel: %4. Windows: %5.</source>
+        <translation>Kürzel: %1. Zwischenablage: %2. Einfügen: %3. Feld: %4. Fenster: %5.</translation>
     </message>
 </context>
 <context>

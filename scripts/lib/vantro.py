@@ -17,7 +17,7 @@ from program import DesktopError
 
 ROOT = Path(__file__).resolve().parent.parent.parent
 BUS_NAME = "com.vantro.app"
-WINDOW_CLASS = "vantro"
+WINDOW_CLASSES = ("vantro", BUS_NAME)  # on X11, on Wayland
 LAUNCHER_TITLE = "vantro"
 HUD_TITLE = "paste-hud"
 SHORTCUT = "Ctrl+Alt+D"
@@ -104,7 +104,7 @@ class Vantro:
     def window(self, title):
         """The program's visible window with exactly that title, or None."""
         return next((window for window in self.desktop.display.windows()
-                     if window.wm_class == WINDOW_CLASS and window.title == title), None)
+                     if window.wm_class in WINDOW_CLASSES and window.title == title), None)
 
     def launcher(self):
         return self.window(LAUNCHER_TITLE)
@@ -112,7 +112,7 @@ class Vantro:
     def alerts(self):
         """All other visible windows."""
         return [window for window in self.desktop.display.windows()
-                if window.wm_class == WINDOW_CLASS and window.title not in (LAUNCHER_TITLE, HUD_TITLE)]
+                if window.wm_class in WINDOW_CLASSES and window.title not in (LAUNCHER_TITLE, HUD_TITLE)]
 
     def wait_for_launcher(self):
         """Waits until the launcher has the keyboard and the microphone is recorded."""

@@ -32,8 +32,6 @@ FORMER = "what was copied before"
 SKIPPED = 77
 REST_S = 1.2  # the keyboard's, before a window that came up by itself takes keys
 TRIES = 5
-_NEEDED = ("Xvfb", "openbox", "xcompmgr", "dbus-daemon", "gdbus", "gnome-keyring-daemon", "pulseaudio", "pactl",
-           "paplay", "mousepad", "xterm", "xclip", "xdotool")
 
 
 def program_under_test():
@@ -49,16 +47,20 @@ def words(text):
 class DictationCase(unittest.TestCase):
     """One desktop and one program for all tests of a class. Every test must leave both unharmed."""
 
+    NEEDED = ("Xvfb", "openbox", "xcompmgr", "dbus-daemon", "gdbus", "gnome-keyring-daemon", "pulseaudio", "pactl",
+              "paplay", "mousepad", "xterm", "xclip", "xdotool")
+    TYPED = "x "  # by the keys x and space
+
     @classmethod
     def setUpClass(cls):
         program = program_under_test()
         if program is None:
             raise unittest.SkipTest("there is no built program; VANTRO_PROGRAM can name one")
-        missing = [name for name in _NEEDED if not shutil.which(name)]
+        missing = [name for name in cls.NEEDED if not shutil.which(name)]
         if missing:
             raise unittest.SkipTest(f"not installed: {', '.join(missing)}")
         cls.desktop = cls.enterClassContext(cls.make_desktop())
-        cls.vantro = Vantro(cls.desktop, program)
+        cls.vantro = cls.make_vantro(program)
         cls.prepare_profile()
         cls.editor = cls.desktop.open_editor()
         cls.vantro.start()
@@ -66,6 +68,10 @@ class DictationCase(unittest.TestCase):
     @classmethod
     def make_desktop(cls):
         return VirtualDesktop()
+
+    @classmethod
+    def make_vantro(cls, program):
+        return Vantro(cls.desktop, program)
 
     @classmethod
     def prepare_profile(cls):
@@ -95,7 +101,7 @@ class DictationCase(unittest.TestCase):
         before = self.editor.text()
         self.desktop.press("x")
         self.desktop.press("space")
-        self.wait(lambda: self.editor.text() == before + "x ", 5, "typed keys to arrive in the editor")
+        self.wait(lambda: self.editor.text() == before + self.TYPED, 5, "typed keys to arrive in the editor")
 
     # --- steps
 

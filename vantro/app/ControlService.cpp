@@ -5,6 +5,7 @@
 #include "vantro/audio/AudioRecorder.h"
 
 #include <QDBusConnection>
+#include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 
@@ -186,6 +187,13 @@ QString ControlService::Status() const
                        {QStringLiteral("microphone"), parts_.devices.effectiveDeviceName()},
                        {QStringLiteral("shortcut"), shortcut ? shortcut->displayText() : QString()},
                        {QStringLiteral("version"), QStringLiteral(VANTRO_VERSION)},
+                       {QStringLiteral("desktop"), parts_.ways.desktop},
+                       {QStringLiteral("shortcut_by"), parts_.shortcuts.way()},
+                       {QStringLiteral("clipboard_by"), parts_.ways.clipboard},
+                       {QStringLiteral("paste_by"), parts_.ways.paste},
+                       {QStringLiteral("panel_by"), parts_.ways.panel},
+                       {QStringLiteral("windows_by"), parts_.ways.windows},
+                       {QStringLiteral("missing"), QJsonArray::fromStringList(parts_.ways.missing)},
                        {QStringLiteral("last"), delegate_.timings().toJson()}};
     if (const auto failure = parts_.shortcuts.failure(name))
         status.insert(QStringLiteral("shortcut_failure"), *failure);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/DesktopWays.h"
 #include "vantro/ai/ProcessingMode.h"
 
 #include <QDBusAbstractAdaptor>
@@ -38,6 +39,7 @@ public:
         ModelSelection& models;
         const KeyboardShortcuts& shortcuts;
         Recovery& recovery;
+        const DesktopWays& ways;
     };
     /// The error of a call that finds no kept recording.
     static QString nothingKept() { return QStringLiteral("com.vantro.Error.NothingKept"); }

@@ -7,6 +7,7 @@
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
 #include <QDBusReply>
+#include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 
@@ -21,11 +22,14 @@ void printStatus(const QByteArray& json, bool asJson)
         return;
     }
     const QJsonObject status = QJsonDocument::fromJson(json).object();
-    for (const char* key : {"state", "mode", "model", "microphone", "shortcut", "shortcut_failure", "version"}) {
+    for (const char* key : {"state", "mode", "model", "microphone", "shortcut", "shortcut_failure", "desktop",
+                            "shortcut_by", "clipboard_by", "paste_by", "panel_by", "windows_by", "version"}) {
         const QString name = QLatin1String(key);
         if (status.contains(name))
             terminal::writeLine(name + QLatin1Char('\t') + status.value(name).toString());
     }
+    for (const auto& missing : status.value(QLatin1String("missing")).toArray())
+        terminal::writeLine(QStringLiteral("missing\t") + missing.toString());
 }
 
 /// By its name here or its own.

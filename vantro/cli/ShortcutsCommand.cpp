@@ -36,7 +36,7 @@ NAME is "open" (openModal: start a dictation), "stop" (stopRecordingAndCloseModa
 launcher has the focus) or "original" (pasteOriginal: paste the words of the last dictation as they were said).
 Changes take effect at once.
 
-Exit status: 0 done, 1 refused or not pressed, 2 wrong usage, 4 no X server, 5 the settings cannot be written.)";
+Exit status: 0 done, 1 refused or not pressed, 2 wrong usage, 4 no desktop, 5 the settings cannot be written.)";
 
 constexpr auto followPatience = 3s;
 constexpr int secondsToPress = 10;
@@ -82,8 +82,8 @@ const Name& nameFrom(const CommandCall& call)
 
 void requireKeyboard()
 {
-    if (qEnvironmentVariableIsEmpty("DISPLAY"))
-        throw CommandError(ExitCode::noService, QStringLiteral("there is no X server: run it in your desktop session"));
+    if (qEnvironmentVariableIsEmpty("DISPLAY") && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY"))
+        throw CommandError(ExitCode::noService, QStringLiteral("there is no desktop: run it in your desktop session"));
 }
 
 QString textOf(const std::optional<Shortcut>& shortcut)
@@ -128,10 +128,11 @@ int show(const CommandCall& call)
                                 {QStringLiteral("works"), problem.isEmpty()},
                                 {QStringLiteral("problem"), problem}});
         rows.push_back({QLatin1String(slot.word), keys.isEmpty() ? QStringLiteral("-") : keys, title,
-                        !problem.isEmpty() ? problem
-                        : keys.isEmpty()   ? QStringLiteral("not set")
-                        : isGlobal         ? QStringLiteral("works")
-                                           : QStringLiteral("in the launcher")});
+                        !problem.isEmpty()                       ? problem
+                        : keys.isEmpty()                         ? QStringLiteral("not set")
+                        : !isGlobal                              ? QStringLiteral("in the launcher")
+                        : session.shortcuts.howToBind(slot.name) ? QStringLiteral("by your desktop's binding")
+                                                                 : QStringLiteral("works")});
     }
     if (call.json()) {
         terminal::writeJson(QJsonObject{{QStringLiteral("mode"), session.mode()},
@@ -140,6 +141,8 @@ int show(const CommandCall& call)
         return ExitCode::done;
     }
     terminal::writeTable(rows);
+    if (const auto binding = session.shortcuts.howToBind(Name::openModal))
+        terminal::writeMessage(*binding);
     if (terminal::outputIsTerminal())
         terminal::writeLine(session.mode() == QLatin1String("hold")
                                 ? QStringLiteral("\nThe recording lasts as long as the shortcut is held (mode hold).")
@@ -246,6 +249,8 @@ int test(const CommandCall& call)
     const QString problem = problemOf(session, name);
     if (!shortcut || !problem.isEmpty())
         throw CommandError(ExitCode::failed, problem);
+    if (const auto binding = session.shortcuts.howToBind(name))
+        throw CommandError(ExitCode::failed, *binding);
     if (!isHeldByRunningProgram(session, name))
         return waitForPress(session, *shortcut, call.json());
     if (call.json())

@@ -38,11 +38,6 @@ QString plain(const QString& text)
     return withoutControlCharacters(text).trimmed();
 }
 
-QString onClipboard()
-{
-    return PasteDelivery::tr("The text is on the clipboard.");
-}
-
 } // namespace
 
 /// Resumes when the front window changes, or after 2 ms: the input focus follows the window manager without a signal of
@@ -277,6 +272,11 @@ bool PasteDelivery::hasKeyboard(WindowID window) const
 
 PasteDelivery::Outcome PasteDelivery::paste(const QString& dictated, WindowID target, Restore former)
 {
+    // The keystroke would paste what somebody else has copied.
+    if (!canCopy()) {
+        keystrokeError_ = tr("This desktop lets no program copy while you work in another.");
+        return Outcome::KeystrokeFailed;
+    }
     const auto chord = chordOf(target);
     if (chord == KeyEventPoster::PasteChord::ShiftInsert) {
         former.primary = this->former(Selection::Primary, dictated, former.primary);
@@ -297,6 +297,11 @@ PasteDelivery::Outcome PasteDelivery::paste(const QString& dictated, WindowID ta
     return Outcome::Pasted;
 }
 
+QString PasteDelivery::whereItIs() const
+{
+    return canCopy() ? tr("The text is on the clipboard.") : tr("The text is in the history.");
+}
+
 QString PasteDelivery::explanation(Outcome outcome) const
 {
     switch (outcome) {
@@ -304,19 +309,19 @@ QString PasteDelivery::explanation(Outcome outcome) const
     case Outcome::Nothing:
         return {};
     case Outcome::NoTarget:
-        return tr("No window was active when the dictation began.") + QLatin1Char(' ') + onClipboard();
+        return tr("No window was active when the dictation began.") + QLatin1Char(' ') + whereItIs();
     case Outcome::TargetGone:
-        return tr("The window you were working in has been closed.") + QLatin1Char(' ') + onClipboard();
+        return tr("The window you were working in has been closed.") + QLatin1Char(' ') + whereItIs();
     case Outcome::MovedOn:
-        return tr("You have moved on to another window.") + QLatin1Char(' ') + onClipboard();
+        return tr("You have moved on to another window.") + QLatin1Char(' ') + whereItIs();
     case Outcome::FocusNotReturned:
-        return tr("The window you were working in did not become active again.") + QLatin1Char(' ') + onClipboard();
+        return tr("The window you were working in did not become active again.") + QLatin1Char(' ') + whereItIs();
     case Outcome::UserAway:
-        return tr("You were away when the text was ready.") + QLatin1Char(' ') + onClipboard();
+        return tr("You were away when the text was ready.") + QLatin1Char(' ') + whereItIs();
     case Outcome::KeyboardTaken:
-        return tr("A menu or a locked screen had the keyboard to itself.") + QLatin1Char(' ') + onClipboard();
+        return tr("A menu or a locked screen had the keyboard to itself.") + QLatin1Char(' ') + whereItIs();
     case Outcome::KeystrokeFailed:
-        return keystrokeError_ + QLatin1Char(' ') + onClipboard();
+        return keystrokeError_ + QLatin1Char(' ') + whereItIs();
     }
     return {};
 }

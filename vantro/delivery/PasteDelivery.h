@@ -64,6 +64,8 @@ public:
     /// The window of another program that was in front last; an empty target when there is none.
     [[nodiscard]] Target otherWindow() const { return {lastOther_, std::nullopt}; }
 
+    /// Whether there is a clipboard for a text that is not pasted. Otherwise it is only in the history.
+    [[nodiscard]] bool canCopy() const { return pasteboard_.isOffered(); }
     /// Puts @p text, trimmed, where pasteKeys() finds it. Returns false and changes nothing when it is blank.
     bool copy(const QString& text);
     /// What makes the window in front paste, or the one before one of our own, for the user to read.
@@ -130,6 +132,7 @@ private:
     [[nodiscard]] QCoro::Task<> waitForKeyRelease();
     [[nodiscard]] bool isKeyboardBusy() const;
     [[nodiscard]] std::optional<Outcome> obstacle() const;
+    [[nodiscard]] QString whereItIs() const;
     [[nodiscard]] bool hasKeyboard(WindowID window) const;
     [[nodiscard]] bool hasMovedOn(WindowID target) const;
     [[nodiscard]] bool keepsEveryFormat() const;

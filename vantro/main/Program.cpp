@@ -108,7 +108,7 @@ Program::Program(const ProgramOptions& options)
                  [this](const TranscriptionModel& model) {
                      return speech_.engines.of(model).check(model);
                  }})
-    , control_(delegate_, {recorder_, devices_, speech_.selection, shortcuts_, recovery_},
+    , control_(delegate_, {recorder_, devices_, speech_.selection, shortcuts_, recovery_, platform_.ways},
                {[this](const QStringList& arguments) { shortcutSetup_.handOver(arguments); },
                 [this](const QString& window) { return windows_.show(window); },
                 [this](ProcessingMode mode) { return rewriting_.isUsable(mode); },

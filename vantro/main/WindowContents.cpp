@@ -25,6 +25,21 @@ namespace {
 
 const QString version = QStringLiteral(VANTRO_VERSION);
 
+/// Facilities by their protocols' names, and what is missing in words.
+QString describe(const DesktopWays& ways, const QString& shortcut)
+{
+    const auto named = [](const QString& way) {
+        return way.isEmpty() ? Windows::tr("not offered") : way;
+    };
+    QString text =
+        QLatin1Char('\n') + Windows::tr("Desktop: %1").arg(ways.desktop) + QLatin1Char('\n') +
+        Windows::tr("Shortcut: %1. Clipboard: %2. Paste: %3. Panel: %4. Windows: %5.")
+            .arg(named(shortcut), named(ways.clipboard), named(ways.paste), named(ways.panel), named(ways.windows));
+    for (const QString& missing : ways.missing)
+        text += QLatin1Char('\n') + missing;
+    return text;
+}
+
 template <typename Model>
 void put(LazyWindow::Content& content, const char* property, std::unique_ptr<Model> model)
 {
@@ -42,7 +57,8 @@ LazyWindow::Content Windows::settingsContent()
                                                                       Q_EMIT quitRequested();
                                                                   }});
     about->version = version;
-    about->system = mail::systemInformation(version, *parts_.platform.systemInfo);
+    about->system = mail::systemInformation(version, *parts_.platform.systemInfo) +
+                    describe(parts_.platform.ways, parts_.shortcuts.way());
 
     LazyWindow::Content content;
     put(content, "general",

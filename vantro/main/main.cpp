@@ -2,6 +2,7 @@
 #include "base/Logger.h"
 #include "platform/SystemLog.h"
 #include "platform/ThisProcess.h"
+#include "platform/WindowSystem.h"
 #include "vantro/cli/CommandLine.h"
 #include "vantro/main/Program.h"
 #include "vantro/main/Translations.h"
@@ -14,6 +15,7 @@
 
 #include <csignal>
 #include <cstdlib>
+#include <optional>
 
 namespace {
 
@@ -63,7 +65,9 @@ int main(int argc, char** argv)
     std::signal(SIGPIPE, SIG_IGN);
     // A panel of 500 x 200 needs no GPU; its drivers would take more memory and time than everything else.
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+    std::optional<vantro::windowsystem::Choice> windowSystem(std::in_place);
     QApplication application(argc, argv); // the embedded tray icon and the tray menu are widgets
+    windowSystem.reset();
     application.setQuitOnLastWindowClosed(false);
     vantro::Translations translations;
     QCoreApplication::installTranslator(&translations);

@@ -29,18 +29,18 @@ constexpr int depthWithAlpha = 32;
 
 } // namespace
 
-LinuxTrayHost::LinuxTrayHost(X11Connection& connection) : connection_(connection)
+LinuxTrayHost::LinuxTrayHost(X11Connection* connection) : connection_(connection)
 {
-    if (connection_.isOpen()) {
-        Display* const display = connection_.display();
+    if (isConnected()) {
+        Display* const display = connection_->display();
         const std::string selection = "_NET_SYSTEM_TRAY_S" + std::to_string(DefaultScreen(display));
         selectionAtom_ = XInternAtom(display, selection.c_str(), False);
         managerAtom_ = XInternAtom(display, "MANAGER", False);
         // A new tray sends MANAGER to the root window.
-        connection_.selectRootEvents(StructureNotifyMask);
-        connection_.addListener(this, [this](XEvent& event) {
+        connection_->selectRootEvents(StructureNotifyMask);
+        connection_->addListener(this, [this](XEvent& event) {
             if (event.type == ReparentNotify && event.xreparent.window == embeddedWindow_ &&
-                event.xreparent.parent != connection_.rootWindow())
+                event.xreparent.parent != connection_->rootWindow())
                 Q_EMIT embedded(embeddedWindow_);
             const bool hasCome = event.type == ClientMessage && event.xclient.message_type == managerAtom_;
             const bool hasGone = event.type == DestroyNotify && event.xdestroywindow.window == trayWindow_;
@@ -61,6 +61,11 @@ LinuxTrayHost::LinuxTrayHost(X11Connection& connection) : connection_(connection
         askWatcher();
     }
     look();
+}
+
+bool LinuxTrayHost::isConnected() const
+{
+    return connection_ != nullptr && connection_->isOpen();
 }
 
 void LinuxTrayHost::askWatcher()
@@ -100,10 +105,10 @@ void LinuxTrayHost::look()
 
 unsigned long LinuxTrayHost::findTrayWindow()
 {
-    if (!connection_.isOpen())
+    if (!isConnected())
         return 0;
-    Display* const display = connection_.display();
-    const X11ErrorTrap trap(connection_); // the owner may disappear at any time
+    Display* const display = connection_->display();
+    const X11ErrorTrap trap(*connection_); // the owner may disappear at any time
     const Window owner = XGetSelectionOwner(display, selectionAtom_);
     if (owner != None)
         XSelectInput(display, owner, StructureNotifyMask);
@@ -112,10 +117,10 @@ unsigned long LinuxTrayHost::findTrayWindow()
 
 bool LinuxTrayHost::embedsTranslucent() const
 {
-    if (!connection_.isOpen() || trayWindow_ == 0)
+    if (!isConnected() || trayWindow_ == 0)
         return false;
-    Display* const display = connection_.display();
-    const X11ErrorTrap trap(connection_);
+    Display* const display = connection_->display();
+    const X11ErrorTrap trap(*connection_);
     Atom type = None;
     int format = 0;
     unsigned long count = 0;
@@ -137,15 +142,15 @@ bool LinuxTrayHost::embedsTranslucent() const
 void LinuxTrayHost::embed(WindowID window)
 {
     const auto* const application = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    if (application == nullptr || !connection_.isOpen() || trayWindow_ == 0)
+    if (application == nullptr || !isConnected() || trayWindow_ == 0)
         return;
     // Sync Qt's connection, which created the window: the server must know it before the tray does.
     if (!embedsTranslucent())
         XSetWindowBackgroundPixmap(application->display(), window, ParentRelative);
     XSync(application->display(), False);
 
-    Display* const display = connection_.display();
-    const X11ErrorTrap trap(connection_);
+    Display* const display = connection_->display();
+    const X11ErrorTrap trap(*connection_);
     embeddedWindow_ = window;
     XSelectInput(display, window, StructureNotifyMask);
     XEvent event = {};

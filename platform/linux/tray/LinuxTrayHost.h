@@ -15,8 +15,8 @@ class LinuxTrayHost final : public TrayHost
 {
     Q_OBJECT
 public:
-    /// @p connection must outlive this object.
-    explicit LinuxTrayHost(X11Connection& connection);
+    /// @p connection must outlive this object; null where there is no X11 desktop, and so no XEmbed tray.
+    explicit LinuxTrayHost(X11Connection* connection);
 
     [[nodiscard]] Kind kind() const override { return kind_; }
     [[nodiscard]] bool embedsTranslucent() const override;
@@ -28,9 +28,10 @@ private Q_SLOTS:
 private:
     void setHasNotifierHost(bool hasHost);
     void look();
+    [[nodiscard]] bool isConnected() const;
     [[nodiscard]] unsigned long findTrayWindow();
 
-    X11Connection& connection_;
+    X11Connection* connection_;
     QDBusServiceWatcher watcher_;
     unsigned long trayWindow_ = 0;     ///< of an XEmbed tray; 0 if there is none
     unsigned long embeddedWindow_ = 0; ///< the window passed to it last

@@ -31,6 +31,7 @@ public:
 
     void registerHotKey(std::uint32_t id, std::uint32_t keyCode, std::uint32_t modifiers) override;
     void unregisterHotKey(std::uint32_t id) override;
+    [[nodiscard]] QString way() const override { return QStringLiteral("key grab"); }
     [[nodiscard]] std::optional<std::uint32_t> keyCodeOf(std::uint32_t nativeScanCode) const override;
 
 private:

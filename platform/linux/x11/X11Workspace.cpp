@@ -1,16 +1,9 @@
 #include "platform/linux/x11/X11Workspace.h"
 
-#include "base/Logger.h"
+#include "platform/linux/windows/OwnWindows.h"
 #include "platform/linux/x11/X11Connection.h"
 #include "platform/linux/x11/X11ErrorTrap.h"
 #include "platform/linux/x11/X11UserActivity.h"
-
-#include <QDesktopServices>
-#include <QGuiApplication>
-#include <QInputMethodQueryEvent>
-#include <QQuickItem>
-#include <QQuickWindow>
-#include <QUrl>
 
 #include <X11/Xatom.h>
 #include <X11/Xlib.h>
@@ -32,23 +25,6 @@ struct XFreeDeleter
 /// Source indication "pager" (EWMH): window managers grant requests on the user's behalf.
 constexpr long sourceIsUser = 2;
 constexpr long maxPropertyLongs = 4096;
-
-const QWindow* ownWindow(WindowID window)
-{
-    const QWindowList own = QGuiApplication::allWindows();
-    const auto found = std::ranges::find_if(
-        own, [&](QWindow* candidate) { return candidate->handle() && candidate->winId() == window; });
-    return found != own.end() ? *found : nullptr;
-}
-
-/// The item that has the focus whenever @p window has the keyboard; null without one.
-QQuickItem* focusItem(const QQuickWindow* window)
-{
-    QQuickItem* item = window != nullptr ? window->contentItem() : nullptr;
-    while (item != nullptr && item->isFocusScope() && item->scopedFocusItem() != nullptr)
-        item = item->scopedFocusItem();
-    return item;
-}
 
 } // namespace
 
@@ -127,17 +103,12 @@ void X11Workspace::activateWindow(WindowID window)
 
 bool X11Workspace::isOwn(WindowID window) const
 {
-    return ownWindow(window) != nullptr;
+    return ownwindows::find(window) != nullptr;
 }
 
 bool X11Workspace::takesText(WindowID window) const
 {
-    QQuickItem* const item = focusItem(qobject_cast<const QQuickWindow*>(ownWindow(window)));
-    if (item == nullptr)
-        return false;
-    QInputMethodQueryEvent query(Qt::ImEnabled);
-    QCoreApplication::sendEvent(item, &query);
-    return query.value(Qt::ImEnabled).toBool();
+    return ownwindows::takesText(window);
 }
 
 QStringList X11Workspace::windowClass(WindowID window) const
@@ -155,10 +126,7 @@ QStringList X11Workspace::windowClass(WindowID window) const
 
 bool X11Workspace::openUrl(const QString& url)
 {
-    const bool isOpened = QDesktopServices::openUrl(QUrl(url));
-    if (!isOpened)
-        Logger("X11Workspace").error(QStringLiteral("No program could be started to open %1").arg(url));
-    return isOpened;
+    return ownwindows::openUrl(url);
 }
 
 bool X11Workspace::managerSupports(unsigned long atom) const

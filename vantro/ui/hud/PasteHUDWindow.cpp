@@ -41,7 +41,7 @@ QPoint centreOfMainScreen()
 
 } // namespace
 
-PasteHUDWindow::PasteHUDWindow(QQmlEngine& engine, const Workspace& workspace, Clock& clock)
+PasteHUDWindow::PasteHUDWindow(QQmlEngine& engine, Workspace& workspace, Clock& clock)
     : QQuickView(&engine, nullptr)
     , workspace_(workspace)
     , clock_(clock)
@@ -138,8 +138,10 @@ void PasteHUDWindow::present(std::optional<QRect> anchor, std::function<void()> 
     model_.startSize = model_.isAnimated && anchor ? anchor->size() : restingSize;
     model_.isSettled = false;
     Q_EMIT model_.changed();
-    show();
-    raise(); // an alert that came since may lie there
+    if (!workspace_.showPanel(*this, Workspace::PanelKeyboard::none)) {
+        show();
+        raise(); // an alert that came since may lie there
+    }
     QTimer::singleShot(0, dismissWorkItem_.get(), [this] {
         model_.isSettled = true;
         Q_EMIT model_.changed();

@@ -19,7 +19,7 @@ class PasteHUDWindow final : public QQuickView
 {
     Q_OBJECT
 public:
-    PasteHUDWindow(QQmlEngine& engine, const Workspace& workspace, Clock& clock);
+    PasteHUDWindow(QQmlEngine& engine, Workspace& workspace, Clock& clock);
     ~PasteHUDWindow() override;
 
     /// @p anchor: the launcher's frame, in screen coordinates; the middle of the main screen when there is none.
@@ -45,7 +45,7 @@ private:
     QSize place(QRect content);
     void dismiss();
 
-    const Workspace& workspace_;
+    Workspace& workspace_;
     Clock& clock_;
     PasteHUDModel model_;
     std::function<QString()> keys_;

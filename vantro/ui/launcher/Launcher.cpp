@@ -106,9 +106,11 @@ void Launcher::makeKeyAndOrderFront()
     const QString stopKeys = keysOf(KeyboardShortcuts::Name::stopRecordingAndCloseModal);
     model_.setEndingHint(tr("<%1> Start transcription").arg(wording::shownKeys(stopKeys)), cancelHint());
     former_ = workspace_.frontWindow();
-    show();
-    raise();
-    takeKeyboard();
+    if (!workspace_.showPanel(*this, Workspace::PanelKeyboard::exclusive)) {
+        show();
+        raise();
+        takeKeyboard();
+    }
     followKeyboard();
 }
 
@@ -127,6 +129,8 @@ void Launcher::orderFront()
     connect(&dictation_, &Dictation::stateChanged, this, &Launcher::followState);
     // Past the window manager, which keeps full-screen windows that have the keyboard above everything it manages.
     setFlags(Qt::ToolTip | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint | Qt::WindowDoesNotAcceptFocus);
+    if (workspace_.showPanel(*this, Workspace::PanelKeyboard::none))
+        return;
     show();
     raise();
 }

@@ -249,6 +249,8 @@ QString OnboardingModel::shortcutText() const
         return *failure;
     if (!isShortcutGood())
         return tr("None of the usual shortcuts is free. Record one of your own.");
+    if (parts_.shortcuts.howToBind(KeyboardShortcuts::Name::openModal))
+        return tr("Do what stands below, once. Then press it to start, and Space when you are done.");
     return tr("It works in every program. Press it to start, and Space when you are done.");
 }
 
