@@ -73,12 +73,19 @@ class SwayDesktop(WaylandDesktop):
     def _focus(self, window):
         self.message(f"[con_id={window.id}]", "focus")
 
-    def panel_shown(self):
-        """Whether a panel of the program is on the screen."""
-        x, y, width, height = _PANELS
+    def pixels(self, x, y, width, height):
         picture = subprocess.run(["grim", "-g", f"{x},{y} {width}x{height}", "-t", "ppm", "-"], env=self.env,
                                  capture_output=True, check=True, timeout=10).stdout
-        return picture[-3 * width * height:] != _BACKGROUND * (width * height)
+        return picture[-3 * width * height:]
+
+    def panel_pixels(self):
+        """A part of the screen where panels are."""
+        return self.pixels(*_PANELS)
+
+    def panel_shown(self):
+        """Whether a panel of the program is on the screen."""
+        pixels = self.panel_pixels()
+        return pixels != _BACKGROUND * (len(pixels) // 3)
 
     def screenshot(self, path):
         path = Path(path).absolute()

@@ -11,6 +11,7 @@ sys.path.insert(0, str(ROOT / "scripts" / "lib"))
 
 import swaydesktop  # noqa: E402
 import waylanddesktop  # noqa: E402
+from program import poll_until  # noqa: E402
 from swaydesktop import SwayDesktop, SwayVantro  # noqa: E402
 
 HOLD_KEYS = "ctrl+alt+a"
@@ -87,17 +88,18 @@ class SwayDictationTest(SwayCase):
         self.assertEqual(self.arrived(), "", "the text came into another window")
         self.wait(lambda: not self.desktop.panel_shown(), 20, "the notice to go")
 
-    def test_nothing_is_pasted_into_a_locker(self):
+    def test_a_locker_gets_no_text_and_shows_none(self):
         self.vantro.open_launcher()
         self.speak(CHILD)
         locker = self.desktop.start("swaylock", "--color", "000000")
-        self.wait(lambda: self.desktop.run("grim", "-g", "0,0 1x1", "-t", "ppm", self.desktop.home / "corner.ppm") == ""
-                  and (self.desktop.home / "corner.ppm").read_bytes()[-3:] == bytes(3), 10, "the locked screen")
+        self.wait(lambda: self.desktop.pixels(0, 0, 1, 1) == bytes(3), 10, "the locked screen")
         self.vantro.run("stop")
         self.wait_for_words_on_clipboard()
         self.wait(lambda: self.vantro.status()["state"] == "idle", 10, "the end of the dictation")
         self.assertNotIn("Attempting to paste", self.news())
+        self.assertEqual(set(self.desktop.panel_pixels()), {0}, "the display is above the locker")
         locker.stop()
+        self.wait(self.vantro.notice, 10, "the notice for who is back")
         self.wait(lambda: not self.desktop.panel_shown(), 20, "the notice to go")
         self.assertEqual(self.arrived(), "")
 
@@ -123,6 +125,27 @@ class SwayDictationTest(SwayCase):
         self.assertEqual(words(self.wait_for_text()), CHILD_WORDS)
         self.wait_for_clipboard(FORMER)
         self.wait(lambda: SECRET_HINT in seen.read_text(), 10, "the hint")
+
+
+class LostCompositorTest(SwayCase):
+    def test_what_was_said_until_the_compositor_went_becomes_text_later(self):
+        self.vantro.quit()
+        compositor = self.desktop.start("sway", "--config", self.desktop.folder / "sway.conf")
+        socket = self.wait(lambda: next((path.name for path in self.desktop.runtime_folder.glob("wayland-?")
+                                         if path.name != self.desktop.env["WAYLAND_DISPLAY"]), None), 20,
+                           "another compositor")
+        self.vantro.start(env={"WAYLAND_DISPLAY": socket})
+        self.assertEqual(self.vantro.run("start").returncode, 0)
+        self.wait(self.desktop.audio.recording_sources, 10, "the recording")
+        self.speak(CHILD)
+        compositor.kill()
+        self.assertTrue(poll_until(lambda: not self.vantro.process.running, 10), "the program lives on")
+        self.assertEqual(self.desktop.audio.recording_sources(), [])
+        self.vantro.start()
+        self._log_before = 0
+        self.answer(self.wait_for_alert_saying("became text"), "space")
+        self.wait_for_words_on_clipboard()
+        self.wait_until_over()
 
 
 class OtherLayoutTest(SwayCase):

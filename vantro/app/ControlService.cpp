@@ -197,6 +197,8 @@ QString ControlService::Status() const
                        {QStringLiteral("last"), delegate_.timings().toJson()}};
     if (const auto failure = parts_.shortcuts.failure(name))
         status.insert(QStringLiteral("shortcut_failure"), *failure);
+    if (const auto binding = parts_.shortcuts.howToBind(name))
+        status.insert(QStringLiteral("how_to_bind"), *binding);
     return QString::fromUtf8(QJsonDocument(status).toJson(QJsonDocument::Compact));
 }
 

@@ -111,6 +111,15 @@ QString problemOf(Session& session, const Name& name)
     return session.shortcuts.whyUnavailable(*shortcut).value_or(QString());
 }
 
+/// What the user still has to do so that it works in other programs. Only the running program has asked the desktop.
+std::optional<QString> howToBind(const Session& session, const Name& name)
+{
+    if (!isHeldByRunningProgram(session, name))
+        return session.shortcuts.howToBind(name);
+    const QString text = session.running->value(QStringLiteral("how_to_bind")).toString();
+    return text.isEmpty() ? std::nullopt : std::optional(text);
+}
+
 int show(const CommandCall& call)
 {
     Session session;
@@ -128,11 +137,11 @@ int show(const CommandCall& call)
                                 {QStringLiteral("works"), problem.isEmpty()},
                                 {QStringLiteral("problem"), problem}});
         rows.push_back({QLatin1String(slot.word), keys.isEmpty() ? QStringLiteral("-") : keys, title,
-                        !problem.isEmpty()                       ? problem
-                        : keys.isEmpty()                         ? QStringLiteral("not set")
-                        : !isGlobal                              ? QStringLiteral("in the launcher")
-                        : session.shortcuts.howToBind(slot.name) ? QStringLiteral("by your desktop's binding")
-                                                                 : QStringLiteral("works")});
+                        !problem.isEmpty()              ? problem
+                        : keys.isEmpty()                ? QStringLiteral("not set")
+                        : !isGlobal                     ? QStringLiteral("in the launcher")
+                        : howToBind(session, slot.name) ? QStringLiteral("by your desktop's binding")
+                                                        : QStringLiteral("works")});
     }
     if (call.json()) {
         terminal::writeJson(QJsonObject{{QStringLiteral("mode"), session.mode()},
@@ -141,7 +150,7 @@ int show(const CommandCall& call)
         return ExitCode::done;
     }
     terminal::writeTable(rows);
-    if (const auto binding = session.shortcuts.howToBind(Name::openModal))
+    if (const auto binding = howToBind(session, Name::openModal))
         terminal::writeMessage(*binding);
     if (terminal::outputIsTerminal())
         terminal::writeLine(session.mode() == QLatin1String("hold")
@@ -249,7 +258,7 @@ int test(const CommandCall& call)
     const QString problem = problemOf(session, name);
     if (!shortcut || !problem.isEmpty())
         throw CommandError(ExitCode::failed, problem);
-    if (const auto binding = session.shortcuts.howToBind(name))
+    if (const auto binding = howToBind(session, name))
         throw CommandError(ExitCode::failed, *binding);
     if (!isHeldByRunningProgram(session, name))
         return waitForPress(session, *shortcut, call.json());

@@ -34,8 +34,8 @@ WaylandWorkspace::WaylandWorkspace(WaylandConnection& connection)
     , panels_(connection)
 {
     if (toplevels_ != nullptr)
-        connect(toplevels_.get(), &WaylandToplevels::changed, this, &WaylandWorkspace::frontWindowChanged);
-    connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, &WaylandWorkspace::frontWindowChanged);
+        connect(toplevels_.get(), &WaylandToplevels::changed, this, &WaylandWorkspace::noteKeyboard);
+    connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, &WaylandWorkspace::noteKeyboard);
 }
 
 std::optional<WindowID> WaylandWorkspace::frontWindow() const
@@ -60,7 +60,16 @@ std::optional<WindowID> WaylandWorkspace::otherWithKeyboard() const
 
 bool WaylandWorkspace::isKeyboardTaken() const
 {
-    return panels_.exclusive() != nullptr && windowWithKeyboard() == nullptr && !otherWithKeyboard();
+    if (windowWithKeyboard() != nullptr || otherWithKeyboard())
+        return false;
+    return panels_.exclusive() != nullptr || (lastOther_ && windowExists(*lastOther_));
+}
+
+void WaylandWorkspace::noteKeyboard()
+{
+    if (const auto other = otherWithKeyboard())
+        lastOther_ = other;
+    Q_EMIT frontWindowChanged();
 }
 
 bool WaylandWorkspace::windowExists(WindowID window) const
@@ -109,6 +118,8 @@ bool WaylandWorkspace::openUrl(const QString& url)
 
 bool WaylandWorkspace::showPanel(QWindow& window, PanelKeyboard keyboard)
 {
+    if (!frontWindow())
+        lastOther_.reset(); // the user is where no window is
     return panels_.show(window, keyboard == PanelKeyboard::exclusive ? LayerPanels::Keyboard::exclusive
                                                                      : LayerPanels::Keyboard::none);
 }

@@ -33,15 +33,18 @@ public:
 
     /// The protocol that tells of other programs' windows; empty if none does.
     [[nodiscard]] QString windowsWay() const { return toplevels_ != nullptr ? toplevels_->way() : QString(); }
-    /// Whether a locker or a menu of the desktop has the keyboard, which our panel should have.
+    /// Whether a locker or a menu of the desktop has the keyboard, which our panel should have, or the window that had
+    /// it before the panel.
     [[nodiscard]] bool isKeyboardTaken() const;
     [[nodiscard]] bool hasPanels() const { return panels_.areOffered(); }
 
 private:
     [[nodiscard]] std::optional<WindowID> otherWithKeyboard() const;
+    void noteKeyboard();
 
     std::unique_ptr<WaylandToplevels> toplevels_; ///< null where the compositor does not tell
     LayerPanels panels_;
+    std::optional<WindowID> lastOther_; ///< the window that had the keyboard last
 };
 
 } // namespace vantro
