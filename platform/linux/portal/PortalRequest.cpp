@@ -12,6 +12,9 @@ namespace vantro {
 
 namespace {
 
+/// The portal is started by the first call, at login together with everything else.
+constexpr int patienceMs = 120'000;
+
 /// Unique within this process, as the portal asks for.
 QString nextToken()
 {
@@ -44,7 +47,7 @@ void PortalRequest::send(QObject& parent, const Call& call, Answered answered)
     QDBusMessage message = QDBusMessage::createMethodCall(
         service(), path(), QStringLiteral("org.freedesktop.portal.") + call.interface, call.method);
     message.setArguments(call.arguments + QVariantList{options});
-    auto* const watcher = new QDBusPendingCallWatcher(bus.asyncCall(message), request);
+    auto* const watcher = new QDBusPendingCallWatcher(bus.asyncCall(message, patienceMs), request);
     connect(watcher, &QDBusPendingCallWatcher::finished, request, [request, watcher, method = call.method] {
         if (!watcher->isError())
             return;

@@ -10,6 +10,7 @@
 #include <QDBusObjectPath>
 #include <QDBusPendingCall>
 
+#include <algorithm>
 #include <utility>
 
 namespace vantro {
@@ -43,18 +44,32 @@ const QDBusArgument& operator>>(const QDBusArgument& argument, Entry& entry)
     return argument;
 }
 
+/// The desktop keeps its own keys for a name that it knows, so that other keys are another name.
+QString idOf(const ShortcutPortal::Shortcut& shortcut)
+{
+    return QStringLiteral("vantro ") + shortcut.keys;
+}
+
 } // namespace
+
+ShortcutPortal::ShortcutPortal()
+    : watcher_(PortalRequest::service(), QDBusConnection::sessionBus(), QDBusServiceWatcher::WatchForUnregistration)
+{
+    connect(&watcher_, &QDBusServiceWatcher::serviceUnregistered, this, &ShortcutPortal::bindAgain);
+}
 
 ShortcutPortal::~ShortcutPortal()
 {
+    blockSignals(true);
     unbind();
 }
 
-void ShortcutPortal::bind(const QString& keys, const QString& description)
+void ShortcutPortal::bind(std::vector<Shortcut> shortcuts)
 {
     unbind();
-    keys_ = keys;
-    description_ = description;
+    shortcuts_ = std::move(shortcuts);
+    if (shortcuts_.empty())
+        return;
     qDBusRegisterMetaType<Entry>();
     qDBusRegisterMetaType<QList<Entry>>();
     followSignals();
@@ -68,16 +83,34 @@ void ShortcutPortal::unbind()
         QDBusConnection::sessionBus().asyncCall(
             QDBusMessage::createMethodCall(PortalRequest::service(), std::exchange(session_, QString()),
                                            QStringLiteral("org.freedesktop.portal.Session"), QStringLiteral("Close")));
-    givenKeys_.clear();
     setBound(false);
 }
 
-/// The keys are part of the name: the desktop keeps its own for a name that it knows.
+/// The portal has ended, and its next call starts it. One that had refused is left in peace.
+void ShortcutPortal::bindAgain()
+{
+    ++generation_;
+    session_.clear();
+    if (!isBound_)
+        return;
+    setBound(false);
+    createSession();
+}
+
 QVariant ShortcutPortal::wanted() const
 {
-    const Entry entry{QStringLiteral("dictate ") + keys_,
-                      {{QStringLiteral("description"), description_}, {QStringLiteral("preferred_trigger"), keys_}}};
-    return QVariant::fromValue(QList<Entry>{entry});
+    QList<Entry> entries;
+    for (const Shortcut& shortcut : shortcuts_)
+        entries.push_back({idOf(shortcut),
+                           {{QStringLiteral("description"), shortcut.description},
+                            {QStringLiteral("preferred_trigger"), shortcut.keys}}});
+    return QVariant::fromValue(entries);
+}
+
+std::optional<std::uint32_t> ShortcutPortal::numberOf(const QString& id) const
+{
+    const auto found = std::ranges::find(shortcuts_, id, idOf);
+    return found != shortcuts_.end() ? std::optional(found->number) : std::nullopt;
 }
 
 /// KDE's first version takes the shortcuts here, later ones when they are bound.
@@ -95,33 +128,54 @@ void ShortcutPortal::createSession()
         });
 }
 
+/// Only what the desktop has not given yet: KDE opens its settings for whoever asks.
 void ShortcutPortal::bindIn(const QString& session)
 {
     session_ = session;
-    PortalRequest::send(*this,
-                        {interface,
-                         QStringLiteral("BindShortcuts"),
-                         {QVariant::fromValue(QDBusObjectPath(session)), wanted(), QString()},
-                         {}},
-                        [this, generation = generation_](const auto& results) {
-                            if (results && generation == generation_)
-                                adopt(*results);
-                        });
+    ask(QStringLiteral("ListShortcuts"), {}, [this](const QVariantMap& present) {
+        if (numbersIn(present).size() == shortcuts_.size())
+            adopt(present);
+        else
+            ask(QStringLiteral("BindShortcuts"), {wanted(), QString()},
+                [this](const auto& results) { adopt(results); });
+    });
+}
+
+/// Within the session.
+void ShortcutPortal::ask(const QString& method, const QVariantList& arguments,
+                         std::function<void(const QVariantMap&)> answered)
+{
+    PortalRequest::send(
+        *this, {interface, method, QVariantList{QVariant::fromValue(QDBusObjectPath(session_))} + arguments, {}},
+        [this, generation = generation_, answered = std::move(answered)](const auto& results) {
+            if (results && generation == generation_)
+                answered(*results);
+        });
+}
+
+std::set<std::uint32_t> ShortcutPortal::numbersIn(const QVariantMap& results) const
+{
+    std::set<std::uint32_t> numbers;
+    for (const Entry& given : qdbus_cast<QList<Entry>>(results.value(QStringLiteral("shortcuts")))) {
+        if (const auto number = numberOf(given.id))
+            numbers.insert(*number);
+    }
+    return numbers;
 }
 
 void ShortcutPortal::adopt(const QVariantMap& results)
 {
-    const auto shortcuts = qdbus_cast<QList<Entry>>(results.value(QStringLiteral("shortcuts")));
-    if (!shortcuts.isEmpty())
-        givenKeys_ = shortcuts.first().properties.value(QStringLiteral("trigger_description")).toString();
-    Logger("ShortcutPortal")
-        .info(QStringLiteral("The desktop has bound %1").arg(givenKeys_.isEmpty() ? keys_ : givenKeys_));
+    const Logger logger("ShortcutPortal");
+    for (const Entry& given : qdbus_cast<QList<Entry>>(results.value(QStringLiteral("shortcuts"))))
+        logger.info(QStringLiteral("The desktop gives %1 for %2")
+                        .arg(given.properties.value(QStringLiteral("trigger_description")).toString(), given.id));
     setBound(true);
 }
 
 void ShortcutPortal::setBound(bool isBound)
 {
-    isDown_ = false;
+    for (const std::uint32_t number : std::exchange(down_, {}))
+        Q_EMIT released(number); // nobody else will tell
     if (std::exchange(isBound_, isBound) != isBound)
         Q_EMIT boundChanged();
 }
@@ -138,19 +192,21 @@ void ShortcutPortal::followSignals()
                 SLOT(deactivate(QDBusObjectPath, QString, qulonglong, QVariantMap)));
 }
 
-void ShortcutPortal::activate(const QDBusObjectPath& session, const QString& /*id*/, qulonglong /*timestamp*/,
+void ShortcutPortal::activate(const QDBusObjectPath& session, const QString& id, qulonglong /*timestamp*/,
                               const QVariantMap& /*options*/)
 {
     // Some desktops tell again and again while it is held.
-    if (session.path() == session_ && !std::exchange(isDown_, true))
-        Q_EMIT pressed();
+    const auto number = numberOf(id);
+    if (session.path() == session_ && number && down_.insert(*number).second)
+        Q_EMIT pressed(*number);
 }
 
-void ShortcutPortal::deactivate(const QDBusObjectPath& session, const QString& /*id*/, qulonglong /*timestamp*/,
+void ShortcutPortal::deactivate(const QDBusObjectPath& session, const QString& id, qulonglong /*timestamp*/,
                                 const QVariantMap& /*options*/)
 {
-    if (session.path() == session_ && std::exchange(isDown_, false))
-        Q_EMIT released();
+    const auto number = numberOf(id);
+    if (session.path() == session_ && number && down_.erase(*number) > 0)
+        Q_EMIT released(*number);
 }
 
 } // namespace vantro

@@ -1,37 +1,46 @@
 #pragma once
 
 #include <QDBusObjectPath>
+#include <QDBusServiceWatcher>
 #include <QObject>
 #include <QString>
 #include <QVariantMap>
 
+#include <cstdint>
+#include <functional>
 #include <optional>
+#include <set>
+#include <vector>
 
 namespace vantro {
 
-/// One shortcut of the desktop's, which it tells of when it is pressed and released, in whatever program. Whether the
+/// Shortcuts of the desktop's, which it tells of when they are pressed and released, in whatever program. Whether the
 /// desktop really does shows only when it is asked, and takes a moment. Main thread only.
 class ShortcutPortal : public QObject
 {
     Q_OBJECT
 public:
-    ShortcutPortal() = default;
+    struct Shortcut
+    {
+        std::uint32_t number = 0; ///< the caller's
+        QString keys;             ///< in the syntax of the XDG shortcuts specification: "CTRL+ALT+d"
+        QString description;      ///< for the desktop's settings
+    };
+
+    ShortcutPortal();
     ~ShortcutPortal() override;
 
-    /// Asks for @p keys, in the syntax of the XDG shortcuts specification ("CTRL+ALT+d"), in place of any other. The
-    /// desktop may ask the user, or give other keys.
-    void bind(const QString& keys, const QString& description);
-    void unbind();
+    /// Asks for @p shortcuts in place of any others; for none, gives them up. The desktop may ask the user, or give
+    /// other keys.
+    void bind(std::vector<Shortcut> shortcuts);
     /// Whether the desktop has agreed.
     [[nodiscard]] bool isBound() const { return isBound_; }
-    /// The keys as the desktop describes them; empty where it does not.
-    [[nodiscard]] QString givenKeys() const { return givenKeys_; }
 
 Q_SIGNALS:
     void boundChanged();
     /// Once per press, however long it is held.
-    void pressed();
-    void released();
+    void pressed(std::uint32_t number);
+    void released(std::uint32_t number);
 
 private Q_SLOTS:
     void activate(const QDBusObjectPath& session, const QString& id, qulonglong timestamp, const QVariantMap& options);
@@ -39,19 +48,23 @@ private Q_SLOTS:
                     const QVariantMap& options);
 
 private:
+    void unbind();
+    void bindAgain();
     void createSession();
     void bindIn(const QString& session);
+    void ask(const QString& method, const QVariantList& arguments, std::function<void(const QVariantMap&)> answered);
+    [[nodiscard]] std::set<std::uint32_t> numbersIn(const QVariantMap& results) const;
     void adopt(const QVariantMap& results);
     void setBound(bool isBound);
     void followSignals();
     [[nodiscard]] QVariant wanted() const;
+    [[nodiscard]] std::optional<std::uint32_t> numberOf(const QString& id) const;
 
-    QString keys_;
-    QString description_;
+    QDBusServiceWatcher watcher_;
+    std::vector<Shortcut> shortcuts_;
     QString session_;
-    QString givenKeys_;
+    std::set<std::uint32_t> down_;
     bool isBound_ = false;
-    bool isDown_ = false;
     bool isFollowing_ = false;
     int generation_ = 0; ///< of bind(); earlier answers do not count
 };

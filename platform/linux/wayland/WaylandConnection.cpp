@@ -16,6 +16,8 @@ namespace vantro {
 namespace {
 
 constexpr auto patience = 1000ms;
+/// Without its answer nothing would work until the next start, and at login everything is slow.
+constexpr auto firstPatience = 10s;
 constexpr std::uint32_t seatVersion = 1;
 
 } // namespace
@@ -47,7 +49,7 @@ WaylandConnection::WaylandConnection(Events events) : display_(wl_display_connec
         return;
     registry_ = wl_display_get_registry(display_);
     wl_registry_add_listener(registry_, &Callbacks::registry, this);
-    roundTrip();
+    roundTrip(firstPatience);
     seat_ = static_cast<wl_seat*>(bind(wl_seat_interface, seatVersion));
     if (events == Events::byOwner)
         return;
@@ -98,12 +100,17 @@ void* WaylandConnection::bind(const wl_interface& interface, std::uint32_t versi
 
 bool WaylandConnection::roundTrip()
 {
+    return roundTrip(patience);
+}
+
+bool WaylandConnection::roundTrip(std::chrono::milliseconds limit)
+{
     if (!isOpen())
         return false;
     bool isDone = false;
     wl_callback* const callback = wl_display_sync(display_);
     wl_callback_add_listener(callback, &Callbacks::sync, &isDone);
-    const bool isAnswered = readUntil(isDone, std::chrono::steady_clock::now() + patience);
+    const bool isAnswered = readUntil(isDone, std::chrono::steady_clock::now() + limit);
     // Its answer must not find the flag that lives no longer.
     if (!isAnswered)
         wl_callback_destroy(callback);

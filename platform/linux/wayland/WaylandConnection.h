@@ -63,6 +63,7 @@ private:
     };
     struct Callbacks;
 
+    bool roundTrip(std::chrono::milliseconds limit);
     [[nodiscard]] bool readUntil(const bool& isDone, std::chrono::steady_clock::time_point giveUp);
 
     wl_display* display_ = nullptr;

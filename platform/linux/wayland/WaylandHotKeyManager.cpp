@@ -107,8 +107,8 @@ WaylandHotKeyManager::WaylandHotKeyManager(const WaylandKeymap& keymap) : keymap
 {
     askSoon_.setSingleShot(true);
     connect(&askSoon_, &QTimer::timeout, this, &WaylandHotKeyManager::askPortal);
-    connect(&portal_, &ShortcutPortal::pressed, this, [this] { Q_EMIT hotKeyPressed(bound_); });
-    connect(&portal_, &ShortcutPortal::released, this, [this] { Q_EMIT hotKeyReleased(bound_); });
+    connect(&portal_, &ShortcutPortal::pressed, this, &WaylandHotKeyManager::hotKeyPressed);
+    connect(&portal_, &ShortcutPortal::released, this, &WaylandHotKeyManager::hotKeyReleased);
 }
 
 void WaylandHotKeyManager::registerHotKey(std::uint32_t id, std::uint32_t keyCode, std::uint32_t modifiers)
@@ -127,13 +127,14 @@ void WaylandHotKeyManager::unregisterHotKey(std::uint32_t id)
 
 void WaylandHotKeyManager::askPortal()
 {
-    const std::uint32_t wanted = hotKeys_.empty() ? 0 : hotKeys_.front().id;
-    if (std::exchange(bound_, wanted) == wanted)
-        return;
-    if (wanted == 0)
-        portal_.unbind();
-    else
-        portal_.bind(forPortal(hotKeys_.front().keyCode, hotKeys_.front().modifiers), tr("Dictate"));
+    std::vector<std::uint32_t> wanted;
+    std::vector<ShortcutPortal::Shortcut> shortcuts;
+    for (const HotKey& hotKey : hotKeys_) {
+        wanted.push_back(hotKey.id);
+        shortcuts.push_back({hotKey.id, forPortal(hotKey.keyCode, hotKey.modifiers), tr("Dictate")});
+    }
+    if (std::exchange(asked_, wanted) != wanted)
+        portal_.bind(std::move(shortcuts));
 }
 
 QString WaylandHotKeyManager::way() const

@@ -12,7 +12,7 @@ namespace vantro {
 class WaylandKeymap;
 
 /// What is registered works in the program's own windows, to which compositors give the keys anyway. For everywhere
-/// else the desktop's portal is asked for the first combination that does not type; where there is none, the user binds
+/// else the desktop's portal is asked for the combinations that do not type; where there is none, the user binds
 /// a command in the desktop's settings.
 class WaylandHotKeyManager final : public HotKeyManager
 {
@@ -39,8 +39,8 @@ private:
     void askPortal();
 
     const WaylandKeymap& keymap_;
-    std::vector<HotKey> hotKeys_; ///< for the portal
-    std::uint32_t bound_ = 0;     ///< which of them it has been asked for; 0 for none
+    std::vector<HotKey> hotKeys_;      ///< for the portal
+    std::vector<std::uint32_t> asked_; ///< which of them it has been asked for
     ShortcutPortal portal_;
     QTimer askSoon_; ///< combinations are also registered for a moment, as a trial
 };
