@@ -24,9 +24,12 @@ endif()
 
 set(packaging "${CMAKE_SOURCE_DIR}/packaging")
 install(FILES "${packaging}/com.vantro.app.desktop" DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
-# The session bus starts the program for "vantro toggle", by way of systemd where that runs the session.
-configure_file("${packaging}/com.vantro.app.service.in" "${CMAKE_BINARY_DIR}/packaging/com.vantro.app.service" @ONLY)
-configure_file("${packaging}/vantro.service.in" "${CMAKE_BINARY_DIR}/packaging/vantro.service" @ONLY)
+# The session bus starts the program for "vantro toggle", by way of systemd where that runs the session. Both want its full
+# path, which is known when it is installed.
+foreach(name IN ITEMS com.vantro.app.service vantro.service)
+  install(CODE "set(VANTRO_PROGRAM \"\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_BINDIR}/vantro\")
+    configure_file(\"${packaging}/${name}.in\" \"${CMAKE_BINARY_DIR}/packaging/${name}\" @ONLY)")
+endforeach()
 install(FILES "${CMAKE_BINARY_DIR}/packaging/com.vantro.app.service" DESTINATION ${CMAKE_INSTALL_DATADIR}/dbus-1/services)
 install(FILES "${CMAKE_BINARY_DIR}/packaging/vantro.service" DESTINATION lib/systemd/user)
 install(FILES "${packaging}/com.vantro.app.metainfo.xml" DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)

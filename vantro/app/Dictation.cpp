@@ -391,15 +391,10 @@ QCoro::Task<> Dictation::deliver(QString text)
 void Dictation::copy(const QString& text, std::optional<QRect> launcherFrame)
 {
     parts_.delivery.copy(text);
-<<<<<<< HEAD
-    const QString reason = isAgain_ ? tr("The text of your recording is on the clipboard.") : QString();
-    parts_.shell.showPasteHUD(launcherFrame, pasteKeys(), withFirstWords(joined(remark_, reason), text));
-=======
     const QString reason = !parts_.delivery.canCopy() ? tr("The text is in the history.")
                            : isAgain_                 ? tr("The text of your recording is on the clipboard.")
                                                       : QString();
-    parts_.shell.showPasteHUD(launcherFrame, pasteKeys(), withFirstWords(reason, text));
->>>>>>> 496c88f (Dictate on Wayland desktops: panels, clipboard, keys and windows by their own protocols)
+    parts_.shell.showPasteHUD(launcherFrame, pasteKeys(), withFirstWords(joined(remark_, reason), text));
 }
 
 QCoro::Task<> Dictation::paste(QString text, std::optional<QRect> launcherFrame)
