@@ -33,7 +33,7 @@ struct Entry
     const char* file;
 };
 
-// The names, sizes and licences are those that their makers publish; see docs/language-models.md.
+// Not yet compared with what the makers publish; see docs/language-models.md.
 constexpr Entry entries[] = {
     {"Qwen2.5 1.5B", "1.0 GiB", 1.5, "Apache-2.0", SupportedLanguages::multilingual,
      QT_TRANSLATE_NOOP("LanguageModels", "Rewrites in 29 languages, among them English, German, French and Spanish."),
