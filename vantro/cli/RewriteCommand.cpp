@@ -53,10 +53,12 @@ ProcessingMode modeFrom(const CommandCall& call, const PromptSettings& prompts)
 /// Who is to do it: the options, else what the mode is set up with.
 ModeConfiguration wanted(const CommandCall& call, ProvidersSession& session, ProcessingMode mode)
 {
-    if (call.has("clean") && call.has("provider"))
-        throw WrongUsage(QStringLiteral("choose either --clean or --provider"));
+    if (call.has("clean") + call.has("local") + call.has("provider") > 1)
+        throw WrongUsage(QStringLiteral("choose one of --clean, --local and --provider"));
     if (call.has("clean"))
         return {.cleans = true};
+    if (call.has("local"))
+        return {.useLocalAI = true};
     if (call.has("provider")) {
         const auto* provider = session.find(call.value("provider"));
         if (provider == nullptr)
@@ -66,9 +68,9 @@ ModeConfiguration wanted(const CommandCall& call, ProvidersSession& session, Pro
         return {.providerConfigId = provider->id};
     }
     if (!session.rewriting.isUsable(mode))
-        throw CommandError(
-            ExitCode::failed,
-            QStringLiteral("%1 is not set up: vantro modes set %1 --provider NAME, or --clean").arg(rawValue(mode)));
+        throw CommandError(ExitCode::failed,
+                           QStringLiteral("%1 is not set up: vantro modes set %1 --provider NAME, --local or --clean")
+                               .arg(rawValue(mode)));
     return session.rewriting.prompts().configuration(mode);
 }
 
@@ -145,6 +147,7 @@ Command rewriteCommand()
             .actions = {{"", rewrite, 1, Command::anyNumber, "needs a TEXT"}},
             .options = {{"mode", "The mode whose prompt is used. The default is Grammar.", "MODE"},
                         {"provider", "Ask this provider instead of the mode's.", "NAME"},
+                        {"local", "Use the language model of this computer (see vantro models)."},
                         {"clean", "Clean the text by rules, without a language model."},
                         Command::jsonOption},
             .words = {{"TEXT", "The text; - for standard input.", "TEXT..."}}};
