@@ -26,7 +26,7 @@ class LocalRewritingTest(DictationCase):
         super().prepare_profile()
         cls.command("models", "add", str(MODEL))
         cls.command("modes", "set", "Custom", "--prompt", "Repeat the text.", "--local")
-        cls.vantro.configure(defaultProcessingMode="Custom")
+        cls.command("settings", "set", "defaultProcessingMode", "Custom")
 
     @classmethod
     def command(cls, *arguments):
@@ -59,7 +59,7 @@ class LocalRewritingTest(DictationCase):
 
     def test_escape_ends_it_and_the_next_dictation_works(self):
         self.dictate(CHILD)
-        self.wait(lambda: self.vantro.status()["state"] == "processing", 60, "the rewriting")
+        self.wait(lambda: "Processing transcription" in self.news(), 60, "the rewriting")
         self.desktop.press(CANCEL_KEY)
         self.wait_until_over()
         self.assertEqual(self.arrived(), "")
