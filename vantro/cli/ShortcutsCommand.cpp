@@ -134,7 +134,7 @@ int show(const CommandCall& call)
         list.append(QJsonObject{{QStringLiteral("name"), slot.name.rawValue},
                                 {QStringLiteral("keys"), keys},
                                 {QStringLiteral("for"), title},
-                                {QStringLiteral("works"), problem.isEmpty()},
+                                {QStringLiteral("works"), problem.isEmpty() && !keys.isEmpty()},
                                 {QStringLiteral("problem"), problem}});
         rows.push_back({QLatin1String(slot.word), keys.isEmpty() ? QStringLiteral("-") : keys, title,
                         !problem.isEmpty()              ? problem

@@ -35,7 +35,7 @@ VPage {
                 model: page.settings.bars
                 Rectangle {
                     required property var modelData
-                    anchors.bottom: parent.bottom
+                    anchors.bottom: parent ? parent.bottom : undefined
                     width: (chart.width - 29 * chart.spacing) / 30
                     height: Math.max(Theme.space4, chart.height * modelData.height)
                     radius: Theme.space4
