@@ -42,7 +42,7 @@ class ManualTest(unittest.TestCase):
         cls.prose = without_markup(PROSE.read_text())
 
     def test_every_word_of_the_help_is_in_its_section_in_the_same_order(self):
-        sections = dict(re.findall(r"^\.SS vantro (\w+)\n(.*?)(?=^\.S)", without_markup(self.page),
+        sections = dict(re.findall(r"^\.SS vantro ([\w-]+)\n(.*?)(?=^\.S)", without_markup(self.page),
                                    re.MULTILINE | re.DOTALL))
         self.assertEqual(list(sections), commands())
         self.assertGreater(len(sections), 10)
