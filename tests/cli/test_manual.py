@@ -31,7 +31,7 @@ def words(text):
 
 
 def without_markup(roff):
-    return re.sub(r"\\f.", "", roff.replace("\\-", "-"))
+    return re.sub(r"\\f.", "", roff.replace("\\-", "-").replace("\\e", "\\"))
 
 
 class ManualTest(unittest.TestCase):
