@@ -81,8 +81,8 @@ public:
     void setName(const QString& name);
     [[nodiscard]] QString prompt() const { return parts_.prompts.prompt(mode()); }
     void setPrompt(const QString& prompt);
-    /// This computer if it has a language model, otherwise "None"; the rules where the mode takes them, and all providers
-    /// where it takes those. Without a language model this computer stands at the end.
+    /// This computer if it has a language model, otherwise "None"; the rules where the mode takes them, and all
+    /// providers where it takes those. Without a language model this computer stands at the end.
     [[nodiscard]] QStringList providers() const;
     /// An index into providers(); -1 when the chosen one has been removed.
     [[nodiscard]] int provider() const;
