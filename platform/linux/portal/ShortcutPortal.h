@@ -23,7 +23,7 @@ public:
     struct Shortcut
     {
         std::uint32_t number = 0; ///< the caller's
-        QString keys;             ///< in the syntax of the XDG shortcuts specification: "CTRL+ALT+d"
+        QString keys;             ///< as the portal writes keys: "CTRL+ALT+d"
         QString description;      ///< for the desktop's settings
     };
 

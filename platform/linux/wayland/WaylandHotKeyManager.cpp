@@ -51,7 +51,7 @@ QString modifierText(std::uint32_t modifiers, const ModifierNames& names)
     return held.join(QLatin1String(names.joint));
 }
 
-/// As the XDG shortcuts specification writes it.
+/// As the portal writes keys: "CTRL+ALT+d".
 QString forPortal(std::uint32_t keyCode, std::uint32_t modifiers)
 {
     const QString held = modifierText(modifiers, {"CTRL", "LOGO", "ALT", "SHIFT", "+"});
