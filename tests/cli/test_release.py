@@ -40,7 +40,7 @@ class ReleaseTest(unittest.TestCase):
         related = {relation[end] for relation in inside["relationships"] for end in ("spdxElementId", "relatedSpdxElement")}
         self.assertEqual(related, known, "each is in a relationship, and no relationship leads nowhere")
         for package in inside["packages"]:
-            self.assertRegex(package["licenseDeclared"], r"^[A-Za-z0-9.+-]+( WITH [A-Za-z0-9.-]+)?$", package["name"])
+            self.assertRegex(package["licenseDeclared"], r"^[A-Za-z0-9.+-]+( (WITH|AND) [A-Za-z0-9.-]+)?$", package["name"])
 
     def test_a_version_without_notes_is_refused(self):
         result = self.write("99.0.0")

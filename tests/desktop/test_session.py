@@ -52,7 +52,6 @@ class EndTest(EndCase):
                 self.refuse_kept_recording()
                 self.assertNotIn("ended unexpectedly", self.vantro.log())
 
-
     def test_a_reader_of_its_output_may_end_before_it(self):
         self.vantro.quit()
         reader, writer = os.pipe()
@@ -62,6 +61,7 @@ class EndTest(EndCase):
         os.close(reader)
         try:
             self.wait(lambda: self.desktop.bus_name_owned(BUS_NAME), 20, "the program")
+            self.vantro.status()  # answers once the shortcut is there
             self.dictate(CHILD)
             self.assertEqual(words(self.wait_for_text()), CHILD_WORDS)
             self.wait_until_over()
