@@ -108,6 +108,33 @@ TEST_F(DictationTest, IsUnderWayUntilTheTextIsDelivered)
     EXPECT_EQ(engines.madeCount(), 2);
 }
 
+TEST_F(DictationTest, WaitsForAudioFromBeforeTheStopThatIsLate)
+{
+    const auto speakLate = [this] {
+        pressShortcut();
+        speak(8'000);
+        pump(); // the first block is noticed
+        clock.advance(900ms);
+        pump();
+        stopAndDrain();
+        EXPECT_FALSE(provider.isAsked()) << "0.4 s are on their way";
+    };
+    speakLate();
+    speak(8'000);
+    clock.advance(100ms);
+    pump();
+    EXPECT_EQ(provider.sampleCount, 16'000U);
+    provider.answer(QStringLiteral("All of it."));
+    pump();
+
+    clock.advance(1min);
+    pump();
+    speakLate();
+    clock.advance(AudioRecorder::drainLimit);
+    pump();
+    EXPECT_EQ(provider.sampleCount, 8'000U) << "what never comes is not waited for";
+}
+
 TEST_F(DictationTest, AnnouncesItsMilestonesWithTheModeOfTheStop)
 {
     std::vector<NotificationCenter::UserInfo> starts;

@@ -24,6 +24,7 @@ namespace {
 
 /// Of what the microphone did not deliver.
 constexpr auto worthTelling = 1s;
+constexpr auto lateAudioPoll = 20ms;
 constexpr auto keyboardLook = 1s;
 constexpr int looksAtLocker = 3;
 /// In characters.
@@ -249,6 +250,9 @@ void Dictation::noteLostMicrophone()
 QCoro::Task<std::vector<float>> Dictation::drain()
 {
     co_await parts_.clock.sleepFor(AudioRecorder::drainDelay);
+    const auto patienceEnds = *timings_.stopped + AudioRecorder::drainLimit;
+    while (parts_.recorder.isBehind() && parts_.clock.now() < patienceEnds)
+        co_await parts_.clock.sleepFor(lateAudioPoll);
     giveUpIfCancelled();
     std::vector<float> samples = parts_.recorder.takeSamples();
     timings_.firstSample = parts_.recorder.firstSampleAt();

@@ -194,11 +194,11 @@ void AudioRecorder::reportStall()
     currentSession_->reportStall();
 }
 
-std::chrono::duration<double> AudioRecorder::missingOf(const SampleCollector& collector) const
+std::chrono::duration<double> AudioRecorder::missingOf(const SampleCollector& collector, Clock::Instant until) const
 {
     if (!heardSince_ || collector.overflowed())
         return {};
-    const std::chrono::duration<double> heard = clock_.now() - *heardSince_;
+    const std::chrono::duration<double> heard = until - *heardSince_;
     return std::max(heard - durationOf(collector.sampleCount()), std::chrono::duration<double>(0));
 }
 
@@ -242,14 +242,21 @@ void AudioRecorder::stopRecording()
         return;
     logger_.info(QStringLiteral("Stopping the recording"));
     patience_.reset();
+    stoppedAt_ = clock_.now();
     setRecording(false);
+}
+
+bool AudioRecorder::isBehind() const
+{
+    return currentSession_ && !watch_.isStalled() &&
+           missingOf(*collector_, stoppedAt_) > std::chrono::duration<double>(0);
 }
 
 std::vector<float> AudioRecorder::takeSamples()
 {
     const auto collector = std::exchange(collector_, nullptr);
     tearDown(collector.get());
-    missing_ = missingOf(*collector);
+    missing_ = missingOf(*collector, clock_.now());
     std::vector<float> samples = collector->takeSamples();
     const std::chrono::duration<double> wallClock = clock_.now() - recordingStartedAt_;
     logger_.info(QStringLiteral("Recording %1: wall clock %2s, captured %3s%4")

@@ -50,6 +50,8 @@ class AudioRecorder : public QObject
 public:
     /// Time between stop and the end of the capture, so that the last word arrives.
     static constexpr std::chrono::milliseconds drainDelay{150};
+    /// The most that the end of the capture waits for audio from before the stop.
+    static constexpr std::chrono::milliseconds drainLimit{1000};
     /// How long a recording that lost its microphone waits for another one.
     static constexpr std::chrono::milliseconds microphonePatience{1500};
     /// The same when a microphone is expected: a headset takes seconds to change its profile.
@@ -75,6 +77,8 @@ public:
     [[nodiscard]] bool startRecording();
     /// Ends the recording. The capture continues until takeSamples(), because the last audio is still arriving.
     void stopRecording();
+    /// After the stop: whether audio from before it has not arrived yet, as on a machine that is short of time.
+    [[nodiscard]] bool isBehind() const;
     /// Ends the capture and returns its samples: 16 kHz mono, nominally -1..1.
     [[nodiscard]] std::vector<float> takeSamples();
     /// Ends the capture, before or after the stop, and returns what it had.
@@ -113,7 +117,7 @@ private:
     void configurationChanged(const EngineSession* session);
     void rebuildEngine();
     void reportStall();
-    [[nodiscard]] std::chrono::duration<double> missingOf(const SampleCollector& collector) const;
+    [[nodiscard]] std::chrono::duration<double> missingOf(const SampleCollector& collector, Clock::Instant until) const;
     void awaitMicrophone(CaptureError failure);
     bool retryRebuild();
     void discard();
@@ -128,6 +132,7 @@ private:
     std::shared_ptr<SampleCollector> collector_;
     QString activeRecordingID_;
     Clock::Instant recordingStartedAt_;
+    Clock::Instant stoppedAt_;
     AudioEngineFactory makeEngine_;
     AudioDeviceManager& audioDeviceManager_;
     Permissions& permissions_;

@@ -141,6 +141,7 @@ void PulseAudioEngine::stop()
         return;
     isRunning_ = false;
     awaitedListing_.reset();
+    stalledAfter_.reset();
     incidentPatience_.stop();
     settling_.stop();
     capture_->finish();
@@ -153,6 +154,7 @@ void PulseAudioEngine::reportStall()
     // A server that stands still sends neither blocks nor this; a new stream would not come about either.
     const PulseLoop::Lock lock(connection_.loop());
     awaitedListing_ = connection_.loop().requestListing();
+    stalledAfter_ = capture_->deliveredBlocks();
 }
 
 void PulseAudioEngine::observe()
@@ -161,7 +163,12 @@ void PulseAudioEngine::observe()
         return;
     if (const auto incident = capture_->takeIncident()) {
         awaitedListing_ = incident;
+        stalledAfter_.reset();
         incidentPatience_.start(incidentPatience);
+    } else if (stalledAfter_ && capture_->deliveredBlocks() != *stalledAfter_) {
+        // The blocks were only late, as on a machine that is short of time; a new stream would lose those on their way.
+        stalledAfter_.reset();
+        awaitedListing_.reset();
     }
     const PulseSnapshot& snapshot = connection_.snapshot();
     if (!awaitedListing_)
@@ -194,6 +201,7 @@ void PulseAudioEngine::observeOffer()
 void PulseAudioEngine::announce()
 {
     awaitedListing_.reset();
+    stalledAfter_.reset();
     incidentPatience_.stop();
     settling_.stop();
     accepted_ = offer();

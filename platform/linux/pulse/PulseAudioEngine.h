@@ -66,6 +66,7 @@ private:
 
     /// The listing to wait for before announcing an incident, so that slots see the state after it.
     std::optional<std::uint64_t> awaitedListing_;
+    std::optional<std::uint64_t> stalledAfter_; ///< of the delivered blocks; while the server is asked about a stall
     QTimer incidentPatience_;
     /// The source in use, and a different one that has to stay unchanged for settlingTime.
     std::optional<Offer> accepted_;

@@ -163,6 +163,7 @@ void PulseCapture::deliver()
 {
     if (tap_ && filled_ > 0)
         tap_(AudioTapBuffer(channels_, filled_));
+    deliveredBlocks_.fetch_add(1, std::memory_order_relaxed);
     filled_ = 0;
 }
 

@@ -4,6 +4,7 @@
 #include "platform/AudioEngine.h"
 #include "platform/linux/pulse/PulseLoop.h"
 
+#include <atomic>
 #include <condition_variable>
 #include <cstdint>
 #include <mutex>
@@ -42,6 +43,8 @@ public:
     /// If the stream was lost, moved or suspended since the last call: the number of the listing that shows the state
     /// after that.
     [[nodiscard]] std::optional<std::uint64_t> takeIncident();
+    /// Of all streams of this object. Any thread.
+    [[nodiscard]] std::uint64_t deliveredBlocks() const { return deliveredBlocks_.load(std::memory_order_relaxed); }
 
 private:
     bool connectStream(const std::string& source, bool native);
@@ -65,6 +68,7 @@ private:
     std::vector<const float*> channels_;
     std::size_t filled_ = 0;
 
+    std::atomic<std::uint64_t> deliveredBlocks_ = 0;
     mutable std::mutex mutex_;
     std::condition_variable settled_;
     std::optional<Outcome> outcome_;

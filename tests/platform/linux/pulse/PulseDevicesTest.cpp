@@ -2,6 +2,7 @@
 #include "platform/linux/pulse/PulseAudioEngine.h"
 #include "platform/linux/pulse/PulseAudioHardware.h"
 #include "platform/linux/pulse/PulseConnection.h"
+#include "platform/linux/pulse/PulseLoop.h"
 #include "tests/platform/linux/pulse/PulseServer.h"
 
 #include <QElapsedTimer>
@@ -11,7 +12,10 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <atomic>
+#include <chrono>
 #include <optional>
+#include <thread>
 
 using namespace vantro;
 using ::testing::ElementsAre;
@@ -215,5 +219,31 @@ TEST_F(PulseDevices, ASelectedDeviceIsEchoedExactlyOnceAndOthersAreRefused)
     EXPECT_TRUE(QTest::qWaitFor([&] { return frames >= heard + 20U * 1024; }, patienceMs));
     EXPECT_EQ(changes, 1) << "an engine with a device of its own does not follow the default";
     engine.removeTap();
+    engine.stop();
+}
+
+TEST_F(PulseDevices, BlocksThatWereOnlyLateNeedNoNewStream)
+{
+    server.start();
+    server.addMicrophone(alpha);
+    connect();
+    ASSERT_TRUE(connection->serverAnswers());
+    PulseAudioEngine engine(*connection);
+    int changes = 0;
+    std::atomic<int> blocks = 0;
+    QObject::connect(&engine, &AudioEngine::configurationChanged, &engine, [&] { ++changes; });
+    engine.installTap(1024, engine.inputFormat(), [&](const AudioTapBuffer&) { ++blocks; });
+    engine.start();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return blocks >= 5; }, patienceMs));
+    {
+        const PulseLoop::Lock busy(connection->loop()); // the thread that reads them gets no time
+        const int before = blocks;
+        std::this_thread::sleep_for(std::chrono::milliseconds(500));
+        EXPECT_EQ(blocks, before);
+        engine.reportStall();
+    }
+    const int seen = blocks;
+    EXPECT_TRUE(QTest::qWaitFor([&] { return blocks >= seen + 30; }, patienceMs));
+    EXPECT_EQ(changes, 0);
     engine.stop();
 }
