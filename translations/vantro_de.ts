@@ -1845,6 +1845,10 @@
         <source>This desktop lets no program copy while you work in another.</source>
         <translation>Auf diesem Desktop kann kein Programm kopieren, während du in einem anderen arbeitest.</translation>
     </message>
+    <message>
+        <source>A window has not taken the text before this one yet. It appears when the window responds.</source>
+        <translation>Ein Fenster hat den Text vor diesem noch nicht übernommen. Er erscheint, sobald das Fenster wieder reagiert.</translation>
+    </message>
 </context>
 <context>
     <name>PasteHUDWindow</name>

@@ -186,16 +186,46 @@ TEST_F(PasteDeliveryTest, ATargetThatIsBusyGetsOneKeystrokeForTwoTexts)
     EXPECT_EQ(pasteboard_.fetch(Selection::Clipboard, editor), QStringLiteral("Three. Four."));
     clock_.advance(1s);
     EXPECT_EQ(clipboard(), former);
+}
 
-    told_.clear();
-    deliver(QStringLiteral("For the editor."));
-    workspace_.focus(other);
-    delivery_->rememberTarget();
-    deliver(QStringLiteral("For the other."));
-    EXPECT_EQ(told_.size(), 1) << "the words that gave way are in the history";
+TEST_F(PasteDeliveryTest, AWindowThatStandsStillIsOwedItsTextWhileOthersGetTheirs)
+{
+    const auto deliverTo = [this](WindowID window, const QString& text) {
+        workspace_.focus(window);
+        delivery_->rememberTarget();
+        deliver(text);
+    };
+    targetReads_ = false;
+    deliverTo(editor, QStringLiteral("For the editor."));
+    clock_.advance(3s);
+    EXPECT_EQ(told_.size(), 1);
+    deliverTo(other, QStringLiteral("For the other."));
     pasteboard_.fetch(Selection::Clipboard, other);
     clock_.advance(300ms);
+    EXPECT_EQ(clipboard(), QStringLiteral("For the editor."))
+        << "or it would paste the former text, a password perhaps";
+    EXPECT_EQ(told_.size(), 1) << "what was told is still true";
+
+    deliverTo(other, QStringLiteral("Once more."));
+    pasteboard_.fetch(Selection::Clipboard, other);
+    deliverTo(editor, QStringLiteral("And this."));
+    EXPECT_EQ(keys_.posted().size(), 3U) << "its first keystroke will bring both";
+    EXPECT_EQ(pasteboard_.fetch(Selection::Clipboard, editor), QStringLiteral("For the editor. And this."));
+    clock_.advance(1s);
     EXPECT_EQ(clipboard(), former);
+    EXPECT_EQ(settled_.size(), 4);
+
+    deliverTo(editor, QStringLiteral("Not told of yet."));
+    deliverTo(other, QStringLiteral("At once."));
+    ASSERT_EQ(told_.size(), 2);
+    EXPECT_TRUE(told_.back().contains(QStringLiteral("appears when"))) << told_.back().toStdString();
+    workspace_.closeWindow(other);
+    delivery_->rememberTarget();
+    deliver(QStringLiteral("For nobody."));
+    EXPECT_EQ(clipboard(), QStringLiteral("For nobody."));
+    EXPECT_TRUE(told_.back().contains(QStringLiteral("in the history"))) << "what was told is true no more";
+    clock_.advance(5s);
+    EXPECT_EQ(settled_.size(), 7) << "nothing is owed";
 }
 
 TEST_F(PasteDeliveryTest, AManagerThatTakesTheTextOverDoesNotMakeItLookFetched)

@@ -112,6 +112,7 @@ bool PasteDelivery::copy(const QString& text)
     if (copied.isEmpty())
         return false;
     std::ignore = takePending();
+    forgetOwed();
     leave(copied);
     printToPerson(QStringLiteral("Copied to clipboard: \"%1\"").arg(copied));
     return true;
@@ -154,6 +155,7 @@ QCoro::Task<PasteDelivery::Outcome> PasteDelivery::deliver(QString text, std::fu
     const auto target = target_.window;
     const QString dictated = joined(plain(text), target);
     printToPerson(QStringLiteral("Copied to clipboard: \"%1\"").arg(dictated));
+    returnToOwed(target);
     if (isPasting(target)) {
         addToPending(dictated, std::move(settled));
         co_return Outcome::Pasted;
@@ -171,8 +173,11 @@ QCoro::Task<PasteDelivery::Outcome> PasteDelivery::deliver(QString text, std::fu
         outcome = obstacle().value_or(Outcome::Pasted);
     if (outcome == Outcome::Pasted)
         outcome = paste(dictated, *target, former);
-    if (outcome != Outcome::Pasted) {
+    if (outcome == Outcome::Pasted) {
+        tellOfOwed();
+    } else {
         logger().error(explanation(outcome));
+        forgetOwed();
         leave(dictated);
         settle(former);
     }

@@ -76,7 +76,8 @@ public:
     /// user is away. Unless "copyToClipboardEnabled" is set, the previous clipboard text is restored later: 0.3 s after
     /// the keystroke, or once the window has fetched the text if that takes longer, and not at all if the clipboard has
     /// been changed since. After 2 s notFetched() is emitted. A window that has not answered one keystroke yet gets no
-    /// second one: its paste will bring both texts.
+    /// second one: its paste will bring both texts. What it is owed comes back to the clipboard when a text for another
+    /// window has been fetched.
     /// @p settled is called when nothing needs to be kept of the text: the window has fetched it, or it was left to the
     /// user. Not if the process ends before.
     /// With "joinDictations", a text that soon follows another one in the same window is joined to it.
@@ -138,6 +139,10 @@ private:
     [[nodiscard]] bool keepsEveryFormat() const;
     [[nodiscard]] bool isFetched(Restore& paste) const;
     [[nodiscard]] bool isPasting(std::optional<WindowID> target);
+    void returnToOwed(std::optional<WindowID> target);
+    void tellOfOwed();
+    void forgetOwed();
+    void tellOfForgotten(Restore& paste);
     [[nodiscard]] bool isOurs(const Restore& paste) const;
     void addToPending(const QString& dictated, std::function<void()> settled);
     void show(Pasteboard::Selection selection, const QString& text);
@@ -148,6 +153,7 @@ private:
     void lookAfter(std::chrono::milliseconds delay);
     void look();
     void restoreInTime();
+    void finish(const Restore& paste);
     void lookForLateFetch();
     void tellOfUnfetched();
     void leaveForNow(Restore& paste);
@@ -167,6 +173,7 @@ private:
     Target target_;
     std::optional<Latest> latest_; ///< the paste that the next one may follow on
     std::optional<Restore> pending_;
+    std::vector<Restore> owed_; ///< to windows that stood still when a text for another one came; the latest last
     quint64 generation_ = 0;
     QString keystrokeError_;
 };

@@ -4,6 +4,7 @@
 #include "vantro/delivery/PasteDelivery.h"
 
 #include <algorithm>
+#include <tuple>
 #include <utility>
 
 using namespace std::chrono_literals;
@@ -22,17 +23,60 @@ constexpr std::chrono::milliseconds lateFetchPoll = 500ms;
 
 } // namespace
 
-/// What the previous delivery would still have restored.
+/// What the previous delivery would still have restored. A window that will find its text later is owed it.
 std::optional<PasteDelivery::Restore> PasteDelivery::takePending()
 {
     auto pending = std::exchange(pending_, std::nullopt);
     ++generation_;
     if (!pending)
         return pending;
-    if (!isFetched(*pending))
-        Q_EMIT notFetched(tr("A window has not taken the text before this one. That text is in the history."));
-    settle(*pending);
+    if (isFetched(*pending)) {
+        settle(*pending);
+    } else if (isOurs(*pending) && workspace_.windowExists(pending->target)) {
+        owed_.push_back(*pending);
+        pending->settled.clear();
+    } else {
+        tellOfForgotten(*pending);
+    }
     return pending;
+}
+
+void PasteDelivery::tellOfForgotten(Restore& paste)
+{
+    if (!std::exchange(paste.isTold, true))
+        Q_EMIT notFetched(tr("A window has not taken the text before this one. That text is in the history."));
+    settle(paste);
+}
+
+/// The next text for a window that is owed one comes with it.
+void PasteDelivery::returnToOwed(std::optional<WindowID> target)
+{
+    const auto found = std::ranges::find_if(owed_, [target](const Restore& paste) { return paste.target == target; });
+    if (found == owed_.end())
+        return;
+    Restore owed = std::move(*found);
+    owed_.erase(found);
+    std::ignore = takePending();
+    pending_ = std::move(owed);
+    leaveForNow(*pending_);
+}
+
+void PasteDelivery::tellOfOwed()
+{
+    for (Restore& paste : owed_) {
+        if (!std::exchange(paste.isTold, true))
+            Q_EMIT notFetched(tr("A window has not taken the text before this one yet. It appears when the window "
+                                 "responds."));
+    }
+}
+
+/// Another text stays on the clipboard.
+void PasteDelivery::forgetOwed()
+{
+    for (Restore& paste : std::exchange(owed_, {})) {
+        paste.isTold = false; // that it would appear
+        tellOfForgotten(paste);
+    }
 }
 
 bool PasteDelivery::isFetched(Restore& paste) const
@@ -106,7 +150,28 @@ void PasteDelivery::restoreInTime()
     if (left > 0ms)
         lookAfter(std::min(left, fetchPoll));
     else
-        restore(*std::exchange(pending_, std::nullopt));
+        finish(*std::exchange(pending_, std::nullopt));
+}
+
+void PasteDelivery::finish(const Restore& paste)
+{
+    while (!owed_.empty() && isOurs(paste)) {
+        Restore owed = std::move(owed_.back());
+        owed_.pop_back();
+        if (!workspace_.windowExists(owed.target)) {
+            settle(owed);
+            continue;
+        }
+        restore(Selection::Primary, paste.primary);
+        if (!owed.clipboard)
+            owed.clipboard = Former{owed.text, paste.text, false, nullptr};
+        pending_ = std::move(owed);
+        leaveForNow(*pending_);
+        lookAfter(lateFetchPoll);
+        return;
+    }
+    forgetOwed();
+    restore(paste);
 }
 
 void PasteDelivery::lookForLateFetch()
@@ -117,6 +182,7 @@ void PasteDelivery::lookForLateFetch()
     }
     settle(*pending_);
     pending_.reset();
+    forgetOwed();
 }
 
 void PasteDelivery::restoreNow()
@@ -149,6 +215,7 @@ void PasteDelivery::tellOfUnfetched()
     } else {
         settle(paste);
         pending_.reset();
+        forgetOwed();
     }
     Logger("PasteDelivery").error(reason);
     Q_EMIT notFetched(reason);
