@@ -6,6 +6,9 @@
 #include <QStringList>
 
 #include <gtest/gtest.h>
+#include <sys/prctl.h>
+
+#include <csignal>
 
 namespace vantro {
 
@@ -17,6 +20,8 @@ public:
     ServerProcess(const QString& script, const QStringList& arguments, const QString& portFile)
     {
         QFile::remove(portFile);
+        // A test that crashes takes it along, or its output would never end.
+        process_.setChildProcessModifier([] { ::prctl(PR_SET_PDEATHSIG, SIGKILL); });
         process_.setProcessChannelMode(QProcess::ForwardedChannels);
         process_.start(QStringLiteral("/usr/bin/python3"),
                        QStringList{qEnvironmentVariable("VANTRO_SOURCE_DIR") + QStringLiteral("/tests/") + script} +

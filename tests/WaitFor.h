@@ -7,10 +7,10 @@
 
 namespace vantro {
 
-/// Runs the event loop until @p condition holds; false when it does not in half a minute.
+/// Runs the event loop until @p condition holds; false when it does not in two minutes.
 inline bool waitFor(const std::function<bool()>& condition)
 {
-    const QDeadlineTimer deadline(std::chrono::seconds(30));
+    const QDeadlineTimer deadline(std::chrono::minutes(2));
     while (!deadline.hasExpired()) {
         if (condition())
             return true;

@@ -374,6 +374,10 @@
         <source>The text is in the history.</source>
         <translation>Der Text steht im Verlauf.</translation>
     </message>
+    <message>
+        <source>A recording ends after ten minutes. Anything said after that is missing: dictate the rest again.</source>
+        <translation>Eine Aufnahme endet nach zehn Minuten. Was du danach gesagt hast, fehlt: diktiere den Rest noch einmal.</translation>
+    </message>
 </context>
 <context>
     <name>DictationsPage</name>

@@ -23,6 +23,7 @@
 #include "vantro/models/testing/FakeSpeechEngine.h"
 
 #include <QCoreApplication>
+#include <QPointer>
 #include <QPromise>
 #include <QTemporaryDir>
 #include <qcoro/qcorofuture.h>
@@ -242,10 +243,11 @@ public:
         undo = nullptr;
         isTranscribingShown = false;
     }
-    void offerTranscription(const QString& title, const QString& text,
+    void offerTranscription(const QString& title, const QString& text, QObject* about,
                             std::function<void(bool isWanted)> answered) override
     {
         showAlert(title, text);
+        offer = about;
         answerOffer = std::move(answered);
     }
     void showRewritingFailure(const QString& text, std::function<void(AsSpoken)> wanted) override
@@ -273,6 +275,7 @@ public:
     QStringList downloads; ///< models whose download is shown
     std::vector<Hud> huds;
     std::function<void()> undo;                  ///< a click on the offer that is shown
+    QPointer<QObject> offer;                     ///< while the latest alert that asks is open
     std::function<void(bool)> answerOffer;       ///< a button of the latest alert that asks
     std::function<void(AsSpoken)> answerFailure; ///< the same of a text that was not rewritten
     bool isTranscribingShown = false;

@@ -1,4 +1,5 @@
 // What a user is told, and what is not lost, when a dictation fails.
+#include "base/SampleFormat.h"
 #include "tests/app/DictationFixture.h"
 
 using namespace vantro;
@@ -113,6 +114,23 @@ TEST_F(DictationTest, TellsWhyARecordingCannotStart)
     dictate(QStringLiteral("Works again."));
     EXPECT_EQ(delivered, QStringLiteral("Works again."));
     EXPECT_EQ(shell.alerts.size(), 2);
+}
+
+TEST_F(DictationTest, ARecordingThatHasBecomeAsLongAsItMayEndsAndSaysSo)
+{
+    pressShortcut();
+    speak(maximumSampleCount + 16'000);
+    pump();
+    EXPECT_FALSE(recorder.isRecording());
+    clock.advance(AudioRecorder::drainDelay);
+    pump();
+    provider.answer(QStringLiteral("Ten minutes of it."));
+    pump();
+    clock.advance(600ms);
+    pump();
+    EXPECT_EQ(delivered, QStringLiteral("Ten minutes of it."));
+    ASSERT_EQ(shell.alerts.size(), 1);
+    EXPECT_TRUE(shell.alerts.front().contains(QStringLiteral("ten minutes"))) << shell.alerts.front().toStdString();
 }
 
 TEST_F(DictationTest, WhatWasSaidBeforeTheMicrophoneWasLostIsDelivered)

@@ -84,6 +84,27 @@ TEST_F(HoldToTalkTest, ARecordingNeverOutlivesItsShortcut)
     EXPECT_TRUE(isProcessing());
 }
 
+TEST_F(HoldToTalkTest, AHoldAfterACancelIsANewRecording)
+{
+    press(1s);
+    speak(16'000);
+    delegate.cancelDictation();
+    hotKeys.release(keys);
+    ASSERT_TRUE(shell.undo);
+    press(1s);
+    EXPECT_TRUE(recorder.isRecording());
+    EXPECT_FALSE(shell.undo) << "the one before is given up with it";
+}
+
+TEST_F(HoldToTalkTest, TheProgramMayEndWhileTheShortcutIsHeld)
+{
+    auto held = std::make_unique<HoldToTalk>(
+        shortcuts, defaults, clock, [this](auto keyboard) { return delegate.showLauncherAndRecord(keyboard); });
+    press(1s);
+    held.reset();
+    EXPECT_TRUE(recorder.isRecording());
+}
+
 TEST_F(HoldToTalkTest, TheSettingOfThePressCountsForItsRelease)
 {
     press(1s);

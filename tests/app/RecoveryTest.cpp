@@ -84,9 +84,11 @@ TEST_F(RecoveryTest, ARecordingThatFailsAgainStaysUntilItsUserRefuses)
     pump();
     EXPECT_EQ(keptFiles().size(), 1);
     ASSERT_TRUE(shell.answerOffer) << "once more";
+    EXPECT_TRUE(shell.offer);
     const auto refuse = std::exchange(shell.answerOffer, nullptr);
     refuse(false);
     EXPECT_TRUE(isForgotten());
+    EXPECT_FALSE(shell.offer);
     refuse(true);
     EXPECT_THROW(runTask(recovery.transcribeAll()), NothingKept);
     EXPECT_FALSE(provider.isAsked());

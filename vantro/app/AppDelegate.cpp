@@ -151,10 +151,12 @@ bool AppDelegate::hasModel()
     return false;
 }
 
-/// Soon after a cancel it takes that back.
+/// Soon after a cancel it takes that back. Whoever holds it speaks.
 std::weak_ptr<Dictation> AppDelegate::shortcutUsed(Dictation::Keyboard keyboard)
 {
-    return !isUserAway() && recovery().takeCancelBack() ? std::weak_ptr<Dictation>() : showLauncherAndRecord(keyboard);
+    const bool isHeld = keyboard == Dictation::Keyboard::left;
+    return !isHeld && !isUserAway() && recovery().takeCancelBack() ? std::weak_ptr<Dictation>()
+                                                                   : showLauncherAndRecord(keyboard);
 }
 
 std::shared_ptr<Dictation> AppDelegate::transcribeAgain(Owed owed)

@@ -124,6 +124,7 @@ void Dictation::startCapture()
     mode_ = rule_ && rule_->mode ? *rule_->mode : defaultMode(parts_.defaults);
     recorder.setProcessingMode(mode_);
     connect(&recorder, &AudioRecorder::captureGivenUp, this, &Dictation::stop);
+    connect(&recorder, &AudioRecorder::captureFull, this, &Dictation::stop);
     connect(&parts_.session, &SessionState::aboutToBeAway, this, &Dictation::stop);
     try {
         if (!recorder.startRecording()) {
@@ -203,6 +204,9 @@ void Dictation::endRecording()
     ahead_.expectEnd();
     mode_ = parts_.recorder.processingMode();
     noteLostMicrophone();
+    if (parts_.recorder.isFull())
+        notice_ =
+            tr("A recording ends after ten minutes. Anything said after that is missing: dictate the rest again.");
     chooseHandler();
     enter(State::draining);
     parts_.notifications.post(notification::recordingProcesses);

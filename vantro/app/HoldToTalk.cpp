@@ -31,6 +31,12 @@ HoldToTalk::HoldToTalk(KeyboardShortcuts& shortcuts, UserDefaults& defaults, Clo
     followOtherKeys(shortcuts);
 }
 
+HoldToTalk::~HoldToTalk()
+{
+    // The registrations that go now end the hold.
+    shortcuts_.disconnect(this);
+}
+
 /// Whoever else has Escape with the shortcut's modifiers: a held shortcut keeps all keys.
 void HoldToTalk::followOtherKeys(KeyboardShortcuts& shortcuts)
 {

@@ -29,6 +29,8 @@ public:
 
     /// All references must outlive this object.
     HoldToTalk(KeyboardShortcuts& shortcuts, UserDefaults& defaults, Clock& clock, Begin begin);
+    /// A recording that is being held goes on.
+    ~HoldToTalk() override;
 
 private:
     void pressed();

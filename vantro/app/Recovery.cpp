@@ -20,15 +20,23 @@ const QString blankLine = QStringLiteral("\n\n");
 
 void Recovery::offerFailed(Owed owed, const QString& notice)
 {
-    offer({owed.recording}, tr("Transcription Error"),
+    std::vector<Owed> one;
+    one.push_back(std::move(owed));
+    offer(std::move(one), tr("Transcription Error"),
           notice + blankLine + tr("Your recording is kept. Transcribe it now?"));
-    keep(std::move(owed));
 }
 
-/// What the alert holds on to may go in another way while it is open.
-void Recovery::offer(const std::vector<std::weak_ptr<Recording>>& recordings, const QString& title, const QString& text)
+/// What the alert holds on to may go in another way while it is open, which closes it.
+void Recovery::offer(std::vector<Owed> owed, const QString& title, const QString& text)
 {
-    shell_.offerTranscription(title, text, [this, recordings](bool isWanted) {
+    const auto offer = std::make_shared<QObject>();
+    std::vector<std::weak_ptr<Recording>> recordings;
+    for (Owed& one : owed) {
+        recordings.push_back(one.recording);
+        one.offer = offer;
+        keep(std::move(one));
+    }
+    shell_.offerTranscription(title, text, offer.get(), [this, recordings](bool isWanted) {
         auto owed = take(recordings);
         if (isWanted)
             start(std::move(owed));
@@ -77,13 +85,14 @@ QCoro::Task<bool> Recovery::offerLeft()
     std::vector<std::shared_ptr<Recording>> left = co_await spool_.takeLeft();
     if (left.empty())
         co_return false;
+    std::vector<Owed> owed;
     for (const auto& recording : left)
-        keep({recording});
+        owed.push_back({recording});
     const QString time = QLocale().toString(left.front()->header().startedAt.toLocalTime(), QLocale::ShortFormat);
     const QString what = left.size() == 1
                              ? tr("vantro ended before your recording of %1 became text. Transcribe it?").arg(time)
                              : tr("vantro ended before %1 recordings became text. Transcribe them?").arg(left.size());
-    offer({left.begin(), left.end()}, tr("Recording Kept"),
+    offer(std::move(owed), tr("Recording Kept"),
           what + QLatin1Char(' ') + tr("The text goes to the clipboard and into the history."));
     co_return true;
 }
@@ -154,7 +163,10 @@ QCoro::Task<QString> Recovery::transcribe(std::vector<Owed> owed)
         next->earlierTexts = texts.join(blankLine);
         std::shared_ptr<Dictation> dictation;
         try {
-            dictation = begin_(*next);
+            Owed handed = *next;
+            handed.offer.reset();
+            dictation = begin_(std::move(handed));
+            next->offer.reset();
         } catch (const Error&) {
             keepFrom(next);
             throw;

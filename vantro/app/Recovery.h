@@ -26,8 +26,9 @@ struct Owed
     std::shared_ptr<Recording> recording;
     /// Where it was dictated into; without it the text goes to the clipboard.
     std::optional<PasteDelivery::Target> target = {};
-    bool isCancelled = false;  ///< by the user, who may take that back
-    QString earlierTexts = {}; ///< of the same retry: they are on the clipboard already
+    bool isCancelled = false;            ///< by the user, who may take that back
+    QString earlierTexts = {};           ///< of the same retry: they are on the clipboard already
+    std::shared_ptr<QObject> offer = {}; ///< an alert that asks about it; goes with the last one that it asks about
 };
 
 /// There is no recording to transcribe or to discard.
@@ -77,7 +78,7 @@ public:
 private:
     QCoro::Task<std::vector<Owed>> takeAll();
     [[nodiscard]] std::vector<Owed> take(const std::vector<std::weak_ptr<Recording>>& wanted);
-    void offer(const std::vector<std::weak_ptr<Recording>>& recordings, const QString& title, const QString& text);
+    void offer(std::vector<Owed> owed, const QString& title, const QString& text);
     QCoro::Task<> start(std::vector<Owed> owed);
     QCoro::Task<QString> transcribe(std::vector<Owed> owed);
 

@@ -37,8 +37,8 @@ public:
     virtual void withdrawHUD() = 0;
     virtual void showAlert(const QString& title, const QString& text) = 0;
     /// An alert that asks whether to transcribe a kept recording. @p answered is called with the answer, if there is
-    /// one, while no dictation is under way.
-    virtual void offerTranscription(const QString& title, const QString& text,
+    /// one, while no dictation is under way. It closes by itself when @p about is destroyed.
+    virtual void offerTranscription(const QString& title, const QString& text, QObject* about,
                                     std::function<void(bool isWanted)> answered) = 0;
 
     /// What the user may want of a text that could not be rewritten.

@@ -40,6 +40,7 @@ AudioRecorder::AudioRecorder(AudioEngineFactory makeEngine, AudioDeviceManager& 
             heardSince_ = clock_.now();
         if (currentSession_)
             setCurrentAmplitude(tapLevel_.load());
+        lookWhetherFull();
     })
 {
     connect(&watch_, &CaptureWatch::isStalledChanged, this, [this] {
@@ -72,6 +73,17 @@ std::size_t AudioRecorder::sampleCount() const
     return collector_ ? collector_->sampleCount() : 0;
 }
 
+bool AudioRecorder::isFull() const
+{
+    return sampleCount() >= maximumSampleCount;
+}
+
+void AudioRecorder::lookWhetherFull()
+{
+    if (isRecording_ && isFull() && !std::exchange(isFullTold_, true))
+        Q_EMIT captureFull();
+}
+
 bool AudioRecorder::startRecording()
 {
     if (collector_)
@@ -89,6 +101,7 @@ bool AudioRecorder::startRecording()
     watch_.clear();
     heardSince_.reset();
     missing_ = {};
+    isFullTold_ = false;
     setRecording(true); // a slot may call expectMicrophone()
     try {
         startEngineSession();

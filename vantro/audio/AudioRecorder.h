@@ -89,6 +89,8 @@ public:
     [[nodiscard]] std::size_t sampleCount() const;
     /// Whether the microphone has delivered nothing for a second or more, while recording.
     [[nodiscard]] bool isStalled() const { return watch_.isStalled(); }
+    /// Whether the recording is as long as one may be; nothing is added to it any more.
+    [[nodiscard]] bool isFull() const;
     /// How much of the recording, from its first block to takeSamples(), the microphone did not deliver.
     [[nodiscard]] std::chrono::duration<double> missing() const { return missing_; }
     /// Where the capture's samples arrive; null without a capture.
@@ -109,6 +111,8 @@ Q_SIGNALS:
     void isStalledChanged();
     /// The microphone was lost during a recording and none has replaced it; see lostCapture().
     void captureGivenUp();
+    /// The recording has become as long as one may be; see isFull().
+    void captureFull();
 
 private:
     void startEngineSession();
@@ -123,6 +127,7 @@ private:
     void discard();
     void setRecording(bool recording);
     void setCurrentAmplitude(float amplitude);
+    void lookWhetherFull();
 
     bool isRecording_ = false;
     bool isBusy_ = false;
@@ -146,6 +151,7 @@ private:
     CaptureWatch watch_;
     std::optional<Clock::Instant> heardSince_; ///< the first block, as noticed on the main thread
     std::chrono::duration<double> missing_{};
+    bool isFullTold_ = false;
     std::unique_ptr<QObject> patience_; ///< destroying it ends the wait for a microphone
 
     std::atomic<float> tapLevel_{0};

@@ -29,6 +29,8 @@ void Alerts::show(const AlertWindow::Contents& contents, AlertWindow::Answered a
 {
     Logger("Alert").info(QStringLiteral("%1: %2").arg(contents.title, contents.text.simplified()));
     idle_.run([this, contents, answered = std::move(answered)] {
+        if (contents.about && contents.about->isNull())
+            return;
         // Deletes itself when it is closed.
         (new AlertWindow(engine_, clock_, contents, answered))->presentUnasked();
     });

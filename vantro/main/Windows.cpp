@@ -222,9 +222,10 @@ void Windows::showAlert(const QString& title, const QString& text)
     alerts_.show(AlertWindow::Kind::warning, title, text);
 }
 
-void Windows::offerTranscription(const QString& title, const QString& text, std::function<void(bool isWanted)> answered)
+void Windows::offerTranscription(const QString& title, const QString& text, QObject* about,
+                                 std::function<void(bool isWanted)> answered)
 {
-    alerts_.show(AlertWindow::Kind::warning, title, text, {tr("Transcribe"), tr("Discard")},
+    alerts_.show({.title = title, .text = text, .buttons = {tr("Transcribe"), tr("Discard")}, .about = about},
                  [this, answered = std::move(answered)](std::optional<int> button) {
                      if (button == 0)
                          idle_.run([answered] { answered(true); });
@@ -300,7 +301,7 @@ void Windows::showUndoOffer(std::optional<QRect> anchor, std::function<void()> a
 {
     const auto shortcut = parts_.shortcuts.shortcut(KeyboardShortcuts::Name::openModal);
     hud_.showOffer(anchor, tr("Recording discarded"),
-                   shortcut
+                   shortcut && !parts_.defaults.get(setting::holdToTalk)
                        ? tr("%1 or a click transcribes it after all").arg(wording::shownKeys(shortcut->displayText()))
                        : tr("A click transcribes it after all"),
                    std::move(accepted));

@@ -67,7 +67,7 @@ public:
     void showTranscribing() override;
     void withdrawHUD() override { hud_.withdraw(); }
     void showAlert(const QString& title, const QString& text) override;
-    void offerTranscription(const QString& title, const QString& text,
+    void offerTranscription(const QString& title, const QString& text, QObject* about,
                             std::function<void(bool isWanted)> answered) override;
     void showRewritingFailure(const QString& text, std::function<void(AsSpoken)> wanted) override;
     void putWindowsAside() override;

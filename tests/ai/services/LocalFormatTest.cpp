@@ -44,11 +44,11 @@ protected:
     /// What the model writes, whether it comes to an end or not: so small a one may not.
     QString written(const std::shared_ptr<FormatRequestServicing>& by)
     {
-        QString pieces;
-        by->listen([&](const QString& piece) { pieces += piece; });
+        const auto pieces = std::make_shared<QString>(); // the model may outlive the wait
+        by->listen([pieces](const QString& piece) { *pieces += piece; });
         const Outcome result = outcome(by->format(prompt, text));
-        EXPECT_TRUE(result.text.isEmpty() || result.text == pieces.trimmed());
-        return pieces;
+        EXPECT_TRUE(result.text.isEmpty() || result.text == pieces->trimmed());
+        return *pieces;
     }
     Outcome rewrite(const QString& what, std::stop_token stop = {})
     {

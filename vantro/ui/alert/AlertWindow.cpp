@@ -21,6 +21,8 @@ AlertWindow::AlertWindow(QQmlEngine& engine, Clock& clock, const Contents& conte
                                              {QStringLiteral("buttons"), contents.buttons},
                                              {QStringLiteral("safeButton"), contents.safeButton},
                                              {QStringLiteral("isWarning"), contents.kind == Kind::warning}});
+    if (contents.about)
+        connect(*contents.about, &QObject::destroyed, this, &QWindow::close);
     connect(rootObject(), SIGNAL(pressed(int)), this, SLOT(pressed(int)));
     connect(this, &QWindow::visibleChanged, this, [this](bool visible) {
         if (visible)

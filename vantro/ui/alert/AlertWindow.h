@@ -2,6 +2,8 @@
 
 #include "vantro/ui/style/Dialog.h"
 
+#include <QPointer>
+
 #include <functional>
 #include <optional>
 
@@ -24,7 +26,8 @@ public:
         QString title;
         QString text;
         QStringList buttons;
-        int safeButton = 0; ///< has the focus: Return presses it
+        int safeButton = 0;                          ///< has the focus: Return presses it
+        std::optional<QPointer<QObject>> about = {}; ///< when it is destroyed the alert is of no use and closes
     };
 
     AlertWindow(QQmlEngine& engine, Clock& clock, const Contents& contents, Answered answered = {});
