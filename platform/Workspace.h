@@ -44,6 +44,12 @@ public:
     [[nodiscard]] virtual bool takesText(WindowID window) const = 0;
     /// The window's class and instance names, most specific last ("XTerm", "xterm"); empty if it has none.
     [[nodiscard]] virtual QStringList windowClass(WindowID window) const = 0;
+    /// Asks the program of @p window for a sign of life, which comes after what it does with events that it was sent
+    /// before. Returns at once.
+    virtual void ping(WindowID /*window*/) {}
+    /// Whether @p window is the one of the latest ping() and has answered. Some programs never do, and some systems do
+    /// not ask.
+    [[nodiscard]] virtual bool hasAnswered(WindowID /*window*/) const { return false; }
     /// Opens @p url in the desktop's default program. Returns false if none could be started.
     virtual bool openUrl(const QString& url) = 0;
     /// Whether translucency works; without a compositor it is rendered black.

@@ -1802,10 +1802,6 @@
         <translation>Der Text ist in der Zwischenablage.</translation>
     </message>
     <message>
-        <source>A window has not taken the text before this one. That text is in the history.</source>
-        <translation>Ein Fenster hat den Text vor diesem nicht übernommen. Jener Text steht im Verlauf.</translation>
-    </message>
-    <message>
         <source>The window you were working in has not taken the text.</source>
         <translation>Das Fenster, in dem du gearbeitet hast, hat den Text nicht übernommen.</translation>
     </message>
@@ -1852,6 +1848,26 @@
     <message>
         <source>A window has not taken the text before this one yet. It appears when the window responds.</source>
         <translation>Ein Fenster hat den Text vor diesem noch nicht übernommen. Er erscheint, sobald das Fenster wieder reagiert.</translation>
+    </message>
+    <message>
+        <source>A window has not taken the text before this one.</source>
+        <translation>Ein Fenster hat den Text vor diesem nicht übernommen.</translation>
+    </message>
+    <message>
+        <source>What was copied has taken the place of the text that waited there.</source>
+        <translation>Was kopiert wurde, hat den Text ersetzt, der dort wartete.</translation>
+    </message>
+    <message>
+        <source>The window you were working in has no use for the text there. Click where it belongs and press %1.</source>
+        <translation>Das Fenster, in dem du gearbeitet hast, kann dort mit dem Text nichts anfangen. Klicke dorthin, wo er stehen soll, und drücke %1.</translation>
+    </message>
+    <message>
+        <source>That text is in the history.</source>
+        <translation>Jener Text steht im Verlauf.</translation>
+    </message>
+    <message>
+        <source>Its recording is kept: the command vantro retry transcribes it again.</source>
+        <translation>Seine Aufnahme ist aufbewahrt: Der Befehl vantro retry transkribiert sie noch einmal.</translation>
     </message>
 </context>
 <context>

@@ -21,6 +21,8 @@ public:
     [[nodiscard]] bool isOwn(WindowID window) const override { return own_.contains(window); }
     [[nodiscard]] bool takesText(WindowID window) const override { return isOwn(window) && own_.at(window); }
     [[nodiscard]] QStringList windowClass(WindowID window) const override;
+    void ping(WindowID window) override { pinged_ = window; }
+    [[nodiscard]] bool hasAnswered(WindowID window) const override { return pinged_ == window && isAnswering_; }
     bool openUrl(const QString& url) override
     {
         opened_ << url;
@@ -34,6 +36,8 @@ public:
     void makeOwn(WindowID window, bool hasTextField = false) { own_[window] = hasTextField; }
     /// Closes @p window; if it had the focus, no window has.
     void closeWindow(WindowID window);
+    /// Whether the programs of windows answer; by default they do not.
+    void setAnswering(bool isAnswering) { isAnswering_ = isAnswering; }
     /// The window manager's view; emits frontWindowChanged().
     void setFrontWindow(std::optional<WindowID> window);
     /// The actual recipient of key presses.
@@ -49,6 +53,8 @@ public:
 private:
     std::map<WindowID, QStringList> windows_;
     std::map<WindowID, bool> own_; ///< with or without a text field
+    std::optional<WindowID> pinged_;
+    bool isAnswering_ = false;
     std::optional<WindowID> front_;
     std::optional<WindowID> focus_;
     std::function<void(WindowID)> policy_;

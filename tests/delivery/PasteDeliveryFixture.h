@@ -53,7 +53,7 @@ protected:
     {
         outcome_.reset();
         [](PasteDeliveryFixture& self, QString text) -> QCoro::Task<> {
-            const auto delivery = self.delivery_->deliver(text, [&self, text] { self.settled_ << text; });
+            const auto delivery = self.delivery_->deliver(text, {[&self, text] { self.settled_ << text; }, {}});
             self.outcome_ = co_await delivery;
         }(*this, text);
     }

@@ -149,6 +149,30 @@ TEST_F(PasteDeliveryKeyboardTest, WaitsForAHeldKeyThenLooksAtTheFocusAgain)
     EXPECT_EQ(outcome_, Outcome::Pasted);
 }
 
+TEST_F(PasteDeliveryKeyboardTest, WhatIsCopiedWhileAKeyIsHeldIsNotPastedAndComesBack)
+{
+    keys_.setOrdinaryKeyDown(true);
+    deliver();
+    pasteboard_.setByOther(Selection::Clipboard, QStringLiteral("copied since"));
+    keys_.setOrdinaryKeyDown(false);
+    clock_.advance(10ms);
+    EXPECT_EQ(received_, words);
+    clock_.advance(1s);
+    EXPECT_EQ(clipboard(), QStringLiteral("copied since"));
+
+    // Two texts at the same time: neither is taken for what was there before.
+    keys_.setOrdinaryKeyDown(true);
+    deliver(QStringLiteral("One."));
+    deliver(QStringLiteral("Two."));
+    clock_.advance(100ms);
+    keys_.setOrdinaryKeyDown(false);
+    clock_.advance(100ms);
+    EXPECT_EQ(keys_.posted().size(), 3U);
+    EXPECT_EQ(received_, QStringLiteral("Two."));
+    clock_.advance(1s);
+    EXPECT_EQ(clipboard(), QStringLiteral("copied since"));
+}
+
 TEST_F(PasteDeliveryKeyboardTest, WhoeverHasTheKeyboardToItselfGetsNoKeystroke)
 {
     keys_.setKeyboardTaken(true);

@@ -228,6 +228,59 @@ TEST_F(PasteDeliveryTest, AWindowThatStandsStillIsOwedItsTextWhileOthersGetTheir
     EXPECT_EQ(settled_.size(), 7) << "nothing is owed";
 }
 
+TEST_F(PasteDeliveryTest, AWindowThatHadNoUseForATextGetsTheNextOne)
+{
+    targetReads_ = false;
+    workspace_.setAnswering(true);
+    deliver(QStringLiteral("For a button."));
+    clock_.advance(1s);
+    EXPECT_EQ(told_.size(), 0) << "it may take a moment";
+    clock_.advance(2s);
+    ASSERT_EQ(told_.size(), 1);
+    EXPECT_TRUE(told_.front().contains(QStringLiteral("Click where it belongs"))) << told_.front().toStdString();
+    EXPECT_EQ(clipboard(), QStringLiteral("For a button."));
+    targetReads_ = true;
+    deliver(QStringLiteral("For a field."));
+    EXPECT_EQ(received_, QStringLiteral("For a field."));
+    EXPECT_EQ(told_.size(), 2);
+    clock_.advance(1s);
+    EXPECT_EQ(clipboard(), former);
+}
+
+TEST_F(PasteDeliveryTest, ATextThatIsNotInTheHistoryIsNotForgotten)
+{
+    QStringList lost;
+    const auto deliverUnstored = [&](const QString& text) {
+        [](auto& self, QStringList& lost, QString text) -> QCoro::Task<> {
+            const auto delivery = self.delivery_->deliver(text, {[&self, text] { self.settled_ << text; },
+                                                                 [&lost, text] {
+                                                                     lost << text;
+                                                                 }});
+            std::ignore = co_await delivery;
+        }(*this, lost, text);
+    };
+    targetReads_ = false;
+    deliverUnstored(QStringLiteral("One."));
+    pasteboard_.setByOther(Selection::Clipboard, QStringLiteral("copied since"));
+    clock_.advance(3s);
+    EXPECT_THAT(lost, ElementsAre(QStringLiteral("One.")));
+    EXPECT_TRUE(told_.last().contains(QStringLiteral("vantro retry"))) << told_.last().toStdString();
+
+    deliverUnstored(QStringLiteral("Waits."));
+    clock_.advance(3s);
+    EXPECT_EQ(lost.size(), 1);
+    pasteboard_.setByOther(Selection::Clipboard, QStringLiteral("copied since"));
+    clock_.advance(1s);
+    EXPECT_EQ(lost.size(), 2);
+    lost.removeLast();
+
+    deliverUnstored(QStringLiteral("Two."));
+    pasteboard_.fetch(Selection::Clipboard, editor);
+    clock_.advance(1s);
+    EXPECT_EQ(lost.size(), 1);
+    EXPECT_THAT(settled_, ElementsAre(QStringLiteral("Two.")));
+}
+
 TEST_F(PasteDeliveryTest, AManagerThatTakesTheTextOverDoesNotMakeItLookFetched)
 {
     targetReads_ = false;

@@ -207,7 +207,7 @@ QString AppDelegate::pasteOriginal()
 QCoro::Task<> AppDelegate::pasteInFront(QString text)
 {
     PasteDelivery& delivery = parts_.dictation.delivery;
-    const auto delivering = delivery.deliver(std::move(text), [] {});
+    const auto delivering = delivery.deliver(std::move(text));
     const QString reason = delivery.explanation(co_await delivering);
     if (!reason.isEmpty())
         shell().showPasteHUD(

@@ -409,7 +409,12 @@ QCoro::Task<> Dictation::paste(QString text, std::optional<QRect> launcherFrame)
 {
     closeLauncher();
     fate_ = Fate::handedOver;
-    const auto delivery = parts_.delivery.deliver(text, [recording = owed_.recording] { recording->discard(); });
+    PasteDelivery::Keeping keeping{[recording = owed_.recording] { recording->discard(); }, {}};
+    if (!isTextStored())
+        keeping.lost = [&recovery = parts_.recovery, owed = owed_] {
+            recovery.keep(owed);
+        };
+    const auto delivery = parts_.delivery.deliver(text, std::move(keeping));
     const auto outcome = co_await delivery;
     if (outcome == PasteDelivery::Outcome::Pasted)
         timings_.pasted = parts_.clock.now();

@@ -6,6 +6,8 @@
 #include "vantro/delivery/Joint.h"
 #include "vantro/delivery/PasteChords.h"
 
+#include <QScopeGuard>
+
 #include <coroutine>
 #include <memory>
 #include <tuple>
@@ -145,10 +147,21 @@ void PasteDelivery::leave(const QString& text)
         pasteboard_.setString(selection, text);
 }
 
-QCoro::Task<PasteDelivery::Outcome> PasteDelivery::deliver(QString text, std::function<void()> settled)
+QCoro::Task<PasteDelivery::Outcome> PasteDelivery::deliver(QString text, Keeping keeping)
 {
     if (plain(text).isEmpty())
         co_return Outcome::Nothing;
+    // Two at once would take each other's text for what was on the clipboard.
+    while (isDelivering_)
+        co_await NextLook(*this);
+    isDelivering_ = true;
+    const auto over = qScopeGuard([this] { isDelivering_ = false; });
+    const auto delivering = deliverNext(std::move(text), std::move(keeping));
+    co_return co_await delivering;
+}
+
+QCoro::Task<PasteDelivery::Outcome> PasteDelivery::deliverNext(QString text, Keeping keeping)
+{
     // A page that has just opened gives its field the focus a moment later.
     if (target_.ownFront && workspace_.takesText(*target_.ownFront))
         target_.window = target_.ownFront;
@@ -157,11 +170,11 @@ QCoro::Task<PasteDelivery::Outcome> PasteDelivery::deliver(QString text, std::fu
     printToPerson(QStringLiteral("Copied to clipboard: \"%1\"").arg(dictated));
     returnToOwed(target);
     if (isPasting(target)) {
-        addToPending(dictated, std::move(settled));
+        addToPending(dictated, std::move(keeping));
         co_return Outcome::Pasted;
     }
     Restore former = takeFormer(dictated);
-    former.settled.push_back(std::move(settled));
+    former.keeping.push_back(std::move(keeping));
     show(Selection::Clipboard, dictated);
 
     Outcome outcome = co_await waitForKeyboard(target);
@@ -275,6 +288,16 @@ bool PasteDelivery::hasKeyboard(WindowID window) const
     return workspace_.frontWindow() == window && workspace_.hasInputFocus(window);
 }
 
+/// What has been copied while the delivery waited would be pasted instead.
+void PasteDelivery::showAgain(const QString& dictated, Restore& former)
+{
+    if (pasteboard_.string(Selection::Clipboard) == dictated)
+        return;
+    if (former.clipboard)
+        former.clipboard = this->former(Selection::Clipboard, dictated, std::nullopt);
+    show(Selection::Clipboard, dictated);
+}
+
 PasteDelivery::Outcome PasteDelivery::paste(const QString& dictated, WindowID target, Restore former)
 {
     // The keystroke would paste what somebody else has copied.
@@ -283,7 +306,9 @@ PasteDelivery::Outcome PasteDelivery::paste(const QString& dictated, WindowID ta
         return Outcome::KeystrokeFailed;
     }
     const auto chord = chordOf(target);
-    if (chord == KeyEventPoster::PasteChord::ShiftInsert) {
+    former.isByPrimary = chord == KeyEventPoster::PasteChord::ShiftInsert;
+    showAgain(dictated, former);
+    if (former.isByPrimary) {
         former.primary = this->former(Selection::Primary, dictated, former.primary);
         show(Selection::Primary, dictated);
     }
@@ -294,6 +319,7 @@ PasteDelivery::Outcome PasteDelivery::paste(const QString& dictated, WindowID ta
         keystrokeError_ = error.localizedDescription();
         return Outcome::KeystrokeFailed;
     }
+    workspace_.ping(target);
     former.target = target;
     former.pastedAt = clock_.now();
     latest_ = Latest{target, dictated, clock_.now()};

@@ -40,6 +40,14 @@ public:
         KeystrokeFailed,
     };
 
+    /// What whoever has a text delivered does about what it keeps of it. Either may be empty; one of them is called at
+    /// most, and none if the process ends before.
+    struct Keeping
+    {
+        std::function<void()> settled; ///< nothing needs to be kept: the window has fetched it, or it is with the user
+        std::function<void()> lost;    ///< it is nowhere any more; empty if it is in the history
+    };
+
     /// Where a text goes.
     struct Target
     {
@@ -78,10 +86,9 @@ public:
     /// been changed since. After 2 s notFetched() is emitted. A window that has not answered one keystroke yet gets no
     /// second one: its paste will bring both texts. What it is owed comes back to the clipboard when a text for another
     /// window has been fetched.
-    /// @p settled is called when nothing needs to be kept of the text: the window has fetched it, or it was left to the
-    /// user. Not if the process ends before.
-    /// With "joinDictations", a text that soon follows another one in the same window is joined to it.
-    [[nodiscard]] QCoro::Task<Outcome> deliver(QString text, std::function<void()> settled = {});
+    /// One text after the other: a second one waits for the first. With "joinDictations", a text that soon follows
+    /// another one in the same window is joined to it.
+    [[nodiscard]] QCoro::Task<Outcome> deliver(QString text, Keeping keeping = {});
 
     /// Ends a pending paste as it stands. For when the process is about to end.
     void restoreNow();
@@ -118,13 +125,15 @@ private:
         std::optional<Former> primary;
         WindowID target{};
         Clock::Instant pastedAt;
-        bool isFetched = false; ///< once seen it stays so, whatever the clipboard holds by then
-        bool isTold = false;    ///< the user knows that it has not been fetched
-        std::vector<std::function<void()>> settled;
+        bool isByPrimary = false; ///< the selection that the keystroke pastes
+        bool isFetched = false;   ///< once seen it stays so, whatever the clipboard holds by then
+        bool isTold = false;      ///< the user knows that it has not been fetched
+        std::vector<Keeping> keeping;
     };
 
     void noteFront();
     [[nodiscard]] QString joined(const QString& text, std::optional<WindowID> target) const;
+    [[nodiscard]] QCoro::Task<Outcome> deliverNext(QString text, Keeping keeping);
     [[nodiscard]] std::optional<Restore> takePending();
     [[nodiscard]] Restore takeFormer(const QString& dictated);
     [[nodiscard]] Former former(Pasteboard::Selection selection, const QString& dictated,
@@ -144,8 +153,10 @@ private:
     void forgetOwed();
     void tellOfForgotten(Restore& paste);
     [[nodiscard]] bool isOurs(const Restore& paste) const;
-    void addToPending(const QString& dictated, std::function<void()> settled);
+    [[nodiscard]] bool willTake(const Restore& paste) const;
+    void addToPending(const QString& dictated, Keeping keeping);
     void show(Pasteboard::Selection selection, const QString& text);
+    void showAgain(const QString& dictated, Restore& former);
     void leave(const QString& text);
     [[nodiscard]] KeyEventPoster::PasteChord chordOf(std::optional<WindowID> window) const;
     [[nodiscard]] Outcome paste(const QString& dictated, WindowID target, Restore restore);
@@ -157,8 +168,9 @@ private:
     void lookForLateFetch();
     void tellOfUnfetched();
     void leaveForNow(Restore& paste);
-    [[nodiscard]] QString reasonOfUnfetched(const Restore& paste, bool isThere, bool isFollowed) const;
+    [[nodiscard]] QString reasonOfUnfetched(const Restore& paste, bool isFollowed) const;
     static void settle(Restore& paste);
+    [[nodiscard]] QString lose(Restore& paste);
     void restore(const Restore& former);
     void restore(Pasteboard::Selection selection, const std::optional<Former>& former);
 
@@ -174,6 +186,7 @@ private:
     std::optional<Latest> latest_; ///< the paste that the next one may follow on
     std::optional<Restore> pending_;
     std::vector<Restore> owed_; ///< to windows that stood still when a text for another one came; the latest last
+    bool isDelivering_ = false;
     quint64 generation_ = 0;
     QString keystrokeError_;
 };

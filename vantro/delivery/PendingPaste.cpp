@@ -32,9 +32,9 @@ std::optional<PasteDelivery::Restore> PasteDelivery::takePending()
         return pending;
     if (isFetched(*pending)) {
         settle(*pending);
-    } else if (isOurs(*pending) && workspace_.windowExists(pending->target)) {
+    } else if (isOurs(*pending) && willTake(*pending)) {
         owed_.push_back(*pending);
-        pending->settled.clear();
+        pending->keeping.clear();
     } else {
         tellOfForgotten(*pending);
     }
@@ -43,9 +43,7 @@ std::optional<PasteDelivery::Restore> PasteDelivery::takePending()
 
 void PasteDelivery::tellOfForgotten(Restore& paste)
 {
-    if (!std::exchange(paste.isTold, true))
-        Q_EMIT notFetched(tr("A window has not taken the text before this one. That text is in the history."));
-    settle(paste);
+    Q_EMIT notFetched(tr("A window has not taken the text before this one.") + QLatin1Char(' ') + lose(paste));
 }
 
 /// The next text for a window that is owed one comes with it.
@@ -73,10 +71,8 @@ void PasteDelivery::tellOfOwed()
 /// Another text stays on the clipboard.
 void PasteDelivery::forgetOwed()
 {
-    for (Restore& paste : std::exchange(owed_, {})) {
-        paste.isTold = false; // that it would appear
+    for (Restore& paste : std::exchange(owed_, {}))
         tellOfForgotten(paste);
-    }
 }
 
 bool PasteDelivery::isFetched(Restore& paste) const
@@ -89,21 +85,28 @@ bool PasteDelivery::isFetched(Restore& paste) const
 /// Whether @p target still has a keystroke to answer, and will find our text then.
 bool PasteDelivery::isPasting(std::optional<WindowID> target)
 {
-    return pending_ && pending_->target == target && !isFetched(*pending_) && isOurs(*pending_);
+    return pending_ && pending_->target == target && !isFetched(*pending_) && isOurs(*pending_) && willTake(*pending_);
+}
+
+/// A window that has had its time and goes on without the text had no use for the keystroke.
+bool PasteDelivery::willTake(const Restore& paste) const
+{
+    return workspace_.windowExists(paste.target) && !(paste.isTold && workspace_.hasAnswered(paste.target));
 }
 
 bool PasteDelivery::isOurs(const Restore& paste) const
 {
-    return pasteboard_.isOwner(Selection::Clipboard) && pasteboard_.string(Selection::Clipboard) == paste.text;
+    const auto selection = paste.isByPrimary ? Selection::Primary : Selection::Clipboard;
+    return pasteboard_.isOwner(selection) && pasteboard_.string(selection) == paste.text;
 }
 
-void PasteDelivery::addToPending(const QString& dictated, std::function<void()> settled)
+void PasteDelivery::addToPending(const QString& dictated, Keeping keeping)
 {
     Restore& paste = *pending_;
     paste.text += QLatin1Char(' ') + dictated;
     paste.pastedAt = clock_.now();
     paste.isTold = false;
-    paste.settled.push_back(std::move(settled));
+    paste.keeping.push_back(std::move(keeping));
     show(Selection::Clipboard, paste.text);
     if (paste.clipboard)
         paste.clipboard->ours = paste.text;
@@ -180,7 +183,13 @@ void PasteDelivery::lookForLateFetch()
         lookAfter(lateFetchPoll);
         return;
     }
-    settle(*pending_);
+    const bool isLeft = isOurs(*pending_) ||
+                        std::ranges::all_of(pending_->keeping, [](const Keeping& keeping) { return !keeping.lost; });
+    if (isLeft)
+        settle(*pending_);
+    else
+        Q_EMIT notFetched(tr("What was copied has taken the place of the text that waited there.") + QLatin1Char(' ') +
+                          lose(*pending_));
     pending_.reset();
     forgetOwed();
 }
@@ -204,7 +213,9 @@ void PasteDelivery::tellOfUnfetched()
     Restore& paste = *pending_;
     const bool isThere = pasteboard_.string(Selection::Clipboard) == paste.text;
     const bool isFollowed = isThere && pasteboard_.isOwner(Selection::Clipboard);
-    const QString reason = reasonOfUnfetched(paste, isThere, isFollowed);
+    const QString reason =
+        isThere ? reasonOfUnfetched(paste, isFollowed)
+                : tr("The window you were working in has not taken the text.") + QLatin1Char(' ') + lose(paste);
     if (isThere)
         leaveForNow(paste);
     else
@@ -230,14 +241,14 @@ void PasteDelivery::leaveForNow(Restore& paste)
 }
 
 /// A clipboard manager that has taken the text over does not tell who fetches it.
-QString PasteDelivery::reasonOfUnfetched(const Restore& paste, bool isThere, bool isFollowed) const
+QString PasteDelivery::reasonOfUnfetched(const Restore& paste, bool isFollowed) const
 {
-    if (!isThere)
-        return tr("The window you were working in has not taken the text.") + QLatin1Char(' ') +
-               tr("The text is in the history.");
     const QString keys = chordText(chordOf(paste.target));
     if (!isFollowed)
         return tr("The window you were working in may not have taken the text. If it does not appear, press %1 there.")
+            .arg(keys);
+    if (workspace_.hasAnswered(paste.target))
+        return tr("The window you were working in has no use for the text there. Click where it belongs and press %1.")
             .arg(keys);
     return tr("The window you were working in has not taken the text yet. "
               "It appears when the window responds; only if it does not, press %1 there.")
@@ -247,10 +258,23 @@ QString PasteDelivery::reasonOfUnfetched(const Restore& paste, bool isThere, boo
 /// Nothing needs to be kept of the text any more.
 void PasteDelivery::settle(Restore& paste)
 {
-    for (const auto& settled : std::exchange(paste.settled, {})) {
+    for (const auto& [settled, lost] : std::exchange(paste.keeping, {})) {
         if (settled)
             settled();
     }
+}
+
+/// It is not on the clipboard any more. Returns where it is.
+QString PasteDelivery::lose(Restore& paste)
+{
+    bool isStored = true;
+    for (const auto& [settled, lost] : std::exchange(paste.keeping, {})) {
+        isStored = isStored && !lost;
+        if (const auto& call = lost ? lost : settled)
+            call();
+    }
+    return isStored ? tr("That text is in the history.")
+                    : tr("Its recording is kept: the command vantro retry transcribes it again.");
 }
 
 void PasteDelivery::restore(const Restore& former)

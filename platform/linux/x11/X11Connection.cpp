@@ -171,6 +171,13 @@ void X11Connection::selectRootEvents(long mask)
         XSelectInput(state_->display, rootWindow(), rootEventMask_);
 }
 
+void X11Connection::deselectRootEvents(long mask)
+{
+    rootEventMask_ &= ~mask;
+    if (isOpen())
+        XSelectInput(state_->display, rootWindow(), rootEventMask_);
+}
+
 void X11Connection::ungrabKeyboard()
 {
     XUngrabKeyboard(state_->display, CurrentTime);

@@ -43,6 +43,8 @@ public:
     void addListener(QObject* context, Listener listener);
     /// Adds @p mask to the events selected on the root window.
     void selectRootEvents(long mask);
+    /// Takes it away again.
+    void deselectRootEvents(long mask);
 
     /// Ends the grab of a hot key that is held down; its release will go to the window in front.
     void ungrabKeyboard();

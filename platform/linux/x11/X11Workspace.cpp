@@ -25,6 +25,10 @@ struct XFreeDeleter
 /// Source indication "pager" (EWMH): window managers grant requests on the user's behalf.
 constexpr long sourceIsUser = 2;
 constexpr long maxPropertyLongs = 4096;
+/// In the place of a time stamp, so that a window manager does not take the answer for one to itself.
+constexpr long pingMark = 0x76616e;
+/// To the one or the other, as toolkits see it.
+constexpr long pingAnswers = StructureNotifyMask | SubstructureNotifyMask;
 
 } // namespace
 
@@ -37,8 +41,11 @@ X11Workspace::X11Workspace(X11Connection& connection) : connection_(connection)
     supportedAtom_ = XInternAtom(connection_.display(), "_NET_SUPPORTED", False);
     const std::string compositor = "_NET_WM_CM_S" + std::to_string(DefaultScreen(connection_.display()));
     compositorAtom_ = XInternAtom(connection_.display(), compositor.c_str(), False);
+    protocolsAtom_ = XInternAtom(connection_.display(), "WM_PROTOCOLS", False);
+    pingAtom_ = XInternAtom(connection_.display(), "_NET_WM_PING", False);
     connection_.selectRootEvents(PropertyChangeMask);
     connection_.addListener(this, [this](XEvent& event) {
+        noteAnswer(event);
         if (event.type == PropertyNotify && event.xproperty.window == connection_.rootWindow() &&
             event.xproperty.atom == activeWindowAtom_)
             Q_EMIT frontWindowChanged();
@@ -99,6 +106,46 @@ void X11Workspace::activateWindow(WindowID window)
     event.xclient.data.l[0] = sourceIsUser;
     event.xclient.data.l[1] = CurrentTime;
     XSendEvent(display, connection_.rootWindow(), False, SubstructureRedirectMask | SubstructureNotifyMask, &event);
+}
+
+/// EWMH: a program sends the message back to the root window. What else comes from there is looked at only meanwhile.
+void X11Workspace::ping(WindowID window)
+{
+    if (!connection_.isOpen())
+        return;
+    const X11ErrorTrap trap(connection_);
+    const auto protocols = windowProperty(window, protocolsAtom_, XA_ATOM);
+    ping_.reset();
+    if (std::ranges::find(protocols, pingAtom_) == protocols.end())
+        return;
+    ping_ = Ping{window};
+    connection_.selectRootEvents(pingAnswers);
+    XEvent event{};
+    event.xclient.type = ClientMessage;
+    event.xclient.window = window;
+    event.xclient.message_type = protocolsAtom_;
+    event.xclient.format = 32;
+    event.xclient.data.l[0] = static_cast<long>(pingAtom_);
+    event.xclient.data.l[1] = pingMark;
+    event.xclient.data.l[2] = static_cast<long>(window);
+    XSendEvent(connection_.display(), window, False, NoEventMask, &event);
+}
+
+void X11Workspace::noteAnswer(const XEvent& event)
+{
+    const XClientMessageEvent& message = event.xclient;
+    const bool isAnswer = event.type == ClientMessage && ping_ && message.message_type == protocolsAtom_ &&
+                          message.data.l[0] == static_cast<long>(pingAtom_) && message.data.l[1] == pingMark &&
+                          message.data.l[2] == static_cast<long>(ping_->window);
+    if (!isAnswer)
+        return;
+    ping_->isAnswered = true;
+    connection_.deselectRootEvents(pingAnswers);
+}
+
+bool X11Workspace::hasAnswered(WindowID window) const
+{
+    return ping_ && ping_->window == window && ping_->isAnswered;
 }
 
 bool X11Workspace::isOwn(WindowID window) const

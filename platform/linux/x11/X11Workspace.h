@@ -5,6 +5,8 @@
 #include <optional>
 #include <vector>
 
+union _XEvent; // NOLINT(bugprone-reserved-identifier)
+
 namespace vantro {
 
 class X11Connection;
@@ -24,6 +26,8 @@ public:
     [[nodiscard]] bool isOwn(WindowID window) const override;
     [[nodiscard]] bool takesText(WindowID window) const override;
     [[nodiscard]] QStringList windowClass(WindowID window) const override;
+    void ping(WindowID window) override;
+    [[nodiscard]] bool hasAnswered(WindowID window) const override;
     bool openUrl(const QString& url) override;
     [[nodiscard]] bool isCompositing() const override;
     [[nodiscard]] std::unique_ptr<UserActivity> watchUser() override;
@@ -31,6 +35,7 @@ public:
 private:
     enum class TopLevel { Managed, Any };
 
+    void noteAnswer(const _XEvent& event);
     [[nodiscard]] bool managerSupports(unsigned long atom) const;
     [[nodiscard]] std::vector<unsigned long> windowProperty(unsigned long window, unsigned long atom,
                                                             unsigned long type) const;
@@ -43,6 +48,15 @@ private:
     unsigned long stateAtom_ = 0;
     unsigned long supportedAtom_ = 0;
     unsigned long compositorAtom_ = 0;
+    unsigned long protocolsAtom_ = 0;
+    unsigned long pingAtom_ = 0;
+
+    struct Ping
+    {
+        WindowID window{};
+        bool isAnswered = false;
+    };
+    std::optional<Ping> ping_; ///< the latest
 };
 
 } // namespace vantro

@@ -10,7 +10,9 @@
 
 #include <X11/Xlib.h>
 
+#include <chrono>
 #include <cstdlib>
+#include <thread>
 #include <vector>
 
 using namespace vantro;
@@ -66,6 +68,30 @@ TEST_F(X11WorkspaceTest, OwnWindowsCountAndHandTheKeyboardBackWhenTheyClose)
     launcher.close();
     EXPECT_TRUE(eventually(
         [&] { return workspace_->hasInputFocus(editor->window()) && workspace_->frontWindow() == editor->window(); }));
+}
+
+TEST_F(X11WorkspaceTest, TellsAWindowThatGoesOnFromOneThatStandsStill)
+{
+    const auto editor = TargetProgram::qtEditor(*workspace_);
+    const WindowID window = editor->window();
+    EXPECT_FALSE(workspace_->hasAnswered(window)) << "nobody has asked";
+    editor->freeze();
+    workspace_->ping(window);
+    std::this_thread::sleep_for(std::chrono::milliseconds(300));
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(workspace_->hasAnswered(window));
+    editor->thaw();
+    EXPECT_TRUE(eventually([&] { return workspace_->hasAnswered(window); }));
+    workspace_->ping(window);
+    EXPECT_TRUE(eventually([&] { return workspace_->hasAnswered(window); }));
+
+    const auto document = TargetProgram::mousepad(*workspace_, *user_);
+    workspace_->ping(document->window());
+    EXPECT_TRUE(eventually([&] { return workspace_->hasAnswered(document->window()); }));
+    EXPECT_FALSE(workspace_->hasAnswered(window)) << "the latest counts";
+    document->close();
+    workspace_->ping(document->window());
+    EXPECT_FALSE(workspace_->hasAnswered(document->window()));
 }
 
 TEST_F(X11WorkspaceTest, ALostConnectionLetsGoOfHeldKeysAndEveryCallFailsClearly)
