@@ -14,7 +14,10 @@ using namespace vantro::asr::testing;
 
 namespace {
 
-const std::filesystem::path microFile = dataFolder() / "parakeet-micro-ctc.gguf";
+std::filesystem::path microFile()
+{
+    return dataFolder() / "parakeet-micro-ctc.gguf";
+}
 
 CtcLogProbabilities listen(const std::shared_ptr<const CtcKeywordSpotter>& spotter, const std::vector<float>& samples,
                            std::size_t pieceSize = 1'000'000)
@@ -58,10 +61,10 @@ std::string greedyText(const CtcLogProbabilities& logProbs, const CtcModel& mode
 TEST(CtcModels, ComputeTheReferenceProbabilities)
 {
     const auto widened = std::filesystem::path(::testing::TempDir()) / ("vantro-ctc-" + std::to_string(::getpid()));
-    writeRequantisedCtc(widened, microFile, GGML_TYPE_F32);
+    writeRequantisedCtc(widened, microFile(), GGML_TYPE_F32);
     const auto exact = spotterOf(widened);
     std::filesystem::remove(widened);
-    const auto stored = spotterOf(microFile);
+    const auto stored = spotterOf(microFile());
     for (const std::string name : {"sentence-01", "silence"}) {
         const std::vector<float> expected = reference(name + ".ctc.f32");
         const std::vector<float> samples = recording(name + ".flac");
@@ -78,7 +81,7 @@ TEST(CtcModels, WriteTheReferenceTextOfEveryRecordingWithEveryInstructionSet)
     for (const kernels::Level level : kernels::levels) {
         if (!kernels::isSupported(level))
             continue;
-        const auto spotter = spotterOf(microFile, level);
+        const auto spotter = spotterOf(microFile(), level);
         for (const Expectation& expected : expectations()) {
             if (recording(expected.file).size() > 128'000)
                 continue; // the reference is that of one window
