@@ -52,6 +52,13 @@ inline constexpr Setting<bool> reduceMotion{"reduceMotion", false, "true: no ani
 inline constexpr Setting<QString> keepHistory{
     "keepHistory", "forever",
     "how long dictations stay in the history: a number of days, or `never`, which deletes those that are there"};
+inline constexpr Setting<QString> keepRecordings{
+    "keepRecordings", "never",
+    "how long recordings are kept with their dictations: a number of days, `forever`, or `never`, which deletes those "
+    "that are there"};
+inline constexpr Setting<qint64> keepRecordingsMegabytes{
+    "keepRecordingsMegabytes", 500,
+    "what kept recordings may take on the disk, in MB: beyond it the oldest are deleted", "500"};
 inline constexpr Setting<bool> keepStatistics{
     "keepStatistics", true, "false: the words dictated each day are not counted, and those counted are forgotten"};
 inline constexpr Setting<bool> checkForUpdatesOnLaunch{"checkForUpdatesOnLaunch", false,
@@ -59,7 +66,7 @@ inline constexpr Setting<bool> checkForUpdatesOnLaunch{"checkForUpdatesOnLaunch"
 inline constexpr Setting<QByteArray> pasteChords{
     "pasteChords", "", "paste keystrokes of more windows, as JSON: `{\"my-terminal\": \"Ctrl+Shift+V\"}`"};
 
-inline constexpr std::array<const SettingKey*, 23> documented{&autoPasteEnabled,
+inline constexpr std::array<const SettingKey*, 25> documented{&autoPasteEnabled,
                                                               &copyToClipboardEnabled,
                                                               &restoreEveryFormat,
                                                               &joinDictations,
@@ -79,6 +86,8 @@ inline constexpr std::array<const SettingKey*, 23> documented{&autoPasteEnabled,
                                                               &appearance,
                                                               &reduceMotion,
                                                               &keepHistory,
+                                                              &keepRecordings,
+                                                              &keepRecordingsMegabytes,
                                                               &keepStatistics,
                                                               &checkForUpdatesOnLaunch,
                                                               &pasteChords};

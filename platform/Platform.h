@@ -14,6 +14,7 @@
 #include "platform/Permissions.h"
 #include "platform/SecretStore.h"
 #include "platform/SessionState.h"
+#include "platform/SoundPlayer.h"
 #include "platform/SystemInfo.h"
 #include "platform/SystemSounds.h"
 #include "platform/TrayHost.h"
@@ -41,6 +42,7 @@ struct Platform
     std::unique_ptr<Permissions> permissions;
     std::unique_ptr<SecretStore> secrets;
     std::unique_ptr<SessionState> session;
+    std::unique_ptr<SoundPlayer> player;
     std::unique_ptr<SystemInfo> systemInfo;
     std::unique_ptr<SystemSounds> sounds;
     std::unique_ptr<TrayHost> tray;

@@ -493,6 +493,10 @@
         <source>Show what was set aside</source>
         <translation>Verworfenes zeigen</translation>
     </message>
+    <message>
+        <source>Transcribe again...</source>
+        <translation>Neu transkribieren …</translation>
+    </message>
 </context>
 <context>
     <name>DownloadQueue</name>
@@ -780,6 +784,18 @@
     <message>
         <source>The dictation was rewritten with %1.</source>
         <translation>Das Diktat wurde mit %1 umgeschrieben.</translation>
+    </message>
+    <message>
+        <source>Transcribing with %1...</source>
+        <translation>Wird mit %1 transkribiert …</translation>
+    </message>
+    <message>
+        <source>%1 hears nothing in this recording. The text stays as it was.</source>
+        <translation>%1 hört in dieser Aufnahme nichts. Der Text bleibt, wie er war.</translation>
+    </message>
+    <message>
+        <source>The dictation was transcribed with %1.</source>
+        <translation>Das Diktat wurde mit %1 transkribiert.</translation>
     </message>
 </context>
 <context>
@@ -1919,6 +1935,30 @@
         <source>Clear all...</source>
         <translation>Alles löschen …</translation>
     </message>
+    <message>
+        <source>Recordings</source>
+        <translation>Aufnahmen</translation>
+    </message>
+    <message>
+        <source>Keep recordings</source>
+        <translation>Aufnahmen aufbewahren</translation>
+    </message>
+    <message>
+        <source>Keeps what you said as sound, to hear it again in the history or have it transcribed by another model. Notes have none.</source>
+        <translation>Bewahrt das Gesprochene als Ton auf, um es im Verlauf wieder zu hören oder von einem anderen Modell transkribieren zu lassen. Notizen haben keine Aufnahme.</translation>
+    </message>
+    <message>
+        <source>At most</source>
+        <translation>Höchstens</translation>
+    </message>
+    <message>
+        <source>The oldest ones make room. One hour takes about 60 MB.</source>
+        <translation>Die ältesten machen Platz. Eine Stunde braucht etwa 60 MB.</translation>
+    </message>
+    <message>
+        <source>Recordings take at most</source>
+        <translation>Platz für Aufnahmen</translation>
+    </message>
 </context>
 <context>
     <name>PrivacySettings</name>
@@ -1951,12 +1991,28 @@
         <translation>Ältere Diktate: %1. Sie werden jetzt gelöscht und lassen sich nicht zurückholen.</translation>
     </message>
     <message>
-        <source>Dictations: %1. Notes: %2. Together %3, in %4.</source>
-        <translation>Diktate: %1. Notizen: %2. Zusammen %3, in %4.</translation>
+        <source>%1 GB</source>
+        <translation>%1 GB</translation>
     </message>
     <message>
-        <source>Dictations: %1. Notes: %2. They will be deleted, with all summaries, and cannot be had back.</source>
-        <translation>Diktate: %1. Notizen: %2. Sie werden mit allen Zusammenfassungen gelöscht und lassen sich nicht zurückholen.</translation>
+        <source>%1 MB</source>
+        <translation>%1 MB</translation>
+    </message>
+    <message>
+        <source>Delete Recordings</source>
+        <translation>Aufnahmen löschen</translation>
+    </message>
+    <message>
+        <source>Recordings beyond that: %1. They will be deleted now and cannot be had back. The texts stay.</source>
+        <translation>Aufnahmen darüber hinaus: %1. Sie werden jetzt endgültig gelöscht. Die Texte bleiben.</translation>
+    </message>
+    <message>
+        <source>Dictations: %1. Notes: %2. Recordings: %3. Together %4, in %5.</source>
+        <translation>Diktate: %1. Notizen: %2. Aufnahmen: %3. Zusammen %4, in %5.</translation>
+    </message>
+    <message>
+        <source>Dictations: %1. Notes: %2. They will be deleted, with all recordings and summaries, and cannot be had back.</source>
+        <translation>Diktate: %1. Notizen: %2. Sie werden mit allen Aufnahmen und Zusammenfassungen endgültig gelöscht.</translation>
     </message>
 </context>
 <context>
@@ -2201,6 +2257,13 @@
     </message>
 </context>
 <context>
+    <name>PulseSoundPlayer</name>
+    <message>
+        <source>The sound server does not play the recording. Look at the sound settings.</source>
+        <translation>Der Audioserver spielt die Aufnahme nicht ab. Sieh in den Klangeinstellungen nach.</translation>
+    </message>
+</context>
+<context>
     <name>QGuiApplication</name>
     <message>
         <source>vantro is running</source>
@@ -2217,6 +2280,25 @@
     <message>
         <source>%1 pastes in many programs: choose another shortcut</source>
         <translation>%1 fügt in vielen Programmen ein: Wähle ein anderes Kürzel</translation>
+    </message>
+</context>
+<context>
+    <name>RecordingBar</name>
+    <message>
+        <source>Pause</source>
+        <translation>Pause</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>Abspielen</translation>
+    </message>
+    <message>
+        <source>The recording of this dictation</source>
+        <translation>Die Aufnahme dieses Diktats</translation>
+    </message>
+    <message>
+        <source>Place in the recording</source>
+        <translation>Stelle in der Aufnahme</translation>
     </message>
 </context>
 <context>
@@ -2352,6 +2434,21 @@
     <message>
         <source>Nothing found</source>
         <translation>Nichts gefunden</translation>
+    </message>
+</context>
+<context>
+    <name>SecondTranscription</name>
+    <message>
+        <source>Wait until your dictation is over, and try again.</source>
+        <translation>Warte, bis dein Diktat beendet ist, und versuche es erneut.</translation>
+    </message>
+    <message>
+        <source>A dictation came in between. Try again.</source>
+        <translation>Ein Diktat kam dazwischen. Versuche es erneut.</translation>
+    </message>
+    <message>
+        <source>Failed to transcribe audio: </source>
+        <translation>Die Aufnahme konnte nicht transkribiert werden: </translation>
     </message>
 </context>
 <context>
@@ -3006,6 +3103,14 @@
     <message>
         <source>Shortcut: %1. Clipboard: %2. Paste: %3. Panel: %4. Windows: %5.</source>
         <translation>Kürzel: %1. Zwischenablage: %2. Einfügen: %3. Feld: %4. Fenster: %5.</translation>
+    </message>
+    <message>
+        <source>Recordings Not Kept</source>
+        <translation>Aufnahmen nicht aufbewahrt</translation>
+    </message>
+    <message>
+        <source>Your dictations are stored, but not their recordings: %1</source>
+        <translation>Deine Diktate sind gespeichert, ihre Aufnahmen aber nicht: %1</translation>
     </message>
 </context>
 <context>

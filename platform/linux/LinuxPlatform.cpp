@@ -8,6 +8,7 @@
 #include "platform/linux/pulse/PulseAudioEngine.h"
 #include "platform/linux/pulse/PulseAudioHardware.h"
 #include "platform/linux/pulse/PulseConnection.h"
+#include "platform/linux/pulse/PulseSoundPlayer.h"
 #include "platform/linux/secretservice/SecretServiceStore.h"
 #include "platform/linux/session/LinuxSessionState.h"
 #include "platform/linux/tray/LinuxTrayHost.h"
@@ -152,6 +153,7 @@ void addDesktop(Platform& platform, Connections& connections)
     platform.makeAudioEngine = [&pulse] {
         return std::make_unique<PulseAudioEngine>(pulse);
     };
+    platform.player = std::make_unique<PulseSoundPlayer>(pulse);
     platform.appearance = std::make_unique<PortalAppearance>();
     platform.loginItem =
         std::make_unique<XdgAutostart>(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation),

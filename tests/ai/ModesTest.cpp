@@ -18,14 +18,14 @@ namespace {
 class Diary final : public TranscriptionStoring, public FormatRequestServicing
 {
 public:
-    void saveTranscription(const QString& transcription, const QString& formatted, ProcessingMode mode) override
+    QUuid saveTranscription(const QString& transcription, const QString& formatted, ProcessingMode mode) override
     {
         entries << QStringLiteral("row %1 [%2][%3]").arg(rawValue(mode), transcription, formatted);
+        return id;
     }
     QUuid saveTranscription(const QString& transcription, ProcessingMode mode) override
     {
-        saveTranscription(transcription, {}, mode);
-        return id;
+        return saveTranscription(transcription, {}, mode);
     }
     void updateFormatted(const QUuid& row, const QString& formatted) override
     {

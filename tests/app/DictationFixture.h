@@ -113,11 +113,11 @@ private:
 class MemoryStore final : public TranscriptionStoring
 {
 public:
-    void saveTranscription(const QString& transcription, const QString&, ProcessingMode) override
+    QUuid saveTranscription(const QString& transcription, const QString&, ProcessingMode mode) override
     {
         if (full)
             throw Error(QStringLiteral("The disk is full."));
-        rows << transcription;
+        return saveTranscription(transcription, mode);
     }
     QUuid saveTranscription(const QString& transcription, ProcessingMode) override
     {
@@ -361,6 +361,12 @@ protected:
         pump();
     }
 
+    QCoro::Task<> readStored(std::shared_ptr<Recording> recording)
+    {
+        const std::vector<float> samples = co_await recording->samples();
+        stored.push_back(samples.size());
+    }
+
     [[nodiscard]] QStringList keptFiles() { return QDir(kept).entryList(QDir::Files | QDir::Hidden); }
 
     static constexpr doubles::FakeHotKeyManager::Combination keys{2, Modifier::command | Modifier::option};
@@ -404,33 +410,36 @@ protected:
     Recovery recovery{spool, clock, shell};
     bool isModelReady;
     std::optional<QString> delivered;
-    AppDelegate delegate{{{defaults,
-                           notifications,
-                           clock,
-                           recorder,
-                           facade,
-                           handlers,
-                           {},
-                           {},
-                           lenientStore,
-                           delivery,
-                           spool,
-                           recovery,
-                           sounds,
-                           session,
-                           keyEvents,
-                           shell},
-                          permissions,
-                          shortcuts,
-                          models,
-                          migrations,
-                          [this]() -> QCoro::Task<> {
-                              shell.steps << QStringLiteral("model");
-                              co_return;
-                          },
-                          [this](const auto&) {
-                              return QtFuture::makeReadyFuture(ModelCheck(isModelReady, QString()));
-                          }}};
+    std::vector<std::size_t> stored; ///< the numbers of samples of the recordings whose texts are stored
+    AppDelegate delegate{
+        {{defaults,
+          notifications,
+          clock,
+          recorder,
+          facade,
+          handlers,
+          {},
+          {},
+          [this](const QUuid&, std::shared_ptr<Recording> recording) { readStored(std::move(recording)); },
+          lenientStore,
+          delivery,
+          spool,
+          recovery,
+          sounds,
+          session,
+          keyEvents,
+          shell},
+         permissions,
+         shortcuts,
+         models,
+         migrations,
+         [this]() -> QCoro::Task<> {
+             shell.steps << QStringLiteral("model");
+             co_return;
+         },
+         [this](const auto&) {
+             return QtFuture::makeReadyFuture(ModelCheck(isModelReady, QString()));
+         }}};
 };
 
 class DictationWithoutModel : public DictationTest

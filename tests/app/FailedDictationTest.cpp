@@ -1,5 +1,6 @@
 // What a user is told, and what is not lost, when a dictation fails.
 #include "base/SampleFormat.h"
+#include "tests/WaitFor.h"
 #include "tests/app/DictationFixture.h"
 
 using namespace vantro;
@@ -160,4 +161,22 @@ TEST_F(DictationTest, WhatWasSaidBeforeTheMicrophoneWasLostIsDelivered)
     EXPECT_EQ(shell.alerts.last(), QStringLiteral("Could not start the microphone: ") + wording::noMicrophone());
     EXPECT_FALSE(recorder.isBusy());
     EXPECT_EQ(engines.current(), nullptr);
+}
+
+TEST_F(DictationTest, ARecordingIsHandedOnWithItsStoredText)
+{
+    dictate(QStringLiteral("kept"));
+    ASSERT_TRUE(waitFor([this] { return stored.size() == 1; }));
+    EXPECT_EQ(stored.front(), 16'000U) << "before it is discarded";
+    EXPECT_EQ(delivered, QStringLiteral("kept"));
+    isKeeping = false;
+    dictate(QStringLiteral("private"));
+    isKeeping = true;
+    store.full = true;
+    dictate(QStringLiteral("too much"));
+    store.full = false;
+    dictate(QString());
+    dictate(QStringLiteral("kept again"));
+    ASSERT_TRUE(waitFor([this] { return stored.size() >= 2; }));
+    EXPECT_EQ(stored.size(), 2U);
 }

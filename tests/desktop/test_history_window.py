@@ -191,11 +191,11 @@ class PrivacyTest(HistoryCase):
         self.desktop.press("ctrl+f")
         self.desktop.type_text("stored computer")
         self.press("Return", "space")
-        self.close_alert(self.wait_for_question("They will be deleted, with all summaries"))
+        self.close_alert(self.wait_for_question("They will be deleted, with all recordings and summaries"))
         self.assertEqual(len(self.stored()), 7)
         self.desktop.activate(self.window("vantro settings"))
         self.press("space")
-        self.answer(self.wait_for_question("They will be deleted, with all summaries"), "shift+Tab", "space")
+        self.answer(self.wait_for_question("They will be deleted, with all recordings and summaries"), "shift+Tab", "space")
         self.wait(lambda: not self.stored(), 10, "the history to be empty")
         self.close("vantro settings")
 

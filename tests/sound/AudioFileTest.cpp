@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 #include <sndfile.h>
 
+#include <algorithm>
 #include <cmath>
 #include <numbers>
 
@@ -59,4 +60,23 @@ TEST(AudioFile, ComesOutAsSixteenKilohertzMonoWhateverItWas)
         AudioFile::read(writeTone(folder, QStringLiteral("c.ogg"), SF_FORMAT_OGG | SF_FORMAT_VORBIS, 8'000, 1));
     EXPECT_NEAR(static_cast<double>(ogg8.samples.size()), 16'000, 160);
     EXPECT_NEAR(rms(ogg8.samples), toneRms, 0.03);
+}
+
+TEST(AudioFile, FlacHasTheSamplesAndTheDuration)
+{
+    const QTemporaryDir folder;
+    std::vector<float> samples(24'000);
+    for (std::size_t i = 0; i < samples.size(); ++i)
+        samples[i] = 1.2F * static_cast<float>(std::sin(0.05 * static_cast<double>(i)));
+    QFile file(folder.filePath(QStringLiteral("a.flac")));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(flacOf(samples));
+    file.close();
+    EXPECT_LT(file.size(), 48'000) << "smaller than the samples in 16 bits";
+    EXPECT_EQ(AudioFile::duration(file.fileName()), std::chrono::milliseconds(1500));
+    const auto read = AudioFile::read(file.fileName());
+    ASSERT_EQ(read.samples.size(), samples.size());
+    for (std::size_t i = 0; i < samples.size(); ++i)
+        ASSERT_NEAR(read.samples[i], std::clamp(samples[i], -1.0F, 1.0F), 1.0F / 16'384) << i;
+    EXPECT_EQ(AudioFile::duration(folder.filePath(QStringLiteral("none.flac"))), std::chrono::milliseconds());
 }

@@ -18,7 +18,8 @@ class TranscriptionStoring
 public:
     virtual ~TranscriptionStoring() = default;
 
-    virtual void saveTranscription(const QString& transcription, const QString& formatted, ProcessingMode mode) = 0;
+    /// Returns its id.
+    virtual QUuid saveTranscription(const QString& transcription, const QString& formatted, ProcessingMode mode) = 0;
     /// Stores it without a formatted text; pass the returned id to updateFormatted().
     virtual QUuid saveTranscription(const QString& transcription, ProcessingMode mode) = 0;
     /// Does nothing when the row no longer exists.

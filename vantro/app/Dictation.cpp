@@ -325,7 +325,10 @@ QCoro::Task<QString> Dictation::process(QString transcript)
         co_return transcript;
     enter(State::processing);
     logger_.info(QStringLiteral("Processing transcription"));
-    parts_.store.expectText();
+    parts_.store.expectText([textStored = parts_.textStored, recording = owed_.recording](const QUuid& id) {
+        if (textStored)
+            textStored(id, recording);
+    });
     try {
         if (service_ && !spokenLanguage_.isEmpty())
             service_->expectLanguage(spokenLanguage_);

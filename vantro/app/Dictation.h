@@ -54,6 +54,8 @@ public:
         std::function<std::shared_ptr<void>(ProcessingMode)> expectService;
         /// Returns the language model for a mode, or null. Called when the recording stops; may be empty.
         std::function<std::shared_ptr<FormatRequestServicing>(ProcessingMode, std::stop_token)> chooseService;
+        /// Called with a dictation's ID and recording when its text has been stored; may be empty.
+        std::function<void(const QUuid&, std::shared_ptr<Recording>)> textStored;
         LenientStore& store;
         PasteDelivery& delivery;
         RecordingSpool& spool;

@@ -27,20 +27,27 @@ void LenientStore::attempt(const Save& save)
     }
 }
 
-void LenientStore::saveTranscription(const QString& transcription, const QString& formatted, ProcessingMode mode)
+template <typename Save>
+QUuid LenientStore::keep(const Save& save)
 {
+    QUuid id;
     hasLatest_ = false;
+    const auto stored = std::exchange(stored_, {});
     if (isKeeping_())
-        attempt([&] { store_.saveTranscription(transcription, formatted, mode); });
+        attempt([&] { id = save(); });
+    if (stored && !id.isNull())
+        stored(id);
+    return id;
+}
+
+QUuid LenientStore::saveTranscription(const QString& transcription, const QString& formatted, ProcessingMode mode)
+{
+    return keep([&] { return store_.saveTranscription(transcription, formatted, mode); });
 }
 
 QUuid LenientStore::saveTranscription(const QString& transcription, ProcessingMode mode)
 {
-    QUuid id;
-    hasLatest_ = false;
-    if (isKeeping_())
-        attempt([&] { id = store_.saveTranscription(transcription, mode); });
-    return id;
+    return keep([&] { return store_.saveTranscription(transcription, mode); });
 }
 
 void LenientStore::updateFormatted(const QUuid& id, const QString& formatted)

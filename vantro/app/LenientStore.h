@@ -25,13 +25,18 @@ public:
     /// Why texts are not being stored. Returned once per series of failures.
     [[nodiscard]] std::optional<QString> takeProblem();
 
-    /// A text is about to be stored, which may fail before it gets here.
-    void expectText() { hasLatest_ = false; }
+    /// A text is about to be stored, which may fail before it gets here. @p stored: called with its ID once it is; may
+    /// be empty.
+    void expectText(std::function<void(const QUuid&)> stored = {})
+    {
+        hasLatest_ = false;
+        stored_ = std::move(stored);
+    }
     /// Whether the latest text was stored.
     [[nodiscard]] bool hasLatest() const { return hasLatest_; }
 
-    void saveTranscription(const QString& transcription, const QString& formatted, ProcessingMode mode) override;
-    /// Returns a null id when it could not, or was not to be stored.
+    // Both return a null id when it could not, or was not to be stored.
+    QUuid saveTranscription(const QString& transcription, const QString& formatted, ProcessingMode mode) override;
     QUuid saveTranscription(const QString& transcription, ProcessingMode mode) override;
     void updateFormatted(const QUuid& id, const QString& formatted) override;
     void setAside(const QUuid& id, const QString& answer, const QString& reason) override;
@@ -42,9 +47,12 @@ public:
 private:
     template <typename Save>
     void attempt(const Save& save);
+    template <typename Save>
+    QUuid keep(const Save& save);
 
     TranscriptionStoring& store_;
     std::function<bool()> isKeeping_;
+    std::function<void(const QUuid&)> stored_; ///< for the next text; may be empty
     std::optional<QString> problem_;
     bool isFailing_ = false;
     bool hasLatest_ = true;

@@ -10,7 +10,7 @@ TranscriptionFacade::TranscriptionFacade(ModelSelection& selection, const Speech
 {
 }
 
-TranscriptionFacade::EngineUse TranscriptionFacade::prepare(std::function<void()> failed)
+TranscriptionFacade::EngineUse TranscriptionFacade::hold()
 {
     EngineUse use = use_.lock();
     if (!use) {
@@ -20,6 +20,12 @@ TranscriptionFacade::EngineUse TranscriptionFacade::prepare(std::function<void()
         });
         use_ = use;
     }
+    return use;
+}
+
+TranscriptionFacade::EngineUse TranscriptionFacade::prepare(std::function<void()> failed)
+{
+    EngineUse use = hold();
     load(selection_.selectedModel(), std::move(failed));
     return use;
 }

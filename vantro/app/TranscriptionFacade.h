@@ -31,14 +31,15 @@ public:
 
     TranscriptionFacade(ModelSelection& selection, const SpeechEngines& engines);
 
-    /// Held by a dictation from beginning to end. The engine may unload its model when the last one is released, so a
-    /// cancelled dictation that is still winding down does not unload the model of the next.
+    /// Held by a dictation from beginning to end, or by another transcription. The engine may unload its model when the
+    /// last one is released, so a cancelled dictation that is still winding down does not unload the model of the next.
     using EngineUse = std::shared_ptr<void>;
 
     /// @p take: called when a transcription begins; what it returns is let go when it has ended. A language model of
     /// this machine rests meanwhile.
     void setTurn(std::function<std::shared_ptr<void>()> take) { takeTurn_ = std::move(take); }
 
+    [[nodiscard]] EngineUse hold();
     /// Loads the selected model while the recording runs. @p failed: called if that fails; may be empty.
     /// The result must not outlive the facade.
     [[nodiscard]] EngineUse prepare(std::function<void()> failed = {});

@@ -3,6 +3,7 @@
 #include "vantro/cli/Terminal.h"
 
 #include <QFile>
+#include <QSaveFile>
 
 namespace vantro {
 
@@ -13,7 +14,8 @@ constexpr char description[] =
 
   list           List the dictations that match the options. The default.
   show ID        Show one: the formatted text if there is one.
-  delete ID...   Delete dictations permanently, after asking.
+  audio ID [FILE]  Copy the recording of one to a FLAC file, if it was kept; without FILE, print where it is.
+  delete ID...   Delete dictations permanently, with their recordings, after asking.
   export [FILE]  Write the dictations that match the options as JSON, CSV or Markdown.
 
 ID is an id from the list or an unambiguous beginning of one. A search finds texts that contain all
@@ -85,7 +87,14 @@ int list(const CommandCall& call)
     return ExitCode::done;
 }
 
-void showToPerson(const Transcription& row)
+QJsonObject jsonWithAudio(const Transcription& row, const QString& audio)
+{
+    QJsonObject object = toJson(row);
+    object.insert(QStringLiteral("audio"), audio.isEmpty() ? QJsonValue() : QJsonValue(audio));
+    return object;
+}
+
+void showToPerson(const Transcription& row, const QString& audio)
 {
     terminal::writeLine(QStringLiteral("%1  %2  %3\n")
                             .arg(shownDate(row.created_at), row.processingMode, row.id.toString(QUuid::WithoutBraces)));
@@ -95,6 +104,8 @@ void showToPerson(const Transcription& row)
     if (!row.setAsideReason.isEmpty())
         terminal::writeLine(QStringLiteral("\n%1\n\n%2")
                                 .arg(terminal::singleLine(row.setAsideReason), terminal::printable(row.setAside)));
+    if (!audio.isEmpty())
+        terminal::writeLine(QStringLiteral("\nRecording: ") + terminal::printable(audio));
 }
 
 std::vector<QUuid> dictationsFrom(const CommandCall& call, const CoreDataStack& store)
@@ -109,12 +120,47 @@ int show(const CommandCall& call)
     const auto row = session.store.transcription(dictationsFrom(call, session.store).front());
     if (!row)
         throw CommandError(ExitCode::notFound, QStringLiteral("the dictation has just been deleted"));
+    const QString audio = session.audio().file(row->id);
     if (call.json())
-        terminal::writeJson(toJson(*row));
+        terminal::writeJson(jsonWithAudio(*row, audio));
     else if (terminal::outputIsTerminal())
-        showToPerson(*row);
+        showToPerson(*row, audio);
     else
         terminal::writeLine(row->text());
+    return ExitCode::done;
+}
+
+void copyRecording(const QString& from, const QString& to)
+{
+    QFile source(from);
+    QSaveFile target(to);
+    const bool isRead = source.open(QIODevice::ReadOnly) && target.open(QIODevice::WriteOnly) &&
+                        target.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner);
+    if (!isRead || target.write(source.readAll()) != source.size() || !target.commit())
+        throw Error(QStringLiteral("%1 could not be written: %2").arg(to, target.errorString()));
+}
+
+int audio(const CommandCall& call)
+{
+    const HistorySession session;
+    const QStringList id{call.words.front()};
+    const auto prefixed = [&session](const QString& prefix, int limit) {
+        return session.store.transcriptionIDs(prefix, limit);
+    };
+    const QUuid meant = identitiesFrom(id, QStringLiteral("dictation"), prefixed).front();
+    const QString file = session.audio().file(meant);
+    if (file.isEmpty())
+        throw CommandError(ExitCode::notFound,
+                           QStringLiteral("there is no recording of %1: vantro settings set keepRecordings 30 keeps "
+                                          "the next ones for 30 days")
+                               .arg(shortIdentity(meant)));
+    const QString target = call.words.value(1, file);
+    if (target != file)
+        copyRecording(file, target);
+    if (call.json())
+        terminal::writeJson(QJsonObject{{QStringLiteral("audio"), target}});
+    else if (target == file)
+        terminal::writeLine(file);
     return ExitCode::done;
 }
 
@@ -127,6 +173,7 @@ int remove(const CommandCall& call)
     if (!isConfirmed(question, call))
         return ExitCode::failed;
     session.store.deleteTranscriptions(ids);
+    session.audio().remove(ids);
     if (call.json())
         terminal::writeLine(QStringLiteral("{\"deleted\":%1}").arg(ids.size()));
     else
@@ -183,10 +230,11 @@ Command historyCommand()
 {
     return {
         .name = "history",
-        .summary = "List, search, show, delete or export your dictations.",
+        .summary = "List, search, show, delete or export your dictations, and their recordings.",
         .description = description,
         .actions = {{"list", list},
                     {"show", show, 1, 1, "needs an ID"},
+                    {"audio", audio, 1, 2, "needs an ID"},
                     {"delete", remove, 1, Command::anyNumber, "needs an ID"},
                     {"export", exportTo, 0, 1}},
         .options = {{"search", "Only dictations with these words.", "TEXT"},

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "vantro/cli/Command.h"
+#include "vantro/store/AudioFolder.h"
 #include "vantro/store/CoreDataStack.h"
 #include "vantro/store/TranscriptionExport.h"
 
@@ -13,6 +14,8 @@ namespace vantro {
 struct HistorySession
 {
     HistorySession() { store.loadPersistentStores(); }
+
+    [[nodiscard]] AudioFolder audio() const { return AudioFolder(store.persistentContainer().path()); }
 
     SystemClock clock;
     CoreDataStack store{clock};

@@ -105,6 +105,15 @@ QString keeping(const QString& value)
     return Retention::textOf(days);
 }
 
+QString megabytes(const QString& value)
+{
+    bool isNumber = false;
+    const qint64 number = value.toLongLong(&isNumber);
+    if (!isNumber || number < 1)
+        throw notA(value, QStringLiteral("a number of megabytes"));
+    return QString::number(number);
+}
+
 struct Rule
 {
     const SettingKey& setting;
@@ -123,6 +132,8 @@ const std::array rules{
     Rule{setting::selectedLanguageModelName, languageModel},
     Rule{setting::modelHostBaseURL, modelHost},
     Rule{setting::keepHistory, keeping},
+    Rule{setting::keepRecordings, keeping},
+    Rule{setting::keepRecordingsMegabytes, megabytes},
     Rule{setting::appearance,
          [](const QString& value) {
              return oneOf(value, {QStringLiteral("light"), QStringLiteral("dark")});
@@ -157,12 +168,17 @@ QString shown(const UserDefaults& defaults, const SettingKey& setting)
     return isStored ? *defaults.read<QString>(setting.key) : QString::fromUtf8(setting.otherwise);
 }
 
+QJsonValue jsonOf(const QString& value, SettingKind kind)
+{
+    return kind == SettingKind::truth    ? QJsonValue(value == QLatin1String("true"))
+           : kind == SettingKind::number ? QJsonValue(value.toLongLong())
+                                         : QJsonValue(value);
+}
+
 QJsonObject toJson(const UserDefaults& defaults, const SettingKey& setting)
 {
-    const QString value = shown(defaults, setting);
     return {{QStringLiteral("key"), setting.key},
-            {QStringLiteral("value"),
-             setting.kind == SettingKind::truth ? QJsonValue(value == QLatin1String("true")) : QJsonValue(value)},
+            {QStringLiteral("value"), jsonOf(shown(defaults, setting), setting.kind)},
             {QStringLiteral("is_default"), !defaults.contains(setting.key)},
             {QStringLiteral("default"), QString::fromUtf8(setting.otherwise)},
             {QStringLiteral("meaning"), withoutMarkup(setting.meaning)}};

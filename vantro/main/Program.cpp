@@ -55,6 +55,7 @@ public:
 
 private:
     void connectShell();
+    QCoro::Task<> keepAudio(QUuid id, std::shared_ptr<Recording> recording);
     void countWords(const NotificationCenter::UserInfo& finished);
     QCoro::Task<> tellWhatWasLeft();
     [[nodiscard]] Dictation::Parts dictationParts();
@@ -146,6 +147,19 @@ void Program::countWords(const NotificationCenter::UserInfo& finished)
                     std::chrono::duration_cast<std::chrono::seconds>(spoken));
 }
 
+/// The recording is read before anybody can discard it: that is what its thread does next.
+QCoro::Task<> Program::keepAudio(QUuid id, std::shared_ptr<Recording> recording)
+{
+    if (!history_.audio.isKeeping())
+        co_return;
+    try {
+        std::vector<float> samples = co_await recording->samples();
+        history_.audio.keep(id, std::move(samples));
+    } catch (const Error& error) {
+        Logger("Program").error(QStringLiteral("Recording not kept: ") + error.localizedDescription());
+    }
+}
+
 Dictation::Parts Program::dictationParts()
 {
     return {defaults_,
@@ -156,6 +170,7 @@ Dictation::Parts Program::dictationParts()
             modeHandlers_,
             [this](ProcessingMode mode) { return rewriting_.expectUse(mode); },
             [this](ProcessingMode mode, std::stop_token stop) { return rewriting_.choose(mode, std::move(stop)); },
+            [this](const QUuid& id, std::shared_ptr<Recording> recording) { keepAudio(id, std::move(recording)); },
             history_.dictations,
             delivery_,
             spool_,
@@ -189,6 +204,7 @@ void Program::launch()
     shortcutSetup_.settle(options_.shortcut);
     delegate_.applicationDidFinishLaunching();
     history_.retention.start();
+    history_.audio.start();
     rewriting_.start();
     tellWhatWasLeft();
     if (const auto& kept = defaults_.repair())

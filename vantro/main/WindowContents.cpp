@@ -6,6 +6,7 @@
 #include "vantro/support/SupportMail.h"
 #include "vantro/ui/history/HistoryModel.h"
 #include "vantro/ui/history/NotesModel.h"
+#include "vantro/ui/history/RecordingPlayer.h"
 #include "vantro/ui/onboarding/OnboardingModel.h"
 #include "vantro/ui/settings/AboutModel.h"
 #include "vantro/ui/settings/GeneralSettings.h"
@@ -16,6 +17,8 @@
 
 #include <QFileInfo>
 
+#include <algorithm>
+#include <iterator>
 #include <thread>
 #include <utility>
 
@@ -256,16 +259,22 @@ std::unique_ptr<PrivacySettings> Windows::makePrivacySettings()
         parts_.defaults,
         [&history] {
             const StoredAmount amount = history.store.amount();
-            return PrivacySettings::Stored{amount.dictations, amount.notes, amount.bytes,
+            const AudioFolder& audio = history.audio.folder();
+            return PrivacySettings::Stored{amount.dictations, amount.notes, static_cast<int>(audio.identities().size()),
+                                           amount.bytes + audio.bytes(),
                                            QFileInfo(CoreDataStack::standardPath()).path()};
         },
         [&history](int days) { return history.store.countBefore(history.retention.limit(days)); },
+        [&history](std::optional<int> days, qint64 megabytes) {
+            return static_cast<int>(history.audio.folder().beyond(history.audio.limits(days, megabytes)).size());
+        },
         [&history] { return history.jobs.clear(); }, [&history] { return history.retention.isPrivate(); },
         [&history](bool on) { history.retention.setPrivate(on); },
         [this](const QString& title, const QString& question, std::function<void()> confirmed) {
             alerts_.confirm(title, question, tr("Delete"), std::move(confirmed));
         }});
     connect(&history.retention, &Retention::privateChanged, privacy.get(), &PrivacySettings::changed);
+    connect(&history.audio, &KeptAudio::changed, privacy.get(), &PrivacySettings::refresh);
     connect(&history.store, &CoreDataStack::changedAtLarge, privacy.get(), &PrivacySettings::refresh);
     return privacy;
 }
@@ -284,7 +293,42 @@ std::unique_ptr<HistoryModel> Windows::makeHistoryModel(HistoryChanges& changes)
             return modes;
         },
         [&rewriting](ProcessingMode mode, const QString& text) { return rewriting.rewrite(mode, text); },
+        [this] {
+            QStringList names;
+            for (const TranscriptionModel& model : readySpeechModels())
+                names << model.name;
+            return names;
+        },
+        [this](int model, const QUuid& dictation) { return transcribeAgain(model, dictation); },
+        [&rewriting](ProcessingMode mode, const QString& text) { return rewriting.cleaned(mode, text); },
         [this](const QString& text) { Q_EMIT pasteRequested(text); }, chooseFileToWrite});
+}
+
+std::vector<TranscriptionModel> Windows::readySpeechModels() const
+{
+    std::vector<TranscriptionModel> ready;
+    std::ranges::copy_if(parts_.speech.catalogue.models(), std::back_inserter(ready),
+                         [this](const auto& model) { return stateOf(model) == ModelListModel::Ready; });
+    return ready;
+}
+
+QCoro::Task<QString> Windows::transcribeAgain(int model, const QUuid& dictation)
+{
+    return secondTranscription_.run(readySpeechModels().at(static_cast<std::size_t>(model)),
+                                    parts_.history.audio.folder().file(dictation));
+}
+
+std::unique_ptr<RecordingPlayer> Windows::makeRecordingPlayer(HistoryModel& dictations, HistoryChanges& changes)
+{
+    auto player = std::make_unique<RecordingPlayer>(parts_.history.audio, *parts_.platform.player, changes);
+    const auto follow = [player = player.get(), &dictations] {
+        player->show(dictations.currentIdentifier());
+    };
+    connect(&dictations, &HistoryModel::selectionChanged, player.get(), follow);
+    follow();
+    // The microphone would hear it.
+    connect(&parts_.recorder, &AudioRecorder::isBusyChanged, player.get(), &RecordingPlayer::pause);
+    return player;
 }
 
 LazyWindow::Content Windows::historyContent()
@@ -296,7 +340,9 @@ LazyWindow::Content Windows::historyContent()
         parts_.history.store, pasteboard, *changes, parts_.clock, [this](const DailyNote& day) {
             return parts_.history.store.regenerateSummary(day, parts_.rewriting.choose(ProcessingMode::Notes));
         }});
+    auto player = makeRecordingPlayer(*dictations, *changes);
     LazyWindow::Content content;
+    put(content, "player", std::move(player));
     put(content, "changes", std::move(changes));
     put(content, "model", std::move(dictations));
     put(content, "notes", std::move(notes));

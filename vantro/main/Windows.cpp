@@ -43,6 +43,7 @@ const QString version = QStringLiteral(VANTRO_VERSION);
 
 Windows::Windows(Parts parts)
     : parts_(std::move(parts))
+    , secondTranscription_(parts_.speech.facade, parts_.recorder)
     , ui_(parts_.defaults, *parts_.platform.appearance)
     , idle_(parts_.recorder)
     , back_(*parts_.platform.session, *parts_.platform.keyEvents, parts_.clock)
@@ -72,6 +73,12 @@ Windows::Windows(Parts parts)
     onboarding_.onClosed([this] {
         isSandboxMode_ = false;
         parts_.notifications.post(notification::onboardingClosed);
+    });
+    // What could be undone goes with the window.
+    transcriptions_.onClosed([this] { parts_.history.audio.sweep(); });
+    connect(&parts_.history.audio, &KeptAudio::failed, this, [this](const QString& problem) {
+        showAlert(tr("Recordings Not Kept"),
+                  tr("Your dictations are stored, but not their recordings: %1").arg(problem));
     });
     connectTray();
     connectTrayOffers();

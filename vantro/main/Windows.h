@@ -4,6 +4,7 @@
 #include "platform/Platform.h"
 #include "vantro/app/History.h"
 #include "vantro/app/Rewriting.h"
+#include "vantro/app/SecondTranscription.h"
 #include "vantro/app/Shell.h"
 #include "vantro/app/Speech.h"
 #include "vantro/audio/AudioDeviceManager.h"
@@ -35,6 +36,7 @@ class HistoryChanges;
 class HistoryModel;
 class ModesModel;
 class PrivacySettings;
+class RecordingPlayer;
 
 /// The user interface: windows, alerts, the tray icon and the update notice. Main thread.
 class Windows final : public QObject, public Shell
@@ -124,7 +126,13 @@ private:
     void tellOfNote(const QString& text);
     void tellOfModel(const QString& name);
 
+    [[nodiscard]] std::unique_ptr<RecordingPlayer> makeRecordingPlayer(HistoryModel& dictations,
+                                                                       HistoryChanges& changes);
+    [[nodiscard]] std::vector<TranscriptionModel> readySpeechModels() const;
+    [[nodiscard]] QCoro::Task<QString> transcribeAgain(int model, const QUuid& dictation);
+
     Parts parts_;
+    SecondTranscription secondTranscription_;
     UiEngine ui_;
     WhenIdle idle_;
     WhenBack back_;

@@ -1,8 +1,8 @@
 #include "vantro/sound/AudioFile.h"
 
+#include "base/SampleFormat.h"
 #include "vantro/sound/Resampler.h"
 
-#include <QByteArray>
 #include <QFile>
 
 #include <sndfile.h>
@@ -26,7 +26,7 @@ struct CloseSoundFile
 };
 using SoundFile = std::unique_ptr<SNDFILE, CloseSoundFile>;
 
-/// Containers require seeking, so standard input is read into memory first.
+/// Containers require seeking, so standard input is read into memory first, and files are written there.
 struct MemoryFile
 {
     QByteArray bytes;
@@ -55,11 +55,20 @@ sf_count_t readFromMemory(void* target, sf_count_t count, void* user)
     return taken;
 }
 
+sf_count_t writeToMemory(const void* source, sf_count_t count, void* user)
+{
+    MemoryFile& file = memoryFile(user);
+    file.bytes.resize(std::max<sf_count_t>(file.bytes.size(), file.position + count));
+    std::memcpy(file.bytes.data() + file.position, source, static_cast<std::size_t>(count));
+    file.position += count;
+    return count;
+}
+
 constexpr SF_VIRTUAL_IO memoryFileAccess{
     .get_filelen = [](void* user) -> sf_count_t { return memoryFile(user).bytes.size(); },
     .seek = seekInMemory,
     .read = readFromMemory,
-    .write = nullptr,
+    .write = writeToMemory,
     .tell = [](void* user) -> sf_count_t { return memoryFile(user).position; },
 };
 
@@ -120,6 +129,36 @@ AudioFile AudioFile::read(const QString& path)
                                  .arg(path == QLatin1String("-") ? QStringLiteral("standard input") : path,
                                       error.localizedDescription().trimmed()));
     }
+}
+
+std::chrono::milliseconds AudioFile::duration(const QString& path)
+{
+    SF_INFO info{};
+    const SoundFile file(sf_open(QFile::encodeName(path).constData(), SFM_READ, &info));
+    if (file == nullptr || info.samplerate <= 0)
+        return {};
+    return std::chrono::milliseconds(info.frames * 1000 / info.samplerate);
+}
+
+QByteArray flacOf(std::span<const float> samples)
+{
+    MemoryFile memory;
+    SF_VIRTUAL_IO functions = memoryFileAccess;
+    SF_INFO info{.frames = 0,
+                 .samplerate = static_cast<int>(sampleRateHz),
+                 .channels = 1,
+                 .format = SF_FORMAT_FLAC | SF_FORMAT_PCM_16,
+                 .sections = 0,
+                 .seekable = 0};
+    SoundFile file(sf_open_virtual(&functions, SFM_WRITE, &info, &memory));
+    if (file == nullptr)
+        throw AudioFileError(QString::fromUtf8(sf_strerror(nullptr)));
+    sf_command(file.get(), SFC_SET_CLIPPING, nullptr, SF_TRUE);
+    const auto frames = static_cast<sf_count_t>(samples.size());
+    if (sf_writef_float(file.get(), samples.data(), frames) != frames)
+        throw AudioFileError(QString::fromUtf8(sf_strerror(file.get())));
+    file.reset(); // completes the header
+    return memory.bytes;
 }
 
 } // namespace vantro

@@ -2,8 +2,11 @@
 
 #include "base/Error.h"
 
+#include <QByteArray>
 #include <QString>
 
+#include <chrono>
+#include <span>
 #include <vector>
 
 namespace vantro {
@@ -23,6 +26,12 @@ struct AudioFile
     /// Reads any format that libsndfile supports (WAV, FLAC, OGG, MP3, ...), at any sample rate and channel count; "-"
     /// is standard input. Throws AudioFileError, which names the file and the problem.
     static AudioFile read(const QString& path);
+    /// How long the recording in a file is, by its header. Zero when it cannot be read.
+    static std::chrono::milliseconds duration(const QString& path);
 };
+
+/// The contents of a FLAC file with @p samples (16 kHz mono, nominally -1..1; beyond that they are clipped) in 16 bits.
+/// Throws AudioFileError.
+[[nodiscard]] QByteArray flacOf(std::span<const float> samples);
 
 } // namespace vantro

@@ -34,9 +34,9 @@ void CoreDataStack::loadPersistentStores()
     persistentContainer_.load();
 }
 
-void CoreDataStack::saveTranscription(const QString& transcription, const QString& formatted, ProcessingMode mode)
+QUuid CoreDataStack::saveTranscription(const QString& transcription, const QString& formatted, ProcessingMode mode)
 {
-    insert(transcription, formatted, mode);
+    return insert(transcription, formatted, mode);
 }
 
 QUuid CoreDataStack::saveTranscription(const QString& transcription, ProcessingMode mode)

@@ -45,7 +45,7 @@ public:
     /// Opens the store and migrates it to the current schema. Must be called first; throws PersistentStoreError.
     void loadPersistentStores();
 
-    void saveTranscription(const QString& transcription, const QString& formatted, ProcessingMode mode) override;
+    QUuid saveTranscription(const QString& transcription, const QString& formatted, ProcessingMode mode) override;
     QUuid saveTranscription(const QString& transcription, ProcessingMode mode) override;
     void updateFormatted(const QUuid& id, const QString& formatted) override;
     void setAside(const QUuid& id, const QString& answer, const QString& reason) override;

@@ -1,5 +1,6 @@
 #include "vantro/store/HistoryJobs.h"
 
+#include "vantro/store/AudioFolder.h"
 #include "vantro/store/TranscriptionRows.h"
 
 #include <qcoro/qcorofuture.h>
@@ -30,6 +31,13 @@ std::vector<qint64> keysBefore(const PersistentContainer& container, const QDate
     return keys;
 }
 
+void removeRecordings(const PersistentContainer& container, const std::vector<Transcription>& rows)
+{
+    std::vector<QUuid> ids;
+    std::ranges::transform(rows, std::back_inserter(ids), &Transcription::id);
+    AudioFolder(container.path()).remove(ids);
+}
+
 /// Without the trigger that takes each row out of the index, tables and index are emptied as a whole.
 void clearAtOnce(const PersistentContainer& container)
 {
@@ -46,6 +54,7 @@ void clearAtOnce(const PersistentContainer& container)
     transaction.commit();
     container.run(QStringLiteral("VACUUM"));
     container.run(QStringLiteral("PRAGMA wal_checkpoint(TRUNCATE)"));
+    AudioFolder(container.path()).removeAll();
 }
 
 } // namespace
@@ -116,7 +125,7 @@ QCoro::Task<int> HistoryJobs::removeBefore(QDateTime moment)
         co_return 0;
     for (std::size_t begin = 0; begin < keys.size(); begin += pieceRows) {
         const auto deleting = onStore([piece = pieceOf(keys, begin)](const PersistentContainer& store) {
-            deleteTranscriptionRows(store, piece);
+            removeRecordings(store, deleteTranscriptionRows(store, piece));
         });
         co_await deleting;
         if (alive.expired())

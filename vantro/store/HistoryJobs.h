@@ -42,10 +42,11 @@ public:
     [[nodiscard]] QCoro::Task<Removed> remove(std::vector<QUuid> ids, Progress progress);
     /// Brings back what was removed. Throws StoreError.
     [[nodiscard]] QCoro::Task<> restore(std::vector<Transcription> rows, Progress progress);
-    /// Deletes all dictations that are older than @p moment; they cannot be had back. Returns how many. Throws
-    /// StoreError.
+    /// Deletes all dictations that are older than @p moment, with their recordings; they cannot be had back. Returns
+    /// how many. Throws StoreError.
     [[nodiscard]] QCoro::Task<int> removeBefore(QDateTime moment);
-    /// Deletes all dictations and notes, and takes what was written of them from the disk. Throws StoreError.
+    /// Deletes all dictations, recordings and notes, and takes what was written of them from the disk. Throws
+    /// StoreError.
     [[nodiscard]] QCoro::Task<> clear();
 
     /// Oldest first. Throws StoreError.

@@ -7,6 +7,7 @@ FocusScope {
     id: page
 
     required property HistoryModel model
+    required property RecordingPlayer player
     property real listTop
     property bool busy: false
     property bool showsRaw: false
@@ -181,7 +182,7 @@ FocusScope {
     }
     TextReader {
         id: reader
-        anchors { left: list.right; right: parent.right; top: details.bottom; bottom: actions.top; margins: Theme.space24; leftMargin: Theme.space24 + Theme.space12; topMargin: Theme.space12 }
+        anchors { left: list.right; right: parent.right; top: details.bottom; bottom: recording.visible ? recording.top : actions.top; margins: Theme.space24; leftMargin: Theme.space24 + Theme.space12; topMargin: Theme.space12 }
         visible: page.hasOne && !page.busy
         text: page.shownText
         search: page.model.search
@@ -189,6 +190,12 @@ FocusScope {
         onSaved: page.endEdit()
         onCancelled: page.cancelEdit()
         name: qsTr("Text of the dictation")
+    }
+    RecordingBar {
+        id: recording
+        anchors { left: reader.left; right: reader.right; bottom: actions.top; bottomMargin: Theme.space12 }
+        visible: page.hasOne && page.player.exists && !page.model.isEditing && !page.busy
+        player: page.player
     }
     Flow {
         id: actions
@@ -238,6 +245,17 @@ FocusScope {
             onActivated: index => {
                 currentIndex = -1
                 page.model.rewrite(index)
+            }
+        }
+        VChoice {
+            visible: recording.visible && model.length > 0
+            model: page.model.speechModels
+            currentIndex: -1
+            displayText: qsTr("Transcribe again...")
+            Accessible.name: displayText
+            onActivated: index => {
+                currentIndex = -1
+                page.model.transcribeAgain(index)
             }
         }
         VButton {

@@ -7,6 +7,7 @@ Rectangle {
     id: window
 
     required property HistoryModel model
+    required property RecordingPlayer player
     required property NotesModel notes
     required property HistoryChanges changes
     property string page: "dictations"
@@ -54,6 +55,7 @@ Rectangle {
             visible: window.shown === this
             listTop: tabs.y + tabs.height
             model: window.model
+            player: window.player
             busy: window.changes.isBusy
         }
         NotesPage {

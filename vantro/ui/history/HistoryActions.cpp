@@ -260,4 +260,43 @@ QCoro::Task<> HistoryModel::rewriteCurrent(int index)
         parts_.changes.setProblem(problem);
 }
 
+/// What a language model has made of the former text is gone with it; rules apply to the new one.
+Transcription HistoryModel::heardAgain(const Transcription& before, const QString& text) const
+{
+    Transcription after = before;
+    after.transcription = text;
+    const auto mode = processingModeFromRawValue(before.processingMode);
+    after.formatted = mode ? parts_.cleaned(*mode, text).value_or(QString()) : QString();
+    after.setAside.clear();
+    after.setAsideReason.clear();
+    return after;
+}
+
+QCoro::Task<> HistoryModel::transcribeCurrent(int index)
+{
+    if (!shown_ || chosen_.size() != 1 || parts_.changes.isBusy() || index < 0 || index >= speechModels().size())
+        co_return;
+    const QPointer<HistoryModel> self(this);
+    const Transcription before = *shown_;
+    const QString name = speechModels().at(index);
+    QString text;
+    QString problem;
+    parts_.changes.setWork(tr("Transcribing with %1...").arg(name));
+    try {
+        const auto transcribing = parts_.transcribe(index, before.id);
+        text = co_await transcribing;
+    } catch (const Error& error) {
+        problem = error.localizedDescription();
+    }
+    if (!self)
+        co_return;
+    parts_.changes.setWork({});
+    if (problem.isEmpty() && text.trimmed().isEmpty())
+        problem = tr("%1 hears nothing in this recording. The text stays as it was.").arg(name);
+    if (problem.isEmpty())
+        change(before, heardAgain(before, text), tr("The dictation was transcribed with %1.").arg(name));
+    else
+        parts_.changes.setProblem(problem);
+}
+
 } // namespace vantro

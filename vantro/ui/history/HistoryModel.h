@@ -38,6 +38,7 @@ class HistoryModel : public QObject
     Q_PROPERTY(QString details READ details NOTIFY selectionChanged)
     Q_PROPERTY(bool isEditing READ isEditing NOTIFY selectionChanged)
     Q_PROPERTY(QStringList rewritingModes READ rewritingModes NOTIFY selectionChanged)
+    Q_PROPERTY(QStringList speechModels READ speechModels NOTIFY selectionChanged)
 public:
     struct Parts
     {
@@ -49,6 +50,11 @@ public:
         std::function<QString(ProcessingMode)> modeName;                      ///< as the user calls it
         std::function<std::vector<ProcessingMode>()> rewritingModes;          ///< that are set up
         std::function<QCoro::Task<QString>(ProcessingMode, QString)> rewrite; ///< throws Error
+        std::function<QStringList()> speechModels;                            ///< names of those that are there
+        /// Transcribes a dictation's kept recording with the model of that place; throws Error.
+        std::function<QCoro::Task<QString>(int, QUuid)> transcribe;
+        /// A text as its mode has it by rules; nullopt where it has none.
+        std::function<std::optional<QString>(ProcessingMode, const QString&)> cleaned;
         std::function<void(const QString&)> paste; ///< into the window that was in front before
         /// Asks for a file, with a name to begin with, and calls its argument unless the user thinks better of it.
         std::function<void(const QString& name, std::function<void(QString)>)> chooseFile;
@@ -111,6 +117,12 @@ public:
     /// Has the current one rewritten from its original text, in the mode at that place of rewritingModes().
     Q_INVOKABLE void rewrite(int index) { rewriteCurrent(index); }
 
+    /// Of the one that is read; null when there is none.
+    [[nodiscard]] QUuid currentIdentifier() const { return shown_ ? shown_->id : QUuid(); }
+    [[nodiscard]] QStringList speechModels() const { return parts_.speechModels(); }
+    /// Has the current one's recording transcribed anew by the model at that place of speechModels().
+    Q_INVOKABLE void transcribeAgain(int index) { transcribeCurrent(index); }
+
     // For the rows of the list.
     Q_INVOKABLE QString timeOfDay(const QDateTime& time) const;
     Q_INVOKABLE QString modeName(const QString& rawValue) const;
@@ -137,6 +149,8 @@ private:
     QCoro::Task<> withTexts(QString shownText, std::function<void(QString)> use);
     QCoro::Task<> exportTo(QString path);
     QCoro::Task<> rewriteCurrent(int index);
+    QCoro::Task<> transcribeCurrent(int index);
+    [[nodiscard]] Transcription heardAgain(const Transcription& before, const QString& text) const;
     bool change(const Transcription& from, const Transcription& to, const QString& done);
     void keepCurrent(int row);
     void refresh(const QModelIndex& first, const QModelIndex& last);

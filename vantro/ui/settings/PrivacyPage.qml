@@ -45,6 +45,35 @@ VPage {
         }
     }
     VCard {
+        heading: qsTr("Recordings")
+        VSettingRow {
+            title: qsTr("Keep recordings")
+            hint: qsTr("Keeps what you said as sound, to hear it again in the history or have it transcribed by another model. Notes have none.")
+            VChoice {
+                model: page.settings.recordingSpans
+                currentIndex: page.settings.recordingSpan
+                Accessible.name: qsTr("Keep recordings")
+                onActivated: index => {
+                    page.settings.recordingSpan = index
+                    currentIndex = Qt.binding(() => page.settings.recordingSpan)
+                }
+            }
+        }
+        VSettingRow {
+            title: qsTr("At most")
+            hint: qsTr("The oldest ones make room. One hour takes about 60 MB.")
+            VChoice {
+                model: page.settings.recordingSizes
+                currentIndex: page.settings.recordingSize
+                Accessible.name: qsTr("Recordings take at most")
+                onActivated: index => {
+                    page.settings.recordingSize = index
+                    currentIndex = Qt.binding(() => page.settings.recordingSize)
+                }
+            }
+        }
+    }
+    VCard {
         heading: qsTr("Stored on this computer")
         VNote { text: page.settings.stored }
         VButton {

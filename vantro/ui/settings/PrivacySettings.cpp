@@ -24,6 +24,34 @@ QString inFigures(int count)
     return QLocale().toString(count);
 }
 
+using Spans = std::vector<std::optional<int>>;
+
+/// A command can set any number of days.
+Spans spansWith(std::optional<int> days)
+{
+    Spans all{std::nullopt, year, quarter, month, week, 0};
+    if (std::ranges::find(all, days) == all.end())
+        all.insert(all.end() - 1, days);
+    return all;
+}
+
+QStringList namesOf(const Spans& spans)
+{
+    QStringList names;
+    for (const auto& each : spans)
+        names << (!each           ? PrivacySettings::tr("For ever")
+                  : *each == 0    ? PrivacySettings::tr("Not at all")
+                  : *each == year ? PrivacySettings::tr("One year")
+                                  : PrivacySettings::tr("%1 days").arg(*each));
+    return names;
+}
+
+template <typename Value>
+int placeOf(const Value& value, const std::vector<Value>& all)
+{
+    return static_cast<int>(std::ranges::find(all, value) - all.begin());
+}
+
 } // namespace
 
 PrivacySettings::PrivacySettings(Parts parts) : parts_(std::move(parts))
@@ -48,35 +76,91 @@ std::optional<int> PrivacySettings::days() const
     return Retention::daysFrom(parts_.defaults.get(setting::keepHistory));
 }
 
-/// A command can set any number of days.
-std::vector<std::optional<int>> PrivacySettings::choices() const
-{
-    std::vector<std::optional<int>> all{std::nullopt, year, quarter, month, week, 0};
-    if (std::ranges::find(all, days()) == all.end())
-        all.insert(all.end() - 1, days());
-    return all;
-}
-
 QStringList PrivacySettings::spans() const
 {
-    QStringList names;
-    for (const auto& each : choices())
-        names << (!each           ? tr("For ever")
-                  : *each == 0    ? tr("Not at all")
-                  : *each == year ? tr("One year")
-                                  : tr("%1 days").arg(*each));
-    return names;
+    return namesOf(spansWith(days()));
 }
 
 int PrivacySettings::span() const
 {
-    const auto all = choices();
-    return static_cast<int>(std::ranges::find(all, days()) - all.begin());
+    return placeOf(days(), spansWith(days()));
+}
+
+QStringList PrivacySettings::recordingSpans() const
+{
+    return namesOf(spansWith(recordingDays()));
+}
+
+int PrivacySettings::recordingSpan() const
+{
+    return placeOf(recordingDays(), spansWith(recordingDays()));
+}
+
+void PrivacySettings::setRecordingSpan(int index)
+{
+    limitRecordings(spansWith(recordingDays()).at(static_cast<std::size_t>(index)),
+                    parts_.defaults.get(setting::keepRecordingsMegabytes));
+}
+
+std::vector<qint64> PrivacySettings::sizes() const
+{
+    std::vector<qint64> all{100, 500, 1'000, 5'000, 20'000};
+    const qint64 set = parts_.defaults.get(setting::keepRecordingsMegabytes);
+    if (std::ranges::find(all, set) == all.end())
+        all.insert(std::ranges::lower_bound(all, set), set);
+    return all;
+}
+
+QStringList PrivacySettings::recordingSizes() const
+{
+    constexpr qint64 gigabyte = 1'000;
+    QStringList names;
+    for (const qint64 megabytes : sizes())
+        names << (megabytes % gigabyte == 0 ? tr("%1 GB").arg(megabytes / gigabyte) : tr("%1 MB").arg(megabytes));
+    return names;
+}
+
+int PrivacySettings::recordingSize() const
+{
+    return placeOf(parts_.defaults.get(setting::keepRecordingsMegabytes), sizes());
+}
+
+void PrivacySettings::setRecordingSize(int index)
+{
+    limitRecordings(recordingDays(), sizes().at(static_cast<std::size_t>(index)));
+}
+
+void PrivacySettings::limitRecordings(std::optional<int> days, qint64 megabytes)
+{
+    const auto set = [this, days, megabytes] {
+        parts_.defaults.change([&] {
+            parts_.defaults.set(setting::keepRecordings, Retention::textOf(days));
+            parts_.defaults.set(setting::keepRecordingsMegabytes, megabytes);
+        });
+    };
+    const int beyond = parts_.countBeyond(days, megabytes);
+    if (beyond == 0)
+        set();
+    else
+        parts_.confirm(
+            tr("Delete Recordings"),
+            tr("Recordings beyond that: %1. They will be deleted now and cannot be had back. The texts stay.")
+                .arg(inFigures(beyond)),
+            [self = QPointer<PrivacySettings>(this), set] {
+                if (self)
+                    set();
+            });
+    Q_EMIT changed(); // until the answer is there, what is set stays
+}
+
+std::optional<int> PrivacySettings::recordingDays() const
+{
+    return Retention::daysFrom(parts_.defaults.get(setting::keepRecordings));
 }
 
 void PrivacySettings::setSpan(int index)
 {
-    const auto wanted = choices().at(static_cast<std::size_t>(index));
+    const auto wanted = spansWith(days()).at(static_cast<std::size_t>(index));
     const auto set = [this, wanted] {
         parts_.defaults.set(setting::keepHistory, Retention::textOf(wanted));
     };
@@ -96,15 +180,16 @@ void PrivacySettings::setSpan(int index)
 
 QString PrivacySettings::stored() const
 {
-    return tr("Dictations: %1. Notes: %2. Together %3, in %4.")
-        .arg(inFigures(stored_.dictations), inFigures(stored_.notes), QLocale().formattedDataSize(stored_.bytes),
-             stored_.folder);
+    return tr("Dictations: %1. Notes: %2. Recordings: %3. Together %4, in %5.")
+        .arg(inFigures(stored_.dictations), inFigures(stored_.notes), inFigures(stored_.recordings),
+             QLocale().formattedDataSize(stored_.bytes), stored_.folder);
 }
 
 void PrivacySettings::clearAll()
 {
     parts_.confirm(tr("Clear All"),
-                   tr("Dictations: %1. Notes: %2. They will be deleted, with all summaries, and cannot be had back.")
+                   tr("Dictations: %1. Notes: %2. They will be deleted, with all recordings and summaries, and cannot "
+                      "be had back.")
                        .arg(inFigures(stored_.dictations), inFigures(stored_.notes)),
                    [self = QPointer<PrivacySettings>(this)] {
                        if (self)

@@ -21,6 +21,10 @@ class PrivacySettings : public QObject
     QML_UNCREATABLE("made with its window")
     Q_PROPERTY(QStringList spans READ spans NOTIFY changed)
     Q_PROPERTY(int span READ span WRITE setSpan NOTIFY changed)
+    Q_PROPERTY(QStringList recordingSpans READ recordingSpans NOTIFY changed)
+    Q_PROPERTY(int recordingSpan READ recordingSpan WRITE setRecordingSpan NOTIFY changed)
+    Q_PROPERTY(QStringList recordingSizes READ recordingSizes NOTIFY changed)
+    Q_PROPERTY(int recordingSize READ recordingSize WRITE setRecordingSize NOTIFY changed)
     Q_PROPERTY(bool isPrivate READ isPrivate WRITE setPrivate NOTIFY changed)
     Q_PROPERTY(QString stored READ stored NOTIFY changed)
     Q_PROPERTY(bool isEmpty READ isEmpty NOTIFY changed)
@@ -31,7 +35,8 @@ public:
     {
         int dictations = 0;
         int notes = 0;
-        qint64 bytes = 0;
+        int recordings = 0;
+        qint64 bytes = 0; ///< of all
         QString folder;
     };
     struct Parts
@@ -39,7 +44,9 @@ public:
         UserDefaults& defaults;
         std::function<Stored()> stored;
         std::function<int(int days)> countOlder; ///< dictations that would be deleted with that span
-        std::function<QCoro::Task<>()> clear;    ///< throws Error
+        /// Recordings that would be deleted with that span (see Retention::daysFrom()) and size.
+        std::function<int(std::optional<int> days, qint64 megabytes)> countBeyond;
+        std::function<QCoro::Task<>()> clear; ///< throws Error
         std::function<bool()> isPrivate;
         std::function<void(bool)> setPrivate;
         /// Asks before dictations are deleted; calls its last argument when the user is sure.
@@ -53,11 +60,21 @@ public:
     [[nodiscard]] int span() const;
     /// Asks first if that deletes any.
     void setSpan(int index);
+    /// How long recordings can be kept, and how much of the disk they may take. Both ask first if that deletes any.
+    [[nodiscard]] QStringList recordingSpans() const;
+    [[nodiscard]] int recordingSpan() const;
+    void setRecordingSpan(int index);
+    [[nodiscard]] QStringList recordingSizes() const;
+    [[nodiscard]] int recordingSize() const;
+    void setRecordingSize(int index);
     [[nodiscard]] bool isPrivate() const { return parts_.isPrivate(); }
     void setPrivate(bool on) { parts_.setPrivate(on); }
     /// What is stored and where, in a sentence.
     [[nodiscard]] QString stored() const;
-    [[nodiscard]] bool isEmpty() const { return stored_.dictations == 0 && stored_.notes == 0; }
+    [[nodiscard]] bool isEmpty() const
+    {
+        return stored_.dictations == 0 && stored_.notes == 0 && stored_.recordings == 0;
+    }
     [[nodiscard]] bool isClearing() const { return isClearing_; }
     /// Why clearing failed; otherwise empty.
     [[nodiscard]] QString problem() const { return problem_; }
@@ -72,7 +89,9 @@ Q_SIGNALS:
 
 private:
     [[nodiscard]] std::optional<int> days() const;
-    [[nodiscard]] std::vector<std::optional<int>> choices() const;
+    [[nodiscard]] std::optional<int> recordingDays() const;
+    [[nodiscard]] std::vector<qint64> sizes() const;
+    void limitRecordings(std::optional<int> days, qint64 megabytes);
     QCoro::Task<> clear();
 
     Parts parts_;
