@@ -58,6 +58,19 @@ protected:
         const auto reading = keychain.read(account);
         const std::optional<QString> key = co_await reading;
         co_return key->right(2);
+    QCoro::Task<QString> rewrite(ProcessingMode mode, QString text)
+    {
+        if (!refusal.isEmpty())
+            throw Error(refusal);
+        co_return prompts.displayName(mode) + QStringLiteral(": ") + text;
+    }
+
+    QCoro::Task<QStringList> modelsFrom(QFuture<QStringList> answer)
+    {
+        const QStringList models = co_await answer;
+        co_return models;
+    }
+
     }
 
     QTemporaryDir folder;
@@ -260,6 +273,156 @@ TEST_F(SettingsPages, ThisComputerIsOfferedFirstOnceItHasALanguageModel)
     QString local;
     ModesModel page({defaults,
                      prompts,
+TEST_F(SettingsPages, ModesAreAddedMovedTriedAndRemoved)
+{
+    ModesModel::Parts parts{defaults, prompts, cleaning, manager, [](ProcessingMode) { return true; }, {}};
+    parts.confirmRemoval = [this](const QString& name, const std::function<void()>& confirmed) {
+        questions << name;
+        if (answersYes)
+            confirmed();
+    };
+    parts.rewrite = [this](ProcessingMode mode, const QString& text) {
+        return rewrite(mode, text);
+    };
+    ModesModel page(parts);
+    const auto names = [&page] {
+        QStringList list;
+        for (int row = 0; row < page.list()->rowCount(); ++row)
+            list << page.list()->index(row, 0).data(ModeList::Name).toString();
+        return list;
+    };
+    page.add();
+    page.add();
+    EXPECT_EQ(names().mid(5), (QStringList{QStringLiteral("New mode"), QStringLiteral("New mode 2")}));
+    EXPECT_EQ(page.shown(), 6) << "the new one is open";
+    page.setName(QStringLiteral("Letters"));
+    page.setPrompt(QStringLiteral("Write a letter."));
+    const QPersistentModelIndex letters = page.list()->index(6, 0);
+    page.move(6, -5);
+    page.move(0, -1);
+    EXPECT_EQ(letters.row(), 1) << "the row itself moves";
+    EXPECT_EQ(page.shown(), 1);
+    EXPECT_EQ(names().mid(0, 3),
+              (QStringList{QStringLiteral("Normal"), QStringLiteral("Letters"), QStringLiteral("Email")}));
+
+    page.tryOut(QStringLiteral(" hello "));
+    EXPECT_EQ(page.trialResult(), QStringLiteral("Letters: hello"));
+    refusal = QStringLiteral("The server is out.");
+    page.tryOut(QStringLiteral("hello"));
+    EXPECT_EQ(page.trialProblem(), refusal);
+    EXPECT_EQ(page.trialResult(), QString());
+    page.setShown(0);
+    EXPECT_EQ(page.trialProblem(), QString()) << "it was another mode's";
+    EXPECT_FALSE(page.canTry()) << "nothing is done to the text";
+
+    page.remove(0);
+    EXPECT_TRUE(questions.isEmpty()) << "built in";
+    answersYes = false;
+    page.remove(1);
+    EXPECT_EQ(names().size(), 7);
+    answersYes = true;
+    page.remove(1);
+    EXPECT_EQ(questions, (QStringList{QStringLiteral("Letters"), QStringLiteral("Letters")}));
+    EXPECT_FALSE(names().contains(QStringLiteral("Letters")));
+}
+
+TEST_F(SettingsPages, AProvidersModelsAreListedIntoItsForm)
+{
+    QPromise<QStringList> promise;
+    promise.start();
+    const QFuture<QStringList> answer = promise.future();
+    ProvidersModel::Parts parts = providerParts();
+    parts.models = [this, answer](const ProviderConfiguration& provider, const std::optional<QString>& key) {
+        asked << provider.name + QLatin1Char(':') + key.value_or(QStringLiteral("stored"));
+        return modelsFrom(answer);
+    };
+    bool hasBrowser = true;
+    QString opened;
+    parts.openPage = [&](const QString& address) {
+        opened = address;
+        return hasBrowser;
+    };
+    ProvidersModel page(parts);
+    page.add();
+    page.setField(modelField, QString());
+    page.findModels(QStringLiteral("sk-1"));
+    EXPECT_TRUE(page.isBusy());
+    page.closeForm();
+    page.add();
+    EXPECT_FALSE(page.isBusy()) << "an answer that nobody waits for holds nothing up";
+    page.findModels(QStringLiteral("sk-2"));
+    promise.addResult(QStringList{QStringLiteral("large"), QStringLiteral("small")});
+    promise.finish();
+    ASSERT_TRUE(waitFor([&page] { return !page.isBusy(); }));
+    EXPECT_EQ(asked, (QStringList{QStringLiteral("OpenAI:sk-1"), QStringLiteral("OpenAI:sk-2")}));
+    ASSERT_EQ(page.offeredModels().size(), 2);
+    EXPECT_EQ(page.offeredModel(), -1);
+    page.chooseModel(1);
+    EXPECT_EQ(text(page.fields(), modelField, "text"), QStringLiteral("small"));
+    EXPECT_EQ(page.offeredModel(), 1);
+
+    EXPECT_TRUE(page.hasKeyPage());
+    hasBrowser = false;
+    page.openKeyPage();
+    EXPECT_TRUE(page.reportIsProblem());
+    EXPECT_TRUE(page.report().contains(opened)) << "to be opened elsewhere";
+    page.setType(static_cast<int>(RemoteProviderType::Custom));
+    EXPECT_FALSE(page.hasKeyPage());
+    EXPECT_TRUE(page.offeredModels().isEmpty()) << "they were another provider's";
+    page.setField(addressField, QStringLiteral("ftp://nowhere"));
+    page.findModels(QStringLiteral("sk-3"));
+    EXPECT_TRUE(page.reportIsProblem());
+    EXPECT_EQ(asked.size(), 2) << "there is nobody to ask";
+}
+
+TEST_F(SettingsPages, ApplicationsGetModesAndPasteKeysOfTheirOwn)
+{
+    doubles::FakeWorkspace workspace;
+    workspace.openWindow(1, {QStringLiteral("XTerm"), QStringLiteral("xterm")});
+    workspace.openWindow(2, {QStringLiteral("Mail"), QStringLiteral("thunderbird")});
+    workspace.openWindow(3);
+    workspace.makeOwn(3);
+    workspace.focus(1);
+    const auto name = [this](ProcessingMode mode) {
+        return prompts.displayName(mode);
+    };
+    ApplicationsModel page({defaults, workspace, prompts.modes(), name});
+    workspace.focus(2);
+    workspace.focus(3);
+    EXPECT_EQ(page.seen(), (QStringList{QStringLiteral("thunderbird"), QStringLiteral("xterm")}));
+    EXPECT_TRUE(page.add(QStringLiteral("thunderbird ")));
+    EXPECT_FALSE(page.add(QStringLiteral("Thunderbird")));
+    EXPECT_FALSE(page.problem().isEmpty());
+    EXPECT_FALSE(page.add(QStringLiteral(" ")));
+    EXPECT_EQ(page.seen(), QStringList{QStringLiteral("xterm")});
+
+    int resets = 0;
+    QObject::connect(&page, &QAbstractItemModel::modelReset, [&resets] { ++resets; });
+    page.setMode(0, 2);
+    page.setPasteKeys(0, 3);
+    page.setFullStop(0, false);
+    EXPECT_EQ(resets, 0) << "the control that was used keeps the keyboard";
+    const auto rule = applicationRuleFor(defaults, {QStringLiteral("Mail"), QStringLiteral("thunderbird")});
+    ASSERT_TRUE(rule);
+    EXPECT_EQ(rule->mode, ProcessingMode::Email);
+    EXPECT_FALSE(rule->hasFullStop);
+    EXPECT_EQ(pasteChordFor({QStringLiteral("thunderbird")}, defaults), KeyEventPoster::PasteChord::ShiftInsert);
+
+    UserDefaults command(folder.filePath(QStringLiteral("vantro.ini")));
+    command.set(setting::pasteChords, R"({"xterm":"Ctrl+V","other":"Ctrl+9","thunderbird":"Ctrl+V"})");
+    defaults.reload();
+    ASSERT_EQ(page.rowCount(), 2) << "what only has paste keys is seen too";
+    EXPECT_EQ(page.index(1, 0).data(ApplicationsModel::Application).toString(), QStringLiteral("xterm"));
+    page.setPasteKeys(0, 0);
+    EXPECT_TRUE(defaults.get(setting::pasteChords).contains(R"("other":"Ctrl+9")")) << "not understood, not lost";
+    EXPECT_EQ(pasteChordFor({QStringLiteral("thunderbird")}, defaults), KeyEventPoster::PasteChord::ControlV);
+    page.remove(1);
+    EXPECT_EQ(pasteChordFor({QStringLiteral("xterm")}, defaults), KeyEventPoster::PasteChord::ShiftInsert);
+    EXPECT_EQ(page.removed(), QStringLiteral("xterm"));
+    page.undo();
+    EXPECT_EQ(pasteChordFor({QStringLiteral("xterm")}, defaults), KeyEventPoster::PasteChord::ControlV);
+}
+
                      cleaning,
                      manager,
                      [](ProcessingMode) { return true; },

@@ -131,6 +131,16 @@ QCoro::Task<> Rewriting::verify(ProviderConfiguration provider, std::optional<QS
 
 QCoro::Task<QString> Rewriting::keyEnding(QString account)
 {
+QCoro::Task<QStringList> Rewriting::offeredModels(ProviderConfiguration provider, std::optional<QString> key) const
+{
+    RemoteProviderConfig config = provider.remoteConfig();
+    config.apiKeyOverride = std::move(key);
+    const auto service = factory_.makeRemote(config);
+    const auto asked = service->models(provider.keychainAccount());
+    const QStringList names = co_await asked;
+    co_return names;
+}
+
     constexpr qsizetype shownCharacters = 4;
     constexpr qsizetype leastLength = 16;
     const auto reading = keychain_.read(account);

@@ -61,6 +61,9 @@ public:
     [[nodiscard]] QCoro::Task<QString> keyEnding(QString account);
     /// Checks that @p provider accepts @p key, or the stored key if none is given. Throws Error.
     [[nodiscard]] QCoro::Task<> verify(ProviderConfiguration provider, std::optional<QString> key = {}) const;
+    /// The models that @p provider offers, with the key as in verify(). Throws Error.
+    [[nodiscard]] QCoro::Task<QStringList> offeredModels(ProviderConfiguration provider,
+                                                         std::optional<QString> key = {}) const;
 
 private:
     void adopt(const QUuid& provider);

@@ -113,6 +113,7 @@ const std::map<QString, std::function<Candidates()>>& places()
         {QStringLiteral("providers test"), providerNames},
         {QStringLiteral("providers --type"), words("OpenAI Anthropic Gemini Custom")},
         {QStringLiteral("history --mode"), modeNames},
+        {QStringLiteral("providers models"), providerNames},
         {QStringLiteral("history --format"), words("json csv markdown")},
         {QStringLiteral("show"), words("settings history notes guide")},
     };

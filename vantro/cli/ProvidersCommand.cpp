@@ -16,6 +16,7 @@ constexpr char description[] =
   edit NAME    Change what the options say. An empty value ("") removes a parameter.
   remove NAME  Remove a provider and its key, after asking.
   test NAME    Check that the provider accepts the key.
+  models NAME  List the models that the provider offers.
 
 The key is read from the terminal without showing it, or from standard input with --key-stdin. It is stored only in the
 desktop's Secret Service. A server that needs no key still has to be given one: any word will do.
@@ -61,7 +62,8 @@ Command providersCommand()
                         {"add", addProvider},
                         {"edit", editProvider, 1, 1, "needs a provider's name"},
                         {"remove", removeProvider, 1, 1, "needs a provider's name"},
-                        {"test", testProvider, 1, 1, "needs a provider's name"}},
+                        {"test", testProvider, 1, 1, "needs a provider's name"},
+                        {"models", offeredModels, 1, 1, "needs a provider's name"}},
             .options = std::move(options),
             .words = {{"NAME", "A provider's name or id.", "[NAME]]"}},
             .exitCodeOf = providersExitCode};

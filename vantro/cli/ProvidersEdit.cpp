@@ -8,6 +8,7 @@
 
 #include <QElapsedTimer>
 #include <QHostAddress>
+#include <QJsonArray>
 #include <QUrl>
 
 #include <algorithm>
@@ -268,6 +269,17 @@ int testProvider(const CommandCall& call)
     if (!problem.isEmpty())
         terminal::writeError(QStringLiteral("%1: %2").arg(provider.name, problem));
     return code;
+}
+
+int offeredModels(const CommandCall& call)
+{
+    const ProvidersSession session;
+    const QStringList names = runTask(session.rewriting.offeredModels(providerFrom(call, session)));
+    if (call.json())
+        terminal::writeJson(QJsonArray::fromStringList(names));
+    else
+        std::ranges::for_each(names, [](const QString& name) { terminal::writeLine(name); });
+    return ExitCode::done;
 }
 
 } // namespace vantro

@@ -36,6 +36,8 @@ int editProvider(const CommandCall& call);
 int removeProvider(const CommandCall& call);
 /// Sends one request with the stored key.
 int testProvider(const CommandCall& call);
+/// Writes the models that the provider offers.
+int offeredModels(const CommandCall& call);
 
 /// The JSON output for a provider.
 [[nodiscard]] QJsonObject providerJson(const ProviderConfiguration& provider);

@@ -253,6 +253,12 @@ Machine Windows::machine() const
 }
 
 std::unique_ptr<PrivacySettings> Windows::makePrivacySettings()
+                              },
+                              [&rewriting](const ProviderConfiguration& provider, const std::optional<QString>& key) {
+                                  return rewriting.offeredModels(provider, key);
+                              },
+                              [this](const QString& address) {
+                                  return parts_.platform.workspace->openUrl(address);
 {
     History& history = parts_.history;
     auto privacy = std::make_unique<PrivacySettings>(PrivacySettings::Parts{

@@ -269,3 +269,35 @@ TEST_F(FormatServices, TheModesConfigurationChoosesTheService)
     EXPECT_TRUE(isUnavailable(ask({false, provider.id}))) << "nothing goes to a provider that is switched off";
     EXPECT_EQ(server.requests().size(), 2);
 }
+
+TEST_F(FormatServices, TheModelsOfAProviderAreListedSorted)
+{
+    const auto joined = [](QCoro::Task<QStringList> task) -> QCoro::Task<QString> {
+        const QStringList names = co_await task;
+        co_return names.join(QLatin1Char(' '));
+    };
+    const QJsonObject openAI = json(R"({"data":[{"id":"small"},{"id":"Large"},{"id":"medium\n"},{"id":7}]})");
+    const QJsonObject gemini = json(R"({"models":[
+        {"name":"models/flash","supportedGenerationMethods":["countTokens","generateContent"]},
+        {"name":"models/embedding","supportedGenerationMethods":["embedContent"]}]})");
+    for (const auto& [type, path, answer, names] :
+         {std::tuple(RemoteProviderType::OpenAI, "/v1/models", openAI, "Large medium small"),
+          std::tuple(RemoteProviderType::Anthropic, "/v1/models?limit=1000", openAI, "Large medium small"),
+          std::tuple(RemoteProviderType::Custom, "/v1/models", openAI, "Large medium small"),
+          std::tuple(RemoteProviderType::Gemini, "/v1beta/models?pageSize=1000&key=", gemini, "flash")}) {
+        server.answer({{QStringLiteral("body"), QString::fromUtf8(QJsonDocument(answer).toJson())}});
+        const Outcome listed = outcome(joined(service(config(type))->models(account)));
+        EXPECT_EQ(listed.text, QLatin1String(names)) << listed.description().toStdString();
+        const QJsonObject request = server.requests().last();
+        EXPECT_EQ(request.value(QLatin1String("method")).toString(), QStringLiteral("GET"));
+        EXPECT_TRUE(request.value(QLatin1String("path")).toString().startsWith(QLatin1String(path)))
+            << request.value(QLatin1String("path")).toString().toStdString();
+        EXPECT_TRUE(QJsonDocument(request).toJson().contains(key.toUtf8())) << "with the key";
+    }
+    server.answer({{QStringLiteral("body"), QStringLiteral("<html>")}});
+    EXPECT_EQ(outcome(joined(service(config(RemoteProviderType::Custom))->models(account))).kind(),
+              RemoteFormatError::Kind::invalidResponse);
+    server.answer({{QStringLiteral("status"), 401}});
+    EXPECT_EQ(outcome(joined(service(config(RemoteProviderType::OpenAI))->models(account))).kind(),
+              RemoteFormatError::Kind::invalidCredentials);
+}

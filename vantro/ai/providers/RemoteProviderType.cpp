@@ -29,6 +29,21 @@ QString displayName(RemoteProviderType type)
     }
 }
 
+QString keyPage(RemoteProviderType type)
+{
+    switch (type) {
+    case RemoteProviderType::OpenAI:
+        return QStringLiteral("https://platform.openai.com/api-keys");
+    case RemoteProviderType::Anthropic:
+        return QStringLiteral("https://console.anthropic.com/settings/keys");
+    case RemoteProviderType::Gemini:
+        return QStringLiteral("https://aistudio.google.com/apikey");
+    case RemoteProviderType::Custom:
+        break;
+    }
+    return {};
+}
+
 std::optional<RemoteProviderType> remoteProviderType(const QString& name)
 {
     for (const RemoteProviderType type : allRemoteProviderTypes) {

@@ -17,6 +17,8 @@ inline constexpr std::array allRemoteProviderTypes{RemoteProviderType::OpenAI, R
 QString rawValue(RemoteProviderType type);
 /// "OpenAI", "Anthropic", "Google Gemini", "Custom (OpenAI-compatible)": shown to users.
 QString displayName(RemoteProviderType type);
+/// The page on which the provider's customers make keys; empty for servers of one's own.
+QString keyPage(RemoteProviderType type);
 /// Accepts either name, in any case.
 std::optional<RemoteProviderType> remoteProviderType(const QString& name);
 

@@ -32,6 +32,11 @@ QUrl AnthropicService::endpoint() const
     return QUrl(host_ + QStringLiteral("/v1/messages"));
 }
 
+QUrl AnthropicService::modelsEndpoint() const
+{
+    return QUrl(host_ + QStringLiteral("/v1/models?limit=1000"));
+}
+
 void AnthropicService::authorize(HttpRequest& request, const QString& key) const
 {
     request.headers.emplace_back("x-api-key", key.toLatin1());

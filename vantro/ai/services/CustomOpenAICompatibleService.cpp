@@ -28,8 +28,17 @@ CustomOpenAICompatibleService::CustomOpenAICompatibleService(RemoteServiceParts 
 
 QUrl CustomOpenAICompatibleService::endpoint() const
 {
-    const QString text =
-        ProviderForm::baseOf(config().customBaseURL.value_or(QString())) + QStringLiteral("/chat/completions");
+    return addressOf(QStringLiteral("/chat/completions"));
+}
+
+QUrl CustomOpenAICompatibleService::modelsEndpoint() const
+{
+    return addressOf(QStringLiteral("/models"));
+}
+
+QUrl CustomOpenAICompatibleService::addressOf(const QString& resource) const
+{
+    const QString text = ProviderForm::baseOf(config().customBaseURL.value_or(QString())) + resource;
     if (!ProviderForm::isUsableUrl(text)) {
         logger().error(line(QStringLiteral("Invalid URL: ") + text));
         throw RemoteFormatError(RemoteFormatError::Kind::notConfigured);

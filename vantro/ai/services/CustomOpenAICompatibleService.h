@@ -13,9 +13,13 @@ public:
 
 protected:
     [[nodiscard]] QUrl endpoint() const override;
+    [[nodiscard]] QUrl modelsEndpoint() const override;
     void noteRequest() const override;
     [[nodiscard]] AnswerNote formatNote() const override;
     [[nodiscard]] AnswerNote verificationNote() const override;
+
+private:
+    [[nodiscard]] QUrl addressOf(const QString& resource) const;
 };
 
 } // namespace vantro

@@ -32,9 +32,16 @@ QUrl GeminiService::endpoint() const
     return QUrl(host_ + QStringLiteral("/v1beta/models/%1:generateContent").arg(QString::fromLatin1(model)));
 }
 
+QUrl GeminiService::modelsEndpoint() const
+{
+    return QUrl(host_ + QStringLiteral("/v1beta/models?pageSize=1000"));
+}
+
 void GeminiService::authorize(HttpRequest& request, const QString& key) const
 {
-    request.url.setQuery(QStringLiteral("key=") + QString::fromLatin1(QUrl::toPercentEncoding(key)));
+    const QString others = request.url.query();
+    request.url.setQuery((others.isEmpty() ? others : others + QLatin1Char('&')) + QStringLiteral("key=") +
+                         QString::fromLatin1(QUrl::toPercentEncoding(key)));
 }
 
 QJsonObject GeminiService::formatBody(const QString& system, const QString& text) const
@@ -48,6 +55,22 @@ QJsonObject GeminiService::verificationBody() const
 {
     return {{QStringLiteral("contents"), contents(QStringLiteral("test"))},
             {QStringLiteral("generationConfig"), QJsonObject{{QStringLiteral("maxOutputTokens"), 1}}}};
+}
+
+/// Those that generate text; others embed it or make pictures.
+RemoteFormatService::NamesPath GeminiService::modelsPath() const
+{
+    return [](const QJsonObject& answer) {
+        QStringList names;
+        const QJsonArray entries = answer.value(QLatin1String("models")).toArray();
+        for (const QJsonValue& entry : entries) {
+            const QJsonObject model = entry.toObject();
+            const QJsonArray methods = model.value(QLatin1String("supportedGenerationMethods")).toArray();
+            if (methods.contains(QStringLiteral("generateContent")))
+                names << model.value(QLatin1String("name")).toString().simplified().section(QLatin1Char('/'), -1);
+        }
+        return names;
+    };
 }
 
 RemoteAnswer::Path GeminiService::contentPath() const

@@ -14,6 +14,8 @@ public:
 
 protected:
     [[nodiscard]] QUrl endpoint() const override;
+    [[nodiscard]] QUrl modelsEndpoint() const override;
+    [[nodiscard]] NamesPath modelsPath() const override;
     void authorize(HttpRequest& request, const QString& key) const override;
     [[nodiscard]] QJsonObject formatBody(const QString& system, const QString& text) const override;
     [[nodiscard]] QJsonObject verificationBody() const override;

@@ -16,6 +16,11 @@ QUrl OpenAICompatibleService::endpoint() const
     return QUrl(host_ + QStringLiteral("/v1/chat/completions"));
 }
 
+QUrl OpenAICompatibleService::modelsEndpoint() const
+{
+    return QUrl(host_ + QStringLiteral("/v1/models"));
+}
+
 RemoteFormatService::AnswerNote OpenAICompatibleService::verificationNote() const
 {
     return [](const RemoteAnswer& answer) {

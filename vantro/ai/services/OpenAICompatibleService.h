@@ -14,6 +14,7 @@ public:
 
 protected:
     [[nodiscard]] QUrl endpoint() const override;
+    [[nodiscard]] QUrl modelsEndpoint() const override;
     [[nodiscard]] AnswerNote verificationNote() const override;
 
 private:

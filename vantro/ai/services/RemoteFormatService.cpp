@@ -6,6 +6,7 @@
 #include "vantro/ai/services/RemoteFormatError.h"
 
 #include <QFuture>
+#include <QJsonArray>
 #include <QJsonDocument>
 #include <QPromise>
 #include <qcoro/qcorofuture.h>
@@ -16,6 +17,8 @@
 namespace vantro {
 
 namespace {
+
+const QString nameSeparator = QStringLiteral("\n");
 
 constexpr qsizetype loggedKeyCharacters = 10;
 
@@ -112,7 +115,7 @@ QCoro::Task<QString> RemoteFormatService::format(QString prompt, QString text)
             note(remote);
         return remote.text(path);
     };
-    co_return co_await send(key, body, baseTimeout_, read);
+    co_return co_await send(key, endpoint(), body, read);
 }
 
 QCoro::Task<> RemoteFormatService::verifyCredentials(QString keychainIdentifier)
@@ -128,7 +131,40 @@ QCoro::Task<> RemoteFormatService::verifyCredentials(QString keychainIdentifier)
         remote.check();
         return QString();
     };
-    co_await send(key, body, baseTimeout_, read);
+    co_await send(key, endpoint(), body, read);
+}
+
+QCoro::Task<QStringList> RemoteFormatService::models(QString keychainIdentifier)
+{
+    refuseStrayAddress();
+    const QString key = co_await resolveKey(keychainIdentifier);
+    const HttpExchange::Reader read = [label = rawValue(config_.provider),
+                                       path = modelsPath()](const HttpAnswer& answer) {
+        const RemoteAnswer remote(label, answer);
+        remote.check();
+        const QStringList names = path(QJsonDocument::fromJson(remote.body()).object());
+        if (names.isEmpty())
+            throw RemoteFormatError(RemoteFormatError::Kind::invalidResponse);
+        return names.join(nameSeparator);
+    };
+    const QString names = co_await send(key, modelsEndpoint(), {}, read);
+    QStringList sorted = names.split(nameSeparator);
+    sorted.sort(Qt::CaseInsensitive);
+    co_return sorted;
+}
+
+RemoteFormatService::NamesPath RemoteFormatService::modelsPath() const
+{
+    return [](const QJsonObject& answer) {
+        QStringList names;
+        const QJsonArray entries = answer.value(QLatin1String("data")).toArray();
+        for (const QJsonValue& entry : entries) {
+            const QString name = entry.toObject().value(QLatin1String("id")).toString().simplified();
+            if (!name.isEmpty())
+                names << name;
+        }
+        return names;
+    };
 }
 
 /// Whoever has entered his company's gateway does not want it bypassed.
@@ -181,13 +217,13 @@ QCoro::Task<QString> RemoteFormatService::resolveKey(QString keychainIdentifier)
     co_return *key;
 }
 
-QCoro::Task<QString> RemoteFormatService::send(QString key, QJsonObject body, std::chrono::milliseconds timeout,
-                                               HttpExchange::Reader read)
+QCoro::Task<QString> RemoteFormatService::send(QString key, QUrl url, QJsonObject body, HttpExchange::Reader read)
 {
     HttpRequest request;
-    request.url = endpoint();
-    request.body = QJsonDocument(body).toJson(QJsonDocument::Compact);
-    request.timeout = timeout;
+    request.url = std::move(url);
+    if (!body.isEmpty())
+        request.body = QJsonDocument(body).toJson(QJsonDocument::Compact);
+    request.timeout = baseTimeout_;
     authorize(request, key);
     noteRequest();
     logger().info(line(QStringLiteral("Request: model=%1, %2 bytes, members %3")

@@ -11,6 +11,7 @@
 
 #include <QJsonObject>
 #include <QString>
+#include <QStringList>
 
 #include <chrono>
 #include <memory>
@@ -50,6 +51,8 @@ public:
     /// Sends a minimal request, which may take as long as any other, with the key of that account, or the
     /// apiKeyOverride of the configuration.
     QCoro::Task<> verifyCredentials(QString keychainIdentifier);
+    /// The models that the provider offers for such requests, sorted. The key is found in the same way.
+    QCoro::Task<QStringList> models(QString keychainIdentifier);
 
     [[nodiscard]] const RemoteProviderConfig& config() const { return config_; }
 
@@ -63,6 +66,11 @@ protected:
     [[nodiscard]] virtual QJsonObject formatBody(const QString& system, const QString& text) const = 0;
     [[nodiscard]] virtual QJsonObject verificationBody() const = 0;
     [[nodiscard]] virtual RemoteAnswer::Path contentPath() const = 0;
+    /// The address of the list of models, without the key. Throws like endpoint().
+    [[nodiscard]] virtual QUrl modelsEndpoint() const = 0;
+    /// Their names in the answer.
+    using NamesPath = QStringList (*)(const QJsonObject& answer);
+    [[nodiscard]] virtual NamesPath modelsPath() const;
     /// Called before a request is sent, for extra log lines.
     virtual void noteRequest() const {}
     /// Called with the complete response, for extra log lines. Runs on the network thread, where the service may be
@@ -81,8 +89,8 @@ private:
     void refuseStrayAddress() const;
     QCoro::Task<QString> resolveKey(QString keychainIdentifier);
     static QCoro::Task<> readKey(KeychainServicing& keychain, QString account, std::shared_ptr<KeyRead> into);
-    QCoro::Task<QString> send(QString key, QJsonObject body, std::chrono::milliseconds timeout,
-                              HttpExchange::Reader read);
+    /// A GET when @p body is empty.
+    QCoro::Task<QString> send(QString key, QUrl url, QJsonObject body, HttpExchange::Reader read);
 
     RemoteServiceParts parts_;
     RemoteProviderConfig config_;

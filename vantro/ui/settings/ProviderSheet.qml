@@ -56,6 +56,30 @@ VCard {
             }
         }
     }
+    VSettingRow {
+        title: qsTr("Models it offers")
+        hint: sheet.settings.offeredModels.length === 0 ? qsTr("Needs the API key below.") : ""
+        Row {
+            spacing: Theme.space8
+            VChoice {
+                visible: sheet.settings.offeredModels.length > 0
+                model: sheet.settings.offeredModels
+                currentIndex: sheet.settings.offeredModel
+                displayText: currentIndex < 0 ? qsTr("Choose a model") : currentText
+                Accessible.name: qsTr("Models it offers")
+                onActivated: index => {
+                    sheet.settings.chooseModel(index)
+                    currentIndex = Qt.binding(() => sheet.settings.offeredModel)
+                }
+            }
+            VButton {
+                secondary: true
+                enabled: !sheet.settings.isBusy
+                text: qsTr("Ask the server")
+                onClicked: sheet.settings.findModels(key.text)
+            }
+        }
+    }
     VToggleRow {
         visible: sheet.showsParameters
         title: qsTr("Standard parameters")
@@ -66,13 +90,22 @@ VCard {
     VSettingRow {
         title: qsTr("API key")
         hint: sheet.settings.keyHint
-        VField {
-            id: key
-            width: Theme.wideFieldWidth
-            echoMode: TextInput.Password
-            placeholderText: sheet.settings.keyState
-            Accessible.name: qsTr("API key")
-            onAccepted: sheet.settings.save(text)
+        Column {
+            spacing: Theme.space8
+            VField {
+                id: key
+                width: Theme.wideFieldWidth
+                echoMode: TextInput.Password
+                placeholderText: sheet.settings.keyState
+                Accessible.name: qsTr("API key")
+                onAccepted: sheet.settings.save(text)
+            }
+            VButton {
+                visible: sheet.settings.hasKeyPage
+                secondary: true
+                text: qsTr("Make a key in the browser")
+                onClicked: sheet.settings.openKeyPage()
+            }
         }
     }
     VNote {

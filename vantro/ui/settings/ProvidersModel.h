@@ -38,6 +38,9 @@ class ProvidersModel : public QObject
     Q_PROPERTY(QString report READ report NOTIFY formChanged)
     Q_PROPERTY(bool reportIsProblem READ reportIsProblem NOTIFY formChanged)
     Q_PROPERTY(bool isBusy READ isBusy NOTIFY formChanged)
+    Q_PROPERTY(QStringList offeredModels READ offeredModels NOTIFY offeredModelsChanged)
+    Q_PROPERTY(int offeredModel READ offeredModel NOTIFY formChanged)
+    Q_PROPERTY(bool hasKeyPage READ hasKeyPage NOTIFY formChanged)
 public:
     struct Parts
     {
@@ -51,6 +54,10 @@ public:
         std::function<QCoro::Task<>(ProviderConfiguration, std::optional<QString>)> verify;
         /// Asks the user a question and calls back on yes.
         std::function<void(const QString& question, std::function<void()>)> confirm;
+        /// Returns the models that the provider offers, with the key as for verify. Throws Error.
+        std::function<QCoro::Task<QStringList>(ProviderConfiguration, std::optional<QString>)> models = {};
+        /// Opens a page of the web. Returns whether it could.
+        std::function<bool(const QString& address)> openPage = {};
     };
 
     explicit ProvidersModel(Parts parts);
@@ -84,6 +91,13 @@ public:
     /// While a key is being stored or tested.
     [[nodiscard]] bool isBusy() const { return isBusy_; }
 
+    /// What the provider has answered to findModels(); empty until then.
+    [[nodiscard]] QStringList offeredModels() const { return offeredModels_; }
+    /// The one of them that stands in the form; -1 when it is another.
+    [[nodiscard]] int offeredModel() const { return static_cast<int>(offeredModels_.indexOf(form_.model.trimmed())); }
+    /// Whether there is a page on which keys are made.
+    [[nodiscard]] bool hasKeyPage() const { return !keyPage(form_.type).isEmpty(); }
+
     Q_INVOKABLE void setEnabled(int row, bool enabled);
     Q_INVOKABLE void remove(int row);
     Q_INVOKABLE void add();
@@ -93,11 +107,17 @@ public:
     /// Stores the form, and @p key unless it is empty. Closes the form on success.
     Q_INVOKABLE void save(const QString& key);
     Q_INVOKABLE void tryOut(const QString& key);
+    /// Asks the provider for its models.
+    Q_INVOKABLE void findModels(const QString& key);
+    /// Puts one of them into the form.
+    Q_INVOKABLE void chooseModel(int index);
+    Q_INVOKABLE void openKeyPage();
 
 Q_SIGNALS:
     void changed();
     void formChanged();
     void fieldsReset();
+    void offeredModelsChanged();
 
 private:
     [[nodiscard]] bool isOffered(ProviderForm::Field field) const;
@@ -106,6 +126,8 @@ private:
     [[nodiscard]] QString maskedKey(const ProviderConfiguration& provider) const;
     QCoro::Task<> store(ProviderConfiguration provider, QString key);
     QCoro::Task<> ask(ProviderConfiguration provider, QString key);
+    QCoro::Task<> askForModels(ProviderConfiguration provider, QString key);
+    void forgetModels();
     [[nodiscard]] bool hasKey(const ProviderConfiguration& provider) const;
     [[nodiscard]] bool isListed() const;
     [[nodiscard]] bool showProblems();
@@ -121,6 +143,9 @@ private:
     ProviderForm form_;
     bool wasSubmitted_ = false;
     bool isBusy_ = false;
+    QStringList offeredModels_;
+    bool isAskingForModels_ = false;
+    int inquiry_ = 0; ///< counts them: the answer to a former one says nothing about this form
     QString report_;
     bool reportIsProblem_ = false;
 };
