@@ -23,6 +23,15 @@ NOT_SAVED = 5
 SERVER = ("--type", "Custom", "--model", "m", "--base-url", "http://localhost:1/v1")
 
 
+def names_in(value):
+    """The names of all members."""
+    if isinstance(value, dict):
+        yield from value
+        value = list(value.values())
+    for each in value if isinstance(value, list) else []:
+        yield from names_in(each)
+
+
 class SettingsCase(unittest.TestCase):
     def setUp(self):
         self.profile = Path(self.enterContext(tempfile.TemporaryDirectory(prefix="vantro-settings-")))
@@ -46,6 +55,23 @@ class SettingsCase(unittest.TestCase):
         result = self.run_vantro(command, "list", "--json")
         self.assertEqual(result.returncode, 0, result.stderr)
         return json.loads(result.stdout)
+
+    def test_members_of_json_are_all_named_alike(self):
+        for words in (("vocabulary", "add", "Gregsson", "--sounds-like", "greg sun"), ("replacements", "add", "um", "-"),
+                      ("providers", "add", "--name", "House", *SERVER), ("modes", "set", "Email", "--provider", "House"),
+                      ("applications", "set", "emacs", "--paste-keys", "ctrl+v")):
+            self.assertEqual(self.run_vantro(*words).returncode, 0, words)
+        odd = {}
+        for command in ("applications", "cleaning", "history", "models", "modes", "notes", "providers", "replacements",
+                        "settings", "shortcuts", "vocabulary"):
+            result = self.run_vantro(command, "--json")
+            self.assertTrue(result.stdout.startswith(("[", "{")), f"{command}: {result.stderr}")
+            odd[command] = sorted(name for name in names_in(json.loads(result.stdout))
+                                  if not re.fullmatch(r"[a-z0-9]+(_[a-z0-9]+)*", name))
+        self.assertEqual({command: names for command, names in odd.items() if names}, {})
+        self.assertEqual(self.listed("applications"),
+                         [{"application": "emacs", "full_stop": True, "mode": None, "paste_keys": "Ctrl+V"}])
+        self.assertEqual(self.run_vantro("applications", "set", "emacs", "--paste-keys", "Ctrl+P").returncode, 2)
 
     def test_of_many_changes_at_once_none_is_lost(self):
         names = [f"name{number}" for number in range(8)]

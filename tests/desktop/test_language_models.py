@@ -124,8 +124,8 @@ class LanguageModelsTest(DictationCase):
                 self.wait(lambda: self.vantro.window(HUD_TITLE), 5, "the display that says why")
                 row, = json.loads(self.vantro.run("history", "--limit", "1", "--json").stdout)
                 self.assertEqual((words(row["transcription"]), row["formatted"]), (CHILD_WORDS, ""))
-                self.assertEqual(row["setAside"].strip(), json.loads(answer.body)["choices"][0]["message"]["content"].strip())
-                self.assertIn(why, row["setAsideReason"])
+                self.assertEqual(row["set_aside"].strip(), json.loads(answer.body)["choices"][0]["message"]["content"].strip())
+                self.assertIn(why, row["set_aside_reason"])
 
     def test_what_the_model_says_around_the_letter_is_not_pasted(self):
         self.server.answer = Answer.chat(f"<think>A mail.</think>Sure! Here is your email:\n\n```\n{LETTER}\n```\n\n"
@@ -171,8 +171,8 @@ class LanguageModelsTest(DictationCase):
 
     def test_email_and_grammar_take_the_first_provider_that_gets_a_key(self):
         modes = {mode["mode"]: mode for mode in json.loads(self.vantro.run("modes", "--json").stdout)}
-        self.assertEqual(modes["Grammar"].get("providerConfigId"), self.provider["id"])
-        self.assertNotIn("providerConfigId", modes["Notes"])
+        self.assertEqual(modes["Grammar"].get("provider_id"), self.provider["id"])
+        self.assertNotIn("provider_id", modes["Notes"])
 
     def test_a_default_mode_that_nobody_serves_leaves_the_text_as_it_is(self):
         self.assertEqual(self.vantro.run("providers", "edit", "House", "--disable").returncode, 0)

@@ -62,7 +62,7 @@ class ModesTest(DictationCase):
         self.dictate(CHILD)
         self.assertEqual(words(self.wait_for_text()), CHILD_WORDS)
         row, = self.history()
-        self.assertEqual((row["processingMode"], words(row["transcription"]), row["formatted"]),
+        self.assertEqual((row["processing_mode"], words(row["transcription"]), row["formatted"]),
                          ("Normal", CHILD_WORDS, ""))
         self.assertEqual(self.server.requests, [], "Normal asks nobody")
 
@@ -92,7 +92,7 @@ class ModesTest(DictationCase):
         self.wait(lambda: self.arrived() == TRANSLATION, 60, "the translation in the editor")
         self.wait_until_over()
         row, = self.history()
-        self.assertEqual((row["processingMode"], words(row["transcription"]), row["formatted"]),
+        self.assertEqual((row["processing_mode"], words(row["transcription"]), row["formatted"]),
                          ("Custom", CHILD_WORDS, TRANSLATION))
         system = json.loads(self.server.requests[0]["body"])["messages"][0]["content"]
         self.assertTrue(system.startswith(PROMPT), system)

@@ -163,7 +163,7 @@ class ExportTest(HistoryCase):
         subprocess.run([WRITER, self.file, "450"], check=True, stdout=subprocess.DEVNULL)
         rows = json.loads(self.history("export").stdout)
         self.assertEqual(len(rows), 450)
-        self.assertEqual(list(rows[0]), ["created_at", "formatted", "id", "processingMode", "transcription"])
+        self.assertEqual(list(rows[0]), ["created_at", "formatted", "id", "processing_mode", "transcription"])
         target = self.profile / "out.CSV"
         self.assertEqual(self.history("export", str(target)).stdout, b"")
         self.assertEqual(stat.S_IMODE(target.stat().st_mode), 0o600)

@@ -80,11 +80,11 @@ QJsonObject Session::toJson(ProcessingMode mode) const
                        {QStringLiteral("name"), prompts.displayName(mode)},
                        {QStringLiteral("default"), mode == defaultMode(providers.defaults)},
                        {QStringLiteral("usable"), providers.rewriting.isUsable(mode)},
-                       {QStringLiteral("useLocalAI"), configuration.useLocalAI},
+                       {QStringLiteral("use_local_ai"), configuration.useLocalAI},
                        {QStringLiteral("cleans"), configuration.cleans},
                        {QStringLiteral("prompt"), prompts.prompt(mode)}};
     if (configuration.providerConfigId)
-        object.insert(QStringLiteral("providerConfigId"),
+        object.insert(QStringLiteral("provider_id"),
                       configuration.providerConfigId->toString(QUuid::WithoutBraces).toUpper());
     return object;
 }

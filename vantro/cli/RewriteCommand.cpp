@@ -113,7 +113,7 @@ QJsonObject toJson(const Result& result, const QString& said, ProcessingMode mod
         object.insert(QStringLiteral("reason"), result.reason);
     if (!result.doubt.isEmpty()) {
         object.insert(QStringLiteral("doubt"), result.doubt);
-        object.insert(QStringLiteral("setAside"), result.answer);
+        object.insert(QStringLiteral("set_aside"), result.answer);
     }
     return object;
 }

@@ -33,7 +33,7 @@ void writeCsvRow(const QStringList& fields, QIODevice& target)
 
 void writeCsv(const Transcriptions& all, QIODevice& target)
 {
-    writeCsvRow({QStringLiteral("id"), QStringLiteral("created_at"), QStringLiteral("processingMode"),
+    writeCsvRow({QStringLiteral("id"), QStringLiteral("created_at"), QStringLiteral("processing_mode"),
                  QStringLiteral("transcription"), QStringLiteral("formatted")},
                 target);
     all([&](const Transcription& row) {
@@ -109,12 +109,12 @@ QJsonObject toJson(const Transcription& row)
     QJsonObject object{
         {QStringLiteral("id"), jsonText(row.id.isNull() ? QString() : row.id.toString(QUuid::WithoutBraces))},
         {QStringLiteral("created_at"), jsonDate(row.created_at)},
-        {QStringLiteral("processingMode"), jsonText(row.processingMode)},
+        {QStringLiteral("processing_mode"), jsonText(row.processingMode)},
         {QStringLiteral("transcription"), jsonText(row.transcription)},
         {QStringLiteral("formatted"), jsonText(row.formatted)}};
     if (!row.setAside.isNull()) {
-        object.insert(QStringLiteral("setAside"), row.setAside);
-        object.insert(QStringLiteral("setAsideReason"), row.setAsideReason);
+        object.insert(QStringLiteral("set_aside"), row.setAside);
+        object.insert(QStringLiteral("set_aside_reason"), row.setAsideReason);
     }
     return object;
 }
