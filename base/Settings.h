@@ -103,6 +103,7 @@ inline constexpr Setting<QByteArray> cleaningRules{"cleaningRules", ""};
 inline constexpr Setting<QByteArray> applicationRules{"applicationRules", ""};
 inline constexpr Setting<QByteArray> customPrompts{"customPrompts", ""};
 inline constexpr Setting<QByteArray> customModeNames{"customModeNames", ""};
+inline constexpr Setting<QByteArray> modeOrder{"modeOrder", ""};
 inline constexpr Setting<QByteArray> modeConfigurations{"modeConfigurations", ""};
 inline constexpr Setting<QByteArray> providerConfigurations{"providerConfigurations", ""};
 inline constexpr Setting<QByteArray> ownLanguageModels{"ownLanguageModels", ""};

@@ -1172,6 +1172,96 @@
     </message>
     <message>
         <source>%1 has no file %2 (error %3). Check the model host&apos;s address.</source>
+<context>
+    <name>ModeCard</name>
+    <message>
+        <source>Move up</source>
+        <translation>Nach oben</translation>
+    </message>
+    <message>
+        <source>Move down</source>
+        <translation>Nach unten</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Entfernen</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Edit</source>
+        <translation>Bearbeiten</translation>
+    </message>
+</context>
+<context>
+    <name>ModeDetails</name>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Name of the mode</source>
+        <translation>Name des Modus</translation>
+    </message>
+    <message>
+        <source>Rewritten by</source>
+        <translation>Umgeschrieben von</translation>
+    </message>
+    <message>
+        <source>A removed provider</source>
+        <translation>Einem entfernten Anbieter</translation>
+    </message>
+    <message>
+        <source>Rules</source>
+        <translation>Regeln</translation>
+    </message>
+    <message>
+        <source>One a line: a filler that is taken out, or words, an equals sign and what to write for them. Words said twice, capitals and the full stop need no rule.</source>
+        <translation>Eine je Zeile: ein Füllwort, das wegfällt, oder Wörter, ein Gleichheitszeichen und was dafür stehen soll. Doppelte Wörter, Großschreibung und Schlusspunkt brauchen keine Regel.</translation>
+    </message>
+    <message>
+        <source>Language of the rules</source>
+        <translation>Sprache der Regeln</translation>
+    </message>
+    <message>
+        <source>Use the built-in rules</source>
+        <translation>Mitgelieferte Regeln nehmen</translation>
+    </message>
+    <message>
+        <source>Prompt</source>
+        <translation>Anweisung</translation>
+    </message>
+    <message>
+        <source>Tell the language model what to do with the text.</source>
+        <translation>Sag dem Sprachmodell, was es mit dem Text tun soll.</translation>
+    </message>
+    <message>
+        <source>Use the built-in prompt</source>
+        <translation>Mitgelieferte Anweisung verwenden</translation>
+    </message>
+    <message>
+        <source>Try it on a text of yours</source>
+        <translation>An einem eigenen Text ausprobieren</translation>
+    </message>
+    <message>
+        <source>um so i wanted to ask if we can meet on tuesday no wednesday at three</source>
+        <translation>ähm also ich wollte fragen ob wir uns am dienstag nein mittwoch um drei treffen können</translation>
+    </message>
+    <message>
+        <source>Text to try</source>
+        <translation>Text zum Ausprobieren</translation>
+    </message>
+    <message>
+        <source>Rewriting...</source>
+        <translation>Wird umgeschrieben …</translation>
+    </message>
+    <message>
+        <source>Try this prompt</source>
+        <translation>Diese Anweisung ausprobieren</translation>
+    </message>
+</context>
         <translation>%1 hat keine Datei %2 (Fehler %3). Prüfe die Adresse des Modellservers.</translation>
     </message>
     <message>
@@ -1408,9 +1498,26 @@
         <source>To use this mode, choose an enabled provider, or the rules. Set up providers and their keys under Settings, Providers, or download a language model for this computer under Settings, Models.</source>
         <translation>Wähle für diesen Modus einen aktiven Anbieter oder die Regeln. Anbieter und ihre Schlüssel richtest du unter Einstellungen, Anbieter ein; oder lade unter Einstellungen, Modelle ein Sprachmodell für diesen Rechner herunter.</translation>
     </message>
-</context>
-<context>
-    <name>ModesPage</name>
+    <message>
+        <source>New mode</source>
+        <translation>Neuer Modus</translation>
+    </message>
+    <message>
+        <source>New mode %1</source>
+        <translation>Neuer Modus %1</translation>
+    </message>
+    <message>
+        <source>As you said it</source>
+        <translation>Wie gesprochen</translation>
+    </message>
+    <message>
+        <source>To be set up</source>
+        <translation>Noch einzurichten</translation>
+    </message>
+    <message>
+        <source>A removed provider</source>
+        <translation>Einem entfernten Anbieter</translation>
+    </message>
     <message>
         <source>Modes</source>
         <translation>Modi</translation>
@@ -1424,56 +1531,8 @@
         <translation>Standardmodus</translation>
     </message>
     <message>
-        <source>Mode</source>
-        <translation>Modus</translation>
-    </message>
-    <message>
-        <source>Name</source>
-        <translation>Name</translation>
-    </message>
-    <message>
-        <source>Custom</source>
-        <translation>Custom</translation>
-    </message>
-    <message>
-        <source>Name of the mode</source>
-        <translation>Name des Modus</translation>
-    </message>
-    <message>
-        <source>Rewritten by</source>
-        <translation>Umgeschrieben von</translation>
-    </message>
-    <message>
-        <source>A removed provider</source>
-        <translation>Einem entfernten Anbieter</translation>
-    </message>
-    <message>
-        <source>Prompt</source>
-        <translation>Anweisung</translation>
-    </message>
-    <message>
-        <source>Tell the language model what to do with the text.</source>
-        <translation>Sag dem Sprachmodell, was es mit dem Text tun soll.</translation>
-    </message>
-    <message>
-        <source>Use the built-in prompt</source>
-        <translation>Mitgelieferte Anweisung verwenden</translation>
-    </message>
-    <message>
-        <source>Rules</source>
-        <translation>Regeln</translation>
-    </message>
-    <message>
-        <source>Language of the rules</source>
-        <translation>Sprache der Regeln</translation>
-    </message>
-    <message>
-        <source>Use the built-in rules</source>
-        <translation>Mitgelieferte Regeln nehmen</translation>
-    </message>
-    <message>
-        <source>One a line: a filler that is taken out, or words, an equals sign and what to write for them. Words said twice, capitals and the full stop need no rule.</source>
-        <translation>Eine je Zeile: ein Füllwort, das wegfällt, oder Wörter, ein Gleichheitszeichen und was dafür stehen soll. Doppelte Wörter, Großschreibung und Schlusspunkt brauchen keine Regel.</translation>
+        <source>Add a mode</source>
+        <translation>Modus hinzufügen</translation>
     </message>
 </context>
 <context>
@@ -1529,6 +1588,9 @@
 </context>
 <context>
     <name>NotesModel</name>
+</context>
+<context>
+    <name>ModesPage</name>
     <message>
         <source>The summary could not be updated: %1</source>
         <translation>Die Zusammenfassung konnte nicht erneuert werden: %1</translation>
@@ -2229,6 +2291,26 @@
         <translation>Hier erscheinen deine Anbieter. Füge einen hinzu, um Diktate umschreiben zu lassen.</translation>
     </message>
     <message>
+        <source>Models it offers</source>
+        <translation>Angebotene Modelle</translation>
+    </message>
+    <message>
+        <source>Needs the API key below.</source>
+        <translation>Braucht den API-Schlüssel weiter unten.</translation>
+    </message>
+    <message>
+        <source>Choose a model</source>
+        <translation>Modell wählen</translation>
+    </message>
+    <message>
+        <source>Ask the server</source>
+        <translation>Server fragen</translation>
+    </message>
+    <message>
+        <source>Make a key in the browser</source>
+        <translation>Schlüssel im Browser anlegen</translation>
+    </message>
+    <message>
         <source>Use %1</source>
         <translation>%1 verwenden</translation>
     </message>
@@ -2295,6 +2377,14 @@
     <message>
         <source>The recording of this dictation</source>
         <translation>Die Aufnahme dieses Diktats</translation>
+    <message>
+        <source>%1 offers %2 models. Choose one above.</source>
+        <translation>%1 bietet %2 Modelle an. Wähle oben eines aus.</translation>
+    </message>
+    <message>
+        <source>No browser could be started. The page is %1</source>
+        <translation>Es ließ sich kein Browser starten. Die Seite ist %1</translation>
+    </message>
     </message>
     <message>
         <source>Place in the recording</source>
@@ -3198,6 +3288,14 @@
     </message>
     <message>
         <source>The keyboard layout has no Control or no Shift key, so nothing can be pasted.</source>
+    <message>
+        <source>Remove Mode</source>
+        <translation>Modus entfernen</translation>
+    </message>
+    <message>
+        <source>%1 will be removed with its prompt, which cannot be had back.</source>
+        <translation>%1 wird mit seiner Anweisung endgültig entfernt.</translation>
+    </message>
         <translation>Die Tastaturbelegung hat keine Strg- oder keine Umschalttaste, also kann nichts eingefügt werden.</translation>
     </message>
     <message>

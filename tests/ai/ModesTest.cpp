@@ -4,6 +4,7 @@
 #include "vantro/ai/AnswerSetAside.h"
 #include "vantro/ai/BuiltInPrompts.h"
 #include "vantro/ai/FormattingModeHandler.h"
+#include "vantro/ai/ModeHandlers.h"
 
 #include <QTemporaryDir>
 #include <qcoro/qcorotask.h>
@@ -160,4 +161,36 @@ TEST_F(Modes, WhatCannotBeReadIsPutAside)
     const PromptSettings later(again);
     EXPECT_EQ(later.configuration(ProcessingMode::Email), ModeConfiguration());
     EXPECT_EQ(again.read<QByteArray>(QStringLiteral("modeConfigurations.unreadable")), broken);
+}
+
+TEST_F(Modes, TheUserAddsOrdersAndRemovesModes)
+{
+    const auto letters = prompts.add(QStringLiteral("Letters"));
+    ASSERT_TRUE(letters);
+    prompts.setPrompt(*letters, QStringLiteral("Write a letter."));
+    EXPECT_EQ(prompts.modes().back(), *letters);
+    EXPECT_EQ(prompts.find(QStringLiteral("letters")), letters);
+    prompts.setCustomModeName(*letters, QString());
+    EXPECT_EQ(prompts.displayName(*letters), QStringLiteral("Letters")) << "a name is all it has";
+    const auto handlers = makeModeHandlers(diary, prompts, {});
+    EXPECT_EQ(process(*handlers.at(*letters)).at(1), QStringLiteral("asked [Write a letter.][hello]"));
+
+    prompts.move(*letters, 1);
+    prompts.move(ProcessingMode::Notes, 0);
+    const std::vector<ProcessingMode> order{ProcessingMode::Notes, ProcessingMode::Normal,  *letters,
+                                            ProcessingMode::Email, ProcessingMode::Grammar, ProcessingMode::Custom};
+    EXPECT_EQ(prompts.modes(), order);
+    UserDefaults again(path);
+    EXPECT_EQ(PromptSettings(again).modes(), order);
+
+    int count = 0;
+    while (prompts.add(QStringLiteral("Another %1").arg(count)))
+        ++count;
+    EXPECT_EQ(prompts.modes().size(), 9U) << "as many as digit keys";
+    prompts.remove(ProcessingMode::Email);
+    EXPECT_TRUE(prompts.exists(ProcessingMode::Email)) << "built in";
+    prompts.remove(*letters);
+    EXPECT_FALSE(prompts.find(QStringLiteral("Letters")));
+    EXPECT_EQ(prompts.add(QStringLiteral("Poems")), letters);
+    EXPECT_EQ(prompts.prompt(*letters), QString()) << "nothing is left of the former one";
 }

@@ -97,6 +97,26 @@ class ModesTest(DictationCase):
         system = json.loads(self.server.requests[0]["body"])["messages"][0]["content"]
         self.assertTrue(system.startswith(PROMPT), system)
 
+    def test_a_mode_of_ones_own_has_its_digit_and_is_gone_when_removed(self):
+        self.command("modes", "add", "Letters", "--prompt", "Write a letter.", "--provider", "House")
+        self.command("modes", "move", "Letters", "2")
+        self.server.answer = Answer.chat("Dear child, the dog is well.")
+        self.dictate_in("2", CHILD)
+        self.assertEqual(self.wait_for_text().strip(), "Dear child, the dog is well.")
+        self.wait_until_over()
+        self.assertEqual(len(json.loads(self.command("history", "--mode", "Letters", "--json"))), 1)
+        self.assertEqual(self.vantro.run("modes", "add", "letters").returncode, 2, "there is one")
+        self.assertEqual(self.vantro.run("modes", "remove", "Email", "--yes").returncode, 2, "it is built in")
+        self.assertEqual(self.vantro.run("modes", "add", "Broken", "--provider", "Nobody").returncode, 3)
+        self.command("modes", "default", "Letters")
+        self.command("modes", "remove", "Letters", "--yes")
+        names = [mode["name"] for mode in json.loads(self.command("modes", "--json"))]
+        self.assertEqual(names, ["Normal", "Email", "Grammar", "Translate", "Notes"])
+        self.dictate(CHILD)
+        self.wait_until_over()
+        self.assertEqual(words(self.arrived())[-len(CHILD_WORDS):], CHILD_WORDS, "the default is Normal again")
+        self.command("modes", "default", "Normal")
+
     def test_a_digit_that_the_layout_has_with_shift_is_chosen_by_its_key(self):
         self.server.answer = Answer.chat(TRANSLATION)
         self.desktop.run("setxkbmap", "fr")

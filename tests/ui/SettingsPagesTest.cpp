@@ -3,6 +3,7 @@
 #include "base/testing/ManualClock.h"
 #include "platform/testing/FakeSecretStore.h"
 #include "platform/testing/FakeWorkspace.h"
+#include "tests/WaitFor.h"
 #include "vantro/ai/providers/KeychainService.h"
 #include "vantro/ui/settings/GeneralSettings.h"
 #include "vantro/ui/settings/ModesModel.h"
@@ -11,7 +12,9 @@
 
 #include <QTemporaryDir>
 
+#include <QPromise>
 #include <gtest/gtest.h>
+#include <qcoro/qcorofuture.h>
 
 using namespace vantro;
 
@@ -53,11 +56,6 @@ protected:
         co_return;
     }
 
-    QCoro::Task<QString> ending(QString account)
-    {
-        const auto reading = keychain.read(account);
-        const std::optional<QString> key = co_await reading;
-        co_return key->right(2);
     QCoro::Task<QString> rewrite(ProcessingMode mode, QString text)
     {
         if (!refusal.isEmpty())
@@ -73,6 +71,11 @@ protected:
 
     }
 
+    QCoro::Task<QString> ending(QString account)
+    {
+        const auto reading = keychain.read(account);
+        const std::optional<QString> key = co_await reading;
+        co_return key->right(2);
     QTemporaryDir folder;
     UserDefaults defaults{folder.filePath(QStringLiteral("vantro.ini"))};
     doubles::FakeSecretStore secrets;
@@ -268,11 +271,6 @@ TEST_F(SettingsPages, AModesProviderFollowsTheListOfProviders)
     EXPECT_EQ(prompts.configuration(ProcessingMode::Grammar), ModeConfiguration());
 }
 
-TEST_F(SettingsPages, ThisComputerIsOfferedFirstOnceItHasALanguageModel)
-{
-    QString local;
-    ModesModel page({defaults,
-                     prompts,
 TEST_F(SettingsPages, ModesAreAddedMovedTriedAndRemoved)
 {
     ModesModel::Parts parts{defaults, prompts, cleaning, manager, [](ProcessingMode) { return true; }, {}};

@@ -29,8 +29,7 @@ std::optional<QString> builtInPrompt(ProcessingMode mode)
             "well-structured notes. Create a clear summary with key points, action items, and any important "
             "details. Keep the original meaning but make it more readable and organized. Just return the "
             "reformatted notes and nothing else.");
-    case ProcessingMode::Normal:
-    case ProcessingMode::Custom:
+    default:
         break;
     }
     return std::nullopt;

@@ -21,7 +21,7 @@ QCoro::Task<QString> FormattingModeHandler::process(QString transcript, std::sha
         co_return *cleaned;
     }
     const QString prompt = prompts_.prompt(mode_);
-    if (mode_ == ProcessingMode::Custom && prompt.isEmpty())
+    if (isOwnMode(mode_) && prompt.isEmpty())
         co_return transcript;
     try {
         const QString formatted = co_await service->format(prompt, transcript);

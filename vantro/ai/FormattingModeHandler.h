@@ -45,12 +45,13 @@ public:
     }
 };
 
-/// Without a prompt the transcript stays as it is.
+/// Of the user's own modes. Without a prompt the transcript stays as it is.
 class CustomModeHandler final : public FormattingModeHandler
 {
 public:
-    CustomModeHandler(TranscriptionStoring& store, const PromptSettings& prompts, Cleaning cleaning = {})
-        : FormattingModeHandler(ProcessingMode::Custom, store, prompts, std::move(cleaning))
+    CustomModeHandler(TranscriptionStoring& store, const PromptSettings& prompts, Cleaning cleaning = {},
+                      ProcessingMode mode = ProcessingMode::Custom)
+        : FormattingModeHandler(mode, store, prompts, std::move(cleaning))
     {
     }
 };

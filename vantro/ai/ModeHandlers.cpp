@@ -12,8 +12,11 @@ ModeHandlers makeModeHandlers(TranscriptionStoring& store, const PromptSettings&
     handlers[ProcessingMode::Normal] = std::make_unique<NormalModeHandler>(store, cleaning);
     handlers[ProcessingMode::Email] = std::make_unique<EmailModeHandler>(store, prompts, cleaning);
     handlers[ProcessingMode::Grammar] = std::make_unique<ThirdModeHandler>(store, prompts, cleaning);
-    handlers[ProcessingMode::Custom] = std::make_unique<CustomModeHandler>(store, prompts, cleaning);
     handlers[ProcessingMode::Notes] = std::make_unique<NotesModeHandler>(store);
+    for (const ProcessingMode mode : allProcessingModes) {
+        if (isOwnMode(mode))
+            handlers[mode] = std::make_unique<CustomModeHandler>(store, prompts, cleaning, mode);
+    }
     return handlers;
 }
 

@@ -15,6 +15,14 @@ QString rawValue(ProcessingMode mode)
         return QStringLiteral("Custom");
     case ProcessingMode::Notes:
         return QStringLiteral("Notes");
+    case ProcessingMode::Custom2:
+        return QStringLiteral("Custom2");
+    case ProcessingMode::Custom3:
+        return QStringLiteral("Custom3");
+    case ProcessingMode::Custom4:
+        return QStringLiteral("Custom4");
+    case ProcessingMode::Custom5:
+        return QStringLiteral("Custom5");
     }
     Q_UNREACHABLE();
 }

@@ -4,6 +4,7 @@
 #include "vantro/ai/BuiltInPrompts.h"
 
 #include <QCoreApplication>
+#include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 
@@ -91,16 +92,6 @@ void load(UserDefaults& defaults, const Setting<QByteArray>& setting, Map& map, 
         defaults.keepUnreadable(setting.key);
 }
 
-/// The raw value in the user's language.
-QString builtInName(ProcessingMode mode)
-{
-    constexpr std::array names{
-        QT_TRANSLATE_NOOP("ProcessingMode", "Normal"), QT_TRANSLATE_NOOP("ProcessingMode", "Email"),
-        QT_TRANSLATE_NOOP("ProcessingMode", "Grammar"), QT_TRANSLATE_NOOP("ProcessingMode", "Custom"),
-        QT_TRANSLATE_NOOP("ProcessingMode", "Notes")};
-    return QCoreApplication::translate("ProcessingMode", names.at(static_cast<std::size_t>(mode)));
-}
-
 } // namespace
 
 PromptSettings::PromptSettings(UserDefaults& defaults) : defaults_(defaults)
@@ -115,6 +106,7 @@ void PromptSettings::loadAll()
     loadPrompts();
     loadCustomModeNames();
     loadModeConfigurations();
+    loadOrder();
 }
 
 void PromptSettings::loadPrompts()
@@ -136,7 +128,8 @@ void PromptSettings::loadModeConfigurations()
 void PromptSettings::complete()
 {
     const bool isComplete = std::ranges::all_of(allProcessingModes, [this](ProcessingMode mode) {
-        return modeConfigurations_.contains(mode) && (prompts_.contains(mode) || !builtInPrompt(mode));
+        return isAddedMode(mode) ||
+               (modeConfigurations_.contains(mode) && (prompts_.contains(mode) || !builtInPrompt(mode)));
     });
     if (isComplete)
         return;
@@ -145,7 +138,8 @@ void PromptSettings::complete()
         for (const ProcessingMode mode : allProcessingModes) {
             if (const auto prompt = builtInPrompt(mode))
                 prompts_.try_emplace(mode, *prompt);
-            modeConfigurations_.try_emplace(mode);
+            if (!isAddedMode(mode))
+                modeConfigurations_.try_emplace(mode);
         }
         savePrompts();
         saveModeConfigurations();
@@ -160,6 +154,8 @@ void PromptSettings::read(const QString& key)
         loadCustomModeNames();
     else if (key == setting::modeConfigurations.key)
         loadModeConfigurations();
+    else if (key == setting::modeOrder.key)
+        loadOrder();
     else
         return;
     Q_EMIT changed();
@@ -216,20 +212,118 @@ void PromptSettings::setConfiguration(ProcessingMode mode, const ModeConfigurati
     });
 }
 
-QString PromptSettings::displayName(ProcessingMode mode) const
+QString PromptSettings::builtInName(ProcessingMode mode)
+{
+    constexpr std::array names{
+        QT_TRANSLATE_NOOP("ProcessingMode", "Normal"), QT_TRANSLATE_NOOP("ProcessingMode", "Email"),
+        QT_TRANSLATE_NOOP("ProcessingMode", "Grammar"), QT_TRANSLATE_NOOP("ProcessingMode", "Custom"),
+        QT_TRANSLATE_NOOP("ProcessingMode", "Notes")};
+    const auto place = static_cast<std::size_t>(mode);
+    // What the history has of a mode that the user has removed.
+    return place < names.size() ? QCoreApplication::translate("ProcessingMode", names.at(place)) : rawValue(mode);
+}
+
+bool PromptSettings::hasName(ProcessingMode mode) const
 {
     const auto entry = customModeNames_.find(mode);
-    return entry != customModeNames_.end() && !entry->second.isEmpty() ? entry->second : builtInName(mode);
+    return entry != customModeNames_.end() && !entry->second.isEmpty();
+}
+
+QString PromptSettings::displayName(ProcessingMode mode) const
+{
+    return hasName(mode) ? customModeNames_.at(mode) : builtInName(mode);
 }
 
 void PromptSettings::setCustomModeName(ProcessingMode mode, const QString& name)
 {
     defaults_.change([&] {
-        if (name.isEmpty())
-            customModeNames_.erase(mode);
-        else
+        if (!name.isEmpty())
             customModeNames_[mode] = name;
+        else if (!isAddedMode(mode))
+            customModeNames_.erase(mode);
         saveCustomModeNames();
+    });
+}
+
+void PromptSettings::loadOrder()
+{
+    order_.clear();
+    const QJsonArray stored = QJsonDocument::fromJson(defaults_.get(setting::modeOrder)).array();
+    for (const QJsonValue& value : stored) {
+        if (const auto mode = processingModeFromRawValue(value.toString()))
+            order_.push_back(*mode);
+    }
+}
+
+bool PromptSettings::exists(ProcessingMode mode) const
+{
+    return !isAddedMode(mode) || customModeNames_.contains(mode);
+}
+
+std::vector<ProcessingMode> PromptSettings::modes() const
+{
+    std::vector<ProcessingMode> modes;
+    const auto take = [&](ProcessingMode mode) {
+        if (exists(mode) && std::ranges::find(modes, mode) == modes.end())
+            modes.push_back(mode);
+    };
+    std::ranges::for_each(order_, take);
+    std::ranges::for_each(allProcessingModes, take);
+    return modes;
+}
+
+std::optional<ProcessingMode> PromptSettings::find(const QString& name) const
+{
+    const auto all = modes();
+    const auto found = std::ranges::find_if(all, [&](ProcessingMode mode) {
+        return name.compare(rawValue(mode), Qt::CaseInsensitive) == 0 ||
+               name.compare(displayName(mode), Qt::CaseInsensitive) == 0;
+    });
+    return found != all.end() ? std::optional(*found) : std::nullopt;
+}
+
+std::optional<ProcessingMode> PromptSettings::add(const QString& name)
+{
+    std::optional<ProcessingMode> added;
+    defaults_.change([&] {
+        for (const ProcessingMode mode : allProcessingModes) {
+            if (!added && !exists(mode))
+                added = mode;
+        }
+        if (added) {
+            prompts_.erase(*added);
+            modeConfigurations_.erase(*added);
+            setCustomModeName(*added, name);
+        }
+    });
+    return added;
+}
+
+void PromptSettings::remove(ProcessingMode mode)
+{
+    if (!isAddedMode(mode))
+        return;
+    defaults_.change([&] {
+        customModeNames_.erase(mode);
+        prompts_.erase(mode);
+        modeConfigurations_.erase(mode);
+        saveCustomModeNames();
+        savePrompts();
+        saveModeConfigurations();
+    });
+}
+
+void PromptSettings::move(ProcessingMode mode, int place)
+{
+    defaults_.change([&] {
+        auto all = modes();
+        if (std::erase(all, mode) == 0)
+            return;
+        all.insert(all.begin() + std::clamp(place, 0, static_cast<int>(all.size())), mode);
+        QJsonArray order;
+        for (const ProcessingMode each : all)
+            order.append(rawValue(each));
+        defaults_.set(setting::modeOrder, QJsonDocument(order).toJson(QJsonDocument::Compact));
     });
 }
 

@@ -45,9 +45,11 @@ bool Rewriting::isUsable(ProcessingMode mode) const
     if (mode == ProcessingMode::Normal || mode == ProcessingMode::Notes)
         return true;
     const ModeConfiguration configuration = prompts_.configuration(mode);
+    if (!prompts_.exists(mode))
+        return false;
     if (configuration.cleans)
         return true;
-    if (mode == ProcessingMode::Custom && prompts_.prompt(mode).isEmpty())
+    if (isOwnMode(mode) && prompts_.prompt(mode).isEmpty())
         return false;
     return factory_.isUsable(configuration);
 }
@@ -55,7 +57,7 @@ bool Rewriting::isUsable(ProcessingMode mode) const
 std::vector<ProcessingMode> Rewriting::visibleModes() const
 {
     std::vector<ProcessingMode> modes;
-    for (const ProcessingMode mode : allProcessingModes) {
+    for (const ProcessingMode mode : prompts_.modes()) {
         if (isUsable(mode))
             modes.push_back(mode);
     }
@@ -129,8 +131,6 @@ QCoro::Task<> Rewriting::verify(ProviderConfiguration provider, std::optional<QS
     co_await verified;
 }
 
-QCoro::Task<QString> Rewriting::keyEnding(QString account)
-{
 QCoro::Task<QStringList> Rewriting::offeredModels(ProviderConfiguration provider, std::optional<QString> key) const
 {
     RemoteProviderConfig config = provider.remoteConfig();
@@ -141,6 +141,8 @@ QCoro::Task<QStringList> Rewriting::offeredModels(ProviderConfiguration provider
     co_return names;
 }
 
+QCoro::Task<QString> Rewriting::keyEnding(QString account)
+{
     constexpr qsizetype shownCharacters = 4;
     constexpr qsizetype leastLength = 16;
     const auto reading = keychain_.read(account);

@@ -32,7 +32,7 @@ public:
     [[nodiscard]] const LocalModel& local() const { return local_; }
 
     /// Whether @p mode is set up: Email, Grammar and Custom need an enabled provider or a language model on this
-    /// machine, Custom a prompt as well, or rules instead of both. The key is not checked.
+    /// machine, Custom and what the user has added a prompt as well, or rules instead of both. The key is not checked.
     [[nodiscard]] bool isUsable(ProcessingMode mode) const;
     /// The usable modes, in order: those that the launcher offers.
     [[nodiscard]] std::vector<ProcessingMode> visibleModes() const;

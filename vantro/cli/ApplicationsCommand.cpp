@@ -32,7 +32,8 @@ int list(const CommandCall& call)
 {
     const UserDefaults defaults(UserDefaults::standardPath());
     QJsonArray array;
-    std::vector<QStringList> rows{{QStringLiteral("APPLICATION"), QStringLiteral("MODE"), QStringLiteral("FULL STOP")}};
+    std::vector<QStringList> rows{{QStringLiteral("APPLICATION"), QStringLiteral("MODE"), QStringLiteral("FULL STOP"),
+                                   QStringLiteral("PASTE KEYS")}};
     for (const ApplicationRule& rule : applicationRules(defaults)) {
         const QString mode = rule.mode ? rawValue(*rule.mode) : QString();
         rows.push_back({rule.application, mode.isEmpty() ? QStringLiteral("-") : mode,
@@ -53,11 +54,8 @@ int list(const CommandCall& call)
 ProcessingMode modeFrom(UserDefaults& defaults, const QString& name)
 {
     const PromptSettings prompts(defaults);
-    for (const ProcessingMode mode : allProcessingModes) {
-        if (rawValue(mode).compare(name, Qt::CaseInsensitive) == 0 ||
-            prompts.displayName(mode).compare(name, Qt::CaseInsensitive) == 0)
-            return mode;
-    }
+    if (const auto mode = prompts.find(name))
+        return *mode;
     throw CommandError(ExitCode::notFound,
                        QStringLiteral("there is no mode \"%1\": vantro modes lists them").arg(name));
 }

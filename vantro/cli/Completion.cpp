@@ -55,7 +55,7 @@ Candidates modeNames()
 {
     ProvidersSession session;
     Candidates names;
-    for (const ProcessingMode mode : allProcessingModes)
+    for (const ProcessingMode mode : session.rewriting.prompts().modes())
         names.push_back({rawValue(mode), session.rewriting.prompts().displayName(mode)});
     return names;
 }
@@ -107,10 +107,13 @@ const std::map<QString, std::function<Candidates()>>& places()
         {QStringLiteral("modes show"), modeNames},
         {QStringLiteral("modes set"), modeNames},
         {QStringLiteral("modes default"), modeNames},
+        {QStringLiteral("modes remove"), modeNames},
+        {QStringLiteral("modes move"), modeNames},
         {QStringLiteral("modes --provider"), providerNames},
         {QStringLiteral("providers edit"), providerNames},
         {QStringLiteral("providers remove"), providerNames},
         {QStringLiteral("providers test"), providerNames},
+        {QStringLiteral("providers models"), providerNames},
         {QStringLiteral("providers --type"), words("OpenAI Anthropic Gemini Custom")},
         {QStringLiteral("history --mode"), modeNames},
         {QStringLiteral("providers models"), providerNames},

@@ -37,11 +37,8 @@ ProcessingMode modeFrom(const QString& name)
 {
     UserDefaults defaults(UserDefaults::standardPath());
     const PromptSettings prompts(defaults);
-    for (const ProcessingMode mode : allProcessingModes) {
-        if (name.compare(rawValue(mode), Qt::CaseInsensitive) == 0 ||
-            name.compare(prompts.displayName(mode), Qt::CaseInsensitive) == 0)
-            return mode;
-    }
+    if (const auto mode = prompts.find(name))
+        return *mode;
     throw CommandError(ExitCode::notFound,
                        QStringLiteral("there is no mode \"%1\": vantro modes lists them").arg(name));
 }

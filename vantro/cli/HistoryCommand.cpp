@@ -1,3 +1,4 @@
+#include "vantro/ai/PromptSettings.h"
 #include "vantro/cli/Commands.h"
 #include "vantro/cli/HistorySession.h"
 #include "vantro/cli/Terminal.h"
@@ -32,10 +33,13 @@ HistoryFilter filterFrom(const CommandCall& call)
     filter.search = call.value("search");
     if (call.has("mode")) {
         const QString name = call.value("mode");
-        filter.mode = processingModeFromRawValue(name.left(1).toUpper() + name.mid(1).toLower());
+        UserDefaults defaults(UserDefaults::standardPath());
+        filter.mode = PromptSettings(defaults).find(name);
+        // One that has been removed is still in the history.
         if (!filter.mode)
-            throw WrongUsage(
-                QStringLiteral("there is no mode \"%1\": Normal, Email, Grammar, Custom, Notes").arg(name));
+            filter.mode = processingModeFromRawValue(name.left(1).toUpper() + name.mid(1).toLower());
+        if (!filter.mode)
+            throw WrongUsage(QStringLiteral("there is no mode \"%1\": vantro modes lists them").arg(name));
     }
     if (call.has("since")) {
         const auto since = momentFrom(call.value("since"), QDateTime::currentDateTime());

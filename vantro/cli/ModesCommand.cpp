@@ -2,6 +2,7 @@
 #include "vantro/ai/DefaultMode.h"
 #include "vantro/ai/PromptSettings.h"
 #include "vantro/cli/Commands.h"
+#include "vantro/cli/HistorySession.h"
 #include "vantro/cli/ListFile.h"
 #include "vantro/cli/ProvidersSession.h"
 #include "vantro/cli/Terminal.h"
@@ -20,6 +21,9 @@ Notes adds it to the notes of the day. In the launcher, the digit keys choose a 
   show MODE      Show a mode with its prompt.
   set MODE       Change a mode with the options below.
   default MODE   Start dictations in this mode.
+  add NAME       Make a mode of your own; the options below set it up.
+  remove MODE    Remove a mode that you have added, with its prompt, after asking.
+  move MODE N    Give a mode the place N, and with it the digit key.
 
 MODE is its built-in name or the one you gave it.
 
@@ -39,11 +43,8 @@ struct Session
 
 ProcessingMode Session::find(const QString& text) const
 {
-    const auto mode = std::ranges::find_if(allProcessingModes, [&](ProcessingMode candidate) {
-        return rawValue(candidate).compare(text, Qt::CaseInsensitive) == 0 ||
-               prompts.displayName(candidate).compare(text, Qt::CaseInsensitive) == 0;
-    });
-    if (mode == allProcessingModes.end())
+    const auto mode = prompts.find(text);
+    if (!mode)
         throw CommandError(ExitCode::notFound,
                            QStringLiteral("there is no mode \"%1\": vantro modes lists them").arg(text));
     return *mode;
@@ -93,7 +94,7 @@ int list(const CommandCall& call)
 {
     const Session session;
     QJsonArray array;
-    for (const ProcessingMode mode : allProcessingModes) {
+    for (const ProcessingMode mode : session.prompts.modes()) {
         if (call.json()) {
             array.append(session.toJson(mode));
             continue;
@@ -144,10 +145,8 @@ void setPrompt(Session& session, ProcessingMode mode, const CommandCall& call)
         session.prompts.setPrompt(mode, builtInPrompt(mode).value_or(QString()));
 }
 
-int set(const CommandCall& call)
+int change(Session& session, ProcessingMode mode, const CommandCall& call)
 {
-    Session session;
-    const ProcessingMode mode = session.find(call.words.front());
     ModeConfiguration configuration = session.prompts.configuration(mode);
     if (call.has("provider")) {
         const auto* provider = session.providers.find(call.value("provider"));
@@ -180,6 +179,60 @@ int set(const CommandCall& call)
     return tell(session, mode, call);
 }
 
+int set(const CommandCall& call)
+{
+    Session session;
+    return change(session, session.find(call.words.front()), call);
+}
+
+int add(const CommandCall& call)
+{
+    Session session;
+    const QString name = call.words.front().trimmed();
+    if (name.isEmpty())
+        throw WrongUsage(QStringLiteral("the mode needs a name"));
+    if (session.prompts.find(name))
+        throw WrongUsage(QStringLiteral("there is a mode \"%1\" already").arg(name));
+    const auto mode = session.prompts.add(name);
+    if (!mode)
+        throw Error(QStringLiteral("there are nine modes already, as many as digit keys: remove one first"));
+    try {
+        return change(session, *mode, call);
+    } catch (const Error&) {
+        session.prompts.remove(*mode);
+        throw;
+    }
+}
+
+int remove(const CommandCall& call)
+{
+    Session session;
+    const ProcessingMode mode = session.find(call.words.front());
+    const QString name = session.prompts.displayName(mode);
+    if (!isAddedMode(mode))
+        throw WrongUsage(QStringLiteral("%1 is built in: only modes that you have added can be removed").arg(name));
+    if (!isConfirmed(QStringLiteral("Remove the mode %1 with its prompt?").arg(name), call))
+        return ExitCode::failed;
+    session.prompts.remove(mode);
+    session.providers.defaults.requireSaved();
+    return ExitCode::done;
+}
+
+int move(const CommandCall& call)
+{
+    Session session;
+    const ProcessingMode mode = session.find(call.words.front());
+    bool isNumber = false;
+    const int place = call.words.at(1).toInt(&isNumber);
+    if (!isNumber || place < 1 || place > static_cast<int>(session.prompts.modes().size()))
+        throw WrongUsage(QStringLiteral("\"%1\" is not a place: use 1 to %2")
+                             .arg(call.words.at(1))
+                             .arg(session.prompts.modes().size()));
+    session.prompts.move(mode, place - 1);
+    session.providers.defaults.requireSaved();
+    return ExitCode::done;
+}
+
 int beginIn(const CommandCall& call)
 {
     Session session;
@@ -200,7 +253,10 @@ Command modesCommand()
             .actions = {{"list", list},
                         {"show", show, 1, 1, "needs one mode"},
                         {"set", set, 1, 1, "needs one mode"},
-                        {"default", beginIn, 1, 1, "needs one mode"}},
+                        {"default", beginIn, 1, 1, "needs one mode"},
+                        {"add", add, 1, 1, "needs a name"},
+                        {"remove", remove, 1, 1, "needs one mode"},
+                        {"move", move, 2, 2, "needs a mode and a place"}},
             .options = {Command::jsonOption,
                         {"name", "set: the name in the launcher; empty for the built-in name.", "NAME"},
                         {"prompt", "set: the prompt for the language model.", "TEXT"},
@@ -209,8 +265,9 @@ Command modesCommand()
                         {"provider", "set: the provider (see vantro providers).", "NAME"},
                         {"local", "set: rewrite on this computer (see vantro models)."},
                         {"clean", "set: clean the text by rules, without a language model (see vantro cleaning)."},
-                        {"no-provider", "set: neither a provider nor rules."}},
-            .words = {{"MODE", "A mode.", "[MODE]]"}}};
+                        {"no-provider", "set: neither a provider nor rules."},
+                        {"yes", "remove: without asking."}},
+            .words = {{"MODE", "A mode.", "[MODE"}, {"N", "move: its place.", "[N]]]"}}};
 }
 
 } // namespace vantro

@@ -41,11 +41,8 @@ ProcessingMode modeFrom(const CommandCall& call, const PromptSettings& prompts)
     if (!call.has("mode"))
         return ProcessingMode::Grammar;
     const QString name = call.value("mode");
-    for (const ProcessingMode mode : allProcessingModes) {
-        if (rawValue(mode).compare(name, Qt::CaseInsensitive) == 0 ||
-            prompts.displayName(mode).compare(name, Qt::CaseInsensitive) == 0)
-            return mode;
-    }
+    if (const auto mode = prompts.find(name))
+        return *mode;
     throw CommandError(ExitCode::notFound,
                        QStringLiteral("there is no mode \"%1\": vantro modes lists them").arg(name));
 }

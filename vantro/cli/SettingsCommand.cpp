@@ -1,5 +1,5 @@
 #include "base/Settings.h"
-#include "vantro/ai/ProcessingMode.h"
+#include "vantro/ai/PromptSettings.h"
 #include "vantro/cli/Commands.h"
 #include "vantro/cli/ModelsSession.h"
 #include "vantro/cli/Terminal.h"
@@ -58,8 +58,12 @@ QString oneOf(const QString& value, const QStringList& values)
 
 QString mode(const QString& value)
 {
+    UserDefaults defaults(UserDefaults::standardPath());
+    const PromptSettings prompts(defaults);
+    if (const auto found = prompts.find(value))
+        return rawValue(*found);
     QStringList names;
-    for (const ProcessingMode each : allProcessingModes)
+    for (const ProcessingMode each : prompts.modes())
         names << rawValue(each);
     return oneOf(value, names);
 }

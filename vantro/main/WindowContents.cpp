@@ -104,6 +104,14 @@ std::unique_ptr<ModesModel> Windows::makeModesModel()
 }
 
 void Windows::askToRemove(const TranscriptionModel& model, std::function<void()> confirmed)
+        },
+        [this](const QString& name, std::function<void()> confirmed) {
+            alerts_.confirm(tr("Remove Mode"),
+                            tr("%1 will be removed with its prompt, which cannot be had back.").arg(name), tr("Remove"),
+                            std::move(confirmed));
+        },
+        [this](ProcessingMode mode, const QString& text) {
+            return parts_.rewriting.rewrite(mode, text);
 {
     const QString what = parts_.speech.languageModels.isOwn(model)
                              ? tr("%1 leaves the list. Its file stays where it is.").arg(model.name)
@@ -245,6 +253,12 @@ std::unique_ptr<RecorderCocoa> Windows::makeRecorder(const KeyboardShortcuts::Na
 {
     return std::make_unique<RecorderCocoa>(parts_.shortcuts, *parts_.platform.hotKeys,
                                            *parts_.platform.desktopShortcuts, parts_.notifications, name);
+                              },
+                              [&rewriting](const ProviderConfiguration& provider, const std::optional<QString>& key) {
+                                  return rewriting.offeredModels(provider, key);
+                              },
+                              [this](const QString& address) {
+                                  return parts_.platform.workspace->openUrl(address);
 }
 
 Machine Windows::machine() const
@@ -253,12 +267,6 @@ Machine Windows::machine() const
 }
 
 std::unique_ptr<PrivacySettings> Windows::makePrivacySettings()
-                              },
-                              [&rewriting](const ProviderConfiguration& provider, const std::optional<QString>& key) {
-                                  return rewriting.offeredModels(provider, key);
-                              },
-                              [this](const QString& address) {
-                                  return parts_.platform.workspace->openUrl(address);
 {
     History& history = parts_.history;
     auto privacy = std::make_unique<PrivacySettings>(PrivacySettings::Parts{
@@ -298,6 +306,7 @@ std::unique_ptr<HistoryModel> Windows::makeHistoryModel(HistoryChanges& changes)
             });
             return modes;
         },
+        [&rewriting] { return rewriting.prompts().modes(); },
         [&rewriting](ProcessingMode mode, const QString& text) { return rewriting.rewrite(mode, text); },
         [this] {
             QStringList names;

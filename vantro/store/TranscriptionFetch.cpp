@@ -31,7 +31,7 @@ TranscriptionFetch::TranscriptionFetch(const PersistentContainer& container, con
     if (filter.mode)
         conditions_ << QStringLiteral("t.processingMode = ") + place(rawValue(*filter.mode));
     if (filter.isUnrewritten)
-        conditions_ << QStringLiteral("t.processingMode IN ('Email', 'Grammar', 'Custom') AND "
+        conditions_ << QStringLiteral("t.processingMode NOT IN ('Normal', 'Notes') AND "
                                       "ifnull(t.formatted, '') = ''");
     if (filter.since.isValid())
         conditions_ << key_ + QStringLiteral(" >= ") + place(filter.since.toMSecsSinceEpoch() * keysPerMillisecond);

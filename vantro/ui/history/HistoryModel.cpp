@@ -34,13 +34,18 @@ void HistoryModel::setSearch(const QString& text)
     list_.setSearchText(text);
 }
 
+std::vector<ProcessingMode> HistoryModel::filterModes() const
+{
+    auto modes = parts_.modes();
+    std::erase(modes, ProcessingMode::Notes);
+    return modes;
+}
+
 QStringList HistoryModel::modes() const
 {
     QStringList names{tr("All modes")};
-    for (const ProcessingMode mode : allProcessingModes) {
-        if (mode != ProcessingMode::Notes)
-            names << parts_.modeName(mode);
-    }
+    for (const ProcessingMode mode : filterModes())
+        names << parts_.modeName(mode);
     return names << tr("Not rewritten");
 }
 
@@ -48,7 +53,7 @@ void HistoryModel::setMode(int index)
 {
     mode_ = index;
     const bool isMode = index > 0 && index < modes().size() - 1;
-    list_.setMode(isMode ? rawValue(allProcessingModes.at(static_cast<std::size_t>(index - 1))) : QString());
+    list_.setMode(isMode ? rawValue(filterModes().at(static_cast<std::size_t>(index - 1))) : QString());
     list_.setUnrewritten(index == modes().size() - 1);
 }
 

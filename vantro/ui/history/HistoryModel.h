@@ -48,6 +48,7 @@ public:
         HistoryChanges& changes;
         Clock& clock;
         std::function<QString(ProcessingMode)> modeName;                      ///< as the user calls it
+        std::function<std::vector<ProcessingMode>()> modes;                   ///< that there are
         std::function<std::vector<ProcessingMode>()> rewritingModes;          ///< that are set up
         std::function<QCoro::Task<QString>(ProcessingMode, QString)> rewrite; ///< throws Error
         std::function<QStringList()> speechModels;                            ///< names of those that are there
@@ -137,6 +138,7 @@ Q_SIGNALS:
     void selectionChanged();
 
 private:
+    [[nodiscard]] std::vector<ProcessingMode> filterModes() const;
     [[nodiscard]] QUuid identifierAt(int row) const;
     [[nodiscard]] QPersistentModelIndex rowAfterChosen() const;
     void makeCurrent(int row);

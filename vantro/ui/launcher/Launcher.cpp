@@ -29,11 +29,11 @@ constexpr int cornerRadius = 14;
 constexpr auto answerLimit = 500ms;
 constexpr auto fightSpan = 2000ms;
 constexpr std::size_t fightRounds = 3;
-constexpr int modeKeys = 5;
+constexpr int modeKeys = 9;
 /// The X key code of the first key in the row of digits. Some layouts have the digits there only with Shift.
 constexpr quint32 firstDigitKey = 10;
 
-/// 1 to 5, or 0 for another key.
+/// 1 to 9, or 0 for another key.
 int modeNumber(const QKeyEvent& key)
 {
     const int typed = key.text().toInt();

@@ -1,8 +1,11 @@
 #include "vantro/ui/settings/ModesModel.h"
 
+#include "base/Error.h"
 #include "base/Settings.h"
 #include "vantro/ai/BuiltInPrompts.h"
 #include "vantro/ai/DefaultMode.h"
+
+#include <QPointer>
 
 #include <algorithm>
 #include <iterator>
@@ -12,19 +15,40 @@ namespace vantro {
 
 namespace {
 
-std::optional<ProcessingMode> modeAt(int index)
+std::optional<ProcessingMode> modeAt(const std::vector<ProcessingMode>& modes, int index)
 {
-    if (index < 0 || index >= static_cast<int>(allProcessingModes.size()))
+    if (index < 0 || index >= static_cast<int>(modes.size()))
         return std::nullopt;
-    return allProcessingModes.at(static_cast<std::size_t>(index));
+    return modes.at(static_cast<std::size_t>(index));
+}
+
+bool asksModel(ProcessingMode mode)
+{
+    return mode != ProcessingMode::Normal;
+}
+
+bool takesRules(ProcessingMode mode)
+{
+    return mode != ProcessingMode::Notes;
 }
 
 } // namespace
 
-ModesModel::ModesModel(Parts parts) : parts_(std::move(parts))
+ModesModel::ModesModel(Parts parts)
+    : parts_(std::move(parts))
+    , list_(
+          parts_.prompts, [this](ProcessingMode mode) { return parts_.isUsable(mode); },
+          [this](ProcessingMode mode) { return noteOf(mode); })
 {
+    connect(this, &ModesModel::changed, this, [this] {
+        const int before = shown();
+        list_.refresh();
+        if (shown() != before)
+            Q_EMIT shownChanged();
+    });
     connect(&parts_.prompts, &PromptSettings::changed, this, &ModesModel::changed);
     connect(&parts_.prompts, &PromptSettings::selectedModeChanged, this, [this] {
+        forgetTrial();
         Q_EMIT shownChanged();
         Q_EMIT changed();
     });
@@ -40,18 +64,46 @@ ModesModel::ModesModel(Parts parts) : parts_(std::move(parts))
     });
 }
 
-QStringList ModesModel::modes() const
+int ModesModel::shown() const
 {
-    QStringList names;
-    for (const ProcessingMode mode : allProcessingModes)
-        names << parts_.prompts.displayName(mode);
-    return names;
+    const auto& modes = list_.modes();
+    const auto found = std::ranges::find(modes, mode());
+    return isShown_ && found != modes.end() ? static_cast<int>(found - modes.begin()) : -1;
+}
+
+void ModesModel::add()
+{
+    const auto taken = [this](const QString& name) {
+        return parts_.prompts.find(name).has_value();
+    };
+    QString name = tr("New mode");
+    for (int number = 2; taken(name); ++number)
+        name = tr("New mode %1").arg(number);
+    if (const auto added = parts_.prompts.add(name))
+        setShown(static_cast<int>(std::ranges::find(list_.modes(), *added) - list_.modes().begin()));
+}
+
+void ModesModel::remove(int index)
+{
+    const auto removed = modeAt(list_.modes(), index);
+    if (!removed || !isAddedMode(*removed))
+        return;
+    PromptSettings& prompts = parts_.prompts; // the window may be closed before the answer
+    parts_.confirmRemoval(prompts.displayName(*removed), [&prompts, removed] { prompts.remove(*removed); });
+}
+
+void ModesModel::move(int index, int by)
+{
+    const auto moved = modeAt(list_.modes(), index);
+    const int place = index + by;
+    if (moved && place >= 0 && place < list_.rowCount())
+        parts_.prompts.move(*moved, place);
 }
 
 std::vector<ProcessingMode> ModesModel::usableModes() const
 {
     std::vector<ProcessingMode> modes;
-    std::ranges::copy_if(allProcessingModes, std::back_inserter(modes), parts_.isUsable);
+    std::ranges::copy_if(parts_.prompts.modes(), std::back_inserter(modes), parts_.isUsable);
     return modes;
 }
 
@@ -87,8 +139,11 @@ QString ModesModel::defaultNote() const
 
 void ModesModel::setShown(int index)
 {
-    if (const auto mode = modeAt(index))
-        parts_.prompts.setSelectedMode(*mode);
+    const auto wanted = modeAt(list_.modes(), index);
+    if (std::exchange(isShown_, wanted.has_value()) != isShown_ || (wanted && *wanted == mode()))
+        Q_EMIT shownChanged();
+    if (wanted)
+        parts_.prompts.setSelectedMode(*wanted);
 }
 
 QString ModesModel::purpose() const
@@ -100,12 +155,11 @@ QString ModesModel::purpose() const
         return tr("A language model turns the text into an email.");
     case ProcessingMode::Grammar:
         return tr("A language model corrects grammar, spelling and punctuation.");
-    case ProcessingMode::Custom:
-        return tr("You can customize the name and prompt to suit your needs.");
     case ProcessingMode::Notes:
         return tr("The text is added to today's notes, which a language model summarises.");
+    default:
+        return tr("You can customize the name and prompt to suit your needs.");
     }
-    return {};
 }
 
 bool ModesModel::hasBuiltInPrompt() const
@@ -115,8 +169,12 @@ bool ModesModel::hasBuiltInPrompt() const
 
 QString ModesModel::name() const
 {
-    const QString shown = parts_.prompts.displayName(mode());
-    return shown == rawValue(mode()) ? QString() : shown;
+    return parts_.prompts.hasName(mode()) ? parts_.prompts.displayName(mode()) : QString();
+}
+
+QString ModesModel::builtInName() const
+{
+    return PromptSettings::builtInName(mode());
 }
 
 void ModesModel::setName(const QString& name)
@@ -140,17 +198,17 @@ void ModesModel::useBuiltInPrompt()
     parts_.confirmReplacement([&prompts, replaced = mode(), builtIn] { prompts.setPrompt(replaced, *builtIn); });
 }
 
-std::vector<ModesModel::Choice> ModesModel::choices() const
+std::vector<ModesModel::Choice> ModesModel::choicesOf(ProcessingMode mode) const
 {
-    const QString local = asksModel() ? parts_.localModel() : QString();
+    const QString local = vantro::asksModel(mode) ? parts_.localModel() : QString();
     std::vector<Choice> choices;
     if (local.isEmpty())
         choices = {{tr("None"), {}}};
     else
         choices = {{tr("This computer (%1)").arg(local), {.useLocalAI = true}}};
-    if (takesRules())
+    if (takesRules(mode))
         choices.push_back({tr("Rules on this computer"), {.cleans = true}});
-    if (!asksModel())
+    if (!vantro::asksModel(mode))
         return choices;
     for (const ProviderConfiguration& provider : parts_.providers.configurations())
         choices.push_back({provider.isEnabled ? provider.name : tr("%1 (disabled)").arg(provider.name),
@@ -163,18 +221,23 @@ std::vector<ModesModel::Choice> ModesModel::choices() const
 QStringList ModesModel::providers() const
 {
     QStringList names;
-    for (const Choice& choice : choices())
+    for (const Choice& choice : choicesOf(mode()))
         names << choice.label;
     return names;
 }
 
 int ModesModel::provider() const
 {
-    const ModeConfiguration configuration = parts_.prompts.configuration(mode());
+    return choiceOf(mode());
+}
+
+int ModesModel::choiceOf(ProcessingMode mode) const
+{
+    const ModeConfiguration configuration = parts_.prompts.configuration(mode);
     // The first one, if it has none.
     if (configuration == ModeConfiguration())
         return 0;
-    const auto list = choices();
+    const auto list = choicesOf(mode);
     const auto found = std::ranges::find_if(list, [&](const Choice& choice) {
         if (configuration.cleans || configuration.useLocalAI)
             return choice.configuration.cleans == configuration.cleans &&
@@ -183,12 +246,12 @@ int ModesModel::provider() const
     });
     if (found != list.end())
         return static_cast<int>(found - list.begin());
-    return takesRules() && !asksModel() ? 0 : -1;
+    return vantro::asksModel(mode) ? -1 : 0;
 }
 
 void ModesModel::setProvider(int index)
 {
-    const auto list = choices();
+    const auto list = choicesOf(mode());
     if (index >= 0 && index < static_cast<int>(list.size()) && index != provider())
         parts_.prompts.setConfiguration(mode(), list[static_cast<std::size_t>(index)].configuration);
 }
@@ -196,7 +259,7 @@ void ModesModel::setProvider(int index)
 QString ModesModel::overview() const
 {
     QStringList others;
-    for (const ProcessingMode each : allProcessingModes) {
+    for (const ProcessingMode each : parts_.prompts.modes()) {
         if (!parts_.isUsable(each))
             others << parts_.prompts.displayName(each);
     }
@@ -244,11 +307,62 @@ void ModesModel::useBuiltInRules()
     parts_.cleaning.reset(ruleCode());
 }
 
+QString ModesModel::noteOf(ProcessingMode mode) const
+{
+    if (mode == ProcessingMode::Normal && !parts_.prompts.configuration(mode).cleans)
+        return tr("As you said it");
+    if (!parts_.isUsable(mode))
+        return tr("To be set up");
+    const auto list = choicesOf(mode);
+    const int choice = choiceOf(mode);
+    return choice < 0 ? tr("A removed provider") : list.at(static_cast<std::size_t>(choice)).label;
+}
+
+bool ModesModel::canTry() const
+{
+    const bool isKept = mode() == ProcessingMode::Normal && !cleans();
+    return !isKept && mode() != ProcessingMode::Notes && parts_.isUsable(mode());
+}
+
+void ModesModel::forgetTrial()
+{
+    ++trial_;
+    isTrying_ = false;
+    trialResult_.clear();
+    trialProblem_.clear();
+    Q_EMIT trialChanged();
+}
+
+QCoro::Task<> ModesModel::rewriteTrial(QString text)
+{
+    if (isTrying_ || text.trimmed().isEmpty() || !canTry())
+        co_return;
+    forgetTrial();
+    const int trial = trial_;
+    const QPointer<ModesModel> self(this);
+    QString result;
+    QString problem;
+    isTrying_ = true;
+    Q_EMIT trialChanged();
+    try {
+        const auto rewriting = parts_.rewrite(mode(), text.trimmed());
+        result = co_await rewriting;
+    } catch (const Error& error) {
+        problem = error.localizedDescription();
+    }
+    if (!self || trial != trial_)
+        co_return;
+    isTrying_ = false;
+    trialResult_ = result;
+    trialProblem_ = problem;
+    Q_EMIT trialChanged();
+}
+
 QString ModesModel::lacking() const
 {
     if (parts_.isUsable(mode()))
         return {};
-    if (mode() == ProcessingMode::Custom && prompt().isEmpty())
+    if (isOwnMode(mode()) && prompt().isEmpty())
         return tr("To use this mode, write a prompt and choose a provider, or the rules.");
     if (parts_.prompts.configuration(mode()).useLocalAI)
         return tr("To use this mode, download a language model under Settings, Models.");

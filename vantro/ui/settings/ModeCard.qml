@@ -1,0 +1,83 @@
+import QtQuick
+import Vantro.Style
+import Vantro.Settings
+
+// A mode in the list: its digit, name and state, its place, and its settings once it is opened.
+VCard {
+    id: card
+
+    required property ModesModel settings
+    required property int place
+    required property int count
+    required property string name
+    required property string note
+    required property bool isReady
+    required property bool isAdded
+    readonly property bool isOpen: settings.shown === place
+    readonly property Item details: loader.item
+    signal openWanted(bool open)
+
+    function move(by) {
+        if (place + by < 0 || place + by >= count)
+            return
+        settings.move(place, by)
+        // A button at the edge can no longer have the keyboard.
+        if (!up.enabled && up.activeFocus)
+            down.forceActiveFocus(Qt.TabFocusReason)
+        else if (!down.enabled && down.activeFocus)
+            up.forceActiveFocus(Qt.TabFocusReason)
+    }
+
+    Keys.onPressed: event => {
+        const by = { [Qt.Key_Up]: -1, [Qt.Key_Down]: 1 }[event.key]
+        event.accepted = by !== undefined && event.modifiers & Qt.AltModifier
+        if (event.accepted)
+            move(by)
+    }
+
+    VSettingRow {
+        title: (card.place + 1) + "  " + card.name
+        hint: card.note
+        Row {
+            spacing: Theme.space8
+            VButton {
+                id: up
+                secondary: true
+                enabled: card.place > 0
+                text: "\u2191"
+                Accessible.name: qsTr("Move up")
+                Accessible.description: card.name
+                onClicked: card.move(-1)
+            }
+            VButton {
+                id: down
+                secondary: true
+                enabled: card.place < card.count - 1
+                text: "\u2193"
+                Accessible.name: qsTr("Move down")
+                Accessible.description: card.name
+                onClicked: card.move(1)
+            }
+            VButton {
+                visible: card.isAdded
+                secondary: true
+                text: qsTr("Remove")
+                Accessible.description: card.name
+                onClicked: card.settings.remove(card.place)
+            }
+            VButton {
+                secondary: true
+                text: card.isOpen ? qsTr("Close") : qsTr("Edit")
+                Accessible.description: card.name
+                onClicked: card.openWanted(!card.isOpen)
+            }
+        }
+    }
+    Loader {
+        id: loader
+        width: parent.width
+        active: card.isOpen
+        visible: active
+        sourceComponent: ModeDetails { settings: card.settings }
+    }
+}
