@@ -186,6 +186,88 @@
     </message>
 </context>
 <context>
+    <name>ApplicationsModel</name>
+    <message>
+        <source>The default mode</source>
+        <translation>Der Standardmodus</translation>
+    </message>
+    <message>
+        <source>As usual there</source>
+        <translation>Wie dort üblich</translation>
+    </message>
+    <message>
+        <source>%1 is in the list already.</source>
+        <translation>%1 steht schon in der Liste.</translation>
+    </message>
+</context>
+<context>
+    <name>ApplicationsPage</name>
+    <message>
+        <source>Applications</source>
+        <translation>Programme</translation>
+    </message>
+    <message>
+        <source>What dictations into the windows of one application are like, where that differs from the rest.</source>
+        <translation>Wie Diktate in die Fenster eines Programms sind, wo es von den anderen abweicht.</translation>
+    </message>
+    <message>
+        <source>The rule for %1 has been removed.</source>
+        <translation>Die Regel für %1 wurde entfernt.</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Rückgängig</translation>
+    </message>
+    <message>
+        <source>Add an application</source>
+        <translation>Programm hinzufügen</translation>
+    </message>
+    <message>
+        <source>Click into a window of the application and come back: its name is offered here then. Terminals and Emacs need no rule, their paste keys are known.</source>
+        <translation>Klicke in ein Fenster des Programms und komm zurück: Dann wird sein Name hier angeboten. Terminals und Emacs brauchen keine Regel, ihre Tasten zum Einfügen sind bekannt.</translation>
+    </message>
+    <message>
+        <source>Name of the application, such as thunderbird</source>
+        <translation>Name des Programms, etwa thunderbird</translation>
+    </message>
+    <message>
+        <source>Application</source>
+        <translation>Programm</translation>
+    </message>
+    <message>
+        <source>Add</source>
+        <translation>Hinzufügen</translation>
+    </message>
+    <message>
+        <source>Mode</source>
+        <translation>Modus</translation>
+    </message>
+    <message>
+        <source>The one a dictation begins in. Another can be chosen while you speak.</source>
+        <translation>In diesem beginnt ein Diktat. Beim Sprechen lässt sich ein anderer wählen.</translation>
+    </message>
+    <message>
+        <source>Paste keys</source>
+        <translation>Tasten zum Einfügen</translation>
+    </message>
+    <message>
+        <source>What vantro presses to paste. Choose others if your texts do not arrive there.</source>
+        <translation>Was vantro zum Einfügen drückt. Wähle andere, wenn deine Texte dort nicht ankommen.</translation>
+    </message>
+    <message>
+        <source>Full stop at the end</source>
+        <translation>Punkt am Ende</translation>
+    </message>
+    <message>
+        <source>Without it, commands and search words can be dictated.</source>
+        <translation>Ohne ihn lassen sich Befehle und Suchwörter diktieren.</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Entfernen</translation>
+    </message>
+</context>
+<context>
     <name>AudioInputMode</name>
     <message>
         <source>Use system&apos;s default input device</source>
@@ -1091,88 +1173,6 @@
     </message>
 </context>
 <context>
-    <name>ModelCatalogue</name>
-    <message>
-        <source>Whisper small model, good balance between speed and accuracy</source>
-        <translation>Whispers kleines Modell, guter Mittelweg zwischen Tempo und Genauigkeit</translation>
-    </message>
-    <message>
-        <source>Whisper quantized version of Large v3 Turbo, faster with slightly lower accuracy</source>
-        <translation>Whispers Large v3 Turbo, quantisiert: schneller, etwas weniger genau</translation>
-    </message>
-    <message>
-        <source>Whisper tiny model, fastest, least accurate</source>
-        <translation>Whispers kleinstes Modell, am schnellsten und am ungenauesten</translation>
-    </message>
-    <message>
-        <source>Whisper tiny model optimized for English, fastest, least accurate</source>
-        <translation>Whispers kleinstes Modell für Englisch, am schnellsten und am ungenauesten</translation>
-    </message>
-    <message>
-        <source>Whisper base model optimized for English, good balance between speed and accuracy</source>
-        <translation>Whispers Basismodell für Englisch, guter Mittelweg zwischen Tempo und Genauigkeit</translation>
-    </message>
-    <message>
-        <source>Whisper large model v2, slower than Medium but more accurate</source>
-        <translation>Whispers großes Modell v2, langsamer als Medium, aber genauer</translation>
-    </message>
-    <message>
-        <source>Whisper large model v3, very slow but most accurate</source>
-        <translation>Whispers großes Modell v3, sehr langsam, aber am genauesten</translation>
-    </message>
-    <message>
-        <source>Whisper large model v3 Turbo, faster than v3 with similar accuracy</source>
-        <translation>Whispers großes Modell v3 Turbo, schneller als v3 und ähnlich genau</translation>
-    </message>
-    <message>
-        <source>Fastest option, 25 European languages.</source>
-        <translation>Am schnellsten, 25 europäische Sprachen.</translation>
-    </message>
-    <message>
-        <source>English only, highest accuracy.</source>
-        <translation>Nur Englisch, am genauesten.</translation>
-    </message>
-</context>
-<context>
-    <name>ModelDownload</name>
-    <message>
-        <source>Downloading the speech model</source>
-        <translation>Das Spracherkennungsmodell wird heruntergeladen</translation>
-    </message>
-    <message>
-        <source>Size %1</source>
-        <translation>Größe %1</translation>
-    </message>
-    <message>
-        <source>Download of %1</source>
-        <translation>Download von %1</translation>
-    </message>
-    <message>
-        <source>Close</source>
-        <translation>Schließen</translation>
-    </message>
-    <message>
-        <source>Cancel</source>
-        <translation>Abbrechen</translation>
-    </message>
-    <message>
-        <source>Try again</source>
-        <translation>Erneut versuchen</translation>
-    </message>
-    <message>
-        <source>Go on in the background</source>
-        <translation>Im Hintergrund weiter</translation>
-    </message>
-</context>
-<context>
-    <name>ModelDownloadError</name>
-    <message>
-        <source>%1 has no readable file %2. Check the model host&apos;s address.</source>
-        <translation>%1 hat keine lesbare Datei %2. Prüfe die Adresse des Modellservers.</translation>
-    </message>
-    <message>
-        <source>%1 has no file %2 (error %3). Check the model host&apos;s address.</source>
-<context>
     <name>ModeCard</name>
     <message>
         <source>Move up</source>
@@ -1262,6 +1262,88 @@
         <translation>Diese Anweisung ausprobieren</translation>
     </message>
 </context>
+<context>
+    <name>ModelCatalogue</name>
+    <message>
+        <source>Whisper small model, good balance between speed and accuracy</source>
+        <translation>Whispers kleines Modell, guter Mittelweg zwischen Tempo und Genauigkeit</translation>
+    </message>
+    <message>
+        <source>Whisper quantized version of Large v3 Turbo, faster with slightly lower accuracy</source>
+        <translation>Whispers Large v3 Turbo, quantisiert: schneller, etwas weniger genau</translation>
+    </message>
+    <message>
+        <source>Whisper tiny model, fastest, least accurate</source>
+        <translation>Whispers kleinstes Modell, am schnellsten und am ungenauesten</translation>
+    </message>
+    <message>
+        <source>Whisper tiny model optimized for English, fastest, least accurate</source>
+        <translation>Whispers kleinstes Modell für Englisch, am schnellsten und am ungenauesten</translation>
+    </message>
+    <message>
+        <source>Whisper base model optimized for English, good balance between speed and accuracy</source>
+        <translation>Whispers Basismodell für Englisch, guter Mittelweg zwischen Tempo und Genauigkeit</translation>
+    </message>
+    <message>
+        <source>Whisper large model v2, slower than Medium but more accurate</source>
+        <translation>Whispers großes Modell v2, langsamer als Medium, aber genauer</translation>
+    </message>
+    <message>
+        <source>Whisper large model v3, very slow but most accurate</source>
+        <translation>Whispers großes Modell v3, sehr langsam, aber am genauesten</translation>
+    </message>
+    <message>
+        <source>Whisper large model v3 Turbo, faster than v3 with similar accuracy</source>
+        <translation>Whispers großes Modell v3 Turbo, schneller als v3 und ähnlich genau</translation>
+    </message>
+    <message>
+        <source>Fastest option, 25 European languages.</source>
+        <translation>Am schnellsten, 25 europäische Sprachen.</translation>
+    </message>
+    <message>
+        <source>English only, highest accuracy.</source>
+        <translation>Nur Englisch, am genauesten.</translation>
+    </message>
+</context>
+<context>
+    <name>ModelDownload</name>
+    <message>
+        <source>Downloading the speech model</source>
+        <translation>Das Spracherkennungsmodell wird heruntergeladen</translation>
+    </message>
+    <message>
+        <source>Size %1</source>
+        <translation>Größe %1</translation>
+    </message>
+    <message>
+        <source>Download of %1</source>
+        <translation>Download von %1</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Try again</source>
+        <translation>Erneut versuchen</translation>
+    </message>
+    <message>
+        <source>Go on in the background</source>
+        <translation>Im Hintergrund weiter</translation>
+    </message>
+</context>
+<context>
+    <name>ModelDownloadError</name>
+    <message>
+        <source>%1 has no readable file %2. Check the model host&apos;s address.</source>
+        <translation>%1 hat keine lesbare Datei %2. Prüfe die Adresse des Modellservers.</translation>
+    </message>
+    <message>
+        <source>%1 has no file %2 (error %3). Check the model host&apos;s address.</source>
         <translation>%1 hat keine Datei %2 (Fehler %3). Prüfe die Adresse des Modellservers.</translation>
     </message>
     <message>
@@ -1518,6 +1600,9 @@
         <source>A removed provider</source>
         <translation>Einem entfernten Anbieter</translation>
     </message>
+</context>
+<context>
+    <name>ModesPage</name>
     <message>
         <source>Modes</source>
         <translation>Modi</translation>
@@ -1588,9 +1673,6 @@
 </context>
 <context>
     <name>NotesModel</name>
-</context>
-<context>
-    <name>ModesPage</name>
     <message>
         <source>The summary could not be updated: %1</source>
         <translation>Die Zusammenfassung konnte nicht erneuert werden: %1</translation>
@@ -2208,6 +2290,26 @@
         <source>While the fields above are empty: temperature 0.3 and both penalties as 0. Switch them off for a model that refuses them.</source>
         <translation>Solange die Felder darüber leer sind: Temperatur 0.3 und beide Penalties 0. Schalte sie für ein Modell ab, das sie ablehnt.</translation>
     </message>
+    <message>
+        <source>Models it offers</source>
+        <translation>Angebotene Modelle</translation>
+    </message>
+    <message>
+        <source>Needs the API key below.</source>
+        <translation>Braucht den API-Schlüssel weiter unten.</translation>
+    </message>
+    <message>
+        <source>Choose a model</source>
+        <translation>Modell wählen</translation>
+    </message>
+    <message>
+        <source>Ask the server</source>
+        <translation>Server fragen</translation>
+    </message>
+    <message>
+        <source>Make a key in the browser</source>
+        <translation>Schlüssel im Browser anlegen</translation>
+    </message>
 </context>
 <context>
     <name>ProvidersModel</name>
@@ -2275,6 +2377,14 @@
         <source>Over http, your text and the key can be read on their way. Use https if the server has it.</source>
         <translation>Über http lassen sich Text und Schlüssel unterwegs mitlesen. Nimm https, wenn der Server es kann.</translation>
     </message>
+    <message>
+        <source>%1 offers %2 models. Choose one above.</source>
+        <translation>%1 bietet %2 Modelle an. Wähle oben eines aus.</translation>
+    </message>
+    <message>
+        <source>No browser could be started. The page is %1</source>
+        <translation>Es ließ sich kein Browser starten. Die Seite ist %1</translation>
+    </message>
 </context>
 <context>
     <name>ProvidersPage</name>
@@ -2289,26 +2399,6 @@
     <message>
         <source>Your providers will appear here. Add one to have dictations rewritten.</source>
         <translation>Hier erscheinen deine Anbieter. Füge einen hinzu, um Diktate umschreiben zu lassen.</translation>
-    </message>
-    <message>
-        <source>Models it offers</source>
-        <translation>Angebotene Modelle</translation>
-    </message>
-    <message>
-        <source>Needs the API key below.</source>
-        <translation>Braucht den API-Schlüssel weiter unten.</translation>
-    </message>
-    <message>
-        <source>Choose a model</source>
-        <translation>Modell wählen</translation>
-    </message>
-    <message>
-        <source>Ask the server</source>
-        <translation>Server fragen</translation>
-    </message>
-    <message>
-        <source>Make a key in the browser</source>
-        <translation>Schlüssel im Browser anlegen</translation>
     </message>
     <message>
         <source>Use %1</source>
@@ -2377,14 +2467,6 @@
     <message>
         <source>The recording of this dictation</source>
         <translation>Die Aufnahme dieses Diktats</translation>
-    <message>
-        <source>%1 offers %2 models. Choose one above.</source>
-        <translation>%1 bietet %2 Modelle an. Wähle oben eines aus.</translation>
-    </message>
-    <message>
-        <source>No browser could be started. The page is %1</source>
-        <translation>Es ließ sich kein Browser starten. Die Seite ist %1</translation>
-    </message>
     </message>
     <message>
         <source>Place in the recording</source>
@@ -2590,6 +2672,10 @@
     <message>
         <source>Statistics</source>
         <translation>Statistik</translation>
+    </message>
+    <message>
+        <source>Applications</source>
+        <translation>Programme</translation>
     </message>
 </context>
 <context>
@@ -3202,6 +3288,14 @@
         <source>Your dictations are stored, but not their recordings: %1</source>
         <translation>Deine Diktate sind gespeichert, ihre Aufnahmen aber nicht: %1</translation>
     </message>
+    <message>
+        <source>Remove Mode</source>
+        <translation>Modus entfernen</translation>
+    </message>
+    <message>
+        <source>%1 will be removed with its prompt, which cannot be had back.</source>
+        <translation>%1 wird mit seiner Anweisung endgültig entfernt.</translation>
+    </message>
 </context>
 <context>
     <name>WordRow</name>
@@ -3288,14 +3382,6 @@
     </message>
     <message>
         <source>The keyboard layout has no Control or no Shift key, so nothing can be pasted.</source>
-    <message>
-        <source>Remove Mode</source>
-        <translation>Modus entfernen</translation>
-    </message>
-    <message>
-        <source>%1 will be removed with its prompt, which cannot be had back.</source>
-        <translation>%1 wird mit seiner Anweisung endgültig entfernt.</translation>
-    </message>
         <translation>Die Tastaturbelegung hat keine Strg- oder keine Umschalttaste, also kann nichts eingefügt werden.</translation>
     </message>
     <message>

@@ -12,7 +12,7 @@ from shellcase import ONBOARDING_TITLE, SETTINGS_TITLE, ShellCase
 sys.path.insert(0, str(ROOT / "tests" / "ai" / "services"))
 from chatserver import Answer, ChatServer  # noqa: E402
 
-PAGES = ("General", "Shortcut", "Microphone", "Models", "Modes", "Providers", "Vocabulary", "Privacy", "Statistics", "About")
+PAGES = ("General", "Shortcut", "Microphone", "Models", "Modes", "Providers", "Applications", "Vocabulary", "Privacy", "Statistics", "About")
 
 
 class WindowsTest(ShellCase):

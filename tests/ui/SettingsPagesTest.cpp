@@ -5,16 +5,18 @@
 #include "platform/testing/FakeWorkspace.h"
 #include "tests/WaitFor.h"
 #include "vantro/ai/providers/KeychainService.h"
+#include "vantro/delivery/PasteChords.h"
+#include "vantro/ui/settings/ApplicationsModel.h"
 #include "vantro/ui/settings/GeneralSettings.h"
 #include "vantro/ui/settings/ModesModel.h"
 #include "vantro/ui/settings/ProvidersModel.h"
 #include "vantro/ui/settings/VocabularyModel.h"
 
-#include <QTemporaryDir>
-
 #include <QPromise>
-#include <gtest/gtest.h>
+#include <QTemporaryDir>
 #include <qcoro/qcorofuture.h>
+
+#include <gtest/gtest.h>
 
 using namespace vantro;
 
@@ -69,13 +71,13 @@ protected:
         co_return models;
     }
 
-    }
-
     QCoro::Task<QString> ending(QString account)
     {
         const auto reading = keychain.read(account);
         const std::optional<QString> key = co_await reading;
         co_return key->right(2);
+    }
+
     QTemporaryDir folder;
     UserDefaults defaults{folder.filePath(QStringLiteral("vantro.ini"))};
     doubles::FakeSecretStore secrets;
@@ -421,6 +423,11 @@ TEST_F(SettingsPages, ApplicationsGetModesAndPasteKeysOfTheirOwn)
     EXPECT_EQ(pasteChordFor({QStringLiteral("xterm")}, defaults), KeyEventPoster::PasteChord::ControlV);
 }
 
+TEST_F(SettingsPages, ThisComputerIsOfferedFirstOnceItHasALanguageModel)
+{
+    QString local;
+    ModesModel page({defaults,
+                     prompts,
                      cleaning,
                      manager,
                      [](ProcessingMode) { return true; },

@@ -1,6 +1,7 @@
 #include "vantro/app/ApplicationRules.h"
 
 #include "base/Settings.h"
+#include "vantro/delivery/PasteChords.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -30,19 +31,35 @@ std::vector<ApplicationRule> applicationRules(const UserDefaults& defaults)
         if (!rule.application.isEmpty())
             rules.push_back(rule);
     }
+    PasteChordTable chords = ownPasteChords(defaults);
+    for (ApplicationRule& rule : rules) {
+        const auto chord = chords.constFind(rule.application.toLower());
+        if (chord != chords.constEnd())
+            rule.pasteKeys = *chord;
+        chords.remove(rule.application.toLower());
+    }
+    QStringList others = chords.keys();
+    others.sort();
+    for (const QString& application : others)
+        rules.push_back({.application = application, .pasteKeys = chords.value(application)});
     return rules;
 }
 
 void setApplicationRules(UserDefaults& defaults, const std::vector<ApplicationRule>& rules)
 {
     QJsonArray array;
+    PasteChordTable chords;
     for (const ApplicationRule& rule : rules) {
+        if (rule.pasteKeys)
+            chords.insert(rule.application.toLower(), *rule.pasteKeys);
         QJsonObject entry{{applicationKey, rule.application}, {fullStopKey, rule.hasFullStop}};
         if (rule.mode)
             entry.insert(modeKey, rawValue(*rule.mode));
         array.append(entry);
     }
     defaults.set(setting::applicationRules, QJsonDocument(array).toJson(QJsonDocument::Compact));
+    if (chords != ownPasteChords(defaults))
+        setOwnPasteChords(defaults, chords);
 }
 
 std::optional<ApplicationRule> applicationRuleFor(const UserDefaults& defaults, const QStringList& windowClass)

@@ -2,6 +2,7 @@
 #include "vantro/app/ApplicationRules.h"
 #include "vantro/cli/Commands.h"
 #include "vantro/cli/Terminal.h"
+#include "vantro/delivery/PasteChords.h"
 
 #include <algorithm>
 
@@ -17,7 +18,7 @@ constexpr char description[] =
   remove APPLICATION
 
 APPLICATION is the class of its windows, such as thunderbird or xfce4-terminal, in any case; xprop WM_CLASS and a click
-tell it. In the launcher another mode can still be chosen.
+tell it. In the launcher another mode can still be chosen. Terminals and Emacs need no rule for their paste keys.
 
 Exit status: 0 done, 1 failed, 2 wrong usage, 3 no such rule or mode, 5 the settings cannot be written.)";
 
@@ -37,10 +38,13 @@ int list(const CommandCall& call)
     for (const ApplicationRule& rule : applicationRules(defaults)) {
         const QString mode = rule.mode ? rawValue(*rule.mode) : QString();
         rows.push_back({rule.application, mode.isEmpty() ? QStringLiteral("-") : mode,
-                        rule.hasFullStop ? QStringLiteral("yes") : QStringLiteral("no")});
-        array.append(QJsonObject{{QStringLiteral("application"), rule.application},
-                                 {QStringLiteral("mode"), mode.isEmpty() ? QJsonValue() : QJsonValue(mode)},
-                                 {QStringLiteral("full_stop"), rule.hasFullStop}});
+                        rule.hasFullStop ? QStringLiteral("yes") : QStringLiteral("no"),
+                        rule.pasteKeys ? chordText(*rule.pasteKeys) : QStringLiteral("-")});
+        array.append(QJsonObject{
+            {QStringLiteral("application"), rule.application},
+            {QStringLiteral("mode"), mode.isEmpty() ? QJsonValue() : QJsonValue(mode)},
+            {QStringLiteral("full_stop"), rule.hasFullStop},
+            {QStringLiteral("paste_keys"), rule.pasteKeys ? QJsonValue(chordText(*rule.pasteKeys)) : QJsonValue()}});
     }
     if (call.json())
         terminal::writeJson(array);
@@ -49,6 +53,15 @@ int list(const CommandCall& call)
     else
         terminal::writeTable(rows);
     return ExitCode::done;
+}
+
+std::optional<KeyEventPoster::PasteChord> pasteKeysFrom(const QString& text)
+{
+    const auto chord = chordNamed(text);
+    if (!chord && !text.isEmpty())
+        throw WrongUsage(
+            QStringLiteral("\"%1\" are no paste keys: use Ctrl+V, Ctrl+Shift+V or Shift+Insert").arg(text));
+    return chord;
 }
 
 ProcessingMode modeFrom(UserDefaults& defaults, const QString& name)
@@ -68,14 +81,17 @@ int set(const CommandCall& call)
     const auto mode = call.has("mode") && !call.value("mode").isEmpty()
                           ? std::optional(modeFrom(defaults, call.value("mode")))
                           : std::nullopt;
+    const auto pasteKeys = pasteKeysFrom(call.value("paste-keys"));
     const QString application = call.words.front().trimmed();
     defaults.change([&] {
         auto rules = applicationRules(defaults);
         auto rule = std::ranges::find_if(rules, ruleOf(application));
         if (rule == rules.end())
-            rule = rules.insert(rules.end(), ApplicationRule{application, std::nullopt, true});
+            rule = rules.insert(rules.end(), ApplicationRule{application});
         if (call.has("mode"))
             rule->mode = mode;
+        if (call.has("paste-keys"))
+            rule->pasteKeys = pasteKeys;
         if (call.has("full-stop") || call.has("no-full-stop"))
             rule->hasFullStop = call.has("full-stop");
         setApplicationRules(defaults, rules);
@@ -114,6 +130,10 @@ Command applicationsCommand()
             .options = {{"mode", "set: begin in this mode; empty for the default one.", "MODE"},
                         {"no-full-stop", "set: leave the text's last full stop out."},
                         {"full-stop", "set: keep it."},
+                        {"paste-keys",
+                         "set: what is pressed to paste: Ctrl+V, Ctrl+Shift+V or Shift+Insert; empty for "
+                         "what is usual there.",
+                         "KEYS"},
                         Command::jsonOption},
             .words = {{"APPLICATION", "The class of its windows.", "[APPLICATION]]"}}};
 }

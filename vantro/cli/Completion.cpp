@@ -116,7 +116,7 @@ const std::map<QString, std::function<Candidates()>>& places()
         {QStringLiteral("providers models"), providerNames},
         {QStringLiteral("providers --type"), words("OpenAI Anthropic Gemini Custom")},
         {QStringLiteral("history --mode"), modeNames},
-        {QStringLiteral("providers models"), providerNames},
+        {QStringLiteral("applications --paste-keys"), words("Ctrl+V Ctrl+Shift+V Shift+Insert")},
         {QStringLiteral("history --format"), words("json csv markdown")},
         {QStringLiteral("show"), words("settings history notes guide")},
     };

@@ -16,7 +16,7 @@ namespace vantro {
 namespace {
 
 using Chord = KeyEventPoster::PasteChord;
-using Table = QHash<QString, Chord>;
+using Table = PasteChordTable;
 
 constexpr std::array chordNames{std::pair{Chord::ControlV, "Ctrl+V"}, std::pair{Chord::ControlShiftV, "Ctrl+Shift+V"},
                                 std::pair{Chord::ShiftInsert, "Shift+Insert"}};
@@ -88,17 +88,26 @@ const Table& builtIn()
     return table;
 }
 
-std::optional<Chord> chordNamed(const QString& name)
+} // namespace
+
+std::optional<Chord> chordNamed(const QString& text)
 {
-    const QString plain = QString(name).remove(QLatin1Char(' '));
+    const QString plain = QString(text).remove(QLatin1Char(' '));
     const auto* const found = std::ranges::find_if(chordNames, [&](const auto& entry) {
         return plain.compare(QLatin1String(entry.second), Qt::CaseInsensitive) == 0;
     });
     return found != chordNames.end() ? std::optional(found->first) : std::nullopt;
 }
 
-/// The user's own table. Invalid entries are logged and ignored.
-Table fromSettings(const UserDefaults& defaults)
+std::vector<Chord> allPasteChords()
+{
+    std::vector<Chord> chords;
+    for (const auto& [chord, name] : chordNames)
+        chords.push_back(chord);
+    return chords;
+}
+
+PasteChordTable ownPasteChords(const UserDefaults& defaults)
 {
     static const Logger logger("PasteChords");
     const auto json = defaults.stored(setting::pasteChords);
@@ -122,6 +131,21 @@ Table fromSettings(const UserDefaults& defaults)
     return result;
 }
 
+void setOwnPasteChords(UserDefaults& defaults, const PasteChordTable& table)
+{
+    const QJsonObject former = QJsonDocument::fromJson(defaults.get(setting::pasteChords)).object();
+    QJsonObject entries;
+    for (auto entry = former.begin(); entry != former.end(); ++entry) {
+        if (!chordNamed(entry.value().toString()))
+            entries.insert(entry.key(), entry.value());
+    }
+    for (auto entry = table.begin(); entry != table.end(); ++entry)
+        entries.insert(entry.key(), chordText(entry.value()));
+    defaults.set(setting::pasteChords, QJsonDocument(entries).toJson(QJsonDocument::Compact));
+}
+
+namespace {
+
 std::optional<Chord> find(const Table& table, const QStringList& windowClass)
 {
     // The instance name comes last and is more specific than the class.
@@ -136,7 +160,7 @@ std::optional<Chord> find(const Table& table, const QStringList& windowClass)
 
 KeyEventPoster::PasteChord pasteChordFor(const QStringList& windowClass, const UserDefaults& defaults)
 {
-    if (const auto chosen = find(fromSettings(defaults), windowClass))
+    if (const auto chosen = find(ownPasteChords(defaults), windowClass))
         return *chosen;
     return find(builtIn(), windowClass).value_or(Chord::ControlV);
 }

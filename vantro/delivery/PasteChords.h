@@ -3,8 +3,12 @@
 #include "base/UserDefaults.h"
 #include "platform/KeyEventPoster.h"
 
+#include <QHash>
 #include <QString>
 #include <QStringList>
+
+#include <optional>
+#include <vector>
 
 namespace vantro {
 
@@ -15,5 +19,14 @@ KeyEventPoster::PasteChord pasteChordFor(const QStringList& windowClass, const U
 
 /// The chord as the settings and the user know it: "Ctrl+Shift+V".
 QString chordText(KeyEventPoster::PasteChord chord);
+/// The same the other way round, in any case and with blanks.
+[[nodiscard]] std::optional<KeyEventPoster::PasteChord> chordNamed(const QString& text);
+[[nodiscard]] std::vector<KeyEventPoster::PasteChord> allPasteChords();
+
+/// The user's own table, by class or instance name in lower case. Entries that cannot be read are logged and left out.
+using PasteChordTable = QHash<QString, KeyEventPoster::PasteChord>;
+[[nodiscard]] PasteChordTable ownPasteChords(const UserDefaults& defaults);
+/// Entries that cannot be read stay.
+void setOwnPasteChords(UserDefaults& defaults, const PasteChordTable& table);
 
 } // namespace vantro

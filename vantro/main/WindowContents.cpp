@@ -9,6 +9,7 @@
 #include "vantro/ui/history/RecordingPlayer.h"
 #include "vantro/ui/onboarding/OnboardingModel.h"
 #include "vantro/ui/settings/AboutModel.h"
+#include "vantro/ui/settings/ApplicationsModel.h"
 #include "vantro/ui/settings/GeneralSettings.h"
 #include "vantro/ui/settings/MicrophoneSettings.h"
 #include "vantro/ui/settings/ModesModel.h"
@@ -76,6 +77,12 @@ LazyWindow::Content Windows::settingsContent()
     put(content, "languageModels", makeLanguageModelList());
     put(content, "modes", makeModesModel());
     put(content, "providers", makeProvidersModel());
+    put(content, "applications",
+        std::make_unique<ApplicationsModel>(
+            ApplicationsModel::Parts{parts_.defaults, *parts_.platform.workspace, parts_.rewriting.prompts().modes(),
+                                     [this](ProcessingMode mode) {
+                                         return parts_.rewriting.prompts().displayName(mode);
+                                     }}));
     put(content, "vocabulary", makeVocabularyModel());
     put(content, "privacy", makePrivacySettings());
     put(content, "statistics", std::make_unique<StatisticsModel>(parts_.statistics, parts_.clock));
@@ -97,13 +104,6 @@ std::unique_ptr<ModesModel> Windows::makeModesModel()
         [&local] {
             const auto* chosen = local.chosen();
             return chosen != nullptr ? chosen->name : QString();
-        }});
-    connect(&local, &LanguageModels::changed, modes.get(), &ModesModel::changed);
-    connect(&parts_.speech.downloads, &DownloadQueue::finished, modes.get(), &ModesModel::changed);
-    return modes;
-}
-
-void Windows::askToRemove(const TranscriptionModel& model, std::function<void()> confirmed)
         },
         [this](const QString& name, std::function<void()> confirmed) {
             alerts_.confirm(tr("Remove Mode"),
@@ -112,6 +112,13 @@ void Windows::askToRemove(const TranscriptionModel& model, std::function<void()>
         },
         [this](ProcessingMode mode, const QString& text) {
             return parts_.rewriting.rewrite(mode, text);
+        }});
+    connect(&local, &LanguageModels::changed, modes.get(), &ModesModel::changed);
+    connect(&parts_.speech.downloads, &DownloadQueue::finished, modes.get(), &ModesModel::changed);
+    return modes;
+}
+
+void Windows::askToRemove(const TranscriptionModel& model, std::function<void()> confirmed)
 {
     const QString what = parts_.speech.languageModels.isOwn(model)
                              ? tr("%1 leaves the list. Its file stays where it is.").arg(model.name)
@@ -246,6 +253,12 @@ std::unique_ptr<ProvidersModel> Windows::makeProvidersModel()
                               },
                               [this](const QString& question, std::function<void()> confirmed) {
                                   alerts_.confirm(tr("Delete Provider"), question, tr("Delete"), std::move(confirmed));
+                              },
+                              [&rewriting](const ProviderConfiguration& provider, const std::optional<QString>& key) {
+                                  return rewriting.offeredModels(provider, key);
+                              },
+                              [this](const QString& address) {
+                                  return parts_.platform.workspace->openUrl(address);
                               }});
 }
 
@@ -253,12 +266,6 @@ std::unique_ptr<RecorderCocoa> Windows::makeRecorder(const KeyboardShortcuts::Na
 {
     return std::make_unique<RecorderCocoa>(parts_.shortcuts, *parts_.platform.hotKeys,
                                            *parts_.platform.desktopShortcuts, parts_.notifications, name);
-                              },
-                              [&rewriting](const ProviderConfiguration& provider, const std::optional<QString>& key) {
-                                  return rewriting.offeredModels(provider, key);
-                              },
-                              [this](const QString& address) {
-                                  return parts_.platform.workspace->openUrl(address);
 }
 
 Machine Windows::machine() const
@@ -299,6 +306,7 @@ std::unique_ptr<HistoryModel> Windows::makeHistoryModel(HistoryChanges& changes)
     return std::make_unique<HistoryModel>(HistoryModel::Parts{
         parts_.history.store, parts_.history.jobs, *parts_.platform.pasteboard, changes, parts_.clock,
         [&rewriting](ProcessingMode mode) { return rewriting.prompts().displayName(mode); },
+        [&rewriting] { return rewriting.prompts().modes(); },
         [&rewriting] {
             auto modes = rewriting.visibleModes();
             std::erase_if(modes, [](ProcessingMode mode) {
@@ -306,7 +314,6 @@ std::unique_ptr<HistoryModel> Windows::makeHistoryModel(HistoryChanges& changes)
             });
             return modes;
         },
-        [&rewriting] { return rewriting.prompts().modes(); },
         [&rewriting](ProcessingMode mode, const QString& text) { return rewriting.rewrite(mode, text); },
         [this] {
             QStringList names;

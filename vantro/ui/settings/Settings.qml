@@ -16,6 +16,7 @@ Rectangle {
     required property RecorderCocoa originalRecorder
     required property ModesModel modes
     required property ProvidersModel providers
+    required property ApplicationsModel applications
     required property VocabularyModel vocabulary
     required property PrivacySettings privacy
     required property StatisticsModel statistics
@@ -83,6 +84,7 @@ Rectangle {
                 { key: "models", name: qsTr("Models"), component: modelsPage },
                 { key: "modes", name: qsTr("Modes"), component: modesPage },
                 { key: "providers", name: qsTr("Providers"), component: providersPage },
+                { key: "applications", name: qsTr("Applications"), component: applicationsPage },
                 { key: "vocabulary", name: qsTr("Vocabulary"), component: vocabularyPage },
                 { key: "privacy", name: qsTr("Privacy"), component: privacyPage },
                 { key: "statistics", name: qsTr("Statistics"), component: statisticsPage },
@@ -133,6 +135,10 @@ Rectangle {
     Component {
         id: providersPage
         ProvidersPage { settings: window.providers }
+    }
+    Component {
+        id: applicationsPage
+        ApplicationsPage { settings: window.applications }
     }
     Component {
         id: vocabularyPage
