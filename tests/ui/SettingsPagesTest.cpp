@@ -275,7 +275,8 @@ TEST_F(SettingsPages, AModesProviderFollowsTheListOfProviders)
 
 TEST_F(SettingsPages, ModesAreAddedMovedTriedAndRemoved)
 {
-    ModesModel::Parts parts{defaults, prompts, cleaning, manager, [](ProcessingMode) { return true; }, {}};
+    ModesModel::Parts parts{
+        defaults, prompts, cleaning, manager, [](ProcessingMode mode) { return mode != ProcessingMode::Email; }, {}};
     parts.confirmRemoval = [this](const QString& name, const std::function<void()>& confirmed) {
         questions << name;
         if (answersYes)
@@ -304,6 +305,11 @@ TEST_F(SettingsPages, ModesAreAddedMovedTriedAndRemoved)
     EXPECT_EQ(page.shown(), 1);
     EXPECT_EQ(names().mid(0, 3),
               (QStringList{QStringLiteral("Normal"), QStringLiteral("Letters"), QStringLiteral("Email")}));
+
+    QStringList digits;
+    for (int row = 0; row < page.list()->rowCount(); ++row)
+        digits << page.list()->index(row, 0).data(ModeList::Digit).toString();
+    EXPECT_EQ(digits.join(QString()), QStringLiteral("1203456")) << "what the launcher offers";
 
     page.tryOut(QStringLiteral(" hello "));
     EXPECT_EQ(page.trialResult(), QStringLiteral("Letters: hello"));

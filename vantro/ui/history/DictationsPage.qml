@@ -150,7 +150,7 @@ FocusScope {
             required property string processingMode
             required property string firstLine
             required property bool isFormatted
-            width: ListView.view.width
+            width: ListView.view.rowWidth
             line: page.model.marked(firstLine)
             plainLine: firstLine
             details: page.model.timeOfDay(created_at) + "  \u00B7  " + page.model.modeName(processingMode)

@@ -19,6 +19,7 @@ ListView {
     signal endWanted
     signal searchWanted
 
+    readonly property real rowWidth: width - Theme.scrollBarWidth - Theme.space4 // beside the scroll bar
     readonly property int pageRows: currentItem ? Math.max(1, Math.floor(height / currentItem.height) - 1) : 8
 
     function rowFor(key) {

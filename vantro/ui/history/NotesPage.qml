@@ -38,7 +38,7 @@ FocusScope {
             required property var created_at
             required property string formatted
             required property int noteCount
-            width: ListView.view.width
+            width: ListView.view.rowWidth
             line: page.model.dayName(created_at)
             details: noteCount === 1 ? qsTr("1 note") : qsTr("%1 notes").arg(noteCount)
             chosen: index === page.model.currentRow

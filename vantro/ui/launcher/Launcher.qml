@@ -13,7 +13,7 @@ Rectangle {
     signal asSpokenRequested
 
     implicitWidth: Theme.launcherWidth
-    implicitHeight: Theme.launcherHeight
+    implicitHeight: Theme.launcherHeight + (pills.rowCount - 1) * (measure.implicitHeight + pills.spacing)
     color: Theme.surfaceRaised
     radius: Theme.radiusLarge
     border.width: Theme.hairline
@@ -81,30 +81,49 @@ Rectangle {
         Accessible.name: qsTr("Understood so far: %1").arg(text)
     }
 
-    RowLayout {
+    // How high a row is before there is one.
+    ModePill {
+        id: measure
+        visible: false
+    }
+    Column {
         id: pills
-        // The chosen one is read in full, as long as it leaves the others half of the row.
-        readonly property real most: heard.width / 2
-        readonly property real fairShare: most / (launcher.model.modes.length - 1) - spacing
+        readonly property int rowCount: Math.max(1, Math.ceil(launcher.model.modes.length / Theme.mostPills))
+        readonly property int inRow: Math.ceil(launcher.model.modes.length / rowCount)
         anchors { left: heard.left; bottom: hints.top; bottomMargin: Theme.space12 }
-        width: Math.min(implicitWidth, heard.width)
         spacing: Theme.space8
         opacity: launcher.model.processing ? 0.5 : 1
         enabled: !launcher.model.processing
 
         Repeater {
-            model: launcher.model.modes
-            ModePill {
+            model: pills.rowCount
+            RowLayout {
+                id: row
                 required property int index
-                required property string modelData
-                number: index + 1
-                name: modelData
-                hasDigit: launcher.model.takesDigits
-                chosen: index === launcher.model.chosenMode
-                Layout.fillWidth: true
-                Layout.minimumWidth: Math.min(implicitWidth, chosen ? pills.most : pills.fairShare)
-                Layout.maximumWidth: implicitWidth
-                onPicked: launcher.model.chooseMode(index)
+                readonly property int first: index * pills.inRow
+                readonly property var names: launcher.model.modes.slice(first, first + pills.inRow)
+                // The chosen one is read in full, as long as it leaves the others half of the row.
+                readonly property real most: heard.width / 2
+                readonly property real fairShare: most / Math.max(1, names.length - 1) - spacing
+                width: Math.min(implicitWidth, heard.width)
+                spacing: Theme.space8
+
+                Repeater {
+                    model: row.names
+                    ModePill {
+                        required property int index
+                        required property string modelData
+                        readonly property int mode: row.first + index
+                        number: mode + 1
+                        name: modelData
+                        hasDigit: launcher.model.takesDigits
+                        chosen: mode === launcher.model.chosenMode
+                        Layout.fillWidth: true
+                        Layout.minimumWidth: Math.min(implicitWidth, chosen ? row.most : row.fairShare)
+                        Layout.maximumWidth: implicitWidth
+                        onPicked: launcher.model.chooseMode(mode)
+                    }
+                }
             }
         }
     }

@@ -13,6 +13,7 @@ VCard {
     required property string note
     required property bool isReady
     required property bool isAdded
+    required property int digit
     readonly property bool isOpen: settings.shown === place
     readonly property Item details: loader.item
     signal openWanted(bool open)
@@ -20,11 +21,13 @@ VCard {
     function move(by) {
         if (place + by < 0 || place + by >= count)
             return
+        const wasUp = up.activeFocus
+        const wasDown = down.activeFocus
         settings.move(place, by)
         // A button at the edge can no longer have the keyboard.
-        if (!up.enabled && up.activeFocus)
+        if (wasUp && !up.enabled)
             down.forceActiveFocus(Qt.TabFocusReason)
-        else if (!down.enabled && down.activeFocus)
+        else if (wasDown && !down.enabled)
             up.forceActiveFocus(Qt.TabFocusReason)
     }
 
@@ -36,7 +39,7 @@ VCard {
     }
 
     VSettingRow {
-        title: (card.place + 1) + "  " + card.name
+        title: card.digit > 0 ? card.digit + "  " + card.name : card.name
         hint: card.note
         Row {
             spacing: Theme.space8

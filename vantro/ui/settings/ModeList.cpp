@@ -21,7 +21,7 @@ int ModeList::rowCount(const QModelIndex& parent) const
 
 QHash<int, QByteArray> ModeList::roleNames() const
 {
-    return {{Name, "name"}, {Note, "note"}, {IsReady, "isReady"}, {IsAdded, "isAdded"}};
+    return {{Name, "name"}, {Note, "note"}, {IsReady, "isReady"}, {IsAdded, "isAdded"}, {Digit, "digit"}};
 }
 
 QVariant ModeList::data(const QModelIndex& index, int role) const
@@ -38,9 +38,17 @@ QVariant ModeList::data(const QModelIndex& index, int role) const
         return isReady_(mode);
     case IsAdded:
         return isAddedMode(mode);
+    case Digit:
+        return digitOf(index.row());
     default:
         return {};
     }
+}
+
+int ModeList::digitOf(int row) const
+{
+    const auto end = modes_.begin() + row + 1;
+    return isReady_(*(end - 1)) ? static_cast<int>(std::count_if(modes_.begin(), end, isReady_)) : 0;
 }
 
 void ModeList::refresh()

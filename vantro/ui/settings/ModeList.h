@@ -20,6 +20,7 @@ public:
         Note,    ///< who rewrites, or what is missing
         IsReady, ///< bool
         IsAdded, ///< bool: by the user, who can remove it
+        Digit,   ///< the key that chooses it in the launcher, which only offers those that are ready; otherwise 0
     };
 
     /// @p prompts must outlive the model. @p note: for the role.
@@ -35,6 +36,7 @@ public:
     void refresh();
 
 private:
+    [[nodiscard]] int digitOf(int row) const;
     void removeMissing(const std::vector<ProcessingMode>& wanted);
     void moveTo(ProcessingMode mode, int row);
 

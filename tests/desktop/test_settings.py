@@ -1,0 +1,130 @@
+#!/usr/bin/python3
+"""The settings' pages with lists of the user's own, walked through by keyboard: modes, applications, a provider's models."""
+
+import json
+import sys
+
+from dictationcase import ROOT, main
+from shellcase import SETTINGS_TITLE, ShellCase
+
+from accessibility import ScreenReader
+from program import poll_until
+
+sys.path.insert(0, str(ROOT / "tests" / "ai" / "services"))
+from chatserver import Answer, ChatServer  # noqa: E402
+
+MOST_STOPS = 60
+
+
+class SettingsTest(ShellCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.server = cls.enterClassContext(ChatServer())
+        super().setUpClass()
+        cls.vantro.quit()
+        cls.vantro.run("providers", "add", "--type", "custom", "--name", "House", "--model", "small", "--base-url",
+                       cls.server.url + "/v1", "--key-stdin", stdin=b"sk-house")
+        cls.desktop.env["QT_LINUX_ACCESSIBILITY_ALWAYS_ON"] = "1"
+        cls.vantro.start()
+        cls.reader = ScreenReader(cls.desktop, "vantro")
+
+    def command(self, *words):
+        result = self.vantro.run(*words, "--json")
+        self.assertEqual(result.returncode, 0, result.stderr)
+        return json.loads(result.stdout)
+
+    def open(self, page):
+        """By the search, as it is the shortest way."""
+        self.start_again()
+        self.has_keyboard(self.window(SETTINGS_TITLE))
+        self.desktop.press("ctrl+f")
+        self.desktop.type_text(page)
+        self.desktop.press("Return")
+
+    def shown(self):
+        return [node.name for node in self.reader.nodes(SETTINGS_TITLE)]
+
+    def tab_to(self, name, of="", key="Tab"):
+        for _ in range(MOST_STOPS):
+            focused = self.reader.focused(SETTINGS_TITLE)
+            if focused and focused.name == name and of in focused.description:
+                return
+            self.desktop.press(key)
+            poll_until(lambda: (now := self.reader.focused(SETTINGS_TITLE))
+                       and (not focused or now.address != focused.address), 2)
+        self.fail(f"no stop is named {name}: {self.shown()}")
+
+    def test_a_mode_is_made_tried_and_given_its_digit(self):
+        self.open("Modes")
+        self.tab_to("Add a mode")
+        self.desktop.press("space")
+        self.tab_to("Name of the mode", key="shift+Tab")
+        self.desktop.press("ctrl+a")
+        self.desktop.type_text("Letters")
+        self.tab_to("Rewritten by")
+        self.desktop.press("End")
+        self.desktop.press("Up")
+        self.wait(lambda: self.command("modes", "show", "Letters").get("provider_id"), 5, "a provider")
+        self.tab_to("Prompt")
+        self.desktop.type_text("Write a letter.")
+        self.tab_to("Prompt", key="shift+Tab")
+        self.wait(lambda: self.command("modes", "show", "Letters")["usable"], 5, "the mode to be ready")
+        self.server.answer = Answer.chat("Dear Anna, may we meet on Wednesday at three?")
+        self.tab_to("Try this prompt")
+        self.desktop.press("space")
+        self.wait(lambda: "Dear Anna, may we meet on Wednesday at three?" in self.shown(), 20, "the letter")
+        self.server.answer = Answer(status=500)
+        self.desktop.press("space")
+        self.wait(lambda: any("500" in name for name in self.shown()), 20, "the error")
+        self.tab_to("Move up", of="Letters", key="shift+Tab")
+        for place in range(len(self.command("modes")) - 2, -1, -1):
+            self.desktop.press("space")
+            self.wait(lambda: self.command("modes")[place]["name"] == "Letters", 5, f"place {place}")
+        self.wait(lambda: self.reader.focused(SETTINGS_TITLE).name == "Move down", 5, "what still can be pressed")
+        self.assertIn("1  Letters", self.shown())
+        self.close(SETTINGS_TITLE)
+        self.vantro.run("modes", "remove", "Letters", "--yes")
+
+    def test_an_application_that_was_clicked_into_gets_paste_keys(self):
+        self.open("Applications")
+        self.desktop.activate(self.editor.window)
+        self.desktop.activate(self.window(SETTINGS_TITLE))
+        self.wait(lambda: "mousepad" in self.shown(), 5, "its name")
+        self.tab_to("mousepad")
+        self.desktop.press("space")
+        self.wait(lambda: self.command("applications"), 5, "its rule")
+        self.tab_to("Paste keys")
+        for keys in ("Ctrl+V", "Ctrl+Shift+V", "Shift+Insert"):
+            self.desktop.press("Down")
+            self.wait(lambda: self.command("applications")[0]["paste_keys"] == keys, 5, keys)
+        self.tab_to("Remove", of="mousepad")
+        self.desktop.press("space")
+        self.wait(lambda: not self.command("applications"), 5, "the removal")
+        self.tab_to("Undo", key="shift+Tab")
+        self.desktop.press("space")
+        self.wait(lambda: self.command("applications"), 5, "it to come back")
+        self.close(SETTINGS_TITLE)
+        self.vantro.run("applications", "remove", "mousepad")
+
+    def test_a_providers_models_are_asked_for_and_chosen(self):
+        self.open("Providers")
+        self.tab_to("Edit", of="House")
+        self.desktop.press("space")
+        self.server.answer = Answer(status=401)
+        self.tab_to("Ask the server", key="shift+Tab")
+        self.desktop.press("space")
+        self.wait(lambda: any("invalid" in name.lower() for name in self.shown()), 20, "the refusal")
+        self.server.answer = Answer(body=json.dumps({"data": [{"id": "tiny"}, {"id": "large"}]}), delay_s=1)
+        self.desktop.press("space")
+        self.assertEqual(self.vantro.status()["state"], "idle", "the program answers meanwhile")
+        self.wait(lambda: any("2 models" in name for name in self.shown()), 20, "the list")
+        self.tab_to("Models it offers", key="shift+Tab")
+        self.desktop.press("End")
+        self.tab_to("Save")
+        self.desktop.press("space")
+        self.wait(lambda: self.command("providers")[-1]["model"] == "tiny", 5, "the model")
+        self.close(SETTINGS_TITLE)
+
+
+if __name__ == "__main__":
+    main()
