@@ -271,7 +271,7 @@
     <name>AudioInputMode</name>
     <message>
         <source>Use system&apos;s default input device</source>
-        <translation>Standardmikrofon des Systems verwenden</translation>
+        <translation>Standardmikrofon des Systems</translation>
     </message>
     <message>
         <source>Select a specific input device</source>

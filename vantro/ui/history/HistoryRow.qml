@@ -16,8 +16,8 @@ Rectangle {
     implicitHeight: words.height + 2 * Theme.space8
     radius: Theme.radiusSmall
     color: chosen ? Theme.accent : hover.hovered ? Theme.surfaceHovered : "transparent"
-    border.width: hasKeyboard ? Theme.focusRing : 0
-    border.color: chosen ? Theme.focusOnAccent : Theme.text
+    border.width: hasKeyboard && !chosen ? Theme.focusRing : 0
+    border.color: Theme.text
 
     Accessible.role: Accessible.ListItem
     Accessible.name: plainLine
@@ -26,6 +26,7 @@ Rectangle {
     Accessible.selectable: true
     Accessible.onPressAction: tapped(Qt.NoModifier)
 
+    VFocusLine { visible: row.hasKeyboard && row.chosen }
     Column {
         id: words
         anchors { left: parent.left; right: parent.right; margins: Theme.space12; verticalCenter: parent.verticalCenter }

@@ -15,8 +15,8 @@ Rectangle {
     implicitHeight: label.implicitHeight + 2 * Theme.space8
     radius: height / 2
     color: chosen ? Theme.accent : "transparent"
-    border.width: activeFocus ? Theme.focusRing : Theme.hairline
-    border.color: activeFocus ? (chosen ? Theme.focusOnAccent : Theme.text) : chosen ? Theme.accent : Theme.control
+    border.width: activeFocus && !chosen ? Theme.focusRing : Theme.hairline
+    border.color: chosen ? Theme.accent : activeFocus ? Theme.text : Theme.control
     activeFocusOnTab: true
 
     Behavior on color {
@@ -29,6 +29,7 @@ Rectangle {
     Accessible.onPressAction: picked()
     Keys.onReturnPressed: picked()
 
+    VFocusLine { visible: pill.activeFocus && pill.chosen }
     VText {
         id: label
         anchors.centerIn: parent

@@ -15,8 +15,8 @@ Rectangle {
     color: secondary ? (tap.pressed ? Theme.surfacePressed : hover.hovered ? Theme.surfaceHovered : Theme.surfaceRaised)
                      : (tap.pressed ? Theme.accentPressed : hover.hovered ? Theme.accentHovered : Theme.accent)
     activeFocusOnTab: true
-    border.width: activeFocus ? Theme.focusRing : secondary ? Theme.hairline : 0
-    border.color: !activeFocus ? Theme.control : secondary ? Theme.text : Theme.focusOnAccent
+    border.width: !secondary ? 0 : activeFocus ? Theme.focusRing : Theme.hairline
+    border.color: activeFocus ? Theme.text : Theme.control
 
     Accessible.role: Accessible.Button
     Accessible.name: text
@@ -32,6 +32,7 @@ Rectangle {
             clicked()
     }
 
+    VFocusLine { visible: button.activeFocus && !button.secondary }
     VText {
         id: label
         anchors.centerIn: parent

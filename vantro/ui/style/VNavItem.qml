@@ -13,14 +13,13 @@ Rectangle {
     implicitHeight: label.implicitHeight + 2 * Theme.space8
     radius: Theme.radiusSmall
     color: current ? Theme.accent : hover.hovered ? Theme.surfaceHovered : "transparent"
-    border.width: hasKeyboard ? Theme.focusRing : 0
-    border.color: Theme.focusOnAccent
 
     Accessible.role: Accessible.PageTab
     Accessible.name: text
     Accessible.selected: current
     Accessible.onPressAction: picked()
 
+    VFocusLine { visible: item.hasKeyboard }
     VText {
         id: label
         anchors { left: parent.left; right: parent.right; margins: Theme.space12; verticalCenter: parent.verticalCenter }
