@@ -17,6 +17,7 @@ VCard {
     readonly property bool isOpen: settings.shown === place
     readonly property Item details: loader.item
     signal openWanted(bool open)
+    signal moved
 
     function move(by) {
         if (place + by < 0 || place + by >= count)
@@ -29,6 +30,7 @@ VCard {
             down.forceActiveFocus(Qt.TabFocusReason)
         else if (wasDown && !down.enabled)
             up.forceActiveFocus(Qt.TabFocusReason)
+        moved()
     }
 
     Keys.onPressed: event => {

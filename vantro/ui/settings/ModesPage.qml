@@ -39,6 +39,10 @@ VPage {
             place: index
             count: list.count
             onOpenWanted: open => page.show(open ? place : -1)
+            onMoved: {
+                list.parent.forceLayout() // or it would still be where it was
+                page.reveal(page.Window.activeFocusItem ?? page)
+            }
         }
     }
     VButton {
