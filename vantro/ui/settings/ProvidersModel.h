@@ -128,6 +128,8 @@ private:
     QCoro::Task<> ask(ProviderConfiguration provider, QString key);
     QCoro::Task<> askForModels(ProviderConfiguration provider, QString key);
     void forgetModels();
+    /// Without blanks; nullopt for an empty text.
+    [[nodiscard]] static std::optional<QString> given(const QString& text);
     [[nodiscard]] bool hasKey(const ProviderConfiguration& provider) const;
     [[nodiscard]] bool isListed() const;
     [[nodiscard]] bool showProblems();
