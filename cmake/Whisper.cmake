@@ -28,11 +28,28 @@ function(vantro_add_whisper_source)
     string(APPEND CMAKE_CXX_FLAGS " -fno-sanitize=alignment")
   else()
     # The CPU back end is built once per instruction-set level as a loadable module and the best one is chosen at start-up,
-    # so that the build does not depend on the build machine's processor.
+    # so that a package does not depend on the build machine's processor.
     set(GGML_BACKEND_DL ON)
-    set(GGML_CPU_ALL_VARIANTS ON)
+    vantro_processor_level(level level_options)
+    if(level)
+      set(GGML_CPU_ALL_VARIANTS OFF)
+      foreach(option IN ITEMS SSE42 AVX F16C FMA AVX2 BMI2 AVX_VNNI AVX512 AVX512_VBMI AVX512_VNNI AVX512_BF16
+                              AMX_TILE AMX_INT8 AMX_BF16)
+        set(GGML_${option} OFF)
+      endforeach()
+      foreach(option IN LISTS level_options)
+        set(GGML_${option} ON)
+      endforeach()
+    else()
+      set(GGML_CPU_ALL_VARIANTS ON)
+    endif()
   endif()
+  set(GIT_EXE true) # for a version that is the same with each commit here, and need not be compiled again
   add_subdirectory("${VANTRO_WHISPER_SOURCE}" "${CMAKE_BINARY_DIR}/whisper" EXCLUDE_FROM_ALL SYSTEM)
+  if(level)
+    message(STATUS "Speech is recognised with ggml-cpu-${level}")
+    set_target_properties(ggml-cpu PROPERTIES OUTPUT_NAME ggml-cpu-${level}) # only so the library asks whether it may run
+  endif()
 
   # Races are looked for in who does what and when. The arithmetic in between shows none of that and would take most of the
   # time.
@@ -62,8 +79,12 @@ function(vantro_add_whisper_source)
 
   # GCC 12 miscompiles ggml's AMX tile configuration: quantised models crash on processors with AMX. The variant for
   # those processors keeps everything else.
-  if(TARGET ggml-cpu-sapphirerapids AND CMAKE_C_COMPILER_ID STREQUAL "GNU")
-    target_compile_options(ggml-cpu-sapphirerapids PRIVATE -mno-amx-tile -mno-amx-int8 -mno-amx-bf16)
+  set(amx_module ggml-cpu-sapphirerapids)
+  if(level STREQUAL "sapphirerapids")
+    set(amx_module ggml-cpu)
+  endif()
+  if(TARGET ${amx_module} AND CMAKE_C_COMPILER_ID STREQUAL "GNU")
+    target_compile_options(${amx_module} PRIVATE -mno-amx-tile -mno-amx-int8 -mno-amx-bf16)
   endif()
 endfunction()
 
