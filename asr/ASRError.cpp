@@ -29,4 +29,9 @@ const char* ASRError::what() const noexcept
     return "Speech recognition failed.";
 }
 
+void failLoading(const std::string& detail)
+{
+    throw ASRError(ASRError::Kind::modelLoadFailed, detail);
+}
+
 } // namespace vantro::asr

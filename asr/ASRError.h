@@ -31,4 +31,7 @@ private:
     std::string detail_;
 };
 
+/// Throws modelLoadFailed.
+[[noreturn]] void failLoading(const std::string& detail);
+
 } // namespace vantro::asr

@@ -10,11 +10,11 @@ namespace vantro::asr {
 
 namespace {
 
-constexpr std::size_t tensorsPerLayer = 3;
-constexpr std::size_t nodesPerLayer = 30;
+constexpr std::size_t tensorsPerLstm = 3;
+constexpr std::size_t nodesPerLstm = 30;
 constexpr std::size_t others = 16;
 
-std::size_t layerCount(const ModelFile& file)
+std::size_t lstmCount(const ModelFile& file)
 {
     return static_cast<std::size_t>(file.hyperparameters().predictionLayers);
 }
@@ -28,12 +28,12 @@ ggml_tensor* quarter(ggml_context* context, ggml_tensor* gates, std::int64_t siz
 } // namespace
 
 Decoder::Decoder(const ModelFile& file, kernels::Level cap)
-    : weights_(others + layerCount(file) * tensorsPerLayer, Weights::Place::memory, cap)
+    : weights_(others + lstmCount(file) * tensorsPerLstm, Weights::Place::memory, cap)
     , embedding_(weights_.tensor(file, "decoder.prediction.embed.weight"))
     , startToken_(file.hyperparameters().vocabularySize)
     , size_(file.hyperparameters().predictionSize)
 {
-    for (std::size_t layer = 0; layer < layerCount(file); ++layer) {
+    for (std::size_t layer = 0; layer < lstmCount(file); ++layer) {
         const std::string prefix = "decoder.prediction.dec_rnn.lstm.";
         const std::string suffix = "_l" + std::to_string(layer);
         layers_.push_back({weights_.linear(file, prefix + "weight_ih" + suffix, prefix + "bias_h" + suffix),
@@ -46,7 +46,7 @@ Decoder::Decoder(const ModelFile& file, kernels::Level cap)
 Decoder::Step::Step(const Decoder& decoder, int threads)
     : startToken_(decoder.startToken_)
     , size_(static_cast<std::size_t>(decoder.size_))
-    , graph_(others + decoder.layers_.size() * nodesPerLayer)
+    , graph_(others + decoder.layers_.size() * nodesPerLstm)
     , runner_(threads)
 {
     ggml_context* context = graph_.context();

@@ -13,7 +13,7 @@ constexpr std::size_t nodesAround = 100;
 /// Of 15 s, the longest window.
 constexpr std::int64_t maximumFrames = 188;
 
-std::size_t layerCount(const ModelSource& file)
+std::size_t encoderLayers(const ModelSource& file)
 {
     return static_cast<std::size_t>(file.encoderParameters().layerCount);
 }
@@ -21,7 +21,7 @@ std::size_t layerCount(const ModelSource& file)
 } // namespace
 
 Encoder::Encoder(const ModelSource& file, kernels::Level cap)
-    : weights_(nodesAround + layerCount(file) * tensorsPerLayer, Weights::Place::file, cap)
+    : weights_(nodesAround + encoderLayers(file) * tensorsPerLayer, Weights::Place::file, cap)
     , subsampling_(file, weights_)
     , stateSize_(file.encoderParameters().stateSize)
 {

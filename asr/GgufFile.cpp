@@ -16,9 +16,9 @@ namespace {
 constexpr std::uint32_t magic = 0x46554747; // "GGUF"
 constexpr std::uint32_t version = 3;
 constexpr std::uint64_t maximumKeyBytes = 256;
-constexpr std::uint64_t maximumNameBytes = 64;
+constexpr std::uint64_t maximumGgufNameBytes = 64;
 constexpr std::uint64_t maximumTextBytes = 1 << 16;
-constexpr std::uint64_t maximumPieceBytes = 1024;
+constexpr std::uint64_t maximumGgufPieceBytes = 1024;
 constexpr std::uint64_t defaultAlignment = 32;
 // A pair has at least its key's length, type and a byte; a tensor its name's length, dimensions, type and offset.
 constexpr std::uint64_t smallestPair = 13;
@@ -49,11 +49,6 @@ std::uint64_t sizeOf(std::uint32_t type)
 
 const std::string prefix = "parakeet-ctc.";
 
-[[noreturn]] void fail(const std::string& detail)
-{
-    throw ASRError(ASRError::Kind::modelLoadFailed, detail);
-}
-
 std::uint64_t aligned(std::uint64_t position, std::uint64_t alignment)
 {
     return (position + alignment - 1) / alignment * alignment;
@@ -64,13 +59,13 @@ std::uint64_t aligned(std::uint64_t position, std::uint64_t alignment)
 GgufFile::GgufFile(const std::filesystem::path& path) : ModelSource(path)
 {
     if (in_.read<std::uint32_t>("the header") != magic)
-        fail("the file is not a GGUF file");
+        failLoading("the file is not a GGUF file");
     if (in_.read<std::uint32_t>("the header") != version)
-        fail("the file has another version of GGUF than 3");
+        failLoading("the file has another version of GGUF than 3");
     const auto tensorCount = in_.read<std::uint64_t>("the header");
     const auto pairCount = in_.read<std::uint64_t>("the header");
     if (pairCount > in_.remaining() / smallestPair || tensorCount > in_.remaining() / smallestTensor)
-        fail("the header announces more than the file can contain");
+        failLoading("the header announces more than the file can contain");
     for (std::uint64_t i = 0; i < pairCount; ++i)
         readPair();
     readParameters();
@@ -96,7 +91,7 @@ void GgufFile::readPair()
     const auto type = in_.read<std::uint32_t>("a value");
     Value value = type == arrayValue ? readArray() : readValue(type);
     if (!pairs_.emplace(key, std::move(value)).second)
-        fail("the key " + key + " occurs twice");
+        failLoading("the key " + key + " occurs twice");
 }
 
 template <typename Stored, typename Kept>
@@ -132,7 +127,7 @@ GgufFile::Value GgufFile::readValue(std::uint32_t type)
     case stringValue:
         return in_.text(in_.read<std::uint64_t>("a text"), maximumTextBytes, "a text");
     default:
-        fail("a value has an unknown type");
+        failLoading("a value has an unknown type");
     }
 }
 
@@ -145,16 +140,16 @@ GgufFile::Value GgufFile::readArray()
         return in_.floats(count, "an array");
     if (type == stringValue) {
         if (count > in_.remaining() / sizeof(std::uint64_t))
-            fail("the file ends inside an array");
+            failLoading("the file ends inside an array");
         std::vector<std::string> texts;
         for (std::uint64_t i = 0; i < count; ++i)
-            texts.push_back(in_.text(in_.read<std::uint64_t>("a text"), maximumPieceBytes, "an array"));
+            texts.push_back(in_.text(in_.read<std::uint64_t>("a text"), maximumGgufPieceBytes, "an array"));
         return texts;
     }
     if (sizeOf(type) == 0)
-        fail("an array has an unknown type");
+        failLoading("an array has an unknown type");
     if (count > in_.remaining() / sizeOf(type))
-        fail("the file ends inside an array");
+        failLoading("the file ends inside an array");
     in_.skip(count * sizeOf(type), "an array");
     return Value();
 }
@@ -164,10 +159,10 @@ const T& GgufFile::value(const std::string& key) const
 {
     const auto found = pairs_.find(key);
     if (found == pairs_.end())
-        fail("the key " + key + " is missing");
+        failLoading("the key " + key + " is missing");
     const T* value = std::get_if<T>(&found->second);
     if (value == nullptr)
-        fail("the value of " + key + " has another type than expected");
+        failLoading("the value of " + key + " has another type than expected");
     return *value;
 }
 
@@ -175,20 +170,20 @@ std::int32_t GgufFile::integer(const std::string& key) const
 {
     const auto number = value<std::int64_t>(key);
     if (number < 0 || number > std::numeric_limits<std::int32_t>::max())
-        fail("the value of " + key + " is out of range");
+        failLoading("the value of " + key + " is out of range");
     return static_cast<std::int32_t>(number);
 }
 
 void GgufFile::requireNumber(const std::string& key, double expected) const
 {
     if (!(std::abs(value<double>(prefix + key) - expected) <= expected * 1e-3))
-        fail("the value of " + prefix + key + " is not supported");
+        failLoading("the value of " + prefix + key + " is not supported");
 }
 
 void GgufFile::readParameters()
 {
     if (value<std::string>("general.architecture") != "parakeet-ctc")
-        fail("the file is a model of another architecture");
+        failLoading("the file is a model of another architecture");
     const auto read = [this](const char* key) {
         return integer(prefix + key);
     };
@@ -205,9 +200,9 @@ void GgufFile::readParameters()
     parameters_.hasBiases = pairs_.contains(prefix + "use_bias") && value<bool>(prefix + "use_bias");
     parameters_.validate();
     if (read("blank_id") != parameters_.vocabularySize)
-        fail("the blank does not follow the text pieces");
+        failLoading("the blank does not follow the text pieces");
     if (read("sample_rate") != 16'000 || read("hop_length") != static_cast<std::int32_t>(Preprocessor::hopSamples))
-        fail("the frames have another length than 10 ms at 16 kHz");
+        failLoading("the frames have another length than 10 ms at 16 kHz");
     requireNumber("preemphasis", 0.97);
     requireNumber("log_guard", 0x1p-24);
     requireNumber("std_guard", 1e-5);
@@ -221,10 +216,10 @@ void GgufFile::readTokenizer()
     scores_ = value<std::vector<float>>("tokenizer.ggml.scores");
     const auto count = static_cast<std::size_t>(parameters_.vocabularySize);
     if (pieces_.size() != count || scores_.size() != count)
-        fail("the number of text pieces does not fit the header");
+        failLoading("the number of text pieces does not fit the header");
     unknownPiece_ = integer("tokenizer.ggml.unknown_token_id");
     if (unknownPiece_ >= parameters_.vocabularySize)
-        fail("the unknown piece is out of range");
+        failLoading("the unknown piece is out of range");
 }
 
 void GgufFile::readTensors(std::uint64_t count)
@@ -233,19 +228,19 @@ void GgufFile::readTensors(std::uint64_t count)
                                ? static_cast<std::uint64_t>(integer("general.alignment"))
                                : defaultAlignment;
     if (alignment < 8 || alignment > 4096 || alignment % 8 != 0)
-        fail("the alignment is out of range");
+        failLoading("the alignment is out of range");
     std::vector<std::pair<std::string, Tensor>> entries;
     std::uint64_t end = 0; // of the data so far, which follow the directory without gaps
     for (std::uint64_t i = 0; i < count; ++i) {
         entries.push_back(readTensorEntry());
         Tensor& tensor = entries.back().second;
         if (tensor.offset != aligned(end, alignment) || tensor.bytes > file().size())
-            fail("the tensor " + entries.back().first + " is not where it should be");
+            failLoading("the tensor " + entries.back().first + " is not where it should be");
         end = tensor.offset + tensor.bytes;
     }
     const std::uint64_t data = aligned(in_.position(), alignment);
     if (file().size() < data + end || file().size() > data + aligned(end, alignment))
-        fail("the tensors do not end where the file does");
+        failLoading("the tensors do not end where the file does");
     for (auto& [name, tensor] : entries) {
         tensor.offset += data;
         addTensor(name, tensor);
@@ -256,10 +251,10 @@ void GgufFile::readTensors(std::uint64_t count)
 std::pair<std::string, ModelSource::Tensor> GgufFile::readTensorEntry()
 {
     const auto nameBytes = in_.read<std::uint64_t>("a tensor's name");
-    std::string name = in_.text(nameBytes, maximumNameBytes, "a tensor's name");
+    std::string name = in_.text(nameBytes, maximumGgufNameBytes, "a tensor's name");
     const auto dimensions = in_.read<std::uint32_t>("a tensor's header");
     if (dimensions > GGML_MAX_DIMS)
-        fail("a tensor has too many dimensions");
+        failLoading("a tensor has too many dimensions");
     std::vector<std::int64_t> extents(dimensions);
     for (std::int64_t& extent : extents)
         extent = in_.read<std::int64_t>("a tensor's header");
@@ -274,13 +269,13 @@ void GgufFile::readFilters()
 {
     const std::int32_t windowSize = integer(prefix + "window_length");
     if (windowSize < 1 || windowSize > parameters_.fftSize)
-        fail("the window does not fit the FFT size");
+        failLoading("the window does not fit the FFT size");
     checkLayout(ctcLayout(parameters_, integer(prefix + "feed_forward_length"), windowSize));
     filterBank_ = readFloats("preprocessor.fb");
     window_ = readFloats("preprocessor.window");
     for (const std::vector<float>* values : {&filterBank_, &window_}) {
         if (!std::ranges::all_of(*values, [](float value) { return std::isfinite(value); }))
-            fail("the filters contain a value that is not finite");
+            failLoading("the filters contain a value that is not finite");
     }
 }
 

@@ -13,11 +13,6 @@ constexpr std::uint64_t maximumNameBytes = 256;
 constexpr std::uint64_t maximumPieceBytes = 1024;
 constexpr std::int32_t maximumDuration = 1000;
 
-[[noreturn]] void fail(const std::string& detail)
-{
-    throw ASRError(ASRError::Kind::modelLoadFailed, detail);
-}
-
 bool isIgnored(const std::string& name)
 {
     return name.ends_with(".num_batches_tracked"); // a training counter
@@ -58,7 +53,7 @@ std::optional<Hyperparameters> ModelFile::headerOf(const std::filesystem::path& 
 void ModelFile::readHeader()
 {
     if (in_.read<std::int32_t>("the header") != containerMagic)
-        fail("the file is not a ggml model container");
+        failLoading("the file is not a ggml model container");
     const std::array<std::int32_t Hyperparameters::*, 15> fields = {
         &Hyperparameters::vocabularySize,    &Hyperparameters::audioContext,
         &Hyperparameters::stateSize,         &Hyperparameters::headCount,
@@ -78,25 +73,25 @@ void ModelFile::readFilters()
     const auto bands = in_.read<std::int32_t>("the filter bank");
     const auto bins = in_.read<std::int32_t>("the filter bank");
     if (bands != parameters_.melBands || bins != parameters_.frequencyBins())
-        fail("the filter bank does not fit the header");
+        failLoading("the filter bank does not fit the header");
     filterBank_ = in_.floats(static_cast<std::uint64_t>(bands) * static_cast<std::uint64_t>(bins), "the filter bank");
 
     const auto windowSize = in_.read<std::int32_t>("the window");
     if (windowSize < 1 || windowSize > parameters_.fftSize)
-        fail("the window does not fit the FFT size");
+        failLoading("the window does not fit the FFT size");
     window_ = in_.floats(static_cast<std::uint64_t>(windowSize), "the window");
 
     for (std::int32_t i = 0; i < parameters_.durationCount; ++i) {
         durations_.push_back(in_.read<std::int32_t>("the durations"));
         if (durations_.back() < 0 || durations_.back() > maximumDuration)
-            fail("a duration is out of range");
+            failLoading("a duration is out of range");
     }
 }
 
 void ModelFile::readVocabulary()
 {
     if (in_.read<std::int32_t>("the text pieces") != parameters_.vocabularySize)
-        fail("the number of text pieces does not fit the header");
+        failLoading("the number of text pieces does not fit the header");
     for (std::int32_t i = 0; i < parameters_.vocabularySize; ++i) {
         const std::uint64_t length = lengthOf(in_.read<std::int32_t>("the text pieces"));
         pieces_.push_back(in_.text(length, maximumPieceBytes, "the list of text pieces"));
@@ -115,7 +110,7 @@ void ModelFile::readTensorEntry()
     const std::uint64_t nameBytes = lengthOf(in_.read<std::int32_t>("a tensor's header"));
     const auto type = in_.read<std::int32_t>("a tensor's header");
     if (dimensions < 0 || dimensions > GGML_MAX_DIMS || nameBytes < 1)
-        fail("a tensor's header is damaged");
+        failLoading("a tensor's header is damaged");
     std::vector<std::int64_t> extents(static_cast<std::size_t>(dimensions));
     for (std::int64_t& extent : extents)
         extent = in_.read<std::int32_t>("a tensor's header");

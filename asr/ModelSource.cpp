@@ -8,11 +8,6 @@ namespace {
 
 constexpr std::int64_t maximumDimension = 1 << 24;
 
-[[noreturn]] void fail(const std::string& detail)
-{
-    throw ASRError(ASRError::Kind::modelLoadFailed, detail);
-}
-
 /// The others are no numbers at all, or only occur within ggml's arithmetic.
 bool isUsableMatrixType(ggml_type type)
 {
@@ -24,12 +19,12 @@ bool isUsableMatrixType(ggml_type type)
 void ModelSource::setShape(Tensor& tensor, std::span<const std::int64_t> extents) const
 {
     if (extents.size() > GGML_MAX_DIMS)
-        fail("a tensor has too many dimensions");
+        failLoading("a tensor has too many dimensions");
     std::uint64_t elements = 1;
     for (std::size_t i = 0; i < extents.size(); ++i) {
         // Each factor has 24 bits, so the product exceeds any file size before it can overflow.
         if (extents[i] < 1 || extents[i] > maximumDimension || elements > file_.size())
-            fail("a tensor's dimension is out of range");
+            failLoading("a tensor's dimension is out of range");
         tensor.shape.at(i) = extents[i];
         elements *= static_cast<std::uint64_t>(extents[i]);
     }
@@ -38,11 +33,11 @@ void ModelSource::setShape(Tensor& tensor, std::span<const std::int64_t> extents
 void ModelSource::setType(Tensor& tensor, std::int64_t type, const std::string& name)
 {
     if (type < 0 || type >= GGML_TYPE_COUNT || ggml_blck_size(static_cast<ggml_type>(type)) == 0)
-        fail("the tensor " + name + " has an unknown type");
+        failLoading("the tensor " + name + " has an unknown type");
     tensor.type = static_cast<ggml_type>(type);
     const std::int64_t block = ggml_blck_size(tensor.type);
     if (tensor.shape[0] % block != 0)
-        fail("the tensor " + name + " has a row length that does not fit its type");
+        failLoading("the tensor " + name + " has a row length that does not fit its type");
     std::uint64_t elements = 1;
     for (const std::int64_t extent : tensor.shape)
         elements *= static_cast<std::uint64_t>(extent);
@@ -52,7 +47,7 @@ void ModelSource::setType(Tensor& tensor, std::int64_t type, const std::string& 
 void ModelSource::addTensor(const std::string& name, const Tensor& tensor)
 {
     if (!tensors_.emplace(name, tensor).second)
-        fail("the tensor " + name + " occurs twice");
+        failLoading("the tensor " + name + " occurs twice");
 }
 
 void ModelSource::checkLayout(std::span<const TensorLayout> layout) const
@@ -60,26 +55,26 @@ void ModelSource::checkLayout(std::span<const TensorLayout> layout) const
     for (const TensorLayout& expected : layout) {
         const Tensor& found = tensor(expected.name);
         if (found.shape != expected.shape)
-            fail("the tensor " + expected.name + " does not have the shape the header announces");
+            failLoading("the tensor " + expected.name + " does not have the shape the header announces");
         if (expected.isMatrix ? !isUsableMatrixType(found.type) : found.type != GGML_TYPE_F32)
-            fail("the tensor " + expected.name + " has an unsupported type");
+            failLoading("the tensor " + expected.name + " has an unsupported type");
     }
     if (layout.size() != tensors_.size())
-        fail("the file contains tensors that are not part of this architecture");
+        failLoading("the file contains tensors that are not part of this architecture");
 }
 
 const ModelSource::Tensor& ModelSource::tensor(const std::string& name) const
 {
     const auto found = tensors_.find(name);
     if (found == tensors_.end())
-        fail("the tensor " + name + " is missing");
+        failLoading("the tensor " + name + " is missing");
     return found->second;
 }
 
 void ModelSource::read(const Tensor& tensor, std::uint64_t skipped, std::span<std::byte> target) const
 {
     if (!file_.read(tensor.offset + skipped, target))
-        fail("the file ends inside a tensor");
+        failLoading("the file ends inside a tensor");
 }
 
 std::vector<float> ModelSource::readFloats(const std::string& name) const

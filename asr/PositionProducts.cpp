@@ -10,7 +10,7 @@ namespace vantro::asr {
 
 namespace {
 
-constexpr std::size_t nodesPerLayer = 4;
+constexpr std::size_t nodesPerProduct = 4;
 
 /// The sinusoids of a distance in frames (Transformer-XL, arXiv:1901.02860).
 void appendPosition(std::int64_t distance, std::int64_t stateSize, std::vector<float>& values)
@@ -59,7 +59,7 @@ void PositionProducts::require(std::int64_t frames, std::span<const EncoderLayer
         distances.push_back(distance);
         appendPosition(distance, stateSize_, values);
     }
-    Graph graph(nodesPerLayer * (layers.size() + 1));
+    Graph graph(nodesPerProduct * (layers.size() + 1));
     ggml_tensor* input = graph.input(stateSize_, std::ssize(distances));
     Activations positions(graph.context(), input);
     std::vector<ggml_tensor*> results;

@@ -9,15 +9,6 @@
 
 namespace vantro::asr {
 
-namespace {
-
-[[noreturn]] void fail(const std::string& detail)
-{
-    throw ASRError(ASRError::Kind::modelLoadFailed, detail);
-}
-
-} // namespace
-
 /// Serves small values from a read-ahead block.
 void SequentialReader::bytes(void* target, std::uint64_t length, const char* what)
 {
@@ -33,14 +24,14 @@ void SequentialReader::bytes(void* target, std::uint64_t length, const char* wha
         std::memcpy(target, ahead_.data() + (position_ - aheadBegin_), length);
     }
     if (!isRead)
-        fail(std::string("the file ends inside ") + what);
+        failLoading(std::string("the file ends inside ") + what);
     position_ += length;
 }
 
 std::string SequentialReader::text(std::uint64_t length, std::uint64_t maximum, const char* what)
 {
     if (length > std::min(maximum, remaining()))
-        fail(std::string(what) + " contains a text that is too long");
+        failLoading(std::string(what) + " contains a text that is too long");
     std::string text(length, '\0');
     bytes(text.data(), length, what);
     return text;
@@ -49,18 +40,18 @@ std::string SequentialReader::text(std::uint64_t length, std::uint64_t maximum, 
 std::vector<float> SequentialReader::floats(std::uint64_t count, const char* what)
 {
     if (count > remaining() / sizeof(float))
-        fail(std::string("the file ends inside ") + what);
+        failLoading(std::string("the file ends inside ") + what);
     std::vector<float> values(count);
     bytes(values.data(), count * sizeof(float), what);
     if (!std::ranges::all_of(values, [](float value) { return std::isfinite(value); }))
-        fail(std::string(what) + " contains a value that is not finite");
+        failLoading(std::string(what) + " contains a value that is not finite");
     return values;
 }
 
 void SequentialReader::skip(std::uint64_t length, const char* what)
 {
     if (length > remaining())
-        fail(std::string("the file ends inside ") + what);
+        failLoading(std::string("the file ends inside ") + what);
     position_ += length;
 }
 

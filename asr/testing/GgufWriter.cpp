@@ -14,10 +14,10 @@ namespace {
 
 constexpr std::uint64_t alignment = 32;
 
-class Writer
+class GgufOutput
 {
 public:
-    explicit Writer(const std::filesystem::path& path) : out_(path, std::ios::binary)
+    explicit GgufOutput(const std::filesystem::path& path) : out_(path, std::ios::binary)
     {
         out_.exceptions(std::ios::failbit | std::ios::badbit);
     }
@@ -45,7 +45,7 @@ private:
     std::ofstream out_;
 };
 
-void writeValue(Writer& writer, const GgufValue& value)
+void writeValue(GgufOutput& writer, const GgufValue& value)
 {
     constexpr std::uint32_t texts = 8;
     constexpr std::uint32_t arrays = 9;
@@ -84,7 +84,7 @@ struct NamedTensor
 void writeFile(const std::filesystem::path& path, const std::map<std::string, GgufValue>& pairs,
                std::span<const NamedTensor> tensors)
 {
-    Writer writer(path);
+    GgufOutput writer(path);
     writer.number<std::uint32_t>(0x46554747); // "GGUF"
     writer.number<std::uint32_t>(3);
     writer.number<std::uint64_t>(tensors.size());

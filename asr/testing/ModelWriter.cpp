@@ -17,10 +17,10 @@ namespace {
 constexpr std::int32_t containerMagic = 0x67676d6c;
 constexpr std::int32_t windowSize = 400;
 
-class Writer
+class ModelOutput
 {
 public:
-    explicit Writer(const std::filesystem::path& path) : file_(path, std::ios::binary)
+    explicit ModelOutput(const std::filesystem::path& path) : file_(path, std::ios::binary)
     {
         file_.exceptions(std::ios::failbit | std::ios::badbit);
     }
@@ -53,7 +53,7 @@ std::int32_t fileTypeOf(ggml_type type)
     }
 }
 
-void writeHeader(Writer& writer, const Hyperparameters& p, ggml_type type)
+void writeHeader(ModelOutput& writer, const Hyperparameters& p, ggml_type type)
 {
     writer.integer(containerMagic);
     for (const std::int32_t value :
@@ -63,7 +63,7 @@ void writeHeader(Writer& writer, const Hyperparameters& p, ggml_type type)
         writer.integer(value);
 }
 
-void writeFilters(Writer& writer, const Hyperparameters& p)
+void writeFilters(ModelOutput& writer, const Hyperparameters& p)
 {
     writer.integer(p.melBands);
     writer.integer(p.frequencyBins());
@@ -74,7 +74,7 @@ void writeFilters(Writer& writer, const Hyperparameters& p)
         writer.integer(i);
 }
 
-void writePieces(Writer& writer, const Hyperparameters& p)
+void writePieces(ModelOutput& writer, const Hyperparameters& p)
 {
     writer.integer(p.vocabularySize);
     for (std::int32_t i = 0; i < p.vocabularySize; ++i) {
@@ -91,7 +91,7 @@ void favourBlanks(std::vector<float>& outputBias, const Hyperparameters& p)
     outputBias.back() = 1.5F;
 }
 
-void writeTensor(Writer& writer, const TensorLayout& tensor, std::span<const float> values, ggml_type matrixType)
+void writeTensor(ModelOutput& writer, const TensorLayout& tensor, std::span<const float> values, ggml_type matrixType)
 {
     const PackedTensor stored = packed(tensor, values, matrixType);
     writer.integer(tensor.dimensions);
@@ -109,7 +109,7 @@ std::size_t tensorHeaderBytes(const TensorLayout& tensor)
 }
 
 /// The training counter that the converter writes after every running variance.
-void writeBatchCounter(Writer& writer, const std::string& variance)
+void writeBatchCounter(ModelOutput& writer, const std::string& variance)
 {
     const std::string name = variance.substr(0, variance.rfind('.')) + ".num_batches_tracked";
     writer.integer(0);
@@ -144,7 +144,7 @@ Hyperparameters publishedShape(std::int32_t vocabularySize)
 void writeRandomModel(const std::filesystem::path& path, const Hyperparameters& parameters, ggml_type matrixType,
                       std::uint32_t seed)
 {
-    Writer writer(path);
+    ModelOutput writer(path);
     std::minstd_rand random(seed);
     writeHeader(writer, parameters, matrixType);
     writeFilters(writer, parameters);
@@ -167,7 +167,7 @@ void writeRequantised(const std::filesystem::path& path, const std::filesystem::
     const TensorLayout& first = layout.front();
     std::vector<char> beginning(model.tensor(first.name).offset - tensorHeaderBytes(first));
     std::ifstream(source, std::ios::binary).read(beginning.data(), std::ssize(beginning));
-    Writer writer(path);
+    ModelOutput writer(path);
     writer.values<char>(beginning);
     for (const TensorLayout& tensor : layout)
         writeTensor(writer, tensor, model.readFloats(tensor.name), matrixType);

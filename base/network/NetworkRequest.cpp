@@ -8,7 +8,7 @@ namespace vantro {
 
 namespace {
 
-constexpr int mostRedirects = 10;
+constexpr int mostRedirectsFollowed = 10;
 
 /// A no-op without SSL_CERT_FILE, so that Qt loads the system's certificates only on demand.
 void trustUsersAuthorities(QNetworkRequest& request)
@@ -32,7 +32,7 @@ QNetworkRequest network::request(const QUrl& url)
     QNetworkRequest request(url);
     request.setHeader(QNetworkRequest::UserAgentHeader, QStringLiteral("vantro/" VANTRO_VERSION));
     request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::NoLessSafeRedirectPolicy);
-    request.setMaximumRedirectsAllowed(mostRedirects);
+    request.setMaximumRedirectsAllowed(mostRedirectsFollowed);
     request.setAttribute(QNetworkRequest::CookieLoadControlAttribute, QNetworkRequest::Manual);
     request.setAttribute(QNetworkRequest::CookieSaveControlAttribute, QNetworkRequest::Manual);
     // HTTP/2 gains nothing for one long stream or one request at a time.

@@ -12,7 +12,7 @@ namespace vantro {
 
 namespace {
 
-constexpr qint64 chunkBytes = 1'048'576;
+constexpr qint64 hashedAtOnceBytes = 1'048'576;
 
 struct DigestDeleter
 {
@@ -30,9 +30,9 @@ QString digestOf(QFile& file, const EVP_MD* algorithm)
     if (!digest || EVP_DigestInit_ex(digest.get(), algorithm, nullptr) != 1)
         throw Error(QStringLiteral("%1 is disabled on this system, so model files cannot be verified")
                         .arg(QLatin1String(EVP_MD_get0_name(algorithm))));
-    std::vector<char> chunk(chunkBytes);
+    std::vector<char> chunk(hashedAtOnceBytes);
     qint64 count = 0;
-    while ((count = file.read(chunk.data(), chunkBytes)) > 0)
+    while ((count = file.read(chunk.data(), hashedAtOnceBytes)) > 0)
         EVP_DigestUpdate(digest.get(), chunk.data(), static_cast<std::size_t>(count));
     if (count < 0)
         throw unreadable(file);

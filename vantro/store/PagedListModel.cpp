@@ -14,7 +14,7 @@ namespace {
 constexpr qint64 newestEnd = std::numeric_limits<qint64>::max();
 constexpr qint64 oldestEnd = std::numeric_limits<qint64>::min();
 /// The list is reset if more rows than this are added to a page at once.
-constexpr int manyRows = 4 * PagedListModel::pageRows;
+constexpr int mostRowsAdded = 4 * PagedListModel::pageRows;
 
 } // namespace
 
@@ -236,7 +236,7 @@ void PagedListModel::anyRowChanged()
 void PagedListModel::compare(std::size_t page)
 {
     const int now = count(pages_[page].range);
-    if (now > pages_[page].count + manyRows) {
+    if (now > pages_[page].count + mostRowsAdded) {
         reload();
         return;
     }

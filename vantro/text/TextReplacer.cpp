@@ -149,7 +149,7 @@ bool isDoubled(const QString& text, QLatin1Char mark)
 
 /// Cleans up after a deleted word: double spaces and commas, spaces before punctuation. Checks before rewriting,
 /// because most texts need nothing.
-QString tidied(QString text)
+QString withTidyPunctuation(QString text)
 {
     constexpr auto unicode = QRegularExpression::UseUnicodePropertiesOption;
     static const QRegularExpression commas(QStringLiteral(",\\s*,"), unicode);
@@ -179,7 +179,7 @@ QString replaced(const QString& text, const QString& find, const QString& replac
         copied = match.end;
     }
     result += QStringView(text).sliced(copied);
-    return replace.isEmpty() ? tidied(std::move(result)) : result;
+    return replace.isEmpty() ? withTidyPunctuation(std::move(result)) : result;
 }
 
 } // namespace

@@ -18,7 +18,7 @@ struct Daemon
 constexpr Daemon daemons[] = {{"org.freedesktop.UPower.PowerProfiles", "/org/freedesktop/UPower/PowerProfiles"},
                               {"net.hadess.PowerProfiles", "/net/hadess/PowerProfiles"}};
 
-const QString properties = QStringLiteral("org.freedesktop.DBus.Properties");
+const QString propertiesInterface = QStringLiteral("org.freedesktop.DBus.Properties");
 
 } // namespace
 
@@ -30,9 +30,10 @@ PowerProfiles::PowerProfiles()
     for (const Daemon& daemon : daemons) {
         const QString name = QLatin1String(daemon.name);
         const QString path = QLatin1String(daemon.path);
-        bus.connect(name, path, properties, QStringLiteral("PropertiesChanged"), this,
+        bus.connect(name, path, propertiesInterface, QStringLiteral("PropertiesChanged"), this,
                     SLOT(propertiesChanged(QString, QVariantMap, QStringList)));
-        QDBusMessage question = QDBusMessage::createMethodCall(name, path, properties, QStringLiteral("GetAll"));
+        QDBusMessage question =
+            QDBusMessage::createMethodCall(name, path, propertiesInterface, QStringLiteral("GetAll"));
         question.setArguments({name});
         question.setAutoStartService(false); // one that does not run has no profile to follow
         auto* const answer = new QDBusPendingCallWatcher(bus.asyncCall(question), this);

@@ -20,8 +20,8 @@ using Offer = zwlr_data_control_offer_v1;
 using Source = zwlr_data_control_source_v1;
 using TimePoint = std::chrono::steady_clock::time_point;
 
-constexpr std::uint32_t managerVersion = 2; ///< the first with the primary selection
-constexpr auto patience = 300ms;
+constexpr std::uint32_t dataControlVersion = 2; ///< the first with the primary selection
+constexpr auto fetchPatience = 300ms;
 constexpr auto backgroundPatience = 1000ms;
 constexpr qsizetype mostBytes = qsizetype{32} * 1024 * 1024;
 constexpr std::array textTypes{"text/plain;charset=utf-8", "UTF8_STRING", "text/plain", "TEXT", "STRING"};
@@ -86,7 +86,7 @@ struct ClipboardWorker::Callbacks
 
 ClipboardWorker::ClipboardWorker()
     : manager_(static_cast<zwlr_data_control_manager_v1*>(
-          connection_.bind(zwlr_data_control_manager_v1_interface, managerVersion)))
+          connection_.bind(zwlr_data_control_manager_v1_interface, dataControlVersion)))
 {
     if (manager_ == nullptr || connection_.seat() == nullptr)
         return;
@@ -223,7 +223,7 @@ std::optional<QByteArray> ClipboardWorker::text(Selection selection)
     }
     for (const char* const type : textTypes) {
         if (contains(state.offered.mimeTypes, type))
-            return fetch(state.offered.offer, type, std::chrono::steady_clock::now() + patience, mostBytes);
+            return fetch(state.offered.offer, type, std::chrono::steady_clock::now() + fetchPatience, mostBytes);
     }
     return std::nullopt;
 }
@@ -234,7 +234,7 @@ bool ClipboardWorker::isSecret(Selection selection)
     if (state.source != nullptr)
         return formatOf(*state.ours, secretType) != nullptr;
     return contains(state.offered.mimeTypes, secretType) &&
-           fetch(state.offered.offer, secretType, std::chrono::steady_clock::now() + patience, mostBytes) ==
+           fetch(state.offered.offer, secretType, std::chrono::steady_clock::now() + fetchPatience, mostBytes) ==
                QByteArray(secretValue);
 }
 
@@ -256,7 +256,7 @@ std::shared_ptr<const ClipboardContents> ClipboardWorker::contents(Selection sel
         return state.ours;
     auto fetched = std::exchange(state.fetched, nullptr);
     if (!fetched || state.fetchedFrom != state.offered.offer)
-        fetched = fetchAll(state.offered, patience);
+        fetched = fetchAll(state.offered, fetchPatience);
     return fetched && !fetched->formats.empty() ? fetched : nullptr;
 }
 

@@ -9,7 +9,7 @@ namespace vantro {
 
 namespace {
 
-using Handle = org_kde_plasma_window;
+using PlasmaHandle = org_kde_plasma_window;
 using Management = org_kde_plasma_window_management;
 
 constexpr std::uint32_t managementVersion = 4; ///< later ones name windows in other ways
@@ -24,32 +24,32 @@ struct PlasmaToplevels::Callbacks
     static void window(void* data, Management* management, std::uint32_t number)
     {
         static const org_kde_plasma_window_listener listener = windowListener();
-        Handle* const handle = org_kde_plasma_window_management_get_window(management, number);
+        PlasmaHandle* const handle = org_kde_plasma_window_management_get_window(management, number);
         self(data).add(handle);
         org_kde_plasma_window_add_listener(handle, &listener, data);
     }
-    static void title(void* data, Handle* handle, const char* text)
+    static void title(void* data, PlasmaHandle* handle, const char* text)
     {
         self(data).windowOf(handle).pending.title = QString::fromUtf8(text);
         publish(data, handle);
     }
-    static void appId(void* data, Handle* handle, const char* text)
+    static void appId(void* data, PlasmaHandle* handle, const char* text)
     {
         self(data).windowOf(handle).pending.appId = QString::fromUtf8(text);
         publish(data, handle);
     }
-    static void state(void* data, Handle* handle, std::uint32_t flags)
+    static void state(void* data, PlasmaHandle* handle, std::uint32_t flags)
     {
         self(data).windowOf(handle).pending.isActivated = (flags & active) != 0;
         publish(data, handle);
     }
-    static void publish(void* data, Handle* handle)
+    static void publish(void* data, PlasmaHandle* handle)
     {
         Window& window = self(data).windowOf(handle);
         window.present = window.pending;
         Q_EMIT self(data).changed();
     }
-    static void unmapped(void* data, Handle* handle)
+    static void unmapped(void* data, PlasmaHandle* handle)
     {
         self(data).remove(handle);
         org_kde_plasma_window_destroy(handle);
@@ -64,11 +64,11 @@ struct PlasmaToplevels::Callbacks
         listener.app_id_changed = appId;
         listener.state_changed = state;
         listener.unmapped = unmapped;
-        listener.virtual_desktop_changed = [](void*, Handle*, std::int32_t) {
+        listener.virtual_desktop_changed = [](void*, PlasmaHandle*, std::int32_t) {
         };
-        listener.themed_icon_name_changed = [](void*, Handle*, const char*) {
+        listener.themed_icon_name_changed = [](void*, PlasmaHandle*, const char*) {
         };
-        listener.initial_state = [](void*, Handle*) {
+        listener.initial_state = [](void*, PlasmaHandle*) {
         };
         return listener;
     }
@@ -102,13 +102,13 @@ PlasmaToplevels::PlasmaToplevels(WaylandConnection& connection)
 PlasmaToplevels::~PlasmaToplevels()
 {
     for (const auto& window : windows())
-        org_kde_plasma_window_destroy(static_cast<Handle*>(window->handle));
+        org_kde_plasma_window_destroy(static_cast<PlasmaHandle*>(window->handle));
     org_kde_plasma_window_management_destroy(management_);
 }
 
 void PlasmaToplevels::activate(WindowID id)
 {
-    auto* const handle = static_cast<Handle*>(handleOf(id));
+    auto* const handle = static_cast<PlasmaHandle*>(handleOf(id));
     if (handle == nullptr || !connection_.isOpen())
         return;
     org_kde_plasma_window_set_state(handle, active, active);

@@ -17,7 +17,7 @@ namespace vantro {
 
 namespace {
 
-constexpr std::uint32_t managerVersion = 1;
+constexpr std::uint32_t virtualKeyboardVersion = 1;
 constexpr std::uint32_t fakeInputVersion = 4; ///< the first with keys
 
 /// With the terminating zero, as the protocol wants it; empty if the keyboard data are not installed.
@@ -47,7 +47,7 @@ class VirtualKeyboard final : public WaylandKeyboard
 public:
     explicit VirtualKeyboard(WaylandConnection& connection)
         : manager_(static_cast<zwp_virtual_keyboard_manager_v1*>(
-              connection.bind(zwp_virtual_keyboard_manager_v1_interface, managerVersion)))
+              connection.bind(zwp_virtual_keyboard_manager_v1_interface, virtualKeyboardVersion)))
         , keyboard_(zwp_virtual_keyboard_manager_v1_create_virtual_keyboard(manager_, connection.seat()))
     {
         // At once: programs must have noticed a keyboard before they listen to it.

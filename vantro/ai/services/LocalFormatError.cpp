@@ -6,7 +6,7 @@ namespace vantro {
 
 namespace {
 
-QString describe(LocalFormatError::Kind kind)
+QString describeLocal(LocalFormatError::Kind kind)
 {
     switch (kind) {
     case LocalFormatError::Kind::generationFailed:
@@ -25,7 +25,7 @@ QString describe(LocalFormatError::Kind kind)
 
 } // namespace
 
-LocalFormatError::LocalFormatError(Kind kind) : LocalFormatError(kind, describe(kind), {}) {}
+LocalFormatError::LocalFormatError(Kind kind) : LocalFormatError(kind, describeLocal(kind), {}) {}
 
 LocalFormatError::LocalFormatError(Kind kind, const QString& description, const QString& detail)
     : Error(description)
@@ -36,7 +36,7 @@ LocalFormatError::LocalFormatError(Kind kind, const QString& description, const 
 
 LocalFormatError LocalFormatError::generationFailed(const QString& detail)
 {
-    return {Kind::generationFailed, describe(Kind::generationFailed) + detail, detail};
+    return {Kind::generationFailed, describeLocal(Kind::generationFailed) + detail, detail};
 }
 
 } // namespace vantro

@@ -4,7 +4,7 @@ namespace vantro {
 
 namespace {
 
-QString describe(RemoteFormatError::Kind kind)
+QString describeRemote(RemoteFormatError::Kind kind)
 {
     switch (kind) {
     case RemoteFormatError::Kind::networkError:
@@ -27,7 +27,7 @@ QString describe(RemoteFormatError::Kind kind)
 
 } // namespace
 
-RemoteFormatError::RemoteFormatError(Kind kind) : RemoteFormatError(kind, describe(kind)) {}
+RemoteFormatError::RemoteFormatError(Kind kind) : RemoteFormatError(kind, describeRemote(kind)) {}
 
 RemoteFormatError RemoteFormatError::strayAddress(const QString& provider, const QString& address)
 {
@@ -39,12 +39,12 @@ RemoteFormatError RemoteFormatError::strayAddress(const QString& provider, const
 
 RemoteFormatError RemoteFormatError::networkError(const QString& message)
 {
-    return {Kind::networkError, describe(Kind::networkError) + message};
+    return {Kind::networkError, describeRemote(Kind::networkError) + message};
 }
 
 RemoteFormatError RemoteFormatError::apiError(int status, const std::optional<QString>& message)
 {
-    return {Kind::apiError, describe(Kind::apiError).arg(status) + message.value_or(tr("Unknown error"))};
+    return {Kind::apiError, describeRemote(Kind::apiError).arg(status) + message.value_or(tr("Unknown error"))};
 }
 
 RemoteFormatError RemoteFormatError::refusedParameter(int status, const QString& message, const QString& parameter)
