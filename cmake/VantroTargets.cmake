@@ -8,7 +8,8 @@ if(VANTRO_WARNINGS_AS_ERRORS)
 endif()
 target_compile_definitions(vantro_settings INTERFACE
   QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS QT_NO_NARROWING_CONVERSIONS_IN_CONNECT
-  VANTRO_VERSION="${PROJECT_VERSION}")
+  VANTRO_VERSION="${PROJECT_VERSION}"
+  _REENTRANT) # as PulseAudio's and GLib's flags have it: precompiled headers serve only where it is the same
 if(VANTRO_SANITIZE)
   # With sanitizers, GCC reports false positives for std::optional.
   target_compile_options(vantro_settings INTERFACE -Wno-maybe-uninitialized)
@@ -17,12 +18,15 @@ if(VANTRO_ASSERTIONS)
   target_compile_options(vantro_settings INTERFACE -UNDEBUG)
 endif()
 
-# vantro_room(NAME SOURCES ... LINK ... [PRIVATE_LINK ...]): a static library for one folder of the tree.
-# LINK: needed by the public headers; PRIVATE_LINK: needed by the sources only.
+# vantro_room(NAME SOURCES ... LINK ... [PRIVATE_LINK ...] [NO_QT]): a static library for one folder of the tree.
+# LINK: needed by the public headers; PRIVATE_LINK: needed by the sources only; NO_QT: for a room that knows nothing of Qt.
 function(vantro_room name)
-  cmake_parse_arguments(ARG "" "" "SOURCES;LINK;PRIVATE_LINK" ${ARGN})
+  cmake_parse_arguments(ARG "NO_QT" "" "SOURCES;LINK;PRIVATE_LINK" ${ARGN})
   add_library(${name} STATIC ${ARG_SOURCES})
-  set_target_properties(${name} PROPERTIES AUTOMOC ON)
+  if(NOT ARG_NO_QT)
+    set_target_properties(${name} PROPERTIES AUTOMOC ON)
+    target_precompile_headers(${name} REUSE_FROM vantro_headers)
+  endif()
   target_include_directories(${name} PUBLIC "${CMAKE_SOURCE_DIR}")
   target_link_libraries(${name} PUBLIC ${ARG_LINK} PRIVATE vantro_settings ${ARG_PRIVATE_LINK})
 endfunction()
@@ -41,6 +45,7 @@ function(vantro_test name)
   set_target_properties(${name} PROPERTIES AUTOMOC ON)
   target_include_directories(${name} PRIVATE "${CMAKE_SOURCE_DIR}")
   target_link_libraries(${name} PRIVATE vantro_settings ${ARG_LINK} GTest::gmock)
+  target_precompile_headers(${name} REUSE_FROM vantro_test_headers)
   add_test(NAME ${name} COMMAND ${ARG_WRAPPER} $<TARGET_FILE:${name}>)
   set_tests_properties(${name} PROPERTIES TIMEOUT ${ARG_TIMEOUT} LABELS "${ARG_LABELS}"
     ENVIRONMENT "VANTRO_SOURCE_DIR=${CMAKE_SOURCE_DIR};${ARG_ENV}")

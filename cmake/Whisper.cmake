@@ -10,6 +10,7 @@ function(vantro_add_whisper_source)
   string(APPEND CMAKE_C_FLAGS " -w") # third-party warnings
   string(APPEND CMAKE_CXX_FLAGS " -w")
   set(CMAKE_POLICY_DEFAULT_CMP0077 NEW) # lets the settings below override the library's options
+  set(CMAKE_UNITY_BUILD OFF) # few large files
   set(BUILD_SHARED_LIBS ON)
   set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${CMAKE_RUNTIME_OUTPUT_DIRECTORY}") # modules are searched beside the program
 
