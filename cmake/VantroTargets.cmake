@@ -10,6 +10,10 @@ target_compile_definitions(vantro_settings INTERFACE
   QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS QT_NO_NARROWING_CONVERSIONS_IN_CONNECT
   VANTRO_VERSION="${PROJECT_VERSION}"
   _REENTRANT) # as PulseAudio's and GLib's flags have it: precompiled headers serve only where it is the same
+if(CMAKE_UNITY_BUILD AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+  # A coroutine's frame may hold its file's own types; the compiler takes that file for a header here.
+  target_compile_options(vantro_settings INTERFACE -Wno-subobject-linkage)
+endif()
 if(VANTRO_SANITIZE)
   # With sanitizers, GCC reports false positives for std::optional.
   target_compile_options(vantro_settings INTERFACE -Wno-maybe-uninitialized)

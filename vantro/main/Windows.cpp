@@ -37,8 +37,6 @@ QUrl manifestAddress()
     return QUrl(own.isEmpty() ? QLatin1String(product::updateManifest) : own);
 }
 
-const QString version = QStringLiteral(VANTRO_VERSION);
-
 } // namespace
 
 Windows::Windows(Parts parts)
@@ -49,8 +47,8 @@ Windows::Windows(Parts parts)
     , back_(*parts_.platform.session, *parts_.platform.keyEvents, parts_.clock)
     , alerts_(ui_.engine(), parts_.clock, parts_.defaults, parts_.platform, idle_)
     , hud_(ui_.engine(), *parts_.platform.workspace, parts_.clock)
-    , updates_(
-          {parts_.defaults, *parts_.platform.workspace, parts_.clock, manifestAddress(), version, alerts_.forUpdates()})
+    , updates_({parts_.defaults, *parts_.platform.workspace, parts_.clock, manifestAddress(),
+                QStringLiteral(VANTRO_VERSION), alerts_.forUpdates()})
     , settings_(ui_.engine(), *parts_.platform.workspace, parts_.defaults,
                 {tr("vantro settings"), QUrl(QStringLiteral("qrc:/qt/qml/Vantro/Settings/Settings.qml")),
                  settingsSize * textScale(), leastSettingsSize, setting::settingsWindowSize},
