@@ -45,10 +45,9 @@ public:
     /// The window's class and instance names, most specific last ("XTerm", "xterm"); empty if it has none.
     [[nodiscard]] virtual QStringList windowClass(WindowID window) const = 0;
     /// Asks the program of @p window for a sign of life, which comes after what it does with events that it was sent
-    /// before. Returns at once.
-    virtual void ping(WindowID /*window*/) {}
-    /// Whether @p window is the one of the latest ping() and has answered. Some programs never do, and some systems do
-    /// not ask.
+    /// before. Returns at once; false for programs that never answer, and on systems that do not ask.
+    virtual bool ping(WindowID /*window*/) { return false; }
+    /// Whether @p window is the one of the latest ping() and has answered.
     [[nodiscard]] virtual bool hasAnswered(WindowID /*window*/) const { return false; }
     /// Opens @p url in the desktop's default program. Returns false if none could be started.
     virtual bool openUrl(const QString& url) = 0;

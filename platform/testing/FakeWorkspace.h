@@ -21,7 +21,11 @@ public:
     [[nodiscard]] bool isOwn(WindowID window) const override { return own_.contains(window); }
     [[nodiscard]] bool takesText(WindowID window) const override { return isOwn(window) && own_.at(window); }
     [[nodiscard]] QStringList windowClass(WindowID window) const override;
-    void ping(WindowID window) override { pinged_ = window; }
+    bool ping(WindowID window) override
+    {
+        pinged_ = window;
+        return isAskable_;
+    }
     [[nodiscard]] bool hasAnswered(WindowID window) const override { return pinged_ == window && isAnswering_; }
     bool openUrl(const QString& url) override
     {
@@ -38,6 +42,7 @@ public:
     void closeWindow(WindowID window);
     /// Whether the programs of windows answer; by default they do not.
     void setAnswering(bool isAnswering) { isAnswering_ = isAnswering; }
+    void setAskable(bool isAskable) { isAskable_ = isAskable; }
     /// The window manager's view; emits frontWindowChanged().
     void setFrontWindow(std::optional<WindowID> window);
     /// The actual recipient of key presses.
@@ -55,6 +60,7 @@ private:
     std::map<WindowID, bool> own_; ///< with or without a text field
     std::optional<WindowID> pinged_;
     bool isAnswering_ = false;
+    bool isAskable_ = true;
     std::optional<WindowID> front_;
     std::optional<WindowID> focus_;
     std::function<void(WindowID)> policy_;

@@ -247,6 +247,24 @@ TEST_F(PasteDeliveryTest, AWindowThatHadNoUseForATextGetsTheNextOne)
     EXPECT_EQ(clipboard(), former);
 }
 
+TEST_F(PasteDeliveryTest, AWindowThatCannotBeAskedGetsTheNextTextAfterTheNotice)
+{
+    targetReads_ = false;
+    workspace_.setAskable(false);
+    deliver(QStringLiteral("One."));
+    clock_.advance(1s);
+    deliver(QStringLiteral("Two."));
+    EXPECT_EQ(keys_.posted().size(), 1U) << "it may be busy";
+    clock_.advance(3s);
+    deliver(QStringLiteral("Three."));
+    EXPECT_EQ(keys_.posted().size(), 2U);
+    EXPECT_EQ(clipboard(), QStringLiteral("Three."));
+    pasteboard_.fetch(Selection::Clipboard, editor);
+    clock_.advance(1s);
+    EXPECT_EQ(clipboard(), former);
+    EXPECT_EQ(settled_.size(), 3);
+}
+
 TEST_F(PasteDeliveryTest, ATextThatIsNotInTheHistoryIsNotForgotten)
 {
     QStringList lost;

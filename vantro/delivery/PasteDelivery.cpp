@@ -319,7 +319,7 @@ PasteDelivery::Outcome PasteDelivery::paste(const QString& dictated, WindowID ta
         keystrokeError_ = error.localizedDescription();
         return Outcome::KeystrokeFailed;
     }
-    workspace_.ping(target);
+    former.isAskable = workspace_.ping(target);
     former.target = target;
     former.pastedAt = clock_.now();
     latest_ = Latest{target, dictated, clock_.now()};

@@ -126,6 +126,7 @@ private:
         WindowID target{};
         Clock::Instant pastedAt;
         bool isByPrimary = false; ///< the selection that the keystroke pastes
+        bool isAskable = false;   ///< the window can tell whether it goes on
         bool isFetched = false;   ///< once seen it stays so, whatever the clipboard holds by then
         bool isTold = false;      ///< the user knows that it has not been fetched
         std::vector<Keeping> keeping;

@@ -32,7 +32,7 @@ std::optional<PasteDelivery::Restore> PasteDelivery::takePending()
         return pending;
     if (isFetched(*pending)) {
         settle(*pending);
-    } else if (isOurs(*pending) && willTake(*pending)) {
+    } else if (isOurs(*pending) && willTake(*pending) && pending->target != target_.window) {
         owed_.push_back(*pending);
         pending->keeping.clear();
     } else {
@@ -82,10 +82,12 @@ bool PasteDelivery::isFetched(Restore& paste) const
     return paste.isFetched;
 }
 
-/// Whether @p target still has a keystroke to answer, and will find our text then.
+/// Whether @p target still has a keystroke to answer, and will find our text then. Of a window that cannot be asked,
+/// who dictates into it once more knows best.
 bool PasteDelivery::isPasting(std::optional<WindowID> target)
 {
-    return pending_ && pending_->target == target && !isFetched(*pending_) && isOurs(*pending_) && willTake(*pending_);
+    return pending_ && pending_->target == target && !isFetched(*pending_) && isOurs(*pending_) &&
+           willTake(*pending_) && (pending_->isAskable || !pending_->isTold);
 }
 
 /// A window that has had its time and goes on without the text had no use for the keystroke.

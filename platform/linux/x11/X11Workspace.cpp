@@ -109,15 +109,15 @@ void X11Workspace::activateWindow(WindowID window)
 }
 
 /// EWMH: a program sends the message back to the root window. What else comes from there is looked at only meanwhile.
-void X11Workspace::ping(WindowID window)
+bool X11Workspace::ping(WindowID window)
 {
     if (!connection_.isOpen())
-        return;
+        return false;
     const X11ErrorTrap trap(connection_);
     const auto protocols = windowProperty(window, protocolsAtom_, XA_ATOM);
     ping_.reset();
     if (std::ranges::find(protocols, pingAtom_) == protocols.end())
-        return;
+        return false;
     ping_ = Ping{window};
     connection_.selectRootEvents(pingAnswers);
     XEvent event{};
@@ -128,7 +128,7 @@ void X11Workspace::ping(WindowID window)
     event.xclient.data.l[0] = static_cast<long>(pingAtom_);
     event.xclient.data.l[1] = pingMark;
     event.xclient.data.l[2] = static_cast<long>(window);
-    XSendEvent(connection_.display(), window, False, NoEventMask, &event);
+    return XSendEvent(connection_.display(), window, False, NoEventMask, &event) != 0;
 }
 
 void X11Workspace::noteAnswer(const XEvent& event)

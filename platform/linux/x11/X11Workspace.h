@@ -26,7 +26,7 @@ public:
     [[nodiscard]] bool isOwn(WindowID window) const override;
     [[nodiscard]] bool takesText(WindowID window) const override;
     [[nodiscard]] QStringList windowClass(WindowID window) const override;
-    void ping(WindowID window) override;
+    bool ping(WindowID window) override;
     [[nodiscard]] bool hasAnswered(WindowID window) const override;
     bool openUrl(const QString& url) override;
     [[nodiscard]] bool isCompositing() const override;
