@@ -162,6 +162,9 @@ class DictationCase(unittest.TestCase):
 
     def close_alert(self, alert):
         self.answer(alert, "Escape")
+        self.wait_until_gone(alert)
+
+    def wait_until_gone(self, alert):
         self.wait(lambda: not self.vantro.alerts(), 5, "the alert to close")
         # The window manager hands the keyboard on some time after the window is gone.
         self.wait(lambda: self.desktop.display.active_window() not in (0, alert.id), 5, "another window's turn")

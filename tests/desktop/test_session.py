@@ -16,7 +16,7 @@ class EndCase(ShellCase):
     def refuse_kept_recording(self):
         alert = self.wait_for_alert_saying("before your recording")
         self.assertEqual(self.vantro.run("retry", "--discard").returncode, 0)
-        self.close_alert(alert)
+        self.wait_until_gone(alert)
 
 
 class EndTest(EndCase):
