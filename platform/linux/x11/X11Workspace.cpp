@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <memory>
 #include <string>
+#include <utility>
 
 namespace vantro {
 
@@ -115,7 +116,8 @@ bool X11Workspace::ping(WindowID window)
         return false;
     const X11ErrorTrap trap(connection_);
     const auto protocols = windowProperty(window, protocolsAtom_, XA_ATOM);
-    ping_.reset();
+    if (std::exchange(ping_, std::nullopt))
+        connection_.deselectRootEvents(pingAnswers);
     if (std::ranges::find(protocols, pingAtom_) == protocols.end())
         return false;
     ping_ = Ping{window};
