@@ -2,7 +2,9 @@
 
 #include "asr/ASRError.h"
 
+#include <atomic>
 #include <latch>
+#include <mutex>
 #include <new>
 #include <system_error>
 #include <thread>
@@ -11,16 +13,13 @@ namespace vantro::asr {
 
 namespace {
 
-ggml_backend_dev_t processor()
-{
-    return ggml_backend_dev_by_type(GGML_BACKEND_DEVICE_TYPE_CPU);
-}
+std::atomic<ggml_backend_dev_t> processor = nullptr;
 
 /// Looks up a function of the processor's module, which is loaded at run time and not linked.
 template <typename Function>
 Function moduleFunction(const char* name)
 {
-    ggml_backend_reg_t module = ggml_backend_dev_backend_reg(processor());
+    ggml_backend_reg_t module = ggml_backend_dev_backend_reg(processorDevice());
     return reinterpret_cast<Function>(ggml_backend_reg_get_proc_address(module, name));
 }
 
@@ -49,18 +48,34 @@ GgmlContext::GgmlContext(std::size_t bytes)
 {
 }
 
+/// ggml's list of devices has no lock and grows with each module, so it is read nowhere else and not again.
 void loadProcessorModule(std::span<const std::filesystem::path> folders)
 {
+    static std::mutex mutex;
+    const std::scoped_lock lock(mutex);
+    const auto isFound = [] {
+        if (processor == nullptr)
+            processor = ggml_backend_dev_by_type(GGML_BACKEND_DEVICE_TYPE_CPU);
+        return processor != nullptr;
+    };
     for (const std::filesystem::path& folder : folders) {
-        if (processor() != nullptr)
+        if (isFound())
             return;
-        // ggml crashes on a missing folder.
+        // ggml crashes on a missing folder; its own search would include the current one, where anybody may write.
         std::error_code error;
         if (std::filesystem::is_directory(folder, error))
             ggml_backend_load_all_from_path(folder.c_str());
     }
-    if (processor() == nullptr)
+    if (!isFound())
         throw ASRError(ASRError::Kind::unsupportedPlatform, "no ggml module for this processor was found");
+}
+
+ggml_backend_dev_t processorDevice()
+{
+    ggml_backend_dev_t device = processor;
+    if (device == nullptr)
+        throw ASRError(ASRError::Kind::unsupportedPlatform, "no ggml module for this processor is loaded");
+    return device;
 }
 
 Graph::Graph(std::size_t nodes)
@@ -110,9 +125,7 @@ void Graph::endPart(ggml_tensor* tensor)
 
 GraphRunner::GraphRunner(int threads)
 {
-    if (processor() == nullptr)
-        throw ASRError(ASRError::Kind::unsupportedPlatform, "no ggml module for this processor is loaded");
-    backend_.reset(ggml_backend_dev_init(processor(), nullptr));
+    backend_.reset(ggml_backend_dev_init(processorDevice(), nullptr));
     if (backend_ == nullptr)
         throw ASRError(ASRError::Kind::encoderInstantiationFailed, "ggml's processor back end did not start");
     setBackendThreads_ = moduleFunction<ggml_backend_set_n_threads_t>("ggml_backend_set_n_threads");

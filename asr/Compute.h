@@ -37,8 +37,11 @@ private:
 };
 
 /// Loads ggml's module for this processor from the first of @p folders that has one; a no-op if already loaded. Throws
-/// ASRError::unsupportedPlatform if there is none.
+/// ASRError::unsupportedPlatform if there is none. Any thread.
 void loadProcessorModule(std::span<const std::filesystem::path> folders);
+
+/// The device of the loaded module. Any thread. Throws ASRError::unsupportedPlatform if none is loaded.
+[[nodiscard]] ggml_backend_dev_t processorDevice();
 
 /// A ggml graph under construction: its tensors' metadata without their data. It is computed in one or more parts.
 class Graph

@@ -111,10 +111,8 @@ void Weights::allocate(const ModelSource& file)
         // Only read, never written.
         target.tensor->data = const_cast<std::byte*>(mapping_->bytes().data() + file.tensor(target.name).offset);
     }
-    ggml_backend_dev_t processor = ggml_backend_dev_by_type(GGML_BACKEND_DEVICE_TYPE_CPU);
-    if (processor == nullptr)
-        throw ASRError(ASRError::Kind::unsupportedPlatform, "no ggml module for this processor is loaded");
-    buffer_.reset(ggml_backend_alloc_ctx_tensors_from_buft(context_.get(), ggml_backend_dev_buffer_type(processor)));
+    ggml_backend_buffer_type_t memory = ggml_backend_dev_buffer_type(processorDevice());
+    buffer_.reset(ggml_backend_alloc_ctx_tensors_from_buft(context_.get(), memory));
     if (buffer_ == nullptr)
         throw ASRError(ASRError::Kind::modelLoadFailed, "out of memory");
 }

@@ -8,7 +8,7 @@ namespace vantro::asr::accelerator {
 
 /// Announces the device to ggml, after which every whisper context that is loaded uses it. Once in a process is enough;
 /// more do nothing. False if this processor has nothing to offer, or ggml is an installed library, whose interface for
-/// devices is not public. From one thread at a time.
+/// devices is not public. After loadProcessorModule(), from any thread.
 bool announce();
 
 /// Instruction sets above @p cap are left unused by contexts that are loaded from now on: for tests and measurements.

@@ -1,31 +1,23 @@
 #include "asr/accelerator/ProcessorBackend.h"
 
-#include <ggml-backend.h>
+#include "asr/ASRError.h"
+#include "asr/Compute.h"
+#include "asr/accelerator/Accelerator.h"
 
-#include <mutex>
+#include <array>
 
 namespace vantro::asr::accelerator {
 
-namespace {
-
-bool hasProcessorBackend()
-{
-    return ggml_backend_dev_by_type(GGML_BACKEND_DEVICE_TYPE_CPU) != nullptr;
-}
-
-} // namespace
-
 bool loadProcessorBackend(const std::filesystem::path& programFolder)
 {
-    static std::mutex lock;
-    const std::scoped_lock locker(lock);
-    for (const char* folder : {"", "../lib/vantro"}) {
-        if (hasProcessorBackend())
-            break;
-        // The library's own search would include the current folder, which anybody may be able to write to.
-        ggml_backend_load_all_from_path((programFolder / folder).c_str());
+    const std::array folders{programFolder, programFolder / "../lib/vantro"};
+    try {
+        loadProcessorModule(folders);
+    } catch (const ASRError&) {
+        return false;
     }
-    return hasProcessorBackend();
+    announce();
+    return true;
 }
 
 } // namespace vantro::asr::accelerator

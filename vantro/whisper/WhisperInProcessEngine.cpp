@@ -188,7 +188,6 @@ void WhisperInProcessEngine::loadNow(const QString& modelPath)
         logger_.error(QStringLiteral("No ggml module for this processor was found beside the program"));
         throw WhisperInProcessError::modelLoadFailed(modelPath);
     }
-    asr::accelerator::announce();
     whisper_context* context = nullptr;
     try {
         context = WhisperModelFile(modelPath).load();
