@@ -15,5 +15,7 @@ namespace vantro::process {
 void lowerPriorityOfThisThread();
 /// Makes the allocator return free memory to the system, e.g. after large objects have been freed.
 void giveMemoryBack();
+/// When a fault ends the program from now on, it first writes to standard error where it stood.
+void traceFaults();
 
 } // namespace vantro::process

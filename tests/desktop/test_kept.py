@@ -68,7 +68,8 @@ class EndTest(KeptCase):
         self.wait_for_clipboard()
 
         self.record()
-        self.vantro.process.kill()
+        self.vantro.process.stop(signal.SIGSEGV)
+        self.assertRegex(self.vantro.log(), r"vantro ends by signal 11 at:\n.*vantro.*\n|Sanitizer")
         try:
             no_model = self.vantro.run("retry", env={"XDG_DATA_HOME": str(self.desktop.home / "elsewhere")})
             self.assertEqual((no_model.returncode, len(self.kept())), (4, 1))

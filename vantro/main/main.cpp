@@ -61,6 +61,7 @@ int main(int argc, char** argv)
         const QCoreApplication application(argc, argv);
         return commandLine.run();
     }
+    vantro::process::traceFaults();
     // Whoever reads its output may end before it.
     std::signal(SIGPIPE, SIG_IGN);
     // A panel of 500 x 200 needs no GPU; its drivers would take more memory and time than everything else.

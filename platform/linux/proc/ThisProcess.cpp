@@ -2,12 +2,53 @@
 
 #include <QFile>
 
+#include <execinfo.h>
 #include <malloc.h>
 #include <sys/resource.h>
+#include <unistd.h>
 
+#include <array>
+#include <csignal>
+#include <string_view>
 #include <system_error>
+#include <tuple>
 
 namespace vantro {
+
+namespace {
+
+#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__) // they tell more
+using Frames = std::array<void*, 64>;
+
+void writeText(std::string_view text)
+{
+    std::ignore = ::write(STDERR_FILENO, text.data(), text.size());
+}
+
+/// Calls only what is allowed in a signal's handler. The signal's usual effect follows.
+void trace(int signal)
+{
+    const std::array<char, 2> digits{static_cast<char>('0' + signal / 10), static_cast<char>('0' + signal % 10)};
+    writeText("vantro ends by signal ");
+    writeText({digits.data(), digits.size()});
+    writeText(" at:\n");
+    Frames frames{};
+    backtrace_symbols_fd(frames.data(), backtrace(frames.data(), static_cast<int>(frames.size())), STDERR_FILENO);
+    std::ignore = std::raise(signal);
+}
+
+/// Memory for the trace of a thread that has used up its stack: of the main thread, the others have none.
+void reserveStack()
+{
+    static std::array<char, std::size_t{64} << 10> memory;
+    stack_t stack{};
+    stack.ss_sp = memory.data();
+    stack.ss_size = memory.size();
+    sigaltstack(&stack, nullptr);
+}
+#endif
+
+} // namespace
 
 std::filesystem::path process::programFile()
 {
@@ -30,6 +71,20 @@ void process::lowerPriorityOfThisThread()
 void process::giveMemoryBack()
 {
     malloc_trim(0);
+}
+
+void process::traceFaults()
+{
+#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
+    Frames frames{};
+    std::ignore = backtrace(frames.data(), static_cast<int>(frames.size())); // allocates the first time
+    reserveStack();
+    struct sigaction action = {};
+    action.sa_handler = trace;
+    action.sa_flags = static_cast<int>(SA_RESETHAND | SA_NODEFER | SA_ONSTACK);
+    for (const int fault : {SIGSEGV, SIGBUS, SIGILL, SIGFPE, SIGABRT})
+        sigaction(fault, &action, nullptr);
+#endif
 }
 
 } // namespace vantro
