@@ -24,6 +24,8 @@ public:
     [[nodiscard]] bool isSecret(Selection selection) const override { return of(selection).secret; }
     [[nodiscard]] bool isOwner(Selection selection) const override { return of(selection).own; }
     void clear(Selection selection) override { of(selection) = {std::nullopt, {}, false, 1 + of(selection).changes}; }
+    [[nodiscard]] bool isOffered() const override { return isOffered_; }
+    void setOffered(bool offered) { isOffered_ = offered; }
     [[nodiscard]] bool wasFetched(Selection selection) const override { return !of(selection).fetchedBy.empty(); }
     [[nodiscard]] bool wasFetchedBy(Selection selection, WindowID window) const override;
 
@@ -51,6 +53,7 @@ private:
     }
 
     std::array<Content, 2> contents_;
+    bool isOffered_ = true;
 };
 
 } // namespace vantro::doubles

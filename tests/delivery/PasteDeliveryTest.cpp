@@ -297,6 +297,22 @@ TEST_F(PasteDeliveryTest, ATextThatIsNotInTheHistoryIsNotForgotten)
     clock_.advance(1s);
     EXPECT_EQ(lost.size(), 1);
     EXPECT_THAT(settled_, ElementsAre(QStringLiteral("Two.")));
+
+    session_.setAway(true);
+    deliverUnstored(QStringLiteral("Three."));
+    deliverUnstored(QStringLiteral("Four."));
+    EXPECT_EQ(clipboard(), QStringLiteral("Three.\n\nFour."));
+    pasteboard_.fetch(Selection::Clipboard, editor);
+    deliverUnstored(QStringLiteral("Five."));
+    EXPECT_EQ(clipboard(), QStringLiteral("Five.")) << "the others have been pasted";
+    EXPECT_EQ(lost.size(), 1);
+
+    pasteboard_.setOffered(false);
+    deliverUnstored(QStringLiteral("Six."));
+    EXPECT_EQ(lost.last(), QStringLiteral("Six."));
+    EXPECT_TRUE(delivery_->explanation(Outcome::UserAway).contains(QStringLiteral("vantro retry")));
+    deliver(QStringLiteral("Seven."));
+    EXPECT_TRUE(delivery_->explanation(Outcome::UserAway).contains(QStringLiteral("history")));
 }
 
 TEST_F(PasteDeliveryTest, AManagerThatTakesTheTextOverDoesNotMakeItLookFetched)

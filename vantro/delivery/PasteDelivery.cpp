@@ -173,6 +173,8 @@ QCoro::Task<PasteDelivery::Outcome> PasteDelivery::deliverNext(QString text, Kee
         addToPending(dictated, std::move(keeping));
         co_return Outcome::Pasted;
     }
+    const bool isOnlyHere = static_cast<bool>(keeping.lost);
+    const QString waiting = whatOnlyTheClipboardHas();
     Restore former = takeFormer(dictated);
     former.keeping.push_back(std::move(keeping));
     show(Selection::Clipboard, dictated);
@@ -189,12 +191,25 @@ QCoro::Task<PasteDelivery::Outcome> PasteDelivery::deliverNext(QString text, Kee
     if (outcome == Outcome::Pasted) {
         tellOfOwed();
     } else {
-        logger().error(explanation(outcome));
         forgetOwed();
-        leave(dictated);
+        const QString left = waiting.isEmpty() ? dictated : waiting + QStringLiteral("\n\n") + dictated;
+        leave(left);
+        onlyHere_ = isOnlyHere || !waiting.isEmpty() ? left : QString();
+        isLost_ = !canCopy() && !lose(former);
         settle(former);
+        logger().error(explanation(outcome));
     }
     co_return outcome;
+}
+
+/// A text that is not in the history and that nobody has pasted yet; empty if there is none.
+QString PasteDelivery::whatOnlyTheClipboardHas()
+{
+    const QString text = std::exchange(onlyHere_, QString());
+    const bool isThere = pasteboard_.isOwner(Selection::Clipboard) &&
+                         pasteboard_.string(Selection::Clipboard) == text &&
+                         !pasteboard_.wasFetched(Selection::Clipboard);
+    return isThere ? text : QString();
 }
 
 QString PasteDelivery::joined(const QString& text, std::optional<WindowID> target) const
@@ -330,7 +345,10 @@ PasteDelivery::Outcome PasteDelivery::paste(const QString& dictated, WindowID ta
 
 QString PasteDelivery::whereItIs() const
 {
-    return canCopy() ? tr("The text is on the clipboard.") : tr("The text is in the history.");
+    if (canCopy())
+        return tr("The text is on the clipboard.");
+    return isLost_ ? tr("The recording is kept: the command vantro retry transcribes it again.")
+                   : tr("The text is in the history.");
 }
 
 QString PasteDelivery::explanation(Outcome outcome) const

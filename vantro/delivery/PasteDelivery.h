@@ -86,8 +86,9 @@ public:
     /// been changed since. After 2 s notFetched() is emitted. A window that has not answered one keystroke yet gets no
     /// second one: its paste will bring both texts. What it is owed comes back to the clipboard when a text for another
     /// window has been fetched.
-    /// One text after the other: a second one waits for the first. With "joinDictations", a text that soon follows
-    /// another one in the same window is joined to it.
+    /// A text that is not pasted stays on the clipboard; after one that waits there, is kept nowhere else and has not
+    /// been fetched by anybody. One text after the other: a second one waits for the first. With "joinDictations", a
+    /// text that soon follows another one in the same window is joined to it.
     [[nodiscard]] QCoro::Task<Outcome> deliver(QString text, Keeping keeping = {});
 
     /// Ends a pending paste as it stands. For when the process is about to end.
@@ -171,7 +172,9 @@ private:
     void leaveForNow(Restore& paste);
     [[nodiscard]] QString reasonOfUnfetched(const Restore& paste, bool isFollowed) const;
     static void settle(Restore& paste);
-    [[nodiscard]] QString lose(Restore& paste);
+    static bool lose(Restore& paste);
+    [[nodiscard]] static QString whereIsLost(bool isStored);
+    [[nodiscard]] QString whatOnlyTheClipboardHas();
     void restore(const Restore& former);
     void restore(Pasteboard::Selection selection, const std::optional<Former>& former);
 
@@ -190,6 +193,8 @@ private:
     bool isDelivering_ = false;
     quint64 generation_ = 0;
     QString keystrokeError_;
+    QString onlyHere_;    ///< what was left on the clipboard and is kept nowhere else
+    bool isLost_ = false; ///< the latest text is neither there nor in the history
 };
 
 } // namespace vantro

@@ -43,7 +43,8 @@ std::optional<PasteDelivery::Restore> PasteDelivery::takePending()
 
 void PasteDelivery::tellOfForgotten(Restore& paste)
 {
-    Q_EMIT notFetched(tr("A window has not taken the text before this one.") + QLatin1Char(' ') + lose(paste));
+    Q_EMIT notFetched(tr("A window has not taken the text before this one.") + QLatin1Char(' ') +
+                      whereIsLost(lose(paste)));
 }
 
 /// The next text for a window that is owed one comes with it.
@@ -191,7 +192,7 @@ void PasteDelivery::lookForLateFetch()
         settle(*pending_);
     else
         Q_EMIT notFetched(tr("What was copied has taken the place of the text that waited there.") + QLatin1Char(' ') +
-                          lose(*pending_));
+                          whereIsLost(lose(*pending_)));
     pending_.reset();
     forgetOwed();
 }
@@ -215,9 +216,9 @@ void PasteDelivery::tellOfUnfetched()
     Restore& paste = *pending_;
     const bool isThere = pasteboard_.string(Selection::Clipboard) == paste.text;
     const bool isFollowed = isThere && pasteboard_.isOwner(Selection::Clipboard);
-    const QString reason =
-        isThere ? reasonOfUnfetched(paste, isFollowed)
-                : tr("The window you were working in has not taken the text.") + QLatin1Char(' ') + lose(paste);
+    const QString reason = isThere ? reasonOfUnfetched(paste, isFollowed)
+                                   : tr("The window you were working in has not taken the text.") + QLatin1Char(' ') +
+                                         whereIsLost(lose(paste));
     if (isThere)
         leaveForNow(paste);
     else
@@ -266,8 +267,8 @@ void PasteDelivery::settle(Restore& paste)
     }
 }
 
-/// It is not on the clipboard any more. Returns where it is.
-QString PasteDelivery::lose(Restore& paste)
+/// It is not on the clipboard any more. Returns whether it is in the history.
+bool PasteDelivery::lose(Restore& paste)
 {
     bool isStored = true;
     for (const auto& [settled, lost] : std::exchange(paste.keeping, {})) {
@@ -275,6 +276,11 @@ QString PasteDelivery::lose(Restore& paste)
         if (const auto& call = lost ? lost : settled)
             call();
     }
+    return isStored;
+}
+
+QString PasteDelivery::whereIsLost(bool isStored)
+{
     return isStored ? tr("That text is in the history.")
                     : tr("Its recording is kept: the command vantro retry transcribes it again.");
 }

@@ -25,9 +25,6 @@ inline constexpr char secretHintValue[] = "secret";
 /// Whether two windows (or other resources) belong to the same connection, i.e. share its ID prefix.
 bool sameClient(xcb_connection_t* connection, std::uint32_t left, std::uint32_t right);
 
-/// Owns and reads X selections on a thread of its own (see the Inter-Client Communication Conventions Manual, section
-/// 2). Public functions may be called from any other thread and block until it is done: a foreign program can delay
-/// that by half a second of silence, and by two seconds in total.
 /// What a program offered as a selection.
 struct SelectionContents final : Pasteboard::Contents
 {
@@ -50,6 +47,9 @@ struct SelectionContents final : Pasteboard::Contents
     }
 };
 
+/// Owns and reads X selections on a thread of its own (see the Inter-Client Communication Conventions Manual, section
+/// 2). Public functions may be called from any other thread and block until it is done: a foreign program can delay
+/// that by half a second of silence, and by two seconds in total.
 class X11SelectionService
 {
 public:
@@ -64,13 +64,13 @@ public:
     /// UTF-8; nullopt if the selection has no owner, or the owner has no text or does not answer.
     [[nodiscard]] std::optional<QByteArray> read(Selection selection);
     void own(Selection selection, const QByteArray& utf8, Privacy privacy);
-    /// Whether the owner, this program or another, marks its text as a secret.
     /// Replaces the contents of the selection by what another program offered once.
     void own(Selection selection, std::shared_ptr<const SelectionContents> contents);
     /// Fetches in the background what the owner offers, for contents().
     void fetchContents(Selection selection);
     /// What the owner offers now; fetched again if it has changed since fetchContents(). Waits 300 ms at most.
     [[nodiscard]] std::shared_ptr<const SelectionContents> contents(Selection selection);
+    /// Whether the owner, this program or another, marks its text as a secret.
     [[nodiscard]] bool isSecret(Selection selection);
     [[nodiscard]] bool isOwner(Selection selection);
     void disown(Selection selection);
