@@ -2029,6 +2029,10 @@
         <source>Its recording is kept: the command vantro retry transcribes it again.</source>
         <translation>Seine Aufnahme ist aufbewahrt: Der Befehl vantro retry transkribiert sie noch einmal.</translation>
     </message>
+    <message>
+        <source>The recording is kept: the command vantro retry transcribes it again.</source>
+        <translation>Die Aufnahme ist aufbewahrt: Der Befehl vantro retry transkribiert sie noch einmal.</translation>
+    </message>
 </context>
 <context>
     <name>PasteHUDWindow</name>
