@@ -375,6 +375,8 @@ protected:
     UserDefaults defaults{folder.filePath(QStringLiteral("vantro.ini"))};
     NotificationCenter notifications;
     doubles::ManualClock clock;
+    const QString kept = folder.filePath(QStringLiteral("vantro"));
+    RecordingSpool spool{kept, clock}; ///< before all that may hold recordings
     doubles::FakeAudioEngines engines;
     doubles::FakeAudioHardware hardware;
     doubles::FakePermissions permissions;
@@ -403,8 +405,6 @@ protected:
     AudioDeviceManager devices{hardware, defaults};
     AudioRecorder recorder{engines.factory(), devices, permissions, clock};
     KeyboardShortcuts shortcuts{hotKeys, defaults, notifications};
-    const QString kept = folder.filePath(QStringLiteral("vantro"));
-    RecordingSpool spool{kept, clock};
     PasteDelivery delivery{pasteboard, keyEvents, workspace, session, defaults, clock};
     ShellDouble shell{workspace, engines};
     Recovery recovery{spool, clock, shell};

@@ -65,6 +65,7 @@ void LenientStore::setAside(const QUuid& id, const QString& answer, const QStrin
 QCoro::Task<> LenientStore::addNote(QString transcription)
 {
     hasLatest_ = false;
+    stored_ = {};
     const auto added = store_.addNote(std::move(transcription));
     co_await added;
     hasLatest_ = true;

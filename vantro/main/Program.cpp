@@ -66,6 +66,7 @@ private:
     SystemClock clock_;
     UserDefaults defaults_{UserDefaults::standardPath()};
     NotificationCenter notifications_;
+    RecordingSpool spool_{RecordingSpool::standardFolder(), clock_}; ///< before all that may hold recordings
     Platform platform_;
 
     VocabularySettings vocabulary_{defaults_};
@@ -82,7 +83,6 @@ private:
     AudioRecorder recorder_{platform_.makeAudioEngine, devices_, *platform_.permissions, clock_};
     ModelMemory modelMemory_{{speech_.engines, speech_.selection, defaults_, recorder_, *platform_.systemInfo, clock_}};
     HeadsetSwitch headsetSwitch_{*platform_.audioCards, devices_, recorder_, defaults_, clock_};
-    RecordingSpool spool_{RecordingSpool::standardFolder(), clock_};
     KeyboardShortcuts shortcuts_{*platform_.hotKeys, defaults_, notifications_};
     RawKeyMonitor rawKeys_{shortcuts_, *platform_.hotKeys};
     PasteDelivery delivery_;
