@@ -19,7 +19,7 @@ namespace {
 constexpr std::uint32_t shiftBit = 1;
 constexpr std::uint32_t controlBit = 4;
 
-struct Modifier
+struct ModifierKey
 {
     std::uint32_t key;
     std::uint32_t bit;
@@ -27,14 +27,14 @@ struct Modifier
 
 struct Stroke
 {
-    std::vector<Modifier> modifiers; ///< in the order of pressing
+    std::vector<ModifierKey> modifiers; ///< in the order of pressing
     std::uint32_t key;
 };
 
 Stroke strokeFor(KeyEventPoster::PasteChord chord, const WaylandKeyboard& keyboard)
 {
-    constexpr Modifier control{KEY_LEFTCTRL, controlBit};
-    constexpr Modifier shift{KEY_LEFTSHIFT, shiftBit};
+    constexpr ModifierKey control{KEY_LEFTCTRL, controlBit};
+    constexpr ModifierKey shift{KEY_LEFTSHIFT, shiftBit};
     switch (chord) {
     case KeyEventPoster::PasteChord::ControlShiftV:
         return {{control, shift}, keyboard.keyOfV()};
@@ -77,11 +77,11 @@ void WaylandKeyEventPoster::postPaste(PasteChord chord)
     const Stroke stroke = strokeFor(chord, *keyboard_);
     std::uint32_t held = 0;
     keyboard_->freeModifiers();
-    for (const Modifier& modifier : stroke.modifiers)
+    for (const ModifierKey& modifier : stroke.modifiers)
         keyboard_->press(modifier.key, true, held |= modifier.bit);
     keyboard_->press(stroke.key, true, held);
     keyboard_->press(stroke.key, false, held);
-    for (const Modifier& modifier : std::views::reverse(stroke.modifiers))
+    for (const ModifierKey& modifier : std::views::reverse(stroke.modifiers))
         keyboard_->press(modifier.key, false, held &= ~modifier.bit);
     // Sent in one: all of it or nothing.
     if (!connection_.roundTrip())
