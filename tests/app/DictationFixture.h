@@ -15,6 +15,7 @@
 #include "platform/testing/FakeSessionState.h"
 #include "platform/testing/FakeSystemSounds.h"
 #include "platform/testing/FakeWorkspace.h"
+#include "tests/WaitFor.h"
 #include "vantro/ai/NormalModeHandler.h"
 #include "vantro/ai/NotesModeHandler.h"
 #include "vantro/app/AppDelegate.h"
@@ -311,6 +312,7 @@ protected:
             provider.answer({});
         clock.advance(1min);
         pump();
+        EXPECT_TRUE(waitFor([this] { return readings == 0; }));
     }
 
     static ModeHandlers makeHandlers(TranscriptionStoring& store, Gate* const& answer)
@@ -363,8 +365,10 @@ protected:
 
     QCoro::Task<> readStored(std::shared_ptr<Recording> recording)
     {
+        ++readings;
         const std::vector<float> samples = co_await recording->samples();
         stored.push_back(samples.size());
+        --readings;
     }
 
     [[nodiscard]] QStringList keptFiles() { return QDir(kept).entryList(QDir::Files | QDir::Hidden); }
@@ -410,6 +414,7 @@ protected:
     Recovery recovery{spool, clock, shell};
     bool isModelReady;
     std::optional<QString> delivered;
+    int readings = 0;                ///< that go on
     std::vector<std::size_t> stored; ///< the numbers of samples of the recordings whose texts are stored
     AppDelegate delegate{
         {{defaults,
