@@ -55,10 +55,12 @@ QString WhisperModelPreparation::standardLegacyFolder()
 QCoro::Task<> WhisperModelPreparation::run()
 {
     if (!defaults_.get(setting::whisperLegacyCacheMigrated)) {
-        co_await files_.run([this] { takeOverLegacyFiles(); });
+        const auto taking = files_.run([this] { takeOverLegacyFiles(); });
+        co_await taking;
         defaults_.set(setting::whisperLegacyCacheMigrated, true);
     }
-    co_await files_.run([this] { verifyUncheckedFiles(); });
+    const auto verifying = files_.run([this] { verifyUncheckedFiles(); });
+    co_await verifying;
 }
 
 void WhisperModelPreparation::takeOverLegacyFiles() const

@@ -147,7 +147,8 @@ QCoro::Task<QStringList> RemoteFormatService::models(QString keychainIdentifier)
             throw RemoteFormatError(RemoteFormatError::Kind::invalidResponse);
         return names.join(nameSeparator);
     };
-    const QString names = co_await send(key, modelsEndpoint(), {}, read);
+    const QJsonObject noBody;
+    const QString names = co_await send(key, modelsEndpoint(), noBody, read);
     QStringList sorted = names.split(nameSeparator);
     sorted.sort(Qt::CaseInsensitive);
     co_return sorted;
