@@ -24,9 +24,6 @@ function(vantro_add_whisper_source)
   if(VANTRO_SANITIZE)
     set(GGML_OPENMP OFF) # its runtime is not instrumented
     set(GGML_NATIVE ON) # these programs stay on this machine
-    # Matrices are read where they lie in the file, which the processors concerned allow.
-    string(APPEND CMAKE_C_FLAGS " -fno-sanitize=alignment")
-    string(APPEND CMAKE_CXX_FLAGS " -fno-sanitize=alignment")
   else()
     # The CPU back end is built once per instruction-set level as a loadable module and the best one is chosen at start-up,
     # so that a package does not depend on the build machine's processor.
@@ -50,6 +47,13 @@ function(vantro_add_whisper_source)
   if(level)
     message(STATUS "Speech is recognised with ggml-cpu-${level}")
     set_target_properties(ggml-cpu PROPERTIES OUTPUT_NAME ggml-cpu-${level}) # only so the library asks whether it may run
+  endif()
+
+  # Matrices are read where they lie in the file, which the processors concerned allow.
+  if(VANTRO_SANITIZE MATCHES "undefined")
+    foreach(target ggml-base ggml-cpu)
+      target_compile_options(${target} PRIVATE -fno-sanitize=alignment)
+    endforeach()
   endif()
 
   # Races are looked for in who does what and when. The arithmetic in between shows none of that and would take most of the
