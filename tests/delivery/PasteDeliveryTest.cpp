@@ -306,6 +306,13 @@ TEST_F(PasteDeliveryTest, ATextThatIsNotInTheHistoryIsNotForgotten)
     deliverUnstored(QStringLiteral("Five."));
     EXPECT_EQ(clipboard(), QStringLiteral("Five.")) << "the others have been pasted";
     EXPECT_EQ(lost.size(), 1);
+    session_.setAway(false);
+    targetReads_ = true;
+    deliverUnstored(QStringLiteral("Pasted."));
+    clock_.advance(1s);
+    session_.setAway(true);
+    deliverUnstored(QStringLiteral("Again."));
+    EXPECT_EQ(clipboard(), QStringLiteral("Five.\n\nAgain.")) << "it came back after the paste";
 
     pasteboard_.setOffered(false);
     deliverUnstored(QStringLiteral("Six."));

@@ -205,11 +205,12 @@ QCoro::Task<PasteDelivery::Outcome> PasteDelivery::deliverNext(QString text, Kee
 /// A text that is not in the history and that nobody has pasted yet; empty if there is none.
 QString PasteDelivery::whatOnlyTheClipboardHas()
 {
-    const QString text = std::exchange(onlyHere_, QString());
     const bool isThere = pasteboard_.isOwner(Selection::Clipboard) &&
-                         pasteboard_.string(Selection::Clipboard) == text &&
+                         pasteboard_.string(Selection::Clipboard) == onlyHere_ &&
                          !pasteboard_.wasFetched(Selection::Clipboard);
-    return isThere ? text : QString();
+    if (!isThere)
+        onlyHere_.clear();
+    return onlyHere_;
 }
 
 QString PasteDelivery::joined(const QString& text, std::optional<WindowID> target) const
