@@ -35,6 +35,14 @@ function(vantro_room name)
   target_link_libraries(${name} PUBLIC ${ARG_LINK} PRIVATE vantro_settings ${ARG_PRIVATE_LINK})
 endfunction()
 
+# Sanitized programs get more of it.
+function(vantro_time_limit variable seconds)
+  if(VANTRO_SANITIZE)
+    math(EXPR seconds "4 * ${seconds}")
+  endif()
+  set(${variable} ${seconds} PARENT_SCOPE)
+endfunction()
+
 # vantro_test(NAME SOURCES ... LINK ... [ENV NAME=VALUE ...] [LABELS ...] [TIMEOUT seconds] [WRAPPER command ...]):
 # a GoogleTest program registered with ctest under NAME. WRAPPER runs it, for tests that need a display or a server.
 function(vantro_test name)
@@ -42,15 +50,29 @@ function(vantro_test name)
   if(NOT ARG_TIMEOUT)
     set(ARG_TIMEOUT 120)
   endif()
-  if(VANTRO_SANITIZE)
-    math(EXPR ARG_TIMEOUT "4 * ${ARG_TIMEOUT}")
-  endif()
+  vantro_time_limit(limit ${ARG_TIMEOUT})
   add_executable(${name} ${ARG_SOURCES})
   set_target_properties(${name} PROPERTIES AUTOMOC ON)
   target_include_directories(${name} PRIVATE "${CMAKE_SOURCE_DIR}")
   target_link_libraries(${name} PRIVATE vantro_settings ${ARG_LINK} GTest::gmock)
   target_precompile_headers(${name} REUSE_FROM vantro_test_headers)
   add_test(NAME ${name} COMMAND ${ARG_WRAPPER} $<TARGET_FILE:${name}>)
-  set_tests_properties(${name} PROPERTIES TIMEOUT ${ARG_TIMEOUT} LABELS "${ARG_LABELS}"
+  set_tests_properties(${name} PROPERTIES TIMEOUT ${limit} LABELS "${ARG_LABELS}"
     ENVIRONMENT "VANTRO_SOURCE_DIR=${CMAKE_SOURCE_DIR};${ARG_ENV}")
+endfunction()
+
+# vantro_script_test(NAME SCRIPT [ENV NAME=VALUE ...] [LABELS ...] [TIMEOUT seconds] [SERIAL]): a Python test of the
+# built program, registered with ctest under NAME. An exit status of 77 means that it cannot run on this machine.
+function(vantro_script_test name script)
+  cmake_parse_arguments(ARG "SERIAL" "TIMEOUT" "ENV;LABELS" ${ARGN})
+  if(NOT ARG_TIMEOUT)
+    set(ARG_TIMEOUT 120)
+  endif()
+  vantro_time_limit(limit ${ARG_TIMEOUT})
+  add_test(NAME ${name} COMMAND "${CMAKE_CURRENT_SOURCE_DIR}/${script}")
+  set_tests_properties(${name} PROPERTIES TIMEOUT ${limit} LABELS "${ARG_LABELS}" SKIP_RETURN_CODE 77
+    ENVIRONMENT "VANTRO_PROGRAM=$<TARGET_FILE:vantro>;VANTRO_SOURCE_DIR=${CMAKE_SOURCE_DIR};PYTHONDONTWRITEBYTECODE=1;${ARG_ENV}")
+  if(ARG_SERIAL)
+    set_tests_properties(${name} PROPERTIES RUN_SERIAL ON)
+  endif()
 endfunction()

@@ -49,10 +49,11 @@ function(vantro_add_whisper_source)
     set_target_properties(ggml-cpu PROPERTIES OUTPUT_NAME ggml-cpu-${level}) # only so the library asks whether it may run
   endif()
 
-  # Matrices are read where they lie in the file, which the processors concerned allow.
+  # Matrices are read where they lie in the file, which the processors concerned allow; and their halves are
+  # put together by shifts into the sign, which the compilers concerned define.
   if(VANTRO_SANITIZE MATCHES "undefined")
     foreach(target ggml-base ggml-cpu)
-      target_compile_options(${target} PRIVATE -fno-sanitize=alignment)
+      target_compile_options(${target} PRIVATE -fno-sanitize=alignment,shift)
     endforeach()
   endif()
 

@@ -97,6 +97,7 @@ class DictationCase(unittest.TestCase):
         self.assertEqual(self.desktop.display.keys_held(), [])
         self.assertEqual(self.vantro.alerts(), [], "a window of the program is left on the screen")
         self.assertNotIn("qrc:/", self.news(), "a window's QML complains")
+        self.assertNotRegex(self.news(), r"Sanitizer: |runtime error: ", "a sanitizer complains")
         self.desktop.activate(self.editor.window)
         before = self.editor.text()
         self.desktop.press("x")
