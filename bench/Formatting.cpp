@@ -73,16 +73,17 @@ int main(int argc, char** argv)
     RemoteProviderConfig config;
     config.provider = RemoteProviderType::Custom;
     config.customBaseURL = arguments[1];
+    const QString prompt = QStringLiteral("Be brief.");
     const QString text = QStringLiteral("word ").repeated(arguments[3].toInt());
     for (int run = 0; run < arguments[2].toInt(); ++run) {
-        CustomOpenAICompatibleService service({http, keys, english}, config);
-        service.prepare();
+        CustomOpenAICompatibleService service({http, keys, english, clock}, config, RemoteFormatService::standardTimeout);
+        service.prepare(prompt);
         QElapsedTimer timer;
         timer.start();
         qint64 mainNs = 0;
         {
             // Code that runs before the first suspension counts as an event.
-            auto asked = service.format(QStringLiteral("Be brief."), text);
+            auto asked = service.format(prompt, text);
             mainNs = timer.nsecsElapsed();
             try {
                 runTask(std::move(asked));

@@ -30,11 +30,11 @@ quietly() { # LOG COMMAND...
   "$@" >"$log" 2>&1 || fail_with_log "$(printf '"%s" failed' "$*")" "$log"
 }
 
-build_preset() { # PRESET
+build_preset() { # PRESET [CMAKE-OPTION...]
   phase "Building ($1)"
   # Compiler output is cached between builds, even across build folders.
   export CMAKE_C_COMPILER_LAUNCHER=ccache CMAKE_CXX_COMPILER_LAUNCHER=ccache
-  quietly "build/logs/$1-configure.log" cmake --preset "$1" -DCMAKE_EXPORT_COMPILE_COMMANDS=ON
+  quietly "build/logs/$1-configure.log" cmake --preset "$@" -DCMAKE_EXPORT_COMPILE_COMMANDS=ON
   quietly "build/logs/$1-build.log" cmake --build --preset "$1" --parallel "$(nproc)"
   phase_done
 }
