@@ -5,18 +5,13 @@ import json
 import sys
 
 from dictationcase import ROOT, main
-from shellcase import SETTINGS_TITLE, ShellCase
-
-from accessibility import ScreenReader
-from program import poll_until
+from shellcase import SETTINGS_TITLE, SettingsCase
 
 sys.path.insert(0, str(ROOT / "tests" / "ai" / "services"))
 from chatserver import Answer, ChatServer  # noqa: E402
 
-MOST_STOPS = 60
 
-
-class SettingsTest(ShellCase):
+class SettingsTest(SettingsCase):
     @classmethod
     def setUpClass(cls):
         cls.server = cls.enterClassContext(ChatServer())
@@ -24,35 +19,12 @@ class SettingsTest(ShellCase):
         cls.vantro.quit()
         cls.vantro.run("providers", "add", "--type", "custom", "--name", "House", "--model", "small", "--base-url",
                        cls.server.url + "/v1", "--key-stdin", stdin=b"sk-house")
-        cls.desktop.env["QT_LINUX_ACCESSIBILITY_ALWAYS_ON"] = "1"
         cls.vantro.start()
-        cls.reader = ScreenReader(cls.desktop, "vantro")
 
     def command(self, *words):
         result = self.vantro.run(*words, "--json")
         self.assertEqual(result.returncode, 0, result.stderr)
         return json.loads(result.stdout)
-
-    def open(self, page):
-        """By the search, as it is the shortest way."""
-        self.start_again()
-        self.has_keyboard(self.window(SETTINGS_TITLE))
-        self.desktop.press("ctrl+f")
-        self.desktop.type_text(page)
-        self.desktop.press("Return")
-
-    def shown(self):
-        return [node.name for node in self.reader.nodes(SETTINGS_TITLE)]
-
-    def tab_to(self, name, of="", key="Tab"):
-        for _ in range(MOST_STOPS):
-            focused = self.reader.focused(SETTINGS_TITLE)
-            if focused and focused.name == name and of in focused.description:
-                return
-            self.desktop.press(key)
-            poll_until(lambda: (now := self.reader.focused(SETTINGS_TITLE))
-                       and (not focused or now.address != focused.address), 2)
-        self.fail(f"no stop is named {name}: {self.shown()}")
 
     def test_a_mode_is_made_tried_and_given_its_digit(self):
         self.open("Modes")

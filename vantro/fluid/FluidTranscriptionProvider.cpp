@@ -88,10 +88,16 @@ QCoro::Task<QString> FluidTranscriptionProvider::transcribe(TranscriptionRequest
     if (request.onTokens)
         request.onTokens(tokensOf(transcript.result));
     boostingProblem_ = transcript.skipped;
+    boostingFile_ = FileVersion::of(files_.find(boostingModel_));
     if (request.onVocabulary)
         request.onVocabulary(reportOf(transcript));
     co_return TextReplacer::applyReplacements(QString::fromStdString(transcript.result.text).trimmed(),
                                               vocabulary_.textReplacements());
+}
+
+QString FluidTranscriptionProvider::boostingProblem() const
+{
+    return boostingFile_ == FileVersion::of(files_.find(boostingModel_)) ? boostingProblem_ : QString();
 }
 
 bool FluidTranscriptionProvider::hear(const UnfinishedRecording& recording)

@@ -4,6 +4,7 @@
 #include "base/UserDefaults.h"
 #include "vantro/fluid/FluidAsrEngine.h"
 #include "vantro/fluid/FluidModelFiles.h"
+#include "vantro/models/FileVersion.h"
 #include "vantro/models/SpeechEngine.h"
 #include "vantro/text/VocabularySettings.h"
 
@@ -40,8 +41,9 @@ public:
     bool hear(const UnfinishedRecording& recording) override;
     void hurry() override { engine_.hurry(); }
     void dictationEnded() override { engine_.forget(); }
-    /// Why the latest transcription could not look for the user's words; empty if it could or need not.
-    [[nodiscard]] QString boostingProblem() const { return boostingProblem_; }
+    /// Why the latest transcription could not look for the user's words; empty if it could or need not, or if the model
+    /// that looks for them is another one by now.
+    [[nodiscard]] QString boostingProblem() const;
     [[nodiscard]] bool holdsModel() const override { return engine_.holdsModel(); }
     void unload() override { engine_.unload(); }
 
@@ -64,6 +66,7 @@ private:
     const VocabularySettings& vocabulary_;
     const TranscriptionModel& boostingModel_;
     QString boostingProblem_;
+    FileVersion boostingFile_; ///< that it is about
     Logger logger_{"FluidAsrEngine"};
     SerialExecutor checks_{QStringLiteral("fluid model checks")};
 };

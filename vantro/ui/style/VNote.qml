@@ -7,4 +7,6 @@ VText {
     color: Theme.textSecondary
     font.pixelSize: Theme.sizeSecondary
     wrapMode: Text.Wrap
+    Accessible.role: Accessible.StaticText
+    Accessible.name: text
 }

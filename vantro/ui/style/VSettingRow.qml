@@ -22,6 +22,8 @@ Item {
             color: Theme.text
             font.pixelSize: Theme.sizeBody
             wrapMode: Text.Wrap
+            Accessible.role: Accessible.StaticText
+            Accessible.name: text
         }
         VNote {
             text: row.hint
