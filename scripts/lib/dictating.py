@@ -21,6 +21,7 @@ from vantro import HUD_TITLE, SHORTCUT, STOP_KEY, Vantro
 ROOT = Path(__file__).resolve().parent.parent.parent
 # Nothing is fetched from the network.
 ARGUMENTS = ("--shortcut", SHORTCUT, "--model-host", "http://127.0.0.1:9")
+COPIED = "what was copied before"
 TEXT_S = 120
 ELSEWHERE = (900, 300)  # a point of the other window
 ALIKE = 0.75
@@ -88,7 +89,7 @@ class DictatingUser:
         self.other = desktop.open_xterm()
         for window, x in ((self.editor.window, 0), (self.other.window, 700)):
             desktop.run("xdotool", "windowsize", window.id, 500, 400, "windowmove", window.id, x, 0)
-        desktop.set_clipboard("what was copied before")
+        desktop.set_clipboard(COPIED)
         self.stored = 0
         self.delivered = ""  # all that has come into the editor
         self.lives = 0
@@ -115,7 +116,7 @@ class DictatingUser:
         self.close_alerts()
         self.vantro.run("retry", "--discard")
         self.desktop.activate(self.editor.window)
-        self.desktop.set_clipboard("what was copied before")
+        self.desktop.set_clipboard(COPIED)
         self.delivered = self.editor.text()
         self.stored = self.history_size()
 
@@ -130,6 +131,8 @@ class DictatingUser:
     def begin(self, speech):
         self.wait(lambda: not self.vantro.window(HUD_TITLE), 30, "the former notice to go")
         self.speech = speech
+        if is_same(words(self.desktop.clipboard()), speech.words):  # left there earlier
+            self.desktop.set_clipboard(COPIED)
         self.former = self.desktop.clipboard()
         self.typed_elsewhere = self.other.text()
         self.desktop.activate(self.editor.window)
