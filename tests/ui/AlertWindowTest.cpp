@@ -86,6 +86,7 @@ TEST_F(AlertWindowTest, LeavesTheKeyboardToWhoWorksInAnotherProgram)
     const auto next = alert();
     next->presentUnasked();
     EXPECT_TRUE(eventually([&] { return workspace_->frontWindow() == next->winId(); }));
+    delete next.data();
     EXPECT_TRUE(answers_.isEmpty());
 }
 

@@ -24,12 +24,14 @@ AlertWindow::AlertWindow(QQmlEngine& engine, Clock& clock, const Contents& conte
     if (contents.about)
         connect(*contents.about, &QObject::destroyed, this, &QWindow::close);
     connect(rootObject(), SIGNAL(pressed(int)), this, SLOT(pressed(int)));
-    connect(this, &QWindow::visibleChanged, this, [this](bool visible) {
-        if (visible)
-            return;
-        answer(std::nullopt);
-        deleteLater();
-    });
+}
+
+/// Not a slot of visibleChanged(), which is emitted once more when the window is half destroyed.
+void AlertWindow::hideEvent(QHideEvent* event)
+{
+    Dialog::hideEvent(event);
+    answer(std::nullopt);
+    deleteLater();
 }
 
 void AlertWindow::pressed(int button)

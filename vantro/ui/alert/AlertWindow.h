@@ -17,7 +17,8 @@ class AlertWindow final : public Dialog
 public:
     enum class Kind { informational, warning };
 
-    /// Called once, with the index of the button, or nullopt when the alert was closed in another way.
+    /// Called once, with the index of the button, or nullopt when the alert was closed in another way; not when it is
+    /// destroyed while it is shown.
     using Answered = std::function<void(std::optional<int> button)>;
 
     struct Contents
@@ -31,6 +32,9 @@ public:
     };
 
     AlertWindow(QQmlEngine& engine, Clock& clock, const Contents& contents, Answered answered = {});
+
+protected:
+    void hideEvent(QHideEvent* event) override;
 
 private Q_SLOTS:
     void pressed(int button);
