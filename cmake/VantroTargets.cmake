@@ -35,12 +35,15 @@ function(vantro_room name)
   target_link_libraries(${name} PUBLIC ${ARG_LINK} PRIVATE vantro_settings ${ARG_PRIVATE_LINK})
 endfunction()
 
-# Sanitized programs get more of it.
+# How often a test may take its usual time.
+set(VANTRO_PATIENCE 1)
+if(VANTRO_SANITIZE)
+  set(VANTRO_PATIENCE 4)
+endif()
+
 function(vantro_time_limit variable seconds)
-  if(VANTRO_SANITIZE)
-    math(EXPR seconds "4 * ${seconds}")
-  endif()
-  set(${variable} ${seconds} PARENT_SCOPE)
+  math(EXPR limit "${VANTRO_PATIENCE} * ${seconds}")
+  set(${variable} ${limit} PARENT_SCOPE)
 endfunction()
 
 # vantro_test(NAME SOURCES ... LINK ... [ENV NAME=VALUE ...] [LABELS ...] [TIMEOUT seconds] [WRAPPER command ...]):
@@ -71,7 +74,7 @@ function(vantro_script_test name script)
   vantro_time_limit(limit ${ARG_TIMEOUT})
   add_test(NAME ${name} COMMAND "${CMAKE_CURRENT_SOURCE_DIR}/${script}")
   set_tests_properties(${name} PROPERTIES TIMEOUT ${limit} LABELS "${ARG_LABELS}" SKIP_RETURN_CODE 77
-    ENVIRONMENT "VANTRO_PROGRAM=$<TARGET_FILE:vantro>;VANTRO_SOURCE_DIR=${CMAKE_SOURCE_DIR};PYTHONDONTWRITEBYTECODE=1;${ARG_ENV}")
+    ENVIRONMENT "VANTRO_PROGRAM=$<TARGET_FILE:vantro>;VANTRO_SOURCE_DIR=${CMAKE_SOURCE_DIR};VANTRO_PATIENCE=${VANTRO_PATIENCE};PYTHONDONTWRITEBYTECODE=1;${ARG_ENV}")
   if(ARG_SERIAL)
     set_tests_properties(${name} PROPERTIES RUN_SERIAL ON)
   endif()

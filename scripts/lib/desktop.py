@@ -26,6 +26,7 @@ _SESSION_VARIABLES = ("DBUS_", "DISPLAY", "GNOME_", "GTK_", "LANG", "LC_", "PULS
                       "XDG_")
 _ENDING_SIGNALS = (signal.SIGTERM, signal.SIGHUP)
 _KEYRING_PASSWORD = b"vantro"
+PATIENCE = float(os.environ.get("VANTRO_PATIENCE", 1))  # of whoever waits for a program, which may be a slow one
 
 
 class Editor:
@@ -102,10 +103,11 @@ class VirtualDesktop:
         return result.stdout
 
     def wait_until(self, predicate, timeout_s, what):
-        """Waits for the first true value of predicate() and returns it."""
-        value = poll_until(lambda: self._check_services() or predicate(), timeout_s)
+        """Waits for the first true value of predicate() and returns it. VANTRO_PATIENCE multiplies the limit."""
+        patience_s = timeout_s * PATIENCE
+        value = poll_until(lambda: self._check_services() or predicate(), patience_s)
         if not value:
-            raise self.failure(f"timed out after {timeout_s} s waiting for {what}")
+            raise self.failure(f"timed out after {patience_s:g} s waiting for {what}")
         return value
 
     def failure(self, text):
