@@ -2507,6 +2507,10 @@
         <source>there is no recording to transcribe</source>
         <translation>es gibt keine Aufnahme zum Transkribieren</translation>
     </message>
+    <message>
+        <source>That recording is kept. After this dictation the command vantro retry transcribes it.</source>
+        <translation>Diese Aufnahme ist aufbewahrt. Nach diesem Diktat transkribiert sie der Befehl vantro retry.</translation>
+    </message>
 </context>
 <context>
     <name>RemoteFormatError</name>
@@ -3165,10 +3169,6 @@
         <translation>Aufnahme verworfen</translation>
     </message>
     <message>
-        <source>%1 or a click transcribes it after all</source>
-        <translation>%1 oder ein Klick transkribiert sie doch noch</translation>
-    </message>
-    <message>
         <source>A click transcribes it after all</source>
         <translation>Ein Klick transkribiert sie doch noch</translation>
     </message>
@@ -3299,6 +3299,10 @@
     <message>
         <source>%1 will be removed with its prompt, which cannot be had back.</source>
         <translation>%1 wird mit seiner Anweisung endgültig entfernt.</translation>
+    </message>
+    <message>
+        <source>%1 in its window, or a click, transcribes it after all</source>
+        <translation>%1 im selben Fenster oder ein Klick transkribiert sie doch noch</translation>
     </message>
 </context>
 <context>

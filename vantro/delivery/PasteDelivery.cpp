@@ -98,12 +98,17 @@ QStringList PasteDelivery::targetClass() const
     return target_.window ? workspace_.windowClass(*target_.window) : QStringList();
 }
 
-void PasteDelivery::rememberTarget()
+PasteDelivery::Target PasteDelivery::targetInFront()
 {
     noteFront();
     const auto front = workspace_.frontWindow();
-    target_.window = front ? lastFront_ : std::nullopt;
-    target_.ownFront = front != target_.window ? front : std::nullopt;
+    const auto window = front ? lastFront_ : std::nullopt;
+    return {window, front != window ? front : std::nullopt};
+}
+
+void PasteDelivery::rememberTarget()
+{
+    target_ = targetInFront();
     if (keepsEveryFormat())
         pasteboard_.fetchContents(Selection::Clipboard);
 }

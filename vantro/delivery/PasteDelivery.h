@@ -59,9 +59,11 @@ public:
     PasteDelivery(Pasteboard& pasteboard, KeyEventPoster& keyEvents, Workspace& workspace, const SessionState& session,
                   UserDefaults& defaults, Clock& clock);
 
-    /// Call when a dictation begins, before showing any window: its text will go to the window in front, or to the one
-    /// before if that is one of our own without a text field. With "restoreEveryFormat", begins to fetch what the
-    /// clipboard holds.
+    /// Where a dictation that began now would go: to the window in front, or to the one before if that is one of our
+    /// own without a text field.
+    [[nodiscard]] Target targetInFront();
+    /// Call when a dictation begins, before showing any window: its text will go to targetInFront(). With
+    /// "restoreEveryFormat", begins to fetch what the clipboard holds.
     void rememberTarget();
     [[nodiscard]] const Target& target() const { return target_; }
     /// The names of the target's class; see Workspace::windowClass().

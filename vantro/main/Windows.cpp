@@ -306,7 +306,8 @@ void Windows::showUndoOffer(std::optional<QRect> anchor, std::function<void()> a
     const auto shortcut = parts_.shortcuts.shortcut(KeyboardShortcuts::Name::openModal);
     hud_.showOffer(anchor, tr("Recording discarded"),
                    shortcut && !parts_.defaults.get(setting::holdToTalk)
-                       ? tr("%1 or a click transcribes it after all").arg(wording::shownKeys(shortcut->displayText()))
+                       ? tr("%1 in its window, or a click, transcribes it after all")
+                             .arg(wording::shownKeys(shortcut->displayText()))
                        : tr("A click transcribes it after all"),
                    std::move(accepted));
 }
