@@ -2033,6 +2033,14 @@
         <source>The recording is kept: the command vantro retry transcribes it again.</source>
         <translation>Die Aufnahme ist aufbewahrt: Der Befehl vantro retry transkribiert sie noch einmal.</translation>
     </message>
+    <message>
+        <source>That program has not taken the text before this one yet. This text follows when it responds.</source>
+        <translation>Dieses Programm hat den Text vor diesem noch nicht übernommen. Dieser folgt, sobald es wieder reagiert.</translation>
+    </message>
+    <message>
+        <source>Your text for another window had to wait until its program responded.</source>
+        <translation>Dein Text für ein anderes Fenster musste warten, bis dessen Programm wieder reagierte.</translation>
+    </message>
 </context>
 <context>
     <name>PasteHUDWindow</name>
