@@ -184,6 +184,10 @@
         <source>nothing has been dictated since vantro was started; vantro last --original writes what was before</source>
         <translation>Seit dem Start von vantro wurde nichts diktiert; vantro last --original gibt das vorige Diktat aus</translation>
     </message>
+    <message>
+        <source>this desktop lets no program copy while you work in another</source>
+        <translation>auf diesem Desktop kann kein Programm kopieren, während du in einem anderen arbeitest</translation>
+    </message>
 </context>
 <context>
     <name>ApplicationsModel</name>
@@ -451,10 +455,6 @@
     <message>
         <source>Your words are there as you said them.</source>
         <translation>Dein Text steht da, wie du ihn gesprochen hast.</translation>
-    </message>
-    <message>
-        <source>The text is in the history.</source>
-        <translation>Der Text steht im Verlauf.</translation>
     </message>
     <message>
         <source>A recording ends after ten minutes. Anything said after that is missing: dictate the rest again.</source>

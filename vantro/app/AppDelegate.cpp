@@ -211,6 +211,8 @@ QString AppDelegate::pasteOriginal()
     const QString text = dictation_ ? dictation_->transcript().trimmed() : QString();
     if (text.isEmpty())
         return tr("nothing has been dictated since vantro was started; vantro last --original writes what was before");
+    if (!parts_.dictation.delivery.canCopy())
+        return tr("this desktop lets no program copy while you work in another");
     parts_.dictation.delivery.rememberTarget();
     pasteInFront(text);
     return {};
