@@ -1,5 +1,7 @@
 #include "base/SerialExecutor.h"
 
+#include "base/FaultStack.h"
+
 namespace vantro {
 
 SerialExecutor::SerialExecutor(const QString& threadName)
@@ -13,6 +15,12 @@ SerialExecutor::SerialExecutor(const QString& threadName)
 SerialExecutor::~SerialExecutor()
 {
     pool_.waitForDone();
+}
+
+void SerialExecutor::prepareThread()
+{
+    // Not within the thread's own memory, of which every other thread would have as much.
+    thread_local const auto stack = std::make_unique<FaultStack>();
 }
 
 } // namespace vantro

@@ -32,6 +32,7 @@ public:
         promise->start();
         QFuture<Result> future = promise->future();
         pool_.start([promise = std::move(promise), work = std::move(work)]() mutable {
+            prepareThread();
             try {
                 if constexpr (std::is_void_v<Result>)
                     work();
@@ -46,6 +47,8 @@ public:
     }
 
 private:
+    static void prepareThread();
+
     QThreadPool pool_;
 };
 

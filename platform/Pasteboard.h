@@ -51,6 +51,9 @@ public:
     /// The same for the program that owns @p window, because clipboard managers fetch every text at once. Where the
     /// system does not tell who fetched it, returns wasFetched().
     [[nodiscard]] virtual bool wasFetchedBy(Selection selection, WindowID window) const = 0;
+    /// Whether one program owns both windows, so that wasFetchedBy() does not tell them apart; false where the system
+    /// does not tell.
+    [[nodiscard]] virtual bool isSameProgram(WindowID /*one*/, WindowID /*other*/) const { return false; }
 };
 
 } // namespace vantro

@@ -47,7 +47,7 @@ public:
     /// Asks the program of @p window for a sign of life, which comes after what it does with events that it was sent
     /// before. Returns at once; false for programs that never answer, and on systems that do not ask.
     virtual bool ping(WindowID /*window*/) { return false; }
-    /// Whether @p window is the one of the latest ping() and has answered.
+    /// Whether @p window has answered its latest ping().
     [[nodiscard]] virtual bool hasAnswered(WindowID /*window*/) const { return false; }
     /// Opens @p url in the desktop's default program. Returns false if none could be started.
     virtual bool openUrl(const QString& url) = 0;

@@ -184,6 +184,10 @@
         <source>nothing has been dictated since vantro was started; vantro last --original writes what was before</source>
         <translation>Seit dem Start von vantro wurde nichts diktiert; vantro last --original gibt das vorige Diktat aus</translation>
     </message>
+    <message>
+        <source>this desktop lets no program copy while you work in another</source>
+        <translation>auf diesem Desktop kann kein Programm kopieren, während du in einem anderen arbeitest</translation>
+    </message>
 </context>
 <context>
     <name>ApplicationsModel</name>
@@ -451,10 +455,6 @@
     <message>
         <source>Your words are there as you said them.</source>
         <translation>Dein Text steht da, wie du ihn gesprochen hast.</translation>
-    </message>
-    <message>
-        <source>The text is in the history.</source>
-        <translation>Der Text steht im Verlauf.</translation>
     </message>
     <message>
         <source>A recording ends after ten minutes. Anything said after that is missing: dictate the rest again.</source>
@@ -2033,6 +2033,14 @@
         <source>The recording is kept: the command vantro retry transcribes it again.</source>
         <translation>Die Aufnahme ist aufbewahrt: Der Befehl vantro retry transkribiert sie noch einmal.</translation>
     </message>
+    <message>
+        <source>That program has not taken the text before this one yet. This text follows when it responds.</source>
+        <translation>Dieses Programm hat den Text vor diesem noch nicht übernommen. Dieser folgt, sobald es wieder reagiert.</translation>
+    </message>
+    <message>
+        <source>Your text for another window had to wait until its program responded.</source>
+        <translation>Dein Text für ein anderes Fenster musste warten, bis dessen Programm wieder reagierte.</translation>
+    </message>
 </context>
 <context>
     <name>PasteHUDWindow</name>
@@ -2506,6 +2514,10 @@
     <message>
         <source>there is no recording to transcribe</source>
         <translation>es gibt keine Aufnahme zum Transkribieren</translation>
+    </message>
+    <message>
+        <source>That recording is kept. After this dictation the command vantro retry transcribes it.</source>
+        <translation>Diese Aufnahme ist aufbewahrt. Nach diesem Diktat transkribiert sie der Befehl vantro retry.</translation>
     </message>
 </context>
 <context>
@@ -3165,10 +3177,6 @@
         <translation>Aufnahme verworfen</translation>
     </message>
     <message>
-        <source>%1 or a click transcribes it after all</source>
-        <translation>%1 oder ein Klick transkribiert sie doch noch</translation>
-    </message>
-    <message>
         <source>A click transcribes it after all</source>
         <translation>Ein Klick transkribiert sie doch noch</translation>
     </message>
@@ -3299,6 +3307,10 @@
     <message>
         <source>%1 will be removed with its prompt, which cannot be had back.</source>
         <translation>%1 wird mit seiner Anweisung endgültig entfernt.</translation>
+    </message>
+    <message>
+        <source>%1 in its window, or a click, transcribes it after all</source>
+        <translation>%1 im selben Fenster oder ein Klick transkribiert sie doch noch</translation>
     </message>
 </context>
 <context>

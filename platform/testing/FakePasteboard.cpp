@@ -7,7 +7,7 @@ namespace vantro::doubles {
 
 bool FakePasteboard::wasFetchedBy(Selection selection, WindowID window) const
 {
-    return std::ranges::find(of(selection).fetchedBy, window) != of(selection).fetchedBy.end();
+    return std::ranges::any_of(of(selection).fetchedBy, [&](WindowID by) { return isSameProgram(by, window); });
 }
 
 void FakePasteboard::setByOther(Selection selection, std::optional<QString> text, bool secret)

@@ -3,6 +3,8 @@
 #include "platform/Pasteboard.h"
 
 #include <array>
+#include <set>
+#include <utility>
 #include <vector>
 
 namespace vantro::doubles {
@@ -28,6 +30,12 @@ public:
     void setOffered(bool offered) { isOffered_ = offered; }
     [[nodiscard]] bool wasFetched(Selection selection) const override { return !of(selection).fetchedBy.empty(); }
     [[nodiscard]] bool wasFetchedBy(Selection selection, WindowID window) const override;
+    [[nodiscard]] bool isSameProgram(WindowID one, WindowID other) const override
+    {
+        return one == other || (program_.contains(one) && program_.contains(other));
+    }
+    /// @p windows belong to one program.
+    void setProgram(std::set<WindowID> windows) { program_ = std::move(windows); }
 
     /// Another program copies @p text, or non-text content for nullopt.
     void setByOther(Selection selection, std::optional<QString> text, bool secret = false);
@@ -53,6 +61,7 @@ private:
     }
 
     std::array<Content, 2> contents_;
+    std::set<WindowID> program_;
     bool isOffered_ = true;
 };
 

@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <map>
+#include <set>
 #include <utility>
 #include <vector>
 
@@ -23,10 +24,10 @@ public:
     [[nodiscard]] QStringList windowClass(WindowID window) const override;
     bool ping(WindowID window) override
     {
-        pinged_ = window;
+        pinged_.insert(window);
         return isAskable_;
     }
-    [[nodiscard]] bool hasAnswered(WindowID window) const override { return pinged_ == window && isAnswering_; }
+    [[nodiscard]] bool hasAnswered(WindowID window) const override { return pinged_.contains(window) && isAnswering_; }
     bool openUrl(const QString& url) override
     {
         opened_ << url;
@@ -58,7 +59,7 @@ public:
 private:
     std::map<WindowID, QStringList> windows_;
     std::map<WindowID, bool> own_; ///< with or without a text field
-    std::optional<WindowID> pinged_;
+    std::set<WindowID> pinged_;
     bool isAnswering_ = false;
     bool isAskable_ = true;
     std::optional<WindowID> front_;

@@ -1,6 +1,7 @@
 // The user locks the screen, lets the machine sleep or goes to another session.
 #include "tests/WaitFor.h"
 #include "tests/app/DictationFixture.h"
+#include "vantro/app/WhenBack.h"
 
 using namespace vantro;
 
@@ -70,6 +71,38 @@ TEST_F(DictationTest, IsDeliveredAsEverIfTheUserIsBackInTime)
     pump();
     EXPECT_EQ(delivered, QStringLiteral("Back in time."));
     EXPECT_TRUE(shell.huds.empty());
+}
+
+TEST_F(DictationTest, WhatThereIsToTellWaitsForTheUserAndComesOneAfterTheOther)
+{
+    WhenBack back(session, keyEvents, clock);
+    QStringList told;
+    const auto tell = [&](const char* text) {
+        back.run([&told, text] {
+            told << QLatin1String(text);
+            return 5s;
+        });
+    };
+    session.setAway(true);
+    tell("On the clipboard.");
+    tell("Model ready.");
+    clock.advance(1h);
+    EXPECT_EQ(told, QStringList());
+    keyEvents.setKeyboardTaken(true);
+    session.setAway(false);
+    tell("Note filed.");
+    clock.advance(1h);
+    EXPECT_EQ(told, QStringList());
+    keyEvents.setKeyboardTaken(false);
+    clock.advance(1s);
+    EXPECT_EQ(told.join(u' '), QStringLiteral("On the clipboard."));
+    clock.advance(2s);
+    tell("Pasted."); // what has just happened does not wait
+    EXPECT_EQ(told.size(), 2);
+    clock.advance(4s);
+    EXPECT_EQ(told.size(), 2) << "it is being read";
+    clock.advance(10s);
+    EXPECT_EQ(told.join(u' '), QStringLiteral("On the clipboard. Pasted. Model ready. Note filed."));
 }
 
 TEST_F(DictationTest, NothingBeginsWhileTheUserIsAway)

@@ -176,6 +176,7 @@ public:
     void makeKeyAndOrderFront() override
     {
         orderFront();
+        isKey_ = true;
         former_ = workspace_.frontWindow();
         workspace_.makeOwn(1000);
         workspace_.setFrontWindow(1000);
@@ -192,6 +193,8 @@ public:
             return;
         --open_;
         dictation_.cancelRecording();
+        if (!isKey_)
+            return;
         if (former_ && workspace_.windowExists(*former_))
             workspace_.focus(*former_);
         else
@@ -203,6 +206,7 @@ private:
     doubles::FakeWorkspace& workspace_;
     int& open_;
     bool isOpen_ = false;
+    bool isKey_ = false;
     std::optional<WindowID> former_;
 };
 
@@ -237,7 +241,11 @@ public:
     {
         huds.push_back({anchor, keys ? keys() : QString(), reason});
     }
-    void showUndoOffer(std::optional<QRect>, std::function<void()> accepted) override { undo = std::move(accepted); }
+    void showUndoOffer(std::optional<QRect> anchor, std::function<void()> accepted) override
+    {
+        undoAnchor = anchor;
+        undo = std::move(accepted);
+    }
     void showTranscribing() override { isTranscribingShown = true; }
     void withdrawHUD() override
     {
@@ -276,6 +284,7 @@ public:
     QStringList downloads; ///< models whose download is shown
     std::vector<Hud> huds;
     std::function<void()> undo;                  ///< a click on the offer that is shown
+    std::optional<QRect> undoAnchor;             ///< where it is
     QPointer<QObject> offer;                     ///< while the latest alert that asks is open
     std::function<void(bool)> answerOffer;       ///< a button of the latest alert that asks
     std::function<void(AsSpoken)> answerFailure; ///< the same of a text that was not rewritten
@@ -411,7 +420,7 @@ protected:
     KeyboardShortcuts shortcuts{hotKeys, defaults, notifications};
     PasteDelivery delivery{pasteboard, keyEvents, workspace, session, defaults, clock};
     ShellDouble shell{workspace, engines};
-    Recovery recovery{spool, clock, shell};
+    Recovery recovery{spool, clock, session, shell};
     bool isModelReady;
     std::optional<QString> delivered;
     int readings = 0;                ///< that go on

@@ -238,6 +238,66 @@ TEST_F(RecoveryTest, ACancelledRecordingIsGoneAfterTenSecondsOrWithTheNextOne)
     EXPECT_TRUE(isForgotten());
 }
 
+TEST_F(RecoveryTest, InAnotherWindowTheShortcutBeginsADictationAndTheOfferStays)
+{
+    const auto loseToAnotherWindow = [this] {
+        pressShortcut();
+        speak(16'000);
+        delegate.cancelDictation();
+        workspace.focus(otherWindow);
+        pump();
+        ASSERT_TRUE(shell.undo);
+    };
+    loseToAnotherWindow();
+    const QRect launcherFrame = shell.undoAnchor.value();
+    dictate(QStringLiteral("Elsewhere."));
+    EXPECT_EQ(delivered, QStringLiteral("Elsewhere."));
+    EXPECT_FALSE(shell.undoAnchor->intersects(launcherFrame)) << "it lies on the launcher";
+    EXPECT_TRUE(shell.undo);
+    workspace.focus(editor);
+    pressShortcut();
+    hearAgain(QStringLiteral("After all."));
+    EXPECT_EQ(delivered, QStringLiteral("After all."));
+    EXPECT_TRUE(isForgotten());
+
+    loseToAnotherWindow();
+    pressShortcut();
+    speak(16'000);
+    const auto click = shell.undo;
+    click();
+    pump();
+    EXPECT_TRUE(recorder.isRecording());
+    EXPECT_TRUE(shell.huds.back().reason.contains(QStringLiteral("vantro retry")));
+    delegate.stopRecording();
+    clock.advance(150ms);
+    pump();
+    provider.answer(QStringLiteral("Goes on."));
+    pump();
+    clock.advance(20s);
+    pump();
+    EXPECT_EQ(settledFiles().size(), 1);
+    workspace.focus(editor);
+    pressShortcut();
+    delegate.cancelDictation();
+    EXPECT_EQ(settledFiles().size(), 1) << "it is not on offer any more, but wanted";
+}
+
+TEST_F(RecoveryTest, TheTenSecondsOfACancelStopWhileTheUserIsAway)
+{
+    pressShortcut();
+    speak(16'000);
+    delegate.cancelDictation();
+    clock.advance(6s);
+    session.setAway(true);
+    clock.advance(1h);
+    session.setAway(false);
+    clock.advance(3999ms);
+    EXPECT_TRUE(shell.undo);
+    clock.advance(1ms);
+    EXPECT_FALSE(shell.undo);
+    EXPECT_TRUE(isForgotten());
+}
+
 TEST_F(RecoveryTest, NothingIsOfferedWhereNothingCanHaveBeenSaid)
 {
     const auto cancelAfter = [this](std::size_t samples, float level) {

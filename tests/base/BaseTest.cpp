@@ -2,6 +2,7 @@
 #include "base/NotificationCenter.h"
 #include "base/SerialExecutor.h"
 #include "base/Settings.h"
+#include "platform/ThisProcess.h"
 
 #include <QEventLoop>
 #include <QFile>
@@ -64,6 +65,30 @@ TEST(SerialExecutor, FinishesAcceptedWorkBeforeItGoes)
             std::ignore = executor.run([&done] { ++done; });
     }
     EXPECT_EQ(done, 20);
+}
+
+namespace {
+
+/// Uses up the stack.
+int sink(int depth) // NOLINT(misc-no-recursion)
+{
+    volatile char frame[4096]; // NOLINT(modernize-avoid-c-arrays): it must not be optimised away
+    frame[0] = static_cast<char>(depth);
+    return depth < 0 ? 0 : sink(depth + 1) + frame[0];
+}
+
+} // namespace
+
+TEST(SerialExecutorDeathTest, AThreadThatUsesUpItsStackLeavesATrace)
+{
+    ::testing::GTEST_FLAG(death_test_style) = "threadsafe";
+    EXPECT_DEATH(
+        {
+            process::traceFaults();
+            SerialExecutor executor(QStringLiteral("worker"));
+            executor.run([] { return sink(0); }).waitForFinished();
+        },
+        "vantro ends by signal 11|Sanitizer");
 }
 
 TEST(NotificationCenter, ObserversMayComeAndGoWhileOneIsPosted)

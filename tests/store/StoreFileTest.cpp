@@ -138,6 +138,61 @@ TEST_F(StoreFileTest, WhatIsNotUnderstoodIsReportedAndLeftAsItIs)
     refused("foreign", foreign, "another program's database");
 }
 
+TEST_F(StoreFileTest, WhatIsStoredAfterTheFileWasDeletedMovedOrReplacedIsInTheFileThatIsThere)
+{
+    const auto save = [this](const char* text) {
+        store.saveTranscription(QLatin1String(text), {}, ProcessingMode::Normal);
+    };
+    const auto inFile = [this](const QString& file) {
+        CoreDataStack other(clock, file);
+        other.loadPersistentStores();
+        EXPECT_EQ(integrityOf(other), QStringLiteral("ok"));
+        QStringList texts;
+        for (const Transcription& row : TranscriptionFetch(other.persistentContainer(), {}).rows({}, 10))
+            texts << row.transcription;
+        return texts.join(u' ').toStdString();
+    };
+    const QString another = anotherPath("another");
+    {
+        CoreDataStack backup(clock, another);
+        backup.loadPersistentStores();
+        backup.saveTranscription(QStringLiteral("backup"), {}, ProcessingMode::Normal);
+    }
+    int announced = 0;
+    QObject::connect(&store, &CoreDataStack::changedAtLarge, &store, [&announced] { ++announced; });
+    store.watchOtherProcesses();
+
+    save("one");
+    for (const char* suffix : {"", "-wal", "-shm"})
+        ASSERT_TRUE(QFile::remove(path + QLatin1String(suffix)));
+    save("two");
+    EXPECT_EQ(inFile(path), "two");
+    QCoreApplication::processEvents();
+    EXPECT_GE(announced, 1);
+
+    const QString aside = folder.filePath(QStringLiteral("aside.sqlite"));
+    ASSERT_TRUE(QFile::rename(path, aside)); // without the log
+    save("three");
+    EXPECT_EQ(inFile(path), "three");
+    EXPECT_EQ(inFile(aside), "two");
+
+    ASSERT_EQ(::rename(another.toLocal8Bit().constData(), path.toLocal8Bit().constData()), 0);
+    save("four");
+    EXPECT_EQ(inFile(path), "four backup");
+
+    ASSERT_TRUE(QDir(QFileInfo(path).path()).removeRecursively());
+    write(QFileInfo(path).path(), "in the folder's place");
+    EXPECT_THROW(save("refused"), StoreError);
+    EXPECT_THROW(save("refused"), StoreError);
+    ASSERT_TRUE(QFile::remove(QFileInfo(path).path()));
+    save("five");
+    EXPECT_EQ(inFile(path), "five");
+    const std::unique_ptr<CoreDataStack> other = openAgain();
+    const int before = announced;
+    other->saveTranscription(QStringLiteral("six"), {}, ProcessingMode::Normal);
+    EXPECT_TRUE(waitFor([&] { return announced > before; })) << "the new file is watched";
+}
+
 TEST_F(StoreFileTest, ALockIsWaitedForAndThenNamed)
 {
     store.saveTranscription(QStringLiteral("before"), {}, ProcessingMode::Normal);

@@ -121,14 +121,17 @@ std::weak_ptr<Dictation> AppDelegate::showLauncherAndRecord(Dictation::Keyboard 
 {
     if (isUserAway())
         return {};
-    if (dictation_ && !dictation_->isOver()) {
+    if (isDictating()) {
         if (dictation_->state() > Dictation::State::recording)
             shell().showPasteHUD(std::nullopt, {}, tr("Still working on the last dictation."));
         return {};
     }
     if (!hasModel())
         return {};
-    recovery().forgetCancelled();
+    if (isOfferElsewhere())
+        recovery().makeRoom();
+    else
+        recovery().forgetCancelled();
     dictation_ = Dictation::begin(parts_.dictation, keyboard);
     return dictation_;
 }
@@ -151,18 +154,28 @@ bool AppDelegate::hasModel()
     return false;
 }
 
-/// Soon after a cancel it takes that back. Whoever holds it speaks.
+/// Soon after a cancel it takes that back. Whoever holds it, or uses it in another window, speaks.
 std::weak_ptr<Dictation> AppDelegate::shortcutUsed(Dictation::Keyboard keyboard)
 {
     const bool isHeld = keyboard == Dictation::Keyboard::left;
-    return !isHeld && !isUserAway() && recovery().takeCancelBack() ? std::weak_ptr<Dictation>()
-                                                                   : showLauncherAndRecord(keyboard);
+    const bool mayTakeBack = !isHeld && !isUserAway() && !isDictating() && !isOfferElsewhere();
+    return mayTakeBack && recovery().takeCancelBack() ? std::weak_ptr<Dictation>() : showLauncherAndRecord(keyboard);
+}
+
+bool AppDelegate::isDictating() const
+{
+    return dictation_ && !dictation_->isOver();
+}
+
+bool AppDelegate::isOfferElsewhere() const
+{
+    return recovery().offersForAnother(parts_.dictation.delivery.targetInFront());
 }
 
 std::shared_ptr<Dictation> AppDelegate::transcribeAgain(Owed owed)
 {
-    if (dictation_ && !dictation_->isOver())
-        throw Error(tr("a dictation is already in progress"));
+    if (isDictating())
+        throw NotNow(tr("a dictation is already in progress"));
     if (!hasModel())
         throw Error(tr("the speech model is missing; see the program's window"));
     dictation_ = Dictation::again(parts_.dictation, std::move(owed));
@@ -183,7 +196,7 @@ void AppDelegate::cancelDictation()
 
 QCoro::Task<> AppDelegate::pasteAgain(QString text)
 {
-    if (dictation_ && !dictation_->isOver())
+    if (isDictating())
         co_return;
     PasteDelivery& delivery = parts_.dictation.delivery;
     delivery.returnTo(delivery.otherWindow());
@@ -193,11 +206,13 @@ QCoro::Task<> AppDelegate::pasteAgain(QString text)
 
 QString AppDelegate::pasteOriginal()
 {
-    if (dictation_ && !dictation_->isOver())
+    if (isDictating())
         return tr("a dictation is in progress");
     const QString text = dictation_ ? dictation_->transcript().trimmed() : QString();
     if (text.isEmpty())
         return tr("nothing has been dictated since vantro was started; vantro last --original writes what was before");
+    if (!parts_.dictation.delivery.canCopy())
+        return tr("this desktop lets no program copy while you work in another");
     parts_.dictation.delivery.rememberTarget();
     pasteInFront(text);
     return {};

@@ -66,6 +66,8 @@ public:
 private:
     [[nodiscard]] std::weak_ptr<Dictation> shortcutUsed(Dictation::Keyboard keyboard);
     [[nodiscard]] std::shared_ptr<Dictation> transcribeAgain(Owed owed);
+    [[nodiscard]] bool isDictating() const;
+    [[nodiscard]] bool isOfferElsewhere() const;
     [[nodiscard]] bool hasModel();
     QCoro::Task<> pasteInFront(QString text);
     void observeNotifications();

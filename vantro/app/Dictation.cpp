@@ -402,7 +402,11 @@ QCoro::Task<> Dictation::deliver(QString text)
 void Dictation::copy(const QString& text, std::optional<QRect> launcherFrame)
 {
     parts_.delivery.copy(text);
-    const QString reason = !parts_.delivery.canCopy() ? tr("The text is in the history.")
+    if (!isTextSafe()) {
+        fate_ = Fate::handedOver;
+        parts_.recovery.keep(owed_);
+    }
+    const QString reason = !parts_.delivery.canCopy() ? parts_.delivery.whereItIs(isTextStored())
                            : isAgain_                 ? tr("The text of your recording is on the clipboard.")
                                                       : QString();
     parts_.shell.showPasteHUD(launcherFrame, pasteKeys(), withFirstWords(joined(remark_, reason), text));

@@ -168,6 +168,7 @@ private:
     void closeLauncher();
     void tellOfStoreProblem();
     [[nodiscard]] bool isTextStored() const;
+    [[nodiscard]] bool isTextSafe() const;
     [[nodiscard]] QString saveFromLoss();
 
     Parts parts_;

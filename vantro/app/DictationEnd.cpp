@@ -24,7 +24,7 @@ void Dictation::fail(const QString& what)
     failure_ = what;
     notice_ = what;
     announce(transcript_, what);
-    if (transcript_.trimmed().isEmpty())
+    if (transcript_.trimmed().isEmpty() || !isTextSafe())
         fate_ = Fate::failed;
     else
         notice_ += QStringLiteral("\n\n") + saveFromLoss();
@@ -33,6 +33,12 @@ void Dictation::fail(const QString& what)
 bool Dictation::isTextStored() const
 {
     return !transcript_.trimmed().isEmpty() && parts_.store.hasLatest();
+}
+
+/// Without being delivered.
+bool Dictation::isTextSafe() const
+{
+    return isTextStored() || parts_.delivery.canCopy();
 }
 
 /// A text that was neither delivered nor stored, such as a note when the disk is full, goes to the clipboard. Returns

@@ -18,6 +18,16 @@ const QString blankLine = QStringLiteral("\n\n");
 
 } // namespace
 
+Recovery::Recovery(RecordingSpool& spool, Clock& clock, const SessionState& session, Shell& shell)
+    : spool_(spool)
+    , clock_(clock)
+    , session_(session)
+    , shell_(shell)
+{
+    connect(&session, &SessionState::aboutToBeAway, this, &Recovery::stopCountingDown);
+    connect(&session, &SessionState::returned, this, &Recovery::countDown);
+}
+
 void Recovery::offerFailed(Owed owed, const QString& notice)
 {
     std::vector<Owed> one;
@@ -51,9 +61,43 @@ void Recovery::offerCancelled(Owed owed, std::optional<QRect> anchor)
     owed.recording->setHidden(true);
     owed.isCancelled = true;
     cancelled_ = std::move(owed);
-    undoTimer_ = std::make_unique<QObject>();
-    clock_.callAfter(undoTime, undoTimer_.get(), [this] { forgetCancelled(); });
+    undoLeft_ = undoTime;
+    countDown();
+    launcher_ = anchor;
+    showOffer(anchor);
+}
+
+void Recovery::showOffer(std::optional<QRect> anchor)
+{
     shell_.showUndoOffer(anchor, [this] { takeCancelBack(); });
+}
+
+void Recovery::makeRoom()
+{
+    if (cancelled_ && launcher_)
+        showOffer(launcher_->translated(0, -launcher_->height()));
+}
+
+/// Nobody sees the offer behind a locked screen.
+void Recovery::countDown()
+{
+    if (!cancelled_ || undoTimer_ || session_.isAway())
+        return;
+    undoTimer_ = std::make_unique<QObject>();
+    undoEnd_ = clock_.now() + undoLeft_;
+    clock_.callAfter(undoLeft_, undoTimer_.get(), [this] { forgetCancelled(); });
+}
+
+void Recovery::stopCountingDown()
+{
+    if (!std::exchange(undoTimer_, nullptr))
+        return;
+    undoLeft_ = std::chrono::ceil<std::chrono::milliseconds>(undoEnd_ - clock_.now());
+}
+
+bool Recovery::offersForAnother(const PasteDelivery::Target& target) const
+{
+    return cancelled_ && cancelled_->target && cancelled_->target->window != target.window;
 }
 
 bool Recovery::takeCancelBack()
@@ -147,6 +191,10 @@ QCoro::Task<> Recovery::start(std::vector<Owed> owed)
 {
     try {
         co_await transcribe(std::move(owed));
+    } catch (const NotNow&) {
+        shell_.showPasteHUD(
+            std::nullopt, {},
+            tr("That recording is kept. After this dictation the command vantro retry transcribes it."));
     } catch (const Error& error) {
         // The user has been told, by an alert or by the window that downloads the model.
         Logger("Recovery").error(error.localizedDescription());

@@ -2,6 +2,7 @@
 
 #include "base/Clock.h"
 #include "base/Error.h"
+#include "platform/SessionState.h"
 #include "vantro/audio/RecordingSpool.h"
 #include "vantro/delivery/PasteDelivery.h"
 
@@ -31,6 +32,13 @@ struct Owed
     std::shared_ptr<QObject> offer = {}; ///< an alert that asks about it; goes with the last one that it asks about
 };
 
+/// Another dictation is under way.
+class NotNow : public Error
+{
+public:
+    using Error::Error;
+};
+
 /// There is no recording to transcribe or to discard.
 class NothingKept : public Error
 {
@@ -38,19 +46,19 @@ public:
     using Error::Error;
 };
 
-/// Offers recordings that have not become text: a cancelled one for ten seconds, others until they are transcribed or
-/// discarded. Main thread.
+/// Offers recordings that have not become text: a cancelled one for ten seconds that its user is there, others until
+/// they are transcribed or discarded. Main thread.
 class Recovery final : public QObject
 {
     Q_OBJECT
 public:
     static constexpr std::chrono::seconds undoTime{10};
 
-    /// Transcribes and delivers what is owed. Throws Error when that cannot begin now.
+    /// Transcribes and delivers what is owed. Throws NotNow, or another Error that the user has been told.
     using Begin = std::function<std::shared_ptr<Dictation>(Owed)>;
 
     /// All references must outlive this object.
-    Recovery(RecordingSpool& spool, Clock& clock, Shell& shell) : spool_(spool), clock_(clock), shell_(shell) {}
+    Recovery(RecordingSpool& spool, Clock& clock, const SessionState& session, Shell& shell);
 
     /// To be set before anything else is called.
     void setBegin(Begin begin) { begin_ = std::move(begin); }
@@ -62,6 +70,10 @@ public:
     /// Keeps it without a word.
     void keep(Owed owed) { kept_.push_back(std::move(owed)); }
 
+    /// Whether a cancelled recording is on offer that was not made for @p target.
+    [[nodiscard]] bool offersForAnother(const PasteDelivery::Target& target) const;
+    /// A launcher opens where the last one was: moves the offer above it.
+    void makeRoom();
     /// Transcribes the cancelled recording; false when none is on offer.
     bool takeCancelBack();
     /// Ends the offer. Its recording is gone.
@@ -79,15 +91,22 @@ private:
     QCoro::Task<std::vector<Owed>> takeAll();
     [[nodiscard]] std::vector<Owed> take(const std::vector<std::weak_ptr<Recording>>& wanted);
     void offer(std::vector<Owed> owed, const QString& title, const QString& text);
+    void showOffer(std::optional<QRect> anchor);
+    void countDown();
+    void stopCountingDown();
     QCoro::Task<> start(std::vector<Owed> owed);
     QCoro::Task<QString> transcribe(std::vector<Owed> owed);
 
     RecordingSpool& spool_;
     Clock& clock_;
+    const SessionState& session_;
     Shell& shell_;
     Begin begin_;
     std::vector<Owed> kept_;
     std::optional<Owed> cancelled_;
+    std::optional<QRect> launcher_; ///< where it was cancelled, in screen coordinates
+    std::chrono::milliseconds undoLeft_{};
+    Clock::Instant undoEnd_;             ///< while undoTimer_ runs
     std::unique_ptr<QObject> undoTimer_; ///< destroying it stops it
 };
 

@@ -8,6 +8,7 @@
 
 #include <QScopeGuard>
 
+#include <algorithm>
 #include <coroutine>
 #include <memory>
 #include <tuple>
@@ -98,12 +99,17 @@ QStringList PasteDelivery::targetClass() const
     return target_.window ? workspace_.windowClass(*target_.window) : QStringList();
 }
 
-void PasteDelivery::rememberTarget()
+PasteDelivery::Target PasteDelivery::targetInFront()
 {
     noteFront();
     const auto front = workspace_.frontWindow();
-    target_.window = front ? lastFront_ : std::nullopt;
-    target_.ownFront = front != target_.window ? front : std::nullopt;
+    const auto window = front ? lastFront_ : std::nullopt;
+    return {window, front != window ? front : std::nullopt};
+}
+
+void PasteDelivery::rememberTarget()
+{
+    target_ = targetInFront();
     if (keepsEveryFormat())
         pasteboard_.fetchContents(Selection::Clipboard);
 }
@@ -115,6 +121,7 @@ bool PasteDelivery::copy(const QString& text)
         return false;
     std::ignore = takePending();
     forgetOwed();
+    loseHeld();
     leave(copied);
     printToPerson(QStringLiteral("Copied to clipboard: \"%1\"").arg(copied));
     return true;
@@ -169,13 +176,15 @@ QCoro::Task<PasteDelivery::Outcome> PasteDelivery::deliverNext(QString text, Kee
     const QString dictated = joined(plain(text), target);
     printToPerson(QStringLiteral("Copied to clipboard: \"%1\"").arg(dictated));
     returnToOwed(target);
-    if (isPasting(target)) {
-        addToPending(dictated, std::move(keeping));
+    if (isPasting() && isProgramOf(*pending_, target)) {
+        if (pending_->target == target)
+            addToPending(dictated, std::move(keeping));
+        else
+            hold({dictated, *target, std::move(keeping)});
         co_return Outcome::Pasted;
     }
-    const bool isOnlyHere = static_cast<bool>(keeping.lost);
     const QString waiting = whatOnlyTheClipboardHas();
-    Restore former = takeFormer(dictated);
+    Restore former = takeFormer(dictated, waiting);
     former.keeping.push_back(std::move(keeping));
     show(Selection::Clipboard, dictated);
 
@@ -192,23 +201,32 @@ QCoro::Task<PasteDelivery::Outcome> PasteDelivery::deliverNext(QString text, Kee
         tellOfOwed();
     } else {
         forgetOwed();
-        const QString left = waiting.isEmpty() ? dictated : waiting + QStringLiteral("\n\n") + dictated;
-        leave(left);
-        onlyHere_ = isOnlyHere || !waiting.isEmpty() ? left : QString();
-        isLost_ = !canCopy() && !lose(former);
-        settle(former);
+        loseHeld();
+        leaveAfter(waiting, std::move(former));
         logger().error(explanation(outcome));
     }
     co_return outcome;
 }
 
+/// The text of @p paste stays, after one that is not to be lost either.
+void PasteDelivery::leaveAfter(const QString& waiting, Restore paste)
+{
+    const bool isOnlyHere = std::ranges::any_of(paste.keeping, [](const Keeping& keeping) { return !!keeping.lost; });
+    const QString left = waiting.isEmpty() ? paste.text : waiting + QStringLiteral("\n\n") + paste.text;
+    leave(left);
+    onlyHere_ = isOnlyHere || !waiting.isEmpty() ? left : QString();
+    isLost_ = !canCopy() && !lose(paste);
+    settle(paste);
+}
+
 /// A text that is not in the history and that nobody has pasted yet; empty if there is none.
 QString PasteDelivery::whatOnlyTheClipboardHas()
 {
+    const bool comesBack = pending_ && pending_->clipboard && pending_->clipboard->text == onlyHere_;
     const bool isThere = pasteboard_.isOwner(Selection::Clipboard) &&
                          pasteboard_.string(Selection::Clipboard) == onlyHere_ &&
                          !pasteboard_.wasFetched(Selection::Clipboard);
-    if (!isThere)
+    if (!comesBack && !isThere)
         onlyHere_.clear();
     return onlyHere_;
 }
@@ -221,12 +239,13 @@ QString PasteDelivery::joined(const QString& text, std::optional<WindowID> targe
     return joinedTo(latest_->text, text, defaults_.get(setting::selectedLanguage));
 }
 
-PasteDelivery::Restore PasteDelivery::takeFormer(const QString& dictated)
+/// Also where it would not come back otherwise, @p waiting does.
+PasteDelivery::Restore PasteDelivery::takeFormer(const QString& dictated, const QString& waiting)
 {
     const auto pending = takePending();
     Restore result;
     result.text = dictated;
-    if (!defaults_.get(setting::copyToClipboardEnabled))
+    if (!waiting.isEmpty() || !defaults_.get(setting::copyToClipboardEnabled))
         result.clipboard = former(Selection::Clipboard, dictated, pending ? pending->clipboard : std::nullopt);
     if (pending)
         result.primary = pending->primary;
@@ -344,12 +363,12 @@ PasteDelivery::Outcome PasteDelivery::paste(const QString& dictated, WindowID ta
     return Outcome::Pasted;
 }
 
-QString PasteDelivery::whereItIs() const
+QString PasteDelivery::whereItIs(bool isStored) const
 {
     if (canCopy())
         return tr("The text is on the clipboard.");
-    return isLost_ ? tr("The recording is kept: the command vantro retry transcribes it again.")
-                   : tr("The text is in the history.");
+    return isStored ? tr("The text is in the history.")
+                    : tr("The recording is kept: the command vantro retry transcribes it again.");
 }
 
 QString PasteDelivery::explanation(Outcome outcome) const
@@ -359,19 +378,20 @@ QString PasteDelivery::explanation(Outcome outcome) const
     case Outcome::Nothing:
         return {};
     case Outcome::NoTarget:
-        return tr("No window was active when the dictation began.") + QLatin1Char(' ') + whereItIs();
+        return tr("No window was active when the dictation began.") + QLatin1Char(' ') + whereItIs(!isLost_);
     case Outcome::TargetGone:
-        return tr("The window you were working in has been closed.") + QLatin1Char(' ') + whereItIs();
+        return tr("The window you were working in has been closed.") + QLatin1Char(' ') + whereItIs(!isLost_);
     case Outcome::MovedOn:
-        return tr("You have moved on to another window.") + QLatin1Char(' ') + whereItIs();
+        return tr("You have moved on to another window.") + QLatin1Char(' ') + whereItIs(!isLost_);
     case Outcome::FocusNotReturned:
-        return tr("The window you were working in did not become active again.") + QLatin1Char(' ') + whereItIs();
+        return tr("The window you were working in did not become active again.") + QLatin1Char(' ') +
+               whereItIs(!isLost_);
     case Outcome::UserAway:
-        return tr("You were away when the text was ready.") + QLatin1Char(' ') + whereItIs();
+        return tr("You were away when the text was ready.") + QLatin1Char(' ') + whereItIs(!isLost_);
     case Outcome::KeyboardTaken:
-        return tr("A menu or a locked screen had the keyboard to itself.") + QLatin1Char(' ') + whereItIs();
+        return tr("A menu or a locked screen had the keyboard to itself.") + QLatin1Char(' ') + whereItIs(!isLost_);
     case Outcome::KeystrokeFailed:
-        return keystrokeError_ + QLatin1Char(' ') + whereItIs();
+        return keystrokeError_ + QLatin1Char(' ') + whereItIs(!isLost_);
     }
     return {};
 }

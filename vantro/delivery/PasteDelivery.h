@@ -59,9 +59,11 @@ public:
     PasteDelivery(Pasteboard& pasteboard, KeyEventPoster& keyEvents, Workspace& workspace, const SessionState& session,
                   UserDefaults& defaults, Clock& clock);
 
-    /// Call when a dictation begins, before showing any window: its text will go to the window in front, or to the one
-    /// before if that is one of our own without a text field. With "restoreEveryFormat", begins to fetch what the
-    /// clipboard holds.
+    /// Where a dictation that began now would go: to the window in front, or to the one before if that is one of our
+    /// own without a text field.
+    [[nodiscard]] Target targetInFront();
+    /// Call when a dictation begins, before showing any window: its text will go to targetInFront(). With
+    /// "restoreEveryFormat", begins to fetch what the clipboard holds.
     void rememberTarget();
     [[nodiscard]] const Target& target() const { return target_; }
     /// The names of the target's class; see Workspace::windowClass().
@@ -74,6 +76,8 @@ public:
 
     /// Whether there is a clipboard for a text that is not pasted. Otherwise it is only in the history.
     [[nodiscard]] bool canCopy() const { return pasteboard_.isOffered(); }
+    /// Where the user finds a text that is not pasted, in a sentence.
+    [[nodiscard]] QString whereItIs(bool isStored) const;
     /// Puts @p text, trimmed, where pasteKeys() finds it. Returns false and changes nothing when it is blank.
     bool copy(const QString& text);
     /// What makes the window in front paste, or the one before one of our own, for the user to read.
@@ -84,11 +88,13 @@ public:
     /// user is away. Unless "copyToClipboardEnabled" is set, the previous clipboard text is restored later: 0.3 s after
     /// the keystroke, or once the window has fetched the text if that takes longer, and not at all if the clipboard has
     /// been changed since. After 2 s notFetched() is emitted. A window that has not answered one keystroke yet gets no
-    /// second one: its paste will bring both texts. What it is owed comes back to the clipboard when a text for another
-    /// window has been fetched.
+    /// second one: its paste will bring both texts. Nor does another window of its program, whose text that keystroke
+    /// would take: it comes afterwards, or if its user has moved on by then, stays on the clipboard. What a window is
+    /// owed comes back to the clipboard when a text for another program has been fetched.
     /// A text that is not pasted stays on the clipboard; after one that waits there, is kept nowhere else and has not
-    /// been fetched by anybody. One text after the other: a second one waits for the first. With "joinDictations", a
-    /// text that soon follows another one in the same window is joined to it.
+    /// been fetched by anybody, which comes back after a paste in any case. One text after the other: a second one
+    /// waits for the first. With "joinDictations", a text that soon follows another one in the same window is joined to
+    /// it.
     [[nodiscard]] QCoro::Task<Outcome> deliver(QString text, Keeping keeping = {});
 
     /// Ends a pending paste as it stands. For when the process is about to end.
@@ -132,24 +138,36 @@ private:
         bool isTold = false;      ///< the user knows that it has not been fetched
         std::vector<Keeping> keeping;
     };
+    /// A text whose keystroke comes after one that another window of its program has not answered yet.
+    struct Held
+    {
+        QString text;
+        WindowID window{};
+        Keeping keeping;
+    };
 
     void noteFront();
     [[nodiscard]] QString joined(const QString& text, std::optional<WindowID> target) const;
     [[nodiscard]] QCoro::Task<Outcome> deliverNext(QString text, Keeping keeping);
     [[nodiscard]] std::optional<Restore> takePending();
-    [[nodiscard]] Restore takeFormer(const QString& dictated);
+    [[nodiscard]] Restore takeFormer(const QString& dictated, const QString& waiting);
     [[nodiscard]] Former former(Pasteboard::Selection selection, const QString& dictated,
                                 const std::optional<Former>& pending) const;
     [[nodiscard]] QCoro::Task<Outcome> waitForKeyboard(std::optional<WindowID> target);
     [[nodiscard]] QCoro::Task<> waitForKeyRelease();
     [[nodiscard]] bool isKeyboardBusy() const;
     [[nodiscard]] std::optional<Outcome> obstacle() const;
-    [[nodiscard]] QString whereItIs() const;
     [[nodiscard]] bool hasKeyboard(WindowID window) const;
     [[nodiscard]] bool hasMovedOn(WindowID target) const;
     [[nodiscard]] bool keepsEveryFormat() const;
     [[nodiscard]] bool isFetched(Restore& paste) const;
-    [[nodiscard]] bool isPasting(std::optional<WindowID> target);
+    [[nodiscard]] bool isPasting();
+    [[nodiscard]] bool isProgramOf(const Restore& paste, std::optional<WindowID> window) const;
+    void hold(Held held);
+    [[nodiscard]] bool isHeldBack(WindowID window);
+    void bringHeld();
+    QCoro::Task<> bring(Held held);
+    void loseHeld();
     void returnToOwed(std::optional<WindowID> target);
     void tellOfOwed();
     void forgetOwed();
@@ -160,6 +178,7 @@ private:
     void show(Pasteboard::Selection selection, const QString& text);
     void showAgain(const QString& dictated, Restore& former);
     void leave(const QString& text);
+    void leaveAfter(const QString& waiting, Restore paste);
     [[nodiscard]] KeyEventPoster::PasteChord chordOf(std::optional<WindowID> window) const;
     [[nodiscard]] Outcome paste(const QString& dictated, WindowID target, Restore restore);
     void followPending();
@@ -190,6 +209,7 @@ private:
     std::optional<Latest> latest_; ///< the paste that the next one may follow on
     std::optional<Restore> pending_;
     std::vector<Restore> owed_; ///< to windows that stood still when a text for another one came; the latest last
+    std::vector<Held> held_;
     bool isDelivering_ = false;
     quint64 generation_ = 0;
     QString keystrokeError_;

@@ -47,10 +47,10 @@ void PasteDelivery::tellOfForgotten(Restore& paste)
                       whereIsLost(lose(paste)));
 }
 
-/// The next text for a window that is owed one comes with it.
+/// The next text for a window that is owed one comes with it, and one for another window of its program after it.
 void PasteDelivery::returnToOwed(std::optional<WindowID> target)
 {
-    const auto found = std::ranges::find_if(owed_, [target](const Restore& paste) { return paste.target == target; });
+    const auto found = std::ranges::find_if(owed_, [&](const Restore& paste) { return isProgramOf(paste, target); });
     if (found == owed_.end())
         return;
     Restore owed = std::move(*found);
@@ -58,6 +58,7 @@ void PasteDelivery::returnToOwed(std::optional<WindowID> target)
     std::ignore = takePending();
     pending_ = std::move(owed);
     leaveForNow(*pending_);
+    lookAfter(lateFetchPoll);
 }
 
 void PasteDelivery::tellOfOwed()
@@ -83,12 +84,17 @@ bool PasteDelivery::isFetched(Restore& paste) const
     return paste.isFetched;
 }
 
-/// Whether @p target still has a keystroke to answer, and will find our text then. Of a window that cannot be asked,
-/// who dictates into it once more knows best.
-bool PasteDelivery::isPasting(std::optional<WindowID> target)
+/// Whether there is a window that still has a keystroke to answer, and will find our text then. Of one that cannot be
+/// asked, who dictates into it once more knows best.
+bool PasteDelivery::isPasting()
 {
-    return pending_ && pending_->target == target && !isFetched(*pending_) && isOurs(*pending_) &&
-           willTake(*pending_) && (pending_->isAskable || !pending_->isTold);
+    return pending_ && !isFetched(*pending_) && isOurs(*pending_) && willTake(*pending_) &&
+           (pending_->isAskable || !pending_->isTold);
+}
+
+bool PasteDelivery::isProgramOf(const Restore& paste, std::optional<WindowID> window) const
+{
+    return window && (paste.target == window || pasteboard_.isSameProgram(paste.target, *window));
 }
 
 /// A window that has had its time and goes on without the text had no use for the keystroke.
@@ -118,6 +124,64 @@ void PasteDelivery::addToPending(const QString& dictated, Keeping keeping)
         paste.primary->ours = paste.text;
     }
     followPending();
+}
+
+void PasteDelivery::hold(Held held)
+{
+    held_.push_back(std::move(held));
+    Q_EMIT notFetched(
+        tr("That program has not taken the text before this one yet. This text follows when it responds."));
+}
+
+/// A keystroke before its own is not answered yet, or just now.
+bool PasteDelivery::isHeldBack(WindowID window)
+{
+    const bool isOwed =
+        std::ranges::any_of(owed_, [&](const Restore& paste) { return isProgramOf(paste, window) && willTake(paste); });
+    return isOwed || (pending_ && isProgramOf(*pending_, window) && (isFetched(*pending_) || isPasting()));
+}
+
+/// To a user who still waits there. Of one who works elsewhere the keyboard stays there.
+void PasteDelivery::bringHeld()
+{
+    while (!held_.empty() && !isDelivering_ && !isHeldBack(held_.front().window)) {
+        Held next = std::move(held_.front());
+        held_.erase(held_.begin());
+        if (hasKeyboard(next.window) && !isKeyboardBusy() && !session_.isAway()) {
+            bring(std::move(next));
+            continue;
+        }
+        const QString waiting = whatOnlyTheClipboardHas();
+        std::ignore = takePending();
+        forgetOwed();
+        Restore left;
+        left.text = next.text;
+        left.keeping.push_back(std::move(next.keeping));
+        leaveAfter(waiting, std::move(left));
+        Q_EMIT notFetched(tr("Your text for another window had to wait until its program responded.") +
+                          QLatin1Char(' ') + whereItIs(!isLost_));
+    }
+}
+
+/// Posts the keystroke at once, since the window has the keyboard.
+QCoro::Task<> PasteDelivery::bring(Held held)
+{
+    const Target present = std::exchange(target_, Target{held.window, std::nullopt});
+    const auto delivering = deliver(held.text, std::move(held.keeping));
+    target_ = present;
+    const QString reason = explanation(co_await delivering);
+    if (!reason.isEmpty())
+        Q_EMIT notFetched(reason);
+}
+
+/// The clipboard is somebody else's now, whatever the keystroke before theirs brings.
+void PasteDelivery::loseHeld()
+{
+    for (Held& held : std::exchange(held_, {})) {
+        Restore lost;
+        lost.keeping.push_back(std::move(held.keeping));
+        tellOfForgotten(lost);
+    }
 }
 
 void PasteDelivery::followPending()
@@ -174,18 +238,22 @@ void PasteDelivery::finish(const Restore& paste)
         pending_ = std::move(owed);
         leaveForNow(*pending_);
         lookAfter(lateFetchPoll);
+        bringHeld();
         return;
     }
     forgetOwed();
     restore(paste);
+    bringHeld();
 }
 
 void PasteDelivery::lookForLateFetch()
 {
     if (workspace_.windowExists(pending_->target) && isOurs(*pending_)) {
         lookAfter(lateFetchPoll);
+        bringHeld();
         return;
     }
+    const bool isClosed = isOurs(*pending_);
     const bool isLeft = isOurs(*pending_) ||
                         std::ranges::all_of(pending_->keeping, [](const Keeping& keeping) { return !keeping.lost; });
     if (isLeft)
@@ -195,6 +263,7 @@ void PasteDelivery::lookForLateFetch()
                           whereIsLost(lose(*pending_)));
     pending_.reset();
     forgetOwed();
+    isClosed ? bringHeld() : loseHeld();
 }
 
 void PasteDelivery::restoreNow()
@@ -230,6 +299,7 @@ void PasteDelivery::tellOfUnfetched()
         settle(paste);
         pending_.reset();
         forgetOwed();
+        loseHeld();
     }
     Logger("PasteDelivery").error(reason);
     Q_EMIT notFetched(reason);

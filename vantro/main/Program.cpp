@@ -89,7 +89,7 @@ private:
     Windows windows_{{defaults_, notifications_, clock_, platform_, speech_, history_, devices_, recorder_, shortcuts_,
                       vocabulary_, rewriting_, statistics_}};
     ShortcutSetup shortcutSetup_{shortcuts_, windows_};
-    Recovery recovery_{spool_, clock_, windows_};
+    Recovery recovery_{spool_, clock_, *platform_.session, windows_};
     std::optional<RunMarker> marker_;
     std::optional<EndSignals> endSignals_;
     NotificationCenter::Observation finished_;

@@ -270,7 +270,7 @@ void Windows::showPasteHUD(std::optional<QRect> anchor, std::function<QString()>
         shown = [keys] {
             return wording::shownKeys(keys());
         };
-    back_.run([this, anchor, shown, reason] { hud_.showHUD(anchor, shown, reason); });
+    back_.run([this, anchor, shown, reason] { return hud_.showHUD(anchor, shown, reason); });
 }
 
 /// By its first words.
@@ -279,7 +279,7 @@ void Windows::tellOfNote(const QString& text)
     QString words = text.simplified();
     if (words.size() > noteExcerpt)
         words = words.left(words.lastIndexOf(QLatin1Char(' '), noteExcerpt)) + QStringLiteral("\u2026");
-    back_.run([this, words] { hud_.showNews(tr("Note filed"), words); });
+    back_.run([this, words] { return hud_.showNews(tr("Note filed"), words); });
     Logger("Windows").info(QStringLiteral("Note filed"));
 }
 
@@ -288,9 +288,8 @@ void Windows::tellOfModel(const QString& name)
 {
     if (!settings_.isVisible() && !onboarding_.isVisible() && !(downloadWindow_ && downloadWindow_->isVisible()))
         back_.run([this, name] {
-            hud_.showNews(parts_.speech.languageModels.find(name) != nullptr ? tr("The language model is ready")
-                                                                             : tr("The speech model is ready"),
-                          name);
+            const bool rewrites = parts_.speech.languageModels.find(name) != nullptr;
+            return hud_.showNews(rewrites ? tr("The language model is ready") : tr("The speech model is ready"), name);
         });
     // That is for who waits for a model that transcribes.
     if (parts_.speech.catalogue.find(name) != nullptr)
@@ -307,7 +306,8 @@ void Windows::showUndoOffer(std::optional<QRect> anchor, std::function<void()> a
     const auto shortcut = parts_.shortcuts.shortcut(KeyboardShortcuts::Name::openModal);
     hud_.showOffer(anchor, tr("Recording discarded"),
                    shortcut && !parts_.defaults.get(setting::holdToTalk)
-                       ? tr("%1 or a click transcribes it after all").arg(wording::shownKeys(shortcut->displayText()))
+                       ? tr("%1 in its window, or a click, transcribes it after all")
+                             .arg(wording::shownKeys(shortcut->displayText()))
                        : tr("A click transcribes it after all"),
                    std::move(accepted));
 }

@@ -21,7 +21,12 @@ QString CoreDataStack::standardPath()
            QStringLiteral("/vantro/MainModel.sqlite");
 }
 
-CoreDataStack::CoreDataStack(Clock& clock, const QString& path) : clock_(clock), persistentContainer_(path) {}
+CoreDataStack::CoreDataStack(Clock& clock, const QString& path) : clock_(clock), persistentContainer_(path)
+{
+    // Later: a list may be reading at the moment.
+    persistentContainer_.onReplaced(
+        [this] { QMetaObject::invokeMethod(this, &CoreDataStack::followNewFile, Qt::QueuedConnection); });
+}
 
 CoreDataStack::CoreDataStack(bool inMemory, Clock& clock) : CoreDataStack(clock, inMemory ? QString() : standardPath())
 {
@@ -166,6 +171,13 @@ void CoreDataStack::watchOtherProcesses()
         return;
     watch_ = std::make_unique<StoreWatch>(persistentContainer_);
     connect(watch_.get(), &StoreWatch::changedElsewhere, this, &CoreDataStack::changedAtLarge);
+}
+
+void CoreDataStack::followNewFile()
+{
+    if (std::exchange(watch_, nullptr))
+        watchOtherProcesses();
+    announceChanges();
 }
 
 qint64 insertTranscription(const PersistentContainer& container, const Transcription& row)

@@ -119,6 +119,7 @@ private:
     [[nodiscard]] Day day(QDate date) const;
     QUuid insert(const QString& transcription, const QString& formatted, ProcessingMode mode);
     void announce(const std::vector<Transcription>& changed);
+    void followNewFile();
     qint64 todaysDailyNote(const QDateTime& now);
     [[nodiscard]] std::optional<qint64> dailyNoteWithin(const Day& day) const;
     [[nodiscard]] std::vector<Note> notesOf(qint64 dailyNote) const;

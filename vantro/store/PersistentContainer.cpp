@@ -1,15 +1,18 @@
 #include "vantro/store/PersistentContainer.h"
 
+#include "base/Logger.h"
 #include "vantro/store/StoreSchema.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QRegularExpression>
+#include <QScopedValueRollback>
 #include <QSqlError>
 #include <QUuid>
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -41,6 +44,19 @@ struct PositionalStatement
     QVariantList values;
 };
 
+std::optional<FileIdentity> identityOf(const QString& path)
+{
+    struct stat status = {};
+    if (::stat(QFile::encodeName(path).constData(), &status) != 0)
+        return std::nullopt;
+    return FileIdentity{status.st_dev, status.st_ino};
+}
+
+QString logOf(const QString& path)
+{
+    return path + QStringLiteral("-wal");
+}
+
 } // namespace
 
 PersistentContainer::PersistentContainer(QString path)
@@ -57,8 +73,6 @@ PersistentContainer::~PersistentContainer()
 
 void PersistentContainer::load()
 {
-    if (!isInMemory())
-        makeFile();
     try {
         open();
     } catch (const StoreError& error) {
@@ -71,7 +85,7 @@ void PersistentContainer::makeFile() const
     const QByteArray name = QFile::encodeName(path_);
     const QString folder = QFileInfo(path_).path();
     if (!QDir().mkpath(folder))
-        throw PersistentStoreError(QStringLiteral("The folder %1 cannot be created").arg(folder));
+        throw StoreError(QStringLiteral("The folder %1 cannot be created").arg(folder));
     const int made = ::open(name.constData(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, S_IRUSR | S_IWUSR);
     if (made >= 0) {
         ::close(made);
@@ -79,18 +93,18 @@ void PersistentContainer::makeFile() const
     }
     // Not opened here: closing the file would drop the locks of this process's other connections (POSIX locks).
     if (errno != EEXIST || ::access(name.constData(), R_OK | W_OK) != 0)
-        throw PersistentStoreError(
-            QStringLiteral("The history %1 cannot be written to: %2").arg(path_, qt_error_string(errno)));
+        throw StoreError(QStringLiteral("The history %1 cannot be written to: %2").arg(path_, qt_error_string(errno)));
     QFile::setPermissions(path_, QFileDevice::ReadOwner | QFileDevice::WriteOwner);
 }
 
-void PersistentContainer::open()
+void PersistentContainer::open() const
 {
-    if (!QSqlDatabase::isDriverAvailable(driverName))
-        throw StoreError(QStringLiteral("Qt's SQLite driver is missing: install the package libqt6sql6-sqlite"));
-    database_ = QSqlDatabase::addDatabase(driverName, connection_);
-    database_.setConnectOptions(QStringLiteral("QSQLITE_BUSY_TIMEOUT=%1").arg(busyTimeout.count()));
-    database_.setDatabaseName(isInMemory() ? QStringLiteral(":memory:") : path_);
+    const QScopedValueRollback fixed(isFixed_, true);
+    if (!isInMemory()) {
+        makeFile();
+        file_ = identityOf(path_);
+    }
+    configure();
     if (!database_.open())
         throw StoreError::from(database_.lastError(), path_);
     // Before any write.
@@ -99,10 +113,56 @@ void PersistentContainer::open()
     run(QStringLiteral("PRAGMA synchronous = FULL"));
     run(QStringLiteral("PRAGMA foreign_keys = ON"));
     StoreSchema::migrate(*this);
+    log_ = identityOf(logOf(path_));
+}
+
+void PersistentContainer::configure() const
+{
+    if (database_.isValid())
+        return;
+    if (!QSqlDatabase::isDriverAvailable(driverName))
+        throw StoreError(QStringLiteral("Qt's SQLite driver is missing: install the package libqt6sql6-sqlite"));
+    database_ = QSqlDatabase::addDatabase(driverName, connection_);
+    database_.setConnectOptions(QStringLiteral("QSQLITE_BUSY_TIMEOUT=%1").arg(busyTimeout.count()));
+    database_.setDatabaseName(isInMemory() ? QStringLiteral(":memory:") : path_);
+}
+
+/// SQLite would go on with a file that nobody finds any more.
+void PersistentContainer::follow() const
+{
+    if (!file_ || isFixed_ || (identityOf(path_) == file_ && database_.isOpen()))
+        return;
+    if (database_.isOpen())
+        leaveFormerFile();
+    try {
+        open();
+    } catch (const StoreError&) {
+        database_.close(); // tried again by the next statement
+        throw;
+    }
+    if (replaced_)
+        replaced_();
+}
+
+/// It may have been moved, and is left whole. Its log would be taken for the next file's.
+void PersistentContainer::leaveFormerFile() const
+{
+    Logger("PersistentContainer")
+        .error(
+            QStringLiteral("The history %1 has been deleted, moved or replaced while it was in use. What was only in "
+                           "that file is gone with it; what follows goes into the file that is there now")
+                .arg(path_));
+    QSqlQuery(database_).exec(QStringLiteral("PRAGMA wal_checkpoint(TRUNCATE)"));
+    database_.close();
+    if (log_ && identityOf(logOf(path_)) == log_) {
+        QFile::remove(logOf(path_));
+        QFile::remove(path_ + QStringLiteral("-shm"));
+    }
 }
 
 StoreQuery PersistentContainer::run(const QString& statement, const QVariantList& values) const
 {
+    follow();
     const PositionalStatement positional(statement, values);
     QSqlQuery query(database_);
     query.setForwardOnly(true);
@@ -151,10 +211,12 @@ bool StoreQuery::next()
 PersistentContainer::Transaction::Transaction(const PersistentContainer& container) : container_(container)
 {
     container_.run(QStringLiteral("BEGIN IMMEDIATE"));
+    wasFixed_ = std::exchange(container_.isFixed_, true);
 }
 
 PersistentContainer::Transaction::~Transaction()
 {
+    container_.isFixed_ = wasFixed_;
     if (!isOpen_)
         return;
     QSqlQuery query(container_.database_);

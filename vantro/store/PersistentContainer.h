@@ -8,6 +8,9 @@
 #include <QVariant>
 
 #include <chrono>
+#include <functional>
+#include <optional>
+#include <utility>
 
 namespace vantro {
 
@@ -27,8 +30,18 @@ private:
     QString path_;
 };
 
+/// Tells one file from another that has the same name.
+struct FileIdentity
+{
+    quint64 device = 0;
+    quint64 number = 0;
+
+    bool operator==(const FileIdentity&) const = default;
+};
+
 /// The connection to the history's SQLite file, in WAL mode with durable commits. Main thread only. Other processes may
-/// have their own; they wait up to busyTimeout for each other.
+/// have their own; they wait up to busyTimeout for each other. A file that has been deleted or replaced meanwhile is
+/// made anew or opened before the next statement.
 class PersistentContainer
 {
 public:
@@ -43,6 +56,8 @@ public:
     /// Opens the file, creating it with mode 0600 if necessary, and migrates its schema. Throws PersistentStoreError
     /// and leaves an unknown file unchanged.
     void load();
+    /// @p action: called, from within whatever statement finds it, when the file is another one now.
+    void onReplaced(std::function<void()> action) { replaced_ = std::move(action); }
 
     [[nodiscard]] const QString& path() const { return path_; }
     [[nodiscard]] bool isInMemory() const { return path_.isEmpty(); }
@@ -71,15 +86,23 @@ public:
     private:
         const PersistentContainer& container_;
         bool isOpen_ = true;
+        bool wasFixed_ = false;
     };
 
 private:
     void makeFile() const;
-    void open();
+    void open() const;
+    void configure() const;
+    void follow() const;
+    void leaveFormerFile() const;
 
     QString path_;
     QString connection_;
-    QSqlDatabase database_;
+    std::function<void()> replaced_; ///< may be empty
+    mutable QSqlDatabase database_;
+    mutable std::optional<FileIdentity> file_; ///< the open one; none before load() and in memory
+    mutable std::optional<FileIdentity> log_;  ///< its write-ahead log
+    mutable bool isFixed_ = false;             ///< within a transaction, and while it is opened
 };
 
 /// Makes a null text empty, because Qt binds null strings as NULL.

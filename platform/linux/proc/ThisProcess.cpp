@@ -1,5 +1,7 @@
 #include "platform/ThisProcess.h"
 
+#include "base/FaultStack.h"
+
 #include <QFile>
 
 #include <execinfo.h>
@@ -37,15 +39,6 @@ void trace(int signal)
     std::ignore = std::raise(signal);
 }
 
-/// Memory for the trace of a thread that has used up its stack: of the main thread, the others have none.
-void reserveStack()
-{
-    static std::array<char, std::size_t{64} << 10> memory;
-    stack_t stack{};
-    stack.ss_sp = memory.data();
-    stack.ss_size = memory.size();
-    sigaltstack(&stack, nullptr);
-}
 #endif
 
 } // namespace
@@ -78,7 +71,7 @@ void process::traceFaults()
 #if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
     Frames frames{};
     std::ignore = backtrace(frames.data(), static_cast<int>(frames.size())); // allocates the first time
-    reserveStack();
+    static const FaultStack stack; // of the main thread; others have their own, or leave no trace
     struct sigaction action = {};
     action.sa_handler = trace;
     action.sa_flags = static_cast<int>(SA_RESETHAND | SA_NODEFER | SA_ONSTACK);

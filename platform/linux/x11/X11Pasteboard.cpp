@@ -102,4 +102,9 @@ bool X11Pasteboard::wasFetchedBy(Selection selection, WindowID window) const
     return service_->wasFetchedBy(selection, window);
 }
 
+bool X11Pasteboard::isSameProgram(WindowID one, WindowID other) const
+{
+    return service_->isSameProgram(one, other);
+}
+
 } // namespace vantro

@@ -30,6 +30,7 @@ public:
     void clear(Selection selection) override;
     [[nodiscard]] bool wasFetched(Selection selection) const override;
     [[nodiscard]] bool wasFetchedBy(Selection selection, WindowID window) const override;
+    [[nodiscard]] bool isSameProgram(WindowID one, WindowID other) const override;
 
 private:
     std::unique_ptr<X11SelectionService> service_;

@@ -225,12 +225,17 @@ std::optional<QByteArray> X11SelectionService::read(Selection selection)
                 result = mine->utf8;
             return;
         }
-        const auto giveUp = Clock::now() + readLimit;
+        const auto begin = Clock::now();
+        const auto giveUp = begin + readLimit;
         result = fetch(atomOf(selection), atoms_[Utf8String], giveUp);
         if (!result) {
             if (const auto latin1 = fetch(atomOf(selection), XCB_ATOM_STRING, giveUp))
                 result = QString::fromLatin1(*latin1).toUtf8();
         }
+        if (!result && Clock::now() - begin >= silenceLimit)
+            Logger("X11Pasteboard")
+                .error(QStringLiteral("Its owner is too slow with what is copied, which will not come back after a "
+                                      "paste"));
     });
     return result;
 }
@@ -323,6 +328,12 @@ bool X11SelectionService::wasFetchedBy(Selection selection, std::optional<Window
         });
     });
     return result;
+}
+
+bool X11SelectionService::isSameProgram(WindowID one, WindowID other) const
+{
+    const bool hadServer = thread_.joinable();
+    return hadServer && sameClient(connection_.get(), static_cast<xcb_window_t>(one), static_cast<xcb_window_t>(other));
 }
 
 /// The server's clock can only be read from the timestamp of a property change.

@@ -78,6 +78,7 @@ public:
     [[nodiscard]] std::optional<WindowID> ownerOf(Selection selection);
     /// Whether a program has fetched the owned text: any, or the one that owns @p window.
     [[nodiscard]] bool wasFetchedBy(Selection selection, std::optional<WindowID> window);
+    [[nodiscard]] bool isSameProgram(WindowID one, WindowID other) const;
 
 private:
     using Clock = std::chrono::steady_clock;

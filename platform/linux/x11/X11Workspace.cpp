@@ -115,13 +115,14 @@ bool X11Workspace::ping(WindowID window)
     if (!connection_.isOpen())
         return false;
     const X11ErrorTrap trap(connection_);
+    std::erase_if(pings_, [&](const Ping& ping) { return ping.window == window || !windowExists(ping.window); });
     const auto protocols = windowProperty(window, protocolsAtom_, XA_ATOM);
-    if (std::exchange(ping_, std::nullopt))
-        connection_.deselectRootEvents(pingAnswers);
-    if (std::ranges::find(protocols, pingAtom_) == protocols.end())
+    const bool isAskable = std::ranges::find(protocols, pingAtom_) != protocols.end();
+    if (isAskable)
+        pings_.push_back({window});
+    awaitAnswers();
+    if (!isAskable)
         return false;
-    ping_ = Ping{window};
-    connection_.selectRootEvents(pingAnswers);
     XEvent event{};
     event.xclient.type = ClientMessage;
     event.xclient.window = window;
@@ -136,18 +137,27 @@ bool X11Workspace::ping(WindowID window)
 void X11Workspace::noteAnswer(const XEvent& event)
 {
     const XClientMessageEvent& message = event.xclient;
-    const bool isAnswer = event.type == ClientMessage && ping_ && message.message_type == protocolsAtom_ &&
-                          message.data.l[0] == static_cast<long>(pingAtom_) && message.data.l[1] == pingMark &&
-                          message.data.l[2] == static_cast<long>(ping_->window);
+    const bool isAnswer = event.type == ClientMessage && message.message_type == protocolsAtom_ &&
+                          message.data.l[0] == static_cast<long>(pingAtom_) && message.data.l[1] == pingMark;
     if (!isAnswer)
         return;
-    ping_->isAnswered = true;
-    connection_.deselectRootEvents(pingAnswers);
+    for (Ping& ping : pings_)
+        ping.isAnswered = ping.isAnswered || ping.window == static_cast<WindowID>(message.data.l[2]);
+    awaitAnswers();
+}
+
+void X11Workspace::awaitAnswers()
+{
+    if (std::ranges::all_of(pings_, &Ping::isAnswered))
+        connection_.deselectRootEvents(pingAnswers);
+    else
+        connection_.selectRootEvents(pingAnswers);
 }
 
 bool X11Workspace::hasAnswered(WindowID window) const
 {
-    return ping_ && ping_->window == window && ping_->isAnswered;
+    const auto ping = std::ranges::find(pings_, window, &Ping::window);
+    return ping != pings_.end() && ping->isAnswered;
 }
 
 bool X11Workspace::isOwn(WindowID window) const

@@ -36,6 +36,7 @@ private:
     enum class TopLevel { Managed, Any };
 
     void noteAnswer(const _XEvent& event);
+    void awaitAnswers();
     [[nodiscard]] bool managerSupports(unsigned long atom) const;
     [[nodiscard]] std::vector<unsigned long> windowProperty(unsigned long window, unsigned long atom,
                                                             unsigned long type) const;
@@ -56,7 +57,7 @@ private:
         WindowID window{};
         bool isAnswered = false;
     };
-    std::optional<Ping> ping_; ///< the latest
+    std::vector<Ping> pings_; ///< the latest of each window
 };
 
 } // namespace vantro

@@ -61,7 +61,8 @@ PasteHUDWindow::~PasteHUDWindow()
     setSource(QUrl()); // its bindings use the model, which is destroyed first
 }
 
-void PasteHUDWindow::showHUD(std::optional<QRect> anchor, std::function<QString()> keys, const QString& reason)
+std::chrono::milliseconds PasteHUDWindow::showHUD(std::optional<QRect> anchor, std::function<QString()> keys,
+                                                  const QString& reason)
 {
     keys_ = std::move(keys);
     model_.title = keys_ ? keys_() : QString();
@@ -69,10 +70,10 @@ void PasteHUDWindow::showHUD(std::optional<QRect> anchor, std::function<QString(
     model_.caption = keys_ ? tr("to paste") : QString();
     model_.reason = reason;
     present(anchor, {});
-    dismissAfterReading(reason);
+    return dismissAfterReading(reason);
 }
 
-void PasteHUDWindow::showNews(const QString& title, const QString& caption)
+std::chrono::milliseconds PasteHUDWindow::showNews(const QString& title, const QString& caption)
 {
     keys_ = nullptr;
     model_.title = title;
@@ -80,13 +81,14 @@ void PasteHUDWindow::showNews(const QString& title, const QString& caption)
     model_.caption = caption;
     model_.reason.clear();
     present(std::nullopt, {});
-    dismissAfterReading(caption);
+    return dismissAfterReading(caption);
 }
 
-void PasteHUDWindow::dismissAfterReading(const QString& text)
+std::chrono::milliseconds PasteHUDWindow::dismissAfterReading(const QString& text)
 {
-    const auto readingTime = readingTimePerCharacter * text.size();
-    clock_.callAfter(animationTime + visibleTime + readingTime, dismissWorkItem_.get(), [this] { dismiss(); });
+    const auto shownTime = animationTime + visibleTime + readingTimePerCharacter * text.size();
+    clock_.callAfter(shownTime, dismissWorkItem_.get(), [this] { dismiss(); });
+    return shownTime;
 }
 
 /// The keys are for the window that the user is in when he reads them.

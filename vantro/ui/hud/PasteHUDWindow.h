@@ -6,6 +6,7 @@
 
 #include <QQuickView>
 
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -24,9 +25,11 @@ public:
 
     /// @p anchor: the launcher's frame, in screen coordinates; the middle of the main screen when there is none.
     /// @p keys names what pastes the text in the window in front; may be empty. @p reason: a sentence, or nothing.
-    void showHUD(std::optional<QRect> anchor, std::function<QString()> keys, const QString& reason);
-    /// Tells what has been done, for as long as reading it takes.
-    void showNews(const QString& title, const QString& caption);
+    /// Returns how long it is shown.
+    std::chrono::milliseconds showHUD(std::optional<QRect> anchor, std::function<QString()> keys,
+                                      const QString& reason);
+    /// Tells what has been done, for as long as reading it takes, which is returned.
+    std::chrono::milliseconds showNews(const QString& title, const QString& caption);
     /// Stays until withdraw(). A click on it calls @p accepted.
     void showOffer(std::optional<QRect> anchor, const QString& title, const QString& caption,
                    std::function<void()> accepted);
@@ -41,7 +44,7 @@ protected:
 private:
     void followFront();
     void present(std::optional<QRect> anchor, std::function<void()> clicked);
-    void dismissAfterReading(const QString& text);
+    std::chrono::milliseconds dismissAfterReading(const QString& text);
     QSize place(QRect content);
     void dismiss();
 

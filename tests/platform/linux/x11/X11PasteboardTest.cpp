@@ -101,6 +101,9 @@ TEST_F(X11PasteboardTest, GivesItsTextToOtherProgramsAndKnowsThatTheyTookIt)
     constexpr unsigned shiftInsert = 118;
     user_->chord({Place::leftShift, shiftInsert});
     EXPECT_TRUE(eventually([&] { return pasteboard_->wasFetchedBy(Selection::Clipboard, editor->window()); }));
+    const auto second = TargetProgram::qtEditor(*workspace_);
+    EXPECT_FALSE(pasteboard_->isSameProgram(editor->window(), second->window()));
+    EXPECT_TRUE(pasteboard_->isSameProgram(editor->window(), editor->window() + 1)) << "the server's numbering";
     X11Pasteboard another;
     another.setString(Selection::Clipboard, QStringLiteral("copied meanwhile"));
     EXPECT_TRUE(eventually([&] { return !pasteboard_->isOwner(Selection::Clipboard); }));

@@ -88,7 +88,13 @@ TEST_F(X11WorkspaceTest, TellsAWindowThatGoesOnFromOneThatStandsStill)
     const auto document = TargetProgram::mousepad(*workspace_, *user_);
     workspace_->ping(document->window());
     EXPECT_TRUE(eventually([&] { return workspace_->hasAnswered(document->window()); }));
+    EXPECT_TRUE(workspace_->hasAnswered(window)) << "each for itself";
+    editor->freeze();
+    workspace_->ping(window);
     EXPECT_FALSE(workspace_->hasAnswered(window)) << "the latest counts";
+    EXPECT_TRUE(workspace_->hasAnswered(document->window()));
+    editor->thaw();
+    EXPECT_TRUE(eventually([&] { return workspace_->hasAnswered(window); }));
     document->close();
     workspace_->ping(document->window());
     EXPECT_FALSE(workspace_->hasAnswered(document->window()));
