@@ -413,10 +413,6 @@
         <translation>Das Mikrofon hat %1 s dieser Aufnahme lang nichts geliefert. Was in dieser Zeit gesagt wurde, fehlt.</translation>
     </message>
     <message>
-        <source>The text of your recording is on the clipboard.</source>
-        <translation>Der Text deiner Aufnahme ist in der Zwischenablage.</translation>
-    </message>
-    <message>
         <source>Something unexpected went wrong.</source>
         <translation>Etwas Unerwartetes ist schiefgegangen.</translation>
     </message>
@@ -437,24 +433,12 @@
         <translation>Abgebrochen. Was du gesagt hast, steht wie gesprochen im Verlauf.</translation>
     </message>
     <message>
-        <source>“%1”</source>
-        <translation>„%1“</translation>
-    </message>
-    <message>
         <source>Failed to transcribe audio: </source>
         <translation>Die Aufnahme konnte nicht transkribiert werden: </translation>
     </message>
     <message>
         <source>Nothing was heard. Speak closer to the microphone, or choose another under Settings, Microphone.</source>
         <translation>Es war nichts zu hören. Sprich näher am Mikrofon oder wähle unter Einstellungen, Mikrofon ein anderes.</translation>
-    </message>
-    <message>
-        <source>Your words are there as you said them.</source>
-        <translation>Dein Text steht da, wie du ihn gesprochen hast.</translation>
-    </message>
-    <message>
-        <source>The text is in the history.</source>
-        <translation>Der Text steht im Verlauf.</translation>
     </message>
     <message>
         <source>A recording ends after ten minutes. Anything said after that is missing: dictate the rest again.</source>
@@ -2797,6 +2781,25 @@
     <message>
         <source>When off, what has been counted is forgotten.</source>
         <translation>Ausgeschaltet wird vergessen, was gezählt wurde.</translation>
+    </message>
+</context>
+<context>
+    <name>TextHandover</name>
+    <message>
+        <source>“%1”</source>
+        <translation>„%1“</translation>
+    </message>
+    <message>
+        <source>Your words are there as you said them.</source>
+        <translation>Dein Text steht da, wie du ihn gesprochen hast.</translation>
+    </message>
+    <message>
+        <source>The text is in the history.</source>
+        <translation>Der Text steht im Verlauf.</translation>
+    </message>
+    <message>
+        <source>The text of your recording is on the clipboard.</source>
+        <translation>Der Text deiner Aufnahme ist in der Zwischenablage.</translation>
     </message>
 </context>
 <context>

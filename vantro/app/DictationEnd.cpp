@@ -96,6 +96,7 @@ void Dictation::end()
 {
     if (isOver())
         return;
+    keyboard_.end();
     ahead_.end();
     service_.reset();
     expectation_.reset();
@@ -169,7 +170,7 @@ QCoro::Task<> Dictation::bringAsSpoken(Shell::AsSpoken wanted)
     if (wanted == Shell::AsSpoken::paste)
         co_await paste(transcript_, std::nullopt);
     else
-        copy(transcript_, std::nullopt);
+        handover_.copy(transcript_, isAgain_, std::nullopt);
 }
 
 void Dictation::tellOfStoreProblem()
