@@ -6,14 +6,14 @@ namespace vantro {
 
 namespace {
 
-constexpr auto interval = 1s;
+constexpr auto timeBetweenLooks = 1s;
 constexpr int looksAtLocker = 3;
 
 } // namespace
 
 void KeyboardWatch::begin()
 {
-    clock_.callAfter(interval, this, [this] { look(); });
+    clock_.callAfter(timeBetweenLooks, this, [this] { look(); });
 }
 
 void KeyboardWatch::look()
