@@ -191,7 +191,7 @@ VocabularyModel::Boosting Windows::boosting() const
     Speech& speech = parts_.speech;
     const TranscriptionModel& model = speech.catalogue.boostingModel();
     VocabularyModel::Boosting boosting;
-    if (speech.selection.selectedModel().engine != TranscriptionEngine::fluid)
+    if (!speech.engines.of(speech.selection.selectedModel()).boostsWords())
         return boosting;
     const ModelStatus status = speech.status(model);
     const bool hasHost = ModelHost::usable(model.address()).has_value();
