@@ -4,13 +4,10 @@
 #include "base/Settings.h"
 #include "platform/KeyCode.h"
 
-#include <QCoreApplication>
-
 #include <algorithm>
 #include <array>
 #include <chrono>
 #include <iterator>
-#include <limits>
 #include <utility>
 
 using namespace std::chrono_literals;
@@ -30,20 +27,6 @@ const QString storagePrefix = QStringLiteral("KeyboardShortcuts_");
 QString storageKey(const QString& name)
 {
     return storagePrefix + name;
-}
-
-/// Never reuses an identifier, so a late event of a released hot key cannot reach a new one.
-std::uint32_t nextHotKeyId()
-{
-    static std::uint32_t last = 0;
-    if (last == std::numeric_limits<std::uint32_t>::max())
-        qFatal("Out of hot key identifiers");
-    return ++last;
-}
-
-bool fits32Bits(qint64 value)
-{
-    return value >= 0 && value <= std::numeric_limits<std::uint32_t>::max();
 }
 
 } // namespace
@@ -70,17 +53,6 @@ void KeyboardShortcuts::Registration::reset()
 {
     if (KeyboardShortcuts* const shortcuts = std::exchange(shortcuts_, nullptr))
         shortcuts->remove(token_);
-}
-
-KeyboardShortcuts::SystemHotKey::SystemHotKey(HotKeyManager& hotKeys, std::uint32_t id, const Shortcut& shortcut)
-    : hotKeys_(hotKeys)
-    , id_(id)
-{
-    if (!fits32Bits(shortcut.carbonKeyCode) || !fits32Bits(shortcut.carbonModifiers))
-        throw HotKeyError(
-            QCoreApplication::translate("KeyboardShortcuts", "The stored shortcut is damaged. Record it again."));
-    hotKeys_.registerHotKey(id_, static_cast<std::uint32_t>(shortcut.carbonKeyCode),
-                            static_cast<std::uint32_t>(shortcut.carbonModifiers));
 }
 
 KeyboardShortcuts::KeyboardShortcuts(HotKeyManager& hotKeys, UserDefaults& defaults, NotificationCenter& notifications)
@@ -209,7 +181,7 @@ std::optional<QString> KeyboardShortcuts::howToBind(const Name& name) const
 std::optional<QString> KeyboardShortcuts::whyUnavailable(const Shortcut& shortcut)
 {
     try {
-        const SystemHotKey trial(hotKeys_, nextHotKeyId(), shortcut);
+        const SystemHotKey trial(hotKeys_, shortcut.carbonKeyCode, shortcut.carbonModifiers);
         return std::nullopt;
     } catch (const HotKeyError& error) {
         return error.localizedDescription();
@@ -278,9 +250,9 @@ void KeyboardShortcuts::update(const QString& name)
 
 std::optional<QString> KeyboardShortcuts::registerHotKey(const QString& name, const Shortcut& shortcut)
 {
-    const std::uint32_t id = nextHotKeyId();
     try {
-        auto reference = std::make_unique<SystemHotKey>(hotKeys_, id, shortcut);
+        auto reference = std::make_unique<SystemHotKey>(hotKeys_, shortcut.carbonKeyCode, shortcut.carbonModifiers);
+        const std::uint32_t id = reference->id();
         registered_.emplace(name, HotKey{shortcut, id, std::move(reference), [this, name] { run(name, Phase::Down); },
                                          [this, name] {
                                              run(name, Phase::Up);

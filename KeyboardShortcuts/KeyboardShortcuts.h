@@ -1,5 +1,6 @@
 #pragma once
 
+#include "KeyboardShortcuts/SystemHotKey.h"
 #include "base/NotificationCenter.h"
 #include "base/UserDefaults.h"
 #include "platform/HotKeyManager.h"
@@ -150,21 +151,6 @@ Q_SIGNALS:
 
 private:
     enum class Phase { Down, Up };
-
-    /// A registered hot key; unregisters when destroyed.
-    class SystemHotKey
-    {
-    public:
-        /// Throws HotKeyError.
-        SystemHotKey(HotKeyManager& hotKeys, std::uint32_t id, const Shortcut& shortcut);
-        ~SystemHotKey() { hotKeys_.unregisterHotKey(id_); }
-        SystemHotKey(const SystemHotKey&) = delete;
-        SystemHotKey& operator=(const SystemHotKey&) = delete;
-
-    private:
-        HotKeyManager& hotKeys_;
-        std::uint32_t id_;
-    };
 
     struct HotKey
     {

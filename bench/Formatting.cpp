@@ -76,7 +76,8 @@ int main(int argc, char** argv)
     const QString prompt = QStringLiteral("Be brief.");
     const QString text = QStringLiteral("word ").repeated(arguments[3].toInt());
     for (int run = 0; run < arguments[2].toInt(); ++run) {
-        CustomOpenAICompatibleService service({http, keys, english, clock}, config, RemoteFormatService::standardTimeout);
+        CustomOpenAICompatibleService service({http, keys, english, clock}, config,
+                                              RemoteFormatService::standardTimeout);
         service.prepare(prompt);
         QElapsedTimer timer;
         timer.start();

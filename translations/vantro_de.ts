@@ -146,7 +146,7 @@
         <translation>Sie lässt vieles von dem aus, was du gesagt hast.</translation>
     </message>
     <message>
-        <source>it says something else than you did.</source>
+        <source>it says something other than you did.</source>
         <translation>Sie sagt etwas anderes als du.</translation>
     </message>
     <message>
@@ -417,10 +417,6 @@
         <translation>Das Mikrofon hat %1 s dieser Aufnahme lang nichts geliefert. Was in dieser Zeit gesagt wurde, fehlt.</translation>
     </message>
     <message>
-        <source>The text of your recording is on the clipboard.</source>
-        <translation>Der Text deiner Aufnahme ist in der Zwischenablage.</translation>
-    </message>
-    <message>
         <source>Something unexpected went wrong.</source>
         <translation>Etwas Unerwartetes ist schiefgegangen.</translation>
     </message>
@@ -429,7 +425,7 @@
         <translation>Es wurde abgebrochen.</translation>
     </message>
     <message>
-        <source>vantro was ended. The recording is kept.</source>
+        <source>vantro was quit. The recording is kept.</source>
         <translation>vantro wurde beendet. Die Aufnahme ist erhalten.</translation>
     </message>
     <message>
@@ -441,20 +437,12 @@
         <translation>Abgebrochen. Was du gesagt hast, steht wie gesprochen im Verlauf.</translation>
     </message>
     <message>
-        <source>“%1”</source>
-        <translation>„%1“</translation>
-    </message>
-    <message>
         <source>Failed to transcribe audio: </source>
         <translation>Die Aufnahme konnte nicht transkribiert werden: </translation>
     </message>
     <message>
         <source>Nothing was heard. Speak closer to the microphone, or choose another under Settings, Microphone.</source>
         <translation>Es war nichts zu hören. Sprich näher am Mikrofon oder wähle unter Einstellungen, Mikrofon ein anderes.</translation>
-    </message>
-    <message>
-        <source>Your words are there as you said them.</source>
-        <translation>Dein Text steht da, wie du ihn gesprochen hast.</translation>
     </message>
     <message>
         <source>A recording ends after ten minutes. Anything said after that is missing: dictate the rest again.</source>
@@ -504,15 +492,15 @@
         <translation>Unverändert</translation>
     </message>
     <message>
-        <source>%1 dictations are chosen.</source>
+        <source>%1 dictations are selected.</source>
         <translation>%1 Diktate sind ausgewählt.</translation>
     </message>
     <message>
-        <source>Choose a dictation to read it.</source>
+        <source>Select a dictation to read it.</source>
         <translation>Wähle ein Diktat, um es zu lesen.</translation>
     </message>
     <message>
-        <source>No dictation is like this. Change the search or the choices below it.</source>
+        <source>No dictation matches. Change the search or the filters below it.</source>
         <translation>So ein Diktat gibt es nicht. Ändere die Suche oder die Auswahl darunter.</translation>
     </message>
     <message>
@@ -856,7 +844,7 @@
         <translation>Der Text wurde geändert.</translation>
     </message>
     <message>
-        <source>The dictation has been deleted meanwhile.</source>
+        <source>The dictation has been deleted in the meantime.</source>
         <translation>Das Diktat wurde inzwischen gelöscht.</translation>
     </message>
     <message>
@@ -2068,7 +2056,7 @@
         <translation>Diktate aufbewahren</translation>
     </message>
     <message>
-        <source>Older ones are deleted by themselves, once a day. Notes stay until you delete them.</source>
+        <source>Older ones are deleted automatically, once a day. Notes stay until you delete them.</source>
         <translation>Ältere werden einmal am Tag von selbst gelöscht. Notizen bleiben, bis du sie löschst.</translation>
     </message>
     <message>
@@ -2076,7 +2064,7 @@
         <translation>Private Sitzung</translation>
     </message>
     <message>
-        <source>Until you switch it off or vantro ends, dictations are pasted but not kept. The tray&apos;s menu has it too.</source>
+        <source>Until you switch it off or vantro quits, dictations are pasted but not kept. The tray&apos;s menu has it too.</source>
         <translation>Bis du sie ausschaltest oder vantro endet, werden Diktate eingefügt, aber nicht aufbewahrt. Auch im Menü im Benachrichtigungsfeld.</translation>
     </message>
     <message>
@@ -2143,7 +2131,7 @@
         <translation>Alles löschen</translation>
     </message>
     <message>
-        <source>Dictations that are older than that: %1. They will be deleted now and cannot be had back.</source>
+        <source>Dictations that are older than that: %1. They will be deleted now and cannot be restored.</source>
         <translation>Ältere Diktate: %1. Sie werden jetzt gelöscht und lassen sich nicht zurückholen.</translation>
     </message>
     <message>
@@ -2159,7 +2147,7 @@
         <translation>Aufnahmen löschen</translation>
     </message>
     <message>
-        <source>Recordings beyond that: %1. They will be deleted now and cannot be had back. The texts stay.</source>
+        <source>Recordings beyond that: %1. They will be deleted now and cannot be restored. The texts stay.</source>
         <translation>Aufnahmen darüber hinaus: %1. Sie werden jetzt endgültig gelöscht. Die Texte bleiben.</translation>
     </message>
     <message>
@@ -2812,6 +2800,21 @@
     </message>
 </context>
 <context>
+    <name>TextHandover</name>
+    <message>
+        <source>“%1”</source>
+        <translation>„%1“</translation>
+    </message>
+    <message>
+        <source>Your words are there as you said them.</source>
+        <translation>Dein Text steht da, wie du ihn gesprochen hast.</translation>
+    </message>
+    <message>
+        <source>The text of your recording is on the clipboard.</source>
+        <translation>Der Text deiner Aufnahme ist in der Zwischenablage.</translation>
+    </message>
+</context>
+<context>
     <name>TransferRate</name>
     <message>
         <source>%1 s left</source>
@@ -3197,7 +3200,7 @@
         <translation>Mitgelieferte Anweisung verwenden</translation>
     </message>
     <message>
-        <source>Your own prompt will be overwritten and cannot be had back.</source>
+        <source>Your own prompt will be overwritten and cannot be restored.</source>
         <translation>Deine eigene Anweisung wird überschrieben und lässt sich nicht zurückholen.</translation>
     </message>
     <message>
@@ -3217,11 +3220,11 @@
         <translation>Entfernen</translation>
     </message>
     <message>
-        <source>First steps left</source>
+        <source>Setup not finished</source>
         <translation>Erste Schritte verlassen</translation>
     </message>
     <message>
-        <source>vantro&apos;s tray menu, or &quot;vantro show guide&quot;, goes on with them</source>
+        <source>vantro&apos;s tray menu, or &quot;vantro show guide&quot;, continues it</source>
         <translation>Weiter geht es im Menü von vantros Symbol oder mit „vantro show guide“</translation>
     </message>
     <message>
@@ -3305,7 +3308,7 @@
         <translation>Modus entfernen</translation>
     </message>
     <message>
-        <source>%1 will be removed with its prompt, which cannot be had back.</source>
+        <source>%1 will be removed with its prompt, which cannot be restored.</source>
         <translation>%1 wird mit seiner Anweisung endgültig entfernt.</translation>
     </message>
     <message>

@@ -35,7 +35,7 @@ QString reason(Doubt doubt)
     case Doubt::tooShort:
         return AnswerSetAside::tr("it leaves out much of what you said.");
     case Doubt::otherWords:
-        return AnswerSetAside::tr("it says something else than you did.");
+        return AnswerSetAside::tr("it says something other than you did.");
     }
     Q_UNREACHABLE();
 }

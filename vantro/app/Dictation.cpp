@@ -6,14 +6,13 @@
 #include "platform/Wording.h"
 #include "vantro/ai/AnswerSetAside.h"
 #include "vantro/ai/DefaultMode.h"
+#include "vantro/app/MissingAudio.h"
 #include "vantro/app/ProcessingErrorMessage.h"
 
 #include <QCoreApplication>
 #include <QMetaObject>
 #include <QScopeGuard>
 
-#include <algorithm>
-#include <cmath>
 #include <utility>
 
 using namespace std::chrono_literals;
@@ -22,28 +21,7 @@ namespace vantro {
 
 namespace {
 
-/// Of what the microphone did not deliver.
-constexpr auto worthTelling = 1s;
 constexpr auto lateAudioPoll = 20ms;
-constexpr auto keyboardLook = 1s;
-constexpr int looksAtLocker = 3;
-/// In characters.
-constexpr qsizetype firstWords = 60;
-
-/// So that the user knows which text is meant.
-QString withFirstWords(const QString& reason, const QString& text)
-{
-    QString words = text.simplified();
-    if (words.size() > firstWords)
-        words = words.left(std::max(words.lastIndexOf(QLatin1Char(' '), firstWords), firstWords / 2)) + QChar(0x2026);
-    words = Dictation::tr("\u201C%1\u201D").arg(words);
-    return reason.isEmpty() ? words : reason + QLatin1Char('\n') + words;
-}
-
-QString joined(const QString& one, const QString& other)
-{
-    return one.isEmpty() || other.isEmpty() ? one + other : one + QLatin1Char('\n') + other;
-}
 
 } // namespace
 
@@ -65,6 +43,8 @@ std::shared_ptr<Dictation> Dictation::again(const Parts& parts, Owed owed)
 
 Dictation::Dictation(const Parts& parts)
     : parts_(parts)
+    , keyboard_(parts.keyEvents, parts.clock)
+    , handover_(parts.delivery, parts.recovery, parts.shell)
     , ahead_({parts.transcription, parts.defaults, parts.session, parts.clock})
 {
     if (parts_.defaults.get(setting::showWordsWhileSpeaking))
@@ -126,6 +106,7 @@ void Dictation::startCapture()
     connect(&recorder, &AudioRecorder::captureGivenUp, this, &Dictation::stop);
     connect(&recorder, &AudioRecorder::captureFull, this, &Dictation::stop);
     connect(&parts_.session, &SessionState::aboutToBeAway, this, &Dictation::stop);
+    connect(&keyboard_, &KeyboardWatch::keyboardTaken, this, &Dictation::stop);
     try {
         if (!recorder.startRecording()) {
             notice_ = wording::noSoundServer();
@@ -139,24 +120,9 @@ void Dictation::startCapture()
     recorder.setBusy(true);
     ahead_.follow(recorder.collector(), recorder.activeRecordingID());
     enter(State::recording);
-    watchKeyboard(0);
+    keyboard_.begin();
     expectService();
     connect(&recorder, &AudioRecorder::processingModeChanged, this, &Dictation::expectService);
-}
-
-/// Lockers that know no D-Bus tell nobody, but they keep the keyboard to themselves for longer than other programs.
-void Dictation::watchKeyboard(int timesTaken)
-{
-    parts_.clock.callAfter(keyboardLook, this, [this, timesTaken] {
-        if (state_ != State::recording)
-            return;
-        const bool isTaken = parts_.keyEvents.isKeyboardTaken() && !parts_.keyEvents.isMenuOpen();
-        const int looks = isTaken ? timesTaken + 1 : 0;
-        if (looks == looksAtLocker)
-            stop();
-        else
-            watchKeyboard(looks);
-    });
 }
 
 TranscriptionFacade::EngineUse Dictation::loadModel()
@@ -201,12 +167,12 @@ void Dictation::endRecording()
     giveUpIfCancelled();
     timings_.stopped = parts_.clock.now();
     parts_.recorder.stopRecording();
+    keyboard_.end();
     ahead_.expectEnd();
     mode_ = parts_.recorder.processingMode();
-    noteLostMicrophone();
-    if (parts_.recorder.isFull())
-        notice_ =
-            tr("A recording ends after ten minutes. Anything said after that is missing: dictate the rest again.");
+    if (const auto& lost = parts_.recorder.lostCapture(); lost && parts_.recorder.sampleCount() < minimumSampleCount)
+        throw Error(lost->localizedDescription());
+    notice_ = missingEnd(parts_.recorder);
     chooseHandler();
     enter(State::draining);
     parts_.notifications.post(notification::recordingProcesses);
@@ -239,17 +205,6 @@ void Dictation::showWriting()
     });
 }
 
-void Dictation::noteLostMicrophone()
-{
-    const auto& lost = parts_.recorder.lostCapture();
-    if (!lost)
-        return;
-    if (parts_.recorder.sampleCount() < minimumSampleCount)
-        throw Error(lost->localizedDescription());
-    notice_ =
-        tr("The microphone was lost during the recording. Anything said after that is missing. %1").arg(lost->reason());
-}
-
 /// The last words before the stop are still in the sound server's buffers.
 QCoro::Task<std::vector<float>> Dictation::drain()
 {
@@ -262,16 +217,9 @@ QCoro::Task<std::vector<float>> Dictation::drain()
     timings_.firstSample = parts_.recorder.firstSampleAt();
     owed_.recording->finish(samples);
     awake_.reset();
-    noteGaps();
+    if (notice_.isEmpty())
+        notice_ = missingParts(parts_.recorder);
     co_return samples;
-}
-
-void Dictation::noteGaps()
-{
-    const auto missing = parts_.recorder.missing();
-    if (notice_.isEmpty() && missing >= worthTelling)
-        notice_ = tr("The microphone sent nothing for %1 s of this recording. Anything said then is missing.")
-                      .arg(std::lround(missing.count()));
 }
 
 QCoro::Task<std::vector<float>> Dictation::readKept()
@@ -340,7 +288,7 @@ QCoro::Task<QString> Dictation::process(QString transcript)
         logger_.info(doubt.localizedDescription());
         if (isWantedAsSpoken_)
             co_return transcript;
-        remark_ = doubt.localizedDescription();
+        handover_.setRemark(doubt.localizedDescription());
         co_return transcript;
     } catch (const std::exception& error) {
         giveUpIfCancelled();
@@ -401,44 +349,21 @@ QCoro::Task<> Dictation::deliver(QString text)
 
 void Dictation::copy(const QString& text, std::optional<QRect> launcherFrame)
 {
-    parts_.delivery.copy(text);
     if (!isTextSafe()) {
         fate_ = Fate::handedOver;
         parts_.recovery.keep(owed_);
     }
-    const QString reason = !parts_.delivery.canCopy() ? parts_.delivery.whereItIs(isTextStored())
-                           : isAgain_                 ? tr("The text of your recording is on the clipboard.")
-                                                      : QString();
-    parts_.shell.showPasteHUD(launcherFrame, pasteKeys(), withFirstWords(joined(remark_, reason), text));
+    handover_.copy(text, isTextStored(), isAgain_, launcherFrame);
 }
 
 QCoro::Task<> Dictation::paste(QString text, std::optional<QRect> launcherFrame)
 {
     closeLauncher();
     fate_ = Fate::handedOver;
-    PasteDelivery::Keeping keeping{[recording = owed_.recording] { recording->discard(); }, {}};
-    if (!isTextStored())
-        keeping.lost = [&recovery = parts_.recovery, owed = owed_] {
-            recovery.keep(owed);
-        };
-    const auto delivery = parts_.delivery.deliver(text, std::move(keeping));
-    const auto outcome = co_await delivery;
+    const auto handover = handover_.paste(text, owed_, isTextStored(), launcherFrame);
+    const auto outcome = co_await handover;
     if (outcome == PasteDelivery::Outcome::Pasted)
         timings_.pasted = parts_.clock.now();
-    const QString reason = parts_.delivery.explanation(outcome);
-    if (!reason.isEmpty())
-        parts_.shell.showPasteHUD(launcherFrame, pasteKeys(), withFirstWords(joined(remark_, reason), text));
-    else if (!remark_.isEmpty())
-        parts_.shell.showPasteHUD(launcherFrame, {}, joined(remark_, tr("Your words are there as you said them.")));
-}
-
-std::function<QString()> Dictation::pasteKeys() const
-{
-    if (!parts_.delivery.canCopy())
-        return {};
-    return [&delivery = parts_.delivery] {
-        return delivery.pasteKeys();
-    };
 }
 
 std::optional<QRect> Dictation::launcherFrame() const

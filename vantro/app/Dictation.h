@@ -12,11 +12,13 @@
 #include "vantro/ai/ProcessingMode.h"
 #include "vantro/app/ApplicationRules.h"
 #include "vantro/app/DictationTimings.h"
+#include "vantro/app/KeyboardWatch.h"
 #include "vantro/app/LauncherPanel.h"
 #include "vantro/app/LenientStore.h"
 #include "vantro/app/RecognitionAhead.h"
 #include "vantro/app/Recovery.h"
 #include "vantro/app/Shell.h"
+#include "vantro/app/TextHandover.h"
 #include "vantro/app/TranscriptionFacade.h"
 #include "vantro/audio/AudioRecorder.h"
 #include "vantro/audio/RecordingSpool.h"
@@ -133,13 +135,10 @@ private:
     QCoro::Task<> runAgain();
     QCoro::Task<> bringText(std::vector<float> samples);
     void startCapture();
-    void watchKeyboard(int timesTaken);
     [[nodiscard]] TranscriptionFacade::EngineUse loadModel();
     void openLauncher(Keyboard keyboard);
     void expectService();
     void endRecording();
-    void noteLostMicrophone();
-    void noteGaps();
     QCoro::Task<std::vector<float>> drain();
     QCoro::Task<std::vector<float>> readKept();
     void chooseHandler();
@@ -158,7 +157,6 @@ private:
     void end();
 
     void enter(State state);
-    [[nodiscard]] std::function<QString()> pasteKeys() const;
     void giveUp(Fate fate);
     void tellOfStoredText(std::optional<QRect> launcherFrame);
     void giveUpIfCancelled() const;
@@ -196,8 +194,9 @@ private:
     std::shared_ptr<FormatRequestServicing> service_;
     QString rewritten_; ///< as far as it is written
     QString notice_;    ///< shown to the user at the end
-    QString remark_;    ///< told with the delivered text
     DictationTimings timings_;
+    KeyboardWatch keyboard_;
+    TextHandover handover_;
     RecognitionAhead ahead_;
     std::unique_ptr<LauncherPanel> launcher_;
 };

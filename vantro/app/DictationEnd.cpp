@@ -79,7 +79,7 @@ void Dictation::giveUp(Fate fate)
         return;
     const bool isStored = fate == Fate::cancelled && isTextStored();
     fate_ = isStored ? Fate::done : fate;
-    failure_ = fate == Fate::left ? tr("vantro was ended. The recording is kept.") : tr("It was cancelled.");
+    failure_ = fate == Fate::left ? tr("vantro was quit. The recording is kept.") : tr("It was cancelled.");
     stop_.request_stop();
     rewriting_.request_stop();
     const auto anchor = launcherFrame();
@@ -102,6 +102,7 @@ void Dictation::end()
 {
     if (isOver())
         return;
+    keyboard_.end();
     ahead_.end();
     service_.reset();
     expectation_.reset();

@@ -39,7 +39,7 @@ const TranscriptionModel& modelFrom(const CommandCall& call, const ModelsSession
 int select(ModelsSession& session, const CommandCall& call)
 {
     const TranscriptionModel& model = modelFrom(call, session);
-    if (model.engine == TranscriptionEngine::llama)
+    if (model.isLanguageModel())
         session.speech.languageModels.choose(model);
     else
         session.speech.selection.select(model);
@@ -175,8 +175,7 @@ const TranscriptionModel* ModelsSession::find(const QString& text) const
 
 bool ModelsSession::isSelected(const TranscriptionModel& model) const
 {
-    const auto* selected =
-        model.engine == TranscriptionEngine::llama ? speech.languageModels.chosen() : speech.selection.stored();
+    const auto* selected = model.isLanguageModel() ? speech.languageModels.chosen() : speech.selection.stored();
     return selected != nullptr && selected->name == model.name;
 }
 

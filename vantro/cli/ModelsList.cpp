@@ -84,8 +84,7 @@ std::vector<TranscriptionModel> allModels(const ModelsSession& session)
 
 QString kindName(const TranscriptionModel& model)
 {
-    return model.engine == TranscriptionEngine::llama ? QStringLiteral("language model")
-                                                      : QStringLiteral("speech model");
+    return model.isLanguageModel() ? QStringLiteral("language model") : QStringLiteral("speech model");
 }
 
 void printTable(const ModelsSession& session)

@@ -68,7 +68,7 @@ QString asJson(const Transcript& transcript, const TranscriptionModel& model, co
                                                 {QStringLiteral("transcribe_ms"), transcript.transcribeMs}}},
     };
     object[QStringLiteral("vocabulary")] = vocabularyAsJson(transcript.vocabulary);
-    if (model.engine == TranscriptionEngine::fluid)
+    if (transcript.hasTokenTimes)
         object[QStringLiteral("tokens")] = tokensAsJson(transcript.tokens);
     return QString::fromUtf8(QJsonDocument(object).toJson(QJsonDocument::Compact)) + QLatin1Char('\n');
 }

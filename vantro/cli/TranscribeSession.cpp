@@ -58,6 +58,7 @@ Transcript TranscribeSession::transcribe(const QString& file, const Transcriptio
                                          const QString& label)
 {
     Transcript result{.file = file, .text = {}};
+    result.hasTokenTimes = speech_.engines.of(model).timesTokens();
     QElapsedTimer timer;
     timer.start();
     AudioFile audio = AudioFile::read(file);

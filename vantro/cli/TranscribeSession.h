@@ -21,6 +21,7 @@ struct Transcript
     qint64 readMs = 0;
     qint64 transcribeMs = 0;
     std::vector<TranscribedToken> tokens = {};
+    bool hasTokenTimes = false; ///< else the times are of segments
     VocabularyReport vocabulary = {};
 };
 

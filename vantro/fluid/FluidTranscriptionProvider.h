@@ -40,6 +40,8 @@ public:
     QCoro::Task<QString> transcribe(TranscriptionRequest request) override;
     bool hear(const UnfinishedRecording& recording) override;
     void hurry() override { engine_.hurry(); }
+    [[nodiscard]] bool timesTokens() const override { return true; }
+    [[nodiscard]] bool boostsWords() const override { return true; }
     void dictationEnded() override { engine_.forget(); }
     /// Why the latest transcription could not look for the user's words; empty if it could or need not, or if the model
     /// that looks for them is another one by now.

@@ -4,6 +4,7 @@
 #include "platform/ThisProcess.h"
 #include "vantro/llm/LlamaError.h"
 #include "vantro/llm/LlamaModelFile.h"
+#include "vantro/llm/LlamaWork.h"
 #include "vantro/models/FileVersion.h"
 
 #include <QFile>
@@ -183,50 +184,9 @@ void runQuietly(Task task)
 
 } // namespace
 
-/// When a piece of work has to end or to rest: asked by the library in the middle of its computations.
-class LlamaEngine::Work
-{
-public:
-    Work(const Turn& turn, const std::stop_token& caller, const std::stop_token& engine)
-        : turn_(turn)
-        , onCaller_(caller, RequestStop{stop_})
-        , onEngine_(engine, RequestStop{stop_})
-    {
-    }
-
-    [[nodiscard]] bool isStopped() const { return stop_.stop_requested(); }
-    [[nodiscard]] bool mustPause() const { return isStopped() || turn_.isTaken(); }
-    /// Throws when it is stopped.
-    void waitForTurn() const
-    {
-        turn_.wait(stop_.get_token());
-        if (isStopped())
-            fail(LlamaError::Kind::stopped, QStringLiteral("stopped"));
-    }
-    /// False when it is stopped.
-    static bool goesOn(float /*progress*/, void* self)
-    {
-        const auto& work = *static_cast<const Work*>(self);
-        work.turn_.wait(work.stop_.get_token());
-        return !work.isStopped();
-    }
-
-private:
-    struct RequestStop
-    {
-        std::stop_source stop;
-        void operator()() { stop.request_stop(); }
-    };
-
-    const Turn& turn_;
-    std::stop_source stop_;
-    std::stop_callback<RequestStop> onCaller_;
-    std::stop_callback<RequestStop> onEngine_;
-};
-
 struct LlamaEngine::Resident
 {
-    Resident(const LlamaModelFile& header, FileVersion version, Work& work);
+    Resident(const LlamaModelFile& header, FileVersion version, LlamaWork& work);
 
     [[nodiscard]] const llama_vocab* vocabulary() const { return llama_model_get_vocab(model.get()); }
     [[nodiscard]] Tokens beginning(const QString& instruction) const;
@@ -237,25 +197,25 @@ struct LlamaEngine::Resident
             std::mismatch(tokens.begin(), tokens.end() - 1, past.begin(), past.end()).first - tokens.begin());
     }
     /// Has @p tokens in the context's memory and nothing after them. All but what is there already is read.
-    void read(const Tokens& tokens, const Work& work, std::size_t atOnce = tokensAtOnce);
+    void read(const Tokens& tokens, const LlamaWork& work, std::size_t atOnce = tokensAtOnce);
     void forgetFrom(std::size_t position);
     [[nodiscard]] bool mustPause() const { return current != nullptr && current->mustPause(); }
     /// What the model writes after @p tokens, to which it is appended up to @p end.
-    [[nodiscard]] QString goOn(Tokens tokens, std::size_t end, const Request& request, Work& work);
+    [[nodiscard]] QString goOn(Tokens tokens, std::size_t end, const Request& request, LlamaWork& work);
 
     FileVersion file;
     Owned<llama_model> model;
     Owned<llama_context> context;
     Frame frame;
-    Tokens past;                   ///< what the context's memory has
-    const Work* current = nullptr; ///< what is computed for
+    Tokens past;                        ///< what the context's memory has
+    const LlamaWork* current = nullptr; ///< what is computed for
 };
 
-LlamaEngine::Resident::Resident(const LlamaModelFile& header, FileVersion version, Work& work)
+LlamaEngine::Resident::Resident(const LlamaModelFile& header, FileVersion version, LlamaWork& work)
     : file(std::move(version))
 {
     llama_model_params parameters = llama_model_default_params();
-    parameters.progress_callback = Work::goesOn;
+    parameters.progress_callback = LlamaWork::goesOn;
     parameters.progress_callback_user_data = &work;
     parameters.n_gpu_layers = 0;
     model.reset(llama_model_load_from_file(QFile::encodeName(file.path).constData(), parameters));
@@ -290,7 +250,7 @@ void LlamaEngine::Resident::forgetFrom(std::size_t position)
     past.resize(position);
 }
 
-void LlamaEngine::Resident::read(const Tokens& tokens, const Work& work, std::size_t atOnce)
+void LlamaEngine::Resident::read(const Tokens& tokens, const LlamaWork& work, std::size_t atOnce)
 {
     current = &work;
     const auto noneAfterwards = qScopeGuard([this] { current = nullptr; });
@@ -310,7 +270,7 @@ void LlamaEngine::Resident::read(const Tokens& tokens, const Work& work, std::si
     }
 }
 
-QString LlamaEngine::Resident::goOn(Tokens tokens, std::size_t end, const Request& request, Work& work)
+QString LlamaEngine::Resident::goOn(Tokens tokens, std::size_t end, const Request& request, LlamaWork& work)
 {
     const Stopwatch stopwatch;
     Figures figures;
@@ -362,7 +322,7 @@ QFuture<void> LlamaEngine::readAhead(const QString& instruction, std::stop_token
 {
     return executor_.run([this, instruction, stop = std::move(stop)] {
         runQuietly([&] {
-            Work work(turn_, stop, end_.get_token());
+            LlamaWork work(turn_, stop, end_.get_token());
             resident().read(resident().beginning(instruction), work, tokensAheadAtOnce);
         });
     });
@@ -399,7 +359,7 @@ void LlamaEngine::loadNow(const QString& file, std::optional<std::uint64_t> avai
                                                     .arg(*availableBytes >> 20U));
     if (!asr::accelerator::loadProcessorBackend(process::programFile().parent_path()))
         fail(LlamaError::Kind::unusableFile, QStringLiteral("no ggml module for this processor is beside the program"));
-    Work work(turn_, stop, end_.get_token());
+    LlamaWork work(turn_, stop, end_.get_token());
     work.waitForTurn();
     resident_ = std::make_unique<Resident>(header, version, work);
     isResident_ = true;
@@ -410,7 +370,7 @@ void LlamaEngine::loadNow(const QString& file, std::optional<std::uint64_t> avai
 
 QString LlamaEngine::answerNow(const Request& request)
 {
-    Work work(turn_, request.stop, end_.get_token());
+    LlamaWork work(turn_, request.stop, end_.get_token());
     Resident& model = resident();
     Tokens tokens = model.beginning(request.instruction);
     const Tokens text = tokensOf(model.vocabulary(), request.text.toStdString(), Reading::text);

@@ -66,7 +66,6 @@ public:
 
 private:
     struct Resident;
-    class Work;
 
     void loadNow(const QString& file, std::optional<std::uint64_t> availableBytes, const std::stop_token& stop);
     [[nodiscard]] QString answerNow(const Request& request);

@@ -95,7 +95,7 @@ std::unique_ptr<ModesModel> Windows::makeModesModel()
         [this](ProcessingMode mode) { return parts_.rewriting.isUsable(mode); },
         [this](std::function<void()> confirmed) {
             alerts_.confirm(tr("Use the Built-In Prompt"),
-                            tr("Your own prompt will be overwritten and cannot be had back."), tr("Overwrite"),
+                            tr("Your own prompt will be overwritten and cannot be restored."), tr("Overwrite"),
                             std::move(confirmed));
         },
         [&local] {
@@ -104,7 +104,7 @@ std::unique_ptr<ModesModel> Windows::makeModesModel()
         },
         [this](const QString& name, std::function<void()> confirmed) {
             alerts_.confirm(tr("Remove Mode"),
-                            tr("%1 will be removed with its prompt, which cannot be had back.").arg(name), tr("Remove"),
+                            tr("%1 will be removed with its prompt, which cannot be restored.").arg(name), tr("Remove"),
                             std::move(confirmed));
         },
         [this](ProcessingMode mode, const QString& text) {
@@ -191,7 +191,7 @@ VocabularyModel::Boosting Windows::boosting() const
     Speech& speech = parts_.speech;
     const TranscriptionModel& model = speech.catalogue.boostingModel();
     VocabularyModel::Boosting boosting;
-    if (speech.selection.selectedModel().engine != TranscriptionEngine::fluid)
+    if (!speech.engines.of(speech.selection.selectedModel()).boostsWords())
         return boosting;
     const ModelStatus status = speech.status(model);
     const bool hasHost = ModelHost::usable(model.address()).has_value();
@@ -325,8 +325,8 @@ LazyWindow::Content Windows::onboardingContent()
         [this](bool sandbox) { isSandboxMode_ = sandbox; },
         [this] {
             if (!isQuitting_)
-                hud_.showNews(tr("First steps left"),
-                              tr("vantro's tray menu, or \"vantro show guide\", goes on with them"));
+                hud_.showNews(tr("Setup not finished"),
+                              tr("vantro's tray menu, or \"vantro show guide\", continues it"));
         }});
     auto recorder = makeRecorder(KeyboardShortcuts::Name::openModal);
     LazyWindow::Content content;

@@ -22,6 +22,11 @@ constexpr qint64 readAheadBytes = 4 * mebibyte;
 constexpr qint64 turnBytes = 8 * mebibyte;
 constexpr int stallChecks = 4;
 
+const QByteArray contentLength = QByteArrayLiteral("Content-Length");
+const QByteArray contentRange = QByteArrayLiteral("Content-Range");
+const QByteArray entityTag = QByteArrayLiteral("ETag");
+const QByteArray lastModified = QByteArrayLiteral("Last-Modified");
+
 } // namespace
 
 Fetch::Fetch(QNetworkAccessManager& manager, PartFile& part, const TransferRequest& request,
@@ -99,6 +104,22 @@ int Fetch::status() const
     return reply_->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
 }
 
+/// After a redirect, Qt sometimes has the new value behind that of the redirect.
+QByteArray Fetch::header(const QByteArray& name) const
+{
+    const QByteArray value = reply_->rawHeader(name);
+    const QByteArray former = redirect_.value(name) + ", ";
+    return redirect_.contains(name) && value.startsWith(former) ? value.mid(former.size()) : value;
+}
+
+void Fetch::noteRedirect()
+{
+    for (const QByteArray& name : {contentLength, contentRange, entityTag, lastModified}) {
+        if (reply_->hasRawHeader(name))
+            redirect_.insert(name, reply_->rawHeader(name));
+    }
+}
+
 QString Fetch::host() const
 {
     const QUrl url = reply_ != nullptr ? reply_->url() : request_.url;
@@ -110,7 +131,9 @@ void Fetch::readHead()
     lastHeard_.restart();
     if (isAccepted_)
         return;
-    if (reply_->url().isLocalFile() || status() == 200)
+    if (status() >= 300 && status() < 400)
+        noteRedirect();
+    else if (reply_->url().isLocalFile() || status() == 200)
         acceptWhole();
     else if (status() == 206)
         acceptRest();
@@ -122,15 +145,17 @@ void Fetch::readHead()
 
 PartNote Fetch::noteFromHead() const
 {
-    const QString etag = QString::fromUtf8(reply_->rawHeader("ETag"));
+    const QString etag = QString::fromUtf8(header(entityTag));
     return {request_.sha1, etag.startsWith(QLatin1String("W/")) ? QString() : etag,
-            QString::fromUtf8(reply_->rawHeader("Last-Modified")), totalBytes_};
+            QString::fromUtf8(header(lastModified)), totalBytes_};
 }
 
 void Fetch::acceptWhole()
 {
     bool isKnown = false;
-    const qint64 length = reply_->header(QNetworkRequest::ContentLengthHeader).toLongLong(&isKnown);
+    const qint64 length = reply_->url().isLocalFile()
+                              ? reply_->header(QNetworkRequest::ContentLengthHeader).toLongLong(&isKnown)
+                              : header(contentLength).trimmed().toLongLong(&isKnown);
     totalBytes_ = isKnown ? length : -1;
     receivedBytes_ = 0;
     // Truncating an old part frees its space before checkSpace().
@@ -142,7 +167,7 @@ void Fetch::acceptWhole()
 void Fetch::acceptRest()
 {
     static const QRegularExpression form(QStringLiteral("^bytes (\\d+)-(\\d+)/(\\d+)$"));
-    const auto range = form.match(QString::fromUtf8(reply_->rawHeader("Content-Range")).trimmed());
+    const auto range = form.match(QString::fromUtf8(header(contentRange)).trimmed());
     const qint64 have = part_.bytes();
     const qint64 known = part_.note()->totalBytes;
     const qint64 total = range.captured(3).toLongLong();

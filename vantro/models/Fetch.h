@@ -4,6 +4,7 @@
 
 #include <QElapsedTimer>
 #include <QFuture>
+#include <QHash>
 #include <QNetworkReply>
 #include <QPromise>
 #include <QTimer>
@@ -46,6 +47,8 @@ private:
     [[nodiscard]] ModelDownloadError replyError() const;
     [[nodiscard]] ModelDownloadError brokenOff() const;
     [[nodiscard]] int status() const;
+    [[nodiscard]] QByteArray header(const QByteArray& name) const;
+    void noteRedirect();
     [[nodiscard]] QString host() const;
     [[nodiscard]] PartNote noteFromHead() const;
 
@@ -56,6 +59,7 @@ private:
     OnBytes onBytes_;
     QPromise<void> promise_;
     QNetworkReply* reply_ = nullptr;
+    QHash<QByteArray, QByteArray> redirect_; ///< headers of the latest redirect
     QTimer stallTimer_;
     QElapsedTimer lastHeard_;
     std::vector<char> buffer_;

@@ -35,6 +35,8 @@ struct TranscriptionModel
     TranscriptionEngine engine = TranscriptionEngine::whisper;
     std::optional<FluidModel> fluidModel;
 
+    /// Whether it rewrites texts; the others recognise speech.
+    [[nodiscard]] bool isLanguageModel() const { return engine == TranscriptionEngine::llama; }
     /// The download URL.
     [[nodiscard]] QString address() const { return fluidModel ? fluidModel->url : url; }
     /// The file name on disk.

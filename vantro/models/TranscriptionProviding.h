@@ -110,6 +110,10 @@ public:
     /// For engines that do not hear(): how many samples of an unfinished recording are transcribed anew at each pause,
     /// because they cost no more than a few. None when 0.
     [[nodiscard]] virtual std::size_t aheadLimit() const { return 0; }
+    /// Whether transcribe() tells the times of tokens, and not of segments alone.
+    [[nodiscard]] virtual bool timesTokens() const { return false; }
+    /// Whether the user's words are looked for in the recording with the catalogue's boosting model.
+    [[nodiscard]] virtual bool boostsWords() const { return false; }
     /// Called when no dictation is active any more, whether delivered or not; resources may be released.
     virtual void dictationEnded() = 0;
     /// Whether a model is in memory, or is about to be.

@@ -164,9 +164,9 @@ FocusScope {
     VText {
         anchors { left: list.right; right: parent.right; verticalCenter: parent.verticalCenter; margins: Theme.space32 }
         visible: !page.hasOne && !page.busy
-        text: page.model.chosenCount > 1 ? qsTr("%1 dictations are chosen.").arg(page.model.chosenCount.toLocaleString(Qt.locale(), "f", 0))
-            : list.count > 0 ? qsTr("Choose a dictation to read it.")
-            : page.model.isFiltered ? qsTr("No dictation is like this. Change the search or the choices below it.")
+        text: page.model.chosenCount > 1 ? qsTr("%1 dictations are selected.").arg(page.model.chosenCount.toLocaleString(Qt.locale(), "f", 0))
+            : list.count > 0 ? qsTr("Select a dictation to read it.")
+            : page.model.isFiltered ? qsTr("No dictation matches. Change the search or the filters below it.")
             : qsTr("Your dictations will appear here. Press your shortcut and speak.")
         color: Theme.textSecondary
         font.pixelSize: Theme.sizeBody

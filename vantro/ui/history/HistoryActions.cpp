@@ -214,7 +214,7 @@ bool HistoryModel::change(const Transcription& from, const Transcription& to, co
 {
     const auto store = [this](const Transcription& row) {
         if (!parts_.store.transcription(row.id))
-            throw Error(tr("The dictation has been deleted meanwhile."));
+            throw Error(tr("The dictation has been deleted in the meantime."));
         parts_.store.updateTranscription(row);
     };
     if (!parts_.changes.attempt([&] { store(to); }))

@@ -15,7 +15,7 @@ namespace {
 
 QString waitText(const TranscriptionModel& model, const Machine& machine)
 {
-    if (model.engine == TranscriptionEngine::llama) {
+    if (model.isLanguageModel()) {
         const QString memory = ModelListModel::tr("%1 GB of memory").arg(QLocale().toString(model.ramUsage, 'f', 1));
         return model.license.isEmpty() ? memory : memory + QStringLiteral("  \u00B7  ") + model.license;
     }
@@ -116,7 +116,7 @@ QVariant ModelListModel::data(const QModelIndex& index, int role) const
 
 bool ModelListModel::isRecommended(const TranscriptionModel& model) const
 {
-    if (model.engine == TranscriptionEngine::llama)
+    if (model.isLanguageModel())
         return recommendedRewriter(parts_.models, parts_.machine) == &model;
     return &recommended(parts_.models, parts_.machine, parts_.language(),
                         [this](const TranscriptionModel& each) { return parts_.stateOf(each) == Ready; }) == &model;

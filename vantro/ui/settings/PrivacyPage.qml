@@ -26,7 +26,7 @@ VPage {
         heading: qsTr("History")
         VSettingRow {
             title: qsTr("Keep dictations")
-            hint: qsTr("Older ones are deleted by themselves, once a day. Notes stay until you delete them.")
+            hint: qsTr("Older ones are deleted automatically, once a day. Notes stay until you delete them.")
             VChoice {
                 model: page.settings.spans
                 currentIndex: page.settings.span
@@ -39,7 +39,7 @@ VPage {
         }
         VToggleRow {
             title: qsTr("Private session")
-            hint: qsTr("Until you switch it off or vantro ends, dictations are pasted but not kept. The tray's menu has it too.")
+            hint: qsTr("Until you switch it off or vantro quits, dictations are pasted but not kept. The tray's menu has it too.")
             checked: page.settings.isPrivate
             onToggled: on => page.settings.isPrivate = on
         }

@@ -144,7 +144,7 @@ void PrivacySettings::limitRecordings(std::optional<int> days, qint64 megabytes)
     else
         parts_.confirm(
             tr("Delete Recordings"),
-            tr("Recordings beyond that: %1. They will be deleted now and cannot be had back. The texts stay.")
+            tr("Recordings beyond that: %1. They will be deleted now and cannot be restored. The texts stay.")
                 .arg(inFigures(beyond)),
             [self = QPointer<PrivacySettings>(this), set] {
                 if (self)
@@ -169,7 +169,7 @@ void PrivacySettings::setSpan(int index)
         set();
     else
         parts_.confirm(tr("Delete Older Dictations"),
-                       tr("Dictations that are older than that: %1. They will be deleted now and cannot be had back.")
+                       tr("Dictations that are older than that: %1. They will be deleted now and cannot be restored.")
                            .arg(inFigures(older)),
                        [self = QPointer<PrivacySettings>(this), set] {
                            if (self)
