@@ -23,8 +23,8 @@ struct CtcKeywordSpotter
     std::int32_t blankId = 0;
     std::int32_t sampleRate = 16'000;
     /// Shorter than the recogniser's windows, so that little is left to do at the end of a recording.
-    std::int64_t maxModelSamples = 128'000;
-    std::int64_t chunkOverlapSamples = 32'000; ///< of neighbouring windows, which are joined in its middle
+    std::int64_t maxModelSamples = 80'000;
+    std::int64_t chunkOverlapSamples = 16'000; ///< of neighbouring windows, which are joined in its middle
     float temperature = 1;                     ///< above 1, the probabilities become more alike
     float blankBias = 0;                       ///< taken from the blank's score
 

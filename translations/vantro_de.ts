@@ -2986,8 +2986,8 @@
         <translation>Das Modell, das nach Ihren Wörtern sucht, wird heruntergeladen.</translation>
     </message>
     <message>
-        <source>Costs about 0.2 GB of memory and a sixth more computing, mostly while you speak. English words are found best.</source>
-        <translation>Kostet etwa 0,2 GB Speicher und ein Sechstel mehr Rechenzeit, meist während Sie sprechen. Englische Wörter werden am besten gefunden.</translation>
+        <source>Costs about 0.2 GB of memory and a third more computing, mostly while you speak. English words are found best.</source>
+        <translation>Kostet etwa 0,2 GB Speicher und ein Drittel mehr Rechenzeit, meist während Sie sprechen. Englische Wörter werden am besten gefunden.</translation>
     </message>
     <message>
         <source>Make it with convert-ctc from NVIDIA&apos;s published model, and put it there: %1</source>

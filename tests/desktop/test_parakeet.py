@@ -89,7 +89,8 @@ class VocabularyTest(SettingsCase):
         self.open("Vocabulary")
         self.fetch_the_model()
         self.close(SETTINGS_TITLE)
-        self.assertIn(TERM, self.dictated())
+        # On a busy machine the virtual microphone may leave gaps.
+        self.assertTrue(any(TERM in self.dictated() for _ in range(3)), self.news())
         self.assertIn("Vocabulary boosting applied 1 replacement(s)", self.news())
         (self.vantro.models_folder / BOOSTING_FILE).write_bytes(b"no model")
         self.assertNotIn(TERM, self.dictated())

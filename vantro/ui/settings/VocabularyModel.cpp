@@ -53,7 +53,7 @@ QString VocabularyModel::boostingHint() const
 {
     switch (boosting_.state) {
     case Boosting::State::ready:
-        return tr("Costs about 0.2 GB of memory and a sixth more computing, mostly while you speak. English words are "
+        return tr("Costs about 0.2 GB of memory and a third more computing, mostly while you speak. English words are "
                   "found best.");
     case Boosting::State::unpublished:
         return tr("Make it with convert-ctc from NVIDIA's published model, and put it there: %1").arg(boosting_.file);
