@@ -103,6 +103,13 @@ TEST_F(DictationTest, WhatThereIsToTellWaitsForTheUserAndComesOneAfterTheOther)
     EXPECT_EQ(told.size(), 2) << "it is being read";
     clock.advance(10s);
     EXPECT_EQ(told.join(u' '), QStringLiteral("On the clipboard. Pasted. Model ready. Note filed."));
+
+    told.clear();
+    tell("Not taken.");
+    tell("The recording is kept.");
+    EXPECT_EQ(told.size(), 1);
+    clock.advance(5s);
+    EXPECT_EQ(told.join(u' '), QStringLiteral("Not taken. The recording is kept."));
 }
 
 TEST_F(DictationTest, NothingBeginsWhileTheUserIsAway)

@@ -23,6 +23,7 @@ class SoundFaultTest(DictationCase):
 
     def test_without_a_microphone_the_user_is_told_so(self):
         self.desktop.audio.remove_source()
+        self.wait(lambda: self.vantro.status()["microphone"] != MICROPHONE, 10, "the program to notice")
         self.refuse_dictation("No microphone is connected")
         self.assertEqual(self.desktop.audio.recording_sources(), [], "a loudspeaker is being listened to")
         self.desktop.audio.restore_microphone()

@@ -128,11 +128,12 @@ std::weak_ptr<Dictation> AppDelegate::showLauncherAndRecord(Dictation::Keyboard 
     }
     if (!hasModel())
         return {};
-    if (isOfferElsewhere())
-        recovery().makeRoom();
-    else
+    const bool isElsewhere = isOfferElsewhere();
+    if (!isElsewhere)
         recovery().forgetCancelled();
     dictation_ = Dictation::begin(parts_.dictation, keyboard);
+    if (isElsewhere)
+        recovery().makeRoom();
     return dictation_;
 }
 
@@ -169,7 +170,7 @@ bool AppDelegate::isDictating() const
 
 bool AppDelegate::isOfferElsewhere() const
 {
-    return recovery().offersForAnother(parts_.dictation.delivery.targetInFront());
+    return recovery().hasOffer() && recovery().offersForAnother(parts_.dictation.delivery.targetInFront());
 }
 
 std::shared_ptr<Dictation> AppDelegate::transcribeAgain(Owed owed)

@@ -92,7 +92,8 @@ void Recovery::stopCountingDown()
 {
     if (!std::exchange(undoTimer_, nullptr))
         return;
-    undoLeft_ = std::chrono::ceil<std::chrono::milliseconds>(undoEnd_ - clock_.now());
+    undoLeft_ =
+        std::max(std::chrono::milliseconds(0), std::chrono::ceil<std::chrono::milliseconds>(undoEnd_ - clock_.now()));
 }
 
 bool Recovery::offersForAnother(const PasteDelivery::Target& target) const

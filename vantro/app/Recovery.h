@@ -71,6 +71,7 @@ public:
     void keep(Owed owed) { kept_.push_back(std::move(owed)); }
 
     /// Whether a cancelled recording is on offer that was not made for @p target.
+    [[nodiscard]] bool hasOffer() const { return cancelled_.has_value(); }
     [[nodiscard]] bool offersForAnother(const PasteDelivery::Target& target) const;
     /// A launcher opens where the last one was: moves the offer above it.
     void makeRoom();

@@ -10,6 +10,8 @@ namespace {
 
 /// Lockers that know no D-Bus release the keyboard without a word.
 constexpr auto lookAgain = 1s;
+/// What comes within it is told one after the other, and nothing is gone before it could be read.
+constexpr auto sameMoment = 200ms;
 
 } // namespace
 
@@ -25,6 +27,10 @@ WhenBack::WhenBack(const SessionState& session, const KeyEventPoster& keyEvents,
 void WhenBack::run(Tell tell)
 {
     const bool isThere = !session_.isAway() && !keyEvents_.isKeyboardTaken();
+    if (isThere && toldAt_ && clock_.now() - *toldAt_ < sameMoment) {
+        waiting_.push_back(std::move(tell));
+        return;
+    }
     waiting_.insert(isThere ? waiting_.begin() : waiting_.end(), std::move(tell));
     look();
 }
@@ -40,6 +46,7 @@ void WhenBack::look()
     }
     const Tell next = std::move(waiting_.front());
     waiting_.pop_front();
+    toldAt_ = clock_.now();
     lookAfter(next());
 }
 

@@ -10,6 +10,7 @@
 #include <deque>
 #include <functional>
 #include <memory>
+#include <optional>
 
 namespace vantro {
 
@@ -34,6 +35,7 @@ private:
     const KeyEventPoster& keyEvents_;
     Clock& clock_;
     std::deque<Tell> waiting_;
+    std::optional<Clock::Instant> toldAt_; ///< the latest
     std::unique_ptr<QObject> nextLook_; ///< destroying it stops it
 };
 

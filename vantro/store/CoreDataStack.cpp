@@ -1,5 +1,6 @@
 #include "vantro/store/CoreDataStack.h"
 
+#include "base/Logger.h"
 #include "vantro/store/SearchText.h"
 #include "vantro/store/TranscriptionRows.h"
 
@@ -169,14 +170,20 @@ void CoreDataStack::watchOtherProcesses()
 {
     if (watch_ || persistentContainer_.isInMemory())
         return;
+    isWatching_ = true;
     watch_ = std::make_unique<StoreWatch>(persistentContainer_);
     connect(watch_.get(), &StoreWatch::changedElsewhere, this, &CoreDataStack::changedAtLarge);
 }
 
 void CoreDataStack::followNewFile()
 {
-    if (std::exchange(watch_, nullptr))
-        watchOtherProcesses();
+    watch_.reset();
+    try {
+        if (isWatching_)
+            watchOtherProcesses();
+    } catch (const StoreError& error) { // the next statement meets it, too, and tries again
+        Logger("CoreDataStack").error(error.localizedDescription());
+    }
     announceChanges();
 }
 

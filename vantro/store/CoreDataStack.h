@@ -134,6 +134,7 @@ private:
         return QString();
     }};
     std::unique_ptr<StoreWatch> watch_;
+    bool isWatching_ = false; ///< wanted; watch_ may have failed
 };
 
 /// Inserts a dictation unless its ID already exists; returns its key, 0 if it does.

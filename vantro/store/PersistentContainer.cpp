@@ -144,6 +144,13 @@ void PersistentContainer::follow() const
         replaced_();
 }
 
+/// Returns whether the file has all of its log, which others may be reading.
+bool PersistentContainer::takeLogIn() const
+{
+    QSqlQuery query(database_);
+    return query.exec(QStringLiteral("PRAGMA wal_checkpoint(TRUNCATE)")) && query.next() && query.value(0).toInt() == 0;
+}
+
 /// It may have been moved, and is left whole. Its log would be taken for the next file's.
 void PersistentContainer::leaveFormerFile() const
 {
@@ -152,12 +159,16 @@ void PersistentContainer::leaveFormerFile() const
             QStringLiteral("The history %1 has been deleted, moved or replaced while it was in use. What was only in "
                            "that file is gone with it; what follows goes into the file that is there now")
                 .arg(path_));
-    QSqlQuery(database_).exec(QStringLiteral("PRAGMA wal_checkpoint(TRUNCATE)"));
+    const bool isItsLog = log_ && identityOf(logOf(path_)) == log_;
+    const bool isWhole = takeLogIn();
     database_.close();
-    if (log_ && identityOf(logOf(path_)) == log_) {
+    if (!isItsLog)
+        return;
+    if (isWhole)
         QFile::remove(logOf(path_));
-        QFile::remove(path_ + QStringLiteral("-shm"));
-    }
+    else
+        QFile::rename(logOf(path_), logOf(path_ + QStringLiteral(".former")));
+    QFile::remove(path_ + QStringLiteral("-shm"));
 }
 
 StoreQuery PersistentContainer::run(const QString& statement, const QVariantList& values) const

@@ -94,6 +94,7 @@ private:
     void open() const;
     void configure() const;
     void follow() const;
+    [[nodiscard]] bool takeLogIn() const;
     void leaveFormerFile() const;
 
     QString path_;
