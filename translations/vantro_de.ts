@@ -2026,8 +2026,8 @@
         <translation>Dieses Programm hat den Text vor diesem noch nicht übernommen. Dieser folgt, sobald es wieder reagiert.</translation>
     </message>
     <message>
-        <source>Your text for another window had to wait until its program responded.</source>
-        <translation>Dein Text für ein anderes Fenster musste warten, bis dessen Programm wieder reagierte.</translation>
+        <source>A text for a window you have left since had to wait for its program.</source>
+        <translation>Ein Text für ein Fenster, das Sie inzwischen verlassen haben, musste auf dessen Programm warten.</translation>
     </message>
 </context>
 <context>

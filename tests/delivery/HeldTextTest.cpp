@@ -152,6 +152,46 @@ TEST_F(HeldTextTest, WhatCannotFollowIsNotForgotten)
     EXPECT_EQ(settled_, QStringList{QStringLiteral("For the editor.")});
 }
 
+TEST_F(HeldTextTest, WhatAClosedProgramHasNotTakenIsAllOnTheClipboard)
+{
+    deliverUnstored("For the editor.");
+    clock_.advance(3s);
+    workspace_.focus(other);
+    delivery_->rememberTarget();
+    deliverUnstored("For the other.");
+    workspace_.focus(third);
+    workspace_.closeWindow(other);
+    workspace_.closeWindow(editor);
+    clock_.advance(1s);
+    EXPECT_EQ(clipboard(), QStringLiteral("For the editor.\n\nFor the other."));
+    EXPECT_THAT(lost_, IsEmpty());
+}
+
+TEST_F(HeldTextTest, AnotherProgramsKeystrokeDoesNotTakeATextWhoseUserHasLeft)
+{
+    deliverTo(third, "For the third.");
+    clock_.advance(3s);
+    deliverTo(editor, "For the editor.");
+    clock_.advance(3s);
+    deliverTo(other, "For the other.");
+    workspace_.focus(third);
+    EXPECT_EQ(fetch(editor), QStringLiteral("For the editor."));
+    clock_.advance(5s);
+    EXPECT_EQ(fetch(third), QStringLiteral("For the third."));
+    EXPECT_EQ(clipboard(), QStringLiteral("For the other."));
+}
+
+TEST_F(HeldTextTest, ATextOwedToAWindowThatIsClosedIsToldAndItsRecordingKept)
+{
+    deliverUnstored("For the editor.");
+    clock_.advance(3s);
+    deliverTo(third, "At once.");
+    workspace_.closeWindow(editor);
+    EXPECT_EQ(fetch(third), QStringLiteral("At once."));
+    EXPECT_THAT(lost_, ElementsAre(QStringLiteral("For the editor.")));
+    EXPECT_TRUE(isToldOf("vantro retry"));
+}
+
 TEST_F(HeldTextTest, APasteDoesNotReplaceATextThatOnlyTheClipboardHas)
 {
     for (const bool staysThere : {false, true}) {

@@ -74,7 +74,7 @@ public:
     /// The window of another program that was in front last; an empty target when there is none.
     [[nodiscard]] Target otherWindow() const { return {lastOther_, std::nullopt}; }
 
-    /// Whether there is a clipboard for a text that is not pasted. Otherwise it is only in the history.
+    /// Whether there is a clipboard for a text that is not pasted. Otherwise it is in the history, or its recording is kept.
     [[nodiscard]] bool canCopy() const { return pasteboard_.isOffered(); }
     /// Where the user finds a text that is not pasted, in a sentence.
     [[nodiscard]] QString whereItIs(bool isStored) const;

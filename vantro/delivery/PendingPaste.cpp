@@ -144,10 +144,16 @@ bool PasteDelivery::isHeldBack(WindowID window)
 /// To a user who still waits there. Of one who works elsewhere the keyboard stays there.
 void PasteDelivery::bringHeld()
 {
-    while (!held_.empty() && !isDelivering_ && !isHeldBack(held_.front().window)) {
-        Held next = std::move(held_.front());
-        held_.erase(held_.begin());
-        if (hasKeyboard(next.window) && !isKeyboardBusy() && !session_.isAway()) {
+    while (!isDelivering_) {
+        const auto ready = std::ranges::find_if(held_, [this](const Held& held) { return !isHeldBack(held.window); });
+        if (ready == held_.end())
+            return;
+        const bool isThere = hasKeyboard(ready->window) && !session_.isAway();
+        if (!isThere && isPasting())
+            return; // the window that is to answer would take this text for its own
+        Held next = std::move(*ready);
+        held_.erase(ready);
+        if (isThere) {
             bring(std::move(next));
             continue;
         }
@@ -158,12 +164,12 @@ void PasteDelivery::bringHeld()
         left.text = next.text;
         left.keeping.push_back(std::move(next.keeping));
         leaveAfter(waiting, std::move(left));
-        Q_EMIT notFetched(tr("Your text for another window had to wait until its program responded.") +
+        Q_EMIT notFetched(tr("A text for a window you have left since had to wait for its program.") +
                           QLatin1Char(' ') + whereItIs(!isLost_));
     }
 }
 
-/// Posts the keystroke at once, since the window has the keyboard.
+/// The window has the keyboard.
 QCoro::Task<> PasteDelivery::bring(Held held)
 {
     const Target present = std::exchange(target_, Target{held.window, std::nullopt});
@@ -229,7 +235,7 @@ void PasteDelivery::finish(const Restore& paste)
         Restore owed = std::move(owed_.back());
         owed_.pop_back();
         if (!workspace_.windowExists(owed.target)) {
-            settle(owed);
+            tellOfForgotten(owed);
             continue;
         }
         restore(Selection::Primary, paste.primary);
@@ -253,17 +259,21 @@ void PasteDelivery::lookForLateFetch()
         bringHeld();
         return;
     }
-    const bool isClosed = isOurs(*pending_);
-    const bool isLeft = isOurs(*pending_) ||
-                        std::ranges::all_of(pending_->keeping, [](const Keeping& keeping) { return !keeping.lost; });
-    if (isLeft)
+    if (isOurs(*pending_)) { // and its window is closed
+        const QString waiting = whatOnlyTheClipboardHas();
+        leaveAfter(waiting, *std::exchange(pending_, std::nullopt));
+        forgetOwed();
+        bringHeld();
+        return;
+    }
+    if (std::ranges::all_of(pending_->keeping, [](const Keeping& keeping) { return !keeping.lost; }))
         settle(*pending_);
     else
         Q_EMIT notFetched(tr("What was copied has taken the place of the text that waited there.") + QLatin1Char(' ') +
                           whereIsLost(lose(*pending_)));
     pending_.reset();
     forgetOwed();
-    isClosed ? bringHeld() : loseHeld();
+    loseHeld();
 }
 
 void PasteDelivery::restoreNow()
