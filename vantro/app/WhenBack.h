@@ -36,7 +36,7 @@ private:
     Clock& clock_;
     std::deque<Tell> waiting_;
     std::optional<Clock::Instant> toldAt_; ///< the latest
-    std::unique_ptr<QObject> nextLook_; ///< destroying it stops it
+    std::unique_ptr<QObject> nextLook_;    ///< destroying it stops it
 };
 
 } // namespace vantro
