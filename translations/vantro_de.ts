@@ -2026,8 +2026,8 @@
         <translation>Dieses Programm hat den Text vor diesem noch nicht übernommen. Dieser folgt, sobald es wieder reagiert.</translation>
     </message>
     <message>
-        <source>A text for a window you have left since had to wait for its program.</source>
-        <translation>Ein Text für ein Fenster, das Sie inzwischen verlassen haben, musste auf dessen Programm warten.</translation>
+        <source>A text for a window you have left or closed since had to wait for its program.</source>
+        <translation>Ein Text für ein Fenster, das du inzwischen verlassen oder geschlossen hast, musste auf dessen Programm warten.</translation>
     </message>
 </context>
 <context>
@@ -2963,43 +2963,43 @@
     </message>
     <message>
         <source>Your words are given to the whisper model as a hint before it listens.</source>
-        <translation>Ihre Wörter werden dem Whisper-Modell als Hinweis vorangestellt.</translation>
+        <translation>Deine Wörter werden dem Whisper-Modell als Hinweis vorangestellt.</translation>
     </message>
     <message>
         <source>Ready: Parakeet dictations are searched for your words.</source>
-        <translation>Bereit: Diktate mit Parakeet werden nach Ihren Wörtern durchsucht.</translation>
+        <translation>Bereit: Diktate mit Parakeet werden nach deinen Wörtern durchsucht.</translation>
     </message>
     <message>
         <source>Parakeet models need a second model that looks for your words (%1).</source>
-        <translation>Parakeet-Modelle brauchen ein zweites Modell, das nach Ihren Wörtern sucht (%1).</translation>
+        <translation>Parakeet-Modelle brauchen ein zweites Modell, das nach deinen Wörtern sucht (%1).</translation>
     </message>
     <message>
         <source>Parakeet models need a second model that looks for your words. No model host has it yet.</source>
-        <translation>Parakeet-Modelle brauchen ein zweites Modell, das nach Ihren Wörtern sucht. Noch bietet es kein Modellserver an.</translation>
+        <translation>Parakeet-Modelle brauchen ein zweites Modell, das nach deinen Wörtern sucht. Noch bietet es kein Modellserver an.</translation>
     </message>
     <message>
         <source>The model that looks for your words is damaged or of another kind.</source>
-        <translation>Das Modell, das nach Ihren Wörtern sucht, ist beschädigt oder von anderer Art.</translation>
+        <translation>Das Modell, das nach deinen Wörtern sucht, ist beschädigt oder von anderer Art.</translation>
     </message>
     <message>
         <source>The model that looks for your words is being downloaded.</source>
-        <translation>Das Modell, das nach Ihren Wörtern sucht, wird heruntergeladen.</translation>
+        <translation>Das Modell, das nach deinen Wörtern sucht, wird heruntergeladen.</translation>
     </message>
     <message>
         <source>Costs about 0.2 GB of memory and a third more computing, mostly while you speak. English words are found best.</source>
-        <translation>Kostet etwa 0,2 GB Speicher und ein Drittel mehr Rechenzeit, meist während Sie sprechen. Englische Wörter werden am besten gefunden.</translation>
+        <translation>Kostet etwa 0,2 GB Speicher und ein Drittel mehr Rechenzeit, meist während du sprichst. Englische Wörter werden am besten gefunden.</translation>
     </message>
     <message>
         <source>Make it with convert-ctc from NVIDIA&apos;s published model, and put it there: %1</source>
-        <translation>Erzeugen Sie es mit convert-ctc aus dem Modell, das NVIDIA veröffentlicht hat, und legen Sie es hier ab: %1</translation>
+        <translation>Erzeuge es mit convert-ctc aus dem Modell, das NVIDIA veröffentlicht hat, und lege es hier ab: %1</translation>
     </message>
     <message>
         <source>Replace or delete this file: %1</source>
-        <translation>Ersetzen oder löschen Sie diese Datei: %1</translation>
+        <translation>Ersetze oder lösche diese Datei: %1</translation>
     </message>
     <message>
         <source>The latest dictation was not searched for your words: %1</source>
-        <translation>Das letzte Diktat wurde nicht nach Ihren Wörtern durchsucht: %1</translation>
+        <translation>Das letzte Diktat wurde nicht nach deinen Wörtern durchsucht: %1</translation>
     </message>
 </context>
 <context>
@@ -3066,7 +3066,7 @@
     </message>
     <message>
         <source>How your words are recognised</source>
-        <translation>So werden Ihre Wörter erkannt</translation>
+        <translation>So werden deine Wörter erkannt</translation>
     </message>
     <message>
         <source>Cancel</source>

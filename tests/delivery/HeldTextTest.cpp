@@ -61,6 +61,7 @@ TEST_F(HeldTextTest, OneWindowsTextIsNotTakenByTheKeystrokeOfAnother)
     clock_.advance(3s);
     deliverTo(other, "For the other.");
     EXPECT_TRUE(isToldOf("follows when it responds")) << told_.last().toStdString();
+    EXPECT_EQ(outcome_, Outcome::Held);
     deliverTo(other, "And this.");
     EXPECT_EQ(keys_.posted().size(), 1U);
     clock_.advance(1min);

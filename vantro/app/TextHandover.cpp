@@ -40,7 +40,7 @@ QCoro::Task<PasteDelivery::Outcome> TextHandover::paste(QString text, Owed owed,
     const QString reason = delivery_.explanation(outcome);
     if (!reason.isEmpty())
         shell_.showPasteHUD(anchor, pasteKeys(), withFirstWords(joined(remark_, reason), text));
-    else if (!remark_.isEmpty())
+    else if (outcome == PasteDelivery::Outcome::Pasted && !remark_.isEmpty())
         shell_.showPasteHUD(anchor, {}, joined(remark_, tr("Your words are there as you said them.")));
     co_return outcome;
 }

@@ -174,13 +174,15 @@ QCoro::Task<PasteDelivery::Outcome> PasteDelivery::deliverNext(QString text, Kee
         target_.window = target_.ownFront;
     const auto target = target_.window;
     const QString dictated = joined(plain(text), target);
-    printToPerson(QStringLiteral("Copied to clipboard: \"%1\"").arg(dictated));
     returnToOwed(target);
-    if (isPasting() && isProgramOf(*pending_, target)) {
-        if (pending_->target == target)
-            addToPending(dictated, std::move(keeping));
-        else
-            hold({dictated, *target, std::move(keeping)});
+    const bool isProgramBusy = isPasting() && isProgramOf(*pending_, target);
+    if (isProgramBusy && pending_->target != target) {
+        hold({dictated, *target, std::move(keeping)});
+        co_return Outcome::Held;
+    }
+    printToPerson(QStringLiteral("Copied to clipboard: \"%1\"").arg(dictated));
+    if (isProgramBusy) {
+        addToPending(dictated, std::move(keeping));
         co_return Outcome::Pasted;
     }
     const QString waiting = whatOnlyTheClipboardHas();
@@ -361,39 +363,6 @@ PasteDelivery::Outcome PasteDelivery::paste(const QString& dictated, WindowID ta
     pending_ = std::move(former);
     followPending();
     return Outcome::Pasted;
-}
-
-QString PasteDelivery::whereItIs(bool isStored) const
-{
-    if (canCopy())
-        return tr("The text is on the clipboard.");
-    return isStored ? tr("The text is in the history.")
-                    : tr("The recording is kept: the command vantro retry transcribes it again.");
-}
-
-QString PasteDelivery::explanation(Outcome outcome) const
-{
-    switch (outcome) {
-    case Outcome::Pasted:
-    case Outcome::Nothing:
-        return {};
-    case Outcome::NoTarget:
-        return tr("No window was active when the dictation began.") + QLatin1Char(' ') + whereItIs(!isLost_);
-    case Outcome::TargetGone:
-        return tr("The window you were working in has been closed.") + QLatin1Char(' ') + whereItIs(!isLost_);
-    case Outcome::MovedOn:
-        return tr("You have moved on to another window.") + QLatin1Char(' ') + whereItIs(!isLost_);
-    case Outcome::FocusNotReturned:
-        return tr("The window you were working in did not become active again.") + QLatin1Char(' ') +
-               whereItIs(!isLost_);
-    case Outcome::UserAway:
-        return tr("You were away when the text was ready.") + QLatin1Char(' ') + whereItIs(!isLost_);
-    case Outcome::KeyboardTaken:
-        return tr("A menu or a locked screen had the keyboard to itself.") + QLatin1Char(' ') + whereItIs(!isLost_);
-    case Outcome::KeystrokeFailed:
-        return keystrokeError_ + QLatin1Char(' ') + whereItIs(!isLost_);
-    }
-    return {};
 }
 
 } // namespace vantro

@@ -28,6 +28,7 @@ class PasteDelivery final : public QObject
 public:
     enum class Outcome {
         Pasted,
+        Held, ///< until another window of its program has answered; notFetched() tells
         /// The text was empty; nothing was touched.
         Nothing,
         // For the following ones the text stays on the clipboard.
@@ -74,7 +75,8 @@ public:
     /// The window of another program that was in front last; an empty target when there is none.
     [[nodiscard]] Target otherWindow() const { return {lastOther_, std::nullopt}; }
 
-    /// Whether there is a clipboard for a text that is not pasted. Otherwise it is in the history, or its recording is kept.
+    /// Whether there is a clipboard for a text that is not pasted. Otherwise it is in the history, or its recording is
+    /// kept.
     [[nodiscard]] bool canCopy() const { return pasteboard_.isOffered(); }
     /// Where the user finds a text that is not pasted, in a sentence.
     [[nodiscard]] QString whereItIs(bool isStored) const;
@@ -157,6 +159,7 @@ private:
     [[nodiscard]] QCoro::Task<> waitForKeyRelease();
     [[nodiscard]] bool isKeyboardBusy() const;
     [[nodiscard]] std::optional<Outcome> obstacle() const;
+    [[nodiscard]] QString reasonOf(Outcome outcome) const;
     [[nodiscard]] bool hasKeyboard(WindowID window) const;
     [[nodiscard]] bool hasMovedOn(WindowID target) const;
     [[nodiscard]] bool keepsEveryFormat() const;

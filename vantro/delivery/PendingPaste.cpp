@@ -1,6 +1,5 @@
 // The part of PasteDelivery that follows a paste until its window has fetched the text.
 #include "base/Logger.h"
-#include "vantro/delivery/PasteChords.h"
 #include "vantro/delivery/PasteDelivery.h"
 
 #include <algorithm>
@@ -124,70 +123,6 @@ void PasteDelivery::addToPending(const QString& dictated, Keeping keeping)
         paste.primary->ours = paste.text;
     }
     followPending();
-}
-
-void PasteDelivery::hold(Held held)
-{
-    held_.push_back(std::move(held));
-    Q_EMIT notFetched(
-        tr("That program has not taken the text before this one yet. This text follows when it responds."));
-}
-
-/// A keystroke before its own is not answered yet, or just now.
-bool PasteDelivery::isHeldBack(WindowID window)
-{
-    const bool isOwed =
-        std::ranges::any_of(owed_, [&](const Restore& paste) { return isProgramOf(paste, window) && willTake(paste); });
-    return isOwed || (pending_ && isProgramOf(*pending_, window) && (isFetched(*pending_) || isPasting()));
-}
-
-/// To a user who still waits there. Of one who works elsewhere the keyboard stays there.
-void PasteDelivery::bringHeld()
-{
-    while (!isDelivering_) {
-        const auto ready = std::ranges::find_if(held_, [this](const Held& held) { return !isHeldBack(held.window); });
-        if (ready == held_.end())
-            return;
-        const bool isThere = hasKeyboard(ready->window) && !session_.isAway();
-        if (!isThere && isPasting())
-            return; // the window that is to answer would take this text for its own
-        Held next = std::move(*ready);
-        held_.erase(ready);
-        if (isThere) {
-            bring(std::move(next));
-            continue;
-        }
-        const QString waiting = whatOnlyTheClipboardHas();
-        std::ignore = takePending();
-        forgetOwed();
-        Restore left;
-        left.text = next.text;
-        left.keeping.push_back(std::move(next.keeping));
-        leaveAfter(waiting, std::move(left));
-        Q_EMIT notFetched(tr("A text for a window you have left since had to wait for its program.") +
-                          QLatin1Char(' ') + whereItIs(!isLost_));
-    }
-}
-
-/// The window has the keyboard.
-QCoro::Task<> PasteDelivery::bring(Held held)
-{
-    const Target present = std::exchange(target_, Target{held.window, std::nullopt});
-    const auto delivering = deliver(held.text, std::move(held.keeping));
-    target_ = present;
-    const QString reason = explanation(co_await delivering);
-    if (!reason.isEmpty())
-        Q_EMIT notFetched(reason);
-}
-
-/// The clipboard is somebody else's now, whatever the keystroke before theirs brings.
-void PasteDelivery::loseHeld()
-{
-    for (Held& held : std::exchange(held_, {})) {
-        Restore lost;
-        lost.keeping.push_back(std::move(held.keeping));
-        tellOfForgotten(lost);
-    }
 }
 
 void PasteDelivery::followPending()
@@ -323,21 +258,6 @@ void PasteDelivery::leaveForNow(Restore& paste)
     leave(paste.text);
 }
 
-/// A clipboard manager that has taken the text over does not tell who fetches it.
-QString PasteDelivery::reasonOfUnfetched(const Restore& paste, bool isFollowed) const
-{
-    const QString keys = chordText(chordOf(paste.target));
-    if (!isFollowed)
-        return tr("The window you were working in may not have taken the text. If it does not appear, press %1 there.")
-            .arg(keys);
-    if (workspace_.hasAnswered(paste.target))
-        return tr("The window you were working in has no use for the text there. Click where it belongs and press %1.")
-            .arg(keys);
-    return tr("The window you were working in has not taken the text yet. "
-              "It appears when the window responds; only if it does not, press %1 there.")
-        .arg(keys);
-}
-
 /// Nothing needs to be kept of the text any more.
 void PasteDelivery::settle(Restore& paste)
 {
@@ -357,12 +277,6 @@ bool PasteDelivery::lose(Restore& paste)
             call();
     }
     return isStored;
-}
-
-QString PasteDelivery::whereIsLost(bool isStored)
-{
-    return isStored ? tr("That text is in the history.")
-                    : tr("Its recording is kept: the command vantro retry transcribes it again.");
 }
 
 void PasteDelivery::restore(const Restore& former)
