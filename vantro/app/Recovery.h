@@ -70,8 +70,9 @@ public:
     /// Keeps it without a word.
     void keep(Owed owed) { kept_.push_back(std::move(owed)); }
 
-    /// Whether a cancelled recording is on offer that was not made for @p target.
+    /// Whether a cancelled recording is on offer.
     [[nodiscard]] bool hasOffer() const { return cancelled_.has_value(); }
+    /// The same of one that was not made for @p target.
     [[nodiscard]] bool offersForAnother(const PasteDelivery::Target& target) const;
     /// A launcher opens where the last one was: moves the offer above it.
     void makeRoom();

@@ -84,11 +84,12 @@ QCoro::Task<QString> FluidTranscriptionProvider::transcribe(TranscriptionRequest
     work.onProgress = std::move(request.onProgress);
     work.stop = request.stop;
     work.vocabulary = vocabulary(request.terms, request.termWeight, request.boostingModel);
+    const FileVersion boostingFile = FileVersion::of(work.vocabulary.modelFile);
     const FluidTranscript transcript = co_await engine_.transcribe(std::move(work));
     if (request.onTokens)
         request.onTokens(tokensOf(transcript.result));
     boostingProblem_ = transcript.skipped;
-    boostingFile_ = FileVersion::of(files_.find(boostingModel_));
+    boostingFile_ = boostingFile;
     if (request.onVocabulary)
         request.onVocabulary(reportOf(transcript));
     co_return TextReplacer::applyReplacements(QString::fromStdString(transcript.result.text).trimmed(),

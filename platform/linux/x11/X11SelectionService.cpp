@@ -234,8 +234,7 @@ std::optional<QByteArray> X11SelectionService::read(Selection selection)
         }
         if (!result && Clock::now() - begin >= silenceLimit)
             Logger("X11Pasteboard")
-                .error(QStringLiteral("Its owner is too slow with what is copied, which will not come back after a "
-                                      "paste"));
+                .error(QStringLiteral("The program that owns what is copied is too slow: it was not read"));
     });
     return result;
 }
