@@ -19,7 +19,7 @@ namespace vantro {
 class HttpExchange
 {
 public:
-    static constexpr qint64 largestAnswerBytes = 8 * 1'048'576;
+    static constexpr qint64 largestAnswerBytes = qint64{8} * 1'048'576;
 
     /// Extracts the result from an answer. Runs on the network thread; send() rethrows its exceptions.
     using Reader = std::function<QString(const HttpAnswer&)>;

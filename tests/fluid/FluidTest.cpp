@@ -164,7 +164,7 @@ TEST_F(Fluid, ACancelInTheMiddleOfALongRecordingEndsItAndTheNextOneIsWritten)
                                        std::move(onProgress), std::move(token)};
     };
     std::vector<float> minutes;
-    for (const std::vector<float> part = recording("long-02.flac"); minutes.size() < 16'000 * 300;)
+    for (const std::vector<float> part = recording("long-02.flac"); minutes.size() < std::size_t{16'000} * 300;)
         minutes.insert(minutes.end(), part.begin(), part.end());
     float last = 0;
     const auto stopSoon = [&](float fraction) {

@@ -181,7 +181,7 @@ TEST_F(FluidVocabularyTest, ACancelEndsTheSearchForWordsToo)
     install("model.bin");
     install(boostingFile, "parakeet-micro-ctc.gguf");
     std::vector<float> minutes;
-    for (const std::vector<float> part = recording("long-02.flac"); minutes.size() < 16'000 * 300;)
+    for (const std::vector<float> part = recording("long-02.flac"); minutes.size() < std::size_t{16'000} * 300;)
         minutes.insert(minutes.end(), part.begin(), part.end());
     std::stop_source stop;
     const auto request = [&](std::vector<float> samples, std::stop_token token) {

@@ -27,14 +27,14 @@ constexpr auto lateAudioPoll = 20ms;
 
 std::shared_ptr<Dictation> Dictation::begin(const Parts& parts, Keyboard keyboard)
 {
-    const std::shared_ptr<Dictation> dictation(new Dictation(parts));
+    std::shared_ptr<Dictation> dictation(new Dictation(parts));
     dictation->run(keyboard);
     return dictation;
 }
 
 std::shared_ptr<Dictation> Dictation::again(const Parts& parts, Owed owed)
 {
-    const std::shared_ptr<Dictation> dictation(new Dictation(parts));
+    std::shared_ptr<Dictation> dictation(new Dictation(parts));
     dictation->owed_ = std::move(owed);
     dictation->isAgain_ = true;
     dictation->runAgain();

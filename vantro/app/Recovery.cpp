@@ -131,6 +131,7 @@ QCoro::Task<bool> Recovery::offerLeft()
     if (left.empty())
         co_return false;
     std::vector<Owed> owed;
+    owed.reserve(left.size());
     for (const auto& recording : left)
         owed.push_back({recording});
     const QString time = QLocale().toString(left.front()->header().startedAt.toLocalTime(), QLocale::ShortFormat);

@@ -106,6 +106,7 @@ std::optional<Chord> chordNamed(const QString& text)
 std::vector<Chord> allPasteChords()
 {
     std::vector<Chord> chords;
+    chords.reserve(chordNames.size());
     for (const auto& [chord, name] : chordNames)
         chords.push_back(chord);
     return chords;

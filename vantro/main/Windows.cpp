@@ -39,8 +39,8 @@ QUrl manifestAddress()
 
 } // namespace
 
-Windows::Windows(Parts parts)
-    : parts_(std::move(parts))
+Windows::Windows(const Parts& parts)
+    : parts_(parts)
     , secondTranscription_(parts_.speech.facade, parts_.recorder)
     , ui_(parts_.defaults, *parts_.platform.appearance)
     , idle_(parts_.recorder)

@@ -59,7 +59,7 @@ public:
         Statistics& statistics;
     };
 
-    explicit Windows(Parts parts);
+    explicit Windows(const Parts& parts);
     ~Windows() override;
 
     void checkForUpdates() override { updates_.check(UpdateChecker::Asker::launch); }

@@ -364,7 +364,7 @@ std::optional<X11SelectionService::Owned>& X11SelectionService::owned(Selection 
 void X11SelectionService::lose(std::optional<Owned>& mine)
 {
     auto& lost = lost_[static_cast<std::size_t>(&mine - owned_.data())];
-    lost.emplace();
+    lost = Owned{};
     lost->fetchedBy = std::move(mine->fetchedBy);
     mine.reset();
 }

@@ -353,7 +353,7 @@ QString AnswerCheck::checked(const QString& answer, const QString& said, const Q
 {
     if (endsInReasoning(answer))
         throw AnswerSetAside(Doubt::cutOff, answer);
-    const QString mended = mendedAnswer(answer, said);
+    QString mended = mendedAnswer(answer, said);
     if (const auto doubt = Comparison(mended, said, prompt, languages_).doubt())
         throw AnswerSetAside(doubt->first, answer, doubt->second);
     return mended;
