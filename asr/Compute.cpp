@@ -28,24 +28,26 @@ bool isStopped(void* token)
     return static_cast<const std::stop_token*>(token)->stop_requested();
 }
 
-/// ggml aborts the process when it cannot allocate its per-graph lists. Allocate as much first, so that low memory
-/// throws std::bad_alloc here.
 void requireMemoryForLists(const ggml_cgraph* graph)
 {
     constexpr std::size_t bytesPerNode = 1024;
     constexpr std::size_t bytesPerGraph = std::size_t{1} << 20; // lists of free blocks
-    const std::size_t bytes =
-        bytesPerGraph + bytesPerNode * static_cast<std::size_t>(ggml_graph_n_nodes(const_cast<ggml_cgraph*>(graph)));
-    // Not a new-expression, which could be optimised away.
-    ::operator delete(::operator new(bytes));
+    requireMemory(bytesPerGraph +
+                  bytesPerNode * static_cast<std::size_t>(ggml_graph_n_nodes(const_cast<ggml_cgraph*>(graph))));
 }
 
 } // namespace
 
-GgmlContext::GgmlContext(std::size_t bytes)
-    : memory_(std::make_unique_for_overwrite<std::byte[]>(bytes))
-    , context_(ggml_init({bytes, memory_.get(), true}))
+void requireMemory(std::size_t bytes)
 {
+    // Not a new-expression, which could be optimised away.
+    ::operator delete(::operator new(bytes));
+}
+
+GgmlContext::GgmlContext(std::size_t bytes) : memory_(std::make_unique_for_overwrite<std::byte[]>(bytes))
+{
+    requireMemory();
+    context_.reset(ggml_init({bytes, memory_.get(), true}));
 }
 
 /// ggml's list of devices has no lock and grows with each module, so it is read nowhere else and not again.
@@ -125,6 +127,7 @@ void Graph::endPart(ggml_tensor* tensor)
 
 GraphRunner::GraphRunner(int threads)
 {
+    requireMemory();
     backend_.reset(ggml_backend_dev_init(processorDevice(), nullptr));
     if (backend_ == nullptr)
         throw ASRError(ASRError::Kind::encoderInstantiationFailed, "ggml's processor back end did not start");

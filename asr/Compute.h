@@ -24,6 +24,10 @@ struct GgmlDeleter
 template <typename T>
 using GgmlPointer = std::unique_ptr<T, GgmlDeleter>;
 
+/// ggml aborts the process where it cannot allocate. Called before it does: allocates @p bytes, by default more than
+/// one of its objects takes, and gives them back, so that low memory throws std::bad_alloc instead. Any thread.
+void requireMemory(std::size_t bytes = std::size_t{16} << 10);
+
 /// Metadata of tensors and graphs. Throws std::bad_alloc.
 class GgmlContext
 {

@@ -112,6 +112,7 @@ void Weights::allocate(const ModelSource& file)
         target.tensor->data = const_cast<std::byte*>(mapping_->bytes().data() + file.tensor(target.name).offset);
     }
     ggml_backend_buffer_type_t memory = ggml_backend_dev_buffer_type(processorDevice());
+    requireMemory();
     buffer_.reset(ggml_backend_alloc_ctx_tensors_from_buft(context_.get(), memory));
     if (buffer_ == nullptr)
         throw ASRError(ASRError::Kind::modelLoadFailed, "out of memory");

@@ -1,12 +1,17 @@
 // What a recogniser does that runs out of memory.
+#include "asr/CtcKeywordSpotter.h"
 #include "tests/asr/AsrTestSupport.h"
 
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 
+#include <algorithm>
+#include <array>
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
+#include <functional>
+#include <utility>
 
 using namespace vantro::asr;
 using namespace vantro::asr::testing;
@@ -39,6 +44,74 @@ public:
 private:
     rlimit former_{};
 };
+
+/// Uses up the heap except for one block of @p left bytes, as long as the object lives.
+class FullHeap
+{
+public:
+    explicit FullHeap(std::size_t left) : spare_(std::malloc(left)), scarcity_(0)
+    {
+        for (std::size_t size = mebibyte; size >= sizeof(Block); size /= 2) {
+            while (void* block = std::malloc(size))
+                blocks_ = new (block) Block{blocks_};
+        }
+        std::free(spare_);
+    }
+    ~FullHeap()
+    {
+        while (blocks_ != nullptr)
+            std::free(std::exchange(blocks_, blocks_->next));
+    }
+    FullHeap(const FullHeap&) = delete;
+    FullHeap& operator=(const FullHeap&) = delete;
+
+private:
+    struct Block
+    {
+        Block* next;
+    };
+
+    void* spare_;
+    Scarcity scarcity_;
+    Block* blocks_ = nullptr;
+};
+
+/// Loads both kinds of model and listens, with hardly any memory at all; ends the process with 0 when every failure was
+/// an exception and everything works afterwards.
+[[noreturn]] void workOnAFullHeap()
+{
+    const auto load = [] {
+        return std::make_shared<CtcKeywordSpotter>(
+            CtcModel::load(dataFolder() / "parakeet-micro-ctc.gguf", moduleFolders()));
+    };
+    const std::vector<float> sentence = recording("sentence-02.flac");
+    const auto listen = [&](const std::shared_ptr<CtcKeywordSpotter>& spotter) {
+        WindowPool pool(spotter->model->network(), {1, false, {}, {}});
+        CtcSpotting spotting(spotter, pool);
+        spotting.append(sentence);
+        pool.hurry();
+        return spotting.finish({}).frames;
+    };
+    const auto spotter = load();
+    const std::size_t frames = listen(spotter);
+    const std::array<std::function<void()>, 3> works{[&] { load(); }, [&] { listen(spotter); },
+                                                     [] {
+                                                         loadMicro();
+                                                     }};
+    int failures = 0;
+    for (std::size_t left = 64; left <= 4 * mebibyte; left += std::max<std::size_t>(64, left / 16)) {
+        for (const std::function<void()>& work : works) {
+            std::fprintf(stderr, "%zu bytes left\n", left);
+            const FullHeap heap(left);
+            try {
+                failures += errorOf(work) ? 1 : 0;
+            } catch (const std::bad_alloc&) {
+                ++failures; // what was missing was the memory for the message
+            }
+        }
+    }
+    std::exit(failures > 0 && listen(load()) == frames ? 0 : 1);
+}
 
 /// Loads with less and less memory; ends the process with 0 when every failure was an ASRError and the next attempt
 /// with enough memory succeeds.
@@ -106,6 +179,13 @@ TEST_F(ScarceMemoryDeathTest, ALoadThatLacksMemoryFailsAndTheNextOneWorks)
     GTEST_FLAG_SET(death_test_style, "threadsafe");
     loadProcessorModule(moduleFolders());
     EXPECT_EXIT(loadInScarcity(), ::testing::ExitedWithCode(0), "");
+}
+
+TEST_F(ScarceMemoryDeathTest, AFullHeapEndsTheWorkAndNotTheProcess)
+{
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    loadProcessorModule(moduleFolders());
+    EXPECT_EXIT(workOnAFullHeap(), ::testing::ExitedWithCode(0), "");
 }
 
 TEST_F(ScarceMemoryDeathTest, ATranscriptionThatLacksMemoryFailsAndTheNextOneWorks)

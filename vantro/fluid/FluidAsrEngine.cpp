@@ -249,14 +249,14 @@ QFuture<FluidTranscript> FluidAsrEngine::start(Manager manager, Request request)
     auto build = live ? std::nullopt : pipelineFor(request.vocabulary);
     return executor_.run([live = std::move(live), given, build = std::move(build), manager = std::move(manager),
                           work = std::move(request)] {
-        if (live && live->stream) {
-            live->stream->append(std::span(work.samples).subspan(given));
-            return live->stream->finish({work.onProgress, work.stop});
-        }
-        asr::StreamingAsr::Options options;
-        options.language = work.language;
-        options.isLive = false;
         try {
+            if (live && live->stream) {
+                live->stream->append(std::span(work.samples).subspan(given));
+                return live->stream->finish({work.onProgress, work.stop});
+            }
+            asr::StreamingAsr::Options options;
+            options.language = work.language;
+            options.isLive = false;
             BoostedStream whole(*manager, options, build);
             whole.append(work.samples);
             return whole.finish({work.onProgress, work.stop});
