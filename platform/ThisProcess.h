@@ -17,5 +17,9 @@ void lowerPriorityOfThisThread();
 void giveMemoryBack();
 /// When a fault ends the program from now on, it first writes to standard error where it stood.
 void traceFaults();
+/// Ends the process without the exit handlers of libraries. A thread that Qt uses for the network frees OpenSSL's
+/// objects a moment after it has been joined, when OpenSSL's handler may have taken down what that needs. Main thread,
+/// after everything of the program is gone.
+[[noreturn]] void end(int status);
 
 } // namespace vantro::process

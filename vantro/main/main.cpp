@@ -47,9 +47,7 @@ std::vector<vantro::LogSink> logSinksFor(const vantro::CommandLine& commandLine)
     return {commandLine.isVerbose() ? vantro::logToStandardError : vantro::logErrorsToStandardError};
 }
 
-} // namespace
-
-int main(int argc, char** argv)
+int run(int argc, char** argv)
 {
     const vantro::CommandLine commandLine(argc, argv);
     if (commandLine.recognisesSpeech())
@@ -73,4 +71,11 @@ int main(int argc, char** argv)
     vantro::Translations translations;
     QCoreApplication::installTranslator(&translations);
     return vantro::runProgram(commandLine.programOptions());
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    vantro::process::end(run(argc, argv));
 }

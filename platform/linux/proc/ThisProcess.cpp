@@ -11,6 +11,8 @@
 
 #include <array>
 #include <csignal>
+#include <cstdio>
+#include <cstdlib>
 #include <string_view>
 #include <system_error>
 #include <tuple>
@@ -77,6 +79,16 @@ void process::traceFaults()
     action.sa_flags = static_cast<int>(SA_RESETHAND | SA_NODEFER | SA_ONSTACK);
     for (const int fault : {SIGSEGV, SIGBUS, SIGILL, SIGFPE, SIGABRT})
         sigaction(fault, &action, nullptr);
+#endif
+}
+
+void process::end(int status)
+{
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__) // they report in a handler
+    std::exit(status);
+#else
+    std::ignore = std::fflush(nullptr);
+    _exit(status);
 #endif
 }
 
