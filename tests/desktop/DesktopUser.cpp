@@ -4,6 +4,7 @@
 #include <QDeadlineTimer>
 #include <QEventLoop>
 #include <QProcess>
+#include <QTimer>
 
 #include <X11/XKBlib.h>
 #include <X11/Xlib.h>
@@ -44,10 +45,14 @@ std::optional<std::string> missingDisplay()
 bool eventually(const std::function<bool()>& condition)
 {
     const QDeadlineTimer deadline(limitMs);
+    QTimer wakeUp;
+    wakeUp.start(pollMs);
     while (!condition()) {
         if (deadline.hasExpired())
             return false;
-        QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents, pollMs);
+        // It must be able to wait, as the program's own loop does: only then are events found that Xlib has read
+        // already.
+        QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
     }
     return true;
 }

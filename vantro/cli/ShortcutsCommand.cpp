@@ -6,9 +6,9 @@
 #include "vantro/cli/RunningProgram.h"
 #include "vantro/cli/Terminal.h"
 
-#include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QEventLoop>
+#include <QThread>
 #include <QTimer>
 
 #include <array>
@@ -171,7 +171,7 @@ QString followed(const Shortcut& shortcut)
             return {};
         if (status->value(QStringLiteral("shortcut")).toString() == shortcut.displayText())
             return status->value(QStringLiteral("shortcut_failure")).toString();
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 20);
+        QThread::msleep(20);
     }
     return QStringLiteral("the running vantro has not adopted it: restart it");
 }
