@@ -60,8 +60,8 @@ TEST_F(HeldTextTest, OneWindowsTextIsNotTakenByTheKeystrokeOfAnother)
     deliverTo(editor, "For the editor.");
     clock_.advance(3s);
     deliverTo(other, "For the other.");
-    EXPECT_TRUE(isToldOf("follows when it responds")) << told_.last().toStdString();
-    EXPECT_EQ(outcome_, Outcome::Held);
+    ASSERT_EQ(outcome_, Outcome::Held);
+    EXPECT_TRUE(delivery_->explanation(*outcome_).contains(QStringLiteral("follows when it responds")));
     deliverTo(other, "And this.");
     EXPECT_EQ(keys_.posted().size(), 1U);
     clock_.advance(1min);
@@ -92,6 +92,40 @@ TEST_F(HeldTextTest, WhoHasMovedOnMeanwhileFindsTheTextOnTheClipboard)
     clock_.advance(1s);
     EXPECT_EQ(fetch(other), QStringLiteral("Before it closes."));
     EXPECT_EQ(settled_.size(), 4);
+}
+
+TEST_F(HeldTextTest, OneThatIsSaidWhileAnotherIsStillHeldComesAfterIt)
+{
+    deliverTo(editor, "For the editor.");
+    deliverTo(other, "First.");
+    pasteboard_.fetch(Selection::Clipboard, editor);
+    deliverTo(other, "Second."); // before the fetch has been seen
+    EXPECT_EQ(keys_.posted().size(), 1U);
+    clock_.advance(1s);
+    EXPECT_EQ(fetch(other), QStringLiteral("First."));
+    EXPECT_EQ(fetch(other), QStringLiteral("Second."));
+}
+
+TEST_F(HeldTextTest, WaitsWhileAWindowOfOursIsInFront)
+{
+    deliverTo(editor, "For the editor.");
+    deliverTo(other, "For the other.");
+    workspace_.focus(launcher);
+    EXPECT_EQ(fetch(editor), QStringLiteral("For the editor."));
+    clock_.advance(1min);
+    EXPECT_EQ(keys_.posted().size(), 1U);
+    EXPECT_EQ(clipboard(), former);
+    workspace_.focus(other);
+    clock_.advance(1s);
+    EXPECT_EQ(fetch(other), QStringLiteral("For the other."));
+
+    deliverTo(editor, "For the editor.");
+    deliverTo(other, "For a user who leaves.");
+    workspace_.focus(launcher);
+    EXPECT_EQ(fetch(editor), QStringLiteral("For the editor."));
+    workspace_.focus(third);
+    clock_.advance(1s);
+    EXPECT_EQ(clipboard(), QStringLiteral("For a user who leaves."));
 }
 
 TEST_F(HeldTextTest, AProgramThatGoesOnWithoutTheTextGetsTheNextOne)

@@ -224,10 +224,15 @@ QCoro::Task<> AppDelegate::pasteInFront(QString text)
 {
     PasteDelivery& delivery = parts_.dictation.delivery;
     const auto delivering = delivery.deliver(std::move(text));
-    const QString reason = delivery.explanation(co_await delivering);
+    const auto outcome = co_await delivering;
+    const QString reason = delivery.explanation(outcome);
+    std::function<QString()> keys;
+    if (outcome != PasteDelivery::Outcome::Held)
+        keys = [&delivery] {
+            return delivery.pasteKeys();
+        };
     if (!reason.isEmpty())
-        shell().showPasteHUD(
-            std::nullopt, [&delivery] { return delivery.pasteKeys(); }, reason);
+        shell().showPasteHUD(std::nullopt, std::move(keys), reason);
 }
 
 DictationTimings AppDelegate::timings() const

@@ -38,8 +38,9 @@ QCoro::Task<PasteDelivery::Outcome> TextHandover::paste(QString text, Owed owed,
     const auto delivery = delivery_.deliver(text, std::move(keeping));
     const auto outcome = co_await delivery;
     const QString reason = delivery_.explanation(outcome);
+    const bool isHeld = outcome == PasteDelivery::Outcome::Held;
     if (!reason.isEmpty())
-        shell_.showPasteHUD(anchor, pasteKeys(), withFirstWords(joined(remark_, reason), text));
+        shell_.showPasteHUD(anchor, isHeld ? nullptr : pasteKeys(), withFirstWords(joined(remark_, reason), text));
     else if (outcome == PasteDelivery::Outcome::Pasted && !remark_.isEmpty())
         shell_.showPasteHUD(anchor, {}, joined(remark_, tr("Your words are there as you said them.")));
     co_return outcome;

@@ -5,13 +5,22 @@
 #include <tuple>
 #include <utility>
 
+using namespace std::chrono_literals;
+
 namespace vantro {
 
-void PasteDelivery::hold(Held held)
+namespace {
+
+/// While one of our own windows is in front.
+constexpr std::chrono::milliseconds lookForUser = 500ms;
+
+} // namespace
+
+/// Whether @p window has to wait for another window of its program, or for a text of its own that waits already.
+bool PasteDelivery::mustWait(WindowID window)
 {
-    held_.push_back(std::move(held));
-    Q_EMIT notFetched(
-        tr("That program has not taken the text before this one yet. This text follows when it responds."));
+    return (isPasting() && pending_->target != window && isProgramOf(*pending_, window)) ||
+           std::ranges::any_of(held_, [window](const Held& held) { return held.window == window; });
 }
 
 /// A keystroke before its own is not answered yet, or just now.
@@ -26,16 +35,23 @@ bool PasteDelivery::isHeldBack(WindowID window)
 void PasteDelivery::bringHeld()
 {
     while (!isDelivering_) {
+        const auto front = workspace_.frontWindow();
         const auto isReady = [this](const Held& held) {
             return !isHeldBack(held.window);
         };
-        auto found = std::ranges::find_if(
-            held_, [&](const Held& held) { return hasKeyboard(held.window) && !session_.isAway() && isReady(held); });
+        auto found = std::ranges::find_if(held_, [&](const Held& held) {
+            const bool isThere = front ? hasKeyboard(held.window) : workspace_.windowExists(held.window);
+            return isThere && !session_.isAway() && isReady(held);
+        });
         const bool isThere = found != held_.end();
         if (!isThere)
             found = std::ranges::find_if(held_, isReady);
         if (found == held_.end() || (!isThere && isPasting()))
             return; // the window that is to answer would take the text for its own
+        if (!isThere && mayComeBackTo(found->window)) {
+            lookForHeldLater();
+            return;
+        }
         Held next = std::move(*found);
         held_.erase(found);
         if (isThere) {
@@ -54,11 +70,27 @@ void PasteDelivery::bringHeld()
     }
 }
 
+/// From the launcher or an alert of ours, or because the keyboard comes a moment later.
+bool PasteDelivery::mayComeBackTo(WindowID window) const
+{
+    const auto front = workspace_.frontWindow();
+    return front && (front == window || workspace_.isOwn(*front)) && !session_.isAway() &&
+           workspace_.windowExists(window);
+}
+
+void PasteDelivery::lookForHeldLater()
+{
+    clock_.callAfter(lookForUser, this, [this, look = ++heldLook_] {
+        if (look == heldLook_)
+            bringHeld();
+    });
+}
+
 /// The window has the keyboard.
 QCoro::Task<> PasteDelivery::bring(Held held)
 {
     const Target present = std::exchange(target_, Target{held.window, std::nullopt});
-    const auto delivering = deliver(held.text, std::move(held.keeping));
+    const auto delivering = deliverInTurn(held.text, std::move(held.keeping), Turn::come);
     target_ = present;
     const QString reason = explanation(co_await delivering);
     if (!reason.isEmpty())

@@ -158,16 +158,22 @@ QCoro::Task<PasteDelivery::Outcome> PasteDelivery::deliver(QString text, Keeping
 {
     if (plain(text).isEmpty())
         co_return Outcome::Nothing;
+    const auto delivering = deliverInTurn(std::move(text), std::move(keeping), Turn::last);
+    co_return co_await delivering;
+}
+
+QCoro::Task<PasteDelivery::Outcome> PasteDelivery::deliverInTurn(QString text, Keeping keeping, Turn turn)
+{
     // Two at once would take each other's text for what was on the clipboard.
     while (isDelivering_)
         co_await NextLook(*this);
     isDelivering_ = true;
     const auto over = qScopeGuard([this] { isDelivering_ = false; });
-    const auto delivering = deliverNext(std::move(text), std::move(keeping));
+    const auto delivering = deliverNext(std::move(text), std::move(keeping), turn);
     co_return co_await delivering;
 }
 
-QCoro::Task<PasteDelivery::Outcome> PasteDelivery::deliverNext(QString text, Keeping keeping)
+QCoro::Task<PasteDelivery::Outcome> PasteDelivery::deliverNext(QString text, Keeping keeping, Turn turn)
 {
     // A page that has just opened gives its field the focus a moment later.
     if (target_.ownFront && workspace_.takesText(*target_.ownFront))
@@ -175,13 +181,12 @@ QCoro::Task<PasteDelivery::Outcome> PasteDelivery::deliverNext(QString text, Kee
     const auto target = target_.window;
     const QString dictated = joined(plain(text), target);
     returnToOwed(target);
-    const bool isProgramBusy = isPasting() && isProgramOf(*pending_, target);
-    if (isProgramBusy && pending_->target != target) {
-        hold({dictated, *target, std::move(keeping)});
+    if (turn == Turn::last && target && mustWait(*target)) {
+        held_.push_back({dictated, *target, std::move(keeping)});
         co_return Outcome::Held;
     }
     printToPerson(QStringLiteral("Copied to clipboard: \"%1\"").arg(dictated));
-    if (isProgramBusy) {
+    if (isPasting() && pending_->target == target) {
         addToPending(dictated, std::move(keeping));
         co_return Outcome::Pasted;
     }

@@ -28,7 +28,7 @@ class PasteDelivery final : public QObject
 public:
     enum class Outcome {
         Pasted,
-        Held, ///< until another window of its program has answered; notFetched() tells
+        Held, ///< until another window of its program has answered
         /// The text was empty; nothing was touched.
         Nothing,
         // For the following ones the text stays on the clipboard.
@@ -91,12 +91,12 @@ public:
     /// the keystroke, or once the window has fetched the text if that takes longer, and not at all if the clipboard has
     /// been changed since. After 2 s notFetched() is emitted. A window that has not answered one keystroke yet gets no
     /// second one: its paste will bring both texts. Nor does another window of its program, whose text that keystroke
-    /// would take: it comes afterwards, or if its user has moved on by then, stays on the clipboard. What a window is
-    /// owed comes back to the clipboard when a text for another program has been fetched.
-    /// A text that is not pasted stays on the clipboard; after one that waits there, is kept nowhere else and has not
-    /// been fetched by anybody, which comes back after a paste in any case. One text after the other: a second one
-    /// waits for the first. With "joinDictations", a text that soon follows another one in the same window is joined to
-    /// it.
+    /// would take: it comes afterwards, in the order of the texts, once no window of our own is in front any more; or
+    /// if its user has moved on by then, stays on the clipboard. What a window is owed comes back to the clipboard when
+    /// a text for another program has been fetched. A text that is not pasted stays on the clipboard; after one that
+    /// waits there, is kept nowhere else and has not been fetched by anybody, which comes back after a paste in any
+    /// case. One text after the other: a second one waits for the first. With "joinDictations", a text that soon
+    /// follows another one in the same window is joined to it.
     [[nodiscard]] QCoro::Task<Outcome> deliver(QString text, Keeping keeping = {});
 
     /// Ends a pending paste as it stands. For when the process is about to end.
@@ -112,6 +112,10 @@ Q_SIGNALS:
 
 private:
     class NextLook;
+    enum class Turn {
+        last, ///< behind those that are held for its window
+        come,
+    };
 
     /// The previous text of a selection, and our text that has replaced it.
     struct Former
@@ -150,7 +154,8 @@ private:
 
     void noteFront();
     [[nodiscard]] QString joined(const QString& text, std::optional<WindowID> target) const;
-    [[nodiscard]] QCoro::Task<Outcome> deliverNext(QString text, Keeping keeping);
+    [[nodiscard]] QCoro::Task<Outcome> deliverInTurn(QString text, Keeping keeping, Turn turn);
+    [[nodiscard]] QCoro::Task<Outcome> deliverNext(QString text, Keeping keeping, Turn turn);
     [[nodiscard]] std::optional<Restore> takePending();
     [[nodiscard]] Restore takeFormer(const QString& dictated, const QString& waiting);
     [[nodiscard]] Former former(Pasteboard::Selection selection, const QString& dictated,
@@ -166,9 +171,11 @@ private:
     [[nodiscard]] bool isFetched(Restore& paste) const;
     [[nodiscard]] bool isPasting();
     [[nodiscard]] bool isProgramOf(const Restore& paste, std::optional<WindowID> window) const;
-    void hold(Held held);
+    [[nodiscard]] bool mustWait(WindowID window);
     [[nodiscard]] bool isHeldBack(WindowID window);
     void bringHeld();
+    [[nodiscard]] bool mayComeBackTo(WindowID window) const;
+    void lookForHeldLater();
     QCoro::Task<> bring(Held held);
     void loseHeld();
     void returnToOwed(std::optional<WindowID> target);
@@ -212,7 +219,8 @@ private:
     std::optional<Latest> latest_; ///< the paste that the next one may follow on
     std::optional<Restore> pending_;
     std::vector<Restore> owed_; ///< to windows that stood still when a text for another one came; the latest last
-    std::vector<Held> held_;
+    std::vector<Held> held_;    ///< the earliest first
+    quint64 heldLook_ = 0;
     bool isDelivering_ = false;
     quint64 generation_ = 0;
     QString keystrokeError_;

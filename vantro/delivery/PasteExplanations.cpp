@@ -14,6 +14,8 @@ QString PasteDelivery::whereItIs(bool isStored) const
 
 QString PasteDelivery::explanation(Outcome outcome) const
 {
+    if (outcome == Outcome::Held)
+        return tr("That program has not taken the text before this one yet. This text follows when it responds.");
     const QString reason = reasonOf(outcome);
     return reason.isEmpty() ? QString() : reason + QLatin1Char(' ') + whereItIs(!isLost_);
 }
