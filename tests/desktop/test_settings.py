@@ -3,6 +3,8 @@
 
 import json
 import sys
+import tempfile
+from pathlib import Path
 
 from dictationcase import ROOT, main
 from shellcase import SETTINGS_TITLE, SettingsCase
@@ -77,6 +79,43 @@ class SettingsTest(SettingsCase):
         self.wait(lambda: self.command("applications"), 5, "it to come back")
         self.close(SETTINGS_TITLE)
         self.vantro.run("applications", "remove", "mousepad")
+
+    def choose_file(self, title, path):
+        self.has_keyboard(self.window(title))
+        self.desktop.press("ctrl+a")
+        self.desktop.type_text(str(path))
+        self.desktop.press("Return")
+        self.wait(lambda: not self.vantro.window(title), 5, f"{title} to close")
+        self.has_keyboard(self.window(SETTINGS_TITLE))
+
+    def test_words_are_imported_all_or_none_and_exported(self):
+        folder = Path(self.enterContext(tempfile.TemporaryDirectory(prefix="vantro-lists-")))
+        self.vantro.run("vocabulary", "add", "Grafana")
+        self.addCleanup(lambda: [self.vantro.run("vocabulary", "remove", word) for word in self.command("vocabulary")])
+        self.open("Vocabulary")
+        self.tab_to("Import...", of="Words")
+        for name, content, told in (
+                ("damaged.csv", 'word\nQuillon\n"Tensora\n', "line 3: a quote is not closed"),
+                ("two.csv", "word\nQuillon,Tensora\n", "entry 1 is not of the form word"),
+                ("many.csv", "".join(f"word{number}\n" for number in range(60)), "no room for 60 more"),
+                ("binary.json", "\0" * 100, "at byte")):
+            (folder / name).write_text(content)
+            self.desktop.press("space")
+            self.choose_file("Import List", folder / name)
+            self.wait(lambda: any(name in text and told in text and text.endswith("The list is unchanged.")
+                                  for text in self.shown()), 5, told)
+            self.assertEqual(self.command("vocabulary"), ["Grafana"])
+        (folder / "good.csv").write_text("word\nQuillon\nGrafana\nBär\nQuillon\n")
+        self.desktop.press("space")
+        self.choose_file("Import List", folder / "good.csv")
+        self.wait(lambda: "good.csv: 2 added, 2 were there already." in self.shown(), 5, "what was added")
+        self.assertEqual(self.command("vocabulary"), ["Grafana", "Quillon", "Bär"])
+        self.tab_to("Export...", of="Words")
+        self.desktop.press("space")
+        self.choose_file("Export List", folder / "out.csv")
+        self.wait(lambda: f"Written to {folder / 'out.csv'}." in self.shown(), 5, "where it is")
+        self.assertEqual((folder / "out.csv").read_text(), "word\nGrafana\nQuillon\nBär\n")
+        self.close(SETTINGS_TITLE)
 
     def test_a_providers_models_are_asked_for_and_chosen(self):
         self.open("Providers")

@@ -1,5 +1,6 @@
 // The part of Windows that makes what is in them: view models on the program's objects.
 #include "base/Settings.h"
+#include "vantro/main/FileChoice.h"
 #include "vantro/main/Windows.h"
 #include "vantro/models/SpokenLanguages.h"
 #include "vantro/support/SupportMail.h"
@@ -227,9 +228,8 @@ std::unique_ptr<VocabularyModel> Windows::makeVocabularyModel()
                             tr("Reset"), std::move(confirmed));
         },
         [this] { return boosting(); }, [this, &downloads] { downloads.add(parts_.speech.catalogue.boostingModel()); },
-        [this, &downloads] {
-            downloads.cancel(parts_.speech.catalogue.boostingModel().name);
-        }});
+        [this, &downloads] { downloads.cancel(parts_.speech.catalogue.boostingModel().name); }, chooseListToRead,
+        chooseListToWrite});
     connect(&downloads, &DownloadQueue::changed, vocabulary.get(), &VocabularyModel::refreshBoosting);
     const auto follow = [page = vocabulary.get()](const QString& key) {
         if (key == setting::selectedModelName.key || key == setting::modelHostBaseURL.key)
