@@ -56,8 +56,21 @@ class SettingsTest(SettingsCase):
             self.wait(lambda: self.command("modes")[place]["name"] == "Letters", 5, f"place {place}")
         self.wait(lambda: (stop := self.reader.focused(SETTINGS_TITLE)) and stop.name == "Move down", 5,
                   "the keyboard on what still can be pressed, and in sight")
+        self.drag_to_the_end("Letters")
         self.close(SETTINGS_TITLE)
         self.vantro.run("modes", "remove", "Letters", "--yes")
+
+    def drag_to_the_end(self, name):
+        """With the mouse, over all other modes: the page scrolls along."""
+        grip = next(node for node in self.reader.nodes(SETTINGS_TITLE)
+                    if node.name == "Drag to move" and node.description == name)
+        x, y, width, height = grip.extents()
+        window = self.window(SETTINGS_TITLE)
+        self.desktop.run("xdotool", "mousemove", str(x + width // 2), str(y + height // 2), "mousedown", "1")
+        for to in list(range(y, window.y + window.height - 4, 8)) * 2:
+            self.desktop.run("xdotool", "mousemove", str(x + width // 2), str(to))
+        self.desktop.run("xdotool", "mouseup", "1")
+        self.wait(lambda: self.command("modes")[-1]["name"] == name, 5, "the last place")
 
     def test_an_application_that_was_clicked_into_gets_paste_keys(self):
         self.open("Applications")
