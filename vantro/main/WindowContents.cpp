@@ -299,16 +299,11 @@ std::unique_ptr<PrivacySettings> Windows::makePrivacySettings()
 
 LazyWindow::Content Windows::historyContent()
 {
-    Pasteboard& pasteboard = *parts_.platform.pasteboard;
     auto changes = std::make_unique<HistoryChanges>();
     auto dictations = makeHistoryModel(*changes);
-    auto notes = std::make_unique<NotesModel>(NotesModel::Parts{
-        parts_.history.store, pasteboard, *changes, parts_.clock, [this](const DailyNote& day) {
-            return parts_.history.store.regenerateSummary(day, parts_.rewriting.choose(ProcessingMode::Notes));
-        }});
-    auto player = makeRecordingPlayer(*dictations, *changes);
+    auto notes = makeNotesModel(*changes);
     LazyWindow::Content content;
-    put(content, "player", std::move(player));
+    put(content, "player", makeRecordingPlayer(*changes));
     put(content, "changes", std::move(changes));
     put(content, "model", std::move(dictations));
     put(content, "notes", std::move(notes));
