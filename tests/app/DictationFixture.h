@@ -157,6 +157,16 @@ protected:
         pump();
     }
 
+    void note(const QString& text)
+    {
+        pressShortcut();
+        recorder.setProcessingMode(ProcessingMode::Notes);
+        speak(16'000);
+        stopAndDrain();
+        provider.answer(text);
+        pump();
+    }
+
     QCoro::Task<> readStored(std::shared_ptr<Recording> recording)
     {
         ++readings;

@@ -10,11 +10,6 @@ namespace vantro {
 
 namespace {
 
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("FileChoice", text);
-}
-
 /// Begins in the documents' folder, and deletes itself once it is closed.
 QFileDialog* makeDialog(const QString& title, const QStringList& filters, std::function<void(QString)> chosen)
 {
@@ -43,21 +38,29 @@ void openToWrite(QFileDialog* dialog, const QString& name)
 
 void chooseFileToWrite(const QString& name, std::function<void(QString)> chosen)
 {
-    openToWrite(makeDialog(tr("Export Dictations"),
-                           {tr("Text with headings (*.md)"), tr("Table (*.csv)"), tr("JSON (*.json)")},
+    openToWrite(makeDialog(QCoreApplication::translate("FileChoice", "Export Dictations"),
+                           {QCoreApplication::translate("FileChoice", "Text with headings (*.md)"),
+                            QCoreApplication::translate("FileChoice", "Table (*.csv)"),
+                            QCoreApplication::translate("FileChoice", "JSON (*.json)")},
                            std::move(chosen)),
                 name);
 }
 
 void chooseListToWrite(const QString& name, std::function<void(QString)> chosen)
 {
-    openToWrite(makeDialog(tr("Export List"), {tr("Table (*.csv)"), tr("JSON (*.json)")}, std::move(chosen)), name);
+    openToWrite(makeDialog(QCoreApplication::translate("FileChoice", "Export List"),
+                           {QCoreApplication::translate("FileChoice", "Table (*.csv)"),
+                            QCoreApplication::translate("FileChoice", "JSON (*.json)")},
+                           std::move(chosen)),
+                name);
 }
 
 void chooseListToRead(std::function<void(QString)> chosen)
 {
-    QFileDialog* const dialog =
-        makeDialog(tr("Import List"), {tr("Table or JSON (*.csv *.json)"), tr("All files (*)")}, std::move(chosen));
+    QFileDialog* const dialog = makeDialog(QCoreApplication::translate("FileChoice", "Import List"),
+                                           {QCoreApplication::translate("FileChoice", "Table or JSON (*.csv *.json)"),
+                                            QCoreApplication::translate("FileChoice", "All files (*)")},
+                                           std::move(chosen));
     dialog->setFileMode(QFileDialog::ExistingFile);
     dialog->open();
 }
