@@ -59,6 +59,14 @@ class AccessibilityTest(ShellCase):
         self.assertEqual(faint, {}, "not seen to have the keyboard")
         self.assertGreaterEqual(len(compared), 0.8 * len(lines), f"out of sight at once: {lines}")
 
+    def test_in_the_dark(self):
+        self.vantro.run("settings", "set", "appearance", "dark")
+        self.addCleanup(self.vantro.run, "settings", "reset", "appearance")
+        self.start_again()
+        self.has_keyboard(self.window(SETTINGS_TITLE))
+        self.check(SETTINGS_TITLE)
+        self.close(SETTINGS_TITLE)
+
     def test_every_page_of_the_settings(self):
         self.start_again()
         self.has_keyboard(self.window(SETTINGS_TITLE))

@@ -72,6 +72,25 @@ class SettingsTest(SettingsCase):
         self.desktop.run("xdotool", "mouseup", "1")
         self.wait(lambda: self.command("modes")[-1]["name"] == name, 5, "the last place")
 
+    def listeners(self):
+        return len(self.desktop.audio._pactl("list", "short", "source-outputs").splitlines())
+
+    def test_the_level_is_shown_as_long_as_its_page_is_whatever_is_searched(self):
+        before = self.listeners()
+        self.open("Microphone")
+        self.wait(lambda: self.listeners() > before, 10, "the microphone to be heard")
+        for _ in range(10):
+            # Faster than what was searched is cleared away: what is left of it would complain in the log.
+            for words in ("level", "stored computer", "input"):
+                self.desktop.press("ctrl+f")
+                self.desktop.type_text(words)
+                self.desktop.press("ctrl+a")
+                self.desktop.press("BackSpace")
+        self.assertGreater(self.listeners(), before)
+        self.open("General")
+        self.wait(lambda: self.listeners() == before, 10, "it to end with the page")
+        self.close(SETTINGS_TITLE)
+
     def test_an_application_that_was_clicked_into_gets_paste_keys(self):
         self.open("Applications")
         self.desktop.activate(self.editor.window)
