@@ -619,6 +619,22 @@
         <source>JSON (*.json)</source>
         <translation>JSON (*.json)</translation>
     </message>
+    <message>
+        <source>Export List</source>
+        <translation>Liste exportieren</translation>
+    </message>
+    <message>
+        <source>Import List</source>
+        <translation>Liste importieren</translation>
+    </message>
+    <message>
+        <source>Table or JSON (*.csv *.json)</source>
+        <translation>Tabelle oder JSON (*.csv *.json)</translation>
+    </message>
+    <message>
+        <source>All files (*)</source>
+        <translation>Alle Dateien (*)</translation>
+    </message>
 </context>
 <context>
     <name>FileTransfer</name>
@@ -1067,6 +1083,47 @@
     <message>
         <source>As spoken</source>
         <translation>Wie gesprochen</translation>
+    </message>
+</context>
+<context>
+    <name>ListFile</name>
+    <message>
+        <source>%1 cannot be read: %2</source>
+        <translation>%1 lässt sich nicht lesen: %2</translation>
+    </message>
+    <message>
+        <source>%1 is too large: it has more than %2 MB</source>
+        <translation>%1 ist zu groß: mehr als %2 MB</translation>
+    </message>
+    <message>
+        <source>Cannot write to standard output</source>
+        <translation>Auf die Standardausgabe lässt sich nicht schreiben</translation>
+    </message>
+    <message>
+        <source>%1 cannot be written: %2</source>
+        <translation>%1 lässt sich nicht schreiben: %2</translation>
+    </message>
+</context>
+<context>
+    <name>ListTransfer</name>
+    <message>
+        <source>%1: %2 added, %3 were there already.</source>
+        <translation>%1: %2 hinzugefügt, %3 waren schon da.</translation>
+    </message>
+    <message>
+        <source>Written to %1.</source>
+        <translation>Nach %1 geschrieben.</translation>
+    </message>
+</context>
+<context>
+    <name>ListTransferRow</name>
+    <message>
+        <source>Import...</source>
+        <translation>Importieren …</translation>
+    </message>
+    <message>
+        <source>Export...</source>
+        <translation>Exportieren …</translation>
     </message>
 </context>
 <context>
@@ -1673,6 +1730,22 @@
         <source>The note was deleted.</source>
         <translation>Die Notiz wurde gelöscht.</translation>
     </message>
+    <message>
+        <source>The note has been deleted in the meantime.</source>
+        <translation>Die Notiz wurde inzwischen gelöscht.</translation>
+    </message>
+    <message>
+        <source>Transcribing with %1...</source>
+        <translation>Wird mit %1 transkribiert …</translation>
+    </message>
+    <message>
+        <source>%1 hears nothing in this recording. The text stays as it was.</source>
+        <translation>%1 hört in dieser Aufnahme nichts. Der Text bleibt, wie er war.</translation>
+    </message>
+    <message>
+        <source>The note was transcribed with %1.</source>
+        <translation>Die Notiz wurde mit %1 transkribiert.</translation>
+    </message>
 </context>
 <context>
     <name>NotesPage</name>
@@ -1731,6 +1804,10 @@
     <message>
         <source>Delete the day</source>
         <translation>Tag löschen</translation>
+    </message>
+    <message>
+        <source>Transcribe again...</source>
+        <translation>Neu transkribieren …</translation>
     </message>
 </context>
 <context>
@@ -2952,6 +3029,40 @@
     </message>
 </context>
 <context>
+    <name>VGrip</name>
+    <message>
+        <source>Drag to move</source>
+        <translation>Ziehen zum Verschieben</translation>
+    </message>
+</context>
+<context>
+    <name>VocabularyFile</name>
+    <message>
+        <source>the text is not UTF-8</source>
+        <translation>der Text ist kein UTF-8</translation>
+    </message>
+    <message>
+        <source>at byte %1: %2</source>
+        <translation>bei Byte %1: %2</translation>
+    </message>
+    <message>
+        <source>the JSON text is not a list</source>
+        <translation>der JSON-Text ist keine Liste</translation>
+    </message>
+    <message>
+        <source>entry %1 needs the texts &quot;find&quot;, which must not be empty, and &quot;replace&quot;</source>
+        <translation>Eintrag %1 braucht die Texte „find“, der nicht leer sein darf, und „replace“</translation>
+    </message>
+    <message>
+        <source>entry %1 is not of the form %2</source>
+        <translation>Eintrag %1 hat nicht die Form %2</translation>
+    </message>
+    <message>
+        <source>entry %1 is not a word</source>
+        <translation>Eintrag %1 ist kein Wort</translation>
+    </message>
+</context>
+<context>
     <name>VocabularyModel</name>
     <message>
         <source>Maximum limit reached (%1 words)</source>
@@ -3000,6 +3111,14 @@
     <message>
         <source>The latest dictation was not searched for your words: %1</source>
         <translation>Das letzte Diktat wurde nicht nach deinen Wörtern durchsucht: %1</translation>
+    </message>
+    <message>
+        <source>Words</source>
+        <translation>Wörter</translation>
+    </message>
+    <message>
+        <source>Replacements</source>
+        <translation>Ersetzungen</translation>
     </message>
 </context>
 <context>
@@ -3094,6 +3213,17 @@
     <message>
         <source>You have reached the maximum limit of %1 text replacements. Please remove some replacements to add new ones.</source>
         <translation>Du hast die Höchstzahl von %1 Ersetzungen erreicht. Bitte entferne einige, um neue hinzuzufügen.</translation>
+    </message>
+    <message>
+        <source>the list has no room for %1 more: it takes %2 and has %3</source>
+        <translation>in der Liste ist kein Platz für %1 weitere: sie fasst %2 und hat %3</translation>
+    </message>
+</context>
+<context>
+    <name>VocabularyTransfer</name>
+    <message>
+        <source>%1. The list is unchanged</source>
+        <translation>%1. Die Liste ist unverändert</translation>
     </message>
 </context>
 <context>
@@ -3512,33 +3642,6 @@
     <message>
         <source>PageDown</source>
         <translation>Bild ab</translation>
-    </message>
-</context>
-<context>
-    <name>vantro</name>
-    <message>
-        <source>the text is not UTF-8</source>
-        <translation>der Text ist kein UTF-8</translation>
-    </message>
-    <message>
-        <source>at byte %1: %2</source>
-        <translation>bei Byte %1: %2</translation>
-    </message>
-    <message>
-        <source>the JSON text is not a list</source>
-        <translation>der JSON-Text ist keine Liste</translation>
-    </message>
-    <message>
-        <source>entry %1 needs the texts &quot;find&quot;, which must not be empty, and &quot;replace&quot;</source>
-        <translation>Eintrag %1 braucht die Texte „find“, der nicht leer sein darf, und „replace“</translation>
-    </message>
-    <message>
-        <source>entry %1 is not of the form %2</source>
-        <translation>Eintrag %1 hat nicht die Form %2</translation>
-    </message>
-    <message>
-        <source>entry %1 is not a word</source>
-        <translation>Eintrag %1 ist kein Wort</translation>
     </message>
 </context>
 <context>

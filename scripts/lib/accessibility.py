@@ -8,6 +8,7 @@
 from gi.repository import Gio, GLib
 
 _ACCESSIBLE = "org.a11y.atspi.Accessible"
+_COMPONENT = "org.a11y.atspi.Component"
 _ROOT = "/org/a11y/atspi/accessible/root"
 _FOCUSABLE, _FOCUSED, _SHOWING = 11, 12, 25
 # What a user does something with.
@@ -31,6 +32,11 @@ class Node:
     is_focusable = property(lambda self: self._is(_FOCUSABLE))
     is_focused = property(lambda self: self._is(_FOCUSED))
     is_showing = property(lambda self: self._is(_SHOWING))
+
+    def extents(self):
+        """(x, y, width, height) on the screen."""
+        on_screen = GLib.Variant("(u)", (0,))
+        return self._reader.call(self.address, _COMPONENT, "GetExtents", on_screen)[0]
 
     def children(self):
         return [Node(self._reader, tuple(child), self.depth + 1)

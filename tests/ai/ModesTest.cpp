@@ -38,10 +38,10 @@ public:
         entries << QStringLiteral("set aside %1 [%2][%3]")
                        .arg(row == id ? QStringLiteral("it") : QStringLiteral("another"), answer, reason);
     }
-    QCoro::Task<> addNote(QString transcription) override
+    QCoro::Task<QUuid> addNote(QString transcription) override
     {
         entries << QStringLiteral("note [%1]").arg(transcription);
-        co_return;
+        co_return QUuid::createUuid();
     }
     QCoro::Task<> summarizeToday(std::shared_ptr<FormatRequestServicing> service) override
     {

@@ -51,12 +51,12 @@ public:
     }
     void updateFormatted(const QUuid&, const QString&) override {}
     void setAside(const QUuid&, const QString&, const QString&) override {}
-    QCoro::Task<> addNote(QString transcription) override
+    QCoro::Task<QUuid> addNote(QString transcription) override
     {
         if (full)
             throw Error(QStringLiteral("The disk is full."));
         rows << transcription;
-        co_return;
+        co_return QUuid::createUuid();
     }
     QCoro::Task<> summarizeToday(std::shared_ptr<FormatRequestServicing>) override { co_return; }
 
@@ -154,6 +154,16 @@ protected:
         pump();
         // A focus that returned by itself needs no waiting, a missing one ends in a bounded wait.
         clock.advance(600ms);
+        pump();
+    }
+
+    void note(const QString& text)
+    {
+        pressShortcut();
+        recorder.setProcessingMode(ProcessingMode::Notes);
+        speak(16'000);
+        stopAndDrain();
+        provider.answer(text);
         pump();
     }
 

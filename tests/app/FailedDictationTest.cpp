@@ -60,12 +60,7 @@ TEST_F(DictationTest, WhatIsNotToBeKeptIsDeliveredAndANoteIsFiledAllTheSame)
     EXPECT_EQ(delivered, QStringLiteral("In confidence."));
     EXPECT_TRUE(store.rows.isEmpty());
     EXPECT_TRUE(shell.alerts.isEmpty()) << "it is what the user wants";
-    pressShortcut();
-    recorder.setProcessingMode(ProcessingMode::Notes);
-    speak(16'000);
-    stopAndDrain();
-    provider.answer(QStringLiteral("Buy milk."));
-    pump();
+    note(QStringLiteral("Buy milk."));
     EXPECT_EQ(store.rows, QStringList{QStringLiteral("Buy milk.")});
 }
 
@@ -73,14 +68,6 @@ TEST_F(DictationTest, ANoteThatCannotBeStoredIsOnTheClipboard)
 {
     const auto onClipboard = [this] {
         return pasteboard.fetch(clipboard, editor);
-    };
-    const auto note = [this](const QString& text) {
-        pressShortcut();
-        recorder.setProcessingMode(ProcessingMode::Notes);
-        speak(16'000);
-        stopAndDrain();
-        provider.answer(text);
-        pump();
     };
     note(QStringLiteral("Buy milk."));
     EXPECT_EQ(store.rows, QStringList{QStringLiteral("Buy milk.")});
@@ -176,7 +163,12 @@ TEST_F(DictationTest, ARecordingIsHandedOnWithItsStoredText)
     dictate(QStringLiteral("too much"));
     store.full = false;
     dictate(QString());
-    dictate(QStringLiteral("kept again"));
+    note(QStringLiteral("kept again"));
     ASSERT_TRUE(waitFor([this] { return stored.size() >= 2; }));
-    EXPECT_EQ(stored.size(), 2U);
+    isKeeping = false;
+    note(QStringLiteral("a note in private, of which only the text stays"));
+    isKeeping = true;
+    dictate(QStringLiteral("and again"));
+    ASSERT_TRUE(waitFor([this] { return stored.size() >= 3; }));
+    EXPECT_EQ(stored.size(), 3U);
 }

@@ -1,10 +1,11 @@
 #!/usr/bin/python3
-"""Every window as a screen reader reads it and as the keyboard walks through it: each stop has a name."""
+"""Every window as a screen reader reads it and as the keyboard walks through it: each stop has a name and is seen."""
 
 from dictationcase import CHILD, main
 from shellcase import ONBOARDING_TITLE, SETTINGS_TITLE, ShellCase
 
 from accessibility import ScreenReader
+from focusline import LEAST_PIXELS, Sight
 from historyfill import dictations, fill_dictations, fill_notes
 from program import poll_until
 from vantro import LAUNCHER_TITLE
@@ -31,6 +32,9 @@ class AccessibilityTest(ShellCase):
         self.assertEqual(nameless, [], title)
         first = self.wait(lambda: self.reader.focused(title), 5, "the focus")
         stops = [first]
+        window = self.window(title)
+        sight = Sight(self.desktop, window, first)
+        lines = {}
         for _ in range(MOST_STOPS):
             self.desktop.press("Tab")
             before = stops[-1].address
@@ -39,10 +43,29 @@ class AccessibilityTest(ShellCase):
                               5 if len(stops) > 1 else 2) or self.reader.focused(title)
             self.assertIsNotNone(stop, f"nothing has the focus after {stops[-1]}")
             self.assertTrue(stop.name.strip(), f"{stop} after {stops[-1]}")
+            former, sight = sight, Sight(self.desktop, window, stop)
+            if stop.address != before:
+                lines[former.name] = former.line(sight)
             if stop.address == first.address:
+                self.check_lines(lines)
                 return stops
             stops.append(stop)
         self.fail(f"{title}: Tab never comes round: {[str(stop) for stop in stops]}")
+
+    def check_lines(self, lines):
+        """What has the keyboard looks different from when the next control has it."""
+        compared = {name: pixels for name, pixels in lines.items() if pixels is not None}
+        faint = {name: pixels for name, pixels in compared.items() if pixels < LEAST_PIXELS}
+        self.assertEqual(faint, {}, "not seen to have the keyboard")
+        self.assertGreaterEqual(len(compared), 0.8 * len(lines), f"out of sight at once: {lines}")
+
+    def test_in_the_dark(self):
+        self.vantro.run("settings", "set", "appearance", "dark")
+        self.addCleanup(self.vantro.run, "settings", "reset", "appearance")
+        self.start_again()
+        self.has_keyboard(self.window(SETTINGS_TITLE))
+        self.check(SETTINGS_TITLE)
+        self.close(SETTINGS_TITLE)
 
     def test_every_page_of_the_settings(self):
         self.start_again()

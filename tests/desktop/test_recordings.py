@@ -97,10 +97,7 @@ class RecordingsTest(ShellCase):
 
         self.vantro.run("replacements", "add", "child", "walrus")
         self.addCleanup(self.vantro.run, "replacements", "remove", "child")
-        self.tab_to("Transcribe again...")
-        for key in ("space", "Down", "Return"):
-            self.desktop.press(key)
-            time.sleep(0.2)  # the list opens
+        self.choose_first("Transcribe again...")
         self.wait(lambda: "walrus" in self.stored()[0]["transcription"], 60, "the new text")
         self.desktop.press("ctrl+z")
         self.wait(lambda: self.stored()[0]["transcription"] == row["transcription"], 5, "the former text")
@@ -116,6 +113,57 @@ class RecordingsTest(ShellCase):
         self.wait(lambda: not self.stored(), 5, "the deletion")
         self.close(TITLE)
         self.wait(lambda: not self.files(), 10, "the recording to go with the window")
+
+    def notes(self):
+        shown = self.vantro.run("notes", "show", "--json")
+        return json.loads(shown.stdout)["notes"] if shown.returncode == 0 else []
+
+    def choose_first(self, name):
+        self.tab_to(name)
+        for key in ("space", "Down", "Return"):
+            self.desktop.press(key)
+            time.sleep(0.2)  # the list opens
+
+    def file_note(self):
+        self.vantro.open_launcher()
+        self.desktop.press("2")
+        self.speak(CHILD)
+        self.vantro.end_dictation()
+        self.wait(self.files, 60, "the recording")
+        self.wait_until_over()
+
+    def test_a_note_keeps_its_recording_as_a_dictation_does(self):
+        self.empty()
+        self.file_note()
+        note, = self.notes()
+        self.assertEqual(words(note["transcription"]), CHILD_WORDS)
+        self.assertEqual([str(file) for file in self.files()], [note["audio"]])
+        self.assertEqual(stat.S_IMODE(self.files()[0].stat().st_mode), 0o600)
+
+        self.assertEqual(self.vantro.run("show", "notes").returncode, 0)
+        self.has_keyboard(self.window(TITLE))
+        self.tab_to("Play")
+        self.desktop.press("space")
+        self.wait(self.playing, 10, "the sound")
+        self.desktop.press("space")
+        self.wait(lambda: not self.playing(), 5, "the pause")
+        self.vantro.run("replacements", "add", "child", "walrus")
+        self.addCleanup(self.vantro.run, "replacements", "remove", "child")
+        self.choose_first("Transcribe again...")
+        self.wait(lambda: "walrus" in self.notes()[0]["transcription"], 60, "the new text")
+        self.desktop.press("ctrl+z")
+        self.wait(lambda: self.notes()[0]["transcription"] == note["transcription"], 5, "the former text")
+
+        self.tab_to("Delete")
+        self.desktop.press("space")
+        self.wait(lambda: not self.notes(), 5, "the deletion")
+        self.desktop.press("ctrl+z")
+        self.wait(self.notes, 5, "it to come back")
+        self.wait(lambda: "Play" in self.names(), 5, "its recording")
+        self.close(TITLE)
+        self.assertEqual(len(self.files()), 1)
+        self.assertEqual(self.vantro.run("notes", "delete", "--yes", note["id"]).returncode, 0)
+        self.assertEqual(self.files(), [], "a command cannot be undone")
 
     def test_commands_delete_recordings_at_once(self):
         self.dictate_one()

@@ -112,6 +112,26 @@ TEST_F(KeptAudioTest, AgeAndSizeAreLimited)
     ASSERT_TRUE(waitFor([this] { return fileCount() == 0; }));
 }
 
+TEST_F(KeptAudioTest, GoesWithItsNoteAndComesBackWithIt)
+{
+    const QUuid id = runTask(store.addNote(QStringLiteral("buy milk")));
+    const QUuid other = runTask(store.addNote(QStringLiteral("and bread")));
+    for (const QUuid& each : {id, other})
+        runTask(audio.keep(each, samples));
+    const DailyNote day = *store.dailyNote(clock.wallClock().date());
+    const std::vector<Note> notes = store.notes(day);
+    store.deleteNotes({id});
+    EXPECT_NE(fileOf(id), QString()) << "while it can be undone";
+    store.restoreNotes({notes.front()});
+    store.deleteNotes({other});
+    runTask(audio.sweep());
+    EXPECT_NE(fileOf(id), QString());
+    EXPECT_EQ(fileOf(other), QString());
+    store.deleteDailyNote(day);
+    runTask(audio.sweep());
+    EXPECT_EQ(fileCount(), 0U) << "the day took it along";
+}
+
 TEST_F(KeptAudioTest, GoesWithItsDictationAndComesBackWithIt)
 {
     const std::vector<QUuid> ids{dictate(), dictate(), dictate()};

@@ -28,8 +28,8 @@ public:
     /// exists.
     virtual void setAside(const QUuid& id, const QString& answer, const QString& reason) = 0;
 
-    /// Adds to today's notes.
-    virtual QCoro::Task<> addNote(QString transcription) = 0;
+    /// Adds to today's notes, and returns its id.
+    virtual QCoro::Task<QUuid> addNote(QString transcription) = 0;
     /// Rewrites today's summary; a failure is printed and leaves the old one.
     virtual QCoro::Task<> summarizeToday(std::shared_ptr<FormatRequestServicing> service) = 0;
 };

@@ -62,13 +62,17 @@ void LenientStore::setAside(const QUuid& id, const QString& answer, const QStrin
         attempt([&] { store_.setAside(id, answer, reason); });
 }
 
-QCoro::Task<> LenientStore::addNote(QString transcription)
+/// A note is kept in any case, since it goes nowhere else; what else may be kept of it depends on the user's wish.
+QCoro::Task<QUuid> LenientStore::addNote(QString transcription)
 {
     hasLatest_ = false;
-    stored_ = {};
-    const auto added = store_.addNote(std::move(transcription));
-    co_await added;
+    const auto stored = std::exchange(stored_, {});
+    const auto adding = store_.addNote(std::move(transcription));
+    const QUuid id = co_await adding;
     hasLatest_ = true;
+    if (stored && isKeeping_())
+        stored(id);
+    co_return id;
 }
 
 QCoro::Task<> LenientStore::summarizeToday(std::shared_ptr<FormatRequestServicing> service)

@@ -41,7 +41,7 @@ public:
     void updateFormatted(const QUuid& id, const QString& formatted) override;
     void setAside(const QUuid& id, const QString& answer, const QString& reason) override;
 
-    QCoro::Task<> addNote(QString transcription) override;
+    QCoro::Task<QUuid> addNote(QString transcription) override;
     QCoro::Task<> summarizeToday(std::shared_ptr<FormatRequestServicing> service) override;
 
 private:

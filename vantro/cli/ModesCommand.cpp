@@ -3,9 +3,9 @@
 #include "vantro/ai/PromptSettings.h"
 #include "vantro/cli/Commands.h"
 #include "vantro/cli/HistorySession.h"
-#include "vantro/cli/ListFile.h"
 #include "vantro/cli/ProvidersSession.h"
 #include "vantro/cli/Terminal.h"
+#include "vantro/text/ListFile.h"
 
 #include <algorithm>
 

@@ -10,7 +10,9 @@
 
 #include <algorithm>
 #include <exception>
+#include <iterator>
 #include <memory>
+#include <tuple>
 #include <utility>
 
 namespace vantro {
@@ -55,11 +57,15 @@ QJsonObject toJson(const DailyNote& day)
             {QStringLiteral("note_count"), day.noteCount}};
 }
 
-QJsonObject toJson(const Note& note)
+/// @p recordings: where its own may be kept.
+QJsonObject toJson(const Note& note, const AudioFolder& recordings)
 {
-    return {{QStringLiteral("id"), note.id.toString(QUuid::WithoutBraces)},
-            {QStringLiteral("created_at"), jsonDate(note.created_at)},
-            {QStringLiteral("transcription"), note.transcription}};
+    QJsonObject object{{QStringLiteral("id"), note.id.toString(QUuid::WithoutBraces)},
+                       {QStringLiteral("created_at"), jsonDate(note.created_at)},
+                       {QStringLiteral("transcription"), note.transcription}};
+    const QString audio = recordings.file(note.id);
+    object.insert(QStringLiteral("audio"), audio.isEmpty() ? QJsonValue() : QJsonValue(audio));
+    return object;
 }
 
 int list(const CommandCall& call)
@@ -111,7 +117,9 @@ int show(const CommandCall& call)
     if (call.json()) {
         QJsonObject object = toJson(day);
         QJsonArray array;
-        std::ranges::for_each(notes, [&array](const Note& note) { array.append(toJson(note)); });
+        std::ranges::for_each(notes, [&array, recordings = session.audio()](const Note& note) {
+            array.append(toJson(note, recordings));
+        });
         object.insert(QStringLiteral("notes"), array);
         terminal::writeJson(object);
         return ExitCode::done;
@@ -146,7 +154,7 @@ int add(const CommandCall& call)
     if (text.isEmpty())
         throw CommandError(ExitCode::usage, QStringLiteral("a note needs a text"));
     HistorySession session;
-    runTask(session.store.addNote(text));
+    std::ignore = runTask(session.store.addNote(text));
     return ExitCode::done;
 }
 
@@ -157,7 +165,10 @@ int removeDay(HistorySession& session, const CommandCall& call)
         QStringLiteral("Permanently delete %1 with its summary and %2?").arg(dayName(day), notesText(day.noteCount));
     if (!isConfirmed(question, call))
         return ExitCode::failed;
+    std::vector<QUuid> ids;
+    std::ranges::transform(session.store.notes(day), std::back_inserter(ids), &Note::id);
     session.store.deleteDailyNote(day);
+    session.audio().remove(ids);
     return ExitCode::done;
 }
 
@@ -172,6 +183,7 @@ int remove(const CommandCall& call)
     if (!isConfirmed(QStringLiteral("Permanently delete %1?").arg(notesText(ids.size())), call))
         return ExitCode::failed;
     session.store.deleteNotes(ids);
+    session.audio().remove(ids);
     return ExitCode::done;
 }
 

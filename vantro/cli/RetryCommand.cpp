@@ -92,7 +92,7 @@ QString Session::transcribe(Recording& recording)
         history_.emplace();
     const QString text = runTask(speech_.facade.transcribe(recording.id(), runTask(recording.samples()), {})).trimmed();
     if (!text.isEmpty() && recording.header().mode == ProcessingMode::Notes)
-        runTask(history_->store.addNote(text));
+        std::ignore = runTask(history_->store.addNote(text));
     else if (!text.isEmpty() && Retention::daysFrom(defaults_.get(setting::keepHistory)) != 0)
         history_->store.saveTranscription(text, recording.header().mode);
     recording.discard();

@@ -1,9 +1,8 @@
 #include "vantro/cli/Commands.h"
-#include "vantro/cli/ListFile.h"
 #include "vantro/cli/Terminal.h"
 #include "vantro/cli/VocabularyPlaces.h"
-#include "vantro/text/VocabularyFile.h"
-#include "vantro/text/VocabularySettings.h"
+#include "vantro/text/ListFile.h"
+#include "vantro/text/VocabularyTransfer.h"
 
 #include <algorithm>
 #include <optional>
@@ -55,7 +54,7 @@ public:
     [[nodiscard]] virtual QString emptyText() const = 0;
     /// Returns how many were added. Throws Error and adds none when the limit would be exceeded.
     virtual qsizetype add(const QStringList& words) = 0;
-    virtual qsizetype addAll(const QByteArray& content, ListFormat format) = 0;
+    virtual ImportedEntries import(const QString& path, ListFormat format) = 0;
     virtual void removeAt(std::size_t index) = 0;
     /// The options of "add", which are checked before anything is added.
     virtual void requireUsable(const CommandCall& /*call*/) const {}
@@ -69,8 +68,9 @@ public:
     void change(const std::function<void()>& edit)
     {
         defaults_.change(edit);
-        defaults_.requireSaved();
+        requireSaved();
     }
+    void requireSaved() const { defaults_.requireSaved(); }
 
 protected:
     static void refuse(const std::optional<LimitNotice>& notice)
@@ -110,25 +110,9 @@ public:
         return 1;
     }
 
-    qsizetype addAll(const QByteArray& content, ListFormat format) override
+    ImportedEntries import(const QString& path, ListFormat format) override
     {
-        std::vector<TextReplacement> all = settings_.textReplacements();
-        const std::size_t before = all.size();
-        for (TextReplacement& entry : readReplacements(content, format)) {
-            const bool isThere = std::ranges::any_of(all, [&](const TextReplacement& other) {
-                return other.find == entry.find && other.replace == entry.replace;
-            });
-            const bool takesAnId =
-                std::ranges::any_of(all, [&](const TextReplacement& other) { return other.id == entry.id; });
-            if (takesAnId)
-                entry.id = QUuid::createUuid();
-            if (!isThere)
-                all.push_back(entry);
-        }
-        const std::size_t added = all.size() - before;
-        refuse(settings_.replacementLimitNotice(added));
-        settings_.setReplacements(std::move(all));
-        return static_cast<qsizetype>(added);
+        return importReplacements(path, format, settings_);
     }
 
     void removeAt(std::size_t index) override { settings_.removeReplacement(index); }
@@ -164,22 +148,11 @@ public:
     }
     [[nodiscard]] QString emptyText() const override { return QStringLiteral("No custom vocabulary words added yet."); }
 
-    qsizetype add(const QStringList& words) override
-    {
-        QStringList all = settings_.customVocabulary();
-        for (const QString& word : words) {
-            if (!all.contains(word.trimmed()))
-                all << word.trimmed();
-        }
-        const qsizetype added = all.size() - settings_.customVocabulary().size();
-        refuse(settings_.vocabularyLimitNotice(added));
-        settings_.setVocabulary(all);
-        return added;
-    }
+    qsizetype add(const QStringList& words) override { return settings_.addVocabularyWords(words); }
 
-    qsizetype addAll(const QByteArray& content, ListFormat format) override
+    ImportedEntries import(const QString& path, ListFormat format) override
     {
-        return add(readVocabulary(content, format));
+        return importWords(path, format, settings_);
     }
 
     void removeAt(std::size_t index) override { settings_.removeVocabularyWord(static_cast<qsizetype>(index)); }
@@ -300,25 +273,10 @@ ListFormat formatFrom(const CommandCall& call, const QString& path)
 int import(EditedList& list, const CommandCall& call)
 {
     const QString& path = call.words.front();
-    const ListFormat format = formatFrom(call, path);
-    try {
-        const QByteArray content = readListFile(path);
-        std::size_t before = 0;
-        qsizetype added = 0;
-        list.change([&] {
-            before = list.rows().size();
-            added = list.addAll(content, format);
-        });
-        terminal::writeLine(QStringLiteral("%1 added to %2").arg(added).arg(before));
-        return ExitCode::done;
-    } catch (const SettingsNotSaved&) {
-        throw;
-    } catch (const Error& error) {
-        QString reason = error.localizedDescription();
-        if (reason.endsWith(QLatin1Char('.')))
-            reason.chop(1);
-        throw Error(QStringLiteral("%1: %2. The list is unchanged").arg(path, reason));
-    }
+    const ImportedEntries imported = list.import(path, formatFrom(call, path));
+    list.requireSaved();
+    terminal::writeLine(QStringLiteral("%1 added to %2").arg(imported.added).arg(imported.before));
+    return ExitCode::done;
 }
 
 int exportTo(EditedList& list, const CommandCall& call)

@@ -2,6 +2,7 @@
 #include "vantro/main/FileChoice.h"
 #include "vantro/main/Windows.h"
 #include "vantro/ui/history/HistoryModel.h"
+#include "vantro/ui/history/NotesModel.h"
 #include "vantro/ui/history/RecordingPlayer.h"
 
 #include <algorithm>
@@ -24,12 +25,7 @@ std::unique_ptr<HistoryModel> Windows::makeHistoryModel(HistoryChanges& changes)
             return modes;
         },
         [&rewriting](ProcessingMode mode, const QString& text) { return rewriting.rewrite(mode, text); },
-        [this] {
-            QStringList names;
-            for (const TranscriptionModel& model : readySpeechModels())
-                names << model.name;
-            return names;
-        },
+        [this] { return readySpeechModelNames(); },
         [this](int model, const QUuid& dictation) { return transcribeAgain(model, dictation); },
         [&rewriting](ProcessingMode mode, const QString& text) { return rewriting.cleaned(mode, text); },
         [this](const QString& text) { Q_EMIT pasteRequested(text); }, chooseFileToWrite});
@@ -43,20 +39,36 @@ std::vector<TranscriptionModel> Windows::readySpeechModels() const
     return ready;
 }
 
-QCoro::Task<QString> Windows::transcribeAgain(int model, const QUuid& dictation)
+QStringList Windows::readySpeechModelNames() const
 {
-    return secondTranscription_.run(readySpeechModels().at(static_cast<std::size_t>(model)),
-                                    parts_.history.audio.folder().file(dictation));
+    QStringList names;
+    for (const TranscriptionModel& model : readySpeechModels())
+        names << model.name;
+    return names;
 }
 
-std::unique_ptr<RecordingPlayer> Windows::makeRecordingPlayer(HistoryModel& dictations, HistoryChanges& changes)
+QCoro::Task<QString> Windows::transcribeAgain(int model, const QUuid& recording)
+{
+    return secondTranscription_.run(readySpeechModels().at(static_cast<std::size_t>(model)),
+                                    parts_.history.audio.folder().file(recording));
+}
+
+std::unique_ptr<NotesModel> Windows::makeNotesModel(HistoryChanges& changes)
+{
+    return std::make_unique<NotesModel>(NotesModel::Parts{
+        parts_.history.store, parts_.history.audio, *parts_.platform.pasteboard, changes, parts_.clock,
+        [this](const DailyNote& day) {
+            return parts_.history.store.regenerateSummary(day, parts_.rewriting.choose(ProcessingMode::Notes));
+        },
+        [this] { return readySpeechModelNames(); },
+        [this](int model, const QUuid& note) {
+            return transcribeAgain(model, note);
+        }});
+}
+
+std::unique_ptr<RecordingPlayer> Windows::makeRecordingPlayer(HistoryChanges& changes)
 {
     auto player = std::make_unique<RecordingPlayer>(parts_.history.audio, *parts_.platform.player, changes);
-    const auto follow = [player = player.get(), &dictations] {
-        player->show(dictations.currentIdentifier());
-    };
-    connect(&dictations, &HistoryModel::selectionChanged, player.get(), follow);
-    follow();
     // The microphone would hear it.
     connect(&parts_.recorder, &AudioRecorder::isBusyChanged, player.get(), &RecordingPlayer::pause);
     return player;

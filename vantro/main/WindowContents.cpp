@@ -1,5 +1,6 @@
 // The part of Windows that makes what is in them: view models on the program's objects.
 #include "base/Settings.h"
+#include "vantro/main/FileChoice.h"
 #include "vantro/main/Windows.h"
 #include "vantro/models/SpokenLanguages.h"
 #include "vantro/support/SupportMail.h"
@@ -227,9 +228,8 @@ std::unique_ptr<VocabularyModel> Windows::makeVocabularyModel()
                             tr("Reset"), std::move(confirmed));
         },
         [this] { return boosting(); }, [this, &downloads] { downloads.add(parts_.speech.catalogue.boostingModel()); },
-        [this, &downloads] {
-            downloads.cancel(parts_.speech.catalogue.boostingModel().name);
-        }});
+        [this, &downloads] { downloads.cancel(parts_.speech.catalogue.boostingModel().name); }, chooseListToRead,
+        chooseListToWrite});
     connect(&downloads, &DownloadQueue::changed, vocabulary.get(), &VocabularyModel::refreshBoosting);
     const auto follow = [page = vocabulary.get()](const QString& key) {
         if (key == setting::selectedModelName.key || key == setting::modelHostBaseURL.key)
@@ -299,16 +299,11 @@ std::unique_ptr<PrivacySettings> Windows::makePrivacySettings()
 
 LazyWindow::Content Windows::historyContent()
 {
-    Pasteboard& pasteboard = *parts_.platform.pasteboard;
     auto changes = std::make_unique<HistoryChanges>();
     auto dictations = makeHistoryModel(*changes);
-    auto notes = std::make_unique<NotesModel>(NotesModel::Parts{
-        parts_.history.store, pasteboard, *changes, parts_.clock, [this](const DailyNote& day) {
-            return parts_.history.store.regenerateSummary(day, parts_.rewriting.choose(ProcessingMode::Notes));
-        }});
-    auto player = makeRecordingPlayer(*dictations, *changes);
+    auto notes = makeNotesModel(*changes);
     LazyWindow::Content content;
-    put(content, "player", std::move(player));
+    put(content, "player", makeRecordingPlayer(*changes));
     put(content, "changes", std::move(changes));
     put(content, "model", std::move(dictations));
     put(content, "notes", std::move(notes));

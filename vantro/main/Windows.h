@@ -35,6 +35,7 @@ namespace vantro {
 class HistoryChanges;
 class HistoryModel;
 class ModesModel;
+class NotesModel;
 class PrivacySettings;
 class RecordingPlayer;
 
@@ -126,10 +127,11 @@ private:
     void tellOfNote(const QString& text);
     void tellOfModel(const QString& name);
 
-    [[nodiscard]] std::unique_ptr<RecordingPlayer> makeRecordingPlayer(HistoryModel& dictations,
-                                                                       HistoryChanges& changes);
+    [[nodiscard]] std::unique_ptr<NotesModel> makeNotesModel(HistoryChanges& changes);
+    [[nodiscard]] std::unique_ptr<RecordingPlayer> makeRecordingPlayer(HistoryChanges& changes);
     [[nodiscard]] std::vector<TranscriptionModel> readySpeechModels() const;
-    [[nodiscard]] QCoro::Task<QString> transcribeAgain(int model, const QUuid& dictation);
+    [[nodiscard]] QStringList readySpeechModelNames() const;
+    [[nodiscard]] QCoro::Task<QString> transcribeAgain(int model, const QUuid& recording);
 
     Parts parts_;
     SecondTranscription secondTranscription_;

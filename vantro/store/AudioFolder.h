@@ -19,8 +19,8 @@ public:
     using Error::Error;
 };
 
-/// The recordings of dictations: FLAC files of 16 kHz mono in a folder beside the history, one for each dictation that
-/// has one, named by its ID. Only their user can read them. Any thread; every call works on the disk.
+/// The recordings of dictations and notes: FLAC files of 16 kHz mono in a folder beside the history, one for each
+/// dictation that has one, named by its ID. Only their user can read them. Any thread; every call works on the disk.
 class AudioFolder
 {
 public:
@@ -35,7 +35,7 @@ public:
     /// @p history: the path of the history's file.
     explicit AudioFolder(const QString& history);
 
-    /// The recording of a dictation; empty when there is none.
+    /// The recording of a dictation or note; empty when there is none.
     [[nodiscard]] QString file(const QUuid& id) const;
     /// Of all recordings.
     [[nodiscard]] qint64 bytes() const;

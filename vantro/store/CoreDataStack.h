@@ -65,7 +65,7 @@ public:
     [[nodiscard]] int countBefore(const QDateTime& moment) const;
 
     /// Adds a note to today's DailyNote, creating it if necessary.
-    QCoro::Task<> addNote(QString transcription) override;
+    QCoro::Task<QUuid> addNote(QString transcription) override;
     /// Oldest first.
     [[nodiscard]] std::vector<Note> todaysNotes() const;
     /// The prompt for summaries; called for each one.
@@ -84,6 +84,9 @@ public:
     /// Oldest first.
     [[nodiscard]] std::vector<Note> notes(const DailyNote& day) const;
     [[nodiscard]] std::vector<QUuid> noteIDs(const QString& prefix, int limit) const;
+    [[nodiscard]] bool hasNote(const QUuid& id) const;
+    /// Stores the text of @p note; does nothing when it no longer exists.
+    void updateNote(const Note& note);
     /// Also deletes its notes.
     void deleteDailyNote(const DailyNote& day);
     /// Brings back a deleted day with its notes.

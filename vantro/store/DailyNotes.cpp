@@ -40,19 +40,20 @@ CoreDataStack::Day CoreDataStack::day(QDate date) const
     return {startOfDay(date, now), startOfDay(date.addDays(1), now)};
 }
 
-QCoro::Task<> CoreDataStack::addNote(QString transcription)
+QCoro::Task<QUuid> CoreDataStack::addNote(QString transcription)
 {
     const QDateTime now = clock_.wallClock();
+    const QUuid id = QUuid::createUuid();
     PersistentContainer::Transaction transaction(persistentContainer_);
     const qint64 today = todaysDailyNote(now);
     persistentContainer_.run(
         QStringLiteral("INSERT INTO Note (pk, id, created_at, transcription, dailyNote) VALUES (%1, ?2, ?1, ?3, ?4)")
             .arg(PersistentContainer::freeKey(QStringLiteral("Note"))),
-        {now.toMSecsSinceEpoch(), storedIdentity(QUuid::createUuid()), presentText(transcription), today});
+        {now.toMSecsSinceEpoch(), storedIdentity(id), presentText(transcription), today});
     transaction.commit();
     Q_EMIT dailyNoteChanged(today);
     Q_EMIT noteAdded(transcription);
-    co_return;
+    co_return QUuid(id);
 }
 
 /// Call within a transaction, so that concurrent processes create only one day.
@@ -203,6 +204,19 @@ std::vector<Note> CoreDataStack::notesOf(qint64 dailyNote) const
 std::vector<QUuid> CoreDataStack::noteIDs(const QString& prefix, int limit) const
 {
     return identities(QStringLiteral("Note"), prefix, limit);
+}
+
+bool CoreDataStack::hasNote(const QUuid& id) const
+{
+    return !persistentContainer_.value(QStringLiteral("SELECT 1 FROM Note WHERE id = ?1"), {storedIdentity(id)})
+                .isNull();
+}
+
+void CoreDataStack::updateNote(const Note& note)
+{
+    persistentContainer_.run(QStringLiteral("UPDATE Note SET transcription = ?2 WHERE id = ?1"),
+                             {storedIdentity(note.id), note.transcription});
+    Q_EMIT dailyNoteChanged(note.dailyNote);
 }
 
 void CoreDataStack::deleteDailyNote(const DailyNote& day)

@@ -9,6 +9,7 @@
 #include <QSet>
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace vantro {
@@ -17,6 +18,15 @@ namespace {
 
 constexpr std::chrono::hours aDay{24};
 constexpr qint64 megabyte = 1'000'000;
+
+std::vector<QUuid> noteIdentities(const PersistentContainer& container)
+{
+    std::vector<QUuid> ids;
+    StoreQuery query = container.run(QStringLiteral("SELECT id FROM Note"), {});
+    while (query.next())
+        ids.emplace_back(query.value(0).toString());
+    return ids;
+}
 
 } // namespace
 
@@ -80,11 +90,11 @@ QCoro::Task<> KeptAudio::keep(QUuid id, std::vector<float> samples)
     enforce();
 }
 
-/// A dictation may be deleted while its recording is written.
+/// A dictation or note may be deleted while its recording is written.
 bool KeptAudio::isWanted(const QUuid& id) const
 {
     try {
-        return isKeeping() && store_.transcription(id);
+        return isKeeping() && (store_.transcription(id) || store_.hasNote(id));
     } catch (const Error&) {
         return true; // the next sweep() will know
     }
@@ -119,7 +129,8 @@ QCoro::Task<> KeptAudio::sweep()
             return;
         PersistentContainer container(path);
         container.load();
-        const auto known = TranscriptionFetch(container, {}).identities();
+        auto known = TranscriptionFetch(container, {}).identities();
+        std::ranges::copy(noteIdentities(container), std::back_inserter(known));
         std::erase_if(lost,
                       [kept = QSet<QUuid>(known.begin(), known.end())](const QUuid& id) { return kept.contains(id); });
         folder.remove(lost);

@@ -13,8 +13,8 @@
 
 namespace vantro {
 
-/// Keeps the recordings of dictations as long as the user wants: nobody waits for the disk, and what goes wrong costs
-/// the recording alone. Main thread; files are written on a thread of its own.
+/// Keeps the recordings of dictations and notes as long as the user wants: nobody waits for the disk, and what goes
+/// wrong costs the recording alone. Main thread; files are written on a thread of its own.
 class KeptAudio final : public QObject
 {
     Q_OBJECT
@@ -29,9 +29,10 @@ public:
     /// What the settings allow to stay with another span of days (see Retention::daysFrom()) and size.
     [[nodiscard]] AudioFolder::Limits limits(std::optional<int> days, qint64 megabytes) const;
 
-    /// Keeps the recording of a dictation that is stored, unless it is deleted meanwhile. @p samples: 16 kHz mono.
+    /// Keeps the recording of a dictation or note that is stored, unless it is deleted meanwhile. @p samples: 16 kHz
+    /// mono.
     QCoro::Task<> keep(QUuid id, std::vector<float> samples);
-    /// Removes the recordings whose dictations are gone for good.
+    /// Removes the recordings whose dictations or notes are gone for good.
     QCoro::Task<> sweep();
 
 Q_SIGNALS:

@@ -14,17 +14,12 @@ namespace vantro {
 
 namespace {
 
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("VocabularyFile", text);
-}
-
 QString decoded(const QByteArray& content)
 {
     QStringDecoder decoder(QStringDecoder::Utf8);
     QString text = decoder(content);
     if (decoder.hasError())
-        throw Error(tr("the text is not UTF-8"));
+        throw Error(QCoreApplication::translate("VocabularyFile", "the text is not UTF-8"));
     return text;
 }
 
@@ -33,9 +28,11 @@ QJsonArray arrayOf(const QByteArray& content)
     QJsonParseError problem;
     const QJsonDocument document = QJsonDocument::fromJson(content, &problem);
     if (problem.error != QJsonParseError::NoError)
-        throw Error(tr("at byte %1: %2").arg(problem.offset).arg(problem.errorString()));
+        throw Error(QCoreApplication::translate("VocabularyFile", "at byte %1: %2")
+                        .arg(problem.offset)
+                        .arg(problem.errorString()));
     if (!document.isArray())
-        throw Error(tr("the JSON text is not a list"));
+        throw Error(QCoreApplication::translate("VocabularyFile", "the JSON text is not a list"));
     return document.array();
 }
 
@@ -45,7 +42,9 @@ TextReplacement replacementOf(const QJsonValue& value, qsizetype number)
     const QJsonValue find = object.value(QLatin1String("find"));
     const QJsonValue replace = object.value(QLatin1String("replace"));
     if (!find.isString() || !replace.isString() || find.toString().trimmed().isEmpty())
-        throw Error(tr("entry %1 needs the texts \"find\", which must not be empty, and \"replace\"").arg(number));
+        throw Error(QCoreApplication::translate(
+                        "VocabularyFile", "entry %1 needs the texts \"find\", which must not be empty, and \"replace\"")
+                        .arg(number));
     const QUuid id = QUuid::fromString(object.value(QLatin1String("id")).toString());
     return {id.isNull() ? QUuid::createUuid() : id, find.toString(), replace.toString()};
 }
@@ -58,7 +57,9 @@ std::vector<QStringList> rowsOf(const QByteArray& content, const QStringList& he
         rows.erase(rows.begin());
     for (std::size_t i = 0; i < rows.size(); ++i) {
         if (rows[i].size() != heading.size() || rows[i].constFirst().trimmed().isEmpty())
-            throw Error(tr("entry %1 is not of the form %2").arg(i + 1).arg(heading.join(QLatin1Char(','))));
+            throw Error(QCoreApplication::translate("VocabularyFile", "entry %1 is not of the form %2")
+                            .arg(i + 1)
+                            .arg(heading.join(QLatin1Char(','))));
     }
     return rows;
 }
@@ -105,7 +106,7 @@ QStringList readVocabulary(const QByteArray& content, ListFormat format)
     }
     for (const QJsonValue& value : arrayOf(content)) {
         if (!value.isString() || value.toString().trimmed().isEmpty())
-            throw Error(tr("entry %1 is not a word").arg(words.size() + 1));
+            throw Error(QCoreApplication::translate("VocabularyFile", "entry %1 is not a word").arg(words.size() + 1));
         words << value.toString();
     }
     return words;

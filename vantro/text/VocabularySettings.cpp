@@ -1,5 +1,6 @@
 #include "vantro/text/VocabularySettings.h"
 
+#include "base/Error.h"
 #include "base/Settings.h"
 #include "vantro/text/VocabularyJson.h"
 
@@ -9,6 +10,19 @@
 #include <utility>
 
 namespace vantro {
+
+namespace {
+
+void requireRoom(qsizetype present, qsizetype more, qsizetype most)
+{
+    if (present + more > most)
+        throw Error(VocabularySettings::tr("the list has no room for %1 more: it takes %2 and has %3")
+                        .arg(more)
+                        .arg(most)
+                        .arg(present));
+}
+
+} // namespace
 
 VocabularySettings::VocabularySettings(UserDefaults& defaults) : defaults_(defaults)
 {
@@ -144,6 +158,46 @@ void VocabularySettings::removeReplacement(std::size_t index)
 void VocabularySettings::updateReplacement(const TextReplacement& replacement, std::size_t index)
 {
     changeReplacement(index, [&replacement](auto entry) { *entry = replacement; });
+}
+
+qsizetype VocabularySettings::addVocabularyWords(const QStringList& words)
+{
+    qsizetype added = 0;
+    defaults_.change([&] {
+        QStringList all = customVocabulary_;
+        for (const QString& word : words) {
+            if (!all.contains(word.trimmed()))
+                all << word.trimmed();
+        }
+        added = all.size() - customVocabulary_.size();
+        requireRoom(customVocabulary_.size(), added, maxVocabularyWords);
+        if (added > 0)
+            setVocabulary(all);
+    });
+    return added;
+}
+
+std::size_t VocabularySettings::addReplacements(std::vector<TextReplacement> replacements)
+{
+    std::size_t added = 0;
+    defaults_.change([&] {
+        Replacements all = textReplacements_;
+        for (TextReplacement& entry : replacements) {
+            const auto isSame = [&entry](const TextReplacement& other) {
+                return other.find == entry.find && other.replace == entry.replace;
+            };
+            if (std::ranges::any_of(all, isSame))
+                continue;
+            if (std::ranges::find(all, entry.id, &TextReplacement::id) != all.end())
+                entry.id = QUuid::createUuid();
+            all.push_back(std::move(entry));
+        }
+        added = all.size() - textReplacements_.size();
+        requireRoom(std::ssize(textReplacements_), static_cast<qsizetype>(added), maxReplacements);
+        if (added > 0)
+            setReplacements(std::move(all));
+    });
+    return added;
 }
 
 void VocabularySettings::setVocabulary(const QStringList& words)

@@ -62,7 +62,11 @@ public:
     [[nodiscard]] VocabularyDetails details(const QString& word) const { return details_.value(word); }
     /// Keeps them when the word is removed, for the case that it comes back.
     void setDetails(const QString& word, const VocabularyDetails& details);
-    /// Replaces the whole list, e.g. after an import.
+    /// Adds those that are not there yet, all or none, and returns how many. Throws Error when they do not fit.
+    qsizetype addVocabularyWords(const QStringList& words);
+    /// The same; one with an ID that is taken gets another.
+    std::size_t addReplacements(std::vector<TextReplacement> replacements);
+    /// Replaces the whole list, e.g. to undo a change.
     void setVocabulary(const QStringList& words);
     void setReplacements(std::vector<TextReplacement> replacements);
     /// "Reset All Vocabulary & Replacements".

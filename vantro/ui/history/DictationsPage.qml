@@ -196,6 +196,7 @@ FocusScope {
         anchors { left: reader.left; right: reader.right; bottom: actions.top; bottomMargin: Theme.space12 }
         visible: page.hasOne && page.player.exists && !page.model.isEditing && !page.busy
         player: page.player
+        onToggled: player.toggle()
     }
     Flow {
         id: actions

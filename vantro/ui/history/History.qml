@@ -34,6 +34,11 @@ Rectangle {
             event.accepted = false
     }
 
+    Binding {
+        target: window.player
+        property: "recording"
+        value: window.page === "notes" ? window.notes.heard : window.model.currentIdentifier
+    }
     Rectangle {
         id: side
         anchors { left: parent.left; top: parent.top; bottom: parent.bottom }
@@ -64,6 +69,7 @@ Rectangle {
             visible: window.shown === this
             listTop: tabs.y + tabs.height
             model: window.notes
+            player: window.player
         }
     }
     VTabs {

@@ -31,6 +31,7 @@ class HistoryModel : public QObject
     Q_PROPERTY(int currentRow READ currentRow NOTIFY selectionChanged)
     Q_PROPERTY(int chosenCount READ chosenCount NOTIFY selectionChanged)
     Q_PROPERTY(bool isFormatted READ isFormatted NOTIFY selectionChanged)
+    Q_PROPERTY(QUuid currentIdentifier READ currentIdentifier NOTIFY selectionChanged)
     Q_PROPERTY(QString rawText READ rawText NOTIFY selectionChanged)
     Q_PROPERTY(QString formattedText READ formattedText NOTIFY selectionChanged)
     Q_PROPERTY(QString setAside READ setAside NOTIFY selectionChanged)

@@ -1,5 +1,6 @@
 #include "vantro/ui/history/NotesModel.h"
 
+#include "base/Error.h"
 #include "vantro/ui/history/DayNames.h"
 
 #include <QLocale>
@@ -22,6 +23,7 @@ NotesModel::NotesModel(Parts parts) : parts_(std::move(parts)), list_(parts_.sto
             pick(first);
     });
     connect(&parts_.store, &CoreDataStack::changedAtLarge, this, &NotesModel::read);
+    connect(&parts_.audio, &KeptAudio::changed, this, &NotesModel::recordingsChanged);
     pick(0);
 }
 
@@ -42,7 +44,11 @@ void NotesModel::read()
         if (day_)
             notes_ = parts_.store.notes(*day_);
     });
+    if (heardNote() < 0)
+        heard_ = {};
     Q_EMIT changed();
+    Q_EMIT recordingsChanged();
+    Q_EMIT heardChanged();
 }
 
 QString NotesModel::title() const
@@ -57,6 +63,64 @@ QVariantList NotesModel::notes() const
         result << QVariantMap{{QStringLiteral("time"), timeOfDay(note.created_at)},
                               {QStringLiteral("text"), note.transcription}};
     return result;
+}
+
+QVariantList NotesModel::recordings() const
+{
+    QVariantList result;
+    for (const Note& note : notes_)
+        result << !parts_.audio.folder().file(note.id).isEmpty();
+    return result;
+}
+
+int NotesModel::heardNote() const
+{
+    const auto note = std::ranges::find(notes_, heard_, &Note::id);
+    return heard_.isNull() || note == notes_.end() ? -1 : static_cast<int>(note - notes_.begin());
+}
+
+void NotesModel::hear(int index)
+{
+    heard_ = notes_.at(static_cast<std::size_t>(index)).id;
+    Q_EMIT heardChanged();
+}
+
+void NotesModel::setText(const Note& note, const QString& text)
+{
+    if (!parts_.store.hasNote(note.id))
+        throw Error(tr("The note has been deleted in the meantime."));
+    Note changed = note;
+    changed.transcription = text;
+    parts_.store.updateNote(changed);
+}
+
+QCoro::Task<> NotesModel::transcribeHeard(int model)
+{
+    const int index = heardNote();
+    if (index < 0 || parts_.changes.isBusy() || model < 0 || model >= speechModels().size())
+        co_return;
+    const QPointer<NotesModel> self(this);
+    const Note note = notes_[static_cast<std::size_t>(index)];
+    const QString name = speechModels().at(model);
+    QString text;
+    QString problem;
+    parts_.changes.setWork(tr("Transcribing with %1...").arg(name));
+    try {
+        const auto transcribing = parts_.transcribe(model, note.id);
+        text = co_await transcribing;
+        text = text.trimmed();
+        if (text.isEmpty())
+            problem = tr("%1 hears nothing in this recording. The text stays as it was.").arg(name);
+    } catch (const Error& error) {
+        problem = error.localizedDescription();
+    }
+    if (!self)
+        co_return;
+    parts_.changes.setWork({});
+    parts_.changes.setProblem(problem);
+    if (problem.isEmpty() && parts_.changes.attempt([&] { setText(note, text); }))
+        parts_.changes.add(tr("The note was transcribed with %1.").arg(name),
+                           [this, note] { setText(note, note.transcription); });
 }
 
 QCoro::Task<> NotesModel::update()

@@ -2,6 +2,7 @@
 
 #include "platform/Pasteboard.h"
 #include "vantro/store/DailyNoteListModel.h"
+#include "vantro/store/KeptAudio.h"
 #include "vantro/ui/history/HistoryChanges.h"
 
 #include <QObject>
@@ -29,15 +30,23 @@ class NotesModel : public QObject
     Q_PROPERTY(QString summary READ summary NOTIFY changed)
     Q_PROPERTY(bool isUpdating READ isUpdating NOTIFY changed)
     Q_PROPERTY(QVariantList notes READ notes NOTIFY changed)
+    Q_PROPERTY(QVariantList recordings READ recordings NOTIFY recordingsChanged)
+    Q_PROPERTY(QUuid heard READ heard NOTIFY heardChanged)
+    Q_PROPERTY(int heardNote READ heardNote NOTIFY heardChanged)
+    Q_PROPERTY(QStringList speechModels READ speechModels NOTIFY heardChanged)
 public:
     struct Parts
     {
         CoreDataStack& store;
+        KeptAudio& audio;
         Pasteboard& pasteboard;
         HistoryChanges& changes;
         Clock& clock;
         /// Has a day's summary written anew; see CoreDataStack::regenerateSummary().
         std::function<QCoro::Task<QString>(DailyNote)> summarize;
+        std::function<QStringList()> speechModels; ///< names of those that are there
+        /// Transcribes a note's kept recording with the model of that place; throws Error.
+        std::function<QCoro::Task<QString>(int, QUuid)> transcribe;
     };
 
     /// All parts must outlive the model.
@@ -52,6 +61,16 @@ public:
     [[nodiscard]] bool isUpdating() const { return day_ && updating_.contains(day_->objectID); }
     /// Of the current day, oldest first: "time", "text".
     [[nodiscard]] QVariantList notes() const;
+    /// Whether each of them has a recording.
+    [[nodiscard]] QVariantList recordings() const;
+    /// The note whose recording can be heard; null without any.
+    [[nodiscard]] QUuid heard() const { return heard_; }
+    /// Its place in notes(); -1 without any.
+    [[nodiscard]] int heardNote() const;
+    Q_INVOKABLE void hear(int index);
+    [[nodiscard]] QStringList speechModels() const { return parts_.speechModels(); }
+    /// Has the heard note's recording transcribed anew by the model at that place of speechModels().
+    Q_INVOKABLE void transcribeAgain(int model) { transcribeHeard(model); }
 
     Q_INVOKABLE void pick(int row);
     Q_INVOKABLE void regenerate() { update(); }
@@ -65,9 +84,13 @@ public:
 
 Q_SIGNALS:
     void changed();
+    void recordingsChanged();
+    void heardChanged();
 
 private:
     QCoro::Task<> update();
+    QCoro::Task<> transcribeHeard(int model);
+    void setText(const Note& note, const QString& text);
     void read();
 
     Parts parts_;
@@ -75,6 +98,7 @@ private:
     QPersistentModelIndex current_;
     std::optional<DailyNote> day_;
     std::vector<Note> notes_;
+    QUuid heard_;
     QSet<qint64> updating_; ///< object IDs of days
 };
 

@@ -8,6 +8,7 @@ FocusScope {
     id: page
 
     required property NotesModel model
+    required property RecordingPlayer player
     property real listTop
     readonly property bool hasDay: model.title !== ""
 
@@ -84,7 +85,8 @@ FocusScope {
                     required property int index
                     required property var modelData
                     width: parent.width
-                    implicitHeight: Math.max(words.height, buttons.height)
+                    readonly property bool isHeard: index === page.model.heardNote
+                    implicitHeight: recording.visible ? recording.y + recording.height : recording.y
 
                     Column {
                         id: words
@@ -99,6 +101,36 @@ FocusScope {
                             wrapMode: Text.Wrap
                             Accessible.role: Accessible.StaticText
                             Accessible.name: text
+                        }
+                    }
+                    Column {
+                        id: recording
+                        anchors { left: parent.left; right: parent.right }
+                        y: Math.max(words.height, buttons.height) + (visible ? Theme.space8 : 0)
+                        visible: page.model.recordings[note.index] ?? false
+                        spacing: Theme.space8
+                        RecordingBar {
+                            width: parent.width
+                            player: page.player
+                            isShown: note.isHeard
+                            description: note.modelData.text
+                            onToggled: {
+                                page.model.hear(note.index)
+                                player.toggle()
+                            }
+                        }
+                        VChoice {
+                            visible: note.isHeard && model.length > 0
+                            model: page.model.speechModels
+                            currentIndex: -1
+                            displayText: qsTr("Transcribe again...")
+                            Accessible.name: displayText
+                            Accessible.description: note.modelData.text
+                            onActivated: index => {
+                                currentIndex = -1
+                                list.forceActiveFocus() // this note is about to be shown anew
+                                page.model.transcribeAgain(index)
+                            }
                         }
                     }
                     Row {

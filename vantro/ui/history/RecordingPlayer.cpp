@@ -33,9 +33,9 @@ RecordingPlayer::~RecordingPlayer()
     player_.stop();
 }
 
-void RecordingPlayer::show(const QUuid& dictation)
+void RecordingPlayer::show(const QUuid& recording)
 {
-    if (std::exchange(dictation_, dictation) == dictation)
+    if (std::exchange(recording_, recording) == recording)
         return;
     pause();
     from_ = 0;
@@ -45,7 +45,7 @@ void RecordingPlayer::show(const QUuid& dictation)
 /// A recording is written a moment after its dictation, and may be deleted before it.
 void RecordingPlayer::look()
 {
-    const QString file = audio_.folder().file(dictation_);
+    const QString file = audio_.folder().file(recording_);
     if (file_ != file) {
         pause();
         file_ = file;

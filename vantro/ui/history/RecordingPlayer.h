@@ -17,12 +17,14 @@
 
 namespace vantro {
 
-/// The view model of a dictation's kept recording, which can be heard. Main thread; lives as long as its window.
+/// The view model of the kept recording of a dictation or note, which can be heard. Main thread; lives as long as its
+/// window.
 class RecordingPlayer : public QObject
 {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("made with its window")
+    Q_PROPERTY(QUuid recording READ recording WRITE show NOTIFY changed)
     Q_PROPERTY(bool exists READ exists NOTIFY changed)
     Q_PROPERTY(bool isPlaying READ isPlaying NOTIFY changed)
     Q_PROPERTY(double position READ position NOTIFY changed)
@@ -32,8 +34,10 @@ public:
     RecordingPlayer(KeptAudio& audio, SoundPlayer& player, HistoryChanges& changes);
     ~RecordingPlayer() override;
 
-    /// Turns to the recording of that dictation; to none with a null ID.
-    void show(const QUuid& dictation);
+    /// Whose it is; null for nobody's.
+    [[nodiscard]] QUuid recording() const { return recording_; }
+    /// Turns to the recording of that dictation or note; to none with a null ID.
+    void show(const QUuid& recording);
 
     [[nodiscard]] bool exists() const { return !file_.isEmpty(); }
     [[nodiscard]] bool isPlaying() const { return player_.isPlaying(); }
@@ -61,7 +65,7 @@ private:
     KeptAudio& audio_;
     SoundPlayer& player_;
     HistoryChanges& changes_;
-    QUuid dictation_;
+    QUuid recording_;
     QString file_;
     std::chrono::milliseconds duration_{};
     std::size_t from_ = 0;                      ///< the sample at which it goes on

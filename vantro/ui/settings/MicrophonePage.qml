@@ -9,10 +9,6 @@ VPage {
 
     title: qsTr("Microphone")
 
-    // A page that is only looked through hears nothing.
-    Component.onCompleted: settings.listening = visible
-    Component.onDestruction: if (visible) settings.listening = false
-
     VCard {
         VSettingRow {
             title: qsTr("Record from")

@@ -16,8 +16,10 @@ VCard {
     required property int digit
     readonly property bool isOpen: settings.shown === place
     readonly property Item details: loader.item
+    readonly property bool isDragged: grip.pressed
     signal openWanted(bool open)
     signal moved
+    signal dragged(real y) // the pointer's place among the cards
 
     function move(by) {
         if (place + by < 0 || place + by >= count)
@@ -33,6 +35,7 @@ VCard {
         moved()
     }
 
+    opacity: isDragged ? Theme.draggedOpacity : 1
     Keys.onPressed: event => {
         const by = { [Qt.Key_Up]: -1, [Qt.Key_Down]: 1 }[event.key]
         event.accepted = by !== undefined && event.modifiers & Qt.AltModifier
@@ -45,6 +48,12 @@ VCard {
         hint: card.note
         Row {
             spacing: Theme.space8
+            VGrip {
+                id: grip
+                anchors.verticalCenter: parent.verticalCenter
+                Accessible.description: card.name
+                onDragged: card.dragged(mapToItem(card.parent, 0, pointer).y)
+            }
             VButton {
                 id: up
                 secondary: true

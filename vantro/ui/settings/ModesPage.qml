@@ -13,6 +13,15 @@ VPage {
             list.itemAt(i).details?.store()
         settings.shown = place
     }
+    // A card that is dragged changes places with a neighbour once the pointer is beyond its middle.
+    function drag(card, y) {
+        const above = list.itemAt(card.place - 1)
+        const below = list.itemAt(card.place + 1)
+        if (above && y < above.y + above.height / 2)
+            card.move(-1)
+        else if (below && y > below.y + below.height / 2)
+            card.move(1)
+    }
 
     title: qsTr("Modes")
     subtitle: qsTr("The mode decides what happens to a dictation. While recording, press a digit to choose another mode.")
@@ -39,9 +48,14 @@ VPage {
             place: index
             count: list.count
             onOpenWanted: open => page.show(open ? place : -1)
+            onDragged: y => {
+                page.drag(this, y)
+                page.reveal(this)
+            }
             onMoved: {
                 list.parent.forceLayout() // or it would still be where it was
-                page.reveal(page.Window.activeFocusItem ?? page)
+                if (!isDragged)
+                    page.reveal(page.Window.activeFocusItem ?? page)
             }
         }
     }

@@ -11,9 +11,12 @@ Column {
     property var found: []
     property var places: null
     signal picked(string page, string title)
+    // Out of the window. What had no owner would lose its names whenever QML collects garbage, and be there for a while
+    // without them.
+    readonly property Item aside: Item { visible: false }
 
     function placesOf(page) {
-        const item = page.component.createObject(null, { visible: false })
+        const item = page.component.createObject(aside, { visible: false })
         const list = [{ page: page.key, title: "", shown: page.name, where: "", words: page.name.toLowerCase() }]
         walk(item, place => {
             const title = place.title || place.heading || ""

@@ -46,6 +46,12 @@ Rectangle {
         event.accepted = true
     }
 
+    // Not by the page, since a search makes others of it.
+    Binding {
+        target: window.microphone
+        property: "listening"
+        value: window.page === "microphone"
+    }
     Rectangle {
         id: navigation
         anchors { left: parent.left; top: parent.top; bottom: parent.bottom }

@@ -17,7 +17,22 @@ constexpr std::array<double, 3> weights = {0.5, 1, 2};
 
 } // namespace
 
-VocabularyModel::VocabularyModel(Parts parts) : parts_(std::move(parts)), boosting_(parts_.boosting())
+VocabularyModel::VocabularyModel(Parts parts)
+    : parts_(std::move(parts))
+    , wordsFile_(
+          {tr("Words"), parts_.chooseToRead, parts_.chooseToWrite,
+           [this](const QString& path, ListFormat format) { return importWords(path, format, parts_.vocabulary); },
+           [this](ListFormat format) {
+               return write(words(), format);
+           }})
+    , replacementsFile_({tr("Replacements"), parts_.chooseToRead, parts_.chooseToWrite,
+                         [this](const QString& path, ListFormat format) {
+                             return importReplacements(path, format, parts_.vocabulary);
+                         },
+                         [this](ListFormat format) {
+                             return write(parts_.vocabulary.textReplacements(), format);
+                         }})
+    , boosting_(parts_.boosting())
 {
     connect(&parts_.vocabulary, &VocabularySettings::customVocabularyChanged, this, &VocabularyModel::wordsChanged);
     connect(&parts_.vocabulary, &VocabularySettings::textReplacementsChanged, this,

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "vantro/text/VocabularySettings.h"
+#include "vantro/ui/settings/ListTransfer.h"
 
 #include <QObject>
 #include <QStringList>
@@ -30,6 +31,8 @@ class VocabularyModel : public QObject
     Q_PROPERTY(qreal downloadProgress READ downloadProgress NOTIFY boostingChanged)
     Q_PROPERTY(QString downloadStatus READ downloadStatus NOTIFY boostingChanged)
     Q_PROPERTY(QString removed READ removed NOTIFY removedChanged)
+    Q_PROPERTY(ListTransfer* wordsFile READ wordsFile CONSTANT)
+    Q_PROPERTY(ListTransfer* replacementsFile READ replacementsFile CONSTANT)
 public:
     /// How words reach the recogniser.
     struct Boosting
@@ -61,6 +64,9 @@ public:
         };
         std::function<void()> download = {};
         std::function<void()> cancelDownload = {};
+        /// Ask for the file of a list, and call back unless the user thinks better of it.
+        std::function<void(ListTransfer::Chosen)> chooseToRead = {};
+        std::function<void(const QString& name, ListTransfer::Chosen)> chooseToWrite = {};
     };
 
     explicit VocabularyModel(Parts parts);
@@ -73,6 +79,9 @@ public:
     [[nodiscard]] QString replacementsLimit() const;
     /// What undo() would restore; empty when there is nothing.
     [[nodiscard]] QString removed() const { return removed_; }
+
+    [[nodiscard]] ListTransfer* wordsFile() { return &wordsFile_; }
+    [[nodiscard]] ListTransfer* replacementsFile() { return &replacementsFile_; }
 
     [[nodiscard]] QString boostingText() const;
     [[nodiscard]] QString boostingHint() const;
@@ -110,6 +119,8 @@ private:
     void offerUndo(const QString& text, std::function<void()> undo);
 
     Parts parts_;
+    ListTransfer wordsFile_;
+    ListTransfer replacementsFile_;
     Boosting boosting_;
     QString removed_;
     std::function<void()> undo_;

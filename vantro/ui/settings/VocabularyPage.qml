@@ -61,6 +61,11 @@ VPage {
                 onRemovePressed: page.settings.removeReplacement(index)
             }
         }
+        ListTransferRow {
+            transfer: page.settings.replacementsFile
+            list: qsTr("Text replacements")
+            hasEntries: page.settings.replacements.length > 0
+        }
     }
     VCard {
         heading: qsTr("Words")
@@ -108,6 +113,11 @@ VPage {
                 onChangeAccepted: (soundsLike, readiness) => page.settings.refineWord(index, soundsLike, readiness)
                 onRemovePressed: page.settings.removeWord(index)
             }
+        }
+        ListTransferRow {
+            transfer: page.settings.wordsFile
+            list: qsTr("Words")
+            hasEntries: page.settings.words.length > 0
         }
     }
     VCard {

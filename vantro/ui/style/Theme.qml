@@ -28,6 +28,7 @@ QtObject {
     readonly property color error: dark ? "#FF8787" : "#C92A2A"
     readonly property color success: dark ? "#69DB7C" : "#257A37"
     readonly property real disabledOpacity: 0.45
+    readonly property real draggedOpacity: 0.75
 
     readonly property int space4: 4
     readonly property int space8: 8

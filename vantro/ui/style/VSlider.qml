@@ -32,6 +32,6 @@ T.Slider {
         radius: width / 2
         color: slider.pressed ? Theme.accentPressed : slider.hovered ? Theme.accentHovered : Theme.accent
         border.width: slider.activeFocus ? Theme.focusRing : 0
-        border.color: Theme.text
+        border.color: Theme.focusOnAccent
     }
 }

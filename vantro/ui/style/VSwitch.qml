@@ -17,9 +17,10 @@ T.Switch {
         height: control.height
         radius: height / 2
         color: control.checked ? Theme.accent : Theme.surface
-        border.width: control.visualFocus ? Theme.focusRing : Theme.hairline
-        border.color: control.visualFocus ? Theme.text : control.checked ? Theme.accent : Theme.textSecondary
+        border.width: control.visualFocus && !control.checked ? Theme.focusRing : Theme.hairline
+        border.color: control.checked ? Theme.accent : control.visualFocus ? Theme.text : Theme.textSecondary
 
+        VFocusLine { visible: control.visualFocus && control.checked }
         Rectangle {
             readonly property int rim: Theme.space4
             x: control.checked ? parent.width - width - rim : rim
