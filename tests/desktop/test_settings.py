@@ -4,6 +4,7 @@
 import json
 import sys
 import tempfile
+import time
 from pathlib import Path
 
 from dictationcase import ROOT, main
@@ -67,8 +68,10 @@ class SettingsTest(SettingsCase):
         x, y, width, height = grip.extents()
         window = self.window(SETTINGS_TITLE)
         self.desktop.run("xdotool", "mousemove", str(x + width // 2), str(y + height // 2), "mousedown", "1")
-        for to in list(range(y, window.y + window.height - 4, 8)) * 2:
+        bottom = window.y + window.height - 4
+        for to in [*range(y, bottom, 8), *([bottom, bottom - 1] * 30)]:
             self.desktop.run("xdotool", "mousemove", str(x + width // 2), str(to))
+            time.sleep(0.02)  # the page follows
         self.desktop.run("xdotool", "mouseup", "1")
         self.wait(lambda: self.command("modes")[-1]["name"] == name, 5, "the last place")
 

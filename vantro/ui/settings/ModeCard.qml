@@ -52,7 +52,11 @@ VCard {
                 id: grip
                 anchors.verticalCenter: parent.verticalCenter
                 Accessible.description: card.name
-                onDragged: card.dragged(mapToItem(card.parent, 0, pointer).y)
+                onDragged: {
+                    if (card.isOpen) // it may be taller than the window
+                        card.openWanted(false)
+                    card.dragged(mapToItem(card.parent, 0, pointer).y)
+                }
             }
             VButton {
                 id: up
