@@ -58,7 +58,7 @@ class AccessibilityTest(ShellCase):
         faint = {name: pixels for name, pixels in compared.items() if pixels < LEAST_PIXELS}
         self.assertEqual(faint, {}, "not seen to have the keyboard")
         # The last stop of a page may be scrolled away, or disabled, when the next one has the keyboard.
-        self.assertGreaterEqual(len(compared), 0.8 * len(lines) - 1, f"out of sight at once: {lines}")
+        self.assertGreaterEqual(len(compared), int(0.8 * len(lines)) - 1, f"out of sight at once: {lines}")
 
     def test_in_the_dark(self):
         self.vantro.run("settings", "set", "appearance", "dark")

@@ -215,35 +215,13 @@ Rectangle {
                 : window.model.shortcut === ""
                 ? qsTr("No shortcut is set yet. You can start a dictation from vantro's tray menu instead.")
                 : qsTr("Press %1, say a sentence, then press Space.").arg(window.model.shortcut)
-            Rectangle {
+            VTextArea {
+                id: field
                 width: parent.width
                 height: Theme.practiceHeight
-                radius: Theme.radiusSmall
-                color: Theme.surfaceRaised
-                border.width: field.activeFocus ? Theme.focusRing : Theme.hairline
-                border.color: field.activeFocus ? Theme.accent : Theme.control
-                clip: true
-                TextEdit {
-                    id: field
-                    anchors { fill: parent; margins: Theme.space12 }
-                    focus: true
-                    activeFocusOnTab: true
-                    color: Theme.text
-                    selectionColor: Theme.accent
-                    selectedTextColor: Theme.accentText
-                    font.pixelSize: Theme.sizeBody
-                    wrapMode: TextEdit.Wrap
-                    Accessible.role: Accessible.EditableText
-                    Accessible.name: qsTr("Your sentence appears here")
-                    KeyNavigation.priority: KeyNavigation.BeforeItem
-                    KeyNavigation.tab: next
-                    VText {
-                        visible: field.text === ""
-                        text: qsTr("Your sentence appears here")
-                        color: Theme.textSecondary
-                        font.pixelSize: Theme.sizeBody
-                    }
-                }
+                focus: true
+                placeholderText: qsTr("Your sentence appears here")
+                Accessible.name: placeholderText
             }
         }
     }
