@@ -301,8 +301,8 @@ int import(EditedList& list, const CommandCall& call)
 {
     const QString& path = call.words.front();
     const ListFormat format = formatFrom(call, path);
+    const QByteArray content = readListFile(path);
     try {
-        const QByteArray content = readListFile(path);
         std::size_t before = 0;
         qsizetype added = 0;
         list.change([&] {
@@ -317,7 +317,12 @@ int import(EditedList& list, const CommandCall& call)
         QString reason = error.localizedDescription();
         if (reason.endsWith(QLatin1Char('.')))
             reason.chop(1);
-        throw Error(QStringLiteral("%1: %2. The list is unchanged").arg(path, reason));
+        // Who has a plain list of words or a pipe does not think of JSON.
+        const bool isGuess = format == ListFormat::json && !call.has("format") &&
+                             !path.endsWith(QLatin1String(".json"), Qt::CaseInsensitive);
+        const QString hint =
+            isGuess ? QStringLiteral(" It was read as JSON: --format csv reads one entry a line.") : QString();
+        throw Error(QStringLiteral("%1: %2. The list is unchanged.%3").arg(path, reason, hint));
     }
 }
 
