@@ -32,7 +32,7 @@ struct CustomVocabularyContext
     std::size_t minTermLength = 3;       ///< letters; shorter terms sound like too much
 };
 
-/// Tokenises @p terms; those of which no way to say them has a token are left out.
+/// Tokenises @p terms; those of which no way to say them has a token, and those of more than 1000 bytes, are left out.
 CustomVocabularyContext tokenised(std::vector<CustomVocabularyTerm> terms, const CtcTokenizer& tokenizer);
 
 } // namespace vantro::asr

@@ -8,6 +8,13 @@
 
 namespace vantro::asr {
 
+namespace {
+
+/// Bytes. Longer ones are no words but a mistake, and take minutes to tokenise.
+constexpr std::size_t longestTerm = 1'000;
+
+} // namespace
+
 CustomVocabularyContext tokenised(std::vector<CustomVocabularyTerm> terms, const CtcTokenizer& tokenizer)
 {
     CustomVocabularyContext context;
@@ -15,7 +22,13 @@ CustomVocabularyContext tokenised(std::vector<CustomVocabularyTerm> terms, const
     const auto canBeSaid = [&](const std::string& text) {
         return !sounds.of(text).empty();
     };
+    const auto isTooLong = [](const std::string& text) {
+        return text.size() > longestTerm;
+    };
     for (CustomVocabularyTerm& term : terms) {
+        std::erase_if(term.aliases, isTooLong);
+        if (isTooLong(term.text))
+            continue;
         term.ctcTokenIds = tokenizer.encode(term.text);
         std::erase(term.ctcTokenIds, tokenizer.unknownPiece());
         if (canBeSaid(term.text) || std::ranges::any_of(term.aliases, canBeSaid))
@@ -53,6 +66,12 @@ void VocabularyRescorer::addForm(std::size_t term, const std::string& text)
     tree_.add(form.letters, forms_.size());
     longest_ = std::max(longest_, form.letters.size());
     forms_.push_back(std::move(form));
+}
+
+bool VocabularyRescorer::looksFor(const std::string& term) const
+{
+    return std::ranges::any_of(forms_,
+                               [&](const VocabularyForm& form) { return context_.terms[form.term].text == term; });
 }
 
 RescoreOutput VocabularyRescorer::rescore(const std::string& text, std::span<const TokenTiming> timings,

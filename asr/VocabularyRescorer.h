@@ -74,6 +74,8 @@ public:
         float minSimilarity = 0.7F;
     };
 
+    /// Whether there is a way to say @p term that has a token and is long enough.
+    [[nodiscard]] bool looksFor(const std::string& term) const;
     /// @p text and @p timings: an ASRResult's.
     [[nodiscard]] RescoreOutput rescore(const std::string& text, std::span<const TokenTiming> timings,
                                         const CtcLogProbabilities& logProbs, const Parameters& parameters) const;

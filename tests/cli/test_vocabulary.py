@@ -64,6 +64,46 @@ class VocabularyCase(unittest.TestCase):
             self.assertEqual(found["text"], "Red is is very difficult.")
             self.assertIn("skipped", found["vocabulary"])
 
+    def test_a_damaged_model_is_named(self):
+        damaged = self.profile / "damaged.gguf"
+        damaged.write_bytes((DATA / "parakeet-micro-ctc.gguf").read_bytes()[:100_000])
+        tried = self.run_vantro("transcribe", *MODELS[:2], "--ctc-model", str(damaged), "--term", "Redis", REDIS)
+        self.assertIn(f"{damaged} is not a usable model", tried.stderr)
+
+    def test_words_that_cannot_be_looked_for_are_named(self):
+        terms = [option for term in ("x", "Redis", "🎉", "Q" * 100_000) for option in ("--term", term)]
+        tried = self.as_json("vocabulary", "try", REDIS, *MODELS, *terms)
+        self.assertEqual(tried["not_looked_for"], ["x", "🎉", "Q" * 100_000])
+        self.assertEqual(tried["text"], "Redis is very difficult.")
+        shown = self.run_vantro("vocabulary", "try", REDIS, *MODELS, "--term", "x").stdout
+        self.assertIn('"x" cannot be looked for', shown)
+        self.assertNotIn("No place", shown)
+
+    def test_a_term_brings_no_line_break_into_the_text(self):
+        self.assertEqual(self.run_vantro("transcribe", *MODELS, "--term", "\nRedis\t\n", REDIS).stdout,
+                         "Redis is very difficult.\n")
+
+    def test_what_cannot_be_written_fails(self):
+        with open("/dev/full", "w") as full:
+            for command in (("vocabulary", "--help"), ("vocabulary", "export"), ("transcribe", *MODELS[:2], REDIS)):
+                outcome = subprocess.run([PROGRAM, *command], env=self.env, stdout=full, stderr=subprocess.PIPE, text=True)
+                self.assertEqual(outcome.returncode, 1, command)
+                self.assertEqual(outcome.stderr.count("Cannot write to standard output"), 1)
+
+    def test_a_list_can_go_into_a_pipe_and_come_from_one(self):
+        self.run_vantro("vocabulary", "add", "Redis")
+        pipe = self.profile / "pipe"
+        os.mkfifo(pipe)
+        with subprocess.Popen(["cat", pipe], stdout=subprocess.PIPE) as reader:
+            self.run_vantro("vocabulary", "export", str(pipe))
+            self.assertEqual(reader.communicate(timeout=10)[0], b'["Redis"]\n')
+        self.assertTrue(pipe.is_fifo(), "a file took its place")
+        words = self.profile / "words.txt"
+        words.write_text("Redis\nQuillon\n")
+        self.assertIn("--format csv", self.run_vantro("vocabulary", "import", str(words), code=1).stderr)
+        self.run_vantro("vocabulary", "import", str(words), "--format", "csv")
+        self.assertEqual(self.as_json("vocabulary"), ["Redis", "Quillon"])
+
     def test_words_that_nobody_can_spell_leave_the_plain_text(self):
         odd = ["🎉", "李", "x", "Q" * 200, "", "Redis Redis", "Rediss"]
         terms = [option for term in odd for option in ("--term", term)]
@@ -95,6 +135,7 @@ class VocabularyCase(unittest.TestCase):
         self.assertIn("Tensora", self.run_vantro("transcribe", *MODELS, tensora).stdout)
         self.assertEqual(self.as_json("vocabulary"), ["Tensora"], "once in the list")
         self.run_vantro("vocabulary", "add", "Tensora", "--weight", "much", code=2)
+        self.run_vantro("vocabulary", "add", "Tensora", "--weight", "nan", code=2)
         self.run_vantro("vocabulary", "add", "Rhedyss", "--sounds-like", "Redis", "--sounds-like", "red us")
         self.assertEqual(self.run_vantro("transcribe", *MODELS, REDIS).stdout, "Rhedyss is very difficult.\n")
 

@@ -139,6 +139,15 @@ void CommandLine::takeProgramOptions()
 
 int CommandLine::run() const
 {
+    const int exitCode = runCommand();
+    if (exitCode != ExitCode::done || !terminal::hasOutputFailed())
+        return exitCode;
+    terminal::writeError(QStringLiteral("Cannot write to standard output"));
+    return ExitCode::failed;
+}
+
+int CommandLine::runCommand() const
+{
     if (!usageError_.isEmpty()) {
         terminal::writeError(usageError_);
         return ExitCode::usage;

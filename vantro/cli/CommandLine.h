@@ -30,6 +30,7 @@ public:
     [[nodiscard]] int run() const;
 
 private:
+    [[nodiscard]] int runCommand() const;
     void takeModelHost();
     void takeProgramOptions();
     void refuse(const QString& option, const QString& reason);

@@ -44,6 +44,11 @@ int terminal::outputWidth()
     return size.ws_col;
 }
 
+bool terminal::hasOutputFailed()
+{
+    return std::ferror(stdout) != 0;
+}
+
 void terminal::writeLine(const QString& line)
 {
     // The text may contain NUL, so no C string functions.

@@ -18,6 +18,8 @@ bool canAsk();
 /// Columns of the terminal on standard output; 80 if unknown.
 int outputWidth();
 
+/// Whether something that was to be written to standard output could not be.
+bool hasOutputFailed();
 /// Writes a line to standard output.
 void writeLine(const QString& line);
 void writeJson(const QJsonObject& object);

@@ -51,6 +51,8 @@ QJsonObject vocabularyAsJson(const VocabularyReport& report)
     }
     QJsonObject object{{QStringLiteral("way"), QStringLiteral("boosting")},
                        {QStringLiteral("replacements"), replacements}};
+    if (!report.notLookedFor.isEmpty())
+        object[QStringLiteral("not_looked_for")] = QJsonArray::fromStringList(report.notLookedFor);
     if (!report.problem.isEmpty())
         object[QStringLiteral("skipped")] = report.problem;
     return object;

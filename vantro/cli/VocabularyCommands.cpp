@@ -4,6 +4,8 @@
 #include "vantro/text/ListFile.h"
 #include "vantro/text/VocabularyTransfer.h"
 
+#include <QFileInfo>
+
 #include <algorithm>
 #include <optional>
 
@@ -273,7 +275,19 @@ ListFormat formatFrom(const CommandCall& call, const QString& path)
 int import(EditedList& list, const CommandCall& call)
 {
     const QString& path = call.words.front();
-    const ImportedEntries imported = list.import(path, formatFrom(call, path));
+    const ListFormat format = formatFrom(call, path);
+    ImportedEntries imported;
+    try {
+        imported = list.import(path, format);
+    } catch (const Error& error) {
+        // Who has a plain list of words or a pipe does not think of JSON.
+        const bool isGuess = format == ListFormat::json && !call.has("format") &&
+                             !path.endsWith(QLatin1String(".json"), Qt::CaseInsensitive);
+        if (!isGuess || !QFileInfo(path).isFile())
+            throw;
+        throw Error(error.localizedDescription() +
+                    QStringLiteral(". It was read as JSON: --format csv reads one entry a line."));
+    }
     list.requireSaved();
     terminal::writeLine(QStringLiteral("%1 added to %2").arg(imported.added).arg(imported.before));
     return ExitCode::done;

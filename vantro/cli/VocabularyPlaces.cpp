@@ -20,7 +20,8 @@ QString score(float value)
     return QString::number(static_cast<double>(value), 'f', 1);
 }
 
-void printForAPerson(const Transcript& transcript)
+/// @p isAll: none of the words could be looked for.
+void printForAPerson(const Transcript& transcript, bool isAll)
 {
     terminal::writeLine(transcript.text);
     for (const VocabularyPlace& place : transcript.vocabulary.places)
@@ -29,8 +30,14 @@ void printForAPerson(const Transcript& transcript)
                                      place.isReplaced ? QStringLiteral("replaced") : QStringLiteral("kept"),
                                      QString::number(static_cast<double>(place.similarity), 'f', 2),
                                      score(place.scoreBefore), score(place.scoreAfter), score(place.bias)));
-    if (transcript.vocabulary.places.empty())
-        terminal::writeLine(QStringLiteral("  No place in the recording sounds like it."));
+    const QStringList& impossible = transcript.vocabulary.notLookedFor;
+    for (const QString& word : impossible)
+        terminal::writeLine(QStringLiteral("  \"%1\" cannot be looked for: it needs at least three letters that the "
+                                           "model knows, and at most a thousand")
+                                .arg(terminal::elided(word, 40)));
+    if (transcript.vocabulary.places.empty() && !isAll)
+        terminal::writeLine(QStringLiteral("  No place in the recording sounds like %1.")
+                                .arg(impossible.isEmpty() ? QStringLiteral("it") : QStringLiteral("the others")));
 }
 
 void printAsJson(const Transcript& transcript)
@@ -38,9 +45,11 @@ void printAsJson(const Transcript& transcript)
     QJsonArray places;
     for (const VocabularyPlace& place : transcript.vocabulary.places)
         places.append(placeAsJson(place));
-    terminal::writeJson(QJsonObject{{QStringLiteral("file"), transcript.file},
-                                    {QStringLiteral("text"), transcript.text},
-                                    {QStringLiteral("places"), places}});
+    terminal::writeJson(QJsonObject{
+        {QStringLiteral("file"), transcript.file},
+        {QStringLiteral("text"), transcript.text},
+        {QStringLiteral("places"), places},
+        {QStringLiteral("not_looked_for"), QJsonArray::fromStringList(transcript.vocabulary.notLookedFor)}});
 }
 
 void requireBoosting(const VocabularyReport& report)
@@ -71,7 +80,9 @@ double weightOf(const CommandCall& call)
         return VocabularyDetails().weight;
     bool isNumber = false;
     const double weight = call.value("weight").toDouble(&isNumber);
-    if (!isNumber || weight < VocabularyDetails::leastWeight || weight > VocabularyDetails::greatestWeight)
+    // Written so that it refuses "nan", too.
+    const bool isWithin = weight >= VocabularyDetails::leastWeight && weight <= VocabularyDetails::greatestWeight;
+    if (!isNumber || !isWithin)
         throw WrongUsage(QStringLiteral("\"%1\" is not a weight from 0 to 4").arg(call.value("weight")));
     return weight;
 }
@@ -107,7 +118,8 @@ int tryVocabulary(const CommandCall& call)
     if (call.json())
         printAsJson(*transcript);
     else
-        printForAPerson(*transcript);
+        printForAPerson(*transcript,
+                        options.terms && options.terms->size() == transcript->vocabulary.notLookedFor.size());
     return ExitCode::done;
 }
 

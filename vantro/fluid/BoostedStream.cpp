@@ -57,6 +57,7 @@ FluidTranscript BoostedStream::finish(const asr::StreamingAsr::Finish& options)
     spot([&](asr::CtcSpotting& spotting) {
         const asr::CtcLogProbabilities logProbs = spotting.finish(options.stop);
         transcript.spotting = std::chrono::steady_clock::now() - begun;
+        transcript.notLookedFor = build_.pipeline->notLookedFor;
         const auto& timings = transcript.result.tokenTimings;
         if (!timings)
             return;

@@ -18,6 +18,7 @@ struct FluidTranscript
     asr::ASRResult result; ///< its text has the terms that were written
     bool hasVocabulary = false;
     std::vector<asr::ConsideredTerm> considered;
+    QStringList notLookedFor; ///< as in the pipeline
     std::size_t replacements = 0;
     QString skipped;                      ///< why no term could be written; empty if they could
     std::optional<asr::Seconds> spotting; ///< how long the end of the recording took

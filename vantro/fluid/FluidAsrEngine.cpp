@@ -118,6 +118,18 @@ std::optional<FluidAsrEngine::PipelineBuild> FluidAsrEngine::pipelineFor(const F
     return vocabularyPipeline_->build;
 }
 
+/// On the loader's thread. Throws Error, which names the file: two models are in use.
+std::shared_ptr<const asr::CtcModel> FluidAsrEngine::loadCtcModel(const QString& file) const
+{
+    try {
+        return asr::CtcModel::load(QFile::encodeName(file).toStdString(), moduleFolders_);
+    } catch (const asr::ASRError& error) {
+        if (error.kind() != asr::ASRError::Kind::modelLoadFailed)
+            throw;
+        throw Error(QStringLiteral("%1 is not a usable model: %2").arg(file, QString::fromStdString(error.detail())));
+    }
+}
+
 /// On the loader's thread. Never throws.
 FluidVocabularyBuild FluidAsrEngine::buildPipeline(const FluidVocabulary& vocabulary, const FileVersion& modelFile)
 {
@@ -127,7 +139,7 @@ FluidVocabularyBuild FluidAsrEngine::buildPipeline(const FluidVocabulary& vocabu
                 QStringLiteral("The model that looks for words is missing: Settings, Vocabulary tells how to get it."));
         if (ctcModel_ == nullptr || ctcModelFile_ != modelFile) {
             ctcModel_.reset();
-            ctcModel_ = asr::CtcModel::load(QFile::encodeName(vocabulary.modelFile).toStdString(), moduleFolders_);
+            ctcModel_ = loadCtcModel(vocabulary.modelFile);
             ctcModelFile_ = modelFile;
         }
         return {FluidVocabularyPipeline::make(vocabulary.terms, ctcModel_), {}};

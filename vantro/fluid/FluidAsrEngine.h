@@ -114,6 +114,7 @@ private:
     [[nodiscard]] QFuture<FluidTranscript> start(Manager manager, Request request);
     /// Nothing if there are no terms.
     [[nodiscard]] std::optional<PipelineBuild> pipelineFor(const FluidVocabulary& vocabulary);
+    [[nodiscard]] std::shared_ptr<const asr::CtcModel> loadCtcModel(const QString& file) const;
     [[nodiscard]] FluidVocabularyBuild buildPipeline(const FluidVocabulary& vocabulary, const FileVersion& modelFile);
     void reportVocabulary(const FluidTranscript& transcript) const;
     void report(const QString& label, std::size_t sampleCount, const asr::ASRResult& result) const;

@@ -27,7 +27,7 @@ VocabularyReport reportOf(const FluidTranscript& transcript)
 {
     VocabularyReport report;
     if (transcript.hasVocabulary)
-        report = {VocabularyReport::Way::boosting, transcript.skipped, {}};
+        report = {VocabularyReport::Way::boosting, transcript.skipped, {}, transcript.notLookedFor};
     for (const asr::ConsideredTerm& place : transcript.considered)
         report.places.push_back({QString::fromStdString(place.term), QString::fromStdString(place.heard), place.start,
                                  place.end, place.similarity, place.scoreBefore, place.scoreAfter, place.bias,

@@ -43,11 +43,13 @@ QString FluidVocabulary::key() const
 asr::CustomVocabularyTerm vocabularyTerm(const QString& text, const QStringList& soundsLike, double weight)
 {
     asr::CustomVocabularyTerm term;
-    term.text = text.toStdString();
-    term.textLowercased = text.toLower().toStdString();
+    // Line breaks and tabs of an imported list have no place in a dictation.
+    const QString written = text.simplified();
+    term.text = written.toStdString();
+    term.textLowercased = written.toLower().toStdString();
     for (const QString& alias : soundsLike)
         term.aliases.push_back(alias.toStdString());
-    if (const QString base = baseLetters(text); base != text)
+    if (const QString base = baseLetters(written); base != written)
         term.aliases.push_back(base.toStdString());
     if (weight != 1)
         term.weight = static_cast<float>(weight);
@@ -55,13 +57,18 @@ asr::CustomVocabularyTerm vocabularyTerm(const QString& text, const QStringList&
 }
 
 std::shared_ptr<const FluidVocabularyPipeline>
-FluidVocabularyPipeline::make(std::vector<asr::CustomVocabularyTerm> terms, std::shared_ptr<const asr::CtcModel> model)
+FluidVocabularyPipeline::make(const std::vector<asr::CustomVocabularyTerm>& terms,
+                              std::shared_ptr<const asr::CtcModel> model)
 {
     auto pipeline = std::make_shared<FluidVocabularyPipeline>();
-    pipeline->vocabulary = asr::tokenised(std::move(terms), model->tokenizer());
+    pipeline->vocabulary = asr::tokenised(terms, model->tokenizer());
     if (pipeline->vocabulary.terms.empty())
         throw FluidVocabularyError::noTokenizableTerms();
     pipeline->rescorer = std::make_shared<asr::VocabularyRescorer>(model, pipeline->vocabulary);
+    for (const asr::CustomVocabularyTerm& term : terms) {
+        if (!pipeline->rescorer->looksFor(term.text))
+            pipeline->notLookedFor << QString::fromStdString(term.text);
+    }
     pipeline->spotter = std::make_shared<asr::CtcKeywordSpotter>(std::move(model));
     return pipeline;
 }

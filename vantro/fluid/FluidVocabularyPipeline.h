@@ -40,9 +40,10 @@ struct FluidVocabularyPipeline
     std::shared_ptr<const asr::CtcKeywordSpotter> spotter;
     std::shared_ptr<const asr::VocabularyRescorer> rescorer;
     asr::CustomVocabularyContext vocabulary;
+    QStringList notLookedFor; ///< terms that are too short or too long, or of which the model knows no letter
 
     /// Throws FluidVocabularyError.
-    static std::shared_ptr<const FluidVocabularyPipeline> make(std::vector<asr::CustomVocabularyTerm> terms,
+    static std::shared_ptr<const FluidVocabularyPipeline> make(const std::vector<asr::CustomVocabularyTerm>& terms,
                                                                std::shared_ptr<const asr::CtcModel> model);
 };
 

@@ -50,6 +50,7 @@ struct VocabularyReport
     Way way = Way::none;
     QString problem = {}; ///< why they were not; otherwise empty
     std::vector<VocabularyPlace> places = {};
+    QStringList notLookedFor = {}; ///< words that are too short or too long, or cannot be spelled
 };
 
 struct TranscriptionRequest

@@ -4,6 +4,7 @@
 
 #include <QCoreApplication>
 #include <QFile>
+#include <QFileInfo>
 #include <QSaveFile>
 
 #include <cstdio>
@@ -37,6 +38,14 @@ void writeListFile(const QString& path, const QByteArray& content)
         std::fwrite(content.constData(), 1, static_cast<std::size_t>(content.size()), stdout);
         if (std::fflush(stdout) != 0)
             throw Error(QCoreApplication::translate("ListFile", "Cannot write to standard output"));
+        return;
+    }
+    // A pipe or a device takes the text; it is not to be replaced by a file.
+    if (const QFileInfo present(path); present.exists() && !present.isFile() && !present.isDir()) {
+        QFile special(path);
+        if (!special.open(QIODevice::WriteOnly) || special.write(content) != content.size() || !special.flush())
+            throw Error(
+                QCoreApplication::translate("ListFile", "%1 cannot be written: %2").arg(path, special.errorString()));
         return;
     }
     QSaveFile file(path);
