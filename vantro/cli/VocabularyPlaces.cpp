@@ -68,7 +68,7 @@ void requireBoosting(const VocabularyReport& report)
 
 QString boostingModelOf(const CommandCall& call)
 {
-    const QString path = call.value("ctc-model");
+    QString path = call.value("ctc-model");
     if (call.has("ctc-model") && !QFileInfo(path).isFile())
         throw CommandError(ExitCode::noService, QStringLiteral("no model: There is no model file %1").arg(path));
     return path;
