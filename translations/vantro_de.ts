@@ -628,8 +628,8 @@
         <translation>Liste importieren</translation>
     </message>
     <message>
-        <source>Table or JSON (*.csv *.json)</source>
-        <translation>Tabelle oder JSON (*.csv *.json)</translation>
+        <source>Table, plain list or JSON (*.csv *.txt *.json)</source>
+        <translation>Tabelle, einfache Liste oder JSON (*.csv *.txt *.json)</translation>
     </message>
     <message>
         <source>All files (*)</source>

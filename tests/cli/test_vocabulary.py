@@ -100,8 +100,8 @@ class VocabularyCase(unittest.TestCase):
         self.assertTrue(pipe.is_fifo(), "a file took its place")
         words = self.profile / "words.txt"
         words.write_text("Redis\nQuillon\n")
-        self.assertIn("--format csv", self.run_vantro("vocabulary", "import", str(words), code=1).stderr)
-        self.run_vantro("vocabulary", "import", str(words), "--format", "csv")
+        self.run_vantro("vocabulary", "import", str(words))
+        self.assertIn("--format csv", self.run_vantro("vocabulary", "import", str(words.rename(words.with_suffix(""))), code=1).stderr)
         self.assertEqual(self.as_json("vocabulary"), ["Redis", "Quillon"])
 
     def test_words_that_nobody_can_spell_leave_the_plain_text(self):

@@ -57,10 +57,11 @@ void chooseListToWrite(const QString& name, std::function<void(QString)> chosen)
 
 void chooseListToRead(std::function<void(QString)> chosen)
 {
-    QFileDialog* const dialog = makeDialog(QCoreApplication::translate("FileChoice", "Import List"),
-                                           {QCoreApplication::translate("FileChoice", "Table or JSON (*.csv *.json)"),
-                                            QCoreApplication::translate("FileChoice", "All files (*)")},
-                                           std::move(chosen));
+    QFileDialog* const dialog =
+        makeDialog(QCoreApplication::translate("FileChoice", "Import List"),
+                   {QCoreApplication::translate("FileChoice", "Table, plain list or JSON (*.csv *.txt *.json)"),
+                    QCoreApplication::translate("FileChoice", "All files (*)")},
+                   std::move(chosen));
     dialog->setFileMode(QFileDialog::ExistingFile);
     dialog->open();
 }

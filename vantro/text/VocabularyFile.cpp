@@ -80,7 +80,9 @@ const QStringList& wordHeading()
 
 ListFormat listFormatOf(const QString& fileName)
 {
-    return fileName.endsWith(QLatin1String(".csv"), Qt::CaseInsensitive) ? ListFormat::csv : ListFormat::json;
+    const bool hasLines = fileName.endsWith(QLatin1String(".csv"), Qt::CaseInsensitive) ||
+                          fileName.endsWith(QLatin1String(".txt"), Qt::CaseInsensitive);
+    return hasLines ? ListFormat::csv : ListFormat::json;
 }
 
 std::vector<TextReplacement> readReplacements(const QByteArray& content, ListFormat format)

@@ -13,7 +13,7 @@ namespace vantro {
 /// "word"; the header line is optional). Readers throw Error, which says what is wrong and where.
 enum class ListFormat { json, csv };
 
-/// By file name: CSV for ".csv", otherwise JSON.
+/// By file name: CSV for ".csv" and ".txt", otherwise JSON.
 ListFormat listFormatOf(const QString& fileName);
 
 std::vector<TextReplacement> readReplacements(const QByteArray& content, ListFormat format);
