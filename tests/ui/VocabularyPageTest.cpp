@@ -9,6 +9,12 @@ namespace {
 class VocabularyPage : public SettingsPages
 {
 protected:
+    static QString shown(VocabularyModel& page, int row, const char* member)
+    {
+        const QAbstractItemModel& rows = *page.wordRows();
+        return rows.index(row, 0).data(rows.roleNames().key(member)).toString();
+    }
+
     VocabularySettings vocabulary{defaults};
 };
 
@@ -37,6 +43,17 @@ TEST_F(VocabularyPage, AFullListTakesNoMoreAndARemovedWordComesBackToItsPlace)
     EXPECT_EQ(page.words().size(), VocabularySettings::maxVocabularyWords);
 
     page.removeWord(0);
+    page.removeWord(10);
+    vocabulary.addVocabularyWord(QStringLiteral("word11")); // from the command line, as what was removed last
+    page.undo();
+    EXPECT_EQ(page.words().count(QStringLiteral("word11")), 1);
+    page.removeWord(0);
+    vocabulary.addVocabularyWords({QStringLiteral("new"), QStringLiteral("newer")});
+    page.undo();
+    EXPECT_EQ(page.words().size(), VocabularySettings::maxVocabularyWords);
+    EXPECT_EQ(notices.size(), 2);
+
+    page.removeWord(0);
     page.reset();
     page.undo();
     EXPECT_TRUE(page.words().isEmpty()) << "what was there before a reset does not come back piece by piece";
@@ -52,6 +69,7 @@ TEST_F(VocabularyPage, AWordsSoundAndWeightAreKeptWithItAndComeBackWithIt)
     page.refineWord(0, QStringLiteral(" greg sun,, gregs on "), 2);
     page.refineWord(1, QStringLiteral("no such row"), 0);
     EXPECT_EQ(page.soundsLike(0), QStringLiteral("greg sun, gregs on"));
+    EXPECT_EQ(shown(page, 0, "soundsLike"), QStringLiteral("greg sun, gregs on"));
     EXPECT_EQ(vocabulary.details(QStringLiteral("Gregsson")).weight, 2);
     page.removeWord(0);
     page.undo();
@@ -62,11 +80,43 @@ TEST_F(VocabularyPage, AWordsSoundAndWeightAreKeptWithItAndComeBackWithIt)
     defaults.reload();
     EXPECT_EQ(page.readiness(0), 0);
     page.refineWord(0, QStringLiteral("greg sun"), 0);
+    const QStringList withComma{QStringLiteral("greg, sun")};
+    vocabulary.setDetails(QStringLiteral("Gregsson"), {withComma, 0.6});
+    page.refineWord(0, page.soundsLike(0), 0);
+    EXPECT_EQ(vocabulary.details(QStringLiteral("Gregsson")).soundsLike, withComma) << "nobody has edited it";
     EXPECT_EQ(vocabulary.details(QStringLiteral("Gregsson")).weight, 0.6);
     defaults.set(setting::vocabularyDetails,
                  QByteArray("{\"Gregsson\": {\"weight\": 1e9, \"soundsLike\": [3]}, \"x\": 1}"));
     EXPECT_EQ(VocabularySettings(defaults).details(QStringLiteral("Gregsson")),
               (VocabularyDetails{{}, VocabularyDetails::greatestWeight}));
+}
+
+TEST_F(VocabularyPage, ARowStaysTheSameWhileOthersComeAndGo)
+{
+    VocabularyModel page({vocabulary, [](const LimitNotice&) {},
+                          [](const std::function<void()>&) {
+                          }});
+    QAbstractItemModel& rows = *page.wordRows();
+    const auto expectShown = [&] {
+        QStringList words;
+        for (int row = 0; row < rows.rowCount(); ++row)
+            words << shown(page, row, "word");
+        EXPECT_EQ(words, page.words());
+    };
+    vocabulary.setVocabulary({QStringLiteral("a"), QStringLiteral("edited"), QStringLiteral("z")});
+    const QPersistentModelIndex edited(rows.index(1, 0));
+    page.addWord(QStringLiteral("new"));
+    expectShown();
+    page.removeWord(0);
+    expectShown();
+    page.refineWord(0, QStringLiteral("eddy"), 1);
+    page.undo();
+    expectShown();
+    EXPECT_EQ(edited.row(), 1);
+    EXPECT_EQ(shown(page, 1, "soundsLike"), QStringLiteral("eddy"));
+    vocabulary.setVocabulary({QStringLiteral("z"), QStringLiteral("a")});
+    expectShown();
+    EXPECT_FALSE(edited.isValid());
 }
 
 TEST_F(VocabularyPage, TheVocabularyPageTellsWhetherWordsAreLookedForAndWhatToDo)

@@ -102,11 +102,16 @@ void VocabularySettings::save(const Setting<QByteArray>& setting, const QByteArr
 
 void VocabularySettings::addVocabularyWord(const QString& word)
 {
+    insertVocabularyWord(maxVocabularyWords, word);
+}
+
+void VocabularySettings::insertVocabularyWord(qsizetype index, const QString& word)
+{
     const QString trimmed = word.trimmed();
     defaults_.change([&] {
         if (trimmed.isEmpty() || customVocabulary_.contains(trimmed))
             return;
-        customVocabulary_ << trimmed;
+        customVocabulary_.insert(std::min(index, customVocabulary_.size()), trimmed);
         saveVocabulary();
     });
 }

@@ -52,6 +52,8 @@ public:
 
     /// Adds the trimmed word; a no-op for an empty or existing word (case-sensitive).
     void addVocabularyWord(const QString& word);
+    /// The same, for a place in the list, whose end counts for any beyond it.
+    void insertVocabularyWord(qsizetype index, const QString& word);
     /// Like the functions below, a no-op for an index out of range.
     void removeVocabularyWord(qsizetype index);
     /// A no-op if @p find is blank. Duplicates are allowed.

@@ -5,8 +5,8 @@ import Vantro.Style
 Item {
     id: row
 
-    property string find
-    property string replace
+    required property string find
+    required property string replace
     property bool isEdited
     signal changeAccepted(string find, string replace)
     signal removePressed
@@ -14,9 +14,17 @@ Item {
     width: parent ? parent.width : implicitWidth
     implicitHeight: isEdited ? fields.height : reading.implicitHeight
 
+    function close() {
+        isEdited = false
+        takeKeyboard()
+    }
+
+    function takeKeyboard() { editButton.forceActiveFocus(Qt.TabFocusReason) }
+
     Keys.onEscapePressed: event => {
         event.accepted = isEdited
-        isEdited = false
+        if (isEdited)
+            close()
     }
 
     VSettingRow {
@@ -28,6 +36,7 @@ Item {
         Row {
             spacing: Theme.space8
             VButton {
+                id: editButton
                 secondary: true
                 text: qsTr("Edit")
                 Accessible.name: qsTr("Edit replacement")
@@ -56,8 +65,8 @@ Item {
         onAccepted: {
             if (!isComplete)
                 return
-            row.isEdited = false
             row.changeAccepted(find, replace)
+            row.close()
         }
     }
 }

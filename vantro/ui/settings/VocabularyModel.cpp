@@ -34,9 +34,32 @@ VocabularyModel::VocabularyModel(Parts parts)
                          }})
     , boosting_(parts_.boosting())
 {
-    connect(&parts_.vocabulary, &VocabularySettings::customVocabularyChanged, this, &VocabularyModel::wordsChanged);
-    connect(&parts_.vocabulary, &VocabularySettings::textReplacementsChanged, this,
-            &VocabularyModel::replacementsChanged);
+    connect(&parts_.vocabulary, &VocabularySettings::customVocabularyChanged, this, &VocabularyModel::showWords);
+    connect(&parts_.vocabulary, &VocabularySettings::textReplacementsChanged, this, &VocabularyModel::showReplacements);
+    showWords();
+    showReplacements();
+}
+
+void VocabularyModel::showWords()
+{
+    std::vector<QVariantMap> rows;
+    for (int row = 0; row < words().size(); ++row)
+        rows.push_back({{QStringLiteral("word"), words().at(row)},
+                        {QStringLiteral("soundsLike"), soundsLike(row)},
+                        {QStringLiteral("readiness"), readiness(row)}});
+    wordRows_.show(std::move(rows));
+    Q_EMIT wordsChanged();
+}
+
+void VocabularyModel::showReplacements()
+{
+    std::vector<QVariantMap> rows;
+    for (const TextReplacement& replacement : parts_.vocabulary.textReplacements())
+        rows.push_back({{QStringLiteral("identity"), replacement.id},
+                        {QStringLiteral("find"), replacement.find},
+                        {QStringLiteral("replace"), replacement.replace}});
+    replacementRows_.show(std::move(rows));
+    Q_EMIT replacementsChanged();
 }
 
 void VocabularyModel::refreshBoosting()
@@ -105,12 +128,15 @@ void VocabularyModel::refineWord(int row, const QString& soundsLike, int readine
     if (row < 0 || row >= words().size() || readiness < 0 || readiness >= std::ssize(weights))
         return;
     VocabularyDetails details = parts_.vocabulary.details(words().at(row));
-    details.soundsLike.clear();
-    for (const QString& spelling : soundsLike.split(QLatin1Char(','))) {
-        if (!spelling.trimmed().isEmpty())
-            details.soundsLike << spelling.trimmed();
+    // What came from the command line, with a comma in a spelling or a finer weight, stays unless something else is
+    // given.
+    if (soundsLike != this->soundsLike(row)) {
+        details.soundsLike.clear();
+        for (const QString& spelling : soundsLike.split(QLatin1Char(','))) {
+            if (!spelling.trimmed().isEmpty())
+                details.soundsLike << spelling.trimmed();
+        }
     }
-    // A finer weight from the command line stays unless another one is chosen.
     if (readiness != this->readiness(row))
         details.weight = weights.at(static_cast<std::size_t>(readiness));
     parts_.vocabulary.setDetails(words().at(row), details);
@@ -156,9 +182,10 @@ void VocabularyModel::removeWord(int row)
     const QString word = words().at(row);
     parts_.vocabulary.removeVocabularyWord(row);
     offerUndo(word, [this, row, word] {
-        QStringList present = words();
-        present.insert(std::min<qsizetype>(row, present.size()), word);
-        parts_.vocabulary.setVocabulary(present);
+        if (const auto notice = parts_.vocabulary.vocabularyLimitNotice(); notice && !words().contains(word))
+            parts_.showNotice(*notice);
+        else
+            parts_.vocabulary.insertVocabularyWord(row, word);
     });
 }
 

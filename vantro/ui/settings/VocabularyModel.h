@@ -2,6 +2,7 @@
 
 #include "vantro/text/VocabularySettings.h"
 #include "vantro/ui/settings/ListTransfer.h"
+#include "vantro/ui/settings/PageRows.h"
 
 #include <QObject>
 #include <QStringList>
@@ -21,6 +22,8 @@ class VocabularyModel : public QObject
     QML_UNCREATABLE("made with its window")
     Q_PROPERTY(QStringList words READ words NOTIFY wordsChanged)
     Q_PROPERTY(QVariantList replacements READ replacements NOTIFY replacementsChanged)
+    Q_PROPERTY(QAbstractItemModel* wordRows READ wordRows CONSTANT)
+    Q_PROPERTY(QAbstractItemModel* replacementRows READ replacementRows CONSTANT)
     Q_PROPERTY(QString wordsLimit READ wordsLimit NOTIFY wordsChanged)
     Q_PROPERTY(QString replacementsLimit READ replacementsLimit NOTIFY replacementsChanged)
     Q_PROPERTY(QString boostingText READ boostingText NOTIFY boostingChanged)
@@ -93,12 +96,16 @@ public:
     Q_INVOKABLE void download() { parts_.download(); }
     Q_INVOKABLE void cancelDownload() { parts_.cancelDownload(); }
     /// Looks again how words reach the recogniser.
-    void refreshBoosting();
+    Q_INVOKABLE void refreshBoosting();
 
+    /// With the members "word", "soundsLike" and "readiness", as below.
+    [[nodiscard]] QAbstractItemModel* wordRows() { return &wordRows_; }
+    /// With the members "identity", "find" and "replace".
+    [[nodiscard]] QAbstractItemModel* replacementRows() { return &replacementRows_; }
     /// Separated by commas.
-    [[nodiscard]] Q_INVOKABLE QString soundsLike(int row) const;
+    [[nodiscard]] QString soundsLike(int row) const;
     /// How readily the word is written: 0 seldom, 1 normally, 2 readily.
-    [[nodiscard]] Q_INVOKABLE int readiness(int row) const;
+    [[nodiscard]] int readiness(int row) const;
     Q_INVOKABLE void refineWord(int row, const QString& soundsLike, int readiness);
     /// Tells the user and returns false when the list is full.
     Q_INVOKABLE bool addWord(const QString& word);
@@ -116,11 +123,15 @@ Q_SIGNALS:
     void boostingChanged();
 
 private:
+    void showWords();
+    void showReplacements();
     void offerUndo(const QString& text, std::function<void()> undo);
 
     Parts parts_;
     ListTransfer wordsFile_;
     ListTransfer replacementsFile_;
+    PageRows wordRows_{{QStringLiteral("word"), QStringLiteral("soundsLike"), QStringLiteral("readiness")}};
+    PageRows replacementRows_{{QStringLiteral("identity"), QStringLiteral("find"), QStringLiteral("replace")}};
     Boosting boosting_;
     QString removed_;
     std::function<void()> undo_;

@@ -8,6 +8,7 @@ VPage {
     required property VocabularyModel settings
 
     title: qsTr("Vocabulary")
+    covered: undoOffer.visible ? undoOffer.height : 0
 
     function addWord() {
         if (word.text.trim() !== "" && settings.addWord(word.text))
@@ -19,14 +20,72 @@ VPage {
             replacement.clear()
     }
 
-    VCard {
+    // The keyboard stays in the list when the button that it was on goes away with its row.
+    function focusRow(rows, index) {
+        const row = rows.itemAt(Math.min(index, rows.count - 1))
+        if (row)
+            row.takeKeyboard()
+        else if (rows === wordRows)
+            word.forceActiveFocus(Qt.TabFocusReason)
+        else
+            replacement.takeKeyboard()
+    }
+
+    function removeWord(index) {
+        undoPlace = { rows: wordRows, index: index }
+        settings.removeWord(index)
+        focusRow(wordRows, index)
+    }
+
+    function removeReplacement(index) {
+        undoPlace = { rows: replacementRows, index: index }
+        settings.removeReplacement(index)
+        focusRow(replacementRows, index)
+    }
+
+    function undo() {
+        settings.undo()
+        focusRow(undoPlace.rows, undoPlace.index)
+    }
+
+    Keys.onPressed: event => {
+        if (!event.matches(StandardKey.Undo) || settings.removed === "")
+            return
+        undo()
+        event.accepted = true
+    }
+
+    property var undoPlace: ({ rows: wordRows, index: 0 })
+    // A file may have been put in its place, or a dictation been made, behind the page.
+    readonly property bool isLookedAt: visible && Window.active
+    onIsLookedAtChanged: {
+        if (isLookedAt)
+            settings.refreshBoosting()
+    }
+
+    // Stays in sight, however long the lists are.
+    Rectangle {
+        id: undoOffer
+        parent: page
+        y: page.height - height
+        z: 1
+        width: page.width
+        height: removed.height + 2 * Theme.space12
         visible: page.settings.removed !== ""
-        VSettingRow {
-            title: qsTr("\"%1\" has been removed.").arg(page.settings.removed)
-            VButton {
-                secondary: true
-                text: qsTr("Undo")
-                onClicked: page.settings.undo()
+        color: Theme.surface
+
+        VCard {
+            id: removed
+            x: Theme.space24
+            y: Theme.space12
+            width: parent.width - 2 * x
+            VSettingRow {
+                title: qsTr("\"%1\" has been removed.").arg(page.settings.removed)
+                VButton {
+                    secondary: true
+                    text: qsTr("Undo")
+                    onClicked: page.undo()
+                }
             }
         }
     }
@@ -51,14 +110,12 @@ VPage {
             text: qsTr("No text replacements configured yet.")
         }
         Repeater {
-            model: page.settings.replacements
+            id: replacementRows
+            model: page.settings.replacementRows
             ReplacementRow {
                 required property int index
-                required property var modelData
-                find: modelData.find
-                replace: modelData.replace
                 onChangeAccepted: (find, replace) => page.settings.updateReplacement(index, find, replace)
-                onRemovePressed: page.settings.removeReplacement(index)
+                onRemovePressed: page.removeReplacement(index)
             }
         }
         ListTransferRow {
@@ -103,15 +160,12 @@ VPage {
             text: qsTr("No custom vocabulary words added yet.")
         }
         Repeater {
-            model: page.settings.words
+            id: wordRows
+            model: page.settings.wordRows
             WordRow {
                 required property int index
-                required property string modelData
-                word: modelData
-                soundsLike: page.settings.soundsLike(index)
-                readiness: page.settings.readiness(index)
                 onChangeAccepted: (soundsLike, readiness) => page.settings.refineWord(index, soundsLike, readiness)
-                onRemovePressed: page.settings.removeWord(index)
+                onRemovePressed: page.removeWord(index)
             }
         }
         ListTransferRow {

@@ -5,25 +5,33 @@ import Vantro.Style
 Item {
     id: row
 
-    property string word
-    property string soundsLike
-    property int readiness
+    required property string word
+    required property string soundsLike
+    required property int readiness
     property bool isEdited
     readonly property var readinessNames: [qsTr("weak"), qsTr("normal"), qsTr("strong")]
     signal changeAccepted(string soundsLike, int readiness)
     signal removePressed
 
     function save() {
-        isEdited = false
         changeAccepted(spelling.text, choice.currentIndex)
+        close()
     }
+
+    function close() {
+        isEdited = false
+        takeKeyboard()
+    }
+
+    function takeKeyboard() { editButton.forceActiveFocus(Qt.TabFocusReason) }
 
     width: parent ? parent.width : implicitWidth
     implicitHeight: isEdited ? fields.implicitHeight : reading.implicitHeight
 
     Keys.onEscapePressed: event => {
         event.accepted = isEdited
-        isEdited = false
+        if (isEdited)
+            close()
     }
 
     VSettingRow {
@@ -37,6 +45,7 @@ Item {
         Row {
             spacing: Theme.space8
             VButton {
+                id: editButton
                 secondary: true
                 text: qsTr("Edit")
                 Accessible.name: qsTr("Edit word")

@@ -7,9 +7,10 @@ Flickable {
 
     property string title
     property string subtitle
+    property real covered: 0 // of its height, at the bottom, by what stays there
     default property alias cards: cards.data
 
-    contentHeight: column.height + 2 * Theme.space24
+    contentHeight: column.height + 2 * Theme.space24 + covered
     boundsBehavior: Flickable.StopAtBounds
     clip: true
 
@@ -55,8 +56,8 @@ Flickable {
         const bottom = top + item.height + 2 * Theme.space24
         if (top < contentY)
             moveTo(top)
-        else if (bottom > contentY + height)
-            moveTo(Math.min(top, bottom - height))
+        else if (bottom > contentY + height - covered)
+            moveTo(Math.min(top, bottom - height + covered))
     }
 
     Rectangle {
