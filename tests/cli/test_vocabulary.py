@@ -101,7 +101,9 @@ class VocabularyCase(unittest.TestCase):
         words = self.profile / "words.txt"
         words.write_text("Redis\nQuillon\n")
         self.run_vantro("vocabulary", "import", str(words))
-        self.assertIn("--format csv", self.run_vantro("vocabulary", "import", str(words.rename(words.with_suffix(""))), code=1).stderr)
+        with words.open() as piped:
+            refused = subprocess.run([PROGRAM, "vocabulary", "import", "-"], env=self.env, capture_output=True, text=True, stdin=piped)
+        self.assertIn("--format csv", refused.stderr)
         self.assertEqual(self.as_json("vocabulary"), ["Redis", "Quillon"])
 
     def test_words_that_nobody_can_spell_leave_the_plain_text(self):

@@ -283,7 +283,7 @@ int import(EditedList& list, const CommandCall& call)
         // Who has a plain list of words or a pipe does not think of JSON.
         const bool isGuess = format == ListFormat::json && !call.has("format") &&
                              !path.endsWith(QLatin1String(".json"), Qt::CaseInsensitive);
-        if (!isGuess || !QFileInfo(path).isFile())
+        if (!isGuess || (path != QLatin1String("-") && !QFileInfo(path).isFile()))
             throw;
         throw Error(error.localizedDescription() +
                     QStringLiteral(". It was read as JSON: --format csv reads one entry a line."));
