@@ -67,10 +67,11 @@ class SettingsTest(SettingsCase):
         x, y, width, height = grip.extents()
         window = self.window(SETTINGS_TITLE)
         self.desktop.run("xdotool", "mousemove", str(x + width // 2), str(y + height // 2), "mousedown", "1")
-        for to in list(range(y, window.y + window.height - 4, 8)) * 2:
+        for to in range(y, window.y + window.height - 20, 40):
             self.desktop.run("xdotool", "mousemove", str(x + width // 2), str(to))
+        self.wait(lambda: self.command("modes")[-1]["name"] == name, 10, "the last place")
         self.desktop.run("xdotool", "mouseup", "1")
-        self.wait(lambda: self.command("modes")[-1]["name"] == name, 5, "the last place")
+        self.wait(lambda: grip.extents()[1] < window.y + window.height, 2, "the card to be in sight")
 
     def listeners(self):
         return len(self.desktop.audio._pactl("list", "short", "source-outputs").splitlines())
