@@ -225,7 +225,8 @@ Rectangle {
                 clip: true
                 TextEdit {
                     id: field
-                    anchors { fill: parent; margins: Theme.space12 }
+                    anchors.fill: parent
+                    padding: Theme.space12
                     focus: true
                     activeFocusOnTab: true
                     color: Theme.text
@@ -238,6 +239,7 @@ Rectangle {
                     KeyNavigation.priority: KeyNavigation.BeforeItem
                     KeyNavigation.tab: next
                     VText {
+                        anchors { left: parent.left; top: parent.top; margins: field.padding }
                         visible: field.text === ""
                         text: qsTr("Your sentence appears here")
                         color: Theme.textSecondary
