@@ -21,7 +21,7 @@ QByteArray readListFile(const QString& path)
     QFile file(path);
     const bool isOpen =
         path == QLatin1String("-") ? file.open(stdin, QIODevice::ReadOnly) : file.open(QIODevice::ReadOnly);
-    const QByteArray content = isOpen ? file.read(maxListFileBytes + 1) : QByteArray();
+    QByteArray content = isOpen ? file.read(maxListFileBytes + 1) : QByteArray();
     if (!isOpen || file.error() != QFileDevice::NoError)
         throw Error(QCoreApplication::translate("ListFile", "%1 cannot be read: %2").arg(path, file.errorString()));
     if (content.size() > maxListFileBytes)

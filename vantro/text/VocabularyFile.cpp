@@ -91,7 +91,7 @@ std::vector<TextReplacement> readReplacements(const QByteArray& content, ListFor
             replacements.push_back({QUuid::createUuid(), row[0], row[1]});
         return replacements;
     }
-    for (const QJsonValue& value : arrayOf(content))
+    for (const QJsonValue value : arrayOf(content))
         replacements.push_back(replacementOf(value, static_cast<qsizetype>(replacements.size()) + 1));
     return replacements;
 }
@@ -104,7 +104,7 @@ QStringList readVocabulary(const QByteArray& content, ListFormat format)
             words << row[0];
         return words;
     }
-    for (const QJsonValue& value : arrayOf(content)) {
+    for (const QJsonValue value : arrayOf(content)) {
         if (!value.isString() || value.toString().trimmed().isEmpty())
             throw Error(QCoreApplication::translate("VocabularyFile", "entry %1 is not a word").arg(words.size() + 1));
         words << value.toString();
