@@ -75,9 +75,18 @@ class AccessibilityTest(ShellCase):
         self.assertGreater(len(pages), 8)
         for page in pages:
             with self.subTest(page):
+                self.search_for(page)
                 self.assertGreater(len(self.check(SETTINGS_TITLE)), 2)
-            self.desktop.press("Down")
         self.close(SETTINGS_TITLE)
+
+    def search_for(self, page):
+        """Its name leads to the page itself, at its top, and to its entry in the list."""
+        self.desktop.press("ctrl+f")
+        self.desktop.type_text(page)
+        self.desktop.press("Return")
+        self.wait(lambda: (stop := self.reader.focused(SETTINGS_TITLE)) and stop.name == page, 5, f"the entry {page}")
+        self.wait(lambda: any(node.role == "heading" and node.name.startswith(page)
+                              for node in self.reader.nodes(SETTINGS_TITLE)), 5, f"the page {page}")
 
     def test_the_history_and_the_notes(self):
         for page, text in (("history", "Text of the dictation"), ("notes", "Copy")):

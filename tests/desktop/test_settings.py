@@ -4,7 +4,6 @@
 import json
 import sys
 import tempfile
-import time
 from pathlib import Path
 
 from dictationcase import ROOT, main
@@ -68,12 +67,11 @@ class SettingsTest(SettingsCase):
         x, y, width, height = grip.extents()
         window = self.window(SETTINGS_TITLE)
         self.desktop.run("xdotool", "mousemove", str(x + width // 2), str(y + height // 2), "mousedown", "1")
-        bottom = window.y + window.height - 4
-        for to in [*range(y, bottom, 8), *([bottom, bottom - 1] * 30)]:
+        for to in range(y, window.y + window.height - 20, 40):
             self.desktop.run("xdotool", "mousemove", str(x + width // 2), str(to))
-            time.sleep(0.02)  # the page follows
+        self.wait(lambda: self.command("modes")[-1]["name"] == name, 10, "the last place")
         self.desktop.run("xdotool", "mouseup", "1")
-        self.wait(lambda: self.command("modes")[-1]["name"] == name, 5, "the last place")
+        self.wait(lambda: grip.extents()[1] < window.y + window.height, 2, "the card to be in sight")
 
     def listeners(self):
         return len(self.desktop.audio._pactl("list", "short", "source-outputs").splitlines())

@@ -90,7 +90,7 @@ QString Session::transcribe(Recording& recording)
     requireModel();
     if (!history_)
         history_.emplace();
-    const QString text = runTask(speech_.facade.transcribe(recording.id(), runTask(recording.samples()), {})).trimmed();
+    QString text = runTask(speech_.facade.transcribe(recording.id(), runTask(recording.samples()), {})).trimmed();
     if (!text.isEmpty() && recording.header().mode == ProcessingMode::Notes)
         std::ignore = runTask(history_->store.addNote(text));
     else if (!text.isEmpty() && Retention::daysFrom(defaults_.get(setting::keepHistory)) != 0)

@@ -175,14 +175,14 @@ FocusScope {
     }
     VNote {
         id: details
-        anchors { left: reader.left; right: reader.right; top: parent.top; topMargin: Theme.space24 }
+        anchors { left: reader.left; leftMargin: Theme.space4; right: reader.right; top: parent.top; topMargin: Theme.space24 }
         visible: page.hasOne && !page.busy
         text: page.model.setAsideReason === "" ? page.model.details
             : page.model.details + "\n" + page.model.setAsideReason
     }
     TextReader {
         id: reader
-        anchors { left: list.right; right: parent.right; top: details.bottom; bottom: recording.visible ? recording.top : actions.top; margins: Theme.space24; leftMargin: Theme.space24 + Theme.space12; topMargin: Theme.space12 }
+        anchors { left: list.right; right: parent.right; top: details.bottom; bottom: recording.visible ? recording.top : actions.top; margins: Theme.space24; leftMargin: Theme.space24 + Theme.space8; topMargin: Theme.space12 }
         visible: page.hasOne && !page.busy
         text: page.shownText
         search: page.model.search
@@ -193,14 +193,14 @@ FocusScope {
     }
     RecordingBar {
         id: recording
-        anchors { left: reader.left; right: reader.right; bottom: actions.top; bottomMargin: Theme.space12 }
+        anchors { left: reader.left; leftMargin: Theme.space4; right: reader.right; bottom: actions.top; bottomMargin: Theme.space12 }
         visible: page.hasOne && page.player.exists && !page.model.isEditing && !page.busy
         player: page.player
         onToggled: player.toggle()
     }
     Flow {
         id: actions
-        anchors { left: reader.left; right: reader.right; bottom: parent.bottom; bottomMargin: Theme.space24 }
+        anchors { left: reader.left; leftMargin: Theme.space4; right: reader.right; bottom: parent.bottom; bottomMargin: Theme.space24 }
         spacing: Theme.space8
         visible: page.model.chosenCount > 0 && !page.busy
 

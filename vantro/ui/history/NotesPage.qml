@@ -103,6 +103,30 @@ FocusScope {
                             Accessible.name: text
                         }
                     }
+                    Row {
+                        id: buttons
+                        anchors.right: parent.right
+                        spacing: Theme.space8
+                        VButton {
+                            secondary: true
+                            text: noteCopied.running ? "\u2713 " + qsTr("Copied") : qsTr("Copy")
+                            Accessible.description: note.modelData.text
+                            onClicked: {
+                                page.model.copyNote(note.index)
+                                noteCopied.restart()
+                            }
+                            Timer {
+                                id: noteCopied
+                                interval: Theme.signMs
+                            }
+                        }
+                        VButton {
+                            secondary: true
+                            text: qsTr("Delete")
+                            Accessible.description: note.modelData.text
+                            onClicked: page.model.removeNote(note.index)
+                        }
+                    }
                     Column {
                         id: recording
                         anchors { left: parent.left; right: parent.right }
@@ -131,30 +155,6 @@ FocusScope {
                                 list.forceActiveFocus() // this note is about to be shown anew
                                 page.model.transcribeAgain(index)
                             }
-                        }
-                    }
-                    Row {
-                        id: buttons
-                        anchors.right: parent.right
-                        spacing: Theme.space8
-                        VButton {
-                            secondary: true
-                            text: noteCopied.running ? "\u2713 " + qsTr("Copied") : qsTr("Copy")
-                            Accessible.description: note.modelData.text
-                            onClicked: {
-                                page.model.copyNote(note.index)
-                                noteCopied.restart()
-                            }
-                            Timer {
-                                id: noteCopied
-                                interval: Theme.signMs
-                            }
-                        }
-                        VButton {
-                            secondary: true
-                            text: qsTr("Delete")
-                            Accessible.description: note.modelData.text
-                            onClicked: page.model.removeNote(note.index)
                         }
                     }
                 }

@@ -30,10 +30,10 @@ Flickable {
     }
     function follow(place) {
         if (editing)
-            contentY = Math.max(place.y + place.height - height, Math.min(contentY, place.y))
+            contentY = Math.max(edit.y + place.y + place.height + edit.y - height, Math.min(contentY, place.y))
     }
 
-    contentHeight: edit.height
+    contentHeight: edit.height + 2 * edit.y
     clip: true
     boundsBehavior: Flickable.StopAtBounds
     onTextChanged: contentY = 0
@@ -41,7 +41,9 @@ Flickable {
 
     TextEdit {
         id: edit
-        width: reader.width - Theme.space16
+        x: Theme.space4 // room for the line that shows the focus
+        y: Theme.space4
+        width: reader.width - Theme.space16 - 2 * x
         readOnly: !reader.editing
         selectByMouse: true
         activeFocusOnTab: true
@@ -87,7 +89,7 @@ Flickable {
         visible: edit.activeFocus
         color: "transparent"
         radius: Theme.space4
-        border.width: reader.editing ? Theme.focusRing : Theme.hairline
+        border.width: Theme.focusRing
         border.color: Theme.accent
     }
 }

@@ -19,7 +19,7 @@ VCard {
     readonly property bool isDragged: grip.pressed
     signal openWanted(bool open)
     signal moved
-    signal dragged(real y) // the pointer's place among the cards
+    signal dragged
 
     function move(by) {
         if (place + by < 0 || place + by >= count)
@@ -33,6 +33,11 @@ VCard {
         else if (wasDown && !down.enabled)
             up.forceActiveFocus(Qt.TabFocusReason)
         moved()
+    }
+
+    // The height at which the mouse is.
+    function pointerIn(item) {
+        return grip.mapToItem(item, 0, grip.mouseY).y
     }
 
     opacity: isDragged ? Theme.draggedOpacity : 1
@@ -52,11 +57,7 @@ VCard {
                 id: grip
                 anchors.verticalCenter: parent.verticalCenter
                 Accessible.description: card.name
-                onDragged: {
-                    if (card.isOpen) // it may be taller than the window
-                        card.openWanted(false)
-                    card.dragged(mapToItem(card.parent, 0, pointer).y)
-                }
+                onDragged: card.dragged()
             }
             VButton {
                 id: up

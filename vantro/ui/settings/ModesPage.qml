@@ -6,6 +6,8 @@ VPage {
     id: page
 
     required property ModesModel settings
+    property Item dragged: null
+    property real pointer: 0 // the height of the mouse that drags
 
     // What is typed belongs to the mode that is open until then.
     function show(place) {
@@ -13,14 +15,28 @@ VPage {
             list.itemAt(i).details?.store()
         settings.shown = place
     }
-    // A card that is dragged changes places with a neighbour once the pointer is beyond its middle.
-    function drag(card, y) {
-        const above = list.itemAt(card.place - 1)
-        const below = list.itemAt(card.place + 1)
+    // The card that is dragged changes places with a neighbour once the pointer is beyond its middle.
+    function drag() {
+        const y = mapToItem(dragged.parent, 0, pointer).y
+        const above = list.itemAt(dragged.place - 1)
+        const below = list.itemAt(dragged.place + 1)
         if (above && y < above.y + above.height / 2)
-            card.move(-1)
+            dragged.move(-1)
         else if (below && y > below.y + below.height / 2)
-            card.move(1)
+            dragged.move(1)
+    }
+    // At the edges the page goes along.
+    Timer {
+        interval: Theme.frameMs
+        repeat: true
+        running: page.dragged !== null
+        onTriggered: {
+            const by = page.pointer < Theme.dragEdge ? -1 : page.pointer > page.height - Theme.dragEdge ? 1 : 0
+            if (by === 0)
+                return
+            page.moveTo(page.contentY + by * Theme.dragStep)
+            page.drag()
+        }
     }
 
     title: qsTr("Modes")
@@ -48,9 +64,11 @@ VPage {
             place: index
             count: list.count
             onOpenWanted: open => page.show(open ? place : -1)
-            onDragged: y => {
-                page.drag(this, y)
-                page.reveal(this)
+            onIsDraggedChanged: page.dragged = isDragged ? this : null
+            onDragged: {
+                page.dragged = this
+                page.pointer = pointerIn(page)
+                page.drag()
             }
             onMoved: {
                 list.parent.forceLayout() // or it would still be where it was

@@ -13,10 +13,11 @@ Column {
     signal picked(string page, string title)
     // Out of the window. What had no owner would lose its names whenever QML collects garbage, and be there for a while
     // without them.
-    readonly property Item aside: Item { visible: false }
+    readonly property Item aside: Item {}
 
     function placesOf(page) {
         const item = page.component.createObject(aside, { visible: false })
+        item.visible = true // or each of its places would count as hidden
         const list = [{ page: page.key, title: "", shown: page.name, where: "", words: page.name.toLowerCase() }]
         walk(item, place => {
             const title = place.title || place.heading || ""
@@ -28,12 +29,22 @@ Column {
         return list
     }
     function walk(item, visit) {
+        if (!item.visible)
+            return
         visit(item)
         for (let i = 0; i < item.children.length; ++i) // a list of QML has no iterator
             walk(item.children[i], visit)
     }
-    function matches(place) {
-        return search.trim().toLowerCase().split(/\s+/).every(word => place.words.includes(word))
+    // Pages first, then what says the words itself, then what only speaks of them.
+    function sought() {
+        const words = search.trim().toLowerCase().split(/\s+/)
+        const isIn = text => words.every(word => text.includes(word))
+        const ranks = [[], [], []]
+        for (const place of places) {
+            if (isIn(place.words))
+                ranks[!isIn(place.shown.toLowerCase()) ? 2 : place.title !== "" ? 1 : 0].push(place)
+        }
+        return [].concat(...ranks)
     }
     function step(by) {
         current = Math.max(0, Math.min(current + by, Math.min(found.length, Theme.mostResults) - 1))
@@ -49,7 +60,7 @@ Column {
         current = 0
         const words = search.trim()
         places = words === "" ? null : places ?? pages.reduce((all, page) => all.concat(placesOf(page)), [])
-        found = places ? places.filter(matches) : []
+        found = places ? sought() : []
     }
     Accessible.role: Accessible.List
     Accessible.name: found.length === 0 ? qsTr("Nothing found") : found[current].shown

@@ -26,11 +26,16 @@ Rectangle {
 
     color: Theme.surface
 
-    // The place on a page that a search has led to.
+    // The place on a page that a search has led to; without a title, the page itself.
     function go(place, title) {
         searchField.clear()
         page = place
-        pageLoader.item.mark(title)
+        if (title !== "") {
+            pageLoader.item.mark(title)
+            return
+        }
+        pageLoader.item.moveTo(0)
+        list.forceActiveFocus(Qt.TabFocusReason)
     }
 
     Keys.onEscapePressed: searchField.text !== "" ? searchField.clear() : closeRequested()

@@ -57,6 +57,8 @@ QtObject {
     readonly property int scrollBarWidth: 8
     readonly property int practiceHeight: Math.round(120 * scale)
     readonly property int logoSize: 64
+    readonly property int dragEdge: 40
+    readonly property int dragStep: 8
     readonly property int chartHeight: Math.round(96 * scale)
     readonly property int launcherWidth: Math.round(500 * scale)
     readonly property int launcherHeight: Math.round(200 * scale)
@@ -75,6 +77,7 @@ QtObject {
     readonly property int stateMs: reducedMotion ? 0 : 120
     readonly property int signMs: 1500
     readonly property int markMs: 2500
+    readonly property int frameMs: 16
     readonly property int repeatGapMs: 40
     readonly property int keyTrialMs: 400
     readonly property int typingPauseMs: 400

@@ -4,7 +4,6 @@ import QtQuick
 MouseArea {
     id: grip
 
-    property real pointer: 0 // its height in the grip, beyond which it may be
     signal dragged
 
     implicitWidth: label.implicitWidth + 2 * Theme.space8
@@ -12,12 +11,7 @@ MouseArea {
     preventStealing: true // the page would scroll
     hoverEnabled: true
     cursorShape: pressed ? Qt.ClosedHandCursor : Qt.OpenHandCursor
-    onPositionChanged: mouse => {
-        if (!pressed)
-            return
-        pointer = mouse.y
-        dragged()
-    }
+    onMouseYChanged: if (pressed) dragged()
 
     Accessible.role: Accessible.Grip
     Accessible.name: qsTr("Drag to move")
@@ -27,7 +21,7 @@ MouseArea {
         anchors.centerIn: parent
         text: "\u2261"
         color: grip.pressed || grip.containsMouse ? Theme.text : Theme.textSecondary
-        font.pixelSize: Theme.sizeTitle
+        font.pixelSize: Theme.sizeBody
         Accessible.ignored: true
     }
 }

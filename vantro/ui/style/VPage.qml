@@ -25,7 +25,7 @@ Flickable {
     }
     // Shows the row or card of that title, and leads the keyboard to it.
     function mark(title) {
-        const item = title === "" ? null : find(column, title)
+        const item = find(column, title)
         if (!item)
             return
         // The next key may be waiting already; where things are is known once the page has been laid out.
@@ -37,6 +37,8 @@ Flickable {
         })
     }
     function find(item, title) {
+        if (!item.visible)
+            return null
         if (item.title === title || item.heading === title)
             return item
         for (let i = 0; i < item.children.length; ++i) { // a list of QML has no iterator
