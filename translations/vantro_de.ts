@@ -1099,10 +1099,6 @@
         <source>Cannot write to standard output</source>
         <translation>Auf die Standardausgabe lässt sich nicht schreiben</translation>
     </message>
-    <message>
-        <source>%1 cannot be written: %2</source>
-        <translation>%1 lässt sich nicht schreiben: %2</translation>
-    </message>
 </context>
 <context>
     <name>ListTransfer</name>
@@ -2018,6 +2014,13 @@
     <message>
         <source>Do what stands below, once. Then press it to start, and Space when you are done.</source>
         <translation>Tu einmal, was unten steht. Dann beginnst du damit, und mit der Leertaste endest du.</translation>
+    </message>
+</context>
+<context>
+    <name>OutputFile</name>
+    <message>
+        <source>%1 cannot be written: %2</source>
+        <translation>%1 lässt sich nicht schreiben: %2</translation>
     </message>
 </context>
 <context>

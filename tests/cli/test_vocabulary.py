@@ -106,6 +106,41 @@ class VocabularyCase(unittest.TestCase):
         self.assertIn("--format csv", refused.stderr)
         self.assertEqual(self.as_json("vocabulary"), ["Redis", "Quillon"])
 
+    def test_a_list_that_leaves_and_comes_back_is_the_same(self):
+        self.run_vantro("vocabulary", "add", "Gregsson", "--sounds-like", "greg sun, said fast", "--weight", "2.5")
+        self.run_vantro("vocabulary", "add", "Redis", "#1")
+        whole = [{"word": "Gregsson", "weight": 2.5, "soundsLike": ["greg sun, said fast"]}, "Redis", "#1"]
+        self.assertEqual(self.as_json("vocabulary"), whole)
+        for name in ("words.json", "words.csv"):
+            words = str(self.profile / name)
+            self.run_vantro("vocabulary", "export", words)
+            shutil.rmtree(self.profile / "config")
+            self.run_vantro("vocabulary", "import", words)
+            self.assertEqual(self.as_json("vocabulary"), whole, name)
+        for line in ("Redis,much", "Redis,5", ",2"):
+            (self.profile / "words.csv").write_text(f"Quillon\n{line}\n")
+            refused = self.run_vantro("vocabulary", "import", str(self.profile / "words.csv"), code=1)
+            self.assertIn("entry 2 is not of the form word,weight,sounds like. The list is unchanged", refused.stderr)
+        self.run_vantro("vocabulary", "remove", "#1")
+        self.assertEqual(self.as_json("vocabulary"), whole[:2], "the word of that name goes first")
+
+    def test_the_model_that_looks_for_words_is_one_of_the_models(self):
+        refused = self.run_vantro("models", "download", "vocabulary-boosting", code=NO_SERVICE)
+        self.assertIn("convert-ctc", refused.stderr)
+        models = self.profile / "data/vantro/models"
+        models.mkdir(parents=True, exist_ok=True)
+        model = models / "parakeet-tdt_ctc-110m-q8_0.gguf"
+        shutil.copy(DATA / "parakeet-micro-ctc.gguf", model)
+        listed = next(entry for entry in self.as_json("models") if entry["kind"] == "vocabulary model")
+        self.assertEqual((listed["file"], listed["state"]), (str(model), "ready"))
+        self.run_vantro("models", "select", listed["name"], code=1)
+        self.run_vantro("models", "verify", listed["name"])
+        self.run_vantro("models", "select", "parakeet-v2")
+        self.assertEqual(self.as_json("models", "clear")["freed_bytes"], 0, "the words need it")
+        self.run_vantro("models", "select", "tiny.en")
+        self.assertEqual(self.as_json("models", "clear")["freed_bytes"], (DATA / "parakeet-micro-ctc.gguf").stat().st_size)
+        self.assertFalse(model.exists())
+
     def test_words_that_nobody_can_spell_leave_the_plain_text(self):
         odd = ["🎉", "李", "x", "Q" * 200, "", "Redis Redis", "Rediss"]
         terms = [option for term in odd for option in ("--term", term)]
@@ -135,7 +170,7 @@ class VocabularyCase(unittest.TestCase):
         self.assertIn("tensor a", self.run_vantro("transcribe", *MODELS, tensora).stdout)
         self.run_vantro("vocabulary", "add", "Tensora", "--weight", "2")
         self.assertIn("Tensora", self.run_vantro("transcribe", *MODELS, tensora).stdout)
-        self.assertEqual(self.as_json("vocabulary"), ["Tensora"], "once in the list")
+        self.assertEqual(self.as_json("vocabulary"), [{"word": "Tensora", "weight": 2, "soundsLike": []}], "once in the list")
         self.run_vantro("vocabulary", "add", "Tensora", "--weight", "much", code=2)
         self.run_vantro("vocabulary", "add", "Tensora", "--weight", "nan", code=2)
         self.run_vantro("vocabulary", "add", "Rhedyss", "--sounds-like", "Redis", "--sounds-like", "red us")

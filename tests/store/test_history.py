@@ -183,7 +183,16 @@ class ExportTest(HistoryCase):
     def test_a_file_that_cannot_be_written_is_named(self):
         self.install()
         result = self.history("export", str(self.profile / "missing/out.json"), expect=FAILED)
-        self.assertIn(b"missing/out.json could not be written", result.stderr)
+        self.assertIn(b"missing/out.json cannot be written", result.stderr)
+
+    def test_a_pipe_takes_an_export_and_stays_a_pipe(self):
+        self.install()
+        pipe = self.profile / "pipe"
+        os.mkfifo(pipe)
+        with subprocess.Popen(["cat", pipe], stdout=subprocess.PIPE) as reader:
+            self.history("export", str(pipe))
+            self.assertEqual(len(json.loads(reader.communicate(timeout=10)[0])), 4)
+        self.assertTrue(pipe.is_fifo(), "a file took its place")
 
 
 class NotesTest(HistoryCase):

@@ -39,12 +39,15 @@ ModelCheck Speech::check(const TranscriptionModel& model, Trust trust) const
 
 qint64 Speech::removeAllExcept(const TranscriptionModel& keep) const
 {
-    std::vector<TranscriptionModel> unused;
-    std::ranges::remove_copy(catalogue.models(), std::back_inserter(unused), keep.name, &TranscriptionModel::name);
     const auto* rewriter = languageModels.chosen();
-    std::ranges::copy_if(languageModels.models(), std::back_inserter(unused), [&](const TranscriptionModel& model) {
-        return !languageModels.isOwn(model) && (rewriter == nullptr || model.name != rewriter->name);
-    });
+    const QString& boosting = catalogue.boostingModel().name;
+    const auto isKept = [&](const TranscriptionModel& model) {
+        if (model.isLanguageModel())
+            return languageModels.isOwn(model) || (rewriter != nullptr && model.name == rewriter->name);
+        return model.name == keep.name || (model.name == boosting && engines.of(keep).boostsWords());
+    };
+    std::vector<TranscriptionModel> unused = allModels();
+    std::erase_if(unused, isKept);
     qint64 freed = 0;
     for (const TranscriptionModel& model : unused) {
         try {
@@ -56,14 +59,18 @@ qint64 Speech::removeAllExcept(const TranscriptionModel& keep) const
     return freed;
 }
 
+std::vector<TranscriptionModel> Speech::allModels() const
+{
+    std::vector<TranscriptionModel> all = catalogue.models();
+    all.push_back(catalogue.boostingModel());
+    std::ranges::copy(languageModels.models(), std::back_inserter(all));
+    return all;
+}
+
 qint64 Speech::bytesUsed() const
 {
     qint64 bytes = 0;
-    for (const TranscriptionModel& model : catalogue.models()) {
-        const ModelStatus known = status(model);
-        bytes += known.isSystemCopy ? 0 : known.bytes;
-    }
-    for (const TranscriptionModel& model : languageModels.models()) {
+    for (const TranscriptionModel& model : allModels()) {
         const ModelStatus known = status(model);
         bytes += known.isSystemCopy ? 0 : known.bytes;
     }

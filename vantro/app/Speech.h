@@ -36,11 +36,13 @@ public:
     /// Blocks; takes seconds for a file that has not been checked yet.
     [[nodiscard]] ModelCheck check(const TranscriptionModel& model, Trust trust = Trust::markers) const;
     qint64 remove(const TranscriptionModel& model) const { return keeperOf(model).remove(model); }
-    /// Removes the downloaded files of all other models, except those being downloaded and the language model that is
-    /// used. Returns the bytes freed.
+    /// Removes the downloaded files of all other models, except those being downloaded, the language model that is used
+    /// and, for @p keep, the one that looks for the user's words. Returns the bytes freed.
     [[nodiscard]] qint64 removeAllExcept(const TranscriptionModel& keep) const;
     /// Why the latest transcription could not look for the user's words; empty if it could or need not.
     [[nodiscard]] QString boostingProblem() const { return fluid_.boostingProblem(); }
+    /// The speech models, the one that looks for the user's words, and the language models.
+    [[nodiscard]] std::vector<TranscriptionModel> allModels() const;
     /// Disk space used by the user's own copies, including partial downloads.
     [[nodiscard]] qint64 bytesUsed() const;
     /// Returns a model for a file given by the user. Throws Error when no engine runs it.

@@ -1,10 +1,10 @@
+#include "base/OutputFile.h"
 #include "vantro/ai/PromptSettings.h"
 #include "vantro/cli/Commands.h"
 #include "vantro/cli/HistorySession.h"
 #include "vantro/cli/Terminal.h"
 
 #include <QFile>
-#include <QSaveFile>
 
 namespace vantro {
 
@@ -137,11 +137,11 @@ int show(const CommandCall& call)
 void copyRecording(const QString& from, const QString& to)
 {
     QFile source(from);
-    QSaveFile target(to);
-    const bool isRead = source.open(QIODevice::ReadOnly) && target.open(QIODevice::WriteOnly) &&
-                        target.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner);
-    if (!isRead || target.write(source.readAll()) != source.size() || !target.commit())
-        throw Error(QStringLiteral("%1 could not be written: %2").arg(to, target.errorString()));
+    const bool isOpen = source.open(QIODevice::ReadOnly);
+    const QByteArray content = isOpen ? source.readAll() : QByteArray();
+    if (!isOpen || source.error() != QFileDevice::NoError)
+        throw Error(QStringLiteral("%1 cannot be read: %2").arg(from, source.errorString()));
+    writeFile(to, content, Readers::ownerOnly);
 }
 
 int audio(const CommandCall& call)

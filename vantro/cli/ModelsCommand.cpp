@@ -10,7 +10,8 @@ namespace vantro {
 namespace {
 
 constexpr char description[] =
-    R"(The models that vantro can use: speech models turn speech into text, language models rewrite texts on this machine.
+    R"(The models that vantro can use: speech models turn speech into text, one beside them looks for your words,
+language models rewrite texts on this machine.
 
   list           List all models, with those downloaded and selected. The default.
   download NAME  Download a model or resume a download. Ctrl-C keeps the part already downloaded.
@@ -39,6 +40,11 @@ const TranscriptionModel& modelFrom(const CommandCall& call, const ModelsSession
 int select(ModelsSession& session, const CommandCall& call)
 {
     const TranscriptionModel& model = modelFrom(call, session);
+    if (session.isForWords(model))
+        throw CommandError(ExitCode::failed,
+                           QStringLiteral("%1 looks for your words beside the Parakeet models: it works once it is "
+                                          "downloaded, without being selected")
+                               .arg(model.name));
     if (model.isLanguageModel())
         session.speech.languageModels.choose(model);
     else
@@ -84,8 +90,7 @@ int verify(ModelsSession& session, const CommandCall& call)
     };
     std::vector<TranscriptionModel> models;
     if (call.words.isEmpty())
-        for (const auto* list : {&session.speech.catalogue.models(), &session.speech.languageModels.models()})
-            std::ranges::copy_if(*list, std::back_inserter(models), hasFile);
+        std::ranges::copy_if(session.speech.allModels(), std::back_inserter(models), hasFile);
     else
         models.push_back(modelFrom(call, session));
     if (!call.words.isEmpty() && !hasFile(models.front()))
@@ -162,15 +167,30 @@ int list(ModelsSession& session, const CommandCall& call)
 
 int download(ModelsSession& session, const CommandCall& call)
 {
-    return downloadModel(session, modelFrom(call, session), call.json());
+    const TranscriptionModel& model = modelFrom(call, session);
+    if (session.isForWords(model) && !ModelHost::usable(model.address()))
+        throw CommandError(ExitCode::noService,
+                           QStringLiteral("no model host has this model yet: make it with convert-ctc from NVIDIA's "
+                                          "published model, and put it there: %1/%2")
+                               .arg(modelFolders().constFirst(), model.fileName()));
+    return downloadModel(session, model, call.json());
 }
 
 } // namespace
 
 const TranscriptionModel* ModelsSession::find(const QString& text) const
 {
-    const auto* model = speech.catalogue.match(text);
-    return model != nullptr ? model : vantro::match(speech.languageModels.models(), text);
+    if (const auto* model = speech.catalogue.match(text))
+        return model;
+    const TranscriptionModel& forWords = speech.catalogue.boostingModel();
+    if (text == forWords.name || text == forWords.fileName() || text == shortName(forWords))
+        return &forWords;
+    return vantro::match(speech.languageModels.models(), text);
+}
+
+bool ModelsSession::isForWords(const TranscriptionModel& model) const
+{
+    return model.name == speech.catalogue.boostingModel().name;
 }
 
 bool ModelsSession::isSelected(const TranscriptionModel& model) const

@@ -73,17 +73,10 @@ std::vector<QStringList> languageModelRows(const ModelsSession& session)
     return rows;
 }
 
-/// Speech models first.
-std::vector<TranscriptionModel> allModels(const ModelsSession& session)
+QString kindName(const ModelsSession& session, const TranscriptionModel& model)
 {
-    std::vector<TranscriptionModel> models = session.speech.catalogue.models();
-    const auto& rewriting = session.speech.languageModels.models();
-    models.insert(models.end(), rewriting.begin(), rewriting.end());
-    return models;
-}
-
-QString kindName(const TranscriptionModel& model)
-{
+    if (session.isForWords(model))
+        return QStringLiteral("vocabulary model");
     return model.isLanguageModel() ? QStringLiteral("language model") : QStringLiteral("speech model");
 }
 
@@ -96,6 +89,12 @@ void printTable(const ModelsSession& session)
         rows.push_back({model.name, model.size, languages(model), bar(model.speed), bar(model.accuracy),
                         QStringLiteral("%1 GB").arg(model.ramUsage, 0, 'f', 1), stateText(session, model)});
     terminal::writeTable(rows);
+    const TranscriptionModel& forWords = session.speech.catalogue.boostingModel();
+    terminal::writeLine(QStringLiteral("\nFor your words, beside a Parakeet model:\n"));
+    terminal::writeTable({{QStringLiteral("NAME"), QStringLiteral("SIZE"), QStringLiteral("LANGUAGES"),
+                           QStringLiteral("MEMORY"), QStringLiteral("STATE")},
+                          {forWords.name, forWords.size, languages(forWords),
+                           QStringLiteral("%1 GB").arg(forWords.ramUsage), stateText(session, forWords)}});
     terminal::writeLine(QStringLiteral("\nLanguage models, which rewrite on this machine:\n"));
     terminal::writeTable(languageModelRows(session));
     terminal::writeLine(
@@ -104,7 +103,7 @@ void printTable(const ModelsSession& session)
 
 void printPlain(const ModelsSession& session)
 {
-    for (const TranscriptionModel& model : allModels(session)) {
+    for (const TranscriptionModel& model : session.speech.allModels()) {
         const ModelStatus status = session.speech.status(model);
         const QStringList fields{model.name,
                                  model.size,
@@ -115,7 +114,7 @@ void printPlain(const ModelsSession& session)
                                  stateName(status),
                                  session.isSelected(model) ? QStringLiteral("selected") : QStringLiteral("-"),
                                  status.file,
-                                 kindName(model)};
+                                 kindName(session, model)};
         terminal::writeLine(fields.join(QLatin1Char('\t')));
     }
 }
@@ -125,7 +124,7 @@ QJsonObject toJson(const ModelsSession& session, const TranscriptionModel& model
     const ModelStatus status = session.speech.status(model);
     QJsonObject object{
         {QStringLiteral("name"), model.name},
-        {QStringLiteral("kind"), kindName(model)},
+        {QStringLiteral("kind"), kindName(session, model)},
         {QStringLiteral("size"), model.size},
         {QStringLiteral("description"), model.description},
         {QStringLiteral("languages"), languages(model)},
@@ -154,7 +153,7 @@ int listModels(const ModelsSession& session, bool json)
 {
     if (json) {
         QJsonArray array;
-        for (const TranscriptionModel& model : allModels(session))
+        for (const TranscriptionModel& model : session.speech.allModels())
             array.append(toJson(session, model));
         terminal::writeJson(array);
     } else if (terminal::outputIsTerminal()) {

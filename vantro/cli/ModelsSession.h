@@ -11,6 +11,8 @@ struct ModelsSession
 
     /// Finds a model as the user calls it; otherwise null.
     [[nodiscard]] const TranscriptionModel* find(const QString& text) const;
+    /// Whether it looks for the user's words, and is not selected for itself.
+    [[nodiscard]] bool isForWords(const TranscriptionModel& model) const;
     [[nodiscard]] bool isSelected(const TranscriptionModel& model) const;
 
     UserDefaults defaults{UserDefaults::standardPath()};

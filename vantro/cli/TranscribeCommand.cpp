@@ -1,3 +1,4 @@
+#include "base/OutputFile.h"
 #include "vantro/cli/Captions.h"
 #include "vantro/cli/Commands.h"
 #include "vantro/cli/Terminal.h"
@@ -9,7 +10,6 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QSaveFile>
 #include <QSet>
 
 namespace vantro {
@@ -157,9 +157,7 @@ void Job::write(const QString& file, const QString& text) const
         terminal::writeLine(text.chopped(text.endsWith(QLatin1Char('\n')) ? 1 : 0));
         return;
     }
-    QSaveFile target(folder + QLatin1Char('/') + nameOf(file) + QLatin1Char('.') + format);
-    if (!target.open(QIODevice::WriteOnly) || target.write(text.toUtf8()) < 0 || !target.commit())
-        throw Error(QStringLiteral("%1 could not be written: %2").arg(target.fileName(), target.errorString()));
+    writeFile(folder + QLatin1Char('/') + nameOf(file) + QLatin1Char('.') + format, text.toUtf8());
 }
 
 void Job::transcribe(const QString& file, const QString& label)

@@ -146,7 +146,7 @@ public:
     }
     [[nodiscard]] QByteArray content(ListFormat format) const override
     {
-        return write(settings_.customVocabulary(), format);
+        return write(settings_.vocabularyWords(), format);
     }
     [[nodiscard]] QString emptyText() const override { return QStringLiteral("No custom vocabulary words added yet."); }
 
@@ -232,6 +232,7 @@ int remove(EditedList& list, const CommandCall& call)
     list.change([&] {
         const auto rows = list.rows();
         // From the end, so that earlier indexes stay valid.
+        isNumber = isNumber && std::ranges::none_of(rows, [&](const QStringList& row) { return row[0] == text; });
         for (qsizetype i = static_cast<qsizetype>(rows.size()); i > 0; --i) {
             if (isNumber ? i == number : rows[static_cast<std::size_t>(i - 1)][0].trimmed() == text.trimmed()) {
                 list.removeAt(static_cast<std::size_t>(i - 1));

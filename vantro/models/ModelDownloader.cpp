@@ -68,9 +68,11 @@ QCoro::Task<bool> ModelDownloader::download(TranscriptionModel model)
         setProgress(1.0F, {});
         setStatusText(std::nullopt);
     } else {
-        printLine(QStringLiteral("Model download failed: ") + failure);
+        const bool isCancelled = task->stop.stop_requested();
+        printLine((isCancelled ? QStringLiteral("Model download ended: ") : QStringLiteral("Model download failed: ")) +
+                  failure);
         setProgress(progress_, {});
-        setStatusText(task->stop.stop_requested() ? failure : tr("Download failed: ") + failure);
+        setStatusText(isCancelled ? failure : tr("Download failed: ") + failure);
     }
     downloadTask_.reset();
     Q_EMIT isRunningChanged();

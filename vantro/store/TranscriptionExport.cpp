@@ -1,11 +1,11 @@
 #include "vantro/store/TranscriptionExport.h"
 
+#include "base/OutputFile.h"
 #include "vantro/text/Csv.h"
 
 #include <QIODevice>
 #include <QJsonDocument>
 #include <QJsonValue>
-#include <QSaveFile>
 
 namespace vantro {
 
@@ -94,14 +94,10 @@ void exportTranscriptions(const Transcriptions& all, ExportFormat format, QIODev
 
 void exportTranscriptions(const Transcriptions& all, ExportFormat format, const QString& path)
 {
-    QSaveFile file(path);
-    if (file.open(QIODevice::WriteOnly)) {
-        file.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner);
+    const auto fill = [&](QIODevice& file) {
         exportTranscriptions(all, format, file);
-        if (file.commit())
-            return;
-    }
-    throw Error(QStringLiteral("%1 could not be written: %2").arg(path, file.errorString()));
+    };
+    writeFile(path, fill, Readers::ownerOnly);
 }
 
 QJsonObject toJson(const Transcription& row)

@@ -1,11 +1,10 @@
 #include "vantro/text/ListFile.h"
 
 #include "base/Error.h"
+#include "base/OutputFile.h"
 
 #include <QCoreApplication>
 #include <QFile>
-#include <QFileInfo>
-#include <QSaveFile>
 
 #include <cstdio>
 
@@ -40,17 +39,7 @@ void writeListFile(const QString& path, const QByteArray& content)
             throw Error(QCoreApplication::translate("ListFile", "Cannot write to standard output"));
         return;
     }
-    // A pipe or a device takes the text; it is not to be replaced by a file.
-    if (const QFileInfo present(path); present.exists() && !present.isFile() && !present.isDir()) {
-        QFile special(path);
-        if (!special.open(QIODevice::WriteOnly) || special.write(content) != content.size() || !special.flush())
-            throw Error(
-                QCoreApplication::translate("ListFile", "%1 cannot be written: %2").arg(path, special.errorString()));
-        return;
-    }
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size() || !file.commit())
-        throw Error(QCoreApplication::translate("ListFile", "%1 cannot be written: %2").arg(path, file.errorString()));
+    writeFile(path, content);
 }
 
 } // namespace vantro

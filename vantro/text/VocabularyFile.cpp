@@ -10,6 +10,8 @@
 #include <QJsonObject>
 #include <QStringDecoder>
 
+#include <algorithm>
+
 namespace vantro {
 
 namespace {
@@ -49,19 +51,12 @@ TextReplacement replacementOf(const QJsonValue& value, qsizetype number)
     return {id.isNull() ? QUuid::createUuid() : id, find.toString(), replace.toString()};
 }
 
-/// The rows without the optional header.
-std::vector<QStringList> rowsOf(const QByteArray& content, const QStringList& heading)
+void require(bool isOfForm, std::size_t index, const QStringList& heading)
 {
-    std::vector<QStringList> rows = csv::parse(decoded(content));
-    if (!rows.empty() && rows.front() == heading)
-        rows.erase(rows.begin());
-    for (std::size_t i = 0; i < rows.size(); ++i) {
-        if (rows[i].size() != heading.size() || rows[i].constFirst().trimmed().isEmpty())
-            throw Error(QCoreApplication::translate("VocabularyFile", "entry %1 is not of the form %2")
-                            .arg(i + 1)
-                            .arg(heading.join(QLatin1Char(','))));
-    }
-    return rows;
+    if (!isOfForm)
+        throw Error(QCoreApplication::translate("VocabularyFile", "entry %1 is not of the form %2")
+                        .arg(index + 1)
+                        .arg(heading.join(QLatin1Char(','))));
 }
 
 const QStringList& replacementHeading()
@@ -70,10 +65,64 @@ const QStringList& replacementHeading()
     return heading;
 }
 
+/// A plain list has the first column alone.
 const QStringList& wordHeading()
 {
-    static const QStringList heading{QStringLiteral("word")};
+    static const QStringList heading{QStringLiteral("word"), QStringLiteral("weight"), QStringLiteral("sounds like")};
     return heading;
+}
+
+bool isWeight(double number)
+{
+    return number >= VocabularyDetails::leastWeight && number <= VocabularyDetails::greatestWeight;
+}
+
+void addSpelling(VocabularyDetails& details, const QString& text)
+{
+    if (!text.trimmed().isEmpty() && !details.soundsLike.contains(text.trimmed()))
+        details.soundsLike << text.trimmed();
+}
+
+VocabularyWord wordOf(const QStringList& row, std::size_t index)
+{
+    require(!row[0].trimmed().isEmpty(), index, wordHeading());
+    VocabularyWord word{row[0]};
+    if (row.size() > 1) {
+        bool isNumber = false;
+        word.details.weight = row[1].toDouble(&isNumber);
+        require(isNumber && isWeight(word.details.weight), index, wordHeading());
+    }
+    for (qsizetype i = 2; i < row.size(); ++i)
+        addSpelling(word.details, row[i]);
+    return word;
+}
+
+VocabularyWord wordOf(const QJsonValue& value, std::size_t index)
+{
+    const QJsonObject object = value.toObject();
+    VocabularyWord word{value.isString() ? value.toString() : object.value(QLatin1String("word")).toString()};
+    const QJsonValue weight = object.value(QLatin1String("weight"));
+    const QJsonValue soundsLike = object.value(QLatin1String("soundsLike"));
+    bool isWord = !word.text.trimmed().isEmpty() && (weight.isUndefined() || weight.isDouble()) &&
+                  (soundsLike.isUndefined() || soundsLike.isArray());
+    word.details.weight = weight.toDouble(word.details.weight);
+    for (const auto& spelling : soundsLike.toArray()) {
+        isWord = isWord && spelling.isString();
+        addSpelling(word.details, spelling.toString());
+    }
+    if (!isWord || !isWeight(word.details.weight))
+        throw Error(QCoreApplication::translate("VocabularyFile", "entry %1 is not a word").arg(index + 1));
+    return word;
+}
+
+/// A word without details is a plain text.
+QJsonValue toValue(const VocabularyWord& word)
+{
+    if (word.details == VocabularyDetails())
+        return word.text;
+    return QJsonObject{{QStringLiteral("word"), word.text},
+                       {QStringLiteral("weight"), word.details.weight},
+                       {QStringLiteral("soundsLike"), QJsonArray::fromStringList(word.details.soundsLike)}};
 }
 
 } // namespace
@@ -89,8 +138,13 @@ std::vector<TextReplacement> readReplacements(const QByteArray& content, ListFor
 {
     std::vector<TextReplacement> replacements;
     if (format == ListFormat::csv) {
-        for (const QStringList& row : rowsOf(content, replacementHeading()))
+        std::vector<QStringList> rows = csv::parse(decoded(content));
+        if (!rows.empty() && rows.front() == replacementHeading())
+            rows.erase(rows.begin());
+        for (const QStringList& row : rows) {
+            require(row.size() == 2 && !row[0].trimmed().isEmpty(), replacements.size(), replacementHeading());
             replacements.push_back({QUuid::createUuid(), row[0], row[1]});
+        }
         return replacements;
     }
     for (const auto& value : arrayOf(content))
@@ -98,19 +152,19 @@ std::vector<TextReplacement> readReplacements(const QByteArray& content, ListFor
     return replacements;
 }
 
-QStringList readVocabulary(const QByteArray& content, ListFormat format)
+std::vector<VocabularyWord> readVocabulary(const QByteArray& content, ListFormat format)
 {
-    QStringList words;
+    std::vector<VocabularyWord> words;
     if (format == ListFormat::csv) {
-        for (const QStringList& row : rowsOf(content, wordHeading()))
-            words << row[0];
+        std::vector<QStringList> rows = csv::parse(decoded(content));
+        if (!rows.empty() && (rows.front() == wordHeading() || rows.front() == wordHeading().mid(0, 1)))
+            rows.erase(rows.begin());
+        for (const QStringList& row : rows)
+            words.push_back(wordOf(row, words.size()));
         return words;
     }
-    for (const auto& value : arrayOf(content)) {
-        if (!value.isString() || value.toString().trimmed().isEmpty())
-            throw Error(QCoreApplication::translate("VocabularyFile", "entry %1 is not a word").arg(words.size() + 1));
-        words << value.toString();
-    }
+    for (const auto& value : arrayOf(content))
+        words.push_back(wordOf(value, words.size()));
     return words;
 }
 
@@ -124,13 +178,23 @@ QByteArray write(const std::vector<TextReplacement>& replacements, ListFormat fo
     return text.toUtf8();
 }
 
-QByteArray write(const QStringList& words, ListFormat format)
+QByteArray write(const std::vector<VocabularyWord>& words, ListFormat format)
 {
-    if (format == ListFormat::json)
-        return toJson(words) + '\n';
-    QString text = csv::line(wordHeading()) + QLatin1Char('\n');
-    for (const QString& word : words)
-        text += csv::line({word}) + QLatin1Char('\n');
+    if (format == ListFormat::json) {
+        QJsonArray array;
+        for (const VocabularyWord& word : words)
+            array.append(toValue(word));
+        return QJsonDocument(array).toJson(QJsonDocument::Compact) + '\n';
+    }
+    const bool isPlain =
+        std::ranges::all_of(words, [](const VocabularyWord& word) { return word.details == VocabularyDetails(); });
+    QString text = csv::line(isPlain ? wordHeading().mid(0, 1) : wordHeading()) + QLatin1Char('\n');
+    for (const VocabularyWord& word : words) {
+        QStringList fields{word.text};
+        if (word.details != VocabularyDetails())
+            fields << QString::number(word.details.weight) << word.details.soundsLike;
+        text += csv::line(fields) + QLatin1Char('\n');
+    }
     return text.toUtf8();
 }
 

@@ -165,21 +165,42 @@ void VocabularySettings::updateReplacement(const TextReplacement& replacement, s
     changeReplacement(index, [&replacement](auto entry) { *entry = replacement; });
 }
 
-qsizetype VocabularySettings::addVocabularyWords(const QStringList& words)
+std::vector<VocabularyWord> VocabularySettings::vocabularyWords() const
+{
+    std::vector<VocabularyWord> words;
+    for (const QString& word : customVocabulary_)
+        words.push_back({word, details(word)});
+    return words;
+}
+
+qsizetype VocabularySettings::addVocabularyWords(const std::vector<VocabularyWord>& words)
 {
     qsizetype added = 0;
     defaults_.change([&] {
         QStringList all = customVocabulary_;
-        for (const QString& word : words) {
-            if (!all.contains(word.trimmed()))
-                all << word.trimmed();
+        for (const VocabularyWord& word : words) {
+            if (!all.contains(word.text.trimmed()))
+                all << word.text.trimmed();
         }
         added = all.size() - customVocabulary_.size();
         requireRoom(customVocabulary_.size(), added, maxVocabularyWords);
+        for (const VocabularyWord& word : words) {
+            const QString text = word.text.trimmed();
+            if (word.details != VocabularyDetails() && details(text) == VocabularyDetails())
+                setDetails(text, word.details);
+        }
         if (added > 0)
             setVocabulary(all);
     });
     return added;
+}
+
+qsizetype VocabularySettings::addVocabularyWords(const QStringList& words)
+{
+    std::vector<VocabularyWord> plain;
+    for (const QString& word : words)
+        plain.push_back({word});
+    return addVocabularyWords(plain);
 }
 
 std::size_t VocabularySettings::addReplacements(std::vector<TextReplacement> replacements)

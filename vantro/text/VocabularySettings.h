@@ -33,6 +33,15 @@ struct VocabularyDetails
     bool operator==(const VocabularyDetails&) const = default;
 };
 
+/// One of the user's words with what is known about it.
+struct VocabularyWord
+{
+    QString text;
+    VocabularyDetails details = {};
+
+    bool operator==(const VocabularyWord&) const = default;
+};
+
 /// The user's words and replacements. Changes are written through, and changes by other processes are adopted. An
 /// unreadable stored list counts as empty and is backed up under "KEY.unreadable" before it is overwritten. Main
 /// thread.
@@ -64,7 +73,11 @@ public:
     [[nodiscard]] VocabularyDetails details(const QString& word) const { return details_.value(word); }
     /// Keeps them when the word is removed, for the case that it comes back.
     void setDetails(const QString& word, const VocabularyDetails& details);
-    /// Adds those that are not there yet, all or none, and returns how many. Throws Error when they do not fit.
+    /// Every word with its details, in the user's order.
+    [[nodiscard]] std::vector<VocabularyWord> vocabularyWords() const;
+    /// Adds those that are not there yet, all or none, and returns how many. Throws Error when they do not fit. A word
+    /// that has details already keeps them.
+    qsizetype addVocabularyWords(const std::vector<VocabularyWord>& words);
     qsizetype addVocabularyWords(const QStringList& words);
     /// The same; one with an ID that is taken gets another.
     std::size_t addReplacements(std::vector<TextReplacement> replacements);

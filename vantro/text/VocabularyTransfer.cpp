@@ -33,9 +33,9 @@ ImportedEntries toldOf(const QString& path, const Import& import)
 ImportedEntries importWords(const QString& path, ListFormat format, VocabularySettings& settings)
 {
     return toldOf(path, [&] {
-        const QStringList words = readVocabulary(readListFile(path), format);
+        const std::vector<VocabularyWord> words = readVocabulary(readListFile(path), format);
         const qsizetype added = settings.addVocabularyWords(words);
-        return ImportedEntries{settings.customVocabulary().size() - added, added, words.size() - added};
+        return ImportedEntries{settings.customVocabulary().size() - added, added, std::ssize(words) - added};
     });
 }
 

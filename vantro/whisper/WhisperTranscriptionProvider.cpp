@@ -15,6 +15,9 @@ namespace vantro {
 
 namespace {
 
+/// In letters. The time for a word grows with the square of its length.
+constexpr qsizetype longestPromptedWord = 200;
+
 void requireWanted(const std::stop_token& stop)
 {
     if (stop.stop_requested())
@@ -98,9 +101,16 @@ QCoro::Task<QString> WhisperTranscriptionProvider::transcribe(TranscriptionReque
     WhisperInProcessEngine::Request work;
     work.samples = std::move(request.samples);
     work.language = request.language.value_or(defaults_.get(setting::selectedLanguage));
-    work.prompt = request.terms.value_or(vocabulary_.customVocabulary()).join(QStringLiteral(", "));
-    if (request.onVocabulary && !work.prompt.isEmpty())
-        request.onVocabulary({VocabularyReport::Way::prompt});
+    VocabularyReport report{VocabularyReport::Way::prompt};
+    QStringList words = request.terms.value_or(vocabulary_.customVocabulary());
+    words.removeIf([&report](const QString& word) {
+        if (word.size() > longestPromptedWord)
+            report.notLookedFor << word;
+        return word.size() > longestPromptedWord;
+    });
+    work.prompt = words.join(QStringLiteral(", "));
+    if (request.onVocabulary && !(work.prompt.isEmpty() && report.notLookedFor.isEmpty()))
+        request.onVocabulary(report);
     work.onProgress = std::move(request.onProgress);
     work.stop = request.stop;
     work.isAhead = request.isAhead;

@@ -23,7 +23,7 @@ VocabularyModel::VocabularyModel(Parts parts)
           {tr("Words"), parts_.chooseToRead, parts_.chooseToWrite,
            [this](const QString& path, ListFormat format) { return importWords(path, format, parts_.vocabulary); },
            [this](ListFormat format) {
-               return write(words(), format);
+               return write(parts_.vocabulary.vocabularyWords(), format);
            }})
     , replacementsFile_({tr("Replacements"), parts_.chooseToRead, parts_.chooseToWrite,
                          [this](const QString& path, ListFormat format) {

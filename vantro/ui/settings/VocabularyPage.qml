@@ -125,6 +125,46 @@ VPage {
         }
     }
     VCard {
+        heading: qsTr("How your words are recognised")
+        VSettingRow {
+            title: page.settings.boostingText
+            hint: page.settings.boostingHint
+            VButton {
+                visible: page.settings.canDownload || page.settings.isDownloading
+                secondary: page.settings.isDownloading
+                text: page.settings.isDownloading ? qsTr("Cancel") : qsTr("Download")
+                Accessible.description: page.settings.boostingText
+                onClicked: page.settings.isDownloading ? page.settings.cancelDownload() : page.settings.download()
+            }
+        }
+        Rectangle {
+            width: parent.width
+            height: Theme.space8
+            radius: height / 2
+            visible: page.settings.isDownloading
+            color: Theme.surfacePressed
+            border.width: Theme.hairline
+            border.color: Theme.control
+            Accessible.role: Accessible.ProgressBar
+            Accessible.name: qsTr("Download")
+            Accessible.description: page.settings.downloadStatus
+            Rectangle {
+                width: parent.width * page.settings.downloadProgress
+                height: parent.height
+                radius: parent.radius
+                color: Theme.accent
+            }
+        }
+        VNote {
+            text: page.settings.downloadStatus
+            color: page.settings.isDownloading ? Theme.textSecondary : Theme.error
+        }
+        VNote {
+            text: page.settings.boostingProblem
+            color: Theme.warning
+        }
+    }
+    VCard {
         heading: qsTr("Words")
         VNote {
             text: qsTr("These words are used alongside your audio to help the model recognize and accurately transcribe.")
@@ -172,46 +212,6 @@ VPage {
             transfer: page.settings.wordsFile
             list: qsTr("Words")
             hasEntries: page.settings.words.length > 0
-        }
-    }
-    VCard {
-        heading: qsTr("How your words are recognised")
-        VSettingRow {
-            title: page.settings.boostingText
-            hint: page.settings.boostingHint
-            VButton {
-                visible: page.settings.canDownload || page.settings.isDownloading
-                secondary: page.settings.isDownloading
-                text: page.settings.isDownloading ? qsTr("Cancel") : qsTr("Download")
-                Accessible.description: page.settings.boostingText
-                onClicked: page.settings.isDownloading ? page.settings.cancelDownload() : page.settings.download()
-            }
-        }
-        Rectangle {
-            width: parent.width
-            height: Theme.space8
-            radius: height / 2
-            visible: page.settings.isDownloading
-            color: Theme.surfacePressed
-            border.width: Theme.hairline
-            border.color: Theme.control
-            Accessible.role: Accessible.ProgressBar
-            Accessible.name: qsTr("Download")
-            Accessible.description: page.settings.downloadStatus
-            Rectangle {
-                width: parent.width * page.settings.downloadProgress
-                height: parent.height
-                radius: parent.radius
-                color: Theme.accent
-            }
-        }
-        VNote {
-            text: page.settings.downloadStatus
-            color: page.settings.isDownloading ? Theme.textSecondary : Theme.error
-        }
-        VNote {
-            text: page.settings.boostingProblem
-            color: Theme.warning
         }
     }
     VButton {
