@@ -1,10 +1,9 @@
 // What the heads-up display shows when there is more than one thing to tell.
-#include "vantro/ui/hud/PasteHUDWindow.h"
-
 #include "base/UserDefaults.h"
 #include "base/testing/ManualClock.h"
 #include "platform/testing/FakeDesktopAppearance.h"
 #include "platform/testing/FakeWorkspace.h"
+#include "vantro/ui/hud/PasteHUDWindow.h"
 #include "vantro/ui/style/UiEngine.h"
 
 #include <QGuiApplication>
@@ -28,14 +27,21 @@ protected:
     void offer()
     {
         hud_.showOffer(std::nullopt, title, {},
-                       {.accepted = [this] { ++accepted_; }, .covered = [this](bool is) { isCovered_ = is; }});
+                       {.accepted = [this] { ++accepted_; },
+                        .covered =
+                            [this](bool is) {
+                                isCovered_ = is;
+                            }});
     }
     [[nodiscard]] QString shown() const
     {
         const auto* model = hud_.rootObject()->property("model").value<PasteHUDModel*>();
         return model->title + model->reason;
     }
-    void click() { QTest::mouseClick(&hud_, Qt::LeftButton, {}, hud_.geometry().translated(-hud_.position()).center()); }
+    void click()
+    {
+        QTest::mouseClick(&hud_, Qt::LeftButton, {}, hud_.geometry().translated(-hud_.position()).center());
+    }
 
     QTemporaryDir folder_;
     UserDefaults defaults_{folder_.filePath(QStringLiteral("vantro.ini"))};
