@@ -46,8 +46,8 @@ public:
     using Error::Error;
 };
 
-/// Offers recordings that have not become text: a cancelled one until its user has seen the offer for ten seconds, others
-/// until they are transcribed or discarded. Main thread.
+/// Offers recordings that have not become text: a cancelled one until its user has seen the offer for ten seconds,
+/// others until they are transcribed or discarded. Main thread.
 class Recovery final : public QObject
 {
     Q_OBJECT
