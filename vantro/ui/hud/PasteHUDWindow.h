@@ -69,7 +69,7 @@ private:
     std::function<QString()> keys_;
     std::function<void()> clicked_;
     std::optional<Standing> standing_;
-    bool isCovered_ = false; ///< by what passes
+    bool isCovered_ = false;                   ///< by what passes
     std::unique_ptr<QObject> dismissWorkItem_; ///< its destruction cancels pending callbacks
 };
 
