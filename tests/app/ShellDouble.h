@@ -101,15 +101,18 @@ public:
     {
         huds.push_back({anchor, keys ? keys() : QString(), reason});
     }
-    void showUndoOffer(std::optional<QRect> anchor, std::function<void()> accepted) override
+    void showUndoOffer(std::optional<QRect> anchor, std::function<void()> accepted,
+                       std::function<void(bool isCovered)> covered) override
     {
         undoAnchor = anchor;
         undo = std::move(accepted);
+        coverUndo = std::move(covered);
     }
     void showTranscribing() override { isTranscribingShown = true; }
     void withdrawHUD() override
     {
         undo = nullptr;
+        coverUndo = nullptr;
         isTranscribingShown = false;
     }
     void offerTranscription(const QString& title, const QString& text, QObject* about,
@@ -143,7 +146,8 @@ public:
     QStringList alerts;
     QStringList downloads; ///< models whose download is shown
     std::vector<Hud> huds;
-    std::function<void()> undo;                  ///< a click on the offer that is shown
+    std::function<void()> undo; ///< a click on the offer that is shown
+    std::function<void(bool isCovered)> coverUndo;
     std::optional<QRect> undoAnchor;             ///< where it is
     QPointer<QObject> offer;                     ///< while the latest alert that asks is open
     std::function<void(bool)> answerOffer;       ///< a button of the latest alert that asks

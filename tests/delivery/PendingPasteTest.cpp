@@ -1,6 +1,8 @@
 // Texts that their window has not fetched yet.
 #include "tests/delivery/PasteDeliveryFixture.h"
 
+#include <QTranslator>
+
 using namespace std::chrono_literals;
 using namespace vantro;
 using namespace vantro::doubles;
@@ -11,6 +13,18 @@ namespace {
 
 class PendingPasteTest : public PasteDeliveryFixture
 {
+};
+
+/// Knows one key.
+class GermanKeys final : public QTranslator
+{
+public:
+    [[nodiscard]] bool isEmpty() const override { return false; }
+    [[nodiscard]] QString translate(const char* context, const char* text, const char*, int) const override
+    {
+        const bool isKnown = qstrcmp(context, "keys") == 0 && qstrcmp(text, "Ctrl") == 0;
+        return isKnown ? QStringLiteral("Strg") : QString();
+    }
 };
 
 } // namespace
@@ -46,6 +60,17 @@ TEST_F(PendingPasteTest, ASlowTargetGetsTwoSecondsToFetchTheText)
     clock_.advance(300ms);
     EXPECT_EQ(clipboard(), former);
     EXPECT_EQ(pasteboard_.string(Selection::Primary), QStringLiteral("highlighted"));
+}
+
+TEST_F(PendingPasteTest, TheNoticeNamesTheKeysInTheUsersLanguage)
+{
+    GermanKeys german;
+    QCoreApplication::installTranslator(&german);
+    targetReads_ = false;
+    deliver();
+    clock_.advance(3s);
+    ASSERT_EQ(told_.size(), 1);
+    EXPECT_TRUE(told_.front().contains(QStringLiteral("press Strg+V"))) << told_.front().toStdString();
 }
 
 TEST_F(PendingPasteTest, ATextIsOwedUntilItsWindowHasFetchedIt)

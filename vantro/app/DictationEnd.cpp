@@ -1,5 +1,6 @@
 // The ways in which a dictation ends: what becomes of its recording, and what the user is told.
 #include "base/Error.h"
+#include "platform/Wording.h"
 #include "vantro/app/Dictation.h"
 
 namespace vantro {
@@ -48,7 +49,8 @@ QString Dictation::saveFromLoss()
     if (isTextStored())
         return tr("What you said is in the history, as it was said: copy it from there.");
     parts_.delivery.copy(transcript_);
-    return tr("What you said is on the clipboard: paste it with %1.").arg(parts_.delivery.pasteKeys());
+    return tr("What you said is on the clipboard: paste it with %1.")
+        .arg(wording::shownKeys(parts_.delivery.pasteKeys()));
 }
 
 void Dictation::cancelRecording()

@@ -62,26 +62,39 @@ void Recovery::offerCancelled(Owed owed, std::optional<QRect> anchor)
     owed.isCancelled = true;
     cancelled_ = std::move(owed);
     undoLeft_ = undoTime;
-    countDown();
     launcher_ = anchor;
     showOffer(anchor);
+    countDown();
 }
 
 void Recovery::showOffer(std::optional<QRect> anchor)
 {
-    shell_.showUndoOffer(anchor, [this] { takeCancelBack(); });
+    isCovered_ = false;
+    shell_.showUndoOffer(
+        anchor, [this] { takeCancelBack(); }, [this](bool isCovered) { setCovered(isCovered); });
 }
 
 void Recovery::makeRoom()
 {
     if (cancelled_ && launcher_)
         showOffer(launcher_->translated(0, -launcher_->height()));
+    countDown();
 }
 
-/// Nobody sees the offer behind a locked screen.
+/// By another message, for as long as that is read.
+void Recovery::setCovered(bool isCovered)
+{
+    isCovered_ = isCovered;
+    if (isCovered)
+        stopCountingDown();
+    else
+        countDown();
+}
+
+/// Nobody sees the offer behind a locked screen or another message.
 void Recovery::countDown()
 {
-    if (!cancelled_ || undoTimer_ || session_.isAway())
+    if (!cancelled_ || undoTimer_ || isCovered_ || session_.isAway())
         return;
     undoTimer_ = std::make_unique<QObject>();
     undoEnd_ = clock_.now() + undoLeft_;

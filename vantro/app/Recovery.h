@@ -46,8 +46,8 @@ public:
     using Error::Error;
 };
 
-/// Offers recordings that have not become text: a cancelled one for ten seconds that its user is there, others until
-/// they are transcribed or discarded. Main thread.
+/// Offers recordings that have not become text: a cancelled one until its user has seen the offer for ten seconds,
+/// others until they are transcribed or discarded. Main thread.
 class Recovery final : public QObject
 {
     Q_OBJECT
@@ -94,6 +94,7 @@ private:
     [[nodiscard]] std::vector<Owed> take(const std::vector<std::weak_ptr<Recording>>& wanted);
     void offer(std::vector<Owed> owed, const QString& title, const QString& text);
     void showOffer(std::optional<QRect> anchor);
+    void setCovered(bool isCovered);
     void countDown();
     void stopCountingDown();
     QCoro::Task<> start(std::vector<Owed> owed);
@@ -107,6 +108,7 @@ private:
     std::vector<Owed> kept_;
     std::optional<Owed> cancelled_;
     std::optional<QRect> launcher_; ///< where it was cancelled, in screen coordinates
+    bool isCovered_ = false;        ///< the offer
     std::chrono::milliseconds undoLeft_{};
     Clock::Instant undoEnd_;             ///< while undoTimer_ runs
     std::unique_ptr<QObject> undoTimer_; ///< destroying it stops it

@@ -29,8 +29,10 @@ public:
     /// front, and is asked again when another one comes there; may be empty. @p reason says in a sentence why the user
     /// has to, or nothing when he has chosen so.
     virtual void showPasteHUD(std::optional<QRect> anchor, std::function<QString()> keys, const QString& reason) = 0;
-    /// Offers for a moment to transcribe a cancelled recording after all; @p accepted is called for a click.
-    virtual void showUndoOffer(std::optional<QRect> anchor, std::function<void()> accepted) = 0;
+    /// Offers to transcribe a cancelled recording after all; @p accepted is called for a click, and @p covered when
+    /// another message is shown in its place, and when it is back.
+    virtual void showUndoOffer(std::optional<QRect> anchor, std::function<void()> accepted,
+                               std::function<void(bool isCovered)> covered) = 0;
     /// Tells that a kept recording is being transcribed.
     virtual void showTranscribing() = 0;
     /// Ends such an offer or notice, if it is still shown.

@@ -1,4 +1,5 @@
 // What PasteDelivery tells the user of a text.
+#include "platform/Wording.h"
 #include "vantro/delivery/PasteChords.h"
 #include "vantro/delivery/PasteDelivery.h"
 
@@ -48,7 +49,7 @@ QString PasteDelivery::reasonOf(Outcome outcome) const
 /// A clipboard manager that has taken the text over does not tell who fetches it.
 QString PasteDelivery::reasonOfUnfetched(const Restore& paste, bool isFollowed) const
 {
-    const QString keys = chordText(chordOf(paste.target));
+    const QString keys = wording::shownKeys(chordText(chordOf(paste.target)));
     if (!isFollowed)
         return tr("The window you were working in may not have taken the text. If it does not appear, press %1 there.")
             .arg(keys);

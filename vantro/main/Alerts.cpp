@@ -31,9 +31,20 @@ void Alerts::show(const AlertWindow::Contents& contents, AlertWindow::Answered a
     idle_.run([this, contents, answered = std::move(answered)] {
         if (contents.about && contents.about->isNull())
             return;
-        // Deletes itself when it is closed.
-        (new AlertWindow(engine_, clock_, contents, answered))->presentUnasked();
+        window(contents, answered)->presentUnasked();
     });
+}
+
+/// Deletes itself when it is closed.
+AlertWindow* Alerts::window(const AlertWindow::Contents& contents, const AlertWindow::Answered& answered)
+{
+    if (answered)
+        return new AlertWindow(engine_, clock_, contents, answered);
+    told_.removeIf([](const auto& entry) { return entry.value().isNull() || !entry.value()->isVisible(); });
+    QPointer<AlertWindow>& alert = told_[contents.title + QLatin1Char('\n') + contents.text];
+    if (alert.isNull())
+        alert = new AlertWindow(engine_, clock_, contents);
+    return alert;
 }
 
 void Alerts::confirm(const QString& title, const QString& question, const QString& verb,

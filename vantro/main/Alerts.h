@@ -7,7 +7,9 @@
 #include "vantro/support/UpdateChecker.h"
 #include "vantro/ui/alert/AlertWindow.h"
 
+#include <QHash>
 #include <QObject>
+#include <QPointer>
 
 #include <functional>
 
@@ -21,6 +23,7 @@ public:
     /// All outlive this object. @p idle: alerts wait for it.
     Alerts(QQmlEngine& engine, Clock& clock, const UserDefaults& defaults, const Platform& platform, WhenIdle& idle);
 
+    /// One that asks nothing and is still on the screen is brought to the front instead of being shown twice.
     void show(AlertWindow::Kind kind, const QString& title, const QString& text,
               const QStringList& buttons = {tr("OK")}, AlertWindow::Answered answered = {});
     void show(const AlertWindow::Contents& contents, AlertWindow::Answered answered);
@@ -36,12 +39,14 @@ public:
 
 private:
     void tellOfUnsavedSettings(const QString& file);
+    [[nodiscard]] AlertWindow* window(const AlertWindow::Contents& contents, const AlertWindow::Answered& answered);
     void openMail(const QString& url, const QString& address);
 
     QQmlEngine& engine_;
     Clock& clock_;
     const Platform& platform_;
     WhenIdle& idle_;
+    QHash<QString, QPointer<AlertWindow>> told_; ///< by title and text: those that ask nothing
     bool hasToldOfUnsavedSettings_ = false;
 };
 

@@ -301,7 +301,8 @@ void Windows::showTranscribing()
     hud_.showNotice(tr("Transcribing..."));
 }
 
-void Windows::showUndoOffer(std::optional<QRect> anchor, std::function<void()> accepted)
+void Windows::showUndoOffer(std::optional<QRect> anchor, std::function<void()> accepted,
+                            std::function<void(bool isCovered)> covered)
 {
     const auto shortcut = parts_.shortcuts.shortcut(KeyboardShortcuts::Name::openModal);
     hud_.showOffer(anchor, tr("Recording discarded"),
@@ -309,7 +310,7 @@ void Windows::showUndoOffer(std::optional<QRect> anchor, std::function<void()> a
                        ? tr("%1 in its window, or a click, transcribes it after all")
                              .arg(wording::shownKeys(shortcut->displayText()))
                        : tr("A click transcribes it after all"),
-                   std::move(accepted));
+                   {std::move(accepted), std::move(covered)});
 }
 
 void Windows::showModelDownload(const TranscriptionModel& model, const QString& problem)

@@ -66,7 +66,8 @@ public:
     void checkForUpdates() override { updates_.check(UpdateChecker::Asker::launch); }
     [[nodiscard]] std::unique_ptr<LauncherPanel> makeLauncher(Dictation& dictation) override;
     void showPasteHUD(std::optional<QRect> anchor, std::function<QString()> keys, const QString& reason) override;
-    void showUndoOffer(std::optional<QRect> anchor, std::function<void()> accepted) override;
+    void showUndoOffer(std::optional<QRect> anchor, std::function<void()> accepted,
+                       std::function<void(bool isCovered)> covered) override;
     void showTranscribing() override;
     void withdrawHUD() override { hud_.withdraw(); }
     void showAlert(const QString& title, const QString& text) override;

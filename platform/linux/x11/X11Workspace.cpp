@@ -31,6 +31,10 @@ constexpr long pingMark = 0x76616e;
 /// To the one or the other, as toolkits see it.
 constexpr long pingAnswers = StructureNotifyMask | SubstructureNotifyMask;
 
+/// Selected on each window that has been in front, and so the mark of a window that is known; next to never sent.
+constexpr long knownMark = ColormapChangeMask;
+constexpr unsigned numberBits = 32;
+
 } // namespace
 
 X11Workspace::X11Workspace(X11Connection& connection) : connection_(connection)
@@ -58,13 +62,33 @@ std::optional<WindowID> X11Workspace::frontWindow() const
     if (!connection_.isOpen())
         return std::nullopt;
     const X11ErrorTrap trap(connection_);
-    if (!managerSupports(activeWindowAtom_))
-        return focusedTopLevel(TopLevel::Any);
-    // The property lags, and some managers leave a closed window in it when no other one follows.
-    const auto active = windowProperty(connection_.rootWindow(), activeWindowAtom_, XA_WINDOW);
-    if (!active.empty() && windowExists(active.front()))
-        return active.front();
-    return focusedTopLevel(TopLevel::Managed);
+    std::optional<unsigned long> front;
+    if (!managerSupports(activeWindowAtom_)) {
+        front = focusedTopLevel(TopLevel::Any);
+    } else {
+        // The property lags, and some managers leave a closed window in it when no other one follows.
+        const auto active = windowProperty(connection_.rootWindow(), activeWindowAtom_, XA_WINDOW);
+        XWindowAttributes attributes{};
+        const bool isThere =
+            !active.empty() && XGetWindowAttributes(connection_.display(), active.front(), &attributes) != 0;
+        front = isThere ? std::optional(active.front()) : focusedTopLevel(TopLevel::Managed);
+    }
+    return front ? std::optional(identify(*front)) : std::nullopt;
+}
+
+/// The mark goes with the window: one that lacks it has come after the one that was known by its number.
+WindowID X11Workspace::identify(unsigned long number) const
+{
+    XWindowAttributes attributes{};
+    if (isOwn(number) || XGetWindowAttributes(connection_.display(), number, &attributes) == 0)
+        return number;
+    const auto [known, isNew] = known_.try_emplace(number, number);
+    if ((attributes.your_event_mask & knownMark) == 0) {
+        XSelectInput(connection_.display(), number, attributes.your_event_mask | knownMark);
+        if (!isNew)
+            known->second += WindowID(1) << numberBits;
+    }
+    return known->second;
 }
 
 bool X11Workspace::windowExists(WindowID window) const
@@ -73,16 +97,21 @@ bool X11Workspace::windowExists(WindowID window) const
         return false;
     const X11ErrorTrap trap(connection_);
     XWindowAttributes attributes{};
-    return XGetWindowAttributes(connection_.display(), window, &attributes) != 0;
+    if (XGetWindowAttributes(connection_.display(), numberOf(window), &attributes) == 0)
+        return false;
+    const auto known = known_.find(numberOf(window));
+    if (isOwn(window) || known == known_.end())
+        return true;
+    return known->second == window && (attributes.your_event_mask & knownMark) != 0;
 }
 
 bool X11Workspace::hasInputFocus(WindowID window) const
 {
-    if (!connection_.isOpen())
+    if (!windowExists(window))
         return false;
     const X11ErrorTrap trap(connection_);
     for (auto ancestor = focusedWindow(); ancestor; ancestor = parentOf(*ancestor)) {
-        if (*ancestor == window)
+        if (*ancestor == numberOf(window))
             return true;
     }
     return false;
@@ -90,18 +119,18 @@ bool X11Workspace::hasInputFocus(WindowID window) const
 
 void X11Workspace::activateWindow(WindowID window)
 {
-    if (!connection_.isOpen())
+    if (!windowExists(window))
         return;
     const X11ErrorTrap trap(connection_);
     Display* const display = connection_.display();
     if (!managerSupports(activeWindowAtom_)) {
-        XRaiseWindow(display, window);
-        XSetInputFocus(display, window, RevertToParent, CurrentTime);
+        XRaiseWindow(display, numberOf(window));
+        XSetInputFocus(display, numberOf(window), RevertToParent, CurrentTime);
         return;
     }
     XEvent event{};
     event.xclient.type = ClientMessage;
-    event.xclient.window = window;
+    event.xclient.window = numberOf(window);
     event.xclient.message_type = activeWindowAtom_;
     event.xclient.format = 32;
     event.xclient.data.l[0] = sourceIsUser;
@@ -116,8 +145,8 @@ bool X11Workspace::ping(WindowID window)
         return false;
     const X11ErrorTrap trap(connection_);
     std::erase_if(pings_, [&](const Ping& ping) { return ping.window == window || !windowExists(ping.window); });
-    const auto protocols = windowProperty(window, protocolsAtom_, XA_ATOM);
-    const bool isAskable = std::ranges::find(protocols, pingAtom_) != protocols.end();
+    const auto protocols = windowProperty(numberOf(window), protocolsAtom_, XA_ATOM);
+    const bool isAskable = windowExists(window) && std::ranges::find(protocols, pingAtom_) != protocols.end();
     if (isAskable)
         pings_.push_back({window});
     awaitAnswers();
@@ -125,13 +154,13 @@ bool X11Workspace::ping(WindowID window)
         return false;
     XEvent event{};
     event.xclient.type = ClientMessage;
-    event.xclient.window = window;
+    event.xclient.window = numberOf(window);
     event.xclient.message_type = protocolsAtom_;
     event.xclient.format = 32;
     event.xclient.data.l[0] = static_cast<long>(pingAtom_);
     event.xclient.data.l[1] = pingMark;
-    event.xclient.data.l[2] = static_cast<long>(window);
-    return XSendEvent(connection_.display(), window, False, NoEventMask, &event) != 0;
+    event.xclient.data.l[2] = static_cast<long>(numberOf(window));
+    return XSendEvent(connection_.display(), numberOf(window), False, NoEventMask, &event) != 0;
 }
 
 void X11Workspace::noteAnswer(const XEvent& event)
@@ -142,7 +171,7 @@ void X11Workspace::noteAnswer(const XEvent& event)
     if (!isAnswer)
         return;
     for (Ping& ping : pings_)
-        ping.isAnswered = ping.isAnswered || ping.window == static_cast<WindowID>(message.data.l[2]);
+        ping.isAnswered = ping.isAnswered || numberOf(ping.window) == static_cast<unsigned long>(message.data.l[2]);
     awaitAnswers();
 }
 
@@ -172,11 +201,11 @@ bool X11Workspace::takesText(WindowID window) const
 
 QStringList X11Workspace::windowClass(WindowID window) const
 {
-    if (!connection_.isOpen())
+    if (!windowExists(window))
         return {};
     const X11ErrorTrap trap(connection_);
     XClassHint hint{};
-    if (XGetClassHint(connection_.display(), window, &hint) == 0)
+    if (XGetClassHint(connection_.display(), numberOf(window), &hint) == 0)
         return {};
     const std::unique_ptr<char, XFreeDeleter> className(hint.res_class);
     const std::unique_ptr<char, XFreeDeleter> instanceName(hint.res_name);
@@ -214,9 +243,9 @@ std::vector<unsigned long> X11Workspace::windowProperty(unsigned long window, un
 
 /// The top-level window that contains the focus. Managed windows have WM_STATE and may be inside a frame; windows
 /// without it belong to the window manager.
-std::optional<WindowID> X11Workspace::focusedTopLevel(TopLevel kind) const
+std::optional<unsigned long> X11Workspace::focusedTopLevel(TopLevel kind) const
 {
-    std::optional<WindowID> outermost;
+    std::optional<unsigned long> outermost;
     for (auto window = focusedWindow(); window && *window != connection_.rootWindow(); window = parentOf(*window)) {
         if (!windowProperty(*window, stateAtom_, stateAtom_).empty())
             return window;

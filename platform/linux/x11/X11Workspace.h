@@ -2,6 +2,7 @@
 
 #include "platform/Workspace.h"
 
+#include <map>
 #include <optional>
 #include <vector>
 
@@ -11,13 +12,18 @@ namespace vantro {
 
 class X11Connection;
 
-/// Accesses windows through EWMH, or through the input focus if there is no window manager that supports it.
+/// Accesses windows through EWMH, or through the input focus if there is no window manager that supports it. The server
+/// gives the numbers of a program that has ended to the next one, so a WindowID is a number and, above it, how many
+/// other windows of that number have been in front before.
 class X11Workspace final : public Workspace
 {
     Q_OBJECT
 public:
     /// @p connection must outlive the workspace.
     explicit X11Workspace(X11Connection& connection);
+
+    /// The server's number of @p window.
+    [[nodiscard]] static unsigned long numberOf(WindowID window) { return window & 0xffffffffU; }
 
     [[nodiscard]] std::optional<WindowID> frontWindow() const override;
     [[nodiscard]] bool windowExists(WindowID window) const override;
@@ -35,6 +41,7 @@ public:
 private:
     enum class TopLevel { Managed, Any };
 
+    [[nodiscard]] WindowID identify(unsigned long number) const;
     void noteAnswer(const _XEvent& event);
     void awaitAnswers();
     [[nodiscard]] bool managerSupports(unsigned long atom) const;
@@ -51,6 +58,8 @@ private:
     unsigned long compositorAtom_ = 0;
     unsigned long protocolsAtom_ = 0;
     unsigned long pingAtom_ = 0;
+
+    mutable std::map<unsigned long, WindowID> known_; ///< the latest of each number that has been in front
 
     struct Ping
     {

@@ -87,7 +87,13 @@ std::chrono::milliseconds PasteHUDWindow::showNews(const QString& title, const Q
 std::chrono::milliseconds PasteHUDWindow::dismissAfterReading(const QString& text)
 {
     const auto shownTime = animationTime + visibleTime + readingTimePerCharacter * text.size();
-    clock_.callAfter(shownTime, dismissWorkItem_.get(), [this] { dismiss(); });
+    clock_.callAfter(shownTime, dismissWorkItem_.get(), [this] {
+        if (standing_)
+            showStanding();
+        else
+            dismiss();
+    });
+    cover(true);
     return shownTime;
 }
 
@@ -101,16 +107,11 @@ void PasteHUDWindow::followFront()
     place(QRect(geometry().center(), QSize()));
 }
 
-void PasteHUDWindow::showOffer(std::optional<QRect> anchor, const QString& title, const QString& caption,
-                               std::function<void()> accepted)
+void PasteHUDWindow::showOffer(std::optional<QRect> anchor, const QString& title, const QString& caption, Offer offer)
 {
-    keys_ = nullptr;
-    model_.title = title;
-    model_.isSentence = true;
-    model_.caption = caption;
-    model_.reason.clear();
-    present(anchor, std::move(accepted));
-    staysUntilWithdrawn_ = true;
+    standing_ = Standing{anchor, title, caption, std::move(offer)};
+    isCovered_ = false;
+    showStanding();
 }
 
 void PasteHUDWindow::showNotice(const QString& title)
@@ -118,16 +119,34 @@ void PasteHUDWindow::showNotice(const QString& title)
     showOffer(std::nullopt, title, {}, {});
 }
 
+void PasteHUDWindow::showStanding()
+{
+    keys_ = nullptr;
+    model_.title = standing_->title;
+    model_.isSentence = true;
+    model_.caption = standing_->caption;
+    model_.reason.clear();
+    present(standing_->anchor, standing_->offer.accepted);
+    cover(false);
+}
+
+void PasteHUDWindow::cover(bool isCovered)
+{
+    if (standing_ && std::exchange(isCovered_, isCovered) != isCovered && standing_->offer.covered)
+        standing_->offer.covered(isCovered);
+}
+
 void PasteHUDWindow::withdraw()
 {
-    if (std::exchange(staysUntilWithdrawn_, false))
+    const bool isShown = standing_ && !isCovered_;
+    standing_.reset();
+    if (isShown)
         dismiss();
 }
 
 void PasteHUDWindow::present(std::optional<QRect> anchor, std::function<void()> clicked)
 {
     dismissWorkItem_ = std::make_unique<QObject>();
-    staysUntilWithdrawn_ = false;
     clicked_ = std::move(clicked);
     model_.isButton = clicked_ != nullptr;
     setFlag(Qt::WindowTransparentForInput, !model_.isButton);

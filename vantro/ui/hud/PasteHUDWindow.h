@@ -15,7 +15,7 @@ namespace vantro {
 
 /// The heads-up display, for a moment, where the launcher was: "Ctrl+V to paste" with the reason for as long as reading
 /// it takes, or an offer that a click accepts, or what is going on. Never takes the keyboard, and a click only for an
-/// offer. Made once and shown again; the latest show decides when it goes. Main thread.
+/// offer. Made once and shown again: what passes covers what stays for as long as reading it takes. Main thread.
 class PasteHUDWindow final : public QQuickView
 {
     Q_OBJECT
@@ -30,19 +30,34 @@ public:
                                       const QString& reason);
     /// Tells what has been done, for as long as reading it takes, which is returned.
     std::chrono::milliseconds showNews(const QString& title, const QString& caption);
-    /// Stays until withdraw(). A click on it calls @p accepted.
-    void showOffer(std::optional<QRect> anchor, const QString& title, const QString& caption,
-                   std::function<void()> accepted);
+    struct Offer
+    {
+        std::function<void()> accepted;    ///< by a click
+        std::function<void(bool)> covered; ///< whether something else is shown in its place for a moment
+    };
+    /// Stays until withdraw().
+    void showOffer(std::optional<QRect> anchor, const QString& title, const QString& caption, Offer offer);
     /// Stays until withdraw().
     void showNotice(const QString& title);
-    /// Ends an offer or a notice, unless something else is shown by now.
+    /// Ends an offer or a notice, also one that is covered.
     void withdraw();
 
 protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
+    /// What is shown until it is withdrawn.
+    struct Standing
+    {
+        std::optional<QRect> anchor;
+        QString title;
+        QString caption;
+        Offer offer;
+    };
+
     void followFront();
+    void showStanding();
+    void cover(bool isCovered);
     void present(std::optional<QRect> anchor, std::function<void()> clicked);
     std::chrono::milliseconds dismissAfterReading(const QString& text);
     QSize place(QRect content);
@@ -53,7 +68,8 @@ private:
     PasteHUDModel model_;
     std::function<QString()> keys_;
     std::function<void()> clicked_;
-    bool staysUntilWithdrawn_ = false;
+    std::optional<Standing> standing_;
+    bool isCovered_ = false;                   ///< by what passes
     std::unique_ptr<QObject> dismissWorkItem_; ///< its destruction cancels pending callbacks
 };
 

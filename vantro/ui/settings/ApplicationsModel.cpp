@@ -1,6 +1,7 @@
 #include "vantro/ui/settings/ApplicationsModel.h"
 
 #include "base/Settings.h"
+#include "platform/Wording.h"
 #include "vantro/delivery/PasteChords.h"
 
 #include <algorithm>
@@ -112,7 +113,7 @@ QStringList ApplicationsModel::pasteKeys() const
 {
     QStringList names{tr("As usual there")};
     for (const auto chord : allPasteChords())
-        names << chordText(chord);
+        names << wording::shownKeys(chordText(chord));
     return names;
 }
 

@@ -56,6 +56,27 @@ TEST_F(X11WorkspaceTest, KnowsWhichWindowHasTheKeyboardAndBringsAnotherToTheFron
     workspace_->activateWindow(terminal->window());
 }
 
+TEST_F(X11WorkspaceTest, AWindowWithTheNumberOfAClosedOneIsAnother)
+{
+    constexpr int attempts = 5;
+    for (int attempt = 0; attempt < attempts; ++attempt) {
+        auto terminal = TargetProgram::xterm(*workspace_);
+        const WindowID closed = terminal->window();
+        terminal->close();
+        terminal = TargetProgram::xterm(*workspace_);
+        if (X11Workspace::numberOf(terminal->window()) != X11Workspace::numberOf(closed))
+            continue;
+        EXPECT_NE(terminal->window(), closed);
+        EXPECT_FALSE(workspace_->windowExists(closed));
+        EXPECT_FALSE(workspace_->hasInputFocus(closed));
+        EXPECT_TRUE(workspace_->windowClass(closed).isEmpty());
+        EXPECT_TRUE(workspace_->hasInputFocus(terminal->window()));
+        EXPECT_FALSE(workspace_->windowClass(terminal->window()).isEmpty());
+        return;
+    }
+    FAIL() << "the server gives each program numbers of its own";
+}
+
 TEST_F(X11WorkspaceTest, OwnWindowsCountAndHandTheKeyboardBackWhenTheyClose)
 {
     const auto editor = TargetProgram::qtEditor(*workspace_);
