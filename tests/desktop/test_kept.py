@@ -105,6 +105,11 @@ class CancelTest(KeptCase):
         self.desktop.press(SHORTCUT_KEYS)
         self.check_words()
 
+    def test_so_does_a_desktops_own_binding_to_the_command(self):
+        self.cancel()
+        self.assertEqual(self.vantro.run("toggle").returncode, 0)
+        self.check_words()
+
     def test_after_ten_seconds_it_is_gone(self):
         self.cancel()
         self.wait(lambda: all(name.startswith(".") for name in self.kept()), 5, "the recording to be hidden")

@@ -155,12 +155,16 @@ bool AppDelegate::hasModel()
     return false;
 }
 
+bool AppDelegate::takeCancelBack()
+{
+    return !isUserAway() && !isDictating() && !isOfferElsewhere() && recovery().takeCancelBack();
+}
+
 /// Soon after a cancel it takes that back. Whoever holds it, or uses it in another window, speaks.
 std::weak_ptr<Dictation> AppDelegate::shortcutUsed(Dictation::Keyboard keyboard)
 {
     const bool isHeld = keyboard == Dictation::Keyboard::left;
-    const bool mayTakeBack = !isHeld && !isUserAway() && !isDictating() && !isOfferElsewhere();
-    return mayTakeBack && recovery().takeCancelBack() ? std::weak_ptr<Dictation>() : showLauncherAndRecord(keyboard);
+    return !isHeld && takeCancelBack() ? std::weak_ptr<Dictation>() : showLauncherAndRecord(keyboard);
 }
 
 bool AppDelegate::isDictating() const

@@ -51,6 +51,8 @@ public:
     /// The shortcut's action: starts recording and opens the launcher. Returns the new dictation, or null when one is
     /// already running, the user is away, or the model is missing, which the user is told.
     std::weak_ptr<Dictation> showLauncherAndRecord(Dictation::Keyboard keyboard = Dictation::Keyboard::taken);
+    /// What the shortcut does soon after a cancel, in the same window: false when there is nothing to take back.
+    [[nodiscard]] bool takeCancelBack();
     /// What Space does in the launcher.
     void stopRecording();
     /// What Escape does in the launcher, even while the recording is being processed.

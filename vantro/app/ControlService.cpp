@@ -50,7 +50,7 @@ void ControlService::Toggle(const QDBusMessage& message)
 {
     if (parts_.recorder.isRecording())
         Stop(message);
-    else
+    else if (!delegate_.takeCancelBack())
         Start(message);
 }
 

@@ -62,6 +62,7 @@ public:
     [[nodiscard]] static bool handOver(const QStringList& arguments);
 
 public Q_SLOTS:
+    /// As the shortcut, which may be a desktop's own binding to the command.
     void Toggle(const QDBusMessage& message);
     void Start(const QDBusMessage& message);
     /// The same in a mode and with a model, each unless it is empty, for this dictation.

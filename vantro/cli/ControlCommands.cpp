@@ -128,8 +128,8 @@ std::vector<Command> controlCommands()
     start.options = {{"mode", "Begin in this mode instead of the default one.", "MODE"},
                      {"model", "Recognise this dictation with another model.", "NAME"}};
     return {controlCommand("toggle", "Start a dictation, or end its recording.",
-                           "Starts a dictation, or ends the recording and has it transcribed. Starts an installed "
-                           "vantro that is not running."),
+                           "Starts a dictation, or ends the recording and has it transcribed; soon after a "
+                           "cancel, takes that back. Starts an installed vantro that is not running."),
             start,
             controlCommand("stop", "End the recording and have it transcribed.",
                            "Ends the recording and has it transcribed, as Space does."),
