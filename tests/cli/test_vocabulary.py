@@ -109,7 +109,7 @@ class VocabularyCase(unittest.TestCase):
     def test_a_list_that_leaves_and_comes_back_is_the_same(self):
         self.run_vantro("vocabulary", "add", "Gregsson", "--sounds-like", "greg sun, said fast", "--weight", "2.5")
         self.run_vantro("vocabulary", "add", "Redis", "#1")
-        whole = [{"word": "Gregsson", "weight": 2.5, "soundsLike": ["greg sun, said fast"]}, "Redis", "#1"]
+        whole = [{"word": "Gregsson", "weight": 2.5, "sounds_like": ["greg sun, said fast"]}, "Redis", "#1"]
         self.assertEqual(self.as_json("vocabulary"), whole)
         for name in ("words.json", "words.csv"):
             words = str(self.profile / name)
@@ -170,7 +170,7 @@ class VocabularyCase(unittest.TestCase):
         self.assertIn("tensor a", self.run_vantro("transcribe", *MODELS, tensora).stdout)
         self.run_vantro("vocabulary", "add", "Tensora", "--weight", "2")
         self.assertIn("Tensora", self.run_vantro("transcribe", *MODELS, tensora).stdout)
-        self.assertEqual(self.as_json("vocabulary"), [{"word": "Tensora", "weight": 2, "soundsLike": []}], "once in the list")
+        self.assertEqual(self.as_json("vocabulary"), [{"word": "Tensora", "weight": 2, "sounds_like": []}], "once in the list")
         self.run_vantro("vocabulary", "add", "Tensora", "--weight", "much", code=2)
         self.run_vantro("vocabulary", "add", "Tensora", "--weight", "nan", code=2)
         self.run_vantro("vocabulary", "add", "Rhedyss", "--sounds-like", "Redis", "--sounds-like", "red us")

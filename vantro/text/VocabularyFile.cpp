@@ -102,7 +102,7 @@ VocabularyWord wordOf(const QJsonValue& value, std::size_t index)
     const QJsonObject object = value.toObject();
     VocabularyWord word{value.isString() ? value.toString() : object.value(QLatin1String("word")).toString()};
     const QJsonValue weight = object.value(QLatin1String("weight"));
-    const QJsonValue soundsLike = object.value(QLatin1String("soundsLike"));
+    const QJsonValue soundsLike = object.value(QLatin1String("sounds_like"));
     bool isWord = !word.text.trimmed().isEmpty() && (weight.isUndefined() || weight.isDouble()) &&
                   (soundsLike.isUndefined() || soundsLike.isArray());
     word.details.weight = weight.toDouble(word.details.weight);
@@ -122,7 +122,7 @@ QJsonValue toValue(const VocabularyWord& word)
         return word.text;
     return QJsonObject{{QStringLiteral("word"), word.text},
                        {QStringLiteral("weight"), word.details.weight},
-                       {QStringLiteral("soundsLike"), QJsonArray::fromStringList(word.details.soundsLike)}};
+                       {QStringLiteral("sounds_like"), QJsonArray::fromStringList(word.details.soundsLike)}};
 }
 
 } // namespace

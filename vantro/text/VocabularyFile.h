@@ -10,7 +10,7 @@ namespace vantro {
 
 /// Import and export of words and replacements. Readers throw Error, which says what is wrong and where.
 /// JSON: replacements as they are stored (IDs are optional); a word is a text, or with details an object of "word",
-/// "weight" and "soundsLike". CSV: "find,replace", and "word" or with details "word,weight,sounds like", where each
+/// "weight" and "sounds_like". CSV: "find,replace", and "word" or with details "word,weight,sounds like", where each
 /// further field is another spelling; the header line is optional.
 enum class ListFormat { json, csv };
 
