@@ -70,6 +70,10 @@ class VocabularyCase(unittest.TestCase):
         tried = self.run_vantro("transcribe", *MODELS[:2], "--ctc-model", str(damaged), "--term", "Redis", REDIS)
         self.assertIn(f"{damaged} is not a usable model", tried.stderr)
 
+    def test_a_model_for_words_is_no_speech_model(self):
+        refused = self.run_vantro("transcribe", "--model", MODELS[3], REDIS, code=NO_SERVICE)
+        self.assertIn("--ctc-model", refused.stderr)
+
     def test_words_that_cannot_be_looked_for_are_named(self):
         terms = [option for term in ("x", "Redis", "🎉", "Q" * 100_000) for option in ("--term", term)]
         tried = self.as_json("vocabulary", "try", REDIS, *MODELS, *terms)

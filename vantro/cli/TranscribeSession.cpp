@@ -26,9 +26,14 @@ TranscriptionModel TranscribeSession::model(const QString& nameOrPath)
 
 TranscriptionModel TranscribeSession::found(const QString& nameOrPath)
 {
-    if (nameOrPath.contains(QLatin1Char('/')) || nameOrPath.endsWith(QLatin1String(".bin"))) {
+    const bool isGguf = nameOrPath.endsWith(QLatin1String(".gguf"), Qt::CaseInsensitive);
+    if (isGguf || nameOrPath.contains(QLatin1Char('/')) || nameOrPath.endsWith(QLatin1String(".bin"))) {
         if (!QFileInfo(nameOrPath).isFile())
             throw Error(QStringLiteral("There is no model file %1").arg(nameOrPath));
+        if (isGguf)
+            throw Error(QStringLiteral("%1 is no speech model, which are .bin files. --ctc-model takes the one that "
+                                       "looks for words")
+                            .arg(nameOrPath));
         return speech_.describe(nameOrPath);
     }
     const auto* entry = nameOrPath.isEmpty() ? &speech_.selection.selectedModel() : speech_.catalogue.match(nameOrPath);
