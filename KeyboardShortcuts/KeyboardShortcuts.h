@@ -21,7 +21,7 @@
 namespace vantro {
 
 /// Named global shortcuts: stored in the preferences, registered as system-wide hot keys while they have handlers, and
-/// dispatched to those handlers. Created once, in main; main thread only.
+/// dispatched to those handlers. Main thread only.
 class KeyboardShortcuts : public QObject
 {
     Q_OBJECT

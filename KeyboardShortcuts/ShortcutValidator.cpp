@@ -180,7 +180,7 @@ std::optional<ShortcutRefusal> ShortcutValidator::usedByMenuItem(const Name& nam
         return std::nullopt;
     if (shortcut.carbonKeyCode == KeyCode::escape)
         return refused(translated(QT_TR_NOOP("Cancel the dictation")));
-    for (int mode = 1; mode <= 5; ++mode) {
+    for (int mode = 1; mode <= 9; ++mode) {
         if (shortcut.displayText() == QString::number(mode))
             return refused(translated(QT_TR_NOOP("Choose mode %1")).arg(mode));
     }

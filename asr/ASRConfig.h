@@ -25,9 +25,10 @@ struct ASRConfig
     TdtConfig tdtConfig;
     std::int32_t encoderHiddenSize = 1024;
     std::int32_t parallelChunkConcurrency = 4;
+    bool melChunkContext = true;
+    // Without effect: every recording is a stream (see docs/decisions/parakeet-decoding.md).
     bool streamingEnabled = true;
     std::int32_t streamingThreshold = 480'000; ///< samples
-    bool melChunkContext = true;
     bool dualDecodeArbitration = false;
 };
 

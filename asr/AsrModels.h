@@ -30,10 +30,9 @@ struct AsrModelConfiguration
 /// The networks of one Parakeet TDT model, loaded from one file. Immutable and thread-safe after loading.
 struct AsrModels
 {
-    /// Any thread. @p moduleFolders are searched for ggml's module for this processor; @p cap: of the instruction sets
-    /// outside that module, for tests and measurements. Throws
-    /// ASRError::modelLoadFailed for a missing, damaged or unsupported file or if memory runs out, and
-    /// ASRError::unsupportedPlatform without a module.
+    /// Any thread. @p moduleFolders are searched for ggml's module for this processor; @p cap: the highest instruction
+    /// set that the products outside that module may use, for tests and measurements. Throws ASRError: modelLoadFailed
+    /// for a missing, damaged or unsupported file or if memory runs out, unsupportedPlatform without a module.
     static std::shared_ptr<const AsrModels> load(const std::filesystem::path& file, AsrModelVersion version,
                                                  std::span<const std::filesystem::path> moduleFolders,
                                                  kernels::Level cap = kernels::highestLevel);

@@ -30,7 +30,7 @@ public:
 
     /// @p x: [state size, frames]; @p positions: positionProduct() of as many frames. Returns the shape of @p x.
     ggml_tensor* build(ggml_context* context, ggml_tensor* x, ggml_tensor* positions) const;
-    /// Of the sinusoids of distances, one a column (PositionProducts).
+    /// The product with the sinusoids of distances, one per column; see PositionProducts.
     ggml_tensor* positionProduct(Activations& positions) const { return position_.apply(positions); }
 
     /// Includes the folded batch normalisation.

@@ -15,7 +15,7 @@ namespace {
 /// Of a passage at either end of the recording, where nothing else is said.
 constexpr Seconds silenceAround{1.0};
 
-/// The more terms there are, the better one of them fits by chance: taken from how well a term's sounds fit.
+/// What is subtracted from how well a term's sounds fit, in nats: of many terms, one fits better by chance.
 float crowding(std::size_t terms)
 {
     constexpr float usual = 50;
@@ -147,7 +147,7 @@ void Rescoring::compareSpelling(Span span)
 {
     const std::u32string letters = lettersOf(joined(words_, span.begin, span.end - 1) + words_[span.end - 1].core);
     const float lowest = parameters_.minSimilarity;
-    // So similar words differ by at most this, which the longer of the two decides.
+    // Words that similar differ by at most this share of these letters, even if the term is the longer one.
     const float share = (1 - lowest) / std::max(lowest, 0.1F);
     const auto limit = static_cast<std::size_t>(share * static_cast<float>(letters.size()) + 1e-3F);
     if (letters.empty() || letters.size() > rescorer_.longest_ + limit)

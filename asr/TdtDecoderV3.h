@@ -27,7 +27,7 @@ public:
     /// @p models must outlive the decoder. A null @p allowed allows every token.
     TdtDecoderV3(const AsrModels& models, const TdtConfig& config, const TokenFilter* allowed);
 
-    /// Part of a matrix of projected encoder frames (JointDecision::project).
+    /// Part of a matrix of encoder frames projected by JointDecision::frameProjection().
     struct Stretch
     {
         const EncoderFrames& frames;

@@ -90,7 +90,7 @@ private:
     std::condition_variable changed_;
     std::deque<JobPointer> jobs_;
     std::size_t unfinished_ = 0; ///< jobs, including those in progress
-    std::stop_source preparing_; ///< the background does, until the first window
+    std::stop_source preparing_; ///< ends the background's preparation when the first window comes
     bool isHurried_ = false;
     bool isAbandoned_ = false;
     unsigned freeEncoders_ = 1;

@@ -39,8 +39,8 @@ public:
         bool isBegun = false;
     };
 
-    /// @p frames: the window's, projected (JointDecision::project). Throws ASRError::processingFailed when stopped,
-    /// which leaves the transcript unusable.
+    /// @p frames: the window's, projected by JointDecision::frameProjection(). Throws ASRError::processingFailed when
+    /// stopped, which leaves the transcript unusable.
     void add(Transcript& transcript, const Window& window, EncoderFrames frames, const std::stop_token& stop);
     /// The last window reaches the end of the recording.
     void close(Transcript& transcript, const std::stop_token& stop);

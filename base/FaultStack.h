@@ -5,8 +5,8 @@
 
 namespace vantro {
 
-/// Memory that a signal's handler runs on in the thread that makes this, while it exists: a thread that has used up its
-/// stack leaves no trace otherwise. Does nothing where a sanitizer has its own.
+/// An alternate signal stack (sigaltstack) for the thread that makes it, as long as it exists. Without one, a thread
+/// that has used up its stack leaves no trace. Does nothing under a sanitizer, which has its own.
 class FaultStack
 {
 public:

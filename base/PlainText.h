@@ -8,4 +8,8 @@ namespace vantro {
 /// every line ends in a newline alone.
 QString withoutControlCharacters(QString text);
 
+/// @p text in one line, to tell it by. A longer one than @p limit characters ends with an ellipsis, at a blank if there
+/// is one in its second half.
+QString firstWords(const QString& text, qsizetype limit);
+
 } // namespace vantro

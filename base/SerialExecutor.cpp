@@ -19,7 +19,7 @@ SerialExecutor::~SerialExecutor()
 
 void SerialExecutor::prepareThread()
 {
-    // Not within the thread's own memory, of which every other thread would have as much.
+    // On the heap: a thread_local object itself would take as much memory in every other thread.
     thread_local const auto stack = std::make_unique<FaultStack>();
 }
 

@@ -27,7 +27,7 @@ public:
 
     /// Whether another program has the keyboard to itself: an open menu, or a locked screen.
     [[nodiscard]] virtual bool isKeyboardTaken() const = 0;
-    /// Whether some program shows a menu: then it is what has the keyboard, and its user is there.
+    /// Whether a program shows a menu. It then has the keyboard, and its user is there.
     [[nodiscard]] virtual bool isMenuOpen() const = 0;
 
     /// Presses and releases @p chord, independently of the keyboard layout and held modifiers. Leaves no key pressed,

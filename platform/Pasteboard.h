@@ -46,7 +46,7 @@ public:
     virtual void setContents(Selection /*selection*/, const std::shared_ptr<const Contents>& /*contents*/) {}
     /// Leaves the selection without an owner, as opposed to holding an empty text.
     virtual void clear(Selection selection) = 0;
-    /// Whether any program has fetched the text of the last setString().
+    /// Whether any program has fetched the text of the last setString() or setSecret().
     [[nodiscard]] virtual bool wasFetched(Selection selection) const = 0;
     /// The same for the program that owns @p window, because clipboard managers fetch every text at once. Where the
     /// system does not tell who fetched it, returns wasFetched().

@@ -6,7 +6,8 @@
 
 namespace vantro {
 
-/// The machine and system the program runs on, for human-readable reports. Unknown values are empty. Main thread only.
+/// The machine and the system that the program runs on. Texts are for people to read, and empty when unknown. Main
+/// thread only.
 class SystemInfo
 {
 public:

@@ -19,8 +19,8 @@ void limit(kernels::Level cap);
 /// take half the time of ggml's; with others they are ggml's, and dividing a decoder between both would cost more.
 void includeFewRows(bool isIncluded);
 
-/// While it is more than the library asks for, each computation takes so many threads, from its next operation on. From
-/// any thread.
+/// Each computation takes at least @p threads threads, from its next operation on, until this is called again; 0 takes
+/// that back. From any thread.
 void hurry(int threads);
 
 } // namespace vantro::asr::accelerator

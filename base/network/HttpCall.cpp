@@ -81,6 +81,9 @@ void HttpCall::send(const QUrl& url)
     QNetworkRequest request = network::request(url);
     for (const auto& [name, value] : request_.headers)
         request.setRawHeader(name, value);
+    // Qt would take a key in the headers to wherever a redirect leads.
+    if (!request_.headers.empty())
+        request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::ManualRedirectPolicy);
     body_.clear();
     reply_ = request_.body.isEmpty() ? manager_.get(request) : post(request);
     connect(reply_, &QNetworkReply::metaDataChanged, this, &HttpCall::readHead);
@@ -131,9 +134,12 @@ void HttpCall::finished()
 
 bool HttpCall::followRedirect()
 {
-    const QUrl target = request_.url.resolved(reply_->attribute(QNetworkRequest::RedirectionTargetAttribute).toUrl());
-    const bool meansTheSameRequest = status() == temporaryRedirect || status() == permanentRedirect;
-    if (request_.body.isEmpty() || !meansTheSameRequest || redirects_ >= mostRedirects ||
+    const QUrl location = reply_->attribute(QNetworkRequest::RedirectionTargetAttribute).toUrl();
+    const QUrl target = request_.url.resolved(location);
+    // The other statuses turn a POST into a GET.
+    const bool meansTheSameRequest =
+        request_.body.isEmpty() || status() == temporaryRedirect || status() == permanentRedirect;
+    if (location.isEmpty() || !meansTheSameRequest || redirects_ >= mostRedirects ||
         network::originOf(target) != network::originOf(request_.url))
         return false;
     ++redirects_;

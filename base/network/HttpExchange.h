@@ -15,7 +15,8 @@
 namespace vantro {
 
 /// HTTP and HTTPS requests on a thread of its own, with persistent connections, no cookies and no cache. A request with
-/// a body follows redirects only within its origin, and only with status 307 or 308. Main thread.
+/// a body or headers, which may hold a key, follows redirects only within its origin; one with a body only with status
+/// 307 or 308. Main thread.
 class HttpExchange
 {
 public:

@@ -1,5 +1,6 @@
 #include "base/Error.h"
 #include "base/NotificationCenter.h"
+#include "base/PlainText.h"
 #include "base/SerialExecutor.h"
 #include "base/Settings.h"
 #include "platform/ThisProcess.h"
@@ -163,6 +164,15 @@ TEST(UserDefaults, EveryChangeIsToldOnceWhoeverMadeIt)
     EXPECT_EQ(command.stored(setting::autoPasteEnabled), false);
     EXPECT_EQ(UserDefaults(path).stored(setting::autoPasteEnabled), false) << "each keeps the other's values";
     EXPECT_EQ(UserDefaults(path).get(setting::appearance), QStringLiteral("dark"));
+}
+
+TEST(PlainText, FirstWordsEndAtABlankOrWhereThereIsNone)
+{
+    EXPECT_EQ(firstWords(QStringLiteral(" Call\nAnna "), 10), QStringLiteral("Call Anna"));
+    EXPECT_EQ(firstWords(QStringLiteral("Call Anna today"), 10), QStringLiteral("Call Anna\u2026"));
+    EXPECT_EQ(firstWords(QStringLiteral("A telephonecallwithoutblanks"), 10), QStringLiteral("A telephon\u2026"));
+    EXPECT_EQ(firstWords(QString(20, QChar(0x660E)), 10), QString(10, QChar(0x660E)) + QChar(0x2026));
+    EXPECT_EQ(firstWords(QString::fromUcs4(U"abc\U0001F600def"), 4), QStringLiteral("abc\u2026"));
 }
 
 // The table that the user reads is the one that the program reads.

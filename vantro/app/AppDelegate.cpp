@@ -137,7 +137,7 @@ std::weak_ptr<Dictation> AppDelegate::showLauncherAndRecord(Dictation::Keyboard 
     return dictation_;
 }
 
-/// Offers to download it otherwise.
+/// Without one, opens the window that downloads it.
 bool AppDelegate::hasModel()
 {
     const TranscriptionModel& model = parts_.models.selectedModel();
@@ -160,7 +160,8 @@ bool AppDelegate::takeCancelBack()
     return !isUserAway() && !isDictating() && !isOfferElsewhere() && recovery().takeCancelBack();
 }
 
-/// Soon after a cancel it takes that back. Whoever holds it, or uses it in another window, speaks.
+/// Takes back a cancel that is still on offer, except when the shortcut is held or used in another window: that starts
+/// a dictation.
 std::weak_ptr<Dictation> AppDelegate::shortcutUsed(Dictation::Keyboard keyboard)
 {
     const bool isHeld = keyboard == Dictation::Keyboard::left;
@@ -244,7 +245,7 @@ DictationTimings AppDelegate::timings() const
     return dictation_ ? dictation_->timings() : DictationTimings();
 }
 
-/// Not before it has been tried again a few times: programs that start or end together fight for a moment.
+/// Reported only after a few more attempts: programs that start or end together fight for a moment.
 void AppDelegate::shortcutFailed(const QString& name)
 {
     if (name != KeyboardShortcuts::Name::openModal.rawValue || std::exchange(isShortcutReportDue_, true))

@@ -94,7 +94,7 @@ QString ControlService::reasonNotToStart() const
     return delegate_.isUserAway() ? tr("the screen is locked, or another session is in front") : QString();
 }
 
-/// Refuses if nothing is recorded then.
+/// Starts a dictation, or refuses the call if that fails.
 std::weak_ptr<Dictation> ControlService::begin(const QDBusMessage& message)
 {
     if (const QString reason = reasonNotToStart(); !reason.isEmpty()) {

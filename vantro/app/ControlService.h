@@ -31,6 +31,8 @@ public:
     static QString busName() { return QStringLiteral("com.vantro.app"); }
     static QString objectPath() { return QStringLiteral("/com/vantro/app"); }
     static QString interfaceName() { return QStringLiteral("com.vantro.Control"); }
+    /// The error of a call that finds no kept recording.
+    static QString nothingKept() { return QStringLiteral("com.vantro.Error.NothingKept"); }
 
     struct Parts
     {
@@ -41,10 +43,7 @@ public:
         Recovery& recovery;
         const DesktopWays& ways;
     };
-    /// The error of a call that finds no kept recording.
-    static QString nothingKept() { return QStringLiteral("com.vantro.Error.NothingKept"); }
-
-    /// What is not about dictations.
+    /// What the rest of the program does for it.
     struct Actions
     {
         std::function<void(const QStringList&)> handOver; ///< called with the arguments of a second start

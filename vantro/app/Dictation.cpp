@@ -72,7 +72,7 @@ QCoro::Task<> Dictation::run(Keyboard keyboard)
     end();
 }
 
-/// As after drain().
+/// The course of run() from drain() on.
 QCoro::Task<> Dictation::runAgain()
 {
     const auto self = shared_from_this();

@@ -51,8 +51,8 @@ public:
         AudioRecorder& recorder;
         TranscriptionFacade& transcription;
         const ModeHandlers& handlers;
-        /// Called when this mode becomes likely, to connect to its language model early or to load it, which lasts as
-        /// long as what is returned; may be empty.
+        /// Called when this mode becomes likely, to connect to its language model early or to load it. The model stays
+        /// loaded for as long as the result lives. May be empty.
         std::function<std::shared_ptr<void>(ProcessingMode)> expectService;
         /// Returns the language model for a mode, or null. Called when the recording stops; may be empty.
         std::function<std::shared_ptr<FormatRequestServicing>(ProcessingMode, std::stop_token)> chooseService;
@@ -70,6 +70,7 @@ public:
 
     /// In this order. A failure or a cancel leads from any of them straight to over.
     enum class State { starting, recording, draining, transcribing, processing, delivering, over };
+    /// Whether the launcher takes the keyboard focus or leaves it where it is.
     enum class Keyboard { taken, left };
 
     /// Starts recording. If that fails, the user is told and the dictation is over.
@@ -82,7 +83,7 @@ public:
     [[nodiscard]] bool isOver() const { return state_ == State::over; }
     /// False once it is known that the recording cannot be transcribed now.
     [[nodiscard]] bool isModelUsable() const { return isModelUsable_; }
-    /// To be awaited, by one.
+    /// Awaitable, by one caller: resumes when the dictation is over.
     [[nodiscard]] auto ended() { return over_.opened(); }
     /// Who rewrites the text at this moment, for the user; empty when nobody does.
     [[nodiscard]] QString rewriter() const;
@@ -90,7 +91,7 @@ public:
     [[nodiscard]] const QString& transcript() const { return transcript_; }
     /// The delivered text.
     [[nodiscard]] const QString& text() const { return text_; }
-    /// Why there is none; nullopt when nothing went wrong.
+    /// Why there is no text; nullopt when nothing went wrong.
     [[nodiscard]] const std::optional<QString>& failure() const { return failure_; }
     [[nodiscard]] const DictationTimings& timings() const { return timings_; }
     [[nodiscard]] AudioRecorder& recorder() const { return parts_.recorder; }
@@ -190,7 +191,7 @@ private:
     std::optional<QString> failure_;
     ProcessingMode mode_ = ProcessingMode::Normal;
     ModeHandler* handler_ = nullptr;
-    std::shared_ptr<void> expectation_; ///< of a language model
+    std::shared_ptr<void> expectation_; ///< keeps the language model loaded; may be null
     std::shared_ptr<FormatRequestServicing> service_;
     QString rewritten_; ///< as far as it is written
     QString notice_;    ///< shown to the user at the end

@@ -37,7 +37,7 @@ HoldToTalk::~HoldToTalk()
     shortcuts_.disconnect(this);
 }
 
-/// Whoever else has Escape with the shortcut's modifiers: a held shortcut keeps all keys.
+/// Another program may have grabbed Escape with the shortcut's modifiers, but a held shortcut receives all keys.
 void HoldToTalk::followOtherKeys(KeyboardShortcuts& shortcuts)
 {
     connect(&shortcuts, &KeyboardShortcuts::otherKeyPressed, this, [this](KeyboardShortcuts::Key key) {

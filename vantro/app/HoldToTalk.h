@@ -50,8 +50,8 @@ private:
     /// The current press is a hold, whether or not its dictation is still running.
     bool isHold_ = false;
     std::weak_ptr<Dictation> held_;
-    /// Escape with every subset of the shortcut's modifiers that may still be held: until it is up again, nothing of it
-    /// may reach the window in front.
+    /// Escape with every subset of the shortcut's modifiers, any of which may still be held. Kept until Escape is up,
+    /// so that none of it reaches the window in front.
     std::vector<KeyboardShortcuts::Registration> escape_;
     bool isEscapeDown_ = false;
 };

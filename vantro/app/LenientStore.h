@@ -35,7 +35,7 @@ public:
     /// Whether the latest text was stored.
     [[nodiscard]] bool hasLatest() const { return hasLatest_; }
 
-    // Both return a null id when it could not, or was not to be stored.
+    // Both return a null ID if the text could not or was not to be stored.
     QUuid saveTranscription(const QString& transcription, const QString& formatted, ProcessingMode mode) override;
     QUuid saveTranscription(const QString& transcription, ProcessingMode mode) override;
     void updateFormatted(const QUuid& id, const QString& formatted) override;

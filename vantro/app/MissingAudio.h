@@ -8,9 +8,9 @@ class AudioRecorder;
 
 // What a recording lacks, in words for the user; empty if nothing worth telling. Main thread.
 
-/// Of a recording that has ended before its speaker.
+/// Of a recording that ended before its speaker did.
 QString missingEnd(const AudioRecorder& recorder);
-/// Of one whose samples are all there.
+/// Of one that has been drained.
 QString missingParts(const AudioRecorder& recorder);
 
 } // namespace vantro

@@ -11,7 +11,7 @@ namespace vantro {
 namespace {
 
 constexpr auto lookEvery = 60s;
-constexpr quint64 leastAvailable = 16; ///< one part in so many
+constexpr quint64 shortageDivisor = 16; ///< memory is short below this fraction of all
 
 } // namespace
 
@@ -53,7 +53,7 @@ void ModelMemory::look()
 bool ModelMemory::isShort() const
 {
     const auto available = parts_.system.availableMemoryBytes();
-    return available && *available < parts_.system.physicalMemoryBytes() / leastAvailable;
+    return available && *available < parts_.system.physicalMemoryBytes() / shortageDivisor;
 }
 
 } // namespace vantro

@@ -52,12 +52,13 @@ void RecognitionAhead::look()
         drop();
     const std::size_t pause = isEnding_ ? PauseDetector::tailCount : pauseCount;
     const bool mayHaveEnded = pauses_.speechCount() > 0 && pauses_.pauseCount() >= pause;
-    if (!isHeard(mayHaveEnded) && mayHaveEnded && !attempt_ && !hasFailed_)
+    if (!hear(mayHaveEnded) && mayHaveEnded && !attempt_ && !hasFailed_)
         attempt();
 }
 
-/// Without the background of a pause, which belongs to the recording only if the user speaks on.
-bool RecognitionAhead::isHeard(bool mayHaveEnded)
+/// Passes on what was said, without the background of a pause, which belongs to the recording only if the user speaks
+/// on. Returns false if the engine does not follow recordings.
+bool RecognitionAhead::hear(bool mayHaveEnded)
 {
     return parts_.transcription.hear(recordingID_, std::span(samples_).first(pauses_.usefulCount()), mayHaveEnded,
                                      [self = QPointer(this)](const QString& text) {
@@ -103,7 +104,7 @@ QCoro::Task<QString> RecognitionAhead::transcribe(QString recordingID, std::vect
 {
     stopListening();
     pauses_.hear(std::span(samples).subspan(pauses_.heardCount()));
-    // What is too short to be speech is no reason to leave the rest out.
+    // Something this short is no speech that the recording could be cut after.
     if (pauses_.usefulCount() >= minimumSampleCount)
         samples.resize(pauses_.usefulCount());
     const auto attempt = std::exchange(attempt_, nullptr);

@@ -69,8 +69,8 @@ private:
     };
 
     void look();
-    [[nodiscard]] bool isHeard(bool mayHaveEnded);
     void lookAgain();
+    [[nodiscard]] bool hear(bool mayHaveEnded);
     void attempt();
     QCoro::Task<> recognise(std::shared_ptr<Attempt> attempt, std::vector<float> samples);
     void drop();

@@ -36,7 +36,7 @@ void Recovery::offerFailed(Owed owed, const QString& notice)
           notice + blankLine + tr("Your recording is kept. Transcribe it now?"));
 }
 
-/// What the alert holds on to may go in another way while it is open, which closes it.
+/// While the alert is open, its recordings may be dealt with in another way, which closes it.
 void Recovery::offer(std::vector<Owed> owed, const QString& title, const QString& text)
 {
     const auto offer = std::make_shared<QObject>();
@@ -62,7 +62,7 @@ void Recovery::offerCancelled(Owed owed, std::optional<QRect> anchor)
     owed.isCancelled = true;
     cancelled_ = std::move(owed);
     undoLeft_ = undoTime;
-    launcher_ = anchor;
+    launcherFrame_ = anchor;
     showOffer(anchor);
     countDown();
 }
@@ -76,8 +76,8 @@ void Recovery::showOffer(std::optional<QRect> anchor)
 
 void Recovery::makeRoom()
 {
-    if (cancelled_ && launcher_)
-        showOffer(launcher_->translated(0, -launcher_->height()));
+    if (cancelled_ && launcherFrame_)
+        showOffer(launcherFrame_->translated(0, -launcherFrame_->height()));
     countDown();
 }
 

@@ -63,9 +63,9 @@ public:
     /// To be set before anything else is called.
     void setBegin(Begin begin) { begin_ = std::move(begin); }
 
-    /// A dictation has failed for the reason @p notice, which the user is told with the offer.
+    /// Offers the recording of a dictation that has failed. @p notice: why, for the user.
     void offerFailed(Owed owed, const QString& notice);
-    /// @p anchor: where the launcher was.
+    /// Offers a cancelled recording for undoTime. @p anchor: where the launcher was.
     void offerCancelled(Owed owed, std::optional<QRect> anchor);
     /// Keeps it without a word.
     void keep(Owed owed) { kept_.push_back(std::move(owed)); }
@@ -81,12 +81,12 @@ public:
     /// Ends the offer. Its recording is gone.
     void forgetCancelled();
 
-    /// Offers what earlier processes have left; false when that is nothing.
+    /// Offers what earlier processes have left. Returns false if they have left nothing.
     QCoro::Task<bool> offerLeft();
     /// Transcribes all recordings, a cancelled one included, to the clipboard. Returns their texts, with blank lines
     /// between them. Throws Error; what has not been transcribed stays.
     QCoro::Task<QString> transcribeAll();
-    /// Throws NothingKept.
+    /// Deletes all recordings, a cancelled one included. Throws NothingKept.
     QCoro::Task<> discardAll();
 
 private:
@@ -107,8 +107,8 @@ private:
     Begin begin_;
     std::vector<Owed> kept_;
     std::optional<Owed> cancelled_;
-    std::optional<QRect> launcher_; ///< where it was cancelled, in screen coordinates
-    bool isCovered_ = false;        ///< the offer
+    std::optional<QRect> launcherFrame_; ///< of the cancelled dictation, in screen coordinates
+    bool isCovered_ = false;             ///< the offer
     std::chrono::milliseconds undoLeft_{};
     Clock::Instant undoEnd_;             ///< while undoTimer_ runs
     std::unique_ptr<QObject> undoTimer_; ///< destroying it stops it

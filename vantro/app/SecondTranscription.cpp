@@ -12,7 +12,8 @@ SecondTranscription::SecondTranscription(TranscriptionFacade& facade, const Audi
     : facade_(facade)
     , recorder_(recorder)
 {
-    connect(&recorder, &AudioRecorder::isBusyChanged, this, [this] { stop_.request_stop(); });
+    connect(&recorder, &AudioRecorder::isBusyChanged, this,
+            [this] { std::exchange(stop_, std::stop_source()).request_stop(); });
 }
 
 SecondTranscription::~SecondTranscription()
@@ -24,7 +25,6 @@ QCoro::Task<QString> SecondTranscription::run(TranscriptionModel model, QString 
 {
     if (recorder_.isBusy())
         throw Error(tr("Wait until your dictation is over, and try again."));
-    stop_ = {};
     TranscriptionFacade::Options options;
     options.model = &model;
     options.stop = stop_.get_token();

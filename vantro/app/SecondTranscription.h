@@ -20,13 +20,13 @@ public:
     SecondTranscription(TranscriptionFacade& facade, const AudioRecorder& recorder);
     ~SecondTranscription() override;
 
-    /// @p file: of a format that AudioFile reads. Throws what the engine throws, and Error.
+    /// @p file: of a format that AudioFile reads. Throws Error, also during a dictation.
     [[nodiscard]] QCoro::Task<QString> run(TranscriptionModel model, QString file);
 
 private:
     TranscriptionFacade& facade_;
     const AudioRecorder& recorder_;
-    std::stop_source stop_;
+    std::stop_source stop_; ///< of all that run until the next dictation
     SerialExecutor reader_{QStringLiteral("second transcription")};
 };
 

@@ -27,7 +27,7 @@ public:
     [[nodiscard]] virtual std::unique_ptr<LauncherPanel> makeLauncher(Dictation& dictation) = 0;
     /// @p anchor: where the launcher was, in screen coordinates. @p keys names what pastes the text in the window in
     /// front, and is asked again when another one comes there; may be empty. @p reason says in a sentence why the user
-    /// has to, or nothing when he has chosen so.
+    /// has to paste it himself; empty when that is his choice.
     virtual void showPasteHUD(std::optional<QRect> anchor, std::function<QString()> keys, const QString& reason) = 0;
     /// Offers to transcribe a cancelled recording after all; @p accepted is called for a click, and @p covered when
     /// another message is shown in its place, and when it is back.

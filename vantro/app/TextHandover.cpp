@@ -1,6 +1,7 @@
 #include "vantro/app/TextHandover.h"
 
-#include <algorithm>
+#include "base/PlainText.h"
+
 #include <utility>
 
 namespace vantro {
@@ -8,15 +9,12 @@ namespace vantro {
 namespace {
 
 /// In characters.
-constexpr qsizetype firstWords = 60;
+constexpr qsizetype excerptLength = 60;
 
 /// So that the user knows which text is meant.
 QString withFirstWords(const QString& reason, const QString& text)
 {
-    QString words = text.simplified();
-    if (words.size() > firstWords)
-        words = words.left(std::max(words.lastIndexOf(QLatin1Char(' '), firstWords), firstWords / 2)) + QChar(0x2026);
-    words = TextHandover::tr("\u201C%1\u201D").arg(words);
+    const QString words = TextHandover::tr("\u201C%1\u201D").arg(firstWords(text, excerptLength));
     return reason.isEmpty() ? words : reason + QLatin1Char('\n') + words;
 }
 

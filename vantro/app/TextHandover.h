@@ -28,11 +28,11 @@ public:
     {
     }
 
-    /// Told with the text, such as why it was not rewritten.
+    /// Shown with the text, for example why it was not rewritten.
     void setRemark(const QString& remark) { remark_ = remark; }
 
     /// Pastes @p text into the remembered window. The recording that is @p owed is deleted when the text is safe; if it
-    /// gets lost and the history has it not either (@p isStored), the recording is kept. @p anchor: where the launcher
+    /// gets lost and is not in the history either (@p isStored), the recording is kept. @p anchor: where the launcher
     /// was.
     QCoro::Task<PasteDelivery::Outcome> paste(QString text, Owed owed, bool isStored, std::optional<QRect> anchor);
     /// Copies @p text. @p isFromKept: it is the text of a kept recording.

@@ -8,8 +8,8 @@
 
 namespace vantro {
 
-/// The input level for the waveform, 0..1, measured on raw microphone blocks. Published about thirty times a second, or
-/// at once when it changes by 0.01. Audio thread; has its own mutex.
+/// Measures the input level for the waveform, 0..1, on raw microphone blocks: their RMS times a fixed gain. Published
+/// at most thirty times a second, but at once when it changes by 0.01. Audio thread; has its own mutex.
 class AmplitudeSmoother
 {
 public:

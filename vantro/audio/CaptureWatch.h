@@ -22,9 +22,9 @@ public:
 
     explicit CaptureWatch(Clock& clock) : clock_(clock) {}
 
-    /// A recording begins: nothing has stalled.
+    /// Call when a recording begins: nothing has stalled yet.
     void clear() { setStalled(false); }
-    /// A capture has been started, or started again. What had stalled is so until the first block.
+    /// Call when a capture has been started or restarted. A stalled one counts as stalled until its first block.
     void begin();
     void end() { nextLook_.reset(); }
     /// Audio thread.
@@ -34,7 +34,7 @@ public:
 
 Q_SIGNALS:
     void isStalledChanged();
-    /// Waiting longer is no use. Repeated until begin() or end() is called, or blocks come again.
+    /// Waiting longer is of no use. Emitted again and again until begin() or end() is called or blocks come.
     void stalledTooLong();
 
 private:

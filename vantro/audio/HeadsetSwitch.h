@@ -34,7 +34,8 @@ public:
         QString microphone;
     };
 
-    /// The headset of the first wanted microphone, unless that one or a more preferred one is already present.
+    /// What to switch: the headset of the first of @p wanted (UIDs, most preferred first) that has one; nothing if that
+    /// microphone or a more preferred one is present.
     static std::optional<Plan> plan(const std::vector<QString>& wanted, const std::vector<AudioInputDevice>& present,
                                     const std::vector<HeadsetCard>& cards);
 

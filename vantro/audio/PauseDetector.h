@@ -9,8 +9,8 @@ namespace vantro {
 /// Finds where speech ends in a recording that may still be going on, by level alone: a frame of 30 ms counts as
 /// background when it is hardly louder than the quietest 120 ms of the last seconds and much quieter than the loudest
 /// so far. What is not clearly background counts as speech, so noise as loud as the voice has no pauses. A frame is
-/// judged by what came before it: what has been said about a recording stays true however it goes on, and does not
-/// depend on the sizes in which its samples come. Any thread, one at a time.
+/// judged by what came before it alone, so the judgement stands however the recording goes on, and does not depend on
+/// the sizes in which its samples come. Any thread, one at a time.
 class PauseDetector
 {
 public:
@@ -21,7 +21,7 @@ public:
     void hear(std::span<const float> samples);
 
     [[nodiscard]] std::size_t heardCount() const { return heard_; }
-    /// How many of them are followed by background alone.
+    /// The number of samples up to the end of the last speech.
     [[nodiscard]] std::size_t speechCount() const { return speech_; }
     [[nodiscard]] std::size_t pauseCount() const { return heard_ - speech_; }
     /// How many are worth recognising: speech with its tail; all of them when no speech stands out.

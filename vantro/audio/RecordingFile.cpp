@@ -64,12 +64,12 @@ bool lock(int descriptor)
     return ::flock(descriptor, LOCK_EX | LOCK_NB) == 0;
 }
 
-QString besides(const QString& path, const QString& name)
+QString sibling(const QString& path, const QString& name)
 {
     return QFileInfo(path).path() + QLatin1Char('/') + name;
 }
 
-QStringList names(const QString& folder, const QString& pattern, QDir::Filters filters)
+QStringList pathsIn(const QString& folder, const QString& pattern, QDir::Filters filters)
 {
     QStringList paths;
     for (const QFileInfo& file :
@@ -114,7 +114,7 @@ RecordingFile::~RecordingFile()
         ::close(descriptor_);
 }
 
-/// Hidden until it is locked and has its header, so that nobody finds it sooner.
+/// The file is hidden until it is locked and has its header, so that nobody finds it earlier.
 RecordingFile RecordingFile::create(const QString& folder, const QString& name, const Header& header)
 {
     if (::mkdir(QFile::encodeName(folder).constData(), S_IRWXU) != 0 && errno != EEXIST)
@@ -159,12 +159,12 @@ std::optional<RecordingFile> RecordingFile::open(const QString& path)
 
 QStringList RecordingFile::list(const QString& folder)
 {
-    return names(folder, QLatin1Char('*') + QLatin1String(ending), {});
+    return pathsIn(folder, QLatin1Char('*') + QLatin1String(ending), {});
 }
 
 void RecordingFile::removeHidden(const QString& folder)
 {
-    for (const QString& path : names(folder, QStringLiteral(".audio-*") + QLatin1String(ending), QDir::Hidden)) {
+    for (const QString& path : pathsIn(folder, QStringLiteral(".audio-*") + QLatin1String(ending), QDir::Hidden)) {
         const int descriptor = ::open(QFile::encodeName(path).constData(), O_RDWR | O_CLOEXEC | O_NOFOLLOW);
         if (descriptor < 0)
             continue;
@@ -227,7 +227,7 @@ std::vector<float> RecordingFile::read() const
 
 void RecordingFile::setHidden(bool hidden)
 {
-    const QString to = besides(path_, (hidden ? QStringLiteral(".") : QString()) + name().remove(QLatin1Char('.')) +
+    const QString to = sibling(path_, (hidden ? QStringLiteral(".") : QString()) + name().remove(QLatin1Char('.')) +
                                           QLatin1String(ending));
     if (::rename(QFile::encodeName(path_).constData(), QFile::encodeName(to).constData()) != 0)
         fail(path_);

@@ -15,8 +15,8 @@ namespace vantro {
 /// Whether a recording is long enough to hold a word and is not digital silence. 16 kHz mono.
 [[nodiscard]] bool mayHoldSpeech(std::span<const float> samples);
 
-/// The samples of one recording in a file that can be read back at whatever moment its writer dies: a header of fixed
-/// length, then 16 kHz mono floats in this machine's byte order. Only its owner can read it, and it is locked (flock)
+/// The samples of one recording in a file that stays readable whenever its writer dies: a header of 64 bytes, then 16
+/// kHz mono floats in this machine's byte order. Only its owner can read it, and it is locked (flock)
 /// for as long as this object lives. One thread at a time.
 class RecordingFile
 {
@@ -29,11 +29,11 @@ public:
 
     /// Creates @p folder too, for this user alone. Throws Error.
     [[nodiscard]] static RecordingFile create(const QString& folder, const QString& name, const Header& header);
-    /// Nullopt while another object or process holds it. Throws Error when it is none of these files.
+    /// nullopt while another object or process holds it. Throws Error if it cannot be opened or is no recording.
     [[nodiscard]] static std::optional<RecordingFile> open(const QString& path);
     /// The files in @p folder that may be opened, oldest first.
     [[nodiscard]] static QStringList list(const QString& folder);
-    /// Removes what was put out of sight by a process that has ended since.
+    /// Removes the files that a process had hidden when it ended.
     static void removeHidden(const QString& folder);
 
     RecordingFile(RecordingFile&& other) noexcept;
@@ -41,14 +41,15 @@ public:
     ~RecordingFile();
 
     [[nodiscard]] const Header& header() const { return header_; }
-    /// Without its ending.
+    /// The file's name without its ending.
     [[nodiscard]] QString name() const;
     /// Throws Error; what has been written before stays readable.
     void append(std::span<const float> samples);
+    /// Throws Error.
     void setMode(ProcessingMode mode);
     /// All whole samples. Throws Error.
     [[nodiscard]] std::vector<float> read() const;
-    /// A hidden file is not listed, so that no other process finds it.
+    /// A hidden file is not listed, so that no other process finds it. Throws Error.
     void setHidden(bool hidden);
     void remove();
 

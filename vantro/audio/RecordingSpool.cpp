@@ -73,7 +73,7 @@ Recording::Recording(RecordingSpool& spool, QString id, RecordingFile::Header he
 {
 }
 
-/// On the spool's thread, where it may still be written.
+/// Releases the file on the spool's thread, where it may still be written.
 Recording::~Recording()
 {
     std::ignore = spool_.executor_.run([store = std::move(store_)]() mutable { store.reset(); });

@@ -32,12 +32,12 @@ public:
     /// Ends the keeping: @p samples are those of the whole recording.
     void finish(const std::vector<float>& samples);
     [[nodiscard]] bool isFinished() const { return collector_ == nullptr; }
-    /// Known once finished: see vantro::mayHoldSpeech().
+    /// See vantro::mayHoldSpeech(); true until the recording is finished.
     [[nodiscard]] bool mayHoldSpeech() const { return mayHoldSpeech_; }
     /// Throws Error when they cannot be read.
     [[nodiscard]] QCoro::Task<std::vector<float>> samples() const;
 
-    /// Hidden, it is gone when the process ends, whatever ends it.
+    /// A hidden recording does not outlive the process, however that ends.
     void setHidden(bool hidden);
     void discard();
 
@@ -79,7 +79,7 @@ public:
     /// stays untouched; what holds no speech is removed.
     [[nodiscard]] QCoro::Task<std::vector<std::shared_ptr<Recording>>> takeLeft();
 
-    /// Whether somebody has a recording. Blocks for a moment.
+    /// Whether a process, this one included, holds a recording. Blocks for a moment.
     [[nodiscard]] bool isInUse() const;
 
 private:

@@ -23,7 +23,7 @@ bool PasteDelivery::mustWait(WindowID window)
            std::ranges::any_of(held_, [window](const Held& held) { return held.window == window; });
 }
 
-/// A keystroke before its own is not answered yet, or just now.
+/// Whether an earlier keystroke to its program is unanswered, or was answered only a moment ago.
 bool PasteDelivery::isHeldBack(WindowID window)
 {
     const bool isOwed =
@@ -31,7 +31,8 @@ bool PasteDelivery::isHeldBack(WindowID window)
     return isOwed || (pending_ && isProgramOf(*pending_, window) && (isFetched(*pending_) || isPasting()));
 }
 
-/// To a user who still waits there. Of one who works elsewhere the keyboard stays there.
+/// Pastes texts whose turn has come into windows where their user still waits. Others are left on the clipboard: the
+/// keyboard stays with a user who works elsewhere.
 void PasteDelivery::bringHeld()
 {
     while (!isDelivering_) {
@@ -70,7 +71,8 @@ void PasteDelivery::bringHeld()
     }
 }
 
-/// From the launcher or an alert of ours, or because the keyboard comes a moment later.
+/// Whether the user may be back in a moment: the launcher or an alert of ours is in front, or the keyboard has not
+/// followed yet.
 bool PasteDelivery::mayComeBackTo(WindowID window) const
 {
     const auto front = workspace_.frontWindow();
@@ -86,7 +88,7 @@ void PasteDelivery::lookForHeldLater()
     });
 }
 
-/// The window has the keyboard.
+/// Pastes into a window that has the keyboard.
 QCoro::Task<> PasteDelivery::bring(Held held)
 {
     const Target present = std::exchange(target_, Target{held.window, std::nullopt});
@@ -97,7 +99,7 @@ QCoro::Task<> PasteDelivery::bring(Held held)
         Q_EMIT notFetched(reason);
 }
 
-/// The clipboard is somebody else's now, whatever the keystroke before theirs brings.
+/// The clipboard is needed for another text, so the held ones will not be pasted.
 void PasteDelivery::loseHeld()
 {
     for (Held& held : std::exchange(held_, {})) {

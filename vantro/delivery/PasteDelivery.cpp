@@ -35,7 +35,7 @@ const Logger& logger()
     return instance;
 }
 
-/// Without what surrounds it, and without what a terminal would obey.
+/// Trimmed, and without characters that a terminal would obey.
 QString plain(const QString& text)
 {
     return withoutControlCharacters(text).trimmed();
@@ -138,7 +138,7 @@ KeyEventPoster::PasteChord PasteDelivery::chordOf(std::optional<WindowID> window
     return pasteChordFor(window ? workspace_.windowClass(*window) : QStringList(), defaults_);
 }
 
-/// For the moment that a paste takes.
+/// Puts @p text there until it has been pasted.
 void PasteDelivery::show(Selection selection, const QString& text)
 {
     if (selection == Selection::Clipboard && defaults_.get(setting::copyToClipboardEnabled))
@@ -147,7 +147,7 @@ void PasteDelivery::show(Selection selection, const QString& text)
         pasteboard_.setSecret(selection, text);
 }
 
-/// For good, wherever the keys of any window find it.
+/// Leaves @p text to the user, in both selections: the keys of any window find it.
 void PasteDelivery::leave(const QString& text)
 {
     for (const auto selection : {Selection::Clipboard, Selection::Primary})
@@ -215,7 +215,7 @@ QCoro::Task<PasteDelivery::Outcome> PasteDelivery::deliverNext(QString text, Kee
     co_return outcome;
 }
 
-/// The text of @p paste stays, after one that is not to be lost either.
+/// Leaves the text of @p paste on the clipboard, behind @p waiting, which must not be lost either.
 void PasteDelivery::leaveAfter(const QString& waiting, Restore paste)
 {
     const bool isOnlyHere = std::ranges::any_of(paste.keeping, [](const Keeping& keeping) { return !!keeping.lost; });
@@ -246,7 +246,7 @@ QString PasteDelivery::joined(const QString& text, std::optional<WindowID> targe
     return joinedTo(latest_->text, text, defaults_.get(setting::selectedLanguage));
 }
 
-/// Also where it would not come back otherwise, @p waiting does.
+/// What to restore after the paste. If there is @p waiting, the clipboard comes back whatever the settings say.
 PasteDelivery::Restore PasteDelivery::takeFormer(const QString& dictated, const QString& waiting)
 {
     const auto pending = takePending();
@@ -295,8 +295,8 @@ QCoro::Task<PasteDelivery::Outcome> PasteDelivery::waitForKeyboard(std::optional
     co_return Outcome::Pasted;
 }
 
-/// Another program's window is in front: to take the keyboard from it would type into the wrong one what its user
-/// types.
+/// Whether another program's window is in front. Taking the keyboard from it would send what the user types there to
+/// the wrong window.
 bool PasteDelivery::hasMovedOn(WindowID target) const
 {
     const auto front = workspace_.frontWindow();
@@ -315,7 +315,7 @@ bool PasteDelivery::isKeyboardBusy() const
     return keyEvents_.isOrdinaryKeyDown() || keyEvents_.isKeyboardTaken();
 }
 
-/// A locked screen leaves the window in front where it is and takes the keystrokes.
+/// What forbids a keystroke now: a locked screen takes it, although the window stays in front.
 std::optional<PasteDelivery::Outcome> PasteDelivery::obstacle() const
 {
     if (session_.isAway())
@@ -330,7 +330,7 @@ bool PasteDelivery::hasKeyboard(WindowID window) const
     return workspace_.frontWindow() == window && workspace_.hasInputFocus(window);
 }
 
-/// What has been copied while the delivery waited would be pasted instead.
+/// Puts the text there once more if something else was copied while the delivery waited.
 void PasteDelivery::showAgain(const QString& dictated, Restore& former)
 {
     if (pasteboard_.string(Selection::Clipboard) == dictated)

@@ -28,7 +28,7 @@ class PasteDelivery final : public QObject
 public:
     enum class Outcome {
         Pasted,
-        Held, ///< until another window of its program has answered
+        Held, ///< comes once another window of its program has answered
         /// The text was empty; nothing was touched.
         Nothing,
         // For the following ones the text stays on the clipboard.
@@ -41,12 +41,12 @@ public:
         KeystrokeFailed,
     };
 
-    /// What whoever has a text delivered does about what it keeps of it. Either may be empty; one of them is called at
-    /// most, and none if the process ends before.
+    /// Callbacks about the caller's own copy of a text, such as its recording. Either may be empty; at most one is
+    /// called, and none if the process ends first.
     struct Keeping
     {
-        std::function<void()> settled; ///< nothing needs to be kept: the window has fetched it, or it is with the user
-        std::function<void()> lost;    ///< it is nowhere any more; empty if it is in the history
+        std::function<void()> settled; ///< not needed any more: the window has fetched the text, or the user has it
+        std::function<void()> lost;    ///< the text is nowhere any more; empty if it is in the history
     };
 
     /// Where a text goes.
@@ -85,18 +85,20 @@ public:
     /// What makes the window in front paste, or the one before one of our own, for the user to read.
     [[nodiscard]] QString pasteKeys() const;
 
-    /// Copies @p text, waits until the remembered window has the focus (up to 500 ms) and no key is held down (up to 1
-    /// s) and no other program has the keyboard to itself (1 s), then posts the window's paste keystroke, unless the
-    /// user is away. Unless "copyToClipboardEnabled" is set, the previous clipboard text is restored later: 0.3 s after
-    /// the keystroke, or once the window has fetched the text if that takes longer, and not at all if the clipboard has
-    /// been changed since. After 2 s notFetched() is emitted. A window that has not answered one keystroke yet gets no
-    /// second one: its paste will bring both texts. Nor does another window of its program, whose text that keystroke
-    /// would take: it comes afterwards, in the order of the texts, once no window of our own is in front any more; or
-    /// if its user has moved on by then, stays on the clipboard. What a window is owed comes back to the clipboard when
-    /// a text for another program has been fetched. A text that is not pasted stays on the clipboard; after one that
-    /// waits there, is kept nowhere else and has not been fetched by anybody, which comes back after a paste in any
-    /// case. One text after the other: a second one waits for the first. With "joinDictations", a text that soon
-    /// follows another one in the same window is joined to it.
+    /// Copies @p text, waits until the remembered window has the focus (up to 500 ms) and no key is held down and no
+    /// other program has the keyboard to itself (up to 1 s together), then posts the window's paste keystroke, unless
+    /// the user is away. Deliveries run one after the other.
+    ///
+    /// - Unless "copyToClipboardEnabled" is set, the previous clipboard text is restored 0.3 s after the keystroke, or
+    ///   later, once the window has fetched the text; not at all if the clipboard has been changed since. After 2 s
+    ///   without a fetch, notFetched() is emitted.
+    /// - A window that has not answered one keystroke gets no second one: its paste will bring both texts. A text for
+    ///   another window of its program is held until the first is answered and no window of our own is in front; if the
+    ///   user has moved on by then, it stays on the clipboard.
+    /// - What a window is owed comes back to the clipboard when a text for another program has been fetched.
+    /// - A text that is not pasted stays on the clipboard. A text that waits there, is kept nowhere else and has not
+    ///   been fetched stays in front of it, and comes back after a paste in any case.
+    /// - With "joinDictations", a text that soon follows another one in the same window is joined to it.
     [[nodiscard]] QCoro::Task<Outcome> deliver(QString text, Keeping keeping = {});
 
     /// Ends a pending paste as it stands. For when the process is about to end.
@@ -114,7 +116,7 @@ private:
     class NextLook;
     enum class Turn {
         last, ///< behind those that are held for its window
-        come,
+        come, ///< it was held, and its turn has come
     };
 
     /// The previous text of a selection, and our text that has replaced it.
@@ -213,16 +215,16 @@ private:
     const SessionState& session_;
     UserDefaults& defaults_;
     Clock& clock_;
-    std::optional<WindowID> lastFront_; ///< that could take a text
-    std::optional<WindowID> lastOther_; ///< of another program
-    Target target_;
-    std::optional<Latest> latest_; ///< the paste that the next one may follow on
+    std::optional<WindowID> lastFront_; ///< the last one in front that could take a text
+    std::optional<WindowID> lastOther_; ///< the last one in front of another program
+    Target target_;                     ///< of the next delivery
+    std::optional<Latest> latest_;      ///< the paste that the next one may follow on
     std::optional<Restore> pending_;
     std::vector<Restore> owed_; ///< to windows that stood still when a text for another one came; the latest last
     std::vector<Held> held_;    ///< the earliest first
-    quint64 heldLook_ = 0;
+    quint64 heldLook_ = 0;      ///< number of the latest look at held_ that is due
     bool isDelivering_ = false;
-    quint64 generation_ = 0;
+    quint64 generation_ = 0; ///< of the looks at pending_: an earlier one does nothing
     QString keystrokeError_;
     QString onlyHere_;    ///< what was left on the clipboard and is kept nowhere else
     bool isLost_ = false; ///< the latest text is neither there nor in the history

@@ -22,7 +22,8 @@ constexpr std::chrono::milliseconds lateFetchPoll = 500ms;
 
 } // namespace
 
-/// What the previous delivery would still have restored. A window that will find its text later is owed it.
+/// Ends the previous paste and returns what it would still have restored. A window that will fetch its text later is
+/// owed it.
 std::optional<PasteDelivery::Restore> PasteDelivery::takePending()
 {
     auto pending = std::exchange(pending_, std::nullopt);
@@ -46,7 +47,8 @@ void PasteDelivery::tellOfForgotten(Restore& paste)
                       whereIsLost(lose(paste)));
 }
 
-/// The next text for a window that is owed one comes with it, and one for another window of its program after it.
+/// Makes what @p target's program is owed the pending paste again: the next text for that window joins it, one for
+/// another window of the program waits for it.
 void PasteDelivery::returnToOwed(std::optional<WindowID> target)
 {
     const auto found = std::ranges::find_if(owed_, [&](const Restore& paste) { return isProgramOf(paste, target); });
@@ -69,7 +71,7 @@ void PasteDelivery::tellOfOwed()
     }
 }
 
-/// Another text stays on the clipboard.
+/// Another text stays on the clipboard, so what is owed will not be fetched.
 void PasteDelivery::forgetOwed()
 {
     for (Restore& paste : std::exchange(owed_, {}))
@@ -83,8 +85,8 @@ bool PasteDelivery::isFetched(Restore& paste) const
     return paste.isFetched;
 }
 
-/// Whether there is a window that still has a keystroke to answer, and will find our text then. Of one that cannot be
-/// asked, who dictates into it once more knows best.
+/// Whether a window still has a keystroke to answer, and will find our text then. A window that cannot be asked counts
+/// only until the user has been told: a user who dictates into it again knows that it works.
 bool PasteDelivery::isPasting()
 {
     return pending_ && !isFetched(*pending_) && isOurs(*pending_) && willTake(*pending_) &&
@@ -130,7 +132,7 @@ void PasteDelivery::followPending()
     lookAfter(fetchPoll);
 }
 
-/// Instead of any look that is due.
+/// Replaces any look that is due.
 void PasteDelivery::lookAfter(std::chrono::milliseconds delay)
 {
     clock_.callAfter(delay, this, [this, generation = ++generation_] {

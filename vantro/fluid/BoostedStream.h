@@ -24,13 +24,13 @@ struct FluidTranscript
     std::optional<asr::Seconds> spotting; ///< how long the end of the recording took
 };
 
-/// A recording that is recognised and, beside it and in the same threads, searched for the user's words. The search
-/// never fails a transcription. One thread.
+/// Recognises a recording and, in the same threads, searches it for the user's words. A search that fails does not fail
+/// the transcription. One thread.
 class BoostedStream
 {
 public:
-    /// @p build: of the pipeline, in another thread, which is waited for; nothing if there are no words. Throws
-    /// asr::ASRError.
+    /// @p build: the pipeline, which another thread may still be building: waits for it. Nothing if there are no words.
+    /// Throws asr::ASRError.
     BoostedStream(const asr::AsrManager& manager, const asr::StreamingAsr::Options& options,
                   const std::optional<QFuture<FluidVocabularyBuild>>& build);
 

@@ -240,7 +240,7 @@ void FluidAsrEngine::hurry()
 
 void FluidAsrEngine::forget()
 {
-    // There, because its last operation may have to be waited for.
+    // On the engine's thread, because its last operation may have to be waited for.
     std::ignore = executor_.run([live = std::move(live_)]() mutable { live.reset(); });
 }
 

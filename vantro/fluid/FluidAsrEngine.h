@@ -30,8 +30,8 @@ struct FluidModelSource
     QString file;
 };
 
-/// Transcribes finished recordings with the one loaded Parakeet model. Main thread; loading and recognition run on
-/// threads of their own and are awaited.
+/// Transcribes recordings, finished or still going on, with the one loaded Parakeet model. Main thread; loading and
+/// recognition run on threads of their own and are awaited.
 ///
 /// Concurrent requests for the same model share one load. A new model, or a new file of the same one, replaces the
 /// loaded one only once it is ready; of two overlapping loads, the one that finishes last stays.
@@ -58,20 +58,22 @@ public:
     QCoro::Task<Manager> load(FluidModelSource model, std::stop_token stop = {});
     /// Preloads a model. Never throws: logs a failure and returns its description.
     QCoro::Task<QString> prepare(FluidModelSource model);
-    /// Loads what looks for the words, if there are any.
+    /// Begins to load what looks for the words, if there are any.
     void prepareVocabulary(const FluidVocabulary& vocabulary) { std::ignore = pipelineFor(vocabulary); }
+    /// A recording that is still being made.
     struct Unfinished
     {
         const QString& label; ///< as in the Request that will follow
         const FluidModelSource& model;
         std::optional<asr::Language> language;
-        std::span<const float> samples; ///< from the beginning
-        bool mayHaveEnded = false;
+        std::span<const float> samples;                   ///< from the beginning; 16 kHz mono
+        bool mayHaveEnded = false;                        ///< speech has paused
         std::function<void(const QString&)> onWords;      ///< on the main thread
         std::function<FluidVocabulary()> vocabulary = {}; ///< called at the beginning of a recording; may be empty
     };
     /// Recognises a recording while it is made. Returns false while the model is not loaded.
     bool hear(const Unfinished& recording);
+    /// The text of the recording that is heard is waited for: uses all cores from now on.
     void hurry();
     /// Gives up the recording that is heard.
     void forget();

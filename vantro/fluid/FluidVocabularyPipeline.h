@@ -31,7 +31,7 @@ struct FluidVocabulary
     [[nodiscard]] QString key() const;
 };
 
-/// A term for @p text. What no model can spell in it is spelled with the letters' base forms as well.
+/// A term for @p text. If it has accents, which a model may not know, its form without them is added as an alias.
 asr::CustomVocabularyTerm vocabularyTerm(const QString& text, const QStringList& soundsLike = {}, double weight = 1);
 
 /// Everything that boosts one list of terms. Immutable; any thread.

@@ -9,7 +9,7 @@
 
 namespace vantro {
 
-/// How much of a recording's end its transcript does not cover. Only logged; audio is never kept.
+/// How much of a recording's end its transcript does not cover. Only logged.
 struct TailCoverage
 {
     asr::Seconds audio{};

@@ -7,7 +7,7 @@
 namespace vantro {
 
 /// Asks the user where to write dictations to, with @p name in the documents' folder to begin with; the format follows
-/// from the extension. Calls @p chosen with the path unless the user thinks better of it. Main thread.
+/// from the extension. Calls @p chosen with the path unless the user cancels. Main thread.
 void chooseFileToWrite(const QString& name, std::function<void(QString)> chosen);
 /// The same for a list of words or replacements.
 void chooseListToWrite(const QString& name, std::function<void(QString)> chosen);

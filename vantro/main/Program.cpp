@@ -147,7 +147,7 @@ void Program::countWords(const NotificationCenter::UserInfo& finished)
                     std::chrono::duration_cast<std::chrono::seconds>(spoken));
 }
 
-/// The recording is read before anybody can discard it: that is what its thread does next.
+/// Reads the recording before anybody can discard it: its thread runs tasks in order.
 QCoro::Task<> Program::keepAudio(QUuid id, std::shared_ptr<Recording> recording)
 {
     if (!history_.audio.isKeeping())
@@ -211,7 +211,7 @@ void Program::launch()
         windows_.alerts().tellOfSettings(*kept);
 }
 
-/// A recording that is left tells of the crash as well.
+/// The offer of a kept recording tells of the crash as well.
 QCoro::Task<> Program::tellWhatWasLeft()
 {
     const bool isOffered = co_await recovery_.offerLeft();
@@ -230,8 +230,8 @@ int runProgram(const ProgramOptions& options)
     try {
         program->launch();
     } catch (const PersistentStoreError& error) {
-        // Nothing dictated could be stored. Shown in a box as well: nobody reads standard error when it was started
-        // from a menu.
+        // Without a store nothing dictated could be kept. Shown in a box as well: nobody reads standard error when the
+        // program was started from a menu.
         terminal::writeError(error.localizedDescription());
         program.reset();
         QMessageBox::critical(nullptr, QStringLiteral("vantro"), error.localizedDescription());

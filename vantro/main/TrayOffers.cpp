@@ -1,31 +1,21 @@
 // The part of Windows that fills the tray's submenus and does what is chosen there.
+#include "base/PlainText.h"
 #include "base/Settings.h"
 #include "vantro/ai/DefaultMode.h"
 #include "vantro/main/Windows.h"
 #include "vantro/store/StoreError.h"
-
-#include <algorithm>
 
 namespace vantro {
 
 namespace {
 
 constexpr int recentCount = 5;
-/// Of a menu, in characters.
-constexpr int entryWidth = 50;
-
-QString entryOf(const QString& text)
-{
-    const QString line = text.simplified();
-    if (line.size() <= entryWidth)
-        return line;
-    return line.left(std::max(line.lastIndexOf(QLatin1Char(' '), entryWidth), qsizetype{entryWidth / 2})) +
-           QChar(0x2026);
-}
+/// Of a menu's entry, in characters.
+constexpr qsizetype entryLength = 50;
 
 } // namespace
 
-/// Some trays do not tell when the menu opens, so that it must be right before.
+/// Some trays do not tell when the menu opens, so its entries must always be current.
 void Windows::connectTrayOffers()
 {
     connect(&tray_, &TrayIcon::aboutToShow, this, &Windows::fillTray);
@@ -63,7 +53,7 @@ void Windows::connectTrayOffers()
     });
 }
 
-/// Without a history that can be read there are none.
+/// None if the history cannot be read.
 std::vector<TranscriptionExcerpt> Windows::recentDictations() const
 {
     try {
@@ -79,7 +69,7 @@ void Windows::fillTray()
     recent_.clear();
     for (const TranscriptionExcerpt& each : recentDictations()) {
         recent_.push_back(each.id);
-        offers.recent << entryOf(each.text);
+        offers.recent << firstWords(each.text, entryLength);
     }
     const AudioInputMode input = parts_.devices.inputMode();
     offers.microphones.push_back({tr("Same as the Desktop"), input == AudioInputMode::systemDefault});

@@ -1,4 +1,4 @@
-// The part of Windows that makes what is in them: view models on the program's objects.
+// The part of Windows that makes their contents: view models of the program's objects.
 #include "base/Settings.h"
 #include "vantro/main/FileChoice.h"
 #include "vantro/main/Windows.h"
@@ -125,7 +125,7 @@ void Windows::askToRemove(const TranscriptionModel& model, std::function<void()>
     alerts_.confirm(tr("Remove the Model"), what, tr("Remove"), std::move(confirmed));
 }
 
-/// What both lists have in common; selectedName and select are those of the speech models.
+/// The parts that both lists share; selectedName and select are those of the speech models.
 ModelListModel::Parts Windows::modelListParts(const std::vector<TranscriptionModel>& models)
 {
     Speech& speech = parts_.speech;
@@ -323,12 +323,9 @@ LazyWindow::Content Windows::onboardingContent()
                 hud_.showNews(tr("Setup not finished"),
                               tr("vantro's tray menu, or \"vantro show guide\", continues it"));
         }});
-    auto recorder = makeRecorder(KeyboardShortcuts::Name::openModal);
     LazyWindow::Content content;
-    content.properties = {{QStringLiteral("model"), QVariant::fromValue(model.get())},
-                          {QStringLiteral("recorder"), QVariant::fromValue(recorder.get())}};
-    content.models.push_back(std::move(model));
-    content.models.push_back(std::move(recorder));
+    put(content, "model", std::move(model));
+    put(content, "recorder", makeRecorder(KeyboardShortcuts::Name::openModal));
     return content;
 }
 

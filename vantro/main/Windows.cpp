@@ -2,6 +2,7 @@
 
 #include "base/Logger.h"
 #include "base/Notifications.h"
+#include "base/PlainText.h"
 #include "base/Settings.h"
 #include "platform/Wording.h"
 #include "vantro/app/Dictation.h"
@@ -26,7 +27,7 @@ namespace {
 constexpr QSize settingsSize(820, 620);
 constexpr QSize leastSettingsSize(640, 420);
 /// In characters.
-constexpr int noteExcerpt = 40;
+constexpr qsizetype noteExcerpt = 40;
 constexpr QSize historySize(940, 660);
 constexpr QSize onboardingSize(560, 480);
 
@@ -141,7 +142,7 @@ std::unique_ptr<LauncherPanel> Windows::makeLauncher(Dictation& dictation)
                           parts_.clock, modes, microphone.isEmpty() ? tr("the microphone") : microphone, note});
 }
 
-/// A default that nobody serves would fail each dictation after it was spoken. Returns what to say about it.
+/// A default mode that is not set up would fail each dictation after it was spoken. Returns the note for the launcher.
 QString Windows::leaveUnusableMode(AudioRecorder& recorder) const
 {
     const ProcessingMode mode = recorder.processingMode();
@@ -273,17 +274,13 @@ void Windows::showPasteHUD(std::optional<QRect> anchor, std::function<QString()>
     back_.run([this, anchor, shown, reason] { return hud_.showHUD(anchor, shown, reason); });
 }
 
-/// By its first words.
 void Windows::tellOfNote(const QString& text)
 {
-    QString words = text.simplified();
-    if (words.size() > noteExcerpt)
-        words = words.left(words.lastIndexOf(QLatin1Char(' '), noteExcerpt)) + QStringLiteral("\u2026");
-    back_.run([this, words] { return hud_.showNews(tr("Note filed"), words); });
+    back_.run([this, words = firstWords(text, noteExcerpt)] { return hud_.showNews(tr("Note filed"), words); });
     Logger("Windows").info(QStringLiteral("Note filed"));
 }
 
-/// Who sees the download needs no news of its end.
+/// No news for a user who sees the download end.
 void Windows::tellOfModel(const QString& name)
 {
     if (!settings_.isVisible() && !onboarding_.isVisible() && !(downloadWindow_ && downloadWindow_->isVisible()))
@@ -291,7 +288,7 @@ void Windows::tellOfModel(const QString& name)
             const bool rewrites = parts_.speech.languageModels.find(name) != nullptr;
             return hud_.showNews(rewrites ? tr("The language model is ready") : tr("The speech model is ready"), name);
         });
-    // That is for who waits for a model that transcribes.
+    // Observers wait for a model that transcribes.
     if (parts_.speech.catalogue.find(name) != nullptr)
         parts_.notifications.post(notification::modelDownloaded);
 }

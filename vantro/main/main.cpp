@@ -28,8 +28,8 @@ void nameApplication()
 
 /// OpenMP threads spin while they wait for each other, by default for so long that a transcription takes ten times as
 /// long when another program keeps a core busy. Spinning only briefly costs a few per cent on an idle machine
-/// (docs/performance.md). The runtime reads the environment when it is loaded, before main(), so the program executes
-/// itself again. The user's own settings take precedence.
+/// (docs/decisions/openmp-spin.md). The runtime reads the environment when it is loaded, before main(), so the program
+/// executes itself again. The user's own settings take precedence.
 void limitOpenMpSpin(char** argv)
 {
     if (std::getenv("GOMP_SPINCOUNT") != nullptr || std::getenv("OMP_WAIT_POLICY") != nullptr)
@@ -60,7 +60,7 @@ int run(int argc, char** argv)
         return commandLine.run();
     }
     vantro::process::traceFaults();
-    // Whoever reads its output may end before it.
+    // The reader of its output may end first.
     std::signal(SIGPIPE, SIG_IGN);
     // A panel of 500 x 200 needs no GPU; its drivers would take more memory and time than everything else.
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);

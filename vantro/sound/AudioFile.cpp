@@ -26,7 +26,7 @@ struct CloseSoundFile
 };
 using SoundFile = std::unique_ptr<SNDFILE, CloseSoundFile>;
 
-/// Containers require seeking, so standard input is read into memory first, and files are written there.
+/// A file in memory: containers require seeking, which standard input does not allow. Files are written there, too.
 struct MemoryFile
 {
     QByteArray bytes;

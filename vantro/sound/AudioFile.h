@@ -11,13 +11,14 @@
 
 namespace vantro {
 
+/// A file cannot be read or written as audio.
 class AudioFileError : public Error
 {
 public:
     using Error::Error;
 };
 
-/// A recording read from a file.
+/// A recording read from a file. Any thread.
 struct AudioFile
 {
     /// Mono, 16,000 samples a second, nominally -1..1.

@@ -73,8 +73,8 @@ public:
     QFuture<void> warmUp();
     /// Returns the trimmed text. Throws modelNotLoaded, transcriptionFailed or stopped.
     [[nodiscard]] QFuture<QString> transcribe(Request request);
-    /// What transcriptions have been asked for are waited for now: those that run ahead get as many threads as others,
-    /// in the middle of their work. From any thread.
+    /// The transcriptions asked for so far are waited for now: those that run ahead get as many threads as others, even
+    /// in the middle of their work.
     void hurry();
     QFuture<void> unload();
     /// False while a first model is still being loaded.

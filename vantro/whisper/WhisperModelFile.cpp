@@ -98,7 +98,7 @@ private:
     }
     void skip(qint64 bytes, const char* what)
     {
-        // Each seek is a call of the system, and a vocabulary has 50,000 pieces; QIODevice::skip() reads what is short.
+        // QIODevice::skip() reads over short distances; a seek is a system call, and a vocabulary has 50,000 pieces.
         if (bytes > size_ - file_.pos() || file_.skip(bytes) != bytes)
             refuse(QStringLiteral("the file ends inside %1").arg(QLatin1String(what)));
     }

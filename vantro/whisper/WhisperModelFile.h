@@ -12,10 +12,10 @@ namespace vantro {
 
 /// Checks everything in a model file of the whisper library's format that the library itself believes: the header's
 /// numbers, the sizes of the filter bank and of the text pieces, and each tensor's header. Reads none of the weights.
-/// Throws Error, with what is wrong as a phrase, when the file is damaged, truncated or no such model.
+/// Throws Error, which says in a phrase what is wrong, when the file is damaged, truncated or no such model.
 void checkWhisperModel(QIODevice& file);
 
-/// A model file, to be loaded once. Any one thread.
+/// A model file, to be loaded once. Any thread, one at a time.
 class WhisperModelFile
 {
 public:

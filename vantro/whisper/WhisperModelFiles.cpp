@@ -72,7 +72,7 @@ QString WhisperModelFiles::find(const TranscriptionModel& model) const
     for (const QString& path : candidates(model)) {
         if (!QFileInfo::exists(path))
             continue;
-        // A wrong user's copy is not skipped: check() removes it.
+        // The user's copy counts even if it is wrong: check() removes it.
         if (isOwn(path) || isTrusted(path))
             return path;
         if (existing.isEmpty())

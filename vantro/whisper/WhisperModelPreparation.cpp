@@ -22,7 +22,7 @@ namespace {
 
 constexpr qint64 chunkBytes = 1'048'576;
 
-/// The copy is atomic.
+/// Copies through a part file, so that the destination is never half a file.
 void copyAndSettle(QFile& source, PartFile& part, const QString& sha1)
 {
     source.seek(0);

@@ -14,8 +14,8 @@
 
 namespace vantro {
 
-/// Shortcuts of the desktop's, which it tells of when they are pressed and released, in whatever program. Whether the
-/// desktop really does shows only when it is asked, and takes a moment. Main thread only.
+/// Global shortcuts by the desktop portal, which tells when they are pressed and released in any program. Whether the
+/// desktop has them is known only a moment after it was asked. Main thread only.
 class ShortcutPortal : public QObject
 {
     Q_OBJECT

@@ -4,7 +4,7 @@
 
 namespace vantro {
 
-/// A memory file for handing bytes to the compositor. Closed with the object; who has it mapped keeps it.
+/// A memory file for handing bytes to the compositor. Closed with the object; mappings of it stay.
 class SharedMemory
 {
 public:

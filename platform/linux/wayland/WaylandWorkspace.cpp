@@ -10,7 +10,7 @@ namespace vantro {
 
 namespace {
 
-/// Whatever is not ours, where the compositor tells nothing of it.
+/// Stands for any window of another program where the compositor does not tell of them.
 constexpr WindowID somewhere = WindowID{1} << 39;
 
 /// Qt keeps a window that has been hidden for a moment longer.

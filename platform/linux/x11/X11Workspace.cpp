@@ -28,7 +28,7 @@ constexpr long sourceIsUser = 2;
 constexpr long maxPropertyLongs = 4096;
 /// In the place of a time stamp, so that a window manager does not take the answer for one to itself.
 constexpr long pingMark = 0x76616e;
-/// To the one or the other, as toolkits see it.
+/// Toolkits send their answer with the one mask or the other.
 constexpr long pingAnswers = StructureNotifyMask | SubstructureNotifyMask;
 
 /// Selected on each window that has been in front, and so the mark of a window that is known; next to never sent.

@@ -249,6 +249,27 @@ TEST_F(FormatFailures, ARedirectNeverTakesTheKeyToAnotherHost)
         << "a circle is left";
 }
 
+TEST_F(FormatFailures, ARedirectOfTheListOfModelsTakesTheKeyNowhereElseEither)
+{
+    ChatServer stranger;
+    stranger.answer({{QStringLiteral("body"), QStringLiteral(R"({"data":[{"id":"stolen"}]})")}});
+    const auto list = [this](RemoteProviderType type) -> QCoro::Task<QString> {
+        const auto asked = service(config(type));
+        const auto listing = asked->models(account);
+        const QStringList names = co_await listing;
+        co_return names.join(QLatin1Char(' '));
+    };
+    const QString target = stranger.url() + QStringLiteral("/v1/models");
+    for (const auto type : {RemoteProviderType::OpenAI, RemoteProviderType::Anthropic, RemoteProviderType::Custom}) {
+        for (const int status : {302, 307}) {
+            server.answer({{QStringLiteral("status"), status},
+                           {QStringLiteral("headers"), QJsonObject{{QStringLiteral("Location"), target}}}});
+            EXPECT_EQ(outcome(list(type)).kind(), Kind::apiError);
+        }
+    }
+    EXPECT_EQ(stranger.connections(), 0);
+}
+
 TEST_F(FormatFailures, OnlyATrustedServerHearsAnything)
 {
     const auto restored = qScopeGuard([former = qgetenv("SSL_CERT_FILE")] {
