@@ -106,6 +106,29 @@ TEST_F(HeldTextTest, OneThatIsSaidWhileAnotherIsStillHeldComesAfterIt)
     EXPECT_EQ(fetch(other), QStringLiteral("Second."));
 }
 
+TEST_F(HeldTextTest, WaitsForAUserWhoIsAway)
+{
+    for (const bool comesBackToIt : {true, false}) {
+        const auto before = keys_.posted().size();
+        deliverTo(editor, "For the editor.");
+        deliverTo(other, "For the other.");
+        session_.setAway(true);
+        EXPECT_EQ(fetch(editor), QStringLiteral("For the editor."));
+        clock_.advance(1min);
+        EXPECT_EQ(keys_.posted().size(), before + 1) << "a locked screen would take it";
+        EXPECT_EQ(clipboard(), former);
+        if (!comesBackToIt)
+            workspace_.focus(third);
+        session_.setAway(false);
+        clock_.advance(1s);
+        if (comesBackToIt)
+            EXPECT_EQ(fetch(other), QStringLiteral("For the other."));
+        else
+            EXPECT_EQ(clipboard(), QStringLiteral("For the other."));
+        EXPECT_EQ(settled_.size(), comesBackToIt ? 2 : 4);
+    }
+}
+
 TEST_F(HeldTextTest, WaitsWhileAWindowOfOursIsInFront)
 {
     deliverTo(editor, "For the editor.");

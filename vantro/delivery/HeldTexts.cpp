@@ -32,17 +32,17 @@ bool PasteDelivery::isHeldBack(WindowID window)
 }
 
 /// Pastes texts whose turn has come into windows where their user still waits. Others are left on the clipboard: the
-/// keyboard stays with a user who works elsewhere.
+/// keyboard stays with a user who works elsewhere. While the user is away, nothing is decided.
 void PasteDelivery::bringHeld()
 {
-    while (!isDelivering_) {
+    while (!isDelivering_ && !session_.isAway()) {
         const auto front = workspace_.frontWindow();
         const auto isReady = [this](const Held& held) {
             return !isHeldBack(held.window);
         };
         auto found = std::ranges::find_if(held_, [&](const Held& held) {
             const bool isThere = front ? hasKeyboard(held.window) : workspace_.windowExists(held.window);
-            return isThere && !session_.isAway() && isReady(held);
+            return isThere && isReady(held);
         });
         const bool isThere = found != held_.end();
         if (!isThere)
@@ -76,8 +76,7 @@ void PasteDelivery::bringHeld()
 bool PasteDelivery::mayComeBackTo(WindowID window) const
 {
     const auto front = workspace_.frontWindow();
-    return front && (front == window || workspace_.isOwn(*front)) && !session_.isAway() &&
-           workspace_.windowExists(window);
+    return front && (front == window || workspace_.isOwn(*front)) && workspace_.windowExists(window);
 }
 
 void PasteDelivery::lookForHeldLater()

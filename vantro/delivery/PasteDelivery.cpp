@@ -77,6 +77,7 @@ PasteDelivery::PasteDelivery(Pasteboard& pasteboard, KeyEventPoster& keyEvents, 
     , clock_(clock)
 {
     connect(&workspace_, &Workspace::frontWindowChanged, this, &PasteDelivery::noteFront);
+    connect(&session_, &SessionState::returned, this, &PasteDelivery::bringHeld);
     noteFront();
 }
 

@@ -5,8 +5,8 @@
 namespace vantro {
 
 /// A file that exists while the program runs. Finding it at the start means that the previous run crashed, unless the
-/// machine has been restarted since. Losing the display does not count as a crash. One
-/// instance at a time; main thread.
+/// machine has been restarted since. Losing the display does not count as a crash.
+/// One instance at a time; main thread.
 class RunMarker
 {
 public:
