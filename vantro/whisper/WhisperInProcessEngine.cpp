@@ -24,6 +24,10 @@ namespace {
 /// The library's return code after an abort.
 constexpr std::int32_t codeOfAbort = -6;
 
+/// What a warm-up encodes, in frames of 20 ms: enough to touch all weights. A whole window made the first transcription
+/// no faster (docs/performance.md).
+constexpr int warmUpFrames = 128;
+
 /// Frees a model that is still loaded when the process exits without destroying the engine: GPU back ends complain or
 /// crash when their memory outlives them.
 class ResidentContextTracker
@@ -214,6 +218,7 @@ void WhisperInProcessEngine::warmUpNow()
     const std::vector<float> silence(sampleRateHz, 0.0F);
     whisper_full_params parameters = quietParameters(resident_->context);
     parameters.language = "en"; // nothing is said
+    parameters.audio_ctx = warmUpFrames;
     parameters.abort_callback = isAnybodyWaiting;
     parameters.abort_callback_user_data = &waitingCount_;
     const int code = whisper_full(resident_->context, parameters, silence.data(), sampleRateHz);
