@@ -187,25 +187,30 @@ void ShortcutPortal::followSignals()
     QDBusConnection bus = QDBusConnection::sessionBus();
     const QString portal = QStringLiteral("org.freedesktop.portal.") + interface;
     bus.connect(PortalRequest::service(), PortalRequest::path(), portal, QStringLiteral("Activated"), this,
-                SLOT(activate(QDBusObjectPath, QString, qulonglong, QVariantMap)));
+                SLOT(activate(QDBusMessage)));
     bus.connect(PortalRequest::service(), PortalRequest::path(), portal, QStringLiteral("Deactivated"), this,
-                SLOT(deactivate(QDBusObjectPath, QString, qulonglong, QVariantMap)));
+                SLOT(deactivate(QDBusMessage)));
 }
 
-void ShortcutPortal::activate(const QDBusObjectPath& session, const QString& id, qulonglong /*timestamp*/,
-                              const QVariantMap& /*options*/)
+std::optional<std::uint32_t> ShortcutPortal::numberIn(const QDBusMessage& signal) const
+{
+    const QVariantList arguments = signal.arguments();
+    const bool isOurs = arguments.size() > 1 && arguments[0].value<QDBusObjectPath>().path() == session_;
+    return isOurs ? numberOf(arguments[1].toString()) : std::nullopt;
+}
+
+void ShortcutPortal::activate(const QDBusMessage& signal)
 {
     // Some desktops tell again and again while it is held.
-    const auto number = numberOf(id);
-    if (session.path() == session_ && number && down_.insert(*number).second)
+    const auto number = numberIn(signal);
+    if (number && down_.insert(*number).second)
         Q_EMIT pressed(*number);
 }
 
-void ShortcutPortal::deactivate(const QDBusObjectPath& session, const QString& id, qulonglong /*timestamp*/,
-                                const QVariantMap& /*options*/)
+void ShortcutPortal::deactivate(const QDBusMessage& signal)
 {
-    const auto number = numberOf(id);
-    if (session.path() == session_ && number && down_.erase(*number) > 0)
+    const auto number = numberIn(signal);
+    if (number && down_.erase(*number) > 0)
         Q_EMIT released(*number);
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QDBusObjectPath>
+#include <QDBusMessage>
 #include <QDBusServiceWatcher>
 #include <QObject>
 #include <QString>
@@ -43,9 +43,10 @@ Q_SIGNALS:
     void released(std::uint32_t number);
 
 private Q_SLOTS:
-    void activate(const QDBusObjectPath& session, const QString& id, qulonglong timestamp, const QVariantMap& options);
-    void deactivate(const QDBusObjectPath& session, const QString& id, qulonglong timestamp,
-                    const QVariantMap& options);
+    // The signals' arguments: session, identifier, timestamp, options. Qt does not connect a slot that takes an object
+    // path.
+    void activate(const QDBusMessage& signal);
+    void deactivate(const QDBusMessage& signal);
 
 private:
     void unbind();
@@ -59,6 +60,7 @@ private:
     void followSignals();
     [[nodiscard]] QVariant wanted() const;
     [[nodiscard]] std::optional<std::uint32_t> numberOf(const QString& id) const;
+    [[nodiscard]] std::optional<std::uint32_t> numberIn(const QDBusMessage& signal) const;
 
     QDBusServiceWatcher watcher_;
     std::vector<Shortcut> shortcuts_;

@@ -56,7 +56,8 @@ struct PlasmaToplevels::Callbacks
         Q_EMIT self(data).changed();
     }
 
-    /// What else they tell does not matter, or is not told in this version.
+    /// What else they tell does not matter. KWin tells some of it whatever version was asked for, and the library ends a
+    /// program that has no function for it.
     static org_kde_plasma_window_listener windowListener()
     {
         org_kde_plasma_window_listener listener{};
@@ -69,6 +70,26 @@ struct PlasmaToplevels::Callbacks
         listener.themed_icon_name_changed = [](void*, PlasmaHandle*, const char*) {
         };
         listener.initial_state = [](void*, PlasmaHandle*) {
+        };
+        listener.parent_window = [](void*, PlasmaHandle*, PlasmaHandle*) {
+        };
+        listener.geometry = [](void*, PlasmaHandle*, std::int32_t, std::int32_t, std::uint32_t, std::uint32_t) {
+        };
+        listener.icon_changed = [](void*, PlasmaHandle*) {
+        };
+        listener.pid_changed = [](void*, PlasmaHandle*, std::uint32_t) {
+        };
+        listener.virtual_desktop_entered = [](void*, PlasmaHandle*, const char*) {
+        };
+        listener.virtual_desktop_left = [](void*, PlasmaHandle*, const char*) {
+        };
+        listener.application_menu = [](void*, PlasmaHandle*, const char*, const char*) {
+        };
+        listener.activity_entered = [](void*, PlasmaHandle*, const char*) {
+        };
+        listener.activity_left = [](void*, PlasmaHandle*, const char*) {
+        };
+        listener.resource_name_changed = [](void*, PlasmaHandle*, const char*) {
         };
         return listener;
     }
