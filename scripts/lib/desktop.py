@@ -269,7 +269,7 @@ class VirtualDesktop:
         self.env["DBUS_SESSION_BUS_ADDRESS"] = f"unix:path={path}"
         self.start_service("dbus-daemon", "--session", "--nofork", "--nopidfile",
                            f"--address={self.env['DBUS_SESSION_BUS_ADDRESS']}")
-        self.wait_until(lambda: _accepts_connections(path), 10, "the session bus")
+        self.wait_until(lambda: accepts_connections(path), 10, "the session bus")
 
     def _start_secret_service(self):
         self.start_service("gnome-keyring-daemon", "--foreground", "--unlock", "--components=secrets",
@@ -318,6 +318,6 @@ def _leave(number, frame):
     raise SystemExit(128 + number)
 
 
-def _accepts_connections(path):
+def accepts_connections(path):
     with socket.socket(socket.AF_UNIX) as probe:
         return probe.connect_ex(str(path)) == 0

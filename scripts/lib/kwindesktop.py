@@ -1,9 +1,11 @@
 """A virtual desktop of KDE's compositor, without an X server: see desktop.py and waylanddesktop.py."""
 
+import shutil
 import sys
 from pathlib import Path
 
-from vantro import ROOT, Vantro
+from desktop import accepts_connections
+from vantro import LAUNCHER_TIMEOUT_S, ROOT, Vantro
 from waylandclient import FakeInput, PlasmaWindows
 from waylanddesktop import WaylandDesktop, WaylandDisplay
 from xdisplay import Window
@@ -41,6 +43,11 @@ class KwinDesktop(WaylandDesktop):
     """program: may do what its desktop entry asks for, as it is when it has been installed."""
 
     NAME = "KDE"
+    # foot 1.13 divides by the refresh rate of the virtual output, which has none.
+    TERMINAL_COMMAND = ("xfce4-terminal", "--disable-server", "-x")
+
+    def open_terminal(self, app_id="xfce4-terminal"):
+        return super().open_terminal(app_id)
 
     def __init__(self, program, width=1280, height=800):
         super().__init__(width, height)
@@ -54,10 +61,13 @@ class KwinDesktop(WaylandDesktop):
         self._allow(python.name + ".desktop", python)  # in place of the system's own
         super()._start_bus()  # its shortcuts live there
         width, height = self._resolution.split("x")
-        self.start_service("env", "-u", "QT_QPA_PLATFORM", "kwin_wayland", "--virtual", "--width", width, "--height",
+        # A copy: the installed one has a capability, and is not started where that may not be had.
+        compositor = shutil.copy(shutil.which("kwin_wayland"), self.home)
+        self.start_service("env", "-u", "QT_QPA_PLATFORM", compositor, "--virtual", "--width", width, "--height",
                            height, "--socket", self.env["WAYLAND_DISPLAY"], "--no-lockscreen")
-        self.wait_until((self.runtime_folder / self.env["WAYLAND_DISPLAY"]).exists, 20, "the compositor")
-        self.display = KwinDisplay(self.runtime_folder / self.env["WAYLAND_DISPLAY"])
+        socket = self.runtime_folder / self.env["WAYLAND_DISPLAY"]
+        self.wait_until(lambda: accepts_connections(socket), 20, "the compositor")
+        self.display = KwinDisplay(socket)
 
     def _start_bus(self):
         pass
@@ -80,6 +90,15 @@ class KwinDesktop(WaylandDesktop):
 
 
 class KwinVantro(Vantro):
+    """The compositor does not list its panels: while the launcher has the keyboard, no window is active."""
+
+    def launcher(self):
+        return self.status()["state"] != "idle" and self.desktop.display.active_window() == 0
+
+    def wait_for_launcher(self):
+        self.desktop.wait_until(self.launcher, LAUNCHER_TIMEOUT_S, "the launcher to have the keyboard")
+        self.desktop.wait_until(self.desktop.audio.recording_sources, LAUNCHER_TIMEOUT_S, "the recording")
+
     def start(self, *arguments, env=None):
         super().start(*arguments, env=env)
         self.desktop.wait_until(lambda: self.status()["shortcut_by"] == PORTAL, 60, "the shortcut")

@@ -90,10 +90,14 @@ class WaylandDesktop(VirtualDesktop):
 
         return Editor(window, program, read, unsaved)
 
+    # A terminal that runs a command: TERMINAL_COMMAND's arguments are followed by it.
+    TERMINAL_COMMAND = ("foot", "-o", "dpi-aware=no", "--app-id={}")
+
     def open_terminal(self, app_id="foot"):
         """Opens a terminal that records everything typed or pasted into it; text() returns all of it."""
         typed = self.home / f"typed-{len(self._programs)}.txt"
-        program = self.start("foot", "-o", "dpi-aware=no", f"--app-id={app_id}", "sh", "-c", 'stty -icanon -echo; exec cat > "$1"', "sh", typed)
+        program = self.start(*(argument.format(app_id) for argument in self.TERMINAL_COMMAND), "sh", "-c",
+                             'stty -icanon -echo; exec cat > "$1"', "sh", typed)
         window = self.wait_for_window(app_id)
         self.activate(window)
         self.wait_until(typed.exists, 5, "the terminal's shell")

@@ -94,6 +94,7 @@ void ShortcutPortal::bindAgain()
     if (!isBound_)
         return;
     setBound(false);
+    mayTryAgain_ = true;
     createSession();
 }
 
@@ -113,7 +114,8 @@ std::optional<std::uint32_t> ShortcutPortal::numberOf(const QString& id) const
     return found != shortcuts_.end() ? std::optional(found->number) : std::nullopt;
 }
 
-/// KDE's first version takes the shortcuts here, later ones when they are bound.
+/// KDE's first version takes the shortcuts here, later ones when they are bound. After the portal has ended it refuses
+/// once, since it still has the session of before, which it then closes.
 void ShortcutPortal::createSession()
 {
     PortalRequest::send(
@@ -123,8 +125,13 @@ void ShortcutPortal::createSession()
          {},
          {{QStringLiteral("session_handle_token"), sessionName}, {QStringLiteral("shortcuts"), wanted()}}},
         [this, generation = generation_](const auto& results) {
-            if (results && generation == generation_)
+            if (generation != generation_)
+                return;
+            const bool mayTryAgain = std::exchange(mayTryAgain_, false);
+            if (results)
                 bindIn(results->value(QStringLiteral("session_handle")).toString());
+            else if (mayTryAgain)
+                createSession();
         });
 }
 

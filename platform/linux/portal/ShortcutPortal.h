@@ -35,6 +35,8 @@ public:
     void bind(std::vector<Shortcut> shortcuts);
     /// Whether the desktop has agreed.
     [[nodiscard]] bool isBound() const { return isBound_; }
+    /// Whether one of them is held down.
+    [[nodiscard]] bool isAnyDown() const { return !down_.empty(); }
 
 Q_SIGNALS:
     void boundChanged();
@@ -43,8 +45,8 @@ Q_SIGNALS:
     void released(std::uint32_t number);
 
 private Q_SLOTS:
-    // The signals' arguments: session, identifier, timestamp, options. Qt does not connect a slot that takes an object
-    // path.
+    // The signals' arguments: session, identifier, timestamp, options. Qt connects no slot that takes types of D-Bus
+    // until some were sent.
     void activate(const QDBusMessage& signal);
     void deactivate(const QDBusMessage& signal);
 
@@ -68,6 +70,7 @@ private:
     std::set<std::uint32_t> down_;
     bool isBound_ = false;
     bool isFollowing_ = false;
+    bool mayTryAgain_ = false; ///< to create the session
     int generation_ = 0; ///< of bind(); earlier answers do not count
 };
 

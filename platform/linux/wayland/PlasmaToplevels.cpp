@@ -56,8 +56,8 @@ struct PlasmaToplevels::Callbacks
         Q_EMIT self(data).changed();
     }
 
-    /// What else they tell does not matter. KWin tells some of it whatever version was asked for, and the library ends a
-    /// program that has no function for it.
+    /// What else they tell does not matter. KWin tells some of it whatever version was asked for, and the library ends
+    /// a program that has no function for it.
     static org_kde_plasma_window_listener windowListener()
     {
         org_kde_plasma_window_listener listener{};

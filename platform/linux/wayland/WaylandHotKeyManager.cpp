@@ -109,6 +109,7 @@ WaylandHotKeyManager::WaylandHotKeyManager(const WaylandKeymap& keymap) : keymap
     connect(&askSoon_, &QTimer::timeout, this, &WaylandHotKeyManager::askPortal);
     connect(&portal_, &ShortcutPortal::pressed, this, &WaylandHotKeyManager::hotKeyPressed);
     connect(&portal_, &ShortcutPortal::released, this, &WaylandHotKeyManager::hotKeyReleased);
+    connect(&portal_, &ShortcutPortal::released, &askSoon_, qOverload<>(&QTimer::start));
 }
 
 void WaylandHotKeyManager::registerHotKey(std::uint32_t id, std::uint32_t keyCode, std::uint32_t modifiers)
@@ -125,8 +126,11 @@ void WaylandHotKeyManager::unregisterHotKey(std::uint32_t id)
         askSoon_.start();
 }
 
+/// Not while one is held: asking anew lets go of it. Keys that are wanted only that long are not asked for.
 void WaylandHotKeyManager::askPortal()
 {
+    if (portal_.isAnyDown())
+        return;
     std::vector<std::uint32_t> wanted;
     std::vector<ShortcutPortal::Shortcut> shortcuts;
     for (const HotKey& hotKey : hotKeys_) {

@@ -4,6 +4,7 @@
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
+#include <QDBusVariant>
 #include <QMap>
 
 namespace vantro {
@@ -25,8 +26,7 @@ PortalAppearance::PortalAppearance()
     QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected())
         return;
-    bus.connect(service, path, interface, QStringLiteral("SettingChanged"), this,
-                SLOT(settingChanged(QString, QString, QDBusVariant)));
+    bus.connect(service, path, interface, QStringLiteral("SettingChanged"), this, SLOT(settingChanged(QDBusMessage)));
     QDBusMessage call = QDBusMessage::createMethodCall(service, path, interface, QStringLiteral("ReadAll"));
     call << QStringList{appearance, gnomeInterface};
     auto* const answer = new QDBusPendingCallWatcher(bus.asyncCall(call), this);
@@ -43,9 +43,11 @@ PortalAppearance::PortalAppearance()
     });
 }
 
-void PortalAppearance::settingChanged(const QString& space, const QString& key, const QDBusVariant& value)
+void PortalAppearance::settingChanged(const QDBusMessage& signal)
 {
-    take(space, key, value.variant());
+    const QVariantList arguments = signal.arguments();
+    if (arguments.size() > 2)
+        take(arguments[0].toString(), arguments[1].toString(), arguments[2].value<QDBusVariant>().variant());
 }
 
 void PortalAppearance::take(const QString& space, const QString& key, const QVariant& value)

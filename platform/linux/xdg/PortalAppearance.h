@@ -2,7 +2,7 @@
 
 #include "platform/DesktopAppearance.h"
 
-#include <QDBusVariant>
+#include <QDBusMessage>
 
 namespace vantro {
 
@@ -18,7 +18,9 @@ public:
     [[nodiscard]] std::optional<bool> animationsEnabled() const override { return animationsEnabled_; }
 
 private Q_SLOTS:
-    void settingChanged(const QString& space, const QString& key, const QDBusVariant& value);
+    // The signal's arguments: namespace, key, value. Qt connects no slot that takes types of D-Bus until some were
+    // sent.
+    void settingChanged(const QDBusMessage& signal);
 
 private:
     void take(const QString& space, const QString& key, const QVariant& value);
