@@ -4,6 +4,7 @@
 import os
 import signal
 import sys
+import unittest
 
 from dictationcase import CHILD, CHILD_WORDS, FORMER, ROOT, DictationCase, main, program_under_test, words
 
@@ -18,6 +19,12 @@ SHORTCUT = "ctrl+alt+d"
 
 class KwinCase(DictationCase):
     NEEDED = (*waylanddesktop.NEEDED, *kwindesktop.NEEDED)
+
+    @classmethod
+    def setUpClass(cls):
+        if not kwindesktop.is_plasma_5():
+            raise unittest.SkipTest("made for the compositor of Plasma 5")
+        super().setUpClass()
 
     @classmethod
     def make_desktop(cls):
