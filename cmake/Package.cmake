@@ -22,7 +22,11 @@ if(NOT whisper_FOUND)
 endif()
 
 set(packaging "${CMAKE_SOURCE_DIR}/packaging")
-install(FILES "${packaging}/com.vantro.app.desktop" DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
+# KDE's compositor lets a program press keys and see windows if its desktop entry names it by its full path.
+install(CODE "file(READ \"${packaging}/com.vantro.app.desktop\" entry)
+  string(REGEX REPLACE \"(Exec=)vantro\" \"\\\\1\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_BINDIR}/vantro\" entry \"\${entry}\")
+  file(WRITE \"${CMAKE_BINARY_DIR}/packaging/com.vantro.app.desktop\" \"\${entry}\")")
+install(FILES "${CMAKE_BINARY_DIR}/packaging/com.vantro.app.desktop" DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
 # The session bus starts the program for "vantro toggle", by way of systemd where that runs the session. Both want its full
 # path, which is known when it is installed.
 foreach(name IN ITEMS com.vantro.app.service vantro.service)
