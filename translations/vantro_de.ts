@@ -322,6 +322,1997 @@
     </message>
 </context>
 <context>
+    <name>Command</name>
+    <message>
+        <source>What dictations into the windows of an application are like, where that differs from the rest.
+
+  list              List the rules. The default.
+  set APPLICATION   Make or change the rule of an application.
+  remove APPLICATION
+
+APPLICATION is the class of its windows, such as thunderbird or xfce4-terminal, in any case; xprop WM_CLASS and a click
+tell it. In the launcher another mode can still be chosen. Terminals and Emacs need no rule for their paste keys.
+
+Exit status: 0 done, 1 failed, 2 wrong usage, 3 no such rule or mode, 5 the settings cannot be written.</source>
+        <translation>Wie Diktate in die Fenster eines Programms sind, wo es von den anderen abweicht.
+
+  list              Listet die Regeln auf. Das ist die Vorgabe.
+  set APPLICATION   Legt die Regel eines Programms an oder ändert sie.
+  remove APPLICATION
+
+APPLICATION ist die Klasse der Fenster, etwa thunderbird oder xfce4-terminal, groß oder klein geschrieben; xprop WM_CLASS
+und ein Klick verraten sie. Im Launcher lässt sich trotzdem ein anderer Modus wählen. Terminals und Emacs brauchen für ihre
+Einfügetasten keine Regel.
+
+Exit-Status: 0 erledigt, 1 gescheitert, 2 falscher Aufruf, 3 keine solche Regel oder kein solcher Modus, 5 die Einstellungen
+lassen sich nicht schreiben.</translation>
+    </message>
+    <message>
+        <source>APPLICATION</source>
+        <translation>PROGRAMM</translation>
+    </message>
+    <message>
+        <source>MODE</source>
+        <translation>MODUS</translation>
+    </message>
+    <message>
+        <source>FULL STOP</source>
+        <translation>SCHLUSSPUNKT</translation>
+    </message>
+    <message>
+        <source>PASTE KEYS</source>
+        <translation>EINFÜGETASTEN</translation>
+    </message>
+    <message>
+        <source>yes</source>
+        <translation>ja</translation>
+    </message>
+    <message>
+        <source>no</source>
+        <translation>nein</translation>
+    </message>
+    <message>
+        <source>Dictations are alike in all applications.</source>
+        <translation>Diktate sind in allen Programmen gleich.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; are no paste keys: use Ctrl+V, Ctrl+Shift+V or Shift+Insert</source>
+        <translation>„%1“ sind keine Einfügetasten: nimm Ctrl+V, Ctrl+Shift+V oder Shift+Insert</translation>
+    </message>
+    <message>
+        <source>there is no mode &quot;%1&quot;: vantro modes lists them</source>
+        <translation>es gibt keinen Modus „%1“: vantro modes listet sie auf</translation>
+    </message>
+    <message>
+        <source>choose either --full-stop or --no-full-stop</source>
+        <translation>wähle entweder --full-stop oder --no-full-stop</translation>
+    </message>
+    <message>
+        <source>there is no rule for %1: vantro applications lists them</source>
+        <translation>es gibt keine Regel für %1: vantro applications listet sie auf</translation>
+    </message>
+    <message>
+        <source>Show and change what dictations into an application are like.</source>
+        <translation>Zeigt und ändert, wie Diktate in ein Programm sind.</translation>
+    </message>
+    <message>
+        <source>needs an APPLICATION</source>
+        <translation>braucht eine APPLICATION</translation>
+    </message>
+    <message>
+        <source>set: begin in this mode; empty for the default one.</source>
+        <translation>set: in diesem Modus beginnen; leer für den Standardmodus.</translation>
+    </message>
+    <message>
+        <source>set: leave the text&apos;s last full stop out.</source>
+        <translation>set: den letzten Punkt des Textes weglassen.</translation>
+    </message>
+    <message>
+        <source>set: keep it.</source>
+        <translation>set: ihn behalten.</translation>
+    </message>
+    <message>
+        <source>set: what is pressed to paste: Ctrl+V, Ctrl+Shift+V or Shift+Insert; empty for what is usual there.</source>
+        <translation>set: womit eingefügt wird: Ctrl+V, Ctrl+Shift+V oder Shift+Insert; leer für das, was dort üblich ist.</translation>
+    </message>
+    <message>
+        <source>The class of its windows.</source>
+        <translation>Die Klasse der Fenster.</translation>
+    </message>
+    <message>
+        <source>The rules by which a mode cleans what you said without a language model: fillers are taken out, and &quot;new line&quot; or
+&quot;comma&quot; are written as what they mean. Words that were said twice, the capital at the beginning and the full stop at the
+end need no rule. vantro modes set MODE --clean uses them, vantro rewrite --clean TEXT tries them.
+
+  list                 List the rules. The default.
+  add FIND [REPLACE]   Take FIND out, or write REPLACE for it; \n is a new line.
+  remove FIND          Remove a rule.
+  reset                Take the built-in rules again.
+
+Exit status: 0 done, 1 failed, 2 wrong usage, 3 no such rule, 5 the settings cannot be written.</source>
+        <translation>Die Regeln, nach denen ein Modus ohne Sprachmodell bereinigt, was du gesagt hast: Füllwörter fallen weg, und „neue Zeile“
+oder „Komma“ werden so geschrieben, wie sie gemeint sind. Doppelt Gesagtes, der große Anfangsbuchstabe und der Punkt am Ende
+brauchen keine Regel. vantro modes set MODE --clean verwendet sie, vantro rewrite --clean TEXT probiert sie aus.
+
+  list                 Listet die Regeln auf. Das ist die Vorgabe.
+  add FIND [REPLACE]   Lässt FIND weg oder schreibt REPLACE dafür; \n ist eine neue Zeile.
+  remove FIND          Entfernt eine Regel.
+  reset                Nimmt wieder die mitgelieferten Regeln.
+
+Exit-Status: 0 erledigt, 1 gescheitert, 2 falscher Aufruf, 3 keine solche Regel, 5 die Einstellungen lassen sich nicht
+schreiben.</translation>
+    </message>
+    <message>
+        <source>--language: choose one of %1</source>
+        <translation>--language: wähle eine von %1</translation>
+    </message>
+    <message>
+        <source>LANGUAGE</source>
+        <translation>SPRACHE</translation>
+    </message>
+    <message>
+        <source>FIND</source>
+        <translation>SUCHEN</translation>
+    </message>
+    <message>
+        <source>REPLACE</source>
+        <translation>ERSETZEN</translation>
+    </message>
+    <message>
+        <source>FIND needs at least one word, without a &quot;=&quot;</source>
+        <translation>FIND braucht mindestens ein Wort, ohne „=“</translation>
+    </message>
+    <message>
+        <source>there is no rule &quot;%1&quot; for %2: vantro cleaning lists them</source>
+        <translation>es gibt keine Regel „%1“ für %2: vantro cleaning listet sie auf</translation>
+    </message>
+    <message>
+        <source>Show and change the rules that clean texts without a language model.</source>
+        <translation>Zeigt und ändert die Regeln, die Texte ohne Sprachmodell bereinigen.</translation>
+    </message>
+    <message>
+        <source>needs a word or phrase</source>
+        <translation>braucht ein Wort oder eine Wendung</translation>
+    </message>
+    <message>
+        <source>en, de, es or fr; list and reset: all unless it is given, else en.</source>
+        <translation>en, de, es oder fr; list und reset: ohne Angabe alle, sonst en.</translation>
+    </message>
+    <message>
+        <source>A word or phrase, and what to write for it.</source>
+        <translation>Ein Wort oder eine Wendung, und was dafür geschrieben wird.</translation>
+    </message>
+    <message>
+        <source>JSON instead of text.</source>
+        <translation>JSON statt Text.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not a number of %2</source>
+        <translation>„%1“ ist keine Anzahl von %2</translation>
+    </message>
+    <message>
+        <source>Show this text.</source>
+        <translation>Zeigt diesen Text.</translation>
+    </message>
+    <message>
+        <source>What to do.</source>
+        <translation>Was zu tun ist.</translation>
+    </message>
+    <message>
+        <source>there is no action &quot;%1&quot;</source>
+        <translation>es gibt keine Aktion „%1“</translation>
+    </message>
+    <message>
+        <source>too many words</source>
+        <translation>zu viele Wörter</translation>
+    </message>
+    <message>
+        <source>Usage: vantro %1 [options]</source>
+        <translation>Aufruf: vantro %1 [Optionen]</translation>
+    </message>
+    <message>
+        <source>%1 (see vantro %2 --help)</source>
+        <translation>%1 (siehe vantro %2 --help)</translation>
+    </message>
+    <message>
+        <source>
+Exit status: 0 done, 1 failed, 2 wrong usage, 3 not found, 4 no service (sound,
+model, network, keys), 5 the settings cannot be written.</source>
+        <translation>
+Exit-Status: 0 erledigt, 1 gescheitert, 2 falscher Aufruf, 3 nicht gefunden,
+4 kein Dienst (Ton, Modell, Netz, Tasten), 5 die Einstellungen lassen sich nicht
+schreiben.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not a model host: use an address that starts with http:, https: or file:</source>
+        <translation>„%1“ ist kein Modellserver: nimm eine Adresse, die mit http:, https: oder file: beginnt</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not a shortcut: name modifiers and a key, for example Ctrl+Alt+D</source>
+        <translation>„%1“ ist kein Tastenkürzel: nenne Zusatztasten und eine Taste, etwa Ctrl+Alt+D</translation>
+    </message>
+    <message>
+        <source>Cannot write to standard output</source>
+        <translation>Die Standardausgabe lässt sich nicht schreiben</translation>
+    </message>
+    <message>
+        <source>unknown option &quot;%1&quot; (see vantro --help)</source>
+        <translation>unbekannte Option „%1“ (siehe vantro --help)</translation>
+    </message>
+    <message>
+        <source>unknown command &quot;%1&quot; (see vantro --help)</source>
+        <translation>unbekannter Befehl „%1“ (siehe vantro --help)</translation>
+    </message>
+    <message>
+        <source>%1: vantro is not running: start it first</source>
+        <translation>%1: vantro läuft nicht: starte es zuerst</translation>
+    </message>
+    <message>
+        <source>%1: vantro could not be started: %2</source>
+        <translation>%1: vantro konnte nicht gestartet werden: %2</translation>
+    </message>
+    <message>
+        <source>%1: there is no session bus: run it in your desktop session</source>
+        <translation>%1: es gibt keinen Sitzungsbus: führe es in deiner Desktopsitzung aus</translation>
+    </message>
+    <message>
+        <source>Show what the running program is doing.</source>
+        <translation>Zeigt, was das laufende Programm tut.</translation>
+    </message>
+    <message>
+        <source>Shows what the running program is doing.</source>
+        <translation>Zeigt, was das laufende Programm tut.</translation>
+    </message>
+    <message>
+        <source>One JSON object.</source>
+        <translation>Ein JSON-Objekt.</translation>
+    </message>
+    <message>
+        <source>Open one of the windows.</source>
+        <translation>Öffnet eines der Fenster.</translation>
+    </message>
+    <message>
+        <source>Opens one of the windows, of an installed vantro that is not running, too.</source>
+        <translation>Öffnet eines der Fenster, auch von einem installierten vantro, das nicht läuft.</translation>
+    </message>
+    <message>
+        <source>needs a window: settings, history, notes or guide</source>
+        <translation>braucht ein Fenster: settings, history, notes oder guide</translation>
+    </message>
+    <message>
+        <source>settings, history, notes, or guide, which leads to the first dictation.</source>
+        <translation>settings, history, notes oder guide, das zum ersten Diktat führt.</translation>
+    </message>
+    <message>
+        <source>Open the launcher and record.</source>
+        <translation>Öffnet den Launcher und nimmt auf.</translation>
+    </message>
+    <message>
+        <source>Opens the launcher and records. Starts an installed vantro that is not running.</source>
+        <translation>Öffnet den Launcher und nimmt auf. Startet ein installiertes vantro, das nicht läuft.</translation>
+    </message>
+    <message>
+        <source>Begin in this mode instead of the default one.</source>
+        <translation>In diesem Modus beginnen statt im Standardmodus.</translation>
+    </message>
+    <message>
+        <source>Recognise this dictation with another model.</source>
+        <translation>Dieses Diktat mit einem anderen Modell erkennen.</translation>
+    </message>
+    <message>
+        <source>Start a dictation, or end its recording.</source>
+        <translation>Beginnt ein Diktat oder beendet seine Aufnahme.</translation>
+    </message>
+    <message>
+        <source>Starts a dictation, or ends the recording and has it transcribed; soon after a cancel, takes that back. Starts an installed vantro that is not running.</source>
+        <translation>Beginnt ein Diktat oder beendet die Aufnahme und lässt sie transkribieren; kurz nach einem Abbruch nimmt es diesen zurück. Startet ein installiertes vantro, das nicht läuft.</translation>
+    </message>
+    <message>
+        <source>End the recording and have it transcribed.</source>
+        <translation>Beendet die Aufnahme und lässt sie transkribieren.</translation>
+    </message>
+    <message>
+        <source>Ends the recording and has it transcribed, as Space does.</source>
+        <translation>Beendet die Aufnahme und lässt sie transkribieren, wie die Leertaste.</translation>
+    </message>
+    <message>
+        <source>Paste the last dictation as it was said.</source>
+        <translation>Fügt das letzte Diktat im Wortlaut ein.</translation>
+    </message>
+    <message>
+        <source>Pastes the words of the last dictation, as they were recognised, into the window in front: what a language model has made of them is left out. Bound to a shortcut of its own by vantro shortcuts set original KEYS.</source>
+        <translation>Fügt die Worte des letzten Diktats, wie sie erkannt wurden, in das vorderste Fenster ein: Was ein Sprachmodell daraus gemacht hat, bleibt weg. Ein eigenes Tastenkürzel bekommt es mit vantro shortcuts set original KEYS.</translation>
+    </message>
+    <message>
+        <source>Discard the dictation.</source>
+        <translation>Verwirft das Diktat.</translation>
+    </message>
+    <message>
+        <source>Discards the dictation, as Escape does.</source>
+        <translation>Verwirft das Diktat, wie Escape.</translation>
+    </message>
+    <message>
+        <source>End the running program.</source>
+        <translation>Beendet das laufende Programm.</translation>
+    </message>
+    <message>
+        <source>Ends the running program. A recording that is under way is kept for the next start.</source>
+        <translation>Beendet das laufende Programm. Eine Aufnahme, die gerade läuft, bleibt für den nächsten Start erhalten.</translation>
+    </message>
+    <message>
+        <source>The microphones, and the one that vantro records from.
+
+  list                      List all microphones; &quot;used&quot; marks the one for the next dictation. The default.
+  watch                     Print the list again whenever it changes, until Ctrl-C.
+  mode [system|custom|prioritized]
+                            Show or set how the microphone is chosen: the system default, a specific one, or the first
+                            connected one of a list.
+  use NAME                  Record from this one (sets mode custom).
+  priority [list]           Show the list of preferred microphones.
+  priority add NAME         Append one to the list (sets mode prioritized).
+  priority remove NAME      Remove one from the list.
+  priority move NAME PLACE  Move one to a number from 1, or first, last, up, down.
+  priority clear            Empty the list.
+  bluetooth [on|off]        Show or set whether to switch a Bluetooth headset to its headset profile while recording
+                            from it. Meanwhile everything it plays sounds worse.
+
+NAME is a microphone&apos;s name, its number, or the beginning of its description. Takes effect at once.
+
+Exit status: 0 done, 2 wrong usage, 3 no such microphone, 4 no sound server, 5 the settings cannot be written.</source>
+        <translation>Die Mikrofone, und das, mit dem vantro aufnimmt.
+
+  list                      Listet alle Mikrofone auf; „verwendet“ steht bei dem für das nächste Diktat. Das ist die
+                            Vorgabe.
+  watch                     Zeigt die Liste bei jeder Änderung neu, bis Strg-C.
+  mode [system|custom|prioritized]
+                            Zeigt oder setzt, wie das Mikrofon gewählt wird: das Standardmikrofon des Systems, ein
+                            bestimmtes oder das erste angeschlossene einer Liste.
+  use NAME                  Nimmt mit diesem auf (setzt den Modus custom).
+  priority [list]           Zeigt die Liste der bevorzugten Mikrofone.
+  priority add NAME         Hängt eines an die Liste an (setzt den Modus prioritized).
+  priority remove NAME      Nimmt eines aus der Liste.
+  priority move NAME PLACE  Verschiebt eines: an eine Stelle ab 1, oder first, last, up, down.
+  priority clear            Leert die Liste.
+  bluetooth [on|off]        Zeigt oder setzt, ob ein Bluetooth-Headset zum Aufnehmen in sein Headset-Profil geschaltet
+                            wird. Was es währenddessen wiedergibt, klingt schlechter.
+
+NAME ist der Name eines Mikrofons, seine Nummer oder der Anfang seiner Beschreibung. Wirkt sofort.
+
+Exit-Status: 0 erledigt, 2 falscher Aufruf, 3 kein solches Mikrofon, 4 kein Tondienst, 5 die Einstellungen lassen sich nicht
+schreiben.</translation>
+    </message>
+    <message>
+        <source>there is no microphone &quot;%1&quot;: vantro devices lists them</source>
+        <translation>es gibt kein Mikrofon „%1“: vantro devices listet sie auf</translation>
+    </message>
+    <message>
+        <source>the mode is system, custom or prioritized</source>
+        <translation>der Modus ist system, custom oder prioritized</translation>
+    </message>
+    <message>
+        <source>the place is a number from 1, or first, last, up, down</source>
+        <translation>die Stelle ist eine Zahl ab 1, oder first, last, up, down</translation>
+    </message>
+    <message>
+        <source>devices priority %1: wrong number of words</source>
+        <translation>devices priority %1: falsche Anzahl von Wörtern</translation>
+    </message>
+    <message>
+        <source>there is no action &quot;priority %1&quot;</source>
+        <translation>es gibt keine Aktion „priority %1“</translation>
+    </message>
+    <message>
+        <source>devices bluetooth is on or off</source>
+        <translation>devices bluetooth ist on oder off</translation>
+    </message>
+    <message>
+        <source>List microphones, choose one, or rank them.</source>
+        <translation>Listet Mikrofone auf, wählt eines oder ordnet sie.</translation>
+    </message>
+    <message>
+        <source>needs a microphone&apos;s name</source>
+        <translation>braucht den Namen eines Mikrofons</translation>
+    </message>
+    <message>
+        <source>Arguments of the action.</source>
+        <translation>Argumente der Aktion.</translation>
+    </message>
+    <message>
+        <source>used</source>
+        <translation>verwendet</translation>
+    </message>
+    <message>
+        <source>default</source>
+        <translation>Standard</translation>
+    </message>
+    <message>
+        <source>ID</source>
+        <translation>ID</translation>
+    </message>
+    <message>
+        <source>NAME</source>
+        <translation>NAME</translation>
+    </message>
+    <message>
+        <source>DESCRIPTION</source>
+        <translation>BESCHREIBUNG</translation>
+    </message>
+    <message>
+        <source>PRIORITY</source>
+        <translation>RANG</translation>
+    </message>
+    <message>
+        <source>STATE</source>
+        <translation>ZUSTAND</translation>
+    </message>
+    <message>
+        <source>absent</source>
+        <translation>nicht da</translation>
+    </message>
+    <message>
+        <source>Your dictations, newest first.
+
+  list           List the dictations that match the options. The default.
+  show ID        Show one: the formatted text if there is one.
+  audio ID [FILE]  Copy the recording of one to a FLAC file, if it was kept; without FILE, print where it is.
+  delete ID...   Delete dictations permanently, with their recordings, after asking.
+  export [FILE]  Write the dictations that match the options as JSON, CSV or Markdown.
+
+ID is an id from the list or an unambiguous beginning of one. A search finds texts that contain all
+its words or words that begin with them; case and accents are ignored.
+DATE is 2026-11-01, 2026-11-01T10:00, today, yesterday, or 7d for the last seven days.
+
+Exit status: 0 done, 1 failed, 2 wrong usage, 3 no such dictation.</source>
+        <translation>Deine Diktate, die neuesten zuerst.
+
+  list             Listet die Diktate auf, auf die die Optionen passen. Das ist die Vorgabe.
+  show ID          Zeigt eines: den überarbeiteten Text, wenn es einen gibt.
+  audio ID [FILE]  Kopiert die Aufnahme in eine FLAC-Datei, falls sie aufbewahrt wurde; ohne FILE steht da, wo sie liegt.
+  delete ID...     Löscht Diktate endgültig, mit ihren Aufnahmen, nach einer Rückfrage.
+  export [FILE]    Schreibt die passenden Diktate als JSON, CSV oder Markdown.
+
+ID ist eine ID aus der Liste oder ein eindeutiger Anfang davon. Eine Suche findet Texte, in denen alle ihre Wörter stehen
+oder Wörter, die so beginnen; Groß- und Kleinschreibung und Akzente zählen nicht.
+DATE ist 2026-11-01, 2026-11-01T10:00, today, yesterday oder 7d für die letzten sieben Tage.
+
+Exit-Status: 0 erledigt, 1 gescheitert, 2 falscher Aufruf, 3 kein solches Diktat.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not a date: write it as 2026-11-01</source>
+        <translation>„%1“ ist kein Datum: schreib es wie 2026-11-01</translation>
+    </message>
+    <message>
+        <source>TIME</source>
+        <translation>ZEIT</translation>
+    </message>
+    <message>
+        <source>TEXT</source>
+        <translation>TEXT</translation>
+    </message>
+    <message>
+        <source>There are no dictations yet.</source>
+        <translation>Noch keine Diktate.</translation>
+    </message>
+    <message>
+        <source>No dictation matches.</source>
+        <translation>Kein Diktat passt.</translation>
+    </message>
+    <message>
+        <source>dictations</source>
+        <translation>Diktaten</translation>
+    </message>
+    <message>
+        <source>
+Original text:
+
+</source>
+        <translation>
+Wortlaut:
+
+</translation>
+    </message>
+    <message>
+        <source>
+Recording: </source>
+        <translation>
+Aufnahme: </translation>
+    </message>
+    <message>
+        <source>the dictation has just been deleted</source>
+        <translation>das Diktat wurde gerade gelöscht</translation>
+    </message>
+    <message>
+        <source>%1 cannot be read: %2</source>
+        <translation>%1 lässt sich nicht lesen: %2</translation>
+    </message>
+    <message>
+        <source>there is no recording of %1: vantro settings set keepRecordings 30 keeps the next ones for 30 days</source>
+        <translation>es gibt keine Aufnahme von %1: vantro settings set keepRecordings 30 bewahrt die nächsten 30 Tage lang auf</translation>
+    </message>
+    <message>
+        <source>Delete this dictation permanently?</source>
+        <translation>Dieses Diktat endgültig löschen?</translation>
+    </message>
+    <message numerus="yes">
+        <source>Delete these %n dictations permanently?</source>
+        <translation>
+            <numerusform>Dieses %n Diktat endgültig löschen?</numerusform>
+            <numerusform>Diese %n Diktate endgültig löschen?</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Deleted: %1</source>
+        <translation>Gelöscht: %1</translation>
+    </message>
+    <message>
+        <source>there is no format &quot;%1&quot;</source>
+        <translation>es gibt kein Format „%1“</translation>
+    </message>
+    <message>
+        <source>last: there are no dictations in the history</source>
+        <translation>last: im Verlauf sind keine Diktate</translation>
+    </message>
+    <message>
+        <source>Write the text of the last dictation to standard output.</source>
+        <translation>Schreibt den Text des letzten Diktats auf die Standardausgabe.</translation>
+    </message>
+    <message>
+        <source>Writes the text of the last dictation in the history to standard output.
+
+Exit status: 0 done, 1 failed, 2 wrong usage, 3 there is none.</source>
+        <translation>Schreibt den Text des letzten Diktats im Verlauf auf die Standardausgabe.
+
+Exit-Status: 0 erledigt, 1 gescheitert, 2 falscher Aufruf, 3 es gibt keines.</translation>
+    </message>
+    <message>
+        <source>As it was said, before it was rewritten.</source>
+        <translation>Wie es gesprochen wurde, vor dem Umschreiben.</translation>
+    </message>
+    <message>
+        <source>List, search, show, delete or export your dictations, and their recordings.</source>
+        <translation>Listet deine Diktate auf, durchsucht, zeigt, löscht oder exportiert sie und ihre Aufnahmen.</translation>
+    </message>
+    <message>
+        <source>needs an ID</source>
+        <translation>braucht eine ID</translation>
+    </message>
+    <message>
+        <source>Only dictations with these words.</source>
+        <translation>Nur Diktate mit diesen Wörtern.</translation>
+    </message>
+    <message>
+        <source>Only dictations in this mode.</source>
+        <translation>Nur Diktate in diesem Modus.</translation>
+    </message>
+    <message>
+        <source>Only dictations from that date on.</source>
+        <translation>Nur Diktate ab diesem Datum.</translation>
+    </message>
+    <message>
+        <source>At most this many; 0 for all. The default is 50 for list, all for export.</source>
+        <translation>Höchstens so viele; 0 für alle. Ohne Angabe 50 für list, alle für export.</translation>
+    </message>
+    <message>
+        <source>Format of the export: json, csv or markdown. The default depends on the name of FILE.</source>
+        <translation>Format des Exports: json, csv oder markdown. Ohne Angabe entscheidet der Name von FILE.</translation>
+    </message>
+    <message>
+        <source>Delete without asking.</source>
+        <translation>Ohne Rückfrage löschen.</translation>
+    </message>
+    <message>
+        <source>IDs, or a file.</source>
+        <translation>IDs oder eine Datei.</translation>
+    </message>
+    <message>
+        <source>several dictations begin with &quot;%1&quot;: give more of it</source>
+        <translation>mehrere Diktate beginnen mit „%1“: gib mehr davon an</translation>
+    </message>
+    <message>
+        <source>there is no dictation &quot;%1&quot;</source>
+        <translation>es gibt kein Diktat „%1“</translation>
+    </message>
+    <message>
+        <source>several notes begin with &quot;%1&quot;: give more of it</source>
+        <translation>mehrere Notizen beginnen mit „%1“: gib mehr davon an</translation>
+    </message>
+    <message>
+        <source>there is no note &quot;%1&quot;</source>
+        <translation>es gibt keine Notiz „%1“</translation>
+    </message>
+    <message>
+        <source>there is no terminal to ask on: use --yes to delete</source>
+        <translation>es gibt kein Terminal für die Rückfrage: nimm --yes zum Löschen</translation>
+    </message>
+    <message>
+        <source>Nothing was deleted.</source>
+        <translation>Nichts wurde gelöscht.</translation>
+    </message>
+    <message>
+        <source>The log of vantro from the system journal, oldest first.
+
+Exit status: 0 done, 2 wrong usage, 4 there is no journal: start vantro in a terminal to see its log.</source>
+        <translation>Das Protokoll von vantro aus dem Journal des Systems, das Älteste zuerst.
+
+Exit-Status: 0 erledigt, 2 falscher Aufruf, 4 es gibt kein Journal: starte vantro in einem Terminal, um das Protokoll zu sehen.</translation>
+    </message>
+    <message>
+        <source>this system has no journal: start vantro in a terminal to see its log</source>
+        <translation>dieses System hat kein Journal: starte vantro in einem Terminal, um das Protokoll zu sehen</translation>
+    </message>
+    <message>
+        <source>Show the log of the program.</source>
+        <translation>Zeigt das Protokoll des Programms.</translation>
+    </message>
+    <message>
+        <source>Keep printing new entries.</source>
+        <translation>Zeigt fortlaufend neue Einträge.</translation>
+    </message>
+    <message>
+        <source>Skip older entries; for example &quot;-1h&quot; or &quot;today&quot;.</source>
+        <translation>Ältere Einträge übergehen; zum Beispiel „-1h“ oder „today“.</translation>
+    </message>
+    <message>
+        <source>The models that vantro can use: speech models turn speech into text, one beside them looks for your words,
+language models rewrite texts on this machine.
+
+  list           List all models, with those downloaded and selected. The default.
+  download NAME  Download a model or resume a download. Ctrl-C keeps the part already downloaded.
+  add FILE       Add a language model of your own: a GGUF file, which stays where it is.
+  select NAME    Use this model for dictations, or to rewrite.
+  verify [NAME]  Read the downloaded files and compare them with the published checksums.
+  remove NAME    Remove a downloaded model; the selected one only with --force.
+  clear          Remove all downloaded models but the selected ones.
+
+The model host is the value of --model-host, else of VANTRO_MODEL_HOST, else of the setting
+&quot;modelHostBaseURL&quot;, else the public repository.
+
+Exit status: 0 done, 1 failed, 2 wrong usage, 3 no such model, 4 the model host cannot deliver, 5 the settings
+cannot be written, 130 interrupted.</source>
+        <translation>Die Modelle, die vantro verwenden kann: Spracherkennungsmodelle machen aus Sprache Text, eines daneben sucht nach deinen
+Wörtern, Sprachmodelle schreiben Texte auf diesem Rechner um.
+
+  list           Listet alle Modelle auf, mit den geladenen und ausgewählten. Das ist die Vorgabe.
+  download NAME  Lädt ein Modell herunter oder setzt einen Download fort. Strg-C behält, was schon geladen ist.
+  add FILE       Fügt ein eigenes Sprachmodell hinzu: eine GGUF-Datei, die bleibt, wo sie ist.
+  select NAME    Verwendet dieses Modell für Diktate oder zum Umschreiben.
+  verify [NAME]  Liest die geladenen Dateien und vergleicht sie mit den veröffentlichten Prüfsummen.
+  remove NAME    Entfernt ein geladenes Modell; das ausgewählte nur mit --force.
+  clear          Entfernt alle geladenen Modelle außer den ausgewählten.
+
+Der Modellserver ist der Wert von --model-host, sonst von VANTRO_MODEL_HOST, sonst der Einstellung „modelHostBaseURL“, sonst
+die öffentliche Quelle.
+
+Exit-Status: 0 erledigt, 1 gescheitert, 2 falscher Aufruf, 3 kein solches Modell, 4 der Modellserver kann nicht liefern,
+5 die Einstellungen lassen sich nicht schreiben, 130 unterbrochen.</translation>
+    </message>
+    <message>
+        <source>there is no model &quot;%1&quot;: vantro models lists them</source>
+        <translation>es gibt kein Modell „%1“: vantro models listet sie auf</translation>
+    </message>
+    <message>
+        <source>%1 looks for your words beside the Parakeet models: it works once it is downloaded, without being selected</source>
+        <translation>%1 sucht neben den Parakeet-Modellen nach deinen Wörtern: Es arbeitet, sobald es heruntergeladen ist, ohne dass du es auswählst</translation>
+    </message>
+    <message>
+        <source>%1 is selected</source>
+        <translation>%1 ist ausgewählt</translation>
+    </message>
+    <message>
+        <source>it is not downloaded yet: run vantro models download &quot;%1&quot;</source>
+        <translation>es ist noch nicht heruntergeladen: führe vantro models download &quot;%1&quot; aus</translation>
+    </message>
+    <message>
+        <source>%1 is not downloaded: run vantro models download &quot;%1&quot;</source>
+        <translation>%1 ist nicht heruntergeladen: führe vantro models download &quot;%1&quot; aus</translation>
+    </message>
+    <message>
+        <source>%1 is not downloaded</source>
+        <translation>%1 ist nicht heruntergeladen</translation>
+    </message>
+    <message>
+        <source>%1 is installed for all users: %2 is left alone</source>
+        <translation>%1 ist für alle Benutzer installiert: %2 bleibt unberührt</translation>
+    </message>
+    <message>
+        <source>%1 is selected: select another model first, or use --force</source>
+        <translation>%1 ist ausgewählt: wähle zuerst ein anderes Modell aus oder nimm --force</translation>
+    </message>
+    <message>
+        <source>%1 leaves the list, its file stays</source>
+        <translation>%1 ist aus der Liste entfernt, seine Datei bleibt</translation>
+    </message>
+    <message>
+        <source>%1 is removed, which frees %2</source>
+        <translation>%1 ist entfernt; das macht %2 frei</translation>
+    </message>
+    <message>
+        <source>%1 is added. To use it: vantro models select &quot;%1&quot;</source>
+        <translation>%1 ist hinzugefügt. So verwendest du es: vantro models select &quot;%1&quot;</translation>
+    </message>
+    <message>
+        <source>%1 cannot be used: %2</source>
+        <translation>%1 ist nicht verwendbar: %2</translation>
+    </message>
+    <message>
+        <source>Freed %1.</source>
+        <translation>%1 frei geworden.</translation>
+    </message>
+    <message>
+        <source>Downloaded models use %1 of disk space. The selected model is kept.</source>
+        <translation>Geladene Modelle belegen %1. Das ausgewählte Modell bleibt.</translation>
+    </message>
+    <message>
+        <source>no model host has this model yet: make it with convert-ctc from NVIDIA&apos;s published model, and put it there: %1/%2</source>
+        <translation>noch hat kein Modellserver dieses Modell: mach es mit convert-ctc aus dem Modell, das NVIDIA veröffentlicht, und leg es dort ab: %1/%2</translation>
+    </message>
+    <message>
+        <source>List, download, add, select, verify or remove models.</source>
+        <translation>Listet Modelle auf, lädt, ergänzt, wählt, prüft oder entfernt sie.</translation>
+    </message>
+    <message>
+        <source>needs a model&apos;s name</source>
+        <translation>braucht den Namen eines Modells</translation>
+    </message>
+    <message>
+        <source>needs a GGUF file</source>
+        <translation>braucht eine GGUF-Datei</translation>
+    </message>
+    <message>
+        <source>Remove the selected model too.</source>
+        <translation>Auch das ausgewählte Modell entfernen.</translation>
+    </message>
+    <message>
+        <source>Base address of the model host: http, https or file.</source>
+        <translation>Basisadresse des Modellservers: http, https oder file.</translation>
+    </message>
+    <message>
+        <source>A model&apos;s name, or a file.</source>
+        <translation>Der Name eines Modells oder eine Datei.</translation>
+    </message>
+    <message>
+        <source>%1 %  %2 of %3</source>
+        <translation>%1 %  %2 von %3</translation>
+    </message>
+    <message>
+        <source>%1 is ready: %2</source>
+        <translation>%1 ist bereit: %2</translation>
+    </message>
+    <message>
+        <source>download of %1: %2</source>
+        <translation>Download von %1: %2</translation>
+    </message>
+    <message>
+        <source>%1 downloaded</source>
+        <translation>%1 geladen</translation>
+    </message>
+    <message>
+        <source>%1 % downloaded</source>
+        <translation>%1 % geladen</translation>
+    </message>
+    <message>
+        <source>selected</source>
+        <translation>ausgewählt</translation>
+    </message>
+    <message>
+        <source>installed for all</source>
+        <translation>für alle installiert</translation>
+    </message>
+    <message>
+        <source>downloaded</source>
+        <translation>geladen</translation>
+    </message>
+    <message>
+        <source>not downloaded</source>
+        <translation>nicht geladen</translation>
+    </message>
+    <message>
+        <source>not checked yet</source>
+        <translation>noch nicht geprüft</translation>
+    </message>
+    <message>
+        <source>English</source>
+        <translation>Englisch</translation>
+    </message>
+    <message>
+        <source>multilingual</source>
+        <translation>mehrsprachig</translation>
+    </message>
+    <message>
+        <source>SIZE</source>
+        <translation>GRÖSSE</translation>
+    </message>
+    <message>
+        <source>LANGUAGES</source>
+        <translation>SPRACHEN</translation>
+    </message>
+    <message>
+        <source>LICENCE</source>
+        <translation>LIZENZ</translation>
+    </message>
+    <message>
+        <source>MEMORY</source>
+        <translation>SPEICHER</translation>
+    </message>
+    <message>
+        <source>vocabulary model</source>
+        <translation>Vokabularmodell</translation>
+    </message>
+    <message>
+        <source>language model</source>
+        <translation>Sprachmodell</translation>
+    </message>
+    <message>
+        <source>speech model</source>
+        <translation>Spracherkennungsmodell</translation>
+    </message>
+    <message>
+        <source>SPEED</source>
+        <translation>TEMPO</translation>
+    </message>
+    <message>
+        <source>ACCURACY</source>
+        <translation>GENAU</translation>
+    </message>
+    <message>
+        <source>
+For your words, beside a Parakeet model:
+</source>
+        <translation>
+Für deine Wörter, neben einem Parakeet-Modell:
+</translation>
+    </message>
+    <message>
+        <source>
+Language models, which rewrite on this machine:
+</source>
+        <translation>
+Sprachmodelle, die auf diesem Rechner umschreiben:
+</translation>
+    </message>
+    <message>
+        <source>
+Downloaded models use %1 of disk space.</source>
+        <translation>
+Geladene Modelle belegen %1.</translation>
+    </message>
+    <message>
+        <source>What happens to a dictation. Normal keeps the text; Email, Grammar and Custom have a language model rewrite it;
+Notes adds it to the notes of the day. In the launcher, the digit keys choose a mode.
+
+  list           List all modes and their language models. The default.
+  show MODE      Show a mode with its prompt.
+  set MODE       Change a mode with the options below.
+  default MODE   Start dictations in this mode.
+  add NAME       Make a mode of your own; the options below set it up.
+  remove MODE    Remove a mode that you have added, with its prompt, after asking.
+  move MODE N    Give a mode the place N, and with it the digit key.
+
+MODE is its built-in name or the one you gave it.
+
+Exit status: 0 done, 1 failed, 2 wrong usage, 3 no such mode or provider, 5 the settings cannot be written.</source>
+        <translation>Was mit einem Diktat geschieht. Normal behält den Text; Email, Grammar und Custom lassen ihn von einem Sprachmodell
+umschreiben; Notes fügt ihn den Notizen des Tages hinzu. Im Launcher wählen die Zifferntasten einen Modus.
+
+  list           Listet alle Modi und ihre Sprachmodelle auf. Das ist die Vorgabe.
+  show MODE      Zeigt einen Modus mit seiner Anweisung.
+  set MODE       Ändert einen Modus mit den Optionen unten.
+  default MODE   Beginnt Diktate in diesem Modus.
+  add NAME       Legt einen eigenen Modus an; die Optionen unten richten ihn ein.
+  remove MODE    Entfernt einen eigenen Modus mit seiner Anweisung, nach einer Rückfrage.
+  move MODE N    Gibt einem Modus den Platz N, und damit die Zifferntaste.
+
+MODE ist der mitgelieferte Name oder der, den du vergeben hast.
+
+Exit-Status: 0 erledigt, 1 gescheitert, 2 falscher Aufruf, 3 kein solcher Modus oder Anbieter, 5 die Einstellungen lassen
+sich nicht schreiben.</translation>
+    </message>
+    <message>
+        <source>rules, no language model</source>
+        <translation>Regeln, kein Sprachmodell</translation>
+    </message>
+    <message>
+        <source>no language model</source>
+        <translation>kein Sprachmodell</translation>
+    </message>
+    <message>
+        <source>no provider chosen</source>
+        <translation>kein Anbieter gewählt</translation>
+    </message>
+    <message>
+        <source>its provider has been removed</source>
+        <translation>der Anbieter wurde entfernt</translation>
+    </message>
+    <message>
+        <source>%1 (disabled)</source>
+        <translation>%1 (abgeschaltet)</translation>
+    </message>
+    <message>
+        <source>this computer (%1)</source>
+        <translation>dieser Rechner (%1)</translation>
+    </message>
+    <message>
+        <source>this computer, which has no language model yet</source>
+        <translation>dieser Rechner, der noch kein Sprachmodell hat</translation>
+    </message>
+    <message>
+        <source>not offered</source>
+        <translation>nicht angeboten</translation>
+    </message>
+    <message>
+        <source>Mode:      %1</source>
+        <translation>Modus:     %1</translation>
+    </message>
+    <message>
+        <source>Name:      %1</source>
+        <translation>Name:      %1</translation>
+    </message>
+    <message>
+        <source>Provider:  %1</source>
+        <translation>Anbieter:  %1</translation>
+    </message>
+    <message>
+        <source>there is no provider &quot;%1&quot;: vantro providers lists them. Nothing was changed</source>
+        <translation>es gibt keinen Anbieter „%1“: vantro providers listet sie auf. Nichts wurde geändert</translation>
+    </message>
+    <message>
+        <source>--clean: notes are kept as they were said</source>
+        <translation>--clean: Notizen bleiben, wie sie gesprochen wurden</translation>
+    </message>
+    <message>
+        <source>there is no language model on this computer yet: vantro models lists those that can be downloaded</source>
+        <translation>auf diesem Rechner ist noch kein Sprachmodell: vantro models listet die auf, die sich laden lassen</translation>
+    </message>
+    <message>
+        <source>the mode needs a name</source>
+        <translation>der Modus braucht einen Namen</translation>
+    </message>
+    <message>
+        <source>there is a mode &quot;%1&quot; already</source>
+        <translation>es gibt schon einen Modus „%1“</translation>
+    </message>
+    <message>
+        <source>there are nine modes already, as many as digit keys: remove one first</source>
+        <translation>es gibt schon neun Modi, so viele wie Zifferntasten: entferne zuerst einen</translation>
+    </message>
+    <message>
+        <source>%1 is built in: only modes that you have added can be removed</source>
+        <translation>%1 ist mitgeliefert: nur eigene Modi lassen sich entfernen</translation>
+    </message>
+    <message>
+        <source>Remove the mode %1 with its prompt?</source>
+        <translation>Den Modus %1 mit seiner Anweisung entfernen?</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not a place: use 1 to %2</source>
+        <translation>„%1“ ist kein Platz: nimm 1 bis %2</translation>
+    </message>
+    <message>
+        <source>Dictations now start in %1</source>
+        <translation>Diktate beginnen jetzt in %1</translation>
+    </message>
+    <message>
+        <source>Show and change modes: prompts, names, language models.</source>
+        <translation>Zeigt und ändert Modi: Anweisungen, Namen, Sprachmodelle.</translation>
+    </message>
+    <message>
+        <source>needs one mode</source>
+        <translation>braucht einen Modus</translation>
+    </message>
+    <message>
+        <source>needs a name</source>
+        <translation>braucht einen Namen</translation>
+    </message>
+    <message>
+        <source>needs a mode and a place</source>
+        <translation>braucht einen Modus und einen Platz</translation>
+    </message>
+    <message>
+        <source>set: the name in the launcher; empty for the built-in name.</source>
+        <translation>set: der Name im Launcher; leer für den mitgelieferten.</translation>
+    </message>
+    <message>
+        <source>set: the prompt for the language model.</source>
+        <translation>set: die Anweisung für das Sprachmodell.</translation>
+    </message>
+    <message>
+        <source>set: the prompt from a file; &quot;-&quot; for standard input.</source>
+        <translation>set: die Anweisung aus einer Datei; „-“ für die Standardeingabe.</translation>
+    </message>
+    <message>
+        <source>set: the built-in prompt.</source>
+        <translation>set: die mitgelieferte Anweisung.</translation>
+    </message>
+    <message>
+        <source>set: the provider (see vantro providers).</source>
+        <translation>set: der Anbieter (siehe vantro providers).</translation>
+    </message>
+    <message>
+        <source>set: rewrite on this computer (see vantro models).</source>
+        <translation>set: auf diesem Rechner umschreiben (siehe vantro models).</translation>
+    </message>
+    <message>
+        <source>set: clean the text by rules, without a language model (see vantro cleaning).</source>
+        <translation>set: den Text nach Regeln bereinigen, ohne Sprachmodell (siehe vantro cleaning).</translation>
+    </message>
+    <message>
+        <source>set: neither a provider nor rules.</source>
+        <translation>set: weder ein Anbieter noch Regeln.</translation>
+    </message>
+    <message>
+        <source>remove: without asking.</source>
+        <translation>remove: ohne Rückfrage.</translation>
+    </message>
+    <message>
+        <source>A mode.</source>
+        <translation>Ein Modus.</translation>
+    </message>
+    <message>
+        <source>move: its place.</source>
+        <translation>move: sein Platz.</translation>
+    </message>
+    <message>
+        <source>Your notes by day.
+
+  list             List the days with notes, newest first. The default.
+  show [DATE]      Show the summary and the notes of a day, by default today.
+  add TEXT...      Add a note to today. - reads the text from standard input.
+  delete DATE      Delete a day with its summary and all its notes, after asking.
+  delete ID...     Delete notes but keep the day, after asking.
+  summarize [DATE] Have the language model of the mode Notes rewrite the summary of a day, by default today.
+
+DATE is 2026-11-01, today or yesterday. ID is an id printed by show, or an unambiguous beginning of one.
+
+Exit status: 0 done, 1 failed, 2 wrong usage, 3 no such day or note, 4 no service: the provider or its key cannot be
+reached, 6 the model&apos;s answer was set aside.</source>
+        <translation>Deine Notizen nach Tagen.
+
+  list             Listet die Tage mit Notizen auf, die neuesten zuerst. Das ist die Vorgabe.
+  show [DATE]      Zeigt die Zusammenfassung und die Notizen eines Tages, ohne Angabe die von heute.
+  add TEXT...      Fügt heute eine Notiz hinzu. - liest den Text von der Standardeingabe.
+  delete DATE      Löscht einen Tag mit seiner Zusammenfassung und allen Notizen, nach einer Rückfrage.
+  delete ID...     Löscht Notizen, aber nicht den Tag, nach einer Rückfrage.
+  summarize [DATE] Lässt das Sprachmodell des Modus Notes die Zusammenfassung eines Tages neu schreiben, ohne Angabe die von heute.
+
+DATE ist 2026-11-01, today oder yesterday. ID ist eine ID, die show ausgibt, oder ein eindeutiger Anfang davon.
+
+Exit-Status: 0 erledigt, 1 gescheitert, 2 falscher Aufruf, 3 kein solcher Tag oder keine solche Notiz, 4 kein Dienst: der
+Anbieter oder sein Schlüssel ist nicht erreichbar, 6 die Antwort des Modells wurde verworfen.</translation>
+    </message>
+    <message>
+        <source>1 note</source>
+        <translation>1 Notiz</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n notes</source>
+        <translation>
+            <numerusform>%n Notiz</numerusform>
+            <numerusform>%n Notizen</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>days</source>
+        <translation>Tagen</translation>
+    </message>
+    <message>
+        <source>There are no notes yet.</source>
+        <translation>Noch keine Notizen.</translation>
+    </message>
+    <message>
+        <source>DAY</source>
+        <translation>TAG</translation>
+    </message>
+    <message>
+        <source>NOTES</source>
+        <translation>NOTIZEN</translation>
+    </message>
+    <message>
+        <source>SUMMARY</source>
+        <translation>ZUSAMMENFASSUNG</translation>
+    </message>
+    <message>
+        <source>there are no notes for %1</source>
+        <translation>es gibt keine Notizen vom %1</translation>
+    </message>
+    <message>
+        <source>a note needs a text</source>
+        <translation>eine Notiz braucht einen Text</translation>
+    </message>
+    <message>
+        <source>Permanently delete %1 with its summary and %2?</source>
+        <translation>%1 mit Zusammenfassung und %2 endgültig löschen?</translation>
+    </message>
+    <message>
+        <source>Permanently delete %1?</source>
+        <translation>%1 endgültig löschen?</translation>
+    </message>
+    <message>
+        <source>List, show, add or delete notes.</source>
+        <translation>Listet Notizen auf, zeigt, ergänzt oder löscht sie.</translation>
+    </message>
+    <message>
+        <source>needs a text</source>
+        <translation>braucht einen Text</translation>
+    </message>
+    <message>
+        <source>needs a DATE or an ID</source>
+        <translation>braucht ein DATE oder eine ID</translation>
+    </message>
+    <message>
+        <source>List at most this many days; 0 for all. The default is 50.</source>
+        <translation>Höchstens so viele Tage auflisten; 0 für alle. Ohne Angabe 50.</translation>
+    </message>
+    <message>
+        <source>A date, ids or a text.</source>
+        <translation>Ein Datum, IDs oder ein Text.</translation>
+    </message>
+    <message>
+        <source>The language models that rewrite dictations in the modes Email, Grammar, Custom and Notes.
+
+  list         List all providers and whether they have a key. The default.
+  add          Add one: --type, and for your own server --base-url and --model.
+  edit NAME    Change what the options say. An empty value (&quot;&quot;) removes a parameter.
+  remove NAME  Remove a provider and its key, after asking.
+  test NAME    Check that the provider accepts the key.
+  models NAME  List the models that the provider offers.
+
+The key is read from the terminal without showing it, or from standard input with --key-stdin. It is stored only in the
+desktop&apos;s Secret Service. A server that needs no key still has to be given one: any word will do.
+
+Exit status: 0 done, 1 failed, 2 wrong usage, 3 no such provider, 4 no service: the Secret Service is not available
+or locked, or the provider cannot be reached, 5 the settings cannot be written.</source>
+        <translation>Die Sprachmodelle, die Diktate in den Modi Email, Grammar, Custom und Notes umschreiben.
+
+  list         Listet alle Anbieter auf und ob sie einen Schlüssel haben. Das ist die Vorgabe.
+  add          Fügt einen hinzu: --type, und für einen eigenen Server --base-url und --model.
+  edit NAME    Ändert, was die Optionen nennen. Ein leerer Wert (&quot;&quot;) entfernt einen Parameter.
+  remove NAME  Entfernt einen Anbieter und seinen Schlüssel, nach einer Rückfrage.
+  test NAME    Prüft, ob der Anbieter den Schlüssel annimmt.
+  models NAME  Listet die Modelle auf, die der Anbieter bietet.
+
+Der Schlüssel wird im Terminal verdeckt eingegeben oder mit --key-stdin von der Standardeingabe gelesen. Er liegt nur im
+Secret Service des Desktops. Auch ein Server, der keinen Schlüssel braucht, muss einen bekommen: irgendein Wort.
+
+Exit-Status: 0 erledigt, 1 gescheitert, 2 falscher Aufruf, 3 kein solcher Anbieter, 4 kein Dienst: der Secret Service fehlt
+oder ist gesperrt, oder der Anbieter ist nicht erreichbar, 5 die Einstellungen lassen sich nicht schreiben.</translation>
+    </message>
+    <message>
+        <source>there is no provider &quot;%1&quot;: vantro providers lists them</source>
+        <translation>es gibt keinen Anbieter „%1“: vantro providers listet sie auf</translation>
+    </message>
+    <message>
+        <source>Remove without asking.</source>
+        <translation>Ohne Rückfrage entfernen.</translation>
+    </message>
+    <message>
+        <source>List, add, edit, remove or test providers of language models.</source>
+        <translation>Listet Anbieter von Sprachmodellen auf, ergänzt, ändert, entfernt oder prüft sie.</translation>
+    </message>
+    <message>
+        <source>needs a provider&apos;s name</source>
+        <translation>braucht den Namen eines Anbieters</translation>
+    </message>
+    <message>
+        <source>A provider&apos;s name or id.</source>
+        <translation>Name oder ID eines Anbieters.</translation>
+    </message>
+    <message>
+        <source>Name in the list.</source>
+        <translation>Name in der Liste.</translation>
+    </message>
+    <message>
+        <source>Model.</source>
+        <translation>Modell.</translation>
+    </message>
+    <message>
+        <source>Address of your own server, up to /v1.</source>
+        <translation>Adresse deines eigenen Servers, bis /v1.</translation>
+    </message>
+    <message>
+        <source>Maximum number of tokens in the answer.</source>
+        <translation>Höchstzahl der Token in der Antwort.</translation>
+    </message>
+    <message>
+        <source>The same, under its newer name.</source>
+        <translation>Dasselbe unter dem neueren Namen.</translation>
+    </message>
+    <message>
+        <source>Temperature.</source>
+        <translation>Temperatur.</translation>
+    </message>
+    <message>
+        <source>Top p.</source>
+        <translation>Top p.</translation>
+    </message>
+    <message>
+        <source>Service tier:</source>
+        <translation>Dienststufe:</translation>
+    </message>
+    <message>
+        <source>Reasoning effort.</source>
+        <translation>Denkaufwand.</translation>
+    </message>
+    <message>
+        <source>--parameters: choose none or standard</source>
+        <translation>--parameters: wähle none oder standard</translation>
+    </message>
+    <message>
+        <source>--type: there is no type &quot;%1&quot;: choose OpenAI, Anthropic, Gemini or Custom</source>
+        <translation>--type: es gibt keinen Typ „%1“: wähle OpenAI, Anthropic, Gemini oder Custom</translation>
+    </message>
+    <message>
+        <source>choose either --enable or --disable</source>
+        <translation>wähle entweder --enable oder --disable</translation>
+    </message>
+    <message>
+        <source>API key (Return for none): </source>
+        <translation>API-Schlüssel (Eingabetaste für keinen): </translation>
+    </message>
+    <message>
+        <source>--key-stdin: there is no key on standard input; nothing was changed</source>
+        <translation>--key-stdin: auf der Standardeingabe ist kein Schlüssel; nichts wurde geändert</translation>
+    </message>
+    <message>
+        <source>texts and the key will be sent to %1 unencrypted</source>
+        <translation>Texte und der Schlüssel werden unverschlüsselt an %1 gesendet</translation>
+    </message>
+    <message>
+        <source>OpenAI, Anthropic, Gemini or Custom (any server with OpenAI&apos;s chat completions API: vLLM, Ollama, llama.cpp).</source>
+        <translation>OpenAI, Anthropic, Gemini oder Custom (jeder Server mit der Chat-Completions-API von OpenAI: vLLM, Ollama, llama.cpp).</translation>
+    </message>
+    <message>
+        <source>Remove all parameters: standard sends temperature 0.3 and both penalties as 0, which is also what a provider without parameters gets; none sends nothing, for models that refuse them.</source>
+        <translation>Alle Parameter entfernen: standard sendet Temperatur 0,3 und beide Strafen als 0, wie bei einem Anbieter ohne Parameter; none sendet nichts, für Modelle, die sie ablehnen.</translation>
+    </message>
+    <message>
+        <source>Let modes use it.</source>
+        <translation>Modi dürfen ihn verwenden.</translation>
+    </message>
+    <message>
+        <source>Send nothing to it.</source>
+        <translation>Ihm nichts senden.</translation>
+    </message>
+    <message>
+        <source>Read the key from standard input.</source>
+        <translation>Den Schlüssel von der Standardeingabe lesen.</translation>
+    </message>
+    <message>
+        <source>With edit: ask for a new key.</source>
+        <translation>Bei edit: nach einem neuen Schlüssel fragen.</translation>
+    </message>
+    <message>
+        <source>providers add needs --type</source>
+        <translation>providers add braucht --type</translation>
+    </message>
+    <message>
+        <source>there is already a provider &quot;%1&quot;: edit it, or choose another --name</source>
+        <translation>es gibt schon einen Anbieter „%1“: ändere ihn oder wähle einen anderen --name</translation>
+    </message>
+    <message>
+        <source>No API key configured: vantro providers edit &quot;%1&quot; --ask-key</source>
+        <translation>Kein API-Schlüssel eingerichtet: vantro providers edit &quot;%1&quot; --ask-key</translation>
+    </message>
+    <message>
+        <source>%1 has been added</source>
+        <translation>%1 wurde hinzugefügt</translation>
+    </message>
+    <message>
+        <source>%1 has been changed</source>
+        <translation>%1 wurde geändert</translation>
+    </message>
+    <message>
+        <source>providers remove needs --yes when there is no terminal to ask on</source>
+        <translation>providers remove braucht --yes, wenn es kein Terminal für die Rückfrage gibt</translation>
+    </message>
+    <message>
+        <source>Are you sure you want to delete &apos;%1&apos;? This action cannot be undone.</source>
+        <translation>„%1“ wirklich löschen? Das lässt sich nicht rückgängig machen.</translation>
+    </message>
+    <message>
+        <source>%1 has been removed</source>
+        <translation>%1 wurde entfernt</translation>
+    </message>
+    <message>
+        <source>%1 accepts the key (%2 ms)</source>
+        <translation>%1 nimmt den Schlüssel an (%2 ms)</translation>
+    </message>
+    <message>
+        <source>unknown</source>
+        <translation>unbekannt</translation>
+    </message>
+    <message>
+        <source>No API key configured</source>
+        <translation>Kein API-Schlüssel eingerichtet</translation>
+    </message>
+    <message>
+        <source>TYPE</source>
+        <translation>TYP</translation>
+    </message>
+    <message>
+        <source>MODEL</source>
+        <translation>MODELL</translation>
+    </message>
+    <message>
+        <source>KEY</source>
+        <translation>SCHLÜSSEL</translation>
+    </message>
+    <message>
+        <source>ADDRESS</source>
+        <translation>ADRESSE</translation>
+    </message>
+    <message>
+        <source>enabled</source>
+        <translation>eingeschaltet</translation>
+    </message>
+    <message>
+        <source>disabled</source>
+        <translation>abgeschaltet</translation>
+    </message>
+    <message>
+        <source>%1 is not asked: the type %2 has an address of its own, and %3 is given: vantro providers edit &quot;%1&quot; --type custom, or --base-url &quot;&quot;</source>
+        <translation>%1 wird nicht gefragt: der Typ %2 hat eine eigene Adresse, und angegeben ist %3: vantro providers edit &quot;%1&quot; --type custom, oder --base-url &quot;&quot;</translation>
+    </message>
+    <message>
+        <source>retry: there is no recording to transcribe</source>
+        <translation>retry: es gibt keine Aufnahme zu transkribieren</translation>
+    </message>
+    <message>
+        <source>retry: another vantro is transcribing: wait for it to end</source>
+        <translation>retry: ein anderes vantro transkribiert gerade: warte, bis es fertig ist</translation>
+    </message>
+    <message>
+        <source>retry: no model: &quot;%1&quot; is not downloaded: run vantro models download &quot;%1&quot;</source>
+        <translation>retry: kein Modell: „%1“ ist nicht heruntergeladen: führe vantro models download &quot;%1&quot; aus</translation>
+    </message>
+    <message>
+        <source>retry: %1 The recording is kept.</source>
+        <translation>retry: %1 Die Aufnahme bleibt erhalten.</translation>
+    </message>
+    <message>
+        <source>Transcribe what has not become text.</source>
+        <translation>Transkribiert, was nicht Text geworden ist.</translation>
+    </message>
+    <message>
+        <source>Transcribes recordings that have not become text, after a failure, a crash or, for ten seconds, a cancel. Their text is printed, goes into the history and, while vantro is running, to the clipboard.
+
+Exit status: 0 done, 1 failed or refused, 2 wrong usage, 3 there is no such recording, 4 the model is missing.</source>
+        <translation>Transkribiert Aufnahmen, die nicht Text geworden sind, nach einem Fehler, einem Absturz oder, zehn Sekunden lang, einem Abbruch. Ihr Text wird ausgegeben, kommt in den Verlauf und, solange vantro läuft, in die Zwischenablage.
+
+Exit-Status: 0 erledigt, 1 gescheitert oder abgelehnt, 2 falscher Aufruf, 3 keine solche Aufnahme, 4 das Modell fehlt.</translation>
+    </message>
+    <message>
+        <source>Delete the recordings instead.</source>
+        <translation>Die Aufnahmen stattdessen löschen.</translation>
+    </message>
+    <message>
+        <source>Rewrites a text as a dictation in a mode is, and writes the result to standard output. The answer of a language model
+is judged as it is there: one that is not believed is told on standard error, the text as it was goes to standard output,
+and the exit status is 6.
+
+TEXT is the text; - reads it from standard input.
+
+Exit status: 0 done, 1 failed, 2 wrong usage, 3 no such mode or provider, 4 no service: the provider or its key cannot be
+reached, 6 the answer was set aside.</source>
+        <translation>Schreibt einen Text um, wie es mit einem Diktat in einem Modus geschieht, und gibt das Ergebnis auf der Standardausgabe
+aus. Die Antwort eines Sprachmodells wird beurteilt wie dort: Eine unglaubwürdige wird auf der Standardfehlerausgabe
+gemeldet, der unveränderte Text kommt auf die Standardausgabe, und der Exit-Status ist 6.
+
+TEXT ist der Text; - liest ihn von der Standardeingabe.
+
+Exit-Status: 0 erledigt, 1 gescheitert, 2 falscher Aufruf, 3 kein solcher Modus oder Anbieter, 4 kein Dienst: der Anbieter
+oder sein Schlüssel ist nicht erreichbar, 6 die Antwort wurde verworfen.</translation>
+    </message>
+    <message>
+        <source>there is no text</source>
+        <translation>es gibt keinen Text</translation>
+    </message>
+    <message>
+        <source>choose one of --clean, --local and --provider</source>
+        <translation>wähle eines von --clean, --local und --provider</translation>
+    </message>
+    <message>
+        <source>%1 is not set up: vantro modes set %1 --provider NAME, --local or --clean</source>
+        <translation>%1 ist nicht eingerichtet: vantro modes set %1 --provider NAME, --local oder --clean</translation>
+    </message>
+    <message>
+        <source>Rewrite a text as a dictation would be.</source>
+        <translation>Schreibt einen Text um wie ein Diktat.</translation>
+    </message>
+    <message>
+        <source>needs a TEXT</source>
+        <translation>braucht einen TEXT</translation>
+    </message>
+    <message>
+        <source>The mode whose prompt is used. The default is Grammar.</source>
+        <translation>Der Modus, dessen Anweisung gilt. Ohne Angabe Grammar.</translation>
+    </message>
+    <message>
+        <source>Ask this provider instead of the mode&apos;s.</source>
+        <translation>Diesen Anbieter fragen statt den des Modus.</translation>
+    </message>
+    <message>
+        <source>Use the language model of this computer (see vantro models).</source>
+        <translation>Das Sprachmodell dieses Rechners verwenden (siehe vantro models).</translation>
+    </message>
+    <message>
+        <source>Clean the text by rules, without a language model.</source>
+        <translation>Den Text nach Regeln bereinigen, ohne Sprachmodell.</translation>
+    </message>
+    <message>
+        <source>The text; - for standard input.</source>
+        <translation>Der Text; - für die Standardeingabe.</translation>
+    </message>
+    <message>
+        <source>The settings, each by its key. The running program follows a change at once.
+
+  list             List all settings with their values. The default.
+  get KEY          Show one setting&apos;s value.
+  set KEY VALUE    Change a setting.
+  reset KEY        Go back to its default.
+
+Exit status: 0 done, 1 failed, 2 wrong usage, 3 no such setting, 5 the settings cannot be written.</source>
+        <translation>Die Einstellungen, jede unter ihrem Schlüssel. Das laufende Programm folgt einer Änderung sofort.
+
+  list             Listet alle Einstellungen mit ihren Werten auf. Das ist die Vorgabe.
+  get KEY          Zeigt den Wert einer Einstellung.
+  set KEY VALUE    Ändert eine Einstellung.
+  reset KEY        Kehrt zu ihrer Vorgabe zurück.
+
+Exit-Status: 0 erledigt, 1 gescheitert, 2 falscher Aufruf, 3 keine solche Einstellung, 5 die Einstellungen lassen sich nicht
+schreiben.</translation>
+    </message>
+    <message>
+        <source>there is no setting &quot;%1&quot;: vantro settings lists them</source>
+        <translation>es gibt keine Einstellung „%1“: vantro settings listet sie auf</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not %2</source>
+        <translation>„%1“ ist %2</translation>
+    </message>
+    <message>
+        <source>one of: </source>
+        <translation>keines von: </translation>
+    </message>
+    <message>
+        <source>a language the models know: use a code such as en, de or fr, or auto</source>
+        <translation>keine Sprache, die die Modelle können: nimm ein Kürzel wie en, de oder fr, oder auto</translation>
+    </message>
+    <message>
+        <source>a speech model: vantro models lists them</source>
+        <translation>kein Spracherkennungsmodell: vantro models listet sie auf</translation>
+    </message>
+    <message>
+        <source>a language model: vantro models lists them</source>
+        <translation>kein Sprachmodell: vantro models listet sie auf</translation>
+    </message>
+    <message>
+        <source>a model host: use an address that starts with http:, https: or file:</source>
+        <translation>kein Modellserver: nimm eine Adresse, die mit http:, https: oder file: beginnt</translation>
+    </message>
+    <message>
+        <source>a number of days, &quot;forever&quot; or &quot;never&quot;</source>
+        <translation>weder eine Anzahl von Tagen noch „forever“ oder „never“</translation>
+    </message>
+    <message>
+        <source>a number of megabytes</source>
+        <translation>keine Anzahl von Megabyte</translation>
+    </message>
+    <message>
+        <source>true or false</source>
+        <translation>weder true noch false</translation>
+    </message>
+    <message>
+        <source>JSON</source>
+        <translation>kein JSON</translation>
+    </message>
+    <message>
+        <source>VALUE</source>
+        <translation>WERT</translation>
+    </message>
+    <message>
+        <source>MEANING</source>
+        <translation>BEDEUTUNG</translation>
+    </message>
+    <message>
+        <source>List, show, change or reset settings.</source>
+        <translation>Listet Einstellungen auf, zeigt, ändert oder setzt sie zurück.</translation>
+    </message>
+    <message>
+        <source>needs a key</source>
+        <translation>braucht einen Schlüssel</translation>
+    </message>
+    <message>
+        <source>needs a key and a value</source>
+        <translation>braucht einen Schlüssel und einen Wert</translation>
+    </message>
+    <message>
+        <source>A setting&apos;s key, as in the list.</source>
+        <translation>Der Schlüssel einer Einstellung, wie in der Liste.</translation>
+    </message>
+    <message>
+        <source>Its new value.</source>
+        <translation>Ihr neuer Wert.</translation>
+    </message>
+    <message>
+        <source>The keyboard shortcuts of vantro.
+
+  show            Show all, and whether they work. The default.
+  set NAME KEYS   Use these keys, for example Ctrl+Alt+D, F9 or MediaRecord.
+  test NAME       Wait until the shortcut is pressed.
+  clear NAME      Remove a shortcut; &quot;stop&quot; goes back to Space.
+  mode [MODE]     Show or set the mode. press: the shortcut opens the launcher, Space ends the recording. hold: the
+                  recording lasts as long as the shortcut is held.
+
+NAME is &quot;open&quot; (openModal: start a dictation), &quot;stop&quot; (stopRecordingAndCloseModal: end the recording; only while the
+launcher has the focus) or &quot;original&quot; (pasteOriginal: paste the words of the last dictation as they were said).
+Changes take effect at once.
+
+Exit status: 0 done, 1 refused or not pressed, 2 wrong usage, 4 no desktop, 5 the settings cannot be written.</source>
+        <translation>Die Tastenkürzel von vantro.
+
+  show            Zeigt alle und ob sie wirken. Das ist die Vorgabe.
+  set NAME KEYS   Verwendet diese Tasten, zum Beispiel Ctrl+Alt+D, F9 oder MediaRecord.
+  test NAME       Wartet, bis das Tastenkürzel gedrückt wird.
+  clear NAME      Entfernt ein Tastenkürzel; „stop“ kehrt zur Leertaste zurück.
+  mode [MODE]     Zeigt oder setzt den Modus. press: das Tastenkürzel öffnet den Launcher, die Leertaste beendet die
+                  Aufnahme. hold: die Aufnahme dauert so lange, wie du das Tastenkürzel hältst.
+
+NAME ist „open“ (openModal: ein Diktat beginnen), „stop“ (stopRecordingAndCloseModal: die Aufnahme beenden; nur solange der
+Launcher den Fokus hat) oder „original“ (pasteOriginal: das letzte Diktat im Wortlaut einfügen).
+Änderungen wirken sofort.
+
+Exit-Status: 0 erledigt, 1 abgelehnt oder nicht gedrückt, 2 falscher Aufruf, 4 kein Desktop, 5 die Einstellungen lassen sich
+nicht schreiben.</translation>
+    </message>
+    <message>
+        <source>there is no shortcut &quot;%1&quot;: use open, stop or original</source>
+        <translation>es gibt kein Tastenkürzel „%1“: nimm open, stop oder original</translation>
+    </message>
+    <message>
+        <source>there is no desktop: run it in your desktop session</source>
+        <translation>es gibt keinen Desktop: führe es in deiner Desktopsitzung aus</translation>
+    </message>
+    <message>
+        <source>none is set: run vantro shortcuts set open Ctrl+Alt+D</source>
+        <translation>keines gesetzt: führe vantro shortcuts set open Ctrl+Alt+D aus</translation>
+    </message>
+    <message>
+        <source>KEYS</source>
+        <translation>TASTEN</translation>
+    </message>
+    <message>
+        <source>FOR</source>
+        <translation>WOFÜR</translation>
+    </message>
+    <message>
+        <source>not set</source>
+        <translation>nicht gesetzt</translation>
+    </message>
+    <message>
+        <source>in the launcher</source>
+        <translation>im Launcher</translation>
+    </message>
+    <message>
+        <source>by your desktop&apos;s binding</source>
+        <translation>über die Tastenbelegung deines Desktops</translation>
+    </message>
+    <message>
+        <source>works</source>
+        <translation>wirkt</translation>
+    </message>
+    <message>
+        <source>
+The recording lasts as long as the shortcut is held (mode hold).</source>
+        <translation>
+Die Aufnahme dauert so lange, wie du das Tastenkürzel hältst (Modus hold).</translation>
+    </message>
+    <message>
+        <source>
+The shortcut opens the launcher (mode press).</source>
+        <translation>
+Das Tastenkürzel öffnet den Launcher (Modus press).</translation>
+    </message>
+    <message>
+        <source>the running vantro has not adopted it: restart it</source>
+        <translation>das laufende vantro hat es nicht übernommen: starte es neu</translation>
+    </message>
+    <message>
+        <source>--force uses it anyway.</source>
+        <translation>--force nimmt es trotzdem.</translation>
+    </message>
+    <message>
+        <source>no shortcut</source>
+        <translation>kein Tastenkürzel</translation>
+    </message>
+    <message>
+        <source>Press %1 within %2 s.</source>
+        <translation>Drück %1 innerhalb von %2 s.</translation>
+    </message>
+    <message>
+        <source>%1 was not pressed, or did not arrive</source>
+        <translation>%1 wurde nicht gedrückt oder kam nicht an</translation>
+    </message>
+    <message>
+        <source>%1 works: it was held for %2 ms</source>
+        <translation>%1 wirkt: es wurde %2 ms lang gehalten</translation>
+    </message>
+    <message>
+        <source>%1 works: it is used by the running vantro</source>
+        <translation>%1 wirkt: das laufende vantro verwendet es</translation>
+    </message>
+    <message>
+        <source>the mode is press or hold</source>
+        <translation>der Modus ist press oder hold</translation>
+    </message>
+    <message>
+        <source>Show, set, test and clear shortcuts; press or hold to talk.</source>
+        <translation>Zeigt, setzt, prüft und entfernt Tastenkürzel; drücken oder halten.</translation>
+    </message>
+    <message>
+        <source>needs a name and keys</source>
+        <translation>braucht einen Namen und Tasten</translation>
+    </message>
+    <message>
+        <source>Use a shortcut even if something else uses it.</source>
+        <translation>Ein Tastenkürzel verwenden, auch wenn es schon anderswo dient.</translation>
+    </message>
+    <message>
+        <source>The keys.</source>
+        <translation>Die Tasten.</translation>
+    </message>
+    <message>
+        <source>no recording given</source>
+        <translation>keine Aufnahme angegeben</translation>
+    </message>
+    <message>
+        <source>there is no format &quot;%1&quot;: %2</source>
+        <translation>es gibt kein Format „%1“: %2</translation>
+    </message>
+    <message>
+        <source>subtitles of several recordings need a folder: --output DIR</source>
+        <translation>Untertitel mehrerer Aufnahmen brauchen einen Ordner: --output DIR</translation>
+    </message>
+    <message>
+        <source>there is no folder %1</source>
+        <translation>es gibt keinen Ordner %1</translation>
+    </message>
+    <message>
+        <source>two recordings are called %1: give them different folders</source>
+        <translation>zwei Aufnahmen heißen %1: gib ihnen verschiedene Ordner</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not a language the models know: use a code such as en, de or fr, or auto</source>
+        <translation>„%1“ ist keine Sprache, die die Modelle können: nimm ein Kürzel wie en, de oder fr, oder auto</translation>
+    </message>
+    <message>
+        <source>%1: %2 s in %3 s</source>
+        <translation>%1: %2 s in %3 s</translation>
+    </message>
+    <message>
+        <source>%1: your words were not looked for: %2</source>
+        <translation>%1: nach deinen Wörtern wurde nicht gesucht: %2</translation>
+    </message>
+    <message>
+        <source>Write the text of recordings to standard output.</source>
+        <translation>Schreibt den Text von Aufnahmen auf die Standardausgabe.</translation>
+    </message>
+    <message>
+        <source>Writes the text of recordings (WAV, FLAC, OGG, MP3) to standard output.
+
+Exit status: 0 done, 1 recognition failed, 2 wrong usage, 3 a recording could not be read, 4 the model is missing or cannot be loaded.</source>
+        <translation>Schreibt den Text von Aufnahmen (WAV, FLAC, OGG, MP3) auf die Standardausgabe.
+
+Exit-Status: 0 erledigt, 1 Erkennung gescheitert, 2 falscher Aufruf, 3 eine Aufnahme ließ sich nicht lesen, 4 das Modell fehlt oder lässt sich nicht laden.</translation>
+    </message>
+    <message>
+        <source>Name of a model, such as parakeet-v3, or path of its file.</source>
+        <translation>Name eines Modells, etwa parakeet-v3, oder Pfad seiner Datei.</translation>
+    </message>
+    <message>
+        <source>Language code, or &quot;auto&quot;.</source>
+        <translation>Sprachkürzel oder „auto“.</translation>
+    </message>
+    <message>
+        <source>txt, srt or vtt (subtitles), or json. The default is txt.</source>
+        <translation>txt, srt oder vtt (Untertitel) oder json. Ohne Angabe txt.</translation>
+    </message>
+    <message>
+        <source>The same as --format json: one object per line, with duration and timings.</source>
+        <translation>Dasselbe wie --format json: ein Objekt je Zeile, mit Dauer und Zeiten.</translation>
+    </message>
+    <message>
+        <source>Path of the model that looks for your words beside a Parakeet model.</source>
+        <translation>Pfad des Modells, das neben einem Parakeet-Modell nach deinen Wörtern sucht.</translation>
+    </message>
+    <message>
+        <source>Look for this word instead of your own; may be repeated.</source>
+        <translation>Nach diesem Wort suchen statt nach deinen; mehrfach möglich.</translation>
+    </message>
+    <message>
+        <source>How readily words are written, from 0 to 4; usually 1.</source>
+        <translation>Wie bereitwillig Wörter geschrieben werden, von 0 bis 4; üblich ist 1.</translation>
+    </message>
+    <message>
+        <source>Write each text into this folder, named after its recording.</source>
+        <translation>Jeden Text in diesen Ordner schreiben, benannt nach der Aufnahme.</translation>
+    </message>
+    <message>
+        <source>Recordings; - for standard input.</source>
+        <translation>Aufnahmen; - für die Standardeingabe.</translation>
+    </message>
+    <message>
+        <source>no model: </source>
+        <translation>kein Modell: </translation>
+    </message>
+    <message>
+        <source>There is no model file %1</source>
+        <translation>Es gibt keine Modelldatei %1</translation>
+    </message>
+    <message>
+        <source>%1 is no speech model, which are .bin files. --ctc-model takes the one that looks for words</source>
+        <translation>%1 ist kein Spracherkennungsmodell; das sind .bin-Dateien. --ctc-model nimmt das Modell, das nach Wörtern sucht</translation>
+    </message>
+    <message>
+        <source>There is no model &quot;%1&quot;. The catalogue has %2; the path of a file works too</source>
+        <translation>Es gibt kein Modell „%1“. Zur Wahl stehen %2; auch der Pfad einer Datei geht</translation>
+    </message>
+    <message>
+        <source>The model &quot;%1&quot; is not downloaded: run vantro models download %2</source>
+        <translation>Das Modell „%1“ ist nicht heruntergeladen: führe vantro models download %2 aus</translation>
+    </message>
+    <message>
+        <source>Texts to replace in what was recognised. Whole words are replaced, in any case and in the order of the list, in
+every dictation and by vantro transcribe.
+
+  list               List all entries, numbered. The default.
+  add FIND [WITH]    Replace FIND by WITH; without WITH, delete it.
+  remove FIND|#N     Remove the entries for FIND, or entry number N.
+  import FILE        Add the entries of a JSON or CSV file (&quot;find,replace&quot;); &quot;-&quot; is standard input.
+  export [FILE]      Write all entries to a file, or to standard output.
+
+Exit status: 0 done, 1 failed, 2 wrong usage, 3 no such entry, 5 the settings cannot be
+written.</source>
+        <translation>Texte, die im Erkannten ersetzt werden. Ersetzt werden ganze Wörter, groß oder klein geschrieben und in der Reihenfolge der
+Liste, in jedem Diktat und von vantro transcribe.
+
+  list               Listet alle Einträge nummeriert auf. Das ist die Vorgabe.
+  add FIND [WITH]    Ersetzt FIND durch WITH; ohne WITH wird es gelöscht.
+  remove FIND|#N     Entfernt die Einträge für FIND oder den Eintrag Nummer N.
+  import FILE        Fügt die Einträge einer JSON- oder CSV-Datei hinzu („find,replace“); „-“ ist die Standardeingabe.
+  export [FILE]      Schreibt alle Einträge in eine Datei oder auf die Standardausgabe.
+
+Exit-Status: 0 erledigt, 1 gescheitert, 2 falscher Aufruf, 3 kein solcher Eintrag, 5 die Einstellungen lassen sich nicht
+schreiben.</translation>
+    </message>
+    <message>
+        <source>Words that the engine should recognise and spell correctly. Use sparingly: too many words can
+confuse it and may affect punctuation, language detection, and formatting.
+
+  list               List all words, numbered. The default.
+  add WORD...        Add words. --sounds-like TEXT and --weight NUMBER are for the
+                     Parakeet models, and change words that are there already, too.
+  try FILE           Transcribe a recording with a Parakeet model and show where your
+                     words, or those given by --term, were looked for and what spoke
+                     for them: logarithms of likelihoods of what was heard and of the term.
+  remove WORD|#N     Remove a word, or word number N.
+  import FILE        Add the words of a JSON or CSV file (&quot;word&quot;); &quot;-&quot; is standard input.
+  export [FILE]      Write all words to a file, or to standard output.
+
+Exit status: 0 done, 1 failed, 2 wrong usage, 3 no such word, 5 the settings cannot be
+written.</source>
+        <translation>Wörter, die richtig erkannt und geschrieben werden sollen. Nimm wenige: Zu viele Wörter können verwirren und
+Zeichensetzung, Spracherkennung und Formatierung stören.
+
+  list               Listet alle Wörter nummeriert auf. Das ist die Vorgabe.
+  add WORD...        Fügt Wörter hinzu. --sounds-like TEXT und --weight NUMBER sind für die
+                     Parakeet-Modelle und ändern auch Wörter, die schon da sind.
+  try FILE           Transkribiert eine Aufnahme mit einem Parakeet-Modell und zeigt, wo nach
+                     deinen Wörtern oder denen von --term gesucht wurde und was für sie sprach:
+                     Logarithmen der Wahrscheinlichkeit des Gehörten und des Wortes.
+  remove WORD|#N     Entfernt ein Wort oder das Wort Nummer N.
+  import FILE        Fügt die Wörter einer JSON- oder CSV-Datei hinzu („word“); „-“ ist die Standardeingabe.
+  export [FILE]      Schreibt alle Wörter in eine Datei oder auf die Standardausgabe.
+
+Exit-Status: 0 erledigt, 1 gescheitert, 2 falscher Aufruf, 3 kein solches Wort, 5 die Einstellungen lassen sich nicht
+schreiben.</translation>
+    </message>
+    <message>
+        <source>No text replacements configured yet.</source>
+        <translation>Noch keine Ersetzungen.</translation>
+    </message>
+    <message>
+        <source>(deleted)</source>
+        <translation>(gelöscht)</translation>
+    </message>
+    <message>
+        <source>NO.</source>
+        <translation>NR.</translation>
+    </message>
+    <message>
+        <source>REPLACE WITH</source>
+        <translation>ERSETZEN DURCH</translation>
+    </message>
+    <message>
+        <source>No custom vocabulary words added yet.</source>
+        <translation>Noch keine eigenen Wörter.</translation>
+    </message>
+    <message>
+        <source>sounds like </source>
+        <translation>klingt wie </translation>
+    </message>
+    <message>
+        <source>weight %1</source>
+        <translation>Gewicht %1</translation>
+    </message>
+    <message>
+        <source>WORD</source>
+        <translation>WORT</translation>
+    </message>
+    <message>
+        <source>WITH PARAKEET</source>
+        <translation>MIT PARAKEET</translation>
+    </message>
+    <message>
+        <source>there is no entry &quot;%1&quot;: vantro %2 lists them</source>
+        <translation>es gibt keinen Eintrag „%1“: vantro %2 listet sie auf</translation>
+    </message>
+    <message>
+        <source>%1 removed</source>
+        <translation>%1 entfernt</translation>
+    </message>
+    <message>
+        <source>give what to add</source>
+        <translation>gib an, was hinzukommt</translation>
+    </message>
+    <message>
+        <source>%1 added</source>
+        <translation>%1 hinzugefügt</translation>
+    </message>
+    <message>
+        <source>Changed</source>
+        <translation>Geändert</translation>
+    </message>
+    <message>
+        <source>Nothing new</source>
+        <translation>Nichts Neues</translation>
+    </message>
+    <message>
+        <source>. It was read as JSON: --format csv reads one entry a line.</source>
+        <translation>. Es wurde als JSON gelesen: --format csv liest einen Eintrag je Zeile.</translation>
+    </message>
+    <message>
+        <source>%1 added to %2</source>
+        <translation>%1 zu %2 hinzugefügt</translation>
+    </message>
+    <message>
+        <source>needs an entry</source>
+        <translation>braucht einen Eintrag</translation>
+    </message>
+    <message>
+        <source>needs a file</source>
+        <translation>braucht eine Datei</translation>
+    </message>
+    <message>
+        <source>json or csv, regardless of the file name.</source>
+        <translation>json oder csv, gleich wie die Datei heißt.</translation>
+    </message>
+    <message>
+        <source>Show and edit text replacements.</source>
+        <translation>Zeigt und ändert Ersetzungen.</translation>
+    </message>
+    <message>
+        <source>Show and edit words that the engine should know.</source>
+        <translation>Zeigt und ändert Wörter, die erkannt werden sollen.</translation>
+    </message>
+    <message>
+        <source>needs a recording</source>
+        <translation>braucht eine Aufnahme</translation>
+    </message>
+    <message>
+        <source>Another spelling of how the word is said; may be repeated.</source>
+        <translation>Eine weitere Schreibung, nach der das Wort klingt; mehrfach möglich.</translation>
+    </message>
+    <message>
+        <source>How readily the word is written, from 0 to 4; usually 1.</source>
+        <translation>Wie bereitwillig das Wort geschrieben wird, von 0 bis 4; üblich ist 1.</translation>
+    </message>
+    <message>
+        <source>A word to try; may be repeated.</source>
+        <translation>Ein Wort zum Ausprobieren; mehrfach möglich.</translation>
+    </message>
+    <message>
+        <source>Catalogue name or path of the Parakeet model to try with.</source>
+        <translation>Katalogname oder Pfad des Parakeet-Modells zum Ausprobieren.</translation>
+    </message>
+    <message>
+        <source>Path of the model that looks for words.</source>
+        <translation>Pfad des Modells, das nach Wörtern sucht.</translation>
+    </message>
+    <message>
+        <source>  %1 to %2 s  &quot;%3&quot; → %4: %5 (similarity %6, heard %7, term %8, bias %9)</source>
+        <translation>  %1 bis %2 s  „%3“ → %4: %5 (Ähnlichkeit %6, gehört %7, Wort %8, Zugabe %9)</translation>
+    </message>
+    <message>
+        <source>replaced</source>
+        <translation>ersetzt</translation>
+    </message>
+    <message>
+        <source>kept</source>
+        <translation>behalten</translation>
+    </message>
+    <message>
+        <source>  &quot;%1&quot; cannot be looked for: it needs at least three letters that the model knows, and at most a thousand</source>
+        <translation>  nach „%1“ lässt sich nicht suchen: Es braucht mindestens drei Buchstaben, die das Modell kennt, und höchstens tausend</translation>
+    </message>
+    <message>
+        <source>  No place in the recording sounds like it.</source>
+        <translation>  Keine Stelle der Aufnahme klingt danach.</translation>
+    </message>
+    <message>
+        <source>  No place in the recording sounds like the others.</source>
+        <translation>  Keine Stelle der Aufnahme klingt nach den anderen.</translation>
+    </message>
+    <message>
+        <source>there is no word to try: name one with --term</source>
+        <translation>es gibt kein Wort zum Ausprobieren: nenne eines mit --term</translation>
+    </message>
+    <message>
+        <source>whisper models get the words as a prompt: there is nothing to try. Name a Parakeet model with --model</source>
+        <translation>Whisper-Modelle bekommen die Wörter als Anweisung: da gibt es nichts auszuprobieren. Nenne mit --model ein Parakeet-Modell</translation>
+    </message>
+    <message>
+        <source>no model: There is no model file %1</source>
+        <translation>kein Modell: Es gibt keine Modelldatei %1</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not a weight from 0 to 4</source>
+        <translation>„%1“ ist kein Gewicht von 0 bis 4</translation>
+    </message>
+    <message>
+        <source>Exit status: 0 done, 1 refused, 2 wrong usage, 3 vantro is not running, 4 no session bus.</source>
+        <translation>Exit-Status: 0 erledigt, 1 abgelehnt, 2 falscher Aufruf, 3 vantro läuft nicht, 4 kein Sitzungsbus.</translation>
+    </message>
+    <message>
+        <source>open, stop or original.</source>
+        <translation>open, stop oder original.</translation>
+    </message>
+    <message>
+        <source>Usage: vantro [--shortcut KEYS] [--model-host URL] [--verbose]
+       vantro COMMAND [OPTION...]
+
+Without a command, vantro starts and waits for its shortcut: press it, speak, press
+Space, and the text appears in the window you were working in. Escape cancels.
+
+Options:
+  --shortcut KEYS   Use this shortcut from now on, for example Ctrl+Alt+D.
+  --model-host URL  Download speech models from there (http, https or file) instead of the public repository.
+                    VANTRO_MODEL_HOST does the same.
+  --verbose         Log in detail to standard error.
+  --help            Show this help; after a command, that of the command.
+  --version         Show the version.
+
+Commands:
+</source>
+        <translation>Aufruf: vantro [--shortcut KEYS] [--model-host URL] [--verbose]
+        vantro COMMAND [OPTION...]
+
+Ohne Befehl startet vantro und wartet auf sein Tastenkürzel: Drück es, sprich, drück
+die Leertaste, und der Text erscheint im Fenster, in dem du gerade warst. Escape
+bricht ab.
+
+Optionen:
+  --shortcut KEYS   Ab jetzt dieses Tastenkürzel verwenden, etwa Ctrl+Alt+D.
+  --model-host URL  Sprachmodelle von dort laden (http, https oder file) statt aus der öffentlichen Quelle.
+                    VANTRO_MODEL_HOST bewirkt dasselbe.
+  --verbose         Ausführlich auf der Standardfehlerausgabe protokollieren.
+  --help            Zeigt diese Hilfe; nach einem Befehl die seine.
+  --version         Zeigt die Version.
+
+Befehle:
+</translation>
+    </message>
+</context>
+<context>
     <name>ControlService</name>
     <message>
         <source>a dictation is already in progress</source>
@@ -2513,6 +4504,33 @@
     <message>
         <source>The sound server does not play the recording. Look at the sound settings.</source>
         <translation>Der Audioserver spielt die Aufnahme nicht ab. Sieh in den Klangeinstellungen nach.</translation>
+    </message>
+</context>
+<context>
+    <name>QCommandLineParser</name>
+    <message>
+        <source>Options:</source>
+        <translation>Optionen:</translation>
+    </message>
+    <message>
+        <source>Arguments:</source>
+        <translation>Argumente:</translation>
+    </message>
+    <message>
+        <source>Unknown option &apos;%1&apos;.</source>
+        <translation>Unbekannte Option „%1“.</translation>
+    </message>
+    <message>
+        <source>Unknown options: %1.</source>
+        <translation>Unbekannte Optionen: %1.</translation>
+    </message>
+    <message>
+        <source>Missing value after &apos;%1&apos;.</source>
+        <translation>Nach „%1“ fehlt der Wert.</translation>
+    </message>
+    <message>
+        <source>Unexpected value after &apos;%1&apos;.</source>
+        <translation>Nach „%1“ steht ein Wert, der nicht erwartet wird.</translation>
     </message>
 </context>
 <context>

@@ -8,7 +8,8 @@ namespace vantro {
 
 namespace {
 
-constexpr char description[] =
+constexpr const char* description = QT_TRANSLATE_NOOP(
+    "Command",
     R"(The rules by which a mode cleans what you said without a language model: fillers are taken out, and "new line" or
 "comma" are written as what they mean. Words that were said twice, the capital at the beginning and the full stop at the
 end need no rule. vantro modes set MODE --clean uses them, vantro rewrite --clean TEXT tries them.
@@ -18,14 +19,14 @@ end need no rule. vantro modes set MODE --clean uses them, vantro rewrite --clea
   remove FIND          Remove a rule.
   reset                Take the built-in rules again.
 
-Exit status: 0 done, 1 failed, 2 wrong usage, 3 no such rule, 5 the settings cannot be written.)";
+Exit status: 0 done, 1 failed, 2 wrong usage, 3 no such rule, 5 the settings cannot be written.)");
 
 struct Session
 {
     explicit Session(const CommandCall& call) : language(call.has("language") ? call.value("language") : QString())
     {
         if (!language.isEmpty() && !CleaningSettings::languages().contains(language))
-            throw WrongUsage(QStringLiteral("--language: choose one of %1")
+            throw WrongUsage(Command::tr("--language: choose one of %1")
                                  .arg(CleaningSettings::languages().join(QStringLiteral(", "))));
     }
 
@@ -51,7 +52,7 @@ int list(const CommandCall& call)
 {
     const Session session(call);
     QJsonArray array;
-    std::vector<QStringList> rows{{QStringLiteral("LANGUAGE"), QStringLiteral("FIND"), QStringLiteral("REPLACE")}};
+    std::vector<QStringList> rows{{Command::tr("LANGUAGE"), Command::tr("FIND"), Command::tr("REPLACE")}};
     for (const QString& language : CleaningSettings::languages()) {
         if (!session.language.isEmpty() && language != session.language)
             continue;
@@ -81,7 +82,7 @@ int add(const CommandCall& call)
     Session session(call);
     const auto parsed = CleaningSettings::fromText(call.words.join(QStringLiteral(" = ")));
     if (parsed.size() != 1 || call.words.front().contains(QLatin1Char('=')))
-        throw WrongUsage(QStringLiteral("FIND needs at least one word, without a \"=\""));
+        throw WrongUsage(Command::tr("FIND needs at least one word, without a \"=\""));
     auto rules = session.settings.rules(session.chosen());
     std::erase_if(rules, ruleFor(parsed.front().find));
     // First: "new line" is looked for before "line".
@@ -95,9 +96,8 @@ int remove(const CommandCall& call)
     Session session(call);
     auto rules = session.settings.rules(session.chosen());
     if (std::erase_if(rules, ruleFor(call.words.front())) == 0)
-        throw CommandError(ExitCode::notFound,
-                           QStringLiteral("there is no rule \"%1\" for %2: vantro cleaning lists them")
-                               .arg(call.words.front(), session.chosen()));
+        throw CommandError(ExitCode::notFound, Command::tr("there is no rule \"%1\" for %2: vantro cleaning lists them")
+                                                   .arg(call.words.front(), session.chosen()));
     session.store(rules);
     return ExitCode::done;
 }
@@ -117,16 +117,20 @@ int reset(const CommandCall& call)
 
 Command cleaningCommand()
 {
-    return {.name = "cleaning",
-            .summary = "Show and change the rules that clean texts without a language model.",
-            .description = description,
-            .actions = {{"list", list},
-                        {"add", add, 1, 2, "needs a word or phrase"},
-                        {"remove", remove, 1, 1, "needs a word or phrase"},
-                        {"reset", reset}},
-            .options = {{"language", "en, de, es or fr; list and reset: all unless it is given, else en.", "CODE"},
-                        Command::jsonOption},
-            .words = {{"WORDS", "A word or phrase, and what to write for it.", "[FIND [REPLACE]]]"}}};
+    return {
+        .name = "cleaning",
+        .summary = QT_TRANSLATE_NOOP("Command", "Show and change the rules that clean texts without a language model."),
+        .description = description,
+        .actions = {{"list", list},
+                    {"add", add, 1, 2, QT_TRANSLATE_NOOP("Command", "needs a word or phrase")},
+                    {"remove", remove, 1, 1, QT_TRANSLATE_NOOP("Command", "needs a word or phrase")},
+                    {"reset", reset}},
+        .options = {{"language",
+                     QT_TRANSLATE_NOOP("Command", "en, de, es or fr; list and reset: all unless it is given, else en."),
+                     "CODE"},
+                    Command::jsonOption},
+        .words = {{"WORDS", QT_TRANSLATE_NOOP("Command", "A word or phrase, and what to write for it."),
+                   "[FIND [REPLACE]]]"}}};
 }
 
 } // namespace vantro

@@ -4,6 +4,7 @@
 #include "vantro/cli/ExitCode.h"
 
 #include <QCommandLineParser>
+#include <QCoreApplication>
 #include <QString>
 #include <QStringList>
 
@@ -45,10 +46,12 @@ struct CommandCall
     /// Of an option that may be repeated.
     [[nodiscard]] QStringList values(const char* option) const { return parser.values(QLatin1String(option)); }
     [[nodiscard]] bool json() const { return has("json"); }
-    /// The value of --limit, or @p otherwise; 0 means all. @p noun: what is counted, in the plural. Throws WrongUsage.
+    /// The value of --limit, or @p otherwise; 0 means all. @p noun: what is counted, in the plural, as noted
+    /// for translation. Throws WrongUsage.
     [[nodiscard]] int limit(int otherwise, const char* noun) const;
 };
 
+/// Texts for people are in English here, noted for translation where they stand, and translated when they are shown.
 struct CommandOption
 {
     const char* name;
@@ -96,8 +99,12 @@ struct Command
 
 private:
     void describeTo(QCommandLineParser& parser) const;
+    [[nodiscard]] QString help(const QCommandLineParser& parser) const;
     [[nodiscard]] bool hasActions() const { return *actions.front().name != '\0'; }
     [[nodiscard]] const CommandAction& chosen(CommandCall& call) const;
+
+    /// Of all texts of the command line.
+    Q_DECLARE_TR_FUNCTIONS(Command)
 };
 
 } // namespace vantro

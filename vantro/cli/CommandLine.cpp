@@ -3,6 +3,7 @@
 #include "platform/KeyCode.h"
 #include "vantro/cli/Commands.h"
 #include "vantro/cli/Completion.h"
+#include "vantro/cli/HelpText.h"
 #include "vantro/cli/Terminal.h"
 #include "vantro/models/ModelHost.h"
 
@@ -13,46 +14,45 @@ namespace vantro {
 
 namespace {
 
-const char usageText[] =
-    R"(Usage: vantro [--shortcut KEYS] [--model-host URL] [--verbose]
+constexpr const char* usageText =
+    QT_TRANSLATE_NOOP("Command", R"(Usage: vantro [--shortcut KEYS] [--model-host URL] [--verbose]
        vantro COMMAND [OPTION...]
 
 Without a command, vantro starts and waits for its shortcut: press it, speak, press
 Space, and the text appears in the window you were working in. Escape cancels.
 
 Options:
-  --shortcut KEYS  Use this shortcut from now on, for example Ctrl+Alt+D.
-  --model-host URL Download speech models from there (http, https or file) instead of the
-                   public repository. VANTRO_MODEL_HOST does the same.
-  --verbose        Log in detail to standard error.
-  --help           Show this help; after a command, that of the command.
-  --version        Show the version.
+  --shortcut KEYS   Use this shortcut from now on, for example Ctrl+Alt+D.
+  --model-host URL  Download speech models from there (http, https or file) instead of the public repository.
+                    VANTRO_MODEL_HOST does the same.
+  --verbose         Log in detail to standard error.
+  --help            Show this help; after a command, that of the command.
+  --version         Show the version.
 
 Commands:
-)";
+)");
 
-const char exitStatusText[] =
-    R"(
+constexpr const char* exitStatusText = QT_TRANSLATE_NOOP("Command", R"(
 Exit status: 0 done, 1 failed, 2 wrong usage, 3 not found, 4 no service (sound,
-model, network, keys), 5 the settings cannot be written.)";
+model, network, keys), 5 the settings cannot be written.)");
 
 /// A command with its summary in column 23; a long name gets a line of its own.
 QString helpLine(const Command& command)
 {
     constexpr int column = 22;
     const QString name = QStringLiteral("  %1 %2").arg(QLatin1String(command.name), command.synopsis()).trimmed();
-    QString line = QStringLiteral("  ") + name;
-    line = line.size() < column ? line.leftJustified(column)
-                                : line + QLatin1Char('\n') + QString(column, QLatin1Char(' '));
-    return line + QLatin1String(command.summary) + QLatin1Char('\n');
+    const QString line = QStringLiteral("  ") + name;
+    const QString summary = wrapped(QString(column, QLatin1Char(' ')) + Command::tr(command.summary), column);
+    return (line.size() < column ? line + summary.mid(line.size()) : line + QLatin1Char('\n') + summary) +
+           QLatin1Char('\n');
 }
 
 QString helpText(const std::vector<Command>& commands)
 {
-    QString text = QLatin1String(usageText);
+    QString text = reflowed(Command::tr(usageText));
     for (const Command& command : commands)
         text += helpLine(command);
-    return text + QLatin1String(exitStatusText);
+    return text + reflowed(Command::tr(exitStatusText));
 }
 
 /// For the shells: a candidate and its description in each line. "--" parts the words from options of this program.
@@ -75,7 +75,7 @@ CommandLine::CommandLine(int argc, char** argv)
         arguments_ << QString::fromLocal8Bit(argv[i]);
     isVerbose_ = arguments_.removeAll(QStringLiteral("--verbose")) > 0;
     takeModelHost();
-    if (!usageError_.isEmpty())
+    if (usageError_ != nullptr)
         return;
     if (!arguments_.isEmpty() && !arguments_.first().startsWith(QLatin1Char('-')))
         command_ = arguments_.takeFirst();
@@ -83,10 +83,11 @@ CommandLine::CommandLine(int argc, char** argv)
         takeProgramOptions();
 }
 
-void CommandLine::refuse(const QString& option, const QString& reason)
+void CommandLine::refuse(const QString& option, const char* reason, const QString& value)
 {
     command_ = option;
     usageError_ = reason;
+    refusedValue_ = value;
 }
 
 /// Stands anywhere, before or after a command.
@@ -104,9 +105,10 @@ void CommandLine::takeModelHost()
             options_.modelHost = i < arguments_.size() ? arguments_.takeAt(i) : QString();
         if (!ModelHost::usable(options_.modelHost))
             refuse(option,
-                   QStringLiteral("\"%1\" is not a model host: use an address that starts with http:, https: or "
-                                  "file:")
-                       .arg(options_.modelHost));
+                   QT_TRANSLATE_NOOP("Command",
+                                     "\"%1\" is not a model host: use an address that starts with http:, https: or "
+                                     "file:"),
+                   options_.modelHost);
         return;
     }
 }
@@ -126,8 +128,9 @@ void CommandLine::takeProgramOptions()
             options_.shortcut = value;
             if (!parseShortcut(value)) {
                 refuse(option,
-                       QStringLiteral("\"%1\" is not a shortcut: name modifiers and a key, for example Ctrl+Alt+D")
-                           .arg(value));
+                       QT_TRANSLATE_NOOP("Command",
+                                         "\"%1\" is not a shortcut: name modifiers and a key, for example Ctrl+Alt+D"),
+                       value);
                 return;
             }
         } else {
@@ -142,14 +145,14 @@ int CommandLine::run() const
     const int exitCode = runCommand();
     if (exitCode != ExitCode::done || !terminal::hasOutputFailed())
         return exitCode;
-    terminal::writeError(QStringLiteral("Cannot write to standard output"));
+    terminal::writeError(Command::tr("Cannot write to standard output"));
     return ExitCode::failed;
 }
 
 int CommandLine::runCommand() const
 {
-    if (!usageError_.isEmpty()) {
-        terminal::writeError(usageError_);
+    if (usageError_ != nullptr) {
+        terminal::writeError(Command::tr(usageError_).arg(refusedValue_));
         return ExitCode::usage;
     }
     const std::vector<Command> commands = allCommands(options_.modelHost);
@@ -167,10 +170,10 @@ int CommandLine::runCommand() const
         std::ranges::find_if(commands, [this](const Command& c) { return command_ == QLatin1String(c.name); });
     if (command != commands.end())
         return command->run(arguments_);
-    terminal::writeError(
-        QStringLiteral("unknown %1 \"%2\" (see vantro --help)")
-            .arg(command_.startsWith(QLatin1Char('-')) ? QStringLiteral("option") : QStringLiteral("command"),
-                 command_));
+    terminal::writeError((command_.startsWith(QLatin1Char('-'))
+                              ? Command::tr("unknown option \"%1\" (see vantro --help)")
+                              : Command::tr("unknown command \"%1\" (see vantro --help)"))
+                             .arg(command_));
     return ExitCode::usage;
 }
 

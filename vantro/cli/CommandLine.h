@@ -24,6 +24,11 @@ public:
     {
         return startsProgram() || command_ == QLatin1String("transcribe") || command_ == QLatin1String("retry");
     }
+    /// Whether a program reads the output, which is in English then: JSON, and the candidates for the shells.
+    [[nodiscard]] bool speaksToPrograms() const
+    {
+        return command_ == QLatin1String("complete") || arguments_.contains(QLatin1String("--json"));
+    }
     [[nodiscard]] bool isVerbose() const { return isVerbose_; }
     [[nodiscard]] const ProgramOptions& programOptions() const { return options_; }
     /// Runs the command and returns the exit code. Needs an application object.
@@ -33,11 +38,13 @@ private:
     [[nodiscard]] int runCommand() const;
     void takeModelHost();
     void takeProgramOptions();
-    void refuse(const QString& option, const QString& reason);
+    /// @p reason: noted for translation, with %1 for the value.
+    void refuse(const QString& option, const char* reason, const QString& value);
 
     QStringList arguments_;
     QString command_;
-    QString usageError_;
+    const char* usageError_ = nullptr;
+    QString refusedValue_;
     ProgramOptions options_;
     bool isVerbose_ = false;
 };

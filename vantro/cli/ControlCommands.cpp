@@ -39,8 +39,7 @@ ProcessingMode modeFrom(const QString& name)
     const PromptSettings prompts(defaults);
     if (const auto mode = prompts.find(name))
         return *mode;
-    throw CommandError(ExitCode::notFound,
-                       QStringLiteral("there is no mode \"%1\": vantro modes lists them").arg(name));
+    throw CommandError(ExitCode::notFound, Command::tr("there is no mode \"%1\": vantro modes lists them").arg(name));
 }
 
 /// "PasteOriginal" for "paste-original".
@@ -76,12 +75,12 @@ void startProgram(QDBusConnectionInterface& bus, const CommandCall& call)
         QStringList{QStringLiteral("toggle"), QStringLiteral("start"), QStringLiteral("show")}.contains(call.command);
     if (!begins || !bus.activatableServiceNames().value().contains(ControlService::busName()))
         throw CommandError(ExitCode::notFound,
-                           QStringLiteral("%1: vantro is not running: start it first").arg(call.command));
+                           Command::tr("%1: vantro is not running: start it first").arg(call.command));
     const QDBusReply<void> started = bus.startService(ControlService::busName());
     if (!started.isValid())
         throw CommandError(
             ExitCode::failed,
-            QStringLiteral("%1: vantro could not be started: %2").arg(call.command, started.error().message()));
+            Command::tr("%1: vantro could not be started: %2").arg(call.command, started.error().message()));
 }
 
 int control(const CommandCall& call)
@@ -90,7 +89,7 @@ int control(const CommandCall& call)
     if (!bus.isConnected())
         throw CommandError(
             ExitCode::noService,
-            QStringLiteral("%1: there is no session bus: run it in your desktop session").arg(call.command));
+            Command::tr("%1: there is no session bus: run it in your desktop session").arg(call.command));
     if (!bus.interface()->isServiceRegistered(ControlService::busName()))
         startProgram(*bus.interface(), call);
     const QDBusMessage reply = bus.call(requestFor(call));
@@ -102,13 +101,14 @@ int control(const CommandCall& call)
 }
 
 /// Appends the exit status, which is common to all of them, to @p sentence.
-Command controlCommand(const char* name, const char* summary, const std::string& sentence)
+Command controlCommand(const char* name, const char* summary, const char* sentence)
 {
     return {.name = name,
             .summary = summary,
-            .description =
-                sentence +
-                "\n\nExit status: 0 done, 1 refused, 2 wrong usage, 3 vantro is not running, 4 no session bus.",
+            .description = (Command::tr(sentence) + QStringLiteral("\n\n") +
+                            Command::tr("Exit status: 0 done, 1 refused, 2 wrong usage, 3 vantro is not running, "
+                                        "4 no session bus."))
+                               .toStdString(),
             .actions = {{"", control}}};
 }
 
@@ -116,32 +116,46 @@ Command controlCommand(const char* name, const char* summary, const std::string&
 
 std::vector<Command> controlCommands()
 {
-    Command status =
-        controlCommand("status", "Show what the running program is doing.", "Shows what the running program is doing.");
-    status.options.push_back({"json", "One JSON object."});
-    Command show = controlCommand("show", "Open one of the windows.",
-                                  "Opens one of the windows, of an installed vantro that is not running, too.");
-    show.actions = {{"", control, 1, 1, "needs a window: settings, history, notes or guide"}};
-    show.words = {{"WINDOW", "settings, history, notes, or guide, which leads to the first dictation.", "WINDOW"}};
-    Command start = controlCommand("start", "Open the launcher and record.",
-                                   "Opens the launcher and records. Starts an installed vantro that is not running.");
-    start.options = {{"mode", "Begin in this mode instead of the default one.", "MODE"},
-                     {"model", "Recognise this dictation with another model.", "NAME"}};
-    return {controlCommand("toggle", "Start a dictation, or end its recording.",
-                           "Starts a dictation, or ends the recording and has it transcribed; soon after a "
-                           "cancel, takes that back. Starts an installed vantro that is not running."),
-            start,
-            controlCommand("stop", "End the recording and have it transcribed.",
-                           "Ends the recording and has it transcribed, as Space does."),
-            controlCommand("paste-original", "Paste the last dictation as it was said.",
+    Command status = controlCommand("status", QT_TRANSLATE_NOOP("Command", "Show what the running program is doing."),
+                                    QT_TRANSLATE_NOOP("Command", "Shows what the running program is doing."));
+    status.options.push_back({"json", QT_TRANSLATE_NOOP("Command", "One JSON object.")});
+    Command show = controlCommand(
+        "show", QT_TRANSLATE_NOOP("Command", "Open one of the windows."),
+        QT_TRANSLATE_NOOP("Command", "Opens one of the windows, of an installed vantro that is not running, too."));
+    show.actions = {
+        {"", control, 1, 1, QT_TRANSLATE_NOOP("Command", "needs a window: settings, history, notes or guide")}};
+    show.words = {
+        {"WINDOW",
+         QT_TRANSLATE_NOOP("Command", "settings, history, notes, or guide, which leads to the first dictation."),
+         "WINDOW"}};
+    Command start = controlCommand(
+        "start", QT_TRANSLATE_NOOP("Command", "Open the launcher and record."),
+        QT_TRANSLATE_NOOP("Command",
+                          "Opens the launcher and records. Starts an installed vantro that is not running."));
+    start.options = {{"mode", QT_TRANSLATE_NOOP("Command", "Begin in this mode instead of the default one."), "MODE"},
+                     {"model", QT_TRANSLATE_NOOP("Command", "Recognise this dictation with another model."), "NAME"}};
+    return {
+        controlCommand("toggle", QT_TRANSLATE_NOOP("Command", "Start a dictation, or end its recording."),
+                       QT_TRANSLATE_NOOP(
+                           "Command", "Starts a dictation, or ends the recording and has it transcribed; soon after a "
+                                      "cancel, takes that back. Starts an installed vantro that is not running.")),
+        start,
+        controlCommand("stop", QT_TRANSLATE_NOOP("Command", "End the recording and have it transcribed."),
+                       QT_TRANSLATE_NOOP("Command", "Ends the recording and has it transcribed, as Space does.")),
+        controlCommand("paste-original", QT_TRANSLATE_NOOP("Command", "Paste the last dictation as it was said."),
+                       QT_TRANSLATE_NOOP(
+                           "Command",
                            "Pastes the words of the last dictation, as they were recognised, into the window in front: "
                            "what a language model has made of them is left out. Bound to a shortcut of its own by "
-                           "vantro shortcuts set original KEYS."),
-            controlCommand("cancel", "Discard the dictation.", "Discards the dictation, as Escape does."),
-            status,
-            show,
-            controlCommand("quit", "End the running program.",
-                           "Ends the running program. A recording that is under way is kept for the next start.")};
+                           "vantro shortcuts set original KEYS.")),
+        controlCommand("cancel", QT_TRANSLATE_NOOP("Command", "Discard the dictation."),
+                       QT_TRANSLATE_NOOP("Command", "Discards the dictation, as Escape does.")),
+        status,
+        show,
+        controlCommand(
+            "quit", QT_TRANSLATE_NOOP("Command", "End the running program."),
+            QT_TRANSLATE_NOOP("Command",
+                              "Ends the running program. A recording that is under way is kept for the next start."))};
 }
 
 } // namespace vantro

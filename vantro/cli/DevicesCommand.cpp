@@ -10,8 +10,8 @@ namespace vantro {
 
 namespace {
 
-constexpr char description[] =
-    R"(The microphones, and the one that vantro records from.
+constexpr const char* description =
+    QT_TRANSLATE_NOOP("Command", R"(The microphones, and the one that vantro records from.
 
   list                      List all microphones; "used" marks the one for the next dictation. The default.
   watch                     Print the list again whenever it changes, until Ctrl-C.
@@ -29,7 +29,7 @@ constexpr char description[] =
 
 NAME is a microphone's name, its number, or the beginning of its description. Takes effect at once.
 
-Exit status: 0 done, 2 wrong usage, 3 no such microphone, 4 no sound server, 5 the settings cannot be written.)";
+Exit status: 0 done, 2 wrong usage, 3 no such microphone, 4 no sound server, 5 the settings cannot be written.)");
 
 /// Null when none matches or several do.
 const AudioInputDevice* find(const DevicesSession& session, const QString& text)
@@ -51,7 +51,7 @@ const AudioInputDevice* find(const DevicesSession& session, const QString& text)
 [[noreturn]] void tellMissing(const QString& text)
 {
     throw CommandError(ExitCode::notFound,
-                       QStringLiteral("there is no microphone \"%1\": vantro devices lists them").arg(text));
+                       Command::tr("there is no microphone \"%1\": vantro devices lists them").arg(text));
 }
 
 const AudioInputDevice& present(const DevicesSession& session, const QString& text)
@@ -92,7 +92,7 @@ int mode(DevicesSession& session, const QStringList& words)
     }
     const auto wanted = std::ranges::find(allAudioInputModes, words.first(), modeWord);
     if (wanted == allAudioInputModes.end())
-        throw WrongUsage(QStringLiteral("the mode is system, custom or prioritized"));
+        throw WrongUsage(Command::tr("the mode is system, custom or prioritized"));
     session.devices.setInputMode(*wanted);
     return confirm(session);
 }
@@ -134,7 +134,7 @@ int move(DevicesSession& session, const QString& uid, const QString& place)
     const auto current = static_cast<std::size_t>(session.rank(uid) - 1);
     const auto wanted = placeOf(place, current, session.devices.prioritizedDevices().size());
     if (!wanted)
-        throw WrongUsage(QStringLiteral("the place is a number from 1, or first, last, up, down"));
+        throw WrongUsage(Command::tr("the place is a number from 1, or first, last, up, down"));
     session.devices.movePrioritizedDevice(uid, *wanted);
     return confirm(session);
 }
@@ -162,7 +162,7 @@ int priority(DevicesSession& session, const QStringList& words)
                                : action == QLatin1String("list") || action == QLatin1String("clear") ? 1
                                                                                                      : 2;
     if (!words.isEmpty() && words.size() != expected)
-        throw WrongUsage(QStringLiteral("devices priority %1: wrong number of words").arg(action));
+        throw WrongUsage(Command::tr("devices priority %1: wrong number of words").arg(action));
     if (action == QLatin1String("list"))
         return session.json ? listDevices(session) : listPriorities(session);
     if (action == QLatin1String("clear")) {
@@ -172,7 +172,7 @@ int priority(DevicesSession& session, const QStringList& words)
     if (action == QLatin1String("add"))
         return add(session, name);
     if (action != QLatin1String("remove") && action != QLatin1String("move"))
-        throw WrongUsage(QStringLiteral("there is no action \"priority %1\"").arg(action));
+        throw WrongUsage(Command::tr("there is no action \"priority %1\"").arg(action));
     const QString uid = listed(session, name);
     if (action == QLatin1String("move"))
         return move(session, uid, words.value(2));
@@ -184,7 +184,7 @@ int bluetooth(DevicesSession& session, const QStringList& words)
 {
     const QString wanted = words.value(0);
     if (!QStringList{QString(), QStringLiteral("on"), QStringLiteral("off")}.contains(wanted))
-        throw WrongUsage(QStringLiteral("devices bluetooth is on or off"));
+        throw WrongUsage(Command::tr("devices bluetooth is on or off"));
     if (!wanted.isEmpty()) {
         session.defaults.set(setting::bluetoothHeadsetProfile, wanted == QLatin1String("on"));
         session.defaults.requireSaved();
@@ -218,16 +218,16 @@ Command devicesCommand()
         };
     };
     return {.name = "devices",
-            .summary = "List microphones, choose one, or rank them.",
+            .summary = QT_TRANSLATE_NOOP("Command", "List microphones, choose one, or rank them."),
             .description = description,
             .actions = {{"list", on(list)},
                         {"watch", on(watch)},
                         {"mode", on(mode), 0, 1},
-                        {"use", on(use), 1, 1, "needs a microphone's name"},
+                        {"use", on(use), 1, 1, QT_TRANSLATE_NOOP("Command", "needs a microphone's name")},
                         {"priority", on(priority), 0, 3},
                         {"bluetooth", on(bluetooth), 0, 1}},
             .options = {Command::jsonOption},
-            .words = {{"WORD", "Arguments of the action.", "[WORD...]]"}}};
+            .words = {{"WORD", QT_TRANSLATE_NOOP("Command", "Arguments of the action."), "[WORD...]]"}}};
 }
 
 } // namespace vantro

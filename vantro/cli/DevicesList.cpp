@@ -1,3 +1,5 @@
+#include "base/Translations.h"
+#include "vantro/cli/Command.h"
 #include "vantro/cli/DevicesSession.h"
 #include "vantro/cli/ExitCode.h"
 #include "vantro/cli/Interruption.h"
@@ -33,9 +35,9 @@ QString stateText(const DevicesSession& session, const AudioInputDevice& device)
 {
     QStringList words;
     if (session.used() != nullptr && session.used()->id == device.id)
-        words << QStringLiteral("used");
+        words << Command::tr("used");
     if (session.isDefault(device))
-        words << QStringLiteral("default");
+        words << Command::tr("default");
     return words.isEmpty() ? QStringLiteral("-") : words.join(QStringLiteral(", "));
 }
 
@@ -85,18 +87,19 @@ int DevicesSession::rank(const QString& uid) const
 
 int listDevices(const DevicesSession& session)
 {
+    const Translations::Suspension forScripts(!terminal::outputIsTerminal());
     if (session.json) {
         terminal::writeJson(toJson(session));
         return ExitCode::done;
     }
-    std::vector<QStringList> rows{{QStringLiteral("ID"), QStringLiteral("NAME"), QStringLiteral("DESCRIPTION"),
-                                   QStringLiteral("PRIORITY"), QStringLiteral("STATE")}};
+    std::vector<QStringList> rows{{Command::tr("ID"), Command::tr("NAME"), Command::tr("DESCRIPTION"),
+                                   Command::tr("PRIORITY"), Command::tr("STATE")}};
     for (const AudioInputDevice& device : session.devices.availableDevices())
         rows.push_back({QString::number(device.id), device.uid, device.name, rankText(session.rank(device.uid)),
                         stateText(session, device)});
     for (const PrioritizedDevice& device : absent(session))
         rows.push_back(
-            {QStringLiteral("-"), device.id, device.name, rankText(session.rank(device.id)), QStringLiteral("absent")});
+            {QStringLiteral("-"), device.id, device.name, rankText(session.rank(device.id)), Command::tr("absent")});
     terminal::writeTable(rows);
     if (terminal::outputIsTerminal())
         terminal::writeLine(QStringLiteral("\n%1: %2")

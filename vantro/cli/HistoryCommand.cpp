@@ -10,8 +10,7 @@ namespace vantro {
 
 namespace {
 
-constexpr char description[] =
-    R"(Your dictations, newest first.
+constexpr const char* description = QT_TRANSLATE_NOOP("Command", R"(Your dictations, newest first.
 
   list           List the dictations that match the options. The default.
   show ID        Show one: the formatted text if there is one.
@@ -23,7 +22,7 @@ ID is an id from the list or an unambiguous beginning of one. A search finds tex
 its words or words that begin with them; case and accents are ignored.
 DATE is 2026-11-01, 2026-11-01T10:00, today, yesterday, or 7d for the last seven days.
 
-Exit status: 0 done, 1 failed, 2 wrong usage, 3 no such dictation.)";
+Exit status: 0 done, 1 failed, 2 wrong usage, 3 no such dictation.)");
 
 constexpr int defaultLimit = 50;
 
@@ -39,12 +38,12 @@ HistoryFilter filterFrom(const CommandCall& call)
         if (!filter.mode)
             filter.mode = processingModeFromRawValue(name.left(1).toUpper() + name.mid(1).toLower());
         if (!filter.mode)
-            throw WrongUsage(QStringLiteral("there is no mode \"%1\": vantro modes lists them").arg(name));
+            throw WrongUsage(Command::tr("there is no mode \"%1\": vantro modes lists them").arg(name));
     }
     if (call.has("since")) {
         const auto since = momentFrom(call.value("since"), QDateTime::currentDateTime());
         if (!since)
-            throw WrongUsage(QStringLiteral("\"%1\" is not a date: write it as 2026-11-01").arg(call.value("since")));
+            throw WrongUsage(Command::tr("\"%1\" is not a date: write it as 2026-11-01").arg(call.value("since")));
         filter.since = *since;
     }
     return filter;
@@ -52,8 +51,7 @@ HistoryFilter filterFrom(const CommandCall& call)
 
 void listAsTable(const CoreDataStack& store, const HistoryFilter& filter, int limit)
 {
-    std::vector<QStringList> rows{
-        {QStringLiteral("ID"), QStringLiteral("TIME"), QStringLiteral("MODE"), QStringLiteral("TEXT")}};
+    std::vector<QStringList> rows{{Command::tr("ID"), Command::tr("TIME"), Command::tr("MODE"), Command::tr("TEXT")}};
     // The width of the columns before the text; the mode may be shorter.
     constexpr int before = 8 + 2 + 16 + 2 + 7 + 2;
     const int width = std::max(terminal::outputWidth() - before, 20);
@@ -62,8 +60,8 @@ void listAsTable(const CoreDataStack& store, const HistoryFilter& filter, int li
                         terminal::elided(terminal::singleLine(row.text()), width)});
     });
     if (rows.size() == 1) {
-        terminal::writeMessage(filter == HistoryFilter() ? QStringLiteral("There are no dictations yet.")
-                                                         : QStringLiteral("No dictation matches."));
+        terminal::writeMessage(filter == HistoryFilter() ? Command::tr("There are no dictations yet.")
+                                                         : Command::tr("No dictation matches."));
         return;
     }
     terminal::writeTable(rows);
@@ -72,7 +70,7 @@ void listAsTable(const CoreDataStack& store, const HistoryFilter& filter, int li
 int list(const CommandCall& call)
 {
     const HistoryFilter filter = filterFrom(call);
-    const int limit = call.limit(defaultLimit, "dictations");
+    const int limit = call.limit(defaultLimit, QT_TRANSLATE_NOOP("Command", "dictations"));
     const HistorySession session;
     if (call.json()) {
         QFile output;
@@ -104,17 +102,17 @@ void showToPerson(const Transcription& row, const QString& audio)
                             .arg(shownDate(row.created_at), row.processingMode, row.id.toString(QUuid::WithoutBraces)));
     terminal::writeLine(terminal::printable(row.text()));
     if (!row.formatted.isEmpty())
-        terminal::writeLine(QStringLiteral("\nOriginal text:\n\n") + terminal::printable(row.transcription));
+        terminal::writeLine(Command::tr("\nOriginal text:\n\n") + terminal::printable(row.transcription));
     if (!row.setAsideReason.isEmpty())
         terminal::writeLine(QStringLiteral("\n%1\n\n%2")
                                 .arg(terminal::singleLine(row.setAsideReason), terminal::printable(row.setAside)));
     if (!audio.isEmpty())
-        terminal::writeLine(QStringLiteral("\nRecording: ") + terminal::printable(audio));
+        terminal::writeLine(Command::tr("\nRecording: ") + terminal::printable(audio));
 }
 
 std::vector<QUuid> dictationsFrom(const CommandCall& call, const CoreDataStack& store)
 {
-    return identitiesFrom(call.words, QStringLiteral("dictation"),
+    return identitiesFrom(call.words, dictationTexts,
                           [&store](const QString& prefix, int limit) { return store.transcriptionIDs(prefix, limit); });
 }
 
@@ -123,7 +121,7 @@ int show(const CommandCall& call)
     const HistorySession session;
     const auto row = session.store.transcription(dictationsFrom(call, session.store).front());
     if (!row)
-        throw CommandError(ExitCode::notFound, QStringLiteral("the dictation has just been deleted"));
+        throw CommandError(ExitCode::notFound, Command::tr("the dictation has just been deleted"));
     const QString audio = session.audio().file(row->id);
     if (call.json())
         terminal::writeJson(jsonWithAudio(*row, audio));
@@ -140,7 +138,7 @@ void copyRecording(const QString& from, const QString& to)
     const bool isOpen = source.open(QIODevice::ReadOnly);
     const QByteArray content = isOpen ? source.readAll() : QByteArray();
     if (!isOpen || source.error() != QFileDevice::NoError)
-        throw Error(QStringLiteral("%1 cannot be read: %2").arg(from, source.errorString()));
+        throw Error(Command::tr("%1 cannot be read: %2").arg(from, source.errorString()));
     writeFile(to, content, Readers::ownerOnly);
 }
 
@@ -151,12 +149,12 @@ int audio(const CommandCall& call)
     const auto prefixed = [&session](const QString& prefix, int limit) {
         return session.store.transcriptionIDs(prefix, limit);
     };
-    const QUuid meant = identitiesFrom(id, QStringLiteral("dictation"), prefixed).front();
+    const QUuid meant = identitiesFrom(id, dictationTexts, prefixed).front();
     const QString file = session.audio().file(meant);
     if (file.isEmpty())
         throw CommandError(ExitCode::notFound,
-                           QStringLiteral("there is no recording of %1: vantro settings set keepRecordings 30 keeps "
-                                          "the next ones for 30 days")
+                           Command::tr("there is no recording of %1: vantro settings set keepRecordings 30 keeps "
+                                       "the next ones for 30 days")
                                .arg(shortIdentity(meant)));
     const QString target = call.words.value(1, file);
     if (target != file)
@@ -172,8 +170,9 @@ int remove(const CommandCall& call)
 {
     HistorySession session;
     const auto ids = dictationsFrom(call, session.store);
-    const auto question = ids.size() == 1 ? QStringLiteral("Delete this dictation permanently?")
-                                          : QStringLiteral("Delete these %1 dictations permanently?").arg(ids.size());
+    const auto question =
+        ids.size() == 1 ? Command::tr("Delete this dictation permanently?")
+                        : Command::tr("Delete these %n dictations permanently?", nullptr, static_cast<int>(ids.size()));
     if (!isConfirmed(question, call))
         return ExitCode::failed;
     session.store.deleteTranscriptions(ids);
@@ -181,7 +180,7 @@ int remove(const CommandCall& call)
     if (call.json())
         terminal::writeLine(QStringLiteral("{\"deleted\":%1}").arg(ids.size()));
     else
-        terminal::writeMessage(QStringLiteral("Deleted: %1").arg(ids.size()));
+        terminal::writeMessage(Command::tr("Deleted: %1").arg(ids.size()));
     return ExitCode::done;
 }
 
@@ -190,9 +189,9 @@ int exportTo(const CommandCall& call)
     const QString path = call.words.value(0, QStringLiteral("-"));
     const auto format = call.has("format") ? exportFormatFrom(call.value("format")) : exportFormatOf(path);
     if (!format)
-        throw WrongUsage(QStringLiteral("there is no format \"%1\"").arg(call.value("format")));
+        throw WrongUsage(Command::tr("there is no format \"%1\"").arg(call.value("format")));
     const HistoryFilter filter = filterFrom(call);
-    const int limit = call.limit(0, "dictations");
+    const int limit = call.limit(0, QT_TRANSLATE_NOOP("Command", "dictations"));
     const HistorySession session;
     const Transcriptions all = transcriptionsOf(session.store, filter, limit);
     if (path == QLatin1String("-")) {
@@ -210,7 +209,7 @@ int last(const CommandCall& call)
     const HistorySession session;
     const auto rows = TranscriptionFetch(session.store.persistentContainer(), {}).rows({}, 1);
     if (rows.empty())
-        throw CommandError(ExitCode::notFound, QStringLiteral("last: there are no dictations in the history"));
+        throw CommandError(ExitCode::notFound, Command::tr("last: there are no dictations in the history"));
     if (call.json())
         terminal::writeJson(toJson(rows.front()));
     else
@@ -223,34 +222,42 @@ int last(const CommandCall& call)
 Command lastCommand()
 {
     return {.name = "last",
-            .summary = "Write the text of the last dictation to standard output.",
-            .description = "Writes the text of the last dictation in the history to standard output.\n\n"
-                           "Exit status: 0 done, 1 failed, 2 wrong usage, 3 there is none.",
+            .summary = QT_TRANSLATE_NOOP("Command", "Write the text of the last dictation to standard output."),
+            .description = QT_TRANSLATE_NOOP(
+                "Command", "Writes the text of the last dictation in the history to standard output.\n\n"
+                           "Exit status: 0 done, 1 failed, 2 wrong usage, 3 there is none."),
             .actions = {{"", last}},
-            .options = {{"original", "As it was said, before it was rewritten."}, Command::jsonOption}};
+            .options = {{"original", QT_TRANSLATE_NOOP("Command", "As it was said, before it was rewritten.")},
+                        Command::jsonOption}};
 }
 
 Command historyCommand()
 {
-    return {
-        .name = "history",
-        .summary = "List, search, show, delete or export your dictations, and their recordings.",
-        .description = description,
-        .actions = {{"list", list},
-                    {"show", show, 1, 1, "needs an ID"},
-                    {"audio", audio, 1, 2, "needs an ID"},
-                    {"delete", remove, 1, Command::anyNumber, "needs an ID"},
-                    {"export", exportTo, 0, 1}},
-        .options = {{"search", "Only dictations with these words.", "TEXT"},
-                    {"mode", "Only dictations in this mode.", "MODE"},
-                    {"since", "Only dictations from that date on.", "DATE"},
-                    {"limit", "At most this many; 0 for all. The default is 50 for list, all for export.", "N"},
-                    {"format", "Format of the export: json, csv or markdown. The default depends on the name of FILE.",
-                     "FORMAT"},
-                    {"yes", "Delete without asking."},
-                    Command::jsonOption},
-        .words = {{"ID", "IDs, or a file.", "[ID... | FILE]]"}},
-        .namesFailedAction = false};
+    return {.name = "history",
+            .summary = QT_TRANSLATE_NOOP("Command",
+                                         "List, search, show, delete or export your dictations, and their recordings."),
+            .description = description,
+            .actions = {{"list", list},
+                        {"show", show, 1, 1, QT_TRANSLATE_NOOP("Command", "needs an ID")},
+                        {"audio", audio, 1, 2, QT_TRANSLATE_NOOP("Command", "needs an ID")},
+                        {"delete", remove, 1, Command::anyNumber, QT_TRANSLATE_NOOP("Command", "needs an ID")},
+                        {"export", exportTo, 0, 1}},
+            .options = {{"search", QT_TRANSLATE_NOOP("Command", "Only dictations with these words."), "TEXT"},
+                        {"mode", QT_TRANSLATE_NOOP("Command", "Only dictations in this mode."), "MODE"},
+                        {"since", QT_TRANSLATE_NOOP("Command", "Only dictations from that date on."), "DATE"},
+                        {"limit",
+                         QT_TRANSLATE_NOOP("Command",
+                                           "At most this many; 0 for all. The default is 50 for list, all for export."),
+                         "N"},
+                        {"format",
+                         QT_TRANSLATE_NOOP(
+                             "Command",
+                             "Format of the export: json, csv or markdown. The default depends on the name of FILE."),
+                         "FORMAT"},
+                        {"yes", QT_TRANSLATE_NOOP("Command", "Delete without asking.")},
+                        Command::jsonOption},
+            .words = {{"ID", QT_TRANSLATE_NOOP("Command", "IDs, or a file."), "[ID... | FILE]]"}},
+            .namesFailedAction = false};
 }
 
 } // namespace vantro

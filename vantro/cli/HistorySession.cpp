@@ -58,17 +58,22 @@ std::optional<QDateTime> momentFrom(const QString& text, const QDateTime& now)
     return moment.isValid() ? std::optional(moment) : std::nullopt;
 }
 
-std::vector<QUuid> identitiesFrom(const QStringList& words, const QString& noun,
+const IdentityTexts dictationTexts{
+    QT_TRANSLATE_NOOP("Command", "several dictations begin with \"%1\": give more of it"),
+    QT_TRANSLATE_NOOP("Command", "there is no dictation \"%1\"")};
+const IdentityTexts noteTexts{QT_TRANSLATE_NOOP("Command", "several notes begin with \"%1\": give more of it"),
+                              QT_TRANSLATE_NOOP("Command", "there is no note \"%1\"")};
+
+std::vector<QUuid> identitiesFrom(const QStringList& words, const IdentityTexts& texts,
                                   const std::function<std::vector<QUuid>(const QString&, int limit)>& find)
 {
     std::vector<QUuid> ids;
     for (const QString& word : words) {
         const auto meant = find(word, 2);
         if (meant.size() > 1 || word.isEmpty())
-            throw CommandError(ExitCode::usage,
-                               QStringLiteral("several %1s begin with \"%2\": give more of it").arg(noun, word));
+            throw CommandError(ExitCode::usage, Command::tr(texts.several).arg(word));
         if (meant.empty())
-            throw CommandError(ExitCode::notFound, QStringLiteral("there is no %1 \"%2\"").arg(noun, word));
+            throw CommandError(ExitCode::notFound, Command::tr(texts.none).arg(word));
         if (std::ranges::find(ids, meant.front()) == ids.end())
             ids.push_back(meant.front());
     }
@@ -80,10 +85,10 @@ bool isConfirmed(const QString& question, const CommandCall& call)
     if (call.has("yes"))
         return true;
     if (!terminal::canAsk())
-        throw CommandError(ExitCode::usage, QStringLiteral("there is no terminal to ask on: use --yes to delete"));
+        throw CommandError(ExitCode::usage, Command::tr("there is no terminal to ask on: use --yes to delete"));
     if (terminal::ask(question))
         return true;
-    terminal::writeMessage(QStringLiteral("Nothing was deleted."));
+    terminal::writeMessage(Command::tr("Nothing was deleted."));
     return false;
 }
 

@@ -33,8 +33,17 @@ QString shortIdentity(const QUuid& id);
 /// Parses "2026-11-01", "2026-11-01T10:00", "today", "yesterday" or "7d" (days ago).
 std::optional<QDateTime> momentFrom(const QString& text, const QDateTime& now);
 
+/// What is told when a word is not the beginning of exactly one id: noted for translation, with %1 for the word.
+struct IdentityTexts
+{
+    const char* several;
+    const char* none;
+};
+extern const IdentityTexts dictationTexts;
+extern const IdentityTexts noteTexts;
+
 /// Returns the ids that begin with @p words, as found by @p find. Throws CommandError when one matches none or several.
-std::vector<QUuid> identitiesFrom(const QStringList& words, const QString& noun,
+std::vector<QUuid> identitiesFrom(const QStringList& words, const IdentityTexts& texts,
                                   const std::function<std::vector<QUuid>(const QString&, int limit)>& find);
 /// Whether the user agrees: with --yes, or by answering @p question. Reports a refusal. Throws CommandError when there
 /// is no terminal to ask on.

@@ -9,7 +9,8 @@ namespace vantro {
 
 namespace {
 
-constexpr char description[] =
+constexpr const char* description = QT_TRANSLATE_NOOP(
+    "Command",
     R"(The models that vantro can use: speech models turn speech into text, one beside them looks for your words,
 language models rewrite texts on this machine.
 
@@ -25,15 +26,14 @@ The model host is the value of --model-host, else of VANTRO_MODEL_HOST, else of 
 "modelHostBaseURL", else the public repository.
 
 Exit status: 0 done, 1 failed, 2 wrong usage, 3 no such model, 4 the model host cannot deliver, 5 the settings
-cannot be written, 130 interrupted.)";
+cannot be written, 130 interrupted.)");
 
 const TranscriptionModel& modelFrom(const CommandCall& call, const ModelsSession& session)
 {
     const TranscriptionModel* const model = session.find(call.words.front());
     if (model == nullptr)
-        throw CommandError(
-            ExitCode::notFound,
-            QStringLiteral("there is no model \"%1\": vantro models lists them").arg(call.words.front()));
+        throw CommandError(ExitCode::notFound,
+                           Command::tr("there is no model \"%1\": vantro models lists them").arg(call.words.front()));
     return *model;
 }
 
@@ -42,8 +42,8 @@ int select(ModelsSession& session, const CommandCall& call)
     const TranscriptionModel& model = modelFrom(call, session);
     if (session.isForWords(model))
         throw CommandError(ExitCode::failed,
-                           QStringLiteral("%1 looks for your words beside the Parakeet models: it works once it is "
-                                          "downloaded, without being selected")
+                           Command::tr("%1 looks for your words beside the Parakeet models: it works once it is "
+                                       "downloaded, without being selected")
                                .arg(model.name));
     if (model.isLanguageModel())
         session.speech.languageModels.choose(model);
@@ -54,10 +54,10 @@ int select(ModelsSession& session, const CommandCall& call)
     if (call.json())
         terminal::writeJson(QJsonObject{{QStringLiteral("selected"), model.name}});
     else
-        terminal::writeLine(QStringLiteral("%1 is selected").arg(model.name));
+        terminal::writeLine(Command::tr("%1 is selected").arg(model.name));
     if (!isThere)
         terminal::writeError(
-            QStringLiteral("it is not downloaded yet: run vantro models download \"%1\"").arg(model.name));
+            Command::tr("it is not downloaded yet: run vantro models download \"%1\"").arg(model.name));
     return ExitCode::done;
 }
 
@@ -96,7 +96,7 @@ int verify(ModelsSession& session, const CommandCall& call)
     if (!call.words.isEmpty() && !hasFile(models.front()))
         throw CommandError(
             ExitCode::notFound,
-            QStringLiteral("%1 is not downloaded: run vantro models download \"%1\"").arg(models.front().name));
+            Command::tr("%1 is not downloaded: run vantro models download \"%1\"").arg(models.front().name));
     return verifyModels(session, models, call.json());
 }
 
@@ -105,15 +105,13 @@ int remove(ModelsSession& session, const CommandCall& call)
     const TranscriptionModel& model = modelFrom(call, session);
     const ModelStatus status = session.speech.status(model);
     if (status.state == ModelStatus::State::missing)
-        throw CommandError(ExitCode::notFound, QStringLiteral("%1 is not downloaded").arg(model.name));
+        throw CommandError(ExitCode::notFound, Command::tr("%1 is not downloaded").arg(model.name));
     if (status.isSystemCopy && !session.speech.languageModels.isOwn(model))
-        throw CommandError(
-            ExitCode::failed,
-            QStringLiteral("%1 is installed for all users: %2 is left alone").arg(model.name, status.file));
+        throw CommandError(ExitCode::failed,
+                           Command::tr("%1 is installed for all users: %2 is left alone").arg(model.name, status.file));
     if (session.isSelected(model) && !call.has("force"))
-        throw CommandError(
-            ExitCode::failed,
-            QStringLiteral("%1 is selected: select another model first, or use --force").arg(model.name));
+        throw CommandError(ExitCode::failed,
+                           Command::tr("%1 is selected: select another model first, or use --force").arg(model.name));
     const QString name = model.name; // an own file's entry is gone then
     const bool isOwn = session.speech.languageModels.isOwn(model);
     const qint64 freed = session.speech.remove(model);
@@ -121,8 +119,8 @@ int remove(ModelsSession& session, const CommandCall& call)
     if (call.json())
         terminal::writeJson(QJsonObject{{QStringLiteral("removed"), name}, {QStringLiteral("freed_bytes"), freed}});
     else
-        terminal::writeLine(isOwn ? QStringLiteral("%1 leaves the list, its file stays").arg(name)
-                                  : QStringLiteral("%1 is removed, which frees %2").arg(name, sizeText(freed)));
+        terminal::writeLine(isOwn ? Command::tr("%1 leaves the list, its file stays").arg(name)
+                                  : Command::tr("%1 is removed, which frees %2").arg(name, sizeText(freed)));
     return ExitCode::done;
 }
 
@@ -134,12 +132,11 @@ int add(ModelsSession& session, const CommandCall& call)
         if (call.json())
             terminal::writeJson(QJsonObject{{QStringLiteral("added"), model.name}});
         else
-            terminal::writeLine(QStringLiteral("%1 is added. To use it: vantro models select \"%1\"").arg(model.name));
+            terminal::writeLine(Command::tr("%1 is added. To use it: vantro models select \"%1\"").arg(model.name));
         return ExitCode::done;
     } catch (const LlamaError& error) {
-        throw CommandError(
-            ExitCode::failed,
-            QStringLiteral("%1 cannot be used: %2").arg(call.words.front(), error.localizedDescription()));
+        throw CommandError(ExitCode::failed,
+                           Command::tr("%1 cannot be used: %2").arg(call.words.front(), error.localizedDescription()));
     }
 }
 
@@ -154,9 +151,9 @@ int clear(ModelsSession& session, const CommandCall& call)
                                         {QStringLiteral("used_bytes"), used}});
         return ExitCode::done;
     }
-    terminal::writeLine(QStringLiteral("Freed %1.").arg(sizeText(freed)));
+    terminal::writeLine(Command::tr("Freed %1.").arg(sizeText(freed)));
     terminal::writeLine(
-        QStringLiteral("Downloaded models use %1 of disk space. The selected model is kept.").arg(sizeText(used)));
+        Command::tr("Downloaded models use %1 of disk space. The selected model is kept.").arg(sizeText(used)));
     return ExitCode::done;
 }
 
@@ -170,8 +167,8 @@ int download(ModelsSession& session, const CommandCall& call)
     const TranscriptionModel& model = modelFrom(call, session);
     if (session.isForWords(model) && !ModelHost::usable(model.address()))
         throw CommandError(ExitCode::noService,
-                           QStringLiteral("no model host has this model yet: make it with convert-ctc from NVIDIA's "
-                                          "published model, and put it there: %1/%2")
+                           Command::tr("no model host has this model yet: make it with convert-ctc from NVIDIA's "
+                                       "published model, and put it there: %1/%2")
                                .arg(modelFolders().constFirst(), model.fileName()));
     return downloadModel(session, model, call.json());
 }
@@ -208,19 +205,20 @@ Command modelsCommand(const QString& modelHost)
         };
     };
     return {.name = "models",
-            .summary = "List, download, add, select, verify or remove models.",
+            .summary = QT_TRANSLATE_NOOP("Command", "List, download, add, select, verify or remove models."),
             .description = description,
             .actions = {{"list", on(list)},
-                        {"download", on(download), 1, 1, "needs a model's name"},
-                        {"add", on(add), 1, 1, "needs a GGUF file"},
-                        {"select", on(select), 1, 1, "needs a model's name"},
+                        {"download", on(download), 1, 1, QT_TRANSLATE_NOOP("Command", "needs a model's name")},
+                        {"add", on(add), 1, 1, QT_TRANSLATE_NOOP("Command", "needs a GGUF file")},
+                        {"select", on(select), 1, 1, QT_TRANSLATE_NOOP("Command", "needs a model's name")},
                         {"verify", on(verify), 0, 1},
-                        {"remove", on(remove), 1, 1, "needs a model's name"},
+                        {"remove", on(remove), 1, 1, QT_TRANSLATE_NOOP("Command", "needs a model's name")},
                         {"clear", on(clear)}},
             .options = {Command::jsonOption,
-                        {"force", "Remove the selected model too."},
-                        {"model-host", "Base address of the model host: http, https or file.", "URL"}},
-            .words = {{"NAME", "A model's name, or a file.", "[NAME | FILE]]"}}};
+                        {"force", QT_TRANSLATE_NOOP("Command", "Remove the selected model too.")},
+                        {"model-host",
+                         QT_TRANSLATE_NOOP("Command", "Base address of the model host: http, https or file."), "URL"}},
+            .words = {{"NAME", QT_TRANSLATE_NOOP("Command", "A model's name, or a file."), "[NAME | FILE]]"}}};
 }
 
 } // namespace vantro

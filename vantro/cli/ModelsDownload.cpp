@@ -1,3 +1,4 @@
+#include "vantro/cli/Command.h"
 #include "vantro/cli/ExitCode.h"
 #include "vantro/cli/Interruption.h"
 #include "vantro/cli/ModelsSession.h"
@@ -64,7 +65,7 @@ QString ProgressDisplay::line(const DownloadProgress& progress) const
     if (progress.totalBytes > 0) {
         if (terminal::errorIsTerminal())
             text += terminal::bar(static_cast<int>(progress.fraction() * barCells), barCells) + QLatin1Char(' ');
-        text += QStringLiteral("%1 %  %2 of %3")
+        text += Command::tr("%1 %  %2 of %3")
                     .arg(static_cast<int>(progress.fraction() * 100), 3)
                     .arg(sizeText(progress.receivedBytes), sizeText(progress.totalBytes));
     } else {
@@ -107,8 +108,7 @@ void report(const ModelsSession& session, const TranscriptionModel& model, qint6
 {
     const QString file = session.speech.status(model).file;
     if (!json) {
-        terminal::writeLine(terminal::outputIsTerminal() ? QStringLiteral("%1 is ready: %2").arg(model.name, file)
-                                                         : file);
+        terminal::writeLine(terminal::outputIsTerminal() ? Command::tr("%1 is ready: %2").arg(model.name, file) : file);
         return;
     }
     const QJsonObject object{{QStringLiteral("model"), model.name},
@@ -134,7 +134,7 @@ int downloadModel(const ModelsSession& session, const TranscriptionModel& model,
         const auto failure = QCoro::waitFor(fetch(keeper, model, display, interruption.token()));
         terminal::showProgress({});
         if (failure) {
-            terminal::writeError(QStringLiteral("download of %1: %2").arg(model.name, failure->description));
+            terminal::writeError(Command::tr("download of %1: %2").arg(model.name, failure->description));
             return interruption.wasRequested() ? ExitCode::interrupted : failure->exitCode;
         }
     }

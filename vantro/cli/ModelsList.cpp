@@ -1,3 +1,5 @@
+#include "base/Translations.h"
+#include "vantro/cli/Command.h"
 #include "vantro/cli/ExitCode.h"
 #include "vantro/cli/ModelsSession.h"
 #include "vantro/cli/Terminal.h"
@@ -30,8 +32,8 @@ QString stateName(const ModelStatus& status)
 QString partText(const ModelStatus& status)
 {
     if (status.totalBytes < 1)
-        return QStringLiteral("%1 downloaded").arg(sizeText(status.bytes));
-    return QStringLiteral("%1 % downloaded").arg(status.bytes * 100 / status.totalBytes);
+        return Command::tr("%1 downloaded").arg(sizeText(status.bytes));
+    return Command::tr("%1 % downloaded").arg(status.bytes * 100 / status.totalBytes);
 }
 
 QString stateText(const ModelsSession& session, const TranscriptionModel& model)
@@ -39,22 +41,22 @@ QString stateText(const ModelsSession& session, const TranscriptionModel& model)
     const ModelStatus status = session.speech.status(model);
     QStringList words;
     if (session.isSelected(model))
-        words << QStringLiteral("selected");
+        words << Command::tr("selected");
     if (status.state == ModelStatus::State::partial)
         words << partText(status);
     else if (status.state != ModelStatus::State::missing)
-        words << (status.isSystemCopy ? QStringLiteral("installed for all") : QStringLiteral("downloaded"));
+        words << (status.isSystemCopy ? Command::tr("installed for all") : Command::tr("downloaded"));
     else
-        words << QStringLiteral("not downloaded");
+        words << Command::tr("not downloaded");
     if (status.state == ModelStatus::State::unchecked)
-        words << QStringLiteral("not checked yet");
+        words << Command::tr("not checked yet");
     return words.join(QStringLiteral(", "));
 }
 
 QString languages(const TranscriptionModel& model)
 {
-    return model.supportedLanguages == SupportedLanguages::english ? QStringLiteral("English")
-                                                                   : QStringLiteral("multilingual");
+    return model.supportedLanguages == SupportedLanguages::english ? Command::tr("English")
+                                                                   : Command::tr("multilingual");
 }
 
 QString bar(double value)
@@ -65,8 +67,8 @@ QString bar(double value)
 
 std::vector<QStringList> languageModelRows(const ModelsSession& session)
 {
-    std::vector<QStringList> rows{{QStringLiteral("NAME"), QStringLiteral("SIZE"), QStringLiteral("LANGUAGES"),
-                                   QStringLiteral("LICENCE"), QStringLiteral("MEMORY"), QStringLiteral("STATE")}};
+    std::vector<QStringList> rows{{Command::tr("NAME"), Command::tr("SIZE"), Command::tr("LANGUAGES"),
+                                   Command::tr("LICENCE"), Command::tr("MEMORY"), Command::tr("STATE")}};
     for (const TranscriptionModel& model : session.speech.languageModels.models())
         rows.push_back({model.name, model.size, languages(model), model.license,
                         QStringLiteral("%1 GB").arg(model.ramUsage, 0, 'f', 1), stateText(session, model)});
@@ -76,33 +78,34 @@ std::vector<QStringList> languageModelRows(const ModelsSession& session)
 QString kindName(const ModelsSession& session, const TranscriptionModel& model)
 {
     if (session.isForWords(model))
-        return QStringLiteral("vocabulary model");
-    return model.isLanguageModel() ? QStringLiteral("language model") : QStringLiteral("speech model");
+        return Command::tr("vocabulary model");
+    return model.isLanguageModel() ? Command::tr("language model") : Command::tr("speech model");
 }
 
 void printTable(const ModelsSession& session)
 {
-    std::vector<QStringList> rows{{QStringLiteral("NAME"), QStringLiteral("SIZE"), QStringLiteral("LANGUAGES"),
-                                   QStringLiteral("SPEED"), QStringLiteral("ACCURACY"), QStringLiteral("MEMORY"),
-                                   QStringLiteral("STATE")}};
+    std::vector<QStringList> rows{{Command::tr("NAME"), Command::tr("SIZE"), Command::tr("LANGUAGES"),
+                                   Command::tr("SPEED"), Command::tr("ACCURACY"), Command::tr("MEMORY"),
+                                   Command::tr("STATE")}};
     for (const TranscriptionModel& model : session.speech.catalogue.models())
         rows.push_back({model.name, model.size, languages(model), bar(model.speed), bar(model.accuracy),
                         QStringLiteral("%1 GB").arg(model.ramUsage, 0, 'f', 1), stateText(session, model)});
     terminal::writeTable(rows);
     const TranscriptionModel& forWords = session.speech.catalogue.boostingModel();
-    terminal::writeLine(QStringLiteral("\nFor your words, beside a Parakeet model:\n"));
-    terminal::writeTable({{QStringLiteral("NAME"), QStringLiteral("SIZE"), QStringLiteral("LANGUAGES"),
-                           QStringLiteral("MEMORY"), QStringLiteral("STATE")},
+    terminal::writeLine(Command::tr("\nFor your words, beside a Parakeet model:\n"));
+    terminal::writeTable({{Command::tr("NAME"), Command::tr("SIZE"), Command::tr("LANGUAGES"), Command::tr("MEMORY"),
+                           Command::tr("STATE")},
                           {forWords.name, forWords.size, languages(forWords),
                            QStringLiteral("%1 GB").arg(forWords.ramUsage), stateText(session, forWords)}});
-    terminal::writeLine(QStringLiteral("\nLanguage models, which rewrite on this machine:\n"));
+    terminal::writeLine(Command::tr("\nLanguage models, which rewrite on this machine:\n"));
     terminal::writeTable(languageModelRows(session));
     terminal::writeLine(
-        QStringLiteral("\nDownloaded models use %1 of disk space.").arg(sizeText(session.speech.bytesUsed())));
+        Command::tr("\nDownloaded models use %1 of disk space.").arg(sizeText(session.speech.bytesUsed())));
 }
 
 void printPlain(const ModelsSession& session)
 {
+    const Translations::Suspension forScripts(!terminal::outputIsTerminal());
     for (const TranscriptionModel& model : session.speech.allModels()) {
         const ModelStatus status = session.speech.status(model);
         const QStringList fields{model.name,

@@ -1,3 +1,4 @@
+#include "base/Translations.h"
 #include "vantro/ai/BuiltInPrompts.h"
 #include "vantro/ai/DefaultMode.h"
 #include "vantro/ai/PromptSettings.h"
@@ -13,7 +14,8 @@ namespace vantro {
 
 namespace {
 
-constexpr char description[] =
+constexpr const char* description = QT_TRANSLATE_NOOP(
+    "Command",
     R"(What happens to a dictation. Normal keeps the text; Email, Grammar and Custom have a language model rewrite it;
 Notes adds it to the notes of the day. In the launcher, the digit keys choose a mode.
 
@@ -27,7 +29,7 @@ Notes adds it to the notes of the day. In the launcher, the digit keys choose a 
 
 MODE is its built-in name or the one you gave it.
 
-Exit status: 0 done, 1 failed, 2 wrong usage, 3 no such mode or provider, 5 the settings cannot be written.)";
+Exit status: 0 done, 1 failed, 2 wrong usage, 3 no such mode or provider, 5 the settings cannot be written.)");
 
 struct Session
 {
@@ -46,7 +48,7 @@ ProcessingMode Session::find(const QString& text) const
     const auto mode = prompts.find(text);
     if (!mode)
         throw CommandError(ExitCode::notFound,
-                           QStringLiteral("there is no mode \"%1\": vantro modes lists them").arg(text));
+                           Command::tr("there is no mode \"%1\": vantro modes lists them").arg(text));
     return *mode;
 }
 
@@ -54,24 +56,24 @@ QString Session::providerText(ProcessingMode mode) const
 {
     const ModeConfiguration configuration = prompts.configuration(mode);
     if (configuration.cleans)
-        return QStringLiteral("rules, no language model");
+        return Command::tr("rules, no language model");
     if (mode == ProcessingMode::Normal)
-        return QStringLiteral("no language model");
+        return Command::tr("no language model");
     if (configuration.useLocalAI)
         return localText();
     if (!configuration.providerConfigId)
-        return providers.rewriting.isUsable(mode) ? localText() : QStringLiteral("no provider chosen");
+        return providers.rewriting.isUsable(mode) ? localText() : Command::tr("no provider chosen");
     const auto* provider = providers.manager.find(*configuration.providerConfigId);
     if (provider == nullptr)
-        return QStringLiteral("its provider has been removed");
-    return provider->isEnabled ? provider->name : QStringLiteral("%1 (disabled)").arg(provider->name);
+        return Command::tr("its provider has been removed");
+    return provider->isEnabled ? provider->name : Command::tr("%1 (disabled)").arg(provider->name);
 }
 
 QString Session::localText() const
 {
     const auto* model = providers.rewriting.local().models().chosen();
-    return model != nullptr ? QStringLiteral("this computer (%1)").arg(model->name)
-                            : QStringLiteral("this computer, which has no language model yet");
+    return model != nullptr ? Command::tr("this computer (%1)").arg(model->name)
+                            : Command::tr("this computer, which has no language model yet");
 }
 
 QJsonObject Session::toJson(ProcessingMode mode) const
@@ -92,6 +94,7 @@ QJsonObject Session::toJson(ProcessingMode mode) const
 
 int list(const CommandCall& call)
 {
+    const Translations::Suspension forScripts(!terminal::outputIsTerminal());
     const Session session;
     QJsonArray array;
     for (const ProcessingMode mode : session.prompts.modes()) {
@@ -103,9 +106,9 @@ int list(const CommandCall& call)
         const QString label = name == rawValue(mode) ? name : QStringLiteral("%1 (%2)").arg(name, rawValue(mode));
         QStringList remarks{session.providerText(mode)};
         if (mode == defaultMode(session.providers.defaults))
-            remarks << QStringLiteral("default");
+            remarks << Command::tr("default");
         if (!session.providers.rewriting.isUsable(mode))
-            remarks << QStringLiteral("not offered");
+            remarks << Command::tr("not offered");
         const QString remark = remarks.join(QStringLiteral(", "));
         terminal::writeLine(terminal::outputIsTerminal() ? label.leftJustified(24) + remark
                                                          : label + QLatin1Char('\t') + remark);
@@ -121,9 +124,9 @@ int tell(const Session& session, ProcessingMode mode, const CommandCall& call)
         terminal::writeJson(session.toJson(mode));
         return ExitCode::done;
     }
-    terminal::writeLine(QStringLiteral("Mode:      %1").arg(rawValue(mode)));
-    terminal::writeLine(QStringLiteral("Name:      %1").arg(session.prompts.displayName(mode)));
-    terminal::writeLine(QStringLiteral("Provider:  %1").arg(session.providerText(mode)));
+    terminal::writeLine(Command::tr("Mode:      %1").arg(rawValue(mode)));
+    terminal::writeLine(Command::tr("Name:      %1").arg(session.prompts.displayName(mode)));
+    terminal::writeLine(Command::tr("Provider:  %1").arg(session.providerText(mode)));
     if (mode != ProcessingMode::Normal)
         terminal::writeLine(QStringLiteral("\n%1").arg(session.prompts.prompt(mode)));
     return ExitCode::done;
@@ -153,7 +156,7 @@ int change(Session& session, ProcessingMode mode, const CommandCall& call)
         if (provider == nullptr)
             throw CommandError(
                 ExitCode::notFound,
-                QStringLiteral("there is no provider \"%1\": vantro providers lists them. Nothing was changed")
+                Command::tr("there is no provider \"%1\": vantro providers lists them. Nothing was changed")
                     .arg(call.value("provider")));
         configuration = {false, provider->id};
     }
@@ -162,7 +165,7 @@ int change(Session& session, ProcessingMode mode, const CommandCall& call)
     if (call.has("no-provider"))
         configuration = {};
     if (call.has("clean") && mode == ProcessingMode::Notes)
-        throw WrongUsage(QStringLiteral("--clean: notes are kept as they were said"));
+        throw WrongUsage(Command::tr("--clean: notes are kept as they were said"));
     if (call.has("clean"))
         configuration = {.cleans = true};
     // First what can fail, so that nothing is stored then.
@@ -173,9 +176,8 @@ int change(Session& session, ProcessingMode mode, const CommandCall& call)
         session.prompts.setCustomModeName(mode, call.value("name").trimmed());
     session.providers.defaults.requireSaved();
     if (call.has("local") && session.providers.rewriting.local().models().chosen() == nullptr)
-        terminal::writeError(
-            QStringLiteral("there is no language model on this computer yet: vantro models lists those "
-                           "that can be downloaded"));
+        terminal::writeError(Command::tr("there is no language model on this computer yet: vantro models lists those "
+                                         "that can be downloaded"));
     return tell(session, mode, call);
 }
 
@@ -190,12 +192,12 @@ int add(const CommandCall& call)
     Session session;
     const QString name = call.words.front().trimmed();
     if (name.isEmpty())
-        throw WrongUsage(QStringLiteral("the mode needs a name"));
+        throw WrongUsage(Command::tr("the mode needs a name"));
     if (session.prompts.find(name))
-        throw WrongUsage(QStringLiteral("there is a mode \"%1\" already").arg(name));
+        throw WrongUsage(Command::tr("there is a mode \"%1\" already").arg(name));
     const auto mode = session.prompts.add(name);
     if (!mode)
-        throw Error(QStringLiteral("there are nine modes already, as many as digit keys: remove one first"));
+        throw Error(Command::tr("there are nine modes already, as many as digit keys: remove one first"));
     try {
         return change(session, *mode, call);
     } catch (const Error&) {
@@ -210,8 +212,8 @@ int remove(const CommandCall& call)
     const ProcessingMode mode = session.find(call.words.front());
     const QString name = session.prompts.displayName(mode);
     if (!isAddedMode(mode))
-        throw WrongUsage(QStringLiteral("%1 is built in: only modes that you have added can be removed").arg(name));
-    if (!isConfirmed(QStringLiteral("Remove the mode %1 with its prompt?").arg(name), call))
+        throw WrongUsage(Command::tr("%1 is built in: only modes that you have added can be removed").arg(name));
+    if (!isConfirmed(Command::tr("Remove the mode %1 with its prompt?").arg(name), call))
         return ExitCode::failed;
     session.prompts.remove(mode);
     session.providers.defaults.requireSaved();
@@ -225,7 +227,7 @@ int move(const CommandCall& call)
     bool isNumber = false;
     const int place = call.words.at(1).toInt(&isNumber);
     if (!isNumber || place < 1 || place > static_cast<int>(session.prompts.modes().size()))
-        throw WrongUsage(QStringLiteral("\"%1\" is not a place: use 1 to %2")
+        throw WrongUsage(Command::tr("\"%1\" is not a place: use 1 to %2")
                              .arg(call.words.at(1))
                              .arg(session.prompts.modes().size()));
     session.prompts.move(mode, place - 1);
@@ -239,7 +241,7 @@ int beginIn(const CommandCall& call)
     const ProcessingMode mode = session.find(call.words.front());
     setDefaultMode(session.providers.defaults, mode);
     session.providers.defaults.requireSaved();
-    terminal::writeLine(QStringLiteral("Dictations now start in %1").arg(session.prompts.displayName(mode)));
+    terminal::writeLine(Command::tr("Dictations now start in %1").arg(session.prompts.displayName(mode)));
     return ExitCode::done;
 }
 
@@ -247,27 +249,34 @@ int beginIn(const CommandCall& call)
 
 Command modesCommand()
 {
-    return {.name = "modes",
-            .summary = "Show and change modes: prompts, names, language models.",
-            .description = description,
-            .actions = {{"list", list},
-                        {"show", show, 1, 1, "needs one mode"},
-                        {"set", set, 1, 1, "needs one mode"},
-                        {"default", beginIn, 1, 1, "needs one mode"},
-                        {"add", add, 1, 1, "needs a name"},
-                        {"remove", remove, 1, 1, "needs one mode"},
-                        {"move", move, 2, 2, "needs a mode and a place"}},
-            .options = {Command::jsonOption,
-                        {"name", "set: the name in the launcher; empty for the built-in name.", "NAME"},
-                        {"prompt", "set: the prompt for the language model.", "TEXT"},
-                        {"prompt-file", "set: the prompt from a file; \"-\" for standard input.", "FILE"},
-                        {"built-in-prompt", "set: the built-in prompt."},
-                        {"provider", "set: the provider (see vantro providers).", "NAME"},
-                        {"local", "set: rewrite on this computer (see vantro models)."},
-                        {"clean", "set: clean the text by rules, without a language model (see vantro cleaning)."},
-                        {"no-provider", "set: neither a provider nor rules."},
-                        {"yes", "remove: without asking."}},
-            .words = {{"MODE", "A mode.", "[MODE"}, {"N", "move: its place.", "[N]]]"}}};
+    return {
+        .name = "modes",
+        .summary = QT_TRANSLATE_NOOP("Command", "Show and change modes: prompts, names, language models."),
+        .description = description,
+        .actions = {{"list", list},
+                    {"show", show, 1, 1, QT_TRANSLATE_NOOP("Command", "needs one mode")},
+                    {"set", set, 1, 1, QT_TRANSLATE_NOOP("Command", "needs one mode")},
+                    {"default", beginIn, 1, 1, QT_TRANSLATE_NOOP("Command", "needs one mode")},
+                    {"add", add, 1, 1, QT_TRANSLATE_NOOP("Command", "needs a name")},
+                    {"remove", remove, 1, 1, QT_TRANSLATE_NOOP("Command", "needs one mode")},
+                    {"move", move, 2, 2, QT_TRANSLATE_NOOP("Command", "needs a mode and a place")}},
+        .options = {Command::jsonOption,
+                    {"name",
+                     QT_TRANSLATE_NOOP("Command", "set: the name in the launcher; empty for the built-in name."),
+                     "NAME"},
+                    {"prompt", QT_TRANSLATE_NOOP("Command", "set: the prompt for the language model."), "TEXT"},
+                    {"prompt-file",
+                     QT_TRANSLATE_NOOP("Command", "set: the prompt from a file; \"-\" for standard input."), "FILE"},
+                    {"built-in-prompt", QT_TRANSLATE_NOOP("Command", "set: the built-in prompt.")},
+                    {"provider", QT_TRANSLATE_NOOP("Command", "set: the provider (see vantro providers)."), "NAME"},
+                    {"local", QT_TRANSLATE_NOOP("Command", "set: rewrite on this computer (see vantro models).")},
+                    {"clean",
+                     QT_TRANSLATE_NOOP(
+                         "Command", "set: clean the text by rules, without a language model (see vantro cleaning).")},
+                    {"no-provider", QT_TRANSLATE_NOOP("Command", "set: neither a provider nor rules.")},
+                    {"yes", QT_TRANSLATE_NOOP("Command", "remove: without asking.")}},
+        .words = {{"MODE", QT_TRANSLATE_NOOP("Command", "A mode."), "[MODE"},
+                  {"N", QT_TRANSLATE_NOOP("Command", "move: its place."), "[N]]]"}}};
 }
 
 } // namespace vantro

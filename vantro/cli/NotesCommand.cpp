@@ -19,8 +19,7 @@ namespace vantro {
 
 namespace {
 
-constexpr char description[] =
-    R"(Your notes by day.
+constexpr const char* description = QT_TRANSLATE_NOOP("Command", R"(Your notes by day.
 
   list             List the days with notes, newest first. The default.
   show [DATE]      Show the summary and the notes of a day, by default today.
@@ -32,7 +31,7 @@ constexpr char description[] =
 DATE is 2026-11-01, today or yesterday. ID is an id printed by show, or an unambiguous beginning of one.
 
 Exit status: 0 done, 1 failed, 2 wrong usage, 3 no such day or note, 4 no service: the provider or its key cannot be
-reached, 6 the model's answer was set aside.)";
+reached, 6 the model's answer was set aside.)");
 
 constexpr int defaultLimit = 50;
 
@@ -45,7 +44,7 @@ QString dayName(const DailyNote& day)
 template <typename Count>
 QString notesText(Count count)
 {
-    return count == 1 ? QStringLiteral("1 note") : QStringLiteral("%1 notes").arg(count);
+    return count == 1 ? Command::tr("1 note") : Command::tr("%n notes", nullptr, static_cast<int>(count));
 }
 
 QJsonObject toJson(const DailyNote& day)
@@ -70,7 +69,7 @@ QJsonObject toJson(const Note& note, const AudioFolder& recordings)
 
 int list(const CommandCall& call)
 {
-    const int limit = call.limit(defaultLimit, "days");
+    const int limit = call.limit(defaultLimit, QT_TRANSLATE_NOOP("Command", "days"));
     const HistorySession session;
     const auto days = session.store.dailyNotes({}, limit == 0 ? std::numeric_limits<int>::max() : limit);
     if (call.json()) {
@@ -78,9 +77,9 @@ int list(const CommandCall& call)
         std::ranges::for_each(days, [&array](const DailyNote& day) { array.append(toJson(day)); });
         terminal::writeJson(array);
     } else if (terminal::outputIsTerminal() && days.empty()) {
-        terminal::writeMessage(QStringLiteral("There are no notes yet."));
+        terminal::writeMessage(Command::tr("There are no notes yet."));
     } else if (terminal::outputIsTerminal()) {
-        std::vector<QStringList> rows{{QStringLiteral("DAY"), QStringLiteral("NOTES"), QStringLiteral("SUMMARY")}};
+        std::vector<QStringList> rows{{Command::tr("DAY"), Command::tr("NOTES"), Command::tr("SUMMARY")}};
         const int width = std::max(terminal::outputWidth() - 19, 20);
         for (const DailyNote& day : days)
             rows.push_back({dayName(day), QString::number(day.noteCount),
@@ -101,11 +100,11 @@ DailyNote dayFrom(const CommandCall& call, const HistorySession& session)
     const QString word = call.words.value(0, QStringLiteral("today"));
     const auto moment = momentFrom(word, session.clock.wallClock());
     if (!moment)
-        throw WrongUsage(QStringLiteral("\"%1\" is not a date: write it as 2026-11-01").arg(word));
+        throw WrongUsage(Command::tr("\"%1\" is not a date: write it as 2026-11-01").arg(word));
     const auto day = session.store.dailyNote(moment->date());
     if (!day)
         throw CommandError(ExitCode::notFound,
-                           QStringLiteral("there are no notes for %1").arg(moment->date().toString(Qt::ISODate)));
+                           Command::tr("there are no notes for %1").arg(moment->date().toString(Qt::ISODate)));
     return *day;
 }
 
@@ -152,7 +151,7 @@ int add(const CommandCall& call)
     }
     text = text.trimmed();
     if (text.isEmpty())
-        throw CommandError(ExitCode::usage, QStringLiteral("a note needs a text"));
+        throw CommandError(ExitCode::usage, Command::tr("a note needs a text"));
     HistorySession session;
     std::ignore = runTask(session.store.addNote(text));
     return ExitCode::done;
@@ -162,7 +161,7 @@ int removeDay(HistorySession& session, const CommandCall& call)
 {
     const DailyNote day = dayFrom(call, session);
     const auto question =
-        QStringLiteral("Permanently delete %1 with its summary and %2?").arg(dayName(day), notesText(day.noteCount));
+        Command::tr("Permanently delete %1 with its summary and %2?").arg(dayName(day), notesText(day.noteCount));
     if (!isConfirmed(question, call))
         return ExitCode::failed;
     std::vector<QUuid> ids;
@@ -177,10 +176,10 @@ int remove(const CommandCall& call)
     HistorySession session;
     if (momentFrom(call.words.front(), session.clock.wallClock()))
         return removeDay(session, call);
-    const auto ids = identitiesFrom(call.words, QStringLiteral("note"), [&session](const QString& prefix, int limit) {
+    const auto ids = identitiesFrom(call.words, noteTexts, [&session](const QString& prefix, int limit) {
         return session.store.noteIDs(prefix, limit);
     });
-    if (!isConfirmed(QStringLiteral("Permanently delete %1?").arg(notesText(ids.size())), call))
+    if (!isConfirmed(Command::tr("Permanently delete %1?").arg(notesText(ids.size())), call))
         return ExitCode::failed;
     session.store.deleteNotes(ids);
     session.audio().remove(ids);
@@ -236,19 +235,21 @@ int summarize(const CommandCall& call)
 
 Command notesCommand()
 {
-    return {.name = "notes",
-            .summary = "List, show, add or delete notes.",
-            .description = description,
-            .actions = {{"list", list},
-                        {"show", show, 0, 1},
-                        {"add", add, 1, Command::anyNumber, "needs a text"},
-                        {"delete", remove, 1, Command::anyNumber, "needs a DATE or an ID"},
-                        {"summarize", summarize, 0, 1}},
-            .options = {{"limit", "List at most this many days; 0 for all. The default is 50.", "N"},
-                        {"yes", "Delete without asking."},
-                        Command::jsonOption},
-            .words = {{"WORDS", "A date, ids or a text.", "[DATE | ID... | TEXT...]]"}},
-            .namesFailedAction = false};
+    return {
+        .name = "notes",
+        .summary = QT_TRANSLATE_NOOP("Command", "List, show, add or delete notes."),
+        .description = description,
+        .actions = {{"list", list},
+                    {"show", show, 0, 1},
+                    {"add", add, 1, Command::anyNumber, QT_TRANSLATE_NOOP("Command", "needs a text")},
+                    {"delete", remove, 1, Command::anyNumber, QT_TRANSLATE_NOOP("Command", "needs a DATE or an ID")},
+                    {"summarize", summarize, 0, 1}},
+        .options = {{"limit",
+                     QT_TRANSLATE_NOOP("Command", "List at most this many days; 0 for all. The default is 50."), "N"},
+                    {"yes", QT_TRANSLATE_NOOP("Command", "Delete without asking.")},
+                    Command::jsonOption},
+        .words = {{"WORDS", QT_TRANSLATE_NOOP("Command", "A date, ids or a text."), "[DATE | ID... | TEXT...]]"}},
+        .namesFailedAction = false};
 }
 
 } // namespace vantro

@@ -8,8 +8,8 @@ namespace vantro {
 
 namespace {
 
-constexpr char description[] =
-    R"(The language models that rewrite dictations in the modes Email, Grammar, Custom and Notes.
+constexpr const char* description = QT_TRANSLATE_NOOP(
+    "Command", R"(The language models that rewrite dictations in the modes Email, Grammar, Custom and Notes.
 
   list         List all providers and whether they have a key. The default.
   add          Add one: --type, and for your own server --base-url and --model.
@@ -22,7 +22,7 @@ The key is read from the terminal without showing it, or from standard input wit
 desktop's Secret Service. A server that needs no key still has to be given one: any word will do.
 
 Exit status: 0 done, 1 failed, 2 wrong usage, 3 no such provider, 4 no service: the Secret Service is not available
-or locked, or the provider cannot be reached, 5 the settings cannot be written.)";
+or locked, or the provider cannot be reached, 5 the settings cannot be written.)");
 
 } // namespace
 
@@ -47,25 +47,26 @@ ProviderConfiguration providerFrom(const CommandCall& call, const ProvidersSessi
     if (found == nullptr)
         throw CommandError(
             ExitCode::notFound,
-            QStringLiteral("there is no provider \"%1\": vantro providers lists them").arg(call.words.front()));
+            Command::tr("there is no provider \"%1\": vantro providers lists them").arg(call.words.front()));
     return *found;
 }
 
 Command providersCommand()
 {
-    std::vector<CommandOption> options{Command::jsonOption, {"yes", "Remove without asking."}};
+    std::vector<CommandOption> options{Command::jsonOption,
+                                       {"yes", QT_TRANSLATE_NOOP("Command", "Remove without asking.")}};
     std::ranges::move(providerOptions(), std::back_inserter(options));
     return {.name = "providers",
-            .summary = "List, add, edit, remove or test providers of language models.",
+            .summary = QT_TRANSLATE_NOOP("Command", "List, add, edit, remove or test providers of language models."),
             .description = description,
             .actions = {{"list", listProviders},
                         {"add", addProvider},
-                        {"edit", editProvider, 1, 1, "needs a provider's name"},
-                        {"remove", removeProvider, 1, 1, "needs a provider's name"},
-                        {"test", testProvider, 1, 1, "needs a provider's name"},
-                        {"models", offeredModels, 1, 1, "needs a provider's name"}},
+                        {"edit", editProvider, 1, 1, QT_TRANSLATE_NOOP("Command", "needs a provider's name")},
+                        {"remove", removeProvider, 1, 1, QT_TRANSLATE_NOOP("Command", "needs a provider's name")},
+                        {"test", testProvider, 1, 1, QT_TRANSLATE_NOOP("Command", "needs a provider's name")},
+                        {"models", offeredModels, 1, 1, QT_TRANSLATE_NOOP("Command", "needs a provider's name")}},
             .options = std::move(options),
-            .words = {{"NAME", "A provider's name or id.", "[NAME]]"}},
+            .words = {{"NAME", QT_TRANSLATE_NOOP("Command", "A provider's name or id."), "[NAME]]"}},
             .exitCodeOf = providersExitCode};
 }
 

@@ -3,6 +3,7 @@
 #include "vantro/ai/providers/KeychainError.h"
 #include "vantro/ai/services/FormatServiceFactory.h"
 #include "vantro/ai/services/RemoteFormatError.h"
+#include "vantro/cli/Command.h"
 #include "vantro/cli/ProvidersSession.h"
 #include "vantro/cli/Terminal.h"
 
@@ -28,19 +29,23 @@ struct TextOption
 };
 
 constexpr std::array textOptions{
-    TextOption{"name", "NAME", ProviderForm::Field::name, &ProviderForm::name, "Name in the list."},
-    TextOption{"model", "MODEL", ProviderForm::Field::model, &ProviderForm::model, "Model."},
+    TextOption{"name", "NAME", ProviderForm::Field::name, &ProviderForm::name,
+               QT_TRANSLATE_NOOP("Command", "Name in the list.")},
+    TextOption{"model", "MODEL", ProviderForm::Field::model, &ProviderForm::model,
+               QT_TRANSLATE_NOOP("Command", "Model.")},
     TextOption{"base-url", "URL", ProviderForm::Field::baseURL, &ProviderForm::baseURL,
-               "Address of your own server, up to /v1."},
+               QT_TRANSLATE_NOOP("Command", "Address of your own server, up to /v1.")},
     TextOption{"max-tokens", "N", ProviderForm::Field::maxTokens, &ProviderForm::maxTokens,
-               "Maximum number of tokens in the answer."},
+               QT_TRANSLATE_NOOP("Command", "Maximum number of tokens in the answer.")},
     TextOption{"max-completion-tokens", "N", ProviderForm::Field::maxCompletionTokens,
-               &ProviderForm::maxCompletionTokens, "The same, under its newer name."},
-    TextOption{"temperature", "X", ProviderForm::Field::temperature, &ProviderForm::temperature, "Temperature."},
-    TextOption{"top-p", "X", ProviderForm::Field::topP, &ProviderForm::topP, "Top p."},
-    TextOption{"service-tier", "TIER", ProviderForm::Field::serviceTier, &ProviderForm::serviceTier, "Service tier:"},
+               &ProviderForm::maxCompletionTokens, QT_TRANSLATE_NOOP("Command", "The same, under its newer name.")},
+    TextOption{"temperature", "X", ProviderForm::Field::temperature, &ProviderForm::temperature,
+               QT_TRANSLATE_NOOP("Command", "Temperature.")},
+    TextOption{"top-p", "X", ProviderForm::Field::topP, &ProviderForm::topP, QT_TRANSLATE_NOOP("Command", "Top p.")},
+    TextOption{"service-tier", "TIER", ProviderForm::Field::serviceTier, &ProviderForm::serviceTier,
+               QT_TRANSLATE_NOOP("Command", "Service tier:")},
     TextOption{"reasoning-effort", "EFFORT", ProviderForm::Field::reasoningEffort, &ProviderForm::reasoningEffort,
-               "Reasoning effort."},
+               QT_TRANSLATE_NOOP("Command", "Reasoning effort.")},
 };
 
 constexpr char typeOption[] = "type";
@@ -54,7 +59,7 @@ constexpr char askKeyOption[] = "ask-key";
 void takeParameters(const QString& wanted, ProviderForm& form)
 {
     if (wanted != QLatin1String("none") && wanted != QLatin1String("standard"))
-        throw WrongUsage(QStringLiteral("--parameters: choose none or standard"));
+        throw WrongUsage(Command::tr("--parameters: choose none or standard"));
     form.maxTokens = form.maxCompletionTokens = form.temperature = form.topP = QString();
     form.serviceTier = form.reasoningEffort = QString();
     form.sendsStandardParameters = wanted == QLatin1String("standard");
@@ -66,13 +71,12 @@ void takeOptions(const CommandCall& call, ProviderForm& form)
     if (call.has(typeOption)) {
         const auto type = remoteProviderType(call.value(typeOption));
         if (!type)
-            throw WrongUsage(
-                QStringLiteral("--type: there is no type \"%1\": choose OpenAI, Anthropic, Gemini or Custom")
-                    .arg(call.value(typeOption)));
+            throw WrongUsage(Command::tr("--type: there is no type \"%1\": choose OpenAI, Anthropic, Gemini or Custom")
+                                 .arg(call.value(typeOption)));
         form.type = *type;
     }
     if (call.has(enableOption) && call.has(disableOption))
-        throw WrongUsage(QStringLiteral("choose either --enable or --disable"));
+        throw WrongUsage(Command::tr("choose either --enable or --disable"));
     for (const TextOption& option : textOptions) {
         if (call.has(option.name))
             form.*option.text = call.value(option.name);
@@ -101,10 +105,10 @@ std::optional<QString> readKey(const CommandCall& call, bool asks)
 {
     if (!call.has(keyStdinOption) && !(asks && terminal::inputIsTerminal()))
         return std::nullopt;
-    auto key = terminal::readSecret(QStringLiteral("API key (Return for none): "));
+    auto key = terminal::readSecret(Command::tr("API key (Return for none): "));
     if (!key && call.has(keyStdinOption))
         throw CommandError(ExitCode::usage,
-                           QStringLiteral("--key-stdin: there is no key on standard input; nothing was changed"));
+                           Command::tr("--key-stdin: there is no key on standard input; nothing was changed"));
     return key;
 }
 
@@ -113,15 +117,16 @@ void warnOfOpenTransport(const ProviderConfiguration& provider)
     const QUrl url(provider.customBaseURL.value_or(QString()));
     const bool isLocal = url.host() == QLatin1String("localhost") || QHostAddress(url.host()).isLoopback();
     if (provider.providerType == RemoteProviderType::Custom && url.scheme() == QLatin1String("http") && !isLocal)
-        terminal::writeError(QStringLiteral("texts and the key will be sent to %1 unencrypted").arg(url.host()));
+        terminal::writeError(Command::tr("texts and the key will be sent to %1 unencrypted").arg(url.host()));
 }
 
-int tell(const ProviderConfiguration& provider, const QString& what, bool json)
+/// @p sentence: with %1 for the name.
+int tell(const ProviderConfiguration& provider, const QString& sentence, bool json)
 {
     if (json)
         terminal::writeJson(providerJson(provider));
     else
-        terminal::writeLine(QStringLiteral("%1 %2").arg(provider.name, what));
+        terminal::writeLine(sentence.arg(provider.name));
     return ExitCode::done;
 }
 
@@ -164,22 +169,25 @@ int providersExitCode(const Error& error)
 
 std::vector<CommandOption> providerOptions()
 {
-    std::vector<CommandOption> options{{typeOption,
-                                        "OpenAI, Anthropic, Gemini or Custom (any server with OpenAI's chat "
-                                        "completions API: vLLM, Ollama, llama.cpp).",
-                                        "TYPE"}};
+    std::vector<CommandOption> options{
+        {typeOption,
+         QT_TRANSLATE_NOOP("Command", "OpenAI, Anthropic, Gemini or Custom (any server with OpenAI's chat "
+                                      "completions API: vLLM, Ollama, llama.cpp)."),
+         "TYPE"}};
     for (const TextOption& option : textOptions) {
-        const QString help = QLatin1String(option.help) + QLatin1Char(' ') + ProviderForm::hint(option.field);
+        const QString help = Command::tr(option.help) + QLatin1Char(' ') + ProviderForm::hint(option.field);
         options.push_back({option.name, help.trimmed().toStdString(), option.placeholder});
     }
-    options.push_back({parametersOption,
-                       "Remove all parameters: standard sends temperature 0.3 and both penalties as 0, which is also "
-                       "what a provider without parameters gets; none sends nothing, for models that refuse them.",
-                       "WHICH"});
-    options.push_back({enableOption, "Let modes use it."});
-    options.push_back({disableOption, "Send nothing to it."});
-    options.push_back({keyStdinOption, "Read the key from standard input."});
-    options.push_back({askKeyOption, "With edit: ask for a new key."});
+    options.push_back(
+        {parametersOption,
+         QT_TRANSLATE_NOOP(
+             "Command", "Remove all parameters: standard sends temperature 0.3 and both penalties as 0, which is also "
+                        "what a provider without parameters gets; none sends nothing, for models that refuse them."),
+         "WHICH"});
+    options.push_back({enableOption, QT_TRANSLATE_NOOP("Command", "Let modes use it.")});
+    options.push_back({disableOption, QT_TRANSLATE_NOOP("Command", "Send nothing to it.")});
+    options.push_back({keyStdinOption, QT_TRANSLATE_NOOP("Command", "Read the key from standard input.")});
+    options.push_back({askKeyOption, QT_TRANSLATE_NOOP("Command", "With edit: ask for a new key.")});
     return options;
 }
 
@@ -187,7 +195,7 @@ int addProvider(const CommandCall& call)
 {
     ProvidersSession session;
     if (!call.has(typeOption))
-        throw WrongUsage(QStringLiteral("providers add needs --type"));
+        throw WrongUsage(Command::tr("providers add needs --type"));
     ProviderForm form = formForType(call.value(typeOption));
     takeOptions(call, form);
     ProviderConfiguration fresh;
@@ -197,14 +205,14 @@ int addProvider(const CommandCall& call)
                             [&provider](const auto& other) { return other.name == provider.name; }))
         throw CommandError(
             ExitCode::failed,
-            QStringLiteral("there is already a provider \"%1\": edit it, or choose another --name").arg(provider.name));
+            Command::tr("there is already a provider \"%1\": edit it, or choose another --name").arg(provider.name));
     const auto key = readKey(call, true);
     addWithKey(session, provider, key);
     warnOfOpenTransport(provider);
     terminal::writeMessage(
         key ? wording::keyIsStoredSecurely()
-            : QStringLiteral("No API key configured: vantro providers edit \"%1\" --ask-key").arg(provider.name));
-    return tell(provider, QStringLiteral("has been added"), call.json());
+            : Command::tr("No API key configured: vantro providers edit \"%1\" --ask-key").arg(provider.name));
+    return tell(provider, Command::tr("%1 has been added"), call.json());
 }
 
 int editProvider(const CommandCall& call)
@@ -223,7 +231,7 @@ int editProvider(const CommandCall& call)
         session.manager.update(provider);
     session.defaults.requireSaved();
     warnOfOpenTransport(provider);
-    return tell(provider, QStringLiteral("has been changed"), call.json());
+    return tell(provider, Command::tr("%1 has been changed"), call.json());
 }
 
 int removeProvider(const CommandCall& call)
@@ -232,15 +240,15 @@ int removeProvider(const CommandCall& call)
     const ProviderConfiguration provider = providerFrom(call, session);
     if (!call.has("yes")) {
         if (!terminal::inputIsTerminal())
-            throw WrongUsage(QStringLiteral("providers remove needs --yes when there is no terminal to ask on"));
-        if (!terminal::ask(QStringLiteral("Are you sure you want to delete '%1'? This action cannot be undone.")
-                               .arg(provider.name)))
+            throw WrongUsage(Command::tr("providers remove needs --yes when there is no terminal to ask on"));
+        if (!terminal::ask(
+                Command::tr("Are you sure you want to delete '%1'? This action cannot be undone.").arg(provider.name)))
             return ExitCode::failed;
     }
     session.manager.remove(provider.id);
     session.defaults.requireSaved();
     runTask(session.manager.cleanUpWhenPossible());
-    return tell(provider, QStringLiteral("has been removed"), call.json());
+    return tell(provider, Command::tr("%1 has been removed"), call.json());
 }
 
 int testProvider(const CommandCall& call)
@@ -264,7 +272,7 @@ int testProvider(const CommandCall& call)
                                  {QStringLiteral("ms"), timer.elapsed()}};
         terminal::writeJson(object);
     } else if (problem.isEmpty()) {
-        terminal::writeLine(QStringLiteral("%1 accepts the key (%2 ms)").arg(provider.name).arg(timer.elapsed()));
+        terminal::writeLine(Command::tr("%1 accepts the key (%2 ms)").arg(provider.name).arg(timer.elapsed()));
     }
     if (!problem.isEmpty())
         terminal::writeError(QStringLiteral("%1: %2").arg(provider.name, problem));

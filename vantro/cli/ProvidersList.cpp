@@ -1,5 +1,7 @@
 #include "base/RunTask.h"
+#include "base/Translations.h"
 #include "vantro/ai/providers/KeychainError.h"
+#include "vantro/cli/Command.h"
 #include "vantro/cli/ProvidersSession.h"
 #include "vantro/cli/Terminal.h"
 
@@ -39,23 +41,23 @@ QString address(const ProviderConfiguration& provider)
 QString keyText(std::optional<bool> hasKey)
 {
     if (!hasKey)
-        return QStringLiteral("unknown");
-    return *hasKey ? ProviderForm::maskedKey() : QStringLiteral("No API key configured");
+        return Command::tr("unknown");
+    return *hasKey ? ProviderForm::maskedKey() : Command::tr("No API key configured");
 }
 
 void printTable(const ProvidersSession& session, const StoredKeys& keys)
 {
-    std::vector<QStringList> rows{{QStringLiteral("NAME"), QStringLiteral("TYPE"), QStringLiteral("MODEL"),
-                                   QStringLiteral("KEY"), QStringLiteral("STATE"), QStringLiteral("ADDRESS")}};
+    std::vector<QStringList> rows{{Command::tr("NAME"), Command::tr("TYPE"), Command::tr("MODEL"), Command::tr("KEY"),
+                                   Command::tr("STATE"), Command::tr("ADDRESS")}};
     for (const ProviderConfiguration& provider : session.manager.configurations())
         rows.push_back({provider.name, displayName(provider.providerType), provider.model, keyText(keys.has(provider)),
-                        provider.isEnabled ? QStringLiteral("enabled") : QStringLiteral("disabled"),
-                        address(provider)});
+                        provider.isEnabled ? Command::tr("enabled") : Command::tr("disabled"), address(provider)});
     terminal::writeTable(rows);
 }
 
 void printPlain(const ProvidersSession& session, const StoredKeys& keys)
 {
+    const Translations::Suspension forScripts(!terminal::outputIsTerminal());
     for (const ProviderConfiguration& provider : session.manager.configurations()) {
         const auto hasKey = keys.has(provider);
         const QStringList fields{provider.name,
@@ -93,8 +95,8 @@ void tellOfStrayAddresses(const ProvidersSession& session)
 {
     for (const ProviderConfiguration& provider : session.manager.configurations()) {
         if (const auto address = provider.strayAddress())
-            terminal::writeError(QStringLiteral("%1 is not asked: the type %2 has an address of its own, and %3 is "
-                                                "given: vantro providers edit \"%1\" --type custom, or --base-url \"\"")
+            terminal::writeError(Command::tr("%1 is not asked: the type %2 has an address of its own, and %3 is "
+                                             "given: vantro providers edit \"%1\" --type custom, or --base-url \"\"")
                                      .arg(provider.name, rawValue(provider.providerType), *address));
     }
 }

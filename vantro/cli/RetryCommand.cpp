@@ -22,7 +22,7 @@ using Recordings = std::vector<std::shared_ptr<Recording>>;
 
 [[noreturn]] void refuseNothingKept()
 {
-    throw CommandError(ExitCode::notFound, QStringLiteral("retry: there is no recording to transcribe"));
+    throw CommandError(ExitCode::notFound, Command::tr("retry: there is no recording to transcribe"));
 }
 
 bool isProgramRunning()
@@ -68,8 +68,7 @@ Recordings Session::left()
 {
     Recordings recordings = runTask(spool_.takeLeft());
     if (recordings.empty() && spool_.isInUse())
-        throw CommandError(ExitCode::failed,
-                           QStringLiteral("retry: another vantro is transcribing: wait for it to end"));
+        throw CommandError(ExitCode::failed, Command::tr("retry: another vantro is transcribing: wait for it to end"));
     if (recordings.empty())
         refuseNothingKept();
     return recordings;
@@ -79,10 +78,9 @@ void Session::requireModel()
 {
     const TranscriptionModel& model = speech_.selection.selectedModel();
     if (!speech_.check(model).isReady)
-        throw CommandError(
-            ExitCode::noService,
-            QStringLiteral("retry: no model: \"%1\" is not downloaded: run vantro models download \"%1\"")
-                .arg(model.name));
+        throw CommandError(ExitCode::noService,
+                           Command::tr("retry: no model: \"%1\" is not downloaded: run vantro models download \"%1\"")
+                               .arg(model.name));
 }
 
 QString Session::transcribe(Recording& recording)
@@ -120,7 +118,7 @@ int retryHere(bool isRefused)
         throw;
     } catch (const std::exception& error) {
         throw CommandError(ExitCode::failed,
-                           QStringLiteral("retry: %1 The recording is kept.").arg(localizedDescription(error)));
+                           Command::tr("retry: %1 The recording is kept.").arg(localizedDescription(error)));
     }
 }
 
@@ -140,15 +138,16 @@ int retry(const CommandCall& call)
 Command retryCommand()
 {
     return {.name = "retry",
-            .summary = "Transcribe what has not become text.",
-            .description =
+            .summary = QT_TRANSLATE_NOOP("Command", "Transcribe what has not become text."),
+            .description = QT_TRANSLATE_NOOP(
+                "Command",
                 "Transcribes recordings that have not become text, after a failure, a crash or, for ten seconds, a "
                 "cancel. Their text is printed, goes into the history and, while vantro is running, to the "
                 "clipboard.\n\n"
                 "Exit status: 0 done, 1 failed or refused, 2 wrong usage, 3 there is no such recording, 4 the model is "
-                "missing.",
+                "missing."),
             .actions = {{"", retry}},
-            .options = {{"discard", "Delete the recordings instead."}}};
+            .options = {{"discard", QT_TRANSLATE_NOOP("Command", "Delete the recordings instead.")}}};
 }
 
 } // namespace vantro

@@ -13,7 +13,8 @@ namespace vantro {
 
 namespace {
 
-constexpr char description[] =
+constexpr const char* description = QT_TRANSLATE_NOOP(
+    "Command",
     R"(Rewrites a text as a dictation in a mode is, and writes the result to standard output. The answer of a language model
 is judged as it is there: one that is not believed is told on standard error, the text as it was goes to standard output,
 and the exit status is 6.
@@ -21,7 +22,7 @@ and the exit status is 6.
 TEXT is the text; - reads it from standard input.
 
 Exit status: 0 done, 1 failed, 2 wrong usage, 3 no such mode or provider, 4 no service: the provider or its key cannot be
-reached, 6 the answer was set aside.)";
+reached, 6 the answer was set aside.)");
 
 QString textFrom(const CommandCall& call)
 {
@@ -32,7 +33,7 @@ QString textFrom(const CommandCall& call)
         text = QString::fromUtf8(input.readAll());
     }
     if (text.trimmed().isEmpty())
-        throw WrongUsage(QStringLiteral("there is no text"));
+        throw WrongUsage(Command::tr("there is no text"));
     return text.trimmed();
 }
 
@@ -43,15 +44,14 @@ ProcessingMode modeFrom(const CommandCall& call, const PromptSettings& prompts)
     const QString name = call.value("mode");
     if (const auto mode = prompts.find(name))
         return *mode;
-    throw CommandError(ExitCode::notFound,
-                       QStringLiteral("there is no mode \"%1\": vantro modes lists them").arg(name));
+    throw CommandError(ExitCode::notFound, Command::tr("there is no mode \"%1\": vantro modes lists them").arg(name));
 }
 
 /// Who is to do it: the options, else what the mode is set up with.
 ModeConfiguration wanted(const CommandCall& call, ProvidersSession& session, ProcessingMode mode)
 {
     if (call.has("clean") + call.has("local") + call.has("provider") > 1)
-        throw WrongUsage(QStringLiteral("choose one of --clean, --local and --provider"));
+        throw WrongUsage(Command::tr("choose one of --clean, --local and --provider"));
     if (call.has("clean"))
         return {.cleans = true};
     if (call.has("local"))
@@ -61,12 +61,12 @@ ModeConfiguration wanted(const CommandCall& call, ProvidersSession& session, Pro
         if (provider == nullptr)
             throw CommandError(
                 ExitCode::notFound,
-                QStringLiteral("there is no provider \"%1\": vantro providers lists them").arg(call.value("provider")));
+                Command::tr("there is no provider \"%1\": vantro providers lists them").arg(call.value("provider")));
         return {.providerConfigId = provider->id};
     }
     if (!session.rewriting.isUsable(mode))
         throw CommandError(ExitCode::failed,
-                           QStringLiteral("%1 is not set up: vantro modes set %1 --provider NAME, --local or --clean")
+                           Command::tr("%1 is not set up: vantro modes set %1 --provider NAME, --local or --clean")
                                .arg(rawValue(mode)));
     return session.rewriting.prompts().configuration(mode);
 }
@@ -139,15 +139,17 @@ int rewrite(const CommandCall& call)
 Command rewriteCommand()
 {
     return {.name = "rewrite",
-            .summary = "Rewrite a text as a dictation would be.",
+            .summary = QT_TRANSLATE_NOOP("Command", "Rewrite a text as a dictation would be."),
             .description = description,
-            .actions = {{"", rewrite, 1, Command::anyNumber, "needs a TEXT"}},
-            .options = {{"mode", "The mode whose prompt is used. The default is Grammar.", "MODE"},
-                        {"provider", "Ask this provider instead of the mode's.", "NAME"},
-                        {"local", "Use the language model of this computer (see vantro models)."},
-                        {"clean", "Clean the text by rules, without a language model."},
+            .actions = {{"", rewrite, 1, Command::anyNumber, QT_TRANSLATE_NOOP("Command", "needs a TEXT")}},
+            .options = {{"mode", QT_TRANSLATE_NOOP("Command", "The mode whose prompt is used. The default is Grammar."),
+                         "MODE"},
+                        {"provider", QT_TRANSLATE_NOOP("Command", "Ask this provider instead of the mode's."), "NAME"},
+                        {"local",
+                         QT_TRANSLATE_NOOP("Command", "Use the language model of this computer (see vantro models).")},
+                        {"clean", QT_TRANSLATE_NOOP("Command", "Clean the text by rules, without a language model.")},
                         Command::jsonOption},
-            .words = {{"TEXT", "The text; - for standard input.", "TEXT..."}}};
+            .words = {{"TEXT", QT_TRANSLATE_NOOP("Command", "The text; - for standard input."), "TEXT..."}}};
 }
 
 } // namespace vantro

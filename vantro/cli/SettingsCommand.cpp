@@ -1,4 +1,5 @@
 #include "base/Settings.h"
+#include "base/Translations.h"
 #include "vantro/ai/PromptSettings.h"
 #include "vantro/cli/Commands.h"
 #include "vantro/cli/ModelsSession.h"
@@ -16,15 +17,15 @@ namespace vantro {
 
 namespace {
 
-constexpr char description[] =
-    R"(The settings, each by its key. The running program follows a change at once.
+constexpr const char* description =
+    QT_TRANSLATE_NOOP("Command", R"(The settings, each by its key. The running program follows a change at once.
 
   list             List all settings with their values. The default.
   get KEY          Show one setting's value.
   set KEY VALUE    Change a setting.
   reset KEY        Go back to its default.
 
-Exit status: 0 done, 1 failed, 2 wrong usage, 3 no such setting, 5 the settings cannot be written.)";
+Exit status: 0 done, 1 failed, 2 wrong usage, 3 no such setting, 5 the settings cannot be written.)");
 
 const SettingKey& settingFrom(const QString& name)
 {
@@ -33,7 +34,7 @@ const SettingKey& settingFrom(const QString& name)
     });
     if (found == setting::documented.end())
         throw CommandError(ExitCode::notFound,
-                           QStringLiteral("there is no setting \"%1\": vantro settings lists them").arg(name));
+                           Command::tr("there is no setting \"%1\": vantro settings lists them").arg(name));
     return **found;
 }
 
@@ -44,7 +45,7 @@ QString withoutMarkup(const char* meaning)
 
 WrongUsage notA(const QString& value, const QString& what)
 {
-    return WrongUsage(QStringLiteral("\"%1\" is not %2").arg(value, what));
+    return WrongUsage(Command::tr("\"%1\" is not %2").arg(value, what));
 }
 
 QString oneOf(const QString& value, const QStringList& values)
@@ -53,7 +54,7 @@ QString oneOf(const QString& value, const QStringList& values)
         if (each.compare(value, Qt::CaseInsensitive) == 0)
             return each;
     }
-    throw notA(value, QStringLiteral("one of: ") + values.join(QStringLiteral(", ")));
+    throw notA(value, Command::tr("one of: ") + values.join(QStringLiteral(", ")));
 }
 
 QString mode(const QString& value)
@@ -72,32 +73,34 @@ QString language(const QString& value)
 {
     const QString code = value.toLower();
     if (!isSpokenLanguage(code))
-        throw notA(value, QStringLiteral("a language the models know: use a code such as en, de or fr, or auto"));
+        throw notA(value, Command::tr("a language the models know: use a code such as en, de or fr, or auto"));
     return code;
 }
 
-QString nameOf(const std::vector<TranscriptionModel>& models, const QString& value, const char* kind)
+QString nameOf(const std::vector<TranscriptionModel>& models, const QString& value, const char* refusal)
 {
     const auto* found = match(models, value);
     if (found == nullptr)
-        throw notA(value, QStringLiteral("a %1: vantro models lists them").arg(QLatin1String(kind)));
+        throw notA(value, Command::tr(refusal));
     return found->name;
 }
 
 QString model(const QString& value)
 {
-    return nameOf(ModelsSession({}).speech.catalogue.models(), value, "speech model");
+    return nameOf(ModelsSession({}).speech.catalogue.models(), value,
+                  QT_TRANSLATE_NOOP("Command", "a speech model: vantro models lists them"));
 }
 
 QString languageModel(const QString& value)
 {
-    return nameOf(ModelsSession({}).speech.languageModels.models(), value, "language model");
+    return nameOf(ModelsSession({}).speech.languageModels.models(), value,
+                  QT_TRANSLATE_NOOP("Command", "a language model: vantro models lists them"));
 }
 
 QString modelHost(const QString& value)
 {
     if (!ModelHost::usable(value))
-        throw notA(value, QStringLiteral("a model host: use an address that starts with http:, https: or file:"));
+        throw notA(value, Command::tr("a model host: use an address that starts with http:, https: or file:"));
     return value;
 }
 
@@ -105,7 +108,7 @@ QString keeping(const QString& value)
 {
     const auto days = Retention::daysFrom(value.toLower());
     if (!days && value.toLower() != Retention::textOf(std::nullopt))
-        throw notA(value, QStringLiteral("a number of days, \"forever\" or \"never\""));
+        throw notA(value, Command::tr("a number of days, \"forever\" or \"never\""));
     return Retention::textOf(days);
 }
 
@@ -114,7 +117,7 @@ QString megabytes(const QString& value)
     bool isNumber = false;
     const qint64 number = value.toLongLong(&isNumber);
     if (!isNumber || number < 1)
-        throw notA(value, QStringLiteral("a number of megabytes"));
+        throw notA(value, Command::tr("a number of megabytes"));
     return QString::number(number);
 }
 
@@ -151,7 +154,7 @@ bool truth(const QString& value)
         return true;
     if (QStringList{QStringLiteral("false"), QStringLiteral("off"), QStringLiteral("no")}.contains(word))
         return false;
-    throw notA(value, QStringLiteral("true or false"));
+    throw notA(value, Command::tr("true or false"));
 }
 
 QVariant checked(const SettingKey& setting, const QString& value)
@@ -159,7 +162,7 @@ QVariant checked(const SettingKey& setting, const QString& value)
     if (setting.kind == SettingKind::truth)
         return truth(value);
     if (setting.kind == SettingKind::json && QJsonDocument::fromJson(value.toUtf8()).isNull())
-        throw notA(value, QStringLiteral("JSON"));
+        throw notA(value, Command::tr("JSON"));
     const auto rule = std::ranges::find_if(rules, [&](const Rule& each) { return &each.setting == &setting; });
     return rule != rules.end() ? rule->check(value) : value;
 }
@@ -190,9 +193,10 @@ QJsonObject toJson(const UserDefaults& defaults, const SettingKey& setting)
 
 int list(const CommandCall& call)
 {
+    const Translations::Suspension forScripts(!terminal::outputIsTerminal());
     const UserDefaults defaults(UserDefaults::standardPath());
     QJsonArray array;
-    std::vector<QStringList> rows{{QStringLiteral("KEY"), QStringLiteral("VALUE"), QStringLiteral("MEANING")}};
+    std::vector<QStringList> rows{{Command::tr("KEY"), Command::tr("VALUE"), Command::tr("MEANING")}};
     for (const SettingKey* each : setting::documented) {
         array.append(toJson(defaults, *each));
         rows.push_back({each->key, terminal::singleLine(shown(defaults, *each)), withoutMarkup(each->meaning)});
@@ -241,14 +245,15 @@ int reset(const CommandCall& call)
 Command settingsCommand()
 {
     return {.name = "settings",
-            .summary = "List, show, change or reset settings.",
+            .summary = QT_TRANSLATE_NOOP("Command", "List, show, change or reset settings."),
             .description = description,
             .actions = {{"list", list},
-                        {"get", get, 1, 1, "needs a key"},
-                        {"set", set, 2, Command::anyNumber, "needs a key and a value"},
-                        {"reset", reset, 1, 1, "needs a key"}},
+                        {"get", get, 1, 1, QT_TRANSLATE_NOOP("Command", "needs a key")},
+                        {"set", set, 2, Command::anyNumber, QT_TRANSLATE_NOOP("Command", "needs a key and a value")},
+                        {"reset", reset, 1, 1, QT_TRANSLATE_NOOP("Command", "needs a key")}},
             .options = {Command::jsonOption},
-            .words = {{"KEY", "A setting's key, as in the list.", "[KEY"}, {"VALUE", "Its new value.", "[VALUE]]]"}}};
+            .words = {{"KEY", QT_TRANSLATE_NOOP("Command", "A setting's key, as in the list."), "[KEY"},
+                      {"VALUE", QT_TRANSLATE_NOOP("Command", "Its new value."), "[VALUE]]]"}}};
 }
 
 } // namespace vantro

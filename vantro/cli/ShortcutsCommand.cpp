@@ -1,5 +1,6 @@
 #include "KeyboardShortcuts/ShortcutValidator.h"
 #include "base/Settings.h"
+#include "base/Translations.h"
 #include "platform/KeyCode.h"
 #include "platform/Platform.h"
 #include "vantro/cli/Commands.h"
@@ -22,8 +23,7 @@ namespace {
 using Name = KeyboardShortcuts::Name;
 using Shortcut = KeyboardShortcuts::Shortcut;
 
-constexpr char description[] =
-    R"(The keyboard shortcuts of vantro.
+constexpr const char* description = QT_TRANSLATE_NOOP("Command", R"(The keyboard shortcuts of vantro.
 
   show            Show all, and whether they work. The default.
   set NAME KEYS   Use these keys, for example Ctrl+Alt+D, F9 or MediaRecord.
@@ -36,7 +36,7 @@ NAME is "open" (openModal: start a dictation), "stop" (stopRecordingAndCloseModa
 launcher has the focus) or "original" (pasteOriginal: paste the words of the last dictation as they were said).
 Changes take effect at once.
 
-Exit status: 0 done, 1 refused or not pressed, 2 wrong usage, 4 no desktop, 5 the settings cannot be written.)";
+Exit status: 0 done, 1 refused or not pressed, 2 wrong usage, 4 no desktop, 5 the settings cannot be written.)");
 
 constexpr auto followPatience = 3s;
 constexpr int secondsToPress = 10;
@@ -77,13 +77,13 @@ const Name& nameFrom(const CommandCall& call)
         if (text == QLatin1String(slot.word) || text == slot.name.rawValue)
             return slot.name;
     }
-    throw WrongUsage(QStringLiteral("there is no shortcut \"%1\": use open, stop or original").arg(text));
+    throw WrongUsage(Command::tr("there is no shortcut \"%1\": use open, stop or original").arg(text));
 }
 
 void requireKeyboard()
 {
     if (qEnvironmentVariableIsEmpty("DISPLAY") && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY"))
-        throw CommandError(ExitCode::noService, QStringLiteral("there is no desktop: run it in your desktop session"));
+        throw CommandError(ExitCode::noService, Command::tr("there is no desktop: run it in your desktop session"));
 }
 
 QString textOf(const std::optional<Shortcut>& shortcut)
@@ -103,7 +103,7 @@ QString problemOf(Session& session, const Name& name)
     if (!shortcut && name.rawValue == Name::pasteOriginal.rawValue)
         return {};
     if (!shortcut)
-        return QStringLiteral("none is set: run vantro shortcuts set open Ctrl+Alt+D");
+        return Command::tr("none is set: run vantro shortcuts set open Ctrl+Alt+D");
     if (isHeldByRunningProgram(session, name))
         return session.running->value(QStringLiteral("shortcut_failure")).toString();
     if (name.rawValue != Name::openModal.rawValue) // the program holds the one of pasteOriginal
@@ -122,10 +122,10 @@ std::optional<QString> howToBind(const Session& session, const Name& name)
 
 int show(const CommandCall& call)
 {
+    const Translations::Suspension forScripts(!terminal::outputIsTerminal());
     Session session;
     QJsonArray list;
-    std::vector<QStringList> rows{
-        {QStringLiteral("NAME"), QStringLiteral("KEYS"), QStringLiteral("FOR"), QStringLiteral("STATE")}};
+    std::vector<QStringList> rows{{Command::tr("NAME"), Command::tr("KEYS"), Command::tr("FOR"), Command::tr("STATE")}};
     for (const Slot& slot : slotList()) {
         const QString keys = textOf(session.shortcuts.shortcut(slot.name));
         const QString problem = problemOf(session, slot.name);
@@ -138,10 +138,10 @@ int show(const CommandCall& call)
                                 {QStringLiteral("problem"), problem}});
         rows.push_back({QLatin1String(slot.word), keys.isEmpty() ? QStringLiteral("-") : keys, title,
                         !problem.isEmpty()              ? problem
-                        : keys.isEmpty()                ? QStringLiteral("not set")
-                        : !isGlobal                     ? QStringLiteral("in the launcher")
-                        : howToBind(session, slot.name) ? QStringLiteral("by your desktop's binding")
-                                                        : QStringLiteral("works")});
+                        : keys.isEmpty()                ? Command::tr("not set")
+                        : !isGlobal                     ? Command::tr("in the launcher")
+                        : howToBind(session, slot.name) ? Command::tr("by your desktop's binding")
+                                                        : Command::tr("works")});
     }
     if (call.json()) {
         terminal::writeJson(QJsonObject{{QStringLiteral("mode"), session.mode()},
@@ -154,8 +154,8 @@ int show(const CommandCall& call)
         terminal::writeMessage(*binding);
     if (terminal::outputIsTerminal())
         terminal::writeLine(session.mode() == QLatin1String("hold")
-                                ? QStringLiteral("\nThe recording lasts as long as the shortcut is held (mode hold).")
-                                : QStringLiteral("\nThe shortcut opens the launcher (mode press)."));
+                                ? Command::tr("\nThe recording lasts as long as the shortcut is held (mode hold).")
+                                : Command::tr("\nThe shortcut opens the launcher (mode press)."));
     return ExitCode::done;
 }
 
@@ -173,7 +173,7 @@ QString followed(const Shortcut& shortcut)
             return status->value(QStringLiteral("shortcut_failure")).toString();
         QThread::msleep(20);
     }
-    return QStringLiteral("the running vantro has not adopted it: restart it");
+    return Command::tr("the running vantro has not adopted it: restart it");
 }
 
 int set(const CommandCall& call)
@@ -185,14 +185,14 @@ int set(const CommandCall& call)
     const auto parsed = parseShortcut(keys);
     if (!parsed)
         throw WrongUsage(
-            QStringLiteral("\"%1\" is not a shortcut: name modifiers and a key, for example Ctrl+Alt+D").arg(keys));
+            Command::tr("\"%1\" is not a shortcut: name modifiers and a key, for example Ctrl+Alt+D").arg(keys));
     const Shortcut shortcut({parsed->keyCode}, parsed->modifiers);
     const bool isOwn = isHeldByRunningProgram(session, name) && session.shortcuts.shortcut(name) == shortcut;
     const auto refusal = isOwn ? std::nullopt : session.validator.refusal(name, shortcut);
     if (refusal && !(call.has("force") && refusal->canForce)) {
         QStringList sentences{refusal->message, refusal->advice};
         if (refusal->canForce)
-            sentences << QStringLiteral("--force uses it anyway.");
+            sentences << Command::tr("--force uses it anyway.");
         sentences.removeAll(QString());
         throw CommandError(ExitCode::failed, sentences.join(QLatin1Char(' ')));
     }
@@ -221,7 +221,7 @@ int clear(const CommandCall& call)
         terminal::writeJson(QJsonObject{{QStringLiteral("name"), name.rawValue}, {QStringLiteral("keys"), keys}});
     else
         terminal::writeLine(QStringLiteral("%1: %2").arg(ShortcutValidator::title(name),
-                                                         keys.isEmpty() ? QStringLiteral("no shortcut") : keys));
+                                                         keys.isEmpty() ? Command::tr("no shortcut") : keys));
     return ExitCode::done;
 }
 
@@ -236,16 +236,16 @@ int waitForPress(Session& session, const Shortcut& shortcut, bool json)
     const auto down = session.shortcuts.onKeyDown(trial, loop, [&] { held.start(); });
     const auto up = session.shortcuts.onKeyUp(trial, loop, [&] { loop.quit(); });
     QTimer::singleShot(std::chrono::seconds(secondsToPress), &loop, [&] { loop.exit(ExitCode::failed); });
-    terminal::writeMessage(QStringLiteral("Press %1 within %2 s.").arg(shortcut.displayText()).arg(secondsToPress));
+    terminal::writeMessage(Command::tr("Press %1 within %2 s.").arg(shortcut.displayText()).arg(secondsToPress));
     if (loop.exec() != ExitCode::done)
         throw CommandError(ExitCode::failed,
-                           QStringLiteral("%1 was not pressed, or did not arrive").arg(shortcut.displayText()));
+                           Command::tr("%1 was not pressed, or did not arrive").arg(shortcut.displayText()));
     const qint64 heldMs = held.elapsed();
     if (json)
         terminal::writeJson(
             QJsonObject{{QStringLiteral("keys"), shortcut.displayText()}, {QStringLiteral("held_ms"), heldMs}});
     else
-        terminal::writeLine(QStringLiteral("%1 works: it was held for %2 ms").arg(shortcut.displayText()).arg(heldMs));
+        terminal::writeLine(Command::tr("%1 works: it was held for %2 ms").arg(shortcut.displayText()).arg(heldMs));
     return ExitCode::done;
 }
 
@@ -266,7 +266,7 @@ int test(const CommandCall& call)
         terminal::writeJson(
             QJsonObject{{QStringLiteral("keys"), shortcut->displayText()}, {QStringLiteral("running"), true}});
     else
-        terminal::writeLine(QStringLiteral("%1 works: it is used by the running vantro").arg(shortcut->displayText()));
+        terminal::writeLine(Command::tr("%1 works: it is used by the running vantro").arg(shortcut->displayText()));
     return ExitCode::done;
 }
 
@@ -274,7 +274,7 @@ int mode(const CommandCall& call)
 {
     const QString wanted = call.words.value(0);
     if (!QStringList{QString(), QStringLiteral("press"), QStringLiteral("hold")}.contains(wanted))
-        throw WrongUsage(QStringLiteral("the mode is press or hold"));
+        throw WrongUsage(Command::tr("the mode is press or hold"));
     Session session;
     if (!wanted.isEmpty()) {
         session.defaults.set(setting::holdToTalk, wanted == QLatin1String("hold"));
@@ -292,15 +292,17 @@ int mode(const CommandCall& call)
 Command shortcutsCommand()
 {
     return {.name = "shortcuts",
-            .summary = "Show, set, test and clear shortcuts; press or hold to talk.",
+            .summary = QT_TRANSLATE_NOOP("Command", "Show, set, test and clear shortcuts; press or hold to talk."),
             .description = description,
             .actions = {{"show", show},
-                        {"set", set, 2, 2, "needs a name and keys"},
-                        {"test", test, 1, 1, "needs a name"},
-                        {"clear", clear, 1, 1, "needs a name"},
+                        {"set", set, 2, 2, QT_TRANSLATE_NOOP("Command", "needs a name and keys")},
+                        {"test", test, 1, 1, QT_TRANSLATE_NOOP("Command", "needs a name")},
+                        {"clear", clear, 1, 1, QT_TRANSLATE_NOOP("Command", "needs a name")},
                         {"mode", mode, 0, 1}},
-            .options = {Command::jsonOption, {"force", "Use a shortcut even if something else uses it."}},
-            .words = {{"NAME", "open or stop.", "[NAME"}, {"KEYS", "The keys.", "[KEYS]]]"}}};
+            .options = {Command::jsonOption,
+                        {"force", QT_TRANSLATE_NOOP("Command", "Use a shortcut even if something else uses it.")}},
+            .words = {{"NAME", QT_TRANSLATE_NOOP("Command", "open, stop or original."), "[NAME"},
+                      {"KEYS", QT_TRANSLATE_NOOP("Command", "The keys."), "[KEYS]]]"}}};
 }
 
 } // namespace vantro

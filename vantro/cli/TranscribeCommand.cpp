@@ -108,29 +108,28 @@ Job::Job(const CommandCall& call)
     , folder(call.value("output"))
 {
     if (call.words.isEmpty())
-        throw WrongUsage(QStringLiteral("no recording given"));
+        throw WrongUsage(Command::tr("no recording given"));
     const QStringList formats{QStringLiteral("txt"), QStringLiteral("srt"), QStringLiteral("vtt"),
                               QStringLiteral("json")};
     if (!formats.contains(format))
-        throw WrongUsage(
-            QStringLiteral("there is no format \"%1\": %2").arg(format, formats.join(QStringLiteral(", "))));
+        throw WrongUsage(Command::tr("there is no format \"%1\": %2").arg(format, formats.join(QStringLiteral(", "))));
     if (call.words.size() > 1 && folder.isEmpty() && (format == QLatin1String("srt") || format == QLatin1String("vtt")))
-        throw WrongUsage(QStringLiteral("subtitles of several recordings need a folder: --output DIR"));
+        throw WrongUsage(Command::tr("subtitles of several recordings need a folder: --output DIR"));
     if (!folder.isEmpty() && !QFileInfo(folder).isDir())
-        throw WrongUsage(QStringLiteral("there is no folder %1").arg(folder));
+        throw WrongUsage(Command::tr("there is no folder %1").arg(folder));
     if (QSet<QString> names; !folder.isEmpty()) {
         for (const QString& file : call.words) {
             if (names.contains(nameOf(file)))
                 throw WrongUsage(
-                    QStringLiteral("two recordings are called %1: give them different folders").arg(nameOf(file)));
+                    Command::tr("two recordings are called %1: give them different folders").arg(nameOf(file)));
             names.insert(nameOf(file));
         }
     }
     if (call.has("language"))
         options.language = call.value("language").toLower();
     if (options.language && !isSpokenLanguage(*options.language))
-        throw WrongUsage(QStringLiteral("\"%1\" is not a language the models know: use a code such as en, de or fr, or "
-                                        "auto")
+        throw WrongUsage(Command::tr("\"%1\" is not a language the models know: use a code such as en, de or fr, or "
+                                     "auto")
                              .arg(*options.language));
     if (call.has("term"))
         options.terms = call.values("term");
@@ -164,14 +163,14 @@ void Job::transcribe(const QString& file, const QString& label)
 {
     const Transcript transcript = session.transcribe(file, model, options, label);
     if (label != file && terminal::errorIsTerminal())
-        terminal::writeMessage(QStringLiteral("%1: %2 s in %3 s")
+        terminal::writeMessage(Command::tr("%1: %2 s in %3 s")
                                    .arg(label)
                                    .arg(transcript.seconds, 0, 'f', 1)
                                    .arg(static_cast<double>(transcript.transcribeMs) / 1000, 0, 'f', 1));
     write(file, formatted(transcript));
     if (!transcript.vocabulary.problem.isEmpty())
         terminal::writeError(
-            QStringLiteral("%1: your words were not looked for: %2").arg(file, transcript.vocabulary.problem));
+            Command::tr("%1: your words were not looked for: %2").arg(file, transcript.vocabulary.problem));
 }
 
 int transcribe(const CommandCall& call)
@@ -195,21 +194,31 @@ int transcribe(const CommandCall& call)
 
 Command transcribeCommand()
 {
-    return {.name = "transcribe",
-            .summary = "Write the text of recordings to standard output.",
-            .description = "Writes the text of recordings (WAV, FLAC, OGG, MP3) to standard output.\n\n"
-                           "Exit status: 0 done, 1 recognition failed, 2 wrong usage, 3 a recording could not be read, "
-                           "4 the model is missing or cannot be loaded.",
-            .actions = {{"", transcribe, 0, Command::anyNumber}},
-            .options = {{"model", "Name of a model, such as parakeet-v3, or path of its file.", "NAME"},
-                        {"language", "Language code, or \"auto\".", "CODE"},
-                        {"format", "txt, srt or vtt (subtitles), or json. The default is txt.", "FORMAT"},
-                        {"json", "The same as --format json: one object per line, with duration and timings."},
-                        {"ctc-model", "Path of the model that looks for your words beside a Parakeet model.", "FILE"},
-                        {"term", "Look for this word instead of your own; may be repeated.", "WORD"},
-                        {"weight", "How readily words are written, from 0 to 4; usually 1.", "NUMBER"},
-                        {"output", "Write each text into this folder, named after its recording.", "DIR"}},
-            .words = {{"FILE", "Recordings; - for standard input.", "FILE..."}}};
+    return {
+        .name = "transcribe",
+        .summary = QT_TRANSLATE_NOOP("Command", "Write the text of recordings to standard output."),
+        .description = QT_TRANSLATE_NOOP(
+            "Command", "Writes the text of recordings (WAV, FLAC, OGG, MP3) to standard output.\n\n"
+                       "Exit status: 0 done, 1 recognition failed, 2 wrong usage, 3 a recording could not be read, "
+                       "4 the model is missing or cannot be loaded."),
+        .actions = {{"", transcribe, 0, Command::anyNumber}},
+        .options =
+            {{"model", QT_TRANSLATE_NOOP("Command", "Name of a model, such as parakeet-v3, or path of its file."),
+              "NAME"},
+             {"language", QT_TRANSLATE_NOOP("Command", "Language code, or \"auto\"."), "CODE"},
+             {"format", QT_TRANSLATE_NOOP("Command", "txt, srt or vtt (subtitles), or json. The default is txt."),
+              "FORMAT"},
+             {"json", QT_TRANSLATE_NOOP("Command",
+                                        "The same as --format json: one object per line, with duration and timings.")},
+             {"ctc-model",
+              QT_TRANSLATE_NOOP("Command", "Path of the model that looks for your words beside a Parakeet model."),
+              "FILE"},
+             {"term", QT_TRANSLATE_NOOP("Command", "Look for this word instead of your own; may be repeated."), "WORD"},
+             {"weight", QT_TRANSLATE_NOOP("Command", "How readily words are written, from 0 to 4; usually 1."),
+              "NUMBER"},
+             {"output", QT_TRANSLATE_NOOP("Command", "Write each text into this folder, named after its recording."),
+              "DIR"}},
+        .words = {{"FILE", QT_TRANSLATE_NOOP("Command", "Recordings; - for standard input."), "FILE..."}}};
 }
 
 } // namespace vantro

@@ -20,7 +20,7 @@ TranscriptionModel TranscribeSession::model(const QString& nameOrPath)
     try {
         return found(nameOrPath);
     } catch (const Error& error) {
-        throw CommandError(ExitCode::noService, QStringLiteral("no model: ") + error.localizedDescription());
+        throw CommandError(ExitCode::noService, Command::tr("no model: ") + error.localizedDescription());
     }
 }
 
@@ -29,10 +29,10 @@ TranscriptionModel TranscribeSession::found(const QString& nameOrPath)
     const bool isGguf = nameOrPath.endsWith(QLatin1String(".gguf"), Qt::CaseInsensitive);
     if (isGguf || nameOrPath.contains(QLatin1Char('/')) || nameOrPath.endsWith(QLatin1String(".bin"))) {
         if (!QFileInfo(nameOrPath).isFile())
-            throw Error(QStringLiteral("There is no model file %1").arg(nameOrPath));
+            throw Error(Command::tr("There is no model file %1").arg(nameOrPath));
         if (isGguf)
-            throw Error(QStringLiteral("%1 is no speech model, which are .bin files. --ctc-model takes the one that "
-                                       "looks for words")
+            throw Error(Command::tr("%1 is no speech model, which are .bin files. --ctc-model takes the one that "
+                                    "looks for words")
                             .arg(nameOrPath));
         return speech_.describe(nameOrPath);
     }
@@ -41,11 +41,11 @@ TranscriptionModel TranscribeSession::found(const QString& nameOrPath)
         QStringList names;
         for (const TranscriptionModel& known : speech_.catalogue.models())
             names << shortName(known);
-        throw Error(QStringLiteral("There is no model \"%1\". The catalogue has %2; the path of a file works too")
+        throw Error(Command::tr("There is no model \"%1\". The catalogue has %2; the path of a file works too")
                         .arg(nameOrPath, names.join(QStringLiteral(", "))));
     }
     if (!speech_.check(*entry).isReady) {
-        throw Error(QStringLiteral("The model \"%1\" is not downloaded: run vantro models download %2")
+        throw Error(Command::tr("The model \"%1\" is not downloaded: run vantro models download %2")
                         .arg(entry->name, shortName(*entry)));
     }
     return *entry;

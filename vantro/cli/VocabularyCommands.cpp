@@ -13,7 +13,8 @@ namespace vantro {
 
 namespace {
 
-constexpr char replacementsDescription[] =
+constexpr const char* replacementsDescription = QT_TRANSLATE_NOOP(
+    "Command",
     R"(Texts to replace in what was recognised. Whole words are replaced, in any case and in the order of the list, in
 every dictation and by vantro transcribe.
 
@@ -24,10 +25,10 @@ every dictation and by vantro transcribe.
   export [FILE]      Write all entries to a file, or to standard output.
 
 Exit status: 0 done, 1 failed, 2 wrong usage, 3 no such entry, 5 the settings cannot be
-written.)";
+written.)");
 
-constexpr char vocabularyDescription[] =
-    R"(Words that the engine should recognise and spell correctly. Use sparingly: too many words can
+constexpr const char* vocabularyDescription = QT_TRANSLATE_NOOP(
+    "Command", R"(Words that the engine should recognise and spell correctly. Use sparingly: too many words can
 confuse it and may affect punctuation, language detection, and formatting.
 
   list               List all words, numbered. The default.
@@ -41,7 +42,7 @@ confuse it and may affect punctuation, language detection, and formatting.
   export [FILE]      Write all words to a file, or to standard output.
 
 Exit status: 0 done, 1 failed, 2 wrong usage, 3 no such word, 5 the settings cannot be
-written.)";
+written.)");
 
 /// One of the two lists, as the commands see it.
 class EditedList
@@ -103,7 +104,7 @@ public:
     {
         return write(settings_.textReplacements(), format);
     }
-    [[nodiscard]] QString emptyText() const override { return QStringLiteral("No text replacements configured yet."); }
+    [[nodiscard]] QString emptyText() const override { return Command::tr("No text replacements configured yet."); }
 
     qsizetype add(const QStringList& words) override
     {
@@ -121,11 +122,11 @@ public:
     [[nodiscard]] QString note(std::size_t index) const override
     {
         const QString replacement = settings_.textReplacements()[index].replace;
-        return replacement.isEmpty() ? QStringLiteral("(deleted)") : terminal::singleLine(replacement);
+        return replacement.isEmpty() ? Command::tr("(deleted)") : terminal::singleLine(replacement);
     }
     [[nodiscard]] QStringList titles() const override
     {
-        return {QStringLiteral("NO."), QStringLiteral("FIND"), QStringLiteral("REPLACE WITH")};
+        return {Command::tr("NO."), Command::tr("FIND"), Command::tr("REPLACE WITH")};
     }
 };
 
@@ -148,7 +149,7 @@ public:
     {
         return write(settings_.vocabularyWords(), format);
     }
-    [[nodiscard]] QString emptyText() const override { return QStringLiteral("No custom vocabulary words added yet."); }
+    [[nodiscard]] QString emptyText() const override { return Command::tr("No custom vocabulary words added yet."); }
 
     qsizetype add(const QStringList& words) override { return settings_.addVocabularyWords(words); }
 
@@ -185,14 +186,14 @@ public:
             settings_.details(settings_.customVocabulary().at(static_cast<qsizetype>(index)));
         QStringList notes;
         if (!details.soundsLike.isEmpty())
-            notes << QStringLiteral("sounds like ") + details.soundsLike.join(QStringLiteral(", "));
+            notes << Command::tr("sounds like ") + details.soundsLike.join(QStringLiteral(", "));
         if (details.weight != VocabularyDetails().weight)
-            notes << QStringLiteral("weight %1").arg(details.weight);
+            notes << Command::tr("weight %1").arg(details.weight);
         return notes.join(QStringLiteral("; "));
     }
     [[nodiscard]] QStringList titles() const override
     {
-        return {QStringLiteral("NO."), QStringLiteral("WORD"), QStringLiteral("WITH PARAKEET")};
+        return {Command::tr("NO."), Command::tr("WORD"), Command::tr("WITH PARAKEET")};
     }
 };
 
@@ -242,15 +243,15 @@ int remove(EditedList& list, const CommandCall& call)
     });
     if (removed == 0)
         throw CommandError(ExitCode::notFound,
-                           QStringLiteral("there is no entry \"%1\": vantro %2 lists them").arg(text, call.command));
-    terminal::writeLine(QStringLiteral("%1 removed").arg(removed));
+                           Command::tr("there is no entry \"%1\": vantro %2 lists them").arg(text, call.command));
+    terminal::writeLine(Command::tr("%1 removed").arg(removed));
     return ExitCode::done;
 }
 
 int add(EditedList& list, const CommandCall& call)
 {
     if (!list.acceptsToAdd(call.words))
-        throw WrongUsage(QStringLiteral("give what to add"));
+        throw WrongUsage(Command::tr("give what to add"));
     list.requireUsable(call);
     qsizetype added = 0;
     bool isRefined = false;
@@ -258,9 +259,9 @@ int add(EditedList& list, const CommandCall& call)
         added = list.add(call.words);
         isRefined = list.refine(call);
     });
-    terminal::writeLine(added > 0   ? QStringLiteral("%1 added").arg(added)
-                        : isRefined ? QStringLiteral("Changed")
-                                    : QStringLiteral("Nothing new"));
+    terminal::writeLine(added > 0   ? Command::tr("%1 added").arg(added)
+                        : isRefined ? Command::tr("Changed")
+                                    : Command::tr("Nothing new"));
     return ExitCode::done;
 }
 
@@ -269,7 +270,7 @@ ListFormat formatFrom(const CommandCall& call, const QString& path)
 {
     const QString format = call.value("format");
     if (!format.isEmpty() && format != QLatin1String("json") && format != QLatin1String("csv"))
-        throw WrongUsage(QStringLiteral("there is no format \"%1\"").arg(format));
+        throw WrongUsage(Command::tr("there is no format \"%1\"").arg(format));
     return format.isEmpty() ? listFormatOf(path) : format == QLatin1String("csv") ? ListFormat::csv : ListFormat::json;
 }
 
@@ -287,10 +288,10 @@ int import(EditedList& list, const CommandCall& call)
         if (!isGuess || (path != QLatin1String("-") && !QFileInfo(path).isFile()))
             throw;
         throw Error(error.localizedDescription() +
-                    QStringLiteral(". It was read as JSON: --format csv reads one entry a line."));
+                    Command::tr(". It was read as JSON: --format csv reads one entry a line."));
     }
     list.requireSaved();
-    terminal::writeLine(QStringLiteral("%1 added to %2").arg(imported.added).arg(imported.before));
+    terminal::writeLine(Command::tr("%1 added to %2").arg(imported.added).arg(imported.before));
     return ExitCode::done;
 }
 
@@ -310,35 +311,44 @@ Command listCommand(const char* name, const char* summary, const char* descripti
             return action(list, call);
         };
     };
-    return {.name = name,
-            .summary = summary,
-            .description = description,
-            .actions = {{"list", on(show)},
-                        {"add", on(add), 0, Command::anyNumber},
-                        {"remove", on(remove), 1, 1, "needs an entry"},
-                        {"import", on(import), 1, 1, "needs a file"},
-                        {"export", on(exportTo), 0, 1}},
-            .options = {Command::jsonOption, {"format", "json or csv, regardless of the file name.", "FORMAT"}},
-            .words = {{"WORD", "Arguments of the action.", "[WORD...]]"}}};
+    return {
+        .name = name,
+        .summary = summary,
+        .description = description,
+        .actions = {{"list", on(show)},
+                    {"add", on(add), 0, Command::anyNumber},
+                    {"remove", on(remove), 1, 1, QT_TRANSLATE_NOOP("Command", "needs an entry")},
+                    {"import", on(import), 1, 1, QT_TRANSLATE_NOOP("Command", "needs a file")},
+                    {"export", on(exportTo), 0, 1}},
+        .options = {Command::jsonOption,
+                    {"format", QT_TRANSLATE_NOOP("Command", "json or csv, regardless of the file name."), "FORMAT"}},
+        .words = {{"WORD", QT_TRANSLATE_NOOP("Command", "Arguments of the action."), "[WORD...]]"}}};
 }
 
 } // namespace
 
 Command replacementsCommand()
 {
-    return listCommand<ReplacementList>("replacements", "Show and edit text replacements.", replacementsDescription);
+    return listCommand<ReplacementList>(
+        "replacements", QT_TRANSLATE_NOOP("Command", "Show and edit text replacements."), replacementsDescription);
 }
 
 Command vocabularyCommand()
 {
-    Command command =
-        listCommand<WordList>("vocabulary", "Show and edit words that the engine should know.", vocabularyDescription);
-    command.actions.push_back({"try", tryVocabulary, 1, 1, "needs a recording"});
-    command.options.push_back({"sounds-like", "Another spelling of how the word is said; may be repeated.", "TEXT"});
-    command.options.push_back({"weight", "How readily the word is written, from 0 to 4; usually 1.", "NUMBER"});
-    command.options.push_back({"term", "A word to try; may be repeated.", "WORD"});
-    command.options.push_back({"model", "Catalogue name or path of the Parakeet model to try with.", "NAME"});
-    command.options.push_back({"ctc-model", "Path of the model that looks for words.", "FILE"});
+    Command command = listCommand<WordList>(
+        "vocabulary", QT_TRANSLATE_NOOP("Command", "Show and edit words that the engine should know."),
+        vocabularyDescription);
+    command.actions.push_back({"try", tryVocabulary, 1, 1, QT_TRANSLATE_NOOP("Command", "needs a recording")});
+    command.options.push_back(
+        {"sounds-like", QT_TRANSLATE_NOOP("Command", "Another spelling of how the word is said; may be repeated."),
+         "TEXT"});
+    command.options.push_back(
+        {"weight", QT_TRANSLATE_NOOP("Command", "How readily the word is written, from 0 to 4; usually 1."), "NUMBER"});
+    command.options.push_back({"term", QT_TRANSLATE_NOOP("Command", "A word to try; may be repeated."), "WORD"});
+    command.options.push_back(
+        {"model", QT_TRANSLATE_NOOP("Command", "Catalogue name or path of the Parakeet model to try with."), "NAME"});
+    command.options.push_back(
+        {"ctc-model", QT_TRANSLATE_NOOP("Command", "Path of the model that looks for words."), "FILE"});
     return command;
 }
 

@@ -25,19 +25,19 @@ void printForAPerson(const Transcript& transcript, bool isAll)
 {
     terminal::writeLine(transcript.text);
     for (const VocabularyPlace& place : transcript.vocabulary.places)
-        terminal::writeLine(QStringLiteral("  %1 to %2 s  \"%3\" → %4: %5 (similarity %6, heard %7, term %8, bias %9)")
+        terminal::writeLine(Command::tr("  %1 to %2 s  \"%3\" → %4: %5 (similarity %6, heard %7, term %8, bias %9)")
                                 .arg(seconds(place.start), seconds(place.end), place.heard, place.term,
-                                     place.isReplaced ? QStringLiteral("replaced") : QStringLiteral("kept"),
+                                     place.isReplaced ? Command::tr("replaced") : Command::tr("kept"),
                                      QString::number(static_cast<double>(place.similarity), 'f', 2),
                                      score(place.scoreBefore), score(place.scoreAfter), score(place.bias)));
     const QStringList& impossible = transcript.vocabulary.notLookedFor;
     for (const QString& word : impossible)
-        terminal::writeLine(QStringLiteral("  \"%1\" cannot be looked for: it needs at least three letters that the "
-                                           "model knows, and at most a thousand")
+        terminal::writeLine(Command::tr("  \"%1\" cannot be looked for: it needs at least three letters that the "
+                                        "model knows, and at most a thousand")
                                 .arg(terminal::elided(word, 40)));
     if (transcript.vocabulary.places.empty() && !isAll)
-        terminal::writeLine(QStringLiteral("  No place in the recording sounds like %1.")
-                                .arg(impossible.isEmpty() ? QStringLiteral("it") : QStringLiteral("the others")));
+        terminal::writeLine(impossible.isEmpty() ? Command::tr("  No place in the recording sounds like it.")
+                                                 : Command::tr("  No place in the recording sounds like the others."));
 }
 
 void printAsJson(const Transcript& transcript)
@@ -55,11 +55,11 @@ void printAsJson(const Transcript& transcript)
 void requireBoosting(const VocabularyReport& report)
 {
     if (report.way == VocabularyReport::Way::none)
-        throw CommandError(ExitCode::usage, QStringLiteral("there is no word to try: name one with --term"));
+        throw CommandError(ExitCode::usage, Command::tr("there is no word to try: name one with --term"));
     if (report.way == VocabularyReport::Way::prompt)
         throw CommandError(ExitCode::noService,
-                           QStringLiteral("whisper models get the words as a prompt: there is nothing to try. Name a "
-                                          "Parakeet model with --model"));
+                           Command::tr("whisper models get the words as a prompt: there is nothing to try. Name a "
+                                       "Parakeet model with --model"));
     if (!report.problem.isEmpty())
         throw CommandError(ExitCode::noService, report.problem);
 }
@@ -70,7 +70,7 @@ QString boostingModelOf(const CommandCall& call)
 {
     QString path = call.value("ctc-model");
     if (call.has("ctc-model") && !QFileInfo(path).isFile())
-        throw CommandError(ExitCode::noService, QStringLiteral("no model: There is no model file %1").arg(path));
+        throw CommandError(ExitCode::noService, Command::tr("no model: There is no model file %1").arg(path));
     return path;
 }
 
@@ -83,7 +83,7 @@ double weightOf(const CommandCall& call)
     // Written so that it refuses "nan", too.
     const bool isWithin = weight >= VocabularyDetails::leastWeight && weight <= VocabularyDetails::greatestWeight;
     if (!isNumber || !isWithin)
-        throw WrongUsage(QStringLiteral("\"%1\" is not a weight from 0 to 4").arg(call.value("weight")));
+        throw WrongUsage(Command::tr("\"%1\" is not a weight from 0 to 4").arg(call.value("weight")));
     return weight;
 }
 

@@ -1,11 +1,11 @@
 #include "base/LogOutput.h"
 #include "base/Logger.h"
+#include "base/Translations.h"
 #include "platform/SystemLog.h"
 #include "platform/ThisProcess.h"
 #include "platform/WindowSystem.h"
 #include "vantro/cli/CommandLine.h"
 #include "vantro/main/Program.h"
-#include "vantro/main/Translations.h"
 
 #include <QApplication>
 #include <QCoreApplication>
@@ -57,6 +57,9 @@ int run(int argc, char** argv)
     if (!commandLine.startsProgram()) {
         vantro::printToStandardError();
         const QCoreApplication application(argc, argv);
+        std::optional<vantro::Translations> translations;
+        if (!commandLine.speaksToPrograms())
+            QCoreApplication::installTranslator(&translations.emplace());
         return commandLine.run();
     }
     vantro::process::traceFaults();
