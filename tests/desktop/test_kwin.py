@@ -68,6 +68,16 @@ class KwinDictationTest(KwinCase):
             self.wait_until_over()
         self.check_next_dictation()
 
+    def test_text_for_a_window_that_was_closed_waits_on_the_clipboard(self):
+        terminal = self.desktop.open_terminal()
+        self.vantro.open_launcher()
+        self.speak(CHILD)
+        terminal.program.stop()
+        self.vantro.end_dictation()
+        self.wait(lambda: words(self.desktop.clipboard() or "") == CHILD_WORDS, 60, "the text on the clipboard")
+        self.wait_until_over()
+        self.assertEqual(self.arrived(), "", "the text came into another window")
+
     def test_the_shortcut_comes_back_with_the_portal(self):
         self.vantro.open_launcher()
         self.speak(CHILD)
