@@ -71,7 +71,7 @@ private:
     bool isBound_ = false;
     bool isFollowing_ = false;
     bool mayTryAgain_ = false; ///< to create the session
-    int generation_ = 0; ///< of bind(); earlier answers do not count
+    int generation_ = 0;       ///< of bind(); earlier answers do not count
 };
 
 } // namespace vantro
