@@ -14,7 +14,7 @@ QString withoutControlCharacters(QString text)
 
 QString firstWords(const QString& text, qsizetype limit)
 {
-    const QString line = text.simplified();
+    QString line = text.simplified();
     if (line.size() <= limit)
         return line;
     const qsizetype blank = line.lastIndexOf(QLatin1Char(' '), limit);

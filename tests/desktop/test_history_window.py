@@ -293,6 +293,7 @@ class NotesTest(HistoryCase):
     def test_a_day_is_read_summarised_deleted_and_brought_back(self):
         self.server.answer = Answer.chat(SUMMARY)
         self.open("notes")
+        self.assertNotIn("oak", self.copied(), "today's, which has none")
         self.press("Down")
         day = self.copied()
         for text in ("About the house.", "Ask for the price of oak.", "The roof leaks."):
