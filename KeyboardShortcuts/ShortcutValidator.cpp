@@ -104,9 +104,10 @@ ShortcutValidator::ShortcutValidator(KeyboardShortcuts& shortcuts, const Desktop
 QString ShortcutValidator::title(const Name& name)
 {
     if (name.rawValue == Name::pasteOriginal.rawValue)
-        return translated(QT_TR_NOOP("Paste as spoken"));
-    return name.rawValue == Name::openModal.rawValue ? translated(QT_TR_NOOP("Start a dictation"))
-                                                     : translated(QT_TR_NOOP("End the recording"));
+        return translated(QT_TRANSLATE_NOOP("KeyboardShortcuts", "Paste as spoken"));
+    return name.rawValue == Name::openModal.rawValue
+               ? translated(QT_TRANSLATE_NOOP("KeyboardShortcuts", "Start a dictation"))
+               : translated(QT_TRANSLATE_NOOP("KeyboardShortcuts", "End the recording"));
 }
 
 QString ShortcutValidator::forceText()
@@ -179,10 +180,10 @@ std::optional<ShortcutRefusal> ShortcutValidator::usedByMenuItem(const Name& nam
     if (shortcut.carbonModifiers != 0)
         return std::nullopt;
     if (shortcut.carbonKeyCode == KeyCode::escape)
-        return refused(translated(QT_TR_NOOP("Cancel the dictation")));
+        return refused(translated(QT_TRANSLATE_NOOP("KeyboardShortcuts", "Cancel the dictation")));
     for (int mode = 1; mode <= 9; ++mode) {
         if (shortcut.displayText() == QString::number(mode))
-            return refused(translated(QT_TR_NOOP("Choose mode %1")).arg(mode));
+            return refused(translated(QT_TRANSLATE_NOOP("KeyboardShortcuts", "Choose mode %1")).arg(mode));
     }
     return std::nullopt;
 }

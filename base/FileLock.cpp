@@ -2,6 +2,7 @@
 
 #include "base/Error.h"
 
+#include <QCoreApplication>
 #include <QDeadlineTimer>
 #include <QFile>
 #include <QThread>
@@ -19,12 +20,14 @@ std::optional<FileLock> FileLock::tryTake(const QString& path)
 {
     const int descriptor = ::open(QFile::encodeName(path).constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
     if (descriptor < 0)
-        throw Error(QStringLiteral("%1 could not be created: %2").arg(path, qt_error_string(errno)));
+        throw Error(
+            QCoreApplication::translate("OutputFile", "%1 could not be created: %2").arg(path, qt_error_string(errno)));
     FileLock lock(descriptor);
     if (::flock(descriptor, LOCK_EX | LOCK_NB) == 0)
         return lock;
     if (errno != EWOULDBLOCK && errno != EINTR)
-        throw Error(QStringLiteral("%1 could not be locked: %2").arg(path, qt_error_string(errno)));
+        throw Error(
+            QCoreApplication::translate("OutputFile", "%1 could not be locked: %2").arg(path, qt_error_string(errno)));
     return std::nullopt;
 }
 

@@ -3,6 +3,7 @@
 #include "base/FileLock.h"
 #include "base/Logger.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -196,7 +197,9 @@ void UserDefaults::change(const std::function<void()>& edit)
 void UserDefaults::requireSaved() const
 {
     if (!pending_.isEmpty())
-        throw SettingsNotSaved(QStringLiteral("the settings file %1 cannot be written: nothing is changed").arg(path_));
+        throw SettingsNotSaved(
+            QCoreApplication::translate("UserDefaults", "the settings file %1 cannot be written: nothing is changed")
+                .arg(path_));
 }
 
 const std::optional<KeptAside>& UserDefaults::repair()

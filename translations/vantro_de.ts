@@ -272,6 +272,21 @@
     </message>
 </context>
 <context>
+    <name>AudioFile</name>
+    <message>
+        <source>its sample rate of %1 Hz cannot be converted</source>
+        <translation>ihre Abtastrate von %1 Hz lässt sich nicht umrechnen</translation>
+    </message>
+    <message>
+        <source>%1 cannot be read as audio: %2</source>
+        <translation>%1 lässt sich nicht als Ton lesen: %2</translation>
+    </message>
+    <message>
+        <source>standard input</source>
+        <translation>die Standardeingabe</translation>
+    </message>
+</context>
+<context>
     <name>AudioInputMode</name>
     <message>
         <source>Use system&apos;s default input device</source>
@@ -1136,7 +1151,7 @@ Exit-Status: 0 erledigt, 1 gescheitert, 2 falscher Aufruf, 3 kein solches Modell
     </message>
     <message>
         <source>vocabulary model</source>
-        <translation>Vokabularmodell</translation>
+        <translation>Wortschatzmodell</translation>
     </message>
     <message>
         <source>language model</source>
@@ -2311,6 +2326,15 @@ Optionen:
 Befehle:
 </translation>
     </message>
+    <message>
+        <source>y</source>
+        <extracomment>What is typed for yes, in lower case, and the choice after a question.</extracomment>
+        <translation>j</translation>
+    </message>
+    <message>
+        <source>[y/N]</source>
+        <translation>[j/N]</translation>
+    </message>
 </context>
 <context>
     <name>ControlService</name>
@@ -2876,6 +2900,13 @@ Befehle:
     </message>
 </context>
 <context>
+    <name>Journal</name>
+    <message>
+        <source>journalctl could not be started: </source>
+        <translation>journalctl konnte nicht gestartet werden: </translation>
+    </message>
+</context>
+<context>
     <name>KeyboardShortcuts</name>
     <message>
         <source>The stored shortcut is damaged. Record it again.</source>
@@ -2916,6 +2947,26 @@ Befehle:
     <message>
         <source>Choose another shortcut.</source>
         <translation>Wähle ein anderes Kürzel.</translation>
+    </message>
+    <message>
+        <source>Paste as spoken</source>
+        <translation>Gesprochenes einfügen</translation>
+    </message>
+    <message>
+        <source>Start a dictation</source>
+        <translation>Ein Diktat beginnen</translation>
+    </message>
+    <message>
+        <source>End the recording</source>
+        <translation>Die Aufnahme beenden</translation>
+    </message>
+    <message>
+        <source>Cancel the dictation</source>
+        <translation>Das Diktat abbrechen</translation>
+    </message>
+    <message>
+        <source>Choose mode %1</source>
+        <translation>Modus %1 wählen</translation>
     </message>
 </context>
 <context>
@@ -3367,6 +3418,22 @@ Befehle:
         <source>Go on in the background</source>
         <translation>Im Hintergrund weiter</translation>
     </message>
+    <message>
+        <source>%1 is being downloaded. Stop the download first.</source>
+        <translation>%1 wird gerade heruntergeladen. Halte den Download zuerst an.</translation>
+    </message>
+    <message>
+        <source>%1 could not be removed: %2</source>
+        <translation>%1 konnte nicht entfernt werden: %2</translation>
+    </message>
+    <message>
+        <source>%1 could not be read: %2</source>
+        <translation>%1 konnte nicht gelesen werden: %2</translation>
+    </message>
+    <message>
+        <source>%1 is disabled on this system, so model files cannot be verified</source>
+        <translation>%1 ist auf diesem System abgeschaltet, darum lassen sich Modelldateien nicht prüfen</translation>
+    </message>
 </context>
 <context>
     <name>ModelDownloadError</name>
@@ -3423,6 +3490,41 @@ Befehle:
     <message>
         <source>Download failed: </source>
         <translation>Herunterladen fehlgeschlagen: </translation>
+    </message>
+</context>
+<context>
+    <name>ModelFiles</name>
+    <message>
+        <source>No engine runs %1</source>
+        <translation>Keine Engine kann %1 ausführen</translation>
+    </message>
+    <message>
+        <source>%1 is not a usable model: %2</source>
+        <translation>%1 ist kein brauchbares Modell: %2</translation>
+    </message>
+    <message>
+        <source>The model that looks for words is missing: Settings, Vocabulary tells how to get it.</source>
+        <translation>Das Modell, das nach Wörtern sucht, fehlt: Unter Einstellungen, Wortschatz steht, wie du es bekommst.</translation>
+    </message>
+    <message>
+        <source>%1 is not a complete Parakeet model (%2)</source>
+        <translation>%1 ist kein vollständiges Parakeet-Modell (%2)</translation>
+    </message>
+    <message>
+        <source>. It was not downloaded by vantro and is left alone: %1</source>
+        <translation>. Es wurde nicht von vantro heruntergeladen und bleibt unberührt: %1</translation>
+    </message>
+    <message>
+        <source> and is being replaced right now. Try again later.</source>
+        <translation> und wird gerade ersetzt. Versuche es später erneut.</translation>
+    </message>
+    <message>
+        <source> and cannot be removed.</source>
+        <translation> und lässt sich nicht entfernen.</translation>
+    </message>
+    <message>
+        <source>. It has been removed and will be fetched again.</source>
+        <translation>. Es wurde entfernt und wird neu geladen.</translation>
     </message>
 </context>
 <context>
@@ -4012,6 +4114,14 @@ Befehle:
     <message>
         <source>%1 cannot be written: %2</source>
         <translation>%1 lässt sich nicht schreiben: %2</translation>
+    </message>
+    <message>
+        <source>%1 could not be created: %2</source>
+        <translation>%1 konnte nicht angelegt werden: %2</translation>
+    </message>
+    <message>
+        <source>%1 could not be locked: %2</source>
+        <translation>%1 konnte nicht gesperrt werden: %2</translation>
     </message>
 </context>
 <context>
@@ -4726,6 +4836,109 @@ Befehle:
     </message>
 </context>
 <context>
+    <name>SettingMeaning</name>
+    <message>
+        <source>false: only copy, and show how to paste</source>
+        <translation>false: nur kopieren und zeigen, wie man einfügt</translation>
+    </message>
+    <message>
+        <source>true: the dictated text stays on the clipboard after pasting</source>
+        <translation>true: der diktierte Text bleibt nach dem Einfügen in der Zwischenablage</translation>
+    </message>
+    <message>
+        <source>true: pictures, formatted text and files that were on the clipboard come back after pasting, not only plain text</source>
+        <translation>true: nach dem Einfügen kehren auch Bilder, formatierter Text und Dateien in die Zwischenablage zurück, nicht nur reiner Text</translation>
+    </message>
+    <message>
+        <source>true: a dictation that follows another one in the same window within a minute is joined to it with a space</source>
+        <translation>true: ein Diktat, das im selben Fenster binnen einer Minute auf ein anderes folgt, schließt mit einem Leerzeichen an</translation>
+    </message>
+    <message>
+        <source>true: a short sound when the text is ready</source>
+        <translation>true: ein kurzer Ton, wenn der Text fertig ist</translation>
+    </message>
+    <message>
+        <source>true: the recording lasts as long as the shortcut is held; `vantro shortcuts mode` sets it</source>
+        <translation>true: die Aufnahme dauert so lange, wie das Tastenkürzel gehalten wird; `vantro shortcuts mode` setzt es</translation>
+    </message>
+    <message>
+        <source>or `Custom Device`, `Prioritized`; `vantro devices` sets it</source>
+        <translation>oder `Custom Device`, `Prioritized`; `vantro devices` setzt es</translation>
+    </message>
+    <message>
+        <source>true: switch a Bluetooth headset to its headset profile while recording from it</source>
+        <translation>true: ein Bluetooth-Headset zum Aufnehmen in sein Headset-Profil schalten</translation>
+    </message>
+    <message>
+        <source>the mode a dictation starts in</source>
+        <translation>der Modus, in dem ein Diktat beginnt</translation>
+    </message>
+    <message>
+        <source>the spoken language, as a code such as `en`</source>
+        <translation>die gesprochene Sprache, als Kürzel wie `en`</translation>
+    </message>
+    <message>
+        <source>the speech model; `vantro models select NAME` sets it</source>
+        <translation>das Spracherkennungsmodell; `vantro models select NAME` setzt es</translation>
+    </message>
+    <message>
+        <source>where speech models are downloaded from</source>
+        <translation>woher Spracherkennungsmodelle geladen werden</translation>
+    </message>
+    <message>
+        <source>true: the model stays loaded between dictations</source>
+        <translation>true: das Modell bleibt zwischen Diktaten geladen</translation>
+    </message>
+    <message>
+        <source>the language model of this machine; `vantro models select NAME` sets it</source>
+        <translation>das Sprachmodell dieses Rechners; `vantro models select NAME` setzt es</translation>
+    </message>
+    <message>
+        <source>true: the language model of this machine stays loaded between dictations</source>
+        <translation>true: das Sprachmodell dieses Rechners bleibt zwischen Diktaten geladen</translation>
+    </message>
+    <message>
+        <source>false: recognition starts only when the recording has ended, which uses less power but takes longer</source>
+        <translation>false: erkannt wird erst nach dem Ende der Aufnahme; das spart Strom, dauert aber länger</translation>
+    </message>
+    <message>
+        <source>true: the panel shows what was understood until the last pause</source>
+        <translation>true: das Fenster zeigt, was bis zur letzten Pause verstanden wurde</translation>
+    </message>
+    <message>
+        <source>`light` or `dark`</source>
+        <translation>`light` (hell) oder `dark` (dunkel)</translation>
+    </message>
+    <message>
+        <source>true: no animations</source>
+        <translation>true: keine Animationen</translation>
+    </message>
+    <message>
+        <source>how long dictations stay in the history: a number of days, or `never`, which deletes those that are there</source>
+        <translation>wie lange Diktate im Verlauf bleiben: eine Anzahl von Tagen oder `never`, das die vorhandenen löscht</translation>
+    </message>
+    <message>
+        <source>how long recordings are kept with their dictations: a number of days, `forever`, or `never`, which deletes those that are there</source>
+        <translation>wie lange Aufnahmen bei ihren Diktaten bleiben: eine Anzahl von Tagen, `forever` oder `never`, das die vorhandenen löscht</translation>
+    </message>
+    <message>
+        <source>what kept recordings may take on the disk, in MB: beyond it the oldest are deleted</source>
+        <translation>wie viel Platz aufbewahrte Aufnahmen belegen dürfen, in MB: darüber hinaus werden die ältesten gelöscht</translation>
+    </message>
+    <message>
+        <source>false: the words dictated each day are not counted, and those counted are forgotten</source>
+        <translation>false: die täglich diktierten Wörter werden nicht gezählt und die gezählten vergessen</translation>
+    </message>
+    <message>
+        <source>true: check for updates at startup</source>
+        <translation>true: beim Start nach neuen Versionen sehen</translation>
+    </message>
+    <message>
+        <source>paste keystrokes of more windows, as JSON: `{&quot;my-terminal&quot;: &quot;Ctrl+Shift+V&quot;}`</source>
+        <translation>Einfügetasten weiterer Fenster, als JSON: `{&quot;mein-terminal&quot;: &quot;Ctrl+Shift+V&quot;}`</translation>
+    </message>
+</context>
+<context>
     <name>Settings</name>
     <message>
         <source>General</source>
@@ -4811,29 +5024,6 @@ Befehle:
     </message>
 </context>
 <context>
-    <name>ShortcutValidator</name>
-    <message>
-        <source>Start a dictation</source>
-        <translation>Ein Diktat beginnen</translation>
-    </message>
-    <message>
-        <source>End the recording</source>
-        <translation>Die Aufnahme beenden</translation>
-    </message>
-    <message>
-        <source>Cancel the dictation</source>
-        <translation>Das Diktat abbrechen</translation>
-    </message>
-    <message>
-        <source>Choose mode %1</source>
-        <translation>Modus %1 wählen</translation>
-    </message>
-    <message>
-        <source>Paste as spoken</source>
-        <translation>Gesprochenes einfügen</translation>
-    </message>
-</context>
-<context>
     <name>ShortcutWindow</name>
     <message>
         <source>Shortcut</source>
@@ -4895,6 +5085,69 @@ Befehle:
     <message>
         <source>When off, what has been counted is forgotten.</source>
         <translation>Ausgeschaltet wird vergessen, was gezählt wurde.</translation>
+    </message>
+</context>
+<context>
+    <name>StoreError</name>
+    <message>
+        <source>the day was deleted</source>
+        <translation>der Tag wurde gelöscht</translation>
+    </message>
+    <message>
+        <source>The folder %1 cannot be created</source>
+        <translation>Der Ordner %1 lässt sich nicht anlegen</translation>
+    </message>
+    <message>
+        <source>The history %1 cannot be written to: %2</source>
+        <translation>Der Verlauf %1 lässt sich nicht schreiben: %2</translation>
+    </message>
+    <message>
+        <source>Qt&apos;s SQLite driver is missing: install the package libqt6sql6-sqlite</source>
+        <translation>Der SQLite-Treiber von Qt fehlt: installiere das Paket libqt6sql6-sqlite</translation>
+    </message>
+    <message>
+        <source>The history %1 has been deleted, moved or replaced while it was in use. What was only in that file is gone with it; what follows goes into the file that is there now</source>
+        <translation>Der Verlauf %1 wurde gelöscht, verschoben oder ersetzt, während er in Gebrauch war. Was nur in jener Datei stand, ist mit ihr fort; was folgt, kommt in die jetzige Datei</translation>
+    </message>
+    <message>
+        <source>Nothing more can be written to the history %1: is a quota used up?</source>
+        <translation>In den Verlauf %1 passt nichts mehr: Ist ein Kontingent aufgebraucht?</translation>
+    </message>
+    <message>
+        <source>The history %1 is locked by another program: end that program and try again</source>
+        <translation>Der Verlauf %1 ist von einem anderen Programm gesperrt: beende es und versuche es erneut</translation>
+    </message>
+    <message>
+        <source>There is no space left on the disk for the history %1: free some space</source>
+        <translation>Auf dem Datenträger ist kein Platz mehr für den Verlauf %1: schaffe Platz</translation>
+    </message>
+    <message>
+        <source>The history %1 cannot be written to</source>
+        <translation>Der Verlauf %1 lässt sich nicht schreiben</translation>
+    </message>
+    <message>
+        <source>The history %1 is damaged (%2) and was left unchanged: replace it with a backup or move it away</source>
+        <translation>Der Verlauf %1 ist beschädigt (%2) und blieb unverändert: ersetze ihn durch eine Sicherung oder verschiebe ihn</translation>
+    </message>
+    <message>
+        <source>The history %1 cannot be opened: check that you can write to its folder and files</source>
+        <translation>Der Verlauf %1 lässt sich nicht öffnen: prüfe, ob du seinen Ordner und seine Dateien schreiben darfst</translation>
+    </message>
+    <message>
+        <source>The history %1 cannot be used: %2</source>
+        <translation>Der Verlauf %1 lässt sich nicht benutzen: %2</translation>
+    </message>
+    <message>
+        <source>Failed to load persistent stores: </source>
+        <translation>Der Verlauf konnte nicht geladen werden: </translation>
+    </message>
+    <message>
+        <source>The history %1 was written by a newer version of vantro (schema %2, this one knows %3): install that version</source>
+        <translation>Den Verlauf %1 hat eine neuere Version von vantro geschrieben (Schema %2, diese kennt %3): installiere jene Version</translation>
+    </message>
+    <message>
+        <source>The file %1 is another program&apos;s database: move it away</source>
+        <translation>Die Datei %1 ist die Datenbank eines anderen Programms: verschiebe sie</translation>
     </message>
 </context>
 <context>
@@ -5047,6 +5300,13 @@ Befehle:
     <message>
         <source>OK</source>
         <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>UserDefaults</name>
+    <message>
+        <source>the settings file %1 cannot be written: nothing is changed</source>
+        <translation>die Einstellungsdatei %1 lässt sich nicht schreiben: nichts ist geändert</translation>
     </message>
 </context>
 <context>

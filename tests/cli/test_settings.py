@@ -38,7 +38,7 @@ class SettingsCase(unittest.TestCase):
         self.env = {name: value for name, value in os.environ.items()
                     if not name.startswith("XDG_") and name not in ("DISPLAY", "DBUS_SESSION_BUS_ADDRESS")}
         self.env |= {"XDG_DATA_HOME": str(self.profile / "data"), "XDG_CONFIG_HOME": str(self.profile / "config"),
-                     "DISPLAY": ":99999", "DBUS_SESSION_BUS_ADDRESS": "unix:path=/nowhere"}
+                     "DISPLAY": ":99999", "DBUS_SESSION_BUS_ADDRESS": "unix:path=/nowhere", "LC_ALL": "C.UTF-8"}
         self.folder = self.profile / "config/vantro"
         self.file = self.folder / "vantro.ini"
 

@@ -24,7 +24,8 @@ class VocabularyCase(unittest.TestCase):
     def setUp(self):
         self.profile = Path(self.enterContext(tempfile.TemporaryDirectory(prefix="vantro-vocabulary-")))
         self.env = {name: value for name, value in os.environ.items() if not name.startswith("XDG_")}
-        self.env |= {"XDG_DATA_HOME": str(self.profile / "data"), "XDG_CONFIG_HOME": str(self.profile / "config")}
+        self.env |= {"XDG_DATA_HOME": str(self.profile / "data"), "XDG_CONFIG_HOME": str(self.profile / "config"),
+                     "LC_ALL": "C.UTF-8"}
 
     def run_vantro(self, *words, code=0):
         outcome = subprocess.run([PROGRAM, *words], env=self.env, capture_output=True, text=True, stdin=subprocess.DEVNULL)

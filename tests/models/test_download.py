@@ -55,7 +55,7 @@ class DownloadCase(unittest.TestCase):
                  if not name.lower().endswith("_proxy") and not name.startswith(("XDG_", "VANTRO_", "SSL_CERT"))}
         self.env = clean | {"HOME": str(self.profile), "XDG_DATA_HOME": str(self.profile / "data"),
                             "XDG_CONFIG_HOME": str(self.profile / "config"), "XDG_DATA_DIRS": str(self.profile / "usr"),
-                            "LANG": "C.UTF-8"}
+                            "LC_ALL": "C.UTF-8"}
 
     def run_models(self, *arguments, host=None, env=None, prefix=()):
         command = [*prefix, PROGRAM, "models", *arguments, *(["--model-host", host] if host else [])]

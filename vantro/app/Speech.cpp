@@ -4,6 +4,8 @@
 #include "base/Logger.h"
 #include "base/Settings.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 #include <iterator>
 #include <utility>
@@ -83,7 +85,7 @@ TranscriptionModel Speech::describe(const QString& file) const
         if (auto model = engine->describe(file))
             return *model;
     }
-    throw Error(QStringLiteral("No engine runs %1").arg(file));
+    throw Error(QCoreApplication::translate("ModelFiles", "No engine runs %1").arg(file));
 }
 
 } // namespace vantro

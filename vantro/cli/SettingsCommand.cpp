@@ -38,9 +38,9 @@ const SettingKey& settingFrom(const QString& name)
     return **found;
 }
 
-QString withoutMarkup(const char* meaning)
+QString meaningOf(const SettingKey& setting)
 {
-    return QString::fromUtf8(meaning).remove(QLatin1Char('`'));
+    return QCoreApplication::translate("SettingMeaning", setting.meaning).remove(QLatin1Char('`'));
 }
 
 WrongUsage notA(const QString& value, const QString& what)
@@ -188,7 +188,7 @@ QJsonObject toJson(const UserDefaults& defaults, const SettingKey& setting)
             {QStringLiteral("value"), jsonOf(shown(defaults, setting), setting.kind)},
             {QStringLiteral("is_default"), !defaults.contains(setting.key)},
             {QStringLiteral("default"), QString::fromUtf8(setting.otherwise)},
-            {QStringLiteral("meaning"), withoutMarkup(setting.meaning)}};
+            {QStringLiteral("meaning"), meaningOf(setting)}};
 }
 
 int list(const CommandCall& call)
@@ -199,7 +199,7 @@ int list(const CommandCall& call)
     std::vector<QStringList> rows{{Command::tr("KEY"), Command::tr("VALUE"), Command::tr("MEANING")}};
     for (const SettingKey* each : setting::documented) {
         array.append(toJson(defaults, *each));
-        rows.push_back({each->key, terminal::singleLine(shown(defaults, *each)), withoutMarkup(each->meaning)});
+        rows.push_back({each->key, terminal::singleLine(shown(defaults, *each)), meaningOf(*each)});
     }
     if (call.json())
         terminal::writeJson(array);

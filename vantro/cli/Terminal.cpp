@@ -1,5 +1,7 @@
 #include "vantro/cli/Terminal.h"
 
+#include "vantro/cli/Command.h"
+
 #include <QJsonDocument>
 
 #include <langinfo.h>
@@ -69,12 +71,15 @@ void terminal::writeJson(const QJsonArray& array)
 
 bool terminal::ask(const QString& question)
 {
-    std::fprintf(stderr, "%s [y/N] ", qUtf8Printable(question));
+    //: What is typed for yes, in lower case, and the choice after a question.
+    const QString yes = Command::tr("y");
+    std::fprintf(stderr, "%s %s ", qUtf8Printable(question), qUtf8Printable(Command::tr("[y/N]")));
     std::fflush(stderr);
     std::array<char, 16> answer{};
     if (std::fgets(answer.data(), static_cast<int>(answer.size()), stdin) == nullptr)
         return false;
-    return answer[0] == 'y' || answer[0] == 'Y';
+    const QString typed = QString::fromLocal8Bit(answer.data()).toLower();
+    return typed.startsWith(QLatin1Char('y')) || typed.startsWith(yes);
 }
 
 QString terminal::printable(const QString& text)

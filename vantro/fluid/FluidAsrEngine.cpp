@@ -126,7 +126,8 @@ std::shared_ptr<const asr::CtcModel> FluidAsrEngine::loadCtcModel(const QString&
     } catch (const asr::ASRError& error) {
         if (error.kind() != asr::ASRError::Kind::modelLoadFailed)
             throw;
-        throw Error(QStringLiteral("%1 is not a usable model: %2").arg(file, QString::fromStdString(error.detail())));
+        throw Error(QCoreApplication::translate("ModelFiles", "%1 is not a usable model: %2")
+                        .arg(file, QString::fromStdString(error.detail())));
     }
 }
 
@@ -135,8 +136,8 @@ FluidVocabularyBuild FluidAsrEngine::buildPipeline(const FluidVocabulary& vocabu
 {
     try {
         if (vocabulary.modelFile.isEmpty())
-            throw Error(
-                QStringLiteral("The model that looks for words is missing: Settings, Vocabulary tells how to get it."));
+            throw Error(QCoreApplication::translate(
+                "ModelFiles", "The model that looks for words is missing: Settings, Vocabulary tells how to get it."));
         if (ctcModel_ == nullptr || ctcModelFile_ != modelFile) {
             ctcModel_.reset();
             ctcModel_ = loadCtcModel(vocabulary.modelFile);

@@ -8,6 +8,7 @@
 #include "vantro/models/FileVersion.h"
 #include "vantro/models/PartFile.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 #include <QHash>
@@ -119,19 +120,23 @@ ModelCheck FluidModelFiles::check(const TranscriptionModel& model) const
     const QString damage = damageOf(path);
     if (damage.isEmpty())
         return {true, {}};
-    const QString problem =
-        QStringLiteral("%1 is not a complete Parakeet model (%2)").arg(QFileInfo(path).fileName(), damage);
+    const QString problem = QCoreApplication::translate("ModelFiles", "%1 is not a complete Parakeet model (%2)")
+                                .arg(QFileInfo(path).fileName(), damage);
     if (path != ownFile(model))
-        return {false, problem + QStringLiteral(". It was not downloaded by vantro and is left alone: %1").arg(path)};
+        return {false, problem + QCoreApplication::translate("ModelFiles",
+                                                             ". It was not downloaded by vantro and is left alone: %1")
+                                     .arg(path)};
     // A running download may be about to replace the file.
     const auto lock = PartFile(path).tryLock();
     if (!lock)
-        return {false, problem + QStringLiteral(" and is being replaced right now. Try again later.")};
+        return {false, problem + QCoreApplication::translate("ModelFiles",
+                                                             " and is being replaced right now. Try again later.")};
     printLine(QStringLiteral("Error: Invalid model file detected - removing corrupted file: ") +
               QFileInfo(path).fileName());
     if (!QFile::remove(path))
-        return {false, problem + QStringLiteral(" and cannot be removed.")};
-    return {false, problem + QStringLiteral(". It has been removed and will be fetched again.")};
+        return {false, problem + QCoreApplication::translate("ModelFiles", " and cannot be removed.")};
+    return {false,
+            problem + QCoreApplication::translate("ModelFiles", ". It has been removed and will be fetched again.")};
 }
 
 qint64 FluidModelFiles::remove(const TranscriptionModel& model) const

@@ -2,6 +2,7 @@
 
 #include "vantro/models/ModelDownloadError.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QJsonDocument>
@@ -99,12 +100,13 @@ qint64 PartFile::removeAll()
         return 0;
     const auto lock = tryLock();
     if (!lock)
-        throw Error(
-            QStringLiteral("%1 is being downloaded. Stop the download first.").arg(QFileInfo(destination_).fileName()));
+        throw Error(QCoreApplication::translate("ModelDownload", "%1 is being downloaded. Stop the download first.")
+                        .arg(QFileInfo(destination_).fileName()));
     const qint64 freed = file.size() + bytes();
     discard();
     if (file.exists() && !file.remove())
-        throw Error(QStringLiteral("%1 could not be removed: %2").arg(destination_, file.errorString()));
+        throw Error(QCoreApplication::translate("ModelDownload", "%1 could not be removed: %2")
+                        .arg(destination_, file.errorString()));
     return freed;
 }
 

@@ -2,6 +2,8 @@
 
 #include "base/Error.h"
 
+#include <QCoreApplication>
+
 #include <openssl/evp.h>
 
 #include <array>
@@ -21,14 +23,16 @@ struct DigestDeleter
 
 Error unreadable(const QFile& file)
 {
-    return Error(QStringLiteral("%1 could not be read: %2").arg(file.fileName(), file.errorString()));
+    return Error(QCoreApplication::translate("ModelDownload", "%1 could not be read: %2")
+                     .arg(file.fileName(), file.errorString()));
 }
 
 QString digestOf(QFile& file, const EVP_MD* algorithm)
 {
     const std::unique_ptr<EVP_MD_CTX, DigestDeleter> digest(EVP_MD_CTX_new());
     if (!digest || EVP_DigestInit_ex(digest.get(), algorithm, nullptr) != 1)
-        throw Error(QStringLiteral("%1 is disabled on this system, so model files cannot be verified")
+        throw Error(QCoreApplication::translate("ModelDownload",
+                                                "%1 is disabled on this system, so model files cannot be verified")
                         .arg(QLatin1String(EVP_MD_get0_name(algorithm))));
     std::vector<char> chunk(hashedAtOnceBytes);
     qint64 count = 0;

@@ -3,6 +3,7 @@
 #include "base/SampleFormat.h"
 #include "vantro/sound/Resampler.h"
 
+#include <QCoreApplication>
 #include <QFile>
 
 #include <sndfile.h>
@@ -80,7 +81,8 @@ std::vector<float> readMono16k(SNDFILE* file, const SF_INFO& info)
     std::vector<float> mono(blockFrames);
     const auto resampler = Resampler::create(info.samplerate);
     if (!resampler)
-        throw AudioFileError(QStringLiteral("its sample rate of %1 Hz cannot be converted").arg(info.samplerate));
+        throw AudioFileError(QCoreApplication::translate("AudioFile", "its sample rate of %1 Hz cannot be converted")
+                                 .arg(info.samplerate));
     const auto append = [&samples](std::span<const float> converted) {
         samples.insert(samples.end(), converted.begin(), converted.end());
     };
@@ -125,9 +127,10 @@ AudioFile AudioFile::read(const QString& path)
             throw AudioFileError(QString::fromUtf8(sf_strerror(nullptr)));
         return {readMono16k(file.get(), info)};
     } catch (const AudioFileError& error) {
-        throw AudioFileError(QStringLiteral("%1 cannot be read as audio: %2")
-                                 .arg(path == QLatin1String("-") ? QStringLiteral("standard input") : path,
-                                      error.localizedDescription().trimmed()));
+        throw AudioFileError(
+            QCoreApplication::translate("AudioFile", "%1 cannot be read as audio: %2")
+                .arg(path == QLatin1String("-") ? QCoreApplication::translate("AudioFile", "standard input") : path,
+                     error.localizedDescription().trimmed()));
     }
 }
 

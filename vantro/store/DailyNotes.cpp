@@ -2,6 +2,7 @@
 #include "base/Logger.h"
 #include "vantro/store/CoreDataStack.h"
 
+#include <QCoreApplication>
 #include <QTimeZone>
 
 namespace vantro {
@@ -129,7 +130,7 @@ QCoro::Task<QString> CoreDataStack::regenerateSummary(DailyNote day, std::shared
         const QString summary = co_await formatting;
         step = dayNotReloaded;
         if (countDailyNotes({day.objectID, day.objectID}) == 0)
-            throw StoreError(QStringLiteral("the day was deleted"));
+            throw StoreError(QCoreApplication::translate("StoreError", "the day was deleted"));
         step = summaryNotSaved;
         setSummary(day.objectID, summary);
         summaryStored(day.objectID, notes.size());

@@ -3,6 +3,7 @@
 #include "base/Logger.h"
 #include "vantro/store/StoreSchema.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -85,7 +86,7 @@ void PersistentContainer::makeFile() const
     const QByteArray name = QFile::encodeName(path_);
     const QString folder = QFileInfo(path_).path();
     if (!QDir().mkpath(folder))
-        throw StoreError(QStringLiteral("The folder %1 cannot be created").arg(folder));
+        throw StoreError(QCoreApplication::translate("StoreError", "The folder %1 cannot be created").arg(folder));
     const int made = ::open(name.constData(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, S_IRUSR | S_IWUSR);
     if (made >= 0) {
         ::close(made);
@@ -93,7 +94,8 @@ void PersistentContainer::makeFile() const
     }
     // Not opened here: closing the file would drop the locks of this process's other connections (POSIX locks).
     if (errno != EEXIST || ::access(name.constData(), R_OK | W_OK) != 0)
-        throw StoreError(QStringLiteral("The history %1 cannot be written to: %2").arg(path_, qt_error_string(errno)));
+        throw StoreError(QCoreApplication::translate("StoreError", "The history %1 cannot be written to: %2")
+                             .arg(path_, qt_error_string(errno)));
     QFile::setPermissions(path_, QFileDevice::ReadOwner | QFileDevice::WriteOwner);
 }
 
@@ -121,7 +123,8 @@ void PersistentContainer::configure() const
     if (database_.isValid())
         return;
     if (!QSqlDatabase::isDriverAvailable(driverName))
-        throw StoreError(QStringLiteral("Qt's SQLite driver is missing: install the package libqt6sql6-sqlite"));
+        throw StoreError(QCoreApplication::translate(
+            "StoreError", "Qt's SQLite driver is missing: install the package libqt6sql6-sqlite"));
     database_ = QSqlDatabase::addDatabase(driverName, connection_);
     database_.setConnectOptions(QStringLiteral("QSQLITE_BUSY_TIMEOUT=%1").arg(busyTimeout.count()));
     database_.setDatabaseName(isInMemory() ? QStringLiteral(":memory:") : path_);
@@ -155,10 +158,11 @@ bool PersistentContainer::takeLogIn() const
 void PersistentContainer::leaveFormerFile() const
 {
     Logger("PersistentContainer")
-        .error(
-            QStringLiteral("The history %1 has been deleted, moved or replaced while it was in use. What was only in "
-                           "that file is gone with it; what follows goes into the file that is there now")
-                .arg(path_));
+        .error(QCoreApplication::translate(
+                   "StoreError",
+                   "The history %1 has been deleted, moved or replaced while it was in use. What was only in "
+                   "that file is gone with it; what follows goes into the file that is there now")
+                   .arg(path_));
     const bool isItsLog = log_ && identityOf(logOf(path_)) == log_;
     const bool isWhole = takeLogIn();
     database_.close();

@@ -3,6 +3,7 @@
 #include "vantro/store/PersistentContainer.h"
 #include "vantro/store/SearchText.h"
 
+#include <QCoreApplication>
 #include <QVariant>
 
 #include <array>
@@ -93,14 +94,17 @@ void StoreSchema::check(const PersistentContainer& container)
     const int tables = container.value(QStringLiteral("SELECT count(*) FROM sqlite_schema")).toInt();
     const bool isOurs = integerPragma(container, "application_id") == applicationID;
     if (isOurs && version > currentVersion)
-        throw StoreError(QStringLiteral("The history %1 was written by a newer version of vantro (schema %2, this one "
+        throw StoreError(
+            QCoreApplication::translate("StoreError",
+                                        "The history %1 was written by a newer version of vantro (schema %2, this one "
                                         "knows %3): install that version")
-                             .arg(container.path())
-                             .arg(version)
-                             .arg(currentVersion));
+                .arg(container.path())
+                .arg(version)
+                .arg(currentVersion));
     if (!isOurs && (tables > 0 || version != 0))
         throw StoreError(
-            QStringLiteral("The file %1 is another program's database: move it away").arg(container.path()));
+            QCoreApplication::translate("StoreError", "The file %1 is another program's database: move it away")
+                .arg(container.path()));
 }
 
 void StoreSchema::migrate(const PersistentContainer& container)

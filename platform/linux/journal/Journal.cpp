@@ -1,6 +1,8 @@
 #define SD_JOURNAL_SUPPRESS_LOCATION // it would always be this file's
 #include "platform/SystemLog.h"
 
+#include <QCoreApplication>
+
 #include <sys/stat.h>
 #include <syslog.h>
 #include <systemd/sd-journal.h>
@@ -75,7 +77,8 @@ QString read(const QString& since, bool follow)
         argv.push_back(argument.data());
     argv.push_back(nullptr);
     execvp(argv.front(), argv.data());
-    return QStringLiteral("journalctl could not be started: ") + QString::fromLocal8Bit(std::strerror(errno));
+    return QCoreApplication::translate("Journal", "journalctl could not be started: ") +
+           QString::fromLocal8Bit(std::strerror(errno));
 }
 
 } // namespace vantro::systemlog
