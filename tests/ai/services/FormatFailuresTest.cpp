@@ -4,6 +4,7 @@
 #include <QScopeGuard>
 #include <QTcpServer>
 #include <QThread>
+
 #include <gmock/gmock.h>
 
 using namespace std::chrono_literals;
