@@ -11,7 +11,7 @@ namespace {
 
 std::atomic<int> suspensions{0};
 
-/// The locale "C" asks for no language, even when LANGUAGE names some, as for other programs.
+/// The locale "C", also as "C.UTF-8", asks for no language, even when LANGUAGE names some.
 bool isLanguageWanted()
 {
     for (const char* name : {"LC_ALL", "LC_MESSAGES", "LANG"}) {

@@ -50,7 +50,7 @@ class TranscribeTest(unittest.TestCase):
             raise unittest.SkipTest("there is no built program; VANTRO_PROGRAM can name one")
         cls.folder = Path(cls.enterClassContext(tempfile.TemporaryDirectory(prefix="vantro-transcribe-")))
         cls.env = os.environ | {name: str(cls.folder / name.lower()) for name in
-                                ("XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME")}
+                                ("XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME")} | {"LC_ALL": "C.UTF-8"}
         models = cls.folder / "xdg_data_home" / "vantro" / "models"
         subprocess.run([ROOT / "scripts" / "get-model", "--dir", models], check=True, stdout=subprocess.DEVNULL)
         cls.model = models / "ggml-tiny.en.bin"

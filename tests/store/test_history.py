@@ -41,7 +41,7 @@ class HistoryCase(unittest.TestCase):
         self.file = self.folder / "MainModel.sqlite"
         self.env = {name: value for name, value in os.environ.items() if not name.startswith("XDG_")}
         self.env |= {"XDG_DATA_HOME": str(self.profile / "data"), "XDG_CONFIG_HOME": str(self.profile / "config"),
-                     "TZ": "Europe/Berlin", "LC_ALL": "C.UTF-8"}
+                     "TZ": "Europe/Berlin", "LC_ALL": "C.UTF-8", "LANGUAGE": ""}
 
     def install(self):
         self.folder.mkdir(parents=True)
