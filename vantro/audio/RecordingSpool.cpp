@@ -110,7 +110,7 @@ void Recording::finish(const std::vector<float>& samples)
     pulse_.reset();
     collector_.reset();
     mayHoldSpeech_ = vantro::mayHoldSpeech(samples);
-    std::ignore = spool_.executor_.run([store = store_, copied = copied_, samples]() mutable {
+    std::ignore = spool_.executor_.run([store = store_, copied = copied_, samples = samples]() mutable {
         store->write([&](RecordingFile& file) { file.append(std::span(samples).subspan(copied)); });
         if (!store->isWhole)
             store->samples = std::move(samples);
@@ -166,7 +166,7 @@ std::shared_ptr<Recording> RecordingSpool::keep(std::shared_ptr<const SampleColl
                 log(QStringLiteral("Recordings are not kept: ") + error.localizedDescription());
         }
     });
-    const std::shared_ptr<Recording> recording(new Recording(*this, id, header, std::move(store)));
+    std::shared_ptr<Recording> recording(new Recording(*this, id, header, std::move(store)));
     recording->follow(std::move(collector));
     return recording;
 }
