@@ -212,7 +212,7 @@
     </message>
     <message>
         <source>What dictations into the windows of one application are like, where that differs from the rest.</source>
-        <translation>Wie Diktate in die Fenster eines Programms sind, wo es von den anderen abweicht.</translation>
+        <translation>Wie Diktate in den Fenstern eines Programms geschrieben werden, wenn anders als sonst.</translation>
     </message>
     <message>
         <source>The rule for %1 has been removed.</source>
@@ -349,7 +349,7 @@ APPLICATION is the class of its windows, such as thunderbird or xfce4-terminal, 
 tell it. In the launcher another mode can still be chosen. Terminals and Emacs need no rule for their paste keys.
 
 Exit status: 0 done, 1 failed, 2 wrong usage, 3 no such rule or mode, 5 the settings cannot be written.</source>
-        <translation>Wie Diktate in die Fenster eines Programms sind, wo es von den anderen abweicht.
+        <translation>Wie Diktate in den Fenstern eines Programms geschrieben werden, wenn anders als sonst.
 
   list              Listet die Regeln auf. Das ist die Vorgabe.
   set APPLICATION   Legt die Regel eines Programms an oder ändert sie.
@@ -408,7 +408,7 @@ lassen sich nicht schreiben.</translation>
     </message>
     <message>
         <source>Show and change what dictations into an application are like.</source>
-        <translation>Zeigt und ändert, wie Diktate in ein Programm sind.</translation>
+        <translation>Zeigt und ändert, wie Diktate in einzelnen Programmen geschrieben werden.</translation>
     </message>
     <message>
         <source>needs an APPLICATION</source>
