@@ -97,6 +97,8 @@ class Program:
 
     def log_tail(self, lines=15):
         state = "" if self.running else f"\n  {self.name} ended with {self.exit_code}"
+        if state and self.exit_code < 0:
+            lines *= 5  # with the whole trace of a crash
         return state + "".join(f"\n  {self.name}| {line}" for line in tail(self.log, lines))
 
     def _signal_group(self, sig):

@@ -40,6 +40,13 @@ void limitOpenMpSpin(char** argv)
     // If that fails, transcriptions are slower on a busy machine.
 }
 
+/// ggml sets this variable where it is not set, on the thread that loads the first model, while other threads may read
+/// the environment: the program crashed in getenv() now and then, in the first dictation after its start.
+void settleEnvironment()
+{
+    setenv("KMP_BLOCKTIME", "200", 0);
+}
+
 std::vector<vantro::LogSink> logSinksFor(const vantro::CommandLine& commandLine)
 {
     if (commandLine.startsProgram())
@@ -49,6 +56,7 @@ std::vector<vantro::LogSink> logSinksFor(const vantro::CommandLine& commandLine)
 
 int run(int argc, char** argv)
 {
+    settleEnvironment();
     const vantro::CommandLine commandLine(argc, argv);
     if (commandLine.recognisesSpeech())
         limitOpenMpSpin(argv);
