@@ -114,7 +114,8 @@ class ModesTest(DictationCase):
         self.assertEqual(names, ["Normal", "Email", "Grammar", "Translate", "Notes"])
         self.dictate(CHILD)
         self.wait_until_over()
-        self.assertEqual(words(self.arrived())[-len(CHILD_WORDS):], CHILD_WORDS, "the default is Normal again")
+        self.wait(lambda: words(self.arrived())[-len(CHILD_WORDS):] == CHILD_WORDS, 10,
+                  "the words themselves: the default is Normal again")
         self.command("modes", "default", "Normal")
 
     def test_a_digit_that_the_layout_has_with_shift_is_chosen_by_its_key(self):
