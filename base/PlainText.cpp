@@ -1,7 +1,5 @@
 #include "base/PlainText.h"
 
-#include <algorithm>
-
 namespace vantro {
 
 QString withoutControlCharacters(QString text)

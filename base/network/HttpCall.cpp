@@ -172,7 +172,9 @@ void HttpCall::answer()
                             .redirectedTo = target.isEmpty() ? QString()
                                                              : request_.url.resolved(target).toString(
                                                                    QUrl::RemoveQuery | QUrl::RemoveUserInfo),
-                            .body = std::exchange(body_, {})};
+                            .body = std::exchange(body_, {}),
+                            .host = network::authorityOf(request_.url),
+                            .hasDeclaredLength = reply_->hasRawHeader("Content-Length")};
     try {
         promise_->addResult(read_(answer));
         end(nullptr);

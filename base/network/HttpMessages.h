@@ -26,6 +26,10 @@ struct HttpAnswer
     /// Where a redirect leads that was not followed, without its query.
     QString redirectedTo;
     QByteArray body;
+    QString host; ///< as messages name it
+    /// Whether the server said how long the body is. Where it did not, a connection that ended too early may look like
+    /// the end of the body.
+    bool hasDeclaredLength = false;
 };
 
 } // namespace vantro

@@ -5,8 +5,6 @@
 #include <QTcpServer>
 #include <QThread>
 
-#include <gmock/gmock.h>
-
 using namespace std::chrono_literals;
 using namespace vantro;
 
@@ -134,13 +132,19 @@ TEST_F(FormatFailures, ABrokenConnectionNamesTheHost)
         cut.description(),
         QStringLiteral("Network error: The connection to %1 was lost before the response was complete. Try again.")
             .arg(place()));
-    // Qt takes a connection that ends within a chunk for a whole answer if it reads both at once. It is no answer
-    // either way.
-    EXPECT_THAT(
-        formatWith({{QStringLiteral("raw"), QStringLiteral("HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n"
-                                                           "10\r\n{\"choices\": []")}})
-            .description(),
-        ::testing::AnyOf(cut.description(), QStringLiteral("Invalid response from API")));
+    // Qt tells of it, or takes what it has for the whole, depending on what it reads at once.
+    for (const char* part : {"{\"choices\": []", "{\"choices\": [", "{\"choices\": [{\"mess"}) {
+        EXPECT_EQ(formatWith({{QStringLiteral("raw"),
+                               QStringLiteral("HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n40\r\n") +
+                                   QLatin1String(part)}})
+                      .description(),
+                  cut.description())
+            << "in the middle of a chunk";
+        EXPECT_EQ(formatWith({{QStringLiteral("raw"), QStringLiteral("HTTP/1.0 200 OK\r\n\r\n") + QLatin1String(part)}})
+                      .description(),
+                  cut.description())
+            << "no length at all";
+    }
 
     const auto before = server.requests().size();
     EXPECT_EQ(

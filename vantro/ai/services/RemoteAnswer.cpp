@@ -1,6 +1,7 @@
 #include "vantro/ai/services/RemoteAnswer.h"
 
 #include "base/PlainText.h"
+#include "base/network/NetworkError.h"
 #include "vantro/ai/AnswerSetAside.h"
 #include "vantro/ai/services/RemoteFormatError.h"
 
@@ -107,11 +108,24 @@ QString RemoteAnswer::text(Path path) const
         throw AnswerSetAside(AnswerSetAside::Doubt::cutOff, text);
     if (isRefused(content.end))
         throw AnswerSetAside(AnswerSetAside::Doubt::refused, text);
-    if (!content.text.isString())
+    if (!content.text.isString()) {
+        requireWhole();
         throw RemoteFormatError(RemoteFormatError::Kind::invalidResponse);
+    }
     if (text.trimmed().isEmpty())
         throw AnswerSetAside(AnswerSetAside::Doubt::empty, text);
     return text;
+}
+
+void RemoteAnswer::requireWhole() const
+{
+    QJsonParseError error;
+    QJsonDocument::fromJson(answer_.body, &error);
+    using enum QJsonParseError::ParseError;
+    const bool endsEarly =
+        error.error == UnterminatedObject || error.error == UnterminatedArray || error.error == UnterminatedString;
+    if (endsEarly && !answer_.hasDeclaredLength)
+        throw NetworkError::cutOff(answer_.host);
 }
 
 void RemoteAnswer::check() const

@@ -30,6 +30,8 @@ public:
     [[nodiscard]] QString text(Path path) const;
     /// Throws RemoteFormatError unless the status is 200.
     void check() const;
+    /// Throws NetworkError if the connection was lost within the body.
+    void requireWhole() const;
     [[nodiscard]] int status() const { return answer_.status; }
     [[nodiscard]] const QByteArray& body() const { return answer_.body; }
 

@@ -143,8 +143,10 @@ QCoro::Task<QStringList> RemoteFormatService::models(QString keychainIdentifier)
         const RemoteAnswer remote(label, answer);
         remote.check();
         const QStringList names = path(QJsonDocument::fromJson(remote.body()).object());
-        if (names.isEmpty())
+        if (names.isEmpty()) {
+            remote.requireWhole();
             throw RemoteFormatError(RemoteFormatError::Kind::invalidResponse);
+        }
         return names.join(nameSeparator);
     };
     const QJsonObject noBody;
