@@ -69,6 +69,11 @@ class TranscribeTest(unittest.TestCase):
         files = [convert(CHILD, self.folder / f"child.{form}", form) for form in _FORMATS]
         self.check(self.transcribe(*files, TABLE), *[CHILD_WORDS] * len(files), TABLE_WORDS)
 
+    def test_only_the_first_thread_changes_the_environment(self):
+        watch = self.program.parent.parent / "tests" / "vantro_environment_watch.so"
+        self.assertTrue(watch.exists())
+        self.check(self.transcribe(CHILD, env={"LD_PRELOAD": str(watch)}), CHILD_WORDS)
+
     def test_standard_input_is_a_file_too(self):
         self.check(self.transcribe("--language", "en", "-", stdin=CHILD.read_bytes()), CHILD_WORDS)
 
