@@ -5,9 +5,9 @@ import sys
 from pathlib import Path
 
 from desktop import accepts_connections
-from vantro import LAUNCHER_TIMEOUT_S, ROOT, Vantro
+from vantro import ROOT
 from waylandclient import FakeInput, PlasmaWindows
-from waylanddesktop import WaylandDesktop, WaylandDisplay
+from waylanddesktop import WaylandDesktop, WaylandDisplay, WaylandVantro
 from xdisplay import Window
 
 NEEDED = ("kwin_wayland",)
@@ -96,15 +96,11 @@ class KwinDesktop(WaylandDesktop):
         return int(answer.split()[-1].rstrip(",)"))
 
 
-class KwinVantro(Vantro):
+class KwinVantro(WaylandVantro):
     """The compositor does not list its panels: while the launcher has the keyboard, no window is active."""
 
     def launcher(self):
         return self.status()["state"] != "idle" and self.desktop.display.active_window() == 0
-
-    def wait_for_launcher(self):
-        self.desktop.wait_until(self.launcher, LAUNCHER_TIMEOUT_S, "the launcher to have the keyboard")
-        self.desktop.wait_until(self.desktop.audio.recording_sources, LAUNCHER_TIMEOUT_S, "the recording")
 
     def start(self, *arguments, env=None):
         super().start(*arguments, env=env)

@@ -4,9 +4,8 @@ import json
 import subprocess
 from pathlib import Path
 
-from vantro import LAUNCHER_TIMEOUT_S, Vantro
 from waylandclient import VirtualKeyboard
-from waylanddesktop import WaylandDesktop, WaylandDisplay, run_as_user
+from waylanddesktop import WaylandDesktop, WaylandDisplay, WaylandVantro, run_as_user
 from xdisplay import Window
 
 NEEDED = ("sway", "swaymsg", "grim")
@@ -94,7 +93,7 @@ class SwayDesktop(WaylandDesktop):
         return path
 
 
-class SwayVantro(Vantro):
+class SwayVantro(WaylandVantro):
     """Its panels are no windows: they are seen on the screen."""
 
     def launcher(self):
@@ -103,10 +102,6 @@ class SwayVantro(Vantro):
     def notice(self):
         """Whether the heads-up display is there."""
         return self.status()["state"] == "idle" and self.desktop.panel_shown()
-
-    def wait_for_launcher(self):
-        self.desktop.wait_until(self.launcher, LAUNCHER_TIMEOUT_S, "the launcher to have the keyboard")
-        self.desktop.wait_until(self.desktop.audio.recording_sources, LAUNCHER_TIMEOUT_S, "the recording")
 
 
 __all__ = ["SwayDesktop", "SwayVantro", "run_as_user"]

@@ -9,6 +9,7 @@ import sys
 
 from desktop import Editor, VirtualDesktop
 from program import poll_until
+from vantro import LAUNCHER_TIMEOUT_S, Vantro
 
 NEEDED = ("wl-copy", "wl-paste", "foot", "mousepad", "dbus-daemon", "gdbus", "gnome-keyring-daemon", "pulseaudio",
           "pactl", "paplay", "unshare")
@@ -119,3 +120,11 @@ class WaylandDesktop(VirtualDesktop):
         primary = ("--primary",) if selection == "primary" else ()
         self.start("wl-copy", "--foreground", *primary, text)
         self.wait_until(lambda: self.clipboard(selection) == text, 5, "the clipboard")
+
+
+class WaylandVantro(Vantro):
+    """Its panels are no windows to others. Subclasses say in launcher() whether it is there and has the keyboard."""
+
+    def wait_for_launcher(self):
+        self.desktop.wait_until(self.launcher, LAUNCHER_TIMEOUT_S, "the launcher to have the keyboard")
+        self.desktop.wait_until(self.desktop.audio.recording_sources, LAUNCHER_TIMEOUT_S, "the recording")
