@@ -161,7 +161,7 @@ RemoteFormatService::NamesPath RemoteFormatService::modelsPath() const
     return [](const QJsonObject& answer) {
         QStringList names;
         const QJsonArray entries = answer.value(QLatin1String("data")).toArray();
-        for (const QJsonValue& entry : entries) {
+        for (const auto& entry : entries) {
             const QString name = entry.toObject().value(QLatin1String("id")).toString().simplified();
             if (!name.isEmpty())
                 names << name;
