@@ -10,6 +10,8 @@ _IS_VIEWABLE = 2
 _MAPPING_NOTIFY = 34
 _PROPERTY_LIMIT_WORDS = 65536
 _GRAB_MODE_ASYNC = 1
+_ALL_PLANES = 0xFFFFFFFF
+_Z_PIXMAP = 2
 _MODIFIER_MASKS = {"shift": 1, "ctrl": 4, "alt": 8, "super": 64}
 _MODIFIERS = {"ctrl": "Control_L", "alt": "Alt_L", "shift": "Shift_L", "super": "Super_L", "meta": "Meta_L"}
 
@@ -26,6 +28,13 @@ class _WindowAttributes(ctypes.Structure):
 
 class _Event(ctypes.Union):
     _fields_ = [("type", c_int), ("padding", c_long * 24)]
+
+
+class _Image(ctypes.Structure):
+    _fields_ = [
+        ("width", c_int), ("height", c_int), ("xoffset", c_int), ("format", c_int), ("data", c_void_p),
+        ("byte_order", c_int), ("bitmap_unit", c_int), ("bitmap_bit_order", c_int), ("bitmap_pad", c_int),
+        ("depth", c_int), ("bytes_per_line", c_int)]
 
 
 _ErrorHandler = ctypes.CFUNCTYPE(c_int, c_void_p, c_void_p)
@@ -52,6 +61,8 @@ def _load():
                                           POINTER(window)]),
         "XQueryTree": (c_int, [c_void_p, window, POINTER(window), POINTER(window), POINTER(POINTER(window)),
                                POINTER(c_uint)]),
+        "XResizeWindow": (c_int, [c_void_p, window, c_uint, c_uint]),
+        "XGetImage": (POINTER(_Image), [c_void_p, window, c_int, c_int, c_uint, c_uint, c_ulong, c_int]),
         "XFree": (c_int, [c_void_p]),
         "XPending": (c_int, [c_void_p]),
         "XNextEvent": (c_int, [c_void_p, POINTER(_Event)]),
@@ -130,6 +141,23 @@ class XDisplay:
 
     def title(self, window):
         return self.text(window, "_NET_WM_NAME") or self.text(window, "WM_NAME")
+
+    def pixels(self, window):
+        """The pixels of the screen where a Window is, as bytes; None where it reaches over the edge."""
+        image = self._x11.XGetImage(self._display, self.root, window.x, window.y, window.width, window.height, _ALL_PLANES,
+                                    _Z_PIXMAP)
+        if not image:
+            return None
+        size = image.contents.bytes_per_line * image.contents.height
+        contents = ctypes.string_at(image.contents.data, size)
+        self._x11.XFree(image.contents.data)
+        self._x11.XFree(image)
+        return contents
+
+    def resize(self, window, width, height):
+        """Asks the window manager, which keeps to the limits that the window has set."""
+        self._x11.XResizeWindow(self._display, window.id, width, height)
+        self._x11.XSync(self._display, False)
 
     def active_window(self):
         """The active window according to the window manager; 0 if there is none."""
