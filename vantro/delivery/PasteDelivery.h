@@ -200,6 +200,7 @@ private:
     void finish(const Restore& paste);
     void lookForLateFetch();
     void tellOfUnfetched();
+    [[nodiscard]] QString situation() const;
     void leaveForNow(Restore& paste);
     [[nodiscard]] QString reasonOfUnfetched(const Restore& paste, bool isFollowed) const;
     static void settle(Restore& paste);

@@ -248,8 +248,20 @@ void PasteDelivery::tellOfUnfetched()
         forgetOwed();
         loseHeld();
     }
-    Logger("PasteDelivery").error(reason);
+    Logger("PasteDelivery").error(reason + QLatin1Char(' ') + situation());
     Q_EMIT notFetched(reason);
+}
+
+/// What of the desktop may explain it, for the log.
+QString PasteDelivery::situation() const
+{
+    const auto front = workspace_.frontWindow();
+    const WindowID target = pending_ ? pending_->target : WindowID{};
+    return QStringLiteral("[in front: %1; target exists: %2, has the keyboard: %3; clipboard fetched by anybody: %4]")
+        .arg(front ? workspace_.windowClass(*front).join(QLatin1Char('/')) : QStringLiteral("none"))
+        .arg(workspace_.windowExists(target))
+        .arg(workspace_.hasInputFocus(target))
+        .arg(pasteboard_.wasFetched(Selection::Clipboard));
 }
 
 /// As leave() does, until the window fetches it.
