@@ -15,7 +15,7 @@ QString localizedDescription(const std::exception& error)
         return own->localizedDescription();
     if (dynamic_cast<const std::bad_alloc*>(&error) != nullptr)
         return QCoreApplication::translate("Error", "There is not enough free memory. Close other programs.");
-    return QString::fromUtf8(error.what());
+    return QCoreApplication::translate("Exception", error.what());
 }
 
 } // namespace vantro

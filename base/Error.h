@@ -22,7 +22,8 @@ private:
     std::string utf8_;
 };
 
-/// An Error's description, or what() of any other standard exception.
+/// An Error's description, or what() of any other standard exception; in the user's language if it is listed in the
+/// context "Exception".
 QString localizedDescription(const std::exception& error);
 
 } // namespace vantro

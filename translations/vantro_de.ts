@@ -1369,12 +1369,12 @@ sich nicht schreiben.</translation>
     <message>
         <source>Your notes by day.
 
-  list             List the days with notes, newest first. The default.
-  show [DATE]      Show the summary and the notes of a day, by default today.
-  add TEXT...      Add a note to today. - reads the text from standard input.
-  delete DATE      Delete a day with its summary and all its notes, after asking.
-  delete ID...     Delete notes but keep the day, after asking.
-  summarize [DATE] Have the language model of the mode Notes rewrite the summary of a day, by default today.
+  list              List the days with notes, newest first. The default.
+  show [DATE]       Show the summary and the notes of a day, by default today.
+  add TEXT...       Add a note to today. - reads the text from standard input.
+  delete DATE       Delete a day with its summary and all its notes, after asking.
+  delete ID...      Delete notes but keep the day, after asking.
+  summarize [DATE]  Have the language model of the mode Notes rewrite the summary of a day, by default today.
 
 DATE is 2026-11-01, today or yesterday. ID is an id printed by show, or an unambiguous beginning of one.
 
@@ -1382,12 +1382,12 @@ Exit status: 0 done, 1 failed, 2 wrong usage, 3 no such day or note, 4 no servic
 reached, 6 the model&apos;s answer was set aside.</source>
         <translation>Deine Notizen nach Tagen.
 
-  list             Listet die Tage mit Notizen auf, die neuesten zuerst. Das ist die Vorgabe.
-  show [DATE]      Zeigt die Zusammenfassung und die Notizen eines Tages, ohne Angabe die von heute.
-  add TEXT...      Fügt heute eine Notiz hinzu. - liest den Text von der Standardeingabe.
-  delete DATE      Löscht einen Tag mit seiner Zusammenfassung und allen Notizen, nach einer Rückfrage.
-  delete ID...     Löscht Notizen, aber nicht den Tag, nach einer Rückfrage.
-  summarize [DATE] Lässt das Sprachmodell des Modus Notes die Zusammenfassung eines Tages neu schreiben, ohne Angabe die von heute.
+  list              Listet die Tage mit Notizen auf, die neuesten zuerst. Das ist die Vorgabe.
+  show [DATE]       Zeigt die Zusammenfassung und die Notizen eines Tages, ohne Angabe die von heute.
+  add TEXT...       Fügt heute eine Notiz hinzu. - liest den Text von der Standardeingabe.
+  delete DATE       Löscht einen Tag mit seiner Zusammenfassung und allen Notizen, nach einer Rückfrage.
+  delete ID...      Löscht Notizen, aber nicht den Tag, nach einer Rückfrage.
+  summarize [DATE]  Lässt das Sprachmodell des Modus Notes die Zusammenfassung eines Tages neu schreiben, ohne Angabe die von heute.
 
 DATE ist 2026-11-01, today oder yesterday. ID ist eine ID, die show ausgibt, oder ein eindeutiger Anfang davon.
 
@@ -2606,6 +2606,41 @@ Befehle:
     </message>
 </context>
 <context>
+    <name>Exception</name>
+    <message>
+        <source>Speech recognition failed.</source>
+        <translation>Die Spracherkennung ist fehlgeschlagen.</translation>
+    </message>
+    <message>
+        <source>This processor cannot run the Parakeet models.</source>
+        <translation>Dieser Prozessor kann die Parakeet-Modelle nicht ausführen.</translation>
+    </message>
+    <message>
+        <source>The audio could not be converted for recognition.</source>
+        <translation>Der Ton ließ sich nicht für die Erkennung umwandeln.</translation>
+    </message>
+    <message>
+        <source>The audio file could not be read.</source>
+        <translation>Die Tondatei ließ sich nicht lesen.</translation>
+    </message>
+    <message>
+        <source>The speech encoder could not be set up.</source>
+        <translation>Der Sprach-Encoder ließ sich nicht einrichten.</translation>
+    </message>
+    <message>
+        <source>The speech recogniser has no model loaded.</source>
+        <translation>Die Spracherkennung hat kein Modell geladen.</translation>
+    </message>
+    <message>
+        <source>The recording contains no usable audio.</source>
+        <translation>Die Aufnahme enthält keinen brauchbaren Ton.</translation>
+    </message>
+    <message>
+        <source>Failed to load Parakeet CoreML models.</source>
+        <translation>Die Parakeet-Modelle ließen sich nicht laden.</translation>
+    </message>
+</context>
+<context>
     <name>Fetch</name>
     <message>
         <source>it ended after %1 of %2</source>
@@ -3162,6 +3197,81 @@ Befehle:
     <message>
         <source>Export...</source>
         <translation>Exportieren …</translation>
+    </message>
+</context>
+<context>
+    <name>LlamaError</name>
+    <message>
+        <source>it is not the file that was published</source>
+        <translation>sie ist nicht die veröffentlichte Datei</translation>
+    </message>
+    <message>
+        <source>the text cannot be divided into tokens</source>
+        <translation>der Text lässt sich nicht in Tokens zerlegen</translation>
+    </message>
+    <message>
+        <source>its chat template is not known</source>
+        <translation>seine Chatvorlage ist nicht bekannt</translation>
+    </message>
+    <message>
+        <source>the library refuses it</source>
+        <translation>die Bibliothek lehnt es ab</translation>
+    </message>
+    <message>
+        <source>there is no memory for its context</source>
+        <translation>für seinen Kontext reicht der Arbeitsspeicher nicht</translation>
+    </message>
+    <message>
+        <source>the library&apos;s code is %1</source>
+        <translation>der Code der Bibliothek ist %1</translation>
+    </message>
+    <message>
+        <source>the answer did not end</source>
+        <translation>die Antwort nahm kein Ende</translation>
+    </message>
+    <message>
+        <source>no model is loaded</source>
+        <translation>kein Modell ist geladen</translation>
+    </message>
+    <message>
+        <source>it needs %1 MiB of memory, and %2 are available</source>
+        <translation>es braucht %1 MiB Arbeitsspeicher, verfügbar sind %2</translation>
+    </message>
+    <message>
+        <source>no ggml module for this processor is beside the program</source>
+        <translation>neben dem Programm liegt kein ggml-Modul für diesen Prozessor</translation>
+    </message>
+    <message>
+        <source>%1 tokens are too many</source>
+        <translation>%1 Tokens sind zu viele</translation>
+    </message>
+    <message>
+        <source>it is no GGUF file, or a damaged one</source>
+        <translation>sie ist keine GGUF-Datei oder beschädigt</translation>
+    </message>
+    <message>
+        <source>it does not say of which architecture it is</source>
+        <translation>sie nennt ihre Architektur nicht</translation>
+    </message>
+    <message>
+        <source>it contains no weights</source>
+        <translation>sie enthält keine Gewichte</translation>
+    </message>
+    <message>
+        <source>the file ends before its last weight</source>
+        <translation>die Datei endet vor ihrem letzten Gewicht</translation>
+    </message>
+    <message>
+        <source>the file is not there or may not be read</source>
+        <translation>die Datei fehlt oder darf nicht gelesen werden</translation>
+    </message>
+    <message>
+        <source>it has no chat template, so it follows no instructions</source>
+        <translation>sie hat keine Chatvorlage und befolgt daher keine Anweisungen</translation>
+    </message>
+    <message>
+        <source>there is no language model</source>
+        <translation>es gibt kein Sprachmodell</translation>
     </message>
 </context>
 <context>
@@ -4682,6 +4792,13 @@ Befehle:
     </message>
 </context>
 <context>
+    <name>RecordingFile</name>
+    <message>
+        <source>%1 is not a recording</source>
+        <translation>%1 ist keine Aufnahme</translation>
+    </message>
+</context>
+<context>
     <name>Recovery</name>
     <message>
         <source>Transcription Error</source>
@@ -5301,6 +5418,10 @@ Befehle:
         <source>OK</source>
         <translation>OK</translation>
     </message>
+    <message>
+        <source>the server responded with status %1</source>
+        <translation>der Server antwortete mit Status %1</translation>
+    </message>
 </context>
 <context>
     <name>UserDefaults</name>
@@ -5314,6 +5435,20 @@ Befehle:
     <message>
         <source>Drag to move</source>
         <translation>Ziehen zum Verschieben</translation>
+    </message>
+</context>
+<context>
+    <name>VNavList</name>
+    <message>
+        <source>Pages</source>
+        <translation>Seiten</translation>
+    </message>
+</context>
+<context>
+    <name>VTabs</name>
+    <message>
+        <source>Pages</source>
+        <translation>Seiten</translation>
     </message>
 </context>
 <context>
@@ -5538,6 +5673,13 @@ Befehle:
     <message>
         <source>The desktop did not take the paste keystroke.</source>
         <translation>Der Desktop hat den Tastendruck zum Einfügen nicht angenommen.</translation>
+    </message>
+</context>
+<context>
+    <name>WhisperModelFiles</name>
+    <message>
+        <source>%1 could not be read: %2</source>
+        <translation>%1 konnte nicht gelesen werden: %2</translation>
     </message>
 </context>
 <context>

@@ -152,7 +152,7 @@ std::optional<RecordingFile> RecordingFile::open(const QString& path)
     const bool isWhole = ::pread(descriptor, &bytes, sizeof bytes, 0) == static_cast<ssize_t>(sizeof bytes);
     const auto header = isWhole ? headerFrom(bytes) : std::nullopt;
     if (!header)
-        throw Error(QStringLiteral("%1 is not a recording").arg(path));
+        throw Error(QCoreApplication::translate("RecordingFile", "%1 is not a recording").arg(path));
     file.header_ = *header;
     return file;
 }

@@ -56,7 +56,7 @@ void compareWithNote(const QString& path)
     QFile note(digestFile(path));
     const QString announced = note.open(QIODevice::ReadOnly) ? QString::fromLatin1(note.readAll()) : QString();
     if (!announced.isEmpty() && sha256OfFile(path) != announced)
-        throw LlamaError(LlamaError::Kind::unusableFile, QStringLiteral("it is not the file that was published"));
+        throw LlamaError(LlamaError::Kind::unusableFile, LlamaError::tr("it is not the file that was published"));
 }
 
 ModelCheck checkFile(const QString& path, bool isDownload, Trust trust)

@@ -90,7 +90,7 @@ Tokens tokensOf(const llama_vocab* vocabulary, std::string_view text, Reading re
     const auto count = llama_tokenize(vocabulary, text.data(), size, tokens.data(),
                                       static_cast<std::int32_t>(tokens.size()), isFirst, reading == Reading::frame);
     if (count < 0)
-        fail(LlamaError::Kind::textTooLong, QStringLiteral("the text cannot be divided into tokens"));
+        fail(LlamaError::Kind::textTooLong, LlamaError::tr("the text cannot be divided into tokens"));
     tokens.resize(static_cast<std::size_t>(count));
     return tokens;
 }
@@ -134,7 +134,7 @@ Frame frameOf(const llama_model* model)
     const auto first = written.find(instruction);
     const auto second = written.find(text);
     if (first == std::string::npos || second == std::string::npos || second < first)
-        fail(LlamaError::Kind::unusableFile, QStringLiteral("its chat template is not known"));
+        fail(LlamaError::Kind::unusableFile, LlamaError::tr("its chat template is not known"));
     const auto afterFirst = first + std::string_view(instruction).size();
     Frame frame{written.substr(0, first), written.substr(afterFirst, second - afterFirst),
                 written.substr(second + std::string_view(text).size())};
@@ -222,11 +222,11 @@ LlamaEngine::Resident::Resident(const LlamaModelFile& header, FileVersion versio
     if (work.isStopped())
         fail(LlamaError::Kind::stopped, QStringLiteral("stopped"));
     if (!model || llama_model_has_encoder(model.get()) || !llama_model_has_decoder(model.get()))
-        fail(LlamaError::Kind::unusableFile, QStringLiteral("the library refuses it"));
+        fail(LlamaError::Kind::unusableFile, LlamaError::tr("the library refuses it"));
     frame = frameOf(model.get());
     context.reset(llama_init_from_model(model.get(), contextParameters(header)));
     if (!context)
-        fail(LlamaError::Kind::tooLittleMemory, QStringLiteral("there is no memory for its context"));
+        fail(LlamaError::Kind::tooLittleMemory, LlamaError::tr("there is no memory for its context"));
     llama_set_abort_callback(
         context.get(), [](void* self) { return static_cast<const Resident*>(self)->mustPause(); }, this);
 }
@@ -266,7 +266,7 @@ void LlamaEngine::Resident::read(const Tokens& tokens, const LlamaWork& work, st
         else if (code == 2 || work.mustPause())
             forgetFrom(position);
         else
-            fail(LlamaError::Kind::generationFailed, QStringLiteral("the library's code is %1").arg(code));
+            fail(LlamaError::Kind::generationFailed, LlamaError::tr("the library's code is %1").arg(code));
     }
 }
 
@@ -287,7 +287,7 @@ QString LlamaEngine::Resident::goOn(Tokens tokens, std::size_t end, const Reques
         if (llama_vocab_is_eog(vocabulary(), next))
             break;
         if (tokens.size() == end)
-            fail(LlamaError::Kind::generationFailed, QStringLiteral("the answer did not end"));
+            fail(LlamaError::Kind::generationFailed, LlamaError::tr("the answer did not end"));
         tokens.push_back(next);
         ++figures.writtenTokens;
         const QString piece = decoder.decode(pieceOf(vocabulary(), next));
@@ -341,7 +341,7 @@ QFuture<void> LlamaEngine::unload()
 LlamaEngine::Resident& LlamaEngine::resident() const
 {
     if (!resident_)
-        fail(LlamaError::Kind::notLoaded, QStringLiteral("no model is loaded"));
+        fail(LlamaError::Kind::notLoaded, LlamaError::tr("no model is loaded"));
     return *resident_;
 }
 
@@ -354,11 +354,11 @@ void LlamaEngine::loadNow(const QString& file, std::optional<std::uint64_t> avai
     const Stopwatch stopwatch;
     const LlamaModelFile header = LlamaModelFile::read(file);
     if (availableBytes && header.memoryBytes() > *availableBytes)
-        fail(LlamaError::Kind::tooLittleMemory, QStringLiteral("it needs %1 MiB of memory, and %2 are available")
+        fail(LlamaError::Kind::tooLittleMemory, LlamaError::tr("it needs %1 MiB of memory, and %2 are available")
                                                     .arg(header.memoryBytes() >> 20U)
                                                     .arg(*availableBytes >> 20U));
     if (!asr::accelerator::loadProcessorBackend(process::programFile().parent_path()))
-        fail(LlamaError::Kind::unusableFile, QStringLiteral("no ggml module for this processor is beside the program"));
+        fail(LlamaError::Kind::unusableFile, LlamaError::tr("no ggml module for this processor is beside the program"));
     LlamaWork work(turn_, stop, end_.get_token());
     work.waitForTurn();
     resident_ = std::make_unique<Resident>(header, version, work);
@@ -378,7 +378,7 @@ QString LlamaEngine::answerNow(const Request& request)
     append(tokens, tokensOf(model.vocabulary(), model.frame.afterText, Reading::frame));
     const std::size_t end = tokens.size() + longestAnswer(text.size());
     if (end > llama_n_ctx(model.context.get()))
-        fail(LlamaError::Kind::textTooLong, QStringLiteral("%1 tokens are too many").arg(tokens.size()));
+        fail(LlamaError::Kind::textTooLong, LlamaError::tr("%1 tokens are too many").arg(tokens.size()));
     return model.goOn(std::move(tokens), end, request, work);
 }
 

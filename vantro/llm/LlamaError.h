@@ -2,11 +2,14 @@
 
 #include "base/Error.h"
 
+#include <QCoreApplication>
+
 namespace vantro {
 
 /// Why the language model of this machine did not rewrite a text. The description is for the log and for details.
 class LlamaError : public Error
 {
+    Q_DECLARE_TR_FUNCTIONS(LlamaError)
 public:
     enum class Kind {
         unusableFile,    ///< missing, damaged, or no model that follows instructions

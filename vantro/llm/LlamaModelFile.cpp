@@ -39,10 +39,10 @@ public:
         : header_(gguf_init_from_file(QFile::encodeName(path).constData(), {.no_alloc = true, .ctx = nullptr}))
     {
         if (!header_)
-            refuse(QStringLiteral("it is no GGUF file, or a damaged one"));
+            refuse(LlamaError::tr("it is no GGUF file, or a damaged one"));
         architecture_ = text("general.architecture").toStdString();
         if (architecture_.empty())
-            refuse(QStringLiteral("it does not say of which architecture it is"));
+            refuse(LlamaError::tr("it does not say of which architecture it is"));
     }
 
     [[nodiscard]] QString text(const char* key) const
@@ -72,9 +72,9 @@ public:
             end = std::max<std::uint64_t>(end, gguf_get_tensor_offset(header_.get(), tensor) +
                                                    gguf_get_tensor_size(header_.get(), tensor));
         if (end == 0)
-            refuse(QStringLiteral("it contains no weights"));
+            refuse(LlamaError::tr("it contains no weights"));
         if (gguf_get_data_offset(header_.get()) + end > fileBytes)
-            refuse(QStringLiteral("the file ends before its last weight"));
+            refuse(LlamaError::tr("the file ends before its last weight"));
         return end;
     }
 
@@ -108,12 +108,12 @@ std::uint64_t contextBytesPerToken(const Header& header)
 LlamaModelFile LlamaModelFile::read(const QString& path)
 {
     if (!QFileInfo(path).isReadable())
-        refuse(QStringLiteral("the file is not there or may not be read"));
+        refuse(LlamaError::tr("the file is not there or may not be read"));
     const Header header(path);
     LlamaModelFile model;
     model.weightBytes = header.weightBytes(static_cast<std::uint64_t>(QFileInfo(path).size()));
     if (header.text("tokenizer.chat_template").isEmpty())
-        refuse(QStringLiteral("it has no chat template, so it follows no instructions"));
+        refuse(LlamaError::tr("it has no chat template, so it follows no instructions"));
     model.name = header.text("general.name");
     model.license = header.text("general.license");
     model.trainedContext = static_cast<std::uint32_t>(header.number("context_length"));

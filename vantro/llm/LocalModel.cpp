@@ -43,7 +43,7 @@ QCoro::Task<QString> LocalModel::answer(LlamaEngine::Request request)
 {
     const auto* model = models_.chosen();
     if (model == nullptr)
-        throw LlamaError(LlamaError::Kind::notLoaded, QStringLiteral("there is no language model"));
+        throw LlamaError(LlamaError::Kind::notLoaded, LlamaError::tr("there is no language model"));
     // What is left to read is read now, with the priority of something that is waited for.
     readingAhead_.request_stop();
     expected_.clear();

@@ -4,6 +4,7 @@
 #include "base/Logger.h"
 #include "base/Settings.h"
 
+#include <QCoreApplication>
 #include <QPointer>
 
 #include <utility>
@@ -25,7 +26,8 @@ const Logger& logger()
 QString manifestOf(const HttpAnswer& answer)
 {
     if (answer.status != ok)
-        throw Error(QStringLiteral("the server responded with status %1").arg(answer.status));
+        throw Error(
+            QCoreApplication::translate("UpdateChecker", "the server responded with status %1").arg(answer.status));
     return QString::fromUtf8(answer.body);
 }
 

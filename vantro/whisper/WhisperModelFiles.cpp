@@ -5,6 +5,7 @@
 #include "vantro/models/PartFile.h"
 #include "vantro/models/Sha1.h"
 
+#include <QCoreApplication>
 #include <QDateTime>
 #include <QDir>
 #include <QFileInfo>
@@ -104,7 +105,7 @@ ModelCheck WhisperModelFiles::check(const TranscriptionModel& model, Trust trust
         }
         if (trust == Trust::markers && isTrusted(path))
             return {true, {}};
-        const ModelCheck answer = checkContent(path, model);
+        ModelCheck answer = checkContent(path, model);
         if (answer.isReady)
             return answer;
         if (result.problem.isEmpty())
@@ -119,7 +120,8 @@ ModelCheck WhisperModelFiles::checkContent(const QString& path, const Transcript
     QString found;
     try {
         if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
-            throw Error(QStringLiteral("%1 could not be read: %2").arg(path, file.errorString()));
+            throw Error(QCoreApplication::translate("WhisperModelFiles", "%1 could not be read: %2")
+                            .arg(path, file.errorString()));
         found = sha1OfFile(file);
     } catch (const Error& error) {
         printLine(QStringLiteral("Error: ") + error.localizedDescription());
