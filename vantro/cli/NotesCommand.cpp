@@ -21,12 +21,12 @@ namespace {
 
 constexpr const char* description = QT_TRANSLATE_NOOP("Command", R"(Your notes by day.
 
-  list             List the days with notes, newest first. The default.
-  show [DATE]      Show the summary and the notes of a day, by default today.
-  add TEXT...      Add a note to today. - reads the text from standard input.
-  delete DATE      Delete a day with its summary and all its notes, after asking.
-  delete ID...     Delete notes but keep the day, after asking.
-  summarize [DATE] Have the language model of the mode Notes rewrite the summary of a day, by default today.
+  list              List the days with notes, newest first. The default.
+  show [DATE]       Show the summary and the notes of a day, by default today.
+  add TEXT...       Add a note to today. - reads the text from standard input.
+  delete DATE       Delete a day with its summary and all its notes, after asking.
+  delete ID...      Delete notes but keep the day, after asking.
+  summarize [DATE]  Have the language model of the mode Notes rewrite the summary of a day, by default today.
 
 DATE is 2026-11-01, today or yesterday. ID is an id printed by show, or an unambiguous beginning of one.
 
