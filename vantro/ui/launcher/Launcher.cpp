@@ -25,6 +25,7 @@ namespace vantro {
 namespace {
 
 constexpr int cornerRadius = 14;
+constexpr int edgeDistance = 24;
 /// Between what the user does and the window manager's answer to it.
 constexpr auto answerLimit = 500ms;
 constexpr auto fightSpan = 2000ms;
@@ -97,7 +98,7 @@ void Launcher::placeOnScreen()
     const QRect area = screen->availableGeometry();
     const QSize panelSize = QSizeF(rootObject()->implicitWidth(), rootObject()->implicitHeight()).toSize();
     const int top = area.top() + area.height() * 2 / 3;
-    const int lowest = area.bottom() - panelSize.height();
+    const int lowest = area.bottom() - edgeDistance - panelSize.height();
     setGeometry(QRect(QPoint(area.center().x() - panelSize.width() / 2, std::min(top, lowest)), panelSize));
 }
 

@@ -19,6 +19,9 @@ Rectangle {
     border.width: Theme.hairline
     border.color: Theme.control
 
+    // So that it is read aloud.
+    focus: true
+    Accessible.focusable: true
     Accessible.role: Accessible.Dialog
     Accessible.name: model.processing ? qsTr("vantro, transcribing") : qsTr("vantro, recording")
     Accessible.description: hint.text
@@ -84,24 +87,45 @@ Rectangle {
     // How high a row is before there is one.
     ModePill {
         id: measure
+        hasDigit: launcher.model.takesDigits
         visible: false
     }
     Column {
         id: pills
-        readonly property int rowCount: Math.max(1, Math.ceil(launcher.model.modes.length / Theme.mostPills))
-        readonly property int inRow: Math.ceil(launcher.model.modes.length / rowCount)
+        readonly property var rows: split(launcher.model.modes)
+        readonly property int rowCount: Math.max(1, rows.length)
         anchors { left: heard.left; bottom: hints.top; bottomMargin: Theme.space12 }
         spacing: Theme.space8
         opacity: launcher.model.processing ? 0.5 : 1
         enabled: !launcher.model.processing
 
+        // The first mode of each row. A row has as many as can be read in full, whichever is chosen; with names too long for
+        // that all rows have equally many.
+        function split(names) {
+            const starts = []
+            let left = 0
+            names.forEach((name, index) => {
+                const width = measure.fullWidth(index + 1, name)
+                if (index === 0 || width > left) {
+                    starts.push(index)
+                    left = heard.width
+                }
+                left -= width + spacing
+            })
+            if (starts.length <= Theme.mostPillRows)
+                return starts
+            const inRow = Math.ceil(names.length / Theme.mostPillRows)
+            return Array.from({ length: Math.ceil(names.length / inRow) }, (nothing, row) => row * inRow)
+        }
+
         Repeater {
-            model: pills.rowCount
+            model: pills.rows
             RowLayout {
                 id: row
                 required property int index
-                readonly property int first: index * pills.inRow
-                readonly property var names: launcher.model.modes.slice(first, first + pills.inRow)
+                required property int modelData
+                readonly property int first: modelData
+                readonly property var names: launcher.model.modes.slice(first, pills.rows[index + 1] ?? launcher.model.modes.length)
                 // The chosen one is read in full, as long as it leaves the others half of the row.
                 readonly property real most: heard.width / 2
                 readonly property real fairShare: most / Math.max(1, names.length - 1) - spacing

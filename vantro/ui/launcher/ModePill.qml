@@ -11,7 +11,15 @@ Rectangle {
     property bool hasDigit: true
     signal picked
 
-    implicitWidth: label.implicitWidth + 2 * Theme.space12
+    // Of any pill when it is chosen.
+    function fullWidth(number, name) {
+        return Math.ceil(bold.advanceWidth(textOf(number, name))) + 2 * Theme.space12
+    }
+    function textOf(number, name) {
+        return hasDigit ? number + "  " + name : name
+    }
+
+    implicitWidth: Math.ceil(label.implicitWidth) + 2 * Theme.space12 // layouts cut off fractions
     implicitHeight: label.implicitHeight + 2 * Theme.space8
     radius: height / 2
     color: chosen ? Theme.accent : "transparent"
@@ -29,13 +37,17 @@ Rectangle {
     Accessible.onPressAction: picked()
     Keys.onReturnPressed: picked()
 
+    FontMetrics {
+        id: bold
+        font { family: label.font.family; pixelSize: label.font.pixelSize; weight: Font.DemiBold }
+    }
     VFocusLine { visible: pill.activeFocus && pill.chosen }
     VText {
         id: label
         anchors.centerIn: parent
         width: Math.min(implicitWidth, pill.width - 2 * Theme.space12)
         elide: Text.ElideRight
-        text: pill.hasDigit ? pill.number + "  " + pill.name : pill.name
+        text: pill.textOf(pill.number, pill.name)
         color: pill.chosen ? Theme.accentText : Theme.text
         font.pixelSize: Theme.sizeBody
         font.weight: pill.chosen ? Font.DemiBold : Font.Normal

@@ -65,7 +65,7 @@ QtObject {
     readonly property int alertWidth: Math.round(460 * scale)
     readonly property int alertLines: 16
     readonly property int mostResults: 8
-    readonly property int mostPills: 5
+    readonly property int mostPillRows: 3
     readonly property int downloadWidth: Math.round(460 * scale)
     readonly property int hudWidth: Math.round(400 * scale)
     readonly property int hudLeastWidth: 260
