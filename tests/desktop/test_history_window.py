@@ -311,6 +311,29 @@ class NotesTest(HistoryCase):
         self.assertIn("The roof leaks.", self.copied())
         self.close_window()
 
+    def test_the_keyboard_stays_where_it_was_when_a_note_comes_or_goes(self):
+        self.open("notes")
+        self.press("Down", "Tab", "Tab", "Tab")  # the copy of the second note
+        self.vantro.open_launcher()
+        self.press("2")
+        self.speak(CHILD)
+        self.vantro.end_dictation()
+        self.wait_until_over()
+        self.desktop.activate(self.vantro.window(TITLE))
+        self.press("space")
+        self.wait(lambda: self.desktop.clipboard() == "The roof leaks.", 5, "the second note to be copied")
+        self.press("Tab", "space")
+        self.wait(lambda: "The roof leaks." not in self.noted(), 5, "the second note to be deleted")
+        self.press("space")
+        self.wait(lambda: "Ask for the price of oak." not in self.noted(), 5, "the first note to be deleted")
+        self.press("ctrl+z", "ctrl+z")
+        self.wait(lambda: "The roof leaks." in self.noted() and "Ask for the price" in self.noted(), 5, "both to come back")
+        self.close_window()
+
+    def noted(self):
+        """Yesterday, as JSON."""
+        return self.vantro.run("notes", "show", "yesterday", "--json").stdout
+
     def tab_to_regenerate(self):
         # From the list past copy and delete of both notes, and the copy of the day.
         self.press(*["Tab"] * 6)

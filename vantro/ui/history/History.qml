@@ -15,8 +15,6 @@ Rectangle {
     signal closeRequested
 
     color: Theme.surface
-    // Later: a page that is not seen yet cannot have the keyboard.
-    onPageChanged: Qt.callLater(() => shown.takeKeyboard())
     Component.onCompleted: shown.takeKeyboard()
 
     Keys.onEscapePressed: if (shown !== dictationsPage || !dictationsPage.clearSearch()) closeRequested()
@@ -58,6 +56,7 @@ Rectangle {
             id: dictationsPage
             anchors.fill: parent
             visible: window.shown === this
+            onVisibleChanged: if (visible) takeKeyboard()
             listTop: tabs.y + tabs.height
             model: window.model
             player: window.player
@@ -67,6 +66,7 @@ Rectangle {
             id: notesPage
             anchors.fill: parent
             visible: window.shown === this
+            onVisibleChanged: if (visible) takeKeyboard()
             listTop: tabs.y + tabs.height
             model: window.notes
             player: window.player

@@ -35,6 +35,7 @@ void NotesModel::pick(int row)
 
 void NotesModel::read()
 {
+    const QVariantList before = notes();
     day_.reset();
     notes_.clear();
     parts_.changes.attempt([this] {
@@ -47,6 +48,8 @@ void NotesModel::read()
     if (heardNote() < 0)
         heard_ = {};
     Q_EMIT changed();
+    if (notes() != before)
+        Q_EMIT notesChanged();
     Q_EMIT recordingsChanged();
     Q_EMIT heardChanged();
 }

@@ -29,7 +29,7 @@ class NotesModel : public QObject
     Q_PROPERTY(QString title READ title NOTIFY changed)
     Q_PROPERTY(QString summary READ summary NOTIFY changed)
     Q_PROPERTY(bool isUpdating READ isUpdating NOTIFY changed)
-    Q_PROPERTY(QVariantList notes READ notes NOTIFY changed)
+    Q_PROPERTY(QVariantList notes READ notes NOTIFY notesChanged)
     Q_PROPERTY(QVariantList recordings READ recordings NOTIFY recordingsChanged)
     Q_PROPERTY(QUuid heard READ heard NOTIFY heardChanged)
     Q_PROPERTY(int heardNote READ heardNote NOTIFY heardChanged)
@@ -84,6 +84,7 @@ public:
 
 Q_SIGNALS:
     void changed();
+    void notesChanged();
     void recordingsChanged();
     void heardChanged();
 

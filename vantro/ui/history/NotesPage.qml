@@ -15,6 +15,24 @@ FocusScope {
     function takeKeyboard() {
         list.forceActiveFocus()
     }
+    // The notes are shown anew when one of them changes: the keyboard stays where it was among them.
+    property var place: ({ note: 0, deletes: false })
+    function keepPlace() {
+        // Without its former holder it falls back to the page.
+        if (Window.activeFocusItem !== page)
+            return
+        const note = notes.itemAt(Math.min(place.note, notes.count - 1))
+        if (note)
+            note.takeKeyboard(place.deletes)
+        else
+            takeKeyboard()
+    }
+    Connections {
+        target: page.model
+        function onNotesChanged() {
+            Qt.callLater(page.keepPlace)
+        }
+    }
     function copy() {
         if (!hasDay)
             return
@@ -79,6 +97,7 @@ FocusScope {
         VCard {
             heading: qsTr("Notes")
             Repeater {
+                id: notes
                 model: page.model.notes
                 Item {
                     id: note
@@ -86,6 +105,9 @@ FocusScope {
                     required property var modelData
                     width: parent.width
                     readonly property bool isHeard: index === page.model.heardNote
+                    function takeKeyboard(deletes) {
+                        (deletes ? deleteButton : copyButton).forceActiveFocus(Qt.TabFocusReason)
+                    }
                     implicitHeight: recording.visible ? recording.y + recording.height : recording.y
 
                     Column {
@@ -108,7 +130,9 @@ FocusScope {
                         anchors.right: parent.right
                         spacing: Theme.space8
                         VButton {
+                            id: copyButton
                             secondary: true
+                            onActiveFocusChanged: if (activeFocus) page.place = { note: note.index, deletes: false }
                             text: noteCopied.running ? "\u2713 " + qsTr("Copied") : qsTr("Copy")
                             Accessible.description: note.modelData.text
                             onClicked: {
@@ -121,7 +145,9 @@ FocusScope {
                             }
                         }
                         VButton {
+                            id: deleteButton
                             secondary: true
+                            onActiveFocusChanged: if (activeFocus) page.place = { note: note.index, deletes: true }
                             text: qsTr("Delete")
                             Accessible.description: note.modelData.text
                             onClicked: page.model.removeNote(note.index)
@@ -161,10 +187,9 @@ FocusScope {
             }
         }
     }
-    Row {
+    Flow {
         id: actions
         anchors { left: day.left; right: parent.right; bottom: parent.bottom; margins: Theme.space24 }
-        height: regenerate.implicitHeight
         spacing: Theme.space8
         visible: page.hasDay
 
@@ -177,7 +202,6 @@ FocusScope {
             }
         }
         VButton {
-            id: regenerate
             secondary: true
             enabled: !page.model.isUpdating
             text: qsTr("Regenerate summary")
