@@ -88,4 +88,6 @@ class ScreenReader:
         return [node for node in self.nodes(title) if node.role in CONTROLS or node.is_focusable]
 
     def focused(self, title=None):
-        return next((node for node in self.nodes(title) if node.is_focused and node.depth > 1), None)
+        """The innermost: what is around it has the focus too."""
+        return max((node for node in self.nodes(title) if node.is_focused and node.depth > 1), key=lambda node: node.depth,
+                   default=None)

@@ -79,6 +79,16 @@ class AccessibilityTest(ShellCase):
                 self.assertGreater(len(self.check(SETTINGS_TITLE)), 2)
         self.close(SETTINGS_TITLE)
 
+    def test_the_entries_of_a_list_are_read_one_by_one(self):
+        self.start_again()
+        first = self.wait(lambda: self.reader.focused(SETTINGS_TITLE), 10, "the focus")
+        pages = [node.name for node in self.reader.nodes(SETTINGS_TITLE) if node.role == "page tab"]
+        self.assertEqual(first.name, pages[0])
+        for page in pages[1:]:
+            self.desktop.press("Down")
+            self.wait(lambda: (stop := self.reader.focused(SETTINGS_TITLE)) and stop.name == page, 5, f"the entry {page}")
+        self.close(SETTINGS_TITLE)
+
     def search_for(self, page):
         """Its name leads to the page itself, at its top, and to its entry in the list."""
         self.desktop.press("ctrl+f")

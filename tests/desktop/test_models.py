@@ -150,7 +150,7 @@ class ModelsTest(DictationCase):
 
         press("Return")
         asked(1)
-        for key in ("Tab", "space", "Return", "Return"):  # to "Back", and here again
+        for key in ("Tab", "Tab", "space", "Return", "Return"):  # past "Later" to "Back", and here again
             press(key)
         asked(2)
         self.desktop.press("Escape")

@@ -65,19 +65,21 @@ Rectangle {
         height: next.implicitHeight
 
         VButton {
+            id: next
+            anchors.right: parent.right
+            focus: true
+            Accessible.description: page.item ? page.item.explanation : ""
+            secondary: !window.isLast && !window.goods[window.model.step]
+            text: window.step === OnboardingModel.Model && window.model.download.running ? qsTr("Continue") : window.isLast ? qsTr("Done") : window.goods[window.model.step] ? qsTr("Continue") : qsTr("Later")
+            onClicked: window.isLast ? window.model.finish() : window.model.step = window.model.step + 1
+        }
+        // After what leads on: Tab out of a page comes to that first.
+        VButton {
             anchors.left: parent.left
             visible: window.model.step > 0
             secondary: true
             text: qsTr("Back")
             onClicked: window.model.step = window.model.step - 1
-        }
-        VButton {
-            id: next
-            anchors.right: parent.right
-            focus: true
-            secondary: !window.isLast && !window.goods[window.model.step]
-            text: window.step === OnboardingModel.Model && window.model.download.running ? qsTr("Continue") : window.isLast ? qsTr("Done") : window.goods[window.model.step] ? qsTr("Continue") : qsTr("Later")
-            onClicked: window.isLast ? window.model.finish() : window.model.step = window.model.step + 1
         }
     }
 

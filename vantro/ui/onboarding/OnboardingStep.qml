@@ -13,6 +13,9 @@ Column {
     default property alias extra: extra.data
 
     spacing: Theme.space16
+    // Read aloud when the keyboard comes into the page.
+    Accessible.role: Accessible.Grouping
+    Accessible.name: title + ". " + explanation
 
     VText {
         width: parent.width

@@ -88,7 +88,7 @@ VPage {
                     model: page.settings.modes
                     currentIndex: rule.mode
                     Accessible.name: qsTr("Mode")
-                    Accessible.description: rule.application
+                    Accessible.description: displayText + ", " + rule.application
                     onActivated: index => page.settings.setMode(rule.index, index)
                 }
             }
@@ -99,7 +99,7 @@ VPage {
                     model: page.settings.pasteKeys
                     currentIndex: rule.keys
                     Accessible.name: qsTr("Paste keys")
-                    Accessible.description: rule.application
+                    Accessible.description: displayText + ", " + rule.application
                     onActivated: index => page.settings.setPasteKeys(rule.index, index)
                 }
             }

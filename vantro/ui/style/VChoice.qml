@@ -11,6 +11,8 @@ T.ComboBox {
     rightPadding: Theme.space32
     opacity: enabled ? 1 : Theme.disabledOpacity
     hoverEnabled: true
+    // Read aloud as the value.
+    Accessible.description: displayText
 
     contentItem: VText {
         id: label

@@ -6,7 +6,6 @@ Rectangle {
 
     property string text
     property bool current
-    property bool hasKeyboard
     signal picked
 
     width: parent ? parent.width : implicitWidth
@@ -16,10 +15,11 @@ Rectangle {
 
     Accessible.role: Accessible.PageTab
     Accessible.name: text
+    Accessible.focusable: true
     Accessible.selected: current
     Accessible.onPressAction: picked()
 
-    VFocusLine { visible: item.hasKeyboard }
+    VFocusLine { visible: item.activeFocus }
     VText {
         id: label
         anchors { left: parent.left; right: parent.right; margins: Theme.space12; verticalCenter: parent.verticalCenter }

@@ -1,7 +1,7 @@
 import QtQuick
 
-// The list of pages: one Tab stop, the arrow keys choose.
-Column {
+// The list of pages: one Tab stop, the arrow keys choose. The chosen entry has the keyboard, so that it is read aloud.
+FocusScope {
     id: list
 
     property var pages: [] // of {key, name}
@@ -13,12 +13,10 @@ Column {
         picked(pages[Math.max(0, Math.min(index, pages.length - 1))].key)
     }
 
-    spacing: Theme.space4
-    activeFocusOnTab: true
+    implicitHeight: entries.implicitHeight
 
     Accessible.role: Accessible.PageTabList
-    Accessible.name: currentIndex < 0 ? "" : pages[currentIndex].name
-    Accessible.focusable: true
+    Accessible.name: qsTr("Pages")
     Keys.onUpPressed: pick(currentIndex - 1)
     Keys.onDownPressed: pick(currentIndex + 1)
     Keys.onPressed: event => {
@@ -28,16 +26,23 @@ Column {
         event.accepted = true
     }
 
-    Repeater {
-        model: list.pages
-        VNavItem {
-            required property var modelData
-            text: modelData.name
-            current: modelData.key === list.current
-            hasKeyboard: current && list.activeFocus
-            onPicked: {
-                list.forceActiveFocus(Qt.MouseFocusReason)
-                list.picked(modelData.key)
+    Column {
+        id: entries
+        width: parent.width
+        spacing: Theme.space4
+
+        Repeater {
+            model: list.pages
+            VNavItem {
+                required property var modelData
+                text: modelData.name
+                current: modelData.key === list.current
+                focus: current
+                activeFocusOnTab: current
+                onPicked: {
+                    list.forceActiveFocus(Qt.MouseFocusReason)
+                    list.picked(modelData.key)
+                }
             }
         }
     }

@@ -1,7 +1,8 @@
 import QtQuick
 
-// Two or three pages side by side: one Tab stop, the arrow keys choose.
-Rectangle {
+// Two or three pages side by side: one Tab stop, the arrow keys choose. The chosen one has the keyboard, so that it is read
+// aloud.
+FocusScope {
     id: tabs
 
     property var names: []
@@ -9,18 +10,19 @@ Rectangle {
     signal picked(int index)
 
     implicitHeight: row.implicitHeight + 2 * Theme.space4
-    radius: Theme.radiusSmall
-    color: Theme.surface
-    border.width: activeFocus ? Theme.focusRing : Theme.hairline
-    border.color: activeFocus ? Theme.text : Theme.control
-    activeFocusOnTab: true
 
     Accessible.role: Accessible.PageTabList
-    Accessible.name: names[current]
-    Accessible.focusable: true
+    Accessible.name: qsTr("Pages")
     Keys.onLeftPressed: if (current > 0) picked(current - 1)
     Keys.onRightPressed: if (current < names.length - 1) picked(current + 1)
 
+    Rectangle {
+        anchors.fill: parent
+        radius: Theme.radiusSmall
+        color: Theme.surface
+        border.width: tabs.activeFocus ? Theme.focusRing : Theme.hairline
+        border.color: tabs.activeFocus ? Theme.text : Theme.control
+    }
     Row {
         id: row
         anchors { left: parent.left; right: parent.right; verticalCenter: parent.verticalCenter; margins: Theme.space4 }
@@ -37,7 +39,10 @@ Rectangle {
                 implicitHeight: label.implicitHeight + Theme.space8
                 radius: Theme.radiusSmall - Theme.space4
                 color: isCurrent ? Theme.accent : hover.hovered ? Theme.surfaceHovered : "transparent"
+                focus: isCurrent
+                activeFocusOnTab: isCurrent
                 Accessible.role: Accessible.PageTab
+                Accessible.focusable: true
                 Accessible.name: modelData
                 Accessible.selected: isCurrent
                 Accessible.onPressAction: tabs.picked(index)
